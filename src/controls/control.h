@@ -1,0 +1,88 @@
+// What every control has: a name under which its form finds it, what it shows, whether it can be
+// used, and the handlers its form attached. Controls are models: they know nothing of pixels. A
+// view redraws a control when its version has moved on.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "controls/key.h"
+
+namespace quillet {
+
+class Form;
+class Frame;
+
+class Control {
+ public:
+  // An index from 0 marks a member of a control array; the members share the name.
+  Control(Form& form, std::string name, std::string caption = {}, int index = -1);
+  virtual ~Control();
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  const std::string& name() const { return name_; }
+  int index() const { return index_; }
+  Form& form() const { return form_; }
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  // What the control shows: its text where it has one, else its caption.
+  virtual std::string text() const { return caption_; }
+
+  bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  bool visible() const { return visible_; }
+  void setVisible(bool visible);
+  const std::string& toolTip() const { return toolTip_; }
+  void setToolTip(std::string text);
+
+  // The frame that holds the control; set by the form's arrangement.
+  Frame* frame() const { return frame_; }
+  void placeIn(Frame* frame) { frame_ = frame; }
+
+  // Visible, and so is every frame around it.
+  bool shown() const;
+  // Whether the kind of control can hold the focus at all, and whether this one can now.
+  virtual bool takesFocus() const { return false; }
+  bool focusable() const { return takesFocus() && enabled_ && shown(); }
+  // Left out of the tab order when false; a click still focuses it.
+  bool tabStop = true;
+
+  unsigned version() const { return version_; }
+
+  // What the control does by itself with a key that no handler discarded; true when it used it.
+  virtual bool act(Key) { return false; }
+
+  // Handlers, in the order in which a person causes them.
+  std::function<void()> GotFocus;
+  std::function<void(Key&)> KeyDown;   // every key; zero discards it
+  std::function<void(Key&)> KeyPress;  // characters, Enter, Tab, Escape, Backspace; may replace
+  std::function<void()> Change;
+  std::function<void()> Click;
+  std::function<void()> DblClick;
+  std::function<void(bool& cancel)> Validate;  // before the focus leaves; true keeps it
+  std::function<void()> LostFocus;
+
+ protected:
+  void touch();
+
+ private:
+  Form& form_;
+  std::string name_;
+  std::string caption_;
+  std::string toolTip_;
+  int index_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  Frame* frame_ = nullptr;
+  unsigned version_ = 1;
+};
+
+// Runs a handler that may not be attached.
+template <class Handler, class... Args>
+void fire(const Handler& handler, Args&&... args) {
+  if (handler) handler(static_cast<Args&&>(args)...);
+}
+
+}  // namespace quillet

@@ -1,0 +1,40 @@
+// The open forms, oldest first, and what they need of whoever shows them. One desk serves one
+// running program; views and scripts observe it.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillet {
+
+class Form;
+
+class Desk {
+ public:
+  const std::vector<Form*>& open() const { return open_; }
+  // The form that a person works in: the one shown or brought to the front last; null when none is
+  // open.
+  Form* active() const { return open_.empty() ? nullptr : front_; }
+  Form* find(std::string_view name) const;
+
+  // Told by the forms.
+  void opened(Form& form);
+  void closed(Form& form);
+  // Brings an open form to the front, as a click into its window does; runs its FORM_ACTIVE.
+  // Refused (false) while a modal form that was opened after it is open.
+  bool bringToFront(Form& form);
+
+  // A view's hooks: a form was opened or brought to the front; a form was closed.
+  std::function<void(Form&)> onOpened;
+  std::function<void(Form&)> onClosed;
+  // A procedure trapped a run-time error. `location` is the form's name, a tab, the procedure's.
+  std::function<void(const std::string& location, const std::exception& error)> onError;
+
+ private:
+  std::vector<Form*> open_;
+  Form* front_ = nullptr;
+};
+
+}  // namespace quillet

@@ -1,0 +1,128 @@
+// A window as plain C++: its members are its controls, its methods its procedures. The form owns
+// the focus and the order of events, so that a person, a test and a script cause exactly the same.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control.h"
+#include "controls/layout.h"
+
+namespace quillet {
+
+class Desk;
+
+class Form {
+ public:
+  Form(Desk& desk, std::string name);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& name() const { return name_; }
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption);
+  Desk& desk() const { return desk_; }
+
+  // Opens the form: FORM_LOAD when it is not loaded, then FORM_ACTIVE. An open form comes to the
+  // front.
+  void show();
+  // The same, and the forms below take no input until it closes; `closed` runs then.
+  void showModal(std::function<void()> closed = {});
+  // Runs FORM_UNLOAD, which may refuse; true when the form is closed.
+  bool close();
+  bool visible() const { return visible_; }
+  bool modal() const { return modal_; }
+
+  // The arrangement, asked for once after loading.
+  virtual Node layout() = 0;
+
+  // Controls in the order in which they were made.
+  const std::vector<Control*>& controls() const { return controls_; }
+  // Null when there is none; names compare without regard to case.
+  Control* find(std::string_view name, int index = -1) const;
+  bool isArray(std::string_view name) const;
+
+  // Focus. focus() moves it as a click does: Validate of the control left (which may keep it),
+  // LostFocus, GotFocus; true when it arrived.
+  Control* active() const { return active_; }
+  bool focus(Control& control);
+  // To the next control of the tab order, as Tab does.
+  void focusNext(bool backwards = false);
+
+  // Keys. offer() runs the KeyDown and KeyPress handlers and returns the key left to act on, 0 when
+  // it was discarded; act() then does what the key does by itself. press() is both.
+  Key offer(Key key);
+  void act(Key key);
+  void press(Key key);
+
+  // A click on a button, option, check box or menu entry; false when it cannot be clicked now.
+  bool click(Control& control);
+  // Chooses the current row of a grid, as a double click on it does.
+  void doubleClick(Control& control);
+  // Moves the focus on when the control that had it was hidden or disabled. Views call it after
+  // every event.
+  void settle();
+
+  // Told by the view when the window's size changed.
+  void resized();
+  virtual void activated() {}
+
+  // Wanted size as a share of the screen, and the factor for the font; set by the service object's
+  // resize_for_resolution.
+  struct Size {
+    double width = 0.8;
+    double height = 0.8;
+    double font = 1.0;
+  };
+  Size size;
+
+  // Moves on when the caption, a control or the focus changed.
+  unsigned version() const { return version_; }
+  void touch() { ++version_; }
+
+ protected:
+  // Runs a procedure's body; a run-time error ends it and becomes one line of the error log.
+  template <class Body>
+  void trap(std::string_view procedure, Body&& body) {
+    try {
+      body();
+    } catch (const std::exception& error) {
+      report(procedure, error);
+    }
+  }
+
+  virtual void load() {}
+  virtual void resize() {}
+  virtual void unload(bool& cancel) { (void)cancel; }
+
+  // Key preview: they see every key before the control that has the focus.
+  std::function<void(Key&)> KeyDown;
+  std::function<void(Key&)> KeyPress;
+
+ private:
+  friend class Control;
+  void adopt(Control& control);
+  void disown(Control& control);
+  void moveFocus(Control* to);
+  Control* nextFocusable(Control* from, bool backwards) const;
+  void report(std::string_view procedure, const std::exception& error);
+
+  Desk& desk_;
+  std::string name_;
+  std::string caption_;
+  std::vector<Control*> controls_;
+  Control* active_ = nullptr;
+  Control* redirected_ = nullptr;  // where a handler sent the focus while it was moving
+  bool moving_ = false;
+  bool loaded_ = false;
+  bool visible_ = false;
+  bool modal_ = false;
+  std::function<void()> closed_;
+  unsigned version_ = 1;
+};
+
+}  // namespace quillet

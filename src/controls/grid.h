@@ -1,0 +1,118 @@
+// A table of texts under fixed headings. Rows count from 1 (0 means none), columns from 0. Hidden
+// columns carry ids for the form's own use. The cells are one flat vector that a view reads on
+// demand, so a grid of many thousand rows costs nothing to show.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/control.h"
+
+namespace quillet {
+
+enum class Align { left, right, center };
+
+struct GridColumn {
+  std::string heading;
+  Align align = Align::left;
+  bool hidden = false;
+  int width = 12;  // in characters; the proposal that a person may change
+  bool stretch = false;
+  bool editable = false;
+  bool tick = false;     // the cell is a tick: "1" or ""
+  bool numeric = false;  // sorts by value
+};
+
+class Grid : public Control {
+ public:
+  using Control::Control;
+
+  // Replaces the columns and removes every row.
+  void setColumns(std::vector<GridColumn> columns);
+  const std::vector<GridColumn>& columns() const { return columns_; }
+  void setHeading(int column, std::string heading);
+  void setColumnHidden(int column, bool hidden);
+  void setColumnWidth(int column, int width);
+  int cols() const { return static_cast<int>(columns_.size()); }
+  int rows() const { return static_cast<int>(rows_.size()); }
+
+  // Adds a row at the end and returns its number; missing cells are empty.
+  int addRow(std::vector<std::string> cells);
+  void insertRow(int row, std::vector<std::string> cells);
+  void removeRow(int row);
+  // Removes every row; the current row becomes 0.
+  void clearRows();
+  // Makes room for that many more rows.
+  void reserve(int rows);
+
+  const std::string& cell(int row, int column) const;
+  void setCell(int row, int column, std::string text);
+  // The column with that heading (without regard to case), -1 when there is none.
+  int columnNamed(std::string_view heading) const;
+  // The first row from `from` on whose cell of the column equals the text, 0 when there is none.
+  int find(int column, std::string_view text, int from = 1) const;
+
+  bool rowHidden(int row) const;
+  void setRowHidden(int row, bool hidden);
+  // Emphasised rows are drawn bold: totals and headings.
+  bool rowEmphasised(int row) const;
+  void setRowEmphasised(int row, bool emphasised);
+
+  bool ticked(int row) const;
+  // What a person does on the tick cell; runs AfterEdit.
+  void tick(int row, bool on);
+  // What a person does in an editable cell; runs AfterEdit.
+  void edit(int row, int column, std::string text);
+
+  // The current row, 0 for none. Setting it runs RowColChange when it changes.
+  int current() const { return current_; }
+  void setCurrent(int row);
+
+  // Orders the rows by a column as a click on its heading does: stable, ascending the first time,
+  // the other way round when it is already ordered so. Keeps the current row; runs AfterSort.
+  void sortBy(int column);
+  int sortColumn() const { return sortColumn_; }
+  bool sortAscending() const { return sortAscending_; }
+  // Forgets the order, for a grid that was filled anew.
+  void clearSort();
+
+  // The drop-down of a text box: drawn under it while visible, without headings.
+  Control* dropOf = nullptr;
+  // Rows of alternating shade, where long lines are read across.
+  bool zebra = false;
+
+  bool takesFocus() const override { return dropOf == nullptr; }
+  // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
+  bool act(Key key) override;
+
+  // Moves on whenever rows, cells or columns change; not when only the current row does.
+  unsigned contentVersion() const { return contentVersion_; }
+
+  std::function<void()> RowColChange;
+  std::function<void()> AfterSort;
+  std::function<void(int row, int column)> AfterEdit;
+  // The right mouse button or the menu key on the current row.
+  std::function<void()> Popup;
+
+ private:
+  struct Row {
+    std::vector<std::string> cells;
+    bool hidden = false;
+    bool emphasised = false;
+  };
+  void changed();
+  void moveBy(int rows);
+  int tickColumn() const;
+  Row& at(int row);
+  const Row& at(int row) const;
+
+  std::vector<GridColumn> columns_;
+  std::vector<Row> rows_;
+  int current_ = 0;
+  int sortColumn_ = -1;
+  bool sortAscending_ = true;
+  unsigned contentVersion_ = 1;
+};
+
+}  // namespace quillet

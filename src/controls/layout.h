@@ -1,0 +1,39 @@
+// How a form arranges its controls: a small tree of rows, columns, framed groups and stacks. A view
+// turns it into real layouts; there are no coordinates anywhere.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/simple.h"
+
+namespace quillet {
+
+struct Node {
+  enum class Kind {
+    row,      // children side by side
+    column,   // children one under the other
+    frame,    // one Frame control around its children, laid out as a column
+    stack,    // children are frames of which the visible one is shown
+    control,  // one control, with a label before it when `label` is not empty
+    gap       // empty room that takes the stretch
+  };
+  Kind kind = Kind::gap;
+  Control* control = nullptr;
+  std::string label;  // may carry an access key for the control: "&Group"
+  int stretch = 0;    // share of the room that is left over; 0 keeps to its own size
+  int width = 0;      // preferred width in characters; 0 leaves it to the control
+  std::vector<Node> children;
+};
+
+Node row(std::vector<Node> children, int stretch = 0);
+Node column(std::vector<Node> children, int stretch = 0);
+// Places the controls inside in the frame, so that they are shown and focused only with it.
+Node framed(Frame& frame, std::vector<Node> children, int stretch = 0);
+Node stack(std::vector<Node> children, int stretch = 1);
+Node item(Control& control, int stretch = 0, int width = 0);
+// A control under or beside its label.
+Node field(std::string label, Control& control, int width = 0, int stretch = 0);
+Node gap(int stretch = 1);
+
+}  // namespace quillet

@@ -1,0 +1,55 @@
+// A box of one line of text, with the caret and selection that keys act on. Positions count
+// characters (code points), from 0.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "controls/control.h"
+
+namespace quillet {
+
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name, std::string caption = {}, int index = -1);
+
+  std::string text() const override { return text_; }
+  // Sets the text from a procedure, caret at its end; runs Change when it differs.
+  void setText(std::string text);
+
+  // The most characters it takes; 0 means any number.
+  std::size_t maxLength = 0;
+  bool rightAligned = false;
+  // Shows dots instead of characters.
+  bool secret = false;
+  // Can be read and copied but not edited.
+  bool locked() const { return locked_; }
+  void setLocked(bool locked);
+
+  bool takesFocus() const override { return true; }
+  bool act(Key key) override;
+
+  std::size_t selStart() const { return selStart_; }
+  std::size_t selLength() const { return selLength_; }
+  void select(std::size_t start, std::size_t length);
+  void selectAll();
+  // Replaces the selection as typing or pasting does; what exceeds maxLength is left out and
+  // reported through Overflow. Runs Change.
+  void replaceSelection(const std::string& text);
+  // What a view hands over after a person edited the text there.
+  void edited(const std::string& text, std::size_t caret);
+
+  // Characters were refused because the box is full.
+  std::function<void()> Overflow;
+
+ private:
+  void assign(std::string text, std::size_t caret);
+  void erase(bool forward);
+
+  std::string text_;
+  std::size_t selStart_ = 0;
+  std::size_t selLength_ = 0;
+  bool locked_ = false;
+};
+
+}  // namespace quillet

@@ -1,0 +1,54 @@
+// The module-wide context: the only state that the forms share. One instance for each loaded
+// module.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "controls/desk.h"
+#include "controls/form.h"
+#include "host/ports.h"
+
+namespace quillet {
+
+// How the module comes by its surroundings; each maker is called once, at start-up.
+class Surroundings {
+ public:
+  virtual ~Surroundings() = default;
+  virtual std::unique_ptr<ServiceObject> createServiceObject() = 0;
+  virtual std::unique_ptr<Reporter> createReporter() = 0;
+  virtual Dialogs& dialogs() = 0;
+  virtual Clock& clock() = 0;
+};
+
+struct Context {
+  // Module start-up: creates the service object, checks its version, creates the reporter.
+  explicit Context(Surroundings& surroundings);
+  ~Context();
+  Context(const Context&) = delete;
+  Context& operator=(const Context&) = delete;
+
+  Desk desk;
+  std::unique_ptr<ServiceObject> host;
+  std::unique_ptr<Reporter> reporter;
+  Dialogs& dialogs;
+  Clock& clock;
+
+  std::string clientCode;
+  std::string table;       // tbl_nm of the selected trial balance, "" when none is usable
+  std::string firstDate;   // f_yr: "0104" and the first year
+  std::string secondDate;  // s_yr: "3103" and the second year
+  std::string errorLocation;
+
+  // The single instances of the two entry forms, made on first use.
+  std::unique_ptr<Form> homeForm;
+  std::unique_ptr<Form> editorForm;
+
+  // Message boxes of the design's styles.
+  Answer MsgBox(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::none,
+                Answer defaultAnswer = Answer::Yes, const std::string& title = {});
+  // A select on the open connection.
+  RecordsetPtr query(const std::string& sql);
+};
+
+}  // namespace quillet

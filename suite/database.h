@@ -1,0 +1,50 @@
+// The MariaDB client: embedded on a data folder by default, or connected to a server. The only
+// place that includes the client library is its implementation.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "data/recordset.h"
+#include "host/ports.h"
+
+namespace quillet::suite {
+
+class Database : public Connection {
+ public:
+  // Starts the embedded server on the folder (made when missing) and opens the schema "quillet".
+  // Throws std::runtime_error with a message that names the folder when another process holds it,
+  // when it cannot be written or when it is damaged; the folder is then untouched. One at a time in
+  // a process; it can be closed and another folder opened.
+  static std::unique_ptr<Database> openEmbedded(const std::filesystem::path& folder);
+
+  struct Server {
+    std::string host = "localhost";
+    unsigned port = 0;
+    std::string socket;
+    std::string user;
+    std::string password;
+    std::string schema = "quillet";
+  };
+  // Throws when lower_case_table_names is 0 there, saying what to set.
+  static std::unique_ptr<Database> connect(const Server& server);
+
+  ~Database() override;
+
+  // Executes a statement; throws RunTimeError with the server's number and text. Text that is not
+  // UTF-8 is refused before it becomes SQL.
+  void execute(const std::string& sql);
+  // A select, or any statement that returns rows.
+  RecordsetPtr query(const std::string& sql);
+  std::string escape(const std::string& text) const;
+
+ private:
+  class Impl;
+  explicit Database(std::unique_ptr<Impl> impl);
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace quillet::suite

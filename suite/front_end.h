@@ -1,0 +1,34 @@
+// What the suite shows itself through: the desktop's windows, or nothing at all when a script or a
+// test runs without a display.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/ports.h"
+
+namespace quillet::suite {
+
+class Document;  // a finished report, suite/document.h
+
+struct Screen {
+  int width = 1366;
+  int height = 768;
+};
+
+class FrontEnd {
+ public:
+  virtual ~FrontEnd() = default;
+  virtual Dialogs& dialogs() = 0;
+  virtual Screen screen() const = 0;
+  // Busy indicator; while it shows, the text and the bar (done of total; total 0: no bar).
+  virtual void showProgress(bool show) = 0;
+  virtual void progressText(const std::string& text) = 0;
+  virtual void progressBar(long done, long total) = 0;
+  virtual void showClient(const std::string& code, const std::string& name) = 0;
+  virtual int popup(const std::vector<std::string>& entries) = 0;
+  virtual void help(const std::string& topic) = 0;
+  virtual void showReport(const Document& document) = 0;
+};
+
+}  // namespace quillet::suite
