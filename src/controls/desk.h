@@ -2,6 +2,7 @@
 // running program; views and scripts observe it.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -22,6 +23,8 @@ class Desk {
   // Told by the forms.
   void opened(Form& form);
   void closed(Form& form);
+  // A form is destroyed while it is open: it goes without another one becoming active.
+  void forget(Form& form);
   // Brings an open form to the front, as a click into its window does; runs its FORM_ACTIVE.
   // Refused (false) while a modal form that was opened after it is open.
   bool bringToFront(Form& form);

@@ -1,0 +1,48 @@
+#include "controls/desk.h"
+
+#include <algorithm>
+
+#include "controls/form.h"
+#include "data/text.h"
+
+namespace quillet {
+
+Form* Desk::find(std::string_view name) const {
+  const auto found = std::find_if(open_.begin(), open_.end(), [&](const Form* form) {
+    return equalIgnoringCase(form->name(), name);
+  });
+  return found == open_.end() ? nullptr : *found;
+}
+
+void Desk::opened(Form& form) {
+  open_.push_back(&form);
+  front_ = &form;
+  fire(onOpened, form);
+}
+
+void Desk::closed(Form& form) {
+  const bool wasFront = front_ == &form;
+  forget(form);
+  if (wasFront && front_) front_->activated();
+}
+
+void Desk::forget(Form& form) {
+  std::erase(open_, &form);
+  if (front_ == &form) front_ = open_.empty() ? nullptr : open_.back();
+  fire(onClosed, form);
+}
+
+bool Desk::bringToFront(Form& form) {
+  const auto at = std::find(open_.begin(), open_.end(), &form);
+  const bool covered = std::any_of(at, open_.end(), [&](const Form* other) {
+    return other != &form && other->modal();
+  });
+  if (at == open_.end() || covered) return false;
+  if (front_ == &form) return true;
+  front_ = &form;
+  fire(onOpened, form);
+  form.activated();
+  return true;
+}
+
+}  // namespace quillet

@@ -1,0 +1,225 @@
+#include "controls/form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "controls/desk.h"
+#include "data/text.h"
+
+namespace quillet {
+
+Form::Form(Desk& desk, std::string name) : desk_(desk), name_(std::move(name)) {}
+
+Form::~Form() {
+  if (visible_) desk_.forget(*this);
+}
+
+void Form::adopt(Control& control) {
+  controls_.push_back(&control);
+  touch();
+}
+
+void Form::disown(Control& control) {
+  std::erase(controls_, &control);
+  if (active_ == &control) active_ = nullptr;
+  if (redirected_ == &control) redirected_ = nullptr;
+  touch();
+}
+
+void Form::setCaption(std::string caption) {
+  caption_ = std::move(caption);
+  touch();
+}
+
+void Form::report(std::string_view procedure, const std::exception& error) {
+  if (desk_.onError) desk_.onError(name_ + '\t' + std::string(procedure), error);
+}
+
+// --- life ---------------------------------------------------------------------------------------
+
+void Form::show() {
+  if (visible_) {
+    desk_.bringToFront(*this);
+    return;
+  }
+  if (!loaded_) {
+    loaded_ = true;
+    load();
+  }
+  visible_ = true;
+  settle();
+  desk_.opened(*this);
+  activated();
+}
+
+void Form::showModal(std::function<void()> closed) {
+  modal_ = true;
+  closed_ = std::move(closed);
+  show();
+}
+
+bool Form::close() {
+  if (!visible_) return true;
+  bool cancel = false;
+  unload(cancel);
+  if (cancel) return false;
+  visible_ = false;
+  loaded_ = false;
+  modal_ = false;
+  active_ = nullptr;
+  desk_.closed(*this);
+  // Moved out first: the opener may open the form again from here.
+  const auto closed = std::exchange(closed_, {});
+  fire(closed);
+  return true;
+}
+
+void Form::resized() { resize(); }
+
+// --- controls -----------------------------------------------------------------------------------
+
+Control* Form::find(std::string_view name, int index) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {
+    return control->index() == index && equalIgnoringCase(control->name(), name);
+  });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+bool Form::isArray(std::string_view name) const {
+  return std::any_of(controls_.begin(), controls_.end(), [&](const Control* control) {
+    return control->index() >= 0 && equalIgnoringCase(control->name(), name);
+  });
+}
+
+// --- focus --------------------------------------------------------------------------------------
+
+bool Form::focus(Control& control) {
+  if (moving_) {
+    // A handler sends the focus elsewhere while it is on its way: its word is the last one.
+    redirected_ = &control;
+    return true;
+  }
+  if (!control.focusable()) return false;
+  if (active_ == &control) return true;
+  if (active_) {
+    bool cancel = false;
+    fire(active_->Validate, cancel);
+    if (cancel) return false;
+  }
+  moveFocus(&control);
+  return active_ == &control;
+}
+
+namespace {
+
+// Raised while the focus moves, lowered however that ends.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flag() { flag_ = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+void Form::moveFocus(Control* to) {
+  const Flag moving(moving_);
+  // Handlers that keep sending the focus back and forth stop after a few turns.
+  for (int turn = 0; to != nullptr && turn < 8; ++turn) {
+    Control* from = std::exchange(active_, to);
+    redirected_ = nullptr;
+    touch();
+    if (from) fire(from->LostFocus);
+    if (!redirected_ && active_ == to) fire(to->GotFocus);
+    to = redirected_ && redirected_ != active_ && redirected_->focusable() ? redirected_ : nullptr;
+  }
+  redirected_ = nullptr;
+}
+
+Control* Form::nextFocusable(Control* from, bool backwards) const {
+  const auto count = static_cast<long>(controls_.size());
+  if (count == 0) return nullptr;
+  const auto at = std::find(controls_.begin(), controls_.end(), from);
+  const long step = backwards ? -1 : 1;
+  long position = at != controls_.end() ? at - controls_.begin() : (backwards ? 0 : -1);
+  for (long tries = 0; tries < count; ++tries) {
+    position = (position + step + count) % count;
+    Control* control = controls_[static_cast<std::size_t>(position)];
+    if (control->tabStop && control->focusable()) return control;
+  }
+  return nullptr;
+}
+
+void Form::focusNext(bool backwards) {
+  if (Control* next = nextFocusable(active_, backwards)) focus(*next);
+}
+
+void Form::settle() {
+  if (moving_ || (active_ && active_->focusable())) return;
+  Control* next = nextFocusable(active_, false);
+  if (next == active_) return;
+  active_ = nullptr;
+  if (next) moveFocus(next);
+}
+
+// --- keys and clicks ----------------------------------------------------------------------------
+
+Key Form::offer(Key key) {
+  const auto each = [&](const std::function<void(Key&)>& handler) {
+    if (key != keys::none) fire(handler, key);
+  };
+  const bool pressed = keys::isPressed(key);
+  each(KeyDown);
+  if (active_) each(active_->KeyDown);
+  if (pressed) {
+    each(KeyPress);
+    if (active_) each(active_->KeyPress);
+  }
+  return key;
+}
+
+void Form::act(Key key) {
+  if (key == keys::Tab || key == keys::BackTab) {
+    focusNext(key == keys::BackTab);
+  } else if (active_ && active_->enabled()) {
+    active_->act(key);
+  }
+}
+
+void Form::press(Key key) {
+  const Key left = offer(key);
+  if (left != keys::none) act(left);
+  settle();
+}
+
+bool Form::click(Control& control) {
+  if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
+    if (!entry->usable()) return false;
+    fire(entry->Click);
+  } else {
+    if (!control.enabled() || !control.shown()) return false;
+    if (control.takesFocus() && !focus(control)) return false;
+    if (auto* box = dynamic_cast<CheckBox*>(&control)) {
+      box->toggle();
+    } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+      option->choose();
+    } else {
+      fire(control.Click);
+    }
+  }
+  settle();
+  return true;
+}
+
+void Form::doubleClick(Control& control) {
+  if (!control.enabled() || !control.shown()) return;
+  if (control.takesFocus() && !focus(control)) return;
+  fire(control.DblClick);
+  settle();
+}
+
+}  // namespace quillet

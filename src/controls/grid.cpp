@@ -1,0 +1,247 @@
+#include "controls/grid.h"
+
+#include <algorithm>
+#include <charconv>
+#include <numeric>
+
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+constexpr int pageRows = 15;
+
+// The value of a shown number; brackets and a leading minus make it negative.
+double valueOf(const std::string& shown) {
+  std::string digits;
+  for (const char c : shown) {
+    if ((c >= '0' && c <= '9') || c == '.') digits += c;
+  }
+  double value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  const bool negative = !shown.empty() && (shown.front() == '-' || shown.front() == '(');
+  return negative ? -value : value;
+}
+
+template <class T>
+void permute(std::vector<T>& items, const std::vector<int>& order) {
+  std::vector<T> sorted;
+  sorted.reserve(items.size());
+  for (const int from : order) sorted.push_back(std::move(items[static_cast<std::size_t>(from)]));
+  items = std::move(sorted);
+}
+
+template <class Keys>
+void orderBy(std::vector<int>& order, const Keys& sortKeys, bool ascending) {
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    const auto& left = sortKeys[static_cast<std::size_t>(a)];
+    const auto& right = sortKeys[static_cast<std::size_t>(b)];
+    return ascending ? left < right : right < left;
+  });
+}
+
+}  // namespace
+
+Grid::Row& Grid::at(int row) { return rows_.at(static_cast<std::size_t>(row - 1)); }
+const Grid::Row& Grid::at(int row) const { return rows_.at(static_cast<std::size_t>(row - 1)); }
+
+void Grid::changed() {
+  ++contentVersion_;
+  touch();
+}
+
+void Grid::setColumns(std::vector<GridColumn> columns) {
+  columns_ = std::move(columns);
+  clearSort();
+  clearRows();
+}
+
+void Grid::setHeading(int column, std::string heading) {
+  columns_.at(static_cast<std::size_t>(column)).heading = std::move(heading);
+  changed();
+}
+
+void Grid::setColumnHidden(int column, bool hidden) {
+  columns_.at(static_cast<std::size_t>(column)).hidden = hidden;
+  changed();
+}
+
+void Grid::setColumnWidth(int column, int width) {
+  columns_.at(static_cast<std::size_t>(column)).width = std::max(1, width);
+  touch();
+}
+
+int Grid::addRow(std::vector<std::string> cells) {
+  insertRow(rows() + 1, std::move(cells));
+  return rows();
+}
+
+void Grid::insertRow(int row, std::vector<std::string> cells) {
+  cells.resize(columns_.size());
+  rows_.insert(rows_.begin() + (row - 1), Row{std::move(cells)});
+  if (current_ >= row) ++current_;
+  changed();
+}
+
+void Grid::removeRow(int row) {
+  at(row);
+  rows_.erase(rows_.begin() + (row - 1));
+  changed();
+  if (current_ > row || current_ > rows()) {
+    --current_;
+    fire(RowColChange);
+  }
+}
+
+void Grid::clearRows() {
+  rows_.clear();
+  changed();
+  setCurrent(0);
+}
+
+void Grid::reserve(int rows) { rows_.reserve(static_cast<std::size_t>(rows)); }
+
+const std::string& Grid::cell(int row, int column) const {
+  return at(row).cells.at(static_cast<std::size_t>(column));
+}
+
+void Grid::setCell(int row, int column, std::string text) {
+  std::string& cell = at(row).cells.at(static_cast<std::size_t>(column));
+  if (cell == text) return;
+  cell = std::move(text);
+  changed();
+}
+
+int Grid::columnNamed(std::string_view heading) const {
+  for (int c = 0; c < cols(); ++c) {
+    if (equalIgnoringCase(columns_[static_cast<std::size_t>(c)].heading, heading)) return c;
+  }
+  return -1;
+}
+
+int Grid::find(int column, std::string_view text, int from) const {
+  for (int r = from; r <= rows(); ++r) {
+    if (cell(r, column) == text) return r;
+  }
+  return 0;
+}
+
+bool Grid::rowHidden(int row) const { return at(row).hidden; }
+
+void Grid::setRowHidden(int row, bool hidden) {
+  if (at(row).hidden == hidden) return;
+  at(row).hidden = hidden;
+  changed();
+}
+
+bool Grid::rowEmphasised(int row) const { return at(row).emphasised; }
+
+void Grid::setRowEmphasised(int row, bool emphasised) {
+  at(row).emphasised = emphasised;
+  changed();
+}
+
+int Grid::tickColumn() const {
+  const auto found = std::find_if(columns_.begin(), columns_.end(),
+                                  [](const GridColumn& column) { return column.tick; });
+  return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
+}
+
+bool Grid::ticked(int row) const {
+  const int column = tickColumn();
+  return column >= 0 && cell(row, column) == "1";
+}
+
+void Grid::tick(int row, bool on) {
+  const int column = tickColumn();
+  if (column < 0 || ticked(row) == on) return;
+  setCell(row, column, on ? "1" : "");
+  fire(AfterEdit, row, column);
+}
+
+void Grid::edit(int row, int column, std::string text) {
+  if (!columns_.at(static_cast<std::size_t>(column)).editable || cell(row, column) == text) return;
+  setCell(row, column, std::move(text));
+  fire(AfterEdit, row, column);
+}
+
+void Grid::setCurrent(int row) {
+  const int next = row >= 1 && row <= rows() ? row : 0;
+  if (next == current_) return;
+  current_ = next;
+  touch();
+  fire(RowColChange);
+}
+
+void Grid::clearSort() {
+  sortColumn_ = -1;
+  sortAscending_ = true;
+}
+
+void Grid::sortBy(int column) {
+  sortAscending_ = column != sortColumn_ || !sortAscending_;
+  sortColumn_ = column;
+  std::vector<int> order(rows_.size());
+  std::iota(order.begin(), order.end(), 0);
+  const auto cells = static_cast<std::size_t>(column);
+  if (columns_.at(cells).numeric) {
+    std::vector<double> values(rows_.size());
+    std::transform(rows_.begin(), rows_.end(), values.begin(),
+                   [&](const Row& row) { return valueOf(row.cells[cells]); });
+    orderBy(order, values, sortAscending_);
+  } else {
+    std::vector<std::string> texts(rows_.size());
+    std::transform(rows_.begin(), rows_.end(), texts.begin(),
+                   [&](const Row& row) { return upperCase(row.cells[cells]); });
+    orderBy(order, texts, sortAscending_);
+  }
+  permute(rows_, order);
+  if (current_ > 0) {
+    current_ = static_cast<int>(std::find(order.begin(), order.end(), current_ - 1) -
+                                order.begin()) + 1;
+  }
+  changed();
+  fire(AfterSort);
+}
+
+void Grid::moveBy(int steps) {
+  const int direction = steps < 0 ? -1 : 1;
+  int target = current_;
+  for (int r = current_ + direction; r >= 1 && r <= rows() && steps != 0; r += direction) {
+    if (rowHidden(r)) continue;
+    target = r;
+    steps -= direction;
+  }
+  setCurrent(target);
+}
+
+bool Grid::act(Key key) {
+  switch (key) {
+    case keys::Up:
+      moveBy(-1);
+      return true;
+    case keys::Down:
+      moveBy(1);
+      return true;
+    case keys::PageUp:
+      moveBy(-pageRows);
+      return true;
+    case keys::PageDown:
+      moveBy(pageRows);
+      return true;
+    case keys::Home:
+      moveBy(-rows());
+      return true;
+    case keys::End:
+      moveBy(rows());
+      return true;
+    case keys::Space:
+      if (current_ == 0 || tickColumn() < 0) return false;
+      tick(current_, !ticked(current_));
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace quillet

@@ -1,0 +1,40 @@
+#include "controls/key.h"
+
+#include <array>
+#include <utility>
+
+#include "data/text.h"
+
+namespace quillet::keys {
+
+std::optional<Key> named(std::string_view name) {
+  static constexpr std::array<std::pair<std::string_view, Key>, 17> names{{
+      {"Enter", Enter},
+      {"Return", Enter},
+      {"Tab", Tab},
+      {"BackTab", BackTab},
+      {"Escape", Escape},
+      {"Backspace", Backspace},
+      {"Delete", Delete},
+      {"Up", Up},
+      {"Down", Down},
+      {"Left", Left},
+      {"Right", Right},
+      {"Home", Home},
+      {"End", End},
+      {"PageUp", PageUp},
+      {"PageDown", PageDown},
+      {"Space", Space},
+      {"Esc", Escape},
+  }};
+  for (const auto& [known, key] : names) {
+    if (equalIgnoringCase(known, name)) return key;
+  }
+  std::size_t at = 0;
+  if (name.empty()) return std::nullopt;
+  const char32_t character = nextCharacter(name, at);
+  if (at != name.size()) return std::nullopt;
+  return character;
+}
+
+}  // namespace quillet::keys

@@ -1,0 +1,70 @@
+#include "controls/simple.h"
+
+#include "controls/form.h"
+
+namespace quillet {
+
+bool Button::act(Key key) {
+  if (key != keys::Enter && key != keys::Space) return false;
+  fire(Click);
+  return true;
+}
+
+void Button::setChosen(bool chosen) {
+  if (chosen == chosen_) return;
+  chosen_ = chosen;
+  touch();
+}
+
+void Toggle::setChecked(bool checked) {
+  if (checked == checked_) return;
+  checked_ = checked;
+  touch();
+}
+
+bool CheckBox::act(Key key) {
+  if (key != keys::Space) return false;
+  toggle();
+  return true;
+}
+
+void CheckBox::toggle() {
+  setChecked(!checked());
+  fire(Click);
+}
+
+bool OptionButton::act(Key key) {
+  if (key != keys::Space) return false;
+  choose();
+  return true;
+}
+
+void OptionButton::setChecked(bool checked) {
+  Toggle::setChecked(checked);
+  if (!checked) return;
+  for (Control* other : form().controls()) {
+    auto* option = dynamic_cast<OptionButton*>(other);
+    if (option && option != this && option->name() == name()) option->Toggle::setChecked(false);
+  }
+}
+
+void OptionButton::choose() {
+  setChecked(true);
+  fire(Click);
+}
+
+MenuEntry::MenuEntry(Form& form, std::string name, std::string caption, MenuEntry* parent,
+                     std::string shortcut)
+    : Toggle(form, std::move(name), std::move(caption)),
+      parent_(parent),
+      shortcut_(std::move(shortcut)) {}
+
+MenuEntry::MenuEntry(Form& form, std::string name, std::string caption, int index,
+                     MenuEntry* parent)
+    : Toggle(form, std::move(name), std::move(caption), index), parent_(parent) {}
+
+bool MenuEntry::usable() const {
+  return enabled() && visible() && (parent_ == nullptr || parent_->usable());
+}
+
+}  // namespace quillet

@@ -1,0 +1,116 @@
+#include "data/text.h"
+
+#include <algorithm>
+#include <cwctype>
+
+namespace quillet {
+namespace {
+
+std::size_t sequenceLength(unsigned char lead) {
+  if (lead < 0x80) return 1;
+  if (lead >= 0xC2 && lead < 0xE0) return 2;
+  if (lead >= 0xE0 && lead < 0xF0) return 3;
+  if (lead >= 0xF0 && lead < 0xF5) return 4;
+  return 0;
+}
+
+bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+}  // namespace
+
+char32_t nextCharacter(std::string_view text, std::size_t& at) {
+  const auto lead = static_cast<unsigned char>(text[at]);
+  const std::size_t length = sequenceLength(lead);
+  if (length <= 1 || at + length > text.size() ||
+      !std::all_of(text.begin() + at + 1, text.begin() + at + length, continues)) {
+    ++at;
+    return lead;
+  }
+  char32_t character = lead & (0x7FU >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    character = (character << 6U) | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
+  }
+  at += length;
+  return character;
+}
+
+void appendCharacter(std::string& text, char32_t character) {
+  const auto put = [&](char32_t byte) { text += static_cast<char>(byte); };
+  if (character < 0x80) {
+    put(character);
+  } else if (character < 0x800) {
+    put(0xC0 | (character >> 6U));
+    put(0x80 | (character & 0x3FU));
+  } else if (character < 0x10000) {
+    put(0xE0 | (character >> 12U));
+    put(0x80 | ((character >> 6U) & 0x3FU));
+    put(0x80 | (character & 0x3FU));
+  } else {
+    put(0xF0 | (character >> 18U));
+    put(0x80 | ((character >> 12U) & 0x3FU));
+    put(0x80 | ((character >> 6U) & 0x3FU));
+    put(0x80 | (character & 0x3FU));
+  }
+}
+
+std::size_t lengthOf(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); ++count) nextCharacter(text, at);
+  return count;
+}
+
+std::size_t offsetOf(std::string_view text, std::size_t n) {
+  std::size_t at = 0;
+  while (n-- > 0 && at < text.size()) nextCharacter(text, at);
+  return at;
+}
+
+std::u32string charactersOf(std::string_view text) {
+  std::u32string characters;
+  for (std::size_t at = 0; at < text.size();) characters += nextCharacter(text, at);
+  return characters;
+}
+
+char32_t upperCase(char32_t character) {
+  if (character < 0x80) {
+    return character >= U'a' && character <= U'z' ? character - 32 : character;
+  }
+  // Where wchar_t is narrower than a character, what lies beyond it has no upper case to offer.
+  if (static_cast<char32_t>(static_cast<wchar_t>(character)) != character) return character;
+  return static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(character)));
+}
+
+std::string upperCase(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  for (std::size_t at = 0; at < text.size();) {
+    appendCharacter(result, upperCase(nextCharacter(text, at)));
+  }
+  return result;
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < a.size() && j < b.size()) {
+    if (upperCase(nextCharacter(a, i)) != upperCase(nextCharacter(b, j))) return false;
+  }
+  return i == a.size() && j == b.size();
+}
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string replacedAll(std::string text, std::string_view what, std::string_view by) {
+  for (std::size_t at = text.find(what); at != std::string::npos;
+       at = text.find(what, at + by.size())) {
+    text.replace(at, what.size(), by);
+  }
+  return text;
+}
+
+}  // namespace quillet

@@ -1,0 +1,26 @@
+// Text is UTF-8. Helpers for counting, comparing and changing it by characters (code points).
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillet {
+
+// The character that begins at `at`, which moves past it. A byte that begins no character counts as
+// one by itself.
+char32_t nextCharacter(std::string_view text, std::size_t& at);
+void appendCharacter(std::string& text, char32_t character);
+std::size_t lengthOf(std::string_view text);
+// Where the n-th character begins; the text's end when there are fewer.
+std::size_t offsetOf(std::string_view text, std::size_t n);
+std::u32string charactersOf(std::string_view text);
+
+char32_t upperCase(char32_t character);
+std::string upperCase(std::string_view text);
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+std::string_view trimmed(std::string_view text);
+std::string replacedAll(std::string text, std::string_view what, std::string_view by);
+
+}  // namespace quillet

@@ -1,0 +1,41 @@
+#include "host/context.h"
+
+#include "host/error_log.h"
+
+namespace quillet {
+
+Context::Context(Surroundings& surroundings)
+    : host(surroundings.createServiceObject()),
+      dialogs(surroundings.dialogs()),
+      clock(surroundings.clock()) {
+  desk.onError = [this](const std::string& location, const std::exception& error) {
+    errorLocation = location;
+    logError(*this, trapped(error));
+  };
+  bool compatible = true;
+  try {
+    compatible = host->CheckDllsVersion(true);
+  } catch (const std::exception&) {
+    // A service library too old to know the question counts as compatible: start-up goes on.
+    compatible = true;
+  }
+  if (!compatible) {
+    MsgBox("File [TalBase.dll] is not compatible. Please update the latest software properly.",
+           Buttons::OK, Icon::critical);
+  }
+  reporter = surroundings.createReporter();
+}
+
+Context::~Context() = default;
+
+Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answer defaultAnswer,
+                       const std::string& title) {
+  return dialogs.MsgBox(
+      {text, title, buttons, icon, buttons == Buttons::OK ? Answer::OK : defaultAnswer});
+}
+
+RecordsetPtr Context::query(const std::string& sql) {
+  return host->RecordsetQuery(sql, host->DbObj(), CursorType::static_, LockType::readOnly);
+}
+
+}  // namespace quillet

@@ -1,0 +1,43 @@
+#include "host/error_log.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "data/errors.h"
+#include "data/text.h"
+#include "host/context.h"
+
+namespace quillet {
+namespace {
+
+constexpr long invalidCall = 5;
+
+std::string oneLine(std::string text) {
+  for (char& c : text) {
+    if (c == '\t' || c == '\n' || c == '\r') c = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
+TrappedError trapped(const std::exception& error) {
+  if (const auto* known = dynamic_cast<const RunTimeError*>(&error)) {
+    return {known->number(), known->what(), known->source()};
+  }
+  return {invalidCall, error.what(), "Quillet"};
+}
+
+void logError(const Context& context, const TrappedError& error) {
+  if (error.number == 0) return;
+  std::ofstream log(below(context.host->ExePath(), "\\TalLog.log"), std::ios::app);
+  log << context.clock.now() << '\t' << error.number << '\t' << oneLine(error.description) << '\t'
+      << oneLine(error.source) << '\t' << context.errorLocation << '\n';
+}
+
+std::string below(const std::string& folder, const std::string& path) {
+  const char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  return folder + replacedAll(path, "\\", std::string(1, separator));
+}
+
+}  // namespace quillet
