@@ -1,0 +1,41 @@
+// A data folder: everything that one practice consists of, in one place that can be copied and
+// backed up.
+//
+//   database/      the embedded database
+//   program/       the suite's program folder: the error log, Databases/ with the export template
+//   documents/     report files, annexures, exports
+//   settings.ini   settings; its presence marks the folder as ours
+#pragma once
+
+#include <filesystem>
+
+namespace quillet::suite {
+
+class DataFolder {
+ public:
+  // The folder used when none is named: in the user's data home.
+  static std::filesystem::path standard();
+  // Whether a data folder of ours is there.
+  static bool isOne(const std::filesystem::path& path);
+
+  enum class Existing { refuse, replace };
+  // Makes a new one. Throws std::runtime_error when something other than an empty folder is there;
+  // with `replace` a data folder of ours is emptied first. Never removes what is not ours and never
+  // follows a link out of the folder.
+  static DataFolder create(const std::filesystem::path& path, Existing existing = Existing::refuse);
+  // Throws std::runtime_error that names the path when no data folder is there.
+  static DataFolder open(const std::filesystem::path& path);
+
+  // Absolute paths, without a separator at the end.
+  const std::filesystem::path& root() const { return root_; }
+  std::filesystem::path database() const { return root_ / "database"; }
+  std::filesystem::path program() const { return root_ / "program"; }
+  std::filesystem::path documents() const { return root_ / "documents"; }
+  std::filesystem::path settings() const { return root_ / "settings.ini"; }
+
+ private:
+  explicit DataFolder(std::filesystem::path root) : root_(std::move(root)) {}
+  std::filesystem::path root_;
+};
+
+}  // namespace quillet::suite

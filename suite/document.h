@@ -1,0 +1,71 @@
+// A finished report: heading lines above a table. It holds what was written as it was written, and
+// answers how each cell is to look, so that screen, printer, PDF and text file agree.
+//
+// Texts arrive with printer codes inside. ESC E and ESC F switch emphasis on and off, across cells
+// and lines as on a printer; they and every other code are stripped from the texts. A line that
+// consists of codes only prints nothing.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace quillet::suite {
+
+enum class CellAlign { left, right, center };
+
+struct ReportHeading {
+  std::string text;
+  bool emphasised = false;
+};
+
+struct ReportCell {
+  std::string text;
+  CellAlign align = CellAlign::left;
+  long width = 0;      // in characters, 0 follows the content
+  bool ruled = false;  // a rule above the cell
+  bool emphasised = false;
+  bool printed = true;
+};
+
+struct ReportRow {
+  std::vector<ReportCell> cells;
+  bool heading = false;  // repeats on every page
+  int table = 0;         // which of the report's tables, from 0
+  // As written, one character a cell or a lone one for all: rule above, emphasis, last cell,
+  // printed.
+  std::array<std::string, 4> masks;
+};
+
+class Document {
+ public:
+  const std::vector<ReportHeading>& headings() const { return headings_; }
+  const std::vector<ReportRow>& rows() const { return rows_; }
+  // How many columns the widest row of a table has; rows with fewer cells leave the rest empty, or
+  // spread over it when they are heading rows.
+  std::size_t columns(int table = 0) const;
+  int tables() const { return tables_; }
+
+  // Told by the reporter.
+  void addHeading(const std::string& text);
+  void beginTable();
+  struct Written {
+    std::vector<std::string> values;
+    std::vector<int> alignments;
+    std::vector<long> widths;
+    std::vector<std::string> before;
+    std::vector<std::string> after;
+    bool heading = false;
+    std::array<std::string, 4> masks;
+  };
+  void addRow(const Written& row);
+
+ private:
+  std::vector<ReportHeading> headings_;
+  std::vector<ReportRow> rows_;
+  int tables_ = 0;
+  bool emphasis_ = false;  // what the last code said
+};
+
+}  // namespace quillet::suite

@@ -1,0 +1,33 @@
+// Names and ids of the ledgers. A name by its id costs one query for the whole list, whatever the
+// number of look-ups; a statement that touches the ledger table makes the next look-up read anew.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+class LedgerNames {
+ public:
+  explicit LedgerNames(Database& database) : database_(database) {}
+
+  // "" when there is none.
+  std::string nameOf(long id);
+  // The id of that name, compared without regard to case and to blanks around it; when there is
+  // none it is created with the highest id plus one, if asked for. 0 when that fails.
+  long idOf(const std::string& name, bool create);
+  // Told of every statement that the module executes.
+  void noticed(const std::string& sql);
+
+ private:
+  long create(const std::string& name);
+  void load();
+
+  Database& database_;
+  bool loaded_ = false;
+  std::unordered_map<long, std::string> names_;
+};
+
+}  // namespace quillet::suite

@@ -1,0 +1,30 @@
+// Passwords of user rights and of clients, kept as argon2id hashes in the database. What has no
+// password is open to everybody.
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+enum class PasswordKind { right, client };
+
+class Passwords {
+ public:
+  Passwords(Database& database, Dialogs& dialogs) : database_(database), dialogs_(dialogs) {}
+
+  // An empty password removes it.
+  static void set(Database& database, PasswordKind kind, const std::string& code,
+                  const std::string& password);
+
+  // True when there is none, or when a person types it within three tries. Cancelling is false.
+  bool ask(PasswordKind kind, const std::string& code);
+
+ private:
+  Database& database_;
+  Dialogs& dialogs_;
+};
+
+}  // namespace quillet::suite

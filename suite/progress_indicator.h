@@ -1,0 +1,30 @@
+// The progress indicator on its way to the front end: a loop over thousands of rows tells each row,
+// a person sees a few updates a second.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "suite/front_end.h"
+
+namespace quillet::suite {
+
+class ProgressIndicator : public Progress {
+ public:
+  explicit ProgressIndicator(FrontEnd& frontEnd) : frontEnd_(frontEnd) {}
+
+  void show(bool show);
+  void Text1(const std::string& text) override;
+  void Max(long steps) override;
+  void update_pg() override;
+
+ private:
+  using Time = std::chrono::steady_clock::time_point;
+  FrontEnd& frontEnd_;
+  bool shown_ = false;
+  long done_ = 0;
+  long total_ = 0;
+  Time last_{};
+};
+
+}  // namespace quillet::suite

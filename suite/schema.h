@@ -1,0 +1,20 @@
+// The tables of the database: made at the first start, checked and completed at every later one.
+// Rows are never touched and nothing is ever dropped.
+#pragma once
+
+#include <functional>
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+// Makes what is missing: tables, columns, indexes. There is one set of per-year tables for each
+// number from 1 to `tableCount`. `progress` is told the steps done of all, when there is anything
+// to do. Returns how many statements it needed, 0 when all was there.
+long completeSchema(Database& database, long tableCount,
+                    const std::function<void(long done, long total)>& progress = {});
+
+// The suffix that per-year tables of that number carry: "01", "02"; "" below 1.
+std::string tableSuffix(long number);
+
+}  // namespace quillet::suite

@@ -1,0 +1,116 @@
+// The suite's service object on MariaDB. It only puts together: each group of operations has a file
+// of its own.
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "suite/data_folder.h"
+#include "suite/database.h"
+#include "suite/front_end.h"
+#include "suite/ledger_names.h"
+#include "suite/passwords.h"
+#include "suite/progress_indicator.h"
+#include "suite/settings.h"
+#include "suite/statement_gate.h"
+
+namespace quillet {
+class Desk;
+}
+
+namespace quillet::suite {
+
+class Service : public ServiceObject {
+ public:
+  Service(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd);
+  ~Service() override;
+
+  // Where the dialogs of the client list open. They need it; nothing else does.
+  void useDesk(Desk& desk) { desk_ = &desk; }
+
+  // --- for scripts and tests
+  // Statements of the module, recorded and made to fail; the suite's own do not pass here.
+  StatementGate& statements() { return gate_; }
+  // The next call of "CheckPass" or "CheckClpass" is refused; throws for any other operation.
+  void refuse(const std::string& operation);
+  void setPassword(PasswordKind kind, const std::string& code, const std::string& password);
+
+  // --- the module's operations
+  bool CheckDllsVersion(bool check) override;
+
+  Connection& DbObj() override { return database_; }
+  void ConQuery(const std::string& sql) override;
+  RecordsetPtr RecordsetQuery(const std::string& sql, Connection& connection, CursorType cursor,
+                              LockType lock, int options = -1) override;
+  std::string TruncVarSQL(const std::string& text) const override;
+  std::string GETTBNAME(long count) const override;
+  long GetTbCount() const override;
+
+  std::string COMPANY_NAME() const override;
+  std::string ExePath() const override;
+  std::string DocPath() const override;
+
+  std::string GetSettingINI(const std::string& section, const std::string& key,
+                            const std::string& fallback) const override;
+  void SaveSettingINI(const std::string& section, const std::string& key,
+                      const std::string& value) override;
+  std::string GetMiscOthInf(const std::string& section, const std::string& key,
+                            const std::string& fallback) override;
+  void SetMiscOthInf(const std::string& section, const std::string& key, const std::string& value,
+                     const std::string& client, const std::string& year) override;
+
+  bool CheckPass(const std::string& right) override;
+  bool CheckClpass(const std::string& client) override;
+
+  std::string date_prob_handle(const std::string& date) const override;
+  std::string convertdate(const std::string& date) const override;
+
+  void resize_for_resolution(Form& form) override;
+  void Resize_For_ResolutionUC(Control& control) override;
+  double vScreenRatX() const override;
+  double vScreenRatY() const override;
+  double vScreenRatFS() const override;
+
+  Progress& objProgress() override { return progress_; }
+  void progress(bool show) override { progress_.show(show); }
+
+  std::string formatgen(double number, const std::string& format) const override;
+  std::string formatgen(const std::string& date, const std::string& format) const override;
+
+  MainPage& MainPageObj() override;
+  PopupMenu& PopupMenuObj() override;
+  Help& ObjHelp() override;
+  void helpid(const std::string& topic) override { helpTopic_ = topic; }
+
+  void ShowClListSelection(const std::string& status) override;
+  void ShowClListSetup() override;
+  std::string vLstSelClCode() const override;
+  void vLstSelClCode(const std::string& code) override;
+
+  std::string GetPart_MastPartId(long partId) override;
+  long GetMax_MastPartId(const std::string& name) override;
+  long GetMax_MastPartId(const std::string& name, bool create) override;
+
+ private:
+  class Windows;  // main page, popup menu, help: one line each to the front end
+  bool refusedNow(const std::string& operation);
+  void showDialog(std::unique_ptr<Form> form);
+
+  const DataFolder& folder_;
+  Settings& settings_;
+  Database& database_;
+  FrontEnd& frontEnd_;
+  StatementGate gate_;
+  LedgerNames ledgers_;
+  Passwords passwords_;
+  ProgressIndicator progress_;
+  std::unique_ptr<Windows> windows_;
+  std::string helpTopic_;
+  std::set<std::string> refused_;
+  Desk* desk_ = nullptr;
+  std::unique_ptr<Form> dialog_;  // the client-list dialog shown last
+};
+
+}  // namespace quillet::suite

@@ -1,0 +1,38 @@
+// Settings kept between runs in an INI file. Every change is written at once and completely: after
+// a crash the file holds either the old settings or the new ones. Names and values may hold any
+// characters. Section and key compare without regard to case.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <string>
+
+namespace quillet::suite {
+
+class Settings {
+ public:
+  // Reads the file; a missing one gives no settings.
+  explicit Settings(std::filesystem::path file);
+
+  std::string get(const std::string& section, const std::string& key,
+                  const std::string& fallback = {}) const;
+  void set(const std::string& section, const std::string& key, const std::string& value);
+
+  // The settings that the suite itself reads.
+  long tableCount() const;  // how many trial-balance tables there are; 40 unless set
+  std::string companyName() const;
+
+ private:
+  struct Entry {
+    std::string section;  // as first written
+    std::string key;
+    std::string value;
+  };
+  void read();
+  void write() const;
+
+  std::filesystem::path file_;
+  std::map<std::string, Entry> entries_;  // by folded section and key
+};
+
+}  // namespace quillet::suite

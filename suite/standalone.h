@@ -1,0 +1,77 @@
+// The module's surroundings when Quillet runs on its own, and the running whole.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "host/forms.h"
+#include "suite/data_folder.h"
+#include "suite/database.h"
+#include "suite/document.h"
+#include "suite/front_end.h"
+#include "suite/service_object.h"
+#include "suite/settings.h"
+
+namespace quillet::suite {
+
+class Standalone : public Surroundings {
+ public:
+  // All of them outlive this object and what it creates.
+  Standalone(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd,
+             Clock& clock);
+  ~Standalone() override;
+
+  std::unique_ptr<ServiceObject> createServiceObject() override;
+  std::unique_ptr<Reporter> createReporter() override;
+  Dialogs& dialogs() override { return frontEnd_.dialogs(); }
+  Clock& clock() override { return clock_; }
+
+  // The last report shown.
+  const std::optional<Document>& lastReport() const { return lastReport_; }
+  void forgetReport() { lastReport_.reset(); }
+
+ private:
+  const DataFolder& folder_;
+  Settings& settings_;
+  Database& database_;
+  FrontEnd& frontEnd_;
+  Clock& clock_;
+  std::optional<Document> lastReport_;
+};
+
+// A practice at work: an open data folder with its database, and the module on top. The desktop,
+// the scripts and the tests all start here.
+class Practice {
+ public:
+  // Opens the database, completes the schema (showing progress through the front end) and starts
+  // the module. Throws std::runtime_error with a message for the user.
+  Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock);
+  // The same on a server.
+  Practice(DataFolder folder, const Database::Server& server, FrontEnd& frontEnd, Clock& clock);
+  ~Practice();
+
+  const DataFolder& folder() const { return folder_; }
+  Settings& settings() { return settings_; }
+  Database& database() { return *database_; }
+  FrontEnd& frontEnd() { return frontEnd_; }
+  Standalone& surroundings() { return standalone_; }
+  Forms& forms() { return *forms_; }
+  Context& context() { return forms_->context(); }
+  Service& service();
+
+  // Closes every form and starts the module anew on the same database, for tests.
+  void restartModule();
+
+ private:
+  Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd, Clock& clock);
+
+  DataFolder folder_;
+  Settings settings_;
+  std::unique_ptr<Database> database_;
+  FrontEnd& frontEnd_;
+  Standalone standalone_;
+  std::unique_ptr<Forms> forms_;
+};
+
+}  // namespace quillet::suite

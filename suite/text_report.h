@@ -1,0 +1,12 @@
+// A report as plain text, for saving as .txt: columns padded with blanks, rules drawn with dashes.
+#pragma once
+
+#include <string>
+
+#include "suite/document.h"
+
+namespace quillet::suite {
+
+std::string textOf(const Document& document);
+
+}  // namespace quillet::suite
