@@ -33,6 +33,8 @@ class Service : public ServiceObject {
   // --- for scripts and tests
   // Statements of the module, recorded and made to fail; the suite's own do not pass here.
   StatementGate& statements() { return gate_; }
+  // Told of a statement that was not sent through here, so that look-ups read anew.
+  void executedElsewhere(const std::string& sql) { ledgers_.noticed(sql); }
   // The next call of "CheckPass" or "CheckClpass" is refused; throws for any other operation.
   void refuse(const std::string& operation);
   void setPassword(PasswordKind kind, const std::string& code, const std::string& password);

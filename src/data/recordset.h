@@ -20,6 +20,8 @@ class Recordset {
   virtual std::string_view fieldName(int column) const = 0;
   // The field of the current row; nothing when it is null. Valid until the recordset is destroyed.
   virtual std::optional<std::string_view> field(int column) const = 0;
+  // Whether the column holds numbers.
+  virtual bool numeric(int) const { return false; }
 
   // Before the first row there is none: an empty recordset is at both ends.
   bool BOF_() const { return RecordCount() == 0; }
