@@ -1,0 +1,17 @@
+// Amounts as people type them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/ports.h"
+
+namespace quillet {
+
+// A typed amount, rounded to two decimals as on paper: digits with an optional sign and point,
+// thousands separated by commas in any grouping. Nothing when the text is no such number, or has
+// more digits than can be kept to the paisa. An empty text is no number.
+std::optional<double> typedAmount(const ServiceObject& host, std::string_view text);
+
+}  // namespace quillet

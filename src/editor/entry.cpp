@@ -1,0 +1,355 @@
+// The editor's entry fields: one line at a time is entered, altered, merged with an existing line
+// of the same particular and group, or deleted.
+#include <algorithm>
+#include <cmath>
+
+#include "data/sql.h"
+#include "data/text.h"
+#include "editor/amount.h"
+#include "editor/frmcrtb.h"
+#include "host/busy.h"
+
+namespace quillet {
+namespace {
+
+// The first of the ordered capitals that begins with the text, counted from 1; 0 for none.
+int firstMatch(const std::vector<std::string>& capitals, const std::string& text) {
+  const std::string wanted = upperCase(text);
+  if (wanted.empty()) return 0;
+  const auto at = std::lower_bound(capitals.begin(), capitals.end(), wanted);
+  if (at == capitals.end() || at->compare(0, wanted.size(), wanted) != 0) return 0;
+  return static_cast<int>(at - capitals.begin()) + 1;
+}
+
+// "DR" or "CR" for a side typed in full or by its first letter, "" for anything else.
+std::string sideOf(std::string_view typed) {
+  const std::string side = upperCase(trimmed(typed));
+  if (side == "D" || side == "DR") return "DR";
+  if (side == "C" || side == "CR") return "CR";
+  return {};
+}
+
+void enterIsTab(Form& form, Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  form.focusNext();
+}
+
+}  // namespace
+
+// --- beginning and ending an entry --------------------------------------------------------------
+
+void frmcrtb::clearEntry() {
+  for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setText("");
+  entryYear_ = view_ == View::previous ? previous : current;
+  alteredSerial_ = 0;
+  alteredGroup_.clear();
+  hint("");
+}
+
+void frmcrtb::leaveEntry() {
+  leaving_ = true;
+  clearEntry();
+  focus(vsfm);
+  leaving_ = false;
+}
+
+void frmcrtb::MNUINSERT_CLICK() {
+  trap("MNUINSERT_CLICK", [&] {
+    leaveEntry();
+    focus(txtpart);
+  });
+}
+
+void frmcrtb::MNUALTER_CLICK() {
+  trap("MNUALTER_CLICK", [&] {
+    const int row = vsfm.current();
+    if (row == 0 || !hasTable()) return;
+    leaveEntry();
+    entryYear_ = serialAt(row, current) != 0 ? current : previous;
+    alteredSerial_ = serialAt(row, entryYear_);
+    const int amount = view_ == View::both && entryYear_ == previous ? 4 : 2;
+    txtpart.setText(vsfm.cell(row, 0));
+    txtgroup.setText(vsfm.cell(row, 1));
+    txtamount.setText(vsfm.cell(row, amount));
+    txtdrcr.setText(vsfm.cell(row, amount + 1));
+    alteredGroup_ = txtgroup.text();
+    focus(txtpart);
+    hint("Altering the selected line. Esc leaves it as it was.");
+  });
+}
+
+void frmcrtb::MNUDELETE_CLICK() {
+  trap("MNUDELETE_CLICK", [&] {
+    const int row = vsfm.current();
+    if (row == 0) return;
+    const Answer answer = context_.MsgBox("Do you want to delete the selected record?",
+                                          Buttons::YesNo, Icon::none, Answer::No, "Delete");
+    if (answer != Answer::Yes) return;
+    leaveEntry();
+    for (const Year year : {current, previous}) {
+      if (const long srno = serialAt(row, year); srno != 0) {
+        change("delete from " + tables_[year] + " where code_no='" + client_ +
+               "' and srno=" + sqlNumber(srno));
+      }
+    }
+    REFRESHTB();
+    vsfm.setCurrent(std::min(row, vsfm.rows()));
+  });
+}
+
+// --- the drop-down lists ------------------------------------------------------------------------
+
+void frmcrtb::follow(TextBox& box, Grid& list) {
+  list.setCurrent(firstMatch(&list == &vsfp ? ledgerKeys_ : groupKeys_, box.text()));
+}
+
+void frmcrtb::moveList(TextBox& box, Grid& list, Key& key) {
+  if (key != keys::Up && key != keys::Down) return;
+  list.act(key);
+  key = keys::none;
+  if (list.current() > 0) pickFromList(box, list);
+}
+
+void frmcrtb::pickFromList(TextBox& box, Grid& list) {
+  if (list.current() == 0) return;
+  box.setText(list.cell(list.current(), 0));
+  box.selectAll();
+}
+
+bool frmcrtb::knownGroup(const std::string& name) const {
+  return std::binary_search(groupKeys_.begin(), groupKeys_.end(), upperCase(name));
+}
+
+void frmcrtb::TXTPART_GOTFOCUS() {
+  trap("TXTPART_GOTFOCUS", [&] {
+    vsfp.setVisible(true);
+    txtpart.selectAll();
+    TXTPART_CHANGE();
+  });
+}
+
+void frmcrtb::TXTPART_CHANGE() {
+  trap("TXTPART_CHANGE", [&] {
+    if (alteredSerial_ == 0) hint("");
+    follow(txtpart, vsfp);
+  });
+}
+
+void frmcrtb::TXTPART_KEYDOWN(Key& key) {
+  trap("TXTPART_KEYDOWN", [&] { moveList(txtpart, vsfp, key); });
+}
+
+void frmcrtb::TXTPART_KEYPRESS(Key& key) {
+  trap("TXTPART_KEYPRESS", [&] { enterIsTab(*this, key); });
+}
+
+void frmcrtb::TXTPART_LOSTFOCUS() {
+  trap("TXTPART_LOSTFOCUS", [&] {
+    vsfp.setVisible(false);
+    if (!leaving_ && trimmed(txtpart.text()).empty()) {
+      context_.MsgBox("Please specify Particulars.", Buttons::OK, Icon::information);
+    }
+  });
+}
+
+void frmcrtb::TXTGROUP_GOTFOCUS() {
+  trap("TXTGROUP_GOTFOCUS", [&] {
+    vsfg.setVisible(true);
+    txtgroup.selectAll();
+    TXTGROUP_CHANGE();
+  });
+}
+
+void frmcrtb::TXTGROUP_CHANGE() {
+  trap("TXTGROUP_CHANGE", [&] { follow(txtgroup, vsfg); });
+}
+
+void frmcrtb::TXTGROUP_KEYDOWN(Key& key) {
+  trap("TXTGROUP_KEYDOWN", [&] { moveList(txtgroup, vsfg, key); });
+}
+
+void frmcrtb::TXTGROUP_KEYPRESS(Key& key) {
+  trap("TXTGROUP_KEYPRESS", [&] { enterIsTab(*this, key); });
+}
+
+void frmcrtb::TXTGROUP_LOSTFOCUS() {
+  trap("TXTGROUP_LOSTFOCUS", [&] {
+    vsfg.setVisible(false);
+    if (leaving_) return;
+    const std::string typed(trimmed(txtgroup.text()));
+    if (typed.empty()) {
+      context_.MsgBox("Specify a Group.", Buttons::OK, Icon::information);
+      return;
+    }
+    if (knownGroup(typed)) return;
+    // The beginning of a name stands for the name that the list shows for it.
+    if (firstMatch(groupKeys_, typed) > 0) {
+      txtgroup.setText(vsfg.cell(firstMatch(groupKeys_, typed), 0));
+    } else {
+      context_.MsgBox("Group does not Exist.", Buttons::OK, Icon::information);
+    }
+  });
+}
+
+// --- amount and side ----------------------------------------------------------------------------
+
+void frmcrtb::TXTAMOUNT_GOTFOCUS() {
+  trap("TXTAMOUNT_GOTFOCUS", [&] { txtamount.selectAll(); });
+}
+
+void frmcrtb::TXTAMOUNT_KEYPRESS(Key& key) {
+  trap("TXTAMOUNT_KEYPRESS", [&] { enterIsTab(*this, key); });
+}
+
+void frmcrtb::TXTAMOUNT_LOSTFOCUS() {
+  trap("TXTAMOUNT_LOSTFOCUS", [&] {
+    if (leaving_ || trimmed(txtamount.text()).empty()) return;
+    if (const auto amount = typedAmount(*context_.host, txtamount.text())) {
+      txtamount.setText(context_.host->formatgen(*amount, "###0.00"));
+    } else {
+      hint("\"" + txtamount.text() + "\" is not an amount: type digits and at most one point.");
+    }
+  });
+}
+
+void frmcrtb::TXTDRCR_GOTFOCUS() {
+  trap("TXTDRCR_GOTFOCUS", [&] {
+    txtdrcr.selectAll();
+    // A line that stays in its group keeps its side: a debtor in credit is not turned round by
+    // altering its amount.
+    if (alteredSerial_ != 0 && equalIgnoringCase(txtgroup.text(), alteredGroup_)) return;
+    const auto row = context_.query(
+        "select mast_gunder.ggid from mast_gunder,mast_allgrp where mast_allgrp.allgrp='" +
+        context_.host->TruncVarSQL(txtgroup.text()) + "' and mast_allgrp.gid = mast_gunder.gid");
+    if (row->EOF_()) return;
+    const long grandGroup = row->integer("GGID");
+    if (grandGroup == 1 || grandGroup == 4) txtdrcr.setText("DR");
+    if (grandGroup == 2 || grandGroup == 3) txtdrcr.setText("CR");
+    txtdrcr.selectAll();
+  });
+}
+
+void frmcrtb::TXTDRCR_VALIDATE(bool& cancel) {
+  trap("TXTDRCR_VALIDATE", [&] {
+    if (leaving_ || txtdrcr.text().empty()) return;
+    const std::string side = sideOf(txtdrcr.text());
+    cancel = side.empty();
+    if (cancel) {
+      hint("The side is D for debit or C for credit.");
+    } else {
+      txtdrcr.setText(side);
+    }
+  });
+}
+
+void frmcrtb::TXTDRCR_KEYPRESS(Key& key) {
+  trap("TXTDRCR_KEYPRESS", [&] {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    saveLine();
+  });
+}
+
+// --- saving -------------------------------------------------------------------------------------
+
+std::optional<frmcrtb::TypedLine> frmcrtb::checkedEntry() {
+  const std::string side = sideOf(txtdrcr.text());
+  if (side.empty()) {
+    context_.MsgBox("Only 'C' or 'c' and 'D' or 'd' are allowed.");
+    return std::nullopt;
+  }
+  const std::string particular(trimmed(txtpart.text()));
+  const std::string group(trimmed(txtgroup.text()));
+  const double amount = typedAmount(*context_.host, txtamount.text()).value_or(0);
+  if (particular.empty() || group.empty() || amount == 0) {
+    context_.MsgBox("Cannot save the entry due to invalid data.");
+    return std::nullopt;
+  }
+  if (!knownGroup(group)) {
+    context_.MsgBox("Group does not exist.", Buttons::OK, Icon::information);
+    return std::nullopt;
+  }
+  return TypedLine{particular, group, side == "CR" ? -amount : amount};
+}
+
+void frmcrtb::saveLine() {
+  const auto typed = checkedEntry();
+  if (!typed) return;
+  const long partId = particularId(typed->particular);
+  if (partId == 0) return;
+  const long allId = groupId(typed->group);
+  if (allId == 0) return;
+
+  const Year year = entryYear_;
+  const bool altering = alteredSerial_ != 0;
+  if (altering) deleteLine(year, alteredSerial_);
+  const double amount = mergeWithExisting(partId, allId, typed->amount);
+  const long srno = amount == 0 ? 0 : writeLine(partId, allId, amount);
+
+  GETBALANCE();
+  reload();
+  selectSerial(year, srno);
+  SETBUTTON();
+  if (altering) {
+    leaveEntry();
+  } else {
+    MNUINSERT_CLICK();
+  }
+}
+
+long frmcrtb::particularId(const std::string& name) {
+  const long id = context_.host->GetMax_MastPartId(name);
+  if (id == 0) {
+    context_.MsgBox("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
+  } else {
+    addToLedgerList(name);
+  }
+  return id;
+}
+
+void frmcrtb::addToLedgerList(const std::string& name) {
+  const std::string capitals = upperCase(name);
+  const auto at = std::lower_bound(ledgerKeys_.begin(), ledgerKeys_.end(), capitals);
+  if (at != ledgerKeys_.end() && *at == capitals) return;
+  vsfp.insertRow(static_cast<int>(at - ledgerKeys_.begin()) + 1, {name});
+  ledgerKeys_.insert(at, capitals);
+}
+
+long frmcrtb::groupId(const std::string& name) {
+  const auto row = context_.query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" +
+                                  context_.host->TruncVarSQL(name) + "'");
+  if (!row->EOF_()) return row->integer("AllId");
+  context_.MsgBox("Group does not exist.", Buttons::OK, Icon::information);
+  return 0;
+}
+
+void frmcrtb::deleteLine(Year year, long srno) {
+  change("Delete from " + tables_[year] + " where code_no='" + client_ +
+         "' and srno=" + sqlNumber(srno));
+}
+
+double frmcrtb::mergeWithExisting(long partId, long allId, double amount) {
+  const auto rows =
+      context_.query("select * from " + tables_[entryYear_] + " where code_no='" + client_ +
+                     "' and partid = " + sqlNumber(partId) + " and allid = " + sqlNumber(allId));
+  for (const Line& line : readLines(*rows)) {
+    amount += line.isCredit() ? -line.amount : line.amount;
+    deleteLine(entryYear_, line.srno);
+  }
+  // Both amounts are whole paise: what adding them in binary left over is no part of the sum.
+  return std::round(amount * 100) / 100;
+}
+
+long frmcrtb::writeLine(long partId, long allId, double amount) {
+  const std::string& table = tables_[entryYear_];
+  const auto row = context_.query("select max(srno) as maxsr from " + table + " where code_no = '" +
+                                  client_ + "'");
+  const long srno = row->integer("maxsr") + 1;
+  change("insert into " + table + " values(" + sqlNumber(srno) + ",'" + client_ + "'," +
+         sqlNumber(partId) + "," + sqlNumber(allId) + "," + sqlNumber(std::fabs(amount)) + "," +
+         sqlNumber(amount < 0 ? credit : debit) + ")");
+  return srno;
+}
+
+}  // namespace quillet

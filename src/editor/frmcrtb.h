@@ -1,0 +1,215 @@
+// The trial-balance editor: the lines of one client's year, alone or beside the previous year's,
+// with totals and difference, and the fields that take one line at a time.
+//
+// Loading, entry and the group view have a source file each. The editor reads client, table and
+// dates from the context when it loads and works on its own copies from then on.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "controls/choice.h"
+#include "controls/control_array.h"
+#include "controls/grid.h"
+#include "controls/simple.h"
+#include "controls/text_box.h"
+#include "editor/lines.h"
+#include "host/context.h"
+
+namespace quillet {
+
+class frmcrtb : public Form {
+ public:
+  explicit frmcrtb(Context& context);
+
+  // Shows the year of the context for the client of that name; an editor that is open leaves the
+  // year it has.
+  void showYear(const std::string& clientName);
+
+  Node layout() override;
+  void activated() override { FORM_ACTIVE(); }
+
+  // --- menus
+  MenuEntry mnuentry{*this, "mnuentry", "&Entry"};
+  MenuEntry mnuinsert{*this, "mnuinsert", "&Insert Line", &mnuentry, "Ins"};
+  MenuEntry mnualter{*this, "mnualter", "&Alter Line", &mnuentry, "F2"};
+  MenuEntry mnudelete{*this, "mnudelete", "&Delete Line", &mnuentry, "Ctrl+Del"};
+  MenuEntry mnuline1{*this, "mnuline1", "-", &mnuentry};
+  MenuEntry mnunewgroup{*this, "mnunewgroup", "&New Group...", &mnuentry};
+  MenuEntry mnujournal{*this, "mnujournal", "Adjustment &Journal...", &mnuentry};
+  MenuEntry mnuline2{*this, "mnuline2", "-", &mnuentry};
+  MenuEntry mnuexit{*this, "mnuexit", "&Back", &mnuentry, "Ctrl+W"};
+  MenuEntry mnuview{*this, "mnuview", "&View"};
+  MenuEntry mnurefresh{*this, "mnurefresh", "&Refresh", &mnuview, "F5"};
+  MenuEntry mnugroup{*this, "mnugroup", "&Group View", &mnuview, "Ctrl+G"};
+  MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
+  ControlArray<MenuEntry> mnusortopt{
+      *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
+  MenuEntry mnushled{*this, "mnushled", "&Ledger List", &mnuview};
+  MenuEntry mnuall{*this, "mnuall", "&All Ledgers", &mnushled};
+  MenuEntry mnuclonly{*this, "mnuclonly", "Ledgers of this &Client", &mnushled};
+  MenuEntry mnuyropts{*this, "mnuyropts", "&Years"};
+  ControlArray<MenuEntry> mnuyrs{
+      *this, "mnuyrs", {"&Current Year", "&Previous Year", "&Both Years"}, &mnuyropts};
+  MenuEntry mnuhelpmenu{*this, "mnuhelpmenu", "&Help"};
+  MenuEntry mhelp{*this, "mhelp", "&Trial Balance Editor", &mnuhelpmenu, "F1"};
+
+  // --- the lines, and the fields for one of them
+  Frame famLines{*this, "famLines"};
+  Grid vsfm{*this, "vsfm"};
+  TextBox txtpart{*this, "txtpart"};
+  TextBox txtgroup{*this, "txtgroup"};
+  TextBox txtamount{*this, "txtamount"};
+  TextBox txtdrcr{*this, "txtdrcr"};
+  Grid vsfp{*this, "vsfp"};
+  Grid vsfg{*this, "vsfg"};
+  Label lblhint{*this, "lblhint"};
+
+  // --- the group view
+  Frame famGroups{*this, "famGroups"};
+  ComboBox cbogroup{*this, "cbogroup"};
+  Label lblgroup{*this, "lblgroup"};
+  Grid vsf1{*this, "vsf1"};  // debit lines
+  Grid vsf2{*this, "vsf2"};  // credit lines
+
+  // --- totals: 0 current year, 1 previous year
+  ControlArray<Label> lblyear{*this, "lblyear", {"Current year", "Previous year"}};
+  ControlArray<TextBox> txttotdeb{*this, "txttotdeb", {"", ""}};
+  ControlArray<TextBox> txttotcr{*this, "txttotcr", {"", ""}};
+  TextBox txtdiff{*this, "txtdiff"};
+  TextBox txtdifft{*this, "txtdifft"};
+  ControlArray<Button> cmdclstock{*this, "cmdclstock", {"Closing &Stock", "Closing Stoc&k (Prev)"}};
+
+  // --- loading
+  void FORM_LOAD();
+  void FORM_ACTIVE();
+  void FORM_UNLOAD();
+  void LOADPARTICULARS();
+  void LOADGROUPS();
+  void LOADGROUPSEXISTS();
+  void LOADTRIALBAL();
+  void GETBALANCE();
+  void REFRESHTB();
+  void SETBUTTON();
+  void SETBUTTONS();
+  void MNUYRS_CLICK(int index);
+  void MNUSORTOPT_CLICK(int index);
+  void MNUALL_CLICK();
+  void MNUCLONLY_CLICK();
+  void VSFM_AFTERSORT();
+  void VSFM_ROWCOLCHANGE();
+  void VSFM_KEYDOWN(Key& key);
+  void MHELP_CLICK();
+  void MNUEXIT_CLICK();
+
+  // --- entry
+  void MNUINSERT_CLICK();
+  void MNUALTER_CLICK();
+  void MNUDELETE_CLICK();
+  void TXTPART_GOTFOCUS();
+  void TXTPART_CHANGE();
+  void TXTPART_KEYDOWN(Key& key);
+  void TXTPART_KEYPRESS(Key& key);
+  void TXTPART_LOSTFOCUS();
+  void TXTGROUP_GOTFOCUS();
+  void TXTGROUP_CHANGE();
+  void TXTGROUP_KEYDOWN(Key& key);
+  void TXTGROUP_KEYPRESS(Key& key);
+  void TXTGROUP_LOSTFOCUS();
+  void TXTAMOUNT_GOTFOCUS();
+  void TXTAMOUNT_KEYPRESS(Key& key);
+  void TXTAMOUNT_LOSTFOCUS();
+  void TXTDRCR_GOTFOCUS();
+  void TXTDRCR_VALIDATE(bool& cancel);
+  void TXTDRCR_KEYPRESS(Key& key);
+
+  // --- the group view
+  void MNUGROUP_CLICK();
+  void LOADGRIDS();
+  void LOADGRID1(Grid& grid, long groupId, long side);
+
+ protected:
+  void load() override { FORM_LOAD(); }
+  void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }
+
+ private:
+  enum Year { current = 0, previous = 1 };
+  enum class View { current = 0, previous = 1, both = 2 };
+
+  // What the entry fields say, once it has passed every check.
+  struct TypedLine {
+    std::string particular;
+    std::string group;
+    double amount = 0;  // signed: credit is negative
+  };
+
+  void attachMenus();
+  void attachGrids();
+  void attachEntry();
+
+  // Loading.
+  void findPreviousYear();
+  void readSettings();
+  void refuseWithoutTable();
+  void setView(View view);
+  void showCaption();
+  void readYears(std::vector<Line> (&lines)[2]);
+  bool importPreviousYear();
+  std::vector<Line> selectLines(Year year);
+  void fillNames(std::vector<Entry>& entries);
+  void showEntries(const std::vector<Entry>& entries);
+  std::vector<std::string> cellsOf(const Entry& entry) const;
+  void setGridColumns();
+  void reload();
+  void loadLedgerList(const std::string& text);
+  std::string ledgerIdsOfClient();
+  void selectSerial(Year year, long srno);
+  long serialAt(int row, Year year) const;
+  bool inView(Year year) const;
+  bool hasTable() const { return !tables_[current].empty(); }
+
+  // Entry.
+  void clearEntry();
+  void leaveEntry();
+  void follow(TextBox& box, Grid& list);
+  void moveList(TextBox& box, Grid& list, Key& key);
+  void pickFromList(TextBox& box, Grid& list);
+  bool knownGroup(const std::string& name) const;
+  std::optional<TypedLine> checkedEntry();
+  long particularId(const std::string& name);
+  long groupId(const std::string& name);
+  void addToLedgerList(const std::string& name);
+  void saveLine();
+  long writeLine(long partId, long allId, double amount);
+  double mergeWithExisting(long partId, long allId, double amount);
+  void deleteLine(Year year, long srno);
+  void change(const std::string& sql);
+  void hint(const std::string& text);
+  void popup();
+
+  Context& context_;
+  std::string client_;     // code_no as it stands between quotes
+  std::string namedCode_;  // the code that clientName_ belongs to
+  std::string clientName_;
+  std::string firstDate_;
+  std::string secondDate_;
+  std::string tables_[2];
+  View view_ = View::current;
+  SortOption sort_ = SortOption::entered;
+  std::vector<Line> lines_[2];
+  std::vector<std::string> ledgerKeys_;  // capitals of vsfp's names, in its order
+  std::vector<std::string> groupKeys_;   // capitals of vsfg's names, in its order
+  std::unordered_map<long, std::string> groupNames_;
+
+  Year entryYear_ = current;  // whose table the entry goes to
+  long alteredSerial_ = 0;    // 0 while a new line is entered
+  std::string alteredGroup_;
+  bool leaving_ = false;  // the entry is being given up: empty fields are no mistake
+};
+
+// The module's single editor, made on first use.
+frmcrtb& theEditor(Context& context);
+
+}  // namespace quillet

@@ -1,0 +1,78 @@
+#include "home/client_list.h"
+
+#include <algorithm>
+#include <set>
+#include <sstream>
+
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+std::vector<std::string> wordsOf(const std::string& text) {
+  std::istringstream stream(upperCase(text));
+  std::vector<std::string> words;
+  for (std::string word; stream >> word;) words.push_back(word);
+  return words;
+}
+
+std::size_t columnKeyed(std::string_view key) {
+  const auto& columns = client_columns::all;
+  return static_cast<std::size_t>(
+      std::find_if(columns.begin(), columns.end(), [&](const auto& c) { return c.key == key; }) -
+      columns.begin());
+}
+
+}  // namespace
+
+void ClientList::load(Recordset& rows) {
+  clients_.clear();
+  capitals_.clear();
+  std::array<int, client_columns::all.size()> fields{};
+  for (std::size_t c = 0; c < fields.size(); ++c) {
+    fields[c] = rows.column(client_columns::all[c].field);
+  }
+  clients_.reserve(static_cast<std::size_t>(rows.RecordCount()));
+  capitals_.reserve(clients_.capacity());
+  for (; !rows.EOF_(); rows.MoveNext()) {
+    Client& client = clients_.emplace_back();
+    Client& capitals = capitals_.emplace_back();
+    for (std::size_t c = 0; c < fields.size(); ++c) {
+      client[c] = rows.text(fields[c]);
+      capitals[c] = upperCase(client[c]);
+    }
+  }
+}
+
+std::vector<std::size_t> ClientList::matching(const std::string& text,
+                                              const std::vector<client_columns::Shown>& columns,
+                                              const std::string& status,
+                                              const std::string& group) const {
+  static const std::size_t statusColumn = columnKeyed("status");
+  static const std::size_t groupColumn = columnKeyed("group_code");
+  const std::vector<std::string> words = wordsOf(text);
+  std::vector<std::size_t> found;
+  for (std::size_t i = 0; i < clients_.size(); ++i) {
+    const auto holds = [&](const std::string& word) {
+      return std::any_of(columns.begin(), columns.end(), [&](const client_columns::Shown& shown) {
+        return capitals_[i][shown.column].find(word) != std::string::npos;
+      });
+    };
+    if ((status.empty() || clients_[i][statusColumn] == status) &&
+        (group.empty() || clients_[i][groupColumn] == group) &&
+        std::all_of(words.begin(), words.end(), holds)) {
+      found.push_back(i);
+    }
+  }
+  return found;
+}
+
+std::vector<std::string> ClientList::values(std::size_t column) const {
+  std::set<std::string> values;
+  for (const Client& client : clients_) {
+    if (!client[column].empty()) values.insert(client[column]);
+  }
+  return {values.begin(), values.end()};
+}
+
+}  // namespace quillet

@@ -1,0 +1,247 @@
+#include "home/third.h"
+
+#include "data/year.h"
+#include "editor/frmcrtb.h"
+#include "home/ledger_cleanup.h"
+#include "host/busy.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* emptyFirstDate = "01/04/####";
+constexpr const char* emptySecondDate = "31/03/####";
+constexpr const char* openRight = "open";
+
+}  // namespace
+
+third& theHome(Context& context) {
+  if (!context.homeForm) context.homeForm = std::make_unique<third>(context);
+  return static_cast<third&>(*context.homeForm);
+}
+
+third::third(Context& context)
+    : Form(context.desk, "third"), ClGrd1(*this, "ClGrd1", context), context_(context) {
+  setCaption("Trial Balance");
+  attachModes();
+  flexgrid2.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
+  KeyDown = [this](Key& key) { FORM_KEYDOWN(key); };
+  ClGrd1.DblClick = [this] { CLGRD1_DBLCLICK(); };
+  flexgrid2.DblClick = [this] { FLEXGRID2_DBLCLICK(); };
+  flexgrid2.KeyPress = [this](Key& key) { FLEXGRID2_KEYPRESS(key); };
+  mnurefresh.Click = [this] { MNUREFRESH_CLICK(); };
+  mnuhelp.Click = [this] { MNUHELP_CLICK(); };
+  mnuexit.Click = [this] { MNUEXIT_CLICK(); };
+  lblstatus.quiet = true;
+  lblprint.quiet = true;
+  // What their commands open is not part of the program yet.
+  for (Button* later :
+       {&mnucreate, &mnudelete, &mnumerge, &mnualpha, &mnusumm, &mnudet, &cmdgrpmas, &cmdledmas}) {
+    later->setEnabled(false);
+  }
+}
+
+void third::attachModes() {
+  const ModeButton modes[] = {{&mnucreate, "create", "MNUCREATE_CLICK"},
+                              {&mnualter, "alter", "MNUALTER_CLICK"},
+                              {&mnudelete, "delete", "MNUDELETE_CLICK"},
+                              {&mnumerge, "merge", "MNUMERGE_CLICK"},
+                              {&mnualpha, "alphabetical", "MNUALPHA_CLICK"},
+                              {&mnusumm, "group_summarized", "MNUSUMM_CLICK"},
+                              {&mnudet, "group_detail", "MNUDET_CLICK"}};
+  for (const ModeButton& mode : modes) {
+    mode.button->Click = [this, mode] { trap(mode.procedure, [&] { setMode(mode); }); };
+  }
+}
+
+Node third::layout() {
+  const Node commands =
+      column({item(mnucreate), item(mnualter), item(mnudelete), item(mnumerge), item(lblprint),
+              item(mnualpha), item(mnusumm), item(mnudet), gap(), item(cmdgrpmas), item(cmdledmas),
+              item(mnurefresh), item(mnuhelp), item(mnuexit)});
+  const Node clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
+  const Node years = framed(
+      Frame1,
+      {item(Label1),
+       row({field("&First date", MaskEdBox1, 12), field("Second dat&e", MaskEdBox2, 12), gap()}),
+       item(flexgrid2, 1)},
+      1);
+  return column({row({commands, stack({clients, years})}, 1), item(lblstatus)}, 1);
+}
+
+// --- the form -----------------------------------------------------------------------------------
+
+void third::FORM_LOAD() {
+  trap("FORM_LOAD", [&] {
+    context_.host->resize_for_resolution(*this);
+    setMode({&mnualter, "alter", "MNUALTER_CLICK"});
+    status("");
+    namespace cc = client_columns;
+    ClGrd1.search("");
+    ClGrd1.LoadClList(context_.host->GetSettingINI(cc::section, cc::statusKey, ""),
+                      context_.host->GetSettingINI(cc::section, cc::groupKey, ""));
+    ClGrd1.SelectLastClient();
+  });
+}
+
+void third::FORM_ACTIVATE() {
+  trap("FORM_ACTIVATE", [&] { ClGrd1.refreshSetup(); });
+}
+
+void third::FORM_RESIZE() {
+  // The arrangement follows the window by itself.
+}
+
+void third::FORM_UNLOAD() {
+  trap("FORM_UNLOAD", [&] { ClGrd1.keepWidths(); });
+}
+
+void third::FORM_KEYDOWN(Key& key) {
+  trap("FORM_KEYDOWN", [&] {
+    if (key != keys::Escape) return;
+    key = keys::none;
+    if (Frame1.visible()) {
+      showClients();
+    } else {
+      ClGrd1.search("");
+    }
+  });
+}
+
+void third::setMode(const ModeButton& chosen) {
+  Button* const buttons[] = {&mnucreate, &mnualter, &mnudelete, &mnumerge,
+                             &mnualpha,  &mnusumm,  &mnudet};
+  mode_ = chosen.mode;
+  for (Button* button : buttons) button->setChosen(button == chosen.button);
+  showClients();
+}
+
+void third::showClients() {
+  Frame1.setVisible(false);
+  Frame3.setVisible(true);
+  ClGrd1.setVisible(true);
+  focus(ClGrd1);
+}
+
+// --- choosing a client --------------------------------------------------------------------------
+
+void third::CLGRD1_DBLCLICK() {
+  trap("CLGRD1_DBLCLICK", [&] {
+    const int row = ClGrd1.Row();
+    if (row == 0) return;
+    const std::string code = ClGrd1.TextMatrix(row, 0);
+    if (!context_.host->CheckClpass(code)) return;
+    clientName_ = ClGrd1.TextMatrix(row, 1);
+    context_.clientCode = code;
+    context_.host->vLstSelClCode(code);
+    context_.host->MainPageObj().showClient(code, clientName_);
+    status("");
+    if (mode_ == "create" || mode_ == "merge") {
+      beginDates();
+    } else {
+      loadYears();
+    }
+  });
+}
+
+void third::beginDates() {
+  showYears();
+  MaskEdBox1.setText(emptyFirstDate);
+  MaskEdBox2.setText(emptySecondDate);
+  focus(MaskEdBox1);
+}
+
+void third::showYears() {
+  const bool dates = mode_ == "create" || mode_ == "merge";
+  Label1.setCaption(clientName_ + (dates ? ": type the financial year" : ": choose the year"));
+  MaskEdBox1.setVisible(dates);
+  MaskEdBox2.setVisible(dates);
+  flexgrid2.setVisible(!dates);
+  Frame3.setVisible(false);
+  ClGrd1.setVisible(false);
+  Frame1.setVisible(true);
+}
+
+void third::loadYears() {
+  const auto rows =
+      context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
+                     context_.host->TruncVarSQL(context_.clientCode) + "' order by s_yr");
+  flexgrid2.clearRows();
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    flexgrid2.addRow({shownDate(rows->text("F_YR")), shownDate(rows->text("S_YR"))});
+  }
+  flexgrid2.setCurrent(flexgrid2.rows());
+  showYears();
+  focus(flexgrid2);
+  if (flexgrid2.rows() == 0) {
+    context_.MsgBox("No entry of this year is available.", Buttons::OK, Icon::information);
+  }
+}
+
+// --- choosing a year ----------------------------------------------------------------------------
+
+void third::FLEXGRID2_DBLCLICK() {
+  trap("FLEXGRID2_DBLCLICK", [&] {
+    if (mode_ == "merge") {
+      context_.MsgBox("DBl Click will not work here,Press Enter to merge.", Buttons::OK,
+                      Icon::information);
+    } else if (mode_ == "alter") {
+      openEditor();
+    }
+  });
+}
+
+void third::FLEXGRID2_KEYPRESS(Key& key) {
+  trap("FLEXGRID2_KEYPRESS", [&] {
+    if (key != keys::Enter || mode_ == "merge") return;
+    key = keys::none;
+    FLEXGRID2_DBLCLICK();
+  });
+}
+
+void third::openEditor() {
+  const int row = flexgrid2.current();
+  if (row == 0) return;
+  const std::string first = dateKey(flexgrid2.cell(row, 0));
+  const std::string second = dateKey(flexgrid2.cell(row, 1));
+  context_.table.clear();
+  const auto year = context_.query("select * from master where code_no='" +
+                                   context_.host->TruncVarSQL(context_.clientCode) +
+                                   "' and f_yr='" + first + "' and s_yr='" + second + "'");
+  if (year->EOF_()) return;
+  context_.table = year->text("tbl_nm");
+  if (!rightToOpen(*year)) context_.table.clear();
+  if (context_.table.empty()) return;
+  context_.firstDate = first;
+  context_.secondDate = second;
+  theEditor(context_).showYear(clientName_);
+}
+
+bool third::rightToOpen(Recordset& year) {
+  return year.text("d_of_s").empty() || context_.host->CheckPass(openRight);
+}
+
+// --- the other commands -------------------------------------------------------------------------
+
+void third::MNUREFRESH_CLICK() {
+  trap("MNUREFRESH_CLICK", [&] {
+    const Busy busy(context_);
+    const long removed = cleanLedgerMaster(context_);
+    status(removed == 0 ? "The ledger master holds no second names."
+           : removed == 1
+               ? "1 second name removed from the ledger master."
+               : std::to_string(removed) + " second names removed from the ledger master.");
+  });
+}
+
+void third::MNUHELP_CLICK() {
+  trap("MNUHELP_CLICK", [&] {
+    context_.host->helpid("2-2");
+    context_.host->ObjHelp().Show();
+  });
+}
+
+void third::MNUEXIT_CLICK() {
+  trap("MNUEXIT_CLICK", [&] { close(); });
+}
+
+}  // namespace quillet
