@@ -1,0 +1,151 @@
+// quillet.add_client, query, exec, statements, fail, log: what stands behind the forms.
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+
+#include "data/text.h"
+#include "script/call.h"
+#include "script/quillet_library.h"
+#include "script/session.h"
+#include "suite/client_register.h"
+
+namespace quillet::script {
+namespace {
+
+struct ClientField {
+  const char* name;
+  std::string suite::Client::*value;
+};
+
+constexpr ClientField clientFields[] = {
+    {"code", &suite::Client::code},
+    {"name", &suite::Client::name},
+    {"first", &suite::Client::first},
+    {"middle", &suite::Client::middle},
+    {"last", &suite::Client::last},
+    {"status", &suite::Client::status},
+    {"father", &suite::Client::father},
+    {"born", &suite::Client::born},
+    {"address", &suite::Client::address},
+    {"group_code", &suite::Client::groupCode},
+    {"group_name", &suite::Client::groupName},
+    {"company", &suite::Client::company},
+    {"password", &suite::Client::password},
+};
+
+// A misspelt field would otherwise be left out in silence.
+void mustBeClientFields(const Call& call) {
+  for (const std::string& key : call.keys(1)) {
+    const auto called = [&](const ClientField& field) { return key == field.name; };
+    if (std::none_of(std::begin(clientFields), std::end(clientFields), called)) {
+      throw Error("a client has no field '" + key + "'");
+    }
+  }
+}
+
+int addClient(Call& call) {
+  suite::Client client;
+  for (const ClientField& field : clientFields) {
+    client.*field.value = call.field(1, field.name).value_or(std::string());
+  }
+  mustBeClientFields(call);
+  suite::addClient(call.session().practice.database(), client);
+  return call.none();
+}
+
+// --- the database -------------------------------------------------------------------------------
+
+void pushNumber(lua_State* state, std::string_view text) {
+  const char* end = text.data() + text.size();
+  lua_Integer whole = 0;
+  if (const auto [stop, error] = std::from_chars(text.data(), end, whole);
+      error == std::errc() && stop == end) {
+    lua_pushinteger(state, whole);
+    return;
+  }
+  double number = 0;
+  std::from_chars(text.data(), end, number);
+  lua_pushnumber(state, number);
+}
+
+void pushField(lua_State* state, const Recordset& rows, int column) {
+  const auto field = rows.field(column);
+  if (!field) {
+    lua_pushnil(state);
+  } else if (rows.numeric(column)) {
+    pushNumber(state, *field);
+  } else {
+    pushText(state, *field);
+  }
+}
+
+std::vector<std::string> lowerCaseNames(const Recordset& rows) {
+  std::vector<std::string> names;
+  for (int column = 0; column < rows.fieldCount(); ++column) {
+    std::string name(rows.fieldName(column));
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    names.push_back(std::move(name));
+  }
+  return names;
+}
+
+int query(Call& call) {
+  lua_State* state = call.state();
+  const RecordsetPtr rows = call.session().practice.database().query(call.text(1));
+  const auto names = lowerCaseNames(*rows);
+  lua_newtable(state);
+  for (lua_Integer position = 1; !rows->EOF_(); rows->MoveNext(), ++position) {
+    lua_newtable(state);
+    for (int column = 0; column < rows->fieldCount(); ++column) {
+      pushField(state, *rows, column);
+      lua_pushvalue(state, -1);
+      lua_rawseti(state, -3, column + 1);
+      lua_setfield(state, -2, names[static_cast<std::size_t>(column)].c_str());
+    }
+    lua_rawseti(state, -2, position);
+  }
+  return 1;
+}
+
+int exec(Call& call) {
+  const std::string sql = call.text(1);
+  call.session().practice.database().execute(sql);
+  call.session().practice.service().executedElsewhere(sql);
+  return call.none();
+}
+
+int statements(Call& call) {
+  return call.give(call.session().practice.service().statements().take());
+}
+
+int fail(Call& call) {
+  call.session().practice.service().statements().failNext(call.text(1));
+  return call.none();
+}
+
+int log(Call& call) {
+  std::vector<std::string> lines;
+  std::ifstream file(std::filesystem::path(call.session().practice.service().ExePath()) /
+                     "TalLog.log");
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return call.give(lines);
+}
+
+}  // namespace
+
+void addDataFunctions(lua_State* state) {
+  const luaL_Reg functions[] = {{"add_client", entry<addClient>},
+                                {"query", entry<query>},
+                                {"exec", entry<exec>},
+                                {"statements", entry<statements>},
+                                {"fail", entry<fail>},
+                                {"log", entry<log>},
+                                {nullptr, nullptr}};
+  luaL_setfuncs(state, functions, 0);
+}
+
+}  // namespace quillet::script
