@@ -1,0 +1,51 @@
+// Many rows into one table with few statements: rows are collected and sent together once they make
+// a good-sized statement.
+#pragma once
+
+#include <concepts>
+#include <string>
+#include <string_view>
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+class BulkInsert {
+ public:
+  // `target` is the table, with its columns where not all are given:
+  // "Mast_Part(PartId,Particular)".
+  BulkInsert(Database& database, std::string_view target);
+
+  // One row: whole numbers go in bare, texts are escaped and quoted. Decimal numbers are for the
+  // caller to write, as a Number.
+  template <class... Values>
+  void row(const Values&... values) {
+    sql_ += rows_++ == 0 ? head_ + "(" : ",(";
+    std::string_view separator;
+    ((sql_ += separator, add(values), separator = ","), ...);
+    sql_ += ')';
+    if (sql_.size() > kEnough) send();
+  }
+
+  // Sends what is left. Not done by a destructor: it can fail.
+  void send();
+
+  struct Number {
+    std::string text;
+  };
+
+ private:
+  // Well below the smallest packet size that a server is set up with.
+  static constexpr std::size_t kEnough = 256 * 1024;
+
+  void add(std::integral auto value) { sql_ += std::to_string(value); }
+  void add(const Number& number) { sql_ += number.text; }
+  void add(std::string_view text);
+
+  Database& database_;
+  std::string head_;
+  std::string sql_;
+  int rows_ = 0;
+};
+
+}  // namespace quillet::suite
