@@ -1,0 +1,274 @@
+// Focus, keys and the models' own editing, without a database or a window.
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "controls/choice.h"
+#include "controls/control_array.h"
+#include "controls/desk.h"
+#include "controls/grid.h"
+#include "controls/mask_box.h"
+#include "controls/text_box.h"
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+class SampleForm : public Form {
+ public:
+  explicit SampleForm(Desk& desk, const std::string& name = "sample") : Form(desk, name) {
+    for (Control* control : controls()) {
+      const std::string who = control->name();
+      control->GotFocus = [this, who] { events.push_back(who + " got"); };
+      control->LostFocus = [this, who] { events.push_back(who + " lost"); };
+    }
+    KeyPress = [this](Key& key) {
+      if (key == U'\'') key = keys::none;
+    };
+  }
+  Node layout() override {
+    return column({item(first), framed(frame, {item(second)}), item(third), item(go)});
+  }
+  void fail(const std::exception& error) {
+    trap("FAIL", [&] { throw std::runtime_error(error.what()); });
+  }
+  std::vector<std::string> take() { return std::exchange(events, {}); }
+
+  std::vector<std::string> events;
+  TextBox first{*this, "first"};
+  Frame frame{*this, "frame"};
+  TextBox second{*this, "second"};
+  TextBox third{*this, "third"};
+  Button go{*this, "go", "&Go"};
+  ControlArray<OptionButton> option{*this, "option", {"One", "Two"}};
+  MenuEntry heading{*this, "heading", "&Menu"};
+  MenuEntry command{*this, "command", "&Command", &heading};
+};
+
+class ControlsTest : public ::testing::Test {
+ protected:
+  ControlsTest() {
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    form.layout();
+    form.show();
+    form.take();
+  }
+  void type(const std::string& text) {
+    for (const char32_t c : charactersOf(text)) form.press(c);
+  }
+  using Events = std::vector<std::string>;
+
+  Desk desk;
+  SampleForm form{desk};
+};
+
+TEST_F(ControlsTest, FocusMovesInTheOrderOfEvents) {
+  form.first.Validate = [&](bool&) { form.events.emplace_back("first validate"); };
+  EXPECT_TRUE(form.focus(form.second));
+  EXPECT_EQ(form.take(), (Events{"first validate", "first lost", "second got"}));
+  form.press(keys::Tab);
+  EXPECT_EQ(form.active(), &form.third);
+  form.press(keys::BackTab);
+  EXPECT_EQ(form.active(), &form.second);
+}
+
+TEST_F(ControlsTest, ValidateKeepsTheFocus) {
+  form.first.Validate = [](bool& cancel) { cancel = true; };
+  EXPECT_FALSE(form.focus(form.second));
+  EXPECT_FALSE(form.click(form.go));
+  EXPECT_EQ(form.active(), &form.first);
+  EXPECT_TRUE(form.take().empty());
+}
+
+TEST_F(ControlsTest, HandlersMayRedirectTheFocusAndCannotHang) {
+  form.first.LostFocus = [&] { form.focus(form.third); };
+  form.focus(form.second);
+  EXPECT_EQ(form.active(), &form.third);
+  // Two boxes that push the focus to each other for ever.
+  form.first.GotFocus = [&] { form.focus(form.second); };
+  form.second.GotFocus = [&] { form.focus(form.first); };
+  form.focus(form.first);
+  EXPECT_TRUE(form.active() == &form.first || form.active() == &form.second);
+}
+
+TEST_F(ControlsTest, AThrowingHandlerDoesNotJamTheFocus) {
+  form.second.GotFocus = [] { throw std::runtime_error("no"); };
+  EXPECT_THROW(form.focus(form.second), std::runtime_error);
+  EXPECT_TRUE(form.focus(form.third));
+}
+
+TEST_F(ControlsTest, WhatIsHiddenOrDisabledIsPassedOver) {
+  form.frame.setVisible(false);
+  EXPECT_FALSE(form.second.shown());
+  EXPECT_FALSE(form.focus(form.second));
+  form.press(keys::Tab);
+  EXPECT_EQ(form.active(), &form.third);
+  form.third.setEnabled(false);
+  form.settle();
+  EXPECT_EQ(form.active(), &form.go);
+  form.heading.setEnabled(false);
+  EXPECT_FALSE(form.click(form.command));
+}
+
+TEST_F(ControlsTest, KeysPassTheFormBeforeTheControl) {
+  form.first.KeyPress = [](Key& key) { key = upperCase(key); };
+  type("o'bé🙂");
+  EXPECT_EQ(form.first.text(), "OBÉ🙂");
+  form.first.KeyDown = [](Key& key) {
+    if (key == keys::Backspace) key = keys::none;
+  };
+  form.press(keys::Backspace);
+  EXPECT_EQ(form.first.text(), "OBÉ🙂");
+}
+
+TEST_F(ControlsTest, TextIsEditedByCharacters) {
+  int changes = 0;
+  int refused = 0;
+  form.first.Change = [&] { ++changes; };
+  form.first.Overflow = [&] { ++refused; };
+  form.first.maxLength = 4;
+  type("é🙂bcd");
+  EXPECT_EQ(form.first.text(), "é🙂bc");
+  EXPECT_EQ(refused, 1);
+  form.press(keys::Home);
+  form.press(keys::Right);
+  form.press(keys::Delete);
+  EXPECT_EQ(form.first.text(), "ébc");
+  form.first.selectAll();
+  type("x");
+  EXPECT_EQ(form.first.text(), "x");
+  EXPECT_EQ(changes, 6);
+  form.first.edited("abcdefgh", 8);
+  EXPECT_EQ(form.first.text(), "abcd");
+  EXPECT_EQ(refused, 2);
+  form.first.setLocked(true);
+  type("y");
+  EXPECT_EQ(form.first.text(), "abcd");
+}
+
+TEST_F(ControlsTest, OneOptionOfAnArrayIsChosen) {
+  form.click(form.option[0]);
+  form.click(form.option[1]);
+  EXPECT_FALSE(form.option[0].checked());
+  EXPECT_TRUE(form.option[1].checked());
+  EXPECT_EQ(form.find("OPTION", 1), &form.option[1]);
+  EXPECT_TRUE(form.isArray("option"));
+  form.option.unload();
+  EXPECT_EQ(form.find("option", 1), nullptr);
+}
+
+TEST_F(ControlsTest, TrappedErrorsNameFormAndProcedure) {
+  std::string where;
+  desk.onError = [&](const std::string& location, const std::exception&) { where = location; };
+  form.fail(std::runtime_error("broken"));
+  EXPECT_EQ(where, "sample\tFAIL");
+}
+
+TEST_F(ControlsTest, AModalFormCoversTheOthersAndReportsItsEnd) {
+  SampleForm second(desk, "second");
+  int closed = 0;
+  second.showModal([&] { ++closed; });
+  EXPECT_EQ(desk.active(), &second);
+  EXPECT_FALSE(desk.bringToFront(form));
+  EXPECT_TRUE(second.close());
+  EXPECT_EQ(closed, 1);
+  EXPECT_EQ(desk.active(), &form);
+  EXPECT_EQ(desk.find("SAMPLE"), &form);
+}
+
+// --- mask box, choice, grid ---------------------------------------------------------------------
+
+class OtherForm : public Form {
+ public:
+  explicit OtherForm(Desk& desk) : Form(desk, "other") {
+    grid.setColumns({{.heading = "Name"},
+                     {.heading = "Amount", .numeric = true},
+                     {.heading = "Pick", .tick = true},
+                     {.heading = "Id", .hidden = true}});
+  }
+  Node layout() override { return item(grid); }
+  MaskBox date{*this, "date", "", -1, '#'};
+  ComboBox combo{*this, "combo"};
+  Grid grid{*this, "grid"};
+};
+
+class ModelsTest : public ::testing::Test {
+ protected:
+  Desk desk;
+  OtherForm form{desk};
+};
+
+TEST_F(ModelsTest, AMaskTakesDigitsInItsPlaces) {
+  const struct {
+    const char* start;
+    std::u32string keys;
+    const char* shown;
+  } cases[] = {
+      {"##/##/####", U"01042008", "01/04/2008"}, {"##/##/####", U"1/4", "1#/4#/####"},
+      {"01/04/####", U"2008", "01/04/2008"},     {"01/04/####", U"20089", "01/04/2008"},
+      {"01/04/2008", U"\b\b", "01/04/20##"},     {"01/04/####", U"\b\b\b", "01/##/####"},
+      {"##/##/####", U"\b\b", "##/##/####"},     {"not a date", U"", "##/##/####"},
+      {"01-04-2008", U"x", "##/##/####"},
+  };
+  for (const auto& c : cases) {
+    form.date.setText(c.start);
+    form.date.act(keys::End);
+    for (const char32_t key : c.keys) form.date.act(key);
+    EXPECT_EQ(form.date.text(), c.shown) << c.start;
+  }
+}
+
+TEST_F(ModelsTest, AComboFollowsFirstLetters) {
+  for (const char* name : {"Banks", "Capital", "Cash", "Éclair"}) form.combo.addItem(name, 7);
+  form.combo.act(U'c');
+  EXPECT_EQ(form.combo.text(), "Capital");
+  form.combo.act(U'c');
+  EXPECT_EQ(form.combo.text(), "Cash");
+  form.combo.act(U'c');
+  EXPECT_EQ(form.combo.text(), "Capital");
+  form.combo.act(U'é');
+  EXPECT_EQ(form.combo.text(), "Éclair");
+  EXPECT_EQ(form.combo.find("cASH"), 3);
+  form.combo.clearItems();
+  form.combo.act(keys::Down);
+  EXPECT_EQ(form.combo.chosen(), 0);
+}
+
+TEST_F(ModelsTest, AGridKeepsItsCurrentRowThroughChanges) {
+  for (const char* amount : {"9.00", "10.00", "(3.00)", "1,000.00"}) {
+    form.grid.addRow({std::string("r") + amount, amount});
+  }
+  form.grid.setCurrent(2);
+  form.grid.sortBy(1);
+  EXPECT_EQ(form.grid.cell(1, 1), "(3.00)");
+  EXPECT_EQ(form.grid.cell(4, 1), "1,000.00");
+  EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "10.00");
+  form.grid.sortBy(1);
+  EXPECT_EQ(form.grid.cell(1, 1), "1,000.00");
+  form.grid.insertRow(1, {"first"});
+  EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "10.00");
+  form.grid.setRowHidden(4, true);
+  form.grid.act(keys::Down);
+  EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "(3.00)");
+  form.grid.removeRow(5);
+  EXPECT_EQ(form.grid.current(), 4);
+  EXPECT_THROW(form.grid.cell(9, 0), std::out_of_range);
+}
+
+TEST_F(ModelsTest, TicksAndEditsReportTheirCell) {
+  int edits = 0;
+  form.grid.AfterEdit = [&](int row, int column) { edits += row * 10 + column; };
+  form.grid.addRow({"a"});
+  form.grid.setCurrent(1);
+  form.grid.act(keys::Space);
+  EXPECT_TRUE(form.grid.ticked(1));
+  form.grid.edit(1, 0, "b");
+  EXPECT_EQ(form.grid.cell(1, 0), "a") << "the column is not editable";
+  EXPECT_EQ(edits, 12);
+}
+
+}  // namespace
+}  // namespace quillet
