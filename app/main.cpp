@@ -1,1 +1,46 @@
-int main() { return 0; }
+// Puts the pieces together.
+#include <clocale>
+#include <exception>
+#include <iostream>
+
+#include "app/new_folder.h"
+#include "app/options.h"
+#include "app/run_desktop.h"
+#include "app/run_script.h"
+
+namespace {
+
+using quillet::app::Options;
+
+int run(const Options& options) {
+  switch (options.command) {
+    case Options::Command::init:
+      quillet::app::makeFolder(
+          options.data.empty() ? quillet::suite::DataFolder::standard() : options.data,
+          options.empty ? quillet::app::Contents::starterGroups : quillet::app::Contents::sample,
+          options.force);
+      return 0;
+    case Options::Command::script:
+      return quillet::app::runScript(options);
+    case Options::Command::open:
+      break;
+  }
+  return quillet::app::runDesktop(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Letters of every script have their upper case; numbers keep their point in any locale.
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  try {
+    return run(quillet::app::parseOptions(argc, argv));
+  } catch (const quillet::app::Finished& finished) {
+    (finished.status() == 0 ? std::cout : std::cerr)
+        << (finished.status() == 0 ? "" : "quillet: ") << finished.what() << '\n';
+    return finished.status();
+  } catch (const std::exception& error) {
+    std::cerr << "quillet: " << error.what() << '\n';
+    return 1;
+  }
+}

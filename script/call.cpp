@@ -1,20 +1,14 @@
 #include "script/call.h"
 
-#include <cstring>
 #include <limits>
 
 namespace quillet::script {
 
 void attachSession(lua_State* state, Session& session) {
-  Session* pointer = &session;
-  std::memcpy(lua_getextraspace(state), &pointer, sizeof pointer);
+  *static_cast<Session**>(lua_getextraspace(state)) = &session;
 }
 
-Session& Call::session() const {
-  Session* pointer = nullptr;
-  std::memcpy(&pointer, lua_getextraspace(state_), sizeof pointer);
-  return *pointer;
-}
+Session& Call::session() const { return **static_cast<Session**>(lua_getextraspace(state_)); }
 
 int attempt(lua_State* state, Function function) noexcept {
   try {
@@ -70,7 +64,7 @@ std::optional<std::string> Call::field(int n, const char* name) const {
   lua_pushstring(state_, name);
   lua_rawget(state_, n);
   const Call value(state_);
-  const auto text = value.textOrNil(count());
+  auto text = value.textOrNil(count());
   lua_pop(state_, 1);
   return text;
 }
@@ -125,9 +119,10 @@ void setText(lua_State* state, const char* field, std::string_view text) {
 
 void pushTexts(lua_State* state, const std::vector<std::string>& texts) {
   lua_createtable(state, static_cast<int>(texts.size()), 0);
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    pushText(state, texts[i]);
-    lua_rawseti(state, -2, static_cast<lua_Integer>(i + 1));
+  lua_Integer position = 0;
+  for (const std::string& text : texts) {
+    pushText(state, text);
+    lua_rawseti(state, -2, ++position);
   }
 }
 

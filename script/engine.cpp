@@ -50,14 +50,20 @@ int addLine(lua_State* state) {
 
 // --- os.exit ------------------------------------------------------------------------------------
 
-// No pcall holds a script that wants to end: every further instruction ends it again.
-void endAgain(lua_State* state, lua_Debug*) { lua_error(state); }
+// No pcall and no coroutine holds a script that wants to end: every further instruction ends it
+// again.
+void endAgain(lua_State* state, lua_Debug*) {
+  lua_pushnil(state);
+  lua_error(state);
+}
 
 // Ends the script, not the process: the database is to be closed in order.
 int exitScript(lua_State* state) {
   const bool failed = lua_isboolean(state, 1) && lua_toboolean(state, 1) == 0;
   lua_pushinteger(state, failed ? 1 : luaL_optinteger(state, 1, 0));
   lua_setfield(state, LUA_REGISTRYINDEX, exitKey);
+  lua_rawgeti(state, LUA_REGISTRYINDEX, LUA_RIDX_MAINTHREAD);
+  lua_sethook(lua_tothread(state, -1), endAgain, LUA_MASKCOUNT, 1);
   lua_sethook(state, endAgain, LUA_MASKCOUNT, 1);
   lua_pushnil(state);
   return lua_error(state);

@@ -1,0 +1,55 @@
+#include "app/new_folder.h"
+
+#include <fstream>
+#include <stdexcept>
+
+#include "app/apart.h"
+#include "suite/clocks.h"
+#include "suite/headless_front_end.h"
+#include "suite/queued_dialogs.h"
+#include "suite/sample_practice.h"
+#include "suite/standalone.h"
+#include "suite/starter_data.h"
+
+namespace quillet::app {
+namespace {
+
+namespace fs = std::filesystem;
+using suite::DataFolder;
+
+// Stands in a data folder until all of it was written.
+fs::path marker(const fs::path& path) { return path / "being-made"; }
+
+void fill(const DataFolder& folder, Contents contents) {
+  suite::QueuedDialogs dialogs;
+  suite::HeadlessFrontEnd frontEnd(dialogs);
+  suite::SystemClock clock;
+  suite::Practice practice(folder, frontEnd, clock);
+  suite::installStarterData(practice.database());
+  if (contents == Contents::sample) suite::installSamplePractice(practice.database());
+}
+
+}  // namespace
+
+void makeFolder(const fs::path& path, Contents contents, bool replace) {
+  const DataFolder folder = DataFolder::create(
+      path, replace ? DataFolder::Existing::replace : DataFolder::Existing::refuse);
+  std::ofstream(marker(folder.root())) << "This data folder is not complete yet.\n";
+  runApart([&] { fill(folder, contents); });
+  fs::remove(marker(folder.root()));
+}
+
+fs::path folderToOpen(const fs::path& named) {
+  const fs::path path = named.empty() ? DataFolder::standard() : named;
+  const bool interrupted = fs::exists(marker(path));
+  if (named.empty() && (interrupted || !DataFolder::isOne(path))) {
+    makeFolder(path, Contents::sample, interrupted);
+  } else if (interrupted) {
+    throw std::runtime_error("The folder " + path.string() +
+                             " was not made completely. Make it anew with: quillet --data " +
+                             path.string() + " init --force");
+  }
+  return path;
+}
+
+}  // namespace quillet::app

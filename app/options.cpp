@@ -1,0 +1,57 @@
+#include "app/options.h"
+
+#include <CLI/CLI.hpp>
+
+namespace quillet::app {
+namespace {
+
+// Everything from the script's file on belongs to the script, whatever it looks like.
+void takeScript(const CLI::App& command, Options& options) {
+  std::vector<std::string> rest = command.remaining();
+  if (rest.empty()) throw Finished(2, "script: FILE.lua is missing");
+  if (rest.front().starts_with('-')) {
+    throw Finished(2, "script: there is no option " + rest.front());
+  }
+  options.file = rest.front();
+  options.arguments.assign(rest.begin() + 1, rest.end());
+}
+
+std::string firstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+
+}  // namespace
+
+Options parseOptions(int argc, const char* const* argv) {
+  Options options;
+  std::string data;
+  CLI::App app("Keeps the trial balances of an accounting practice.", "quillet");
+  app.set_version_flag("--version", "quillet " QUILLET_VERSION);
+  app.add_option("--data", data, "The data folder; without it the one in your data home")
+      ->type_name("DIR");
+  app.require_subcommand(0, 1);
+
+  CLI::App* init = app.add_subcommand("init", "Creates a data folder with the sample practice");
+  init->add_flag("--empty", options.empty, "With the starter groups only");
+  init->add_flag("--force", options.force, "Replaces a data folder that exists");
+
+  CLI::App* script = app.add_subcommand(
+      "script", "Runs a Lua script against the forms: script [--show] FILE.lua [ARG...]");
+  script->add_flag("--show", options.show, "Plays on the real windows");
+  script->prefix_command();
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() != 0) throw Finished(2, firstLine(error.what()));
+    throw Finished(0, error.get_name() == "CallForVersion" ? error.what() : app.help());
+  }
+  if (app.count("--data") > 0 && data.empty()) throw Finished(2, "--data: DIR is empty");
+  options.data = data;
+  if (*init) options.command = Options::Command::init;
+  if (*script) {
+    options.command = Options::Command::script;
+    takeScript(*script, options);
+  }
+  return options;
+}
+
+}  // namespace quillet::app

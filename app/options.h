@@ -1,0 +1,38 @@
+// The command line.
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace quillet::app {
+
+struct Options {
+  enum class Command { open, init, script };
+  Command command = Command::open;
+
+  std::filesystem::path data;  // empty: the folder in the user's data home
+  bool empty = false;          // init: the starter groups only
+  bool force = false;          // init: replaces a data folder that exists
+
+  bool show = false;  // script: plays on the real windows
+  std::filesystem::path file;
+  std::vector<std::string> arguments;
+};
+
+// There is nothing more to do: the help or the version was asked for, or the usage was wrong.
+class Finished : public std::runtime_error {
+ public:
+  Finished(int status, const std::string& text) : std::runtime_error(text), status_(status) {}
+  // 0: the text goes to standard output; 2: to standard error.
+  int status() const { return status_; }
+
+ private:
+  int status_;
+};
+
+// Throws Finished.
+Options parseOptions(int argc, const char* const* argv);
+
+}  // namespace quillet::app
