@@ -44,6 +44,8 @@ void Form::show() {
   }
   if (!loaded_) {
     loaded_ = true;
+    // Before loading: what stands in a hidden frame cannot take the focus then.
+    if (arrangementVersion_ == 0) arrangementChanged();
     load();
   }
   visible_ = true;
@@ -72,6 +74,12 @@ bool Form::close() {
   const auto closed = std::exchange(closed_, {});
   fire(closed);
   return true;
+}
+
+void Form::arrangementChanged() {
+  arrangement_ = layout();
+  ++arrangementVersion_;
+  touch();
 }
 
 void Form::resized() { resize(); }

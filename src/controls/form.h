@@ -37,7 +37,12 @@ class Form {
   bool visible() const { return visible_; }
   bool modal() const { return modal_; }
 
-  // The arrangement, asked for once after loading.
+  // The arrangement as it stands now; made from layout() when the form is shown and whenever a form
+  // says that it changed (rows of controls were added or removed). Views compare the version.
+  const Node& arrangement() const { return arrangement_; }
+  unsigned arrangementVersion() const { return arrangementVersion_; }
+  void arrangementChanged();
+  // Describes the arrangement.
   virtual Node layout() = 0;
 
   // Controls in the order in which they were made.
@@ -115,6 +120,8 @@ class Form {
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
+  Node arrangement_;
+  unsigned arrangementVersion_ = 0;
   Control* active_ = nullptr;
   Control* redirected_ = nullptr;  // where a handler sent the focus while it was moving
   bool moving_ = false;

@@ -52,7 +52,6 @@ class ControlsTest : public ::testing::Test {
  protected:
   ControlsTest() {
     std::setlocale(LC_CTYPE, "C.UTF-8");
-    form.layout();
     form.show();
     form.take();
   }

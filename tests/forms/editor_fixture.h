@@ -1,0 +1,72 @@
+// An editor open on a client's year, with one more client in the same tables.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/text.h"
+#include "editor/frmcrtb.h"
+#include "home/third.h"
+#include "support/practice.h"
+
+namespace quillet::support {
+
+class EditorTest : public PracticeTest {
+ protected:
+  using Rows = std::vector<std::vector<std::string>>;
+
+  EditorTest() {
+    addClient("C1", "Asha Traders");
+    addClient("C2", "Neighbour & Co");
+    group("CAPITAL", 1);
+    group("BANKS", 9);
+    group("RENT", 22);
+    group("SALES", 15);
+  }
+
+  frmcrtb& open(const std::string& client, int firstYear) {
+    select(client, firstYear);
+    auto& form = static_cast<frmcrtb&>(*practice.forms().ObjCreate());
+    form.close();
+    form.show();
+    statements();
+    return form;
+  }
+
+  // As a person does it: to the field, over what stands there, key by key.
+  static void type(TextBox& box, const std::string& text) {
+    ASSERT_TRUE(box.form().focus(box)) << box.name();
+    box.selectAll();
+    if (text.empty()) box.form().press(keys::Delete);
+    for (const char32_t c : charactersOf(text)) box.form().press(c);
+  }
+  static void enter(frmcrtb& form, const std::string& ledger, const std::string& group,
+                    const std::string& amount, const std::string& side) {
+    type(form.txtpart, ledger);
+    type(form.txtgroup, group);
+    type(form.txtamount, amount);
+    type(form.txtdrcr, side);
+    form.press(keys::Enter);
+  }
+
+  // The shown cells of the grid's rows.
+  static Rows shown(const Grid& grid) {
+    Rows all;
+    for (int r = 1; r <= grid.rows(); ++r) {
+      std::vector<std::string> cells;
+      for (int c = 0; c < grid.cols(); ++c) {
+        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
+      }
+      all.push_back(std::move(cells));
+    }
+    return all;
+  }
+  Rows stored(const std::string& table, const std::string& client = "C1") {
+    return rows("select srno,particular,allgrp,amt,nid from " + table +
+                " t join mast_part p on p.partid=t.partid join mast_allgrp g on g.allid=t.allid "
+                "where code_no='" +
+                client + "' order by srno");
+  }
+};
+
+}  // namespace quillet::support
