@@ -30,7 +30,7 @@ struct Client {
 // regard to case), no name, a text that is too long, a date that is none. Nothing is written then.
 void addClient(Database& database, const Client& client);
 
-// Makes TempClTbl agree with the register; done at start-up.
-void rebuildClientList(Database& database);
+// Makes TempClTbl anew when it does not hold as many clients as the register; done at start-up.
+void completeClientList(Database& database);
 
 }  // namespace quillet::suite

@@ -20,8 +20,8 @@ class DataFolder {
 
   enum class Existing { refuse, replace };
   // Makes a new one. Throws std::runtime_error when something other than an empty folder is there;
-  // with `replace` a data folder of ours is emptied first. Never removes what is not ours and never
-  // follows a link out of the folder.
+  // with `replace` a data folder of ours, which nobody works on, is emptied first. Never removes
+  // what is not ours and never follows a link out of the folder.
   static DataFolder create(const std::filesystem::path& path, Existing existing = Existing::refuse);
   // Throws std::runtime_error that names the path when no data folder is there.
   static DataFolder open(const std::filesystem::path& path);

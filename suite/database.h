@@ -17,8 +17,8 @@ class Database : public Connection {
  public:
   // Starts the embedded server on the folder (made when missing) and opens the schema "quillet".
   // Throws std::runtime_error with a message that names the folder when another process holds it,
-  // when it cannot be written or when it is damaged; the folder is then untouched. One at a time in
-  // a process; it can be closed and another folder opened.
+  // when it cannot be written or when it is damaged; the folder is then untouched. Once in a
+  // process: the server library does not survive a second start.
   static std::unique_ptr<Database> openEmbedded(const std::filesystem::path& folder);
 
   struct Server {

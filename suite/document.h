@@ -42,9 +42,15 @@ class Document {
  public:
   const std::vector<ReportHeading>& headings() const { return headings_; }
   const std::vector<ReportRow>& rows() const { return rows_; }
-  // How many columns the widest row of a table has; rows with fewer cells leave the rest empty, or
-  // spread over it when they are heading rows.
+  // How many columns the widest row of a table has.
   std::size_t columns(int table = 0) const;
+  // The columns that a cell stands over: one, but a heading row of fewer cells than the table has
+  // columns spreads those after its first evenly over the rest, as "Original" over its two amounts.
+  struct Span {
+    std::size_t first;
+    std::size_t count;
+  };
+  Span spanOf(const ReportRow& row, std::size_t cell) const;
   int tables() const { return tables_; }
 
   // Told by the reporter.
@@ -64,6 +70,7 @@ class Document {
  private:
   std::vector<ReportHeading> headings_;
   std::vector<ReportRow> rows_;
+  std::vector<std::size_t> columns_;  // of each table
   int tables_ = 0;
   bool emphasis_ = false;  // what the last code said
 };

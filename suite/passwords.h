@@ -2,7 +2,6 @@
 // password is open to everybody.
 #pragma once
 
-#include <set>
 #include <string>
 
 #include "suite/database.h"

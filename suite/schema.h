@@ -2,7 +2,9 @@
 // Rows are never touched and nothing is ever dropped.
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <string>
 
 #include "suite/database.h"
 
@@ -13,6 +15,9 @@ namespace quillet::suite {
 // to do. Returns how many statements it needed, 0 when all was there.
 long completeSchema(Database& database, long tableCount,
                     const std::function<void(long done, long total)>& progress = {});
+
+// A ledger's name may be so many characters long.
+inline constexpr std::size_t ledgerNameLength = 100;
 
 // The suffix that per-year tables of that number carry: "01", "02"; "" below 1.
 std::string tableSuffix(long number);

@@ -99,6 +99,7 @@ class Service : public ServiceObject {
   class Windows;  // main page, popup menu, help: one line each to the front end
   bool refusedNow(const std::string& operation);
   void showDialog(std::unique_ptr<Form> form);
+  Desk& desk();
 
   const DataFolder& folder_;
   Settings& settings_;

@@ -11,6 +11,9 @@ namespace quillet::suite {
 
 class Settings {
  public:
+  // How every settings file begins; a data folder is known by it.
+  static constexpr const char* firstLine = "; Quillet data folder";
+
   // Reads the file; a missing one gives no settings.
   explicit Settings(std::filesystem::path file);
 

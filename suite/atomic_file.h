@@ -1,0 +1,12 @@
+// Writes a file completely or not at all: after a crash it holds its old content or the new one.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace quillet::suite {
+
+// Throws std::runtime_error that names the file when it cannot be written; the old one stays.
+void writeAtomically(const std::filesystem::path& file, std::string_view content);
+
+}  // namespace quillet::suite

@@ -1,0 +1,92 @@
+#include "suite/data_folder.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include "suite/folder_lock.h"
+#include "suite/settings.h"
+
+namespace quillet::suite {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isEmptyOrMissing(const fs::path& path) {
+  return !fs::exists(path) || (fs::is_directory(path) && fs::is_empty(path));
+}
+
+// Removes what a data folder consists of and nothing else that somebody may have put there. A link
+// is removed, not what it points to.
+void clear(const DataFolder& folder) {
+  for (const fs::path& part : {folder.database(), folder.program(), folder.documents()}) {
+    fs::remove_all(part);
+  }
+  fs::remove(folder.settings());
+}
+
+}  // namespace
+
+fs::path DataFolder::standard() {
+  const char* data = std::getenv("XDG_DATA_HOME");
+  if (data != nullptr && fs::path(data).is_absolute()) return fs::path(data) / "quillet";
+  const char* home = std::getenv("HOME");
+  if (home == nullptr || *home == '\0') {
+    throw std::runtime_error(
+        "There is no home folder to keep the data in; name a folder with --data.");
+  }
+  return fs::path(home) / ".local" / "share" / "quillet";
+}
+
+bool DataFolder::isOne(const fs::path& path) {
+  std::ifstream file(path / "settings.ini");
+  std::string first;
+  return fs::is_directory(path) && std::getline(file, first) && first == Settings::firstLine;
+}
+
+DataFolder DataFolder::create(const fs::path& path, Existing existing) {
+  const DataFolder folder(fs::absolute(path).lexically_normal());
+  if (isOne(folder.root())) {
+    if (existing == Existing::refuse) {
+      throw std::runtime_error("There is a data folder in " + folder.root().string() + " already.");
+    }
+    if (fs::is_directory(folder.database())) {
+      const FolderLock nobodyWorksThere(folder.database());
+      clear(folder);
+    } else {
+      clear(folder);
+    }
+  } else if (!isEmptyOrMissing(folder.root())) {
+    throw std::runtime_error("The folder " + folder.root().string() +
+                             " holds other files. Nothing was changed.");
+  }
+  std::error_code error;
+  fs::create_directories(folder.root(), error);
+  if (error) {
+    throw std::runtime_error("The folder " + folder.root().string() +
+                             " cannot be made: " + error.message() + ".");
+  }
+  // Marks the folder as ours before anything else is in it, so that a start that is cut short
+  // leaves a folder that opens.
+  Settings(folder.settings()).set("Suite", "TableCount", "40");
+  return open(folder.root());
+}
+
+DataFolder DataFolder::open(const fs::path& path) {
+  const DataFolder folder(fs::absolute(path).lexically_normal());
+  if (!isOne(folder.root())) {
+    throw std::runtime_error("There is no data folder in " + folder.root().string() + ".");
+  }
+  for (const fs::path& part : {folder.program() / "Databases", folder.documents()}) {
+    std::error_code error;
+    fs::create_directories(part, error);
+    if (error) {
+      throw std::runtime_error("The folder " + part.string() +
+                               " cannot be made: " + error.message() + ".");
+    }
+  }
+  return folder;
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,199 @@
+#include "suite/database.h"
+
+#include <mysql.h>
+
+#include <cstdlib>
+#include <stdexcept>
+#include <vector>
+
+#include "data/errors.h"
+#include "suite/embedded_server.h"
+#include "suite/utf8.h"
+
+namespace quillet::suite {
+namespace {
+
+constexpr const char* source = "MariaDB";
+constexpr const char* charset = "utf8mb4";
+// Tells letters apart but not their case, and ignores blanks at the end. Older servers and MySQL
+// lack it; the other takes accented letters for plain ones as well.
+constexpr const char* wantedCollation = "utf8mb4_uca1400_as_ci";
+constexpr const char* knownCollation = "utf8mb4_general_ci";
+
+// The rows stay where the client library put them.
+class StoredRows : public Recordset {
+ public:
+  StoredRows(MYSQL_RES* result, unsigned long rows)
+      : result_(result), count_(static_cast<long>(rows)) {
+    if (result_ == nullptr) return;
+    fields_ = mysql_fetch_fields(result_);
+    fieldCount_ = static_cast<int>(mysql_num_fields(result_));
+    MoveNext();
+  }
+  ~StoredRows() override { mysql_free_result(result_); }
+  StoredRows(const StoredRows&) = delete;
+  StoredRows& operator=(const StoredRows&) = delete;
+
+  bool EOF_() const override { return row_ == nullptr; }
+  void MoveNext() override {
+    if (result_ == nullptr) return;
+    row_ = mysql_fetch_row(result_);
+    lengths_ = row_ == nullptr ? nullptr : mysql_fetch_lengths(result_);
+  }
+  long RecordCount() const override { return count_; }
+  int fieldCount() const override { return fieldCount_; }
+  std::string_view fieldName(int column) const override {
+    checkColumn(column);
+    return {fields_[column].name, fields_[column].name_length};
+  }
+  std::optional<std::string_view> field(int column) const override {
+    checkColumn(column);
+    if (row_ == nullptr) {
+      throw RunTimeError(3021, "There is no current record.", source);
+    }
+    if (row_[column] == nullptr) return std::nullopt;
+    return std::string_view(row_[column], lengths_[column]);
+  }
+  bool numeric(int column) const override {
+    checkColumn(column);
+    return IS_NUM(fields_[column].type);
+  }
+
+ private:
+  void checkColumn(int column) const {
+    if (column < 0 || column >= fieldCount_) {
+      throw RunTimeError(3265, "There is no column " + std::to_string(column) + ".", source);
+    }
+  }
+
+  MYSQL_RES* result_;
+  MYSQL_FIELD* fields_ = nullptr;
+  MYSQL_ROW row_ = nullptr;
+  unsigned long* lengths_ = nullptr;
+  long count_;
+  int fieldCount_ = 0;
+};
+
+bool isPlainName(const std::string& name) {
+  return !name.empty() && name.find_first_not_of(
+                              "abcdefghijklmnopqrstuvwxyz"
+                              "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string::npos;
+}
+
+}  // namespace
+
+class Database::Impl {
+ public:
+  explicit Impl(std::unique_ptr<EmbeddedServer> server)
+      : server_(std::move(server)), connection_(mysql_init(nullptr)) {
+    if (connection_ == nullptr) throw std::bad_alloc();
+    mysql_options(connection_, MYSQL_SET_CHARSET_NAME, charset);
+  }
+  ~Impl() { mysql_close(connection_); }
+  Impl(const Impl&) = delete;
+  Impl& operator=(const Impl&) = delete;
+
+  MYSQL* connection() { return connection_; }
+
+  void send(const std::string& sql) {
+    if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+    if (mysql_real_query(connection_, sql.data(), sql.size()) != 0) fail();
+  }
+  RecordsetPtr rows() {
+    MYSQL_RES* result = mysql_store_result(connection_);
+    if (result == nullptr && mysql_errno(connection_) != 0) fail();
+    return std::make_unique<StoredRows>(result, result == nullptr ? 0 : mysql_num_rows(result));
+  }
+  void discardRows() { mysql_free_result(mysql_store_result(connection_)); }
+
+  // Opens the schema, which is made when missing, with the collation that every table inherits.
+  void useSchema(const std::string& schema) {
+    if (!isPlainName(schema)) {
+      throw std::runtime_error("\"" + schema +
+                               "\" cannot name a database; use letters, digits and underscores.");
+    }
+    if (mysql_select_db(connection_, schema.c_str()) != 0) {
+      send("create database if not exists " + schema + " character set " + charset + " collate " +
+           collation());
+      if (mysql_select_db(connection_, schema.c_str()) != 0) fail();
+    }
+    send("select @@character_set_database");
+    if (rows()->text(0) != charset) {
+      send("alter database " + schema + " character set " + charset + " collate " + collation());
+    }
+  }
+
+ private:
+  const char* collation() {
+    send(std::string("show collation like '") + wantedCollation + '\'');
+    if (!rows()->EOF_()) return wantedCollation;
+    // Where collations stand apart from character sets they are listed without them.
+    send("show collation like 'uca1400_as_ci'");
+    return rows()->EOF_() ? knownCollation : wantedCollation;
+  }
+  [[noreturn]] void fail() {
+    throw RunTimeError(static_cast<long>(mysql_errno(connection_)), mysql_error(connection_),
+                       source);
+  }
+
+  std::unique_ptr<EmbeddedServer> server_;  // outlives the connection
+  MYSQL* connection_;
+};
+
+Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+Database::~Database() = default;
+
+std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& folder) {
+  auto impl = std::make_unique<Impl>(std::make_unique<EmbeddedServer>(folder));
+  if (mysql_real_connect(impl->connection(), nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
+      nullptr) {
+    throw std::runtime_error("The database in " + folder.string() +
+                             " does not answer: " + mysql_error(impl->connection()));
+  }
+  impl->useSchema("quillet");
+  return std::unique_ptr<Database>(new Database(std::move(impl)));
+}
+
+std::unique_ptr<Database> Database::connect(const Server& server) {
+  // Prepares the client side alone: no server of our own starts.
+  mysql_server_init(-1, nullptr, nullptr);
+  auto impl = std::make_unique<Impl>(nullptr);
+  mysql_options(impl->connection(), MYSQL_OPT_USE_REMOTE_CONNECTION, nullptr);
+  const auto orNull = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
+  if (mysql_real_connect(impl->connection(), orNull(server.host), orNull(server.user),
+                         orNull(server.password), nullptr, server.port, orNull(server.socket),
+                         0) == nullptr) {
+    throw std::runtime_error("The database server " + server.host +
+                             " cannot be reached: " + mysql_error(impl->connection()));
+  }
+  impl->send("select @@lower_case_table_names");
+  if (impl->rows()->integer(0) == 0) {
+    throw std::runtime_error("The database server " + server.host +
+                             " tells upper from lower case in table names. Set "
+                             "lower_case_table_names=1 in its configuration and restart it.");
+  }
+  impl->send(
+      "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
+      " session wait_timeout=2147483");  // a practice stays open for days
+  impl->useSchema(server.schema);
+  return std::unique_ptr<Database>(new Database(std::move(impl)));
+}
+
+void Database::execute(const std::string& sql) {
+  impl_->send(sql);
+  impl_->discardRows();
+}
+
+RecordsetPtr Database::query(const std::string& sql) {
+  impl_->send(sql);
+  return impl_->rows();
+}
+
+std::string Database::escape(const std::string& text) const {
+  std::string escaped(text.size() * 2 + 1, '\0');
+  escaped.resize(
+      mysql_real_escape_string(impl_->connection(), escaped.data(), text.data(), text.size()));
+  return escaped;
+}
+
+}  // namespace quillet::suite

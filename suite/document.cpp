@@ -1,0 +1,79 @@
+#include "suite/document.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "suite/printer_codes.h"
+
+namespace quillet::suite {
+namespace {
+
+// Whether a mask marks the cell; a lone character stands for all cells.
+bool marks(const std::string& mask, std::size_t cell) {
+  if (mask.size() == 1) return mask[0] == '1';
+  return cell < mask.size() && mask[cell] == '1';
+}
+
+template <class T>
+T at(const std::vector<T>& values, std::size_t index) {
+  return index < values.size() ? values[index] : T{};
+}
+
+CellAlign alignmentOf(int number) {
+  if (number == 1) return CellAlign::right;
+  return number == 2 ? CellAlign::center : CellAlign::left;
+}
+
+// The row ends with the cell that the third mask marks.
+std::size_t cellsOf(const Document::Written& row) {
+  const std::string& last = row.masks[2];
+  const std::size_t marked = last.size() > 1 ? last.find('1') : std::string::npos;
+  return marked == std::string::npos ? row.values.size() : std::min(marked + 1, row.values.size());
+}
+
+}  // namespace
+
+std::size_t Document::columns(int table) const {
+  return at(columns_, static_cast<std::size_t>(table));
+}
+
+Document::Span Document::spanOf(const ReportRow& row, std::size_t cell) const {
+  const std::size_t cells = row.cells.size();
+  const std::size_t all = columns(row.table);
+  if (!row.heading || cells < 2 || cells >= all || (all - 1) % (cells - 1) != 0) return {cell, 1};
+  const std::size_t each = (all - 1) / (cells - 1);
+  return cell == 0 ? Span{0, 1} : Span{1 + (cell - 1) * each, each};
+}
+
+void Document::addHeading(const std::string& text) {
+  PrintedText printed = withoutPrinterCodes(text, emphasis_);
+  const bool onlyCodes = printed.text.empty() && !text.empty();
+  if (!onlyCodes) headings_.push_back({std::move(printed.text), printed.emphasised});
+}
+
+void Document::beginTable() { ++tables_; }
+
+void Document::addRow(const Written& written) {
+  ReportRow row;
+  row.heading = written.heading;
+  row.table = std::max(tables_ - 1, 0);
+  row.masks = written.masks;
+  for (std::size_t i = 0; i < cellsOf(written); ++i) {
+    PrintedText printed = withoutPrinterCodes(
+        at(written.before, i) + written.values[i] + at(written.after, i), emphasis_);
+    ReportCell cell;
+    cell.text = std::move(printed.text);
+    cell.align = alignmentOf(at(written.alignments, i));
+    cell.width = at(written.widths, i);
+    cell.ruled = marks(written.masks[0], i);
+    cell.emphasised = printed.emphasised || marks(written.masks[1], i);
+    cell.printed = marks(written.masks[3], i);
+    row.cells.push_back(std::move(cell));
+  }
+  const auto table = static_cast<std::size_t>(row.table);
+  columns_.resize(std::max(columns_.size(), table + 1));
+  columns_[table] = std::max(columns_[table], row.cells.size());
+  rows_.push_back(std::move(row));
+}
+
+}  // namespace quillet::suite

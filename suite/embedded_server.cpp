@@ -1,0 +1,94 @@
+#include "suite/embedded_server.h"
+
+#include <mysql.h>
+
+#include <array>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "suite/folder_examination.h"
+#include "suite/folder_seal.h"
+
+namespace quillet::suite {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool started = false;
+
+// The server's own defaults are for a machine that serves many; these are for one practitioner. No
+// option file is read, so that nothing outside the folder changes how data is kept.
+std::vector<std::string> options(const fs::path& folder) {
+  return {
+      "quillet",
+      "--no-defaults",
+      "--datadir=" + folder.string(),
+      "--tmpdir=" + folder.string(),
+      "--log-error=" + (folder / "error.log").string(),
+      "--skip-grant-tables",
+      "--lower-case-table-names=1",
+      "--character-set-server=utf8mb4",
+      "--sql-mode=STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION",
+      // Statements never reach files.
+      "--local-infile=0",
+      "--secure-file-priv=" + folder.string(),
+      // What was acknowledged survives a crash.
+      "--default-storage-engine=InnoDB",
+      "--innodb-flush-log-at-trx-commit=1",
+      // Hundreds of small tables: one file for all is made faster than one for each.
+      "--innodb-file-per-table=0",
+      "--innodb-buffer-pool-size=64M",
+      "--innodb-log-file-size=16M",
+      "--innodb-buffer-pool-dump-at-shutdown=0",
+      "--innodb-buffer-pool-load-at-startup=0",
+      // Every change is followed by a flush, whose cost grows with the number of open tables.
+      "--table-open-cache=64",
+      "--table-definition-cache=400",
+      "--max-allowed-packet=64M",
+  };
+}
+
+FolderLock takeFolder(const fs::path& folder) {
+  if (started) throw std::logic_error("The embedded database starts once in a process.");
+  makeReadyForLock(folder);
+  return FolderLock(folder);
+}
+
+}  // namespace
+
+bool startServerLibrary(const fs::path& folder) {
+  std::vector<std::string> texts = options(folder);
+  std::vector<char*> arguments;
+  for (std::string& text : texts) arguments.push_back(text.data());
+  std::array<char, 9> embedded{"embedded"};
+  std::array<char, 7> server{"server"};
+  std::array<char*, 3> groups{embedded.data(), server.data(), nullptr};
+  return mysql_server_init(static_cast<int>(arguments.size()), arguments.data(), groups.data()) ==
+         0;
+}
+
+EmbeddedServer::EmbeddedServer(const fs::path& folder)
+    : folder_(fs::absolute(folder)), lock_(takeFolder(folder_)) {
+  const FolderState state = examine(folder_);
+  if (state == FolderState::isNew) markAsBeingMade(folder_);
+  folder_seal::remove(folder_);
+  started = true;
+  if (!startServerLibrary(folder_)) {
+    throw std::runtime_error("The database in " + folder_.string() +
+                             " did not start; its file error.log tells why.");
+  }
+  if (state == FolderState::isNew) markAsMade(folder_);
+}
+
+EmbeddedServer::~EmbeddedServer() {
+  mysql_server_end();
+  try {
+    folder_seal::write(folder_);
+  } catch (const std::exception&) {
+    // Without a seal the next start examines the folder, which is all that the seal saves.
+    folder_seal::remove(folder_);
+  }
+}
+
+}  // namespace quillet::suite

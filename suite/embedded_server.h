@@ -1,0 +1,28 @@
+// The database server inside this process: its options, its start and its end. It starts once in a
+// process; the library does not survive a second start.
+#pragma once
+
+#include <filesystem>
+
+#include "suite/folder_lock.h"
+
+namespace quillet::suite {
+
+class EmbeddedServer {
+ public:
+  // Holds the folder and starts the server on it. Throws std::runtime_error as
+  // Database::openEmbedded does; nothing in the folder has changed then.
+  explicit EmbeddedServer(const std::filesystem::path& folder);
+  ~EmbeddedServer();
+  EmbeddedServer(const EmbeddedServer&) = delete;
+  EmbeddedServer& operator=(const EmbeddedServer&) = delete;
+
+ private:
+  std::filesystem::path folder_;
+  FolderLock lock_;
+};
+
+// Starts the server library on the folder without any of the checks above; false when it refuses.
+bool startServerLibrary(const std::filesystem::path& folder);
+
+}  // namespace quillet::suite

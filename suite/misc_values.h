@@ -1,0 +1,16 @@
+// Miscellaneous values that the module's forms keep in the database, by section and name. A value
+// remembers for which client and year it was set; the one set last is read.
+#pragma once
+
+#include <string>
+
+#include "suite/database.h"
+
+namespace quillet::suite::misc_values {
+
+std::string get(Database& database, const std::string& section, const std::string& name,
+                const std::string& fallback);
+void set(Database& database, const std::string& section, const std::string& name,
+         const std::string& value, const std::string& client, const std::string& year);
+
+}  // namespace quillet::suite::misc_values

@@ -1,0 +1,70 @@
+#include "suite/passwords.h"
+
+#include <sodium.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace quillet::suite {
+namespace {
+
+constexpr int tries = 3;
+
+std::string nameOf(PasswordKind kind) { return kind == PasswordKind::client ? "client" : "right"; }
+
+std::string condition(const Database& database, PasswordKind kind, const std::string& code) {
+  return " where Kind='" + nameOf(kind) + "' and Code='" + database.escape(code) + '\'';
+}
+
+void prepareLibrary() {
+  if (sodium_init() < 0) throw std::runtime_error("The password library did not start.");
+}
+
+std::string hashOf(const std::string& password) {
+  prepareLibrary();
+  std::array<char, crypto_pwhash_STRBYTES> hash{};
+  if (crypto_pwhash_str(hash.data(), password.data(), password.size(),
+                        crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                        crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0) {
+    throw std::runtime_error("There is not enough memory to set a password.");
+  }
+  return hash.data();
+}
+
+bool fits(const std::string& password, const std::string& hash) {
+  prepareLibrary();
+  return crypto_pwhash_str_verify(hash.c_str(), password.data(), password.size()) == 0;
+}
+
+std::string promptFor(PasswordKind kind, const std::string& code, int tried) {
+  const std::string prompt =
+      kind == PasswordKind::client ? "Password of client " + code : "Password";
+  if (tried == 0) return prompt;
+  return "That password is not right. " + prompt;
+}
+
+}  // namespace
+
+void Passwords::set(Database& database, PasswordKind kind, const std::string& code,
+                    const std::string& password) {
+  const std::string hash = password.empty() ? "" : hashOf(password);
+  database.execute("delete from SuitePassword" + condition(database, kind, code));
+  if (hash.empty()) return;
+  database.execute("insert into SuitePassword(Kind,Code,Hash) values('" + nameOf(kind) + "','" +
+                   database.escape(code) + "','" + database.escape(hash) + "')");
+}
+
+bool Passwords::ask(PasswordKind kind, const std::string& code) {
+  const RecordsetPtr found =
+      database_.query("select Hash from SuitePassword" + condition(database_, kind, code));
+  if (found->EOF_()) return true;
+  const std::string hash = found->text(0);
+  for (int tried = 0; tried < tries; ++tried) {
+    const std::optional<std::string> typed = dialogs_.password(promptFor(kind, code, tried));
+    if (!typed) return false;
+    if (fits(*typed, hash)) return true;
+  }
+  return false;
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,111 @@
+#include "suite/queued_dialogs.h"
+
+#include <array>
+#include <stdexcept>
+#include <utility>
+
+namespace quillet::suite {
+namespace {
+
+struct AnswerName {
+  Answer answer;
+  std::string_view name;
+};
+constexpr std::array<AnswerName, 4> answerNames{
+    {{Answer::OK, "OK"}, {Answer::Yes, "Yes"}, {Answer::No, "No"}, {Answer::Cancel, "Cancel"}}};
+
+bool offers(Buttons buttons, Answer answer) {
+  switch (buttons) {
+    case Buttons::OK:
+      return answer == Answer::OK;
+    case Buttons::YesNo:
+      return answer == Answer::Yes || answer == Answer::No;
+    case Buttons::YesNoCancel:
+      return answer != Answer::OK;
+  }
+  return false;
+}
+
+}  // namespace
+
+void QueuedDialogs::fail(std::string what) {
+  if (!failure_) failure_ = what;
+  throw std::runtime_error(what);
+}
+
+Answer QueuedDialogs::answerTo(const Message& message) {
+  if (message.buttons == Buttons::OK) {
+    if (!answers_.empty() && answers_.front() == Answer::OK) answers_.pop_front();
+    return Answer::OK;
+  }
+  if (answers_.empty()) fail("No answer is queued for the question \"" + message.text + "\".");
+  const Answer answer = std::exchange(answers_.front(), Answer::OK);
+  answers_.pop_front();
+  if (!offers(message.buttons, answer)) {
+    fail("The answer \"" + std::string(nameOf(answer)) + "\" is not offered by the question \"" +
+         message.text + "\".");
+  }
+  return answer;
+}
+
+Answer QueuedDialogs::MsgBox(const Message& message) {
+  const Answer answer = answerTo(message);
+  asked_.push_back({message, answer});
+  return answer;
+}
+
+std::optional<std::string> QueuedDialogs::saveFile(const std::string&,
+                                                   const std::string& proposed) {
+  prompts_.push_back(proposed);
+  if (files_.empty()) fail("No file is queued for the dialog that proposes \"" + proposed + "\".");
+  std::optional<std::string> path = std::move(files_.front());
+  files_.pop_front();
+  return path;
+}
+
+std::optional<std::string> QueuedDialogs::password(const std::string& prompt) {
+  prompts_.push_back(prompt);
+  if (passwords_.empty()) fail("No password is queued for the prompt \"" + prompt + "\".");
+  std::optional<std::string> text = std::move(passwords_.front());
+  passwords_.pop_front();
+  return text;
+}
+
+std::vector<QueuedDialogs::Asked> QueuedDialogs::takeMessages() {
+  return std::exchange(asked_, {});
+}
+
+std::vector<std::string> QueuedDialogs::takePrompts() { return std::exchange(prompts_, {}); }
+
+std::optional<std::string> QueuedDialogs::takeFailure() {
+  return std::exchange(failure_, std::nullopt);
+}
+
+void QueuedDialogs::clear() { *this = QueuedDialogs(); }
+
+std::optional<Answer> answerNamed(std::string_view name) {
+  for (const AnswerName& entry : answerNames) {
+    if (entry.name == name) return entry.answer;
+  }
+  return std::nullopt;
+}
+
+std::string_view nameOf(Answer answer) {
+  for (const AnswerName& entry : answerNames) {
+    if (entry.answer == answer) return entry.name;
+  }
+  return {};
+}
+
+std::string_view nameOf(Buttons buttons) {
+  constexpr std::array<std::string_view, 3> names{"OK", "YesNo", "YesNoCancel"};
+  return names.at(static_cast<std::size_t>(buttons));
+}
+
+std::string_view nameOf(Icon icon) {
+  constexpr std::array<std::string_view, 5> names{"none", "information", "question", "exclamation",
+                                                  "critical"};
+  return names.at(static_cast<std::size_t>(icon));
+}
+
+}  // namespace quillet::suite

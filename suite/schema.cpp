@@ -1,0 +1,121 @@
+#include "suite/schema.h"
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "suite/schema_tables.h"
+
+namespace quillet::suite {
+namespace {
+
+std::string lower(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return result;
+}
+
+// What is there: the columns and indexes of each table, in small letters.
+struct Present {
+  std::set<std::string> columns;
+  std::map<std::string, std::string> indexes;  // name to "column,column"
+};
+using PresentTables = std::map<std::string, Present>;
+
+PresentTables readPresent(Database& database) {
+  PresentTables all;
+  const RecordsetPtr columns = database.query(
+      "select table_name, column_name from information_schema.columns"
+      " where table_schema = database()");
+  for (; !columns->EOF_(); columns->MoveNext()) {
+    all[lower(columns->text(0))].columns.insert(lower(columns->text(1)));
+  }
+  const RecordsetPtr indexes = database.query(
+      "select table_name, index_name, column_name from information_schema.statistics"
+      " where table_schema = database() order by table_name, index_name, seq_in_index");
+  for (; !indexes->EOF_(); indexes->MoveNext()) {
+    std::string& listed = all[lower(indexes->text(0))].indexes[indexes->text(1)];
+    listed += (listed.empty() ? "" : ",") + lower(indexes->text(2));
+  }
+  return all;
+}
+
+bool hasIndex(const Present& present, const std::string& columns) {
+  return std::any_of(present.indexes.begin(), present.indexes.end(),
+                     [&](const auto& index) { return index.second == lower(columns); });
+}
+
+std::string columnText(const ColumnDefinition& column) {
+  return '`' + column.name + "` " + column.type;
+}
+
+const std::string rowId =
+    std::string(rowIdColumn) + " bigint not null auto_increment primary key invisible";
+
+std::string creation(const TableDefinition& table) {
+  std::string sql = "create table if not exists `" + table.name + "` (";
+  for (const ColumnDefinition& column : table.columns) sql += columnText(column) + ", ";
+  sql += rowId;
+  for (const std::string& index : table.indexes) sql += ", index (" + index + ')';
+  return sql + ") engine=InnoDB";
+}
+
+// "" when nothing is missing.
+std::string repair(const TableDefinition& table, const Present& present) {
+  std::vector<std::string> changes;
+  std::string place = "first";
+  for (const ColumnDefinition& column : table.columns) {
+    if (!present.columns.contains(lower(column.name))) {
+      changes.push_back("add column " + columnText(column) + ' ' + place);
+    }
+    place = "after `" + column.name + '`';
+  }
+  if (!present.columns.contains(rowIdColumn)) changes.push_back("add column " + rowId);
+  for (const std::string& index : table.indexes) {
+    if (!hasIndex(present, index)) changes.push_back("add index (" + index + ')');
+  }
+  std::string sql;
+  for (const std::string& change : changes) sql += (sql.empty() ? "" : ", ") + change;
+  return sql.empty() ? sql : "alter table `" + table.name + "` " + sql;
+}
+
+std::vector<std::string> missingStatements(Database& database, long tableCount) {
+  const PresentTables present = readPresent(database);
+  std::vector<std::string> statements;
+  const auto compare = [&](const std::vector<TableDefinition>& tables) {
+    for (const TableDefinition& table : tables) {
+      const auto found = present.find(lower(table.name));
+      std::string sql = found == present.end() ? creation(table) : repair(table, found->second);
+      if (!sql.empty()) statements.push_back(std::move(sql));
+    }
+  };
+  compare(sharedTables());
+  for (long n = 1; n <= tableCount; ++n) compare(yearTables(tableSuffix(n)));
+  return statements;
+}
+
+}  // namespace
+
+long completeSchema(Database& database, long tableCount,
+                    const std::function<void(long done, long total)>& progress) {
+  const std::vector<std::string> statements = missingStatements(database, tableCount);
+  const long total = static_cast<long>(statements.size());
+  long done = 0;
+  for (const std::string& sql : statements) {
+    database.execute(sql);
+    if (progress) progress(++done, total);
+  }
+  return total;
+}
+
+std::string tableSuffix(long number) {
+  if (number < 1) return {};
+  const std::string digits = std::to_string(number);
+  return digits.size() < 2 ? '0' + digits : digits;
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,172 @@
+#include "suite/schema_tables.h"
+
+#include "suite/schema.h"
+
+namespace quillet::suite {
+namespace {
+
+constexpr const char* code = "varchar(20) not null default ''";
+constexpr const char* name = "varchar(100)";
+constexpr const char* longText = "varchar(250)";
+constexpr const char* dateText = "varchar(20)";
+constexpr const char* yearKey = "varchar(8)";
+constexpr const char* number = "int";
+constexpr const char* amount = "double";
+constexpr const char* date = "date";
+constexpr const char* anyText = "text";
+
+std::vector<TableDefinition> registryAndMasters() {
+  return {
+      {"master",
+       {{"code_no", code},
+        {"f_year_dt", dateText},
+        {"s_year_dt", dateText},
+        {"tbl_nm", "varchar(30)"},
+        {"count", number},
+        {"f_yr", yearKey},
+        {"s_yr", yearKey},
+        {"d_of_s", dateText},
+        {"annex", longText}},
+       {"code_no,s_yr", "tbl_nm"}},
+      // Old data holds several names for one id; the clean-up removes them.
+      {"Mast_Part", {{"PartId", number}, {"Particular", name}}, {"PartId", "Particular"}},
+      {"Mast_AllGrp",
+       {{"ALLID", number}, {"GID", number}, {"ALLGRP", name}, {"UserGrp", "varchar(1)"}},
+       {"ALLID", "GID", "ALLGRP"}},
+      {"Mast_Gunder", {{"GId", number}, {"Gunder", name}, {"ggid", number}}, {"GId"}},
+      {"AllGrp_Map",
+       {{"Code_No", code},
+        {"AllId", number},
+        {"SVIMapId", number},
+        {"SVIMapName", name},
+        {"ITMapId", number},
+        {"ITMapName", name}},
+       {"Code_No,AllId"}},
+      {"RawMatGrpM", {{"GrpId", number}, {"GrpHead", name}, {"GrpType", number}}, {"GrpId"}},
+      {"RmSchSetup",
+       {{"Code_No", code},
+        {"FYr", number},
+        {"Head", longText},
+        {"RmGroup", longText},
+        {"OsGroup", longText},
+        {"PurGroup", longText},
+        {"SalGroup", longText},
+        {"CsGroup", longText}},
+       {"Code_No,FYr"}},
+  };
+}
+
+std::vector<TableDefinition> clientRegister() {
+  return {
+      {"Main_Info1",
+       {{"code_no", code},
+        {"nm", name},
+        {"status", name},
+        {"father", name},
+        {"born", date},
+        {"address", longText},
+        {"group_code", code},
+        {"group_name", name},
+        {"company", name}},
+       {"code_no"}},
+      {"owner1", {{"code", code}, {"f_nm", name}, {"m_nm", name}, {"l_nm", name}}, {"code"}},
+      {"TempClTbl",
+       {{"CodeNo", code},
+        {"Name", "varchar(302)"},
+        {"Status", name},
+        {"Father", name},
+        {"Born", dateText},
+        {"Address", longText},
+        {"GroupCode", code},
+        {"GroupName", name},
+        {"Company", name}},
+       {"CodeNo"}},
+  };
+}
+
+// Data of sibling components, kept by client and year.
+std::vector<TableDefinition> tablesByYear() {
+  std::vector<TableDefinition> tables;
+  const auto add = [&](const char* table, const char* year) {
+    tables.push_back({table,
+                      {{"CODE_NO", code}, {year, number}, {"details", anyText}},
+                      {std::string("CODE_NO,") + year}});
+  };
+  for (const char* table : {"DeferTax_Liab", "DeferTax_Bal"}) add(table, "FYear");
+  for (const char* table : {"Trade_Details", "NewFAMI", "NewFAMD", "SchNotes"}) add(table, "Yr");
+  for (const char* table : {"SCHLISTS", "Anex3cd_Detail", "Anex3cd_Books", "Anex3cd_BfLoss",
+                            "Anex3cd_AnexI", "Anex3cd_Main"}) {
+    add(table, "FYr");
+  }
+  for (const char* table : {"PRFA", "PRFA_OTH"}) {
+    tables.push_back(
+        {table, {{"RCOUNT", number}, {"CODE_NO", code}, {"details", anyText}}, {"CODE_NO,RCOUNT"}});
+  }
+  return tables;
+}
+
+std::vector<TableDefinition> suitesOwn() {
+  return {
+      {"SuitePassword",
+       {{"Kind", "varchar(10)"}, {"Code", "varchar(50)"}, {"Hash", "varchar(128)"}},
+       {"Kind,Code"}},
+      {"SuiteMisc",
+       {{"Section", name}, {"Name", name}, {"Value", anyText}, {"Client", code}, {"Yr", dateText}},
+       {"Section,Name"}},
+  };
+}
+
+}  // namespace
+
+std::vector<TableDefinition> sharedTables() {
+  std::vector<TableDefinition> all = registryAndMasters();
+  for (auto part : {clientRegister(), tablesByYear(), suitesOwn()}) {
+    all.insert(all.end(), part.begin(), part.end());
+  }
+  return all;
+}
+
+std::vector<TableDefinition> yearTables(const std::string& suffix) {
+  std::vector<TableDefinition> all = {
+      {"TAB_" + suffix,
+       {{"srno", number},
+        {"code_no", code},
+        {"partid", number},
+        {"allid", number},
+        {"amt", amount},
+        {"nid", number}},
+       {"code_no,srno", "code_no,partid,allid", "partid", "allid"}},
+      {"JRNL_" + suffix,
+       {{"code_no", code},
+        {"VID", number},
+        {"LSrNo", number},
+        {"VDate", date},
+        {"PartId", number},
+        {"AllId", number},
+        {"Amount", amount},
+        {"VNar", anyText}},
+       {"code_no,VDate", "VID", "PartId", "AllId"}},
+      {"TRADE_" + suffix,
+       {{"code_no", code}, {"partid", number}, {"allid", number}, {"amt", amount}},
+       {"code_no,partid,allid", "partid", "allid"}},
+      {"RMGRP_" + suffix,
+       {{"Code_No", code},
+        {"SrNo", number},
+        {"GrpSr", number},
+        {"OsGrpId", number},
+        {"PurGrpId", number},
+        {"SalGrpId", number},
+        {"CsGrpId", number},
+        {"GrpOrder", number}},
+       {"Code_No,SrNo", "GrpSr"}},
+  };
+  // Schedules of sibling components: this one only asks whether rows are there, and deletes them.
+  for (const char* prefix :
+       {"PROFIT_", "SHARE_", "CAPITAL_", "RESV_", "LOAN_ADV_", "SECUR_", "INVEST_", "SUNDEB_",
+        "BANK_", "MISCEXPASST_", "FDA_", "FIXED_", "SCHED_", "LIST_", "NewFATRo", "NewFATRa"}) {
+    all.push_back({prefix + suffix, {{"CODE_NO", code}, {"details", anyText}}, {"CODE_NO"}});
+  }
+  return all;
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,202 @@
+#include "suite/service_object.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+#include "controls/desk.h"
+#include "controls/form.h"
+#include "data/errors.h"
+#include "suite/client_selection_form.h"
+#include "suite/client_setup_form.h"
+#include "suite/format.h"
+#include "suite/misc_values.h"
+#include "suite/schema.h"
+#include "suite/screen_fit.h"
+
+namespace quillet::suite {
+namespace {
+
+constexpr const char* source = "Service";
+constexpr const char* ownSection = "Suite";
+constexpr const char* lastClientKey = "LastClient";
+constexpr long invalidCall = 5;
+
+bool isNumberFormat(const std::string& format) {
+  return format.find_first_of("#0") != std::string::npos;
+}
+
+}  // namespace
+
+// Main page, popup menu and help are one line each to the front end.
+class Service::Windows : public MainPage, public PopupMenu, public Help {
+ public:
+  explicit Windows(Service& service) : service_(service) {}
+  void showClient(const std::string& code, const std::string& name) override {
+    service_.frontEnd_.showClient(code, name);
+  }
+  int choose(const std::vector<std::string>& entries) override {
+    return service_.frontEnd_.popup(entries);
+  }
+  void Show() override { service_.frontEnd_.help(service_.helpTopic_); }
+
+ private:
+  Service& service_;
+};
+
+Service::Service(const DataFolder& folder, Settings& settings, Database& database,
+                 FrontEnd& frontEnd)
+    : folder_(folder),
+      settings_(settings),
+      database_(database),
+      frontEnd_(frontEnd),
+      gate_(database),
+      ledgers_(database),
+      passwords_(database, frontEnd.dialogs()),
+      progress_(frontEnd),
+      windows_(std::make_unique<Windows>(*this)) {}
+
+Service::~Service() = default;
+
+bool Service::CheckDllsVersion(bool) { return true; }
+
+// --- database -----------------------------------------------------------------------------------
+
+void Service::ConQuery(const std::string& sql) {
+  ledgers_.noticed(sql);
+  gate_.execute(sql);
+}
+
+RecordsetPtr Service::RecordsetQuery(const std::string& sql, Connection& connection, CursorType,
+                                     LockType, int) {
+  if (&connection != &database_) {
+    throw RunTimeError(invalidCall, "The recordset is asked of another connection.", source);
+  }
+  return gate_.query(sql);
+}
+
+std::string Service::TruncVarSQL(const std::string& text) const { return database_.escape(text); }
+std::string Service::GETTBNAME(long count) const { return tableSuffix(count); }
+long Service::GetTbCount() const { return settings_.tableCount(); }
+
+std::string Service::GetPart_MastPartId(long partId) { return ledgers_.nameOf(partId); }
+long Service::GetMax_MastPartId(const std::string& name) { return ledgers_.idOf(name, true); }
+long Service::GetMax_MastPartId(const std::string& name, bool create) {
+  return ledgers_.idOf(name, create);
+}
+
+// --- folders, settings
+// ----------------------------------------------------------------------------
+
+std::string Service::COMPANY_NAME() const { return settings_.companyName(); }
+std::string Service::ExePath() const { return folder_.program().string(); }
+std::string Service::DocPath() const { return folder_.documents().string(); }
+
+std::string Service::GetSettingINI(const std::string& section, const std::string& key,
+                                   const std::string& fallback) const {
+  return settings_.get(section, key, fallback);
+}
+
+void Service::SaveSettingINI(const std::string& section, const std::string& key,
+                             const std::string& value) {
+  settings_.set(section, key, value);
+}
+
+std::string Service::GetMiscOthInf(const std::string& section, const std::string& key,
+                                   const std::string& fallback) {
+  return misc_values::get(database_, section, key, fallback);
+}
+
+void Service::SetMiscOthInf(const std::string& section, const std::string& key,
+                            const std::string& value, const std::string& client,
+                            const std::string& year) {
+  misc_values::set(database_, section, key, value, client, year);
+}
+
+std::string Service::vLstSelClCode() const { return settings_.get(ownSection, lastClientKey); }
+void Service::vLstSelClCode(const std::string& code) {
+  settings_.set(ownSection, lastClientKey, code);
+}
+
+// --- passwords ----------------------------------------------------------------------------------
+
+void Service::refuse(const std::string& operation) {
+  if (operation != "CheckPass" && operation != "CheckClpass") {
+    throw std::invalid_argument("\"" + operation +
+                                "\" cannot be refused; CheckPass and "
+                                "CheckClpass can.");
+  }
+  refused_.insert(operation);
+}
+
+bool Service::refusedNow(const std::string& operation) { return refused_.erase(operation) > 0; }
+
+void Service::setPassword(PasswordKind kind, const std::string& code, const std::string& password) {
+  Passwords::set(database_, kind, code, password);
+}
+
+bool Service::CheckPass(const std::string& right) {
+  return !refusedNow("CheckPass") && passwords_.ask(PasswordKind::right, right);
+}
+
+bool Service::CheckClpass(const std::string& client) {
+  return !refusedNow("CheckClpass") && passwords_.ask(PasswordKind::client, client);
+}
+
+// --- dates and formats --------------------------------------------------------------------------
+
+std::string Service::date_prob_handle(const std::string& date) const {
+  return normalisedDate(date);
+}
+
+std::string Service::convertdate(const std::string& date) const { return normalisedDate(date); }
+
+std::string Service::formatgen(double number, const std::string& format) const {
+  return formatNumber(number, format);
+}
+
+std::string Service::formatgen(const std::string& text, const std::string& format) const {
+  if (isNumberFormat(format)) return formatNumber(std::strtod(text.c_str(), nullptr), format);
+  const std::optional<Date> date = readDate(text);
+  return date ? formatDate(*date, format) : text;
+}
+
+// --- windows ------------------------------------------------------------------------------------
+
+void Service::resize_for_resolution(Form& form) { form.size = comfortableSize(frontEnd_.screen()); }
+
+// A control takes its size from its form's arrangement.
+void Service::Resize_For_ResolutionUC(Control&) {}
+
+double Service::vScreenRatX() const {
+  return static_cast<double>(frontEnd_.screen().width) / designScreen.width;
+}
+double Service::vScreenRatY() const {
+  return static_cast<double>(frontEnd_.screen().height) / designScreen.height;
+}
+double Service::vScreenRatFS() const { return fontRatio(frontEnd_.screen()); }
+
+MainPage& Service::MainPageObj() { return *windows_; }
+PopupMenu& Service::PopupMenuObj() { return *windows_; }
+Help& Service::ObjHelp() { return *windows_; }
+
+void Service::showDialog(std::unique_ptr<Form> form) {
+  if (dialog_ && dialog_->visible()) {
+    desk_->bringToFront(*dialog_);
+    return;
+  }
+  dialog_ = std::move(form);
+  dialog_->showModal();
+}
+
+void Service::ShowClListSelection(const std::string& status) {
+  showDialog(std::make_unique<frmClSelection>(desk(), database_, settings_, status));
+}
+
+void Service::ShowClListSetup() { showDialog(std::make_unique<frmClSetup>(desk(), settings_)); }
+
+Desk& Service::desk() {
+  if (desk_ == nullptr) throw RunTimeError(invalidCall, "There is no desk to show it on.", source);
+  return *desk_;
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,79 @@
+#include "suite/standalone.h"
+
+#include <utility>
+
+#include "suite/client_register.h"
+#include "suite/reporter.h"
+#include "suite/schema.h"
+
+namespace quillet::suite {
+namespace {
+
+// Making the tables takes seconds at the first start and nothing later.
+void completeWithProgress(Database& database, long tableCount, FrontEnd& frontEnd) {
+  bool shown = false;
+  completeSchema(database, tableCount, [&](long done, long total) {
+    if (!shown) {
+      shown = true;
+      frontEnd.showProgress(true);
+      frontEnd.progressText("Preparing the database...");
+    }
+    if (done % 16 == 0 || done == total) frontEnd.progressBar(done, total);
+  });
+  if (shown) frontEnd.showProgress(false);
+}
+
+}  // namespace
+
+Standalone::Standalone(const DataFolder& folder, Settings& settings, Database& database,
+                       FrontEnd& frontEnd, Clock& clock)
+    : folder_(folder),
+      settings_(settings),
+      database_(database),
+      frontEnd_(frontEnd),
+      clock_(clock) {}
+
+Standalone::~Standalone() = default;
+
+std::unique_ptr<ServiceObject> Standalone::createServiceObject() {
+  return std::make_unique<Service>(folder_, settings_, database_, frontEnd_);
+}
+
+std::unique_ptr<Reporter> Standalone::createReporter() {
+  return std::make_unique<DocumentReporter>([this](const Document& document) {
+    lastReport_ = document;
+    frontEnd_.showReport(document);
+  });
+}
+
+Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,
+                   Clock& clock)
+    : folder_(std::move(folder)),
+      settings_(folder_.settings()),
+      database_(std::move(database)),
+      frontEnd_(frontEnd),
+      standalone_(folder_, settings_, *database_, frontEnd, clock) {
+  completeWithProgress(*database_, settings_.tableCount(), frontEnd);
+  completeClientList(*database_);
+  restartModule();
+}
+
+Practice::Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock)
+    : Practice(folder, Database::openEmbedded(folder.database()), frontEnd, clock) {}
+
+Practice::Practice(DataFolder folder, const Database::Server& server, FrontEnd& frontEnd,
+                   Clock& clock)
+    : Practice(std::move(folder), Database::connect(server), frontEnd, clock) {}
+
+Practice::~Practice() = default;
+
+Service& Practice::service() { return static_cast<Service&>(*context().host); }
+
+void Practice::restartModule() {
+  forms_.reset();
+  standalone_.forgetReport();
+  forms_ = std::make_unique<Forms>(standalone_);
+  service().useDesk(context().desk);
+}
+
+}  // namespace quillet::suite

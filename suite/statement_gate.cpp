@@ -1,0 +1,49 @@
+#include "suite/statement_gate.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "data/errors.h"
+
+namespace quillet::suite {
+namespace {
+
+constexpr long unknownError = 1105;
+
+bool contains(const std::string& text, const std::string& part) {
+  return std::search(text.begin(), text.end(), part.begin(), part.end(),
+                     [](unsigned char a, unsigned char b) {
+                       return std::tolower(a) == std::tolower(b);
+                     }) != text.end();
+}
+
+}  // namespace
+
+void StatementGate::pass(const std::string& sql) {
+  if (recording_) recorded_.push_back(sql);
+  if (failing_ && contains(sql, *failing_)) {
+    const std::string text = *std::exchange(failing_, std::nullopt);
+    throw RunTimeError(unknownError, "A statement with \"" + text + "\" was made to fail.",
+                       "MariaDB");
+  }
+}
+
+void StatementGate::execute(const std::string& sql) {
+  pass(sql);
+  database_.execute(sql);
+}
+
+RecordsetPtr StatementGate::query(const std::string& sql) {
+  pass(sql);
+  return database_.query(sql);
+}
+
+void StatementGate::record(bool on) {
+  recording_ = on;
+  recorded_.clear();
+}
+
+std::vector<std::string> StatementGate::take() { return std::exchange(recorded_, {}); }
+
+}  // namespace quillet::suite
