@@ -1,0 +1,41 @@
+#include "data/dates.h"
+
+#include <charconv>
+#include <chrono>
+
+namespace quillet {
+namespace {
+
+namespace chr = std::chrono;
+
+// The number that stands in these places, -1 when one of them holds no digit.
+int part(std::string_view text, std::size_t at, std::size_t length) {
+  if (text.size() < at + length) return -1;
+  const std::string_view digits = text.substr(at, length);
+  if (digits.find_first_not_of("0123456789") != std::string_view::npos) return -1;
+  int number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return number;
+}
+
+chr::year_month_day partsOf(std::string_view text) {
+  return chr::year(part(text, 6, 4)) / static_cast<unsigned>(part(text, 3, 2)) /
+         static_cast<unsigned>(part(text, 0, 2));
+}
+
+}  // namespace
+
+bool isDate(std::string_view text) {
+  if (text.size() != 10 || text[2] != '/' || text[5] != '/') return false;
+  for (const std::size_t at : {0, 3, 6}) {
+    if (part(text, at, at == 6 ? 4 : 2) < 1) return false;
+  }
+  return partsOf(text).ok();
+}
+
+int compareDates(std::string_view first, std::string_view second) {
+  const auto order = partsOf(first) <=> partsOf(second);
+  return order < 0 ? -1 : order > 0 ? 1 : 0;
+}
+
+}  // namespace quillet

@@ -1,0 +1,201 @@
+#include "deletion/frmdelwhatinTB.h"
+
+#include "data/table_names.h"
+#include "data/year.h"
+
+namespace quillet {
+namespace {
+
+enum MainOption { all = 0, none = 1, selected = 2 };
+enum YesNoOption { yes = 0, no = 1 };
+
+std::string headingOf(const std::string& mode, const std::string& yearText) {
+  if (mode == "create") return "Create Trial Balance -> Overwrite existing for F.Y. " + yearText;
+  if (mode == "merge") return "Merge Trial Balance -> Overwrite existing for F.Y. " + yearText;
+  return "Delete Trial Balance for F.Y. " + yearText;
+}
+
+void clear(ControlArray<OptionButton>& options) {
+  for (auto& option : options) option->setChecked(false);
+}
+
+void copyChoice(const ControlArray<OptionButton>& from, ControlArray<OptionButton>& to) {
+  for (int i = 0; i < from.size(); ++i) to[i].setChecked(from[i].checked());
+}
+
+void enable(Frame& frame, ControlArray<OptionButton>& options, bool on) {
+  frame.setEnabled(on);
+  for (auto& option : options) option->setEnabled(on);
+}
+
+}  // namespace
+
+frmdelwhatinTB::frmdelwhatinTB(Context& context)
+    : Form(context.desk, "frmdelwhatinTB"), context_(context) {
+  setCaption("Delete Trial Balance Data");
+  lblhint.quiet = true;
+  KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
+  for (auto& option : optMain) option->Click = [this] { OPTMAIN_CLICK(); };
+  for (auto& option : optSchOthData) option->Click = [this] { OPTSCHOTHDATA_CLICK(); };
+  cmddelete.Click = [this] { CMDDELETE_CLICK(); };
+  cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
+}
+
+Node frmdelwhatinTB::layout() {
+  const auto options = [](ControlArray<OptionButton>& array) {
+    std::vector<Node> items;
+    for (auto& option : array) items.push_back(item(*option));
+    items.push_back(gap());
+    return row(std::move(items));
+  };
+  return column({item(lblheading), framed(famMain, {options(optMain)}),
+                 framed(famSchOthData, {options(optSchOthData)}),
+                 framed(famSchFA, {options(optSchFA)}), framed(famMiscDet, {options(optMiscDet)}),
+                 item(lblhint), gap(), row({gap(), item(cmddelete), item(cmdcancel)})});
+}
+
+bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year) {
+  bool ready = false;
+  trap("INITDATA", [&] {
+    mode_ = mode;
+    year_ = year;
+    keys_ = {siblingTable(year.table, ""), context_.host->TruncVarSQL(year.client),
+             yearOf(year.yearText), year.count};
+    deleted_ = registryRowDeleted_ = false;
+    lblheading.setCaption(headingOf(mode, year.yearText));
+    for (auto* options : {&optMain, &optSchOthData, &optSchFA, &optMiscDet}) clear(*options);
+    hasChart_ = findChart();
+    famSchFA.setVisible(hasChart_);
+    showOptions();
+    ready = true;
+  });
+  return ready;
+}
+
+bool frmdelwhatinTB::findChart() {
+  bool found = false;
+  for (const std::string_view select : deletion::chartSelects()) {
+    if (!context_.query(deletion::filled(select, keys_))->EOF_()) found = true;
+  }
+  return found;
+}
+
+void frmdelwhatinTB::FORM_LOAD() {
+  trap("FORM_LOAD", [&] {
+    context_.host->resize_for_resolution(*this);
+    // Higher and wider than its few lines it would only be empty.
+    size.width = 0.5;
+    size.height = 0.6;
+  });
+}
+
+void frmdelwhatinTB::FORM_KEYPRESS(Key& key) {
+  trap("FORM_KEYPRESS", [&] {
+    if (key == keys::Escape) {
+      key = keys::none;
+      CMDCANCEL_CLICK();
+    } else if (key == keys::Enter && dynamic_cast<OptionButton*>(active())) {
+      key = keys::none;
+      focusNext();
+    }
+  });
+}
+
+// --- the options --------------------------------------------------------------------------------
+
+void frmdelwhatinTB::showOptions() {
+  const bool free = optMain[selected].checked();
+  enable(famSchOthData, optSchOthData, free);
+  enable(famMiscDet, optMiscDet, free);
+  coupleChart();
+  lblhint.setCaption(optMain[none].checked() ? "Only the lines of the trial balance are deleted."
+                     : free                  ? "Choose Yes or No in every frame."
+                     : optMain[all].checked()
+                         ? "Everything of this year is deleted, the year itself included."
+                         : "");
+}
+
+void frmdelwhatinTB::coupleChart() {
+  const bool open = hasChart_ && deletesSchedules();
+  if (!open) clear(optSchFA);
+  enable(famSchFA, optSchFA, open && optMain[selected].checked());
+  // The frame shows what is going to happen, also where "Yes (All)" has chosen for everything.
+  famSchFA.setEnabled(open);
+}
+
+void frmdelwhatinTB::OPTMAIN_CLICK() {
+  trap("OPTMAIN_CLICK", [&] {
+    if (!optMain[selected].checked()) {
+      const int choice = optMain[all].checked() ? yes : no;
+      optSchOthData[choice].setChecked(true);
+      optMiscDet[choice].setChecked(true);
+      copyChoice(optSchOthData, optSchFA);
+    }
+    showOptions();
+  });
+}
+
+void frmdelwhatinTB::OPTSCHOTHDATA_CLICK() {
+  trap("OPTSCHOTHDATA_CLICK", [&] {
+    copyChoice(optSchOthData, optSchFA);
+    coupleChart();
+  });
+}
+
+// --- before the deletion ------------------------------------------------------------------------
+
+bool frmdelwhatinTB::answered(const ControlArray<OptionButton>& options) {
+  for (int i = 0; i < options.size(); ++i) {
+    if (options[i].checked()) return true;
+  }
+  return false;
+}
+
+bool frmdelwhatinTB::optionsChosen() {
+  // A chart whose frame is closed has nothing to be chosen: it stays with the schedules.
+  const bool chosen =
+      answered(optMain) &&
+      (!optMain[selected].checked() ||
+       (answered(optSchOthData) && (!famSchFA.enabled() || !hasChart_ || answered(optSchFA)) &&
+        answered(optMiscDet)));
+  if (!chosen) context_.MsgBox("Select an option.", Buttons::OK, Icon::information);
+  return chosen;
+}
+
+bool frmdelwhatinTB::rightsGranted() {
+  if (mode_ != "delete" && !context_.host->CheckPass("overwrite")) return false;
+  return year_.accessMark.empty() || context_.host->CheckPass("delete");
+}
+
+bool frmdelwhatinTB::confirmed() {
+  std::string more;
+  if (deletesSchedules()) more += "\r\n - Schedules/Other Data relevant to Trial Balance";
+  if (deletesChart()) more += "\r\n - Depreciation Chart (Fixed Assets)";
+  if (deletesMisc()) {
+    more += "\r\n - Misc. Forms/Reports/Certificates/Annexures relevant to Balance Sheet";
+  }
+  const std::string text = "Confirm Deletion of 'Trial Balance' ?";
+  return context_.MsgBox(more.empty() ? text : text + "\r\nWith" + more, Buttons::YesNoCancel,
+                         Icon::critical, Answer::Cancel) == Answer::Yes;
+}
+
+void frmdelwhatinTB::CMDDELETE_CLICK() {
+  trap("CMDDELETE_CLICK", [&] {
+    if (!optionsChosen() || !rightsGranted() || !confirmed()) return;
+    problems_.clear();
+    send(deletion::trialBalance());
+    if (deletesSchedules()) deleteSchedules();
+    if (deletesMisc()) deleteMisc();
+    const bool everything = deletesSchedules() && deletesMisc() && (deletesChart() || !hasChart_);
+    if (everything) deleteRegistryRow();
+    deleted_ = true;
+    if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
+    close();
+  });
+}
+
+void frmdelwhatinTB::CMDCANCEL_CLICK() {
+  trap("CMDCANCEL_CLICK", [&] { close(); });
+}
+
+}  // namespace quillet

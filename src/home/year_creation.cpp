@@ -1,0 +1,22 @@
+#include "home/year_creation.h"
+
+#include <algorithm>
+
+namespace quillet {
+
+std::optional<long> firstFreeNumber(const std::vector<long>& taken, long numbers) {
+  for (long number = 1; number <= numbers; ++number) {
+    if (std::find(taken.begin(), taken.end(), number) == taken.end()) return number;
+  }
+  return std::nullopt;
+}
+
+const RegisteredYear* latestBefore(const std::vector<RegisteredYear>& years,
+                                   const std::string& secondKey) {
+  const auto earlier = std::find_if(years.rbegin(), years.rend(), [&](const RegisteredYear& year) {
+    return year.secondKey < secondKey;
+  });
+  return earlier == years.rend() ? nullptr : &*earlier;
+}
+
+}  // namespace quillet
