@@ -48,6 +48,9 @@ class Control {
   bool focusable() const { return takesFocus() && enabled_ && shown(); }
   // Left out of the tab order when false; a click still focuses it.
   bool tabStop = true;
+  // Whether the control that loses the focus to this one is validated first; a command that gives
+  // an entry up, or checks it whole by itself, says no.
+  bool causesValidation = true;
 
   unsigned version() const { return version_; }
 

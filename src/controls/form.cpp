@@ -109,7 +109,7 @@ bool Form::focus(Control& control) {
   }
   if (!control.focusable()) return false;
   if (active_ == &control) return true;
-  if (active_) {
+  if (active_ && control.causesValidation) {
     bool cancel = false;
     fire(active_->Validate, cancel);
     if (cancel) return false;

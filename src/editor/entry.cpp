@@ -5,8 +5,8 @@
 
 #include "data/sql.h"
 #include "data/text.h"
-#include "editor/amount.h"
 #include "editor/frmcrtb.h"
+#include "host/amount.h"
 #include "host/busy.h"
 
 namespace quillet {

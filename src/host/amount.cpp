@@ -1,4 +1,4 @@
-#include "editor/amount.h"
+#include "host/amount.h"
 
 #include <charconv>
 
