@@ -1,0 +1,133 @@
+#include "desktop/application.h"
+
+#include <QCursor>
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QScreen>
+#include <QWindow>
+
+#include "desktop/form_window.h"
+#include "desktop/help_topics.h"
+#include "desktop/help_window.h"
+#include "desktop/report_window.h"
+#include "desktop/screenshot.h"
+#include "desktop/text.h"
+
+namespace quillet::desktop {
+
+Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows_, busy_) {
+  QApplication::setApplicationName(QStringLiteral("quillet"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Quillet"));
+  QApplication::setDesktopFileName(QStringLiteral("quillet"));
+  // The desk says when the last form is closed; a help window left open does not keep the program.
+  QApplication::setQuitOnLastWindowClosed(false);
+  setTheme(theme::wanted());
+  windows_.onLastClosed = [] { QCoreApplication::exit(0); };
+  windows_.onHelp = [this](Form& form) {
+    const HelpTopic* topic = helpOfForm(form.name());
+    help(topic ? fromQt(topic->id) : std::string());
+  };
+}
+
+Application::~Application() {
+  leave();
+  delete report_;
+}
+
+void Application::leave() { windows_.leave(); }
+
+void Application::setTheme(theme::Scheme scheme) { theme::apply(scheme); }
+
+int Application::run() {
+  if (!windows_.front()) return 0;
+  return QApplication::exec();
+}
+
+void Application::pump(int pauseMs) {
+  windows_.refresh();
+  QElapsedTimer since;
+  since.start();
+  do {
+    QApplication::processEvents(QEventLoop::AllEvents, 20);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  } while (since.elapsed() < pauseMs);
+}
+
+QImage Application::screenshot() const {
+  QWidget* front = windows_.front();
+  if (QWidget* active = QApplication::activeWindow(); active && active == report_) front = active;
+  return desktop::screenshot(front);
+}
+
+// --- front end
+// ------------------------------------------------------------------------------------
+
+Dialogs& Application::dialogs() { return exchanged_ ? *exchanged_ : own_; }
+
+suite::Screen Application::screen() const {
+  const QSize size = QApplication::primaryScreen()->size();
+  return {size.width(), size.height()};
+}
+
+void Application::showProgress(bool show) {
+  if (show) {
+    busy_.begin(windows_.front());
+  } else {
+    busy_.end();
+  }
+}
+
+void Application::progressText(const std::string& text) { busy_.setText(toQt(text)); }
+
+void Application::progressBar(long done, long total) { busy_.setBar(done, total); }
+
+void Application::showClient(const std::string& code, const std::string& name) {
+  windows_.setFootnote(code.empty() ? QString() : toQt(code + "  " + name));
+}
+
+int Application::popup(const std::vector<std::string>& entries) {
+  if (exchanged_) return 0;
+  windows_.refresh();
+  QMenu menu;
+  int position = 0;
+  for (const std::string& entry : entries) {
+    ++position;
+    if (entry == "-") {
+      menu.addSeparator();
+    } else {
+      menu.addAction(toQt(entry))->setData(position);
+    }
+  }
+  // From the menu key it opens at the control, from the mouse under the pointer.
+  QWidget* focus = QApplication::focusWidget();
+  const bool pointed = focus && focus->rect().contains(focus->mapFromGlobal(QCursor::pos()));
+  const QPoint place =
+      pointed || !focus ? QCursor::pos() : focus->mapToGlobal(focus->rect().center());
+  const QAction* chosen = menu.exec(place);
+  return chosen ? chosen->data().toInt() : 0;
+}
+
+// Above the window in front, and usable while that one is modal.
+void Application::showAbove(QWidget& window) {
+  window.winId();
+  if (FormWindow* front = windows_.front()) {
+    window.windowHandle()->setTransientParent(front->windowHandle());
+  }
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+void Application::help(const std::string& topic) {
+  if (!help_) help_ = std::make_unique<HelpWindow>();
+  help_->showTopic(toQt(topic));
+  showAbove(*help_);
+}
+
+void Application::showReport(const suite::Document& document) {
+  delete report_;
+  report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate());
+  showAbove(*report_);
+}
+
+}  // namespace quillet::desktop

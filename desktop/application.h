@@ -1,0 +1,74 @@
+// The desktop as a whole: sets Qt up, shows the forms of a desk, and is the front end through which
+// the suite shows itself. One exists for the life of the program.
+#pragma once
+
+#include <QApplication>
+#include <QImage>
+#include <QPointer>
+#include <memory>
+
+#include "desktop/busy_panel.h"
+#include "desktop/dialogs.h"
+#include "desktop/theme.h"
+#include "desktop/windows.h"
+#include "suite/front_end.h"
+
+namespace quillet::desktop {
+
+class HelpWindow;
+
+class Application : public suite::FrontEnd {
+ public:
+  // argc and argv outlive the application. The theme follows QUILLET_THEME, else the system.
+  Application(int& argc, char** argv);
+  ~Application() override;
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
+
+  void setTheme(theme::Scheme scheme);
+
+  // Shows the desk's forms from now on. leave() before the desk goes.
+  void follow(Desk& desk) { windows_.follow(desk); }
+  void leave();
+  // Lets a person work until the last window is closed; the exit status.
+  int run();
+
+  // --- play: a script drives the forms while their windows are shown
+
+  // Brings the windows up to date and lets them draw; then waits, so that a person can follow.
+  void pump(int pauseMs = 0);
+  // Who answers message boxes and dialogs instead of a person; null gives them back. With such
+  // dialogs nothing waits for a person, popup menus choose nothing.
+  void useDialogs(Dialogs* dialogs) { exchanged_ = dialogs; }
+  // The active window with what lies over it, empty when none is open.
+  QImage screenshot() const;
+
+  Windows& windows() { return windows_; }
+  // What a report's foot says; today unless the program's clock says otherwise.
+  void setPrintDate(const QDate& date) { printDate_ = date; }
+
+  // --- suite::FrontEnd
+  Dialogs& dialogs() override;
+  suite::Screen screen() const override;
+  void showProgress(bool show) override;
+  void progressText(const std::string& text) override;
+  void progressBar(long done, long total) override;
+  void showClient(const std::string& code, const std::string& name) override;
+  int popup(const std::vector<std::string>& entries) override;
+  void help(const std::string& topic) override;
+  void showReport(const suite::Document& document) override;
+
+ private:
+  void showAbove(QWidget& window);
+
+  QApplication qt_;
+  Windows windows_;
+  BusyPanel busy_;
+  DesktopDialogs own_;
+  Dialogs* exchanged_ = nullptr;
+  std::unique_ptr<HelpWindow> help_;
+  QPointer<QWidget> report_;
+  QDate printDate_;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,151 @@
+#include "desktop/busy_panel.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFrame>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+namespace {
+
+constexpr int patienceMs = 150;  // work shorter than this shows nothing
+constexpr int frameMs = 40;      // the panel is painted no more often
+
+bool isInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::ContextMenu:
+    case QEvent::Wheel:
+    case QEvent::InputMethod:
+    case QEvent::TouchBegin:
+    case QEvent::Close:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+BusyPanel::~BusyPanel() { end(); }
+
+void BusyPanel::begin(QWidget* over) {
+  if (busy_) return;
+  busy_ = true;
+  over_ = over;
+  text_.clear();
+  done_ = total_ = 0;
+  since_.start();
+  painted_.invalidate();
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void BusyPanel::end() {
+  if (!busy_) return;
+  busy_ = false;
+  delete panel_;
+  QGuiApplication::restoreOverrideCursor();
+}
+
+bool BusyPanel::visible() const { return panel_ && panel_->isVisible(); }
+
+void BusyPanel::setText(const QString& text) {
+  text_ = text;
+  step();
+}
+
+void BusyPanel::setBar(long done, long total) {
+  done_ = done;
+  total_ = total;
+  step();
+}
+
+void BusyPanel::step() {
+  if (!busy_ || since_.elapsed() < patienceMs) return;
+  if (painted_.isValid() && painted_.elapsed() < frameMs && done_ < total_) return;
+  if (!panel_) build();
+  label_->setText(text_.isEmpty() ? tr("Please wait ...") : text_);
+  bar_->setVisible(total_ > 0);
+  // The bar counts in thousandths: rows may be more than it can count.
+  bar_->setRange(0, 1000);
+  bar_->setValue(total_ > 0 ? static_cast<int>(1000.0 * static_cast<double>(done_) /
+                                               static_cast<double>(total_))
+                            : 0);
+  place();
+  panel_->show();
+  panel_->raise();
+  shield(true);
+  QCoreApplication::processEvents();
+  shield(false);
+  painted_.start();
+}
+
+void BusyPanel::build() {
+  panel_ = new QFrame(over_, over_ ? Qt::Widget : Qt::SplashScreen);
+  panel_->setObjectName(QStringLiteral("busy"));
+  panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  panel_->setAutoFillBackground(true);
+  if (over_) panel_->setFont(over_->font());
+  const int step = theme::step(*panel_);
+  auto* inside = new QVBoxLayout(panel_);
+  inside->setContentsMargins(3 * step, 2 * step, 3 * step, 3 * step);
+  inside->setSpacing(step);
+  label_ = new QLabel(panel_);
+  label_->setTextFormat(Qt::PlainText);
+  bar_ = new QProgressBar(panel_);
+  bar_->setTextVisible(false);
+  bar_->setFixedHeight(step);
+  inside->addWidget(label_);
+  inside->addWidget(bar_);
+}
+
+void BusyPanel::place() {
+  // As wide from the first text to the last, so that it does not jump.
+  const int width = theme::characters(*panel_, 44);
+  panel_->resize(std::max(width, label_->sizeHint().width()), panel_->sizeHint().height());
+  const QRect room = over_ ? over_->rect() : QGuiApplication::primaryScreen()->availableGeometry();
+  panel_->move(room.center() - panel_->rect().center());
+}
+
+void BusyPanel::shield(bool on) {
+  if (on == shielded_) return;
+  shielded_ = on;
+  if (on) {
+    qApp->installEventFilter(this);
+  } else {
+    qApp->removeEventFilter(this);
+  }
+}
+
+bool BusyPanel::eventFilter(QObject*, QEvent* event) {
+  if (!isInput(event->type())) return false;
+  event->ignore();
+  return true;
+}
+
+BusyPanel::Pause::Pause(BusyPanel& panel) : panel_(panel), wasBusy_(panel.busy_) {
+  if (!wasBusy_) return;
+  if (panel_.panel_) panel_.panel_->hide();
+  QGuiApplication::restoreOverrideCursor();
+}
+
+BusyPanel::Pause::~Pause() {
+  if (!wasBusy_) return;
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  panel_.since_.restart();
+  panel_.painted_.invalidate();
+}
+
+}  // namespace quillet::desktop

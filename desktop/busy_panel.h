@@ -1,0 +1,64 @@
+// The busy indicator: a small panel over the window in front, with a line of text and a bar. It
+// comes up only when the work lasts, so that nothing flickers; while it is there, what a person
+// types and clicks is dropped, so that nothing is done behind the work's back.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QFrame;
+class QLabel;
+class QProgressBar;
+class QWidget;
+
+namespace quillet::desktop {
+
+class BusyPanel : public QObject {
+ public:
+  ~BusyPanel() override;
+
+  // `over`: the window in front, or null.
+  void begin(QWidget* over);
+  void end();
+  void setText(const QString& text);
+  // `total` 0: no bar.
+  void setBar(long done, long total);
+
+  // Takes the panel and the wait cursor away while a dialog asks something in the midst of work.
+  class Pause {
+   public:
+    explicit Pause(BusyPanel& panel);
+    ~Pause();
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+
+   private:
+    BusyPanel& panel_;
+    bool wasBusy_;
+  };
+
+  bool visible() const;
+
+ protected:
+  bool eventFilter(QObject* target, QEvent* event) override;
+
+ private:
+  void step();
+  void build();
+  void place();
+  void shield(bool on);
+
+  bool busy_ = false;
+  bool shielded_ = false;
+  QElapsedTimer since_, painted_;
+  QString text_;
+  long done_ = 0, total_ = 0;
+  QPointer<QWidget> over_;
+  QPointer<QFrame> panel_;
+  QPointer<QLabel> label_;
+  QPointer<QProgressBar> bar_;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,129 @@
+#include "desktop/cell_painter.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+#include <QWidget>
+
+#include "desktop/grid_model.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+namespace {
+
+Qt::Alignment alignmentOf(const GridColumn& column) {
+  if (column.align == Align::right) return Qt::AlignRight | Qt::AlignVCenter;
+  if (column.align == Align::center) return Qt::AlignCenter;
+  return Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+// What a cell's text may take.
+QRect roomOf(const QStyleOptionViewItem& option) {
+  const int margin = theme::step(*option.widget) * 3 / 4;
+  return option.rect.adjusted(margin, 0, -margin, 0);
+}
+
+void drawTick(QPainter* painter, const QStyleOptionViewItem& option, bool on) {
+  QStyleOptionButton box;
+  box.palette = option.palette;
+  box.state = QStyle::State_Enabled | (on ? QStyle::State_On : QStyle::State_Off);
+  const int side = option.widget->style()->pixelMetric(QStyle::PM_IndicatorWidth, &option);
+  box.rect = QRect(0, 0, side, side);
+  box.rect.moveCenter(option.rect.center());
+  option.widget->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter,
+                                        option.widget);
+}
+
+}  // namespace
+
+CellPainter::CellPainter(GridModel& model, QWidget* parent)
+    : QStyledItemDelegate(parent), model_(model) {}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+  const int row = model_.gridRow(index.row());
+  if (row < 1 || row > model_.grid().rows() || index.column() >= model_.grid().cols()) return;
+  const GridColumn& column = model_.column(index.column());
+  const QPalette& palette = option.palette;
+  const bool selected = option.state & QStyle::State_Selected;
+  const bool enabled = option.state & QStyle::State_Enabled;
+  const bool active = enabled && (alwaysActive || (option.widget && option.widget->hasFocus()));
+
+  QColor ground;
+  if (selected && active) {
+    ground = palette.color(QPalette::Active, QPalette::Highlight);
+  } else if (selected) {
+    ground = theme::selection(palette);
+  } else if (model_.grid().rowEmphasised(row)) {
+    ground = theme::emphasis(palette);
+  } else if (model_.grid().zebra && index.row() % 2 == 1) {
+    ground = theme::zebra(palette);
+  }
+  if (ground.isValid()) painter->fillRect(option.rect, ground);
+
+  const QString text = index.data(Qt::DisplayRole).toString();
+  if (column.tick) return drawTick(painter, option, text == u"1");
+  const QFont font = fontOf(option, index);
+  painter->setFont(font);
+  const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
+  painter->setPen(
+      palette.color(group, selected && active ? QPalette::HighlightedText : QPalette::Text));
+  const QRect room = roomOf(option);
+  const QString fitting =
+      QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  painter->drawText(room, static_cast<int>(alignmentOf(column)) | Qt::TextSingleLine, fitting);
+}
+
+QFont CellPainter::fontOf(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  if (plain_ != option.font) {
+    plain_ = option.font;
+    figures_ = theme::figures(option.font);
+  }
+  QFont font = model_.column(index.column()).align == Align::right ? figures_ : plain_;
+  font.setBold(model_.grid().rowEmphasised(model_.gridRow(index.row())));
+  return font;
+}
+
+bool CellPainter::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                            const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip || !index.isValid()) return false;
+  const QString text = index.data(Qt::DisplayRole).toString();
+  const int width = QFontMetrics(fontOf(option, index)).horizontalAdvance(text);
+  const bool cut = width > roomOf(option).width();
+  QToolTip::showText(event->globalPos(),
+                     cut ? QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()) : QString(),
+                     view);
+  return true;
+}
+
+bool CellPainter::eventFilter(QObject* editor, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+      // By itself Qt would go on to the next cell, past the grid's own current row.
+      emit commitData(static_cast<QWidget*>(editor));
+      emit closeEditor(static_cast<QWidget*>(editor), NoHint);
+      return true;
+    }
+  }
+  return QStyledItemDelegate::eventFilter(editor, event);
+}
+
+QWidget* CellPainter::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                   const QModelIndex& index) const {
+  auto* line = new QLineEdit(parent);
+  line->setAlignment(alignmentOf(model_.column(index.column())));
+  return line;
+}
+
+void CellPainter::setModelData(QWidget* editor, QAbstractItemModel*,
+                               const QModelIndex& index) const {
+  if (edited)
+    edited(model_.gridRow(index.row()), index.column(), static_cast<QLineEdit*>(editor)->text());
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,71 @@
+// The view of one control: a widget that shows the control's state and hands what a person does to
+// its form. The widget never takes the focus by itself; the form decides where the focus is, and
+// the window lets Qt's focus follow.
+#pragma once
+
+#include <QObject>
+
+#include "controls/form.h"
+#include "desktop/stage.h"
+
+class QKeyEvent;
+class QMouseEvent;
+class QWidget;
+
+namespace quillet::desktop {
+
+class ControlView : public QObject {
+ public:
+  // The view belongs to its widget and goes with it.
+  ControlView(Control& control, Stage& stage) : control_(control), stage_(stage) {}
+
+  Control& control() const { return control_; }
+  // What stands in the form's arrangement.
+  QWidget* widget() const { return widget_; }
+  // Draws the control when it has changed since it was drawn last.
+  void refresh();
+  // Draws it in any case.
+  void redraw();
+  // Whether Qt's focus is where this control's keys arrive.
+  bool hasFocus() const;
+  void takeFocus();
+  // The label before or above the widget, which comes and goes with it.
+  void setLabel(QWidget* label) { label_ = label; }
+  // The form is closed: nothing is passed on any more.
+  void retire();
+
+ protected:
+  // Called once by the derived class with its widget.
+  void adopt(QWidget* widget);
+  // Lets a part of the widget (a table's viewport) act for the whole.
+  void watch(QWidget* part);
+
+  // Shows the control's state; what all controls have is drawn already.
+  virtual void draw() = 0;
+  virtual void drawVisible(bool visible);
+  // True when the key was used.
+  virtual bool keyPressed(QKeyEvent& event);
+  // A press of the mouse while the control has the focus. True keeps it from the widget. `arrived`:
+  // this press brought the focus.
+  virtual bool mousePressed(QObject* target, QMouseEvent& event, bool arrived);
+  virtual bool otherEvent(QObject* target, QEvent& event);
+
+  bool eventFilter(QObject* target, QEvent* event) override;
+  void perform(const std::function<void()>& action) { stage_.perform(action); }
+  void press(Key key);
+  // While drawing, signals of the widget are the view's own doing and not a person's.
+  bool drawing() const { return drawing_; }
+
+ private:
+  bool arrive();
+
+  Control& control_;
+  Stage& stage_;
+  QWidget* widget_ = nullptr;
+  QWidget* label_ = nullptr;
+  unsigned drawn_ = 0;
+  bool drawing_ = false;
+  bool retired_ = false;
+};
+
+}  // namespace quillet::desktop

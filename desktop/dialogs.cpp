@@ -1,0 +1,134 @@
+#include "desktop/dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "desktop/busy_panel.h"
+#include "desktop/form_window.h"
+#include "desktop/text.h"
+#include "desktop/windows.h"
+
+namespace quillet::desktop {
+namespace {
+
+QMessageBox::Icon iconOf(Icon icon) {
+  switch (icon) {
+    case Icon::information:
+      return QMessageBox::Information;
+    case Icon::question:
+      return QMessageBox::Question;
+    case Icon::exclamation:
+      return QMessageBox::Warning;
+    case Icon::critical:
+      return QMessageBox::Critical;
+    case Icon::none:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::OK:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton buttonOf(Answer answer) {
+  switch (answer) {
+    case Answer::Yes:
+      return QMessageBox::Yes;
+    case Answer::No:
+      return QMessageBox::No;
+    case Answer::Cancel:
+      return QMessageBox::Cancel;
+    case Answer::OK:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+Answer answerOf(int button, Buttons buttons) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Ok:
+      return Answer::OK;
+    default:
+      // Closed without a button: the answer that changes nothing.
+      return buttons == Buttons::OK      ? Answer::OK
+             : buttons == Buttons::YesNo ? Answer::No
+                                         : Answer::Cancel;
+  }
+}
+
+// "Excel Files|*.xls|All Files|*.*" as Qt writes it.
+QStringList filtersOf(const std::string& filter) {
+  const QStringList parts = toQt(filter).split(u'|', Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
+    filters << QStringLiteral("%1 (%2)").arg(parts[at], parts[at + 1]);
+  }
+  return filters;
+}
+
+}  // namespace
+
+QWidget* DesktopDialogs::prepare() {
+  // A person answers by what the windows show, so they show how things stand now.
+  windows_.refresh();
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : windows_.front();
+}
+
+Answer DesktopDialogs::MsgBox(const Message& message) {
+  const BusyPanel::Pause pause(busy_);
+  QMessageBox box(prepare());
+  box.setObjectName(QStringLiteral("message"));
+  box.setWindowTitle(message.title.empty() ? QApplication::applicationDisplayName()
+                                           : toQt(message.title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(toQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+  box.setIcon(iconOf(message.icon));
+  box.setStandardButtons(buttonsOf(message.buttons));
+  box.setDefaultButton(buttonOf(message.defaultAnswer));
+  // Buttons take a click, never the focus of the form below.
+  const int button = box.exec();
+  return answerOf(button, message.buttons);
+}
+
+std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
+                                                    const std::string& proposed) {
+  const BusyPanel::Pause pause(busy_);
+  QFileDialog dialog(prepare(), QObject::tr("Save as"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilters(filtersOf(filter));
+  const QFileInfo file(toQt(proposed));
+  if (!file.path().isEmpty()) dialog.setDirectory(file.path());
+  dialog.selectFile(file.fileName());
+  if (!file.suffix().isEmpty()) dialog.setDefaultSuffix(file.suffix());
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return fromQt(dialog.selectedFiles().constFirst());
+}
+
+std::optional<std::string> DesktopDialogs::password(const std::string& prompt) {
+  const BusyPanel::Pause pause(busy_);
+  QInputDialog dialog(prepare());
+  dialog.setWindowTitle(QObject::tr("Password"));
+  dialog.setLabelText(toQt(prompt).toHtmlEscaped());
+  dialog.setTextEchoMode(QLineEdit::Password);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return fromQt(dialog.textValue());
+}
+
+}  // namespace quillet::desktop

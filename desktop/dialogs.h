@@ -1,0 +1,31 @@
+// Message boxes, the file dialog and the password prompt on the screen.
+#pragma once
+
+#include <functional>
+
+#include "host/ports.h"
+
+class QWidget;
+
+namespace quillet::desktop {
+
+class BusyPanel;
+class Windows;
+
+class DesktopDialogs : public Dialogs {
+ public:
+  DesktopDialogs(Windows& windows, BusyPanel& busy) : windows_(windows), busy_(busy) {}
+
+  Answer MsgBox(const Message& message) override;
+  std::optional<std::string> saveFile(const std::string& filter,
+                                      const std::string& proposed) override;
+  std::optional<std::string> password(const std::string& prompt) override;
+
+ private:
+  QWidget* prepare();
+
+  Windows& windows_;
+  BusyPanel& busy_;
+};
+
+}  // namespace quillet::desktop

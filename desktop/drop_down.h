@@ -1,0 +1,39 @@
+// The list under a text box: part of the form's window, above its other widgets. It never takes the
+// focus; keys go on into the text box, whose handlers move the list's current row.
+#pragma once
+
+#include <QFrame>
+
+#include "controls/grid.h"
+#include "desktop/stage.h"
+
+namespace quillet::desktop {
+
+class GridTable;
+
+class DropDown : public QFrame {
+ public:
+  // `field` is the widget of the text box. The list lies on the window that holds it.
+  DropDown(Grid& grid, Stage& stage, QWidget* field);
+
+  // Shows, hides and draws the list as its grid stands.
+  void refresh();
+  Grid& grid() const { return grid_; }
+  void retire() { retired_ = true; }
+
+ protected:
+  bool eventFilter(QObject* target, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool wanted() const;
+  void place();
+
+  Grid& grid_;
+  Stage& stage_;
+  QWidget* field_;
+  GridTable* table_;
+  bool retired_ = false;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,69 @@
+#include "desktop/form_menu.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <algorithm>
+
+#include "desktop/text.h"
+
+namespace quillet::desktop {
+
+void FormMenu::refresh() {
+  std::vector<MenuEntry*> entries;
+  for (Control* control : form_.controls()) {
+    if (auto* entry = dynamic_cast<MenuEntry*>(control)) entries.push_back(entry);
+  }
+  if (entries != entries_) {
+    entries_ = std::move(entries);
+    rebuild();
+  }
+  for (const auto& [entry, action] : actions_) draw(*entry, *action);
+  bar_.setVisible(!entries_.empty());
+}
+
+void FormMenu::rebuild() {
+  actions_.clear();
+  bar_.clear();
+  for (QMenu* menu : bar_.findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
+    menu->deleteLater();
+  }
+  for (MenuEntry* entry : entries_) actions_[entry] = addEntry(*entry);
+}
+
+QAction* FormMenu::addEntry(MenuEntry& entry) {
+  const bool heads = std::any_of(entries_.begin(), entries_.end(),
+                                 [&](const MenuEntry* other) { return other->parent() == &entry; });
+  QAction* action = nullptr;
+  if (heads) {
+    auto* menu = new QMenu(&bar_);
+    action = menu->menuAction();
+  } else {
+    action = new QAction(&bar_);
+    MenuEntry* clicked = &entry;
+    QObject::connect(action, &QAction::triggered, &bar_, [this, clicked] {
+      stage_.perform([&] { form_.click(*clicked); });
+      // Qt ticks by itself; what counts is the model.
+      if (actions_.contains(clicked)) draw(*clicked, *actions_[clicked]);
+    });
+  }
+  if (!entry.parent()) {
+    bar_.addAction(action);
+  } else if (const auto heading = actions_.find(entry.parent()); heading != actions_.end()) {
+    heading->second->menu()->addAction(action);
+  }
+  return action;
+}
+
+void FormMenu::draw(const MenuEntry& entry, QAction& action) {
+  action.setSeparator(entry.caption() == "-");
+  action.setText(toQt(entry.caption()));
+  action.setVisible(entry.visible());
+  action.setEnabled(entry.enabled());
+  action.setCheckable(entry.checked());
+  action.setChecked(entry.checked());
+  const QKeySequence shortcut(toQt(entry.shortcut()));
+  if (action.shortcut() != shortcut) action.setShortcut(shortcut);
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,36 @@
+// The menu bar of a form, made from its menu entries. Entries may come and go while the form is
+// open.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "controls/form.h"
+#include "controls/simple.h"
+#include "desktop/stage.h"
+
+class QAction;
+class QMenu;
+class QMenuBar;
+
+namespace quillet::desktop {
+
+class FormMenu {
+ public:
+  FormMenu(Form& form, Stage& stage, QMenuBar& bar) : form_(form), stage_(stage), bar_(bar) {}
+
+  void refresh();
+
+ private:
+  void rebuild();
+  QAction* addEntry(MenuEntry& entry);
+  static void draw(const MenuEntry& entry, QAction& action);
+
+  Form& form_;
+  Stage& stage_;
+  QMenuBar& bar_;
+  std::vector<MenuEntry*> entries_;
+  std::map<const MenuEntry*, QAction*> actions_;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,148 @@
+#include "desktop/form_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+#include <algorithm>
+
+#include "controls/grid.h"
+#include "desktop/drop_down.h"
+#include "desktop/text.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+
+FormWindow::FormWindow(Form& form, Stage& stage)
+    : form_(form), stage_(stage), menu_(form, stage, *menuBar()) {
+  setObjectName(toQt(form.name()));
+  setFont(theme::scaled(font(), form.size.font));
+  menuBar()->setFont(font());
+  menuBar()->setNativeMenuBar(false);
+  auto* body = new QWidget(this);
+  setCentralWidget(body);
+  layout_ = std::make_unique<FormLayout>(stage, body);
+  layout_->build(form.layout());
+  for (ControlView* view : layout_->views()) views_[&view->control()] = view;
+  addDropDowns();
+  refresh();
+  takeSize();
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::addDropDowns() {
+  for (Control* control : form_.controls()) {
+    auto* grid = dynamic_cast<Grid*>(control);
+    if (!grid || !grid->dropOf) continue;
+    if (const auto field = views_.find(grid->dropOf); field != views_.end()) {
+      dropDowns_.push_back(new DropDown(*grid, stage_, field->second->widget()));
+    }
+  }
+}
+
+void FormWindow::takeSize() {
+  const QRect room = screen()->availableGeometry();
+  const QSize wanted(qRound(room.width() * form_.size.width),
+                     qRound(room.height() * form_.size.height));
+  // Room for the title bar and the borders that the window manager adds.
+  const QSize most(room.width(), room.height() - 40);
+  resize(wanted.expandedTo(minimumSizeHint()).boundedTo(most));
+  move(room.center() - rect().center() - QPoint(0, 12));
+}
+
+bool FormWindow::exists(const Control& control) const {
+  const auto& controls = form_.controls();
+  return std::find(controls.begin(), controls.end(), &control) != controls.end();
+}
+
+void FormWindow::refresh() {
+  if (retired_) return;
+  if (drawn_ != form_.version()) {
+    drawn_ = form_.version();
+    setWindowTitle(toQt(form_.caption()));
+    menu_.refresh();
+    for (const auto& [control, view] : views_) {
+      // A control that the form removed meanwhile is not asked any more.
+      if (exists(*control)) {
+        view->refresh();
+      } else {
+        view->retire();
+        view->widget()->hide();
+      }
+    }
+    layout_->refreshStacks();
+    for (DropDown* list : dropDowns_) list->refresh();
+  }
+  followFocus();
+}
+
+void FormWindow::followFocus() {
+  const auto active = views_.find(form_.active());
+  if (active == views_.end()) {
+    setFocus(Qt::OtherFocusReason);
+  } else if (!active->second->hasFocus()) {
+    active->second->takeFocus();
+  }
+}
+
+void FormWindow::retire() {
+  retired_ = true;
+  for (const auto& [control, view] : views_) view->retire();
+  for (DropDown* list : dropDowns_) list->retire();
+}
+
+void FormWindow::setFootnote(const QString& text) {
+  if (!footnote_) {
+    footnote_ = new QLabel(this);
+    footnote_->setTextFormat(Qt::PlainText);
+    footnote_->setForegroundRole(QPalette::PlaceholderText);
+    statusBar()->addWidget(footnote_, 1);
+    statusBar()->setSizeGripEnabled(false);
+  }
+  footnote_->setText(text);
+  statusBar()->setVisible(!text.isEmpty());
+}
+
+bool FormWindow::event(QEvent* event) {
+  if (retired_) return QMainWindow::event(event);
+  switch (event->type()) {
+    case QEvent::KeyPress: {
+      // No control has the focus, or the one that has it made no use of the key: the form still
+      // sees every key.
+      const auto& key = static_cast<QKeyEvent&>(*event);
+      if (key.key() == Qt::Key_F1 && onHelp) {
+        onHelp();
+        return true;
+      }
+      const std::vector<Key> typed = keysOf(key);
+      for (const Key each : typed) stage_.perform([&] { form_.press(each); });
+      if (!typed.empty()) return true;
+      break;
+    }
+    case QEvent::WindowActivate:
+      if (onActivated) onActivated();
+      break;
+    case QEvent::WindowBlocked:
+      if (onCovered) onCovered();
+      break;
+    default:
+      break;
+  }
+  return QMainWindow::event(event);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  if (retired_) return;
+  event->ignore();  // the form decides, and its window goes with it
+  stage_.perform([&] { form_.close(); });
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (!retired_) stage_.perform([&] { form_.resized(); });
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,60 @@
+// The window of any form: its menu bar, its controls in the form's arrangement, its caption. Draws
+// what the form says and passes on what a person does; it decides nothing by itself.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "controls/form.h"
+#include "desktop/form_layout.h"
+#include "desktop/form_menu.h"
+#include "desktop/stage.h"
+
+class QLabel;
+
+namespace quillet::desktop {
+
+class DropDown;
+
+class FormWindow : public QMainWindow {
+ public:
+  FormWindow(Form& form, Stage& stage);
+  ~FormWindow() override;
+
+  Form& form() const { return form_; }
+  // Draws what changed since the last time and lets Qt's focus follow the form's.
+  void refresh();
+  // The form is closed: the window takes no more notice of it.
+  void retire();
+  // A line at the foot of the window.
+  void setFootnote(const QString& text);
+
+  // Told when a person came to this window, when a dialog covered it, and when help is wanted.
+  std::function<void()> onActivated, onCovered, onHelp;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void takeSize();
+  void addDropDowns();
+  void followFocus();
+  bool exists(const Control& control) const;
+
+  Form& form_;
+  Stage& stage_;
+  FormMenu menu_;
+  std::unique_ptr<FormLayout> layout_;
+  std::map<const Control*, ControlView*> views_;
+  std::vector<DropDown*> dropDowns_;
+  QLabel* footnote_ = nullptr;
+  unsigned drawn_ = 0;
+  bool retired_ = false;
+};
+
+}  // namespace quillet::desktop

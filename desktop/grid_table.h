@@ -1,0 +1,43 @@
+// The table widget of a grid: fixed row height, columns by the grid's widths, and the current row
+// where the grid has it. Used by the grids of a form and by the drop-downs under text boxes.
+#pragma once
+
+#include <QTableView>
+
+#include "controls/grid.h"
+
+namespace quillet::desktop {
+
+class CellPainter;
+class GridModel;
+
+class GridTable : public QTableView {
+ public:
+  GridTable(Grid& grid, QWidget* parent);
+
+  // Shows what changed in the grid.
+  void refresh();
+  GridModel& cells() const { return *cells_; }
+  CellPainter& painter() const { return *painter_; }
+  // The height of that many rows, with headings and frame.
+  int heightOf(int rows) const;
+  // The width in characters that a column has on the screen.
+  int shownWidth(int column) const;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void arrangeColumns();
+  void showCurrent();
+  void measure();
+
+  Grid& grid_;
+  GridModel* cells_;
+  CellPainter* painter_;
+  unsigned content_ = 0;
+  int padding_ = 0;  // what a cell adds to its characters
+};
+
+}  // namespace quillet::desktop

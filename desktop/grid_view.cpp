@@ -1,0 +1,141 @@
+#include "desktop/grid_view.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include "desktop/cell_painter.h"
+#include "desktop/grid_model.h"
+#include "desktop/grid_table.h"
+#include "desktop/text.h"
+
+namespace quillet::desktop {
+
+GridView::GridView(Grid& grid, Stage& stage, QWidget* parent)
+    : ControlView(grid, stage), grid_(grid), table_(new GridTable(grid, parent)) {
+  adopt(table_);
+  watch(table_->viewport());
+  table_->setContextMenuPolicy(Qt::NoContextMenu);
+  table_->setMinimumHeight(table_->heightOf(3));
+  table_->painter().edited = [this](int row, int column, const QString& text) {
+    perform([&] { grid_.edit(row, column, fromQt(text)); });
+  };
+  QHeaderView* header = table_->horizontalHeader();
+  header->setSectionsClickable(true);
+  connect(header, &QHeaderView::sectionClicked, this,
+          [this](int column) { perform([&] { grid_.sortBy(column); }); });
+  connect(header, &QHeaderView::sectionResized, this, [this](int column) { widen(column); });
+}
+
+void GridView::draw() {
+  QHeaderView* header = table_->horizontalHeader();
+  header->setSortIndicatorShown(grid_.sortColumn() >= 0);
+  header->setSortIndicator(grid_.sortColumn(),
+                           grid_.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+  table_->refresh();
+}
+
+void GridView::widen(int column) {
+  if (drawing() || table_->isColumnHidden(column)) return;
+  const int width = table_->shownWidth(column);
+  if (width != grid_.columns()[static_cast<std::size_t>(column)].width) {
+    perform([&] { grid_.setColumnWidth(column, width); });
+  }
+}
+
+// --- keys ---------------------------------------------------------------------------------------
+
+bool GridView::keyPressed(QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Menu:
+      popUp();
+      return true;
+    case Qt::Key_F2:
+      for (int column = 0; column < grid_.cols(); ++column) {
+        if (edit(grid_.current(), column)) return true;
+      }
+      return true;
+    default:
+      break;
+  }
+  const bool used = ControlView::keyPressed(event);
+  const bool across = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
+  if (across && event.modifiers() == Qt::NoModifier) {
+    QScrollBar* bar = table_->horizontalScrollBar();
+    bar->setValue(bar->value() + (event.key() == Qt::Key_Left ? -40 : 40));
+  }
+  return used;
+}
+
+void GridView::popUp() {
+  perform([&] { fire(grid_.Popup); });
+}
+
+bool GridView::edit(int row, int column) {
+  const GridColumn& what = grid_.columns()[static_cast<std::size_t>(column)];
+  const int shown = table_->cells().shownRow(row);
+  if (shown < 0 || !what.editable || what.tick || what.hidden) return false;
+  const QModelIndex index = table_->cells().index(shown, column);
+  table_->setCurrentIndex(index);
+  table_->edit(index);
+  return true;
+}
+
+// --- mouse --------------------------------------------------------------------------------------
+
+bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
+  if (target != table_->viewport()) return false;
+  table_->setFocus(Qt::MouseFocusReason);  // ends the editing of a cell
+  const QModelIndex index = table_->indexAt(event.position().toPoint());
+  const int row = table_->cells().gridRow(index.row());
+  if (row > 0) {
+    const bool wasCurrent = !arrived && row == grid_.current();
+    const GridColumn column = table_->cells().column(index.column());
+    perform([&] {
+      grid_.setCurrent(row);
+      if (column.tick && event.button() == Qt::LeftButton) grid_.tick(row, !grid_.ticked(row));
+    });
+    if (wasCurrent && event.button() == Qt::LeftButton) edit(row, index.column());
+  }
+  if (event.button() == Qt::RightButton) popUp();
+  return true;
+}
+
+void GridView::doubleClicked(const QPoint& place) {
+  const QModelIndex index = table_->indexAt(place);
+  const int row = table_->cells().gridRow(index.row());
+  if (row == 0) return;
+  const GridColumn& column = table_->cells().column(index.column());
+  if (column.tick) {
+    perform([&] { grid_.tick(row, !grid_.ticked(row)); });
+  } else if (!edit(row, index.column())) {
+    perform([&] {
+      grid_.setCurrent(row);
+      grid_.form().doubleClick(grid_);
+    });
+  }
+}
+
+bool GridView::otherEvent(QObject* target, QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonDblClick: {
+      const auto& mouse = static_cast<QMouseEvent&>(event);
+      if (target != table_->viewport()) return false;
+      if (mouse.button() == Qt::LeftButton) doubleClicked(mouse.position().toPoint());
+      return true;
+    }
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+      return true;  // no selecting by dragging
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      table_->update();  // the frame shows where the focus is
+      table_->viewport()->update();
+      return false;
+    default:
+      return ControlView::otherEvent(target, event);
+  }
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,34 @@
+// A grid of a form: keys move through the model, a click chooses a row, a double click carries it
+// on, a click on a heading sorts.
+#pragma once
+
+#include "controls/grid.h"
+#include "desktop/control_view.h"
+
+class QPoint;
+
+namespace quillet::desktop {
+
+class GridTable;
+
+class GridView : public ControlView {
+ public:
+  GridView(Grid& grid, Stage& stage, QWidget* parent);
+
+ protected:
+  void draw() override;
+  bool keyPressed(QKeyEvent& event) override;
+  bool mousePressed(QObject* target, QMouseEvent& event, bool arrived) override;
+  bool otherEvent(QObject* target, QEvent& event) override;
+
+ private:
+  void doubleClicked(const QPoint& place);
+  void popUp();
+  bool edit(int row, int column);
+  void widen(int column);
+
+  Grid& grid_;
+  GridTable* table_;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,77 @@
+#include "desktop/help_topics.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTextDocument>
+#include <algorithm>
+
+#include "desktop/text.h"
+
+// Outside of any namespace, as Qt wants it: pages in a static library are linked only when named.
+static void bindHelpPages() { Q_INIT_RESOURCE(help); }
+
+namespace quillet::desktop {
+namespace {
+
+QString metaOf(const QString& html, const QString& name) {
+  const QRegularExpression meta(QStringLiteral("<meta name=\"%1\" content=\"([^\"]*)\"").arg(name));
+  return meta.match(html).captured(1);
+}
+
+HelpTopic read(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QString html = QString::fromUtf8(file.readAll());
+  QTextDocument page;
+  page.setHtml(html);
+  return {metaOf(html, QStringLiteral("topic")), metaOf(html, QStringLiteral("form")),
+          page.metaInformation(QTextDocument::DocumentTitle), path, page.toPlainText()};
+}
+
+template <class Matches>
+const HelpTopic* first(const Matches& matches) {
+  const auto& topics = helpTopics();
+  const auto found = std::find_if(topics.begin(), topics.end(), matches);
+  return found == topics.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const std::vector<HelpTopic>& helpTopics() {
+  static const std::vector<HelpTopic> topics = [] {
+    bindHelpPages();
+    std::vector<HelpTopic> pages;
+    const QDir folder(QStringLiteral(":/help"));
+    for (const QString& name : folder.entryList({QStringLiteral("*.html")}, QDir::Files)) {
+      pages.push_back(read(folder.filePath(name)));
+    }
+    std::sort(pages.begin(), pages.end(),
+              [](const HelpTopic& a, const HelpTopic& b) { return a.id < b.id; });
+    return pages;
+  }();
+  return topics;
+}
+
+const HelpTopic* helpTopic(std::string_view id) {
+  return first([&](const HelpTopic& topic) { return topic.id == toQt(id); });
+}
+
+const HelpTopic* helpOfForm(std::string_view form) {
+  return first([&](const HelpTopic& topic) { return topic.form == toQt(form); });
+}
+
+std::vector<const HelpTopic*> helpWith(const QString& search) {
+  const QStringList words = search.split(u' ', Qt::SkipEmptyParts);
+  std::vector<const HelpTopic*> found;
+  for (const HelpTopic& topic : helpTopics()) {
+    const bool all = std::all_of(words.begin(), words.end(), [&](const QString& word) {
+      return topic.title.contains(word, Qt::CaseInsensitive) ||
+             topic.words.contains(word, Qt::CaseInsensitive);
+    });
+    if (all) found.push_back(&topic);
+  }
+  return found;
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,134 @@
+#include "desktop/help_window.h"
+
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScreen>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include "desktop/help_topics.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+
+HelpWindow::HelpWindow() {
+  setObjectName(QStringLiteral("help"));
+  setWindowTitle(tr("Help"));
+  const int step = theme::step(*this);
+  auto* splitter = new QSplitter(this);
+  auto* left = new QWidget(splitter);
+  auto* column = new QVBoxLayout(left);
+  column->setContentsMargins(0, 0, step, 0);
+  column->setSpacing(step);
+  search_ = new QLineEdit(left);
+  search_->setPlaceholderText(tr("Search"));
+  search_->setClearButtonEnabled(true);
+  topics_ = new QListWidget(left);
+  topics_->setWordWrap(true);
+  column->addWidget(search_);
+  column->addWidget(topics_);
+  page_ = new QTextBrowser(splitter);
+  page_->setOpenLinks(false);
+  page_->document()->setDocumentMargin(2 * step);
+  splitter->setSizes({26 * step, 74 * step});
+  splitter->setCollapsible(0, false);
+  splitter->setCollapsible(1, false);
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(step, step, step, step);
+  whole->addWidget(splitter);
+  dress();
+  list();
+  connect(search_, &QLineEdit::textChanged, this, [this] { list(); });
+  connect(topics_, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (row >= 0) open(topics_->item(row)->data(Qt::UserRole).toString());
+  });
+  // Links between the pages name the file: "2-2-1.html".
+  connect(page_, &QTextBrowser::anchorClicked, this,
+          [this](const QUrl& link) { showTopic(link.path().remove(QStringLiteral(".html"))); });
+  const QRect room = screen()->availableGeometry();
+  resize(std::min(room.width() * 8 / 10, 100 * step), std::min(room.height() * 8 / 10, 80 * step));
+  move(room.center() - rect().center());
+}
+
+void HelpWindow::dress() {
+  const QPalette colours = palette();
+  const QString sheet =
+      QStringLiteral(
+          "h1{font-size:x-large;font-weight:600;} h2{font-size:large;font-weight:600;}"
+          "p,li{line-height:135%;} a{color:%1;} th{text-align:left;color:%2;}"
+          "td,th{padding:3px 16px 3px 0;} code,kbd{background-color:%3;}")
+          .arg(colours.color(QPalette::Link).name(), theme::dimmed(colours).name(),
+               theme::emphasis(colours).name());
+  page_->document()->setDefaultStyleSheet(sheet);
+}
+
+void HelpWindow::list() {
+  const QString before = topic();
+  const QSignalBlocker quiet(topics_);
+  topics_->clear();
+  int row = -1;
+  for (const HelpTopic* found : helpWith(search_->text())) {
+    auto* item = new QListWidgetItem(found->title, topics_);
+    item->setData(Qt::UserRole, found->id);
+    if (found->id == before) row = topics_->count() - 1;
+  }
+  if (topics_->count() == 0) return;
+  topics_->setCurrentRow(std::max(row, 0));
+  open(topic());
+}
+
+QString HelpWindow::topic() const {
+  const QListWidgetItem* item = topics_->currentItem();
+  return item ? item->data(Qt::UserRole).toString() : QString();
+}
+
+void HelpWindow::showTopic(const QString& id) {
+  search_->clear();
+  for (int row = 0; row < topics_->count(); ++row) {
+    if (topics_->item(row)->data(Qt::UserRole).toString() == id) topics_->setCurrentRow(row);
+  }
+  page_->setFocus();
+}
+
+void HelpWindow::open(const QString& id) {
+  const HelpTopic* found = helpTopic(id.toStdString());
+  QFile file(found ? found->file : QString());
+  if (!found || !file.open(QIODevice::ReadOnly)) return;
+  page_->setHtml(QString::fromUtf8(file.readAll()));
+  markFound();
+}
+
+void HelpWindow::markFound() {
+  QList<QTextEdit::ExtraSelection> marks;
+  for (const QString& word : search_->text().split(u' ', Qt::SkipEmptyParts)) {
+    for (QTextCursor at = page_->document()->find(word); !at.isNull();
+         at = page_->document()->find(word, at)) {
+      QTextEdit::ExtraSelection mark;
+      mark.cursor = at;
+      mark.format.setBackground(theme::selection(palette()));
+      marks << mark;
+    }
+  }
+  page_->setExtraSelections(marks);
+}
+
+void HelpWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+void HelpWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && page_) {
+    dress();
+    open(topic());
+  }
+}
+
+}  // namespace quillet::desktop

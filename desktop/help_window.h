@@ -1,0 +1,35 @@
+// The help: topics at the left, the page at the right, a search over all pages. Escape closes it.
+#pragma once
+
+#include <QWidget>
+
+class QLineEdit;
+class QListWidget;
+class QTextBrowser;
+
+namespace quillet::desktop {
+
+class HelpWindow : public QWidget {
+ public:
+  HelpWindow();
+
+  // Brings up the topic; an id without a page brings up the first one.
+  void showTopic(const QString& id);
+  QString topic() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void list();
+  void open(const QString& id);
+  void markFound();
+  void dress();
+
+  QLineEdit* search_;
+  QListWidget* topics_;
+  QTextBrowser* page_;
+};
+
+}  // namespace quillet::desktop

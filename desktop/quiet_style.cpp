@@ -1,0 +1,244 @@
+#include "desktop/quiet_style.h"
+
+#include <QDialogButtonBox>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+namespace {
+
+constexpr double radius = 4;
+
+bool has(const QStyleOption* option, QStyle::StateFlag flag) { return option->state & flag; }
+
+QColor accent(const QStyleOption* option) {
+  return option->palette.color(QPalette::Active, QPalette::Highlight);
+}
+
+// A rounded area; the border is the accent and two pixels wide where the focus is.
+void area(QPainter* painter, const QStyleOption* option, const QColor& fill,
+          double corner = radius) {
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  const bool focus = has(option, QStyle::State_HasFocus);
+  const double width = focus ? 2 : 1;
+  painter->setPen(QPen(focus ? accent(option) : theme::line(option->palette), width));
+  painter->setBrush(fill);
+  const double inset = width / 2;
+  painter->drawRoundedRect(QRectF(option->rect).adjusted(inset, inset, -inset, -inset), corner,
+                           corner);
+  painter->restore();
+}
+
+QColor buttonColour(const QStyleOption* option) {
+  const QPalette& palette = option->palette;
+  const QColor plain = palette.color(QPalette::Button);
+  const bool on = has(option, QStyle::State_On);
+  const QColor base = on ? theme::blend(accent(option), plain, 0.18) : plain;
+  if (has(option, QStyle::State_Sunken))
+    return theme::blend(palette.color(QPalette::Text), base, 0.12);
+  if (has(option, QStyle::State_MouseOver) && has(option, QStyle::State_Enabled)) {
+    return theme::blend(accent(option), base, 0.08);
+  }
+  return base;
+}
+
+void button(QPainter* painter, const QStyleOption* option) {
+  area(painter, option, buttonColour(option));
+  if (!has(option, QStyle::State_On)) return;
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(accent(option));
+  const QRectF side(option->rect.left() + 3, option->rect.top() + 5, 3, option->rect.height() - 10);
+  painter->drawRoundedRect(side, 1.5, 1.5);
+  painter->restore();
+}
+
+void chevron(QPainter* painter, const QRectF& room, const QColor& colour) {
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QPointF middle = room.center();
+  const double reach = std::min(room.width(), room.height()) * 0.18;
+  const QPointF corners[] = {middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
+                             middle + QPointF(reach, -reach / 2)};
+  painter->drawPolyline(corners, 3);
+  painter->restore();
+}
+
+void tickMark(QPainter* painter, const QStyleOption* option) {
+  const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const bool on = has(option, QStyle::State_On);
+  const bool enabled = has(option, QStyle::State_Enabled);
+  const QColor fill = enabled ? accent(option) : theme::dimmed(option->palette);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(on ? fill : theme::dimmed(option->palette));
+  painter->setBrush(on ? fill : option->palette.color(QPalette::Base));
+  painter->drawRoundedRect(box, 2.5, 2.5);
+  if (on) {
+    painter->setPen(QPen(option->palette.color(QPalette::HighlightedText), box.width() / 8,
+                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = [&](double x, double y) {
+      return box.topLeft() + QPointF(box.width() * x, box.height() * y);
+    };
+    const QPointF corners[] = {at(0.23, 0.52), at(0.42, 0.71), at(0.77, 0.3)};
+    painter->drawPolyline(corners, 3);
+  }
+  painter->restore();
+}
+
+void headerSection(QPainter* painter, const QStyleOption* option) {
+  const QRect& rect = option->rect;
+  painter->fillRect(rect, theme::header(option->palette));
+  painter->setPen(theme::line(option->palette));
+  painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+  painter->setPen(theme::blend(theme::line(option->palette), theme::header(option->palette), 0.5));
+  painter->drawLine(rect.topRight() + QPoint(0, 4), rect.bottomRight() - QPoint(0, 4));
+}
+
+void progressContents(QPainter* painter, const QStyleOptionProgressBar& bar) {
+  QRectF room = QRectF(bar.rect);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(
+      theme::blend(bar.palette.color(QPalette::Text), bar.palette.window().color(), 0.12));
+  painter->drawRoundedRect(room, radius, radius);
+  const double whole = std::max(1, bar.maximum - bar.minimum);
+  room.setWidth(room.width() * std::clamp((bar.progress - bar.minimum) / whole, 0.0, 1.0));
+  painter->setBrush(accent(&bar));
+  if (room.width() > 0) painter->drawRoundedRect(room, radius, radius);
+  painter->restore();
+}
+
+}  // namespace
+
+QuietStyle::QuietStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  switch (element) {
+    case PE_PanelButtonCommand:
+      return button(painter, option);
+    case PE_PanelLineEdit: {
+      const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      const QPalette::ColorRole role =
+          has(option, State_ReadOnly) ? QPalette::Window : QPalette::Base;
+      const QColor fill = option->palette.color(role);
+      if (frame && frame->lineWidth == 0) return painter->fillRect(option->rect, fill);
+      return area(painter, option, fill);
+    }
+    case PE_Frame:
+      return area(painter, option, Qt::transparent);
+    case PE_FrameFocusRect: {
+      // Buttons and tables show the focus in their border.
+      if (widget && (widget->inherits("QPushButton") || widget->inherits("QAbstractItemView")))
+        return;
+      QStyleOption outline(*option);
+      outline.rect = option->rect.adjusted(-2, -1, 2, 1);
+      outline.state |= State_HasFocus;
+      return area(painter, &outline, Qt::transparent);
+    }
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+      return tickMark(painter, option);
+    default:
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+  }
+}
+
+void QuietStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+  switch (element) {
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+      return headerSection(painter, option);
+    case CE_PushButtonLabel: {
+      const auto* label = qstyleoption_cast<const QStyleOptionButton*>(option);
+      if (!label || !widget || !widget->property(leadingText).toBool()) break;
+      const int margin = theme::step(*widget) * 3 / 2;
+      drawItemText(painter, option->rect.adjusted(margin, 0, -margin, 0),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->palette,
+                   has(option, State_Enabled), label->text, QPalette::ButtonText);
+      return;
+    }
+    case CE_ProgressBarGroove:
+      return;
+    case CE_ProgressBarContents:
+      if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
+        return progressContents(painter, *bar);
+      }
+      break;
+    default:
+      break;
+  }
+  QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                    QPainter* painter, const QWidget* widget) const {
+  const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (control != CC_ComboBox || !combo || combo->editable) {
+    return QProxyStyle::drawComplexControl(control, option, painter, widget);
+  }
+  area(painter, option, buttonColour(option));
+  const QRect arrow = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+  const QPalette::ColorGroup group =
+      has(option, State_Enabled) ? QPalette::Active : QPalette::Disabled;
+  chevron(painter, arrow, option->palette.color(group, QPalette::ButtonText));
+}
+
+QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                   const QSize& contents, const QWidget* widget) const {
+  QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  const bool lineHigh = type == CT_PushButton || type == CT_LineEdit || type == CT_ComboBox;
+  if (lineHigh && widget) {
+    // Boxes and buttons side by side are of one height.
+    const int step = theme::step(*widget);
+    size.setHeight(option->fontMetrics.height() + step + step / 4);
+    if (type == CT_PushButton) size.setWidth(std::max(contents.width() + 3 * step, 10 * step));
+  }
+  if (type == CT_HeaderSection && widget) {
+    size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::step(*widget)));
+  }
+  return size;
+}
+
+int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                            const QWidget* widget) const {
+  switch (metric) {
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+    case PM_ButtonDefaultIndicator:
+      return 0;
+    case PM_HeaderMargin:
+      return 6;
+    default:
+      return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+}
+
+int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* answer) const {
+  switch (hint) {
+    case SH_UnderlineShortcut:
+      return 1;
+    case SH_DialogButtonLayout:
+      return QDialogButtonBox::WinLayout;
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+    case SH_ComboBox_Popup:
+    case SH_ItemView_ActivateItemOnSingleClick:
+      return 0;
+    default:
+      return QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,267 @@
+#include "desktop/report_pages.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QLocale>
+#include <QObject>
+#include <QPainter>
+#include <algorithm>
+#include <numeric>
+
+#include "desktop/text.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+namespace {
+
+using suite::CellAlign;
+using suite::ReportCell;
+using suite::ReportRow;
+
+constexpr double point = ReportPages::unitsPerInch / 72.0;
+constexpr double margin = 40 * point;
+constexpr double padding = 5 * point;  // at each side of a cell
+constexpr double footHeight = 24 * point;
+constexpr double leastShrink = 0.7;  // small print that still reads
+const QSizeF portraitPage(595.3 * point, 841.9 * point);
+
+QFont sized(double points) {
+  QFont font = theme::figures(QApplication::font());
+  font.setPixelSize(qRound(points * point));
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+double widthOf(const QFont& font, const ReportCell& cell) {
+  const QFontMetricsF metrics(font);
+  const double text = metrics.horizontalAdvance(toQt(cell.text));
+  return std::max(text, metrics.horizontalAdvance(u'0') * static_cast<double>(cell.width));
+}
+
+double sum(const std::vector<double>& widths) {
+  return std::accumulate(widths.begin(), widths.end(), 0.0);
+}
+
+int flagsOf(CellAlign align) {
+  const int side = align == CellAlign::right    ? Qt::AlignRight
+                   : align == CellAlign::center ? Qt::AlignHCenter
+                                                : Qt::AlignLeft;
+  return side | Qt::AlignTop | Qt::TextWordWrap;
+}
+
+}  // namespace
+
+ReportPages::ReportPages(const suite::Document& document, const QDate& printed)
+    : document_(document), printed_(printed) {
+  fit();
+  paginate();
+}
+
+QSizeF ReportPages::size() const { return landscape_ ? portraitPage.transposed() : portraitPage; }
+double ReportPages::bodyWidth() const { return size().width() - 2 * margin; }
+double ReportPages::footTop() const { return size().height() - margin - footHeight; }
+double ReportPages::lineHeight() const { return QFontMetricsF(font_).height(); }
+
+// --- columns
+// --------------------------------------------------------------------------------------
+
+const ReportPages::Table& ReportPages::tableOf(const ReportRow& row) const {
+  return tables_.at(static_cast<std::size_t>(row.table));
+}
+
+void ReportPages::measure() {
+  tables_.clear();
+  tables_.resize(static_cast<std::size_t>(std::max(1, document_.tables())));
+  for (std::size_t t = 0; t < tables_.size(); ++t) {
+    tables_[t].widths.assign(document_.columns(static_cast<int>(t)), 0);
+    tables_[t].words.assign(tables_[t].widths.size(), true);
+  }
+  for (std::size_t at = 0; at < document_.rows().size(); ++at) {
+    const ReportRow& row = document_.rows()[at];
+    Table& table = tables_.at(static_cast<std::size_t>(row.table));
+    if (row.heading) table.headings.push_back(at);
+    for (std::size_t c = 0; c < row.cells.size(); ++c) {
+      const bool spans = c + 1 == row.cells.size() && row.cells.size() < table.widths.size();
+      if (spans) continue;
+      const ReportCell& cell = row.cells[c];
+      const bool bold = cell.emphasised || row.heading;
+      table.widths[c] = std::max(table.widths[c], widthOf(fontFor(bold), cell) + 2 * padding);
+      if (cell.align == CellAlign::right) table.words[c] = false;
+    }
+  }
+}
+
+void ReportPages::fit() {
+  const auto widest = [&] {
+    double width = 0;
+    for (const Table& table : tables_) width = std::max(width, sum(table.widths));
+    return width;
+  };
+  const auto set = [&](double points) {
+    font_ = bold_ = sized(points);
+    bold_.setBold(true);
+    measure();
+  };
+  constexpr double usual = 9.5;
+  set(usual);
+  landscape_ = widest() > bodyWidth();
+  if (widest() > bodyWidth()) set(usual * std::max(leastShrink, bodyWidth() / widest()));
+  for (Table& table : tables_) {
+    squeeze(table, bodyWidth());
+    spread(table, bodyWidth());
+  }
+}
+
+// What is still too wide takes from the texts, which then wrap; amounts stay whole.
+void ReportPages::squeeze(Table& table, double room) {
+  const double over = sum(table.widths) - room;
+  double soft = 0;
+  for (std::size_t c = 0; c < table.widths.size(); ++c)
+    soft += table.words[c] ? table.widths[c] : 0;
+  if (over <= 0 || soft <= 0) return;
+  const double keep = std::max(0.2, (soft - over) / soft);
+  for (std::size_t c = 0; c < table.widths.size(); ++c) {
+    if (table.words[c]) table.widths[c] *= keep;
+  }
+}
+
+// What is left over goes to the widest text column, so that the amounts stand at the right edge.
+void ReportPages::spread(Table& table, double room) {
+  const double left = room - sum(table.widths);
+  std::size_t widest = table.widths.size();
+  for (std::size_t c = 0; c < table.widths.size(); ++c) {
+    const bool wider = widest == table.widths.size() || table.widths[c] > table.widths[widest];
+    if (table.words[c] && wider) widest = c;
+  }
+  if (left > 0 && widest < table.widths.size()) table.widths[widest] += left;
+}
+
+QRectF ReportPages::room(const ReportRow& row, std::size_t cell) const {
+  const std::vector<double>& widths = tableOf(row).widths;
+  double left = margin;
+  for (std::size_t c = 0; c < cell; ++c) left += widths[c];
+  double width = widths[cell];
+  // The last cell of a short row has the rest of the line.
+  if (cell + 1 == row.cells.size()) {
+    for (std::size_t c = cell + 1; c < widths.size(); ++c) width += widths[c];
+  }
+  return QRectF(left + padding, 0, width - 2 * padding, 1e6);
+}
+
+// --- pages
+// ----------------------------------------------------------------------------------------
+
+double ReportPages::heightOf(std::size_t at) const {
+  const ReportRow& row = document_.rows()[at];
+  double height = lineHeight();
+  for (std::size_t c = 0; c < row.cells.size(); ++c) {
+    const ReportCell& cell = row.cells[c];
+    if (!cell.printed) continue;
+    const QFontMetricsF metrics(fontFor(cell.emphasised || row.heading));
+    const QString text = toQt(cell.text);
+    const QRectF space = room(row, c);
+    if (metrics.horizontalAdvance(text) <= space.width()) continue;
+    height = std::max(height, metrics.boundingRect(space, flagsOf(cell.align), text).height());
+  }
+  return height + lineHeight() * 0.35;
+}
+
+double ReportPages::heightOf(const std::vector<std::size_t>& rows) const {
+  double height = 0;
+  for (const std::size_t row : rows) height += heightOf(row);
+  return height;
+}
+
+double ReportPages::topOfRows() const {
+  const auto lines = static_cast<double>(document_.headings().size());
+  return margin + lines * lineHeight() * 1.3 + (lines > 0 ? lineHeight() * 0.7 : 0);
+}
+
+// The heading rows that a page repeats when it begins with this row.
+std::vector<std::size_t> ReportPages::repeatedAbove(std::size_t row) const {
+  std::vector<std::size_t> repeated;
+  for (const std::size_t heading : tableOf(document_.rows()[row]).headings) {
+    if (heading < row) repeated.push_back(heading);
+  }
+  return repeated;
+}
+
+void ReportPages::paginate() {
+  pages_.assign(1, {});
+  const double space = footTop() - topOfRows();
+  double used = 0;
+  for (std::size_t row = 0; row < document_.rows().size(); ++row) {
+    const double height = heightOf(row);
+    if (used + height > space && !pages_.back().empty()) {
+      pages_.push_back(repeatedAbove(row));
+      used = heightOf(pages_.back());
+    }
+    pages_.back().push_back(row);
+    used += height;
+  }
+}
+
+// --- painting
+// -------------------------------------------------------------------------------------
+
+void ReportPages::paint(QPainter& painter, int page) const {
+  painter.save();
+  painter.setPen(QPen(Qt::black, point * 0.5));
+  paintHeadings(painter);
+  double top = topOfRows();
+  for (const std::size_t row : rowsOn(page)) top = paintRow(painter, row, top);
+  paintFoot(painter, page);
+  painter.restore();
+}
+
+void ReportPages::paintHeadings(QPainter& painter) const {
+  double top = margin;
+  bool first = true;
+  for (const suite::ReportHeading& heading : document_.headings()) {
+    QFont font = fontFor(heading.emphasised || first);
+    if (first) font.setPixelSize(qRound(font.pixelSize() * 1.15));
+    first = false;
+    painter.setFont(font);
+    painter.drawText(
+        QRectF(margin, top, bodyWidth(), lineHeight() * 1.3), Qt::AlignCenter,
+        QFontMetricsF(font).elidedText(toQt(heading.text), Qt::ElideRight, bodyWidth()));
+    top += lineHeight() * 1.3;
+  }
+}
+
+double ReportPages::paintRow(QPainter& painter, std::size_t at, double top) const {
+  const ReportRow& row = document_.rows()[at];
+  const double height = heightOf(at);
+  const double inset = lineHeight() * 0.175;
+  for (std::size_t c = 0; c < row.cells.size(); ++c) {
+    const ReportCell& cell = row.cells[c];
+    QRectF space = room(row, c);
+    space.moveTop(top + inset);
+    space.setHeight(height);
+    if (cell.ruled) {
+      painter.drawLine(QPointF(space.left() - padding / 2, top),
+                       QPointF(space.right() + padding / 2, top));
+    }
+    if (!cell.printed) continue;
+    painter.setFont(fontFor(cell.emphasised || row.heading));
+    painter.drawText(space, flagsOf(cell.align), toQt(cell.text));
+  }
+  const auto& headings = tableOf(row).headings;
+  if (row.heading && at == headings.back()) {
+    painter.drawLine(QPointF(margin, top + height), QPointF(margin + bodyWidth(), top + height));
+  }
+  return top + height;
+}
+
+void ReportPages::paintFoot(QPainter& painter, int page) const {
+  const QRectF foot(margin, footTop(), bodyWidth(), footHeight);
+  painter.setFont(sized(8));
+  painter.setPen(QPen(QColor(0x60, 0x60, 0x60), point * 0.5));
+  painter.drawText(
+      foot, Qt::AlignLeft | Qt::AlignBottom,
+      QObject::tr("Printed on %1").arg(printed_.toString(QStringLiteral("dd/MM/yyyy"))));
+  painter.drawText(foot, Qt::AlignRight | Qt::AlignBottom,
+                   QObject::tr("Page %1 of %2").arg(page + 1).arg(count()));
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,73 @@
+// A report laid out on pages of A4: headings and heading rows on every page, portrait, or landscape
+// when the columns need it, one line at the foot. Screen, printer and PDF all paint from here.
+#pragma once
+
+#include <QDate>
+#include <QFont>
+#include <QSizeF>
+#include <cstddef>
+#include <vector>
+
+#include "suite/document.h"
+
+class QPainter;
+class QRectF;
+
+namespace quillet::desktop {
+
+class ReportPages {
+ public:
+  // One unit is 1/720 of an inch.
+  static constexpr int unitsPerInch = 720;
+
+  ReportPages(const suite::Document& document, const QDate& printed);
+
+  int count() const { return static_cast<int>(pages_.size()); }
+  bool landscape() const { return landscape_; }
+  QSizeF size() const;  // of a page, in units
+  // Paints the page, from 0, with its corner at the painter's origin.
+  void paint(QPainter& painter, int page) const;
+
+  // The rows of the document on a page, the repeated ones too.
+  const std::vector<std::size_t>& rowsOn(int page) const {
+    return pages_.at(static_cast<std::size_t>(page));
+  }
+
+ private:
+  struct Table {
+    std::vector<double> widths;         // of the columns
+    std::vector<bool> words;            // columns of texts, which may be made narrower and wider
+    std::vector<std::size_t> headings;  // its heading rows
+  };
+
+  void measure();
+  void fit();
+  static void squeeze(Table& table, double room);
+  static void spread(Table& table, double room);
+  void paginate();
+
+  double bodyWidth() const;
+  double topOfRows() const;
+  double footTop() const;
+  double lineHeight() const;
+  double heightOf(std::size_t row) const;
+  double heightOf(const std::vector<std::size_t>& rows) const;
+  const Table& tableOf(const suite::ReportRow& row) const;
+  std::vector<std::size_t> repeatedAbove(std::size_t row) const;
+  QFont fontFor(bool bold) const { return bold ? bold_ : font_; }
+  // Where the cell's text goes, for a row that begins at the top of the page's body.
+  QRectF room(const suite::ReportRow& row, std::size_t cell) const;
+
+  void paintHeadings(QPainter& painter) const;
+  double paintRow(QPainter& painter, std::size_t row, double top) const;
+  void paintFoot(QPainter& painter, int page) const;
+
+  const suite::Document& document_;
+  QDate printed_;
+  QFont font_, bold_;
+  bool landscape_ = false;
+  std::vector<Table> tables_;
+  std::vector<std::vector<std::size_t>> pages_;
+};
+
+}  // namespace quillet::desktop

@@ -1,0 +1,44 @@
+// A report on the screen, page by page, to be read, printed and saved as PDF.
+#pragma once
+
+#include <QMainWindow>
+
+#include "desktop/report_pages.h"
+
+class QLabel;
+class QScrollArea;
+
+namespace quillet::desktop {
+
+class ReportWindow : public QMainWindow {
+ public:
+  ReportWindow(const suite::Document& document, const QDate& printed);
+
+  // Keys and buttons of the window.
+  void print();
+  void saveAs();
+  void zoom(double factor);
+  void fitWidth();
+
+  double scale() const { return scale_; }
+  int pageInView() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void addCommands();
+  void setScale(double scale);
+  void tellPage();
+
+  suite::Document document_;
+  ReportPages pages_;
+  QDate printed_;
+  double scale_ = 1;  // screen pixels for a pixel of a 96-dpi page
+  QScrollArea* area_;
+  QWidget* paper_;
+  QLabel* place_;
+};
+
+}  // namespace quillet::desktop

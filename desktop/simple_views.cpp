@@ -1,0 +1,111 @@
+#include "desktop/simple_views.h"
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcutEvent>
+#include <QVBoxLayout>
+
+#include "desktop/text.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+
+// --- label --------------------------------------------------------------------------------------
+
+LabelView::LabelView(Label& label, Stage& stage, QWidget* parent)
+    : ControlView(label, stage), label_(label), text_(new QLabel(parent)) {
+  adopt(text_);
+  text_->setTextFormat(Qt::PlainText);
+  if (!label_.quiet) return;
+  text_->setForegroundRole(QPalette::PlaceholderText);
+  text_->setFont(theme::scaled(text_->font(), 0.92));
+}
+
+void LabelView::draw() { text_->setText(toQt(label_.caption())); }
+
+// --- what is clicked
+// ------------------------------------------------------------------------------
+
+void ClickView::adoptButton(QAbstractButton* button) {
+  adopt(button);
+  connect(button, &QAbstractButton::clicked, this, [this] { click(); });
+}
+
+void ClickView::click() {
+  perform([&] { control().form().click(control()); });
+  // The widget may have ticked itself; what counts is the model.
+  redraw();
+}
+
+bool ClickView::otherEvent(QObject* target, QEvent& event) {
+  if (event.type() != QEvent::Shortcut) return ControlView::otherEvent(target, event);
+  // Two commands with the same access key: the key only goes from one to the other.
+  if (static_cast<QShortcutEvent&>(event).isAmbiguous()) {
+    perform([&] { control().form().focus(control()); });
+  } else {
+    click();
+  }
+  return true;
+}
+
+ButtonView::ButtonView(Button& button, Stage& stage, QWidget* parent)
+    : ClickView(button, stage), button_(button), push_(new QPushButton(parent)) {
+  adoptButton(push_);
+  push_->setAutoDefault(false);
+}
+
+void ButtonView::draw() {
+  push_->setText(toQt(button_.caption()));
+  push_->setCheckable(button_.chosen());
+  push_->setChecked(button_.chosen());
+}
+
+ToggleView::ToggleView(Toggle& toggle, Stage& stage, QWidget* parent)
+    : ClickView(toggle, stage), toggle_(toggle) {
+  if (dynamic_cast<OptionButton*>(&toggle)) {
+    box_ = new QRadioButton(parent);
+  } else {
+    box_ = new QCheckBox(parent);
+  }
+  adoptButton(box_);
+  box_->setAutoExclusive(false);
+}
+
+void ToggleView::draw() {
+  box_->setText(toQt(toggle_.caption()));
+  box_->setChecked(toggle_.checked());
+}
+
+// --- frame --------------------------------------------------------------------------------------
+
+FrameView::FrameView(Frame& frame, Stage& stage, QWidget* parent)
+    : ControlView(frame, stage), frame_(frame) {
+  auto* group = new QFrame(parent);
+  adopt(group);
+  const int step = theme::step(*group);
+  inside_ = new QVBoxLayout(group);
+  inside_->setSpacing(step);
+  inside_->setContentsMargins(0, 0, 0, 0);
+  if (frame_.caption().empty()) return;
+  group->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+  inside_->setContentsMargins(step + step / 2, step, step + step / 2, step + step / 2);
+  heading_ = new QLabel(group);
+  heading_->setTextFormat(Qt::PlainText);
+  QFont font = heading_->font();
+  font.setWeight(QFont::DemiBold);
+  heading_->setFont(font);
+  inside_->addWidget(heading_);
+}
+
+void FrameView::draw() {
+  if (heading_) heading_->setText(toQt(frame_.caption()).remove(u'&'));
+}
+
+void FrameView::drawVisible(bool visible) {
+  if (!page_) ControlView::drawVisible(visible);
+}
+
+}  // namespace quillet::desktop

@@ -1,0 +1,32 @@
+// Between the model's texts (UTF-8, positions count characters) and Qt's (UTF-16, positions count
+// code units): a character outside the basic plane, such as an emoji, is two code units.
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/key.h"
+
+class QKeyEvent;
+
+namespace quillet::desktop {
+
+QString toQt(std::string_view text);
+std::string fromQt(const QString& text);
+
+// The code units that the first `characters` of the text take.
+int unitsOf(const QString& text, std::size_t characters);
+// The characters that the first `units` code units of the text hold.
+std::size_t charactersOf(const QString& text, qsizetype units);
+
+// What a key event says to a form: one key as a rule, several when an input method sends a whole
+// word, none for shortcuts and for keys that are Qt's own (selecting, copying, function keys).
+std::vector<Key> keysOf(const QKeyEvent& event);
+// A text that is pasted or composed, as if typed: line breaks and tabs become blanks, other
+// controls are left out.
+std::vector<Key> keysOf(const QString& text);
+
+}  // namespace quillet::desktop

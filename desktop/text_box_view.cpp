@@ -1,0 +1,174 @@
+#include "desktop/text_box_view.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include "desktop/text.h"
+#include "desktop/theme.h"
+
+namespace quillet::desktop {
+
+TextBoxView::TextBoxView(TextBox& box, Stage& stage, QWidget* parent)
+    : ControlView(box, stage), box_(box), line_(new QLineEdit(parent)) {
+  adopt(line_);
+  // What is dropped would pass the key handlers by.
+  line_->setAcceptDrops(false);
+  line_->setAttribute(Qt::WA_InputMethodEnabled);
+  if (box_.rightAligned) line_->setFont(theme::figures(line_->font()));
+  connect(line_, &QLineEdit::textEdited, this, [this] { handOver(); });
+  connect(line_, &QLineEdit::selectionChanged, this, [this] { followSelection(); });
+  connect(line_, &QLineEdit::cursorPositionChanged, this, [this] { followSelection(); });
+}
+
+void TextBoxView::draw() {
+  const QString text = toQt(box_.text());
+  if (line_->text() != text) line_->setText(text);
+  line_->setReadOnly(box_.locked());
+  line_->setEchoMode(box_.secret ? QLineEdit::Password : QLineEdit::Normal);
+  line_->setAlignment(Qt::AlignVCenter | (box_.rightAligned ? Qt::AlignRight : Qt::AlignLeft));
+  const int start = unitsOf(text, box_.selStart());
+  const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
+  if (length == 0) {
+    if (line_->hasSelectedText()) line_->deselect();
+    line_->setCursorPosition(start);
+  } else if (line_->selectionStart() != start || line_->selectionLength() != length) {
+    line_->setSelection(start, length);
+  }
+}
+
+// --- keys ---------------------------------------------------------------------------------------
+
+bool TextBoxView::keyPressed(QKeyEvent& event) {
+  if (event.matches(QKeySequence::Paste)) {
+    typeText(QGuiApplication::clipboard()->text());
+    return true;
+  }
+  const std::vector<Key> typed = keysOf(event);
+  for (const Key key : typed) type(key);
+  return !typed.empty();
+}
+
+void TextBoxView::typeText(const QString& text) {
+  if (box_.locked()) return;
+  for (const Key key : keysOf(text.trimmed())) {
+    // A handler that sends the focus on ends the paste: the rest belongs to no other box.
+    if (box_.form().active() != &box_) break;
+    type(key);
+  }
+}
+
+void TextBoxView::type(Key key) {
+  perform([&] {
+    const Key left = box_.form().offer(key);
+    if (left == keys::none) {
+      // Discarded; a handler may still have hidden or disabled the box.
+    } else if (box_.form().active() == &box_) {
+      edit(left);
+    } else {
+      box_.form().act(left);
+    }
+    box_.form().settle();
+  });
+}
+
+void TextBoxView::edit(Key key) {
+  refresh();  // what the handlers changed comes before what the key does
+  const bool deletes = key == keys::Backspace || key == keys::Delete;
+  if (box_.locked() || !(deletes || keys::typesText(key))) {
+    box_.form().act(key);
+  } else if (key == keys::Backspace) {
+    line_->backspace();
+  } else if (key == keys::Delete) {
+    line_->del();
+  } else {
+    line_->insert(QString::fromUcs4(&key, 1));
+  }
+}
+
+void TextBoxView::handOver() {
+  if (drawing()) return;
+  const QString text = line_->text();
+  perform([&] { box_.edited(fromQt(text), charactersOf(text, line_->cursorPosition())); });
+}
+
+void TextBoxView::followSelection() {
+  const QString text = line_->text();
+  if (drawing() || !line_->hasFocus() || text != toQt(box_.text())) return;
+  const bool some = line_->hasSelectedText();
+  const int start = some ? line_->selectionStart() : line_->cursorPosition();
+  const std::size_t first = charactersOf(text, start);
+  const std::size_t last = charactersOf(text, start + (some ? line_->selectionLength() : 0));
+  if (first != box_.selStart() || last - first != box_.selLength())
+    box_.select(first, last - first);
+}
+
+// --- mouse, input methods, clipboard menu
+// ---------------------------------------------------------
+
+bool TextBoxView::mousePressed(QObject*, QMouseEvent&, bool arrived) {
+  // A box that selects its text when it gets the focus keeps it selected under the click.
+  return arrived && box_.selLength() > 0;
+}
+
+bool TextBoxView::otherEvent(QObject* target, QEvent& event) {
+  switch (event.type()) {
+    case QEvent::InputMethod:
+      return compose(static_cast<QInputMethodEvent&>(event));
+    case QEvent::ContextMenu:
+      showMenu(static_cast<QContextMenuEvent&>(event));
+      return true;
+    case QEvent::MouseButtonRelease: {
+      const auto& mouse = static_cast<QMouseEvent&>(event);
+      QClipboard* clipboard = QGuiApplication::clipboard();
+      if (mouse.button() != Qt::MiddleButton || !clipboard->supportsSelection()) return false;
+      line_->setCursorPosition(line_->cursorPositionAt(mouse.position().toPoint()));
+      typeText(clipboard->text(QClipboard::Selection));
+      return true;
+    }
+    default:
+      return ControlView::otherEvent(target, event);
+  }
+}
+
+bool TextBoxView::compose(QInputMethodEvent& event) {
+  const QString typed = event.commitString();
+  if (typed.isEmpty()) return false;
+  QInputMethodEvent rest(event.preeditString(), event.attributes());
+  if (event.replacementLength() > 0) {
+    rest.setCommitString({}, event.replacementStart(), event.replacementLength());
+  }
+  QCoreApplication::sendEvent(line_, &rest);
+  for (const Key key : keysOf(typed)) type(key);
+  return true;
+}
+
+void TextBoxView::showMenu(const QContextMenuEvent& event) {
+  QMenu menu(line_);
+  const bool some = line_->hasSelectedText();
+  const bool writable = !box_.locked();
+  const auto add = [&](const QString& caption, QKeySequence::StandardKey key, bool usable,
+                       const std::function<void()>& run) {
+    QAction* action = menu.addAction(caption, this, run);
+    action->setShortcut(key);
+    action->setEnabled(usable);
+  };
+  add("&Undo", QKeySequence::Undo, writable && line_->isUndoAvailable(), [&] { line_->undo(); });
+  add("&Redo", QKeySequence::Redo, writable && line_->isRedoAvailable(), [&] { line_->redo(); });
+  menu.addSeparator();
+  add("Cu&t", QKeySequence::Cut, writable && some && !box_.secret, [&] { line_->cut(); });
+  add("&Copy", QKeySequence::Copy, some && !box_.secret, [&] { line_->copy(); });
+  add("&Paste", QKeySequence::Paste, writable,
+      [&] { typeText(QGuiApplication::clipboard()->text()); });
+  menu.addSeparator();
+  add("Select &all", QKeySequence::SelectAll, !line_->text().isEmpty(),
+      [&] { line_->selectAll(); });
+  menu.exec(event.globalPos());
+}
+
+}  // namespace quillet::desktop

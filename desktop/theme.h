@@ -1,0 +1,39 @@
+// How Quillet looks: a quiet palette, light or dark, with one accent; the rhythm of distances; the
+// fonts. Everything that is drawn takes its colours from the application's palette.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QPalette;
+class QWidget;
+
+namespace quillet::desktop::theme {
+
+enum class Scheme { system, light, dark };
+
+// From the environment variable QUILLET_THEME ("light", "dark"); anything else follows the system.
+Scheme wanted();
+QPalette palette(bool dark);
+// Sets the style and the palette of the application, and follows the system from then on.
+void apply(Scheme scheme);
+
+// Colours that a palette has no role for, made from its roles.
+QColor blend(const QColor& over, const QColor& under, double share);
+QColor line(const QPalette& palette);       // hairlines and borders
+QColor dimmed(const QPalette& palette);     // hints
+QColor selection(const QPalette& palette);  // the current row of a table without the focus
+QColor header(const QPalette& palette);     // headings of a table
+QColor zebra(const QPalette& palette);      // every second row
+QColor emphasis(const QPalette& palette);   // rows that stand out: totals
+
+QFont scaled(const QFont& font, double factor);
+// The step of the rhythm, 8 px at the usual font size, for this widget's font.
+int step(const QWidget& widget);
+// The width of that many characters in the widget's font.
+int characters(const QWidget& widget, int count);
+int characters(const QFont& font, int count);
+// The same font when its digits are all of one width, else one of the same size whose digits are.
+QFont figures(const QFont& font);
+
+}  // namespace quillet::desktop::theme

@@ -1,0 +1,124 @@
+#include "desktop/windows.h"
+
+#include <QScopedValueRollback>
+#include <QWindow>
+#include <algorithm>
+
+#include "desktop/form_window.h"
+
+namespace quillet::desktop {
+
+Windows::~Windows() { leave(); }
+
+void Windows::follow(Desk& desk) {
+  leave();
+  desk_ = &desk;
+  desk.onOpened = [this](Form& form) { opened(form); };
+  desk.onClosed = [this](Form& form) { closed(form); };
+  for (Form* form : desk.open()) opened(*form);
+}
+
+void Windows::leave() {
+  if (!desk_) return;
+  desk_->onOpened = {};
+  desk_->onClosed = {};
+  desk_ = nullptr;
+  for (const auto& window : windows_) {
+    if (!window) continue;
+    window->retire();
+    delete window;
+  }
+  windows_.clear();
+}
+
+FormWindow* Windows::of(const Form& form) const {
+  for (const auto& window : windows_) {
+    if (window && &window->form() == &form) return window;
+  }
+  return nullptr;
+}
+
+FormWindow* Windows::front() const {
+  return desk_ && desk_->active() ? of(*desk_->active()) : nullptr;
+}
+
+void Windows::setFootnote(const QString& text) {
+  footnote_ = text;
+  for (const auto& window : windows_) {
+    if (window && !window->form().modal()) window->setFootnote(text);
+  }
+}
+
+FormWindow& Windows::create(Form& form) {
+  FormWindow* below = windows_.empty() ? nullptr : windows_.back().data();
+  auto* window = new FormWindow(form, *this);
+  windows_.emplace_back(window);
+  window->onActivated = [this, &form] { activated(form); };
+  window->onCovered = [this] { ++interruptions_; };
+  window->onHelp = [this, &form] {
+    if (onHelp) onHelp(form);
+  };
+  if (form.modal()) {
+    window->setWindowModality(Qt::ApplicationModal);
+    window->winId();  // makes the window, so that it can be told what it stands above
+    if (below) window->windowHandle()->setTransientParent(below->windowHandle());
+  } else if (!footnote_.isEmpty()) {
+    window->setFootnote(footnote_);
+  }
+  return *window;
+}
+
+void Windows::opened(Form& form) {
+  FormWindow* known = of(form);
+  FormWindow& window = known ? *known : create(form);
+  window.refresh();
+  window.show();
+  if (!window.isActiveWindow()) {
+    window.raise();
+    window.activateWindow();
+  }
+}
+
+void Windows::closed(Form& form) {
+  FormWindow* window = of(form);
+  if (!window) return;
+  std::erase(windows_, window);
+  window->retire();
+  window->hide();
+  window->deleteLater();
+  if (FormWindow* next = front()) {
+    next->raise();
+    next->activateWindow();
+  }
+  if (windows_.empty() && onLastClosed) onLastClosed();
+}
+
+void Windows::activated(Form& form) {
+  // A window that the program itself raised while it was at work is known already.
+  if (performing() || !desk_ || desk_->active() == &form) return;
+  perform([&] { desk_->bringToFront(form); });
+}
+
+void Windows::perform(const std::function<void()>& action) {
+  {
+    const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
+    action();
+    if (desk_ && depth_ == 1) {
+      const std::vector<Form*> open = desk_->open();
+      for (Form* form : open) {
+        const auto& still = desk_->open();
+        if (std::find(still.begin(), still.end(), form) != still.end()) form->settle();
+      }
+    }
+  }
+  if (depth_ == 0) refresh();
+}
+
+void Windows::refresh() {
+  const auto windows = windows_;
+  for (const auto& window : windows) {
+    if (window) window->refresh();
+  }
+}
+
+}  // namespace quillet::desktop

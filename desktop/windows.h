@@ -1,0 +1,56 @@
+// The windows of the open forms. Each open form has one; what a person does in any of them is
+// performed here, after which all are brought up to date.
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "controls/desk.h"
+#include "desktop/stage.h"
+
+namespace quillet::desktop {
+
+class FormWindow;
+
+class Windows : public Stage {
+ public:
+  Windows() = default;
+  ~Windows() override;
+
+  // Shows the forms of the desk from now on.
+  void follow(Desk& desk);
+  // Takes no more notice of the desk, which may go.
+  void leave();
+
+  void refresh();
+  // The window in which a person works now, null when there is none.
+  FormWindow* front() const;
+  FormWindow* of(const Form& form) const;
+  void setFootnote(const QString& text);
+
+  // A person asked for help in a form.
+  std::function<void(Form&)> onHelp;
+  // The last window was closed.
+  std::function<void()> onLastClosed;
+
+  void perform(const std::function<void()>& action) override;
+  int interruptions() const override { return interruptions_; }
+  // An action is being performed right now.
+  bool performing() const { return depth_ > 0; }
+
+ private:
+  void opened(Form& form);
+  void closed(Form& form);
+  void activated(Form& form);
+  FormWindow& create(Form& form);
+
+  Desk* desk_ = nullptr;
+  std::vector<QPointer<FormWindow>> windows_;  // oldest first
+  QString footnote_;
+  int depth_ = 0;
+  int interruptions_ = 0;
+};
+
+}  // namespace quillet::desktop
