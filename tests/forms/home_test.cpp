@@ -112,13 +112,15 @@ TEST_F(HomeTest, RefusedChecksAndMissingRowsOpenNothing) {
 }
 
 TEST_F(HomeTest, SearchesEveryShownColumnAsOneTypes) {
-  suite::addClient(practice.database(), {.code = "P9",
-                                         .first = "Meera",
-                                         .last = "Östlund",
-                                         .status = "Individual",
-                                         .address = "12 Hill Road, Pune",
-                                         .groupCode = "G1",
-                                         .groupName = "Hill Family"});
+  suite::Client person;
+  person.code = "P9";
+  person.first = "Meera";
+  person.last = "Östlund";
+  person.status = "Individual";
+  person.address = "12 Hill Road, Pune";
+  person.groupCode = "G1";
+  person.groupName = "Hill Family";
+  suite::addClient(practice.database(), person);
   third& form = home();
   EXPECT_EQ(form.ClGrd1.rows(), 3);
   press(form, "pune MEER");
