@@ -28,6 +28,10 @@ int yearOf(std::string_view keyOrDate) {
   return digits(year) ? std::stoi(std::string(year)) : 0;
 }
 
+std::string yearText(std::string_view first, std::string_view second) {
+  return fourDigits(yearOf(first)) + "-" + fourDigits(yearOf(second));
+}
+
 std::string shownDate(std::string_view key) {
   if (key.size() != 8 || !digits(key)) return std::string(key);
   return std::string(key.substr(0, 2)) + '/' + std::string(key.substr(2, 2)) + '/' +

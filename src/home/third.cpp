@@ -1,15 +1,17 @@
 #include "home/third.h"
 
+#include <algorithm>
+
+#include "data/sql.h"
 #include "data/year.h"
 #include "editor/frmcrtb.h"
 #include "home/ledger_cleanup.h"
+#include "home/year_rules.h"
 #include "host/busy.h"
 
 namespace quillet {
 namespace {
 
-constexpr const char* emptyFirstDate = "01/04/####";
-constexpr const char* emptySecondDate = "31/03/####";
 constexpr const char* openRight = "open";
 
 }  // namespace
@@ -20,22 +22,26 @@ third& theHome(Context& context) {
 }
 
 third::third(Context& context)
-    : Form(context.desk, "third"), ClGrd1(*this, "ClGrd1", context), context_(context) {
+    : Form(context.desk, "third"),
+      ClGrd1(*this, "ClGrd1", context),
+      context_(context),
+      deletion_(context) {
   setCaption("Trial Balance");
   attachModes();
-  flexgrid2.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
   KeyDown = [this](Key& key) { FORM_KEYDOWN(key); };
   ClGrd1.DblClick = [this] { CLGRD1_DBLCLICK(); };
   flexgrid2.DblClick = [this] { FLEXGRID2_DBLCLICK(); };
   flexgrid2.KeyPress = [this](Key& key) { FLEXGRID2_KEYPRESS(key); };
+  MaskEdBox1.KeyPress = [this](Key& key) { MASKEDBOX1_KEYPRESS(key); };
+  MaskEdBox2.GotFocus = [this] { MASKEDBOX2_GOTFOCUS(); };
+  MaskEdBox2.KeyPress = [this](Key& key) { MASKEDBOX2_KEYPRESS(key); };
   mnurefresh.Click = [this] { MNUREFRESH_CLICK(); };
   mnuhelp.Click = [this] { MNUHELP_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
   lblstatus.quiet = true;
   lblprint.quiet = true;
   // What their commands open is not part of the program yet.
-  for (Button* later :
-       {&mnucreate, &mnudelete, &mnumerge, &mnualpha, &mnusumm, &mnudet, &cmdgrpmas, &cmdledmas}) {
+  for (Button* later : {&mnualpha, &mnusumm, &mnudet, &cmdgrpmas, &cmdledmas}) {
     later->setEnabled(false);
   }
 }
@@ -138,86 +144,140 @@ void third::CLGRD1_DBLCLICK() {
     if (mode_ == "create" || mode_ == "merge") {
       beginDates();
     } else {
-      loadYears();
+      showYears();
     }
   });
 }
 
 void third::beginDates() {
-  showYears();
+  flexgrid2.clearRows();
+  flexgrid2.setVisible(false);
+  MaskEdBox1.setVisible(true);
+  MaskEdBox2.setVisible(true);
   MaskEdBox1.setText(emptyFirstDate);
   MaskEdBox2.setText(emptySecondDate);
+  showSecondStep("type the financial year");
   focus(MaskEdBox1);
 }
 
-void third::showYears() {
-  const bool dates = mode_ == "create" || mode_ == "merge";
-  Label1.setCaption(clientName_ + (dates ? ": type the financial year" : ": choose the year"));
-  MaskEdBox1.setVisible(dates);
-  MaskEdBox2.setVisible(dates);
-  flexgrid2.setVisible(!dates);
+void third::showSecondStep(const std::string& task) {
+  Label1.setCaption(clientName_ + ": " + task);
+  yearMade_ = false;
   Frame3.setVisible(false);
   ClGrd1.setVisible(false);
   Frame1.setVisible(true);
 }
 
+void third::showYears() {
+  loadYears();
+  if (flexgrid2.rows() == 0) {
+    context_.MsgBox("No entry of this year is available.", Buttons::OK, Icon::information);
+  }
+}
+
 void third::loadYears() {
   const auto rows =
       context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
-                     context_.host->TruncVarSQL(context_.clientCode) + "' order by s_yr");
-  flexgrid2.clearRows();
+                     client() + "' order by s_yr");
+  flexgrid2.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
   for (; !rows->EOF_(); rows->MoveNext()) {
     flexgrid2.addRow({shownDate(rows->text("F_YR")), shownDate(rows->text("S_YR"))});
   }
   flexgrid2.setCurrent(flexgrid2.rows());
-  showYears();
+  MaskEdBox1.setVisible(false);
+  MaskEdBox2.setVisible(false);
+  flexgrid2.setVisible(true);
+  showSecondStep("choose the year");
   focus(flexgrid2);
-  if (flexgrid2.rows() == 0) {
-    context_.MsgBox("No entry of this year is available.", Buttons::OK, Icon::information);
-  }
 }
 
 // --- choosing a year ----------------------------------------------------------------------------
 
 void third::FLEXGRID2_DBLCLICK() {
   trap("FLEXGRID2_DBLCLICK", [&] {
-    if (mode_ == "merge") {
+    if (mode_ == "alter" || yearMade_) {
+      openEditor();
+    } else if (mode_ == "merge") {
       context_.MsgBox("DBl Click will not work here,Press Enter to merge.", Buttons::OK,
                       Icon::information);
-    } else if (mode_ == "alter") {
-      openEditor();
+    } else if (mode_ == "delete") {
+      deleteYear();
     }
   });
 }
 
 void third::FLEXGRID2_KEYPRESS(Key& key) {
   trap("FLEXGRID2_KEYPRESS", [&] {
-    if (key != keys::Enter || mode_ == "merge") return;
+    if (key != keys::Enter) return;
     key = keys::none;
-    FLEXGRID2_DBLCLICK();
+    if (mode_ == "merge" && !yearMade_) {
+      mergeSources();
+    } else {
+      FLEXGRID2_DBLCLICK();
+    }
   });
+}
+
+RecordsetPtr third::selectYear(int row) {
+  return context_.query("select * from master where code_no='" + client() + "' and f_yr='" +
+                        dateKey(flexgrid2.cell(row, 0)) + "' and s_yr='" +
+                        dateKey(flexgrid2.cell(row, 1)) + "'");
 }
 
 void third::openEditor() {
   const int row = flexgrid2.current();
   if (row == 0) return;
-  const std::string first = dateKey(flexgrid2.cell(row, 0));
-  const std::string second = dateKey(flexgrid2.cell(row, 1));
   context_.table.clear();
-  const auto year = context_.query("select * from master where code_no='" +
-                                   context_.host->TruncVarSQL(context_.clientCode) +
-                                   "' and f_yr='" + first + "' and s_yr='" + second + "'");
+  const auto year = selectYear(row);
   if (year->EOF_()) return;
   context_.table = year->text("tbl_nm");
   if (!rightToOpen(*year)) context_.table.clear();
   if (context_.table.empty()) return;
-  context_.firstDate = first;
-  context_.secondDate = second;
+  context_.firstDate = dateKey(flexgrid2.cell(row, 0));
+  context_.secondDate = dateKey(flexgrid2.cell(row, 1));
   theEditor(context_).showYear(clientName_);
 }
 
 bool third::rightToOpen(Recordset& year) {
   return year.text("d_of_s").empty() || context_.host->CheckPass(openRight);
+}
+
+// --- deleting a year ----------------------------------------------------------------------------
+
+void third::deleteYear() {
+  const int row = flexgrid2.current();
+  if (row == 0) return;
+  const std::string year = yearText(flexgrid2.cell(row, 0), flexgrid2.cell(row, 1));
+  const Answer answer =
+      context_.MsgBox("Do you really want to Delete Trial Balance of '" + clientName_ +
+                          "' for F.Y. " + year + " ?\r\n\r\nConfirm Delete ?",
+                      Buttons::YesNo, Icon::question, Answer::No);
+  if (answer != Answer::Yes) return;
+  const auto registered = selectYear(row);
+  if (registered->EOF_()) return;
+  openDeletion(*registered, [this, row, year, table = registered->text("tbl_nm")] {
+    trap("FLEXGRID2_DBLCLICK", [&] {
+      if (context_.table == table) context_.table.clear();
+      loadYears();
+      flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
+      status("Trial balance of " + year + " deleted.");
+    });
+  });
+}
+
+void third::openDeletion(Recordset& year, std::function<void()> done) {
+  const bool marked = !year.text("d_of_s").empty();
+  const DeletableYear deletable{context_.clientCode, year.text("tbl_nm"), year.integer("Count"),
+                                yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
+  if (!deletion_.INITDATA(mode_, deletable)) return;
+  deletion_.showModal([this, done = std::move(done)] {
+    if (deletion_.deleted()) done();
+  });
+}
+
+void third::change(const std::string& sql) {
+  context_.host->ConQuery(sql);
+  context_.host->ConQuery(flushTables);
 }
 
 // --- the other commands -------------------------------------------------------------------------

@@ -1,11 +1,17 @@
-// The home form: what to do, then for which client, then for which year.
+// The home form: what to do, then for which client, then for which year. Creating a year and
+// merging trial balances have a source file each.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/grid.h"
 #include "controls/mask_box.h"
 #include "controls/simple.h"
+#include "data/year.h"
+#include "deletion/frmdelwhatinTB.h"
 #include "home/cl_grd.h"
 #include "host/context.h"
 
@@ -49,6 +55,20 @@ class third : public Form {
   void CLGRD1_DBLCLICK();
   void FLEXGRID2_DBLCLICK();
   void FLEXGRID2_KEYPRESS(Key& key);
+  // --- creating a year
+  void MASKEDBOX1_KEYPRESS(Key& key);
+  void MASKEDBOX2_GOTFOCUS();
+  void MASKEDBOX2_KEYPRESS(Key& key);
+  // Finds the client's lowest free table number and the table of that name; false when there is
+  // none.
+  bool GETTABLE();
+  // The table of the client's year with these keys, "" when it has none; nothing on failure.
+  std::optional<std::string> GETTABLE1(const std::string& firstKey, const std::string& secondKey);
+  // Below 0 when the first of two dates is the earlier one.
+  int COMP_DT(const std::string& first, const std::string& second);
+  // Copies the particulars of the table given into the new year's; false on failure.
+  bool DATA_TRANSFER(const std::string& previousTable);
+  // --- the other commands
   void MNUREFRESH_CLICK();
   void MNUHELP_CLICK();
   void MNUEXIT_CLICK();
@@ -68,19 +88,58 @@ class third : public Form {
     const char* procedure;
   };
 
+  // The year that the date boxes ask for, on its way into the registry.
+  struct NewYear {
+    std::string firstDate;  // as typed
+    std::string secondDate;
+    std::string firstKey;
+    std::string secondKey;
+    long count = 0;
+    std::string table;
+    bool registered = false;  // its row stands in the registry, with these dates:
+    std::string keptDates[2];
+    std::string text() const { return yearText(firstKey, secondKey); }
+  };
+
   void attachModes();
   void setMode(const ModeButton& chosen);
   void showClients();
+  void showSecondStep(const std::string& task);
   void showYears();
   void loadYears();
   void beginDates();
+  RecordsetPtr selectYear(int row);
   void openEditor();
   bool rightToOpen(Recordset& year);
+  void deleteYear();
+  void openDeletion(Recordset& year, std::function<void()> done);
+  // The client code as it stands between quotes.
+  std::string client() const { return context_.host->TruncVarSQL(context_.clientCode); }
+  void change(const std::string& sql);
   void status(const std::string& text) { lblstatus.setCaption(text); }
 
+  // Creating.
+  bool datesHold();
+  bool mayOverwrite();
+  void overwrite(Recordset& existing);
+  void createYear();
+  void registerYear();
+  bool offerPreviousYear();
+  void finishYear();
+
+  // Merging.
+  void listSources();
+  std::vector<int> chosenSources() const;
+  bool mergeAgreed(const std::vector<int>& sources);
+  bool provideTable();
+  void mergeSources();
+
   Context& context_;
+  frmdelwhatinTB deletion_;
   std::string mode_;
   std::string clientName_;
+  NewYear newYear_;
+  bool yearMade_ = false;  // the year list shows what a creation or a merge has just made
 };
 
 // The module's single home form, made on first use.

@@ -1,0 +1,243 @@
+// The home form creates a year: its dates, its table, its row in the registry, and what it takes
+// over from the year before.
+#include "data/dates.h"
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "data/year.h"
+#include "home/third.h"
+#include "home/year_creation.h"
+#include "home/year_rules.h"
+#include "host/busy.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* overwriteRight = "overwrite";
+
+}  // namespace
+
+// --- the dates ----------------------------------------------------------------------------------
+
+void third::MASKEDBOX1_KEYPRESS(Key& key) {
+  trap("MASKEDBOX1_KEYPRESS", [&] {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    if (isDate(MaskEdBox1.text())) {
+      focus(MaskEdBox2);
+    } else {
+      context_.MsgBox("Invalid date.", Buttons::OK, Icon::information);
+    }
+  });
+}
+
+void third::MASKEDBOX2_GOTFOCUS() {
+  trap("MASKEDBOX2_GOTFOCUS", [&] {
+    const std::string proposed = proposedSecondDate(MaskEdBox1.text());
+    if (proposed.empty()) return;
+    MaskEdBox2.setText(proposed);
+    MaskEdBox2.setCaret(0);
+  });
+}
+
+bool third::datesHold() {
+  const std::string first = MaskEdBox1.text();
+  const std::string second = MaskEdBox2.text();
+  YearFault fault = yearFault(first, second);
+  if (fault == YearFault::none && COMP_DT(first, second) >= 0) fault = YearFault::wrongOrder;
+  if (fault == YearFault::none) return true;
+  const YearRefusal& refusal = refusalOf(fault);
+  context_.MsgBox(refusal.text, Buttons::OK, refusal.icon);
+  if (refusal.resetsFirst) MaskEdBox1.setText(emptyFirstDate);
+  if (refusal.resetsSecond) MaskEdBox2.setText(emptySecondDate);
+  return false;
+}
+
+int third::COMP_DT(const std::string& first, const std::string& second) {
+  int order = 0;
+  trap("COMP_DT", [&] { order = compareDates(first, second); });
+  return order;
+}
+
+void third::MASKEDBOX2_KEYPRESS(Key& key) {
+  trap("MASKEDBOX2_KEYPRESS", [&] {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    if (!datesHold()) return;
+    newYear_ = {};
+    newYear_.firstDate = MaskEdBox1.text();
+    newYear_.secondDate = MaskEdBox2.text();
+    newYear_.firstKey = firstDateKey(yearOf(newYear_.firstDate));
+    newYear_.secondKey = secondDateKey(yearOf(newYear_.secondDate));
+    const auto existing =
+        context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
+                       newYear_.secondKey + "' and f_yr='" + newYear_.firstKey + "'");
+    if (!existing->EOF_()) {
+      if (mayOverwrite()) overwrite(*existing);
+    } else if (mode_ == "merge") {
+      listSources();
+    } else if (mode_ == "create" && GETTABLE()) {
+      createYear();
+    }
+  });
+}
+
+// --- over an existing year ----------------------------------------------------------------------
+
+bool third::mayOverwrite() {
+  if (mode_ == "merge") {
+    return context_.MsgBox("Do you want to overwrite previously saved data?", Buttons::YesNoCancel,
+                           Icon::question, Answer::No) == Answer::Yes;
+  }
+  if (mode_ == "create") {
+    return context_.host->CheckPass(overwriteRight) &&
+           context_.MsgBox(
+               "Duplicate date is not allowed !\r\n\r\n"
+               "Do you want to overwrite previously saved data ?",
+               Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
+  }
+  context_.MsgBox("Duplicate date is not allowed.", Buttons::OK, Icon::information, Answer::OK,
+                  "Warning");
+  return false;
+}
+
+void third::overwrite(Recordset& existing) {
+  newYear_.table = existing.text("tbl_nm");
+  newYear_.count = existing.integer("Count");
+  newYear_.keptDates[0] = existing.text("f_year_dt");
+  newYear_.keptDates[1] = existing.text("s_year_dt");
+  openDeletion(existing, [this] {
+    trap("MASKEDBOX2_KEYPRESS", [&] {
+      newYear_.registered = !deletion_.registryRowDeleted();
+      createYear();
+    });
+  });
+}
+
+// --- table and registry -------------------------------------------------------------------------
+
+bool third::GETTABLE() {
+  bool found = false;
+  trap("GETTABLE", [&] {
+    const auto rows =
+        context_.query("select count from master where code_no ='" + client() + "' order by count");
+    std::vector<long> taken;
+    for (; !rows->EOF_(); rows->MoveNext()) taken.push_back(rows->integer(0));
+    context_.table.clear();
+    if (const auto free = firstFreeNumber(taken, context_.host->GetTbCount())) {
+      newYear_.count = *free;
+      context_.table = trialBalanceTable(context_.host->GETTBNAME(*free));
+    }
+    newYear_.table = context_.table;
+    found = !context_.table.empty();
+    if (!found) {
+      context_.MsgBox("No blank database available. Delete one or more years database.");
+    }
+  });
+  return found;
+}
+
+std::optional<std::string> third::GETTABLE1(const std::string& firstKey,
+                                            const std::string& secondKey) {
+  std::optional<std::string> table;
+  trap("GETTABLE1", [&] {
+    const auto rows = context_.query("select * from master where code_no='" + client() + "'");
+    std::string found;
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      if (rows->text("F_YR") != firstKey || rows->text("S_YR") != secondKey) continue;
+      found = rows->text("tbl_nm");
+    }
+    table = found;
+  });
+  return table;
+}
+
+void third::registerYear() {
+  const auto& year = newYear_;
+  const std::string first = context_.host->date_prob_handle(year.firstDate);
+  const std::string second = context_.host->date_prob_handle(year.secondDate);
+  if (!year.registered) {
+    change("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
+           client() + "','" + first + "','" + second + "','" + year.table + "'," +
+           sqlNumber(year.count) + ",'" + year.firstKey + "','" + year.secondKey + "')");
+    newYear_.registered = true;
+  } else if (first != year.keptDates[0] || second != year.keptDates[1]) {
+    // The row stays, with the annexure that still hangs on it; only its dates are new.
+    change("update master set f_year_dt='" + first + "',s_year_dt='" + second +
+           "' where count=" + sqlNumber(year.count) + " and code_no='" + client() + "'");
+  }
+}
+
+void third::createYear() {
+  registerYear();
+  if (mode_ == "merge") {
+    listSources();
+  } else if (offerPreviousYear()) {
+    finishYear();
+    status("Trial balance of " + newYear_.text() + " created.");
+  }
+}
+
+void third::finishYear() {
+  context_.table = newYear_.table;
+  context_.firstDate = newYear_.firstKey;
+  context_.secondDate = newYear_.secondKey;
+  loadYears();
+  flexgrid2.setCurrent(flexgrid2.find(1, shownDate(newYear_.secondKey)));
+  yearMade_ = true;
+}
+
+// --- the year before ----------------------------------------------------------------------------
+
+bool third::offerPreviousYear() {
+  const auto rows =
+      context_.query("select * from master where code_no='" + client() + "' ORDER BY s_yr");
+  std::vector<RegisteredYear> years;
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    years.push_back({rows->text("F_YR"), rows->text("S_YR"), rows->text("tbl_nm")});
+  }
+  const RegisteredYear* previous = latestBefore(years, newYear_.secondKey);
+  if (!previous) {
+    context_.MsgBox("No previous years available.", Buttons::OK, Icon::information);
+    return true;
+  }
+  const Answer answer = context_.MsgBox("Do you want to load previous year particulars.",
+                                        Buttons::YesNo, Icon::question, Answer::Yes);
+  return answer != Answer::Yes || DATA_TRANSFER(previous->table);
+}
+
+bool third::DATA_TRANSFER(const std::string& previousTable) {
+  bool done = false;
+  trap("DATA_TRANSFER", [&] {
+    const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
+                                         Icon::question, Answer::No) == Answer::Yes;
+    const std::string& table = newYear_.table;
+    long srno = context_
+                    .query("Select max(srno) as maxsrno from " + table + " Where Code_No='" +
+                           client() + "'")
+                    ->integer("maxsrno");
+    const auto rows = context_.query("SELECT * FROM " + previousTable + " WHERE CODE_NO='" +
+                                     client() + "' ORDER BY SrNo");
+    const Busy busy(context_, "Loading previous year....");
+    Progress& progress = context_.host->objProgress();
+    progress.Max(rows->RecordCount());
+    const int code = rows->column("Code_No");
+    const int partId = rows->column("PartId");
+    const int allId = rows->column("AllId");
+    const int amount = rows->column("Amt");
+    const int nid = rows->column("nid");
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      context_.host->ConQuery(
+          "insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
+          sqlNumber(++srno) + ",'" + context_.host->TruncVarSQL(rows->text(code)) + "'," +
+          sqlNumber(rows->integer(partId)) + "," + sqlNumber(rows->integer(allId)) + "," +
+          sqlNumber(figures ? rows->number(amount) : 0.0) + "," + sqlNumber(rows->integer(nid)) +
+          ")");
+      progress.update_pg();
+    }
+    context_.host->ConQuery(flushTables);
+    done = true;
+  });
+  return done;
+}
+
+}  // namespace quillet

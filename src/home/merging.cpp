@@ -1,0 +1,104 @@
+// The home form merges trial balances: the other clients that have the year are listed, ticked, and
+// their lines summed up into the client's own year.
+#include "data/sql.h"
+#include "home/third.h"
+#include "home/year_merge.h"
+#include "host/busy.h"
+#include "host/clients.h"
+
+namespace quillet {
+namespace {
+
+enum SourceColumn { tickColumn, codeColumn, nameColumn, tableColumn };
+
+}  // namespace
+
+void third::listSources() {
+  const auto years =
+      context_.query("select *  from master where f_yr ='" + newYear_.firstKey + "' and s_yr ='" +
+                     newYear_.secondKey + "' And code_no <> '" + client() + "' order by code_no");
+  if (years->EOF_()) {
+    context_.MsgBox("No year of specified date is available.", Buttons::OK, Icon::information);
+    return;
+  }
+  flexgrid2.setColumns({{.heading = "Merge", .align = Align::center, .width = 8, .tick = true},
+                        {.heading = "Code", .width = 14},
+                        {.heading = "Name", .width = 40, .stretch = true},
+                        {.heading = "Table", .hidden = true}});
+  for (; !years->EOF_(); years->MoveNext()) {
+    const std::string code = years->text("code_no");
+    flexgrid2.addRow({"", code, clientName(context_, code), years->text("tbl_nm")});
+  }
+  flexgrid2.setCurrent(1);
+  MaskEdBox1.setVisible(false);
+  MaskEdBox2.setVisible(false);
+  flexgrid2.setVisible(true);
+  showSecondStep("choose what to merge into " + newYear_.text());
+  status("Space ticks a client, Enter merges the ticked ones.");
+  focus(flexgrid2);
+}
+
+// The ticked rows, the current one when none is ticked.
+std::vector<int> third::chosenSources() const {
+  std::vector<int> chosen;
+  for (int row = 1; row <= flexgrid2.rows(); ++row) {
+    if (flexgrid2.ticked(row)) chosen.push_back(row);
+  }
+  if (chosen.empty() && flexgrid2.current() > 0) chosen.push_back(flexgrid2.current());
+  return chosen;
+}
+
+bool third::mergeAgreed(const std::vector<int>& sources) {
+  std::string text = "Merge into the Trial Balance of '" + clientName_ + "' for F.Y. " +
+                     newYear_.text() + " the Trial Balances of";
+  for (const int row : sources) {
+    text +=
+        "\r\n - " + flexgrid2.cell(row, nameColumn) + " (" + flexgrid2.cell(row, codeColumn) + ")";
+  }
+  return context_.MsgBox(text + "\r\n\r\nConfirm Merge ?", Buttons::YesNo, Icon::question,
+                         Answer::No) == Answer::Yes;
+}
+
+// Where the merged lines go: the table of the client's year, which is registered if it is not yet.
+bool third::provideTable() {
+  const auto existing = GETTABLE1(newYear_.firstKey, newYear_.secondKey);
+  if (!existing) return false;
+  if (!existing->empty()) {
+    newYear_.table = *existing;
+    return true;
+  }
+  if (!GETTABLE()) return false;
+  registerYear();
+  return true;
+}
+
+void third::mergeSources() {
+  const std::vector<int> sources = chosenSources();
+  if (sources.empty() || !mergeAgreed(sources)) return;
+  if (!provideTable()) return;
+  const Busy busy(context_, "Merging Trial Balances....");
+  std::vector<Line> lines;
+  for (const int row : sources) {
+    const auto rows =
+        context_.query("select * from " + flexgrid2.cell(row, tableColumn) + " where code_no='" +
+                       context_.host->TruncVarSQL(flexgrid2.cell(row, codeColumn)) + "'");
+    const std::vector<Line> own = readLines(*rows);
+    lines.insert(lines.end(), own.begin(), own.end());
+  }
+  lines = mergedLines(lines);
+  // A merge that was interrupted is done anew, not added to.
+  change("delete from " + newYear_.table + " where code_no='" + client() + "'");
+  Progress& progress = context_.host->objProgress();
+  progress.Max(static_cast<long>(lines.size()));
+  for (const Line& line : lines) {
+    change("insert into " + newYear_.table + "(srno,code_no,partid,allid,amt,nid) values(" +
+           sqlNumber(line.srno) + ",'" + client() + "'," + sqlNumber(line.partId) + "," +
+           sqlNumber(line.allId) + "," + sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")");
+    progress.update_pg();
+  }
+  finishYear();
+  status(std::to_string(sources.size()) + " merged into " + newYear_.text() + ": " +
+         std::to_string(lines.size()) + " lines.");
+}
+
+}  // namespace quillet
