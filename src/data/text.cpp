@@ -1,7 +1,6 @@
 #include "data/text.h"
 
 #include <algorithm>
-#include <cwctype>
 
 namespace quillet {
 namespace {
@@ -69,15 +68,6 @@ std::u32string charactersOf(std::string_view text) {
   std::u32string characters;
   for (std::size_t at = 0; at < text.size();) characters += nextCharacter(text, at);
   return characters;
-}
-
-char32_t upperCase(char32_t character) {
-  if (character < 0x80) {
-    return character >= U'a' && character <= U'z' ? character - 32 : character;
-  }
-  // Where wchar_t is narrower than a character, what lies beyond it has no upper case to offer.
-  if (static_cast<char32_t>(static_cast<wchar_t>(character)) != character) return character;
-  return static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(character)));
 }
 
 std::string upperCase(std::string_view text) {
