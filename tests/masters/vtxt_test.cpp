@@ -1,0 +1,268 @@
+// The validating text box, key by key and on being left.
+#include "controls/vtxt.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cwctype>
+
+#include "controls/desk.h"
+#include "controls/form.h"
+#include "controls/key_checks.h"
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class BoxForm : public Form {
+ public:
+  explicit BoxForm(Desk& desk) : Form(desk, "boxes") {
+    box.MsgBox = [this](const std::string& text) { told.push_back(text); };
+    box.KeyPress = [this](Key& key) { passed.push_back(key); };
+    box.LostFocus = [this] { ++left; };
+  }
+  Node layout() override { return column({item(box), item(next)}); }
+  // As keys of a person or, one after the other, of a paste.
+  void type(const std::string& text) {
+    focus(box);
+    for (const char32_t c : charactersOf(text)) press(c);
+  }
+  Texts take() { return std::exchange(told, {}); }
+
+  VTxt box{*this, "VTxt1"};
+  Button next{*this, "next"};
+  Texts told;
+  std::vector<Key> passed;
+  int left = 0;
+};
+
+class VTxtTest : public ::testing::Test {
+ protected:
+  VTxtTest() {
+    desk.onError = [this](const std::string& location, const std::exception& error) {
+      errors.push_back(location + ": " + error.what());
+    };
+    form.show();
+  }
+  Desk desk;
+  BoxForm form{desk};
+  VTxt& box = form.box;
+  Texts errors;
+};
+
+struct Keys {
+  int mode;
+  const char* typed;
+  const char* text;
+  Texts told;
+  const char* include = "";
+  const char* exclude = "";
+  int maxLength = 100;
+};
+
+TEST_F(VTxtTest, EveryKeyIsCheckedByModeListsAndLength) {
+  const std::string numeric = "Enter Numeric value";
+  const std::string alphabets = "Enter Alphabets only";
+  const std::string alphanumeric = "Enter AlphaNumeric Characters Only";
+  const Keys cases[] = {
+      {0, "a1 é'\\", "A1 É'\\", {}},
+      {0, "straße ж", "STRAßE Ж", {}},
+      {1, "+1a2-", "+12-", {numeric}},
+      {1, "1.", "1", {numeric}},
+      {2, "ab c1", "AB C", {alphabets}},
+      {2, "é", "", {alphabets}},
+      {3, "a 1", "A1", {alphanumeric}},
+      {3, "_", "", {alphanumeric}},
+      {4, "-12.5x", "-12.5", {numeric}},
+      {4, "1.23456", "1.234", {}},
+      {4, "1.2345-+6", "1.234-+", {}},
+      {4, "1.234x", "1.234", {numeric}},
+      {5, "01-04/2024x", "01-04/2024", {"Invalid Data"}},
+      {6, "1.4,24", "1.424", {"Invalid Data"}},
+      {7, "a,1", "A,1", {}},
+      // Include comes before everything, exclude before the mode; both see the key in capitals.
+      {1, "12x", "12X", {}, "X"},
+      {1, "12x", "12X", {}, "X", "X"},
+      {1, "12", "2", {"InValid Data"}, "", "1"},
+      {2, "ab", "B", {"InValid Data"}, "", "A"},
+      {0, "ab", "AB", {}, "", "a"},
+      {3, "€", "€", {}, "€"},
+      // A text that is already longer takes no more; blanks around it do not count.
+      {0, "abcd", "ABC", {}, "", "", 2},
+      {0, "  abcd", "  ABC", {}, "", "", 2},
+      {0, "abcd*", "ABC*", {}, "*", "", 2},
+      {0, "ab", "A", {}, "", "", 0},
+  };
+  for (const Keys& each : cases) {
+    SCOPED_TRACE(std::to_string(each.mode) + " " + each.typed + " " + each.include + each.exclude);
+    box.setText("");
+    box.ValidateData(each.mode);
+    box.Include(each.include);
+    box.Exclude(each.exclude);
+    box.MaxLength(each.maxLength);
+    form.type(each.typed);
+    EXPECT_EQ(box.text(), each.text);
+    EXPECT_EQ(form.take(), each.told);
+    EXPECT_EQ(form.active(), &box);
+  }
+  EXPECT_EQ(errors, Texts());
+}
+
+TEST_F(VTxtTest, AFormSeesTheKeysThatAreLeft) {
+  box.ValidateData(key_checks::alphabets);
+  form.type("a1");
+  form.press(keys::Backspace);
+  form.press(keys::Escape);
+  form.press(keys::Enter);
+  EXPECT_EQ(form.passed,
+            (std::vector<Key>{U'A', keys::Backspace, keys::Escape, keys::Enter, keys::Tab}));
+  EXPECT_EQ(box.text(), "");
+  EXPECT_EQ(form.active(), &form.next) << "Enter moves on";
+  EXPECT_EQ(form.left, 1);
+}
+
+struct Leaving {
+  int mode;
+  const char* text;
+  const char* told;
+  const char* rewritten = nullptr;  // the text afterwards, where it differs
+  int minLength = 0;
+};
+
+TEST_F(VTxtTest, TheTextIsCheckedWhenTheBoxIsLeft) {
+  const std::string none = "Not a valid date";
+  const char* shortForm = "Date Format dd-mm-yy";
+  const char* shortMust = "Date Format must be dd-mm-yy";
+  const char* longMust = "Date Format must be dd-mm-yyyy";
+  const Leaving cases[] = {
+      {0, "", ""},
+      {1, "", ""},
+      {2, "", ""},
+      {3, "", ""},
+      {4, "", ""},
+      {0, " ab ", "Data must be at least of 3 characters", nullptr, 3},
+      {0, " añb ", "", nullptr, 3},
+      {6, "01-04-24", ""},
+      {6, "31.12.24", ""},
+      {6, "29/02/24", ""},
+      {6, "29-02-23", none.c_str()},
+      {6, "29-02-00", ""},
+      {6, "31-13-24", none.c_str()},
+      {6, "32-12-24", none.c_str()},
+      {6, "00-12-24", none.c_str()},
+      {6, "", none.c_str()},
+      {6, "01-04", none.c_str()},
+      {6, "01-04-2024", shortForm},
+      {6, "1-4-24", shortForm},
+      {6, "01-04/24", shortMust},
+      {6, "1-2-2202", shortMust},
+      {5, "29-02-2024", ""},
+      {5, "29-02-2023", none.c_str()},
+      {5, "29-02-1900", none.c_str()},
+      {5, "29-02-2000", ""},
+      {5, "31-04-2024", none.c_str()},
+      {5, "01-13-2024", none.c_str()},
+      {5, "1-4-2024", longMust},
+      {5, "01-04-24", longMust},
+      {5, "01-04.2024", longMust},
+      {5, "01-04-2024-1", none.c_str()},
+      {5, "", "Data must be at least of 1 characters", nullptr, 1},
+      {4, "12", "", "12.00"},
+      {4, "-.5", "", "-0.50"},
+      {4, "1.005", "", "1.01"},
+      {4, "+999.995", "", "1000.00"},
+      {4, "-0.004", "", "0.00"},
+      {4, "00120.5", "", "120.50"},
+      {4, "1.2.3", ""},
+      {4, "+-", ""},
+      {4, ".", ""},
+      {4, "  ", ""},
+  };
+  for (const Leaving& each : cases) {
+    SCOPED_TRACE(std::to_string(each.mode) + " " + each.text);
+    box.ValidateData(each.mode);
+    box.MinLength(each.minLength);
+    const Texts told = *each.told == '\0' ? Texts() : Texts{each.told};
+    // With Tab a fault keeps the focus; with a click the box is left all the same.
+    form.focus(box);
+    box.setText(each.text);
+    form.press(keys::Tab);
+    EXPECT_EQ(form.take(), told);
+    EXPECT_EQ(form.active() == &box, !told.empty());
+    form.focus(box);
+    box.setText(each.text);
+    EXPECT_TRUE(form.focus(form.next));
+    EXPECT_EQ(form.take(), told);
+    EXPECT_EQ(box.text(), each.rewritten ? each.rewritten : each.text);
+  }
+}
+
+TEST_F(VTxtTest, EnterIsRefusedLikeTab) {
+  box.MinLength(2);
+  form.type("a");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.take(), (Texts{"Data must be at least of 2 characters"}));
+  EXPECT_EQ(form.active(), &box);
+}
+
+TEST_F(VTxtTest, AListTakesFiftyOneCharacters) {
+  std::string list;
+  for (char32_t c = U'Ā'; lengthOf(list) < 51; ++c) appendCharacter(list, c);
+  box.Include(list);
+  EXPECT_EQ(errors, Texts());
+  box.Exclude(list + "X");
+  ASSERT_EQ(errors.size(), 1U);
+  EXPECT_EQ(errors[0].substr(0, errors[0].find(':')), "VTxt1\tLET EXCLUDE");
+  form.type("x");
+  EXPECT_EQ(box.text(), "X") << "the entry that found no room does not count";
+}
+
+TEST_F(VTxtTest, PropertiesSurviveTheirBag) {
+  VTxt::PropertyBag bag;
+  box.USERCONTROL_WRITEPROPERTIES(bag);
+  EXPECT_TRUE(bag.empty()) << "defaults need no room";
+  box.ValidateData(5);
+  box.MaxLength(10);
+  box.MinLength(8);
+  box.Include("X");
+  box.Exclude("9");
+  box.USERCONTROL_WRITEPROPERTIES(bag);
+  EXPECT_EQ(bag, (VTxt::PropertyBag{{"ValidateData", "5"},
+                                    {"MaxLength", "10"},
+                                    {"MinLength", "8"},
+                                    {"Include", "X"},
+                                    {"Exclude", "9"}}));
+  VTxt other(form, "VTxt2");
+  other.USERCONTROL_READPROPERTIES(bag);
+  VTxt::PropertyBag again;
+  other.USERCONTROL_WRITEPROPERTIES(again);
+  EXPECT_EQ(again, bag);
+  other.USERCONTROL_READPROPERTIES({});
+  EXPECT_EQ(other.MaxLength(), 100);
+  EXPECT_EQ(other.Include(), "");
+  other.USERCONTROL_READPROPERTIES({{"MinLength", "many"}});
+  ASSERT_EQ(errors.size(), 1U);
+  EXPECT_EQ(errors[0].substr(0, errors[0].find(':')), "VTxt2\tUSERCONTROL_READPROPERTIES");
+}
+
+// Whatever locale the program runs in, capitals are those of the whole character set.
+TEST(UpperCaseTest, FollowsUnicodeWithoutALocale) {
+  const std::string before = std::setlocale(LC_CTYPE, nullptr);
+  std::setlocale(LC_CTYPE, "C");
+  std::vector<char32_t> ours;
+  for (char32_t c = 0; c < 0x1F000; ++c) ours.push_back(upperCase(c));
+  ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+  int different = 0;
+  for (char32_t c = 0; c < 0x1F000; ++c) {
+    if (ours[c] != static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(c)))) ++different;
+  }
+  std::setlocale(LC_CTYPE, before.c_str());
+  // The library's own table differs in a few scripts only.
+  EXPECT_LT(different, 60);
+  EXPECT_EQ(upperCase("éßµşžжωა𐐨"), "ÉßΜŞŽЖΩᲐ𐐀");
+}
+
+}  // namespace
+}  // namespace quillet
