@@ -113,9 +113,7 @@ long completeSchema(Database& database, long tableCount,
 }
 
 std::string tableSuffix(long number) {
-  if (number < 1) return {};
-  const std::string digits = std::to_string(number);
-  return digits.size() < 2 ? '0' + digits : digits;
+  return number < 1 ? std::string() : std::to_string(number);
 }
 
 }  // namespace quillet::suite
