@@ -67,7 +67,7 @@ TEST_F(EntryTest, TheSamePairIsMergedUnderANewSerialNumber) {
 TEST_F(EntryTest, WhatNetsToZeroLeavesNoRow) {
   enter(form, "Cash", "BANKS", "0.1", "D");
   enter(form, "Cash", "BANKS", "0.2", "D");
-  EXPECT_EQ(stored(), (Rows{{"2", "Cash", "BANKS", "0.3", "1"}}));
+  EXPECT_EQ(stored(), (Rows{{"1", "Cash", "BANKS", "0.3", "1"}}));
   enter(form, "Cash", "BANKS", "0.3", "C");
   EXPECT_TRUE(stored().empty());
   EXPECT_EQ(form.vsfm.rows(), 0);
