@@ -19,7 +19,7 @@ long completeSchema(Database& database, long tableCount,
 // A ledger's name may be so many characters long.
 inline constexpr std::size_t ledgerNameLength = 100;
 
-// The suffix that per-year tables of that number carry: "01", "02"; "" below 1.
+// The suffix that per-year tables of that number carry: "1", "2"; "" below 1.
 std::string tableSuffix(long number);
 
 }  // namespace quillet::suite
