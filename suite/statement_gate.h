@@ -22,8 +22,11 @@ class StatementGate {
   // Every statement since the last call, in order, refused ones included.
   std::vector<std::string> take();
   // The next statement that contains the text (without regard to case) throws RunTimeError instead
-  // of running.
-  void failNext(std::string text) { failing_ = std::move(text); }
+  // of running, once `spared` of them have run.
+  void failNext(std::string text, long spared = 0) {
+    failing_ = std::move(text);
+    spared_ = spared;
+  }
 
  private:
   void pass(const std::string& sql);
@@ -32,6 +35,7 @@ class StatementGate {
   bool recording_ = false;
   std::vector<std::string> recorded_;
   std::optional<std::string> failing_;
+  long spared_ = 0;
 };
 
 }  // namespace quillet::suite
