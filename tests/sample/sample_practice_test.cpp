@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "suite/sample/books.h"
+#include "suite/schema.h"
 #include "suite/starter_data.h"
 #include "support/practice.h"
 
