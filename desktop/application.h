@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QDate>
 #include <QImage>
 #include <QPointer>
 #include <memory>

@@ -6,7 +6,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <algorithm>
+#include <unordered_set>
 
 #include "controls/grid.h"
 #include "desktop/drop_down.h"
@@ -21,17 +21,26 @@ FormWindow::FormWindow(Form& form, Stage& stage)
   setFont(theme::scaled(font(), form.size.font));
   menuBar()->setFont(font());
   menuBar()->setNativeMenuBar(false);
-  auto* body = new QWidget(this);
-  setCentralWidget(body);
-  layout_ = std::make_unique<FormLayout>(stage, body);
-  layout_->build(form.layout());
-  for (ControlView* view : layout_->views()) views_[&view->control()] = view;
-  addDropDowns();
   refresh();
   takeSize();
 }
 
 FormWindow::~FormWindow() = default;
+
+// Builds the widgets anew: when the window is made, and when the form's arrangement changed.
+void FormWindow::arrange() {
+  arranged_ = form_.arrangementVersion();
+  retireViews();
+  for (DropDown* list : dropDowns_) list->deleteLater();
+  dropDowns_.clear();
+  views_.clear();
+  auto* body = new QWidget(this);
+  layout_ = std::make_unique<FormLayout>(stage_, body);
+  layout_->build(form_.arrangement());
+  for (ControlView* view : layout_->views()) views_[&view->control()] = view;
+  addDropDowns();
+  setCentralWidget(body);
+}
 
 void FormWindow::addDropDowns() {
   for (Control* control : form_.controls()) {
@@ -53,30 +62,32 @@ void FormWindow::takeSize() {
   move(room.center() - rect().center() - QPoint(0, 12));
 }
 
-bool FormWindow::exists(const Control& control) const {
-  const auto& controls = form_.controls();
-  return std::find(controls.begin(), controls.end(), &control) != controls.end();
-}
-
 void FormWindow::refresh() {
   if (retired_) return;
   if (drawn_ != form_.version()) {
     drawn_ = form_.version();
     setWindowTitle(toQt(form_.caption()));
     menu_.refresh();
-    for (const auto& [control, view] : views_) {
-      // A control that the form removed meanwhile is not asked any more.
-      if (exists(*control)) {
-        view->refresh();
-      } else {
-        view->retire();
-        view->widget()->hide();
-      }
-    }
-    layout_->refreshStacks();
-    for (DropDown* list : dropDowns_) list->refresh();
+    if (arranged_ != form_.arrangementVersion()) arrange();
+    drawControls();
   }
   followFocus();
+}
+
+void FormWindow::drawControls() {
+  const std::unordered_set<const Control*> present(form_.controls().begin(),
+                                                   form_.controls().end());
+  for (const auto& [control, view] : views_) {
+    // A control that the form has just removed is not asked any more.
+    if (present.contains(control)) {
+      view->refresh();
+    } else {
+      view->retire();
+      view->widget()->hide();
+    }
+  }
+  layout_->refreshStacks();
+  for (DropDown* list : dropDowns_) list->refresh();
 }
 
 void FormWindow::followFocus() {
@@ -90,6 +101,10 @@ void FormWindow::followFocus() {
 
 void FormWindow::retire() {
   retired_ = true;
+  retireViews();
+}
+
+void FormWindow::retireViews() {
   for (const auto& [control, view] : views_) view->retire();
   for (DropDown* list : dropDowns_) list->retire();
 }

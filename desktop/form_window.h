@@ -41,10 +41,12 @@ class FormWindow : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void arrange();
   void takeSize();
   void addDropDowns();
   void followFocus();
-  bool exists(const Control& control) const;
+  void drawControls();
+  void retireViews();
 
   Form& form_;
   Stage& stage_;
@@ -54,6 +56,7 @@ class FormWindow : public QMainWindow {
   std::vector<DropDown*> dropDowns_;
   QLabel* footnote_ = nullptr;
   unsigned drawn_ = 0;
+  unsigned arranged_ = 0;
   bool retired_ = false;
 };
 

@@ -1,0 +1,176 @@
+// Grids: the cells are read on demand, mouse and keys go through the model.
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QTableView>
+
+#include "desktop/grid_model.h"
+#include "desktop/grid_table.h"
+#include "desktop/stand.h"
+
+namespace quillet::desktop {
+namespace {
+
+class GridViews : public Stand {
+ protected:
+  GridTable* table() { return static_cast<GridTable*>(widget<QTableView>(form.vsf)); }
+  QPoint cellAt(int row, int column) {
+    return table()->visualRect(table()->model()->index(row, column)).center();
+  }
+  void clickCell(int row, int column) { click(table()->viewport(), cellAt(row, column)); }
+  QString shown(int row, int column) {
+    return table()->model()->index(row, column).data().toString();
+  }
+  int selectedRow() {
+    const auto rows = table()->selectionModel()->selectedRows();
+    return rows.empty() ? -1 : rows.front().row();
+  }
+};
+
+TEST_F(GridViews, ShowTheCurrentRowOfTheModel) {
+  EXPECT_EQ(selectedRow(), 1);
+  clickCell(2, 1);
+  EXPECT_EQ(form.vsf.current(), 3);
+  EXPECT_EQ(form.active(), &form.vsf);
+  key(Qt::Key_Down);
+  EXPECT_EQ(form.vsf.current(), 4);
+  EXPECT_EQ(selectedRow(), 3);
+  form.vsf.setCurrent(0);
+  settle();
+  EXPECT_EQ(selectedRow(), -1);
+}
+
+TEST_F(GridViews, DoubleClickCarriesOn) {
+  QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(2, 1));
+  EXPECT_EQ(form.vsf.current(), 3);
+  EXPECT_EQ(form.takeDiary().back(), "dblclick vsf");
+}
+
+TEST_F(GridViews, TickCellsTurnByMouseAndKey) {
+  clickCell(1, 0);
+  EXPECT_TRUE(form.vsf.ticked(2));
+  EXPECT_EQ(form.takeDiary().back(), "edited 2 0");
+  key(Qt::Key_Space);
+  EXPECT_FALSE(form.vsf.ticked(2));
+}
+
+TEST_F(GridViews, OnlyEditableCellsAreEdited) {
+  form.focus(form.vsf);
+  settle();
+  key(Qt::Key_F2);
+  auto* editor = table()->viewport()->findChild<QLineEdit*>();
+  ASSERT_TRUE(editor);
+  EXPECT_EQ(editor->text(), "Bank Accounts");
+  editor->setFocus();
+  editor->selectAll();
+  QTest::keyClicks(editor, "Cash");
+  QTest::keyClick(editor, Qt::Key_Return);
+  settle();
+  EXPECT_EQ(form.vsf.cell(2, 2), "Cash");
+  EXPECT_EQ(form.takeDiary().back(), "edited 2 2");
+  QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(1, 3));
+  EXPECT_EQ(form.takeDiary().back(), "dblclick vsf");
+}
+
+TEST_F(GridViews, AHeadingSortsAndShowsTheOrder) {
+  QHeaderView* header = table()->horizontalHeader();
+  const QPoint amount(header->sectionViewportPosition(3) + 20, header->height() / 2);
+  click(header->viewport(), amount);
+  EXPECT_EQ(form.vsf.cell(1, 1), "Rent");
+  EXPECT_EQ(shown(4, 1), "Total");
+  EXPECT_EQ(header->sortIndicatorSection(), 3);
+  EXPECT_EQ(selectedRow(), form.vsf.current() - 1);
+  click(header->viewport(), amount);
+  EXPECT_EQ(shown(0, 1), "Total");
+  EXPECT_EQ(header->sortIndicatorOrder(), Qt::DescendingOrder);
+}
+
+TEST_F(GridViews, RightClickAndMenuKeyAskForThePopup) {
+  QTest::mouseClick(table()->viewport(), Qt::RightButton, {}, cellAt(3, 1));
+  EXPECT_EQ(form.takeDiary().back(), "popup 4");
+  key(Qt::Key_Menu);
+  EXPECT_EQ(form.takeDiary().back(), "popup 4");
+}
+
+TEST_F(GridViews, HiddenRowsAndColumnsAreNotShown) {
+  form.vsf.setRowHidden(1, true);
+  form.vsf.setRowHidden(3, true);
+  form.vsf.setColumnHidden(2, true);
+  form.vsf.setCurrent(4);
+  settle();
+  ASSERT_EQ(table()->model()->rowCount(), 3);
+  EXPECT_EQ(shown(0, 1), "Bank of India");
+  EXPECT_EQ(shown(1, 1), "Salaries");
+  EXPECT_EQ(selectedRow(), 1);
+  EXPECT_TRUE(table()->isColumnHidden(2));
+  EXPECT_TRUE(table()->isColumnHidden(4));
+  clickCell(0, 1);
+  EXPECT_EQ(form.vsf.current(), 2);
+}
+
+TEST_F(GridViews, FollowRowsThatComeAndGo) {
+  struct Step {
+    const char* what;
+    std::function<void(Grid&)> change;
+    int rows;
+    const char* first;
+  };
+  const Step steps[] = {
+      {"removed", [](Grid& grid) { grid.removeRow(1); }, 4, "Bank of India"},
+      {"inserted",
+       [](Grid& grid) {
+         grid.insertRow(1, {"", "Zakat"});
+       },
+       5, "Zakat"},
+      {"changed", [](Grid& grid) { grid.setCell(1, 1, "Fees"); }, 5, "Fees"},
+      {"cleared", [](Grid& grid) { grid.clearRows(); }, 0, ""},
+      {"columns",
+       [](Grid& grid) {
+         grid.setColumns({{"A"}, {"B"}}), grid.addRow({"x", "y"});
+       },
+       1, "y"},
+  };
+  for (const Step& step : steps) {
+    step.change(form.vsf);
+    settle();
+    EXPECT_EQ(table()->model()->rowCount(), step.rows) << step.what;
+    EXPECT_EQ(shown(0, 1).toStdString(), step.first) << step.what;
+  }
+}
+
+TEST_F(GridViews, ADraggedWidthGoesToTheModelInCharacters) {
+  QHeaderView* header = table()->horizontalHeader();
+  const int before = form.vsf.columns()[3].width;
+  const int one = table()->fontMetrics().horizontalAdvance('0');
+  header->resizeSection(3, header->sectionSize(3) + 5 * one);
+  EXPECT_EQ(form.vsf.columns()[3].width, before + 5);
+  EXPECT_EQ(table()->shownWidth(3), before + 5);
+  // The stretching column takes what is left: nothing is lost at the right.
+  EXPECT_LE(header->length(), table()->viewport()->width());
+}
+
+TEST_F(GridViews, ManyRowsCostOnlyWhatIsInSight) {
+  constexpr int many = 20000;
+  form.vsf.clearRows();
+  for (int row = 0; row < many; ++row) {
+    form.vsf.addRow({"", "Ledger " + std::to_string(row), "Group", "1.00", ""});
+  }
+  QElapsedTimer time;
+  time.start();
+  settle();
+  const auto first = time.restart();
+  EXPECT_EQ(table()->model()->rowCount(), many);
+  form.focus(form.vsf);
+  form.vsf.setCurrent(many - 1);
+  settle();
+  for (int step = 0; step < 20; ++step) key(Qt::Key_Up);
+  settle();
+  const auto moves = time.restart();
+  EXPECT_TRUE(table()->viewport()->rect().contains(cellAt(form.vsf.current() - 1, 1)));
+  RecordProperty("shownMs", static_cast<int>(first));
+  RecordProperty("twentyMovesMs", static_cast<int>(moves));
+  EXPECT_LT(first, 2000);
+  EXPECT_LT(moves, 2000);
+}
+
+}  // namespace
+}  // namespace quillet::desktop

@@ -1,0 +1,229 @@
+// What stands around the forms: message boxes, progress, help, reports, pictures.
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+#include <QTimer>
+
+#include "desktop/help_topics.h"
+#include "desktop/help_window.h"
+#include "desktop/pdf.h"
+#include "desktop/report_pages.h"
+#include "desktop/report_window.h"
+#include "desktop/stand.h"
+#include "suite/queued_dialogs.h"
+
+namespace quillet::desktop {
+namespace {
+
+using Surrounding = Stand;
+
+QMessageBox* openBox() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+
+TEST_F(Surrounding, MessageBoxesAnswerToTheirKeys) {
+  struct Case {
+    Buttons buttons;
+    Answer defaultAnswer;
+    Qt::Key key;
+    Answer answer;
+  };
+  const Case cases[] = {
+      {Buttons::OK, Answer::OK, Qt::Key_Return, Answer::OK},
+      {Buttons::OK, Answer::OK, Qt::Key_Escape, Answer::OK},
+      {Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
+      {Buttons::YesNo, Answer::Yes, Qt::Key_Return, Answer::Yes},
+      {Buttons::YesNo, Answer::No, Qt::Key_Y, Answer::Yes},
+      {Buttons::YesNo, Answer::Yes, Qt::Key_N, Answer::No},
+      {Buttons::YesNo, Answer::Yes, Qt::Key_Escape, Answer::No},
+      {Buttons::YesNoCancel, Answer::Yes, Qt::Key_Escape, Answer::Cancel},
+      {Buttons::YesNoCancel, Answer::Cancel, Qt::Key_N, Answer::No},
+  };
+  for (const Case& one : cases) {
+    whenAsked([&] { QTest::keyClick(openBox(), one.key); });
+    const Answer answer = theApplication().dialogs().MsgBox(
+        {"Confirm ?", "Delete", one.buttons, Icon::question, one.defaultAnswer});
+    EXPECT_EQ(answer, one.answer) << "key " << one.key;
+  }
+}
+
+TEST_F(Surrounding, MessageBoxesShowTheTextAsItIs) {
+  whenAsked([&] {
+    QMessageBox* box = openBox();
+    EXPECT_EQ(box->text(), "Delete '<b>A & B</b>' ?\n\nConfirm ?");
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(box->windowTitle(), "Delete");
+    EXPECT_EQ(box->icon(), QMessageBox::Critical);
+    EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+    const QImage picture = theApplication().screenshot();
+    EXPECT_GE(picture.width(), window()->width()) << "window and box on one picture";
+    box->button(QMessageBox::Yes)->click();
+  });
+  const Answer answer =
+      theApplication().dialogs().MsgBox({"Delete '<b>A & B</b>' ?\r\n\r\nConfirm ?", "Delete",
+                                         Buttons::YesNo, Icon::critical, Answer::No});
+  EXPECT_EQ(answer, Answer::Yes);
+}
+
+TEST_F(Surrounding, AMessageDuringAClickStopsTheClick) {
+  form.txtname.LostFocus = [] {
+    whenAsked([] { QTest::keyClick(openBox(), Qt::Key_Return); });
+    theApplication().dialogs().MsgBox({.text = "Please specify Particulars."});
+  };
+  form.focus(form.txtname);
+  settle();
+  form.takeDiary();
+  click(widget(form.chkall), QPoint(8, 8));
+  const auto seen = form.takeDiary();
+  EXPECT_EQ(std::count(seen.begin(), seen.end(), "click chkall"), 0);
+  EXPECT_FALSE(widget<QAbstractButton>(form.chkall)->isDown());
+}
+
+TEST_F(Surrounding, DialogsCanBeExchanged) {
+  suite::QueuedDialogs queue;
+  queue.queueAnswer(Answer::Yes);
+  theApplication().useDialogs(&queue);
+  EXPECT_EQ(theApplication().dialogs().MsgBox({.text = "Sure?", .buttons = Buttons::YesNo}), Answer::Yes);
+  EXPECT_EQ(theApplication().popup({"One", "Two"}), 0);
+  theApplication().useDialogs(nullptr);
+  EXPECT_NE(&theApplication().dialogs(), &queue);
+}
+
+TEST_F(Surrounding, ProgressShowsOnlyWhenItLasts) {
+  Application& app = theApplication();
+  app.showProgress(true);
+  app.progressText("Loading Ledger List....");
+  app.progressBar(1, 10);
+  EXPECT_EQ(window()->findChild<QWidget*>("busy"), nullptr);
+  QTest::qSleep(170);
+  app.progressBar(2, 10);
+  auto* panel = window()->findChild<QWidget*>("busy");
+  ASSERT_TRUE(panel);
+  EXPECT_TRUE(panel->isVisible());
+  // What a person types meanwhile is dropped, not done afterwards.
+  form.focus(form.txtamount);
+  QCoreApplication::postEvent(widget(form.txtamount),
+                              new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, "7"));
+  QTest::qSleep(60);
+  app.progressBar(9, 10);
+  whenAsked([&] {
+    EXPECT_FALSE(panel->isVisible()) << "a question stands alone";
+    QTest::keyClick(openBox(), Qt::Key_Return);
+  });
+  app.dialogs().MsgBox({.text = "Import?"});
+  app.showProgress(false);
+  settle();
+  EXPECT_EQ(form.txtamount.text(), "");
+  EXPECT_EQ(window()->findChild<QWidget*>("busy"), nullptr);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+// --- help ---------------------------------------------------------------------------------------
+
+TEST(HelpPages, AreWholeAndBelongToTheirForms) {
+  ASSERT_GE(helpTopics().size(), 2u);
+  for (const HelpTopic& topic : helpTopics()) {
+    EXPECT_FALSE(topic.id.isEmpty()) << topic.file.toStdString();
+    EXPECT_FALSE(topic.title.isEmpty()) << topic.file.toStdString();
+    EXPECT_GT(topic.words.size(), 500) << topic.file.toStdString();
+  }
+  ASSERT_TRUE(helpOfForm("third"));
+  EXPECT_EQ(helpOfForm("third")->id, "2-2");
+  ASSERT_TRUE(helpOfForm("frmcrtb"));
+  EXPECT_EQ(helpOfForm("frmcrtb")->id, "2-2-1");
+  EXPECT_EQ(helpWith("no such words anywhere").size(), 0u);
+  EXPECT_EQ(helpWith("").size(), helpTopics().size());
+}
+
+TEST_F(Surrounding, HelpShowsTheTopicAndClosesOnEscape) {
+  theApplication().help("2-2-1");
+  settle();
+  HelpWindow* help = nullptr;
+  for (QWidget* top : QApplication::topLevelWidgets()) {
+    if (auto* found = dynamic_cast<HelpWindow*>(top)) help = found;
+  }
+  ASSERT_TRUE(help && help->isVisible());
+  EXPECT_EQ(help->topic(), "2-2-1");
+  help->findChild<QLineEdit*>()->setText("client");
+  EXPECT_GE(help->findChild<QListWidget*>()->count(), 1);
+  QTest::keyClick(help->findChild<QTextBrowser*>(), Qt::Key_Escape);
+  EXPECT_FALSE(help->isVisible());
+}
+
+// --- reports ------------------------------------------------------------------------------------
+
+suite::Document report(int rows, int textColumns = 1) {
+  suite::Document document;
+  document.addHeading("SHAH & CO");
+  document.addHeading("Trial Balance For the Period From 01/04/2008 To 31/03/2009");
+  document.beginTable();
+  suite::Document::Written line;
+  line.values.assign(static_cast<std::size_t>(textColumns), "PARTICULARS OF THE LEDGER ACCOUNT");
+  line.values.push_back("AMOUNT");
+  line.alignments.assign(line.values.size(), 0);
+  line.alignments.back() = 1;
+  line.widths.assign(line.values.size(), 0);
+  line.before.assign(line.values.size(), "");
+  line.after = line.before;
+  line.masks = {"0", "0", "0", "1"};
+  line.heading = true;
+  document.addRow(line);
+  line.heading = false;
+  for (int row = 0; row < rows; ++row) {
+    line.values.front() = "Ledger " + std::to_string(row);
+    line.values.back() = std::to_string(row) + ".00";
+    document.addRow(line);
+  }
+  return document;
+}
+
+TEST(Reports, RepeatHeadingRowsAndLoseNoRow) {
+  const suite::Document document = report(250);
+  const ReportPages pages(document, QDate(2009, 4, 1));
+  ASSERT_GT(pages.count(), 2);
+  std::size_t printed = 0;
+  for (int page = 0; page < pages.count(); ++page) {
+    ASSERT_FALSE(pages.rowsOn(page).empty());
+    EXPECT_EQ(pages.rowsOn(page).front(), 0u) << "the heading row stands on page " << page;
+    printed += pages.rowsOn(page).size() - 1;
+  }
+  EXPECT_EQ(printed, 250u);
+  EXPECT_EQ(pages.rowsOn(pages.count() - 1).back(), 250u);
+}
+
+TEST(Reports, TurnThePageWhenTheColumnsNeedIt) {
+  const suite::Document slim = report(3), wide = report(3, 5), empty;
+  EXPECT_FALSE(ReportPages(slim, {}).landscape());
+  EXPECT_TRUE(ReportPages(wide, {}).landscape());
+  EXPECT_EQ(ReportPages(empty, {}).count(), 1);
+}
+
+TEST(Reports, AreSavedWholeOrNotAtAll) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("tb.pdf");
+  ASSERT_TRUE(savePdf(report(120), path, QDate(2009, 4, 1)));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray pdf = file.readAll();
+  EXPECT_TRUE(pdf.startsWith("%PDF"));
+  EXPECT_GE(pdf.count("/Type /Page\n"), 3);
+  EXPECT_FALSE(savePdf(report(1), folder.filePath("no/such/folder.pdf")));
+}
+
+TEST_F(Surrounding, ReportsAreShownPageByPage) {
+  theApplication().showReport(report(250));
+  settle();
+  auto* shown = dynamic_cast<ReportWindow*>(QApplication::activeWindow());
+  ASSERT_TRUE(shown);
+  EXPECT_EQ(shown->pageInView(), 0);
+  const double fitting = shown->scale();
+  shown->zoom(1.25);
+  EXPECT_DOUBLE_EQ(shown->scale(), fitting * 1.25);
+  EXPECT_FALSE(theApplication().screenshot().isNull());
+  QTest::keyClick(shown->centralWidget(), Qt::Key_Escape);
+  settle();
+  EXPECT_EQ(dynamic_cast<ReportWindow*>(QApplication::activeWindow()), nullptr);
+}
+
+}  // namespace
+}  // namespace quillet::desktop

@@ -1,0 +1,164 @@
+// Text and date boxes: what is typed, pasted and composed reaches the model through the handlers.
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+
+#include "desktop/stand.h"
+#include "desktop/text.h"
+
+namespace quillet::desktop {
+namespace {
+
+class Typing : public Stand {
+ protected:
+  QLineEdit* name() { return widget<QLineEdit>(form.txtname); }
+  void expectShown(const std::string& text) {
+    EXPECT_EQ(form.txtname.text(), text);
+    EXPECT_EQ(fromQt(name()->text()), text);
+  }
+  void paste(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    key(Qt::Key_V, Qt::ControlModifier);
+  }
+};
+
+TEST_F(Typing, PassesEachCharacterThroughTheHandlers) {
+  form.focus(form.txtname);
+  settle();
+  type("ab1c2");
+  expectShown("ABC");  // capitals by replacing, digits left out by discarding
+}
+
+TEST_F(Typing, EditsLikeAnyTextBox) {
+  form.focus(form.txtname);
+  settle();
+  type("abcd");
+  key(Qt::Key_Left);
+  key(Qt::Key_Left);
+  key(Qt::Key_Backspace);
+  expectShown("ACD");
+  key(Qt::Key_Delete);
+  expectShown("AD");
+  type("x");
+  expectShown("AXD");
+  EXPECT_EQ(form.txtname.selStart(), 2u);
+  key(Qt::Key_Home, Qt::ShiftModifier);
+  EXPECT_EQ(form.txtname.selLength(), 2u);
+  type("q");
+  expectShown("QD");
+  key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_NE(form.txtname.text(), "QD") << "undo reaches the model";
+  EXPECT_EQ(fromQt(name()->text()), form.txtname.text());
+}
+
+TEST_F(Typing, PastesThroughTheHandlersOnOneLine) {
+  form.focus(form.txtname);
+  settle();
+  paste("  rent 12\r\npaid\tnow \n");
+  expectShown("RENT  PAID NOW");
+}
+
+TEST_F(Typing, CountsCharactersAndNotCodeUnits) {
+  form.focus(form.txtname);
+  settle();
+  const QString emoji = QString::fromUtf8("\xF0\x9F\x92\xB0");  // one character, two code units
+  paste(emoji + "ab" + emoji);
+  expectShown(
+      "\xF0\x9F\x92\xB0"
+      "AB"
+      "\xF0\x9F\x92\xB0");
+  EXPECT_EQ(form.txtname.selStart(), 4u);
+  key(Qt::Key_Backspace);
+  expectShown(
+      "\xF0\x9F\x92\xB0"
+      "AB");
+  key(Qt::Key_Home);
+  key(Qt::Key_Right);
+  EXPECT_EQ(form.txtname.selStart(), 1u);
+  type("x");
+  expectShown(
+      "\xF0\x9F\x92\xB0"
+      "XAB");
+  form.txtname.select(2, 2);
+  settle();
+  EXPECT_EQ(fromQt(name()->selectedText()), "AB");
+}
+
+TEST_F(Typing, ComposedTextPassesTheHandlersToo) {
+  form.focus(form.txtname);
+  settle();
+  QInputMethodEvent event;
+  event.setCommitString(QString::fromUtf8("\xC3\xA9 7z"));
+  QCoreApplication::sendEvent(name(), &event);
+  expectShown("\xC3\x89 Z");
+}
+
+TEST_F(Typing, StopsAtTheMostCharacters) {
+  form.txtname.maxLength = 3;
+  int refused = 0;
+  form.txtname.Overflow = [&] { ++refused; };
+  form.focus(form.txtname);
+  settle();
+  paste("abcde");
+  expectShown("ABC");
+  EXPECT_EQ(refused, 2);
+}
+
+TEST_F(Typing, EnterGoesWhereTheHandlerSends) {
+  form.focus(form.txtname);
+  settle();
+  key(Qt::Key_Return);
+  EXPECT_EQ(form.active(), &form.txtamount);
+  EXPECT_TRUE(widget(form.txtamount)->hasFocus());
+  type("5");
+  EXPECT_EQ(form.txtamount.text(), "5");
+}
+
+TEST_F(Typing, LockedBoxesKeepTheirText) {
+  form.focus(form.txttotal);
+  settle();
+  type("9");
+  key(Qt::Key_Backspace);
+  paste("1");
+  EXPECT_EQ(form.txttotal.text(), "1,23,456.00");
+  EXPECT_EQ(fromQt(widget<QLineEdit>(form.txttotal)->text()), "1,23,456.00");
+}
+
+TEST_F(Typing, TheDateBoxIsTheModels) {
+  form.focus(form.mskdate);
+  settle();
+  type("2008");
+  EXPECT_EQ(form.mskdate.text(), "01/04/2008");
+  key(Qt::Key_Backspace);
+  EXPECT_EQ(fromQt(widget<QLineEdit>(form.mskdate)->text()), "01/04/200#");
+  form.mskdate.clear();
+  settle();
+  paste("31/03/2009");
+  EXPECT_EQ(form.mskdate.text(), "31/03/2009");
+  type("x");
+  EXPECT_EQ(form.mskdate.text(), "31/03/2009");
+}
+
+TEST_F(Typing, TheDropDownFollowsWithoutTheFocus) {
+  QWidget* list = widget(form.vsflist);
+  ASSERT_TRUE(list);
+  EXPECT_FALSE(list->isVisible());
+  form.focus(form.txtname);
+  settle();
+  EXPECT_TRUE(list->isVisible());
+  key(Qt::Key_Down);
+  key(Qt::Key_Down);
+  EXPECT_EQ(form.vsflist.current(), 2);
+  EXPECT_TRUE(name()->hasFocus());
+  form.takeDiary();
+  auto* table = list->findChild<QTableView*>();
+  click(table->viewport(), table->visualRect(table->model()->index(3, 0)).center());
+  EXPECT_EQ(form.takeDiary(), std::vector<std::string>{"picked Rent"});
+  expectShown("Rent");
+  EXPECT_TRUE(name()->hasFocus());
+  key(Qt::Key_Tab);
+  EXPECT_FALSE(list->isVisible());
+}
+
+}  // namespace
+}  // namespace quillet::desktop
