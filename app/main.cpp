@@ -7,6 +7,7 @@
 #include "app/options.h"
 #include "app/run_desktop.h"
 #include "app/run_script.h"
+#include "suite/data_folder.h"
 
 namespace {
 

@@ -2,18 +2,22 @@
 
 #include <iostream>
 
+#include "app/display.h"
 #include "app/new_folder.h"
+#include "desktop/pdf.h"
+#include "desktop/text.h"
 #include "script/engine.h"
 #include "suite/headless_front_end.h"
 
 namespace quillet::app {
 namespace {
 
-void mustBeReadable(const std::filesystem::path& file) {
-  if (!std::filesystem::is_regular_file(file)) {
-    throw std::runtime_error("there is no script " + file.string());
-  }
-}
+namespace fs = std::filesystem;
+
+// On a real display a person follows; off screen nobody waits.
+constexpr int pauseMs = 200;
+
+QString toQt(const fs::path& path) { return desktop::toQt(path.string()); }
 
 int play(script::Session& session, const Options& options) {
   const auto outcome = script::Engine(session).run(options.file, options.arguments);
@@ -21,20 +25,66 @@ int play(script::Session& session, const Options& options) {
   return outcome.status;
 }
 
-int playUnseen(const Options& options) {
+void savePdf(const script::Session& session, const suite::Document& document,
+             const fs::path& path) {
+  const Date today = session.clock.today();
+  if (!desktop::savePdf(document, toQt(path), QDate(today.year, today.month, today.day))) {
+    throw std::runtime_error("cannot write " + path.string());
+  }
+}
+
+void savePicture(const QImage& picture, const fs::path& path) {
+  if (picture.isNull()) throw std::runtime_error("there is no window to take a picture of");
+  if (!picture.save(toQt(path), "PNG")) {
+    throw std::runtime_error("cannot write " + path.string());
+  }
+}
+
+int playUnseen(const fs::path& data, const Options& options) {
   suite::QueuedDialogs dialogs;
   suite::HeadlessFrontEnd frontEnd(dialogs);
   suite::FixedClock clock;
-  suite::Practice practice(suite::DataFolder::open(folderToOpen(options.data)), frontEnd, clock);
+  suite::Practice practice(suite::DataFolder::open(data), frontEnd, clock);
   script::Session session(practice, dialogs, clock);
+  std::unique_ptr<QGuiApplication> qt;
+  session.savePdf = [&](const suite::Document& document, const fs::path& path) {
+    if (!qt) qt = openOffScreen();
+    savePdf(session, document, path);
+  };
   return play(session, options);
+}
+
+int playShown(const fs::path& data, const Options& options) {
+  const auto application = openDisplay();
+  suite::QueuedDialogs dialogs;
+  application->useDialogs(&dialogs);
+  suite::FixedClock clock;
+  suite::Practice practice(suite::DataFolder::open(data), *application, clock);
+  application->follow(practice.context().desk);
+
+  script::Session session(practice, dialogs, clock);
+  const int pause = QGuiApplication::platformName() == QLatin1String("offscreen") ? 0 : pauseMs;
+  session.pump = [&, pause] { application->pump(pause); };
+  session.savePdf = [&](const suite::Document& document, const fs::path& path) {
+    savePdf(session, document, path);
+  };
+  session.screenshot = [&](const fs::path& path) {
+    application->pump();
+    savePicture(application->screenshot(), path);
+  };
+  const int status = play(session, options);
+  application->leave();
+  return status;
 }
 
 }  // namespace
 
 int runScript(const Options& options) {
-  mustBeReadable(options.file);
-  return playUnseen(options);
+  if (!fs::is_regular_file(options.file)) {
+    throw std::runtime_error("There is no script " + options.file.string() + ".");
+  }
+  const fs::path data = folderToOpen(options.data);
+  return options.show ? playShown(data, options) : playUnseen(data, options);
 }
 
 }  // namespace quillet::app

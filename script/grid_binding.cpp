@@ -113,7 +113,9 @@ int pick(Call& call, Control& control) {
     // Looked up only now: leaving another control may have filled the grid anew.
     picked = call.isNumber(2) ? shownRow(list, call.integer(2)) : rowWith(list, call.text(2));
     list.setCurrent(picked);
-    list.form().click(list);
+    // A click into a drop-down list takes the row.
+    if (list.dropOf != nullptr) list.form().doubleClick(list);
+    list.form().settle();
   });
   return call.give(picked);
 }

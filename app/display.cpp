@@ -1,0 +1,42 @@
+#include "app/display.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace quillet::app {
+namespace {
+
+// Qt keeps references to its arguments and would take options out of ours.
+int argumentCount = 1;
+char programName[] = "quillet";
+char* argumentValues[] = {programName, nullptr};
+
+bool isSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+// Qt has taken the user's locale over; numbers keep their point all the same.
+void restoreNumbers() { std::setlocale(LC_NUMERIC, "C"); }
+
+}  // namespace
+
+std::unique_ptr<desktop::Application> openDisplay() {
+  // Without any Qt would end the process.
+  if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM")) {
+    throw std::runtime_error("There is no display to open a window on.");
+  }
+  auto application = std::make_unique<desktop::Application>(argumentCount, argumentValues);
+  restoreNumbers();
+  return application;
+}
+
+std::unique_ptr<QGuiApplication> openOffScreen() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  auto application = std::make_unique<QGuiApplication>(argumentCount, argumentValues);
+  restoreNumbers();
+  return application;
+}
+
+}  // namespace quillet::app
