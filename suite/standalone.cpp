@@ -5,6 +5,7 @@
 #include "suite/client_register.h"
 #include "suite/reporter.h"
 #include "suite/schema.h"
+#include "suite/stock_form.h"
 
 namespace quillet::suite {
 namespace {
@@ -44,6 +45,10 @@ std::unique_ptr<Reporter> Standalone::createReporter() {
     lastReport_ = document;
     frontEnd_.showReport(document);
   });
+}
+
+std::unique_ptr<StockForms> Standalone::createStockForms(Desk& desk) {
+  return std::make_unique<StockFormsOnDesk>(desk, dialogs());
 }
 
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,

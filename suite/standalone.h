@@ -24,6 +24,7 @@ class Standalone : public Surroundings {
 
   std::unique_ptr<ServiceObject> createServiceObject() override;
   std::unique_ptr<Reporter> createReporter() override;
+  std::unique_ptr<StockForms> createStockForms(Desk& desk) override;
   Dialogs& dialogs() override { return frontEnd_.dialogs(); }
   Clock& clock() override { return clock_; }
 

@@ -9,7 +9,6 @@ namespace {
 constexpr std::size_t nameLength = 100;
 constexpr std::size_t amountLength = 20;
 constexpr int amountWidth = 18;
-constexpr int sideWidth = 6;
 
 }  // namespace
 
@@ -22,6 +21,10 @@ frmcrtb::frmcrtb(Context& context) : Form(context.desk, "frmcrtb"), context_(con
   attachMenus();
   attachGrids();
   attachEntry();
+  attachGroupView();
+  attachSummary();
+  attachPrinting();
+  showPage(famLines);
 }
 
 void frmcrtb::showYear(const std::string& clientName) {
@@ -36,7 +39,6 @@ void frmcrtb::attachMenus() {
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
   mnurefresh.Click = [this] { REFRESHTB(); };
-  mnugroup.Click = [this] { MNUGROUP_CLICK(); };
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };
   mhelp.Click = [this] { MHELP_CLICK(); };
@@ -55,14 +57,6 @@ void frmcrtb::attachGrids() {
   vsfm.DblClick = [this] { MNUALTER_CLICK(); };
   vsfm.Popup = [this] { popup(); };
   vsfm.zebra = true;
-  cbogroup.Click = [this] { LOADGRIDS(); };
-  for (Grid* grid : {&vsf1, &vsf2}) {
-    grid->setColumns(
-        {{.heading = "Particulars", .width = 30, .stretch = true},
-         {.heading = "Amount (Rs.)", .align = Align::right, .width = amountWidth, .numeric = true},
-         {.heading = "Dr/Cr", .width = sideWidth}});
-  }
-  famGroups.setVisible(false);
 }
 
 void frmcrtb::attachEntry() {
@@ -100,12 +94,14 @@ void frmcrtb::attachEntry() {
   vsfp.DblClick = [this] { pickFromList(txtpart, vsfp); };
   vsfg.dropOf = &txtgroup;
   vsfg.DblClick = [this] { pickFromList(txtgroup, vsfg); };
-  // Escape gives the entry up from any of its fields.
+  // Escape gives the entry up from any of its fields, and leads back to the lines.
   KeyPress = [this](Key& key) {
     const bool entering = active() == &txtpart || active() == &txtgroup || active() == &txtamount ||
                           active() == &txtdrcr;
-    if (key != keys::Escape || !entering) return;
+    if (key != keys::Escape || (!entering && famLines.visible())) return;
     key = keys::none;
+    if (famGroups.visible()) MNUGROUP_CLICK();
+    if (famSummary.visible()) MNUSHSUMM_CLICK();
     leaveEntry();
   };
 
@@ -128,9 +124,6 @@ Node frmcrtb::layout() {
   const Node entry = row({field("&Particulars", txtpart, 36, 3), field("&Group", txtgroup, 28, 2),
                           field("A&mount", txtamount, amountWidth), field("D&r/Cr", txtdrcr, 5),
                           item(vsfp), item(vsfg)});
-  const Node groups = column({row({field("&Group", cbogroup, 40), item(lblgroup, 1)}),
-                              row({item(vsf1, 1), item(vsf2, 1)}, 1)},
-                             1);
   const auto totals = [this](int year) {
     return row({item(lblyear[year], 0, 14), field("Debit", txttotdeb[year], amountWidth),
                 field("Credit", txttotcr[year], amountWidth), gap()});
@@ -138,8 +131,15 @@ Node frmcrtb::layout() {
   const Node difference = row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10)});
   const Node stock = row({item(cmdclstock[0]), item(cmdclstock[1])});
   return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
-                        framed(famGroups, {groups}, 1)}),
+                        framed(famGroups, {groupArrangement()}, 1),
+                        framed(famSummary, {summaryArrangement()}, 1)}),
                  row({column({totals(0), totals(1)}), gap(), difference, stock})});
+}
+
+void frmcrtb::showPage(Frame& page) {
+  for (Frame* frame : {&famLines, &famGroups, &famSummary}) frame->setVisible(frame == &page);
+  mnugroup.setChecked(famGroups.visible());
+  mnushsumm.setChecked(famSummary.visible());
 }
 
 void frmcrtb::hint(const std::string& text) { lblhint.setCaption(text); }

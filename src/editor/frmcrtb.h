@@ -1,10 +1,13 @@
 // The trial-balance editor: the lines of one client's year, alone or beside the previous year's,
 // with totals and difference, and the fields that take one line at a time.
 //
-// Loading, entry and the group view have a source file each. The editor reads client, table and
-// dates from the context when it loads and works on its own copies from then on.
+// Loading, entry, group view, moving lines, summary and printing have a source file each. The
+// editor reads client, table and dates from the context when it loads and works on its own copies
+// from then on.
 #pragma once
 
+#include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -15,7 +18,9 @@
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
+#include "data/table_names.h"
 #include "editor/lines.h"
+#include "editor/summary_figures.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -44,6 +49,7 @@ class frmcrtb : public Form {
   MenuEntry mnuview{*this, "mnuview", "&View"};
   MenuEntry mnurefresh{*this, "mnurefresh", "&Refresh", &mnuview, "F5"};
   MenuEntry mnugroup{*this, "mnugroup", "&Group View", &mnuview, "Ctrl+G"};
+  MenuEntry mnushsumm{*this, "mnushsumm", "Summary &Figures", &mnuview, "F6"};
   MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
   ControlArray<MenuEntry> mnusortopt{
       *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
@@ -53,6 +59,9 @@ class frmcrtb : public Form {
   MenuEntry mnuyropts{*this, "mnuyropts", "&Years"};
   ControlArray<MenuEntry> mnuyrs{
       *this, "mnuyrs", {"&Current Year", "&Previous Year", "&Both Years"}, &mnuyropts};
+  MenuEntry mnuprint{*this, "mnuprint", "Prin&t"};
+  MenuEntry mnuPreview{*this, "mnuPreview", "&Trial Balance...", &mnuprint, "Ctrl+P"};
+  MenuEntry mnuprnsumm{*this, "mnuprnsumm", "&Summary Figures...", &mnuprint};
   MenuEntry mnuhelpmenu{*this, "mnuhelpmenu", "&Help"};
   MenuEntry mhelp{*this, "mhelp", "&Trial Balance Editor", &mnuhelpmenu, "F1"};
 
@@ -73,6 +82,18 @@ class frmcrtb : public Form {
   Label lblgroup{*this, "lblgroup"};
   Grid vsf1{*this, "vsf1"};  // debit lines
   Grid vsf2{*this, "vsf2"};  // credit lines
+  Button cmdadd{*this, "cmdadd", "Sho&w More"};
+  Button cmdless{*this, "cmdless", "Show &Fewer"};
+  Button cmdok{*this, "cmdok", "&Apply"};
+  Grid vsf3{*this, "vsf3"};  // the chosen group's lines, which a transfer moves
+  ComboBox cbotgroup{*this, "cbotgroup"};
+  Button cmdupdate{*this, "cmdupdate", "Transfer &Lines"};
+
+  // --- the summary figures: 0 current year, 1 previous year
+  Frame famSummary{*this, "famSummary"};
+  Grid vsfr{*this, "vsfr"};
+  ControlArray<TextBox> txtclst{*this, "txtclst", {"", ""}};
+  Button cmdprnsumm{*this, "cmdprnsumm", "Print S&ummary"};
 
   // --- totals: 0 current year, 1 previous year
   ControlArray<Label> lblyear{*this, "lblyear", {"Current year", "Previous year"}};
@@ -129,6 +150,21 @@ class frmcrtb : public Form {
   void MNUGROUP_CLICK();
   void LOADGRIDS();
   void LOADGRID1(Grid& grid, long groupId, long side);
+  void CMDOK_CLICK();
+  void CMDADD_CLICK();
+  void CMDLESS_CLICK();
+  void CMDUPDATE_CLICK();
+
+  // --- summary figures and closing stock
+  void MNUSHSUMM_CLICK();
+  void LOADFIGS();
+  void CMDCLSTOCK_CLICK(int index);
+
+  // --- printing
+  void MNUPREVIEW_CLICK();
+  void CMDPRNSUMM_CLICK();
+  void PrintTrial();
+  void REPORT_SUMM();
 
  protected:
   void load() override { FORM_LOAD(); }
@@ -148,6 +184,13 @@ class frmcrtb : public Form {
   void attachMenus();
   void attachGrids();
   void attachEntry();
+  void attachGroupView();
+  void attachSummary();
+  void attachPrinting();
+  Node groupArrangement();
+  Node summaryArrangement();
+  // Shows one of the three: lines, groups, summary.
+  void showPage(Frame& page);
 
   // Loading.
   void findPreviousYear();
@@ -169,6 +212,39 @@ class frmcrtb : public Form {
   long serialAt(int row, Year year) const;
   bool inView(Year year) const;
   bool hasTable() const { return !tables_[current].empty(); }
+  bool hasYear(Year year) const {
+    return !tables_[year].empty() && tables_[year] != trialBalancePrefix;
+  }
+  // Whose lines the group view and a printout take: the current year's in the view of both.
+  Year yearInView() const { return inView(current) ? current : previous; }
+
+  // A row of the grid as it goes out; its amount is the current year's in the view of both years.
+  struct ShownLine {
+    const std::string& particular;
+    const std::string& group;
+    const std::string& amount;
+    const std::string& side;
+  };
+  ShownLine shownLine(int row) const {
+    return {vsfm.cell(row, 0), vsfm.cell(row, 1), vsfm.cell(row, 2), vsfm.cell(row, 3)};
+  }
+
+  // Group view.
+  void chooseGroup(long id);
+  void showGroups(int count);
+  void listForTransfer();
+  void transfer(long target);
+
+  // Summary figures.
+  Balances readBalances(Year year);
+  double readBalance(const std::string& table, int group, const std::string& only);
+  double readClosingStock(const std::string& table);
+  void showFigures(const std::array<SummaryRow, summaryRows>& thisYear,
+                   const std::array<SummaryRow, summaryRows>& yearBefore);
+
+  // Printing.
+  void showReport(const std::function<void()>& write);
+  void printTitle(const std::string& title);
 
   // Entry.
   void clearEntry();
@@ -206,6 +282,9 @@ class frmcrtb : public Form {
   Year entryYear_ = current;  // whose table the entry goes to
   long alteredSerial_ = 0;    // 0 while a new line is entered
   std::string alteredGroup_;
+  int groupsShown_ = 1;
+  bool written_ = false;                    // the report begun last is complete
+  std::unique_ptr<StockForms> stockForms_;  // of the closing stock shown last
   bool leaving_ = false;  // the entry is being given up: empty fields are no mistake
 };
 

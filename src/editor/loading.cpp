@@ -63,9 +63,8 @@ void frmcrtb::FORM_LOAD() {
     readSettings();
     findPreviousYear();
     setView(View::current);
-    famLines.setVisible(true);
-    famGroups.setVisible(false);
-    mnugroup.setChecked(false);
+    showPage(famLines);
+    groupsShown_ = 1;
     {
       const Busy busy(context_);
       LOADPARTICULARS();
@@ -362,6 +361,7 @@ void frmcrtb::MNUYRS_CLICK(int index) {
     vsfm.clearRows();
     reload();
     if (famGroups.visible()) LOADGROUPSEXISTS();
+    if (famSummary.visible()) LOADFIGS();
     SETBUTTON();
   });
 }
@@ -399,7 +399,13 @@ void frmcrtb::SETBUTTON() {
     mnualter.setEnabled(selected);
     mnudelete.setEnabled(selected);
     mnugroup.setEnabled(hasTable());
+    mnushsumm.setEnabled(hasTable());
+    mnuPreview.setEnabled(hasTable());
+    mnuprnsumm.setEnabled(hasTable());
     for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setEnabled(hasTable());
+    cmdadd.setEnabled(cbogroup.chosen() + groupsShown_ <= cbogroup.size());
+    cmdless.setEnabled(groupsShown_ > 1);
+    cmdupdate.setEnabled(vsf3.rows() > 0);
     // Their forms are not part of the program yet.
     mnujournal.setEnabled(false);
     mnunewgroup.setEnabled(false);
@@ -411,7 +417,7 @@ void frmcrtb::SETBUTTONS() {
     const bool both = view_ == View::both;
     cmdclstock[0].setCaption(both ? "Closing &Stock (Curr)" : "Closing &Stock");
     cmdclstock[1].setVisible(both);
-    for (auto& button : cmdclstock) button->setEnabled(false);
+    for (auto& button : cmdclstock) button->setEnabled(hasTable());
   });
 }
 

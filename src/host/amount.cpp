@@ -50,4 +50,10 @@ std::optional<double> typedAmount(const ServiceObject& host, std::string_view te
   return negative ? -amount : amount;
 }
 
+double shownAmount(std::string_view text) {
+  double amount = 0;
+  std::from_chars(text.data(), text.data() + text.size(), amount);
+  return amount;
+}
+
 }  // namespace quillet

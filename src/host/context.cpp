@@ -4,10 +4,11 @@
 
 namespace quillet {
 
-Context::Context(Surroundings& surroundings)
-    : host(surroundings.createServiceObject()),
-      dialogs(surroundings.dialogs()),
-      clock(surroundings.clock()) {
+Context::Context(Surroundings& around)
+    : surroundings(around),
+      host(around.createServiceObject()),
+      dialogs(around.dialogs()),
+      clock(around.clock()) {
   desk.onError = [this](const std::string& location, const std::exception& error) {
     errorLocation = location;
     logError(*this, trapped(error));
@@ -23,7 +24,7 @@ Context::Context(Surroundings& surroundings)
     MsgBox("File [TalBase.dll] is not compatible. Please update the latest software properly.",
            Buttons::OK, Icon::critical);
   }
-  reporter = surroundings.createReporter();
+  reporter = around.createReporter();
 }
 
 Context::~Context() = default;

@@ -11,23 +11,26 @@
 
 namespace quillet {
 
-// How the module comes by its surroundings; each maker is called once, at start-up.
+// How the module comes by its surroundings. Service object and reporter are made once, at start-up.
 class Surroundings {
  public:
   virtual ~Surroundings() = default;
   virtual std::unique_ptr<ServiceObject> createServiceObject() = 0;
   virtual std::unique_ptr<Reporter> createReporter() = 0;
+  // Made anew for each use; its form opens on the desk.
+  virtual std::unique_ptr<StockForms> createStockForms(Desk& desk) = 0;
   virtual Dialogs& dialogs() = 0;
   virtual Clock& clock() = 0;
 };
 
 struct Context {
   // Module start-up: creates the service object, checks its version, creates the reporter.
-  explicit Context(Surroundings& surroundings);
+  explicit Context(Surroundings& around);
   ~Context();
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
 
+  Surroundings& surroundings;
   Desk desk;
   std::unique_ptr<ServiceObject> host;
   std::unique_ptr<Reporter> reporter;

@@ -2,6 +2,7 @@
 // desktop and the tests implement them.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 namespace quillet {
 
 class Control;
+class Desk;
 class Form;
 
 // --- message boxes and dialogs ----------------------------------------------------------------
@@ -194,6 +196,24 @@ class Reporter {
                              std::vector<std::string>& after, bool& heading, std::string& rules,
                              std::string& emphasis, std::string& last, std::string& printed) = 0;
   virtual void ShowReport() = 0;
+};
+
+// --- the suite's final-accounts component -------------------------------------------------------
+
+// The form that keeps the closing stock of a client's year.
+class StockForm {
+ public:
+  virtual ~StockForm() = default;
+  virtual void LoadData(ServiceObject& host, const std::string& client,
+                        const std::string& table) = 0;
+  // With 1 the forms below take no input until it closes; `closed` runs then.
+  virtual void Show(int modal, std::function<void()> closed) = 0;
+};
+
+class StockForms {
+ public:
+  virtual ~StockForms() = default;
+  virtual StockForm& ObjTrade() = 0;
 };
 
 }  // namespace quillet

@@ -1,0 +1,282 @@
+#include "suite/stock_form.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "data/sql.h"
+#include "data/text.h"
+#include "host/amount.h"
+#include "suite/schema.h"
+
+namespace quillet::suite {
+namespace {
+
+constexpr int stockGroup = 7;  // the primary group of closing stock
+constexpr std::size_t amountLength = 20;
+constexpr const char* amountFormat = "###0.00";
+
+enum Column { particular, group, amountColumn, partIdColumn, allIdColumn };
+
+// The first row whose name begins with the text, 0 for none.
+int firstMatch(const Grid& list, const std::string& text) {
+  const std::string wanted = upperCase(trimmed(text));
+  if (wanted.empty()) return 0;
+  for (int row = 1; row <= list.rows(); ++row) {
+    if (upperCase(list.cell(row, 0)).compare(0, wanted.size(), wanted) == 0) return row;
+  }
+  return 0;
+}
+
+}  // namespace
+
+frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialogs_(dialogs) {
+  setCaption("Closing Stock");
+  size = {0.6, 0.6, 1.0};
+  vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
+                  {.heading = "Group", .width = 32},
+                  {.heading = "Amount", .align = Align::right, .width = 18, .numeric = true},
+                  {.heading = "PartId", .hidden = true},
+                  {.heading = "AllId", .hidden = true}});
+  vsf.DblClick = [this] { trap("VSF_DBLCLICK", [&] { alterLine(); }); };
+  vsf.RowColChange = [this] { cmddelete.setEnabled(vsf.current() > 0); };
+  cmddelete.Click = [this] { trap("CMDDELETE_CLICK", [&] { deleteLine(); }); };
+  cmddelete.causesValidation = false;
+  cmdclose.Click = [this] { close(); };
+  cmdclose.causesValidation = false;
+  KeyPress = [this](Key& key) { trap("FORM_KEYPRESS", [&] { formKey(key); }); };
+  txttotal.rightAligned = true;
+  txttotal.setLocked(true);
+  txttotal.tabStop = false;
+  lblhint.quiet = true;
+  attachEntry();
+}
+
+void frmTrade::attachEntry() {
+  txtpart.maxLength = ledgerNameLength;
+  txtgroup.maxLength = ledgerNameLength;
+  txtamount.maxLength = amountLength;
+  txtamount.rightAligned = true;
+  attachList(txtpart, vsfp);
+  attachList(txtgroup, vsfg);
+  // The beginning of a group's name stands for the name.
+  txtgroup.LostFocus = [this] {
+    vsfg.setVisible(false);
+    if (const auto known = knownGroup()) txtgroup.setText(*known);
+  };
+  txtamount.GotFocus = [this] { txtamount.selectAll(); };
+  txtamount.KeyPress = [this](Key& key) {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    trap("TXTAMOUNT_KEYPRESS", [&] { saveLine(); });
+  };
+}
+
+void frmTrade::attachList(TextBox& box, Grid& list) {
+  list.setColumns({{.heading = "Name", .width = 40, .stretch = true}});
+  list.setVisible(false);
+  list.dropOf = &box;
+  list.DblClick = [&box, &list] {
+    if (list.current() > 0) box.setText(list.cell(list.current(), 0));
+  };
+  box.GotFocus = [&box, &list] {
+    list.setVisible(true);
+    box.selectAll();
+  };
+  box.LostFocus = [&list] { list.setVisible(false); };
+  box.Change = [&box, &list] { list.setCurrent(firstMatch(list, box.text())); };
+  box.KeyDown = [&box, &list](Key& key) {
+    if (key != keys::Up && key != keys::Down) return;
+    list.act(key);
+    key = keys::none;
+    if (list.current() > 0) list.DblClick();
+  };
+  box.KeyPress = [this](Key& key) {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    focusNext();
+  };
+}
+
+// Escape gives up an entry, then closes; Enter and Delete on a line alter and delete it.
+void frmTrade::formKey(Key& key) {
+  if (key == keys::Escape) {
+    key = keys::none;
+    if (!entering()) {
+      close();
+      return;
+    }
+    clearEntry();
+    focus(vsf);
+  } else if (key == keys::Enter && active() == &vsf) {
+    key = keys::none;
+    alterLine();
+  }
+}
+
+bool frmTrade::entering() const {
+  return !(txtpart.text() + txtgroup.text() + txtamount.text()).empty() || altered_;
+}
+
+void frmTrade::LoadData(ServiceObject& host, const std::string& client, const std::string& table) {
+  host_ = &host;
+  client_ = host.TruncVarSQL(client);
+  table_ = table;
+}
+
+void frmTrade::Show(int modal, std::function<void()> closed) {
+  if (modal == 1) {
+    showModal(std::move(closed));
+  } else {
+    show();
+  }
+}
+
+void frmTrade::load() {
+  trap("FORM_LOAD", [&] {
+    host_->resize_for_resolution(*this);
+    fillGroups();
+    fillLedgers();
+    showLines();
+    clearEntry();
+    focus(vsf.rows() > 0 ? static_cast<Control&>(vsf) : txtpart);
+  });
+}
+
+// --- what is shown ------------------------------------------------------------------------------
+
+RecordsetPtr frmTrade::query(const std::string& sql) {
+  return host_->RecordsetQuery(sql, host_->DbObj(), CursorType::static_, LockType::readOnly);
+}
+
+void frmTrade::fillGroups() {
+  vsfg.clearRows();
+  const auto rows = query("select allgrp from mast_allgrp where gid=" + std::to_string(stockGroup) +
+                          " order by allgrp");
+  for (; !rows->EOF_(); rows->MoveNext()) vsfg.addRow({rows->text(0)});
+}
+
+void frmTrade::fillLedgers() {
+  vsfp.clearRows();
+  const auto rows = query("select distinct particular from mast_part order by particular");
+  vsfp.reserve(static_cast<int>(rows->RecordCount()));
+  for (; !rows->EOF_(); rows->MoveNext()) vsfp.addRow({rows->text(0)});
+}
+
+void frmTrade::showLines() {
+  const int selected = vsf.current();
+  double total = 0;
+  vsf.clearRows();
+  const auto rows =
+      query("select t.partid,t.allid,t.amt,g.allgrp from " + table_ +
+            " t left join mast_allgrp g on g.allid=t.allid where t.code_no='" + client_ + "'");
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    total += rows->number(2);
+    vsf.addRow({host_->GetPart_MastPartId(rows->integer(0)), rows->text(3),
+                host_->formatgen(rows->number(2), amountFormat), rows->text(0), rows->text(1)});
+  }
+  txttotal.setText(host_->formatgen(total, "#,##0.00"));
+  vsf.setCurrent(std::min(selected, vsf.rows()));
+  cmddelete.setEnabled(vsf.current() > 0);
+}
+
+// --- entering -----------------------------------------------------------------------------------
+
+void frmTrade::clearEntry() {
+  for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setText("");
+  altered_.reset();
+  lblhint.setCaption("");
+}
+
+void frmTrade::alterLine() {
+  const int row = vsf.current();
+  if (row == 0) return;
+  altered_ = Pair{std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))};
+  txtpart.setText(vsf.cell(row, particular));
+  txtgroup.setText(vsf.cell(row, group));
+  txtamount.setText(vsf.cell(row, amountColumn));
+  focus(txtpart);
+  lblhint.setCaption("Altering the selected line. Esc leaves it as it was.");
+}
+
+void frmTrade::deleteLine() {
+  const int row = vsf.current();
+  if (row == 0) return;
+  if (ask("Do you want to delete the selected record?", Buttons::YesNo, Icon::none) !=
+      Answer::Yes) {
+    return;
+  }
+  remove({std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))});
+  clearEntry();
+  showLines();
+}
+
+std::optional<std::string> frmTrade::knownGroup() const {
+  const int row = firstMatch(vsfg, txtgroup.text());
+  if (row == 0) return std::nullopt;
+  return vsfg.cell(row, 0);
+}
+
+void frmTrade::saveLine() {
+  const std::string name(trimmed(txtpart.text()));
+  const auto typed = typedAmount(*host_, txtamount.text());
+  if (name.empty() || trimmed(txtgroup.text()).empty() || !typed || *typed <= 0) {
+    ask("Cannot save the entry due to invalid data.", Buttons::OK, Icon::none);
+    return;
+  }
+  const auto known = knownGroup();
+  const auto found =
+      known
+          ? query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" + host_->TruncVarSQL(*known) + "'")
+          : nullptr;
+  if (!found || found->EOF_()) {
+    ask("Group does not exist.", Buttons::OK, Icon::information);
+    return;
+  }
+  const Pair line{host_->GetMax_MastPartId(name), found->integer(0)};
+  if (line.partId == 0) {
+    ask("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
+    return;
+  }
+  if (altered_) remove(*altered_);
+  const double amount = mergeWithExisting(line, *typed);
+  change("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ + "'," +
+         sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," + sqlNumber(amount) + ")");
+  if (vsfp.find(0, name) == 0) fillLedgers();
+  showLines();
+  clearEntry();
+  focus(txtpart);
+}
+
+double frmTrade::mergeWithExisting(Pair line, double amount) {
+  const auto row = query("select sum(amt),count(*) from " + table_ + where(line));
+  if (row->integer(1) == 0) return amount;
+  remove(line);
+  return std::round((amount + row->number(0)) * 100) / 100;
+}
+
+void frmTrade::remove(Pair line) { change("delete from " + table_ + where(line)); }
+
+std::string frmTrade::where(Pair line) const {
+  return " where code_no='" + client_ + "' and partid=" + sqlNumber(line.partId) +
+         " and allid=" + sqlNumber(line.allId);
+}
+
+void frmTrade::change(const std::string& sql) {
+  host_->ConQuery(sql);
+  host_->ConQuery(flushTables);
+}
+
+Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {
+  return dialogs_.MsgBox(
+      {text, "Closing Stock", buttons, icon, buttons == Buttons::OK ? Answer::OK : Answer::No});
+}
+
+Node frmTrade::layout() {
+  return column({item(vsf, 1),
+                 row({field("&Particulars", txtpart, 32, 1), field("&Group", txtgroup, 28, 1),
+                      field("A&mount", txtamount, 18), item(vsfp), item(vsfg)}),
+                 item(lblhint),
+                 row({item(cmddelete), item(cmdclose), gap(), field("Total", txttotal, 18)})});
+}
+
+}  // namespace quillet::suite

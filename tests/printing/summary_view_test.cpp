@@ -1,0 +1,289 @@
+// The summary view, the closing stock and the group view with its transfer, on a real database.
+#include <gtest/gtest.h>
+
+#include "forms/editor_fixture.h"
+#include "suite/stock_form.h"
+
+namespace quillet::support {
+namespace {
+
+using Statements = std::vector<std::string>;
+using suite::frmTrade;
+
+class SummaryViewTest : public EditorTest {
+ protected:
+  // Group numbers as they are; "OTHER DEPRECIATION" is no depreciation.
+  SummaryViewTest() {
+    group("DEPRECIATION", 29);
+    group("OTHER DEPRECIATION", 29);
+    group("CLOSING STOCK", 7);
+    group("CREDITORS", 12);
+    previous = addYear("C1", 2007, {{"Counter", "SALES", -50}, {"Cash", "BANKS", 50}});
+    current = addYear("C1", 2008,
+                      {{"Counter", "SALES", -1'234'567.89},
+                       {"Returns", "SALES", 0.89},
+                       {"Shop", "RENT", 1'500'000},
+                       {"Cars", "DEPRECIATION", 1'000},
+                       {"Goodwill", "OTHER DEPRECIATION", 10},
+                       {"Cash", "BANKS", 200},
+                       {"Owed", "CREDITORS", -400}});
+    addYear("C2", 2008);
+    exec("insert into " + current + " values(1,'C2',1," + std::to_string(group("SALES")) +
+         ",99999,2)");
+  }
+
+  static Rows figures(const frmcrtb& form) { return shown(form.vsfr); }
+  static std::vector<std::string> row(const frmcrtb& form, const std::string& caption) {
+    const int at = form.vsfr.find(0, caption);
+    if (at == 0) return {};
+    return {form.vsfr.cell(at, 1), form.vsfr.cell(at, 2)};
+  }
+  static frmTrade& stockForm(frmcrtb& form) {
+    return static_cast<frmTrade&>(*form.desk().find("frmTrade"));
+  }
+  static void enterStock(frmTrade& form, const std::string& ledger, const std::string& group,
+                         const std::string& amount) {
+    type(form.txtpart, ledger);
+    type(form.txtgroup, group);
+    type(form.txtamount, amount);
+    form.press(keys::Enter);
+  }
+
+  std::string previous, current;
+};
+
+using Pair = std::vector<std::string>;
+
+TEST_F(SummaryViewTest, ShowsBothYearsAndSendsAStatementForEachGroup) {
+  exec("insert into TRADE_" + current.substr(4) +
+       "(code_no,partid,allid,amt) values('C1',1,1,300)" + ",('C2',1,1,7000)");
+  frmcrtb& form = open("C1", 2008);
+  EXPECT_TRUE(form.click(form.mnushsumm));
+  EXPECT_TRUE(form.famSummary.visible());
+  EXPECT_FALSE(form.famLines.visible());
+  const Statements sent = statements();
+  const auto balance = [](const std::string& table, int gid, const std::string& only = "") {
+    return "Select sum(amt),nid from " + table +
+           ",mast_allgrp Where mast_allgrp.gid=" + std::to_string(gid) + only + " and " + table +
+           ".allid=mast_allgrp.allid and " + table + ".Code_No='C1' group by nid";
+  };
+  Statements expected;
+  for (const std::string& table : {current, previous}) {
+    for (int gid = 1; gid <= 28; ++gid) expected.push_back(balance(table, gid));
+    expected.push_back(balance(table, 29, " and mast_allgrp.allgrp<>'DEPRECIATION'"));
+    expected.push_back(balance(table, 29, " and mast_allgrp.allgrp='DEPRECIATION'"));
+    expected.push_back("Select sum(amt) from TRADE_" + table.substr(4) + " Where Code_No='C1'");
+  }
+  EXPECT_EQ(sent, expected);
+
+  EXPECT_EQ(form.vsfr.columns()[1].heading, "Amount(Curr)");
+  EXPECT_EQ(form.vsfr.columns()[2].heading, "Amount(Prev)");
+  EXPECT_EQ(form.txtclst[0].text(), "300.00");
+  EXPECT_EQ(form.txtclst[1].text(), "0.00");
+  EXPECT_EQ(row(form, "Sales"), (Pair{"1,234,567.00", "50.00"}));
+  EXPECT_EQ(row(form, "Cost of Goods Sold"), (Pair{"(300.00)", "0.00"}));
+  EXPECT_EQ(row(form, "Expenses"), (Pair{"1,500,010.00", "0.00"}));
+  EXPECT_EQ(row(form, "Net Profit/(Loss)"), (Pair{"(265,143.00)", "50.00"}));
+  EXPECT_EQ(row(form, "Profit Tr. to B/S"), (Pair{"(266,143.00)", "50.00"}));
+  EXPECT_EQ(row(form, "Working Capital"), (Pair{"100.00", "50.00"}));
+  EXPECT_EQ(row(form, "GP Rate"), (Pair{"100.02", "100.00"}));
+  EXPECT_EQ(row(form, "Current Ratio"), (Pair{"1.25", "-"}));
+
+  form.press(keys::Escape);
+  EXPECT_TRUE(form.famLines.visible());
+  EXPECT_EQ(form.active(), &form.vsfm);
+}
+
+TEST_F(SummaryViewTest, WithoutLinesEveryAmountIsZeroAndEveryRateADash) {
+  addClient("C3", "Empty Books");
+  addYear("C3", 2010);
+  frmcrtb& form = open("C3", 2010);
+  form.click(form.mnushsumm);
+  EXPECT_EQ(statements().size(), 31U) << "there is no year before to ask for";
+  ASSERT_EQ(form.vsfr.rows(), 19);
+  for (const auto& cells : figures(form)) {
+    const bool rate = cells[0].find("Rate") != std::string::npos || cells[0] == "Current Ratio";
+    EXPECT_EQ(cells[1], rate ? "-" : "0.00") << cells[0];
+    EXPECT_EQ(cells[2], rate ? "-" : "0.00") << cells[0];
+  }
+}
+
+TEST_F(SummaryViewTest, AFailureIsLoggedAndLeavesTheFormOpen) {
+  frmcrtb& form = open("C1", 2008);
+  host().statements().failNext("mast_allgrp.gid=29");
+  form.click(form.mnushsumm);
+  const auto lines = log();
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_TRUE(lines[0].ends_with("frmcrtb\tLOADFIGS")) << lines[0];
+  EXPECT_TRUE(form.visible());
+  EXPECT_FALSE(frontEnd.busy);
+}
+
+// --- closing stock
+
+TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
+  frmcrtb& form = open("C1", 2008);
+  EXPECT_EQ(form.cmdclstock[0].caption(), "Closing &Stock");
+  ASSERT_TRUE(form.click(form.cmdclstock[0]));
+  frmTrade& stock = stockForm(form);
+  EXPECT_TRUE(stock.modal());
+  enterStock(stock, "Rice", "closing", "1,200.5");
+  enterStock(stock, "Rice", "CLOSING STOCK", "0.255");
+  enterStock(stock, "O'Brien's \\ wheat", "CLOSING STOCK", "99");
+  EXPECT_EQ(stock.vsf.rows(), 2);
+  EXPECT_EQ(stock.txttotal.text(), "1,299.76");
+  const std::string table = "TRADE_" + current.substr(4);
+  const std::string all = "select particular,allgrp,amt from " + table +
+                          " t join mast_part p on p.partid=t.partid join mast_allgrp g on "
+                          "g.allid=t.allid where code_no='C1' order by amt";
+  EXPECT_EQ(rows(all), (Rows{{"O'Brien's \\ wheat", "CLOSING STOCK", "99"},
+                             {"Rice", "CLOSING STOCK", "1200.76"}}));
+
+  // Altered, the line is replaced; deleted, it is gone.
+  stock.focus(stock.vsf);
+  stock.vsf.setCurrent(stock.vsf.find(0, "Rice"));
+  stock.press(keys::Enter);
+  type(stock.txtamount, "700");
+  stock.press(keys::Enter);
+  stock.vsf.setCurrent(stock.vsf.find(0, "O'Brien's \\ wheat"));
+  dialogs.queueAnswer(Answer::No);
+  stock.click(stock.cmddelete);
+  EXPECT_EQ(stock.vsf.rows(), 2);
+  dialogs.queueAnswer(Answer::Yes);
+  stock.click(stock.cmddelete);
+  EXPECT_EQ(rows(all), (Rows{{"Rice", "CLOSING STOCK", "700"}}));
+
+  EXPECT_EQ(form.vsfr.rows(), 0) << "the figures wait for the form to close";
+  stock.press(keys::Escape);
+  EXPECT_FALSE(stock.visible());
+  EXPECT_EQ(row(form, "Less : Closing Stock"), (Pair{"700.00", "0.00"}));
+  EXPECT_EQ(form.txtclst[0].text(), "700.00");
+}
+
+TEST_F(SummaryViewTest, ClosingStockRefusesWhatTheEditorRefuses) {
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.cmdclstock[0]);
+  frmTrade& stock = stockForm(form);
+  const struct {
+    const char *ledger, *group, *amount, *message;
+    Icon icon;
+  } refused[] = {
+      {"", "CLOSING STOCK", "5", "Cannot save the entry due to invalid data.", Icon::none},
+      {"Rice", "", "5", "Cannot save the entry due to invalid data.", Icon::none},
+      {"Rice", "CLOSING STOCK", "", "Cannot save the entry due to invalid data.", Icon::none},
+      {"Rice", "CLOSING STOCK", "0", "Cannot save the entry due to invalid data.", Icon::none},
+      {"Rice", "CLOSING STOCK", "-5", "Cannot save the entry due to invalid data.", Icon::none},
+      {"Rice", "CLOSING STOCK", "1e3", "Cannot save the entry due to invalid data.", Icon::none},
+      // A group of the ledger master that is no stock.
+      {"Rice", "RENT", "5", "Group does not exist.", Icon::information},
+  };
+  for (const auto& entry : refused) {
+    enterStock(stock, entry.ledger, entry.group, entry.amount);
+    const auto asked = dialogs.takeMessages();
+    ASSERT_EQ(asked.size(), 1U) << entry.amount;
+    EXPECT_EQ(asked[0].message.text, entry.message);
+    EXPECT_EQ(asked[0].message.icon, entry.icon);
+    stock.press(keys::Escape);
+  }
+  EXPECT_EQ(value("select count(*) from TRADE_" + current.substr(4)), "0");
+  EXPECT_TRUE(log().empty());
+}
+
+TEST_F(SummaryViewTest, TheYearsViewChoosesTheStockTable) {
+  frmcrtb& form = open("C1", 2008);
+  const struct {
+    int view, button;
+    std::string table;
+  } cases[] = {{0, 0, current}, {1, 0, previous}, {2, 0, current}, {2, 1, previous}};
+  for (const auto& c : cases) {
+    form.click(form.mnuyrs[c.view]);
+    ASSERT_TRUE(form.click(form.cmdclstock[c.button]));
+    enterStock(stockForm(form), "Rice", "CLOSING STOCK", "1");
+    stockForm(form).close();
+    EXPECT_EQ(value("select count(*) from TRADE_" + c.table.substr(4)), "1") << c.view << c.button;
+    exec("delete from TRADE_" + c.table.substr(4));
+  }
+  EXPECT_EQ(form.cmdclstock[0].caption(), "Closing &Stock (Curr)");
+  EXPECT_EQ(form.cmdclstock[1].caption(), "Closing Stoc&k (Prev)");
+}
+
+// --- the group view
+
+TEST_F(SummaryViewTest, LinesMoveToAnotherGroupOneStatementEach) {
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.mnugroup);
+  form.cbogroup.choose(form.cbogroup.find("SALES"));
+  EXPECT_EQ(shown(form.vsf3), (Rows{{"Counter", "1234567.89", "CR"}, {"Returns", "0.89", "DR"}}));
+  statements();
+
+  // Nothing chosen, or the same group: refused without a question.
+  form.click(form.cmdupdate);
+  form.cbotgroup.choose(form.cbotgroup.find("SALES"));
+  form.click(form.cmdupdate);
+  for (const auto& asked : dialogs.takeMessages()) {
+    EXPECT_EQ(asked.message.text, "Please select a different Group.");
+    EXPECT_EQ(asked.message.icon, Icon::information);
+  }
+  form.cbotgroup.choose(form.cbotgroup.find("RENT"));
+  dialogs.queueAnswer(Answer::No);
+  form.click(form.cmdupdate);
+  EXPECT_TRUE(statements().empty());
+  EXPECT_EQ(messages(), (Statements{"Are you sure you want to Transfer all the Particulars of "
+                                    "SALES to RENT"}));
+
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.cmdupdate);
+  Statements sent = statements();
+  sent.resize(4);
+  const std::string update =
+      "Update " + current + " set allid=" + std::to_string(group("RENT")) + " where code_no='C1'";
+  EXPECT_EQ(sent, (Statements{update + " and srno=1", "Flush Tables", update + " and srno=2",
+                              "Flush Tables"}));
+  EXPECT_EQ(form.cbogroup.text(), "RENT") << "the view follows the lines";
+  EXPECT_EQ(form.vsf3.rows(), 3);
+  EXPECT_EQ(form.cbogroup.find("SALES"), 0);
+  EXPECT_EQ(value("select count(*) from " + current +
+                  " where code_no='C2' and allid=" + std::to_string(group("SALES"))),
+            "1");
+}
+
+TEST_F(SummaryViewTest, AFailedTransferStopsAndIsLogged) {
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.mnugroup);
+  form.cbogroup.choose(form.cbogroup.find("SALES"));
+  form.cbotgroup.choose(form.cbotgroup.find("RENT"));
+  host().statements().failNext("srno=2");
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.cmdupdate);
+  ASSERT_EQ(log().size(), 1U);
+  EXPECT_EQ(stored(current)[1][2], "SALES");
+  // Trying again completes it.
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(stored(current)[1][2], "RENT");
+  EXPECT_TRUE(log().empty());
+}
+
+TEST_F(SummaryViewTest, OneMoreGroupAndOneFewer) {
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.mnugroup);
+  ASSERT_EQ(form.cbogroup.text(), "BANKS");
+  EXPECT_FALSE(form.cmdless.enabled());
+  form.click(form.cmdadd);
+  EXPECT_EQ(shown(form.vsf1),
+            (Rows{{"BANKS", "", ""}, {"Cash", "200.00", "DR"}, {"CREDITORS", "", ""}}));
+  EXPECT_EQ(shown(form.vsf2),
+            (Rows{{"BANKS", "", ""}, {"CREDITORS", "", ""}, {"Owed", "400.00", "CR"}}));
+  EXPECT_EQ(form.vsf3.rows(), 1) << "a transfer moves the chosen group alone";
+  for (int i = 0; i < 10 && form.cmdadd.enabled(); ++i) form.click(form.cmdadd);
+  EXPECT_EQ(form.lblgroup.caption(), std::to_string(form.cbogroup.size()) + " groups shown");
+  // What somebody else entered shows when it is asked for.
+  exec("update " + current + " set amt=250 where code_no='C1' and srno=6");
+  form.click(form.cmdok);
+  EXPECT_EQ(form.vsf1.cell(2, 1), "250.00");
+  while (form.cmdless.enabled()) form.click(form.cmdless);
+  EXPECT_EQ(shown(form.vsf1), (Rows{{"Cash", "250.00", "DR"}}));
+}
+
+}  // namespace
+}  // namespace quillet::support
