@@ -113,8 +113,7 @@ void addClient(Database& database, const Client& given) {
 }
 
 void completeClientList(Database& database) {
-  if (database
-          .query("select (select count(*) from Main_Info1)=(select count(*) from TempClTbl)")
+  if (database.query("select (select count(*) from Main_Info1)=(select count(*) from TempClTbl)")
           ->integer(0) == 1) {
     return;
   }

@@ -94,6 +94,7 @@ class Database::Impl {
   Impl& operator=(const Impl&) = delete;
 
   MYSQL* connection() { return connection_; }
+  EmbeddedServer* server() { return server_.get(); }
 
   void send(const std::string& sql) {
     if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
@@ -194,6 +195,17 @@ std::string Database::escape(const std::string& text) const {
   escaped.resize(
       mysql_real_escape_string(impl_->connection(), escaped.data(), text.data(), text.size()));
   return escaped;
+}
+
+void Database::fillAnew(const std::function<void()>& work) {
+  EmbeddedServer* server = impl_->server();
+  if (server == nullptr) return work();
+  server->beginMaking();
+  execute("set global innodb_flush_log_at_trx_commit=0, global sync_frm=0");
+  work();
+  execute("set global innodb_flush_log_at_trx_commit=1, global sync_frm=1");
+  execute("flush engine logs");
+  server->endMaking();
 }
 
 }  // namespace quillet::suite

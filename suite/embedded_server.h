@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "suite/error_stream.h"
 #include "suite/folder_lock.h"
 
 namespace quillet::suite {
@@ -17,9 +18,15 @@ class EmbeddedServer {
   EmbeddedServer(const EmbeddedServer&) = delete;
   EmbeddedServer& operator=(const EmbeddedServer&) = delete;
 
+  // Between these two the server waits for no disk. The folder must hold no data yet: when the
+  // process dies before the second, the next start empties it.
+  void beginMaking();
+  void endMaking();
+
  private:
   std::filesystem::path folder_;
   FolderLock lock_;
+  ErrorStream errors_;
 };
 
 // Starts the server library on the folder without any of the checks above; false when it refuses.

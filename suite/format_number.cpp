@@ -29,7 +29,7 @@ Decimal decimalOf(double number) {
   std::from_chars(e[1] == '+' ? e + 2 : e + 1, end, exponent);
   Decimal decimal;
   std::copy_if<const char*>(text.begin(), e, std::back_inserter(decimal.digits),
-               [](char c) { return c != '.'; });
+                            [](char c) { return c != '.'; });
   decimal.point = exponent + 1;
   return decimal;
 }
@@ -87,9 +87,9 @@ struct Section {
 };
 
 Section sectionOf(std::string_view text) {
-  constexpr std::string_view places = "#0,.";
-  const std::size_t begin = std::min(text.find_first_of(places), text.size());
-  const std::size_t end = std::min(text.find_first_not_of(places, begin), text.size());
+  // A point or comma before the first place belongs to the text in front.
+  const std::size_t begin = std::min(text.find_first_of("#0"), text.size());
+  const std::size_t end = std::min(text.find_first_not_of("#0,.", begin), text.size());
   Section section{text.substr(0, begin), text.substr(end)};
   for (const char c : text.substr(begin, end - begin)) {
     if (c == '.') {

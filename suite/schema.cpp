@@ -83,8 +83,7 @@ std::string repair(const TableDefinition& table, const Present& present) {
   return sql.empty() ? sql : "alter table `" + table.name + "` " + sql;
 }
 
-std::vector<std::string> missingStatements(Database& database, long tableCount) {
-  const PresentTables present = readPresent(database);
+std::vector<std::string> missingStatements(const PresentTables& present, long tableCount) {
   std::vector<std::string> statements;
   const auto compare = [&](const std::vector<TableDefinition>& tables) {
     for (const TableDefinition& table : tables) {
@@ -102,12 +101,20 @@ std::vector<std::string> missingStatements(Database& database, long tableCount) 
 
 long completeSchema(Database& database, long tableCount,
                     const std::function<void(long done, long total)>& progress) {
-  const std::vector<std::string> statements = missingStatements(database, tableCount);
+  const PresentTables present = readPresent(database);
+  const std::vector<std::string> statements = missingStatements(present, tableCount);
   const long total = static_cast<long>(statements.size());
-  long done = 0;
-  for (const std::string& sql : statements) {
-    database.execute(sql);
-    if (progress) progress(++done, total);
+  const auto run = [&] {
+    long done = 0;
+    for (const std::string& sql : statements) {
+      database.execute(sql);
+      if (progress) progress(++done, total);
+    }
+  };
+  if (present.empty()) {
+    database.fillAnew(run);
+  } else {
+    run();
   }
   return total;
 }

@@ -1,0 +1,243 @@
+// The embedded database on its folder: what it does when the folder is new, held by another
+// process, not ours, not writable or damaged, and after a process was killed. Every opening happens
+// in a child process.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "suite/database.h"
+#include "suite/schema.h"
+#include "support/child.h"
+#include "support/practice.h"
+
+namespace quillet::suite {
+namespace {
+
+namespace fs = std::filesystem;
+using support::inChild;
+
+// Every file with its size and the time of its last change.
+std::map<std::string, std::pair<std::uintmax_t, fs::file_time_type>> snapshot(
+    const fs::path& folder) {
+  std::map<std::string, std::pair<std::uintmax_t, fs::file_time_type>> files;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.is_directory()) continue;
+    files[entry.path().string()] = {entry.file_size(), entry.last_write_time()};
+  }
+  return files;
+}
+
+void overwrite(const fs::path& file, std::streamoff at, std::size_t bytes) {
+  std::string noise;
+  for (std::size_t i = 0; i < bytes; ++i) noise += static_cast<char>(i * 131 + 7);
+  std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
+  stream.seekp(at).write(noise.data(), static_cast<std::streamsize>(noise.size()));
+}
+
+std::string make(const fs::path& folder) {
+  return inChild([&] {
+    const auto database = Database::openEmbedded(folder);
+    completeSchema(*database, 1);
+    database->execute("insert into Mast_Part values(1,'Cash')");
+    return std::string("made");
+  });
+}
+
+std::string ledgers(const fs::path& folder) {
+  return inChild([&] {
+    const auto database = Database::openEmbedded(folder);
+    return database->query("select group_concat(Particular) from Mast_Part")->text(0);
+  });
+}
+
+class FolderTest : public ::testing::Test {
+ protected:
+  // Made once: the tests copy it.
+  static void SetUpTestSuite() {
+    master = new support::TemporaryFolder();
+    ASSERT_EQ(make(master->path() / "made"), "made");
+  }
+  static void TearDownTestSuite() { delete master; }
+
+  const fs::path& copy() {
+    fs::remove_all(folder);
+    fs::copy(master->path() / "made", folder, fs::copy_options::recursive);
+    return folder;
+  }
+
+  static inline support::TemporaryFolder* master = nullptr;
+  support::TemporaryFolder temporary;
+  fs::path folder = temporary.path() / "database";
+};
+
+TEST_F(FolderTest, KeepsWhatWasWrittenAndOpensAgain) {
+  EXPECT_EQ(make(folder), "made");
+  EXPECT_EQ(ledgers(folder), "Cash");
+  EXPECT_EQ(ledgers(folder), "Cash");
+}
+
+TEST_F(FolderTest, AFolderCopiedWithoutItsFileTimesOpens) { EXPECT_EQ(ledgers(copy()), "Cash"); }
+
+TEST_F(FolderTest, StartsOnlyOnceInAProcess) {
+  const std::string second = inChild([&] {
+    { const auto first = Database::openEmbedded(folder); }
+    return Database::openEmbedded(folder) ? std::string("opened") : std::string();
+  });
+  EXPECT_TRUE(second.starts_with("error: ")) << second;
+}
+
+TEST_F(FolderTest, TellsThatAnotherProcessHoldsIt) {
+  support::Reporting other([&](const support::Reporting::Tell& tell) {
+    const auto database = Database::openEmbedded(folder);
+    tell("open");
+    pause();
+  });
+  ASSERT_EQ(other.next(), "open");
+  const std::string told = ledgers(folder);
+  EXPECT_NE(told.find(folder.string()), std::string::npos) << told;
+  EXPECT_NE(told.find("in use"), std::string::npos) << told;
+  other.kill();
+  EXPECT_FALSE(ledgers(folder).starts_with("error: The folder"))
+      << "the lock ends with its process";
+}
+
+TEST_F(FolderTest, TellsThatItCannotBeWritten) {
+  copy();
+  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
+                              fs::perms::others_exec);
+  fs::permissions(temporary.path(), fs::perms::all);
+  const auto before = snapshot(folder);
+  const std::string told = inChild([&] {
+    if (geteuid() == 0 && seteuid(65534) != 0) return std::string("no other user");
+    return Database::openEmbedded(folder) ? std::string("opened") : std::string();
+  });
+  EXPECT_NE(told.find("cannot be"), std::string::npos) << told;
+  EXPECT_NE(told.find(folder.string()), std::string::npos) << told;
+  EXPECT_TRUE(snapshot(folder) == before);
+}
+
+TEST_F(FolderTest, LeavesForeignFoldersAlone) {
+  fs::create_directories(folder / "photos");
+  std::ofstream(folder / "letter.txt") << "Dear";
+  const auto before = snapshot(folder);
+  const std::string told = ledgers(folder);
+  EXPECT_NE(told.find(folder.string()), std::string::npos) << told;
+  EXPECT_TRUE(snapshot(folder) == before);
+}
+
+TEST_F(FolderTest, AFirstStartThatWasCutShortBeginsAgain) {
+  fs::create_directories(folder);
+  std::ofstream(folder / "making") << "";
+  std::ofstream(folder / "ibdata1") << "half";
+  EXPECT_EQ(make(folder), "made");
+  EXPECT_EQ(ledgers(folder), "Cash");
+}
+
+TEST_F(FolderTest, TellsThatItIsDamagedAndLeavesItUntouched) {
+  struct Case {
+    const char* what;
+    void (*damage)(const fs::path& folder);
+  };
+  const Case cases[] = {
+      {"data file cut",
+       [](const fs::path& f) { fs::resize_file(f / "ibdata1", fs::file_size(f / "ibdata1") / 3); }},
+      {"data file empty", [](const fs::path& f) { fs::resize_file(f / "ibdata1", 0); }},
+      {"data file garbled at its head",
+       [](const fs::path& f) { overwrite(f / "ibdata1", 0, 100000); }},
+      {"data file garbled in a table",
+       [](const fs::path& f) { overwrite(f / "ibdata1", 5 << 20, 2 << 20); }},
+      {"data file missing", [](const fs::path& f) { fs::remove(f / "ibdata1"); }},
+      {"log missing", [](const fs::path& f) { fs::remove(f / "ib_logfile0"); }},
+      {"log garbled", [](const fs::path& f) { overwrite(f / "ib_logfile0", 0, 20000); }},
+      {"log cut", [](const fs::path& f) { fs::resize_file(f / "ib_logfile0", 5000); }},
+      {"control file missing", [](const fs::path& f) { fs::remove(f / "aria_log_control"); }},
+      {"control file garbled", [](const fs::path& f) { overwrite(f / "aria_log_control", 0, 52); }},
+      {"definition garbled",
+       [](const fs::path& f) { overwrite(f / "quillet" / "mast_part.frm", 0, 500); }},
+      {"definition empty",
+       [](const fs::path& f) { fs::resize_file(f / "quillet" / "mast_part.frm", 0); }},
+      {"definition missing",
+       [](const fs::path& f) { fs::remove(f / "quillet" / "mast_part.frm"); }},
+      {"all definitions missing", [](const fs::path& f) { fs::remove_all(f / "quillet"); }},
+  };
+  for (const Case& c : cases) {
+    c.damage(copy());
+    const auto before = snapshot(folder);
+    const std::string told = ledgers(folder);
+    EXPECT_NE(told.find("damaged"), std::string::npos) << c.what << ": " << told;
+    EXPECT_NE(told.find(folder.string()), std::string::npos) << c.what << ": " << told;
+    EXPECT_TRUE(snapshot(folder) == before) << c.what << " changed the folder";
+  }
+}
+
+// A child saves lines one by one and tells each as soon as it is acknowledged; it is killed in the
+// middle of that. What it told must be there, line for line.
+TEST_F(FolderTest, KeepsEverythingAcknowledgedWhenKilled) {
+  copy();
+  int told = 0;
+  for (int round = 0; round < 4; ++round) {
+    support::Reporting saving([&](const support::Reporting::Tell& tell) {
+      const auto database = Database::openEmbedded(folder);
+      for (int id = told + 1;; ++id) {
+        const std::string number = std::to_string(id);
+        database->execute("insert into TAB_01 values(" + number + ",'C1',1,1," + number + ".5,1)");
+        database->execute("flush tables");
+        tell(number);
+      }
+    });
+    for (int i = 0; i < 20 + 17 * round; ++i) {
+      const std::string line = saving.next();
+      ASSERT_FALSE(line.empty());
+      told = std::stoi(line);
+    }
+    const std::string rest = saving.kill();
+    // The last whole line counts too.
+    const std::size_t end = rest.rfind('\n');
+    if (end != std::string::npos) {
+      const std::size_t begin = end == 0 ? std::string::npos : rest.rfind('\n', end - 1);
+      told = std::stoi(rest.substr(begin == std::string::npos ? 0 : begin + 1));
+    }
+    const std::string found = inChild([&] {
+      const auto database = Database::openEmbedded(folder);
+      const auto row = database->query("select count(*), sum(amt) from TAB_01 where srno<=" +
+                                       std::to_string(told));
+      const std::string counted = row->text(0) + ' ' + row->text(1);
+      // A line that was saved but not told any more does not count, either way.
+      database->execute("delete from TAB_01 where srno>" + std::to_string(told));
+      return counted;
+    });
+    const double sum = told * (told + 1) / 2.0 + told * 0.5;
+    std::string expected = std::to_string(told) + ' ' + std::to_string(static_cast<long>(sum));
+    if (told % 2 == 1) expected += ".5";
+    ASSERT_EQ(found, expected) << "round " << round;
+  }
+}
+
+// Killed while the tables are made, the folder opens and is whole at the next start.
+TEST_F(FolderTest, SurvivesBeingKilledWhileItsTablesAreMade) {
+  for (const int after : {1, 20, 55}) {
+    fs::remove_all(folder);
+    support::Reporting making([&](const support::Reporting::Tell& tell) {
+      const auto database = Database::openEmbedded(folder);
+      completeSchema(*database, 1, [&](long done, long) {
+        tell(std::to_string(done));
+        if (done == after) pause();
+      });
+      tell("all");
+      pause();
+    });
+    while (making.next() != std::to_string(after)) {
+    }
+    making.kill();
+    EXPECT_EQ(make(folder), "made");
+    EXPECT_EQ(ledgers(folder), "Cash") << "killed after " << after << " tables";
+  }
+}
+
+}  // namespace
+}  // namespace quillet::suite
