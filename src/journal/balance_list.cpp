@@ -1,0 +1,28 @@
+#include "journal/balance_list.h"
+
+namespace quillet {
+
+std::optional<double> PairAmounts::find(LedgerGroup pair) const {
+  const auto found = amounts_.find(keyOf(pair));
+  return found == amounts_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void BalanceList::clear() {
+  balances_.clear();
+  first_.clear();
+}
+
+void BalanceList::set(LedgerGroup pair, const std::string& group, double balance) {
+  balances_.set(pair, balance);
+  // Every ledger has a row without a group, which proposes nothing.
+  if (pair.allId == 0) return;
+  const auto [first, isNew] = first_.try_emplace(pair.partId, Group{pair.allId, group});
+  if (!isNew && group < first->second.name) first->second = {pair.allId, group};
+}
+
+long BalanceList::firstGroup(long partId) const {
+  const auto found = first_.find(partId);
+  return found == first_.end() ? 0 : found->second.allId;
+}
+
+}  // namespace quillet

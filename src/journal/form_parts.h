@@ -1,0 +1,49 @@
+// What the source files of the journal form share besides the form itself.
+#pragma once
+
+#include "data/recordset.h"
+
+namespace quillet {
+
+// Columns of the list of vouchers.
+enum VoucherColumn { dateColumn, particularsColumn, debitColumn, creditColumn, vidColumn };
+
+// Columns of the drop-down lists of ledgers and groups.
+enum NameColumn { idColumn, nameColumn };
+
+inline constexpr const char* negativeAmount =
+    "An Amount cannot be Negative. Choose \"By\" or \"To\" instead.";
+// Shown where a person is after a statement failed in the middle.
+inline constexpr const char* incomplete =
+    "Not everything could be stored; the error log says why. Please check the voucher.";
+
+// Where the fields of a journal's row stand in a result, looked up once for all rows.
+struct VoucherFields {
+  explicit VoucherFields(const Recordset& rows)
+      : vid(rows.column("VID")),
+        date(rows.column("VDate")),
+        partId(rows.column("PartId")),
+        allId(rows.column("AllId")),
+        amount(rows.column("Amount")),
+        narration(rows.column("VNar")) {}
+  int vid, date, partId, allId, amount, narration;
+};
+
+// Raised while a procedure writes into the boxes, whose handlers then leave them alone.
+class Filling {
+ public:
+  explicit Filling(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+  ~Filling() { flag_ = before_; }
+  Filling(const Filling&) = delete;
+  Filling& operator=(const Filling&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+// How many lines of a voucher are in view at a time. Only these have a place in the form's
+// arrangement, so that a voucher of 200 lines is as quick to draw as one of eight.
+inline constexpr int linesInView = 8;
+
+}  // namespace quillet

@@ -1,0 +1,254 @@
+// The journal's loading: balances and lists of names, the outline of vouchers, one voucher into the
+// entry frame.
+#include <cmath>
+
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "data/year.h"
+#include "host/busy.h"
+#include "journal/form_parts.h"
+#include "journal/frmjrnl.h"
+#include "journal/proper_case.h"
+#include "journal/scratch_tables.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* columnsOfPairs =
+    "(PartId Int(11), AllId Int(11), Part Varchar(100), AllGrp Varchar(100), Amt Double)";
+
+// The names of the ledger and the group of a per-year table's rows.
+std::string withNames(const std::string& table) {
+  return " from " + table + " LEFT JOIN mast_part ON " + table +
+         ".partid=mast_part.partid LEFT JOIN mast_allgrp on " + table +
+         ".allid=mast_allgrp.allid where " + table;
+}
+
+void showNames(Grid& list, const NameList& names) {
+  list.clearRows();
+  list.reserve(static_cast<int>(names.entries().size()));
+  for (const NameList::Entry& entry : names.entries()) {
+    list.addRow({std::to_string(entry.id), entry.name});
+  }
+}
+
+}  // namespace
+
+void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
+  trap("INITDATA", [&] {
+    client_ = context_.host->TruncVarSQL(context_.clientCode);
+    table_ = table;
+    journal_ = siblingTable(table, "JRNL_");
+    firstYear_ = yearOf(context_.firstDate) - (previousYear ? 1 : 0);
+    setPeriod(yearFrom(), yearTo());
+    setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
+               " for the Period from " + from_ + " to " + to_);
+    ledgers_.clear();
+    groups_.clear();
+    balances_.clear();
+    const Busy busy(context_);
+    ScratchTables scratch(*context_.host);
+    scratch.create(columnsOfPairs);
+    readBalances(scratch);
+    readLists();
+    scratch.drop(ScratchTables::summed);
+  });
+}
+
+void frmjrnl::readBalances(ScratchTables& scratch) {
+  const std::string into = "Insert into Ledger_Temp1 Select ";
+  const auto pairs = [&](const std::string& from, const char* amount) {
+    return into + from + ".partid," + from + ".allid,Particular,AllGrp," + amount +
+           withNames(from) + ".code_no='" + client_ + "'";
+  };
+  scratch.execute(into + "partid,0,Particular,'',0 from mast_part");
+  scratch.execute(pairs(table_, "sum(Amt)") + " and " + table_ + ".Nid=1 group by partid,allid");
+  scratch.execute(pairs(table_, "-sum(Amt)") + " and " + table_ + ".Nid=2 group by partid,allid");
+  scratch.execute(pairs(journal_, "0"));
+  scratch.execute(
+      "Insert into Ledger_Temp Select partid, allid,Part,AllGrp,sum(Amt) from Ledger_Temp1 "
+      "group by partid,allid");
+  scratch.drop(ScratchTables::collected);
+}
+
+void frmjrnl::readLists() {
+  const auto ledgers =
+      context_.query("Select distinct(PartId),Part from Ledger_Temp order by Part");
+  ledgers_.reserve(static_cast<std::size_t>(ledgers->RecordCount()));
+  for (; !ledgers->EOF_(); ledgers->MoveNext()) {
+    // A line may stand on a ledger that the master does not have any more.
+    if (!ledgers->field(1)) continue;
+    ledgers_.append(ledgers->text(1), ledgers->integer(0));
+  }
+  ledgers_.sort();
+  showNames(VSF3, ledgers_);
+
+  groupNames_.clear();
+  const auto groups = context_.query("select * from mast_allgrp order by allgrp");
+  for (; !groups->EOF_(); groups->MoveNext()) {
+    groups_.append(groups->text("ALLGRP"), groups->integer("AllId"));
+    groupNames_.emplace(groups->integer("AllId"), groups->text("ALLGRP"));
+  }
+  groups_.sort();
+  showNames(VSF4, groups_);
+
+  const auto pairs = context_.query("Select * from Ledger_Temp order by Part,AllGrp");
+  const int partId = pairs->column("PartId");
+  const int allId = pairs->column("AllId");
+  const int group = pairs->column("ALLGRP");
+  const int amount = pairs->column("Amt");
+  for (; !pairs->EOF_(); pairs->MoveNext()) {
+    balances_.set({pairs->integer(partId), pairs->integer(allId)}, pairs->text(group),
+                  rounded(pairs->number(amount)));
+  }
+}
+
+void frmjrnl::FORM_LOAD() {
+  trap("FORM_LOAD", [&] {
+    context_.host->resize_for_resolution(*this);
+    txtdt1[0].setText(from_);
+    txtdt1[1].setText(to_);
+    Check1.setChecked(true);
+    CLEARDATA();
+    vsf.setCurrent(0);
+    LOADGRID();
+    showList();
+  });
+}
+
+void frmjrnl::setPeriod(const std::string& from, const std::string& to) {
+  from_ = from;
+  to_ = to;
+  lblperiod.setCaption("Period: " + from + " - " + to);
+}
+
+void frmjrnl::CMDOK_CLICK() {
+  trap("CMDOK_CLICK", [&] {
+    setPeriod(txtdt1[0].text(), txtdt1[1].text());
+    LOADGRID();
+  });
+}
+
+// --- the outline --------------------------------------------------------------------------------
+
+void frmjrnl::LOADGRID() {
+  trap("LOADGRID", [&] {
+    const Busy busy(context_);
+    const long selected = voucherAt(vsf.current());
+    vsf.clearRows();
+    const auto iso = [&](const std::string& date) {
+      return context_.host->formatgen(date, "YYYY-MM-DD");
+    };
+    const auto rows =
+        context_.query("Select *  from " + journal_ + " LEFT JOIN mast_allgrp on " + journal_ +
+                       ".allid=mast_allgrp.allid where " + journal_ + ".code_no='" + client_ +
+                       "' and " + journal_ + ".VDate>='" + iso(from_) + "' and " + journal_ +
+                       ".VDate<='" + iso(to_) + "' Order by Vdate, VID, Amount Desc");
+    const VoucherFields fields(*rows);
+    std::unordered_map<long, std::string> names;
+    long vid = 0;
+    std::string narration;
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      const bool first = vsf.rows() == 0 || rows->integer(fields.vid) != vid;
+      if (first && vsf.rows() > 0) addNarration(narration, vid);
+      vid = rows->integer(fields.vid);
+      narration = rows->text(fields.narration);
+      addVoucherRow(*rows, fields, first, names);
+    }
+    if (vsf.rows() > 0) addNarration(narration, vid);
+    if (!Check1.checked()) CHECK1_CLICK();
+    selectVoucher(selected);
+    GETROWS();
+    lblstatus.setCaption(vsf.rows() > 0 ? "" : "No vouchers in this period.");
+  });
+}
+
+void frmjrnl::addVoucherRow(Recordset& row, const VoucherFields& fields, bool first,
+                            std::unordered_map<long, std::string>& names) {
+  const long partId = row.integer(fields.partId);
+  const auto [name, isNew] = names.try_emplace(partId);
+  if (isNew) name->second = properCase(context_.host->GetPart_MastPartId(partId));
+  const double amount = row.number(fields.amount);
+  const std::string figure = shown(std::fabs(amount));
+  const int added = vsf.addRow(
+      {first ? context_.host->formatgen(row.text(fields.date), "d-m-yyyy") : std::string(),
+       (amount > 0 ? "By " : "To ") + name->second, amount > 0 ? figure : std::string(),
+       amount < 0 ? figure : std::string(), row.text(fields.vid)});
+  if (first) vsf.setRowEmphasised(added, true);
+}
+
+void frmjrnl::addNarration(const std::string& narration, long vid) {
+  if (narration.empty()) return;
+  vsf.addRow({"", "    " + narration, "", "", std::to_string(vid)});
+}
+
+void frmjrnl::CHECK1_CLICK() {
+  trap("CHECK1_CLICK", [&] {
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      if (vsf.rowEmphasised(row)) foldVoucher(row, !Check1.checked());
+    }
+  });
+}
+
+// `heading` is the voucher's first row.
+void frmjrnl::foldVoucher(int heading, bool folded) {
+  if (headingOf(vsf.current()) == heading && folded) vsf.setCurrent(heading);
+  for (int row = heading + 1; row <= vsf.rows() && !vsf.rowEmphasised(row); ++row) {
+    vsf.setRowHidden(row, folded);
+  }
+}
+
+int frmjrnl::headingOf(int row) const {
+  while (row > 0 && !vsf.rowEmphasised(row)) --row;
+  return row;
+}
+
+long frmjrnl::voucherAt(int row) const {
+  return row == 0 ? 0 : std::stol(vsf.cell(row, vidColumn));
+}
+
+void frmjrnl::selectVoucher(long vid) {
+  if (vid != 0) vsf.setCurrent(vsf.find(vidColumn, std::to_string(vid)));
+}
+
+// --- one voucher --------------------------------------------------------------------------------
+
+void frmjrnl::LOADVCH(long vid) {
+  trap("LOADVCH", [&] {
+    const auto rows = context_.query("Select * from " + journal_ + " where VID=" + sqlNumber(vid) +
+                                     " Order by LSrNo");
+    if (rows->EOF_()) return;
+    {
+      const Filling filling(filling_);
+      fillVoucher(*rows);
+    }
+    vid_ = vid;
+    SETTOP();
+    GETCURBALS();
+  });
+}
+
+void frmjrnl::fillVoucher(Recordset& rows) {
+  const VoucherFields fields(rows);
+  txtdt.setText(
+      context_.host->convertdate(context_.host->formatgen(rows.text(fields.date), "DD/MM/YYYY")));
+  txtnarr.setText(rows.text(fields.narration));
+  for (int line = 0; !rows.EOF_(); rows.MoveNext(), ++line) {
+    if (line > 0) LOADCONTROLS();
+    fillLine(line, rows, fields);
+  }
+}
+
+void frmjrnl::fillLine(int line, Recordset& row, const VoucherFields& fields) {
+  const LedgerGroup pair{row.integer(fields.partId), row.integer(fields.allId)};
+  const double amount = row.number(fields.amount);
+  const auto group = groupNames_.find(pair.allId);
+  ids_[static_cast<std::size_t>(line)] = {pair, pair.partId};
+  txtledger[line].setText(context_.host->GetPart_MastPartId(pair.partId));
+  txtgroup[line].setText(group == groupNames_.end() ? "" : group->second);
+  setSide(line, amount > 0);
+  amountBox(line).setText(shown(std::fabs(amount)));
+  posted_.add(pair, amount);
+}
+
+}  // namespace quillet

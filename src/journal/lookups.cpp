@@ -1,0 +1,208 @@
+// The journal's look-ups: ledgers and groups found while their names are typed, ledgers created on
+// the fly.
+#include "data/text.h"
+#include "journal/form_parts.h"
+#include "journal/frmjrnl.h"
+
+namespace quillet {
+namespace {
+
+void fill(Grid& list, const NameList::Matches& matches) {
+  list.clearRows();
+  list.reserve(static_cast<int>(matches.entries.size()));
+  for (const NameList::Entry* entry : matches.entries) {
+    list.addRow({std::to_string(entry->id), entry->name});
+  }
+}
+
+}  // namespace
+
+// --- the drop-down lists ------------------------------------------------------------------------
+
+void frmjrnl::openList(TextBox& box, Grid& list) {
+  arriveAt(box.index());
+  list.dropOf = &box;
+  list.setVisible(false);
+  box.selectAll();
+}
+
+void frmjrnl::follow(Grid& list, const NameList& names, const std::string& text) {
+  const NameList::Matches matches = names.matching(text);
+  fill(list, matches);
+  // Only a name that begins with what was typed is proposed; the others wait to be chosen.
+  const bool proposes = matches.beginning > 0 && !trimmed(text).empty();
+  list.setCurrent(proposes ? 1 : 0);
+  list.setVisible(true);
+  const bool asTyped = proposes && equalIgnoringCase(matches.entries.front()->name, trimmed(text));
+  hint(&list == &VSF3 && proposes && !asTyped
+           ? "Enter takes \"" + matches.entries.front()->name + "\", Tab keeps what is typed."
+           : "");
+}
+
+void frmjrnl::moveList(TextBox& box, Grid& list, const NameList& names, Key& key) {
+  const bool moves =
+      key == keys::Up || key == keys::Down || key == keys::PageUp || key == keys::PageDown;
+  if (!moves) return;
+  if (!list.visible()) {
+    const NameList::Entry* standing = names.find(box.text());
+    follow(list, names, "");
+    if (standing) list.setCurrent(static_cast<int>(standing - names.entries().data()) + 1);
+  }
+  list.act(key);
+  key = keys::none;
+  if (list.current() == 0) return;
+  const Filling filling(filling_);
+  box.setText(list.cell(list.current(), nameColumn));
+  box.selectAll();
+  LedgerGroup& pair = ids_[static_cast<std::size_t>(box.index())].pair;
+  (&list == &VSF3 ? pair.partId : pair.allId) = 0;
+}
+
+// Takes the list's current row into the box, if it shows one.
+void frmjrnl::takeHighlighted(TextBox& box, Grid& list) {
+  if (!list.visible() || list.current() == 0) return;
+  const Filling filling(filling_);
+  const auto line = static_cast<std::size_t>(box.index());
+  box.setText(std::string(trimmed(list.cell(list.current(), nameColumn))));
+  const long id = std::stol(list.cell(list.current(), idColumn));
+  if (&list == &VSF3) {
+    ledgerTaken(box.index(), id);
+  } else {
+    ids_[line].pair.allId = id;
+  }
+}
+
+// --- ledgers ------------------------------------------------------------------------------------
+
+void frmjrnl::TXTLEDGER_CHANGE(int line) {
+  if (filling_) return;
+  trap("TXTLEDGER_CHANGE", [&] {
+    ids_[static_cast<std::size_t>(line)].pair.partId = 0;
+    follow(VSF3, ledgers_, txtledger[line].text());
+    GETCURBALS();
+  });
+}
+
+void frmjrnl::TXTLEDGER_LOSTFOCUS(int line) {
+  trap("TXTLEDGER_LOSTFOCUS", [&] {
+    VSF3.setVisible(false);
+    const bool givenUp = !Frame2.visible() || active() == &cmdcancel || active() == &cmdremove;
+    if (!givenUp) takeLedger(line);
+  });
+}
+
+bool frmjrnl::takeLedger(int line) {
+  TextBox& box = txtledger[line];
+  VSF3.setVisible(false);
+  if (ids_[static_cast<std::size_t>(line)].pair.partId != 0) return true;
+  const std::string name(trimmed(box.text()));
+  if (name.empty()) return true;
+  const NameList::Entry* entry = ledgers_.find(name);
+  const long id = entry ? entry->id : CHECKLEDGER(name);
+  {
+    const Filling filling(filling_);
+    box.setText(id == 0 ? std::string()
+                        : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
+    if (id != 0) ledgerTaken(line, id);
+  }
+  GETCURBALS();
+  return id != 0;
+}
+
+void frmjrnl::ledgerTaken(int line, long id) {
+  LineIds& ids = ids_[static_cast<std::size_t>(line)];
+  ids.pair.partId = id;
+  const long group = balances_.firstGroup(id);
+  if (group != 0 && ids.proposedFor != id) {
+    const auto name = groupNames_.find(group);
+    ids.pair.allId = group;
+    txtgroup[line].setText(name == groupNames_.end() ? std::string() : name->second);
+  }
+  ids.proposedFor = id;
+}
+
+long frmjrnl::CHECKLEDGER(const std::string& name) {
+  long id = 0;
+  trap("CHECKLEDGER", [&] {
+    const auto found = context_.query("Select * From Mast_Part Where Particular='" +
+                                      context_.host->TruncVarSQL(upperCase(trimmed(name))) + "'");
+    if (!found->EOF_()) {
+      id = found->integer("PartId");
+      addLedger(found->text("Particular"), id);
+      return;
+    }
+    if (ask("Do you want to Create New Ledger '" + name + "'?") != Answer::Yes) return;
+    id = context_.host->GetMax_MastPartId(name);
+    if (id == 0) {
+      tell("Failed to Create Master [" + name + "].");
+    } else {
+      addLedger(name, id);
+    }
+  });
+  return id;
+}
+
+void frmjrnl::addLedger(const std::string& name, long id) {
+  if (ledgers_.find(name)) return;
+  ledgers_.insert(name, id);
+  balances_.set({id, 0}, "", 0);
+}
+
+void frmjrnl::VSF3_DBLCLICK() {
+  trap("VSF3_DBLCLICK", [&] {
+    const int line = VSF3.dropOf->index();
+    takeHighlighted(txtledger[line], VSF3);
+    VSF3.setVisible(false);
+    GETCURBALS();
+    focus(txtgroup[line]);
+  });
+}
+
+// --- groups -------------------------------------------------------------------------------------
+
+void frmjrnl::TXTGROUP_CHANGE(int line) {
+  if (filling_) return;
+  trap("TXTGROUP_CHANGE", [&] {
+    ids_[static_cast<std::size_t>(line)].pair.allId = 0;
+    follow(VSF4, groups_, txtgroup[line].text());
+    GETCURBALS();
+  });
+}
+
+void frmjrnl::TXTGROUP_LOSTFOCUS(int line) {
+  trap("TXTGROUP_LOSTFOCUS", [&] {
+    VSF4.setVisible(false);
+    if (Frame2.visible()) takeGroup(line);
+  });
+}
+
+// Groups are not created here, so the beginning of a name stands for the name that the list shows.
+void frmjrnl::takeGroup(int line) {
+  TextBox& box = txtgroup[line];
+  long& allId = ids_[static_cast<std::size_t>(line)].pair.allId;
+  VSF4.setVisible(false);
+  if (allId == 0 && !trimmed(box.text()).empty()) {
+    const NameList::Entry* entry = groups_.find(box.text());
+    if (!entry) entry = groups_.beginning(box.text());
+    if (entry) {
+      const Filling filling(filling_);
+      allId = entry->id;
+      box.setText(std::string(trimmed(entry->name)));
+    } else {
+      hint("There is no group \"" + box.text() + "\".");
+    }
+  }
+  GETCURBALS();
+}
+
+void frmjrnl::VSF4_DBLCLICK() {
+  trap("VSF4_DBLCLICK", [&] {
+    const int line = VSF4.dropOf->index();
+    takeHighlighted(txtgroup[line], VSF4);
+    VSF4.setVisible(false);
+    GETCURBALS();
+    focus(amountBox(line));
+  });
+}
+
+}  // namespace quillet

@@ -1,0 +1,163 @@
+// The journal's printouts: the list of vouchers as it stands, and the subsidiary trial balance.
+#include "host/busy.h"
+#include "host/report.h"
+#include "journal/form_parts.h"
+#include "journal/frmjrnl.h"
+#include "journal/scratch_tables.h"
+#include "journal/subsidiary.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* columnsOfSums =
+    "(Part Varchar(100), AllGrp Varchar(100), Amt Double, AmtDr Double, AmtCr Double)";
+constexpr const char* absent = "-";
+
+enum Alignment { left = 0, right = 1, center = 2 };
+
+// How a kind of row looks: the four masks that go with its cells.
+struct Masks {
+  const char* rules;
+  const char* emphasis;
+  const char* last;
+  const char* printed;
+  bool heading = false;
+};
+
+constexpr Masks listHeading{"1111", "1111", "0001", "1111", true};
+constexpr Masks listRow{"0", "0", "0001", "1111"};
+constexpr Masks listFirstRow{"1111", "0", "0001", "1111"};
+constexpr Masks blockHeading{"0111", "1111", "0001", "1111", true};
+constexpr Masks columnHeading{"1111111", "0", "0000001", "1111111", true};
+constexpr Masks ledgerRow{"0", "0", "0000001", "1111111"};
+constexpr Masks groupTotal{"0111111", "0111111", "0000001", "1111111"};
+constexpr Masks grandTotal{"1111111", "1111111", "0000001", "1111111"};
+
+// Writes a row. Texts stand to the left in the first `texts` cells, amounts to the right in the
+// others.
+void write(Reporter& reporter, std::vector<std::string> cells, std::size_t texts,
+           const Masks& masks) {
+  ReportRow row;
+  row.alignments.assign(cells.size(), right);
+  for (std::size_t i = 0; i < texts; ++i) row.alignments[i] = left;
+  row.widths.assign(cells.size(), 0);
+  row.before.assign(cells.size(), "");
+  row.after.assign(cells.size(), "");
+  row.values = std::move(cells);
+  row.heading = masks.heading;
+  row.rules = masks.rules;
+  row.emphasis = masks.emphasis;
+  row.last = masks.last;
+  row.printed = masks.printed;
+  WriteToReport(reporter, row);
+}
+
+// Selects the names with the given sums of a per-year table's rows.
+std::string collect(const std::string& sums, const std::string& table, const std::string& client,
+                    const std::string& condition) {
+  return "Insert into Ledger_Temp1 Select Particular,AllGrp," + sums + " from " + table +
+         " LEFT JOIN mast_part ON " + table + ".partid=mast_part.partid LEFT JOIN mast_allgrp on " +
+         table + ".allid=mast_allgrp.allid where " + table + ".code_no='" + client + "' and " +
+         table + condition + " group by " + table + ".partid," + table + ".allid";
+}
+
+}  // namespace
+
+void frmjrnl::beginReport(const std::string& heading, int columns) {
+  context_.reporter->WinModeReport(true);
+  context_.reporter->NewReport();
+  context_.reporter->printtext(heading);
+  context_.reporter->CreateTable(1, columns);
+}
+
+std::string frmjrnl::headingOfPeriod(const std::string& what, const std::string& from,
+                                     const std::string& to) const {
+  return what + " of " + context_.host->COMPANY_NAME() + " for the Period from " + from + " to " +
+         to;
+}
+
+// --- the list of vouchers -----------------------------------------------------------------------
+
+void frmjrnl::CMDPRN_CLICK() {
+  trap("CMDPRN_CLICK", [&] {
+    if (vsf.rows() == 0) {
+      tell("No records available.");
+      return;
+    }
+    beginReport(headingOfPeriod("Adjustment Entries Passed", from_, to_), 4);
+    write(*context_.reporter, {"Date", "Particulars", "Debit Amount", "Credit Amount"}, 2,
+          listHeading);
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      write(*context_.reporter,
+            {vsf.cell(row, dateColumn), vsf.cell(row, particularsColumn),
+             vsf.cell(row, debitColumn), vsf.cell(row, creditColumn)},
+            2, vsf.rowEmphasised(row) ? listFirstRow : listRow);
+    }
+    context_.reporter->ShowReport();
+  });
+}
+
+// --- the subsidiary trial balance ---------------------------------------------------------------
+
+void frmjrnl::CMDTB_CLICK() {
+  trap("CMDTB_CLICK", [&] {
+    const Busy busy(context_);
+    ScratchTables scratch(*context_.host);
+    scratch.create(columnsOfSums);
+    scratch.execute(collect("sum(Amt),0,0", table_, client_, ".Nid=1"));
+    scratch.execute(collect("-sum(Amt),0,0", table_, client_, ".Nid=2"));
+    scratch.execute(collect("0,sum(Amount),0", journal_, client_, ".Amount>0"));
+    scratch.execute(collect("0,0,sum(Amount)", journal_, client_, ".Amount<0"));
+    scratch.execute(
+        "Insert into Ledger_Temp Select Part,AllGrp,sum(Amt),sum(AmtDr),sum(AmtCr) from "
+        "Ledger_Temp1 group by AllGrp,Part");
+    scratch.drop(ScratchTables::collected);
+    const auto rows = context_.query(
+        "select * from Ledger_Temp Where Amt<>0 or AmtDr<>0 or AmtCr<>0 order by allgrp,part");
+    if (rows->EOF_()) {
+      tell("No records available.");
+    } else {
+      printSubsidiary(*rows);
+    }
+    scratch.drop(ScratchTables::summed);
+  });
+}
+
+void frmjrnl::printSubsidiary(Recordset& rows) {
+  const Rounding round = [&](double amount) { return rounded(amount); };
+  const auto writeFigures = [&](const std::string& name, const SubsidiaryFigures& figures,
+                                const std::string& zero, const Masks& masks) {
+    std::vector<std::string> cells{name};
+    for (const double figure : figures) cells.push_back(figure == 0 ? zero : shown(figure));
+    write(*context_.reporter, std::move(cells), 1, masks);
+  };
+  beginReport(headingOfPeriod("Subsidiary Trial Balance", yearFrom(), yearTo()), 7);
+  write(*context_.reporter, {"Particular", "Original", "Subsidiary", "Final"}, 4, blockHeading);
+  write(*context_.reporter,
+        {"", "Amount (Dr.)", "Amount (Cr.)", "Amount (Dr.)", "Amount (Cr.)", "Amount (Dr.)",
+         "Amount (Cr.)"},
+        1, columnHeading);
+
+  std::optional<std::string> group;
+  SubsidiaryFigures ofGroup{};
+  SubsidiaryFigures ofAll{};
+  for (; !rows.EOF_(); rows.MoveNext()) {
+    const SubsidiaryRow row{rows.text("Part"), rows.text("AllGrp"), rows.number("Amt"),
+                            rows.number("AmtDr"), rows.number("AmtCr")};
+    if (group != row.group) {
+      if (group) writeFigures("Total", ofGroup, absent, groupTotal);
+      write(*context_.reporter, {row.group, "", "", "", "", "", ""}, 1, ledgerRow);
+      group = row.group;
+      ofGroup = {};
+    }
+    const SubsidiaryFigures figures = figuresOf(row, round);
+    addTo(ofGroup, figures, round);
+    addTo(ofAll, figures, round);
+    writeFigures(row.ledger, figures, absent, ledgerRow);
+  }
+  writeFigures("Total", ofGroup, absent, groupTotal);
+  writeFigures("Grant Total", ofAll, shown(0), grandTotal);
+  context_.reporter->ShowReport();
+}
+
+}  // namespace quillet

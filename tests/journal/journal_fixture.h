@@ -1,0 +1,135 @@
+// The journal open on a client's year, with one more client in the same tables.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/text.h"
+#include "journal/frmjrnl.h"
+#include "support/practice.h"
+
+namespace quillet::support {
+
+// A line of a voucher as a person enters it: a positive amount is a debit.
+struct Entered {
+  std::string ledger;
+  std::string group;
+  std::string amount;
+  bool debit = true;
+};
+
+class JournalTest : public PracticeTest {
+ protected:
+  using Rows = std::vector<std::vector<std::string>>;
+
+  // The groups' ids are the positions in which they are made here: 1, 2, 3, 4.
+  JournalTest() {
+    addClient("C1", "Asha Traders");
+    addClient("C2", "Neighbour & Co");
+    for (const char* name : {"BANKS", "CAPITAL", "RENT", "SALES"}) group(name, 1);
+  }
+  ~JournalTest() override {
+    if (!form_) return;
+    dialogs.clear();
+    if (form_->visible()) dialogs.queueAnswer(Answer::Yes);
+    form_->close();
+  }
+
+  frmjrnl& journal() { return *form_; }
+  frmjrnl& open(const std::string& client, int firstYear, bool previousYear = false) {
+    if (form_ && form_->visible()) close();
+    select(client, firstYear);
+    form_ = std::make_unique<frmjrnl>(context());
+    form_->INITDATA(context().table, previousYear);
+    form_->show();
+    statements();
+    return *form_;
+  }
+  void close() {
+    dialogs.queueAnswer(Answer::Yes);
+    ASSERT_TRUE(form_->close());
+    messages();
+  }
+
+  // As a person does it: to the field, over what stands there, key by key.
+  static void type(TextBox& box, const std::string& text) {
+    ASSERT_TRUE(box.form().focus(box)) << box.name();
+    box.selectAll();
+    if (text.empty()) box.form().press(keys::Delete);
+    for (const char32_t c : charactersOf(text)) box.form().press(c);
+  }
+  static void type(MaskBox& box, const std::string& digits) {
+    ASSERT_TRUE(box.form().focus(box)) << box.name();
+    box.clear();
+    for (const char32_t c : charactersOf(digits)) box.form().press(c);
+  }
+  // Fills the line in and leaves the focus in its amount box.
+  void fillLine(int line, const Entered& entered) {
+    frmjrnl& j = journal();
+    j.focus(j.cboside[line]);
+    j.cboside[line].choose(entered.debit ? 2 : 1);
+    type(j.txtledger[line], entered.ledger);
+    j.press(keys::Tab);
+    if (!entered.group.empty()) type(j.txtgroup[line], entered.group);
+    type(entered.debit ? j.txtdramt[line] : j.txtcramt[line], entered.amount);
+  }
+  void fillVoucher(const std::string& date, const std::vector<Entered>& lines,
+                   const std::string& narration = {}) {
+    frmjrnl& j = journal();
+    type(j.txtdt, date);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      if (i > 0) j.press(keys::Enter);
+      fillLine(static_cast<int>(i), lines[i]);
+    }
+    if (!narration.empty()) type(j.txtnarr, narration);
+  }
+  void pass(const std::string& date, const std::vector<Entered>& lines,
+            const std::string& narration = {}) {
+    ASSERT_TRUE(journal().click(journal().cmdadd));
+    fillVoucher(date, lines, narration);
+    ASSERT_TRUE(journal().click(journal().cmdupdate));
+    ASSERT_TRUE(journal().Frame1.visible()) << "the voucher was not saved";
+  }
+  void pick(int row) {
+    journal().focus(journal().vsf);
+    journal().vsf.setCurrent(row);
+  }
+
+  // The shown cells of the grid's rows.
+  static Rows shown(const Grid& grid) {
+    Rows all;
+    for (int r = 1; r <= grid.rows(); ++r) {
+      std::vector<std::string> cells;
+      for (int c = 0; c < grid.cols(); ++c) {
+        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
+      }
+      all.push_back(std::move(cells));
+    }
+    return all;
+  }
+  // srno, ledger, group, amt, nid.
+  Rows trialBalance(const std::string& table, const std::string& client = "C1") {
+    return rows("select srno,particular,allgrp,amt,nid from " + table +
+                " t join Mast_Part p on p.partid=t.partid join Mast_AllGrp g on g.allid=t.allid "
+                "where code_no='" +
+                client + "' order by srno");
+  }
+  // VID, LSrNo, VDate, ledger, group, Amount, VNar.
+  Rows vouchers(const std::string& table, const std::string& client = "C1") {
+    return rows("select VID,LSrNo,VDate,particular,allgrp,Amount,VNar from " + table +
+                " t join Mast_Part p on p.partid=t.partid join Mast_AllGrp g on g.allid=t.allid "
+                "where code_no='" +
+                client + "' order by VID,LSrNo");
+  }
+  std::vector<Message> boxes() {
+    std::vector<Message> all;
+    for (const auto& asked : dialogs.takeMessages()) all.push_back(asked.message);
+    return all;
+  }
+
+ private:
+  std::unique_ptr<frmjrnl> form_;
+};
+
+}  // namespace quillet::support
