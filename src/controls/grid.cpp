@@ -93,6 +93,23 @@ void Grid::removeRow(int row) {
   }
 }
 
+void Grid::removeRowsIf(const std::function<bool(int row)>& condition) {
+  int kept = 0;
+  int current = 0;
+  for (int row = 1; row <= rows(); ++row) {
+    if (condition(row)) continue;
+    ++kept;
+    if (row == current_) current = kept;
+    if (kept != row) at(kept) = std::move(at(row));
+  }
+  if (kept == rows()) return;
+  rows_.resize(static_cast<std::size_t>(kept));
+  const bool lost = current == 0 && current_ != 0;
+  current_ = current;
+  changed();
+  if (lost) fire(RowColChange);
+}
+
 void Grid::clearRows() {
   rows_.clear();
   changed();

@@ -41,6 +41,8 @@ class Grid : public Control {
   int addRow(std::vector<std::string> cells);
   void insertRow(int row, std::vector<std::string> cells);
   void removeRow(int row);
+  // Removes the rows for which it is true, in one pass. A current row that goes leaves none.
+  void removeRowsIf(const std::function<bool(int row)>& condition);
   // Removes every row; the current row becomes 0.
   void clearRows();
   // Makes room for that many more rows.
