@@ -1,0 +1,81 @@
+#include "masters/master_form.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "data/text.h"
+
+namespace quillet {
+
+MasterForm::MasterForm(Context& context, std::string name)
+    : Form(context.desk, std::move(name)), context_(context) {}
+
+void MasterForm::tell(const std::string& text) {
+  context_.MsgBox(text, Buttons::OK, Icon::information, Answer::OK, caption());
+}
+
+bool MasterForm::ask(const std::string& text, const std::string& title) {
+  return context_.MsgBox(text, Buttons::YesNo, Icon::question, Answer::No,
+                         title.empty() ? caption() : title) == Answer::Yes;
+}
+
+void MasterForm::change(const std::string& sql) {
+  context_.host->ConQuery(sql);
+  flush();
+}
+
+void MasterForm::flush() { context_.host->ConQuery("Flush Tables"); }
+
+std::string MasterForm::quoted(const std::string& text) const {
+  return "'" + context_.host->TruncVarSQL(text) + "'";
+}
+
+void MasterForm::searchByTyping(Grid& grid, int column, Key& key) {
+  // The blank is for ticking.
+  if (!keys::typesText(key) || key == keys::Space || grid.rows() == 0) return;
+  const char32_t wanted = upperCase(key);
+  key = keys::none;
+  for (int step = 1; step <= grid.rows(); ++step) {
+    const int row = (grid.current() + step - 1) % grid.rows() + 1;
+    const std::string& cell = grid.cell(row, column);
+    std::size_t at = 0;
+    if (cell.empty() || grid.rowHidden(row)) continue;
+    if (upperCase(nextCharacter(cell, at)) != wanted) continue;
+    grid.setCurrent(row);
+    return;
+  }
+}
+
+void MasterForm::makeCurrent(Grid& grid, int row) {
+  if (grid.current() != row) {
+    grid.setCurrent(row);
+  } else {
+    fire(grid.RowColChange);
+  }
+}
+
+void MasterForm::enterIsTab(Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  focusNext();
+}
+
+WordSearch::WordSearch(std::string_view text) {
+  std::istringstream words(upperCase(text));
+  for (std::string word; words >> word;) words_.push_back(word);
+}
+
+bool WordSearch::finds(std::string_view text) const {
+  if (words_.empty()) return true;
+  const std::string capitals = upperCase(text);
+  return std::all_of(words_.begin(), words_.end(), [&](const std::string& word) {
+    return capitals.find(word) != std::string::npos;
+  });
+}
+
+void IdList::add(std::string_view id) {
+  if (!text_.empty()) text_ += ',';
+  text_ += id;
+}
+
+}  // namespace quillet

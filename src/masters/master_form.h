@@ -1,0 +1,61 @@
+// What the masters have in common: how they tell, ask and write, and how their grids are searched
+// by typing.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/grid.h"
+#include "controls/text_box.h"
+#include "host/context.h"
+
+namespace quillet {
+
+class MasterForm : public Form {
+ protected:
+  MasterForm(Context& context, std::string name);
+
+  // What the columns for names hold.
+  static constexpr std::size_t nameLength = 100;
+
+  void tell(const std::string& text);
+  // Yes or No, No by default; titled with the form's caption when no title is given.
+  bool ask(const std::string& text, const std::string& title = {});
+  // A statement that changes data, and the flush after it.
+  void change(const std::string& sql);
+  void flush();
+  std::string quoted(const std::string& text) const;
+
+  // Moves on to the next shown row whose cell begins with the character, which is used up.
+  static void searchByTyping(Grid& grid, int column, Key& key);
+  // Runs RowColChange in any case: under the same number the row may be another one.
+  static void makeCurrent(Grid& grid, int row);
+  // Enter moves on from an entry field.
+  void enterIsTab(Key& key);
+
+  Context& context_;
+};
+
+// The words of a search: a text that holds them all is found, in capitals or not.
+class WordSearch {
+ public:
+  explicit WordSearch(std::string_view text);
+  bool finds(std::string_view text) const;
+
+ private:
+  std::vector<std::string> words_;
+};
+
+// Joins ids for an SQL list: "3,1,7".
+class IdList {
+ public:
+  void add(std::string_view id);
+  bool empty() const { return text_.empty(); }
+  const std::string& text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace quillet

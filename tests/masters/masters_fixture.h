@@ -1,0 +1,100 @@
+// Two clients who share the per-year tables, their neighbours' groups and ledgers, and the hands of
+// a person at a master's form.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/choice.h"
+#include "controls/grid.h"
+#include "controls/text_box.h"
+#include "data/text.h"
+#include "support/practice.h"
+
+namespace quillet::support {
+
+class MastersTest : public PracticeTest {
+ protected:
+  using Rows = std::vector<std::vector<std::string>>;
+  using Texts = std::vector<std::string>;
+
+  MastersTest() {
+    addClient("C1", "Asha Traders");
+    addClient("O'C2", "Neighbour & Co");
+    exec(
+        "insert into mast_gunder values (1,'CAPITAL',2),(7,'CLOSING STOCK',1),"
+        "(18,'OPENING STOCK',4),(19,'PURCHASES',4),(22,'EXPENSES',4)");
+  }
+
+  static void press(Form& form, Control& button) {
+    ASSERT_TRUE(form.click(button)) << button.name() << " cannot be clicked";
+  }
+  // Over what stands there, key by key.
+  static void type(TextBox& box, const std::string& text) {
+    ASSERT_TRUE(box.form().focus(box)) << box.name();
+    box.selectAll();
+    if (text.empty()) box.form().press(keys::Delete);
+    for (const char32_t c : charactersOf(text)) box.form().press(c);
+  }
+  static void choose(Choice& choice, const std::string& text) {
+    ASSERT_TRUE(choice.enabled()) << choice.name();
+    ASSERT_GT(choice.find(text), 0) << text;
+    choice.choose(choice.find(text));
+  }
+  // Makes the first row with that cell the current one.
+  static void pick(Grid& grid, int column, const std::string& text) {
+    ASSERT_GT(grid.find(column, text), 0) << text;
+    grid.setCurrent(grid.find(column, text));
+  }
+  // The shown cells of the shown rows.
+  static Rows shown(const Grid& grid) {
+    Rows all;
+    for (int r = 1; r <= grid.rows(); ++r) {
+      if (grid.rowHidden(r)) continue;
+      auto& cells = all.emplace_back();
+      for (int c = 0; c < grid.cols(); ++c) {
+        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
+      }
+    }
+    return all;
+  }
+  // Statements since the last call that hold the text.
+  Texts statementsWith(const std::string& text) {
+    Texts found;
+    for (const std::string& sql : statements()) {
+      if (upperCase(sql).find(upperCase(text)) != std::string::npos) found.push_back(sql);
+    }
+    return found;
+  }
+  // Those that change data.
+  Texts changes() {
+    Texts found;
+    for (const std::string& sql : statements()) {
+      if (upperCase(sql).rfind("SELECT", 0) != 0) found.push_back(sql);
+    }
+    return found;
+  }
+  // The only message since the last call, with its style: "text|buttons icon default|title".
+  std::string onlyMessage() {
+    const auto asked = dialogs.takeMessages();
+    if (asked.size() != 1) return std::to_string(asked.size()) + " messages";
+    return styled(asked[0].message);
+  }
+  static std::string styled(const Message& message) {
+    return message.text + "|" + std::string(suite::nameOf(message.buttons)) + " " +
+           std::string(suite::nameOf(message.icon)) + " " +
+           std::string(suite::nameOf(message.defaultAnswer)) + "|" + message.title;
+  }
+  // What the last field of each new line of the error log says: form and procedure.
+  Texts errors() {
+    Texts places;
+    for (const std::string& line : log()) {
+      const std::size_t procedure = line.rfind('\t');
+      const std::size_t form = line.rfind('\t', procedure - 1);
+      places.push_back(line.substr(form + 1));
+    }
+    return places;
+  }
+};
+
+}  // namespace quillet::support
