@@ -1,0 +1,274 @@
+#include "masters/frmtbledmas.h"
+
+#include <initializer_list>
+
+#include "data/sql.h"
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+constexpr int inUseWidth = 10;
+
+}  // namespace
+
+frmtbledmas::frmtbledmas(Context& context) : MasterForm(context, "frmtbledmas") {
+  setCaption("Ledger Master");
+  vsf.setColumns({{.heading = "Id", .hidden = true},
+                  {.heading = "Particulars", .stretch = true},
+                  {.heading = "In Use", .align = Align::center},
+                  {.heading = "Link", .hidden = true, .tick = true}});
+  vsfC.setColumns({{.heading = "Client", .width = 40, .stretch = true},
+                   {.heading = "F.Y.", .width = 20},
+                   {.heading = "Used In", .width = 18}});
+  vsf.zebra = vsfC.zebra = true;
+  lblcount.quiet = lblhint.quiet = true;
+  VTxt1.maxLength = nameLength;
+  VTxt1.Overflow = [this] { lblhint.setCaption("A ledger name holds at most 100 characters."); };
+  VTxt1.Change = [this] { lblhint.setCaption(""); };
+  VTxt1.MsgBox = [this](const std::string& text) {
+    context_.MsgBox(text, Buttons::OK, Icon::none, Answer::OK, caption());
+  };
+  attachCommands();
+}
+
+void frmtbledmas::attachCommands() {
+  KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
+  txtfind.Change = [this] { SETROWSHIDDEN(); };
+  txtfind.KeyDown = [this](Key& key) {
+    if (key != keys::Up && key != keys::Down) return;
+    vsf.act(key);
+    key = keys::none;
+  };
+  vsf.KeyPress = [this](Key& key) { searchFromGrid(key); };
+  vsf.RowColChange = [this] { LOADDATA(); };
+  vsf.DblClick = [this] { VSF_DBLCLICK(); };
+  for (auto& option : Option1) option->Click = [this] { OPTION1_CLICK(); };
+  cmdadd.Click = [this] { CMDADD_CLICK(); };
+  cmdmodify.Click = [this] { CMDMODIFY_CLICK(); };
+  cmddelete.Click = [this] { CMDDELETE_CLICK(); };
+  cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
+  cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
+  cmdView.Click = [this] { CMDVIEW_CLICK(); };
+  cmdlink.Click = [this] { CMDLINK_CLICK(); };
+  cmdback.Click = [this] { CMDBACK_CLICK(); };
+  cmdbackC.Click = [this] { CMDBACKC_CLICK(); };
+}
+
+Node frmtbledmas::layout() {
+  const Node top = row({field("&Find", txtfind, 30, 1), item(Option1[notInUse]),
+                        item(Option1[inUse]), item(Option1[all]), item(lblcount)});
+  const Node entry = row({field("&Particulars", VTxt1, 40, 1), item(cmdupdate), item(cmdcancel)});
+  const Node commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdView),
+                             item(cmdlink), gap(), item(cmdback)});
+  return column({stack(
+      {framed(famMain, {top, item(lbllink), item(vsf, 1), entry, item(lblhint), commands}, 1),
+       framed(famC, {item(lblheadC), item(vsfC, 1), row({gap(), item(cmdbackC)})}, 1)})});
+}
+
+// --- loading ------------------------------------------------------------------------------------
+
+void frmtbledmas::FORM_LOAD() {
+  trap("FORM_LOAD", [&] {
+    context_.host->resize_for_resolution(*this);
+    showPage(famMain);
+    Option1[all].setChecked(true);
+    txtfind.setText("");
+    setLinkView(false);
+    LOADGRID(0);
+    FILLINUSE(0);
+    CLEARDATA();
+    SETBUTTON(false);
+    SETROWSHIDDEN();
+  });
+}
+
+void frmtbledmas::FORM_UNLOAD() {
+  trap("FORM_UNLOAD", [&] {
+    editing_ = false;
+    vsf.clearRows();
+    vsfC.clearRows();
+  });
+}
+
+void frmtbledmas::LOADGRID(long partId) {
+  trap("LOADGRID", [&] {
+    std::string sql = "Select * From Mast_Part";
+    if (partId > 0) sql += " Where PartId=" + sqlNumber(partId);
+    const auto rows = context_.query(sql);
+    const int id = rows->column("PartId");
+    const int name = rows->column("Particular");
+    if (partId > 0) {
+      if (rows->EOF_()) return;
+      int row = vsf.find(idColumn, sqlNumber(partId));
+      if (row == 0) row = vsf.addRow({rows->text(id), "", "N"});
+      vsf.setCell(row, nameColumn, rows->text(name));
+      makeCurrent(vsf, row);
+      return;
+    }
+    vsf.clearRows();
+    vsf.clearSort();
+    vsf.reserve(static_cast<int>(rows->RecordCount()));
+    for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow({rows->text(id), rows->text(name), "N"});
+    vsf.sortBy(nameColumn);
+  });
+}
+
+void frmtbledmas::LOADDATA() {
+  trap("LOADDATA", [&] {
+    if (vsf.current() == 0) {
+      CLEARDATA();
+    } else {
+      VTxt1.setText(selectedName());
+    }
+  });
+}
+
+void frmtbledmas::CLEARDATA() {
+  trap("CLEARDATA", [&] { VTxt1.setText(""); });
+}
+
+void frmtbledmas::SETCOLWIDTH() {
+  trap("SETCOLWIDTH", [&] {
+    vsf.setColumnWidth(nameColumn, static_cast<int>(nameLength) / 2);
+    vsf.setColumnWidth(inUseColumn, inUseWidth);
+    vsf.setColumnWidth(linkColumn, inUseWidth);
+    vsf.setColumnHidden(linkColumn, target_.empty());
+  });
+}
+
+// --- browsing, editing, linking -----------------------------------------------------------------
+
+void frmtbledmas::SETBUTTON(bool edit) {
+  trap("SETBUTTON", [&] {
+    editing_ = edit;
+    const bool linking = !target_.empty();
+    const bool browsing = !edit && !linking;
+    // A new name would not appear among those in use, and what is in no use cannot be viewed.
+    cmdadd.setEnabled(browsing && Option1[all].checked());
+    cmdmodify.setEnabled(browsing && !Option1[notInUse].checked());
+    cmdView.setEnabled(browsing && !Option1[notInUse].checked());
+    cmddelete.setEnabled(browsing);
+    cmdlink.setEnabled(!edit);
+    cmdback.setEnabled(!edit);
+    cmdupdate.setEnabled(!browsing);
+    cmdcancel.setEnabled(!browsing);
+    vsf.setEnabled(!edit);
+    txtfind.setEnabled(!edit);
+    for (auto& option : Option1) option->setEnabled(!edit);
+    VTxt1.setLocked(!edit);
+    VTxt1.tabStop = edit;
+    lblhint.setCaption("");
+  });
+}
+
+void frmtbledmas::OPTION1_CLICK() {
+  trap("OPTION1_CLICK", [&] {
+    SETROWSHIDDEN();
+    SETBUTTON(editing_);
+  });
+}
+
+void frmtbledmas::SETROWSHIDDEN() {
+  trap("SETROWSHIDDEN", [&] {
+    const WordSearch search(txtfind.text());
+    int shown = 0;
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      const bool used = vsf.cell(row, inUseColumn) == "Y";
+      const bool show = !(Option1[notInUse].checked() && used) &&
+                        !(Option1[inUse].checked() && !used) &&
+                        (target_.empty() || vsf.cell(row, idColumn) != target_) &&
+                        search.finds(vsf.cell(row, nameColumn));
+      vsf.setRowHidden(row, !show);
+      if (show) ++shown;
+    }
+    if (vsf.current() > 0 && vsf.rowHidden(vsf.current())) vsf.setCurrent(0);
+    lblcount.setCaption(std::to_string(shown) + " of " + std::to_string(vsf.rows()));
+  });
+}
+
+void frmtbledmas::searchFromGrid(Key& key) {
+  std::string text = txtfind.text();
+  const bool ticks = key == keys::Space && !target_.empty();
+  if (keys::typesText(key) && !ticks) {
+    appendCharacter(text, key);
+  } else if (key == keys::Backspace && !text.empty()) {
+    text.resize(offsetOf(text, lengthOf(text) - 1));
+  } else {
+    return;
+  }
+  key = keys::none;
+  txtfind.setText(text);
+}
+
+void frmtbledmas::FORM_KEYPRESS(Key& key) {
+  trap("FORM_KEYPRESS", [&] {
+    if (key != keys::Escape) return;
+    key = keys::none;
+    if (famC.visible()) {
+      CMDBACKC_CLICK();
+    } else if (!editing_) {
+      txtfind.setText("");
+    } else if (ask("Do you want to Cancel this Entry?")) {
+      CMDCANCEL_CLICK();
+    }
+  });
+}
+
+void frmtbledmas::showPage(Frame& page) {
+  for (Frame* each : {&famMain, &famC}) each->setVisible(each == &page);
+}
+
+bool frmtbledmas::rowSelected(const char* refusal) {
+  if (vsf.current() > 0) return true;
+  tell(refusal);
+  focus(vsf);
+  return false;
+}
+
+void frmtbledmas::CMDADD_CLICK() {
+  trap("CMDADD_CLICK", [&] {
+    adding_ = true;
+    CLEARDATA();
+    SETBUTTON(true);
+    focus(VTxt1);
+  });
+}
+
+void frmtbledmas::CMDMODIFY_CLICK() {
+  trap("CMDMODIFY_CLICK", [&] {
+    if (!rowSelected()) return;
+    adding_ = false;
+    LOADDATA();
+    SETBUTTON(true);
+    focus(VTxt1);
+    VTxt1.selectAll();
+  });
+}
+
+void frmtbledmas::VSF_DBLCLICK() {
+  trap("VSF_DBLCLICK", [&] {
+    if (cmdmodify.enabled()) CMDMODIFY_CLICK();
+  });
+}
+
+void frmtbledmas::CMDCANCEL_CLICK() {
+  trap("CMDCANCEL_CLICK", [&] {
+    setLinkView(false);
+    SETBUTTON(false);
+    LOADDATA();
+    focus(vsf);
+  });
+}
+
+void frmtbledmas::CMDBACK_CLICK() {
+  trap("CMDBACK_CLICK", [&] {
+    if (target_.empty()) {
+      close();
+    } else {
+      CMDCANCEL_CLICK();
+    }
+  });
+}
+
+}  // namespace quillet

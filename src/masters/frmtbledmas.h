@@ -1,0 +1,125 @@
+// The ledger master: the particulars that the lines of every client and year refer to. They are
+// added, renamed, deleted while nothing uses them, replaced by one another everywhere, and listed
+// with the clients and years that use them. Modal.
+//
+// Two more views of the form: the link view, in which the particulars to be replaced are ticked,
+// and the list of use. Use, saving and replacing have a source file each.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "controls/control_array.h"
+#include "controls/simple.h"
+#include "controls/vtxt.h"
+#include "masters/master_form.h"
+
+namespace quillet {
+
+class frmtbledmas : public MasterForm {
+ public:
+  explicit frmtbledmas(Context& context);
+
+  Node layout() override;
+
+  // --- the particulars
+  Frame famMain{*this, "famMain"};
+  TextBox txtfind{*this, "txtfind"};
+  ControlArray<OptionButton> Option1{*this, "Option1", {"Not In Use", "In Use", "All"}};
+  Label lblcount{*this, "lblcount"};
+  Label lbllink{*this, "lbllink", "All the Linked"};
+  Grid vsf{*this, "vsf"};
+  VTxt VTxt1{*this, "VTxt1"};
+  Button cmdupdate{*this, "cmdupdate", "&Update"};
+  Button cmdcancel{*this, "cmdcancel", "&Cancel"};
+  Label lblhint{*this, "lblhint"};
+  Button cmdadd{*this, "cmdadd", "&Add Item"};
+  Button cmdmodify{*this, "cmdmodify", "&Modify Item"};
+  Button cmddelete{*this, "cmddelete", "&Delete Item"};
+  Button cmdView{*this, "cmdView", "View Use"};
+  Button cmdlink{*this, "cmdlink", "&Link to Other Particulars"};
+  Button cmdback{*this, "cmdback", "Bac&k"};
+
+  // --- the list of use
+  Frame famC{*this, "famC"};
+  Label lblheadC{*this, "lblheadC"};
+  Grid vsfC{*this, "vsfC"};
+  Button cmdbackC{*this, "cmdbackC", "&Back"};
+
+  void FORM_LOAD();
+  void FORM_KEYPRESS(Key& key);
+  void FORM_UNLOAD();
+  // Every particular, or the row of one anew.
+  void LOADGRID(long partId);
+  void LOADDATA();
+  void CLEARDATA();
+  void SETBUTTON(bool edit);
+  void SETCOLWIDTH();
+  void SETROWSHIDDEN();
+  void OPTION1_CLICK();
+  void VSF_DBLCLICK();
+
+  // Marks which particulars are in use: all, or one.
+  void FILLINUSE(long partId);
+  // Lists the clients and years that use the particulars, on their page when `show` says so. False
+  // when the search did not reach its end.
+  bool VIEWLISTOFUSE(const std::string& ids, bool show);
+  void CMDVIEW_CLICK();
+  void CMDBACKC_CLICK();
+
+  void CMDADD_CLICK();
+  void CMDMODIFY_CLICK();
+  void CMDUPDATE_CLICK();
+  void CMDCANCEL_CLICK();
+  void CMDBACK_CLICK();
+  void CMDDELETE_CLICK();
+
+  void CMDLINK_CLICK();
+  // The ids of the ticked particulars, the target left out.
+  IdList GETSRNOS();
+  void LINKPARTICULARS();
+  void REPLACEANDDELETE(long oldId, long newId);
+
+ protected:
+  void load() override { FORM_LOAD(); }
+  void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }
+
+ private:
+  enum Column { idColumn, nameColumn, inUseColumn, linkColumn };
+  enum Option { notInUse, inUse, all };
+
+  void attachCommands();
+  void searchFromGrid(Key& key);
+  void showPage(Frame& page);
+  bool rowSelected(const char* refusal = "Please Select a Particulars.");
+  std::string selectedId() const { return vsf.cell(vsf.current(), idColumn); }
+  const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
+  std::string listHeading() const;
+  void mark(std::string_view partId, bool used);
+
+  // Use.
+  void fillAllInUse();
+  bool usedAnywhere(long partId);
+
+  // Saving and deleting.
+  void saveParticular(const std::string& name);
+  void offerExisting(const Recordset& existing);
+  void deleteSelected();
+  void deleteUnused();
+  // True when the particulars may be deleted; else a person was told why not.
+  bool mayDelete(const std::string& ids, const std::string& refusal);
+
+  // Linking.
+  void setLinkView(bool on);
+  void replaceInAllYears(const std::string& condition, std::string_view newId);
+  std::string linkQuestion() const;
+  void showReplacement(const std::string& partId);
+
+  bool adding_ = false;
+  bool editing_ = false;
+  std::string target_;  // the particular that the ticked ones are replaced by; "" outside link view
+  std::string targetName_;
+};
+
+}  // namespace quillet

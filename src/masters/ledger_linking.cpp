@@ -1,0 +1,113 @@
+// The ledger master's replacements: particulars become another one in every client's every year.
+#include <algorithm>
+#include <unordered_set>
+
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "masters/frmtbledmas.h"
+#include "masters/year_tables.h"
+
+namespace quillet {
+namespace {
+
+// How many names a question lists before it only counts them.
+constexpr int namesListed = 20;
+
+}  // namespace
+
+void frmtbledmas::setLinkView(bool on) {
+  target_ = on ? selectedId() : std::string();
+  targetName_ = on ? selectedName() : std::string();
+  lbllink.setCaption("Particulars selected below will be deleted & will be replaced with '" +
+                     targetName_ + "'");
+  lbllink.setVisible(on);
+  for (int row = 1; row <= vsf.rows(); ++row) vsf.setCell(row, linkColumn, "");
+  SETCOLWIDTH();
+}
+
+void frmtbledmas::CMDLINK_CLICK() {
+  trap("CMDLINK_CLICK", [&] {
+    if (!target_.empty()) {
+      LINKPARTICULARS();
+    } else if (rowSelected("Please Select a Paritculars.")) {
+      setLinkView(true);
+      SETBUTTON(false);
+      SETROWSHIDDEN();
+      focus(vsf);
+    }
+  });
+}
+
+IdList frmtbledmas::GETSRNOS() {
+  IdList ids;
+  trap("GETSRNOS", [&] {
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      const std::string& id = vsf.cell(row, idColumn);
+      if (vsf.ticked(row) && id != target_) ids.add(id);
+    }
+  });
+  return ids;
+}
+
+std::string frmtbledmas::linkQuestion() const {
+  std::string names;
+  int ticked = 0;
+  for (int row = 1; row <= vsf.rows(); ++row) {
+    if (!vsf.ticked(row) || vsf.cell(row, idColumn) == target_) continue;
+    if (++ticked <= namesListed) names += "'" + vsf.cell(row, nameColumn) + "'\r\n";
+  }
+  if (ticked > namesListed) names += "and " + std::to_string(ticked - namesListed) + " more\r\n";
+  return "Do you really want to Replace ?\r\n\r\n" + names + "with '" + targetName_ +
+         "'\r\n\r\nClick 'Yes' only if you are sure about use of this facility.\r\n\r\nConfirm ?";
+}
+
+void frmtbledmas::LINKPARTICULARS() {
+  trap("LINKPARTICULARS", [&] {
+    const IdList ids = GETSRNOS();
+    if (ids.empty()) {
+      tell("Please select a Partiuclar.");
+      return;
+    }
+    if (!ask(linkQuestion())) return;
+    const std::string target = target_;
+    replaceInAllYears(" In (" + ids.text() + ")", target);
+    change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
+    std::unordered_set<std::string> gone;
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      if (vsf.ticked(row)) gone.insert(vsf.cell(row, idColumn));
+    }
+    gone.erase(target);
+    vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
+    CMDCANCEL_CLICK();
+    showReplacement(target);
+  });
+}
+
+void frmtbledmas::replaceInAllYears(const std::string& condition, std::string_view newId) {
+  const std::string change = " Set PartId=" + std::string(newId) + " Where PartId" + condition;
+  walkYearTables(context_, "Replacing Ledgers....", [&](const std::string& table) {
+    context_.host->ConQuery("Update " + table + change);
+    context_.host->ConQuery("Update " + siblingTable(table, "JRNL_") + change);
+    context_.host->ConQuery("Update " + siblingTable(table, "TRADE_") + change);
+    return false;
+  });
+}
+
+void frmtbledmas::REPLACEANDDELETE(long oldId, long newId) {
+  trap("REPLACEANDDELETE", [&] {
+    const std::string old = sqlNumber(oldId);
+    replaceInAllYears("=" + old, sqlNumber(newId));
+    flush();
+    change("Delete From Mast_Part Where PartId=" + old);
+    vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == old; });
+    showReplacement(sqlNumber(newId));
+  });
+}
+
+void frmtbledmas::showReplacement(const std::string& partId) {
+  mark(partId, true);
+  SETROWSHIDDEN();
+  makeCurrent(vsf, vsf.find(idColumn, partId));
+}
+
+}  // namespace quillet

@@ -1,0 +1,138 @@
+// The ledger master's changes of single particulars: adding, renaming, deleting.
+#include <algorithm>
+
+#include "data/sql.h"
+#include "data/text.h"
+#include "masters/frmtbledmas.h"
+
+namespace quillet {
+
+void frmtbledmas::CMDUPDATE_CLICK() {
+  trap("CMDUPDATE_CLICK", [&] {
+    if (!target_.empty()) {
+      LINKPARTICULARS();
+      return;
+    }
+    const std::string name(trimmed(VTxt1.text()));
+    if (name.empty()) {
+      tell("Please Specify 'Particulars'.");
+      focus(VTxt1);
+      return;
+    }
+    std::string sql = "Select * From Mast_Part Where Particular=" + quoted(name);
+    if (!adding_) sql += " and PartId<>" + selectedId();
+    const auto existing = context_.query(sql);
+    if (existing->EOF_()) {
+      saveParticular(name);
+    } else if (adding_) {
+      tell("Duplicate Particulars!!");
+      focus(VTxt1);
+    } else {
+      offerExisting(*existing);
+    }
+  });
+}
+
+void frmtbledmas::saveParticular(const std::string& name) {
+  long id = 0;
+  if (adding_) {
+    id = context_.host->GetMax_MastPartId(name);
+    if (id == 0) {
+      tell("Failed to Create Master [" + name + "].");
+      focus(VTxt1);
+      return;
+    }
+  } else {
+    id = std::stol(selectedId());
+    context_.host->ConQuery("Update Mast_Part Set Particular=" + quoted(name) +
+                            " Where PartId=" + sqlNumber(id));
+  }
+  flush();
+  SETBUTTON(false);
+  LOADGRID(id);
+  if (!adding_) FILLINUSE(id);
+  focus(vsf);
+}
+
+void frmtbledmas::offerExisting(const Recordset& existing) {
+  const long oldId = std::stol(selectedId());
+  const long newId = existing.integer("PartId");
+  const std::string oldName = selectedName();
+  if (!VIEWLISTOFUSE(selectedId(), false)) return;
+  if (oldId == 0 || newId == 0 || vsfC.rows() == 0) {
+    tell("Duplicate Particulars!!");
+    focus(VTxt1);
+    return;
+  }
+  if (!ask("Can't create Duplicate Particulars!!\r\n\r\n"
+           "Do you want to use the existing Particulars?") ||
+      !ask("It will delete the existing particulars '" + oldName + "' and will replace with '" +
+           existing.text("Particular") + "'.\r\n\r\nConfirm ?")) {
+    return;
+  }
+  CMDCANCEL_CLICK();
+  REPLACEANDDELETE(oldId, newId);
+}
+
+// --- deleting -----------------------------------------------------------------------------------
+
+void frmtbledmas::CMDDELETE_CLICK() {
+  trap("CMDDELETE_CLICK", [&] {
+    if (Option1[notInUse].checked()) {
+      deleteUnused();
+    } else {
+      deleteSelected();
+    }
+  });
+}
+
+bool frmtbledmas::mayDelete(const std::string& ids, const std::string& refusal) {
+  if (!VIEWLISTOFUSE(ids, false)) return false;
+  if (vsfC.rows() == 0) return true;
+  if (ask(refusal + "\r\n\r\nDo you want to view the list of Client/F.Y. using the Particulars?")) {
+    showPage(famC);
+    focus(vsfC);
+  }
+  return false;
+}
+
+void frmtbledmas::deleteSelected() {
+  if (!rowSelected()) return;
+  const std::string id = selectedId();
+  lblheadC.setCaption(listHeading());
+  if (!mayDelete(id, "Particulars already in use. You can not delete this Particulars.") ||
+      !ask("Do you want to delele the Particulars [" + selectedName() + "] ?",
+           "Delete Confirmation")) {
+    return;
+  }
+  change("Delete from Mast_Part Where PartId=" + id);
+  const int row = vsf.current();
+  vsf.removeRow(row);
+  makeCurrent(vsf, std::min(row, vsf.rows()));
+  SETROWSHIDDEN();
+}
+
+void frmtbledmas::deleteUnused() {
+  IdList ids;
+  int count = 0;
+  for (int row = 1; row <= vsf.rows(); ++row) {
+    if (vsf.rowHidden(row)) continue;
+    ids.add(vsf.cell(row, idColumn));
+    ++count;
+  }
+  if (ids.empty()) {
+    tell("Please select a Particulars.");
+    return;
+  }
+  lblheadC.setCaption("List of Clients/F.Y. using Particulars");
+  if (!mayDelete(ids.text(), "Particulars already in use. You can not delete these Particulars.") ||
+      !ask("Do you really want to Delete " + std::to_string(count) +
+           " Ledger Masters Not in Use ?")) {
+    return;
+  }
+  change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
+  vsf.removeRowsIf([this](int row) { return !vsf.rowHidden(row); });
+  SETROWSHIDDEN();
+}
+
+}  // namespace quillet

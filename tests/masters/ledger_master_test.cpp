@@ -1,0 +1,426 @@
+// The ledger master through its form: use, saving, deleting, replacing and the list of use.
+#include <gtest/gtest.h>
+
+#include "masters/frmtbledmas.h"
+#include "masters/masters_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+class LedgerMasterTest : public MastersTest {
+ protected:
+  LedgerMasterTest() {
+    addYear("C1", 2008, {{"RENT", "G", 100}, {"CASH", "G", -100}});
+    addYear("O'C2", 2008, {{"RENT", "G", 300}});
+    addYear("C1", 2009);
+    for (const char* name : {"RENT", "CASH", "ALPHA", "BETA", "GAMMA"}) ledger(name);
+    exec("insert into JRNL_2(code_no,VID,PartId,AllId,Amount) values('C1',1," + id("ALPHA") +
+         ",1,5)");
+    exec("insert into TRADE_1(code_no,partid,allid,amt) values('O\\'C2'," + id("BETA") + ",1,5)");
+    exec("insert into master(code_no,tbl_nm) values('C1','')");
+  }
+  std::string id(const std::string& name) { return std::to_string(ledger(name)); }
+  void open() {
+    form.showModal();
+    statements();
+  }
+  void pickLedger(const std::string& name) { pick(form.vsf, 1, name); }
+  void enter(const std::string& name) {
+    type(form.VTxt1, name);
+    press(form, form.cmdupdate);
+  }
+  void tick(const std::string& name) { form.vsf.tick(form.vsf.find(1, name), true); }
+  void choose(int option) { press(form, form.Option1[option]); }
+  Texts names() {
+    Texts all;
+    for (const auto& row : rows("select Particular from Mast_Part order by PartId")) {
+      all.push_back(row[0]);
+    }
+    return all;
+  }
+  Texts listed() {
+    Texts all;
+    for (const auto& row : shown(form.vsf)) all.push_back(row[0]);
+    return all;
+  }
+  std::string told(const std::string& text) { return text + "|OK information OK|Ledger Master"; }
+  std::string asked(const std::string& text, const std::string& title = "Ledger Master") {
+    return text + "|YesNo question No|" + title;
+  }
+
+  frmtbledmas form{context()};
+};
+
+// --- use ----------------------------------------------------------------------------------------
+
+TEST_F(LedgerMasterTest, MarksWhatAnyTableUsesAndAsksOnlyForWhatIsNew) {
+  form.showModal();
+  const std::string first = id("RENT") + "," + id("CASH");
+  const std::string second = first + "," + id("BETA");
+  const std::string third = second + "," + id("ALPHA");
+  const auto notIn = [](const std::string& table, const std::string& ids) {
+    return "Select Distinct PartId From " + table + " Where PartId Not In (" + ids + ")";
+  };
+  EXPECT_EQ(
+      statementsWith("PartId From"),
+      (Texts{"Select Distinct PartId From TAB_1", notIn("JRNL_1", first), notIn("TRADE_1", first),
+             notIn("TAB_2", second), notIn("JRNL_2", second), notIn("TRADE_2", third)}));
+  EXPECT_EQ(shown(form.vsf),
+            (Rows{{"ALPHA", "Y"}, {"BETA", "Y"}, {"CASH", "Y"}, {"GAMMA", "N"}, {"RENT", "Y"}}));
+  EXPECT_EQ(form.vsf.current(), 0);
+  EXPECT_EQ(form.lblcount.caption(), "5 of 5");
+}
+
+TEST_F(LedgerMasterTest, UseOfLedgersThatAreGoneAndDoubleIdsDoNoHarm) {
+  exec(
+      "insert into TAB_1(srno,code_no,partid,allid,amt,nid) values(9,'C1',4711,1,1,1),"
+      "(10,'C1',null,1,1,1)");
+  exec("insert into Mast_Part values(" + id("RENT") + ",'RENT OLD')");
+  open();
+  EXPECT_EQ(shown(form.vsf).back(), (Texts{"RENT OLD", "Y"}));
+  EXPECT_EQ(errors(), Texts());
+}
+
+TEST_F(LedgerMasterTest, AMissingTableEndsTheSearchOnly) {
+  exec("update master set tbl_nm='TAB_404' where f_yr='01042009'");
+  open();
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tFILLINUSE"}));
+  EXPECT_TRUE(form.visible());
+  EXPECT_EQ(form.vsf.cell(form.vsf.find(1, "RENT"), 2), "Y") << "what was found stays found";
+  pickLedger("GAMMA");
+  press(form, form.cmddelete);
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tVIEWLISTOFUSE"}));
+  EXPECT_TRUE(messages().empty());
+  EXPECT_EQ(names().size(), 5U);
+}
+
+TEST_F(LedgerMasterTest, ListsWhoUsesAParticular) {
+  exec("insert into JRNL_1(code_no,VID,PartId,AllId,Amount) values('C1',1," + id("RENT") +
+       ",1,5),('C1',2," + id("RENT") + ",1,6)");
+  open();
+  pickLedger("RENT");
+  press(form, form.cmdView);
+  EXPECT_EQ(form.lblheadC.caption(), "List of Clients/F.Y. using Particulars \"RENT\"");
+  EXPECT_EQ(shown(form.vsfC), (Rows{{"Asha Traders", "01042008-31032009", "Trial Balance"},
+                                    {"Neighbour & Co", "01042008-31032009", "Trial Balance"},
+                                    {"Asha Traders", "01042008-31032009", "Adj. Entries"}}));
+  const Texts sent = statements();
+  const std::string where = " Where PartId in (" + id("RENT") + ")";
+  const Texts expected = {
+      "Select distinct tbl_nm from master",
+      "Select Distinct(Code_No),PartId From TAB_1" + where,
+      "Select * From TempClTbl Where CodeNo='C1'",
+      "Select * From Master Where Code_No='C1' and Tbl_Nm='TAB_1'",
+      "Select * From TempClTbl Where CodeNo='O\\'C2'",
+      "Select * From Master Where Code_No='O\\'C2' and Tbl_Nm='TAB_1'",
+      "Select Distinct(Code_No) From JRNL_1" + where,
+      "Select Distinct(Code_No) From TRADE_1" + where,
+      "Select Distinct(Code_No),PartId From TAB_2" + where,
+      "Select Distinct(Code_No) From JRNL_2" + where,
+      "Select Distinct(Code_No) From TRADE_2" + where,
+  };
+  EXPECT_EQ(sent, expected);
+  EXPECT_FALSE(form.vsf.shown());
+  form.press(keys::Escape);
+  EXPECT_TRUE(form.vsf.shown());
+}
+
+// --- adding and renaming ------------------------------------------------------------------------
+
+TEST_F(LedgerMasterTest, Adds) {
+  open();
+  press(form, form.cmdadd);
+  EXPECT_EQ(form.active(), &form.VTxt1);
+  type(form.VTxt1, "o'brien & söhne 100%");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.active(), &form.cmdupdate) << "Enter moves on";
+  statements();
+  form.press(keys::Enter);
+  const std::string name = "O'BRIEN & SÖHNE 100%";
+  EXPECT_EQ(names().back(), name);
+  EXPECT_EQ(statements(),
+            (Texts{"Select * From Mast_Part Where Particular='O\\'BRIEN & SÖHNE 100%'",
+                   "Flush Tables", "Select * From Mast_Part Where PartId=" + id(name)}));
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1) + form.vsf.cell(form.vsf.current(), 2),
+            name + "N");
+  press(form, form.cmdadd);
+  enter("cash");
+  EXPECT_EQ(onlyMessage(), told("Duplicate Particulars!!"));
+  enter("  ");
+  EXPECT_EQ(onlyMessage(), told("Please Specify 'Particulars'."));
+  EXPECT_EQ(form.active(), &form.VTxt1);
+  type(form.VTxt1, std::string(5000, 'x'));
+  EXPECT_EQ(form.VTxt1.text(), std::string(100, 'X'));
+  EXPECT_EQ(form.lblhint.caption(), "A ledger name holds at most 100 characters.");
+  exec("rename table Mast_Part to Mast_Part_Away");
+  exec("create table Mast_Part like Mast_Part_Away");
+  exec("alter table Mast_Part modify PartId tinyint");
+  exec("insert into Mast_Part values(127,'LAST')");
+  enter("ONE MORE");
+  EXPECT_EQ(onlyMessage(), told("Failed to Create Master [ONE MORE]."));
+  exec("drop table Mast_Part");
+  exec("rename table Mast_Part_Away to Mast_Part");
+}
+
+TEST_F(LedgerMasterTest, Renames) {
+  open();
+  pickLedger("RENT");
+  press(form, form.cmdmodify);
+  EXPECT_EQ(form.VTxt1.selLength(), 4U);
+  enter("rent \\ lease");
+  EXPECT_EQ(statements(),
+            (Texts{"Select * From Mast_Part Where Particular='RENT \\\\ LEASE' and PartId<>" +
+                       id("RENT \\ LEASE"),
+                   "Update Mast_Part Set Particular='RENT \\\\ LEASE' Where PartId=" +
+                       id("RENT \\ LEASE"),
+                   "Flush Tables", "Select * From Mast_Part Where PartId=" + id("RENT \\ LEASE"),
+                   "Select distinct tbl_nm from master",
+                   "Select PartId From TAB_1 Where PartId=" + id("RENT \\ LEASE")}))
+      << "the first use found ends the search";
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "RENT \\ LEASE");
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 2), "Y");
+  EXPECT_EQ(names().size(), 5U);
+}
+
+TEST_F(LedgerMasterTest, RenamingToAnExistingNameOffersToReplace) {
+  const std::string first =
+      "Can't create Duplicate Particulars!!\r\n\r\nDo you want to use the existing Particulars?";
+  const std::string second =
+      "It will delete the existing particulars 'RENT' and will replace with 'CASH'.\r\n\r\n"
+      "Confirm ?";
+  open();
+  pickLedger("GAMMA");
+  press(form, form.cmdmodify);
+  enter("cash");
+  EXPECT_EQ(onlyMessage(), told("Duplicate Particulars!!")) << "what nothing uses is not replaced";
+  press(form, form.cmdcancel);
+
+  pickLedger("RENT");
+  press(form, form.cmdmodify);
+  dialogs.queueAnswer(Answer::No);
+  enter("cash");
+  EXPECT_EQ(onlyMessage(), asked(first));
+  dialogs.queueAnswer(Answer::Yes);
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmdupdate);
+  EXPECT_EQ(messages(), (Texts{first, second}));
+  EXPECT_EQ(changes(), Texts());
+  EXPECT_TRUE(form.cmdupdate.enabled());
+
+  const std::string rent = id("RENT");
+  const std::string set = " Set PartId=" + id("CASH") + " Where PartId=" + rent;
+  for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdupdate);
+  EXPECT_EQ(changes(),
+            (Texts{"Update TAB_1" + set, "Update JRNL_1" + set, "Update TRADE_1" + set,
+                   "Update TAB_2" + set, "Update JRNL_2" + set, "Update TRADE_2" + set,
+                   "Flush Tables", "Delete From Mast_Part Where PartId=" + rent, "Flush Tables"}));
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "GAMMA"}));
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "CASH");
+  EXPECT_FALSE(form.cmdupdate.enabled());
+  EXPECT_EQ(rows("select distinct code_no,partid from TAB_1"),
+            (Rows{{"C1", id("CASH")}, {"O'C2", id("CASH")}}));
+}
+
+TEST_F(LedgerMasterTest, AReplacementThatFailsLeavesTheNameStanding) {
+  open();
+  for (const char* failing : {"Update TAB_2", "Flush Tables", "Delete From Mast_Part"}) {
+    pickLedger("RENT");
+    press(form, form.cmdmodify);
+    for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+    exec("update TAB_1 set PartId=" + id("RENT"));
+    host().statements().failNext(failing);
+    enter("cash");
+    EXPECT_EQ(errors(), (Texts{"frmtbledmas\tREPLACEANDDELETE"})) << failing;
+    EXPECT_EQ(names().size(), 5U);
+    EXPECT_EQ(value("select count(*) from TAB_1 where PartId=" + id("CASH")), "3");
+  }
+}
+
+TEST_F(LedgerMasterTest, EscapeAsksBeforeItCancels) {
+  open();
+  pickLedger("CASH");
+  press(form, form.cmdmodify);
+  type(form.VTxt1, "new");
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Escape);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel this Entry?"));
+  EXPECT_EQ(form.VTxt1.text(), "NEW");
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  EXPECT_EQ(form.VTxt1.text(), "CASH");
+  EXPECT_EQ(form.active(), &form.vsf);
+  EXPECT_EQ(changes(), Texts());
+}
+
+// --- deleting -----------------------------------------------------------------------------------
+
+TEST_F(LedgerMasterTest, DeletesOnlyWhatNothingUses) {
+  const std::string refusal =
+      "Particulars already in use. You can not delete this Particulars.\r\n\r\n"
+      "Do you want to view the list of Client/F.Y. using the Particulars?";
+  open();
+  press(form, form.cmddelete);
+  EXPECT_EQ(onlyMessage(), told("Please Select a Particulars."));
+  for (const char* used : {"RENT", "ALPHA", "BETA"}) {
+    pickLedger(used);
+    dialogs.queueAnswer(Answer::No);
+    press(form, form.cmddelete);
+    EXPECT_EQ(onlyMessage(), asked(refusal)) << used;
+    EXPECT_TRUE(form.vsf.shown());
+  }
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(form.lblheadC.caption(), "List of Clients/F.Y. using Particulars \"BETA\"");
+  EXPECT_EQ(shown(form.vsfC), (Rows{{"Neighbour & Co", "01042008-31032009", "Closing Stock"}}));
+  press(form, form.cmdbackC);
+  pickLedger("GAMMA");
+  messages();
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmddelete);
+  EXPECT_EQ(onlyMessage(),
+            asked("Do you want to delele the Particulars [GAMMA] ?", "Delete Confirmation"));
+  EXPECT_EQ(changes(), Texts());
+  dialogs.queueAnswer(Answer::Yes);
+  const std::string gamma = id("GAMMA");
+  press(form, form.cmddelete);
+  EXPECT_EQ(changes(), (Texts{"Delete from Mast_Part Where PartId=" + gamma, "Flush Tables"}));
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"}));
+}
+
+TEST_F(LedgerMasterTest, DeletesEverythingNotInUseAtOnce) {
+  ledger("OMEGA");
+  open();
+  choose(0);
+  EXPECT_EQ(listed(), (Texts{"GAMMA", "OMEGA"}));
+  EXPECT_EQ(form.lblcount.caption(), "2 of 6");
+  for (Button* senseless : {&form.cmdadd, &form.cmdmodify, &form.cmdView}) {
+    EXPECT_FALSE(senseless->enabled()) << senseless->name();
+  }
+  // Meanwhile somebody passed an entry.
+  exec("insert into JRNL_1(code_no,VID,PartId,AllId,Amount) values('C1',1," + id("OMEGA") +
+       ",1,5)");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(onlyMessage(),
+            asked("Particulars already in use. You can not delete these Particulars.\r\n\r\n"
+                  "Do you want to view the list of Client/F.Y. using the Particulars?"));
+  EXPECT_EQ(form.lblheadC.caption(), "List of Clients/F.Y. using Particulars");
+  EXPECT_EQ(shown(form.vsfC), (Rows{{"Asha Traders", "01042008-31032009", "Adj. Entries"}}));
+  press(form, form.cmdbackC);
+  exec("delete from JRNL_1");
+  statements();
+  const std::string ids = id("GAMMA") + "," + id("OMEGA");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(onlyMessage(), asked("Do you really want to Delete 2 Ledger Masters Not in Use ?"));
+  EXPECT_EQ(changes(),
+            (Texts{"Delete From Mast_Part Where PartId In (" + ids + ")", "Flush Tables"}));
+  EXPECT_EQ(listed(), Texts());
+  press(form, form.cmddelete);
+  EXPECT_EQ(onlyMessage(), told("Please select a Particulars."));
+  choose(2);
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"}));
+}
+
+TEST_F(LedgerMasterTest, TheSearchNarrowsWhatIsListedAndWhatIsDeleted) {
+  ledger("GAMMA RAY");
+  open();
+  form.focus(form.vsf);
+  for (const char key : std::string("ray g")) form.press(static_cast<Key>(key));
+  EXPECT_EQ(form.txtfind.text(), "ray g");
+  EXPECT_EQ(listed(), (Texts{"GAMMA RAY"}));
+  choose(0);
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(messages().size(), 1U);
+  EXPECT_EQ(names(), (Texts{"RENT", "CASH", "ALPHA", "BETA", "GAMMA"}));
+  form.press(keys::Escape);
+  EXPECT_EQ(listed(), (Texts{"GAMMA"}));
+  choose(1);
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"}));
+  EXPECT_FALSE(form.cmdadd.enabled());
+  EXPECT_TRUE(form.cmdmodify.enabled());
+}
+
+// --- linking ------------------------------------------------------------------------------------
+
+TEST_F(LedgerMasterTest, LinksSeveralToOneEverywhere) {
+  exec("insert into TAB_2(srno,code_no,partid,allid,amt,nid) values(1,'C1'," + id("ALPHA") +
+       ",1,10,1),(2,'C1'," + id("GAMMA") + ",1,20,1)");
+  open();
+  press(form, form.cmdlink);
+  EXPECT_EQ(onlyMessage(), told("Please Select a Paritculars."));
+  EXPECT_FALSE(form.lbllink.shown());
+  pickLedger("GAMMA");
+  press(form, form.cmdlink);
+  EXPECT_EQ(form.lbllink.caption(),
+            "Particulars selected below will be deleted & will be replaced with 'GAMMA'");
+  EXPECT_EQ(shown(form.vsf)[0], (Texts{"ALPHA", "Y", ""}));
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"})) << "the target is not among them";
+  tick("GAMMA");
+  press(form, form.cmdlink);
+  EXPECT_EQ(onlyMessage(), told("Please select a Partiuclar."));
+  form.vsf.setCurrent(form.vsf.find(1, "ALPHA"));
+  form.focus(form.vsf);
+  form.press(keys::Space);
+  tick("BETA");
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmdlink);
+  EXPECT_EQ(onlyMessage(),
+            asked("Do you really want to Replace ?\r\n\r\n'ALPHA'\r\n'BETA'\r\nwith 'GAMMA'\r\n\r\n"
+                  "Click 'Yes' only if you are sure about use of this facility.\r\n\r\n"
+                  "Confirm ?"));
+  EXPECT_EQ(changes(), Texts());
+  const std::string list = id("ALPHA") + "," + id("BETA");
+  const std::string set = " Set PartId=" + id("GAMMA") + " Where PartId In (" + list + ")";
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdlink);
+  EXPECT_EQ(changes(),
+            (Texts{"Update TAB_1" + set, "Update JRNL_1" + set, "Update TRADE_1" + set,
+                   "Update TAB_2" + set, "Update JRNL_2" + set, "Update TRADE_2" + set,
+                   "Delete From Mast_Part Where PartId In (" + list + ")", "Flush Tables"}));
+  EXPECT_EQ(shown(form.vsf), (Rows{{"CASH", "Y"}, {"GAMMA", "Y"}, {"RENT", "Y"}}));
+  EXPECT_EQ(rows("select srno,partid,amt from TAB_2"),
+            (Rows{{"1", id("GAMMA"), "10"}, {"2", id("GAMMA"), "20"}}))
+      << "two rows of one pair stay two until the pair is saved again";
+  EXPECT_EQ(rows("select PartId from JRNL_2 union all select partid from TRADE_1"),
+            (Rows{{id("GAMMA")}, {id("GAMMA")}}));
+}
+
+TEST_F(LedgerMasterTest, LinkViewIsLeftWithoutAChange) {
+  open();
+  for (Button* leave : {&form.cmdback, &form.cmdcancel}) {
+    pickLedger("CASH");
+    press(form, form.cmdlink);
+    tick("RENT");
+    press(form, *leave);
+    EXPECT_TRUE(form.visible());
+    EXPECT_FALSE(form.lbllink.shown());
+    EXPECT_EQ(shown(form.vsf)[0], (Texts{"ALPHA", "Y"}));
+  }
+  pickLedger("BETA");
+  press(form, form.cmdlink);
+  press(form, form.cmdupdate);
+  EXPECT_EQ(onlyMessage(), told("Please select a Partiuclar.")) << "old ticks are forgotten";
+  press(form, form.cmdback);
+  press(form, form.cmdback);
+  EXPECT_FALSE(form.visible());
+  EXPECT_EQ(changes(), Texts());
+}
+
+TEST_F(LedgerMasterTest, ALinkThatFailsKeepsWhatItMoved) {
+  open();
+  pickLedger("CASH");
+  press(form, form.cmdlink);
+  tick("RENT");
+  host().statements().failNext("Update JRNL_1");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdlink);
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tLINKPARTICULARS"}));
+  EXPECT_EQ(value("select count(*) from TAB_1 where partid=" + id("CASH")), "3");
+  EXPECT_EQ(names().size(), 5U);
+}
+
+}  // namespace
+}  // namespace quillet::support
