@@ -6,6 +6,7 @@
 #include "data/year.h"
 #include "editor/frmcrtb.h"
 #include "home/ledger_cleanup.h"
+#include "home/printouts.h"
 #include "home/year_rules.h"
 #include "host/busy.h"
 
@@ -41,7 +42,7 @@ third::third(Context& context)
   lblstatus.quiet = true;
   lblprint.quiet = true;
   // What their commands open is not part of the program yet.
-  for (Button* later : {&mnualpha, &mnusumm, &mnudet, &cmdgrpmas, &cmdledmas}) {
+  for (Button* later : {&cmdgrpmas, &cmdledmas}) {
     later->setEnabled(false);
   }
 }
@@ -202,6 +203,8 @@ void third::FLEXGRID2_DBLCLICK() {
                       Icon::information);
     } else if (mode_ == "delete") {
       deleteYear();
+    } else if (mode_ != "create") {
+      printChosenYear();
     }
   });
 }
@@ -240,6 +243,16 @@ void third::openEditor() {
 
 bool third::rightToOpen(Recordset& year) {
   return year.text("d_of_s").empty() || context_.host->CheckPass(openRight);
+}
+
+void third::printChosenYear() {
+  const int row = flexgrid2.current();
+  if (row == 0) return;
+  const auto year = selectYear(row);
+  if (year->EOF_()) return;
+  printYear(context_, mode_,
+            {client(), clientName_, year->text("tbl_nm"), flexgrid2.cell(row, 0),
+             flexgrid2.cell(row, 1)});
 }
 
 // --- deleting a year ----------------------------------------------------------------------------

@@ -111,6 +111,7 @@ class third : public Form {
   RecordsetPtr selectYear(int row);
   void openEditor();
   bool rightToOpen(Recordset& year);
+  void printChosenYear();
   void deleteYear();
   void openDeletion(Recordset& year, std::function<void()> done);
   // The client code as it stands between quotes.

@@ -1,0 +1,23 @@
+// The three lists of a year that the home form prints: by ledger, by group in total, by group in
+// detail. They go out through the reporter and are seen on screen first.
+#pragma once
+
+#include <string>
+
+#include "host/context.h"
+
+namespace quillet {
+
+struct PrintedYear {
+  std::string client;  // code_no as it stands between quotes
+  std::string clientName;
+  std::string table;
+  std::string firstDate;  // as people read it
+  std::string secondDate;
+};
+
+// `mode` is the home form's: "alphabetical", "group_summarized" or "group_detail". Tells when the
+// year holds no rows.
+void printYear(Context& context, const std::string& mode, const PrintedYear& year);
+
+}  // namespace quillet
