@@ -1,0 +1,366 @@
+// The deletion form: which options go together, what is asked, and which statements are sent.
+#include "years/years_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+constexpr const char* what = "Confirm Deletion of 'Trial Balance' ?";
+constexpr const char* schedules = "\r\n - Schedules/Other Data relevant to Trial Balance";
+constexpr const char* chart = "\r\n - Depreciation Chart (Fixed Assets)";
+constexpr const char* misc =
+    "\r\n - Misc. Forms/Reports/Certificates/Annexures relevant to Balance Sheet";
+
+class DeletionTest : public YearsTest {
+ protected:
+  // The deletion form, opened from the home form for the client's only or last year.
+  frmdelwhatinTB& open(const std::string& client = "C1") {
+    third& form = choose(&third::mnudelete, client);
+    answer({Answer::Yes});
+    form.press(keys::Enter);
+    asked_ = messages();
+    statements();
+    return deletion();
+  }
+  Texts asked_;
+};
+
+TEST_F(DeletionTest, IsAskedForAndOpensForTheYear) {
+  addYear("C1", 2007);
+  addYear("C1", 2008);
+  third& form = choose(&third::mnudelete, "C1");
+  answer({Answer::No, Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_FALSE(deletionOpen());
+  form.doubleClick(form.flexgrid2);
+  const auto asked = dialogs.takeMessages();
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_EQ(asked[1].message.text,
+            "Do you really want to Delete Trial Balance of 'Asha Traders' for F.Y. 2008-2009 "
+            "?\r\n\r\nConfirm Delete ?");
+  EXPECT_EQ(asked[1].message.buttons, Buttons::YesNo);
+  EXPECT_EQ(asked[1].message.icon, Icon::question);
+  EXPECT_EQ(asked[1].message.defaultAnswer, Answer::No);
+
+  frmdelwhatinTB& box = deletion();
+  EXPECT_EQ(box.caption(), "Delete Trial Balance Data");
+  EXPECT_EQ(box.lblheading.caption(), "Delete Trial Balance for F.Y. 2008-2009");
+  EXPECT_TRUE(box.modal());
+  EXPECT_FALSE(box.famSchFA.visible());
+  box.press(keys::Escape);
+  EXPECT_FALSE(deletionOpen());
+  EXPECT_EQ(form.flexgrid2.rows(), 2);
+}
+
+TEST_F(DeletionTest, HeadingsTellTheMode) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"create", "Create Trial Balance -> Overwrite existing for F.Y. 2008-2009"},
+      {"merge", "Merge Trial Balance -> Overwrite existing for F.Y. 2008-2009"},
+      {"delete", "Delete Trial Balance for F.Y. 2008-2009"}};
+  frmdelwhatinTB box(context());
+  for (const auto& [mode, heading] : cases) {
+    EXPECT_TRUE(box.INITDATA(mode, {"C1", "TAB_" + host().GETTBNAME(1), 1, "2008-2009", ""}));
+    EXPECT_EQ(box.lblheading.caption(), heading);
+  }
+}
+
+TEST_F(DeletionTest, OptionsAreTestedInTheirOrderAndCoupled) {
+  const std::string table = addYear("C1", 2008);
+  exec("insert into NewFATRa" + table.substr(4) + "(code_no) values('C1')");
+  frmdelwhatinTB& box = open();
+  EXPECT_TRUE(box.famSchFA.visible());
+  const auto refused = [&] {
+    box.click(box.cmddelete);
+    const auto asked = dialogs.takeMessages();
+    return asked.size() == 1 && asked[0].message.text == "Select an option." &&
+           asked[0].message.icon == Icon::information;
+  };
+  const auto chosen = [&] {
+    std::string text;
+    for (auto* options : {&box.optSchOthData, &box.optSchFA, &box.optMiscDet}) {
+      text += (*options)[0].checked() ? 'Y' : (*options)[1].checked() ? 'N' : '-';
+    }
+    return text;
+  };
+  EXPECT_TRUE(refused());
+  EXPECT_FALSE(box.click(box.optSchOthData[0])) << "closed until the choice is the user's";
+
+  box.click(box.optMain[0]);
+  EXPECT_EQ(chosen(), "YYY");
+  EXPECT_TRUE(box.famSchFA.enabled());
+  EXPECT_FALSE(box.click(box.optSchFA[1])) << "all is all";
+  box.click(box.optMain[1]);
+  EXPECT_EQ(chosen(), "N-N");
+  EXPECT_FALSE(box.famSchFA.enabled());
+  box.click(box.optMain[2]);
+  EXPECT_EQ(chosen(), "N-N") << "left as it was";
+
+  // In each frame in turn nothing is chosen.
+  box.INITDATA("delete", {"C1", table, 1, "2008-2009", ""});
+  box.click(box.optMain[2]);
+  EXPECT_TRUE(refused());
+  box.click(box.optSchOthData[0]);
+  EXPECT_EQ(chosen(), "YY-") << "the chart follows the schedules";
+  EXPECT_TRUE(refused());
+  box.click(box.optMiscDet[1]);
+  box.optSchFA[0].setChecked(false);
+  EXPECT_TRUE(refused());
+  box.click(box.optSchFA[1]);
+  EXPECT_EQ(chosen(), "YNN");
+  answer({Answer::No});
+  box.click(box.cmddelete);
+  EXPECT_EQ(messages(), (Texts{std::string(what) + "\r\nWith" + schedules}));
+
+  // With the schedules kept there is no chart to be chosen for.
+  box.click(box.optSchOthData[1]);
+  EXPECT_EQ(chosen(), "N-N");
+  answer({Answer::Cancel});
+  box.click(box.cmddelete);
+  EXPECT_EQ(messages(), Texts{what});
+  EXPECT_TRUE(statements().size() > 0 && deletionOpen());
+  EXPECT_EQ(value("select count(*) from master"), "1");
+}
+
+// The question names what goes with the lines. The registry keeps the year unless everything goes;
+// a chart that is not there is no obstacle.
+TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
+  const std::string with = "\r\nWith";
+  const struct {
+    bool hasChart;
+    int main, sch, fa, mis;  // option chosen in each frame, -1 for none
+    std::string text;
+    bool removed;
+    bool chartKept;
+  } cases[] = {
+      {true, 0, -1, -1, -1, with + schedules + chart + misc, true, false},
+      {false, 0, -1, -1, -1, with + schedules + misc, true, false},
+      {true, 1, -1, -1, -1, "", false, true},
+      {true, 2, 0, 0, 0, with + schedules + chart + misc, true, false},
+      {false, 2, 0, -1, 0, with + schedules + misc, true, false},
+      {true, 2, 0, 1, 0, with + schedules + misc, false, true},
+      {true, 2, 0, 0, 1, with + schedules + chart, false, false},
+      {true, 2, 1, -1, 0, with + misc, false, true},
+      {false, 2, 1, -1, 1, "", false, false},
+  };
+  for (const auto& c : cases) {
+    exec("delete from master");
+    const std::string chartTable = "FIXED_" + addYear("C1", 2008).substr(4);
+    exec("delete from " + chartTable);
+    if (c.hasChart) exec("insert into " + chartTable + "(code_no) values('C1')");
+    frmdelwhatinTB& box = open();
+    box.click(box.optMain[c.main]);
+    if (c.sch >= 0) box.click(box.optSchOthData[c.sch]);
+    if (c.fa >= 0) box.click(box.optSchFA[c.fa]);
+    if (c.mis >= 0) box.click(box.optMiscDet[c.mis]);
+    answer({Answer::Cancel, Answer::Yes});
+    box.click(box.cmddelete);
+    const auto asked = dialogs.takeMessages();
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked[0].message.text, what + c.text);
+    EXPECT_EQ(asked[0].message.buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(asked[0].message.icon, Icon::critical);
+    EXPECT_EQ(asked[0].message.defaultAnswer, Answer::Cancel);
+    EXPECT_TRUE(statements().empty());
+    box.click(box.cmddelete);
+    EXPECT_FALSE(deletionOpen());
+    EXPECT_EQ(value("select count(*) from master"), c.removed ? "0" : "1");
+    EXPECT_EQ(value("select count(*) from " + chartTable), c.chartKept ? "1" : "0");
+  }
+}
+
+TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
+  addYear("C1", 2008);
+  host().setPassword(suite::PasswordKind::right, "overwrite", "o");
+  host().setPassword(suite::PasswordKind::right, "delete", "d");
+  const struct {
+    const char* mode;
+    const char* mark;
+    std::vector<std::optional<std::string>> typed;
+    bool goesOn;
+  } cases[] = {{"delete", "", {}, true},
+               {"delete", "1", {"d"}, true},
+               {"delete", "1", {std::nullopt}, false},
+               {"create", "", {"o"}, true},
+               {"merge", "1", {"o", "d"}, true},
+               {"merge", "1", {std::nullopt}, false},
+               {"create", "1", {"o", std::nullopt}, false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.mode) + " " + c.mark);
+    frmdelwhatinTB box(context());
+    box.INITDATA(c.mode, {"C1", "TAB_" + host().GETTBNAME(1), 1, "2008-2009", c.mark});
+    box.showModal();
+    box.click(box.optMain[1]);
+    statements();
+    for (const auto& typed : c.typed) dialogs.queuePassword(typed);
+    if (c.goesOn) answer({Answer::No});
+    box.click(box.cmddelete);
+    EXPECT_EQ(messages(), c.goesOn ? Texts{what} : Texts{});
+    EXPECT_TRUE(statements().empty());
+    EXPECT_TRUE(box.visible());
+  }
+}
+
+// Every statement in its order, and after each its flush.
+TEST_F(DeletionTest, SendsEveryStatementInItsOrder) {
+  addYear("C1", 2007);
+  const std::string table = addYear("C1", 2008);
+  const std::string s = table.substr(4);
+  hangOn("C1", s, 2009, 2);
+  frmdelwhatinTB& box = open();
+  box.click(box.optMain[0]);
+  answer({Answer::Yes});
+  box.click(box.cmddelete);
+  EXPECT_FALSE(deletionOpen());
+
+  const std::string c = " WHERE CODE_NO='C1'";
+  Texts expected{"DELETE FROM TAB_" + s + c, "DELETE FROM JRNL_" + s + c,
+                 "DELETE FROM DeferTax_Liab" + c + " and FYear=2009",
+                 "DELETE FROM DeferTax_Bal" + c + " and FYear=2009",
+                 "DELETE FROM Trade_Details" + c + " and Yr=2009"};
+  for (const char* each : {"TRADE_", "PROFIT_", "RMGRP_"}) {
+    expected.push_back("DELETE FROM " + (each + s) + c);
+  }
+  expected.push_back("DELETE FROM RMSCHSETUP" + c + " and FYr=2009");
+  expected.push_back("DELETE FROM SHARE_" + s + c);
+  expected.push_back("DELETE FROM PRFA WHERE RCOUNT=2 AND CODE_NO='C1'");
+  expected.push_back("DELETE FROM PRFA_OTH WHERE RCOUNT=2 AND CODE_NO='C1'");
+  for (const char* each : {"CAPITAL_", "RESV_", "LOAN_ADV_", "SECUR_", "INVEST_", "SUNDEB_",
+                           "BANK_", "MISCEXPASST_", "FDA_", "FIXED_", "NewFATRo", "NewFATRa"}) {
+    expected.push_back("DELETE FROM " + (each + s) + c);
+  }
+  for (const char* each : {"NewFAMI", "NewFAMD"}) {
+    expected.push_back(std::string("DELETE FROM ") + each + " WHERE Code_No='C1' AND Yr=2009");
+  }
+  expected.push_back("DELETE FROM SchNotes" + c + " and Yr=2009");
+  expected.push_back("DELETE FROM SCHED_" + s + c);
+  expected.push_back("DELETE FROM LIST_" + s + c);
+  expected.push_back("DELETE FROM SCHLISTS" + c + " and FYr=2009");
+  for (const char* each : {"Detail", "Books", "BfLoss", "AnexI", "Main"}) {
+    expected.push_back(std::string("DELETE FROM Anex3cd_") + each +
+                       " WHERE CODE_NO ='C1' and FYr=2009");
+  }
+  expected.push_back("UPDATE master SET annex='' WHERE COUNT=2 AND CODE_NO='C1'");
+  expected.push_back("DELETE FROM MASTER WHERE COUNT=2 AND CODE_NO='C1'");
+
+  Texts sent = statements();
+  // The year list is read anew afterwards.
+  ASSERT_EQ(sent.size(), 2 * expected.size() + 1);
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(sent[2 * i], expected[i]);
+    EXPECT_TRUE(equalIgnoringCase(sent[2 * i + 1], "flush tables")) << sent[2 * i + 1];
+  }
+  EXPECT_EQ(home().flexgrid2.rows(), 1);
+  EXPECT_EQ(held("C1"), (std::map<std::string, long>{{"master 01042007", 1}}));
+}
+
+TEST_F(DeletionTest, NoDeletesTheLinesAlone) {
+  const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 5}});
+  hangOn("C1", table.substr(4), 2009, 1);
+  exec("update master set annex='a'");
+  const auto before = held("C1");
+  frmdelwhatinTB& box = open();
+  box.click(box.optMain[1]);
+  answer({Answer::Yes});
+  box.click(box.cmddelete);
+  const Texts sent = statements();
+  ASSERT_EQ(sent.size(), 3U);
+  EXPECT_EQ(sent[0], "DELETE FROM " + table + " WHERE CODE_NO='C1'");
+  auto after = before;
+  after.erase(table);
+  EXPECT_EQ(held("C1"), after);
+  EXPECT_EQ(value("select annex from master"), "a");
+}
+
+// What is deleted of each choice, and that nobody else's rows go with it.
+TEST_F(DeletionTest, LeavesTheNeighboursAndTheOtherYears) {
+  const Texts codes{"C%", "C_1", "c'1", "CX1", "C\\1", "{Y}"};
+  for (const std::string& code : codes) {
+    addClient(code, "Client " + code);
+    const std::string one = addYear(code, 2007, {{"Cash", "BANKS", 5}});
+    const std::string two = addYear(code, 2008, {{"Cash", "BANKS", 7}});
+    hangOn(code, one.substr(4), 2008, 1);
+    hangOn(code, two.substr(4), 2009, 2, code != "CX1");
+  }
+  for (const std::string& code : codes) {
+    std::map<std::string, std::map<std::string, long>> before;
+    for (const std::string& each : codes) before[each] = held(each);
+    frmdelwhatinTB& box = open(code);
+    EXPECT_EQ(box.famSchFA.visible(), code != "CX1");
+    box.click(box.optMain[0]);
+    answer({Answer::Yes});
+    box.click(box.cmddelete);
+    for (const auto& [each, rows] : before) {
+      if (each == code) continue;
+      EXPECT_EQ(held(each), rows) << "deleting " << code << " hit " << each;
+    }
+    // The year before holds what it held, the year deleted holds nothing, registry included.
+    for (const auto& [table, count] : held(code)) {
+      EXPECT_EQ(before[code][table], count);
+      const bool deletedYear =
+          table.ends_with(" 2009") || table.ends_with(" 2") || table.ends_with("01042008") ||
+          (table.find(' ') == std::string::npos && table.ends_with(host().GETTBNAME(2)));
+      EXPECT_FALSE(deletedYear) << code << ": " << table;
+    }
+    EXPECT_EQ(held(code).count("master 01042007"), 1U);
+    messages();
+  }
+}
+
+// A database error at any statement: one line in the log, the form open, what was sent before is
+// done; the same command again completes it.
+TEST_F(DeletionTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
+  const auto prepare = [&] {
+    exec("delete from master");
+    const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 5}});
+    for (const char* each : {"FIXED_", "JRNL_", "LIST_"}) {
+      exec("insert into " + (each + table.substr(4)) + "(code_no) values('C1')");
+    }
+    frmdelwhatinTB& box = open();
+    box.click(box.optMain[0]);
+    return &box;
+  };
+  frmdelwhatinTB* box = prepare();
+  answer({Answer::Yes});
+  box->click(box->cmddelete);
+  const Texts whole = statements();
+  ASSERT_GT(whole.size(), 70U);
+  log();
+  for (std::size_t i = 0; i + 1 < whole.size(); ++i) {
+    box = prepare();
+    host().statements().failNext("", static_cast<long>(i));
+    answer({Answer::Yes});
+    box->click(box->cmddelete);
+    const Texts lines = log();
+    ASSERT_EQ(lines.size(), 1U) << whole[i];
+    EXPECT_TRUE(lines[0].ends_with("\tfrmdelwhatinTB\tCMDDELETE_CLICK")) << lines[0];
+    EXPECT_EQ(statements(), Texts(whole.begin(), whole.begin() + static_cast<long>(i) + 1));
+    ASSERT_TRUE(deletionOpen());
+    EXPECT_EQ(value("select count(*) from TAB_" + host().GETTBNAME(1)), i == 0 ? "1" : "0");
+    answer({Answer::Yes});
+    box->click(box->cmddelete);
+    const std::string n = host().GETTBNAME(1);
+    EXPECT_TRUE(rows("select 1 from FIXED_" + n + " union select 1 from JRNL_" + n +
+                     " union select 1 from LIST_" + n + " union select 1 from master")
+                    .empty())
+        << whole[i];
+    EXPECT_FALSE(deletionOpen());
+    EXPECT_TRUE(log().empty());
+    messages();
+  }
+}
+
+TEST_F(DeletionTest, AYearThatCannotBeLookedIntoIsNotOffered) {
+  addYear("C1", 2008);
+  for (const char* statement : {"FIXED_", "NewFATRo", "NewFATRa"}) {
+    third& form = choose(&third::mnudelete, "C1");
+    answer({Answer::Yes});
+    host().statements().failNext(statement);
+    form.press(keys::Enter);
+    EXPECT_FALSE(deletionOpen());
+    const Texts lines = log();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_TRUE(lines[0].ends_with("\tfrmdelwhatinTB\tINITDATA")) << lines[0];
+  }
+}
+
+}  // namespace
+}  // namespace quillet::support

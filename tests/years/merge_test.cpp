@@ -1,0 +1,199 @@
+// Merging other clients' trial balances into a year.
+#include "years/years_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+class MergeTest : public YearsTest {
+ protected:
+  MergeTest() {
+    addClient("C3", "Third's");
+    addClient("c'4", "Fourth");
+    suite::Client person;
+    person.code = "P1";
+    person.first = "Meera";
+    person.middle = "R";
+    person.last = "Shah";
+    suite::addClient(practice.database(), person);
+    // Groups and ledgers in the order of their ids.
+    for (const char* each : {"CAPITAL", "BANKS", "SALES"}) group(each);
+    for (const char* each : {"Asha", "Cash", "Sales", "Loan"}) ledger(each);
+    addYear("C3", 2008,
+            {{"Cash", "BANKS", 100.10}, {"Sales", "SALES", -70}, {"Asha", "CAPITAL", -30.10}});
+    addYear("P1", 2008,
+            {{"Sales", "SALES", -30},
+             {"Cash", "BANKS", 0.20},
+             {"Loan", "BANKS", -50},
+             {"Asha", "BANKS", 30.10}});
+    addYear("c'4", 2008, {{"Asha", "CAPITAL", 30.10}});
+    addYear("C2", 2007, {{"Cash", "BANKS", 9}});
+  }
+  third& list(const std::string& client = "C1", const std::string& first = "01/04/2008") {
+    third& form = choose(&third::mnumerge, client);
+    typeYear(form, first);
+    return form;
+  }
+  Rows lines(const std::string& table, const std::string& client = "C1") {
+    return rows("select srno,particular,allgrp,amt,nid from " + table +
+                " t join Mast_Part p on p.PartId=t.partid join Mast_AllGrp g on g.ALLID=t.allid "
+                "where code_no='" +
+                client + "' order by srno");
+  }
+  std::string tab(long count) { return "TAB_" + host().GETTBNAME(count); }
+};
+
+TEST_F(MergeTest, ListsTheOtherClientsOfTheYear) {
+  third& form = choose(&third::mnumerge, "C1");
+  EXPECT_EQ(form.MaskEdBox1.text(), "01/04/####");
+  statements();
+  typeYear(form, "01/04/2008");
+  EXPECT_EQ(statements().at(1),
+            "select *  from master where f_yr ='01042008' and s_yr ='31032009' And code_no <> "
+            "'C1' order by code_no");
+  Rows shown;
+  for (int r = 1; r <= form.flexgrid2.rows(); ++r) {
+    shown.push_back({form.flexgrid2.cell(r, 1), form.flexgrid2.cell(r, 2)});
+  }
+  EXPECT_EQ(shown, (Rows{{"c'4", "Fourth"}, {"C3", "Third's"}, {"P1", "Meera R Shah"}}));
+  EXPECT_EQ(form.active(), &form.flexgrid2);
+  form.doubleClick(form.flexgrid2);
+  EXPECT_EQ(messages(), Texts{"DBl Click will not work here,Press Enter to merge."});
+  form.press(keys::Escape);
+  EXPECT_TRUE(form.ClGrd1.shown());
+  EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "0") << "nothing yet";
+
+  list("C1", "01/04/2015");
+  EXPECT_EQ(messages(), Texts{"No year of specified date is available."});
+}
+
+TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
+  addYear("C1", 2001, {{"Cash", "BANKS", 1}});
+  const auto others = held("P1");
+  third& form = list();
+  form.press(keys::Space);
+  form.press(keys::Down);
+  form.press(keys::Space);
+  form.press(keys::Down);
+  form.press(keys::Space);
+  EXPECT_TRUE(form.flexgrid2.ticked(3));
+  form.flexgrid2.tick(1, false);
+  form.flexgrid2.tick(1, true);
+  answer({Answer::No, Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1") << "declined";
+  statements();
+  form.press(keys::Enter);
+  const auto asked = dialogs.takeMessages();
+  ASSERT_EQ(asked.size(), 2U);
+  EXPECT_EQ(
+      asked[1].message.text,
+      "Merge into the Trial Balance of 'Asha Traders' for F.Y. 2008-2009 the Trial Balances "
+      "of\r\n - Fourth (c'4)\r\n - Third's (C3)\r\n - Meera R Shah (P1)\r\n\r\nConfirm Merge ?");
+  EXPECT_EQ(asked[1].message.icon, Icon::question);
+  EXPECT_EQ(asked[1].message.defaultAnswer, Answer::No);
+  // Asha's capital nets to zero; the others stand by group, then particular.
+  EXPECT_EQ(lines(tab(2)), (Rows{{"1", "Asha", "BANKS", "30.1", "1"},
+                                 {"2", "Cash", "BANKS", "100.3", "1"},
+                                 {"3", "Loan", "BANKS", "50", "2"},
+                                 {"4", "Sales", "SALES", "100", "2"}}));
+  EXPECT_EQ(
+      rows("select tbl_nm,count,f_year_dt from master where code_no='C1' and f_yr='01042008'"),
+      (Rows{{tab(2), "2", "01/04/2008"}}));
+  EXPECT_EQ(held("P1"), others);
+  EXPECT_EQ(lines(tab(1)).size(), 1U);
+  EXPECT_EQ(context().table, tab(2));
+  EXPECT_EQ(frontEnd.done, 4);
+  // Every change is followed by its flush.
+  const Texts sent = statements();
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    const std::string verb = upperCase(sent[i].substr(0, 6));
+    if (verb != "INSERT" && verb != "DELETE") continue;
+    ASSERT_LT(i + 1, sent.size());
+    EXPECT_EQ(sent[i + 1], "flush tables");
+  }
+  // The list shows the year now; Enter opens it.
+  form.press(keys::Enter);
+  EXPECT_NE(context().desk.find("frmcrtb"), nullptr);
+}
+
+TEST_F(MergeTest, TakesTheCurrentOneWhenNoneIsTicked) {
+  third& form = list();
+  form.press(keys::Down);
+  answer({Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_EQ(lines(tab(1)), (Rows{{"1", "Asha", "CAPITAL", "30.1", "2"},
+                                 {"2", "Cash", "BANKS", "100.1", "1"},
+                                 {"3", "Sales", "SALES", "70", "2"}}));
+}
+
+TEST_F(MergeTest, OverwritesAnExistingYearWhateverIsDeleted) {
+  addYear("C1", 2001);
+  addYear("C1", 2008, {{"Loan", "BANKS", 77}});
+  exec("delete from master where f_yr='01042001'");
+  for (const int option : {1, 0}) {
+    third& form = choose(&third::mnumerge, "C1");
+    answer({Answer::No, Answer::Cancel, Answer::Yes});
+    typeYear(form, "01/04/2008");
+    form.press(keys::Enter);
+    EXPECT_FALSE(deletionOpen());
+    form.press(keys::Enter);
+    const auto asked = dialogs.takeMessages();
+    EXPECT_EQ(asked.back().message.text, "Do you want to overwrite previously saved data?");
+    EXPECT_EQ(asked.back().message.buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(asked.back().message.icon, Icon::question);
+    EXPECT_EQ(asked.back().message.defaultAnswer, Answer::No);
+    frmdelwhatinTB& box = deletion();
+    EXPECT_EQ(box.lblheading.caption(),
+              "Merge Trial Balance -> Overwrite existing for F.Y. 2008-2009");
+    box.click(box.optMain[option]);
+    answer({Answer::Yes, Answer::Yes});
+    box.click(box.cmddelete);
+    EXPECT_EQ(rows("select tbl_nm,count from master where code_no='C1'"), (Rows{{tab(2), "2"}}));
+    form.flexgrid2.tick(2, true);
+    form.press(keys::Enter);
+    EXPECT_EQ(lines(tab(2)).size(), 3U);
+    EXPECT_EQ(rows("select tbl_nm,count from master where code_no='C1'"), (Rows{{tab(2), "2"}}));
+  }
+}
+
+TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {
+  for (int year = 1990; year < 1990 + tableNumbers; ++year) addYear("C1", year);
+  third& form = list();
+  answer({Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_EQ(messages().back(), "No blank database available. Delete one or more years database.");
+  EXPECT_EQ(value("select count(*) from master where code_no='C1'"), std::to_string(tableNumbers));
+}
+
+TEST_F(MergeTest, AFailureAnywhereIsLoggedOnceAndEnterAgainCompletes) {
+  const auto prepare = [&]() -> third& {
+    exec("delete from master where code_no='C1'");
+    exec("delete from " + tab(1) + " where code_no='C1'");
+    third& form = list();
+    for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
+    statements();
+    return form;
+  };
+  answer({Answer::Yes});
+  prepare().press(keys::Enter);
+  const Texts whole = statements();
+  const Rows merged = lines(tab(1));
+  log();
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    SCOPED_TRACE(whole[i]);
+    third& form = prepare();
+    host().statements().failNext("", static_cast<long>(i));
+    answer({Answer::Yes, Answer::Yes});
+    form.press(keys::Enter);
+    EXPECT_EQ(log().size(), 1U);
+    EXPECT_EQ(statements(), Texts(whole.begin(), whole.begin() + static_cast<long>(i) + 1));
+    EXPECT_FALSE(frontEnd.busy);
+    form.press(keys::Enter);
+    EXPECT_EQ(lines(tab(1)), merged);
+    EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1");
+    EXPECT_TRUE(log().empty());
+  }
+}
+
+}  // namespace
+}  // namespace quillet::support
