@@ -38,6 +38,7 @@ void frmcrtb::attachMenus() {
   mnualter.Click = [this] { MNUALTER_CLICK(); };
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
+  mnujournal.Click = [this] { MNUJOURNAL_CLICK(); };
   mnurefresh.Click = [this] { REFRESHTB(); };
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };

@@ -124,6 +124,7 @@ class frmcrtb : public Form {
   void VSFM_KEYDOWN(Key& key);
   void MHELP_CLICK();
   void MNUEXIT_CLICK();
+  void MNUJOURNAL_CLICK();
 
   // --- entry
   void MNUINSERT_CLICK();
@@ -285,6 +286,7 @@ class frmcrtb : public Form {
   int groupsShown_ = 1;
   bool written_ = false;                    // the report begun last is complete
   std::unique_ptr<StockForms> stockForms_;  // of the closing stock shown last
+  std::unique_ptr<Form> journal_;           // the one opened last
   bool leaving_ = false;  // the entry is being given up: empty fields are no mistake
 };
 

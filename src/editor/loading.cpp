@@ -406,8 +406,8 @@ void frmcrtb::SETBUTTON() {
     cmdadd.setEnabled(cbogroup.chosen() + groupsShown_ <= cbogroup.size());
     cmdless.setEnabled(groupsShown_ > 1);
     cmdupdate.setEnabled(vsf3.rows() > 0);
-    // Their forms are not part of the program yet.
-    mnujournal.setEnabled(false);
+    mnujournal.setEnabled(hasTable());
+    // Its form is not part of the program yet.
     mnunewgroup.setEnabled(false);
   });
 }

@@ -61,15 +61,18 @@ void frmjrnl::moveList(TextBox& box, Grid& list, const NameList& names, Key& key
 // Takes the list's current row into the box, if it shows one.
 void frmjrnl::takeHighlighted(TextBox& box, Grid& list) {
   if (!list.visible() || list.current() == 0) return;
-  const Filling filling(filling_);
-  const auto line = static_cast<std::size_t>(box.index());
-  box.setText(std::string(trimmed(list.cell(list.current(), nameColumn))));
-  const long id = std::stol(list.cell(list.current(), idColumn));
-  if (&list == &VSF3) {
-    ledgerTaken(box.index(), id);
-  } else {
-    ids_[line].pair.allId = id;
+  {
+    const Filling filling(filling_);
+    box.setText(std::string(trimmed(list.cell(list.current(), nameColumn))));
+    const long id = std::stol(list.cell(list.current(), idColumn));
+    if (&list == &VSF3) {
+      ledgerTaken(box.index(), id);
+    } else {
+      ids_[static_cast<std::size_t>(box.index())].pair.allId = id;
+    }
   }
+  list.setVisible(false);
+  GETCURBALS();
 }
 
 // --- ledgers ------------------------------------------------------------------------------------
@@ -152,8 +155,6 @@ void frmjrnl::VSF3_DBLCLICK() {
   trap("VSF3_DBLCLICK", [&] {
     const int line = VSF3.dropOf->index();
     takeHighlighted(txtledger[line], VSF3);
-    VSF3.setVisible(false);
-    GETCURBALS();
     focus(txtgroup[line]);
   });
 }
@@ -199,8 +200,6 @@ void frmjrnl::VSF4_DBLCLICK() {
   trap("VSF4_DBLCLICK", [&] {
     const int line = VSF4.dropOf->index();
     takeHighlighted(txtgroup[line], VSF4);
-    VSF4.setVisible(false);
-    GETCURBALS();
     focus(amountBox(line));
   });
 }

@@ -60,7 +60,7 @@ TEST_F(JournalSaving, StoresAndPostsInTheOrderDesigned) {
       (Texts{"Delete from JRNL_1 where VId=1", "Flush Tables",
              "Insert Into JRNL_1 Values ('C1',1,1,'2008-06-02',2,3,20,'June')", "Flush Tables"}));
   EXPECT_EQ(trialBalance(table_),
-            (Rows{{"2", "Rent", "RENT", "60", "1"}, {"3", "Cash", "BANKS", "480", "1"}}));
+            (Rows{{"6", "Rent", "RENT", "60", "1"}, {"7", "Cash", "BANKS", "480", "1"}}));
   // The neighbour in the same tables has what it had.
   EXPECT_EQ(trialBalance(table_, "C2"),
             (Rows{{"1", "Cash", "BANKS", "70", "1"}, {"2", "Rent", "RENT", "30", "2"}}));

@@ -1,0 +1,19 @@
+// The editor's journal command.
+#include "editor/frmcrtb.h"
+#include "journal/frmjrnl.h"
+
+namespace quillet {
+
+void frmcrtb::MNUJOURNAL_CLICK() {
+  trap("MNUJOURNAL_CLICK", [&] {
+    leaveEntry();
+    const Year year = mnuyrs[previous].checked() ? previous : current;
+    auto journal = std::make_unique<frmjrnl>(context_);
+    journal->INITDATA(tables_[year], year == previous);
+    journal_ = std::move(journal);
+    // Vouchers have been posted into the lines that stand here.
+    journal_->showModal([this] { REFRESHTB(); });
+  });
+}
+
+}  // namespace quillet

@@ -1,0 +1,430 @@
+// Typing a voucher: where the keys lead, names and dates, sides and balances, lines made, removed
+// and scrolled.
+#include "editor/frmcrtb.h"
+#include "journal_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class JournalEntry : public JournalTest {
+ protected:
+  JournalEntry() {
+    addYear("C1", 2008, {{"Cash", "BANKS", 500}, {"Rent Payable", "RENT", -40}});
+    for (const char* name : {"Axis Bank", "Bank Charges", "Banking Fee", "Petty Cash"}) {
+      ledger(name);
+    }
+    clock.set({2008, 6, 15});
+    open("C1", 2008).click(journal().cmdadd);
+  }
+  std::string active() {
+    const Control* control = journal().active();
+    if (!control) return "nothing";
+    return control->name() + (control->index() < 0 ? "" : std::to_string(control->index()));
+  }
+  void typeKeys(const std::string& text) {
+    for (const char32_t c : charactersOf(text)) journal().press(c);
+  }
+};
+
+TEST_F(JournalEntry, EnterLeadsFromBoxToBox) {
+  frmjrnl& form = journal();
+  Texts way{active()};
+  const auto enter = [&](const std::string& typed = {}) {
+    typeKeys(typed);
+    form.press(keys::Enter);
+    way.push_back(active());
+  };
+  for (const char* typed : {"", "", "Cash", "", "12.5"}) enter(typed);
+  EXPECT_EQ(form.txtledger[0].text(), "Cash");
+  EXPECT_EQ(form.txtgroup[0].text(), "BANKS");
+  EXPECT_EQ(form.txtdramt[0].text(), "12.50");
+  EXPECT_EQ(form.txtcurbal[0].text(), "512.50Dr");
+  EXPECT_EQ(form.cboside[1].text(), "To");
+  for (const char* typed : {"", "rent payable", "", "12.5"}) enter(typed);
+  EXPECT_EQ(form.txtcurbal[1].text(), "52.50Cr");
+  form.press(keys::Tab);
+  way.push_back(active());
+  for (const char* typed : {"June", ""}) enter(typed);
+  EXPECT_EQ(way, (Texts{"txtdt", "cboside0", "txtledger0", "txtgroup0", "txtdramt0", "cboside1",
+                        "txtledger1", "txtgroup1", "txtcramt1", "cboside2", "txtnarr", "cmdupdate",
+                        "vsf"}));
+  EXPECT_EQ(
+      rows("select VID,LSrNo,VDate,Amount,VNar from JRNL_1 order by LSrNo"),
+      (Rows{{"1", "1", "2008-06-15", "12.5", "June"}, {"1", "2", "2008-06-15", "-12.5", "June"}}));
+}
+
+TEST_F(JournalEntry, TabGoesOnInTheOrderShown) {
+  frmjrnl& form = journal();
+  Texts way{active()};
+  for (int i = 0; i < 5; ++i) {
+    form.press(keys::Tab);
+    way.push_back(active());
+  }
+  EXPECT_EQ(way, (Texts{"txtdt", "cboside0", "txtledger0", "txtgroup0", "txtdramt0", "txtnarr"}));
+  form.press(keys::BackTab);
+  EXPECT_EQ(active(), "txtdramt0");
+}
+
+TEST_F(JournalEntry, TakesAGoodDateOnly) {
+  frmjrnl& form = journal();
+  EXPECT_EQ(form.txtdt.text(), "15/06/2008");
+  const std::string valid = "Please Specify a Valid Date.";
+  const std::string between = "Please Specify a Valid Date between 01/04/2008 and 31/03/2009.";
+  const std::vector<std::pair<std::string, std::string>> cases{
+      {"", valid},           {"010", valid},        {"31042008", valid}, {"29022009", valid},
+      {"31032008", between}, {"01042009", between}, {"01042008", ""},    {"31032009", ""},
+  };
+  for (const auto& [typed, message] : cases) {
+    type(form.txtdt, typed);
+    form.press(keys::Enter);
+    EXPECT_EQ(messages(), message.empty() ? Texts{} : Texts{message}) << typed;
+    EXPECT_EQ(active(), message.empty() ? "cboside0" : "txtdt") << typed;
+  }
+}
+
+TEST_F(JournalEntry, ProposesTodayWithinTheYearOnly) {
+  frmjrnl& form = journal();
+  const std::vector<std::pair<Date, std::string>> cases{
+      {{2008, 3, 31}, "__/__/____"},
+      {{2008, 4, 1}, "01/04/2008"},
+      {{2009, 3, 31}, "31/03/2009"},
+      {{2009, 4, 1}, "__/__/____"},
+  };
+  for (const auto& [today, shownDate] : cases) {
+    dialogs.queueAnswer(Answer::Yes);
+    form.press(keys::Escape);
+    clock.set(today);
+    form.click(form.cmdadd);
+    EXPECT_EQ(form.txtdt.text(), shownDate);
+    EXPECT_EQ(active(), "txtdt");
+  }
+}
+
+TEST_F(JournalEntry, ListFollowsWhatIsTyped) {
+  frmjrnl& form = journal();
+  struct Case {
+    std::string typed;
+    Rows list;
+    int current;
+  };
+  const std::vector<Case> cases{
+      {"bank", {{"Bank Charges"}, {"Banking Fee"}, {"Axis Bank"}}, 1},
+      {"CASH", {{"Cash"}, {"Petty Cash"}}, 1},
+      {"fee", {{"Banking Fee"}}, 0},
+      {"ank", {}, 0},
+  };
+  for (const Case& c : cases) {
+    form.txtledger[0].setText("");
+    form.focus(form.cboside[0]);
+    EXPECT_FALSE(form.VSF3.visible());
+    type(form.txtledger[0], c.typed);
+    EXPECT_EQ(shown(form.VSF3), c.list) << c.typed;
+    EXPECT_EQ(form.VSF3.current(), c.current) << c.typed;
+    EXPECT_TRUE(form.VSF3.visible());
+    EXPECT_EQ(form.VSF3.dropOf, &form.txtledger[0]);
+    form.txtledger[0].setText("");
+  }
+  // Enter takes the proposal, the arrows the rest, a click any.
+  type(form.txtledger[0], "bank");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.txtledger[0].text(), "Bank Charges");
+  type(form.txtledger[0], "bank");
+  form.press(keys::Down);
+  form.press(keys::Down);
+  EXPECT_EQ(form.txtledger[0].text(), "Axis Bank");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.txtledger[0].text(), "Axis Bank");
+  EXPECT_EQ(active(), "txtgroup0");
+  type(form.txtledger[0], "cash");
+  form.VSF3.setCurrent(2);
+  form.doubleClick(form.VSF3);
+  EXPECT_EQ(form.txtledger[0].text(), "Petty Cash");
+  EXPECT_EQ(active(), "txtgroup0");
+  // Without anything typed the arrows walk through all names, from where the box stands.
+  form.focus(form.txtledger[0]);
+  form.press(keys::Up);
+  EXPECT_EQ(form.txtledger[0].text(), "Cash");
+  EXPECT_EQ(form.VSF3.rows(), 6);
+  // Groups are not made here: the beginning of a name is enough.
+  type(form.txtgroup[0], "cap");
+  form.press(keys::Tab);
+  EXPECT_EQ(form.txtgroup[0].text(), "CAPITAL");
+  EXPECT_EQ(messages(), Texts{});
+}
+
+TEST_F(JournalEntry, CreatesALedgerWhenToldTo) {
+  frmjrnl& form = journal();
+  const std::string question = "Do you want to Create New Ledger 'Rent'?";
+  type(form.txtledger[0], " Rent ");
+  statements();
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts{question});
+  EXPECT_EQ(statements(), Texts{"Select * From Mast_Part Where Particular='RENT'"});
+  EXPECT_EQ(form.txtledger[0].text(), "");
+  EXPECT_EQ(active(), "txtledger0");
+
+  type(form.txtledger[0], "Rent");
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts{question});
+  EXPECT_EQ(active(), "txtgroup0");
+  EXPECT_EQ(value("select count(*) from Mast_Part where Particular='Rent'"), "1");
+  // It is in the list from now on.
+  type(form.txtledger[0], "ren");
+  EXPECT_EQ(shown(form.VSF3), (Rows{{"Rent"}, {"Rent Payable"}}));
+
+  // Known to the ledger master, though not to the list.
+  exec("insert into Mast_Part values(900,'Elsewhere')");
+  type(form.txtledger[0], "ELSEWHERE");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.txtledger[0].text(), "Elsewhere");
+  EXPECT_EQ(messages(), Texts{});
+
+  host().statements().failNext("Select * From Mast_Part");
+  type(form.txtledger[0], "Unreachable");
+  form.press(keys::Tab);
+  EXPECT_EQ(form.txtledger[0].text(), "");
+  const Texts lines = log();
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_NE(lines[0].find("frmjrnl\tCHECKLEDGER"), std::string::npos);
+}
+
+TEST_F(JournalEntry, SwallowsApostrophes) {
+  frmjrnl& form = journal();
+  type(form.txtledger[0], "O'Brien's");
+  EXPECT_EQ(form.txtledger[0].text(), "OBriens");
+  type(form.txtledger[0], "");
+  type(form.txtnarr, "'");
+  EXPECT_EQ(form.txtnarr.text(), "");
+}
+
+TEST_F(JournalEntry, ChoosesALedgerThatHasAnApostrophe) {
+  exec("insert into Mast_Part values(901,'Owner\\'s Share')");
+  open("C1", 2008).click(journal().cmdadd);
+  type(journal().txtledger[0], "own");
+  journal().press(keys::Enter);
+  EXPECT_EQ(journal().txtledger[0].text(), "Owner's Share");
+  EXPECT_EQ(messages(), Texts{});
+}
+
+// Two ledgers of one name: a voucher that is modified stays with the one it was passed on.
+TEST_F(JournalEntry, KeepsTheLedgerThatAVoucherNames) {
+  exec("insert into Mast_Part values(950,'Cash'),(951,'Cash')");
+  exec(
+      "insert into JRNL_1 values('C1',1,1,'2008-06-02',951,1,5,''),"
+      "('C1',1,2,'2008-06-02',950,1,-5,'')");
+  frmjrnl& form = open("C1", 2008);
+  pick(1);
+  form.press(keys::Enter);
+  type(form.txtnarr, "seen");
+  form.focus(form.txtledger[0]);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(rows("select PartId,Amount,VNar from JRNL_1 order by LSrNo"),
+            (Rows{{"951", "5", "seen"}, {"950", "-5", "seen"}}));
+}
+
+TEST_F(JournalEntry, ShowsBalancesWhileAVoucherIsTyped) {
+  frmjrnl& form = journal();
+  form.press(keys::Enter);
+  form.LOADCONTROLS();
+  form.LOADCONTROLS();
+  fillLine(0, {"Cash", "", "100"});
+  EXPECT_EQ(form.txtcurbal[0].text(), "600.00Dr");
+  // Each line of a pair shows what all of them make of it.
+  fillLine(1, {"Cash", "", "650", false});
+  EXPECT_EQ(form.txtcurbal[0].text(), "50.00Cr");
+  EXPECT_EQ(form.txtcurbal[1].text(), "50.00Cr");
+  fillLine(2, {"Cash", "CAPITAL", "5"});
+  EXPECT_EQ(form.txtcurbal[2].text(), "0.00") << "a pair that is not known";
+  type(form.txtcramt[1], "600");
+  EXPECT_EQ(form.txtcurbal[0].text(), "0.00");
+  EXPECT_EQ(shown(form.vsf1), (Rows{{"Total", "105.00", "600.00"}}));
+  EXPECT_EQ(form.lbldiff.caption(), "Difference 495.00 Cr");
+  // The other side takes the amount over.
+  form.focus(form.cboside[1]);
+  form.press(U'b');
+  EXPECT_EQ(form.txtdramt[1].text(), "600.00");
+  EXPECT_EQ(form.txtcramt[1].text(), "");
+  EXPECT_FALSE(form.txtcramt[1].enabled());
+  EXPECT_EQ(form.txtcurbal[0].text(), "1,200.00Dr");
+  type(form.txtledger[1], "Rent Payable");
+  EXPECT_EQ(form.txtcurbal[0].text(), "600.00Dr") << "nobody's while its name is typed";
+  form.press(keys::Enter);
+  EXPECT_EQ(form.txtgroup[1].text(), "RENT");
+  EXPECT_EQ(form.txtcurbal[1].text(), "560.00Dr");
+}
+
+TEST_F(JournalEntry, RefusesANegativeAmount) {
+  frmjrnl& form = journal();
+  fillLine(0, {"Cash", "", "-5"});
+  form.press(keys::Enter);
+  const Texts refusal{"An Amount cannot be Negative. Choose \"By\" or \"To\" instead."};
+  EXPECT_EQ(messages(), refusal);
+  EXPECT_EQ(active(), "txtdramt0");
+  EXPECT_EQ(form.GETROWS(), 1);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(messages(), refusal);
+  type(form.txtdramt[0], "12abc");
+  form.press(keys::Tab);
+  EXPECT_NE(form.lblhint.caption(), "");
+}
+
+TEST_F(JournalEntry, RemovesALine) {
+  frmjrnl& form = journal();
+  fillVoucher("02062008", {{"Cash", "", "1"}, {"Rent Payable", "", "2", false}, {"Cash", "", "3"}});
+  form.focus(form.txtledger[1]);
+  form.click(form.cmdremove);
+  EXPECT_EQ(form.GETROWS(), 2);
+  EXPECT_EQ(form.txtledger[1].text(), "Cash");
+  EXPECT_EQ(form.cboside[1].text(), "By");
+  EXPECT_EQ(form.txtdramt[1].text(), "3.00");
+  EXPECT_EQ(form.txtcurbal[1].text(), "504.00Dr");
+  EXPECT_EQ(active(), "cboside1");
+  form.click(form.cmdremove);
+  form.click(form.cmdremove);
+  EXPECT_EQ(form.GETROWS(), 1);
+  EXPECT_EQ(form.txtledger[0].text(), "");
+  EXPECT_EQ(shown(form.vsf1), (Rows{{"Total", "0.00", "0.00"}}));
+}
+
+TEST_F(JournalEntry, ScrollsALongVoucher) {
+  for (int line = 1; line <= 200; ++line) {
+    exec("insert into JRNL_1 values('C1',1," + std::to_string(line) + ",'2008-06-02',1,1," +
+         (line % 2 ? "1" : "-1") + ",'')");
+  }
+  frmjrnl& form = open("C1", 2008);
+  pick(1);
+  form.press(keys::Enter);
+  // Which lines have a place in the arrangement.
+  const auto inView = [&] {
+    std::vector<int> lines;
+    const std::function<void(const Node&)> walk = [&](const Node& node) {
+      if (node.control && node.control->name() == "cboside") lines.push_back(node.control->index());
+      for (const Node& child : node.children) walk(child);
+    };
+    walk(form.arrangement());
+    return std::make_pair(lines.front(), lines.back());
+  };
+  const auto markers = [&] {
+    return std::make_pair(form.lblmore.visible(), form.lbldots.visible());
+  };
+  EXPECT_EQ(form.GETROWS(), 200);
+  EXPECT_EQ(form.lblrows.caption(), "200 lines");
+  EXPECT_EQ(inView(), std::make_pair(0, 7));
+  EXPECT_EQ(markers(), std::make_pair(false, true));
+  form.focus(form.txtledger[0]);
+  form.press(keys::PageDown);
+  EXPECT_EQ(active(), "txtledger8");
+  EXPECT_EQ(inView(), std::make_pair(1, 8));
+  EXPECT_EQ(markers(), std::make_pair(true, true));
+  for (int page = 0; page < 30; ++page) form.press(keys::PageDown);
+  EXPECT_EQ(active(), "txtledger199");
+  EXPECT_EQ(inView(), std::make_pair(192, 199));
+  EXPECT_EQ(markers(), std::make_pair(true, false));
+  form.focus(form.txtcramt[199]);
+  form.press(keys::Up);
+  EXPECT_EQ(active(), "txtdramt198");
+  // Tab goes on below what is in view, and a line out of view can be gone to.
+  form.focus(form.txtdramt[100]);
+  EXPECT_EQ(inView(), std::make_pair(100, 107));
+  form.focus(form.txtcramt[107]);
+  form.press(keys::Tab);
+  EXPECT_EQ(active(), "cboside108");
+  EXPECT_EQ(inView(), std::make_pair(101, 108));
+  form.focus(form.txtdt);
+  EXPECT_EQ(inView(), std::make_pair(0, 7));
+  form.focus(form.txtcramt[199]);
+  form.press(keys::Enter);
+  EXPECT_EQ(form.GETROWS(), 201);
+  EXPECT_EQ(inView(), std::make_pair(193, 200));
+}
+
+TEST_F(JournalEntry, AsksBeforeItGivesUp) {
+  frmjrnl& form = journal();
+  const auto expectAsked = [&](const char* question) {
+    const std::vector<Message> asked = boxes();
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked[0].text, question);
+    EXPECT_EQ(asked[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(asked[0].title, "Adjustment Journal");
+  };
+  type(form.txtdt, "99");
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Escape);
+  expectAsked("Do you want to Cancel Entry?");
+  EXPECT_TRUE(form.Frame2.visible());
+  statements();
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  expectAsked("Do you want to Cancel Entry?");
+  EXPECT_TRUE(form.Frame1.visible());
+  EXPECT_EQ(active(), "vsf");
+  EXPECT_EQ(statements(), Texts{});
+
+  // A half-typed period is looked at before anything else.
+  type(form.txtdt1[0], "31022008");
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts{"Please Specify a Valid Date."});
+  EXPECT_EQ(active(), "txtdt10");
+
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Escape);
+  expectAsked("Do you want to Exit?");
+  EXPECT_TRUE(form.visible());
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  EXPECT_FALSE(form.visible());
+  messages();
+}
+
+TEST_F(JournalEntry, OpensFromTheEditorOnTheYearInView) {
+  close();
+  exec("update master set count=1");
+  addYear("C1", 2009, {{"Cash", "BANKS", 900}});
+  select("C1", 2009);
+  auto& editor = static_cast<frmcrtb&>(*practice.forms().ObjCreate());
+  editor.show();
+  struct Case {
+    int years;
+    std::string period;
+    std::string journal;
+    std::string total;  // of the editor's debits afterwards
+  };
+  const std::vector<Case> cases{
+      {0, "Period: 01/04/2009 - 31/03/2010", "JRNL_2", "901.00"},
+      {1, "Period: 01/04/2008 - 31/03/2009", "JRNL_1", "501.00"},
+  };
+  for (const Case& c : cases) {
+    editor.click(editor.mnuyrs[c.years]);
+    statements();
+    ASSERT_TRUE(editor.click(editor.mnujournal));
+    auto* form = dynamic_cast<frmjrnl*>(context().desk.active());
+    ASSERT_NE(form, nullptr);
+    EXPECT_TRUE(form->modal());
+    EXPECT_EQ(form->lblperiod.caption(), c.period);
+    EXPECT_NE(statements().back().find(c.journal), std::string::npos);
+    form->click(form->cmdadd);
+    form->txtdt.setText(c.years == 0 ? "01/04/2009" : "01/04/2008");
+    const Entered lines[] = {{"Cash", "", "1"}, {"Petty Cash", "BANKS", "1", false}};
+    for (int line = 0; line < 2; ++line) {
+      if (line > 0) form->LOADCONTROLS();
+      form->cboside[line].choose(lines[line].debit ? 2 : 1);
+      type(form->txtledger[line], lines[line].ledger);
+      type(form->txtgroup[line], "BANKS");
+      type(lines[line].debit ? form->txtdramt[line] : form->txtcramt[line], "1");
+    }
+    form->click(form->cmdupdate);
+    dialogs.queueAnswer(Answer::Yes);
+    EXPECT_TRUE(form->close());
+    EXPECT_EQ(context().desk.active(), &editor);
+    EXPECT_EQ(editor.txttotdeb[c.years].text(), c.total);
+  }
+  messages();
+  editor.close();
+}
+
+}  // namespace
+}  // namespace quillet::support
