@@ -21,12 +21,8 @@ constexpr int mostRows = 9;
 
 }  // namespace
 
-DropDown::DropDown(Grid& grid, Stage& stage, QWidget* field)
-    : QFrame(field->window()),
-      grid_(grid),
-      stage_(stage),
-      field_(field),
-      table_(new GridTable(grid, this)) {
+DropDown::DropDown(Grid& grid, Stage& stage, QWidget* window)
+    : QFrame(window), grid_(grid), stage_(stage), table_(new GridTable(grid, this)) {
   setObjectName(toQt(grid.name()));
   setAutoFillBackground(true);
   hide();
@@ -39,11 +35,11 @@ DropDown::DropDown(Grid& grid, Stage& stage, QWidget* field)
   auto* inside = new QVBoxLayout(this);
   inside->setContentsMargins(1, 1, 1, 1);
   inside->addWidget(table_);
-  field->window()->installEventFilter(this);
+  window->installEventFilter(this);
 }
 
 bool DropDown::wanted() const {
-  return grid_.visible() && grid_.dropOf && grid_.dropOf->shown() && field_->isVisible() &&
+  return field_ && grid_.visible() && grid_.dropOf->shown() && field_->isVisible() &&
          table_->cells().rowCount() > 0;
 }
 
@@ -83,7 +79,7 @@ void DropDown::place() {
 
 bool DropDown::eventFilter(QObject* target, QEvent* event) {
   if (retired_) return false;
-  if (target == field_->window()) {
+  if (target == parentWidget()) {
     if (event->type() == QEvent::Resize && isVisible()) refresh();
     return false;
   }

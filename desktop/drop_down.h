@@ -13,8 +13,11 @@ class GridTable;
 
 class DropDown : public QFrame {
  public:
-  // `field` is the widget of the text box. The list lies on the window that holds it.
-  DropDown(Grid& grid, Stage& stage, QWidget* field);
+  // The list lies on the window.
+  DropDown(Grid& grid, Stage& stage, QWidget* window);
+
+  // The widget of the text box that the list belongs to now; null while it has no place.
+  void attach(QWidget* field) { field_ = field; }
 
   // Shows, hides and draws the list as its grid stands.
   void refresh();
@@ -31,7 +34,7 @@ class DropDown : public QFrame {
 
   Grid& grid_;
   Stage& stage_;
-  QWidget* field_;
+  QWidget* field_ = nullptr;
   GridTable* table_;
   bool retired_ = false;
 };

@@ -45,10 +45,7 @@ void FormWindow::arrange() {
 void FormWindow::addDropDowns() {
   for (Control* control : form_.controls()) {
     auto* grid = dynamic_cast<Grid*>(control);
-    if (!grid || !grid->dropOf) continue;
-    if (const auto field = views_.find(grid->dropOf); field != views_.end()) {
-      dropDowns_.push_back(new DropDown(*grid, stage_, field->second->widget()));
-    }
+    if (grid && grid->dropOf) dropDowns_.push_back(new DropDown(*grid, stage_, this));
   }
 }
 
@@ -87,7 +84,12 @@ void FormWindow::drawControls() {
     }
   }
   layout_->refreshStacks();
-  for (DropDown* list : dropDowns_) list->refresh();
+  for (DropDown* list : dropDowns_) {
+    // One list may serve several text boxes in turn.
+    const auto field = views_.find(list->grid().dropOf);
+    list->attach(field == views_.end() ? nullptr : field->second->widget());
+    list->refresh();
+  }
 }
 
 void FormWindow::followFocus() {
