@@ -179,13 +179,15 @@ TEST_F(FolderTest, TellsThatItIsDamagedAndLeavesItUntouched) {
 // middle of that. What it told must be there, line for line.
 TEST_F(FolderTest, KeepsEverythingAcknowledgedWhenKilled) {
   copy();
+  const std::string table = "TAB_" + tableSuffix(1);
   int told = 0;
   for (int round = 0; round < 4; ++round) {
     support::Reporting saving([&](const support::Reporting::Tell& tell) {
       const auto database = Database::openEmbedded(folder);
       for (int id = told + 1;; ++id) {
         const std::string number = std::to_string(id);
-        database->execute("insert into TAB_01 values(" + number + ",'C1',1,1," + number + ".5,1)");
+        database->execute("insert into " + table + " values(" + number + ",'C1',1,1," + number +
+                          ".5,1)");
         database->execute("flush tables");
         tell(number);
       }
@@ -204,11 +206,11 @@ TEST_F(FolderTest, KeepsEverythingAcknowledgedWhenKilled) {
     }
     const std::string found = inChild([&] {
       const auto database = Database::openEmbedded(folder);
-      const auto row = database->query("select count(*), sum(amt) from TAB_01 where srno<=" +
-                                       std::to_string(told));
+      const auto row = database->query("select count(*), sum(amt) from " + table +
+                                       " where srno<=" + std::to_string(told));
       const std::string counted = row->text(0) + ' ' + row->text(1);
       // A line that was saved but not told any more does not count, either way.
-      database->execute("delete from TAB_01 where srno>" + std::to_string(told));
+      database->execute("delete from " + table + " where srno>" + std::to_string(told));
       return counted;
     });
     const double sum = told * (told + 1) / 2.0 + told * 0.5;

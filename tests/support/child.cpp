@@ -42,7 +42,13 @@ Started start(const std::function<void(int pipe)>& work) {
   if (child < 0) throw std::runtime_error("no child");
   if (child == 0) {
     close(ends[0]);
-    work(ends[1]);
+    // Nothing may unwind from here into the copy of the test program.
+    try {
+      work(ends[1]);
+    } catch (const std::exception& error) {
+      fprintf(stderr, "child: %s\n", error.what());
+      _exit(1);
+    }
     _exit(0);
   }
   close(ends[1]);

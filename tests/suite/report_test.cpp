@@ -1,0 +1,128 @@
+// The report component: what is written, what it looks like, how it reads as text.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "suite/document.h"
+#include "suite/text_report.h"
+#include "support/practice.h"
+
+namespace quillet::suite {
+namespace {
+
+const std::string on =
+    "\x1B"
+    "E";
+const std::string off =
+    "\x1B"
+    "F";
+
+class ReportTest : public support::PracticeTest {
+ protected:
+  Reporter& reporter() { return *context().reporter; }
+  void begin() {
+    reporter().WinModeReport(true);
+    reporter().NewReport();
+  }
+  void write(std::vector<std::string> values, std::string rules, std::string emphasis,
+             std::string last, std::string printed, bool heading = false) {
+    std::vector<int> alignments = alignments_;
+    std::vector<long> widths;
+    std::vector<std::string> before;
+    std::vector<std::string> after;
+    reporter().WriteToReport(values, alignments, widths, before, after, heading, rules, emphasis,
+                             last, printed);
+  }
+  const Document& report() { return practice.surroundings().lastReport().value(); }
+
+  std::vector<int> alignments_ = {0, 1, 1};
+};
+
+TEST_F(ReportTest, PrinterCodesBecomeEmphasisAndVanish) {
+  begin();
+  reporter().printtext(on + "Trial Balance" + off);
+  reporter().printtext("\x1B\x12\x1BN");
+  reporter().printtext(
+      "plain \x0F"
+      "line");
+  reporter().printtext("");
+  reporter().CreateTable(1, 3);
+  write({on + "SN", "Name", "Amount" + off}, "111", "000", "001", "111", true);
+  write({"1", "Cash", "5.00"}, "0", "0", "001", "111");
+  write({"", on + "Total" + off, "5.00"}, "011", "001", "001", "110");
+  EXPECT_FALSE(practice.surroundings().lastReport().has_value());
+  reporter().ShowReport();
+
+  ASSERT_EQ(report().headings().size(), 3U) << "a line of codes prints nothing";
+  EXPECT_EQ(report().headings()[0].text, "Trial Balance");
+  EXPECT_TRUE(report().headings()[0].emphasised);
+  EXPECT_EQ(report().headings()[1].text, "plain line");
+  EXPECT_FALSE(report().headings()[1].emphasised);
+
+  struct Look {
+    bool ruled, emphasised, printed;
+  };
+  const std::vector<std::vector<Look>> looks = {
+      {{true, true, true}, {true, true, true}, {true, true, true}},
+      {{false, false, true}, {false, false, true}, {false, false, true}},
+      {{false, false, true}, {true, true, true}, {true, true, false}},
+  };
+  ASSERT_EQ(report().rows().size(), looks.size());
+  for (std::size_t r = 0; r < looks.size(); ++r) {
+    for (std::size_t c = 0; c < looks[r].size(); ++c) {
+      const ReportCell& cell = report().rows()[r].cells[c];
+      EXPECT_EQ(cell.ruled, looks[r][c].ruled) << r << ',' << c;
+      EXPECT_EQ(cell.emphasised, looks[r][c].emphasised) << r << ',' << c;
+      EXPECT_EQ(cell.printed, looks[r][c].printed) << r << ',' << c;
+    }
+  }
+  EXPECT_EQ(report().rows()[0].cells[0].text, "SN");
+  EXPECT_TRUE(report().rows()[0].heading);
+  EXPECT_EQ(report().rows()[1].masks, (std::array<std::string, 4>{"0", "0", "001", "111"}));
+  EXPECT_EQ(report().rows()[1].cells[1].align, CellAlign::right);
+}
+
+TEST_F(ReportTest, ARowEndsWithItsLastCell) {
+  begin();
+  write({"a", "b", "left over"}, "0", "0", "01", "11");
+  reporter().ShowReport();
+  EXPECT_EQ(report().rows()[0].cells.size(), 2U);
+}
+
+TEST_F(ReportTest, EachReportBeginsEmpty) {
+  begin();
+  reporter().printtext("first");
+  reporter().ShowReport();
+  begin();
+  reporter().printtext("second");
+  reporter().ShowReport();
+  ASSERT_EQ(report().headings().size(), 1U);
+  EXPECT_EQ(report().headings()[0].text, "second");
+}
+
+TEST_F(ReportTest, ReadsAsTextWithBlocksOverTheirColumns) {
+  begin();
+  reporter().printtext("Subsidiary Trial Balance");
+  reporter().CreateTable(1, 5);
+  alignments_ = {0, 2, 2};
+  write({"Particular", "Original", "Final"}, "011", "111", "001", "111", true);
+  alignments_ = {0, 1, 1, 1, 1};
+  write({"", "Dr.", "Cr.", "Dr.", "Cr."}, "11111", "0", "00001", "11111", true);
+  write({"Bänk", "1,250.00", "-", "1,250.00", "-"}, "0", "0", "00001", "11111");
+  write({"Total", "1,250.00", "-", "1,250.00", "-"}, "01111", "0", "00001", "11101");
+  reporter().ShowReport();
+  EXPECT_EQ(textOf(report()),
+            "Subsidiary Trial Balance\n"
+            "\n"
+            "            -------------  -------------\n"
+            "Particular    Original         Final\n"
+            "----------  --------  ---  --------  ---\n"
+            "                 Dr.  Cr.       Dr.  Cr.\n"
+            "Bänk        1,250.00    -  1,250.00    -\n"
+            "            --------  ---  --------  ---\n"
+            "Total       1,250.00    -              -\n");
+}
+
+}  // namespace
+}  // namespace quillet::suite

@@ -1,0 +1,168 @@
+// The tables: what designed statements see of them, and how missing parts come back.
+#include "suite/schema.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "data/errors.h"
+#include "support/practice.h"
+
+namespace quillet::suite {
+namespace {
+
+class SchemaTest : public support::PracticeTest {
+ protected:
+  long complete() { return completeSchema(practice.database(), support::tableNumbers); }
+  std::string columns(const std::string& table) {
+    return value(
+        "select group_concat(column_name order by ordinal_position) from"
+        " information_schema.columns where table_schema=database() and table_name='" +
+        table + "'");
+  }
+};
+
+TEST_F(SchemaTest, DesignedInsertsFitEveryColumn) {
+  const std::string table = "TAB_" + tableSuffix(2);
+  const std::string journal = "JRNL_" + tableSuffix(2);
+  const std::string binding = "RMGRP_" + tableSuffix(2);
+  const std::vector<std::string> statements = {
+      "insert into " + table + " values(1,'C1',10,20,99.5,2)",
+      "insert into " + journal + " values('C1',1,1,'2008-04-05',10,20,-5.25,'Being cash')",
+      "Insert Into " + binding + " Values ('C1',1,2,3,4,0,5,1)",
+      "Insert Into Mast_AllGrp Values (1,2,'CASH','Y')",
+      "Insert into RawMatGrpM Values (1,'RAW MATERIAL',1)",
+      "Insert into RmSchSetup Values ('C1',2008,'a','b','c','d','e','f')",
+      "insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('C1',"
+      "'01/04/2008','31/03/2009','" +
+          table + "',2,'01042008','31032009')",
+  };
+  for (const std::string& sql : statements) EXPECT_NO_THROW(exec(sql)) << sql;
+  EXPECT_EQ(rows("select * from " + table),
+            (std::vector<std::vector<std::string>>{{"1", "C1", "10", "20", "99.5", "2"}}));
+  exec("Insert into TAB_" + tableSuffix(3) + " select * from " + table + " where code_no='C1'");
+  EXPECT_EQ(value("select count(*) from tab_" + tableSuffix(3)), "1") << "names in any case";
+}
+
+TEST_F(SchemaTest, NamesIgnoreCaseAndBlanksAtTheEndButNotAccents) {
+  struct Case {
+    const char* a;
+    const char* b;
+    const char* equal;
+  };
+  const Case cases[] = {
+      {"Cash", "CASH", "1"},      {"Cash", "cash  ", "1"},  {"Ж", "ж", "1"},     {"É", "é", "1"},
+      {"Café", "Cafe", "0"},      {"अंश", "अश", "0"},        {"क़लम", "कलम", "0"}, {"😀", "😁", "0"},
+      {"Straße", "Strasse", "0"}, {"A & B", "A and B", "0"}};
+  for (const Case& c : cases) {
+    exec("delete from Mast_Part");
+    exec(std::string("insert into Mast_Part values(1,'") + c.a + "')");
+    EXPECT_EQ(value(std::string("select count(*) from Mast_Part where Particular='") + c.b + "'"),
+              c.equal)
+        << c.a << " and " << c.b;
+  }
+}
+
+TEST_F(SchemaTest, CompletesWhatIsMissingAndKeepsRows) {
+  const std::string table = "TAB_" + tableSuffix(1);
+  ASSERT_EQ(complete(), 0);
+  exec("insert into " + table + " values(1,'C1',10,20,5,1)");
+  const std::string whole = columns(table);
+  exec("drop table BANK_" + tableSuffix(1));
+  exec("alter table " + table + " drop column partid, drop column nid");
+  exec("alter table Mast_Part drop index PartId");
+  exec("alter table owner1 drop column row_id");
+
+  EXPECT_EQ(complete(), 4);
+  EXPECT_EQ(columns(table), whole) << "columns stand where they were";
+  EXPECT_EQ(value("select amt from " + table), "5");
+  EXPECT_EQ(value("select count(*) from BANK_" + tableSuffix(1)), "0");
+  EXPECT_EQ(complete(), 0);
+}
+
+TEST_F(SchemaTest, TheStatementsFiltersAreIndexed) {
+  struct Case {
+    std::string table;
+    const char* condition;
+  };
+  const std::string suffix = tableSuffix(1);
+  const Case cases[] = {
+      {"TAB_" + suffix, "code_no='C1' and srno=7"},
+      {"TAB_" + suffix, "code_no='C1' and partid=7 and allid=7"},
+      {"TAB_" + suffix, "partid=7"},
+      {"TAB_" + suffix, "allid=7"},
+      {"JRNL_" + suffix, "VID=7"},
+      {"JRNL_" + suffix, "code_no='C1' and VDate>='2008-04-01' and VDate<='2008-04-30'"},
+      {"JRNL_" + suffix, "PartId=7"},
+      {"TRADE_" + suffix, "code_no='C1'"},
+      {"Mast_Part", "PartId=7"},
+      {"Mast_Part", "Particular='x'"},
+      {"Mast_AllGrp", "ALLGRP='x'"},
+      {"master", "code_no='C1'"},
+      {"TempClTbl", "CodeNo='C1'"},
+  };
+  for (const Case& c : cases) {
+    const auto plan = rows("explain select * from " + c.table + " where " + c.condition);
+    ASSERT_EQ(plan.size(), 1U);
+    EXPECT_NE(plan[0][4], "NULL") << c.table << " where " << c.condition;
+  }
+}
+
+TEST_F(SchemaTest, RefusesBytesThatAreNoText) {
+  const char* const broken[] = {"\xFF",         "\xC0\xAF",         "\xED\xA0\x80",
+                                "\xE0\x80\x80", "\xF4\x90\x80\x80", "half \xE2\x82"};
+  for (const char* bytes : broken) {
+    EXPECT_THROW(host().ConQuery(std::string("insert into Mast_Part values(1,'") + bytes + "')"),
+                 RunTimeError);
+  }
+  EXPECT_EQ(value("select count(*) from Mast_Part"), "0");
+}
+
+TEST_F(SchemaTest, TextsThatAreTooLongAreRefusedNotCut) {
+  EXPECT_THROW(exec("insert into Mast_Part values(1,'" + std::string(101, 'x') + "')"),
+               RunTimeError);
+  EXPECT_THROW(exec("insert into Mast_Part values('one','x')"), RunTimeError);
+}
+
+TEST_F(SchemaTest, ErrorsCarryTheServersNumber) {
+  try {
+    host().ConQuery("select * from no_such_table");
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.number(), 1146);
+    EXPECT_NE(std::string(error.what()).find("no_such_table"), std::string::npos);
+  }
+}
+
+TEST_F(SchemaTest, StatementsNeverReachFiles) {
+  const std::string file = practice.folder().root().string() + "/stolen.txt";
+  EXPECT_THROW(exec("select 'x' into outfile '" + file + "'"), RunTimeError);
+  EXPECT_EQ(value("select load_file('/etc/hostname')"), "NULL");
+  EXPECT_THROW(exec("load data local infile '/etc/hostname' into table Mast_Part"), RunTimeError);
+}
+
+TEST_F(SchemaTest, RecordsetsReadForwardByNameAndPosition) {
+  exec("insert into Mast_Part values(1,'Cash'),(2,null),(3,'')");
+  const RecordsetPtr found =
+      context().query("select PartId, Particular, 1.5 as half from Mast_Part order by PartId");
+  ASSERT_EQ(found->RecordCount(), 3);
+  EXPECT_EQ(found->text("PARTICULAR"), "Cash");
+  EXPECT_EQ(found->number("half"), 1.5);
+  EXPECT_TRUE(found->numeric(0));
+  EXPECT_FALSE(found->numeric(1));
+  found->MoveNext();
+  EXPECT_FALSE(found->field(1).has_value());
+  found->MoveNext();
+  EXPECT_EQ(found->field(1), "");
+  EXPECT_THROW(found->text("nothing"), RunTimeError);
+  EXPECT_THROW(found->text(3), RunTimeError);
+  found->MoveNext();
+  EXPECT_TRUE(found->EOF_());
+  EXPECT_THROW(found->text(0), RunTimeError) << "past the last row";
+  const RecordsetPtr none = context().query("select * from Mast_Part where PartId=9");
+  EXPECT_TRUE(none->EOF_() && none->BOF_());
+}
+
+}  // namespace
+}  // namespace quillet::suite

@@ -1,0 +1,236 @@
+// The service object: statements, ledgers, passwords, settings, screens, progress.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "data/errors.h"
+#include "suite/service_object.h"
+#include "support/practice.h"
+
+namespace quillet::suite {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class ServiceTest : public support::PracticeTest {};
+
+TEST_F(ServiceTest, RecordsWhatTheModuleSendsAndNothingElse) {
+  statements();
+  host().ConQuery("insert into Mast_Part values(1,'Cash')");
+  context().query("select * from Mast_Part");
+  host().GetPart_MastPartId(1);
+  host().GetMax_MastPartId("Bank");
+  host().CheckPass("delete");
+  EXPECT_THROW(host().ConQuery("nonsense"), RunTimeError);
+  EXPECT_EQ(statements(), (Texts{"insert into Mast_Part values(1,'Cash')",
+                                 "select * from Mast_Part", "nonsense"}));
+  host().statements().record(false);
+  host().ConQuery("flush tables");
+  EXPECT_EQ(statements(), Texts{});
+}
+
+TEST_F(ServiceTest, MakesOneStatementFail) {
+  host().statements().failNext("INTO mast_part");
+  host().ConQuery("flush tables");
+  EXPECT_THROW(host().ConQuery("insert into Mast_Part values(1,'Cash')"), RunTimeError);
+  EXPECT_EQ(value("select count(*) from Mast_Part"), "0");
+  host().ConQuery("insert into Mast_Part values(1,'Cash')");
+  EXPECT_EQ(value("select count(*) from Mast_Part"), "1");
+}
+
+TEST_F(ServiceTest, EscapedTextComesBackAsItWas) {
+  std::mt19937 random(7);
+  const std::string alphabet = "'\"\\%_;-#`\n\r\t aZ09\x1A";
+  for (int i = 0; i < 300; ++i) {
+    std::string text = "अ";
+    const std::size_t length = random() % 90;
+    while (text.size() < length) text += alphabet[random() % alphabet.size()];
+    text += "|";
+    exec("delete from Mast_Part");
+    exec("insert into Mast_Part values(1,'" + host().TruncVarSQL(text) + "')");
+    ASSERT_EQ(value("select Particular from Mast_Part"), text);
+  }
+  const std::string attack = "x'); delete from Mast_Part; -- ";
+  host().ConQuery("insert into Mast_Part values(2,'" + host().TruncVarSQL(attack) + "')");
+  EXPECT_EQ(value("select count(*) from Mast_Part"), "2");
+  EXPECT_EQ(host().TruncVarSQL(std::string(5000, 'x')).size(), 5000U) << "never cut";
+}
+
+TEST_F(ServiceTest, FindsOrMakesLedgersByName) {
+  EXPECT_EQ(host().GetMax_MastPartId("Cash"), 1);
+  EXPECT_EQ(host().GetMax_MastPartId("  CASH "), 1);
+  EXPECT_EQ(host().GetMax_MastPartId("Bank", false), 0);
+  exec("insert into Mast_Part values(41,'Old')");
+  EXPECT_EQ(host().GetMax_MastPartId(" Bank "), 42);
+  EXPECT_EQ(value("select Particular from Mast_Part where PartId=42"), "Bank");
+  EXPECT_EQ(host().GetMax_MastPartId("O'Brien \\ Sons"), 43);
+  EXPECT_EQ(host().GetMax_MastPartId("O'Brien \\ Sons"), 43);
+
+  EXPECT_EQ(host().GetMax_MastPartId(""), 0);
+  EXPECT_EQ(host().GetMax_MastPartId("   "), 0);
+  EXPECT_EQ(host().GetMax_MastPartId(std::string(101, 'x')), 0);
+  EXPECT_EQ(host().GetMax_MastPartId("broken \xFF"), 0);
+  std::string longest;
+  for (int i = 0; i < 100; ++i) longest += "अ";
+  EXPECT_EQ(host().GetMax_MastPartId(longest), 44) << "characters count, not bytes";
+}
+
+TEST_F(ServiceTest, LedgerNamesFollowEveryChange) {
+  exec("insert into Mast_Part values(1,'Cash'),(2,'Bank')");
+  EXPECT_EQ(host().GetPart_MastPartId(1), "Cash");
+  EXPECT_EQ(host().GetPart_MastPartId(9), "");
+  const Texts changes = {"Update Mast_Part Set Particular='Till' Where PartId=1",
+                         "  update `MAST_PART` set Particular='Till2' where PartId=1",
+                         "Delete from Mast_Part Where PartId=1",
+                         "Insert into Mast_Part(PartId,Particular) values(1,'New')"};
+  const Texts names = {"Till", "Till2", "", "New"};
+  for (std::size_t i = 0; i < changes.size(); ++i) {
+    host().ConQuery(changes[i]);
+    EXPECT_EQ(host().GetPart_MastPartId(1), names[i]) << changes[i];
+  }
+  host().GetMax_MastPartId("Fresh");
+  EXPECT_EQ(host().GetPart_MastPartId(3), "Fresh");
+}
+
+// One query for the list, however many names are asked for: a server that is asked nothing answers
+// nothing wrong, so the table is changed behind the service's back.
+TEST_F(ServiceTest, LedgerNamesCostNoQueryEach) {
+  exec("insert into Mast_Part values(1,'Cash'),(2,'Bank')");
+  host().GetPart_MastPartId(1);
+  practice.database().execute("delete from Mast_Part");
+  host().ConQuery("Insert into AllGrp_Map(Code_No) Select Particular from mast_part");
+  EXPECT_EQ(host().GetPart_MastPartId(2), "Bank");
+}
+
+TEST_F(ServiceTest, AsksForPasswordsThatAreSet) {
+  EXPECT_TRUE(host().CheckClpass("C1"));
+  EXPECT_TRUE(dialogs.takePrompts().empty());
+
+  host().setPassword(PasswordKind::client, "C1", "geheim ü");
+  host().setPassword(PasswordKind::right, "delete", "other");
+  EXPECT_EQ(value("select count(*) from SuitePassword where Hash like '$argon2id$%'"), "2");
+
+  dialogs.queuePassword("wrong");
+  dialogs.queuePassword("geheim ü");
+  EXPECT_TRUE(host().CheckClpass("C1"));
+  dialogs.queuePassword(std::nullopt);
+  EXPECT_FALSE(host().CheckClpass("c1")) << "cancelled";
+  for (int i = 0; i < 3; ++i) dialogs.queuePassword("other");
+  EXPECT_FALSE(host().CheckClpass("C1")) << "three tries";
+  EXPECT_EQ(dialogs.left(), 0U);
+  EXPECT_TRUE(host().CheckClpass("C2"));
+  dialogs.queuePassword("other");
+  EXPECT_TRUE(host().CheckPass("delete"));
+  EXPECT_TRUE(host().CheckPass("overwrite"));
+
+  host().setPassword(PasswordKind::client, "C1", "");
+  EXPECT_TRUE(host().CheckClpass("C1"));
+}
+
+TEST_F(ServiceTest, RefusesOnceWhenTold) {
+  host().refuse("CheckPass");
+  EXPECT_TRUE(host().CheckClpass("C1"));
+  EXPECT_FALSE(host().CheckPass("delete"));
+  EXPECT_TRUE(host().CheckPass("delete"));
+  host().refuse("CheckClpass");
+  EXPECT_FALSE(host().CheckClpass("C1"));
+  EXPECT_THROW(host().refuse("Anything"), std::invalid_argument);
+}
+
+TEST_F(ServiceTest, FormatsByTheFormatsKind) {
+  EXPECT_EQ(host().formatgen(-0.001, "#,##0.00"), "0.00");
+  EXPECT_EQ(host().formatgen(std::string("2008-04-01"), "DD/MM/YYYY"), "01/04/2008");
+  EXPECT_EQ(host().formatgen(std::string("2008-04-01"), "d-m-yyyy"), "1-4-2008");
+  EXPECT_EQ(host().formatgen(std::string("12.345"), "###0.00"), "12.35");
+  EXPECT_EQ(host().formatgen(std::string("no date"), "DD/MM/YYYY"), "no date");
+  EXPECT_EQ(host().date_prob_handle("1-4-08"), "01/04/2008");
+  EXPECT_EQ(host().convertdate("32/04/2008"), "");
+}
+
+TEST_F(ServiceTest, KeepsSettingsAndMiscellaneousValues) {
+  EXPECT_EQ(host().GetSettingINI("Settings", "Nothing", "fallback"), "fallback");
+  host().SaveSettingINI("Settings", "TBSort", "2");
+  host().vLstSelClCode("C'7");
+  practice.restartModule();
+  EXPECT_EQ(host().GetSettingINI("settings", "tbsort", "1"), "2");
+  EXPECT_EQ(host().vLstSelClCode(), "C'7");
+
+  EXPECT_EQ(host().GetMiscOthInf("S", "GRP_MAP_ALL", "N"), "N");
+  host().SetMiscOthInf("S", "GRP_MAP_ALL", "it's \\ Y", "C1", "2008");
+  host().SetMiscOthInf("S", "GRP_MAP_ALL", "later", "C2", "2008");
+  EXPECT_EQ(host().GetMiscOthInf("S", "GRP_MAP_ALL", "N"), "later");
+  host().SetMiscOthInf("S", "GRP_MAP_ALL", "it's \\ Y", "C1", "2008");
+  EXPECT_EQ(host().GetMiscOthInf("s", "grp_map_all", "N"), "it's \\ Y");
+}
+
+TEST_F(ServiceTest, NamesTablesByNumber) {
+  EXPECT_EQ(host().GetTbCount(), support::tableNumbers);
+  EXPECT_EQ(host().GETTBNAME(0), "");
+  EXPECT_EQ(host().GETTBNAME(-1), "");
+  for (long n = 1; n <= host().GetTbCount(); ++n) {
+    EXPECT_NO_THROW(exec("update tab_" + host().GETTBNAME(n) + " set ALLID=1 where ALLID in (2)"));
+  }
+}
+
+TEST_F(ServiceTest, ARecordsetNeedsTheOpenConnection) {
+  class Other : public Connection {
+  } other;
+  EXPECT_THROW(host().RecordsetQuery("select 1", other, CursorType::static_, LockType::readOnly),
+               RunTimeError);
+}
+
+TEST_F(ServiceTest, FitsFormsToTheScreen) {
+  struct Case {
+    Screen screen;
+    double font;
+  };
+  Form& form = *practice.forms().ObjThird();
+  for (const Case& c :
+       {Case{{1366, 768}, 1.0}, Case{{1920, 1080}, 1.0}, Case{{2560, 1440}, 4.0 / 3},
+        Case{{3840, 2160}, 2.0}, Case{{800, 600}, 1.0}}) {
+    frontEnd.size = c.screen;
+    host().resize_for_resolution(form);
+    EXPECT_NEAR(form.size.font, c.font, 0.001) << c.screen.width;
+    EXPECT_LT(form.size.width, 1.0);
+    EXPECT_GE(form.size.width * c.screen.width, std::min(1300.0, 0.95 * c.screen.width));
+    EXPECT_GE(form.size.height * c.screen.height, std::min(700.0, 0.9 * c.screen.height));
+  }
+  EXPECT_NEAR(host().vScreenRatX(), 800 / 1366.0, 1e-9);
+  frontEnd.size = {};
+  EXPECT_EQ(host().vScreenRatY(), 1.0);
+}
+
+TEST_F(ServiceTest, ProgressReachesTheScreenAFewTimesOnly) {
+  host().progress(true);
+  EXPECT_TRUE(frontEnd.busy);
+  Progress& progress = host().objProgress();
+  progress.Text1("Loading Ledger List....");
+  EXPECT_EQ(frontEnd.progress, "Loading Ledger List....");
+  frontEnd.updates = 0;
+  progress.Max(20000);
+  for (int i = 0; i < 20000; ++i) progress.update_pg();
+  EXPECT_EQ(frontEnd.done, 20000);
+  EXPECT_EQ(frontEnd.total, 20000);
+  EXPECT_LT(frontEnd.updates, 200);
+  progress.update_pg();
+  EXPECT_EQ(frontEnd.done, 20000) << "never past the end";
+  host().progress(false);
+  EXPECT_FALSE(frontEnd.busy);
+}
+
+TEST_F(ServiceTest, WindowsGoToTheFrontEnd) {
+  host().MainPageObj().showClient("C1", "Name");
+  EXPECT_EQ(frontEnd.client, "C1");
+  host().helpid("2-2");
+  host().ObjHelp().Show();
+  EXPECT_EQ(frontEnd.topics.back(), "2-2");
+  frontEnd.queuePopup(2);
+  EXPECT_EQ(host().PopupMenuObj().choose({"One", "Two"}), 2);
+  EXPECT_EQ(frontEnd.menu, (Texts{"One", "Two"}));
+}
+
+}  // namespace
+}  // namespace quillet::suite
