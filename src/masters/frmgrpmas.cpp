@@ -100,7 +100,7 @@ std::vector<std::string> frmgrpmas::cellsOf(const Recordset& group) const {
   const int under = Combo1.findData(group.integer("GId"));
   return {group.text("AllId"), group.text("ALLGRP"),
           under > 0 ? Combo1.items()[static_cast<std::size_t>(under - 1)] : group.text("GId"),
-          group.text("UserGrp"), group.text("GId")};
+          group.text("UserGrp"), sqlNumber(group.integer("GId"))};
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
@@ -130,7 +130,7 @@ void frmgrpmas::LOADDATA() {
       return;
     }
     Text1.setText(vsf.cell(vsf.current(), nameColumn));
-    Combo1.setChosen(Combo1.findData(std::stol("0" + vsf.cell(vsf.current(), underIdColumn))));
+    Combo1.setChosen(Combo1.findData(std::stol(vsf.cell(vsf.current(), underIdColumn))));
   });
 }
 

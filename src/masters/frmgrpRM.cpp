@@ -1,0 +1,186 @@
+#include "masters/frmgrpRM.h"
+
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "data/year.h"
+
+namespace quillet {
+namespace {
+
+constexpr int groupWidth = 28;
+constexpr const char* none = "(None)";
+// Each column's primary group, and the field of the binding that holds the account group.
+constexpr int primaryGroups[] = {18, 19, 7};
+constexpr const char* groupFields[] = {"OsGrpId", "PurGrpId", "CsGrpId"};
+
+}  // namespace
+
+frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
+  vsfM.setColumns({{.heading = "SrNo", .hidden = true},
+                   {.heading = "GrpSr", .hidden = true},
+                   {.heading = "OsGrpId", .hidden = true},
+                   {.heading = "PurGrpId", .hidden = true},
+                   {.heading = "CsGrpId", .hidden = true},
+                   {.heading = "GrpOrder", .hidden = true},
+                   {.heading = "Raw Material Group", .width = groupWidth, .stretch = true},
+                   {.heading = lblgrp[0].caption(), .width = groupWidth},
+                   {.heading = lblgrp[1].caption(), .width = groupWidth},
+                   {.heading = lblgrp[2].caption(), .width = groupWidth}});
+  vsfG.setColumns({{.heading = "GrpId", .hidden = true},
+                   {.heading = "Heading", .width = groupWidth, .stretch = true},
+                   {.heading = "GrpType", .hidden = true},
+                   {.heading = "Type", .width = groupWidth}});
+  vsfM.zebra = vsfG.zebra = true;
+  KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
+  attachBinding();
+  attachHeads();
+}
+
+Node frmgrpRM::layout() {
+  std::vector<Node> choices{field("Raw Material Grou&p Type", cbohead, groupWidth, 1)};
+  for (int i = 0; i < columns; ++i) {
+    choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
+  }
+  choices.push_back(item(cmdupdateM));
+  choices.push_back(item(cmdcancelM));
+  const Node commands = row({item(cmdaddM), item(cmdmodifyM), item(cmddeleteM), item(cmdsortorder),
+                             item(cmdup), item(cmddown), gap(), item(cmdgrpM), item(cmdbackM)});
+  const Node head =
+      row({field("&Heading", txthead, groupWidth, 2), field("&Type", cbotype, groupWidth, 1),
+           item(cmdupdateG), item(cmdcancelG)});
+  const Node headCommands =
+      row({item(cmdaddG), item(cmdmodifyG), item(cmddeleteG), gap(), item(cmdbackG)});
+  return column({stack({framed(famM, {item(vsfM, 1), row(std::move(choices)), commands}, 1),
+                        framed(famG, {item(vsfG, 1), head, item(lblhint), headCommands}, 1)})});
+}
+
+void frmgrpRM::INITDATA(const BoundYear& year) {
+  trap("INITDATA", [&] {
+    year_ = year;
+    client_ = context_.host->TruncVarSQL(year.client);
+    table_ = siblingTable(year.table, "RMGRP_");
+    setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +
+               shownDate(year.firstDate) + " to " + shownDate(year.secondDate));
+  });
+}
+
+void frmgrpRM::FORM_LOAD() {
+  trap("FORM_LOAD", [&] {
+    context_.host->resize_for_resolution(*this);
+    showPage(famM);
+    LOADLIST();
+    const bool read = LOADGRIDM(0);
+    CLEARDATAM();
+    setStateM(State::browsing);
+    // Only a year that has no binding takes the previous one's.
+    if (read && vsfM.rows() == 0) IMPORTFROMPREVYR();
+  });
+}
+
+void frmgrpRM::FORM_KEYPRESS(Key& key) {
+  trap("FORM_KEYPRESS", [&] {
+    if (key != keys::Escape) return;
+    key = keys::none;
+    if (state_ == State::sorting) {
+      if (ask("Do you want to Cancel Changes in Sorting Order?")) CMDCANCELM_CLICK();
+    } else if (editing() && ask("Do you want to Cancel Entry?")) {
+      if (famG.visible()) {
+        CMDCANCELG_CLICK();
+      } else {
+        CMDCANCELM_CLICK();
+      }
+    }
+  });
+}
+
+void frmgrpRM::FORM_UNLOAD(bool& cancel) {
+  trap("FORM_UNLOAD", [&] { cancel = !ask("Do you want to Exit?"); });
+}
+
+void frmgrpRM::showPage(Frame& page) {
+  for (Frame* each : {&famM, &famG}) each->setVisible(each == &page);
+}
+
+bool frmgrpRM::rowSelected(Grid& grid) {
+  if (grid.current() > 0) return true;
+  tell("Please Select an Item.");
+  focus(grid);
+  return false;
+}
+
+long frmgrpRM::idAt(const Grid& grid, int row, int column) {
+  return std::stol(grid.cell(row, column));
+}
+
+// --- lists --------------------------------------------------------------------------------------
+
+void frmgrpRM::LOADLIST() {
+  trap("LOADLIST", [&] {
+    seedHeads();
+    loadHeads();
+    loadGroups();
+  });
+}
+
+void frmgrpRM::seedHeads() {
+  if (!context_.query("Select * from RawMatGrpM Order by GrpId")->EOF_()) return;
+  for (const char* head : {"1,'RAW MATERIAL',1", "2,'FINISHED GOODS',2", "3,'WORK-IN-PROGRESS',3",
+                           "4,'STORES AND SPARES',4", "5,'OTHER CONSUMABLES',4"}) {
+    context_.host->ConQuery("Insert into RawMatGrpM Values (" + std::string(head) + ")");
+  }
+  flush();
+}
+
+void frmgrpRM::loadHeads() {
+  cbohead.clearItems();
+  const auto rows = context_.query("Select * from RawMatGrpM Order by GrpId");
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    cbohead.addItem(rows->text("GrpHead"), rows->integer("GrpId"));
+  }
+}
+
+void frmgrpRM::addIds(IdList& list, const std::string& sql) {
+  for (const auto rows = context_.query(sql); !rows->EOF_(); rows->MoveNext()) {
+    if (const auto id = rows->field(0)) list.add(*id);
+  }
+}
+
+// What each column may offer: the groups that the year's figures use, and those bound already.
+std::array<IdList, frmgrpRM::columns> frmgrpRM::groupsInUse() {
+  std::array<IdList, columns> lists;
+  const std::string& table = year_.table;
+  for (const int i : {0, 1}) {
+    addIds(lists[static_cast<std::size_t>(i)],
+           "Select Distinct " + table + ".allid from " + table + ",mast_allgrp Where " + table +
+               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + std::to_string(primaryGroups[i]) +
+               " and " + table + ".Code_No='" + client_ + "'");
+  }
+  const std::string stock = siblingTable(table, "TRADE_");
+  addIds(lists[2], "Select Distinct " + stock + ".allid from " + stock + ofClient());
+  const auto bound = context_.query("Select * from " + table_ + ofClient());
+  for (; !bound->EOF_(); bound->MoveNext()) {
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+      lists[i].add(sqlNumber(bound->integer(groupFields[i])));
+    }
+  }
+  return lists;
+}
+
+void frmgrpRM::loadGroups() {
+  const auto lists = groupsInUse();
+  for (int i = 0; i < columns; ++i) {
+    ComboBox& box = cbogroup[i];
+    box.clearItems();
+    box.addItem(none, 0);
+    const IdList& ids = lists[static_cast<std::size_t>(i)];
+    if (ids.empty()) continue;
+    const auto rows =
+        context_.query("Select * from Mast_AllGrp Where GID=" + std::to_string(primaryGroups[i]) +
+                       " and AllId in (" + ids.text() + ") Order by AllGrp");
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      box.addItem(rows->text("ALLGRP"), rows->integer("AllId"));
+    }
+  }
+}
+
+}  // namespace quillet

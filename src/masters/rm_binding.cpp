@@ -1,0 +1,354 @@
+// The binding page: the items of the client's year, their order, and their import from the year
+// before.
+#include <algorithm>
+#include <initializer_list>
+
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "data/year.h"
+#include "masters/frmgrpRM.h"
+
+namespace quillet {
+namespace {
+
+// The ids of the account groups stand in the columns from osColumn on, their names from osName on.
+enum Column { srNoColumn, headColumn, osColumn, orderColumn = 5, headName = 6, osName = 7 };
+constexpr const char* groupFields[] = {"OsGrpId", "PurGrpId", "CsGrpId"};
+
+// How a combo box lists the id; an id that it does not list is shown bare, "no head" not at all.
+std::string nameIn(const ComboBox& box, long id) {
+  const int position = box.findData(id);
+  if (position > 0) return box.items()[static_cast<std::size_t>(position - 1)];
+  return id == 0 ? "" : sqlNumber(id);
+}
+
+}  // namespace
+
+void frmgrpRM::attachBinding() {
+  vsfM.RowColChange = [this] { LOADDATAM(); };
+  vsfM.DblClick = [this] {
+    if (cmdmodifyM.enabled()) CMDMODIFYM_CLICK();
+  };
+  vsfM.KeyPress = [this](Key& key) { searchByTyping(vsfM, headName, key); };
+  cbohead.KeyPress = [this](Key& key) { enterIsTab(key); };
+  for (auto& box : cbogroup) box->KeyPress = [this](Key& key) { enterIsTab(key); };
+  cmdaddM.Click = [this] { CMDADDM_CLICK(); };
+  cmdmodifyM.Click = [this] { CMDMODIFYM_CLICK(); };
+  cmddeleteM.Click = [this] { CMDDELETEM_CLICK(); };
+  cmdupdateM.Click = [this] { CMDUPDATEM_CLICK(); };
+  cmdcancelM.Click = [this] { CMDCANCELM_CLICK(); };
+  cmdsortorder.Click = [this] { CMDSORTORDER_CLICK(); };
+  cmdup.Click = [this] { CMDUP_CLICK(); };
+  cmddown.Click = [this] { CMDDOWN_CLICK(); };
+  cmdgrpM.Click = [this] { CMDGRPM_CLICK(); };
+  cmdbackM.Click = [this] { CMDBACKM_CLICK(); };
+}
+
+// --- loading and showing ------------------------------------------------------------------------
+
+std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
+  std::vector<std::string> cells{row.text("SrNo"), sqlNumber(row.integer("GrpSr"))};
+  for (const char* field : groupFields) cells.push_back(sqlNumber(row.integer(field)));
+  cells.push_back(sqlNumber(row.integer("GrpOrder")));
+  cells.push_back(nameIn(cbohead, row.integer("GrpSr")));
+  for (int i = 0; i < columns; ++i) {
+    cells.push_back(nameIn(cbogroup[i], row.integer(groupFields[i])));
+  }
+  return cells;
+}
+
+bool frmgrpRM::LOADGRIDM(long srNo) {
+  bool loaded = false;
+  trap("LOADGRIDM", [&] {
+    std::string sql = "Select * from " + table_ + ofClient();
+    if (srNo > 0) sql += " and SrNo=" + sqlNumber(srNo);
+    const auto found = context_.query(sql);
+    std::vector<std::vector<std::string>> items;
+    for (; !found->EOF_(); found->MoveNext()) items.push_back(cellsOf(*found));
+    std::stable_sort(items.begin(), items.end(), [](const auto& a, const auto& b) {
+      return std::stol(a[orderColumn]) < std::stol(b[orderColumn]);
+    });
+    if (srNo == 0) {
+      vsfM.clearRows();
+      vsfM.clearSort();
+      for (auto& cells : items) vsfM.addRow(std::move(cells));
+    } else if (!items.empty()) {
+      int row = vsfM.find(srNoColumn, sqlNumber(srNo));
+      if (row == 0) row = vsfM.addRow({});
+      for (int c = 0; c < vsfM.cols(); ++c) {
+        vsfM.setCell(row, c, items.front()[static_cast<std::size_t>(c)]);
+      }
+      makeCurrent(vsfM, row);
+    }
+    loaded = true;
+  });
+  return loaded;
+}
+
+void frmgrpRM::LOADDATAM() {
+  trap("LOADDATAM", [&] {
+    const int row = vsfM.current();
+    if (row == 0) {
+      CLEARDATAM();
+      return;
+    }
+    cbohead.setChosen(cbohead.findData(idAt(vsfM, row, headColumn)));
+    for (int i = 0; i < columns; ++i) {
+      cbogroup[i].setChosen(cbogroup[i].findData(idAt(vsfM, row, osColumn + i)));
+    }
+  });
+}
+
+void frmgrpRM::CLEARDATAM() {
+  trap("CLEARDATAM", [&] {
+    cbohead.setChosen(0);
+    for (auto& box : cbogroup) box->setChosen(box->findData(0));
+  });
+}
+
+void frmgrpRM::setStateM(State state) {
+  state_ = state;
+  SETBUTTONSM();
+}
+
+void frmgrpRM::SETBUTTONSM() {
+  trap("SETBUTTONSM", [&] {
+    const bool browsing = state_ == State::browsing;
+    const bool sorting = state_ == State::sorting;
+    for (Button* command : {&cmdaddM, &cmdmodifyM, &cmddeleteM, &cmdgrpM, &cmdbackM}) {
+      command->setEnabled(browsing);
+    }
+    cmdsortorder.setEnabled(!editing());
+    cmdup.setEnabled(sorting);
+    cmddown.setEnabled(sorting);
+    cmdupdateM.setEnabled(!browsing);
+    cmdcancelM.setEnabled(!browsing);
+    vsfM.setEnabled(!editing());
+    cbohead.setEnabled(editing());
+    for (auto& box : cbogroup) box->setEnabled(editing());
+  });
+}
+
+void frmgrpRM::CMDADDM_CLICK() {
+  trap("CMDADDM_CLICK", [&] {
+    CLEARDATAM();
+    setStateM(State::adding);
+    focus(cbohead);
+  });
+}
+
+void frmgrpRM::CMDMODIFYM_CLICK() {
+  trap("CMDMODIFYM_CLICK", [&] {
+    if (!rowSelected(vsfM)) return;
+    LOADDATAM();
+    setStateM(State::modifying);
+    focus(cbohead);
+  });
+}
+
+void frmgrpRM::CMDCANCELM_CLICK() {
+  trap("CMDCANCELM_CLICK", [&] {
+    const bool moved = state_ == State::sorting;
+    setStateM(State::browsing);
+    if (moved) LOADGRIDM(0);
+    LOADDATAM();
+    focus(vsfM);
+  });
+}
+
+void frmgrpRM::CMDGRPM_CLICK() {
+  trap("CMDGRPM_CLICK", [&] {
+    showPage(famG);
+    LOADGRIDG(0);
+    CLEARDATAG();
+    setStateG(State::browsing);
+    focus(vsfG);
+  });
+}
+
+void frmgrpRM::CMDBACKM_CLICK() {
+  trap("CMDBACKM_CLICK", [&] { close(); });
+}
+
+// --- saving and deleting ------------------------------------------------------------------------
+
+void frmgrpRM::CMDUPDATEM_CLICK() {
+  trap("CMDUPDATEM_CLICK", [&] {
+    if (state_ == State::sorting) {
+      UPDATESORTNOS();
+      return;
+    }
+    if (!choicesHold() || !groupsFree()) return;
+    long srNo = 0;
+    if (state_ == State::adding) {
+      srNo = insertItem();
+    } else {
+      srNo = idAt(vsfM, vsfM.current(), srNoColumn);
+      updateItem(srNo);
+    }
+    setStateM(State::browsing);
+    LOADGRIDM(srNo);
+    focus(vsfM);
+  });
+}
+
+bool frmgrpRM::choicesHold() {
+  if (cbohead.chosen() == 0) {
+    tell("Please Select 'Raw Material Group Type'.");
+    focus(cbohead);
+    return false;
+  }
+  for (auto& box : cbogroup) {
+    if (box->chosenData() != 0) return true;
+  }
+  tell("Please Select Group for atleast one Item.");
+  focus(cbogroup[0]);
+  return false;
+}
+
+bool frmgrpRM::groupsFree() {
+  for (int i = 0; i < columns; ++i) {
+    const long group = cbogroup[i].chosenData();
+    if (group == 0) continue;
+    std::string sql =
+        "Select * from " + table_ + ofClient() + " and " + groupFields[i] + "=" + sqlNumber(group);
+    if (state_ == State::modifying) {
+      sql += " and SrNo<>" + vsfM.cell(vsfM.current(), srNoColumn);
+    }
+    if (context_.query(sql)->EOF_()) continue;
+    tell(lblgrp[i].caption() + " already used!!");
+    focus(cbogroup[i]);
+    return false;
+  }
+  return true;
+}
+
+long frmgrpRM::insertItem() {
+  const auto next = [&](const char* column) {
+    const auto row =
+        context_.query("Select Max(" + std::string(column) + ") from " + table_ + ofClient());
+    return row->integer(0) + 1;
+  };
+  const long srNo = next("SrNo");
+  const long order = next("GrpOrder");
+  change("Insert Into " + table_ + " Values ('" + client_ + "'," + sqlNumber(srNo) + "," +
+         sqlNumber(cbohead.chosenData()) + "," + sqlNumber(cbogroup[0].chosenData()) + "," +
+         sqlNumber(cbogroup[1].chosenData()) + ",0," + sqlNumber(cbogroup[2].chosenData()) + "," +
+         sqlNumber(order) + ")");
+  return srNo;
+}
+
+void frmgrpRM::updateItem(long srNo) {
+  change("Update " + table_ + " Set GrpSr=" + sqlNumber(cbohead.chosenData()) + ",OsGrpId=" +
+         sqlNumber(cbogroup[0].chosenData()) + ",PurGrpId=" + sqlNumber(cbogroup[1].chosenData()) +
+         ",SalGrpId=0,CsGrpId=" + sqlNumber(cbogroup[2].chosenData()) + ofClient() +
+         " and SrNo=" + sqlNumber(srNo));
+}
+
+void frmgrpRM::CMDDELETEM_CLICK() {
+  trap("CMDDELETEM_CLICK", [&] {
+    if (!rowSelected(vsfM) ||
+        !ask("Do you want to delele the Selected Item ?", "Delete Confirmation")) {
+      return;
+    }
+    const int row = vsfM.current();
+    const std::string order = vsfM.cell(row, orderColumn);
+    change("Delete from " + table_ + ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
+    change("Update " + table_ + " Set GrpOrder=GrpOrder-1" + ofClient() + " and GrpOrder>" + order);
+    LOADGRIDM(0);
+    makeCurrent(vsfM, std::min(row, vsfM.rows()));
+  });
+}
+
+// --- order --------------------------------------------------------------------------------------
+
+void frmgrpRM::CMDSORTORDER_CLICK() {
+  trap("CMDSORTORDER_CLICK", [&] {
+    if (state_ == State::sorting) {
+      UPDATESORTNOS();
+    } else {
+      setStateM(State::sorting);
+      focus(vsfM);
+    }
+  });
+}
+
+void frmgrpRM::CMDUP_CLICK() {
+  trap("CMDUP_CLICK", [&] { moveRow(-1); });
+}
+
+void frmgrpRM::CMDDOWN_CLICK() {
+  trap("CMDDOWN_CLICK", [&] { moveRow(1); });
+}
+
+void frmgrpRM::moveRow(int step) {
+  if (!rowSelected(vsfM)) return;
+  const int from = vsfM.current();
+  const int to = from + step;
+  if (to < 1 || to > vsfM.rows()) return;
+  for (int c = 0; c < vsfM.cols(); ++c) {
+    std::string moved = vsfM.cell(from, c);
+    vsfM.setCell(from, c, vsfM.cell(to, c));
+    vsfM.setCell(to, c, std::move(moved));
+  }
+  vsfM.setCurrent(to);
+}
+
+void frmgrpRM::UPDATESORTNOS() {
+  trap("UPDATESORTNOS", [&] {
+    if (!ask("Do you want to Update Sorting Order?")) return;
+    for (int row = 1; row <= vsfM.rows(); ++row) {
+      context_.host->ConQuery("Update " + table_ + " Set GrpOrder=" + std::to_string(row) +
+                              ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
+    }
+    flush();
+    const int row = vsfM.current();
+    setStateM(State::browsing);
+    LOADGRIDM(0);
+    vsfM.setCurrent(row);
+    focus(vsfM);
+  });
+}
+
+// --- the previous year --------------------------------------------------------------------------
+
+std::string frmgrpRM::previousTable() {
+  const auto row =
+      context_.query("Select * from master where code_no='" + client_ + "' and f_yr='" +
+                     firstDateKey(yearOf(year_.firstDate) - 1) + "' and s_yr='" +
+                     secondDateKey(yearOf(year_.secondDate) - 1) + "'");
+  if (row->EOF_()) return {};
+  const std::string suffix = context_.host->GETTBNAME(row->integer("Count"));
+  return suffix.empty() ? std::string() : siblingTable(trialBalanceTable(suffix), "RMGRP_");
+}
+
+void frmgrpRM::IMPORTFROMPREVYR() {
+  trap("IMPORTFROMPREVYR", [&] {
+    const std::string previous = previousTable();
+    if (previous.empty()) return;
+    const auto items =
+        context_.query("Select * from " + previous + ofClient() + " Order by GrpOrder");
+    if (items->EOF_() || !ask("Do you want to Import from Previous Year?")) return;
+    change("Insert into " + table_ + " Select * from " + previous + ofClient());
+    copySetup();
+    LOADLIST();
+    LOADGRIDM(0);
+  });
+}
+
+void frmgrpRM::copySetup() {
+  const int year = yearOf(year_.secondDate);
+  const auto setupOf = [&](int fYr) {
+    return context_.query("Select * from RmSchSetup" + ofClient() +
+                          " and FYr=" + std::to_string(fYr));
+  };
+  const auto previous = setupOf(year - 1);
+  if (previous->EOF_() || !setupOf(year)->EOF_()) return;
+  std::string values = "'" + client_ + "'," + std::to_string(year);
+  for (const char* field : {"Head", "RmGroup", "OsGroup", "PurGroup", "SalGroup", "CsGroup"}) {
+    values += "," + quoted(previous->text(field));
+  }
+  change("Insert into RmSchSetup Values (" + values + ")");
+}
+
+}  // namespace quillet

@@ -1,0 +1,221 @@
+// The heads page: the raw-material heads that all clients bind their groups to.
+#include <algorithm>
+
+#include "data/sql.h"
+#include "data/table_names.h"
+#include "data/text.h"
+#include "masters/frmgrpRM.h"
+#include "masters/year_tables.h"
+
+namespace quillet {
+namespace {
+
+enum Column { idColumn, headColumn, typeColumn, typeName };
+
+}  // namespace
+
+void frmgrpRM::attachHeads() {
+  for (const char* type : {"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS", "OTHERS"}) {
+    cbotype.addItem(type, cbotype.size() + 1);
+  }
+  txthead.maxLength = nameLength;
+  txthead.Overflow = [this] { lblhint.setCaption("A heading holds at most 100 characters."); };
+  txthead.Change = [this] { lblhint.setCaption(""); };
+  txthead.KeyPress = [this](Key& key) { enterIsTab(key); };
+  cbotype.KeyPress = [this](Key& key) { enterIsTab(key); };
+  lblhint.quiet = true;
+  vsfG.RowColChange = [this] { LOADDATAG(); };
+  vsfG.DblClick = [this] {
+    if (cmdmodifyG.enabled()) CMDMODIFYG_CLICK();
+  };
+  vsfG.KeyPress = [this](Key& key) { searchByTyping(vsfG, headColumn, key); };
+  cmdaddG.Click = [this] { CMDADDG_CLICK(); };
+  cmdmodifyG.Click = [this] { CMDMODIFYG_CLICK(); };
+  cmddeleteG.Click = [this] { CMDDELETEG_CLICK(); };
+  cmdupdateG.Click = [this] { CMDUPDATEG_CLICK(); };
+  cmdcancelG.Click = [this] { CMDCANCELG_CLICK(); };
+  cmdbackG.Click = [this] { CMDBACKG_CLICK(); };
+}
+
+// --- loading and showing ------------------------------------------------------------------------
+
+void frmgrpRM::LOADGRIDG(long grpId) {
+  trap("LOADGRIDG", [&] {
+    std::string sql = "Select * from RawMatGrpM";
+    if (grpId > 0) sql += " Where GrpId=" + sqlNumber(grpId);
+    const auto rows = context_.query(sql);
+    if (grpId == 0) {
+      vsfG.clearRows();
+      vsfG.clearSort();
+    }
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      const int type = cbotype.findData(rows->integer("GrpType"));
+      const std::vector<std::string> cells{
+          rows->text("GrpId"), rows->text("GrpHead"), sqlNumber(rows->integer("GrpType")),
+          type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : rows->text("GrpType")};
+      int row = grpId == 0 ? 0 : vsfG.find(idColumn, cells[idColumn]);
+      if (row == 0) row = vsfG.addRow(cells);
+      for (int c = 0; c < vsfG.cols(); ++c) {
+        vsfG.setCell(row, c, cells[static_cast<std::size_t>(c)]);
+      }
+      if (grpId > 0) makeCurrent(vsfG, row);
+    }
+  });
+}
+
+void frmgrpRM::LOADDATAG() {
+  trap("LOADDATAG", [&] {
+    const int row = vsfG.current();
+    if (row == 0) {
+      CLEARDATAG();
+      return;
+    }
+    txthead.setText(vsfG.cell(row, headColumn));
+    cbotype.setChosen(cbotype.findData(idAt(vsfG, row, typeColumn)));
+  });
+}
+
+void frmgrpRM::CLEARDATAG() {
+  trap("CLEARDATAG", [&] {
+    txthead.setText("");
+    cbotype.setChosen(0);
+  });
+}
+
+void frmgrpRM::setStateG(State state) {
+  state_ = state;
+  SETBUTTONG();
+}
+
+void frmgrpRM::SETBUTTONG() {
+  trap("SETBUTTONG", [&] {
+    for (Button* command : {&cmdaddG, &cmdmodifyG, &cmddeleteG, &cmdbackG}) {
+      command->setEnabled(!editing());
+    }
+    cmdupdateG.setEnabled(editing());
+    cmdcancelG.setEnabled(editing());
+    cbotype.setEnabled(editing());
+    vsfG.setEnabled(!editing());
+    txthead.setLocked(!editing());
+    txthead.tabStop = editing();
+    lblhint.setCaption("");
+  });
+}
+
+void frmgrpRM::CMDADDG_CLICK() {
+  trap("CMDADDG_CLICK", [&] {
+    CLEARDATAG();
+    setStateG(State::adding);
+    focus(txthead);
+  });
+}
+
+void frmgrpRM::CMDMODIFYG_CLICK() {
+  trap("CMDMODIFYG_CLICK", [&] {
+    if (!rowSelected(vsfG)) return;
+    LOADDATAG();
+    setStateG(State::modifying);
+    focus(txthead);
+    txthead.selectAll();
+  });
+}
+
+void frmgrpRM::CMDCANCELG_CLICK() {
+  trap("CMDCANCELG_CLICK", [&] {
+    setStateG(State::browsing);
+    LOADDATAG();
+    focus(vsfG);
+  });
+}
+
+void frmgrpRM::CMDBACKG_CLICK() {
+  trap("CMDBACKG_CLICK", [&] {
+    showPage(famM);
+    LOADLIST();
+    LOADGRIDM(0);
+    CLEARDATAM();
+    setStateM(State::browsing);
+    focus(vsfM);
+  });
+}
+
+// --- saving and deleting ------------------------------------------------------------------------
+
+void frmgrpRM::CMDUPDATEG_CLICK() {
+  // Logged under the name by which error logs have always known it.
+  trap("CMDUDPATEG_CLICK", [&] {
+    const std::string head(trimmed(txthead.text()));
+    if (!headHolds(head)) return;
+    const std::string type = sqlNumber(cbotype.chosenData());
+    long id = 0;
+    if (state_ == State::adding) {
+      id = context_.query("Select Max(GrpId) from RawMatGrpM")->integer(0) + 1;
+      change("Insert Into RawMatGrpM Values (" + sqlNumber(id) + "," + quoted(head) + "," + type +
+             ")");
+    } else {
+      id = idAt(vsfG, vsfG.current(), idColumn);
+      change("Update RawMatGrpM Set GrpHead=" + quoted(head) + ",GrpType=" + type +
+             " Where GrpId=" + sqlNumber(id));
+    }
+    setStateG(State::browsing);
+    LOADGRIDG(id);
+    focus(vsfG);
+  });
+}
+
+bool frmgrpRM::headHolds(const std::string& head) {
+  if (head.empty()) {
+    tell("Please Specify 'Heading'.");
+    focus(txthead);
+    return false;
+  }
+  if (cbotype.chosen() == 0) {
+    tell("Please Select 'Type'.");
+    focus(cbotype);
+    return false;
+  }
+  std::string sql = "Select * from RawMatGrpM Where GrpHead=" + quoted(head) +
+                    " and GrpType=" + sqlNumber(cbotype.chosenData());
+  if (state_ == State::modifying) sql += " and GrpId<>" + vsfG.cell(vsfG.current(), idColumn);
+  if (context_.query(sql)->EOF_()) return true;
+  tell("Duplicate Raw Material Group!!");
+  focus(txthead);
+  return false;
+}
+
+std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
+  std::optional<bool> bound;
+  trap("CHECKEXISTS", [&] {
+    bound = walkYearTables(
+        context_, "Searching for the Raw Material Group....", [&](const std::string& table) {
+          const auto rows = context_.query("Select * from " + siblingTable(table, "RMGRP_") +
+                                           " Where GrpSr=" + sqlNumber(grpId));
+          return !rows->EOF_();
+        });
+  });
+  return bound;
+}
+
+void frmgrpRM::CMDDELETEG_CLICK() {
+  trap("CMDDELETEG_CLICK", [&] {
+    if (!rowSelected(vsfG)) return;
+    const int row = vsfG.current();
+    const long id = idAt(vsfG, row, idColumn);
+    // What could not be searched to its end may be bound.
+    const std::optional<bool> bound = CHECKEXISTS(id);
+    if (!bound) return;
+    if (*bound) {
+      tell("Raw Material Group already in use. You can not delete this Group.");
+      return;
+    }
+    if (!ask("Do you want to delele the Raw Material Group [" + vsfG.cell(row, headColumn) + "] ?",
+             "Delete Confirmation")) {
+      return;
+    }
+    change("Delete from RawMatGrpM Where GrpId=" + sqlNumber(id));
+    vsfG.removeRow(row);
+    makeCurrent(vsfG, std::min(row, vsfG.rows()));
+  });
+}
+
+}  // namespace quillet

@@ -1,0 +1,376 @@
+// The raw-material binding through its form: lists, items, order, import, heads.
+#include <gtest/gtest.h>
+
+#include "masters/frmgrpRM.h"
+#include "masters/masters_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+class BindingTest : public MastersTest {
+ protected:
+  BindingTest() {
+    for (const char* name : {"OPEN A", "OPEN B", "OPEN UNUSED"}) group(name, 18);
+    for (const char* name : {"BUY A", "BUY B"}) group(name, 19);
+    for (const char* name : {"CLOSE A", "CLOSE UNUSED"}) group(name, 7);
+    addYear("C1", 2007);
+    addYear("C1", 2008,
+            {{"a", "OPEN A", 1}, {"b", "OPEN B", 1}, {"c", "BUY A", 1}, {"d", "BUY B", 1}});
+    addYear("O'C2", 2008);
+    addYear("O'C2", 2009, {{"e", "OPEN UNUSED", 1}});
+    exec("insert into TRADE_2(code_no,partid,allid,amt) values('C1',1," + id("CLOSE A") + ",1)");
+    neighbour = "values('O\\'C2',7,1," + id("OPEN A") + ",0,0,0,4)";
+    exec("insert into RMGRP_2 " + neighbour);
+  }
+  std::string id(const std::string& name) { return std::to_string(group(name)); }
+  void bind(const std::string& values) { exec("insert into " + values); }
+  // Shows the form without a question about the previous year.
+  void open() {
+    form.INITDATA({"C1", "Asha Traders", "TAB_2", "01042008", "31032009"});
+    form.showModal();
+    statements();
+  }
+  void enter(const std::string& head, const Texts& groups) {
+    if (!head.empty()) choose(form.cbohead, head);
+    for (int i = 0; i < 3; ++i) choose(form.cbogroup[i], groups[static_cast<std::size_t>(i)]);
+    press(form, form.cmdupdateM);
+  }
+  Rows stored(const std::string& client = "C1") {
+    return rows(
+        "select SrNo,GrpSr,OsGrpId,PurGrpId,SalGrpId,CsGrpId,GrpOrder from RMGRP_2 where "
+        "Code_No='" +
+        client + "' order by SrNo");
+  }
+  // Three items in the order 2, 3, 1 of their numbers.
+  void bindThree() {
+    bind("RMGRP_2 values('C1',1,1," + id("OPEN A") + ",0,0,0,3),('C1',2,2," + id("OPEN B") +
+         ",0,0,0,1),('C1',3,3,0," + id("BUY A") + ",0,0,2)");
+  }
+  Texts order() {
+    Texts heads;
+    for (const auto& row : shown(form.vsfM)) heads.push_back(row[0]);
+    return heads;
+  }
+  std::string told(const std::string& text) {
+    return text + "|OK information OK|" + form.caption();
+  }
+  std::string asked(const std::string& text, const std::string& title = {}) {
+    return text + "|YesNo question No|" + (title.empty() ? form.caption() : title);
+  }
+
+  frmgrpRM form{context()};
+  std::string neighbour;
+};
+
+TEST_F(BindingTest, SeedsTheHeadsAndOffersWhatTheYearUses) {
+  form.INITDATA({"C1", "Asha Traders", "tab_2", "01042008", "31032009"});
+  form.showModal();
+  EXPECT_EQ(form.caption(),
+            "Group Binding (Manufacturing) of Asha Traders for the Period from 01/04/2008 to "
+            "31/03/2009");
+  EXPECT_EQ(changes(),
+            (Texts{"Insert into RawMatGrpM Values (1,'RAW MATERIAL',1)",
+                   "Insert into RawMatGrpM Values (2,'FINISHED GOODS',2)",
+                   "Insert into RawMatGrpM Values (3,'WORK-IN-PROGRESS',3)",
+                   "Insert into RawMatGrpM Values (4,'STORES AND SPARES',4)",
+                   "Insert into RawMatGrpM Values (5,'OTHER CONSUMABLES',4)", "Flush Tables"}));
+  EXPECT_EQ(form.cbohead.items(), (Texts{"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS",
+                                         "STORES AND SPARES", "OTHER CONSUMABLES"}));
+  EXPECT_EQ(form.cbogroup[0].items(), (Texts{"(None)", "OPEN A", "OPEN B"}));
+  EXPECT_EQ(form.cbogroup[1].items(), (Texts{"(None)", "BUY A", "BUY B"}));
+  EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A"}));
+  EXPECT_EQ(form.vsfM.rows(), 0) << "the neighbour's items stay his";
+}
+
+TEST_F(BindingTest, OffersWhatIsBoundThoughTheYearHasLostIt) {
+  bind("RMGRP_2 values('C1',1,1," + id("OPEN UNUSED") + ",0,0," + id("CLOSE UNUSED") + ",1)");
+  exec("insert into RawMatGrpM values(1,'STEEL',1)");
+  form.INITDATA({"C1", "Asha Traders", "TAB_2", "01042008", "31032009"});
+  form.showModal();
+  EXPECT_EQ(form.cbogroup[0].items(), (Texts{"(None)", "OPEN A", "OPEN B", "OPEN UNUSED"}));
+  EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A", "CLOSE UNUSED"}));
+  EXPECT_EQ(shown(form.vsfM), (Rows{{"STEEL", "OPEN UNUSED", "(None)", "CLOSE UNUSED"}}));
+  const Texts sent = statements();
+  EXPECT_EQ(sent[2],
+            "Select Distinct TAB_2.allid from TAB_2,mast_allgrp Where "
+            "TAB_2.allid=mast_allgrp.allid and mast_allgrp.gid=18 and TAB_2.Code_No='C1'");
+  EXPECT_EQ(sent[4], "Select Distinct TRADE_2.allid from TRADE_2 Where Code_No='C1'");
+  EXPECT_EQ(sent[5], "Select * from RMGRP_2 Where Code_No='C1'");
+  EXPECT_EQ(sent[8], "Select * from Mast_AllGrp Where GID=7 and AllId in (" + id("CLOSE A") + "," +
+                         id("CLOSE UNUSED") + ") Order by AllGrp");
+}
+
+// --- items --------------------------------------------------------------------------------------
+
+TEST_F(BindingTest, AddsAndChangesItems) {
+  open();
+  press(form, form.cmdaddM);
+  EXPECT_EQ(form.cbogroup[1].text(), "(None)");
+  enter("RAW MATERIAL", {"OPEN A", "BUY A", "CLOSE A"});
+  const std::string column = " Where Code_No='C1' and ";
+  EXPECT_EQ(statements(), (Texts{"Select * from RMGRP_2" + column + "OsGrpId=" + id("OPEN A"),
+                                 "Select * from RMGRP_2" + column + "PurGrpId=" + id("BUY A"),
+                                 "Select * from RMGRP_2" + column + "CsGrpId=" + id("CLOSE A"),
+                                 "Select Max(SrNo) from RMGRP_2 Where Code_No='C1'",
+                                 "Select Max(GrpOrder) from RMGRP_2 Where Code_No='C1'",
+                                 "Insert Into RMGRP_2 Values ('C1',1,1," + id("OPEN A") + "," +
+                                     id("BUY A") + ",0," + id("CLOSE A") + ",1)",
+                                 "Flush Tables", "Select * from RMGRP_2" + column + "SrNo=1"}));
+  press(form, form.cmdaddM);
+  enter("RAW MATERIAL", {"OPEN B", "(None)", "(None)"});
+  EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", "OPEN A", "BUY A", "CLOSE A"},
+                                    {"RAW MATERIAL", "OPEN B", "(None)", "(None)"}}));
+  exec("update RMGRP_2 set SalGrpId=99 where Code_No='C1'");
+  statements();
+  press(form, form.cmdmodifyM);
+  enter("FINISHED GOODS", {"OPEN B", "BUY B", "(None)"});
+  EXPECT_EQ(statements()[2], "Update RMGRP_2 Set GrpSr=2,OsGrpId=" + id("OPEN B") +
+                                 ",PurGrpId=" + id("BUY B") +
+                                 ",SalGrpId=0,CsGrpId=0 Where Code_No='C1' and SrNo=2");
+  EXPECT_EQ(stored()[1], (Texts{"2", "2", id("OPEN B"), id("BUY B"), "0", "0", "2"}));
+  EXPECT_EQ(stored("O\\'C2").size(), 1U);
+}
+
+TEST_F(BindingTest, RefusalsComeInTheirOrder) {
+  bindThree();
+  open();
+  const Texts none = {"(None)", "(None)", "(None)"};
+  for (Button* command : {&form.cmdmodifyM, &form.cmddeleteM}) {
+    press(form, *command);
+    EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+  }
+  press(form, form.cmdaddM);
+  press(form, form.cmdupdateM);
+  EXPECT_EQ(onlyMessage(), told("Please Select 'Raw Material Group Type'."));
+  EXPECT_EQ(form.active(), &form.cbohead);
+  enter("RAW MATERIAL", none);
+  EXPECT_EQ(onlyMessage(), told("Please Select Group for atleast one Item."));
+  enter("", {"OPEN A", "BUY A", "(None)"});
+  EXPECT_EQ(onlyMessage(), told("Opening Stock already used!!"));
+  enter("", {"(None)", "BUY A", "(None)"});
+  EXPECT_EQ(onlyMessage(), told("Purchases already used!!"));
+  press(form, form.cmdcancelM);
+  pick(form.vsfM, 0, "1");
+  press(form, form.cmdmodifyM);
+  enter("", {"OPEN B", "(None)", "(None)"});
+  EXPECT_EQ(onlyMessage(), told("Opening Stock already used!!"));
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Escape);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Entry?"));
+  EXPECT_EQ(changes(), Texts());
+  enter("", {"OPEN A", "(None)", "(None)"});
+  EXPECT_TRUE(messages().empty()) << "an item's own group is free to it";
+}
+
+TEST_F(BindingTest, DeletingClosesTheGapInTheOrder) {
+  bindThree();
+  open();
+  EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "WORK-IN-PROGRESS", "RAW MATERIAL"}));
+  pick(form.vsfM, 0, "3");
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmddeleteM);
+  EXPECT_EQ(onlyMessage(),
+            asked("Do you want to delele the Selected Item ?", "Delete Confirmation"));
+  EXPECT_EQ(changes(), Texts());
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddeleteM);
+  EXPECT_EQ(changes(), (Texts{"Delete from RMGRP_2 Where Code_No='C1' and SrNo=3", "Flush Tables",
+                              "Update RMGRP_2 Set GrpOrder=GrpOrder-1 Where Code_No='C1' and "
+                              "GrpOrder>2",
+                              "Flush Tables"}));
+  EXPECT_EQ(rows("select SrNo,GrpOrder from RMGRP_2 where Code_No='C1' order by GrpOrder"),
+            (Rows{{"2", "1"}, {"1", "2"}}));
+  EXPECT_EQ(rows("select GrpOrder from RMGRP_2 where Code_No<>'C1'"), (Rows{{"4"}}));
+  EXPECT_EQ(form.vsfM.current(), 2);
+  EXPECT_EQ(form.cbohead.text(), "RAW MATERIAL") << "the fields follow";
+}
+
+TEST_F(BindingTest, SortsByHand) {
+  bindThree();
+  open();
+  EXPECT_FALSE(form.cmdup.enabled());
+  press(form, form.cmdsortorder);
+  press(form, form.cmdup);
+  EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+  pick(form.vsfM, 0, "1");
+  press(form, form.cmdup);
+  press(form, form.cmdup);
+  press(form, form.cmdup);
+  EXPECT_EQ(order(), (Texts{"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS"}));
+  press(form, form.cmddown);
+  EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL", "WORK-IN-PROGRESS"}));
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Changes in Sorting Order?"));
+  EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "WORK-IN-PROGRESS", "RAW MATERIAL"}));
+  EXPECT_EQ(changes(), Texts());
+
+  press(form, form.cmdsortorder);
+  pick(form.vsfM, 0, "3");
+  press(form, form.cmdup);
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmdupdateM);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Update Sorting Order?"));
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdupdateM);
+  const auto update = [](int place, int item) {
+    return "Update RMGRP_2 Set GrpOrder=" + std::to_string(place) +
+           " Where Code_No='C1' and SrNo=" + std::to_string(item);
+  };
+  EXPECT_EQ(changes(), (Texts{update(1, 3), update(2, 2), update(3, 1), "Flush Tables"}));
+  EXPECT_EQ(order(), (Texts{"WORK-IN-PROGRESS", "FINISHED GOODS", "RAW MATERIAL"}));
+  EXPECT_EQ(form.vsfM.current(), 1);
+  EXPECT_TRUE(form.cmdaddM.enabled());
+}
+
+TEST_F(BindingTest, AsksBeforeItCloses) {
+  open();
+  dialogs.queueAnswer(Answer::No);
+  press(form, form.cmdbackM);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Exit?"));
+  EXPECT_TRUE(form.visible());
+  dialogs.queueAnswer(Answer::Yes);
+  EXPECT_TRUE(form.close());
+}
+
+// --- the previous year --------------------------------------------------------------------------
+
+TEST_F(BindingTest, ImportsThePreviousYear) {
+  bind("RMGRP_1 values('C1',1,1," + id("OPEN A") + ",0,0,0,2),('C1',2,2," + id("OPEN B") +
+       ",0,0,0,1)");
+  bind("RMGRP_1 " + neighbour);
+  exec("insert into RmSchSetup values('C1',2008,'It\\'s','R','O','P','S','C')");
+  dialogs.queueAnswer(Answer::No);
+  open();
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Import from Previous Year?"));
+  EXPECT_EQ(stored(), Rows());
+  for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+  form.close();
+  statements();
+  form.showModal();
+  const Texts sent = statements();
+  const auto from = std::find(sent.begin(), sent.end(),
+                              "Select * from master where code_no='C1' and f_yr='01042007' and "
+                              "s_yr='31032008'");
+  ASSERT_NE(from, sent.end());
+  EXPECT_EQ(Texts(from + 1, from + 8),
+            (Texts{"Select * from RMGRP_1 Where Code_No='C1' Order by GrpOrder",
+                   "Insert into RMGRP_2 Select * from RMGRP_1 Where Code_No='C1'", "Flush Tables",
+                   "Select * from RmSchSetup Where Code_No='C1' and FYr=2008",
+                   "Select * from RmSchSetup Where Code_No='C1' and FYr=2009",
+                   "Insert into RmSchSetup Values ('C1',2009,'It\\'s','R','O','P','S','C')",
+                   "Flush Tables"}));
+  EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL"}));
+  EXPECT_EQ(stored().size(), 2U);
+  EXPECT_EQ(stored("O\\'C2").size(), 1U);
+  messages();
+  dialogs.queueAnswer(Answer::Yes);
+  form.close();
+  messages();
+  form.showModal();
+  EXPECT_TRUE(messages().empty()) << "a year that has a binding keeps it";
+}
+
+TEST_F(BindingTest, AnExistingSetupIsKept) {
+  bind("RMGRP_1 values('C1',1,1," + id("OPEN A") + ",0,0,0,1)");
+  exec(
+      "insert into RmSchSetup values('C1',2008,'old','','','','',''),"
+      "('C1',2009,'new','','','','','')");
+  dialogs.queueAnswer(Answer::Yes);
+  open();
+  EXPECT_EQ(rows("select Head from RmSchSetup where FYr=2009"), (Rows{{"new"}}));
+}
+
+TEST_F(BindingTest, NothingIsImportedWhenTheYearCannotBeRead) {
+  bindThree();
+  bind("RMGRP_1 values('C1',1,1,0,0,0,0,1)");
+  form.INITDATA({"C1", "Asha Traders", "TAB_2", "01042008", "31032009"});
+  // The second reading is the grid's; the first gathers the lists.
+  exec("rename table RMGRP_2 to RMGRP_AWAY");
+  form.showModal();
+  exec("rename table RMGRP_AWAY to RMGRP_2");
+  EXPECT_EQ(errors(), (Texts{"frmgrpRM\tLOADLIST", "frmgrpRM\tLOADGRIDM"}));
+  EXPECT_TRUE(messages().empty());
+  EXPECT_EQ(stored().size(), 3U);
+}
+
+// --- heads --------------------------------------------------------------------------------------
+
+TEST_F(BindingTest, KeepsTheHeads) {
+  open();
+  press(form, form.cmdgrpM);
+  EXPECT_EQ(shown(form.vsfG).back(), (Texts{"OTHER CONSUMABLES", "OTHERS"}));
+  press(form, form.cmdaddG);
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(onlyMessage(), told("Please Specify 'Heading'."));
+  type(form.txthead, "raw material");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(onlyMessage(), told("Please Select 'Type'."));
+  choose(form.cbotype, "RAW MATERIAL");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!"));
+  choose(form.cbotype, "OTHERS");
+  type(form.txthead, "RAW MATERIAL");
+  statements();
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(statements(),
+            (Texts{"Select * from RawMatGrpM Where GrpHead='RAW MATERIAL' and GrpType=4",
+                   "Select Max(GrpId) from RawMatGrpM",
+                   "Insert Into RawMatGrpM Values (6,'RAW MATERIAL',4)", "Flush Tables",
+                   "Select * from RawMatGrpM Where GrpId=6"}))
+      << "the same heading may stand under another type";
+  press(form, form.cmdmodifyG);
+  type(form.txthead, "O'Neill \\ \"x\"");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(changes(), (Texts{"Update RawMatGrpM Set GrpHead='O\\'Neill \\\\ \\\"x\\\"',GrpType=4 "
+                              "Where GrpId=6",
+                              "Flush Tables"}));
+  EXPECT_EQ(shown(form.vsfG).back(), (Texts{"O'Neill \\ \"x\"", "OTHERS"}));
+  press(form, form.cmdaddG);
+  type(form.txthead, "gone");
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Entry?"));
+  press(form, form.cmdbackG);
+  EXPECT_EQ(form.cbohead.items().back(), "O'Neill \\ \"x\"");
+}
+
+TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {
+  open();
+  press(form, form.cmdgrpM);
+  press(form, form.cmddeleteG);
+  EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+  pick(form.vsfG, 0, "1");
+  press(form, form.cmddeleteG);
+  EXPECT_EQ(onlyMessage(),
+            told("Raw Material Group already in use. You can not delete this Group."));
+  pick(form.vsfG, 0, "5");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddeleteG);
+  EXPECT_EQ(onlyMessage(), asked("Do you want to delele the Raw Material Group [OTHER "
+                                 "CONSUMABLES] ?",
+                                 "Delete Confirmation"));
+  EXPECT_EQ(statementsWith("GrpSr="),
+            (Texts{"Select * from RMGRP_1 Where GrpSr=1", "Select * from RMGRP_2 Where GrpSr=1",
+                   "Select * from RMGRP_1 Where GrpSr=5", "Select * from RMGRP_2 Where GrpSr=5"}));
+  EXPECT_EQ(form.vsfG.rows(), 4);
+  exec("update master set tbl_nm='TAB_404'");
+  press(form, form.cmddeleteG);
+  EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCHECKEXISTS"}));
+  EXPECT_EQ(value("select count(*) from RawMatGrpM"), "4");
+}
+
+TEST_F(BindingTest, AFailedSaveOfAHeadIsLoggedUnderItsOldName) {
+  open();
+  press(form, form.cmdgrpM);
+  press(form, form.cmdaddG);
+  type(form.txthead, "NEW");
+  choose(form.cbotype, "OTHERS");
+  host().statements().failNext("Insert Into RawMatGrpM");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCMDUDPATEG_CLICK"}));
+  EXPECT_TRUE(form.cmdupdateG.enabled());
+}
+
+}  // namespace
+}  // namespace quillet::support
