@@ -1,6 +1,7 @@
 #include "support/child.h"
 
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -41,6 +42,7 @@ Started start(const std::function<void(int pipe)>& work) {
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("no child");
   if (child == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // a test that is stopped leaves no child behind
     close(ends[0]);
     // Nothing may unwind from here into the copy of the test program.
     try {
