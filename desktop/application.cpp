@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
@@ -22,7 +23,10 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   // The desk says when the last form is closed; a help window left open does not keep the program.
   QApplication::setQuitOnLastWindowClosed(false);
   setTheme(theme::wanted());
-  windows_.onLastClosed = [] { QCoreApplication::exit(0); };
+  // Said without a loop that runs, it would end the next dialog's loop instead.
+  windows_.onLastClosed = [this] {
+    if (running_) QCoreApplication::exit(0);
+  };
   windows_.onHelp = [this](Form& form) {
     const HelpTopic* topic = helpOfForm(form.name());
     help(topic ? fromQt(topic->id) : std::string());
@@ -40,6 +44,7 @@ void Application::setTheme(theme::Scheme scheme) { theme::apply(scheme); }
 
 int Application::run() {
   if (!windows_.front()) return 0;
+  const QScopedValueRollback<bool> running(running_, true);
   return QApplication::exec();
 }
 

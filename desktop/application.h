@@ -70,6 +70,7 @@ class Application : public suite::FrontEnd {
   std::unique_ptr<HelpWindow> help_;
   QPointer<QWidget> report_;
   QDate printDate_;
+  bool running_ = false;
 };
 
 }  // namespace quillet::desktop

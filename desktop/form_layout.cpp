@@ -45,6 +45,11 @@ bool hasNoPlace(const Node& node) {
   return grid && grid->dropOf;
 }
 
+bool hasFixedHeight(const Node& node) {
+  const auto* grid = dynamic_cast<const Grid*>(node.control);
+  return grid && grid->fixedRows > 0;
+}
+
 // Whether the node makes use of more room than it needs.
 bool grows(const Node& node, Qt::Orientation direction) {
   if (hasNoPlace(node)) return false;
@@ -53,7 +58,8 @@ bool grows(const Node& node, Qt::Orientation direction) {
     case Node::Kind::stack:
       return true;
     case Node::Kind::control:
-      return isTable(node) || (direction == Qt::Horizontal && node.stretch > 0);
+      if (isTable(node)) return direction == Qt::Horizontal || !hasFixedHeight(node);
+      return direction == Qt::Horizontal && node.stretch > 0;
     default:
       return std::any_of(node.children.begin(), node.children.end(),
                          [&](const Node& child) { return grows(child, direction); });

@@ -31,6 +31,7 @@ GridTable::GridTable(Grid& grid, QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  horizontalHeader()->setMinimumSectionSize(theme::step(*this));
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setFocusPolicy(Qt::NoFocus);
   measure();

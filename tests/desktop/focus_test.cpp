@@ -155,10 +155,21 @@ TEST_F(Focus, ARefusedCloseLeavesTheWindow) {
   EXPECT_EQ(window(), nullptr);
   EXPECT_TRUE(desk.open().empty());
   settle();
+  // A script goes on after the last window: dialogs still wait for their answers.
+  whenAsked([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Y); });
+  EXPECT_EQ(
+      theApplication().dialogs().MsgBox({"Go on?", "", Buttons::YesNo, Icon::question, Answer::No}),
+      Answer::Yes);
   form.show();
   settle();
   ASSERT_TRUE(window());
   expectFocus(form.cmdmode[0]);
+}
+
+TEST_F(Focus, TheProgramEndsWithItsLastWindow) {
+  whenAsked([&] { window()->close(); });
+  EXPECT_EQ(theApplication().run(), 0);
+  EXPECT_TRUE(desk.open().empty());
 }
 
 TEST_F(Focus, AModalFormBlocksTheOneBelow) {

@@ -138,6 +138,8 @@ TEST_F(GridViews, FollowRowsThatComeAndGo) {
 }
 
 TEST_F(GridViews, ADraggedWidthGoesToTheModelInCharacters) {
+  window()->resize(1300, 700);
+  settle();
   QHeaderView* header = table()->horizontalHeader();
   const int before = form.vsf.columns()[3].width;
   const int one = table()->fontMetrics().horizontalAdvance('0');

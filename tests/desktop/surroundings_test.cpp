@@ -21,6 +21,10 @@ using Surrounding = Stand;
 
 QMessageBox* openBox() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
 
+Message saying(const std::string& text, Buttons buttons = Buttons::OK) {
+  return {text, "", buttons, Icon::none, Answer::OK};
+}
+
 TEST_F(Surrounding, MessageBoxesAnswerToTheirKeys) {
   struct Case {
     Buttons buttons;
@@ -68,7 +72,7 @@ TEST_F(Surrounding, MessageBoxesShowTheTextAsItIs) {
 TEST_F(Surrounding, AMessageDuringAClickStopsTheClick) {
   form.txtname.LostFocus = [] {
     whenAsked([] { QTest::keyClick(openBox(), Qt::Key_Return); });
-    theApplication().dialogs().MsgBox({.text = "Please specify Particulars."});
+    theApplication().dialogs().MsgBox(saying("Please specify Particulars."));
   };
   form.focus(form.txtname);
   settle();
@@ -83,7 +87,7 @@ TEST_F(Surrounding, DialogsCanBeExchanged) {
   suite::QueuedDialogs queue;
   queue.queueAnswer(Answer::Yes);
   theApplication().useDialogs(&queue);
-  EXPECT_EQ(theApplication().dialogs().MsgBox({.text = "Sure?", .buttons = Buttons::YesNo}), Answer::Yes);
+  EXPECT_EQ(theApplication().dialogs().MsgBox(saying("Sure?", Buttons::YesNo)), Answer::Yes);
   EXPECT_EQ(theApplication().popup({"One", "Two"}), 0);
   theApplication().useDialogs(nullptr);
   EXPECT_NE(&theApplication().dialogs(), &queue);
@@ -110,7 +114,7 @@ TEST_F(Surrounding, ProgressShowsOnlyWhenItLasts) {
     EXPECT_FALSE(panel->isVisible()) << "a question stands alone";
     QTest::keyClick(openBox(), Qt::Key_Return);
   });
-  app.dialogs().MsgBox({.text = "Import?"});
+  app.dialogs().MsgBox(saying("Import?"));
   app.showProgress(false);
   settle();
   EXPECT_EQ(form.txtamount.text(), "");

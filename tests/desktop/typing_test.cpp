@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QTableView>
 
 #include "desktop/stand.h"
 #include "desktop/text.h"
