@@ -39,6 +39,8 @@ void frmcrtb::attachMenus() {
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
   mnujournal.Click = [this] { MNUJOURNAL_CLICK(); };
+  mnunewgroup.Click = [this] { MNUNEWGROUP_CLICK(); };
+  cmdgrpmanf.Click = [this] { CMDGRPMANF_CLICK(); };
   mnurefresh.Click = [this] { REFRESHTB(); };
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };
@@ -129,12 +131,13 @@ Node frmcrtb::layout() {
     return row({item(lblyear[year], 0, 14), field("Debit", txttotdeb[year], amountWidth),
                 field("Credit", txttotcr[year], amountWidth), gap()});
   };
-  const Node difference = row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10)});
-  const Node stock = row({item(cmdclstock[0]), item(cmdclstock[1])});
+  const Node result =
+      column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
+                          item(cmdclstock[0]), item(cmdclstock[1])})});
   return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
                         framed(famGroups, {groupArrangement()}, 1),
                         framed(famSummary, {summaryArrangement()}, 1)}),
-                 row({column({totals(0), totals(1)}), gap(), difference, stock})});
+                 row({column({totals(0), totals(1)}), gap(), result})});
 }
 
 void frmcrtb::showPage(Frame& page) {

@@ -235,7 +235,7 @@ void frmcrtb::showEntries(const std::vector<Entry>& entries) {
 
 void frmcrtb::setGridColumns() {
   std::vector<GridColumn> columns{{.heading = "Particulars", .width = 40, .stretch = true},
-                                  {.heading = "Group", .width = 32}};
+                                  {.heading = "Group", .width = 40}};
   const auto addYear = [&](const char* heading) {
     columns.push_back(
         {.heading = heading, .align = Align::right, .width = amountWidth, .numeric = true});
@@ -407,8 +407,8 @@ void frmcrtb::SETBUTTON() {
     cmdless.setEnabled(groupsShown_ > 1);
     cmdupdate.setEnabled(vsf3.rows() > 0);
     mnujournal.setEnabled(hasTable());
-    // Its form is not part of the program yet.
-    mnunewgroup.setEnabled(false);
+    mnunewgroup.setEnabled(hasTable());
+    cmdgrpmanf.setEnabled(hasTable());
   });
 }
 
