@@ -17,7 +17,11 @@ GridView::GridView(Grid& grid, Stage& stage, QWidget* parent)
   adopt(table_);
   watch(table_->viewport());
   table_->setContextMenuPolicy(Qt::NoContextMenu);
-  table_->setMinimumHeight(table_->heightOf(3));
+  if (grid.fixedRows > 0) {
+    table_->setFixedHeight(table_->heightOf(grid.fixedRows));
+  } else {
+    table_->setMinimumHeight(table_->heightOf(3));
+  }
   table_->painter().edited = [this](int row, int column, const QString& text) {
     perform([&] { grid_.edit(row, column, fromQt(text)); });
   };

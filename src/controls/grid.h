@@ -83,6 +83,8 @@ class Grid : public Control {
   Control* dropOf = nullptr;
   // Rows of alternating shade, where long lines are read across.
   bool zebra = false;
+  // As high as so many rows, for a grid that always holds few; 0 takes what room there is.
+  int fixedRows = 0;
 
   bool takesFocus() const override { return dropOf == nullptr; }
   // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.

@@ -1,6 +1,9 @@
 // What the source files of the journal form share besides the form itself.
 #pragma once
 
+#include <string>
+
+#include "controls/text_box.h"
 #include "data/recordset.h"
 
 namespace quillet {
@@ -42,8 +45,14 @@ class Filling {
   bool before_;
 };
 
+// Writes a name so that its beginning is in view, however narrow the box.
+inline void putName(TextBox& box, const std::string& name) {
+  box.setText(name);
+  box.select(0, 0);
+}
+
 // How many lines of a voucher are in view at a time. Only these have a place in the form's
-// arrangement, so that a voucher of 200 lines is as quick to draw as one of eight.
-inline constexpr int linesInView = 8;
+// arrangement, so that a voucher of 200 lines is as quick to draw as one of ten.
+inline constexpr int linesInView = 10;
 
 }  // namespace quillet

@@ -57,6 +57,7 @@ void frmjrnl::attachEntry() {
        {.heading = "Debit Amount", .align = Align::right, .width = amountWidth, .numeric = true},
        {.heading = "Credit Amount", .align = Align::right, .width = amountWidth, .numeric = true}});
   vsf1.tabStop = false;
+  vsf1.fixedRows = 1;
   txtdt.Validate = [this](bool& cancel) { txtdt_VALIDATE(cancel); };
   txtdt.GotFocus = [this] { reveal(0); };
   txtnarr.maxLength = narrationLength;

@@ -127,7 +127,7 @@ void frmjrnl::copyLine(int from, int into) {
   ids_[static_cast<std::size_t>(into)] = ids_[static_cast<std::size_t>(from)];
   setSide(into, isDebit(from));
   for (auto* boxes : {&txtledger, &txtgroup, &txtdramt, &txtcramt}) {
-    (*boxes)[into].setText((*boxes)[from].text());
+    putName((*boxes)[into], (*boxes)[from].text());
   }
 }
 

@@ -244,8 +244,8 @@ void frmjrnl::fillLine(int line, Recordset& row, const VoucherFields& fields) {
   const double amount = row.number(fields.amount);
   const auto group = groupNames_.find(pair.allId);
   ids_[static_cast<std::size_t>(line)] = {pair, pair.partId};
-  txtledger[line].setText(context_.host->GetPart_MastPartId(pair.partId));
-  txtgroup[line].setText(group == groupNames_.end() ? "" : group->second);
+  putName(txtledger[line], context_.host->GetPart_MastPartId(pair.partId));
+  putName(txtgroup[line], group == groupNames_.end() ? std::string() : group->second);
   setSide(line, amount > 0);
   amountBox(line).setText(shown(std::fabs(amount)));
   posted_.add(pair, amount);

@@ -63,7 +63,7 @@ void frmjrnl::takeHighlighted(TextBox& box, Grid& list) {
   if (!list.visible() || list.current() == 0) return;
   {
     const Filling filling(filling_);
-    box.setText(std::string(trimmed(list.cell(list.current(), nameColumn))));
+    putName(box, std::string(trimmed(list.cell(list.current(), nameColumn))));
     const long id = std::stol(list.cell(list.current(), idColumn));
     if (&list == &VSF3) {
       ledgerTaken(box.index(), id);
@@ -89,6 +89,7 @@ void frmjrnl::TXTLEDGER_CHANGE(int line) {
 void frmjrnl::TXTLEDGER_LOSTFOCUS(int line) {
   trap("TXTLEDGER_LOSTFOCUS", [&] {
     VSF3.setVisible(false);
+    txtledger[line].select(0, 0);
     const bool givenUp = !Frame2.visible() || active() == &cmdcancel || active() == &cmdremove;
     if (!givenUp) takeLedger(line);
   });
@@ -104,8 +105,8 @@ bool frmjrnl::takeLedger(int line) {
   const long id = entry ? entry->id : CHECKLEDGER(name);
   {
     const Filling filling(filling_);
-    box.setText(id == 0 ? std::string()
-                        : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
+    putName(box,
+            id == 0 ? std::string() : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
     if (id != 0) ledgerTaken(line, id);
   }
   GETCURBALS();
@@ -119,7 +120,7 @@ void frmjrnl::ledgerTaken(int line, long id) {
   if (group != 0 && ids.proposedFor != id) {
     const auto name = groupNames_.find(group);
     ids.pair.allId = group;
-    txtgroup[line].setText(name == groupNames_.end() ? std::string() : name->second);
+    putName(txtgroup[line], name == groupNames_.end() ? std::string() : name->second);
   }
   ids.proposedFor = id;
 }
@@ -173,6 +174,7 @@ void frmjrnl::TXTGROUP_CHANGE(int line) {
 void frmjrnl::TXTGROUP_LOSTFOCUS(int line) {
   trap("TXTGROUP_LOSTFOCUS", [&] {
     VSF4.setVisible(false);
+    txtgroup[line].select(0, 0);
     if (Frame2.visible()) takeGroup(line);
   });
 }
@@ -188,7 +190,7 @@ void frmjrnl::takeGroup(int line) {
     if (entry) {
       const Filling filling(filling_);
       allId = entry->id;
-      box.setText(std::string(trimmed(entry->name)));
+      putName(box, std::string(trimmed(entry->name)));
     } else {
       hint("There is no group \"" + box.text() + "\".");
     }
