@@ -22,11 +22,13 @@ void restoreNumbers() { std::setlocale(LC_NUMERIC, "C"); }
 
 }  // namespace
 
+bool hasDisplay() {
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
 std::unique_ptr<desktop::Application> openDisplay() {
-  // Without any Qt would end the process.
-  if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM")) {
-    throw std::runtime_error("There is no display to open a window on.");
-  }
+  // Without one Qt would end the process.
+  if (!hasDisplay()) throw std::runtime_error("There is no display to open a window on.");
   auto application = std::make_unique<desktop::Application>(argumentCount, argumentValues);
   restoreNumbers();
   return application;

@@ -8,6 +8,7 @@
 
 namespace quillet::app {
 
+bool hasDisplay();
 // Opens the windows' side of the program. Throws std::runtime_error when there is no display.
 std::unique_ptr<desktop::Application> openDisplay();
 

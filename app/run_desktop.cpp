@@ -8,14 +8,19 @@
 namespace quillet::app {
 namespace {
 
-int work(desktop::Application& application, const std::filesystem::path& path) {
+int work(desktop::Application& application, suite::DataFolder folder) {
   suite::SystemClock clock;
-  suite::Practice practice(suite::DataFolder::open(path), application, clock);
+  suite::Practice practice(std::move(folder), application, clock);
   application.follow(practice.context().desk);
   practice.forms().ObjThird()->show();
   const int status = application.run();
   application.leave();
   return status;
+}
+
+// For who has started the program from a menu and sees no terminal.
+void tell(desktop::Application& application, const std::string& text) {
+  application.dialogs().MsgBox({text, "Quillet", Buttons::OK, Icon::critical});
 }
 
 }  // namespace
@@ -24,12 +29,12 @@ int runDesktop(const Options& options) {
   std::unique_ptr<desktop::Application> application;
   try {
     // A child process makes a new folder, and that has to begin before Qt starts its threads.
-    const std::filesystem::path path = folderToOpen(options.data);
+    suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
     application = openDisplay();
-    return work(*application, path);
+    return work(*application, std::move(folder));
   } catch (const std::exception& error) {
-    if (!application) application = openDisplay();
-    application->dialogs().MsgBox({error.what(), "Quillet", Buttons::OK, Icon::critical});
+    if (!application && hasDisplay()) application = openDisplay();
+    if (application) tell(*application, error.what());
     throw;
   }
 }

@@ -1,5 +1,5 @@
-// Whose standard error is. The server library takes it for its log when it starts and never gives it
-// back; the program's own words would be lost in that file.
+// Whose standard error is. The server library takes it for its log when it starts and never gives
+// it back; the program's own words would be lost in that file.
 #pragma once
 
 namespace quillet::suite {

@@ -9,7 +9,7 @@ local function stored() return support.stored(tab, "O''B") end
 
 -- Names come back as they were typed, and twice the same name is the same ledger.
 local names = {
-  "O'Brien", 'the "best"', "back\\slash", "\\'; drop table master; -- ", "Söhne & 北京",
+  "O'Brien", 'the "best"', "back\\slash", "\\'; drop table master; --", "Söhne & 北京",
   "🙂 smile", "100% _wild_", "=1+1", "`tick`", "tab-less  double blank",
 }
 for i, name in ipairs(names) do

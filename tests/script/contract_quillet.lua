@@ -36,7 +36,7 @@ equal(quillet.form("frmcrtb"), nil)
 quillet.add_client { code = "C1", name = "Client", born = "1.4.1980", status = "Firm",
   address = "1, Some Street", group_code = "G", group_name = "Group", company = "Co" }
 fails("no field 'nmae'", quillet.add_client, { code = "C2", nmae = "x" })
-fails("C1", quillet.add_client, { code = "c1", name = "Twice" })
+fails("c1", quillet.add_client, { code = "c1", name = "Twice" })
 fails("", quillet.add_client, { name = "Without a code" })
 fails("table expected", quillet.add_client, "C3")
 equal(quillet.query("select count(*) from Main_Info1")[1][1], 1)
@@ -54,7 +54,7 @@ fails("master_of_nothing", quillet.exec, "delete from master_of_nothing")
 
 -- Answers have to be known; none of a call is queued when one is not.
 fails("'Perhaps'", quillet.answer, "Yes", "Perhaps")
-fails("'Close'", quillet.refuse, "Close")
+fails('"Close"', quillet.refuse, "Close")
 
 -- Reports and pictures need something to show.
 equal(quillet.report(), nil)
