@@ -44,6 +44,7 @@ class frmcrtb : public Form {
   MenuEntry mnuline1{*this, "mnuline1", "-", &mnuentry};
   MenuEntry mnunewgroup{*this, "mnunewgroup", "&New Group...", &mnuentry};
   MenuEntry mnujournal{*this, "mnujournal", "Adjustment &Journal...", &mnuentry};
+  MenuEntry cmdgrpmanf{*this, "cmdgrpmanf", "Raw-&Material Binding...", &mnuentry};
   MenuEntry mnuline2{*this, "mnuline2", "-", &mnuentry};
   MenuEntry mnuexit{*this, "mnuexit", "&Back", &mnuentry, "Ctrl+W"};
   MenuEntry mnuview{*this, "mnuview", "&View"};
@@ -125,6 +126,10 @@ class frmcrtb : public Form {
   void MHELP_CLICK();
   void MNUEXIT_CLICK();
   void MNUJOURNAL_CLICK();
+
+  // --- the masters
+  void MNUNEWGROUP_CLICK();
+  void CMDGRPMANF_CLICK();
 
   // --- entry
   void MNUINSERT_CLICK();
@@ -287,6 +292,7 @@ class frmcrtb : public Form {
   bool written_ = false;                    // the report begun last is complete
   std::unique_ptr<StockForms> stockForms_;  // of the closing stock shown last
   std::unique_ptr<Form> journal_;           // the one opened last
+  std::unique_ptr<Form> master_;            // likewise
   bool leaving_ = false;  // the entry is being given up: empty fields are no mistake
 };
 

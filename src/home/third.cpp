@@ -26,7 +26,9 @@ third::third(Context& context)
     : Form(context.desk, "third"),
       ClGrd1(*this, "ClGrd1", context),
       context_(context),
-      deletion_(context) {
+      deletion_(context),
+      groupMaster_(context),
+      ledgerMaster_(context) {
   setCaption("Trial Balance");
   attachModes();
   KeyDown = [this](Key& key) { FORM_KEYDOWN(key); };
@@ -36,15 +38,13 @@ third::third(Context& context)
   MaskEdBox1.KeyPress = [this](Key& key) { MASKEDBOX1_KEYPRESS(key); };
   MaskEdBox2.GotFocus = [this] { MASKEDBOX2_GOTFOCUS(); };
   MaskEdBox2.KeyPress = [this](Key& key) { MASKEDBOX2_KEYPRESS(key); };
+  cmdgrpmas.Click = [this] { CMDGRPMAS_CLICK(); };
+  cmdledmas.Click = [this] { CMDLEDMAS_CLICK(); };
   mnurefresh.Click = [this] { MNUREFRESH_CLICK(); };
   mnuhelp.Click = [this] { MNUHELP_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
   lblstatus.quiet = true;
   lblprint.quiet = true;
-  // What their commands open is not part of the program yet.
-  for (Button* later : {&cmdgrpmas, &cmdledmas}) {
-    later->setEnabled(false);
-  }
 }
 
 void third::attachModes() {
@@ -294,6 +294,14 @@ void third::change(const std::string& sql) {
 }
 
 // --- the other commands -------------------------------------------------------------------------
+
+void third::CMDGRPMAS_CLICK() {
+  trap("CMDGRPMAS_CLICK", [&] { groupMaster_.showModal(); });
+}
+
+void third::CMDLEDMAS_CLICK() {
+  trap("CMDLEDMAS_CLICK", [&] { ledgerMaster_.showModal(); });
+}
 
 void third::MNUREFRESH_CLICK() {
   trap("MNUREFRESH_CLICK", [&] {

@@ -14,6 +14,8 @@
 #include "deletion/frmdelwhatinTB.h"
 #include "home/cl_grd.h"
 #include "host/context.h"
+#include "masters/frmgrpmas.h"
+#include "masters/frmtbledmas.h"
 
 namespace quillet {
 
@@ -69,6 +71,8 @@ class third : public Form {
   // Copies the particulars of the table given into the new year's; false on failure.
   bool DATA_TRANSFER(const std::string& previousTable);
   // --- the other commands
+  void CMDGRPMAS_CLICK();
+  void CMDLEDMAS_CLICK();
   void MNUREFRESH_CLICK();
   void MNUHELP_CLICK();
   void MNUEXIT_CLICK();
@@ -137,6 +141,8 @@ class third : public Form {
 
   Context& context_;
   frmdelwhatinTB deletion_;
+  frmgrpmas groupMaster_;
+  frmtbledmas ledgerMaster_;
   std::string mode_;
   std::string clientName_;
   NewYear newYear_;
