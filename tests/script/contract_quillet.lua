@@ -59,7 +59,7 @@ fails('"Close"', quillet.refuse, "Close")
 -- Reports and pictures need something to show.
 equal(quillet.report(), nil)
 fails("no report", quillet.save_report, "x.pdf")
-fails("--show", quillet.screenshot, "x.png")
+fails("take a picture of", quillet.screenshot, "x.png")
 assert(quillet.paths.exe ~= "" and quillet.paths.doc ~= "" and quillet.paths.exe ~= quillet.paths.doc)
 
 -- What a script fails comes from the database as far as the module can tell: one line in the log,
