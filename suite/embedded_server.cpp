@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <mysql.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -71,8 +72,12 @@ bool startServerLibrary(const fs::path& folder) {
   std::array<char, 9> embedded{"embedded"};
   std::array<char, 7> server{"server"};
   std::array<char*, 3> groups{embedded.data(), server.data(), nullptr};
-  return mysql_server_init(static_cast<int>(arguments.size()), arguments.data(), groups.data()) ==
-         0;
+  // The library changes the mask for new files; exports and reports are to keep the user's.
+  const mode_t mask = umask(0);
+  const bool begun =
+      mysql_server_init(static_cast<int>(arguments.size()), arguments.data(), groups.data()) == 0;
+  umask(mask);
+  return begun;
 }
 
 EmbeddedServer::EmbeddedServer(const fs::path& folder)
