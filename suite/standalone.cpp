@@ -51,6 +51,10 @@ std::unique_ptr<StockForms> Standalone::createStockForms(Desk& desk) {
   return std::make_unique<StockFormsOnDesk>(desk, dialogs());
 }
 
+std::unique_ptr<Spreadsheet> Standalone::createSpreadsheet() {
+  return std::make_unique<CalcSpreadsheet>(calc_);
+}
+
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,
                    Clock& clock)
     : folder_(std::move(folder)),

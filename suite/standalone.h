@@ -4,8 +4,10 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "host/forms.h"
+#include "suite/calc_spreadsheet.h"
 #include "suite/data_folder.h"
 #include "suite/database.h"
 #include "suite/document.h"
@@ -25,8 +27,12 @@ class Standalone : public Surroundings {
   std::unique_ptr<ServiceObject> createServiceObject() override;
   std::unique_ptr<Reporter> createReporter() override;
   std::unique_ptr<StockForms> createStockForms(Desk& desk) override;
+  std::unique_ptr<Spreadsheet> createSpreadsheet() override;
   Dialogs& dialogs() override { return frontEnd_.dialogs(); }
   Clock& clock() override { return clock_; }
+
+  // Another helper for workbooks than the one beside our program.
+  void useCalc(CalcOptions options) { calc_ = std::move(options); }
 
   // The last report shown.
   const std::optional<Document>& lastReport() const { return lastReport_; }
@@ -38,6 +44,7 @@ class Standalone : public Surroundings {
   Database& database_;
   FrontEnd& frontEnd_;
   Clock& clock_;
+  CalcOptions calc_ = CalcOptions::standard();
   std::optional<Document> lastReport_;
 };
 

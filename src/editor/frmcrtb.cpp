@@ -24,6 +24,7 @@ frmcrtb::frmcrtb(Context& context) : Form(context.desk, "frmcrtb"), context_(con
   attachGroupView();
   attachSummary();
   attachPrinting();
+  attachExport();
   showPage(famLines);
 }
 
@@ -133,7 +134,7 @@ Node frmcrtb::layout() {
   };
   const Node result =
       column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
-                          item(cmdclstock[0]), item(cmdclstock[1])})});
+                          item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
                         framed(famGroups, {groupArrangement()}, 1),
                         framed(famSummary, {summaryArrangement()}, 1)}),

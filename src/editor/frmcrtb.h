@@ -63,6 +63,7 @@ class frmcrtb : public Form {
   MenuEntry mnuprint{*this, "mnuprint", "Prin&t"};
   MenuEntry mnuPreview{*this, "mnuPreview", "&Trial Balance...", &mnuprint, "Ctrl+P"};
   MenuEntry mnuprnsumm{*this, "mnuprnsumm", "&Summary Figures...", &mnuprint};
+  MenuEntry mnuexport{*this, "mnuexport", "&Export to Excel...", &mnuprint, "Ctrl+E"};
   MenuEntry mnuhelpmenu{*this, "mnuhelpmenu", "&Help"};
   MenuEntry mhelp{*this, "mhelp", "&Trial Balance Editor", &mnuhelpmenu, "F1"};
 
@@ -103,6 +104,8 @@ class frmcrtb : public Form {
   TextBox txtdiff{*this, "txtdiff"};
   TextBox txtdifft{*this, "txtdifft"};
   ControlArray<Button> cmdclstock{*this, "cmdclstock", {"Closing &Stock", "Closing Stoc&k (Prev)"}};
+
+  Button cmdexport{*this, "cmdexport", "E&xport"};
 
   // --- loading
   void FORM_LOAD();
@@ -171,6 +174,7 @@ class frmcrtb : public Form {
   void CMDPRNSUMM_CLICK();
   void PrintTrial();
   void REPORT_SUMM();
+  void CMDEXPORT_CLICK();
 
  protected:
   void load() override { FORM_LOAD(); }
@@ -193,6 +197,7 @@ class frmcrtb : public Form {
   void attachGroupView();
   void attachSummary();
   void attachPrinting();
+  void attachExport();
   Node groupArrangement();
   Node summaryArrangement();
   // Shows one of the three: lines, groups, summary.
@@ -251,6 +256,8 @@ class frmcrtb : public Form {
   // Printing.
   void showReport(const std::function<void()>& write);
   void printTitle(const std::string& title);
+  std::string exportTo(const std::string& source, const std::string& target);
+  void exportRows(Workbook& workbook, int sheet);
 
   // Entry.
   void clearEntry();

@@ -402,6 +402,8 @@ void frmcrtb::SETBUTTON() {
     mnushsumm.setEnabled(hasTable());
     mnuPreview.setEnabled(hasTable());
     mnuprnsumm.setEnabled(hasTable());
+    mnuexport.setEnabled(hasTable());
+    cmdexport.setEnabled(hasTable());
     for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setEnabled(hasTable());
     cmdadd.setEnabled(cbogroup.chosen() + groupsShown_ <= cbogroup.size());
     cmdless.setEnabled(groupsShown_ > 1);

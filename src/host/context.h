@@ -19,6 +19,7 @@ class Surroundings {
   virtual std::unique_ptr<Reporter> createReporter() = 0;
   // Made anew for each use; its form opens on the desk.
   virtual std::unique_ptr<StockForms> createStockForms(Desk& desk) = 0;
+  virtual std::unique_ptr<Spreadsheet> createSpreadsheet() = 0;
   virtual Dialogs& dialogs() = 0;
   virtual Clock& clock() = 0;
 };

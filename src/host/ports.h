@@ -216,4 +216,26 @@ class StockForms {
   virtual StockForm& ObjTrade() = 0;
 };
 
+// --- the spreadsheet application -----------------------------------------------------------------
+
+// An open workbook. Worksheets count from 0, rows and columns from 1. Texts stay texts whatever
+// they look like. A cell that cannot be written may be told only by Save.
+class Workbook {
+ public:
+  virtual ~Workbook() = default;
+  virtual const std::vector<std::string>& Worksheets() const = 0;
+  virtual void Cells(int worksheet, int row, int column, const std::string& text) = 0;
+  virtual void Cells(int worksheet, int row, int column, double number) = 0;
+  virtual void Save() = 0;
+  virtual void Close() = 0;
+};
+
+// Gone when the object is, whether or not it was told to quit.
+class Spreadsheet {
+ public:
+  virtual ~Spreadsheet() = default;
+  virtual Workbook& Open(const std::string& path) = 0;
+  virtual void Quit() = 0;
+};
+
 }  // namespace quillet

@@ -1,0 +1,202 @@
+#include "calc/book.h"
+
+#include <algorithm>
+#include <com/sun/star/beans/PropertyValue.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XIndexAccess.hpp>
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XCellRangeData.hpp>
+#include <com/sun/star/sheet/XSheetCellCursor.hpp>
+#include <com/sun/star/sheet/XUsedAreaCursor.hpp>
+#include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/util/XCloseable.hpp>
+#include <com/sun/star/util/XNumberFormatsSupplier.hpp>
+#include <osl/file.hxx>
+#include <stdexcept>
+
+#include "calc/text.h"
+
+namespace quillet::calc {
+namespace {
+
+namespace beans = com::sun::star::beans;
+namespace container = com::sun::star::container;
+namespace sheet_ = com::sun::star::sheet;
+namespace table = com::sun::star::table;
+namespace util = com::sun::star::util;
+
+// What a workbook of this kind has room for.
+constexpr int mostRows = 65'536;
+constexpr int mostColumns = 256;
+const std::string filter = "MS Excel 97";
+
+rtl::OUString urlOf(const std::string& path) {
+  rtl::OUString url;
+  if (osl::FileBase::getFileURLFromSystemPath(fromUtf8(path), url) != osl::FileBase::E_None) {
+    throw std::runtime_error("LibreOffice does not take the path " + path);
+  }
+  return url;
+}
+
+template <class T>
+beans::PropertyValue property(const char* name, const T& value) {
+  beans::PropertyValue property;
+  property.Name = rtl::OUString::createFromAscii(name);
+  property.Value <<= value;
+  return property;
+}
+
+uno::Sequence<beans::PropertyValue> properties(const std::vector<beans::PropertyValue>& all) {
+  return {all.data(), static_cast<sal_Int32>(all.size())};
+}
+
+uno::Reference<sheet_::XSpreadsheetDocument> load(const Office& office, const rtl::OUString& url) {
+  constexpr sal_Int16 never = 0;  // no macros, no updates of links
+  const auto how = properties({property("Hidden", true), property("MacroExecutionMode", never),
+                               property("UpdateDocMode", never)});
+  const uno::Reference<frame::XComponentLoader> loader(office.desktop(), uno::UNO_QUERY_THROW);
+  const auto component = loader->loadComponentFromURL(url, rtl::OUString("_blank"), 0, how);
+  uno::Reference<sheet_::XSpreadsheetDocument> document(component, uno::UNO_QUERY);
+  if (document.is()) return document;
+  const uno::Reference<util::XCloseable> other(component, uno::UNO_QUERY);
+  if (other.is()) other->close(false);
+  throw std::runtime_error("The file is no workbook");
+}
+
+uno::Any anyOf(const Value& value) {
+  if (const auto* number = std::get_if<double>(&value)) return uno::Any(*number);
+  if (const auto* text = std::get_if<std::string>(&value)) return uno::Any(fromUtf8(*text));
+  return {};
+}
+
+Value valueOf(const uno::Any& any) {
+  double number = 0;
+  rtl::OUString text;
+  if (any >>= number) return number;
+  if ((any >>= text) && !text.isEmpty()) return toUtf8(text);
+  return {};
+}
+
+}  // namespace
+
+Book::Book(const Office& office, const std::string& path) : document_(load(office, urlOf(path))) {}
+
+Book::Book(const Office& office)
+    : document_(load(office, rtl::OUString("private:factory/scalc"))) {}
+
+Book::~Book() {
+  try {
+    const uno::Reference<util::XCloseable> closeable(document_, uno::UNO_QUERY);
+    if (closeable.is()) closeable->close(true);
+  } catch (const uno::Exception&) {
+    // What is not closed goes with LibreOffice.
+  }
+}
+
+Book::SheetRef Book::sheet(int index) const {
+  const uno::Reference<container::XIndexAccess> all(document_->getSheets(), uno::UNO_QUERY_THROW);
+  return SheetRef(all->getByIndex(index), uno::UNO_QUERY_THROW);
+}
+
+std::vector<std::string> Book::sheets() const {
+  std::vector<std::string> names;
+  for (const rtl::OUString& name : document_->getSheets()->getElementNames()) {
+    names.push_back(toUtf8(name));
+  }
+  return names;
+}
+
+void Book::set(int sheet, int row, int column, Value value) {
+  if (row < 1 || row > mostRows || column < 1 || column > mostColumns) {
+    throw std::runtime_error("A workbook of this kind has room for 65,536 rows");
+  }
+  gathered_[sheet][{row, column}] = std::move(value);
+}
+
+void Book::writeGathered() {
+  for (const auto& [index, cells] : gathered_) {
+    int top = mostRows, bottom = 1, left = mostColumns, right = 1;
+    for (const auto& [at, value] : cells) {
+      top = std::min(top, at.first);
+      bottom = std::max(bottom, at.first);
+      left = std::min(left, at.second);
+      right = std::max(right, at.second);
+    }
+    uno::Sequence<uno::Sequence<uno::Any>> data(bottom - top + 1);
+    auto* rows = data.getArray();
+    for (sal_Int32 row = 0; row < data.getLength(); ++row) rows[row].realloc(right - left + 1);
+    for (const auto& [at, value] : cells) {
+      rows[at.first - top].getArray()[at.second - left] = anyOf(value);
+    }
+    const uno::Reference<sheet_::XCellRangeData> range(
+        sheet(index)->getCellRangeByPosition(left - 1, top - 1, right - 1, bottom - 1),
+        uno::UNO_QUERY_THROW);
+    range->setDataArray(data);
+  }
+  gathered_.clear();
+}
+
+std::vector<std::vector<Value>> Book::values(int index) const {
+  const SheetRef from = sheet(index);
+  const auto cursor = from->createCursor();
+  uno::Reference<sheet_::XUsedAreaCursor>(cursor, uno::UNO_QUERY_THROW)->gotoEndOfUsedArea(false);
+  const auto end = uno::Reference<sheet_::XCellRangeAddressable>(cursor, uno::UNO_QUERY_THROW)
+                       ->getRangeAddress();
+  const uno::Reference<sheet_::XCellRangeData> range(
+      from->getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow), uno::UNO_QUERY_THROW);
+  std::vector<std::vector<Value>> values;
+  for (const auto& row : range->getDataArray()) {
+    auto& cells = values.emplace_back();
+    for (const uno::Any& cell : row) cells.push_back(valueOf(cell));
+  }
+  return values;
+}
+
+void Book::save() {
+  writeGathered();
+  uno::Reference<frame::XStorable>(document_, uno::UNO_QUERY_THROW)->store();
+}
+
+void Book::saveAs(const std::string& path) {
+  writeGathered();
+  uno::Reference<frame::XStorable>(document_, uno::UNO_QUERY_THROW)
+      ->storeToURL(urlOf(path), properties({property("FilterName", fromUtf8(filter))}));
+}
+
+void Book::makeTemplate() {
+  constexpr struct {
+    const char* heading;
+    sal_Int32 width;  // hundredths of a millimetre
+    bool amount;
+  } columns[] = {{"S. No.", 1'600, false},
+                 {"Particulars", 8'500, false},
+                 {"Group", 6'500, false},
+                 {"Amount (Dr)", 3'800, true},
+                 {"Amount (Cr)", 3'800, true}};
+  const SheetRef tb = sheet(0);
+  uno::Reference<container::XNamed>(tb, uno::UNO_QUERY_THROW)->setName(rtl::OUString("TB"));
+  const uno::Reference<util::XNumberFormatsSupplier> formats(document_, uno::UNO_QUERY_THROW);
+  const rtl::OUString amountFormat("#,##0.00");
+  const auto known = formats->getNumberFormats();
+  sal_Int32 amounts = known->queryKey(amountFormat, {}, false);
+  if (amounts < 0) amounts = known->addNew(amountFormat, {});
+  const auto sheetColumns =
+      uno::Reference<table::XColumnRowRange>(tb, uno::UNO_QUERY_THROW)->getColumns();
+  for (int i = 0; i < static_cast<int>(std::size(columns)); ++i) {
+    const uno::Reference<beans::XPropertySet> column(sheetColumns->getByIndex(i),
+                                                     uno::UNO_QUERY_THROW);
+    column->setPropertyValue(rtl::OUString("Width"), uno::Any(columns[i].width));
+    if (columns[i].amount) {
+      column->setPropertyValue(rtl::OUString("NumberFormat"), uno::Any(amounts));
+    }
+    const uno::Reference<beans::XPropertySet> heading(tb->getCellByPosition(i, 0),
+                                                      uno::UNO_QUERY_THROW);
+    constexpr float bold = 150;
+    heading->setPropertyValue(rtl::OUString("CharWeight"), uno::Any(bold));
+    set(0, 1, i + 1, std::string(columns[i].heading));
+  }
+}
+
+}  // namespace quillet::calc

@@ -1,0 +1,50 @@
+// A workbook that is open in LibreOffice. Cells are gathered and go in at once, as texts and
+// numbers: nothing that a person called a ledger ever becomes a formula.
+#pragma once
+
+#include <com/sun/star/sheet/XSpreadsheet.hpp>
+#include <com/sun/star/sheet/XSpreadsheetDocument.hpp>
+#include <map>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "calc/office.h"
+
+namespace quillet::calc {
+
+using Value = std::variant<std::monostate, double, std::string>;
+
+class Book {
+ public:
+  // An existing file. Throws std::runtime_error when it is no workbook.
+  Book(const Office& office, const std::string& path);
+  // A new one with one sheet.
+  explicit Book(const Office& office);
+  ~Book();
+  Book(const Book&) = delete;
+  Book& operator=(const Book&) = delete;
+
+  std::vector<std::string> sheets() const;
+  // Rows and columns count from 1, sheets from 0.
+  void set(int sheet, int row, int column, Value value);
+  // Everything from the first cell to the last one in use.
+  std::vector<std::vector<Value>> values(int sheet) const;
+
+  void save();
+  void saveAs(const std::string& path);
+
+  // The template: one sheet with a heading row, its columns ready for names and amounts.
+  void makeTemplate();
+
+ private:
+  using SheetRef = uno::Reference<com::sun::star::sheet::XSpreadsheet>;
+  SheetRef sheet(int index) const;
+  void writeGathered();
+
+  uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> document_;
+  std::map<int, std::map<std::pair<int, int>, Value>> gathered_;  // sheet, row and column
+};
+
+}  // namespace quillet::calc

@@ -1,0 +1,164 @@
+// quillet-calc: works LibreOffice Calc for Quillet, in a process of its own so that Quillet starts
+// without LibreOffice and survives its end.
+//
+//   quillet-calc                   obeys the lines on standard input (suite/calc_lines.h)
+//   quillet-calc --template PATH   makes the template of the export
+//   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines
+#include <stdlib.h>
+
+#include <charconv>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+
+#include "calc/book.h"
+#include "calc/text.h"
+#include "suite/calc_lines.h"
+
+namespace quillet::calc {
+namespace {
+
+using suite::CalcLine;
+
+int integerIn(const std::string& text) { return std::stoi(text); }
+
+double numberIn(const std::string& text) {
+  double number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+// Obeys one line after the other. Cells are only gathered, so they get no answer; one that does not
+// fit is told when the workbook is saved.
+class Server {
+ public:
+  // False after "quit".
+  bool obey(const CalcLine& line) {
+    const std::string& command = line.at(0);
+    if (command == "text" || command == "number") {
+      gather(line);
+      return true;
+    }
+    answer(line);
+    return command != "quit";
+  }
+
+ private:
+  void gather(const CalcLine& line) {
+    try {
+      book().set(integerIn(line.at(1)), integerIn(line.at(2)), integerIn(line.at(3)),
+                 line.at(0) == "number" ? Value(numberIn(line.at(4))) : Value(line.at(4)));
+    } catch (const std::exception& error) {
+      if (failure_.empty()) failure_ = error.what();
+    }
+  }
+
+  void answer(const CalcLine& line) {
+    CalcLine reply{"ok"};
+    try {
+      obeyed(line, reply);
+    } catch (const uno::Exception& error) {
+      reply = {"error", error.Message.isEmpty() ? "LibreOffice failed" : toUtf8(error.Message)};
+    } catch (const std::exception& error) {
+      reply = {"error", error.what()};
+    }
+    std::cout << suite::calcText(reply) << std::flush;
+  }
+
+  void obeyed(const CalcLine& line, CalcLine& reply) {
+    const std::string& command = line.at(0);
+    if (command == "open") {
+      if (!office_) office_ = std::make_unique<Office>();
+      book_ = std::make_unique<Book>(*office_, line.at(1));
+      for (std::string& name : book_->sheets()) reply.push_back(std::move(name));
+    } else if (command == "save") {
+      if (!failure_.empty()) throw std::runtime_error(failure_);
+      book().save();
+    } else if (command == "close") {
+      book_.reset();
+    } else if (command == "quit") {
+      book_.reset();
+      office_.reset();
+    } else {
+      throw std::runtime_error("unknown command " + command);
+    }
+  }
+
+  Book& book() {
+    if (!book_) throw std::runtime_error("no workbook is open");
+    return *book_;
+  }
+
+  std::unique_ptr<Office> office_;
+  std::unique_ptr<Book> book_;
+  std::string failure_;
+};
+
+int serve() {
+  Server server;
+  for (std::string text; std::getline(std::cin, text);) {
+    if (!server.obey(suite::calcLine(text))) break;
+  }
+  return 0;
+}
+
+int makeTemplate(const std::string& path) {
+  const Office office;
+  Book book(office);
+  book.makeTemplate();
+  book.saveAs(path);
+  return 0;
+}
+
+CalcLine cellLine(std::size_t row, std::size_t column, const Value& value) {
+  CalcLine line{"text", std::to_string(row + 1), std::to_string(column + 1), ""};
+  if (const auto* text = std::get_if<std::string>(&value)) line[3] = *text;
+  if (const auto* number = std::get_if<double>(&value)) {
+    char digits[32];
+    line[0] = "number";
+    line[3].assign(digits, std::to_chars(std::begin(digits), std::end(digits), *number).ptr);
+  }
+  return line;
+}
+
+int read(const std::string& path) {
+  const Office office;
+  const Book book(office, path);
+  const auto names = book.sheets();
+  for (std::size_t sheet = 0; sheet < names.size(); ++sheet) {
+    std::cout << suite::calcText({"sheet", names[sheet]});
+    const auto rows = book.values(static_cast<int>(sheet));
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+      for (std::size_t column = 0; column < rows[row].size(); ++column) {
+        const Value& value = rows[row][column];
+        if (value.index() != 0) std::cout << suite::calcText(cellLine(row, column, value));
+      }
+    }
+  }
+  return 0;
+}
+
+int run(int argc, char** argv) {
+  const std::string option = argc > 1 ? argv[1] : "";
+  if (argc == 1) return serve();
+  if (argc == 3 && option == "--template") return makeTemplate(argv[2]);
+  if (argc == 3 && option == "--read") return read(argv[2]);
+  std::cerr << "usage: quillet-calc [--template PATH | --read PATH]\n";
+  return 2;
+}
+
+}  // namespace
+}  // namespace quillet::calc
+
+int main(int argc, char** argv) {
+  // Where UNO finds its types and services.
+  setenv("URE_BOOTSTRAP", "vnd.sun.star.pathname:" QUILLET_OFFICE_PROGRAM "/fundamentalrc", 1);
+  try {
+    return quillet::calc::run(argc, argv);
+  } catch (const com::sun::star::uno::Exception& error) {
+    std::cerr << quillet::calc::toUtf8(error.Message) << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+  }
+  return 1;
+}

@@ -1,0 +1,81 @@
+#include "suite/calc_spreadsheet.h"
+
+#include <stdexcept>
+
+#include "data/sql.h"
+
+namespace quillet::suite {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t batchSize = 64 * 1024;
+
+}  // namespace
+
+CalcOptions CalcOptions::standard() {
+  std::error_code ignored;
+  const fs::path self = fs::read_symlink("/proc/self/exe", ignored);
+  return {self.parent_path() / "quillet-calc"};
+}
+
+Workbook& CalcSpreadsheet::Open(const std::string& path) {
+  if (!helper_) helper_.emplace(options_.program, std::vector<std::string>{}, options_.limit);
+  sheets_ = ask({"open", path});
+  return *this;
+}
+
+void CalcSpreadsheet::Quit() {
+  if (!helper_) return;
+  ask({"quit"});
+  helper_->finish();
+  helper_.reset();
+}
+
+void CalcSpreadsheet::Cells(int worksheet, int row, int column, const std::string& text) {
+  gather({"text", std::to_string(worksheet), std::to_string(row), std::to_string(column), text});
+}
+
+void CalcSpreadsheet::Cells(int worksheet, int row, int column, double number) {
+  gather({"number", std::to_string(worksheet), std::to_string(row), std::to_string(column),
+          sqlNumber(number)});
+}
+
+void CalcSpreadsheet::gather(const CalcLine& line) {
+  gathered_ += calcText(line);
+  if (gathered_.size() >= batchSize) sendGathered();
+}
+
+void CalcSpreadsheet::sendGathered() {
+  if (!helper_) throw std::runtime_error("No workbook is open");
+  helper_->send(gathered_);
+  gathered_.clear();
+}
+
+std::vector<std::string> CalcSpreadsheet::ask(const CalcLine& command) {
+  gathered_ += calcText(command);
+  sendGathered();
+  CalcLine answer = calcLine(helper_->receiveLine());
+  const bool done = answer.front() == "ok";
+  answer.erase(answer.begin());
+  if (!done) throw std::runtime_error(answer.empty() ? "No answer" : answer.front());
+  return answer;
+}
+
+TemplateMaker::TemplateMaker(const CalcOptions& options, const fs::path& path) : path_(path) {
+  if (fs::exists(path_)) return;
+  try {
+    helper_.emplace(options.program, std::vector<std::string>{"--template", path_.string()},
+                    options.limit);
+  } catch (const std::runtime_error&) {
+    // Without the helper there is no template; finish() says so.
+  }
+}
+
+bool TemplateMaker::finish() {
+  if (helper_) helper_->finish();
+  helper_.reset();
+  return fs::exists(path_);
+}
+
+}  // namespace quillet::suite

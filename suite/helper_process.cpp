@@ -1,0 +1,157 @@
+#include "suite/helper_process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <thread>
+
+namespace quillet::suite {
+namespace {
+
+using namespace std::chrono_literals;
+
+[[noreturn]] void gone() { throw std::runtime_error("The spreadsheet program ended unexpectedly"); }
+
+// The child's ends: the socket for input and output, nothing else of what we have open.
+class ChildFiles {
+ public:
+  explicit ChildFiles(int socket) {
+    posix_spawn_file_actions_init(&actions_);
+    posix_spawn_file_actions_adddup2(&actions_, socket, STDIN_FILENO);
+    posix_spawn_file_actions_adddup2(&actions_, socket, STDOUT_FILENO);
+    posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
+  }
+  ~ChildFiles() { posix_spawn_file_actions_destroy(&actions_); }
+  ChildFiles(const ChildFiles&) = delete;
+  ChildFiles& operator=(const ChildFiles&) = delete;
+  const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+ private:
+  posix_spawn_file_actions_t actions_;
+};
+
+// A process group of its own, so that what the helper starts goes with it.
+class ChildAttributes {
+ public:
+  ChildAttributes() {
+    posix_spawnattr_init(&attributes_);
+    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes_, &none);
+  }
+  ~ChildAttributes() { posix_spawnattr_destroy(&attributes_); }
+  ChildAttributes(const ChildAttributes&) = delete;
+  ChildAttributes& operator=(const ChildAttributes&) = delete;
+  const posix_spawnattr_t* get() const { return &attributes_; }
+
+ private:
+  posix_spawnattr_t attributes_;
+};
+
+}  // namespace
+
+HelperProcess::HelperProcess(const std::filesystem::path& program,
+                             const std::vector<std::string>& arguments,
+                             std::chrono::milliseconds limit)
+    : limit_(limit) {
+  int ends[2];
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
+    throw std::runtime_error(std::strerror(errno));
+  }
+  std::string name = program.string();
+  std::vector<std::string> texts = arguments;
+  std::vector<char*> argv{name.data()};
+  for (std::string& text : texts) argv.push_back(text.data());
+  argv.push_back(nullptr);
+  const ChildFiles files(ends[1]);
+  const ChildAttributes attributes;
+  const int error =
+      posix_spawn(&process_, name.c_str(), files.get(), attributes.get(), argv.data(), environ);
+  ::close(ends[1]);
+  if (error != 0) {
+    ::close(ends[0]);
+    throw std::runtime_error("The program " + name + " cannot be started: " + std::strerror(error));
+  }
+  socket_ = ends[0];
+}
+
+HelperProcess::~HelperProcess() {
+  kill();
+  if (socket_ >= 0) ::close(socket_);
+}
+
+void HelperProcess::kill() {
+  if (process_ <= 0) return;
+  ::kill(-process_, SIGKILL);
+  waitpid(process_, nullptr, 0);
+  process_ = -1;
+}
+
+void HelperProcess::waitFor(short event, Clock::time_point end) {
+  for (;;) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+    pollfd wanted{socket_, event, 0};
+    const int ready = left <= 0ms ? 0 : poll(&wanted, 1, static_cast<int>(left.count()));
+    if (ready > 0) return;
+    if (ready < 0 && errno == EINTR) continue;
+    const auto seconds = std::chrono::duration<double>(limit_).count();
+    throw std::runtime_error("The spreadsheet program did not answer within " +
+                             std::to_string(static_cast<long>(seconds + 0.5)) + " seconds");
+  }
+}
+
+void HelperProcess::send(std::string_view lines) {
+  const auto end = Clock::now() + limit_;
+  while (!lines.empty()) {
+    waitFor(POLLOUT, end);
+    const ssize_t sent = ::send(socket_, lines.data(), lines.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent < 0 && (errno == EAGAIN || errno == EINTR)) continue;
+    if (sent < 0) gone();
+    lines.remove_prefix(static_cast<std::size_t>(sent));
+  }
+}
+
+std::string HelperProcess::receiveLine() {
+  const auto end = Clock::now() + limit_;
+  for (;;) {
+    if (const auto feed = received_.find('\n'); feed != std::string::npos) {
+      std::string line = received_.substr(0, feed);
+      received_.erase(0, feed + 1);
+      return line;
+    }
+    waitFor(POLLIN, end);
+    char bytes[4096];
+    const ssize_t got = recv(socket_, bytes, sizeof bytes, MSG_DONTWAIT);
+    if (got < 0 && (errno == EAGAIN || errno == EINTR)) continue;
+    if (got <= 0) gone();
+    received_.append(bytes, static_cast<std::size_t>(got));
+  }
+}
+
+bool HelperProcess::finish() {
+  shutdown(socket_, SHUT_WR);
+  const auto end = Clock::now() + limit_;
+  while (process_ > 0 && Clock::now() < end) {
+    int status = 0;
+    if (waitpid(process_, &status, WNOHANG) == process_) {
+      ::kill(-process_, SIGKILL);  // what it may have left behind
+      process_ = -1;
+      return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    }
+    std::this_thread::sleep_for(5ms);
+  }
+  kill();
+  return false;
+}
+
+}  // namespace quillet::suite

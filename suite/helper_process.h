@@ -1,0 +1,40 @@
+// A helper program that obeys lines and answers by lines, with a limit on how long it may take. It
+// cannot take us down: a helper that hangs or dies is an error, and it never outlives this object.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillet::suite {
+
+class HelperProcess {
+ public:
+  // Throws std::runtime_error when the program cannot be started.
+  HelperProcess(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                std::chrono::milliseconds limit);
+  ~HelperProcess();
+  HelperProcess(const HelperProcess&) = delete;
+  HelperProcess& operator=(const HelperProcess&) = delete;
+
+  // Each throws std::runtime_error when the helper takes too long or is gone.
+  void send(std::string_view lines);
+  std::string receiveLine();
+
+  // Waits for it to end by itself; true when it ended well within the limit. It gets no more lines.
+  bool finish();
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  void waitFor(short event, Clock::time_point end);
+  void kill();
+
+  std::chrono::milliseconds limit_;
+  int process_ = -1;
+  int socket_ = -1;
+  std::string received_;
+};
+
+}  // namespace quillet::suite
