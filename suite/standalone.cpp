@@ -5,10 +5,16 @@
 #include "suite/client_register.h"
 #include "suite/reporter.h"
 #include "suite/schema.h"
+#include "suite/server_settings.h"
 #include "suite/stock_form.h"
 
 namespace quillet::suite {
 namespace {
+
+std::unique_ptr<Database> openDatabase(const DataFolder& folder) {
+  const std::optional<Database::Server> server = serverIn(Settings(folder.settings()));
+  return server ? Database::connect(*server) : Database::openEmbedded(folder.database());
+}
 
 // Making the tables takes seconds at the first start and nothing later.
 void completeWithProgress(Database& database, long tableCount, FrontEnd& frontEnd) {
@@ -68,11 +74,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
 }
 
 Practice::Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock)
-    : Practice(folder, Database::openEmbedded(folder.database()), frontEnd, clock) {}
-
-Practice::Practice(DataFolder folder, const Database::Server& server, FrontEnd& frontEnd,
-                   Clock& clock)
-    : Practice(std::move(folder), Database::connect(server), frontEnd, clock) {}
+    : Practice(folder, openDatabase(folder), frontEnd, clock) {}
 
 Practice::~Practice() = default;
 

@@ -52,11 +52,10 @@ class Standalone : public Surroundings {
 // the scripts and the tests all start here.
 class Practice {
  public:
-  // Opens the database, completes the schema (showing progress through the front end) and starts
-  // the module. Throws std::runtime_error with a message for the user.
+  // Opens the folder's database, or the server that its settings name, completes the schema
+  // (showing progress through the front end) and starts the module. Throws std::runtime_error with
+  // a message for the user.
   Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock);
-  // The same on a server.
-  Practice(DataFolder folder, const Database::Server& server, FrontEnd& frontEnd, Clock& clock);
   ~Practice();
 
   const DataFolder& folder() const { return folder_; }

@@ -45,16 +45,16 @@ TEST_F(SchemaTest, DesignedInsertsFitEveryColumn) {
   EXPECT_EQ(value("select count(*) from tab_" + tableSuffix(3)), "1") << "names in any case";
 }
 
-TEST_F(SchemaTest, NamesIgnoreCaseAndBlanksAtTheEndButNotAccents) {
+TEST_F(SchemaTest, NamesIgnoreCaseAccentsAndBlanksAtTheEnd) {
   struct Case {
     const char* a;
     const char* b;
     const char* equal;
   };
   const Case cases[] = {
-      {"Cash", "CASH", "1"},      {"Cash", "cash  ", "1"},  {"Ж", "ж", "1"},     {"É", "é", "1"},
-      {"Café", "Cafe", "0"},      {"अंश", "अश", "0"},        {"क़लम", "कलम", "0"}, {"😀", "😁", "0"},
-      {"Straße", "Strasse", "0"}, {"A & B", "A and B", "0"}};
+      {"Cash", "CASH", "1"}, {"Cash", "cash  ", "1"},    {"Ж", "ж", "1"},
+      {"É", "é", "1"},       {"Café", "Cafe", "1"},      {"अंश", "अश", "0"},
+      {"क़लम", "कलम", "0"},   {"Straße", "Strasse", "0"}, {"A & B", "A and B", "0"}};
   for (const Case& c : cases) {
     exec("delete from Mast_Part");
     exec(std::string("insert into Mast_Part values(1,'") + c.a + "')");

@@ -11,6 +11,7 @@
 
 #include "suite/data_folder.h"
 #include "suite/folder_lock.h"
+#include "suite/server_settings.h"
 #include "support/practice.h"
 
 namespace quillet::suite {
@@ -83,6 +84,19 @@ TEST_F(SettingsTest, TheTableCountIsAlwaysUsable) {
     settings.set("Suite", "TableCount", c.text);
     EXPECT_EQ(settings.tableCount(), c.count) << c.text;
   }
+}
+
+TEST_F(SettingsTest, NamesAServerOnlyWhenAsked) {
+  Settings settings(file);
+  EXPECT_FALSE(serverIn(settings).has_value());
+  settings.set("Server", "User", "practice");
+  EXPECT_FALSE(serverIn(settings).has_value());
+  settings.set("Server", "Host", "db.office");
+  settings.set("Server", "Port", "3307");
+  const auto server = serverIn(settings);
+  ASSERT_TRUE(server.has_value());
+  EXPECT_EQ(server->host + ' ' + server->user + ' ' + server->schema, "db.office practice quillet");
+  EXPECT_EQ(server->port, 3307U);
 }
 
 TEST_F(SettingsTest, AFailedWriteChangesNothing) {
