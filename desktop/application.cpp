@@ -94,6 +94,7 @@ int Application::popup(const std::vector<std::string>& entries) {
   if (exchanged_) return 0;
   windows_.refresh();
   QMenu menu;
+  if (const FormWindow* front = windows_.front()) menu.setFont(front->font());
   int position = 0;
   for (const std::string& entry : entries) {
     ++position;

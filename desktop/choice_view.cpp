@@ -27,6 +27,9 @@ ComboView::ComboView(ComboBox& combo, Stage& stage, QWidget* parent)
     : ControlView(combo, stage), model_(combo), combo_(new QComboBox(parent)) {
   adopt(combo_);
   combo_->setMaxVisibleItems(12);
+  // As wide as the form says, however long its items are.
+  combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  combo_->setMinimumContentsLength(12);
   connect(combo_, &QComboBox::activated, this,
           [this](int at) { perform([&] { model_.choose(at + 1); }); });
 }

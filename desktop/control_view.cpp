@@ -16,7 +16,6 @@ void ControlView::adopt(QWidget* widget) {
   QString name = toQt(control_.name());
   if (control_.index() >= 0) name += QString::number(control_.index());
   widget->setObjectName(name);
-  widget->setAccessibleName(toQt(control_.name()));
   watch(widget);
 }
 

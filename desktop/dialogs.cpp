@@ -82,6 +82,11 @@ QStringList filtersOf(const std::string& filter) {
   return filters;
 }
 
+// A dialog is a window of its own and takes no font from its parent by itself.
+void likeParent(QWidget& dialog) {
+  if (dialog.parentWidget()) dialog.setFont(dialog.parentWidget()->font());
+}
+
 }  // namespace
 
 QWidget* DesktopDialogs::prepare() {
@@ -94,6 +99,7 @@ QWidget* DesktopDialogs::prepare() {
 Answer DesktopDialogs::MsgBox(const Message& message) {
   const BusyPanel::Pause pause(busy_);
   QMessageBox box(prepare());
+  likeParent(box);
   box.setObjectName(QStringLiteral("message"));
   box.setWindowTitle(message.title.empty() ? QApplication::applicationDisplayName()
                                            : toQt(message.title));
@@ -102,7 +108,6 @@ Answer DesktopDialogs::MsgBox(const Message& message) {
   box.setIcon(iconOf(message.icon));
   box.setStandardButtons(buttonsOf(message.buttons));
   box.setDefaultButton(buttonOf(message.defaultAnswer));
-  // Buttons take a click, never the focus of the form below.
   const int button = box.exec();
   return answerOf(button, message.buttons);
 }
@@ -111,6 +116,7 @@ std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
                                                     const std::string& proposed) {
   const BusyPanel::Pause pause(busy_);
   QFileDialog dialog(prepare(), QObject::tr("Save as"));
+  likeParent(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setNameFilters(filtersOf(filter));
   const QFileInfo file(toQt(proposed));
@@ -124,6 +130,7 @@ std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
 std::optional<std::string> DesktopDialogs::password(const std::string& prompt) {
   const BusyPanel::Pause pause(busy_);
   QInputDialog dialog(prepare());
+  likeParent(dialog);
   dialog.setWindowTitle(QObject::tr("Password"));
   dialog.setLabelText(toQt(prompt).toHtmlEscaped());
   dialog.setTextEchoMode(QLineEdit::Password);

@@ -37,6 +37,7 @@ QAction* FormMenu::addEntry(MenuEntry& entry) {
   QAction* action = nullptr;
   if (heads) {
     auto* menu = new QMenu(&bar_);
+    menu->setFont(bar_.font());
     action = menu->menuAction();
   } else {
     action = new QAction(&bar_);

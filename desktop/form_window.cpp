@@ -116,6 +116,8 @@ void FormWindow::setFootnote(const QString& text) {
     footnote_ = new QLabel(this);
     footnote_->setTextFormat(Qt::PlainText);
     footnote_->setForegroundRole(QPalette::PlaceholderText);
+    const int step = theme::step(*this);
+    statusBar()->setContentsMargins(2 * step - 4, 0, 2 * step, step / 2);
     statusBar()->addWidget(footnote_, 1);
     statusBar()->setSizeGripEnabled(false);
   }

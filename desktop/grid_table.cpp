@@ -5,7 +5,6 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
-#include <utility>
 
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
@@ -63,6 +62,13 @@ int GridTable::shownWidth(int column) const {
   return std::max(1, qRound((columnWidth(column) - padding_) / one));
 }
 
+int GridTable::wantedWidth(int column) const {
+  const GridColumn& wanted = cells_->column(column);
+  // What a person dragged to stays to the pixel as long as it rounds to the grid's width.
+  if (!wanted.stretch && shownWidth(column) == wanted.width) return columnWidth(column);
+  return theme::characters(*this, wanted.width) + padding_;
+}
+
 void GridTable::arrangeColumns() {
   const QSignalBlocker quiet(horizontalHeader());
   int left = viewport()->width();
@@ -72,17 +78,17 @@ void GridTable::arrangeColumns() {
     if (isColumnHidden(c) != column.hidden) setColumnHidden(c, column.hidden);
     if (column.hidden) continue;
     stretching += column.stretch ? 1 : 0;
-    left -= theme::characters(*this, column.width) + padding_;
+    left -= wantedWidth(c);
   }
-  const int extra = stretching > 0 && left > 0 ? left / stretching : 0;
-  int rest = stretching > 0 && left > 0 ? left % stretching : 0;
   for (int c = 0; c < cells_->columnCount(); ++c) {
     const GridColumn& column = cells_->column(c);
     if (column.hidden) continue;
-    // What a person dragged to stays to the pixel as long as it rounds to the grid's width.
-    if (!column.stretch && shownWidth(c) == column.width) continue;
-    int width = theme::characters(*this, column.width) + padding_;
-    if (column.stretch) width += extra + std::exchange(rest, 0);
+    int width = wantedWidth(c);
+    if (column.stretch && left > 0) {
+      const int share = left / stretching--;
+      left -= share;
+      width += share;
+    }
     setColumnWidth(c, width);
   }
   // Blocked above: the header tells nobody, so the cells are arranged here.

@@ -29,6 +29,7 @@ class GridTable : public QTableView {
   void changeEvent(QEvent* event) override;
 
  private:
+  int wantedWidth(int column) const;
   void arrangeColumns();
   void showCurrent();
   void measure();

@@ -49,7 +49,7 @@ HelpWindow::HelpWindow() {
   connect(page_, &QTextBrowser::anchorClicked, this,
           [this](const QUrl& link) { showTopic(link.path().remove(QStringLiteral(".html"))); });
   const QRect room = screen()->availableGeometry();
-  resize(std::min(room.width() * 8 / 10, 100 * step), std::min(room.height() * 8 / 10, 80 * step));
+  resize(std::min(room.width() * 8 / 10, 120 * step), std::min(room.height() * 9 / 10, 90 * step));
   move(room.center() - rect().center());
 }
 

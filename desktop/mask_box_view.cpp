@@ -15,6 +15,7 @@ namespace quillet::desktop {
 MaskBoxView::MaskBoxView(MaskBox& box, Stage& stage, QWidget* parent)
     : ControlView(box, stage), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
+  line_->setTextMargins(2, 0, 2, 0);
   line_->setAcceptDrops(false);
   line_->setContextMenuPolicy(Qt::NoContextMenu);
   line_->setFont(theme::figures(line_->font()));

@@ -1,5 +1,6 @@
 #include "desktop/quiet_style.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QPainter>
 #include <QPainterPath>
@@ -94,6 +95,60 @@ void tickMark(QPainter* painter, const QStyleOption* option) {
   painter->restore();
 }
 
+void radioMark(QPainter* painter, const QStyleOption* option) {
+  const QRectF circle = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const bool on = has(option, QStyle::State_On);
+  const QColor ring =
+      on && has(option, QStyle::State_Enabled) ? accent(option) : theme::dimmed(option->palette);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(ring);
+  painter->setBrush(option->palette.color(QPalette::Base));
+  painter->drawEllipse(circle);
+  if (on) {
+    const double inset = circle.width() * 0.25;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(ring);
+    painter->drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
+  }
+  painter->restore();
+}
+
+// A bar without arrows: the thumb alone, clearer under the pointer.
+void scrollBar(QPainter* painter, const QStyleOptionSlider& bar, const QRect& thumb) {
+  const QColor ground = bar.palette.color(QPalette::Base);
+  painter->fillRect(bar.rect, ground);
+  if (bar.minimum == bar.maximum) return;
+  const bool live = has(&bar, QStyle::State_MouseOver) || has(&bar, QStyle::State_Sunken);
+  painter->save();
+  painter->setRenderHint(QPainter::Antialiasing);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(theme::blend(bar.palette.color(QPalette::Text), ground, live ? 0.45 : 0.25));
+  const QRectF shape = QRectF(thumb).adjusted(3, 3, -3, -3);
+  const double corner = std::min(shape.width(), shape.height()) / 2;
+  painter->drawRoundedRect(shape, corner, corner);
+  painter->restore();
+}
+
+QPixmap messageMark(const QColor& colour, QChar sign, int side, double ratio) {
+  QPixmap mark(QSize(side, side) * ratio);
+  mark.setDevicePixelRatio(ratio);
+  mark.fill(Qt::transparent);
+  QPainter painter(&mark);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  const QRectF disc(1, 1, side - 2, side - 2);
+  painter.drawEllipse(disc);
+  QFont font = QApplication::font();
+  font.setPixelSize(side * 5 / 8);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(Qt::white);
+  painter.drawText(disc, Qt::AlignCenter, QString(sign));
+  return mark;
+}
+
 void headerSection(QPainter* painter, const QStyleOption* option) {
   const QRect& rect = option->rect;
   painter->fillRect(rect, theme::header(option->palette));
@@ -149,6 +204,8 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
       return tickMark(painter, option);
+    case PE_IndicatorRadioButton:
+      return radioMark(painter, option);
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
@@ -184,6 +241,11 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
 
 void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
+  if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+      bar && control == CC_ScrollBar) {
+    return scrollBar(painter, *bar,
+                     subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget));
+  }
   const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
   if (control != CC_ComboBox || !combo || combo->editable) {
     return QProxyStyle::drawComplexControl(control, option, painter, widget);
@@ -205,10 +267,64 @@ QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option
     size.setHeight(option->fontMetrics.height() + step + step / 4);
     if (type == CT_PushButton) size.setWidth(std::max(contents.width() + 3 * step, 10 * step));
   }
+  if (type == CT_ItemViewItem && widget) size.rheight() += theme::step(*widget) / 2;
   if (type == CT_HeaderSection && widget) {
     size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::step(*widget)));
   }
   return size;
+}
+
+QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                 SubControl part, const QWidget* widget) const {
+  const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control != CC_ScrollBar || !bar) {
+    return QProxyStyle::subControlRect(control, option, part, widget);
+  }
+  const bool upright = bar->orientation == Qt::Vertical;
+  const int room = upright ? bar->rect.height() : bar->rect.width();
+  const int least = pixelMetric(PM_ScrollBarSliderMin, bar, widget);
+  const qint64 range = qint64{bar->maximum} - bar->minimum;
+  const qint64 whole = range + bar->pageStep;
+  const int share = whole > 0 ? static_cast<int>(qint64{bar->pageStep} * room / whole) : room;
+  const int length = range > 0 ? std::clamp(share, std::min(least, room), room) : room;
+  const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                            room - length, bar->upsideDown);
+  const auto stretch = [&](int from, int size) {
+    return upright ? QRect(0, from, bar->rect.width(), size)
+                   : QRect(from, 0, size, bar->rect.height());
+  };
+  switch (part) {
+    case SC_ScrollBarSlider:
+      return visualRect(bar->direction, bar->rect, stretch(start, length));
+    case SC_ScrollBarGroove:
+      return bar->rect;
+    case SC_ScrollBarSubPage:
+      return visualRect(bar->direction, bar->rect, stretch(0, start));
+    case SC_ScrollBarAddPage:
+      return visualRect(bar->direction, bar->rect, stretch(start + length, room - start - length));
+    default:
+      return {};
+  }
+}
+
+QIcon QuietStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                               const QWidget* widget) const {
+  struct Mark {
+    StandardPixmap which;
+    QRgb colour;
+    char16_t sign;
+  };
+  static constexpr Mark marks[] = {{SP_MessageBoxInformation, 0xff2f6f9f, u'i'},
+                                   {SP_MessageBoxQuestion, 0xff2f6f9f, u'?'},
+                                   {SP_MessageBoxWarning, 0xffb7791f, u'!'},
+                                   {SP_MessageBoxCritical, 0xffb3372f, u'!'}};
+  for (const Mark& mark : marks) {
+    if (mark.which != which) continue;
+    const int side = pixelMetric(PM_MessageBoxIconSize, option, widget);
+    const double ratio = widget ? widget->devicePixelRatioF() : qApp->devicePixelRatio();
+    return QIcon(messageMark(QColor(mark.colour), QChar(mark.sign), side, ratio));
+  }
+  return QProxyStyle::standardIcon(which, option, widget);
 }
 
 int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -220,6 +336,15 @@ int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return 0;
     case PM_HeaderMargin:
       return 6;
+    case PM_FocusFrameHMargin:
+      return 4;  // what stands before the text of a list's entry
+    case PM_ScrollBarExtent:
+      return 14;
+    case PM_LayoutLeftMargin:
+    case PM_LayoutTopMargin:
+    case PM_LayoutRightMargin:
+    case PM_LayoutBottomMargin:
+      return 16;
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }

@@ -19,6 +19,7 @@ LabelView::LabelView(Label& label, Stage& stage, QWidget* parent)
     : ControlView(label, stage), label_(label), text_(new QLabel(parent)) {
   adopt(text_);
   text_->setTextFormat(Qt::PlainText);
+  text_->setMinimumWidth(1);  // a long text is cut rather than widening the window
   if (!label_.quiet) return;
   text_->setForegroundRole(QPalette::PlaceholderText);
   text_->setFont(theme::scaled(text_->font(), 0.92));

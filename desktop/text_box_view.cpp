@@ -18,6 +18,7 @@ TextBoxView::TextBoxView(TextBox& box, Stage& stage, QWidget* parent)
     : ControlView(box, stage), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
   // What is dropped would pass the key handlers by.
+  line_->setTextMargins(2, 0, 2, 0);
   line_->setAcceptDrops(false);
   line_->setAttribute(Qt::WA_InputMethodEnabled);
   if (box_.rightAligned) line_->setFont(theme::figures(line_->font()));
