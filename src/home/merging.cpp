@@ -30,10 +30,7 @@ void third::listSources() {
     flexgrid2.addRow({"", code, clientName(context_, code), years->text("tbl_nm")});
   }
   flexgrid2.setCurrent(1);
-  MaskEdBox1.setVisible(false);
-  MaskEdBox2.setVisible(false);
-  flexgrid2.setVisible(true);
-  showSecondStep("choose what to merge into " + newYear_.text());
+  showSecondStep(famyears, "choose what to merge into " + newYear_.text());
   status("Space ticks a client, Enter merges the ticked ones.");
   focus(flexgrid2);
 }

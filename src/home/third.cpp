@@ -66,12 +66,12 @@ Node third::layout() {
               item(mnualpha), item(mnusumm), item(mnudet), gap(), item(cmdgrpmas), item(cmdledmas),
               item(mnurefresh), item(mnuhelp), item(mnuexit)});
   const Node clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
-  const Node years = framed(
-      Frame1,
-      {item(Label1),
-       row({field("&First date", MaskEdBox1, 12), field("Second dat&e", MaskEdBox2, 12), gap()}),
-       item(flexgrid2, 1)},
-      1);
+  const Node dates = framed(
+      famdates,
+      {row({field("&First date", MaskEdBox1, 12), field("Second dat&e", MaskEdBox2, 12), gap()}),
+       gap()});
+  const Node years =
+      framed(Frame1, {item(Label1), stack({dates, framed(famyears, {item(flexgrid2, 1)})})}, 1);
   return column({row({commands, stack({clients, years})}, 1), item(lblstatus)}, 1);
 }
 
@@ -152,16 +152,15 @@ void third::CLGRD1_DBLCLICK() {
 
 void third::beginDates() {
   flexgrid2.clearRows();
-  flexgrid2.setVisible(false);
-  MaskEdBox1.setVisible(true);
-  MaskEdBox2.setVisible(true);
   MaskEdBox1.setText(emptyFirstDate);
   MaskEdBox2.setText(emptySecondDate);
-  showSecondStep("type the financial year");
+  showSecondStep(famdates, "type the financial year");
   focus(MaskEdBox1);
 }
 
-void third::showSecondStep(const std::string& task) {
+void third::showSecondStep(Frame& with, const std::string& task) {
+  famdates.setVisible(&with == &famdates);
+  famyears.setVisible(&with == &famyears);
   Label1.setCaption(clientName_ + ": " + task);
   yearMade_ = false;
   Frame3.setVisible(false);
@@ -185,10 +184,7 @@ void third::loadYears() {
     flexgrid2.addRow({shownDate(rows->text("F_YR")), shownDate(rows->text("S_YR"))});
   }
   flexgrid2.setCurrent(flexgrid2.rows());
-  MaskEdBox1.setVisible(false);
-  MaskEdBox2.setVisible(false);
-  flexgrid2.setVisible(true);
-  showSecondStep("choose the year");
+  showSecondStep(famyears, "choose the year");
   focus(flexgrid2);
 }
 

@@ -44,7 +44,9 @@ class third : public Form {
   ClGrd ClGrd1;
   Frame Frame1{*this, "Frame1"};  // second step: the year
   Label Label1{*this, "Label1"};
+  Frame famyears{*this, "famyears"};  // the year is chosen there, or typed in the other
   Grid flexgrid2{*this, "flexgrid2"};
+  Frame famdates{*this, "famdates"};
   MaskBox MaskEdBox1{*this, "MaskEdBox1", "", -1, '#'};
   MaskBox MaskEdBox2{*this, "MaskEdBox2", "", -1, '#'};
   Label lblstatus{*this, "lblstatus"};
@@ -108,7 +110,7 @@ class third : public Form {
   void attachModes();
   void setMode(const ModeButton& chosen);
   void showClients();
-  void showSecondStep(const std::string& task);
+  void showSecondStep(Frame& with, const std::string& task);
   void showYears();
   void loadYears();
   void beginDates();
