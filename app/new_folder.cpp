@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "app/apart.h"
+#include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
 #include "suite/queued_dialogs.h"
@@ -35,7 +36,12 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
   const DataFolder folder = DataFolder::create(
       path, replace ? DataFolder::Existing::replace : DataFolder::Existing::refuse);
   std::ofstream(marker(folder.root())) << "This data folder is not complete yet.\n";
+  // LibreOffice makes the template while we make the rest. Without LibreOffice there is none, and
+  // the export says so.
+  suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
+                                      folder.program() / suite::exportTemplate);
   runApart([&] { fill(folder, contents); });
+  exportTemplate.finish();
   fs::remove(marker(folder.root()));
 }
 

@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <stdlib.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -58,28 +59,53 @@ class ChildAttributes {
   posix_spawnattr_t attributes_;
 };
 
+std::filesystem::path newTemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "quillet-XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) {
+    throw std::runtime_error("No temporary folder can be made: " +
+                             std::string(std::strerror(errno)));
+  }
+  return pattern;
+}
+
+// Our environment with another temporary folder.
+std::vector<std::string> environmentWith(const std::filesystem::path& temporary) {
+  std::vector<std::string> variables{"TMPDIR=" + temporary.string()};
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    if (std::string_view(*variable).substr(0, 7) != "TMPDIR=") variables.emplace_back(*variable);
+  }
+  return variables;
+}
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
 }  // namespace
 
 HelperProcess::HelperProcess(const std::filesystem::path& program,
                              const std::vector<std::string>& arguments,
                              std::chrono::milliseconds limit)
-    : limit_(limit) {
+    : limit_(limit), temporary_(newTemporaryFolder()) {
   int ends[2];
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
     throw std::runtime_error(std::strerror(errno));
   }
-  std::string name = program.string();
-  std::vector<std::string> texts = arguments;
-  std::vector<char*> argv{name.data()};
-  for (std::string& text : texts) argv.push_back(text.data());
-  argv.push_back(nullptr);
+  const std::string name = program.string();
+  std::vector<std::string> words{name};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> variables = environmentWith(temporary_);
   const ChildFiles files(ends[1]);
   const ChildAttributes attributes;
-  const int error =
-      posix_spawn(&process_, name.c_str(), files.get(), attributes.get(), argv.data(), environ);
+  const int error = posix_spawn(&process_, name.c_str(), files.get(), attributes.get(),
+                                pointersTo(words).data(), pointersTo(variables).data());
   ::close(ends[1]);
   if (error != 0) {
     ::close(ends[0]);
+    std::filesystem::remove(temporary_);
     throw std::runtime_error("The program " + name + " cannot be started: " + std::strerror(error));
   }
   socket_ = ends[0];
@@ -87,7 +113,9 @@ HelperProcess::HelperProcess(const std::filesystem::path& program,
 
 HelperProcess::~HelperProcess() {
   kill();
-  if (socket_ >= 0) ::close(socket_);
+  ::close(socket_);
+  std::error_code ignored;
+  std::filesystem::remove_all(temporary_, ignored);
 }
 
 void HelperProcess::kill() {

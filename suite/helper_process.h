@@ -1,5 +1,6 @@
 // A helper program that obeys lines and answers by lines, with a limit on how long it may take. It
-// cannot take us down: a helper that hangs or dies is an error, and it never outlives this object.
+// cannot take us down: a helper that hangs or dies is an error, and neither it nor what it leaves
+// in the temporary folder outlives this object.
 #pragma once
 
 #include <chrono>
@@ -32,6 +33,7 @@ class HelperProcess {
   void kill();
 
   std::chrono::milliseconds limit_;
+  std::filesystem::path temporary_;  // a folder of its own
   int process_ = -1;
   int socket_ = -1;
   std::string received_;

@@ -232,7 +232,8 @@ TEST_F(ExportTest, WhateverFailsIsToldAndTheTargetStays) {
 
 #ifdef QUILLET_CALC
 
-const CalcOptions calc{QUILLET_CALC};
+// A busy machine takes its time.
+const CalcOptions calc{QUILLET_CALC, 180s};
 
 const fs::path& realTemplate() {
   static TemporaryFolder folder;
