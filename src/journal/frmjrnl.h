@@ -35,7 +35,7 @@ class frmjrnl : public Form {
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};
   Grid vsf{*this, "vsf"};
-  CheckBox Check1{*this, "Check1", "E&xpanded"};
+  CheckBox Check1{*this, "Check1", "Expanded"};
   Button cmdadd{*this, "cmdadd", "&New Voucher"};
   Button cmdmodify{*this, "cmdmodify", "&Modify"};
   Button Command1{*this, "Command1", "&Delete"};

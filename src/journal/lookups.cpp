@@ -105,8 +105,9 @@ bool frmjrnl::takeLedger(int line) {
   const long id = entry ? entry->id : CHECKLEDGER(name);
   {
     const Filling filling(filling_);
-    putName(box,
-            id == 0 ? std::string() : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
+    // What was created or found just now is in the list by now.
+    if (!entry) entry = ledgers_.find(name);
+    putName(box, id == 0 ? std::string() : std::string(trimmed(entry ? entry->name : name)));
     if (id != 0) ledgerTaken(line, id);
   }
   GETCURBALS();

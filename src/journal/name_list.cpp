@@ -26,14 +26,14 @@ bool wordBegins(const std::string& capitals, const std::string& wanted) {
 }  // namespace
 
 void NameList::append(std::string name, long id) {
-  std::string capitals = upperCase(name);
+  std::string capitals = upperCase(trimmed(name));
   entries_.push_back({std::move(name), id, std::move(capitals)});
 }
 
 void NameList::sort() { std::stable_sort(entries_.begin(), entries_.end(), less); }
 
 void NameList::insert(std::string name, long id) {
-  std::string capitals = upperCase(name);
+  std::string capitals = upperCase(trimmed(name));
   const auto at = lowerBound(capitals);
   entries_.insert(at, {std::move(name), id, std::move(capitals)});
 }

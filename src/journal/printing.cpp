@@ -22,23 +22,23 @@ struct Masks {
   const char* last;
   const char* printed;
   bool heading = false;
+  Alignment amounts = right;
 };
 
 constexpr Masks listHeading{"1111", "1111", "0001", "1111", true};
 constexpr Masks listRow{"0", "0", "0001", "1111"};
 constexpr Masks listFirstRow{"1111", "0", "0001", "1111"};
-constexpr Masks blockHeading{"0111", "1111", "0001", "1111", true};
+constexpr Masks blockHeading{"0111", "1111", "0001", "1111", true, center};
 constexpr Masks columnHeading{"1111111", "0", "0000001", "1111111", true};
 constexpr Masks ledgerRow{"0", "0", "0000001", "1111111"};
 constexpr Masks groupTotal{"0111111", "0111111", "0000001", "1111111"};
 constexpr Masks grandTotal{"1111111", "1111111", "0000001", "1111111"};
 
-// Writes a row. Texts stand to the left in the first `texts` cells, amounts to the right in the
-// others.
+// Writes a row: texts in the first `texts` cells, amounts in the others.
 void write(Reporter& reporter, std::vector<std::string> cells, std::size_t texts,
            const Masks& masks) {
   ReportRow row;
-  row.alignments.assign(cells.size(), right);
+  row.alignments.assign(cells.size(), masks.amounts);
   for (std::size_t i = 0; i < texts; ++i) row.alignments[i] = left;
   row.widths.assign(cells.size(), 0);
   row.before.assign(cells.size(), "");
@@ -132,7 +132,7 @@ void frmjrnl::printSubsidiary(Recordset& rows) {
     write(*context_.reporter, std::move(cells), 1, masks);
   };
   beginReport(headingOfPeriod("Subsidiary Trial Balance", yearFrom(), yearTo()), 7);
-  write(*context_.reporter, {"Particular", "Original", "Subsidiary", "Final"}, 4, blockHeading);
+  write(*context_.reporter, {"Particular", "Original", "Subsidiary", "Final"}, 1, blockHeading);
   write(*context_.reporter,
         {"", "Amount (Dr.)", "Amount (Cr.)", "Amount (Dr.)", "Amount (Cr.)", "Amount (Dr.)",
          "Amount (Cr.)"},
