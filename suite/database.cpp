@@ -14,6 +14,7 @@ namespace quillet::suite {
 namespace {
 
 constexpr const char* source = "MariaDB";
+constexpr const char* ownSchema = "quillet";
 constexpr const char* charset = "utf8mb4";
 // Ignores case, accents of Latin letters and blanks at the end, tells the signs of Indian scripts
 // apart, and is there on every server. The finer collations sort a long ledger list several times
@@ -144,7 +145,7 @@ std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& fo
     throw std::runtime_error("The database in " + folder.string() +
                              " does not answer: " + mysql_error(impl->connection()));
   }
-  impl->useSchema("quillet");
+  impl->useSchema(ownSchema);
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
 
@@ -188,6 +189,11 @@ std::string Database::escape(const std::string& text) const {
   escaped.resize(
       mysql_real_escape_string(impl_->connection(), escaped.data(), text.data(), text.size()));
   return escaped;
+}
+
+std::filesystem::path Database::schemaFolder() const {
+  const EmbeddedServer* server = impl_->server();
+  return server == nullptr ? std::filesystem::path() : server->folder() / ownSchema;
 }
 
 void Database::fillAnew(const std::function<void()>& work) {

@@ -41,6 +41,9 @@ class Database : public Connection {
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const;
 
+  // Where an embedded database keeps the definitions of its tables; empty for a server.
+  std::filesystem::path schemaFolder() const;
+
   // Runs work that fills a database without tables, so fast that the disk is not waited for until
   // the end: all of it is durable when this returns. When the process dies meanwhile, an embedded
   // database is empty again at the next start. A server runs the work as any other.

@@ -18,6 +18,8 @@ class EmbeddedServer {
   EmbeddedServer(const EmbeddedServer&) = delete;
   EmbeddedServer& operator=(const EmbeddedServer&) = delete;
 
+  const std::filesystem::path& folder() const { return folder_; }
+
   // Between these two the server waits for no disk. The folder must hold no data yet: when the
   // process dies before the second, the next start empties it.
   void beginMaking();

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "suite/schema_state.h"
 #include "suite/schema_tables.h"
 
 namespace quillet::suite {
@@ -83,17 +86,29 @@ std::string repair(const TableDefinition& table, const Present& present) {
   return sql.empty() ? sql : "alter table `" + table.name + "` " + sql;
 }
 
-std::vector<std::string> missingStatements(const PresentTables& present, long tableCount) {
+std::vector<TableDefinition> allTables(long tableCount) {
+  std::vector<TableDefinition> tables = sharedTables();
+  for (long n = 1; n <= tableCount; ++n) {
+    std::vector<TableDefinition> year = yearTables(tableSuffix(n));
+    std::move(year.begin(), year.end(), std::back_inserter(tables));
+  }
+  return tables;
+}
+
+std::string wantedText(const std::vector<TableDefinition>& tables) {
+  std::string text;
+  for (const TableDefinition& table : tables) text += creation(table) + '\n';
+  return text;
+}
+
+std::vector<std::string> missingStatements(const std::vector<TableDefinition>& tables,
+                                           const PresentTables& present) {
   std::vector<std::string> statements;
-  const auto compare = [&](const std::vector<TableDefinition>& tables) {
-    for (const TableDefinition& table : tables) {
-      const auto found = present.find(lower(table.name));
-      std::string sql = found == present.end() ? creation(table) : repair(table, found->second);
-      if (!sql.empty()) statements.push_back(std::move(sql));
-    }
-  };
-  compare(sharedTables());
-  for (long n = 1; n <= tableCount; ++n) compare(yearTables(tableSuffix(n)));
+  for (const TableDefinition& table : tables) {
+    const auto found = present.find(lower(table.name));
+    std::string sql = found == present.end() ? creation(table) : repair(table, found->second);
+    if (!sql.empty()) statements.push_back(std::move(sql));
+  }
   return statements;
 }
 
@@ -101,8 +116,13 @@ std::vector<std::string> missingStatements(const PresentTables& present, long ta
 
 long completeSchema(Database& database, long tableCount,
                     const std::function<void(long done, long total)>& progress) {
+  const std::vector<TableDefinition> tables = allTables(tableCount);
+  const std::string wanted = wantedText(tables);
+  const std::string state = schema_state::current(database, wanted);
+  if (!state.empty() && state == schema_state::kept(database)) return 0;
+
   const PresentTables present = readPresent(database);
-  const std::vector<std::string> statements = missingStatements(present, tableCount);
+  const std::vector<std::string> statements = missingStatements(tables, present);
   const long total = static_cast<long>(statements.size());
   const auto run = [&] {
     long done = 0;
@@ -116,11 +136,10 @@ long completeSchema(Database& database, long tableCount,
   } else {
     run();
   }
+  schema_state::keep(database, schema_state::current(database, wanted));
   return total;
 }
 
-std::string tableSuffix(long number) {
-  return number < 1 ? std::string() : std::to_string(number);
-}
+std::string tableSuffix(long number) { return number < 1 ? std::string() : std::to_string(number); }
 
 }  // namespace quillet::suite

@@ -1,0 +1,20 @@
+// Whether the tables were found complete before and nobody has changed one since. Asking the server
+// for every column of hundreds of tables makes it open the definition file of each; here their
+// sizes and times are enough.
+#pragma once
+
+#include <string>
+
+#include "suite/database.h"
+
+namespace quillet::suite::schema_state {
+
+// A text that changes with the definitions wanted and with those present; "" on a server, whose
+// files are not ours to see.
+std::string current(const Database& database, const std::string& wanted);
+
+// The text kept at the last start, "" when there is none.
+std::string kept(Database& database);
+void keep(Database& database, const std::string& state);
+
+}  // namespace quillet::suite::schema_state
