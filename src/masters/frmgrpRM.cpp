@@ -9,9 +9,6 @@ namespace {
 
 constexpr int groupWidth = 28;
 constexpr const char* none = "(None)";
-// Each column's primary group, and the field of the binding that holds the account group.
-constexpr int primaryGroups[] = {18, 19, 7};
-constexpr const char* groupFields[] = {"OsGrpId", "PurGrpId", "CsGrpId"};
 
 }  // namespace
 
@@ -37,7 +34,7 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
 }
 
 Node frmgrpRM::layout() {
-  std::vector<Node> choices{field("Raw Material Grou&p Type", cbohead, groupWidth, 1)};
+  std::vector<Node> choices{column({item(lblhead), item(cbohead, 0, groupWidth)}, 1)};
   for (int i = 0; i < columns; ++i) {
     choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
   }
@@ -116,27 +113,30 @@ long frmgrpRM::idAt(const Grid& grid, int row, int column) {
 
 void frmgrpRM::LOADLIST() {
   trap("LOADLIST", [&] {
-    seedHeads();
     loadHeads();
     loadGroups();
   });
 }
 
+void frmgrpRM::loadHeads() {
+  const std::string sql = "Select * from RawMatGrpM Order by GrpId";
+  auto rows = context_.query(sql);
+  if (rows->EOF_()) {
+    seedHeads();
+    rows = context_.query(sql);
+  }
+  cbohead.clearItems();
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    cbohead.addItem(rows->text("GrpHead"), rows->integer("GrpId"));
+  }
+}
+
 void frmgrpRM::seedHeads() {
-  if (!context_.query("Select * from RawMatGrpM Order by GrpId")->EOF_()) return;
   for (const char* head : {"1,'RAW MATERIAL',1", "2,'FINISHED GOODS',2", "3,'WORK-IN-PROGRESS',3",
                            "4,'STORES AND SPARES',4", "5,'OTHER CONSUMABLES',4"}) {
     context_.host->ConQuery("Insert into RawMatGrpM Values (" + std::string(head) + ")");
   }
   flush();
-}
-
-void frmgrpRM::loadHeads() {
-  cbohead.clearItems();
-  const auto rows = context_.query("Select * from RawMatGrpM Order by GrpId");
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    cbohead.addItem(rows->text("GrpHead"), rows->integer("GrpId"));
-  }
 }
 
 void frmgrpRM::addIds(IdList& list, const std::string& sql) {

@@ -2,8 +2,8 @@
 // hold the opening stock, the purchases and the closing stock of each raw-material head. A second
 // page keeps the heads, which all clients share.
 //
-// The opener hands the year over with INITDATA before it shows the form. The pages of the binding
-// (suffix M) and of the heads (suffix G) have a source file each.
+// The opener hands the year over with INITDATA before it shows the form. The items of the
+// binding (suffix M), their order and import, and the heads (suffix G) have a source file each.
 #pragma once
 
 #include <array>
@@ -36,6 +36,7 @@ class frmgrpRM : public MasterForm {
   // --- the binding
   Frame famM{*this, "famM"};
   Grid vsfM{*this, "vsfM"};
+  Label lblhead{*this, "lblhead", "Raw Material Group Type"};
   ComboBox cbohead{*this, "cbohead"};
   ControlArray<Label> lblgrp{*this, "lblgrp", {"Opening Stock", "Purchases", "Closing Stock"}};
   ControlArray<ComboBox> cbogroup{*this, "cbogroup", {"", "", ""}};
@@ -105,8 +106,13 @@ class frmgrpRM : public MasterForm {
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
 
  private:
-  // The three account groups of an item, in the order of cbogroup.
+  // The three account groups of an item, in the order of cbogroup: how many, where the binding
+  // keeps them, and the primary group that each belongs to.
   static constexpr int columns = 3;
+  static constexpr const char* groupFields[columns] = {"OsGrpId", "PurGrpId", "CsGrpId"};
+  static constexpr int primaryGroups[columns] = {18, 19, 7};
+  // The binding's grid: ids of the account groups from osColumn on, their names from osName on.
+  enum Item { srNoColumn, grpSrColumn, osColumn, orderColumn = 5, headName = 6, osName = 7 };
   enum class State { browsing, adding, modifying, sorting };
   bool editing() const { return state_ == State::adding || state_ == State::modifying; }
 
@@ -117,8 +123,8 @@ class frmgrpRM : public MasterForm {
   static long idAt(const Grid& grid, int row, int column);
 
   // Lists.
-  void seedHeads();
   void loadHeads();
+  void seedHeads();
   void loadGroups();
   std::array<IdList, columns> groupsInUse();
   void addIds(IdList& list, const std::string& sql);

@@ -70,6 +70,9 @@ class frmgrpmas : public MasterForm {
   void load() override { FORM_LOAD(); }
 
  private:
+  enum Column { idColumn, nameColumn, underColumn, userColumn, underIdColumn, tickColumn };
+
+  void setColumns();
   std::vector<std::string> cellsOf(const Recordset& group) const;
   bool rowSelected();
   bool predefined() const;

@@ -6,8 +6,6 @@
 namespace quillet {
 namespace {
 
-enum Column { idColumn, nameColumn, underColumn, userColumn };
-
 // The progress bar and one statement for each table that there is.
 void replaceGroups(Context& context, const std::string& target, const IdList& ids) {
   const Busy busy(context, "Merging Groups....");

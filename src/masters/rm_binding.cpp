@@ -1,19 +1,12 @@
-// The binding page: the items of the client's year, their order, and their import from the year
-// before.
+// The binding page: the items of the client's year.
 #include <algorithm>
 #include <initializer_list>
 
 #include "data/sql.h"
-#include "data/table_names.h"
-#include "data/year.h"
 #include "masters/frmgrpRM.h"
 
 namespace quillet {
 namespace {
-
-// The ids of the account groups stand in the columns from osColumn on, their names from osName on.
-enum Column { srNoColumn, headColumn, osColumn, orderColumn = 5, headName = 6, osName = 7 };
-constexpr const char* groupFields[] = {"OsGrpId", "PurGrpId", "CsGrpId"};
 
 // How a combo box lists the id; an id that it does not list is shown bare, "no head" not at all.
 std::string nameIn(const ComboBox& box, long id) {
@@ -92,7 +85,7 @@ void frmgrpRM::LOADDATAM() {
       CLEARDATAM();
       return;
     }
-    cbohead.setChosen(cbohead.findData(idAt(vsfM, row, headColumn)));
+    cbohead.setChosen(cbohead.findData(idAt(vsfM, row, grpSrColumn)));
     for (int i = 0; i < columns; ++i) {
       cbogroup[i].setChosen(cbogroup[i].findData(idAt(vsfM, row, osColumn + i)));
     }
@@ -258,97 +251,6 @@ void frmgrpRM::CMDDELETEM_CLICK() {
     LOADGRIDM(0);
     makeCurrent(vsfM, std::min(row, vsfM.rows()));
   });
-}
-
-// --- order --------------------------------------------------------------------------------------
-
-void frmgrpRM::CMDSORTORDER_CLICK() {
-  trap("CMDSORTORDER_CLICK", [&] {
-    if (state_ == State::sorting) {
-      UPDATESORTNOS();
-    } else {
-      setStateM(State::sorting);
-      focus(vsfM);
-    }
-  });
-}
-
-void frmgrpRM::CMDUP_CLICK() {
-  trap("CMDUP_CLICK", [&] { moveRow(-1); });
-}
-
-void frmgrpRM::CMDDOWN_CLICK() {
-  trap("CMDDOWN_CLICK", [&] { moveRow(1); });
-}
-
-void frmgrpRM::moveRow(int step) {
-  if (!rowSelected(vsfM)) return;
-  const int from = vsfM.current();
-  const int to = from + step;
-  if (to < 1 || to > vsfM.rows()) return;
-  for (int c = 0; c < vsfM.cols(); ++c) {
-    std::string moved = vsfM.cell(from, c);
-    vsfM.setCell(from, c, vsfM.cell(to, c));
-    vsfM.setCell(to, c, std::move(moved));
-  }
-  vsfM.setCurrent(to);
-}
-
-void frmgrpRM::UPDATESORTNOS() {
-  trap("UPDATESORTNOS", [&] {
-    if (!ask("Do you want to Update Sorting Order?")) return;
-    for (int row = 1; row <= vsfM.rows(); ++row) {
-      context_.host->ConQuery("Update " + table_ + " Set GrpOrder=" + std::to_string(row) +
-                              ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
-    }
-    flush();
-    const int row = vsfM.current();
-    setStateM(State::browsing);
-    LOADGRIDM(0);
-    vsfM.setCurrent(row);
-    focus(vsfM);
-  });
-}
-
-// --- the previous year --------------------------------------------------------------------------
-
-std::string frmgrpRM::previousTable() {
-  const auto row =
-      context_.query("Select * from master where code_no='" + client_ + "' and f_yr='" +
-                     firstDateKey(yearOf(year_.firstDate) - 1) + "' and s_yr='" +
-                     secondDateKey(yearOf(year_.secondDate) - 1) + "'");
-  if (row->EOF_()) return {};
-  const std::string suffix = context_.host->GETTBNAME(row->integer("Count"));
-  return suffix.empty() ? std::string() : siblingTable(trialBalanceTable(suffix), "RMGRP_");
-}
-
-void frmgrpRM::IMPORTFROMPREVYR() {
-  trap("IMPORTFROMPREVYR", [&] {
-    const std::string previous = previousTable();
-    if (previous.empty()) return;
-    const auto items =
-        context_.query("Select * from " + previous + ofClient() + " Order by GrpOrder");
-    if (items->EOF_() || !ask("Do you want to Import from Previous Year?")) return;
-    change("Insert into " + table_ + " Select * from " + previous + ofClient());
-    copySetup();
-    LOADLIST();
-    LOADGRIDM(0);
-  });
-}
-
-void frmgrpRM::copySetup() {
-  const int year = yearOf(year_.secondDate);
-  const auto setupOf = [&](int fYr) {
-    return context_.query("Select * from RmSchSetup" + ofClient() +
-                          " and FYr=" + std::to_string(fYr));
-  };
-  const auto previous = setupOf(year - 1);
-  if (previous->EOF_() || !setupOf(year)->EOF_()) return;
-  std::string values = "'" + client_ + "'," + std::to_string(year);
-  for (const char* field : {"Head", "RmGroup", "OsGroup", "PurGroup", "SalGroup", "CsGroup"}) {
-    values += "," + quoted(previous->text(field));
-  }
-  change("Insert into RmSchSetup Values (" + values + ")");
 }
 
 }  // namespace quillet

@@ -91,12 +91,12 @@ TEST_F(BindingTest, OffersWhatIsBoundThoughTheYearHasLostIt) {
   EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A", "CLOSE UNUSED"}));
   EXPECT_EQ(shown(form.vsfM), (Rows{{"STEEL", "OPEN UNUSED", "(None)", "CLOSE UNUSED"}}));
   const Texts sent = statements();
-  EXPECT_EQ(sent[2],
+  EXPECT_EQ(sent[1],
             "Select Distinct TAB_2.allid from TAB_2,mast_allgrp Where "
             "TAB_2.allid=mast_allgrp.allid and mast_allgrp.gid=18 and TAB_2.Code_No='C1'");
-  EXPECT_EQ(sent[4], "Select Distinct TRADE_2.allid from TRADE_2 Where Code_No='C1'");
-  EXPECT_EQ(sent[5], "Select * from RMGRP_2 Where Code_No='C1'");
-  EXPECT_EQ(sent[8], "Select * from Mast_AllGrp Where GID=7 and AllId in (" + id("CLOSE A") + "," +
+  EXPECT_EQ(sent[3], "Select Distinct TRADE_2.allid from TRADE_2 Where Code_No='C1'");
+  EXPECT_EQ(sent[4], "Select * from RMGRP_2 Where Code_No='C1'");
+  EXPECT_EQ(sent[7], "Select * from Mast_AllGrp Where GID=7 and AllId in (" + id("CLOSE A") + "," +
                          id("CLOSE UNUSED") + ") Order by AllGrp");
 }
 
