@@ -105,9 +105,8 @@ bool frmjrnl::takeLedger(int line) {
   const long id = entry ? entry->id : CHECKLEDGER(name);
   {
     const Filling filling(filling_);
-    // What was created or found just now is in the list by now.
-    if (!entry) entry = ledgers_.find(name);
-    putName(box, id == 0 ? std::string() : std::string(trimmed(entry ? entry->name : name)));
+    putName(box,
+            id == 0 ? std::string() : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
     if (id != 0) ledgerTaken(line, id);
   }
   GETCURBALS();
