@@ -46,7 +46,7 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
 }
 
 fs::path folderToOpen(const fs::path& named) {
-  const fs::path path = named.empty() ? DataFolder::standard() : named;
+  fs::path path = named.empty() ? DataFolder::standard() : named;
   const bool interrupted = fs::exists(marker(path));
   if (named.empty() && (interrupted || !DataFolder::isOne(path))) {
     makeFolder(path, Contents::sample, interrupted);
