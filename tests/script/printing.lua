@@ -1,0 +1,42 @@
+-- A printout from the home form: shown, read, and saved as PDF and as text without a display.
+local support = require("support")
+local equal, fails = support.equal, support.fails
+
+quillet.add_client { code = "C1", name = "Rao Textiles" }
+local tab = support.year("C1", 2008, 1)
+quillet.exec("insert into Mast_Part values(1,'Söhne & Co')")
+quillet.exec("insert into " .. tab .. " values(1,'C1',1,72,12000.5,1)")
+
+local home = quillet.show("third")
+home.mnualpha:click()
+home.ClGrd1:pick("C1")
+home.ClGrd1:dblclick()
+home.flexgrid2:pick(1)
+home.flexgrid2:dblclick()
+equal(quillet.log(), {})
+
+local report = assert(quillet.report(), "no report was shown")
+local texts = table.concat(report.headings, "\n")
+assert(texts:find("Trial Balance For the Period From 01/04/2008 To 31/03/2009", 1, true), texts)
+equal(#report.rows, #report.masks)
+local found
+for i, row in ipairs(report.rows) do
+  equal(#report.masks[i], 4)
+  if table.concat(row, "|"):find("Söhne & Co", 1, true) then found = row end
+end
+assert(found, "the line is not in the report")
+assert(table.concat(found, "|"):find("12000.50", 1, true))
+
+local function contents(path)
+  local file <close> = assert(io.open(path, "rb"))
+  return file:read("a")
+end
+
+local text, pdf = quillet.paths.doc .. "/report.txt", quillet.paths.doc .. "/report.PDF"
+quillet.save_report(text)
+assert(contents(text):find("Söhne & Co", 1, true))
+quillet.save_report(pdf)
+equal(contents(pdf):sub(1, 5), "%PDF-")
+fails(".pdf or .txt", quillet.save_report, quillet.paths.doc .. "/report.doc")
+fails("cannot write", quillet.save_report, quillet.paths.doc .. "/nowhere/report.txt")
+fails("cannot write", quillet.save_report, quillet.paths.doc .. "/nowhere/report.pdf")
