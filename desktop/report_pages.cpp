@@ -260,6 +260,7 @@ void ReportPages::paintFoot(QPainter& painter, int page) const {
   painter.drawText(
       foot, Qt::AlignLeft | Qt::AlignBottom,
       QObject::tr("Printed on %1").arg(printed_.toString(QStringLiteral("dd/MM/yyyy"))));
+  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, toQt(document_.firm()));
   painter.drawText(foot, Qt::AlignRight | Qt::AlignBottom,
                    QObject::tr("Page %1 of %2").arg(page + 1).arg(count()));
 }

@@ -1,6 +1,8 @@
 #include "desktop/report_window.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QFile>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,8 +18,10 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "desktop/dot_matrix_dialog.h"
 #include "desktop/pdf.h"
 #include "desktop/text.h"
+#include "suite/text_report.h"
 
 namespace quillet::desktop {
 namespace {
@@ -103,6 +107,8 @@ void ReportWindow::addCommands() {
   };
   add(tr("&Print ..."), QKeySequence::Print, [this] { print(); });
   add(tr("Save as P&DF ..."), QKeySequence::Save, [this] { saveAs(); });
+  add(tr("Copy &table"), QKeySequence::Copy, [this] { copyTable(); });
+  add(tr("Dot &matrix ..."), QKeySequence(QStringLiteral("Ctrl+M")), [this] { dotMatrix(); });
   bar->addSeparator();
   add(tr("Zoom &out"), QKeySequence::ZoomOut, [this] { zoom(1 / 1.25); });
   add(tr("Zoom &in"), QKeySequence::ZoomIn, [this] { zoom(1.25); });
@@ -182,7 +188,25 @@ void ReportWindow::saveAs() {
   dialog.selectFile(tr("Trial balance.pdf"));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const QString path = dialog.selectedFiles().constFirst();
-  if (savePdf(document_, path, printed_)) return;
+  if (!savePdf(document_, path, printed_)) tellUnwritten(path);
+}
+
+void ReportWindow::copyTable() {
+  QApplication::clipboard()->setText(toQt(suite::tabbedTextOf(document_)));
+}
+
+void ReportWindow::dotMatrix() {
+  DotMatrixDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  QFile file(dialog.target());
+  const std::string codes = suite::dotMatrixOf(document_, dialog.width());
+  const auto size = static_cast<qint64>(codes.size());
+  const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+                       file.write(codes.data(), size) == size;
+  if (!written) tellUnwritten(dialog.target());
+}
+
+void ReportWindow::tellUnwritten(const QString& path) {
   QMessageBox box(QMessageBox::Warning, windowTitle(),
                   tr("The file cannot be written:\n%1").arg(path), QMessageBox::Ok, this);
   box.setTextFormat(Qt::PlainText);

@@ -1,4 +1,5 @@
-// A report on the screen, page by page, to be read, printed and saved as PDF.
+// A report on the screen, page by page, to be read, printed, saved as PDF, copied as a table and
+// sent to a dot-matrix printer.
 #pragma once
 
 #include <QMainWindow>
@@ -17,6 +18,8 @@ class ReportWindow : public QMainWindow {
   // Keys and buttons of the window.
   void print();
   void saveAs();
+  void copyTable();
+  void dotMatrix();
   void zoom(double factor);
   void fitWidth();
 
@@ -31,6 +34,7 @@ class ReportWindow : public QMainWindow {
   void addCommands();
   void setScale(double scale);
   void tellPage();
+  void tellUnwritten(const QString& path);
 
   suite::Document document_;
   ReportPages pages_;

@@ -52,6 +52,9 @@ class Document {
   };
   Span spanOf(const ReportRow& row, std::size_t cell) const;
   int tables() const { return tables_; }
+  // Whose report it is; printed at the foot of every page.
+  const std::string& firm() const { return firm_; }
+  void setFirm(std::string name) { firm_ = std::move(name); }
 
   // Told by the reporter.
   void addHeading(const std::string& text);
@@ -68,6 +71,7 @@ class Document {
   void addRow(const Written& row);
 
  private:
+  std::string firm_;
   std::vector<ReportHeading> headings_;
   std::vector<ReportRow> rows_;
   std::vector<std::size_t> columns_;  // of each table

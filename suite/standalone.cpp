@@ -49,7 +49,8 @@ std::unique_ptr<ServiceObject> Standalone::createServiceObject() {
 std::unique_ptr<Reporter> Standalone::createReporter() {
   return std::make_unique<DocumentReporter>([this](const Document& document) {
     lastReport_ = document;
-    frontEnd_.showReport(document);
+    lastReport_->setFirm(settings_.companyName());
+    frontEnd_.showReport(*lastReport_);
   });
 }
 

@@ -93,4 +93,17 @@ std::string textOf(const Document& document) {
   return text;
 }
 
+std::string tabbedTextOf(const Document& document) {
+  std::string text;
+  for (const ReportRow& row : document.rows()) {
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+      std::string cell = row.cells[i].printed ? row.cells[i].text : std::string();
+      std::replace(cell.begin(), cell.end(), '\n', ' ');
+      text += (i > 0 ? "\t" : "") + cell;
+    }
+    text += '\n';
+  }
+  return text;
+}
+
 }  // namespace quillet::suite

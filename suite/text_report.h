@@ -9,4 +9,7 @@ namespace quillet::suite {
 
 std::string textOf(const Document& document);
 
+// The tables alone as a spreadsheet takes them from the clipboard: cells parted by tabs.
+std::string tabbedTextOf(const Document& document);
+
 }  // namespace quillet::suite
