@@ -1,0 +1,20 @@
+// Opening the summary figures of a year.
+#include "bench/editor.h"
+#include "bench/support.h"
+
+namespace quillet::bench {
+namespace {
+
+void summary(benchmark::State& state) {
+  const BenchYear& year = yearOf(static_cast<int>(state.range(0)));
+  closeEditor();
+  frmcrtb& editor = openEditor(year);
+  const auto toggle = [&] { editor.MNUSHSUMM_CLICK(); };
+  compare(state, {.run = toggle, .restore = toggle});
+  closeEditor();
+}
+
+BENCHMARK(summary)->Apply(yearSizes);
+
+}  // namespace
+}  // namespace quillet::bench
