@@ -2,6 +2,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -125,10 +126,32 @@ std::string written(const Parts& parts, const Section& section) {
   return text;
 }
 
+// The everyday case, a grid's thousands of amounts: whole paise of at most 15 digits in the plain
+// format need no decimal expansion. Nothing for any other number or format.
+std::optional<std::string> plainPaise(double number, std::string_view format) {
+  constexpr double limit = 1e13;
+  const double size = std::abs(number);
+  if (format != "###0.00" || !(size < limit)) return std::nullopt;
+  const double paise = std::round(size * 100);
+  if (paise / 100 != size) return std::nullopt;
+  std::array<char, 24> text{};
+  char* const begin = text.data() + 1;
+  const auto whole = static_cast<long long>(paise) / 100;
+  const auto rest = static_cast<int>(static_cast<long long>(paise) % 100);
+  char* end = std::to_chars(begin, text.data() + text.size(), whole).ptr;
+  *end++ = '.';
+  *end++ = static_cast<char>('0' + rest / 10);
+  *end++ = static_cast<char>('0' + rest % 10);
+  const bool negative = number < 0 && paise > 0;
+  text[0] = '-';
+  return std::string(negative ? text.data() : begin, end);
+}
+
 }  // namespace
 
 std::string formatNumber(double number, std::string_view format) {
   if (!std::isfinite(number)) throw RunTimeError(6, "Overflow", "formatgen");
+  if (auto plain = plainPaise(number, format)) return *std::move(plain);
   const std::size_t semicolon = format.find(';');
   const bool ownNegative = semicolon != std::string_view::npos;
   const Section positive = sectionOf(format.substr(0, semicolon));

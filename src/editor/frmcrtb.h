@@ -213,8 +213,8 @@ class frmcrtb : public Form {
   bool importPreviousYear();
   std::vector<Line> selectLines(Year year);
   void fillNames(std::vector<Entry>& entries);
-  void showEntries(const std::vector<Entry>& entries);
-  std::vector<std::string> cellsOf(const Entry& entry) const;
+  void showEntries(std::vector<Entry> entries);
+  std::vector<std::string> cellsOf(Entry&& entry) const;
   void setGridColumns();
   void reload();
   void loadLedgerList(const std::string& text);

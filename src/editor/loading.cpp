@@ -181,7 +181,7 @@ void frmcrtb::LOADTRIALBAL() {
     }
     fillNames(entries);
     sortEntries(entries, sort_);
-    showEntries(entries);
+    showEntries(std::move(entries));
     GETBALANCE();
   });
 }
@@ -224,12 +224,12 @@ void frmcrtb::fillNames(std::vector<Entry>& entries) {
   }
 }
 
-void frmcrtb::showEntries(const std::vector<Entry>& entries) {
+void frmcrtb::showEntries(std::vector<Entry> entries) {
   const Year year = inView(current) ? current : previous;
   const long selected = vsfm.current() > 0 ? serialAt(vsfm.current(), year) : 0;
   setGridColumns();
   vsfm.reserve(static_cast<int>(entries.size()));
-  for (const Entry& entry : entries) vsfm.addRow(cellsOf(entry));
+  for (Entry& entry : entries) vsfm.addRow(cellsOf(std::move(entry)));
   selectSerial(year, selected);
 }
 
@@ -253,9 +253,11 @@ void frmcrtb::setGridColumns() {
   vsfm.setColumns(std::move(columns));
 }
 
-std::vector<std::string> frmcrtb::cellsOf(const Entry& entry) const {
-  std::vector<std::string> cells{entry.particular, entry.group};
-  cells.reserve(10);
+std::vector<std::string> frmcrtb::cellsOf(Entry&& entry) const {
+  std::vector<std::string> cells;
+  cells.reserve(static_cast<std::size_t>(vsfm.cols()));
+  cells.push_back(std::move(entry.particular));
+  cells.push_back(std::move(entry.group));
   for (const Year year : {current, previous}) {
     if (!inView(year)) continue;
     const Line& line = entry.line[year];

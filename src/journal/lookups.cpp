@@ -103,10 +103,11 @@ bool frmjrnl::takeLedger(int line) {
   if (name.empty()) return true;
   const NameList::Entry* entry = ledgers_.find(name);
   const long id = entry ? entry->id : CHECKLEDGER(name);
+  // A ledger just made, or made by another workstation, stands in the list by now.
+  if (!entry) entry = ledgers_.find(name);
   {
     const Filling filling(filling_);
-    putName(box,
-            id == 0 ? std::string() : std::string(trimmed(context_.host->GetPart_MastPartId(id))));
+    putName(box, id == 0 ? std::string() : std::string(trimmed(entry ? entry->name : name)));
     if (id != 0) ledgerTaken(line, id);
   }
   GETCURBALS();
