@@ -122,7 +122,6 @@ void FormWindow::setFootnote(const QString& text) {
     statusBar()->setSizeGripEnabled(false);
   }
   footnote_->setText(text);
-  statusBar()->setVisible(!text.isEmpty());
 }
 
 bool FormWindow::event(QEvent* event) {

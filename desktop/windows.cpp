@@ -62,7 +62,8 @@ FormWindow& Windows::create(Form& form) {
     window->setWindowModality(Qt::ApplicationModal);
     window->winId();  // makes the window, so that it can be told what it stands above
     if (below) window->windowHandle()->setTransientParent(below->windowHandle());
-  } else if (!footnote_.isEmpty()) {
+  } else {
+    // Also while it is empty: the form does not move when the first client is named.
     window->setFootnote(footnote_);
   }
   return *window;
