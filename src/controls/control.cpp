@@ -39,8 +39,6 @@ void Control::setToolTip(std::string text) {
   touch();
 }
 
-bool Control::shown() const {
-  return visible_ && (frame_ == nullptr || frame_->shown());
-}
+bool Control::shown() const { return visible_ && (frame_ == nullptr || frame_->shown()); }
 
 }  // namespace quillet

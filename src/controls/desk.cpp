@@ -34,9 +34,8 @@ void Desk::forget(Form& form) {
 
 bool Desk::bringToFront(Form& form) {
   const auto at = std::find(open_.begin(), open_.end(), &form);
-  const bool covered = std::any_of(at, open_.end(), [&](const Form* other) {
-    return other != &form && other->modal();
-  });
+  const bool covered = std::any_of(
+      at, open_.end(), [&](const Form* other) { return other != &form && other->modal(); });
   if (at == open_.end() || covered) return false;
   if (front_ == &form) return true;
   front_ = &form;

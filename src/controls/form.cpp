@@ -1,6 +1,7 @@
 #include "controls/form.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "controls/desk.h"
@@ -149,12 +150,12 @@ void Form::moveFocus(Control* to) {
 }
 
 Control* Form::nextFocusable(Control* from, bool backwards) const {
-  const auto count = static_cast<long>(controls_.size());
+  const auto count = static_cast<std::ptrdiff_t>(controls_.size());
   if (count == 0) return nullptr;
   const auto at = std::find(controls_.begin(), controls_.end(), from);
-  const long step = backwards ? -1 : 1;
-  long position = at != controls_.end() ? at - controls_.begin() : (backwards ? 0 : -1);
-  for (long tries = 0; tries < count; ++tries) {
+  const std::ptrdiff_t step = backwards ? -1 : 1;
+  std::ptrdiff_t position = at != controls_.end() ? at - controls_.begin() : (backwards ? 0 : -1);
+  for (std::ptrdiff_t tries = 0; tries < count; ++tries) {
     position = (position + step + count) % count;
     Control* control = controls_[static_cast<std::size_t>(position)];
     if (control->tabStop && control->focusable()) return control;

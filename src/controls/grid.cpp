@@ -214,8 +214,8 @@ void Grid::sortBy(int column) {
   }
   permute(rows_, order);
   if (current_ > 0) {
-    current_ = static_cast<int>(std::find(order.begin(), order.end(), current_ - 1) -
-                                order.begin()) + 1;
+    current_ =
+        static_cast<int>(std::find(order.begin(), order.end(), current_ - 1) - order.begin()) + 1;
   }
   changed();
   fire(AfterSort);

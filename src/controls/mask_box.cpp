@@ -89,7 +89,8 @@ bool MaskBox::act(Key key) {
     case U'-':
     case U'.':
       // Typing the separator by habit goes to the next part and is otherwise ignored.
-      if (caret_ != 0 && caret_ != 3 && caret_ != 6) setCaret(caret_ < 3 ? 3 : caret_ < 6 ? 6 : caret_);
+      if (caret_ != 0 && caret_ != 3 && caret_ != 6)
+        setCaret(caret_ < 3 ? 3 : caret_ < 6 ? 6 : caret_);
       return true;
     default:
       break;

@@ -34,6 +34,11 @@ void frmcrtb::showYear(const std::string& clientName) {
   if (close()) show();
 }
 
+bool frmcrtb::shows(const std::string& clientCode, const std::string& table) const {
+  return visible() && namedCode_ == clientCode &&
+         (tables_[current] == table || tables_[previous] == table);
+}
+
 void frmcrtb::attachMenus() {
   mnuinsert.Click = [this] { MNUINSERT_CLICK(); };
   mnualter.Click = [this] { MNUALTER_CLICK(); };

@@ -32,6 +32,8 @@ class frmcrtb : public Form {
   // Shows the year of the context for the client of that name; an editor that is open leaves the
   // year it has.
   void showYear(const std::string& clientName);
+  // Whether it is open on that table of the client, as the current or as the previous year.
+  bool shows(const std::string& clientCode, const std::string& table) const;
 
   Node layout() override;
   void activated() override { FORM_ACTIVE(); }

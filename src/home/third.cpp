@@ -279,8 +279,12 @@ void third::openDeletion(Recordset& year, std::function<void()> done) {
   const DeletableYear deletable{context_.clientCode, year.text("tbl_nm"), year.integer("Count"),
                                 yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
   if (!deletion_.INITDATA(mode_, deletable)) return;
-  deletion_.showModal([this, done = std::move(done)] {
-    if (deletion_.deleted()) done();
+  deletion_.showModal([this, table = deletable.table, done = std::move(done)] {
+    if (!deletion_.deleted()) return;
+    // An editor left open on the year would write its next line into what was removed.
+    frmcrtb& editor = theEditor(context_);
+    if (editor.shows(context_.clientCode, table)) editor.close();
+    done();
   });
 }
 

@@ -18,8 +18,9 @@ class EditorTest : public PracticeTest {
   EditorTest() {
     addClient("C1", "Asha Traders");
     addClient("C2", "Neighbour & Co");
-    exec("insert into mast_gunder values (1,'Capital',2),(9,'Banks',1),(22,'Expenses',4),"
-         "(15,'Sales',3)");
+    exec(
+        "insert into mast_gunder values (1,'Capital',2),(9,'Banks',1),(22,'Expenses',4),"
+        "(15,'Sales',3)");
     group("CAPITAL", 1);
     group("BANKS", 9);
     group("RENT", 22);
