@@ -270,6 +270,32 @@ TEST_F(DeletionTest, NoDeletesTheLinesAlone) {
   EXPECT_EQ(value("select annex from master"), "a");
 }
 
+TEST_F(DeletionTest, AnEditorOpenOnTheYearClosesWithIt) {
+  addYear("C1", 2007, {{"Cash", "BANKS", 5}});
+  addYear("C1", 2008, {{"Cash", "BANKS", 7}});
+  select("C1", 2007);
+  Form& editor = *practice.forms().ObjCreate();
+  for (const bool onTheYear : {false, true}) {
+    if (onTheYear) {
+      select("C1", 2008);
+      answer({Answer::No});  // to the import into the year that is empty by now
+    }
+    editor.close();
+    editor.show();
+    if (onTheYear) {
+      frmdelwhatinTB& refused = open();
+      refused.click(refused.cmdcancel);
+      EXPECT_TRUE(editor.visible());
+    }
+    frmdelwhatinTB& box = open();
+    box.click(box.optMain[1]);
+    answer({Answer::Yes});
+    box.click(box.cmddelete);
+    EXPECT_EQ(editor.visible(), !onTheYear);
+    messages();
+  }
+}
+
 // What is deleted of each choice, and that nobody else's rows go with it.
 TEST_F(DeletionTest, LeavesTheNeighboursAndTheOtherYears) {
   const Texts codes{"C%", "C_1", "c'1", "CX1", "C\\1", "{Y}"};
