@@ -111,8 +111,11 @@ void frmgrpmas::LOADGRID(long groupId) {
     } else if (!rows->EOF_()) {
       int row = vsf.find(idColumn, sqlNumber(groupId));
       if (row == 0) row = vsf.addRow({});
-      const auto cells = cellsOf(*rows);
-      for (int c = 0; c < vsf.cols(); ++c) vsf.setCell(row, c, cells[static_cast<std::size_t>(c)]);
+      // The tick is not the group's: its cell stays as it is.
+      auto cells = cellsOf(*rows);
+      for (std::size_t c = 0; c < cells.size(); ++c) {
+        vsf.setCell(row, static_cast<int>(c), std::move(cells[c]));
+      }
       makeCurrent(vsf, row);
     }
   });
