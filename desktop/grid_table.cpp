@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <cstdlib>
 
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
@@ -106,13 +107,16 @@ void GridTable::showCurrent() {
   while (column + 1 < cells_->columnCount() && isColumnHidden(column)) ++column;
   const QModelIndex index = cells_->index(row, column);
   const bool moved = currentIndex().row() != row;
+  // What typing finds far down a list is shown with the names that follow it.
+  const bool jumped = grid_.dropOf && std::abs(currentIndex().row() - row) > 1 &&
+                      !viewport()->rect().contains(visualRect(index));
   if (moved || !selectionModel()->isRowSelected(row)) {
     selectionModel()->setCurrentIndex(
         index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
   if (!moved) return;
   const int across = horizontalScrollBar()->value();
-  scrollTo(index);
+  scrollTo(index, jumped ? PositionAtTop : EnsureVisible);
   horizontalScrollBar()->setValue(across);
 }
 
