@@ -13,8 +13,6 @@ namespace quillet::support {
 
 class EditorTest : public PracticeTest {
  protected:
-  using Rows = std::vector<std::vector<std::string>>;
-
   EditorTest() {
     addClient("C1", "Asha Traders");
     addClient("C2", "Neighbour & Co");
@@ -36,13 +34,6 @@ class EditorTest : public PracticeTest {
     return form;
   }
 
-  // As a person does it: to the field, over what stands there, key by key.
-  static void type(TextBox& box, const std::string& text) {
-    ASSERT_TRUE(box.form().focus(box)) << box.name();
-    box.selectAll();
-    if (text.empty()) box.form().press(keys::Delete);
-    for (const char32_t c : charactersOf(text)) box.form().press(c);
-  }
   static void enter(frmcrtb& form, const std::string& ledger, const std::string& group,
                     const std::string& amount, const std::string& side) {
     type(form.txtpart, ledger);
@@ -52,18 +43,6 @@ class EditorTest : public PracticeTest {
     form.press(keys::Enter);
   }
 
-  // The shown cells of the grid's rows.
-  static Rows shown(const Grid& grid) {
-    Rows all;
-    for (int r = 1; r <= grid.rows(); ++r) {
-      std::vector<std::string> cells;
-      for (int c = 0; c < grid.cols(); ++c) {
-        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
-      }
-      all.push_back(std::move(cells));
-    }
-    return all;
-  }
   Rows stored(const std::string& table, const std::string& client = "C1") {
     return rows("select srno,particular,allgrp,amt,nid from " + table +
                 " t join mast_part p on p.partid=t.partid join mast_allgrp g on g.allid=t.allid "

@@ -21,8 +21,6 @@ struct Entered {
 
 class JournalTest : public PracticeTest {
  protected:
-  using Rows = std::vector<std::vector<std::string>>;
-
   // The groups' ids are the positions in which they are made here: 1, 2, 3, 4.
   JournalTest() {
     addClient("C1", "Asha Traders");
@@ -52,13 +50,7 @@ class JournalTest : public PracticeTest {
     messages();
   }
 
-  // As a person does it: to the field, over what stands there, key by key.
-  static void type(TextBox& box, const std::string& text) {
-    ASSERT_TRUE(box.form().focus(box)) << box.name();
-    box.selectAll();
-    if (text.empty()) box.form().press(keys::Delete);
-    for (const char32_t c : charactersOf(text)) box.form().press(c);
-  }
+  using PracticeTest::type;
   static void type(MaskBox& box, const std::string& digits) {
     ASSERT_TRUE(box.form().focus(box)) << box.name();
     box.clear();
@@ -96,18 +88,6 @@ class JournalTest : public PracticeTest {
     journal().vsf.setCurrent(row);
   }
 
-  // The shown cells of the grid's rows.
-  static Rows shown(const Grid& grid) {
-    Rows all;
-    for (int r = 1; r <= grid.rows(); ++r) {
-      std::vector<std::string> cells;
-      for (int c = 0; c < grid.cols(); ++c) {
-        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
-      }
-      all.push_back(std::move(cells));
-    }
-    return all;
-  }
   // srno, ledger, group, amt, nid.
   Rows trialBalance(const std::string& table, const std::string& client = "C1") {
     return rows("select srno,particular,allgrp,amt,nid from " + table +

@@ -15,7 +15,6 @@ namespace quillet::support {
 
 class MastersTest : public PracticeTest {
  protected:
-  using Rows = std::vector<std::vector<std::string>>;
   using Texts = std::vector<std::string>;
 
   MastersTest() {
@@ -29,13 +28,6 @@ class MastersTest : public PracticeTest {
   static void press(Form& form, Control& button) {
     ASSERT_TRUE(form.click(button)) << button.name() << " cannot be clicked";
   }
-  // Over what stands there, key by key.
-  static void type(TextBox& box, const std::string& text) {
-    ASSERT_TRUE(box.form().focus(box)) << box.name();
-    box.selectAll();
-    if (text.empty()) box.form().press(keys::Delete);
-    for (const char32_t c : charactersOf(text)) box.form().press(c);
-  }
   static void choose(Choice& choice, const std::string& text) {
     ASSERT_TRUE(choice.enabled()) << choice.name();
     ASSERT_GT(choice.find(text), 0) << text;
@@ -45,18 +37,6 @@ class MastersTest : public PracticeTest {
   static void pick(Grid& grid, int column, const std::string& text) {
     ASSERT_GT(grid.find(column, text), 0) << text;
     grid.setCurrent(grid.find(column, text));
-  }
-  // The shown cells of the shown rows.
-  static Rows shown(const Grid& grid) {
-    Rows all;
-    for (int r = 1; r <= grid.rows(); ++r) {
-      if (grid.rowHidden(r)) continue;
-      auto& cells = all.emplace_back();
-      for (int c = 0; c < grid.cols(); ++c) {
-        if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
-      }
-    }
-    return all;
   }
   // Statements since the last call that hold the text.
   Texts statementsWith(const std::string& text) {

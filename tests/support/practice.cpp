@@ -6,7 +6,9 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "controls/form.h"
 #include "data/sql.h"
+#include "data/text.h"
 #include "suite/schema.h"
 #include "suite/schema_tables.h"
 
@@ -104,12 +106,31 @@ void PracticeTest::TearDown() {
   EXPECT_EQ(dialogs.left(), 0U) << "answers were queued that nobody asked for";
 }
 
+void PracticeTest::type(TextBox& box, const std::string& text) {
+  ASSERT_TRUE(box.form().focus(box)) << box.name();
+  box.selectAll();
+  if (text.empty()) box.form().press(keys::Delete);
+  for (const char32_t c : charactersOf(text)) box.form().press(c);
+}
+
+PracticeTest::Rows PracticeTest::shown(const Grid& grid) {
+  Rows all;
+  for (int r = 1; r <= grid.rows(); ++r) {
+    if (grid.rowHidden(r)) continue;
+    auto& cells = all.emplace_back();
+    for (int c = 0; c < grid.cols(); ++c) {
+      if (!grid.columns()[static_cast<std::size_t>(c)].hidden) cells.push_back(grid.cell(r, c));
+    }
+  }
+  return all;
+}
+
 void PracticeTest::exec(const std::string& sql) {
   host().executedElsewhere(sql);
   practice.database().execute(sql);
 }
 
-std::vector<std::vector<std::string>> PracticeTest::rows(const std::string& sql) {
+PracticeTest::Rows PracticeTest::rows(const std::string& sql) {
   std::vector<std::vector<std::string>> all;
   const RecordsetPtr found = practice.database().query(sql);
   for (; !found->EOF_(); found->MoveNext()) {

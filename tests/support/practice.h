@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/grid.h"
+#include "controls/text_box.h"
 #include "suite/client_register.h"
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
@@ -53,10 +55,17 @@ class PracticeTest : public ::testing::Test {
   Context& context() { return practice.context(); }
   suite::Service& host() { return practice.service(); }
 
+  using Rows = std::vector<std::vector<std::string>>;
+
+  // As a person does it: to the field, over what stands there, key by key.
+  static void type(TextBox& box, const std::string& text);
+  // The shown cells of the grid's shown rows.
+  static Rows shown(const Grid& grid);
+
   // Straight to the database, not recorded.
   void exec(const std::string& sql);
   // Rows as texts; null reads "NULL".
-  std::vector<std::vector<std::string>> rows(const std::string& sql);
+  Rows rows(const std::string& sql);
   // The first cell of the first row, "" when there is no row.
   std::string value(const std::string& sql);
 

@@ -17,7 +17,6 @@ namespace quillet::support {
 
 class YearsTest : public PracticeTest {
  protected:
-  using Rows = std::vector<std::vector<std::string>>;
   using Texts = std::vector<std::string>;
 
   YearsTest() {
