@@ -50,6 +50,8 @@ class FormWindow : public QMainWindow {
 
   Form& form_;
   Stage& stage_;
+  // Before the menu: making it sends the window its first events.
+  bool retired_ = false;
   FormMenu menu_;
   std::unique_ptr<FormLayout> layout_;
   std::map<const Control*, ControlView*> views_;
@@ -57,7 +59,6 @@ class FormWindow : public QMainWindow {
   QLabel* footnote_ = nullptr;
   unsigned drawn_ = 0;
   unsigned arranged_ = 0;
-  bool retired_ = false;
 };
 
 }  // namespace quillet::desktop

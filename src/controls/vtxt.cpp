@@ -118,7 +118,8 @@ void VTxt::check(Key& key) {
   if (!key_checks::accepts(validateData_, key)) {
     return discard(key, key_checks::refusal(validateData_));
   }
-  const std::string_view typed = trimmed(text());
+  const std::string shown = text();
+  const std::string_view typed = trimmed(shown);
   if (validateData_ == key_checks::amount && key != U'+' && key != U'-') {
     const std::size_t point = typed.find('.');
     if (point != std::string_view::npos && typed.size() - point > decimalsTaken) {
