@@ -13,12 +13,7 @@ namespace quillet {
 template <class T>
 class ControlArray {
  public:
-  // One member for each caption.
-  ControlArray(Form& form, std::string name, std::initializer_list<std::string> captions)
-      : form_(form), name_(std::move(name)) {
-    for (const std::string& caption : captions) load(caption);
-  }
-  // One member for each caption, with more arguments for the members' constructors.
+  // One member for each caption, with any more arguments of the members' constructors.
   template <class... Args>
   ControlArray(Form& form, std::string name, std::initializer_list<std::string> captions,
                Args&&... args)

@@ -56,11 +56,6 @@ void Grid::setColumns(std::vector<GridColumn> columns) {
   clearRows();
 }
 
-void Grid::setHeading(int column, std::string heading) {
-  columns_.at(static_cast<std::size_t>(column)).heading = std::move(heading);
-  changed();
-}
-
 void Grid::setColumnHidden(int column, bool hidden) {
   columns_.at(static_cast<std::size_t>(column)).hidden = hidden;
   changed();

@@ -31,7 +31,6 @@ class Grid : public Control {
   // Replaces the columns and removes every row.
   void setColumns(std::vector<GridColumn> columns);
   const std::vector<GridColumn>& columns() const { return columns_; }
-  void setHeading(int column, std::string heading);
   void setColumnHidden(int column, bool hidden);
   void setColumnWidth(int column, int width);
   int cols() const { return static_cast<int>(columns_.size()); }
