@@ -44,7 +44,14 @@ void exportYear(benchmark::State& state) {
   closeEditor();
 }
 
-BENCHMARK(exportYear)->Apply(yearSizes);
+BENCHMARK(exportYear)
+    ->ArgName("lines")
+    ->Arg(200)
+    ->Arg(2'000)
+    ->Arg(20'000)
+    ->Iterations(3)
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillet::bench

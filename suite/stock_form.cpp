@@ -39,6 +39,11 @@ frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialo
                   {.heading = "AllId", .hidden = true}});
   vsf.DblClick = [this] { trap("VSF_DBLCLICK", [&] { alterLine(); }); };
   vsf.RowColChange = [this] { cmddelete.setEnabled(vsf.current() > 0); };
+  vsf.KeyDown = [this](Key& key) {
+    if (key != keys::Delete) return;
+    key = keys::none;
+    click(cmddelete);
+  };
   cmddelete.Click = [this] { trap("CMDDELETE_CLICK", [&] { deleteLine(); }); };
   cmddelete.causesValidation = false;
   cmdclose.Click = [this] { close(); };
@@ -97,7 +102,7 @@ void frmTrade::attachList(TextBox& box, Grid& list) {
   };
 }
 
-// Escape gives up an entry, then closes; Enter and Delete on a line alter and delete it.
+// Escape gives up an entry, then closes; Enter on a line alters it.
 void frmTrade::formKey(Key& key) {
   if (key == keys::Escape) {
     key = keys::none;

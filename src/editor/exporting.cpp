@@ -33,11 +33,9 @@ std::string described(const std::exception& error) {
 // not at all. Removes what is left of it.
 class WorkingCopy {
  public:
-  WorkingCopy(const fs::path& source, const fs::path& target) : target_(target) {
+  explicit WorkingCopy(const fs::path& target) : target_(target) {
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
     path_ = target.parent_path() / (".quillet-export-" + std::to_string(now) + ".xls");
-    fs::copy_file(source, path_);
-    fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add);
   }
   ~WorkingCopy() {
     std::error_code ignored;
@@ -47,6 +45,11 @@ class WorkingCopy {
   WorkingCopy& operator=(const WorkingCopy&) = delete;
 
   const fs::path& path() const { return path_; }
+  // A disk that is full leaves half a copy, which goes with this object.
+  void fill(const fs::path& source) {
+    fs::copy_file(source, path_);
+    fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add);
+  }
   void replaceTarget() {
     fs::rename(path_, target_);
     path_.clear();
@@ -95,7 +98,8 @@ void frmcrtb::CMDEXPORT_CLICK() {
 std::string frmcrtb::exportTo(const std::string& source, const std::string& target) {
   try {
     const Busy busy(context_, "Exporting to " + target + "....");
-    WorkingCopy copy(pathOf(source), pathOf(target));
+    WorkingCopy copy(pathOf(target));
+    copy.fill(pathOf(source));
     const auto excel = context_.surroundings.createSpreadsheet();
     Workbook& workbook = excel->Open(textOf(copy.path()));
     const auto& sheets = workbook.Worksheets();

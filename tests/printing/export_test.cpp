@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -245,13 +246,13 @@ const fs::path& realTemplate() {
   return path;
 }
 
-// Texts and numbers by row and column, of the sheet called "TB".
+// Texts and numbers of the only sheet, by row and column.
 struct Read {
   std::map<std::pair<int, int>, std::string> texts;
   std::map<std::pair<int, int>, double> numbers;
 };
 
-Read readBack(const fs::path& path) {
+Read readBack(const fs::path& path, const std::string& sheet = "TB") {
   Read read;
   const std::string command =
       std::string(QUILLET_CALC) + " --read '" + path.string() + "' 2>/dev/null";
@@ -265,7 +266,7 @@ Read readBack(const fs::path& path) {
   for (std::string text; std::getline(lines, text);) {
     const CalcLine line = suite::calcLine(text);
     if (line[0] == "sheet") {
-      EXPECT_EQ(line[1], "TB");
+      EXPECT_EQ(line[1], sheet);
       continue;
     }
     const std::pair at{std::stoi(line[1]), std::stoi(line[2])};
@@ -348,12 +349,43 @@ TEST_F(CalcTest, AFullDiskLosesNothing) {
   frmcrtb& form = open("C2", 2008);
   target_ = disk / "books.xls";
   write(target_, "mine");
-  dialogs.queueAnswer(Answer::Yes);
-  const std::string message = run(form, target_).back();
-  EXPECT_TRUE(message.starts_with("Error Occured : ")) << message;
-  EXPECT_EQ(contentOf(target_), "mine");
-  expectClean();
+  const auto expectRefused = [&] {
+    dialogs.queueAnswer(Answer::Yes);
+    const std::string message = run(form, target_).back();
+    EXPECT_TRUE(message.starts_with("Error Occured : ")) << message;
+    EXPECT_EQ(contentOf(target_), "mine");
+    expectClean();
+  };
+  expectRefused();
+  // No room even for the copy of the template.
+  write(disk / "padding", std::string(61 * 1024, 'x'));
+  expectRefused();
   umount(disk.c_str());
+}
+
+// A sheet takes the name of the text file that it is made from.
+TEST_F(CalcTest, ASheetIsFoundInCapitalsAndSmallLetters) {
+  frmcrtb& form = open("C1", 2008);
+  for (const std::string sheet : {"tb", "accounts"}) {
+    const fs::path text = folder_.path() / (sheet + ".csv");
+    write(text, "1,2,3,4,5\n");
+    const std::string command = std::string(QUILLET_OFFICE_PROGRAM "/soffice --headless ") +
+                                "-env:UserInstallation=file://" +
+                                (folder_.path() / "user").string() +
+                                " --convert-to xls --outdir '" + folder_.path().string() + "' '" +
+                                text.string() + "' >/dev/null 2>&1";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    fs::copy_file(folder_.path() / (sheet + ".xls"), template_,
+                  fs::copy_options::overwrite_existing);
+    const bool known = sheet == "tb";
+    EXPECT_EQ(run(form, target_),
+              (Texts{known ? exported() : "Trial Balance cannot be saved. Worksheet not found!"}));
+    EXPECT_EQ(fs::exists(target_), known);
+    if (known) {
+      EXPECT_EQ(readBack(target_, sheet).texts.at({2, 2}), "=1+1");
+    }
+    fs::remove(target_);
+  }
 }
 
 TEST_F(CalcTest, ATemplateThatIsNoWorkbookIsAnError) {
