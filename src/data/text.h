@@ -17,6 +17,7 @@ std::size_t offsetOf(std::string_view text, std::size_t n);
 std::u32string charactersOf(std::string_view text);
 
 char32_t upperCase(char32_t character);
+char32_t lowerCase(char32_t character);
 std::string upperCase(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 

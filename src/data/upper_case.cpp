@@ -1,5 +1,5 @@
-// Upper case by a table of its own: the standard library's depends on the locale that the program
-// happens to run in, and a name typed in one must be found again in another.
+// Upper and lower case by a table of its own: the standard library's depends on the locale that the
+// program happens to run in, and a name typed in one must be found again in another.
 #include <algorithm>
 #include <iterator>
 
@@ -101,6 +101,22 @@ char32_t upperCase(char32_t character) {
   const auto distance = static_cast<int>(character - range.first);
   if (character > range.last || distance % range.step != 0) return character;
   return static_cast<char32_t>(static_cast<int>(character) + range.offset);
+}
+
+// The table read backwards. Where several letters share a capital, the one of the longest range is
+// the ordinary one: the others are variants that stand alone.
+char32_t lowerCase(char32_t character) {
+  if (character < 0x80) {
+    return character >= U'A' && character <= U'Z' ? character + 32 : character;
+  }
+  const Range* best = nullptr;
+  for (const Range& range : ranges) {
+    const auto lower = static_cast<char32_t>(static_cast<int>(character) - range.offset);
+    if (lower < range.first || lower > range.last) continue;
+    if (upperCase(lower) != character) continue;
+    if (!best || range.last - range.first > best->last - best->first) best = &range;
+  }
+  return best ? static_cast<char32_t>(static_cast<int>(character) - best->offset) : character;
 }
 
 }  // namespace quillet

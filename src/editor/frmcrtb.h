@@ -219,6 +219,7 @@ class frmcrtb : public Form {
   std::vector<std::string> cellsOf(Entry&& entry) const;
   void setGridColumns();
   void reload();
+  void reloadPage();
   void loadLedgerList(const std::string& text);
   std::string ledgerIdsOfClient();
   void selectSerial(Year year, long srno);

@@ -323,8 +323,15 @@ void frmcrtb::REFRESHTB() {
   trap("REFRESHTB", [&] {
     reload();
     GETBALANCE();
+    reloadPage();
     SETBUTTON();
   });
+}
+
+// What stands beside the lines is drawn from them.
+void frmcrtb::reloadPage() {
+  if (famGroups.visible()) LOADGROUPSEXISTS();
+  if (famSummary.visible()) LOADFIGS();
 }
 
 void frmcrtb::reload() {
@@ -362,8 +369,7 @@ void frmcrtb::MNUYRS_CLICK(int index) {
     setView(static_cast<View>(index));
     vsfm.clearRows();
     reload();
-    if (famGroups.visible()) LOADGROUPSEXISTS();
-    if (famSummary.visible()) LOADFIGS();
+    reloadPage();
     SETBUTTON();
   });
 }

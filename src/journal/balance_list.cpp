@@ -1,5 +1,7 @@
 #include "journal/balance_list.h"
 
+#include "data/text.h"
+
 namespace quillet {
 
 std::optional<double> PairAmounts::find(LedgerGroup pair) const {
@@ -14,10 +16,12 @@ void BalanceList::clear() {
 
 void BalanceList::set(LedgerGroup pair, const std::string& group, double balance) {
   balances_.set(pair, balance);
-  // Every ledger has a row without a group, which proposes nothing.
-  if (pair.allId == 0) return;
-  const auto [first, isNew] = first_.try_emplace(pair.partId, Group{pair.allId, group});
-  if (!isNew && group < first->second.name) first->second = {pair.allId, group};
+  // Every ledger has a row without a group, and an old voucher may stand under a group that is
+  // gone: neither proposes anything.
+  if (pair.allId == 0 || group.empty()) return;
+  const std::string capitals = upperCase(group);
+  const auto [first, isNew] = first_.try_emplace(pair.partId, Group{pair.allId, capitals});
+  if (!isNew && capitals < first->second.capitals) first->second = {pair.allId, capitals};
 }
 
 long BalanceList::firstGroup(long partId) const {

@@ -44,7 +44,7 @@ class BalanceList {
  private:
   struct Group {
     long allId;
-    std::string name;
+    std::string capitals;
   };
   PairAmounts balances_;
   std::unordered_map<long, Group> first_;

@@ -3,8 +3,10 @@
 
 #include <string>
 
+#include "controls/grid.h"
 #include "controls/text_box.h"
 #include "data/recordset.h"
+#include "journal/name_list.h"
 
 namespace quillet {
 
@@ -24,12 +26,13 @@ inline constexpr const char* incomplete =
 struct VoucherFields {
   explicit VoucherFields(const Recordset& rows)
       : vid(rows.column("VID")),
+        line(rows.column("LSrNo")),
         date(rows.column("VDate")),
         partId(rows.column("PartId")),
         allId(rows.column("AllId")),
         amount(rows.column("Amount")),
         narration(rows.column("VNar")) {}
-  int vid, date, partId, allId, amount, narration;
+  int vid, line, date, partId, allId, amount, narration;
 };
 
 // Raised while a procedure writes into the boxes, whose handlers then leave them alone.
@@ -44,6 +47,9 @@ class Filling {
   bool& flag_;
   bool before_;
 };
+
+// Shows the names that were found in a drop-down list.
+void fillNames(Grid& list, const NameList::Matches& matches);
 
 // Writes a name so that its beginning is in view, however narrow the box.
 inline void putName(TextBox& box, const std::string& name) {

@@ -1,8 +1,8 @@
 #include "journal/frmjrnl.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "host/amount.h"
 #include "journal/form_parts.h"
 
 namespace quillet {
@@ -116,10 +116,7 @@ Node frmjrnl::entryLine(int line) {
 // --- amounts, messages, dates -------------------------------------------------------------------
 
 double frmjrnl::rounded(double amount) const {
-  const std::string text = context_.host->formatgen(amount, "###0.00");
-  double value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
+  return shownAmount(context_.host->formatgen(amount, "###0.00"));
 }
 
 std::string frmjrnl::shown(double amount) const {

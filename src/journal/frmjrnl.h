@@ -7,6 +7,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -72,7 +73,11 @@ class frmjrnl : public Form {
   ControlArray<TextBox> txtcramt{*this, "txtcramt", {""}};
 
   // --- loading
+  // For the client and the year of the context. An opener that stays open while the home form goes
+  // on to another client hands over its own: the code and `f_yr` of its current year.
   void INITDATA(const std::string& table, bool previousYear);
+  void INITDATA(const std::string& table, bool previousYear, const std::string& clientCode,
+                const std::string& firstDate);
   void FORM_LOAD();
   void LOADGRID();
   void LOADVCH(long vid);
@@ -131,6 +136,12 @@ class frmjrnl : public Form {
     LedgerGroup pair;
     long proposedFor = 0;  // the ledger whose group was proposed
   };
+  // A line of a stored voucher.
+  struct VoucherLine {
+    long number = 0;
+    LedgerGroup pair;
+    double amount = 0;
+  };
   struct Totals {
     double debit = 0;
     double credit = 0;
@@ -177,6 +188,7 @@ class frmjrnl : public Form {
   void follow(Grid& list, const NameList& names, const std::string& text);
   void moveList(TextBox& box, Grid& list, const NameList& names, Key& key);
   void takeHighlighted(TextBox& box, Grid& list);
+  void takeRow(TextBox& box, Grid& list);
   // False when the name typed stands for no ledger in the end.
   bool takeLedger(int line);
   void takeGroup(int line);
@@ -198,14 +210,16 @@ class frmjrnl : public Form {
   void cancelEntry();
   bool dateIsGood(const char* refusal);
   bool namesAreGood();
+  void lookUpNames(int line);
   bool amountsAreGood();
   void moveToBox(TextBox& box);
   int linesToSave() const;
   void insertLine(long vid, int line);
   void post(long vid, double sign);
+  std::vector<VoucherLine> readVoucher(long vid);
+  bool changeBalance(LedgerGroup pair, double amount);
   double storedBalance(const std::string& ofPair);
   void insertBalance(LedgerGroup pair, double balance);
-  void change(const std::string& sql, const char* flush);
 
   // Printing.
   void beginReport(const std::string& heading, int columns);
@@ -237,6 +251,11 @@ class frmjrnl : public Form {
 
   long vid_ = 0;        // of the voucher being modified, 0 for a new one
   PairAmounts posted_;  // what that voucher has put into the balances
+  // What a failure in the middle left behind, so that the next attempt goes on from there: of the
+  // vouchers whose posting is not at its end, the lines (`LSrNo`) that stand in the trial balance;
+  // and the balances that were taken out of it and not written back.
+  std::unordered_map<long, std::set<long>> standing_;
+  PairAmounts owed_;
   std::vector<LineIds> ids_{1};
   int top_ = 0;           // the first line in view
   int lastFocus_ = 0;     // the line that had the focus last

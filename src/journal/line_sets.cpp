@@ -220,7 +220,9 @@ double frmjrnl::signedAmount(int line) const {
 
 bool frmjrnl::namesNothing(int line) const {
   const auto blank = [](const TextBox& box) { return trimmed(box.text()).empty(); };
-  return blank(txtledger[line]) && blank(txtgroup[line]) && signedAmount(line) == 0;
+  const TextBox& amount = isDebit(line) ? txtdramt[line] : txtcramt[line];
+  const bool noAmount = blank(amount) || typedAmount(*context_.host, amount.text()) == 0.0;
+  return blank(txtledger[line]) && blank(txtgroup[line]) && noAmount;
 }
 
 // --- balances and totals ------------------------------------------------------------------------

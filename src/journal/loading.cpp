@@ -17,29 +17,19 @@ namespace {
 constexpr const char* columnsOfPairs =
     "(PartId Int(11), AllId Int(11), Part Varchar(100), AllGrp Varchar(100), Amt Double)";
 
-// The names of the ledger and the group of a per-year table's rows.
-std::string withNames(const std::string& table) {
-  return " from " + table + " LEFT JOIN mast_part ON " + table +
-         ".partid=mast_part.partid LEFT JOIN mast_allgrp on " + table +
-         ".allid=mast_allgrp.allid where " + table;
-}
-
-void showNames(Grid& list, const NameList& names) {
-  list.clearRows();
-  list.reserve(static_cast<int>(names.entries().size()));
-  for (const NameList::Entry& entry : names.entries()) {
-    list.addRow({std::to_string(entry.id), entry.name});
-  }
-}
-
 }  // namespace
 
 void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
+  INITDATA(table, previousYear, context_.clientCode, context_.firstDate);
+}
+
+void frmjrnl::INITDATA(const std::string& table, bool previousYear, const std::string& clientCode,
+                       const std::string& firstDate) {
   trap("INITDATA", [&] {
-    client_ = context_.host->TruncVarSQL(context_.clientCode);
+    client_ = context_.host->TruncVarSQL(clientCode);
     table_ = table;
     journal_ = siblingTable(table, "JRNL_");
-    firstYear_ = yearOf(context_.firstDate) - (previousYear ? 1 : 0);
+    firstYear_ = yearOf(firstDate) - (previousYear ? 1 : 0);
     setPeriod(yearFrom(), yearTo());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);
@@ -59,7 +49,7 @@ void frmjrnl::readBalances(ScratchTables& scratch) {
   const std::string into = "Insert into Ledger_Temp1 Select ";
   const auto pairs = [&](const std::string& from, const char* amount) {
     return into + from + ".partid," + from + ".allid,Particular,AllGrp," + amount +
-           withNames(from) + ".code_no='" + client_ + "'";
+           ScratchTables::named(from) + ".code_no='" + client_ + "'";
   };
   scratch.execute(into + "partid,0,Particular,'',0 from mast_part");
   scratch.execute(pairs(table_, "sum(Amt)") + " and " + table_ + ".Nid=1 group by partid,allid");
@@ -81,7 +71,7 @@ void frmjrnl::readLists() {
     ledgers_.append(ledgers->text(1), ledgers->integer(0));
   }
   ledgers_.sort();
-  showNames(VSF3, ledgers_);
+  fillNames(VSF3, ledgers_.matching(""));
 
   groupNames_.clear();
   const auto groups = context_.query("select * from mast_allgrp order by allgrp");
@@ -90,7 +80,7 @@ void frmjrnl::readLists() {
     groupNames_.emplace(groups->integer("AllId"), groups->text("ALLGRP"));
   }
   groups_.sort();
-  showNames(VSF4, groups_);
+  fillNames(VSF4, groups_.matching(""));
 
   const auto pairs = context_.query("Select * from Ledger_Temp order by Part,AllGrp");
   const int partId = pairs->column("PartId");

@@ -5,17 +5,14 @@
 #include "journal/frmjrnl.h"
 
 namespace quillet {
-namespace {
 
-void fill(Grid& list, const NameList::Matches& matches) {
+void fillNames(Grid& list, const NameList::Matches& matches) {
   list.clearRows();
   list.reserve(static_cast<int>(matches.entries.size()));
   for (const NameList::Entry* entry : matches.entries) {
     list.addRow({std::to_string(entry->id), entry->name});
   }
 }
-
-}  // namespace
 
 // --- the drop-down lists ------------------------------------------------------------------------
 
@@ -28,7 +25,7 @@ void frmjrnl::openList(TextBox& box, Grid& list) {
 
 void frmjrnl::follow(Grid& list, const NameList& names, const std::string& text) {
   const NameList::Matches matches = names.matching(text);
-  fill(list, matches);
+  fillNames(list, matches);
   // Only a name that begins with what was typed is proposed; the others wait to be chosen.
   const bool proposes = matches.beginning > 0 && !trimmed(text).empty();
   list.setCurrent(proposes ? 1 : 0);
@@ -51,16 +48,18 @@ void frmjrnl::moveList(TextBox& box, Grid& list, const NameList& names, Key& key
   list.act(key);
   key = keys::none;
   if (list.current() == 0) return;
-  const Filling filling(filling_);
-  box.setText(list.cell(list.current(), nameColumn));
+  takeRow(box, list);
   box.selectAll();
-  LedgerGroup& pair = ids_[static_cast<std::size_t>(box.index())].pair;
-  (&list == &VSF3 ? pair.partId : pair.allId) = 0;
 }
 
-// Takes the list's current row into the box, if it shows one.
+// Takes the list's current row into the box, if it shows one, and closes the list.
 void frmjrnl::takeHighlighted(TextBox& box, Grid& list) {
   if (!list.visible() || list.current() == 0) return;
+  takeRow(box, list);
+  list.setVisible(false);
+}
+
+void frmjrnl::takeRow(TextBox& box, Grid& list) {
   {
     const Filling filling(filling_);
     putName(box, std::string(trimmed(list.cell(list.current(), nameColumn))));
@@ -71,7 +70,6 @@ void frmjrnl::takeHighlighted(TextBox& box, Grid& list) {
       ids_[static_cast<std::size_t>(box.index())].pair.allId = id;
     }
   }
-  list.setVisible(false);
   GETCURBALS();
 }
 

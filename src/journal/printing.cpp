@@ -55,10 +55,9 @@ void write(Reporter& reporter, std::vector<std::string> cells, std::size_t texts
 // Selects the names with the given sums of a per-year table's rows.
 std::string collect(const std::string& sums, const std::string& table, const std::string& client,
                     const std::string& condition) {
-  return "Insert into Ledger_Temp1 Select Particular,AllGrp," + sums + " from " + table +
-         " LEFT JOIN mast_part ON " + table + ".partid=mast_part.partid LEFT JOIN mast_allgrp on " +
-         table + ".allid=mast_allgrp.allid where " + table + ".code_no='" + client + "' and " +
-         table + condition + " group by " + table + ".partid," + table + ".allid";
+  return "Insert into Ledger_Temp1 Select Particular,AllGrp," + sums + ScratchTables::named(table) +
+         ".code_no='" + client + "' and " + table + condition + " group by " + table + ".partid," +
+         table + ".allid";
 }
 
 }  // namespace

@@ -11,14 +11,9 @@ std::string properCase(std::string_view text) {
   result.reserve(text.size());
   bool begins = true;
   for (std::size_t at = 0; at < text.size();) {
-    char32_t character = nextCharacter(text, at);
-    if (begins) {
-      character = upperCase(character);
-    } else if (character >= U'A' && character <= U'Z') {
-      character += U'a' - U'A';
-    }
+    const char32_t character = nextCharacter(text, at);
+    appendCharacter(result, begins ? upperCase(character) : lowerCase(character));
     begins = character == U' ' || character == U'\t' || character == U'\n' || character == U'\r';
-    appendCharacter(result, character);
   }
   return result;
 }

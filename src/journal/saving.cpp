@@ -65,7 +65,10 @@ void frmjrnl::CMDCANCEL_CLICK() {
 }
 
 void frmjrnl::cancelEntry() {
-  if (ask("Do you want to Cancel Entry?") == Answer::Yes) showList();
+  if (ask("Do you want to Cancel Entry?") != Answer::Yes) return;
+  // A save that failed in the middle has changed what is listed.
+  if (standing_.contains(vid_)) LOADGRID();
+  showList();
 }
 
 void frmjrnl::COMMAND1_CLICK() {
@@ -91,7 +94,11 @@ void frmjrnl::FORM_UNLOAD(bool& cancel) {
 
 void frmjrnl::CMDUPDATE_CLICK() {
   trap("CMDUPDATE_CLICK", [&] {
-    if (!dateIsGood("Please specify a Valid Date.") || !namesAreGood() || !amountsAreGood()) return;
+    if (!dateIsGood("Please specify a Valid Date.")) {
+      focus(txtdt);
+      return;
+    }
+    if (!namesAreGood() || !amountsAreGood()) return;
     const Totals sums = totals();
     if (sums.debit != sums.credit) {
       tell("Total Debit Amount should be Equal to Total Credit Amount.");
@@ -109,6 +116,7 @@ int frmjrnl::linesToSave() const {
 
 bool frmjrnl::namesAreGood() {
   for (int line = 0; line < linesToSave(); ++line) {
+    lookUpNames(line);
     const LedgerGroup pair = ids_[static_cast<std::size_t>(line)].pair;
     const bool ledger = pair.partId != 0 && !trimmed(txtledger[line].text()).empty();
     const bool group = pair.allId != 0 && !trimmed(txtgroup[line].text()).empty();
@@ -118,6 +126,17 @@ bool frmjrnl::namesAreGood() {
     return false;
   }
   return true;
+}
+
+// A name may stand in its box without having been looked up: the focus left it for "Cancel".
+void frmjrnl::lookUpNames(int line) {
+  LedgerGroup& pair = ids_[static_cast<std::size_t>(line)].pair;
+  const auto look = [](long& id, const NameList& names, const TextBox& box) {
+    const NameList::Entry* entry = id == 0 ? names.find(box.text()) : nullptr;
+    if (entry) id = entry->id;
+  };
+  look(pair.partId, ledgers_, txtledger[line]);
+  look(pair.allId, groups_, txtgroup[line]);
 }
 
 bool frmjrnl::amountsAreGood() {
@@ -163,12 +182,16 @@ void frmjrnl::SAVEVCH() {
 
 void frmjrnl::insertLine(long vid, int line) {
   const LedgerGroup pair = ids_[static_cast<std::size_t>(line)].pair;
-  change("Insert Into " + journal_ + " Values ('" + client_ + "'," + sqlNumber(vid) + "," +
-             std::to_string(line + 1) + ",'" +
-             context_.host->formatgen(txtdt.text(), "YYYY-MM-DD") + "'," + sqlNumber(pair.partId) +
-             "," + sqlNumber(pair.allId) + "," + sqlNumber(rounded(signedAmount(line))) + ",'" +
-             context_.host->TruncVarSQL(txtnarr.text()) + "')",
-         "Flush Tables");
+  context_.host->ConQuery("Insert Into " + journal_ + " Values ('" + client_ + "'," +
+                          sqlNumber(vid) + "," + std::to_string(line + 1) + ",'" +
+                          context_.host->formatgen(txtdt.text(), "YYYY-MM-DD") + "'," +
+                          sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
+                          sqlNumber(rounded(signedAmount(line))) + ",'" +
+                          context_.host->TruncVarSQL(txtnarr.text()) + "')");
+  // From its first line on there is such a voucher, for the next attempt to replace.
+  vid_ = vid;
+  standing_.try_emplace(vid);
+  context_.host->ConQuery("Flush Tables");
 }
 
 bool frmjrnl::ADDVCH(long vid) {
@@ -184,29 +207,67 @@ bool frmjrnl::DELETEVCH(long vid) {
   bool done = false;
   trap("DELETEVCH", [&] {
     post(vid, -1);
-    change("Delete from " + journal_ + " where VId=" + sqlNumber(vid), "Flush Tables");
+    context_.host->ConQuery("Delete from " + journal_ + " where VId=" + sqlNumber(vid));
+    standing_.erase(vid);
+    context_.host->ConQuery("Flush Tables");
     done = true;
   });
   return done;
 }
 
-// Adds the voucher's amounts to the trial balance, or takes them out again with the sign -1.
+// Adds the voucher's amounts to the trial balance, or takes them out again with the sign -1. Lines
+// that an attempt before this one has dealt with are left alone.
 void frmjrnl::post(long vid, double sign) {
+  const bool adds = sign > 0;
+  const std::vector<VoucherLine> lines = readVoucher(vid);
+  const auto [found, begins] = standing_.try_emplace(vid);
+  std::set<long>& standing = found->second;
+  if (begins && !adds) {
+    for (const VoucherLine& line : lines) standing.insert(line.number);
+  }
+  for (const VoucherLine& line : lines) {
+    if (standing.contains(line.number) == adds) continue;
+    const bool written = changeBalance(line.pair, sign * line.amount);
+    if (adds) {
+      standing.insert(line.number);
+    } else {
+      standing.erase(line.number);
+    }
+    if (vid == vid_) posted_.add(line.pair, sign * line.amount);
+    if (written) context_.host->ConQuery(flushTables);
+  }
+  if (adds) standing_.erase(vid);
+}
+
+std::vector<frmjrnl::VoucherLine> frmjrnl::readVoucher(long vid) {
   const auto rows = context_.query("Select * from " + journal_ + " where VId=" + sqlNumber(vid));
   const VoucherFields fields(*rows);
+  std::vector<VoucherLine> lines;
   for (; !rows->EOF_(); rows->MoveNext()) {
-    const LedgerGroup pair{rows->integer(fields.partId), rows->integer(fields.allId)};
-    const std::string ofPair = " where code_no='" + client_ +
-                               "' and PartId=" + sqlNumber(pair.partId) +
-                               " and allid=" + sqlNumber(pair.allId);
-    const double before = storedBalance(ofPair);
-    change("Delete from " + table_ + ofPair, flushTables);
-    // Whole paise: what adding in binary leaves over is no balance.
-    const double balance = rounded(before + sign * rows->number(fields.amount));
-    const auto group = groupNames_.find(pair.allId);
-    balances_.set(pair, group == groupNames_.end() ? std::string() : group->second, balance);
-    if (balance != 0) insertBalance(pair, balance);
+    lines.push_back({rows->integer(fields.line),
+                     {rows->integer(fields.partId), rows->integer(fields.allId)},
+                     rows->number(fields.amount)});
   }
+  return lines;
+}
+
+// Returns whether a row was written, whose flush is left to the caller: the line counts as posted
+// from the moment its row stands.
+bool frmjrnl::changeBalance(LedgerGroup pair, double amount) {
+  const std::string ofPair = " where code_no='" + client_ +
+                             "' and PartId=" + sqlNumber(pair.partId) +
+                             " and allid=" + sqlNumber(pair.allId);
+  const double before = storedBalance(ofPair) + owed_.of(pair);
+  context_.host->ConQuery("Delete from " + table_ + ofPair);
+  owed_.set(pair, before);
+  context_.host->ConQuery(flushTables);
+  // Whole paise: what adding in binary leaves over is no balance.
+  const double balance = rounded(before + amount);
+  if (balance != 0) insertBalance(pair, balance);
+  owed_.set(pair, 0);
+  const auto group = groupNames_.find(pair.allId);
+  balances_.set(pair, group == groupNames_.end() ? std::string() : group->second, balance);
+  return balance != 0;
 }
 
 double frmjrnl::storedBalance(const std::string& ofPair) {
@@ -224,15 +285,10 @@ void frmjrnl::insertBalance(LedgerGroup pair, double balance) {
       context_
           .query("select max(srno) as maxsr from " + table_ + " where code_no = '" + client_ + "'")
           ->integer("maxsr");
-  change("insert into " + table_ + " values(" + sqlNumber(last + 1) + ",'" + client_ + "'," +
-             sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
-             sqlNumber(std::fabs(balance)) + "," + (balance > 0 ? "1" : "2") + ")",
-         flushTables);
-}
-
-void frmjrnl::change(const std::string& sql, const char* flush) {
-  context_.host->ConQuery(sql);
-  context_.host->ConQuery(flush);
+  context_.host->ConQuery("insert into " + table_ + " values(" + sqlNumber(last + 1) + ",'" +
+                          client_ + "'," + sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) +
+                          "," + sqlNumber(std::fabs(balance)) + "," + (balance > 0 ? "1" : "2") +
+                          ")");
 }
 
 }  // namespace quillet

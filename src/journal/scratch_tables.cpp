@@ -14,6 +14,12 @@ ScratchTables::~ScratchTables() {
   }
 }
 
+std::string ScratchTables::named(const std::string& table) {
+  return " from " + table + " LEFT JOIN mast_part ON " + table +
+         ".partid=mast_part.partid LEFT JOIN mast_allgrp on " + table +
+         ".allid=mast_allgrp.allid where " + table;
+}
+
 void ScratchTables::create(const std::string& columns) {
   standing_ = {collected, summed};
   for (const std::string& table : std::vector(standing_)) {

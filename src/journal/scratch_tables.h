@@ -19,6 +19,9 @@ class ScratchTables {
   static constexpr const char* collected = "Ledger_Temp1";
   static constexpr const char* summed = "Ledger_Temp";
 
+  // " from {table} ... where {table}" with the names of the ledger and the group of its rows.
+  static std::string named(const std::string& table);
+
   // Makes both, empty, with these columns: "(Part Varchar(100), Amt Double)".
   void create(const std::string& columns);
   void drop(const std::string& table);

@@ -183,6 +183,26 @@ TEST_F(JournalEntry, CreatesALedgerWhenToldTo) {
   EXPECT_EQ(form.txtledger[0].text(), "Elsewhere");
   EXPECT_EQ(messages(), Texts{});
 
+  // Names that are looked up late: the focus left for "Cancel", which was then not meant.
+  type(form.txtledger[0], "Cash");
+  form.focus(form.cmdcancel);
+  dialogs.queueAnswer(Answer::No);
+  form.click(form.cmdcancel);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(messages().back(), "Please select a Group.");
+
+  exec(
+      "create trigger refuses before insert on mast_part for each row signal sqlstate '45000' set "
+      "message_text='refused'");
+  type(form.txtledger[0], "Nobody");
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Tab);
+  EXPECT_EQ(messages().back(), "Failed to Create Master [Nobody].");
+  EXPECT_EQ(form.txtledger[0].text(), "");
+  EXPECT_EQ(active(), "txtledger0");
+  exec("drop trigger refuses");
+  log();
+
   host().statements().failNext("Select * From Mast_Part");
   type(form.txtledger[0], "Unreachable");
   form.press(keys::Tab);
@@ -208,6 +228,60 @@ TEST_F(JournalEntry, ChoosesALedgerThatHasAnApostrophe) {
   journal().press(keys::Enter);
   EXPECT_EQ(journal().txtledger[0].text(), "Owner's Share");
   EXPECT_EQ(messages(), Texts{});
+}
+
+TEST_F(JournalEntry, ProposesTheFirstGroupAsTheListIsOrdered) {
+  // Byte by byte "CAPITAL" would come before "bank overdraft". A group that is gone proposes
+  // nothing.
+  addYear("C1", 2010,
+          {{"Overdraft", "CAPITAL", 1}, {"Overdraft", "bank overdraft", 1}, {"Loan", "SALES", 1}});
+  exec("insert into JRNL_2 values('C1',1,1,'2010-06-02'," + std::to_string(ledger("Loan")) +
+       ",999,5,''),('C1',1,2,'2010-06-02'," + std::to_string(ledger("Overdraft")) + ",999,-5,'')");
+  frmjrnl& form = open("C1", 2010);
+  form.click(form.cmdadd);
+  type(form.txtdt, "02062010");
+  for (const auto& [name, proposed] :
+       {std::pair{"Overdraft", "bank overdraft"}, std::pair{"Loan", "SALES"}}) {
+    type(form.txtledger[0], name);
+    form.press(keys::Enter);
+    EXPECT_EQ(form.txtgroup[0].text(), proposed);
+  }
+  // A voucher on a group that is gone is shown with what is left of it, refused as it is, and can
+  // be taken out.
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  pick(1);
+  form.press(keys::Enter);
+  EXPECT_EQ(form.txtledger[0].text(), "Loan");
+  EXPECT_EQ(form.txtgroup[0].text(), "");
+  form.click(form.cmdupdate);
+  EXPECT_EQ(messages().back(), "Please select a Group.");
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Escape);
+  pick(1);
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Delete);
+  EXPECT_EQ(form.vsf.rows(), 0);
+  EXPECT_EQ(rows("select amt,nid from TAB_2 where allid=999 order by nid"),
+            (Rows{{"5", "1"}, {"5", "2"}}))
+      << "the posting is reversed on the group it was made on";
+  messages();
+}
+
+TEST_F(JournalEntry, TheArrowsChooseBetweenLedgersOfOneName) {
+  exec("insert into Mast_Part values(950,'Cash'),(951,'Cash')");
+  frmjrnl& form = open("C1", 2008);
+  form.click(form.cmdadd);
+  type(form.txtledger[0], "cash");
+  form.press(keys::Down);
+  form.press(keys::Down);
+  form.press(keys::Tab);
+  type(form.txtgroup[0], "BANKS");
+  type(form.txtdramt[0], "5");
+  form.press(keys::Enter);
+  fillLine(1, {"Rent Payable", "", "5", false});
+  form.click(form.cmdupdate);
+  EXPECT_EQ(value("select PartId from JRNL_1 where LSrNo=1"), "951");
 }
 
 // Two ledgers of one name: a voucher that is modified stays with the one it was passed on.
@@ -349,6 +423,7 @@ TEST_F(JournalEntry, AsksBeforeItGivesUp) {
     ASSERT_EQ(asked.size(), 1U);
     EXPECT_EQ(asked[0].text, question);
     EXPECT_EQ(asked[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(asked[0].icon, Icon::question);
     EXPECT_EQ(asked[0].title, "Adjustment Journal");
   };
   type(form.txtdt, "99");
@@ -422,6 +497,46 @@ TEST_F(JournalEntry, OpensFromTheEditorOnTheYearInView) {
     EXPECT_EQ(context().desk.active(), &editor);
     EXPECT_EQ(editor.txttotdeb[c.years].text(), c.total);
   }
+  messages();
+  editor.close();
+}
+
+// The home form has gone on to another client and another year while the editor stayed open.
+TEST_F(JournalEntry, StaysWithTheEditorsClientAndYear) {
+  close();
+  addYear("C2", 2009, {{"Cash", "BANKS", 70}});
+  select("C1", 2008);
+  auto& editor = static_cast<frmcrtb&>(*practice.forms().ObjCreate());
+  editor.show();
+  // The group view stands beside lines that a voucher renumbers.
+  editor.click(editor.mnugroup);
+  editor.cbogroup.choose(editor.cbogroup.find("BANKS"));
+  select("C2", 2009);
+  ASSERT_TRUE(editor.click(editor.mnujournal));
+  auto& form = dynamic_cast<frmjrnl&>(*context().desk.active());
+  EXPECT_EQ(form.lblperiod.caption(), "Period: 01/04/2008 - 31/03/2009");
+  form.click(form.cmdadd);
+  form.txtdt.setText("01/04/2008");
+  form.LOADCONTROLS();
+  for (const int line : {0, 1}) {
+    form.cboside[line].choose(line == 0 ? 2 : 1);
+    type(form.txtledger[line], line == 0 ? "Petty Cash" : "Cash");
+    type(form.txtgroup[line], "BANKS");
+    type(line == 0 ? form.txtdramt[line] : form.txtcramt[line], "1");
+  }
+  form.click(form.cmdupdate);
+  dialogs.queueAnswer(Answer::Yes);
+  form.close();
+  EXPECT_EQ(rows("select distinct code_no from JRNL_1"), (Rows{{"C1"}}));
+  EXPECT_EQ(value("select sum(amt) from TAB_1 where code_no='C2'"), "70");
+  // Whose number is moved is the line that has it now.
+  EXPECT_EQ(shown(editor.vsf3).size(), 2U);
+  editor.cbotgroup.choose(editor.cbotgroup.find("CAPITAL"));
+  dialogs.queueAnswer(Answer::Yes);
+  editor.click(editor.cmdupdate);
+  EXPECT_EQ(rows("select particular,amt from TAB_1 t join Mast_Part p on p.partid=t.partid where "
+                 "allid=2 order by amt"),
+            (Rows{{"Petty Cash", "1"}, {"Cash", "499"}}));
   messages();
   editor.close();
 }

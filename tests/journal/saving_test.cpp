@@ -96,6 +96,10 @@ TEST_F(JournalSaving, RefusesWhatIsNotInOrder) {
        "Please specify an Amount."},
       {"an amount of zero", "02062008", {{"Rent", "", "0.00"}}, "Please specify an Amount."},
       {"no number", "02062008", {{"Rent", "", "1.2.3"}}, "Please specify an Amount."},
+      {"no number on a last line without names",
+       "02062008",
+       {{"Rent", "", "5"}, {"Cash", "", "5", false}, {"", "", "1.2.3"}},
+       "Please select a Particulars."},
       {"totals apart",
        "02062008",
        {{"Rent", "", "5"}, {"Cash", "", "5.01", false}},
@@ -126,6 +130,9 @@ TEST_F(JournalSaving, RefusesWhatIsNotInOrder) {
     EXPECT_EQ(asked[0].icon, Icon::information);
     EXPECT_EQ(asked[0].buttons, Buttons::OK);
     EXPECT_EQ(statements(), Texts{});
+    if (c.message == "Please specify a Valid Date.") {
+      EXPECT_EQ(form.active(), &form.txtdt);
+    }
     EXPECT_TRUE(form.Frame2.visible());
     dialogs.queueAnswer(Answer::Yes);
     form.click(form.cmdcancel);
@@ -355,6 +362,103 @@ TEST_F(JournalSaving, KeepsWhatWasSentBeforeAFailure) {
       form.click(form.cmdcancel);
     }
   }
+}
+
+// Whatever statement fails, the next attempt ends where the first would have: nothing is posted or
+// reversed twice, no balance is lost.
+TEST_F(JournalSaving, TheNextAttemptGoesOnFromAFailure) {
+  const Rows original{{"1", "1", "500", "1"}, {"2", "3", "40", "1"}};
+  const auto balances = [&] {
+    return rows("select partid,allid,amt,nid from TAB_1 where code_no='C1' order by partid");
+  };
+  const auto amounts = [&] { return rows("select Amount from JRNL_1 order by LSrNo"); };
+  const auto prepare = [&](bool stored) {
+    for (const char* table : {"JRNL_1", "TAB_1"}) {
+      exec(std::string("delete from ") + table + " where code_no='C1'");
+    }
+    exec("insert into TAB_1 values(1,'C1',1,1,500,1),(2,'C1',2,3,40,1)");
+    open("C1", 2008);
+    if (!stored) return;
+    pass("02062008", {{"Rent", "", "40", false}, {"Cash", "", "40"}});
+    pick(1);
+  };
+  // Each begins a deed up to its last key or click.
+  const std::vector<Entered> lines{{"Rent", "", "5"}, {"Cash", "", "5", false}};
+  const auto addNew = [&] {
+    prepare(false);
+    journal().click(journal().cmdadd);
+    fillVoucher("02062008", lines);
+  };
+  const auto modify = [&] {
+    prepare(true);
+    journal().press(keys::Enter);
+    for (const int line : {0, 1}) fillLine(line, lines[static_cast<std::size_t>(line)]);
+  };
+  const auto remove = [&] { prepare(true); };
+  const auto carryOut = [&] {
+    frmjrnl& form = journal();
+    if (form.Frame2.visible()) {
+      form.click(form.cmdupdate);
+    } else {
+      dialogs.queueAnswer(Answer::Yes);
+      form.click(form.Command1);
+    }
+  };
+  const auto tryAgain = [&](bool deletes) {
+    frmjrnl& form = journal();
+    const bool halfDone = form.lblstatus.caption().starts_with("Not everything");
+    if (form.Frame1.visible()) form.LOADGRID();
+    const bool there = form.vsf.rows() > 0;
+    if (there && form.Frame1.visible()) pick(1);
+    if (!deletes && form.Frame1.visible() && halfDone) form.press(keys::Enter);
+    if (form.Frame2.visible() || (deletes && there)) carryOut();
+  };
+  const struct {
+    const char* what;
+    std::function<void()> begin;
+    Rows journal;
+    Rows balances;
+  } deeds[] = {
+      {"new", addNew, {{"5"}, {"-5"}}, {{"1", "1", "495", "1"}, {"2", "3", "45", "1"}}},
+      {"modified", modify, {{"5"}, {"-5"}}, {{"1", "1", "495", "1"}, {"2", "3", "45", "1"}}},
+      {"deleted", remove, {}, original},
+  };
+  for (const auto& deed : deeds) {
+    deed.begin();
+    statements();
+    carryOut();
+    const std::size_t sent = statements().size();
+    ASSERT_EQ(amounts(), deed.journal) << deed.what;
+    ASSERT_EQ(balances(), deed.balances) << deed.what;
+    for (std::size_t i = 0; i < sent; ++i) {
+      SCOPED_TRACE(std::string(deed.what) + ", statement " + std::to_string(i + 1));
+      deed.begin();
+      log();
+      host().statements().failNext("", static_cast<long>(i));
+      carryOut();
+      EXPECT_EQ(log().size(), 1U);
+      tryAgain(deed.journal.empty());
+      EXPECT_EQ(amounts(), deed.journal);
+      EXPECT_EQ(balances(), deed.balances);
+      ASSERT_EQ(log(), Texts{});
+      if (deed.journal.empty()) continue;
+      pick(1);
+      carryOut();
+      EXPECT_EQ(balances(), original) << "taken out again";
+    }
+  }
+
+  // Given up in the middle, the half of it is listed and can be deleted without a trace.
+  addNew();
+  host().statements().failNext(",1,2,'2008");
+  carryOut();
+  dialogs.queueAnswer(Answer::Yes);
+  journal().click(journal().cmdcancel);
+  EXPECT_EQ(journal().vsf.rows(), 1);
+  pick(1);
+  carryOut();
+  EXPECT_EQ(amounts(), Rows{});
+  EXPECT_EQ(balances(), original);
 }
 
 }  // namespace

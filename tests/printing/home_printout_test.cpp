@@ -3,7 +3,7 @@
 
 #include "home/third.h"
 #include "host/amount.h"
-#include "printing/recording_reporter.h"
+#include "support/recording_reporter.h"
 #include "support/practice.h"
 
 namespace quillet::support {

@@ -4,7 +4,7 @@
 
 #include "forms/editor_fixture.h"
 #include "host/amount.h"
-#include "printing/recording_reporter.h"
+#include "support/recording_reporter.h"
 #include "suite/reporter.h"
 
 namespace quillet::support {
