@@ -16,6 +16,7 @@ constexpr long badFileName = 52;
 void frmdelwhatinTB::send(std::span<const deletion::Statement> statements) {
   for (const deletion::Statement& statement : statements) {
     context_.host->ConQuery(deletion::filled(statement.pattern, keys_));
+    touched_ = true;
     context_.host->ConQuery(std::string(statement.flush));
   }
 }

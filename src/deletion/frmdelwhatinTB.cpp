@@ -2,6 +2,7 @@
 
 #include "data/table_names.h"
 #include "data/year.h"
+#include "host/rights.h"
 
 namespace quillet {
 namespace {
@@ -61,7 +62,7 @@ bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year
     year_ = year;
     keys_ = {siblingTable(year.table, ""), context_.host->TruncVarSQL(year.client),
              yearOf(year.yearText), year.count};
-    deleted_ = registryRowDeleted_ = false;
+    touched_ = deleted_ = registryRowDeleted_ = false;
     lblheading.setCaption(headingOf(mode, year.yearText));
     for (auto* options : {&optMain, &optSchOthData, &optSchFA, &optMiscDet}) clear(*options);
     hasChart_ = findChart();
@@ -154,17 +155,16 @@ bool frmdelwhatinTB::answered(const ControlArray<OptionButton>& options) {
 bool frmdelwhatinTB::optionsChosen() {
   // A chart whose frame is closed has nothing to be chosen: it stays with the schedules.
   const bool chosen =
-      answered(optMain) &&
-      (!optMain[selected].checked() ||
-       (answered(optSchOthData) && (!famSchFA.enabled() || !hasChart_ || answered(optSchFA)) &&
-        answered(optMiscDet)));
+      answered(optMain) && (!optMain[selected].checked() ||
+                            (answered(optSchOthData) &&
+                             (!famSchFA.enabled() || answered(optSchFA)) && answered(optMiscDet)));
   if (!chosen) context_.MsgBox("Select an option.", Buttons::OK, Icon::information);
   return chosen;
 }
 
 bool frmdelwhatinTB::rightsGranted() {
-  if (mode_ != "delete" && !context_.host->CheckPass("overwrite")) return false;
-  return year_.accessMark.empty() || context_.host->CheckPass("delete");
+  if (mode_ != "delete" && !context_.host->CheckPass(right::overwrite)) return false;
+  return year_.accessMark.empty() || context_.host->CheckPass(right::remove);
 }
 
 bool frmdelwhatinTB::confirmed() {

@@ -31,6 +31,8 @@ class frmdelwhatinTB : public Form {
   // not to be shown then.
   bool INITDATA(const std::string& mode, const DeletableYear& year);
 
+  // Whether anything was deleted, if only in a try that failed in the middle.
+  bool touched() const { return touched_; }
   // Whether the deletion went through.
   bool deleted() const { return deleted_; }
   // Whether the year's row in the registry went too, possibly in a try that failed after that.
@@ -90,6 +92,7 @@ class frmdelwhatinTB : public Form {
   DeletableYear year_;
   deletion::Keys keys_;
   bool hasChart_ = false;
+  bool touched_ = false;
   bool deleted_ = false;
   bool registryRowDeleted_ = false;
   std::string problems_;  // told at the end

@@ -76,8 +76,9 @@ YearFiles::YearFiles(const std::string& documents, std::string clientCode, int f
       years_{twoDigits(firstYear), twoDigits(secondYear)} {}
 
 void YearFiles::deleteAnnexureFolder() {
-  deleteIn({"Annex3CD", client_ + "-" + years_[0] + "-" + years_[1]},
-           [](const std::string&) { return true; });
+  deleteIn(
+      {"Annex3CD", client_ + "-" + years_[0] + "-" + years_[1]},
+      [](const std::string&) { return true; }, Folders::passedOver);
 }
 
 void YearFiles::deleteAnnexures() {
@@ -98,24 +99,28 @@ void YearFiles::deleteReports() {
       return equalIgnoringCase(name, years + std::string(suffix));
     });
   }
-  deleteIn(folder, [&](const std::string& name) {
-    const std::string capitals = upperCase(name);
-    // A copy of this year's report that was filed under another year is that year's.
-    const bool ours = !beginsWithYears(name) || name.starts_with(years);
-    return ours && capitals.ends_with(".RTF") && capitals.find(years) != std::string::npos &&
-           capitals.find("-MISC") != std::string::npos;
-  });
+  deleteIn(
+      folder,
+      [&](const std::string& name) {
+        const std::string capitals = upperCase(name);
+        // A copy of this year's report that was filed under another year is that year's.
+        const bool ours = !beginsWithYears(name) || name.starts_with(years);
+        return ours && capitals.ends_with(".RTF") && capitals.find(years) != std::string::npos &&
+               capitals.find("-MISC") != std::string::npos;
+      },
+      Folders::passedOver);
 }
 
-void YearFiles::deleteIn(const std::vector<std::string>& folders, const Wanted& wanted) {
-  deleteBelow(documents_, folders, 0, wanted);
+void YearFiles::deleteIn(const std::vector<std::string>& folders, const Wanted& wanted,
+                         Folders met) {
+  deleteBelow(documents_, folders, 0, wanted, met);
 }
 
 void YearFiles::deleteBelow(const fs::path& folder, const std::vector<std::string>& folders,
-                            std::size_t depth, const Wanted& wanted) {
+                            std::size_t depth, const Wanted& wanted, Folders met) {
   try {
     if (depth == folders.size()) {
-      deleteFiles(folder, wanted);
+      deleteFiles(folder, wanted, met);
       return;
     }
     for (const fs::directory_entry& entry : entriesOf(folder)) {
@@ -123,7 +128,7 @@ void YearFiles::deleteBelow(const fs::path& folder, const std::vector<std::strin
       if (entry.is_symlink()) {
         fail(entry.path());
       } else if (entry.is_directory()) {
-        deleteBelow(entry.path(), folders, depth + 1, wanted);
+        deleteBelow(entry.path(), folders, depth + 1, wanted, met);
       }
     }
   } catch (const fs::filesystem_error& error) {
@@ -131,13 +136,13 @@ void YearFiles::deleteBelow(const fs::path& folder, const std::vector<std::strin
   }
 }
 
-void YearFiles::deleteFiles(const fs::path& folder, const Wanted& wanted) {
+void YearFiles::deleteFiles(const fs::path& folder, const Wanted& wanted, Folders folders) {
   for (const fs::directory_entry& entry : entriesOf(folder)) {
     if (!wanted(textOf(entry.path().filename()))) continue;
     std::error_code error;
     // A link is removed itself; what it leads to stays.
     if (entry.symlink_status().type() == fs::file_type::directory) {
-      fail(entry.path());
+      if (folders == Folders::inTheWay) fail(entry.path());
     } else if (!fs::remove(entry.path(), error) && error) {
       fail(entry.path());
     }

@@ -35,11 +35,15 @@ class YearFiles {
 
  private:
   using Wanted = std::function<bool(const std::string& name)>;
+  // What a folder is that has a name wanted: it stands where a certain file should, or it is
+  // merely among files that all go.
+  enum class Folders { inTheWay, passedOver };
   // Deletes the files wanted in the folder that these names lead to.
-  void deleteIn(const std::vector<std::string>& folders, const Wanted& wanted);
+  void deleteIn(const std::vector<std::string>& folders, const Wanted& wanted,
+                Folders met = Folders::inTheWay);
   void deleteBelow(const std::filesystem::path& folder, const std::vector<std::string>& folders,
-                   std::size_t depth, const Wanted& wanted);
-  void deleteFiles(const std::filesystem::path& folder, const Wanted& wanted);
+                   std::size_t depth, const Wanted& wanted, Folders met);
+  void deleteFiles(const std::filesystem::path& folder, const Wanted& wanted, Folders folders);
   void fail(const std::filesystem::path& path);
 
   std::filesystem::path documents_;

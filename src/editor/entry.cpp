@@ -89,8 +89,8 @@ void frmcrtb::MNUDELETE_CLICK() {
     leaveEntry();
     for (const Year year : {current, previous}) {
       if (const long srno = serialAt(row, year); srno != 0) {
-        change("delete from " + tables_[year] + " where code_no='" + client_ +
-               "' and srno=" + sqlNumber(srno));
+        context_.change("delete from " + tables_[year] + " where code_no='" + client_ +
+                        "' and srno=" + sqlNumber(srno));
       }
     }
     REFRESHTB();
@@ -325,8 +325,8 @@ long frmcrtb::groupId(const std::string& name) {
 }
 
 void frmcrtb::deleteLine(Year year, long srno) {
-  change("Delete from " + tables_[year] + " where code_no='" + client_ +
-         "' and srno=" + sqlNumber(srno));
+  context_.change("Delete from " + tables_[year] + " where code_no='" + client_ +
+                  "' and srno=" + sqlNumber(srno));
 }
 
 double frmcrtb::mergeWithExisting(long partId, long allId, double amount) {
@@ -346,9 +346,9 @@ long frmcrtb::writeLine(long partId, long allId, double amount) {
   const auto row = context_.query("select max(srno) as maxsr from " + table + " where code_no = '" +
                                   client_ + "'");
   const long srno = row->integer("maxsr") + 1;
-  change("insert into " + table + " values(" + sqlNumber(srno) + ",'" + client_ + "'," +
-         sqlNumber(partId) + "," + sqlNumber(allId) + "," + sqlNumber(std::fabs(amount)) + "," +
-         sqlNumber(amount < 0 ? credit : debit) + ")");
+  context_.change("insert into " + table + " values(" + sqlNumber(srno) + ",'" + client_ + "'," +
+                  sqlNumber(partId) + "," + sqlNumber(allId) + "," + sqlNumber(std::fabs(amount)) +
+                  "," + sqlNumber(amount < 0 ? credit : debit) + ")");
   return srno;
 }
 

@@ -154,11 +154,6 @@ void frmcrtb::showPage(Frame& page) {
 
 void frmcrtb::hint(const std::string& text) { lblhint.setCaption(text); }
 
-void frmcrtb::change(const std::string& sql) {
-  context_.host->ConQuery(sql);
-  context_.host->ConQuery(flushTables);
-}
-
 void frmcrtb::popup() {
   const int chosen = context_.host->PopupMenuObj().choose(
       {mnuinsert.caption(), mnualter.caption(), mnudelete.caption()});

@@ -277,7 +277,6 @@ class frmcrtb : public Form {
   long writeLine(long partId, long allId, double amount);
   double mergeWithExisting(long partId, long allId, double amount);
   void deleteLine(Year year, long srno);
-  void change(const std::string& sql);
   void hint(const std::string& text);
   void popup();
 

@@ -210,9 +210,9 @@ bool frmcrtb::importPreviousYear() {
       context_.MsgBox("Do you want to Import \"Trail Balance\" from Previous F.Y. ?",
                       Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return false;
-  context_.host->ConQuery("Insert into " + tables_[current] + " select * from " +
-                          tables_[previous] + " where code_no='" + client_ + "'");
-  context_.host->ConQuery("Flush Tables");
+  context_.change("Insert into " + tables_[current] + " select * from " + tables_[previous] +
+                      " where code_no='" + client_ + "'",
+                  "Flush Tables");
   return true;
 }
 

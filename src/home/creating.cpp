@@ -8,14 +8,9 @@
 #include "home/year_creation.h"
 #include "home/year_rules.h"
 #include "host/busy.h"
+#include "host/rights.h"
 
 namespace quillet {
-namespace {
-
-constexpr const char* overwriteRight = "overwrite";
-
-}  // namespace
-
 // --- the dates ----------------------------------------------------------------------------------
 
 void third::MASKEDBOX1_KEYPRESS(Key& key) {
@@ -89,7 +84,7 @@ bool third::mayOverwrite() {
                            Icon::question, Answer::No) == Answer::Yes;
   }
   if (mode_ == "create") {
-    return context_.host->CheckPass(overwriteRight) &&
+    return context_.host->CheckPass(right::overwrite) &&
            context_.MsgBox(
                "Duplicate date is not allowed !\r\n\r\n"
                "Do you want to overwrite previously saved data ?",
@@ -156,14 +151,16 @@ void third::registerYear() {
   const std::string first = context_.host->date_prob_handle(year.firstDate);
   const std::string second = context_.host->date_prob_handle(year.secondDate);
   if (!year.registered) {
-    change("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
-           client() + "','" + first + "','" + second + "','" + year.table + "'," +
-           sqlNumber(year.count) + ",'" + year.firstKey + "','" + year.secondKey + "')");
+    context_.host->ConQuery(
+        "insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
+        client() + "','" + first + "','" + second + "','" + year.table + "'," +
+        sqlNumber(year.count) + ",'" + year.firstKey + "','" + year.secondKey + "')");
     newYear_.registered = true;
+    context_.host->ConQuery(flushTables);
   } else if (first != year.keptDates[0] || second != year.keptDates[1]) {
     // The row stays, with the annexure that still hangs on it; only its dates are new.
-    change("update master set f_year_dt='" + first + "',s_year_dt='" + second +
-           "' where count=" + sqlNumber(year.count) + " and code_no='" + client() + "'");
+    context_.change("update master set f_year_dt='" + first + "',s_year_dt='" + second +
+                    "' where count=" + sqlNumber(year.count) + " and code_no='" + client() + "'");
   }
 }
 

@@ -18,10 +18,9 @@ long cleanLedgerMaster(Context& context) {
   for (; !rows->EOF_(); rows->MoveNext()) {
     if (rows->integer("cntr") <= 1) continue;
     if (before < 0) before = namesInMaster(context);
-    context.host->ConQuery(
-        "Delete from MAST_PART where PARTID=" + sqlNumber(rows->integer("PARTID")) +
-        " and PARTICULAR<>'" + context.host->TruncVarSQL(rows->text("PARTICULAR")) + "'");
-    context.host->ConQuery(flushTables);
+    context.change("Delete from MAST_PART where PARTID=" + sqlNumber(rows->integer("PARTID")) +
+                   " and PARTICULAR<>'" + context.host->TruncVarSQL(rows->text("PARTICULAR")) +
+                   "'");
   }
   return before < 0 ? 0 : before - namesInMaster(context);
 }

@@ -1,5 +1,7 @@
 // The home form merges trial balances: the other clients that have the year are listed, ticked, and
 // their lines summed up into the client's own year.
+#include <algorithm>
+
 #include "data/sql.h"
 #include "home/third.h"
 #include "home/year_merge.h"
@@ -56,10 +58,23 @@ bool third::mergeAgreed(const std::vector<int>& sources) {
                          Answer::No) == Answer::Yes;
 }
 
+// A client whose books are kept under a password gives its lines to nobody without it.
+bool third::sourcesMayBeRead(const std::vector<int>& sources) {
+  return std::all_of(sources.begin(), sources.end(), [&](int row) {
+    return context_.host->CheckClpass(flexgrid2.cell(row, codeColumn));
+  });
+}
+
 // Where the merged lines go: the table of the client's year, which is registered if it is not yet.
 bool third::provideTable() {
   const auto existing = GETTABLE1(newYear_.firstKey, newYear_.secondKey);
   if (!existing) return false;
+  if (!existing->empty() && !newYear_.registered) {
+    // Made by somebody else since the dates were typed: whoever typed it is asked about first.
+    Key enter = keys::Enter;
+    MASKEDBOX2_KEYPRESS(enter);
+    return false;
+  }
   if (!existing->empty()) {
     newYear_.table = *existing;
     return true;
@@ -72,7 +87,7 @@ bool third::provideTable() {
 void third::mergeSources() {
   const std::vector<int> sources = chosenSources();
   if (sources.empty() || !mergeAgreed(sources)) return;
-  if (!provideTable()) return;
+  if (!sourcesMayBeRead(sources) || !provideTable()) return;
   const Busy busy(context_, "Merging Trial Balances....");
   std::vector<Line> lines;
   for (const int row : sources) {
@@ -84,13 +99,14 @@ void third::mergeSources() {
   }
   lines = mergedLines(lines);
   // A merge that was interrupted is done anew, not added to.
-  change("delete from " + newYear_.table + " where code_no='" + client() + "'");
+  context_.change("delete from " + newYear_.table + " where code_no='" + client() + "'");
   Progress& progress = context_.host->objProgress();
   progress.Max(static_cast<long>(lines.size()));
   for (const Line& line : lines) {
-    change("insert into " + newYear_.table + "(srno,code_no,partid,allid,amt,nid) values(" +
-           sqlNumber(line.srno) + ",'" + client() + "'," + sqlNumber(line.partId) + "," +
-           sqlNumber(line.allId) + "," + sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")");
+    context_.change("insert into " + newYear_.table +
+                    "(srno,code_no,partid,allid,amt,nid) values(" + sqlNumber(line.srno) + ",'" +
+                    client() + "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
+                    sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")");
     progress.update_pg();
   }
   finishYear();

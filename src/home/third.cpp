@@ -9,13 +9,10 @@
 #include "home/printouts.h"
 #include "home/year_rules.h"
 #include "host/busy.h"
+#include "host/rights.h"
 
 namespace quillet {
-namespace {
-
-constexpr const char* openRight = "open";
-
-}  // namespace
+namespace {}  // namespace
 
 third& theHome(Context& context) {
   if (!context.homeForm) context.homeForm = std::make_unique<third>(context);
@@ -238,7 +235,7 @@ void third::openEditor() {
 }
 
 bool third::rightToOpen(Recordset& year) {
-  return year.text("d_of_s").empty() || context_.host->CheckPass(openRight);
+  return year.text("d_of_s").empty() || context_.host->CheckPass(right::open);
 }
 
 void third::printChosenYear() {
@@ -264,14 +261,27 @@ void third::deleteYear() {
   if (answer != Answer::Yes) return;
   const auto registered = selectYear(row);
   if (registered->EOF_()) return;
-  openDeletion(*registered, [this, row, year, table = registered->text("tbl_nm")] {
-    trap("FLEXGRID2_DBLCLICK", [&] {
-      if (context_.table == table) context_.table.clear();
-      loadYears();
-      flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
-      status("Trial balance of " + year + " deleted.");
-    });
+  openDeletion(*registered, [this, year, table = registered->text("tbl_nm")] {
+    afterDeletion(table);
+    status("Trial balance of " + year + " deleted.");
   });
+}
+
+// Also when the deletion failed in the middle: the list tells what is left.
+void third::afterDeletion(const std::string& table) {
+  trap("FLEXGRID2_DBLCLICK", [&] {
+    const int row = flexgrid2.current();
+    if (context_.table == table) context_.table.clear();
+    loadYears();
+    flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
+  });
+}
+
+// An editor left open on the year would write its next line into what was removed.
+void third::closeEditorOf(const std::string& table) {
+  if (!context_.editorForm) return;
+  frmcrtb& editor = theEditor(context_);
+  if (editor.shows(context_.clientCode, table)) editor.close();
 }
 
 void third::openDeletion(Recordset& year, std::function<void()> done) {
@@ -280,17 +290,14 @@ void third::openDeletion(Recordset& year, std::function<void()> done) {
                                 yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
   if (!deletion_.INITDATA(mode_, deletable)) return;
   deletion_.showModal([this, table = deletable.table, done = std::move(done)] {
-    if (!deletion_.deleted()) return;
-    // An editor left open on the year would write its next line into what was removed.
-    frmcrtb& editor = theEditor(context_);
-    if (editor.shows(context_.clientCode, table)) editor.close();
-    done();
+    if (!deletion_.touched()) return;
+    closeEditorOf(table);
+    if (deletion_.deleted()) {
+      done();
+    } else if (mode_ == "delete") {
+      afterDeletion(table);
+    }
   });
-}
-
-void third::change(const std::string& sql) {
-  context_.host->ConQuery(sql);
-  context_.host->ConQuery(flushTables);
 }
 
 // --- the other commands -------------------------------------------------------------------------

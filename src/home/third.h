@@ -119,10 +119,12 @@ class third : public Form {
   bool rightToOpen(Recordset& year);
   void printChosenYear();
   void deleteYear();
+  // Runs `done` when the deletion went through.
   void openDeletion(Recordset& year, std::function<void()> done);
+  void afterDeletion(const std::string& table);
+  void closeEditorOf(const std::string& table);
   // The client code as it stands between quotes.
   std::string client() const { return context_.host->TruncVarSQL(context_.clientCode); }
-  void change(const std::string& sql);
   void status(const std::string& text) { lblstatus.setCaption(text); }
 
   // Creating.
@@ -138,6 +140,7 @@ class third : public Form {
   void listSources();
   std::vector<int> chosenSources() const;
   bool mergeAgreed(const std::vector<int>& sources);
+  bool sourcesMayBeRead(const std::vector<int>& sources);
   bool provideTable();
   void mergeSources();
 

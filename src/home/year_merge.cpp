@@ -1,23 +1,24 @@
 #include "home/year_merge.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
 namespace quillet {
 
 std::vector<Line> mergedLines(const std::vector<Line>& lines) {
-  std::map<std::pair<long, long>, double> sums;  // by group and particular
+  // In whole paise, by group and particular: sums of many clients must not lose any.
+  std::map<std::pair<long, long>, long long> sums;
   for (const Line& line : lines) {
-    sums[{line.allId, line.partId}] += line.isCredit() ? -line.amount : line.amount;
+    const long long paise = std::llround(line.amount * 100);
+    sums[{line.allId, line.partId}] += line.isCredit() ? -paise : paise;
   }
   std::vector<Line> merged;
-  for (const auto& [key, sum] : sums) {
-    // What adding in binary left over below a paisa is no part of the sum.
-    const double amount = std::round(sum * 100) / 100;
-    if (amount == 0) continue;
+  for (const auto& [key, paise] : sums) {
+    if (paise == 0) continue;
     merged.push_back({static_cast<long>(merged.size()) + 1, key.second, key.first,
-                      std::fabs(amount), amount < 0 ? credit : debit});
+                      static_cast<double>(std::llabs(paise)) / 100, paise < 0 ? credit : debit});
   }
   return merged;
 }

@@ -35,6 +35,11 @@ Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answ
       {text, title, buttons, icon, buttons == Buttons::OK ? Answer::OK : defaultAnswer});
 }
 
+void Context::change(const std::string& sql, std::string_view flush) {
+  host->ConQuery(sql);
+  host->ConQuery(std::string(flush));
+}
+
 RecordsetPtr Context::query(const std::string& sql) {
   return host->RecordsetQuery(sql, host->DbObj(), CursorType::static_, LockType::readOnly);
 }

@@ -4,9 +4,11 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "controls/desk.h"
 #include "controls/form.h"
+#include "data/sql.h"
 #include "host/ports.h"
 
 namespace quillet {
@@ -51,6 +53,8 @@ struct Context {
   // Message boxes of the design's styles.
   Answer MsgBox(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::none,
                 Answer defaultAnswer = Answer::Yes, const std::string& title = {});
+  // A statement that changes data, and the flush that follows it.
+  void change(const std::string& sql, std::string_view flush = flushTables);
   // A select on the open connection.
   RecordsetPtr query(const std::string& sql);
 };

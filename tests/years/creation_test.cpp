@@ -145,6 +145,8 @@ TEST_F(CreationTest, CopiesTheLatestEarlierYear) {
     third& form = choose(&third::mnucreate, "C1");
     answer({Answer::Yes, figures ? Answer::Yes : Answer::No});
     statements();
+    frontEnd.progress.clear();
+    frontEnd.done = frontEnd.total = 0;
     typeYear(form, "01/04/2008");
     const auto asked = dialogs.takeMessages();
     ASSERT_EQ(asked.size(), 2U);
@@ -170,7 +172,9 @@ TEST_F(CreationTest, CopiesTheLatestEarlierYear) {
                          source[0][3] + "," + (figures ? "12.5" : "0") + ",1)");
     EXPECT_EQ(at[4], "flush tables");
     EXPECT_FALSE(frontEnd.busy);
+    EXPECT_EQ(frontEnd.progress, "Loading previous year....");
     EXPECT_EQ(frontEnd.done, 2) << "each row moves the bar";
+    EXPECT_EQ(frontEnd.total, 2);
   }
 }
 
@@ -291,6 +295,60 @@ TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
     EXPECT_EQ(lines(tab(2)), copied);
     EXPECT_TRUE(log().empty());
     EXPECT_EQ(dialogs.left(), 0U);
+  }
+}
+
+// The same over an existing year, for what is deleted of it and for both commands. Whoever gives up
+// in the middle and gives the same command again gets the year whole.
+TEST_F(CreationTest, AFailureWhileOverwritingIsCompletedByTheNextTry) {
+  addYear("C2", 2008, {{"Theirs", "BANKS", 1}});
+  const auto prepare = [&] {
+    exec("delete from master where code_no='C1'");
+    for (const long each : {1, 2}) exec("delete from " + tab(each) + " where code_no='C1'");
+    addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
+    addYear("C1", 2008, {{"Old", "BANKS", 7}});
+  };
+  // Every question is answered with Yes. Returns how many statements were sent.
+  const auto makeYear = [&](Button third::*command, int option, long failing = -1) {
+    third& form = choose(command, "C1");
+    for (int i = 0; i < 10; ++i) answer({Answer::Yes});
+    statements();
+    if (failing >= 0) host().statements().failNext("", failing);
+    typeYear(form, "01/04/2008");
+    if (deletionOpen()) {
+      frmdelwhatinTB& box = deletion();
+      box.click(box.optMain[option]);
+      box.click(box.cmddelete);
+      if (deletionOpen()) box.click(box.cmdcancel);
+    }
+    if (form.flexgrid2.columns().at(0).tick) form.press(keys::Enter);
+    dialogs.clear();
+    return statements().size();
+  };
+  const std::pair<Button third::*, std::size_t> commands[] = {{&third::mnucreate, 2},
+                                                              {&third::mnumerge, 1}};
+  for (const auto& [command, linesMade] : commands) {
+    for (const int option : {1, 0}) {
+      prepare();
+      const std::size_t sent = makeYear(command, option);
+      const Rows registered = registry();
+      const Rows made = lines(tab(2));
+      ASSERT_EQ(registered.size(), 2U);
+      ASSERT_EQ(made.size(), linesMade);
+      log();
+      for (std::size_t i = 0; i < sent; ++i) {
+        SCOPED_TRACE(std::to_string(linesMade) + " lines, option " + std::to_string(option) +
+                     ", statement " + std::to_string(i + 1));
+        prepare();
+        makeYear(command, option, static_cast<long>(i));
+        EXPECT_EQ(log().size(), 1U);
+        EXPECT_FALSE(frontEnd.busy);
+        makeYear(command, option);
+        EXPECT_EQ(registry(), registered);
+        EXPECT_EQ(lines(tab(2)), made);
+        EXPECT_EQ(log(), Texts{});
+      }
+    }
   }
 }
 

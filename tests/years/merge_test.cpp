@@ -82,6 +82,7 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   form.press(keys::Enter);
   EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1") << "declined";
   statements();
+  frontEnd.done = 0;
   form.press(keys::Enter);
   const auto asked = dialogs.takeMessages();
   ASSERT_EQ(asked.size(), 2U);
@@ -102,6 +103,7 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   EXPECT_EQ(held("P1"), others);
   EXPECT_EQ(lines(tab(1)).size(), 1U);
   EXPECT_EQ(context().table, tab(2));
+  EXPECT_EQ(frontEnd.progress, "Merging Trial Balances....");
   EXPECT_EQ(frontEnd.done, 4);
   // Every change is followed by its flush.
   const Texts sent = statements();
@@ -154,6 +156,31 @@ TEST_F(MergeTest, OverwritesAnExistingYearWhateverIsDeleted) {
     EXPECT_EQ(lines(tab(2)).size(), 3U);
     EXPECT_EQ(rows("select tbl_nm,count from master where code_no='C1'"), (Rows{{tab(2), "2"}}));
   }
+}
+
+// Two people at once: the year did not exist when its dates were typed.
+TEST_F(MergeTest, AYearMadeInTheMeantimeIsAskedAbout) {
+  third& form = list();
+  addYear("C1", 2008, {{"Loan", "BANKS", 77}});
+  answer({Answer::Yes, Answer::No});
+  form.press(keys::Enter);
+  EXPECT_EQ(messages().back(), "Do you want to overwrite previously saved data?");
+  EXPECT_EQ(lines(tab(1)), (Rows{{"1", "Loan", "BANKS", "77", "1"}}));
+}
+
+TEST_F(MergeTest, BooksUnderAPasswordAreReadWithItOnly) {
+  third& form = list();
+  for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
+  host().setPassword(suite::PasswordKind::client, "P1", "secret");
+  for (const bool known : {false, true}) {
+    statements();
+    answer({Answer::Yes});
+    dialogs.queuePassword(known ? std::optional<std::string>("secret") : std::nullopt);
+    form.press(keys::Enter);
+    EXPECT_EQ(statements().empty(), !known);
+    EXPECT_EQ(lines(tab(1)).size(), known ? 4U : 0U);
+  }
+  messages();
 }
 
 TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {

@@ -115,6 +115,9 @@ TEST(YearMerge, KeepsEveryPairsSum) {
   lines.push_back({1, 99, 99, 0.1, debit});
   lines.push_back({1, 99, 99, 0.2, debit});
   lines.push_back({1, 99, 99, 0.3, credit});
+  // Another near the end of what a double keeps to the paisa.
+  for (int i = 0; i < 2; ++i) lines.push_back({1, 98, 99, 30000000000000.01, debit});
+  lines.push_back({1, 98, 99, 60000000000000.02, credit});
   std::erase_if(paise, [](const auto& sum) { return sum.second == 0; });
 
   const std::vector<Line> merged = mergedLines(lines);

@@ -1,0 +1,10 @@
+// The rights that the service object's CheckPass is asked about.
+#pragma once
+
+namespace quillet::right {
+
+inline constexpr const char* open = "open";            // a year that is signed
+inline constexpr const char* overwrite = "overwrite";  // a year that is there
+inline constexpr const char* remove = "delete";
+
+}  // namespace quillet::right
