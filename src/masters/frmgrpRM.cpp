@@ -98,13 +98,6 @@ void frmgrpRM::showPage(Frame& page) {
   for (Frame* each : {&famM, &famG}) each->setVisible(each == &page);
 }
 
-bool frmgrpRM::rowSelected(Grid& grid) {
-  if (grid.current() > 0) return true;
-  tell("Please Select an Item.");
-  focus(grid);
-  return false;
-}
-
 long frmgrpRM::idAt(const Grid& grid, int row, int column) {
   return std::stol(grid.cell(row, column));
 }

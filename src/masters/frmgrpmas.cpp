@@ -109,14 +109,7 @@ void frmgrpmas::LOADGRID(long groupId) {
       for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow(cellsOf(*rows));
       vsf.sortBy(nameColumn);
     } else if (!rows->EOF_()) {
-      int row = vsf.find(idColumn, sqlNumber(groupId));
-      if (row == 0) row = vsf.addRow({});
-      // The tick is not the group's: its cell stays as it is.
-      auto cells = cellsOf(*rows);
-      for (std::size_t c = 0; c < cells.size(); ++c) {
-        vsf.setCell(row, static_cast<int>(c), std::move(cells[c]));
-      }
-      makeCurrent(vsf, row);
+      makeCurrent(vsf, putRow(vsf, cellsOf(*rows)));
     }
   });
 }

@@ -74,7 +74,6 @@ class frmgrpmas : public MasterForm {
 
   void setColumns();
   std::vector<std::string> cellsOf(const Recordset& group) const;
-  bool rowSelected();
   bool predefined() const;
   long selectedId() const;
   bool nameHolds(const std::string& name);

@@ -219,13 +219,6 @@ void frmtbledmas::showPage(Frame& page) {
   for (Frame* each : {&famMain, &famC}) each->setVisible(each == &page);
 }
 
-bool frmtbledmas::rowSelected(const char* refusal) {
-  if (vsf.current() > 0) return true;
-  tell(refusal);
-  focus(vsf);
-  return false;
-}
-
 void frmtbledmas::CMDADD_CLICK() {
   trap("CMDADD_CLICK", [&] {
     adding_ = true;
@@ -237,7 +230,7 @@ void frmtbledmas::CMDADD_CLICK() {
 
 void frmtbledmas::CMDMODIFY_CLICK() {
   trap("CMDMODIFY_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!particularSelected()) return;
     adding_ = false;
     LOADDATA();
     SETBUTTON(true);

@@ -92,7 +92,7 @@ class frmtbledmas : public MasterForm {
   void attachCommands();
   void searchFromGrid(Key& key);
   void showPage(Frame& page);
-  bool rowSelected(const char* refusal = "Please Select a Particulars.");
+  bool particularSelected() { return rowSelected(vsf, "Please Select a Particulars."); }
   std::string selectedId() const { return vsf.cell(vsf.current(), idColumn); }
   const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
   std::string listHeading() const;

@@ -11,15 +11,9 @@ namespace quillet {
 namespace {
 
 constexpr const char* predefinedMark = "N";
+constexpr const char* noGroup = "Please Select a Group.";
 
 }  // namespace
-
-bool frmgrpmas::rowSelected() {
-  if (vsf.current() > 0) return true;
-  tell("Please Select a Group.");
-  focus(vsf);
-  return false;
-}
 
 bool frmgrpmas::predefined() const { return vsf.cell(vsf.current(), userColumn) == predefinedMark; }
 
@@ -36,7 +30,7 @@ void frmgrpmas::CMDADD_CLICK() {
 
 void frmgrpmas::CMDMODIFY_CLICK() {
   trap("CMDMODIFY_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Modify Predefined Group.");
       return;
@@ -122,7 +116,7 @@ std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
 
 void frmgrpmas::CMDDELETE_CLICK() {
   trap("CMDDELETE_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Delete Predefined Group.");
       return;

@@ -29,7 +29,7 @@ void frmtbledmas::CMDLINK_CLICK() {
   trap("CMDLINK_CLICK", [&] {
     if (!target_.empty()) {
       LINKPARTICULARS();
-    } else if (rowSelected("Please Select a Paritculars.")) {
+    } else if (rowSelected(vsf, "Please Select a Paritculars.")) {
       setLinkView(true);
       SETBUTTON(false);
       SETROWSHIDDEN();

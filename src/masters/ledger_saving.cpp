@@ -97,7 +97,7 @@ bool frmtbledmas::mayDelete(const std::string& ids, const std::string& refusal) 
 }
 
 void frmtbledmas::deleteSelected() {
-  if (!rowSelected()) return;
+  if (!particularSelected()) return;
   const std::string id = selectedId();
   lblheadC.setCaption(listHeading());
   if (!mayDelete(id, "Particulars already in use. You can not delete this Particulars.") ||
