@@ -53,7 +53,7 @@ void frmgrpmas::setColumns() {
 }
 
 Node frmgrpmas::layout() {
-  const Node fields = row({field("Group &Name", Text1, 40, 3), field("U&nder Group", Combo1, 30, 2),
+  const Node fields = row({field("Group &Name", Text1, 40, 3), field("Under Gr&oup", Combo1, 30, 2),
                            item(cmdupdate), item(cmdcancel)});
   const Node commands =
       row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge), gap(), item(cmdback)});
@@ -70,8 +70,8 @@ Node frmgrpmas::layout() {
 void frmgrpmas::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
-    groupsChanged_ = false;
-    newGroup_.clear();
+    groupsChanged_ = linesTouched_ = false;
+    newGroupId_ = 0;
     showPage(famMain);
     LOADGROUPS();
     LOADGRID(0);

@@ -49,7 +49,6 @@ void frmgrpmas::CMDUPDATE_CLICK() {
     if (!nameHolds(name)) return;
     const long id = adding_ ? insertGroup(name) : selectedId();
     if (!adding_) updateGroup(id, name);
-    groupsChanged_ = true;
     SETBUTTON(false);
     LOADGRID(id);
     focus(vsf);
@@ -77,13 +76,20 @@ bool frmgrpmas::nameHolds(const std::string& name) {
 
 long frmgrpmas::insertGroup(const std::string& name) {
   const long id = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0) + 1;
+  groupsChanged_ = true;
   change("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," + sqlNumber(Combo1.chosenData()) +
          "," + quoted(name) + ",'Y')");
-  newGroup_ = name;
+  newGroupId_ = id;
   return id;
 }
 
+std::string frmgrpmas::newGroup() const {
+  const int row = newGroupId_ == 0 ? 0 : vsf.find(idColumn, sqlNumber(newGroupId_));
+  return row == 0 ? std::string() : vsf.cell(row, nameColumn);
+}
+
 void frmgrpmas::updateGroup(long id, const std::string& name) {
+  noteChange();
   change("Update Mast_AllGrp Set ALLGRP=" + quoted(name) +
          ", GID=" + sqlNumber(Combo1.chosenData()) + " Where AllId=" + sqlNumber(id));
 }
@@ -133,9 +139,8 @@ void frmgrpmas::CMDDELETE_CLICK() {
              "Delete Confirmation")) {
       return;
     }
+    noteChange();
     change("Delete from Mast_AllGrp Where ALLID=" + sqlNumber(selectedId()));
-    groupsChanged_ = true;
-    if (newGroup_ == vsf.cell(row, nameColumn)) newGroup_.clear();
     vsf.removeRow(row);
     makeCurrent(vsf, std::min(row, vsf.rows()));
   });
