@@ -127,6 +127,7 @@ class frmgrpRM : public MasterForm {
   void seedHeads();
   void loadGroups();
   std::array<IdList, columns> groupsInUse();
+  std::array<std::vector<long>, columns> boundGroups();
   void addIds(IdList& list, const std::string& sql);
 
   // Binding.

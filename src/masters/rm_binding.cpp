@@ -176,6 +176,8 @@ void frmgrpRM::CMDUPDATEM_CLICK() {
       updateItem(srNo);
     }
     setStateM(State::browsing);
+    // A group that was released need not be on offer any more.
+    LOADLIST();
     LOADGRIDM(srNo);
     focus(vsfM);
   });
@@ -244,6 +246,7 @@ void frmgrpRM::CMDDELETEM_CLICK() {
     const std::string order = vsfM.cell(row, orderColumn);
     change("Delete from " + table_ + ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
     change("Update " + table_ + " Set GrpOrder=GrpOrder-1" + ofClient() + " and GrpOrder>" + order);
+    LOADLIST();
     LOADGRIDM(0);
     makeCurrent(vsfM, std::min(row, vsfM.rows()));
   });
