@@ -15,6 +15,11 @@ namespace {
 
 constexpr const char* openRight = "open";
 
+// An editor left open behind shows, and would write, names and groups as it read them.
+void refreshEditor(Context& context) {
+  if (context.editorForm && context.editorForm->visible()) theEditor(context).mastersChanged();
+}
+
 }  // namespace
 
 third& theHome(Context& context) {
@@ -296,11 +301,19 @@ void third::change(const std::string& sql) {
 // --- the other commands -------------------------------------------------------------------------
 
 void third::CMDGRPMAS_CLICK() {
-  trap("CMDGRPMAS_CLICK", [&] { groupMaster_.showModal(); });
+  trap("CMDGRPMAS_CLICK", [&] {
+    groupMaster_.showModal([this] {
+      if (groupMaster_.groupsChanged()) refreshEditor(context_);
+    });
+  });
 }
 
 void third::CMDLEDMAS_CLICK() {
-  trap("CMDLEDMAS_CLICK", [&] { ledgerMaster_.showModal(); });
+  trap("CMDLEDMAS_CLICK", [&] {
+    ledgerMaster_.showModal([this] {
+      if (ledgerMaster_.changed()) refreshEditor(context_);
+    });
+  });
 }
 
 void third::MNUREFRESH_CLICK() {
