@@ -52,6 +52,7 @@ class ControlView : public QObject {
 
   bool eventFilter(QObject* target, QEvent* event) override;
   void perform(const std::function<void()>& action) { stage_.perform(action); }
+  int interruptions() const { return stage_.interruptions(); }
   void press(Key key);
   // While drawing, signals of the widget are the view's own doing and not a person's.
   bool drawing() const { return drawing_; }

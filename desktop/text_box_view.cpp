@@ -56,10 +56,15 @@ bool TextBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void TextBoxView::typeText(const QString& text) {
-  if (box_.locked()) return;
-  for (const Key key : keysOf(text.trimmed())) {
-    // A handler that sends the focus on ends the paste: the rest belongs to no other box.
-    if (box_.form().active() != &box_) break;
+  if (!box_.locked()) typeAll(keysOf(text.trimmed()));
+}
+
+void TextBoxView::typeAll(const std::vector<Key>& typed) {
+  const int before = interruptions();
+  for (const Key key : typed) {
+    // A handler that sends the focus on ends the paste: the rest belongs to no other box. So does a
+    // message: one that is told why a key was refused is not told so for each key that follows.
+    if (box_.form().active() != &box_ || interruptions() != before) break;
     type(key);
   }
 }
@@ -145,7 +150,7 @@ bool TextBoxView::compose(QInputMethodEvent& event) {
     rest.setCommitString({}, event.replacementStart(), event.replacementLength());
   }
   QCoreApplication::sendEvent(line_, &rest);
-  for (const Key key : keysOf(typed)) type(key);
+  typeAll(keysOf(typed));
   return true;
 }
 

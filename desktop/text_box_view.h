@@ -23,6 +23,8 @@ class TextBoxView : public ControlView {
 
  private:
   void typeText(const QString& text);
+  // Several keys at once, from a paste or an input method.
+  void typeAll(const std::vector<Key>& typed);
   void type(Key key);
   void edit(Key key);
   void handOver();

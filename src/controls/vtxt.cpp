@@ -63,6 +63,12 @@ void VTxt::Exclude(const std::string& characters) {
   });
 }
 
+std::string VTxt::SelText() const {
+  const std::string shown = text();
+  const std::size_t begin = offsetOf(shown, selStart());
+  return shown.substr(begin, offsetOf(shown, selStart() + selLength()) - begin);
+}
+
 void VTxt::USERCONTROL_READPROPERTIES(const PropertyBag& bag) {
   trap("USERCONTROL_READPROPERTIES", [&] {
     const auto text = [&](const char* name) {

@@ -41,6 +41,10 @@ class VTxt : public TextBox {
   const std::string& Exclude() const { return exclude_; }
   void Exclude(const std::string& characters);
 
+  // The selected text; setting it replaces the selection, as the checks are for keys alone.
+  std::string SelText() const;
+  void SelText(const std::string& text) { replaceSelection(text); }
+
   // Whether the text passes the length and date checks; tells a person why it does not.
   bool CHECK_M();
 

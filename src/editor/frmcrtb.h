@@ -133,6 +133,9 @@ class frmcrtb : public Form {
   void MNUJOURNAL_CLICK();
 
   // --- the masters
+  // Shows names and groups anew after a master that another form opened; a running entry is given
+  // up, since what it names may be gone.
+  void mastersChanged();
   void MNUNEWGROUP_CLICK();
   void CMDGRPMANF_CLICK();
 
@@ -261,6 +264,8 @@ class frmcrtb : public Form {
   void printTitle(const std::string& title);
   std::string exportTo(const std::string& source, const std::string& target);
   void exportRows(Workbook& workbook, int sheet);
+
+  void refreshShownLines();
 
   // Entry.
   void clearEntry();

@@ -1,6 +1,7 @@
 // The editor's ways to the masters: a new group while a line is entered, the raw-material binding.
 #include "data/year.h"
 #include "editor/frmcrtb.h"
+#include "host/busy.h"
 #include "masters/frmgrpRM.h"
 #include "masters/frmgrpmas.h"
 
@@ -14,11 +15,31 @@ void frmcrtb::MNUNEWGROUP_CLICK() {
     form.showModal([this, &form] {
       if (!form.groupsChanged()) return;
       LOADGROUPS();
-      // Lines may stand under renamed or merged groups.
-      REFRESHTB();
+      if (form.linesTouched()) {
+        refreshShownLines();
+      } else if (famGroups.visible()) {
+        LOADGROUPSEXISTS();
+      }
       if (!form.newGroup().empty()) txtgroup.setText(form.newGroup());
     });
   });
+}
+
+void frmcrtb::mastersChanged() {
+  trap("MASTERSCHANGED", [&] {
+    leaveEntry();
+    {
+      const Busy busy(context_);
+      LOADPARTICULARS();
+      LOADGROUPS();
+    }
+    refreshShownLines();
+  });
+}
+
+// Where no line is shown no name is stale, and loading an empty year would offer the import again.
+void frmcrtb::refreshShownLines() {
+  if (vsfm.rows() > 0) REFRESHTB();
 }
 
 void frmcrtb::CMDGRPMANF_CLICK() {

@@ -12,7 +12,14 @@
 #include "host/rights.h"
 
 namespace quillet {
-namespace {}  // namespace
+namespace {
+
+// An editor left open behind shows, and would write, names and groups as it read them.
+void refreshEditor(Context& context) {
+  if (context.editorForm && context.editorForm->visible()) theEditor(context).mastersChanged();
+}
+
+}  // namespace
 
 third& theHome(Context& context) {
   if (!context.homeForm) context.homeForm = std::make_unique<third>(context);
@@ -303,11 +310,19 @@ void third::openDeletion(Recordset& year, std::function<void()> done) {
 // --- the other commands -------------------------------------------------------------------------
 
 void third::CMDGRPMAS_CLICK() {
-  trap("CMDGRPMAS_CLICK", [&] { groupMaster_.showModal(); });
+  trap("CMDGRPMAS_CLICK", [&] {
+    groupMaster_.showModal([this] {
+      if (groupMaster_.groupsChanged()) refreshEditor(context_);
+    });
+  });
 }
 
 void third::CMDLEDMAS_CLICK() {
-  trap("CMDLEDMAS_CLICK", [&] { ledgerMaster_.showModal(); });
+  trap("CMDLEDMAS_CLICK", [&] {
+    ledgerMaster_.showModal([this] {
+      if (ledgerMaster_.changed()) refreshEditor(context_);
+    });
+  });
 }
 
 void third::MNUREFRESH_CLICK() {

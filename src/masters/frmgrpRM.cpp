@@ -98,13 +98,6 @@ void frmgrpRM::showPage(Frame& page) {
   for (Frame* each : {&famM, &famG}) each->setVisible(each == &page);
 }
 
-bool frmgrpRM::rowSelected(Grid& grid) {
-  if (grid.current() > 0) return true;
-  tell("Please Select an Item.");
-  focus(grid);
-  return false;
-}
-
 long frmgrpRM::idAt(const Grid& grid, int row, int column) {
   return std::stol(grid.cell(row, column));
 }
@@ -145,7 +138,7 @@ void frmgrpRM::addIds(IdList& list, const std::string& sql) {
   }
 }
 
-// What each column may offer: the groups that the year's figures use, and those bound already.
+// The groups of each column that the year's figures use.
 std::array<IdList, frmgrpRM::columns> frmgrpRM::groupsInUse() {
   std::array<IdList, columns> lists;
   const std::string& table = year_.table;
@@ -157,28 +150,42 @@ std::array<IdList, frmgrpRM::columns> frmgrpRM::groupsInUse() {
   }
   const std::string stock = siblingTable(table, "TRADE_");
   addIds(lists[2], "Select Distinct " + stock + ".allid from " + stock + ofClient());
-  const auto bound = context_.query("Select * from " + table_ + ofClient());
-  for (; !bound->EOF_(); bound->MoveNext()) {
+  return lists;
+}
+
+std::array<std::vector<long>, frmgrpRM::columns> frmgrpRM::boundGroups() {
+  std::array<std::vector<long>, columns> lists;
+  const auto items = context_.query("Select * from " + table_ + ofClient());
+  for (; !items->EOF_(); items->MoveNext()) {
     for (std::size_t i = 0; i < lists.size(); ++i) {
-      lists[i].add(sqlNumber(bound->integer(groupFields[i])));
+      lists[i].push_back(items->integer(groupFields[i]));
     }
   }
   return lists;
 }
 
+// Each column offers what the year uses and what is bound already.
 void frmgrpRM::loadGroups() {
-  const auto lists = groupsInUse();
+  auto lists = groupsInUse();
+  const auto bound = boundGroups();
   for (int i = 0; i < columns; ++i) {
+    const auto column = static_cast<std::size_t>(i);
     ComboBox& box = cbogroup[i];
     box.clearItems();
     box.addItem(none, 0);
-    const IdList& ids = lists[static_cast<std::size_t>(i)];
+    IdList& ids = lists[column];
+    for (const long id : bound[column]) ids.add(sqlNumber(id));
     if (ids.empty()) continue;
     const auto rows =
         context_.query("Select * from Mast_AllGrp Where GID=" + std::to_string(primaryGroups[i]) +
                        " and AllId in (" + ids.text() + ") Order by AllGrp");
     for (; !rows->EOF_(); rows->MoveNext()) {
       box.addItem(rows->text("ALLGRP"), rows->integer("AllId"));
+    }
+    // What was bound and has moved under another primary group, or was merged away, stays bound
+    // until a person chooses otherwise.
+    for (const long id : bound[column]) {
+      if (box.findData(id) == 0) box.addItem(sqlNumber(id), id);
     }
   }
 }

@@ -119,7 +119,7 @@ class frmgrpRM : public MasterForm {
   void attachBinding();
   void attachHeads();
   void showPage(Frame& page);
-  bool rowSelected(Grid& grid);
+  bool itemSelected(Grid& grid) { return rowSelected(grid, "Please Select an Item."); }
   static long idAt(const Grid& grid, int row, int column);
 
   // Lists.
@@ -127,6 +127,7 @@ class frmgrpRM : public MasterForm {
   void seedHeads();
   void loadGroups();
   std::array<IdList, columns> groupsInUse();
+  std::array<std::vector<long>, columns> boundGroups();
   void addIds(IdList& list, const std::string& sql);
 
   // Binding.

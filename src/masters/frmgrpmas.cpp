@@ -53,7 +53,7 @@ void frmgrpmas::setColumns() {
 }
 
 Node frmgrpmas::layout() {
-  const Node fields = row({field("Group &Name", Text1, 40, 3), field("U&nder Group", Combo1, 30, 2),
+  const Node fields = row({field("Group &Name", Text1, 40, 3), field("Under Gr&oup", Combo1, 30, 2),
                            item(cmdupdate), item(cmdcancel)});
   const Node commands =
       row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge), gap(), item(cmdback)});
@@ -70,8 +70,8 @@ Node frmgrpmas::layout() {
 void frmgrpmas::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
-    groupsChanged_ = false;
-    newGroup_.clear();
+    groupsChanged_ = linesTouched_ = false;
+    newGroupId_ = 0;
     showPage(famMain);
     LOADGROUPS();
     LOADGRID(0);
@@ -109,14 +109,7 @@ void frmgrpmas::LOADGRID(long groupId) {
       for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow(cellsOf(*rows));
       vsf.sortBy(nameColumn);
     } else if (!rows->EOF_()) {
-      int row = vsf.find(idColumn, sqlNumber(groupId));
-      if (row == 0) row = vsf.addRow({});
-      // The tick is not the group's: its cell stays as it is.
-      auto cells = cellsOf(*rows);
-      for (std::size_t c = 0; c < cells.size(); ++c) {
-        vsf.setCell(row, static_cast<int>(c), std::move(cells[c]));
-      }
-      makeCurrent(vsf, row);
+      makeCurrent(vsf, putRow(vsf, cellsOf(*rows)));
     }
   });
 }

@@ -1,6 +1,6 @@
 // The group master: the account groups of all clients and years, each under its primary group.
 // Groups are added, renamed, moved, deleted while nothing uses them, and merged; predefined ones
-// are protected. Modal; the opener reads groupsChanged() and newGroup() when it has closed.
+// are protected. Modal; the opener reads what came of it when it has closed.
 #pragma once
 
 #include <optional>
@@ -16,9 +16,12 @@ class frmgrpmas : public MasterForm {
  public:
   explicit frmgrpmas(Context& context);
 
-  // Whether groups were written since the form was shown, and the name of the last one added.
+  // Whether groups may have been written since the form was shown, and whether lines may stand
+  // under those that were: a group that was only added has no lines.
   bool groupsChanged() const { return groupsChanged_; }
-  const std::string& newGroup() const { return newGroup_; }
+  bool linesTouched() const { return linesTouched_; }
+  // The name of the group added last, "" when there is none or it has gone since.
+  std::string newGroup() const;
 
   Node layout() override;
 
@@ -74,12 +77,13 @@ class frmgrpmas : public MasterForm {
 
   void setColumns();
   std::vector<std::string> cellsOf(const Recordset& group) const;
-  bool rowSelected();
   bool predefined() const;
   long selectedId() const;
   bool nameHolds(const std::string& name);
   long insertGroup(const std::string& name);
   void updateGroup(long id, const std::string& name);
+  // Before the first statement: whatever fails on the way, something may have been written.
+  void noteChange() { groupsChanged_ = linesTouched_ = true; }
   void showPage(Frame& page);
   // The ids of the ticked groups; nothing when the group to merge with is among them.
   std::optional<IdList> tickedGroups(const std::string& target) const;
@@ -88,7 +92,8 @@ class frmgrpmas : public MasterForm {
   bool adding_ = false;
   bool editing_ = false;
   bool groupsChanged_ = false;
-  std::string newGroup_;
+  bool linesTouched_ = false;
+  long newGroupId_ = 0;
 };
 
 }  // namespace quillet

@@ -71,6 +71,7 @@ Node frmtbledmas::layout() {
 void frmtbledmas::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
+    changed_ = false;
     showPage(famMain);
     Option1[all].setChecked(true);
     txtfind.setText("");
@@ -99,11 +100,11 @@ void frmtbledmas::LOADGRID(long partId) {
     const int id = rows->column("PartId");
     const int name = rows->column("Particular");
     if (partId > 0) {
-      if (rows->EOF_()) return;
-      int row = vsf.find(idColumn, sqlNumber(partId));
-      if (row == 0) row = vsf.addRow({rows->text(id), "", "N"});
-      vsf.setCell(row, nameColumn, rows->text(name));
-      makeCurrent(vsf, row);
+      for (int row = 0; !rows->EOF_(); rows->MoveNext()) {
+        row = putRow(vsf, {rows->text(id), rows->text(name)}, row + 1);
+        if (vsf.cell(row, inUseColumn).empty()) vsf.setCell(row, inUseColumn, "N");
+      }
+      makeShownCurrent(sqlNumber(partId));
       return;
     }
     vsf.clearRows();
@@ -187,6 +188,12 @@ void frmtbledmas::SETROWSHIDDEN() {
   });
 }
 
+void frmtbledmas::makeShownCurrent(std::string_view partId) {
+  int row = vsf.find(idColumn, partId);
+  while (row > 0 && vsf.rowHidden(row)) row = vsf.find(idColumn, partId, row + 1);
+  makeCurrent(vsf, row);
+}
+
 void frmtbledmas::searchFromGrid(Key& key) {
   std::string text = txtfind.text();
   const bool ticks = key == keys::Space && !target_.empty();
@@ -219,13 +226,6 @@ void frmtbledmas::showPage(Frame& page) {
   for (Frame* each : {&famMain, &famC}) each->setVisible(each == &page);
 }
 
-bool frmtbledmas::rowSelected(const char* refusal) {
-  if (vsf.current() > 0) return true;
-  tell(refusal);
-  focus(vsf);
-  return false;
-}
-
 void frmtbledmas::CMDADD_CLICK() {
   trap("CMDADD_CLICK", [&] {
     adding_ = true;
@@ -237,7 +237,7 @@ void frmtbledmas::CMDADD_CLICK() {
 
 void frmtbledmas::CMDMODIFY_CLICK() {
   trap("CMDMODIFY_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!particularSelected()) return;
     adding_ = false;
     LOADDATA();
     SETBUTTON(true);
@@ -254,7 +254,7 @@ void frmtbledmas::VSF_DBLCLICK() {
 
 void frmtbledmas::CMDCANCEL_CLICK() {
   trap("CMDCANCEL_CLICK", [&] {
-    setLinkView(false);
+    if (!target_.empty()) leaveLinkView();
     SETBUTTON(false);
     LOADDATA();
     focus(vsf);

@@ -1,6 +1,6 @@
 // The ledger master: the particulars that the lines of every client and year refer to. They are
 // added, renamed, deleted while nothing uses them, replaced by one another everywhere, and listed
-// with the clients and years that use them. Modal.
+// with the clients and years that use them. Modal; the opener reads changed() when it has closed.
 //
 // Two more views of the form: the link view, in which the particulars to be replaced are ticked,
 // and the list of use. Use, saving and replacing have a source file each.
@@ -20,6 +20,9 @@ namespace quillet {
 class frmtbledmas : public MasterForm {
  public:
   explicit frmtbledmas(Context& context);
+
+  // Whether ledgers may have been written since the form was shown.
+  bool changed() const { return changed_; }
 
   Node layout() override;
 
@@ -50,7 +53,7 @@ class frmtbledmas : public MasterForm {
   void FORM_LOAD();
   void FORM_KEYPRESS(Key& key);
   void FORM_UNLOAD();
-  // Every particular, or the row of one anew.
+  // Every particular, or one anew. Old data holds ids with several names: such has a row each.
   void LOADGRID(long partId);
   void LOADDATA();
   void CLEARDATA();
@@ -92,11 +95,13 @@ class frmtbledmas : public MasterForm {
   void attachCommands();
   void searchFromGrid(Key& key);
   void showPage(Frame& page);
-  bool rowSelected(const char* refusal = "Please Select a Particulars.");
+  bool particularSelected() { return rowSelected(vsf, "Please Select a Particulars."); }
   std::string selectedId() const { return vsf.cell(vsf.current(), idColumn); }
   const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
   std::string listHeading() const;
   void mark(std::string_view partId, bool used);
+  // Makes a shown row of the particular current; none when it has none.
+  void makeShownCurrent(std::string_view partId);
 
   // Use.
   void fillAllInUse();
@@ -107,17 +112,20 @@ class frmtbledmas : public MasterForm {
   void offerExisting(const Recordset& existing);
   void deleteSelected();
   void deleteUnused();
+  // The shown row that a person goes on with when the selected particular is gone; 0 for none.
+  int neighbourOfSelected() const;
   // True when the particulars may be deleted; else a person was told why not.
   bool mayDelete(const std::string& ids, const std::string& refusal);
 
   // Linking.
   void setLinkView(bool on);
+  void leaveLinkView();
   void replaceInAllYears(const std::string& condition, std::string_view newId);
   std::string linkQuestion() const;
-  void showReplacement(const std::string& partId);
 
   bool adding_ = false;
   bool editing_ = false;
+  bool changed_ = false;
   std::string target_;  // the particular that the ticked ones are replaced by; "" outside link view
   std::string targetName_;
 };

@@ -36,7 +36,7 @@ void frmgrpmas::cmdMerge_Click() {
 }
 
 void frmgrpmas::LoadMergeGrid() {
-  trap("LoadMergeGrid", [&] {
+  trap("LOADMERGEGRID", [&] {
     const auto rows = context_.query("Select * From Mast_AllGrp order by ALLGRP");
     for (Grid* grid : {&vsM, &vsMW}) {
       grid->clearRows();
@@ -52,7 +52,7 @@ void frmgrpmas::LoadMergeGrid() {
 }
 
 void frmgrpmas::cmdMergeBack_Click() {
-  trap("cmdMergeBack_Click", [&] {
+  trap("CMDMERGEBACK_CLICK", [&] {
     showPage(famMain);
     focus(vsf);
   });
@@ -89,8 +89,7 @@ void frmgrpmas::cmdMergeGroup_Click() {
 }
 
 void frmgrpmas::mergeInto(const std::string& target, const IdList& ids) {
-  // Whatever happens on the way, lines and groups may have changed from here on.
-  groupsChanged_ = true;
+  noteChange();
   replaceGroups(context_, target, ids);
   context_.host->ConQuery("Delete from Mast_AllGrp where ALLID in (" + ids.text() + ")");
   tell("Merge Successfully.");

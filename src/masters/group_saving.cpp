@@ -11,15 +11,9 @@ namespace quillet {
 namespace {
 
 constexpr const char* predefinedMark = "N";
+constexpr const char* noGroup = "Please Select a Group.";
 
 }  // namespace
-
-bool frmgrpmas::rowSelected() {
-  if (vsf.current() > 0) return true;
-  tell("Please Select a Group.");
-  focus(vsf);
-  return false;
-}
 
 bool frmgrpmas::predefined() const { return vsf.cell(vsf.current(), userColumn) == predefinedMark; }
 
@@ -36,7 +30,7 @@ void frmgrpmas::CMDADD_CLICK() {
 
 void frmgrpmas::CMDMODIFY_CLICK() {
   trap("CMDMODIFY_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Modify Predefined Group.");
       return;
@@ -55,7 +49,6 @@ void frmgrpmas::CMDUPDATE_CLICK() {
     if (!nameHolds(name)) return;
     const long id = adding_ ? insertGroup(name) : selectedId();
     if (!adding_) updateGroup(id, name);
-    groupsChanged_ = true;
     SETBUTTON(false);
     LOADGRID(id);
     focus(vsf);
@@ -83,13 +76,20 @@ bool frmgrpmas::nameHolds(const std::string& name) {
 
 long frmgrpmas::insertGroup(const std::string& name) {
   const long id = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0) + 1;
+  groupsChanged_ = true;
   change("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," + sqlNumber(Combo1.chosenData()) +
          "," + quoted(name) + ",'Y')");
-  newGroup_ = name;
+  newGroupId_ = id;
   return id;
 }
 
+std::string frmgrpmas::newGroup() const {
+  const int row = newGroupId_ == 0 ? 0 : vsf.find(idColumn, sqlNumber(newGroupId_));
+  return row == 0 ? std::string() : vsf.cell(row, nameColumn);
+}
+
 void frmgrpmas::updateGroup(long id, const std::string& name) {
+  noteChange();
   change("Update Mast_AllGrp Set ALLGRP=" + quoted(name) +
          ", GID=" + sqlNumber(Combo1.chosenData()) + " Where AllId=" + sqlNumber(id));
 }
@@ -122,7 +122,7 @@ std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
 
 void frmgrpmas::CMDDELETE_CLICK() {
   trap("CMDDELETE_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Delete Predefined Group.");
       return;
@@ -139,9 +139,8 @@ void frmgrpmas::CMDDELETE_CLICK() {
              "Delete Confirmation")) {
       return;
     }
+    noteChange();
     change("Delete from Mast_AllGrp Where ALLID=" + sqlNumber(selectedId()));
-    groupsChanged_ = true;
-    if (newGroup_ == vsf.cell(row, nameColumn)) newGroup_.clear();
     vsf.removeRow(row);
     makeCurrent(vsf, std::min(row, vsf.rows()));
   });

@@ -18,18 +18,26 @@ constexpr int namesListed = 20;
 void frmtbledmas::setLinkView(bool on) {
   target_ = on ? selectedId() : std::string();
   targetName_ = on ? selectedName() : std::string();
-  lbllink.setCaption("Particulars selected below will be deleted & will be replaced with '" +
-                     targetName_ + "'");
+  lbllink.setCaption(on ? "Particulars selected below will be deleted & will be replaced with '" +
+                              targetName_ + "'"
+                        : "All the Linked");
   lbllink.setVisible(on);
   for (int row = 1; row <= vsf.rows(); ++row) vsf.setCell(row, linkColumn, "");
   SETCOLWIDTH();
+}
+
+void frmtbledmas::leaveLinkView() {
+  const std::string target = target_;
+  setLinkView(false);
+  SETROWSHIDDEN();
+  makeShownCurrent(target);
 }
 
 void frmtbledmas::CMDLINK_CLICK() {
   trap("CMDLINK_CLICK", [&] {
     if (!target_.empty()) {
       LINKPARTICULARS();
-    } else if (rowSelected("Please Select a Paritculars.")) {
+    } else if (rowSelected(vsf, "Please Select a Paritculars.")) {
       setLinkView(true);
       SETBUTTON(false);
       SETROWSHIDDEN();
@@ -69,17 +77,17 @@ void frmtbledmas::LINKPARTICULARS() {
       return;
     }
     if (!ask(linkQuestion())) return;
-    const std::string target = target_;
-    replaceInAllYears(" In (" + ids.text() + ")", target);
+    changed_ = true;
+    replaceInAllYears(" In (" + ids.text() + ")", target_);
     change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
     std::unordered_set<std::string> gone;
     for (int row = 1; row <= vsf.rows(); ++row) {
       if (vsf.ticked(row)) gone.insert(vsf.cell(row, idColumn));
     }
-    gone.erase(target);
+    gone.erase(target_);
     vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
+    mark(target_, true);
     CMDCANCEL_CLICK();
-    showReplacement(target);
   });
 }
 
@@ -95,19 +103,16 @@ void frmtbledmas::replaceInAllYears(const std::string& condition, std::string_vi
 
 void frmtbledmas::REPLACEANDDELETE(long oldId, long newId) {
   trap("REPLACEANDDELETE", [&] {
+    changed_ = true;
     const std::string old = sqlNumber(oldId);
     replaceInAllYears("=" + old, sqlNumber(newId));
     flush();
     change("Delete From Mast_Part Where PartId=" + old);
     vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == old; });
-    showReplacement(sqlNumber(newId));
+    mark(sqlNumber(newId), true);
+    SETROWSHIDDEN();
+    makeShownCurrent(sqlNumber(newId));
   });
-}
-
-void frmtbledmas::showReplacement(const std::string& partId) {
-  mark(partId, true);
-  SETROWSHIDDEN();
-  makeCurrent(vsf, vsf.find(idColumn, partId));
 }
 
 }  // namespace quillet

@@ -1,5 +1,5 @@
 // The ledger master's changes of single particulars: adding, renaming, deleting.
-#include <algorithm>
+#include <unordered_set>
 
 #include "data/sql.h"
 #include "data/text.h"
@@ -34,6 +34,7 @@ void frmtbledmas::CMDUPDATE_CLICK() {
 }
 
 void frmtbledmas::saveParticular(const std::string& name) {
+  changed_ = true;
   long id = 0;
   if (adding_) {
     id = context_.host->GetMax_MastPartId(name);
@@ -50,7 +51,13 @@ void frmtbledmas::saveParticular(const std::string& name) {
   flush();
   SETBUTTON(false);
   LOADGRID(id);
-  if (!adding_) FILLINUSE(id);
+  if (adding_) {
+    // The new name need not match what was searched for.
+    txtfind.setText("");
+    SETROWSHIDDEN();
+  } else {
+    FILLINUSE(id);
+  }
   focus(vsf);
 }
 
@@ -97,7 +104,7 @@ bool frmtbledmas::mayDelete(const std::string& ids, const std::string& refusal) 
 }
 
 void frmtbledmas::deleteSelected() {
-  if (!rowSelected()) return;
+  if (!particularSelected()) return;
   const std::string id = selectedId();
   lblheadC.setCaption(listHeading());
   if (!mayDelete(id, "Particulars already in use. You can not delete this Particulars.") ||
@@ -105,20 +112,31 @@ void frmtbledmas::deleteSelected() {
            "Delete Confirmation")) {
     return;
   }
+  changed_ = true;
   change("Delete from Mast_Part Where PartId=" + id);
-  const int row = vsf.current();
-  vsf.removeRow(row);
-  makeCurrent(vsf, std::min(row, vsf.rows()));
+  vsf.setCurrent(neighbourOfSelected());
+  vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
   SETROWSHIDDEN();
+}
+
+int frmtbledmas::neighbourOfSelected() const {
+  const std::string id = selectedId();
+  const auto stays = [&](int row) { return !vsf.rowHidden(row) && vsf.cell(row, idColumn) != id; };
+  for (int row = vsf.current() + 1; row <= vsf.rows(); ++row) {
+    if (stays(row)) return row;
+  }
+  for (int row = vsf.current() - 1; row > 0; --row) {
+    if (stays(row)) return row;
+  }
+  return 0;
 }
 
 void frmtbledmas::deleteUnused() {
   IdList ids;
-  int count = 0;
+  std::unordered_set<std::string> gone;
   for (int row = 1; row <= vsf.rows(); ++row) {
-    if (vsf.rowHidden(row)) continue;
-    ids.add(vsf.cell(row, idColumn));
-    ++count;
+    const std::string& id = vsf.cell(row, idColumn);
+    if (!vsf.rowHidden(row) && gone.insert(id).second) ids.add(id);
   }
   if (ids.empty()) {
     tell("Please select a Particulars.");
@@ -126,12 +144,13 @@ void frmtbledmas::deleteUnused() {
   }
   lblheadC.setCaption("List of Clients/F.Y. using Particulars");
   if (!mayDelete(ids.text(), "Particulars already in use. You can not delete these Particulars.") ||
-      !ask("Do you really want to Delete " + std::to_string(count) +
+      !ask("Do you really want to Delete " + std::to_string(gone.size()) +
            " Ledger Masters Not in Use ?")) {
     return;
   }
+  changed_ = true;
   change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
-  vsf.removeRowsIf([this](int row) { return !vsf.rowHidden(row); });
+  vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
   SETROWSHIDDEN();
 }
 

@@ -153,7 +153,7 @@ std::string frmtbledmas::listHeading() const {
 
 void frmtbledmas::CMDVIEW_CLICK() {
   trap("CMDVIEW_CLICK", [&] {
-    if (!rowSelected()) return;
+    if (!particularSelected()) return;
     lblheadC.setCaption(listHeading());
     VIEWLISTOFUSE(selectedId(), true);
   });

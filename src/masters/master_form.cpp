@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 #include "data/text.h"
 
@@ -28,6 +29,22 @@ void MasterForm::flush() { context_.host->ConQuery("Flush Tables"); }
 
 std::string MasterForm::quoted(const std::string& text) const {
   return "'" + context_.host->TruncVarSQL(text) + "'";
+}
+
+bool MasterForm::rowSelected(Grid& grid, const std::string& refusal) {
+  if (grid.current() > 0) return true;
+  tell(refusal);
+  focus(grid);
+  return false;
+}
+
+int MasterForm::putRow(Grid& grid, std::vector<std::string> cells, int from) {
+  int row = grid.find(0, cells.front(), from);
+  if (row == 0) row = grid.addRow({});
+  for (std::size_t c = 0; c < cells.size(); ++c) {
+    grid.setCell(row, static_cast<int>(c), std::move(cells[c]));
+  }
+  return row;
 }
 
 void MasterForm::searchByTyping(Grid& grid, int column, Key& key) {

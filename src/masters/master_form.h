@@ -27,6 +27,11 @@ class MasterForm : public Form {
   void flush();
   std::string quoted(const std::string& text) const;
 
+  // Whether the grid has a current row; if not, tells the refusal and goes to the grid.
+  bool rowSelected(Grid& grid, const std::string& refusal);
+  // Sets the cells of the row that has the first of them, an id, in its first column; adds the row
+  // when there is none from `from` on. Cells past those given stay as they are.
+  static int putRow(Grid& grid, std::vector<std::string> cells, int from = 1);
   // Moves on to the next shown row whose cell begins with the character, which is used up.
   static void searchByTyping(Grid& grid, int column, Key& key);
   // Runs RowColChange in any case: under the same number the row may be another one.

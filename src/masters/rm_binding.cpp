@@ -1,6 +1,7 @@
 // The binding page: the items of the client's year.
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "data/sql.h"
 #include "masters/frmgrpRM.h"
@@ -66,12 +67,7 @@ bool frmgrpRM::LOADGRIDM(long srNo) {
       vsfM.clearSort();
       for (auto& cells : items) vsfM.addRow(std::move(cells));
     } else if (!items.empty()) {
-      int row = vsfM.find(srNoColumn, sqlNumber(srNo));
-      if (row == 0) row = vsfM.addRow({});
-      for (int c = 0; c < vsfM.cols(); ++c) {
-        vsfM.setCell(row, c, items.front()[static_cast<std::size_t>(c)]);
-      }
-      makeCurrent(vsfM, row);
+      makeCurrent(vsfM, putRow(vsfM, std::move(items.front())));
     }
     loaded = true;
   });
@@ -132,7 +128,7 @@ void frmgrpRM::CMDADDM_CLICK() {
 
 void frmgrpRM::CMDMODIFYM_CLICK() {
   trap("CMDMODIFYM_CLICK", [&] {
-    if (!rowSelected(vsfM)) return;
+    if (!itemSelected(vsfM)) return;
     LOADDATAM();
     setStateM(State::modifying);
     focus(cbohead);
@@ -180,6 +176,8 @@ void frmgrpRM::CMDUPDATEM_CLICK() {
       updateItem(srNo);
     }
     setStateM(State::browsing);
+    // A group that was released need not be on offer any more.
+    LOADLIST();
     LOADGRIDM(srNo);
     focus(vsfM);
   });
@@ -240,7 +238,7 @@ void frmgrpRM::updateItem(long srNo) {
 
 void frmgrpRM::CMDDELETEM_CLICK() {
   trap("CMDDELETEM_CLICK", [&] {
-    if (!rowSelected(vsfM) ||
+    if (!itemSelected(vsfM) ||
         !ask("Do you want to delele the Selected Item ?", "Delete Confirmation")) {
       return;
     }
@@ -248,6 +246,7 @@ void frmgrpRM::CMDDELETEM_CLICK() {
     const std::string order = vsfM.cell(row, orderColumn);
     change("Delete from " + table_ + ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
     change("Update " + table_ + " Set GrpOrder=GrpOrder-1" + ofClient() + " and GrpOrder>" + order);
+    LOADLIST();
     LOADGRIDM(0);
     makeCurrent(vsfM, std::min(row, vsfM.rows()));
   });

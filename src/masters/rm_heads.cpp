@@ -1,5 +1,6 @@
 // The heads page: the raw-material heads that all clients bind their groups to.
 #include <algorithm>
+#include <utility>
 
 #include "data/sql.h"
 #include "data/table_names.h"
@@ -50,15 +51,14 @@ void frmgrpRM::LOADGRIDG(long grpId) {
     }
     for (; !rows->EOF_(); rows->MoveNext()) {
       const int type = cbotype.findData(rows->integer("GrpType"));
-      const std::vector<std::string> cells{
+      std::vector<std::string> cells{
           rows->text("GrpId"), rows->text("GrpHead"), sqlNumber(rows->integer("GrpType")),
           type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : rows->text("GrpType")};
-      int row = grpId == 0 ? 0 : vsfG.find(idColumn, cells[idColumn]);
-      if (row == 0) row = vsfG.addRow(cells);
-      for (int c = 0; c < vsfG.cols(); ++c) {
-        vsfG.setCell(row, c, cells[static_cast<std::size_t>(c)]);
+      if (grpId == 0) {
+        vsfG.addRow(std::move(cells));
+      } else {
+        makeCurrent(vsfG, putRow(vsfG, std::move(cells)));
       }
-      if (grpId > 0) makeCurrent(vsfG, row);
     }
   });
 }
@@ -112,7 +112,7 @@ void frmgrpRM::CMDADDG_CLICK() {
 
 void frmgrpRM::CMDMODIFYG_CLICK() {
   trap("CMDMODIFYG_CLICK", [&] {
-    if (!rowSelected(vsfG)) return;
+    if (!itemSelected(vsfG)) return;
     LOADDATAG();
     setStateG(State::modifying);
     focus(txthead);
@@ -198,7 +198,7 @@ std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
 
 void frmgrpRM::CMDDELETEG_CLICK() {
   trap("CMDDELETEG_CLICK", [&] {
-    if (!rowSelected(vsfG)) return;
+    if (!itemSelected(vsfG)) return;
     const int row = vsfG.current();
     const long id = idAt(vsfG, row, idColumn);
     // What could not be searched to its end may be bound.

@@ -30,7 +30,7 @@ void frmgrpRM::CMDDOWN_CLICK() {
 }
 
 void frmgrpRM::moveRow(int step) {
-  if (!rowSelected(vsfM)) return;
+  if (!itemSelected(vsfM)) return;
   const int from = vsfM.current();
   const int to = from + step;
   if (to < 1 || to > vsfM.rows()) return;

@@ -131,10 +131,15 @@ TEST(HelpPages, AreWholeAndBelongToTheirForms) {
     EXPECT_FALSE(topic.title.isEmpty()) << topic.file.toStdString();
     EXPECT_GT(topic.words.size(), 500) << topic.file.toStdString();
   }
-  ASSERT_TRUE(helpOfForm("third"));
-  EXPECT_EQ(helpOfForm("third")->id, "2-2");
-  ASSERT_TRUE(helpOfForm("frmcrtb"));
-  EXPECT_EQ(helpOfForm("frmcrtb")->id, "2-2-1");
+  const std::pair<const char*, const char*> forms[] = {
+      {"third", "2-2"},           {"frmcrtb", "2-2-1"},       {"frmjrnl", "journal"},
+      {"frmgrpmas", "groups"},    {"frmtbledmas", "ledgers"}, {"frmgrpRM", "binding"},
+      {"frmdelwhatinTB", "years"}};
+  for (const auto& [form, topic] : forms) {
+    ASSERT_TRUE(helpOfForm(form)) << form;
+    EXPECT_EQ(helpOfForm(form)->id, topic);
+    EXPECT_EQ(helpTopic(topic), helpOfForm(form)) << "an id names one page";
+  }
   EXPECT_EQ(helpWith("no such words anywhere").size(), 0u);
   EXPECT_EQ(helpWith("").size(), helpTopics().size());
 }

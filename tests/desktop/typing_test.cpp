@@ -3,7 +3,9 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QTableView>
+#include <QTimer>
 
+#include "controls/vtxt.h"
 #include "desktop/stand.h"
 #include "desktop/text.h"
 
@@ -57,6 +59,42 @@ TEST_F(Typing, PastesThroughTheHandlersOnOneLine) {
   settle();
   paste("  rent 12\r\npaid\tnow \n");
   expectShown("RENT  PAID NOW");
+}
+
+class NumberForm : public Form {
+ public:
+  explicit NumberForm(Desk& formDesk) : Form(formDesk, "numbers") {
+    box.ValidateData(1);
+    box.MsgBox = [this](const std::string& text) {
+      told.push_back(text);
+      theApplication().dialogs().MsgBox({text, "", Buttons::OK, Icon::none, Answer::OK});
+    };
+  }
+  Node layout() override { return column({item(box)}); }
+  VTxt box{*this, "VTxt1"};
+  std::vector<std::string> told;
+};
+
+TEST_F(Typing, APasteEndsAtTheFirstKeyThatIsRefusedWithAMessage) {
+  NumberForm numbers(desk);
+  numbers.show();
+  settle();
+  QTimer answering;
+  QObject::connect(&answering, &QTimer::timeout, [] {
+    if (QWidget* box = QApplication::activeModalWidget()) QTest::keyClick(box, Qt::Key_Return);
+  });
+  answering.start(0);
+  auto* line = theApplication().windows().of(numbers)->findChild<QLineEdit*>("VTxt1");
+  ASSERT_TRUE(line);
+  QGuiApplication::clipboard()->setText(" 12a34b5 ");
+  QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(numbers.told, std::vector<std::string>{"Enter Numeric value"});
+  EXPECT_EQ(numbers.box.text(), "12");
+  EXPECT_EQ(fromQt(line->text()), "12");
+  QGuiApplication::clipboard()->setText("+6-");
+  QTest::keyClick(line, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(fromQt(line->text()), "12+6-") << "the next paste begins anew";
+  EXPECT_EQ(numbers.told.size(), 1U);
 }
 
 TEST_F(Typing, CountsCharactersAndNotCodeUnits) {

@@ -108,14 +108,17 @@ TEST_F(BindingTest, AddsAndChangesItems) {
   EXPECT_EQ(form.cbogroup[1].text(), "(None)");
   enter("RAW MATERIAL", {"OPEN A", "BUY A", "CLOSE A"});
   const std::string column = " Where Code_No='C1' and ";
-  EXPECT_EQ(statements(), (Texts{"Select * from RMGRP_2" + column + "OsGrpId=" + id("OPEN A"),
-                                 "Select * from RMGRP_2" + column + "PurGrpId=" + id("BUY A"),
-                                 "Select * from RMGRP_2" + column + "CsGrpId=" + id("CLOSE A"),
-                                 "Select Max(SrNo) from RMGRP_2 Where Code_No='C1'",
-                                 "Select Max(GrpOrder) from RMGRP_2 Where Code_No='C1'",
-                                 "Insert Into RMGRP_2 Values ('C1',1,1," + id("OPEN A") + "," +
-                                     id("BUY A") + ",0," + id("CLOSE A") + ",1)",
-                                 "Flush Tables", "Select * from RMGRP_2" + column + "SrNo=1"}));
+  Texts sent = statements();
+  EXPECT_EQ(sent.back(), "Select * from RMGRP_2" + column + "SrNo=1");
+  sent.resize(7);
+  EXPECT_EQ(sent, (Texts{"Select * from RMGRP_2" + column + "OsGrpId=" + id("OPEN A"),
+                         "Select * from RMGRP_2" + column + "PurGrpId=" + id("BUY A"),
+                         "Select * from RMGRP_2" + column + "CsGrpId=" + id("CLOSE A"),
+                         "Select Max(SrNo) from RMGRP_2 Where Code_No='C1'",
+                         "Select Max(GrpOrder) from RMGRP_2 Where Code_No='C1'",
+                         "Insert Into RMGRP_2 Values ('C1',1,1," + id("OPEN A") + "," +
+                             id("BUY A") + ",0," + id("CLOSE A") + ",1)",
+                         "Flush Tables"}));
   press(form, form.cmdaddM);
   enter("RAW MATERIAL", {"OPEN B", "(None)", "(None)"});
   EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", "OPEN A", "BUY A", "CLOSE A"},
@@ -129,6 +132,35 @@ TEST_F(BindingTest, AddsAndChangesItems) {
                                  ",SalGrpId=0,CsGrpId=0 Where Code_No='C1' and SrNo=2");
   EXPECT_EQ(stored()[1], (Texts{"2", "2", id("OPEN B"), id("BUY B"), "0", "0", "2"}));
   EXPECT_EQ(stored("O\\'C2").size(), 1U);
+}
+
+TEST_F(BindingTest, AGroupThatIsReleasedIsNoLongerOffered) {
+  bind("RMGRP_2 values('C1',1,1,0,0,0," + id("CLOSE UNUSED") + ",1),('C1',2,2," +
+       id("OPEN UNUSED") + ",0,0,0,2)");
+  open();
+  pick(form.vsfM, 0, "1");
+  press(form, form.cmdmodifyM);
+  enter("", {"(None)", "(None)", "CLOSE A"});
+  EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A"}));
+  EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "the fields show the saved item";
+  pick(form.vsfM, 0, "2");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddeleteM);
+  EXPECT_EQ(form.cbogroup[0].items(), (Texts{"(None)", "OPEN A", "OPEN B"}));
+  EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "of the item that is left";
+}
+
+TEST_F(BindingTest, ABoundGroupIsKeptWhereverItWent) {
+  const std::string moved = id("OPEN UNUSED");
+  bind("RMGRP_2 values('C1',1,1," + moved + ",777,0,0,1)");
+  exec("update Mast_AllGrp set GID=22 where ALLID=" + moved);
+  open();
+  EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", moved, "777", "(None)"}}));
+  form.vsfM.setCurrent(1);
+  press(form, form.cmdmodifyM);
+  choose(form.cbohead, "FINISHED GOODS");
+  press(form, form.cmdupdateM);
+  EXPECT_EQ(stored(), (Rows{{"1", "2", moved, "777", "0", "0", "1"}}));
 }
 
 TEST_F(BindingTest, RefusalsComeInTheirOrder) {
@@ -271,6 +303,32 @@ TEST_F(BindingTest, ImportsThePreviousYear) {
   EXPECT_TRUE(messages().empty()) << "a year that has a binding keeps it";
 }
 
+TEST_F(BindingTest, AQuoteInTheClientsCodeKeepsItsRowsApart) {
+  bindThree();
+  exec("delete from RMGRP_2 where Code_No<>'C1'");
+  bind("RMGRP_1 " + neighbour);
+  exec("insert into RmSchSetup values(\"O'C2\",2009,'H','R','O','P','S','C')");
+  dialogs.queueAnswer(Answer::Yes);
+  form.INITDATA({"O'C2", "Neighbour & Co", "TAB_2", "01042009", "31032010"});
+  form.showModal();
+  EXPECT_EQ(onlyMessage(), asked("Do you want to Import from Previous Year?"));
+  EXPECT_EQ(value("select Head from RmSchSetup where FYr=2010"), "H");
+  press(form, form.cmdaddM);
+  enter("FINISHED GOODS", {"OPEN UNUSED", "(None)", "(None)"});
+  press(form, form.cmdsortorder);
+  press(form, form.cmdup);
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdsortorder);
+  EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL"}));
+  EXPECT_EQ(stored("O\\'C2"), (Rows{{"7", "1", id("OPEN A"), "0", "0", "0", "2"},
+                                    {"8", "2", id("OPEN UNUSED"), "0", "0", "0", "1"}}));
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddeleteM);
+  EXPECT_EQ(stored("O\\'C2"), (Rows{{"7", "1", id("OPEN A"), "0", "0", "0", "1"}}));
+  EXPECT_EQ(stored().size(), 3U);
+  EXPECT_EQ(errors(), Texts());
+}
+
 TEST_F(BindingTest, AnExistingSetupIsKept) {
   bind("RMGRP_1 values('C1',1,1," + id("OPEN A") + ",0,0,0,1)");
   exec(
@@ -333,6 +391,29 @@ TEST_F(BindingTest, KeepsTheHeads) {
   EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Entry?"));
   press(form, form.cmdbackG);
   EXPECT_EQ(form.cbohead.items().back(), "O'Neill \\ \"x\"");
+}
+
+TEST_F(BindingTest, AwkwardHeadsAreStoredAsTheyAre) {
+  open();
+  press(form, form.cmdgrpM);
+  for (const std::string head :
+       {"100% _COTTON_", "COFFEE ☕ 👩‍💼", "back\\slash\\", "'); -- "}) {
+    press(form, form.cmdaddG);
+    type(form.txthead, head);
+    choose(form.cbotype, "OTHERS");
+    press(form, form.cmdupdateG);
+    EXPECT_EQ(value("select GrpHead from RawMatGrpM order by GrpId desc"), trimmed(head));
+    EXPECT_EQ(shown(form.vsfG).back()[0], trimmed(head));
+  }
+  press(form, form.cmdaddG);
+  type(form.txthead, std::string(5000, 'x'));
+  EXPECT_EQ(form.txthead.text(), std::string(100, 'x'));
+  EXPECT_EQ(form.lblhint.caption(), "A heading holds at most 100 characters.");
+  type(form.txthead, "   ");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(onlyMessage(), told("Please Specify 'Heading'."));
+  EXPECT_EQ(value("select count(*) from RawMatGrpM"), "9");
+  EXPECT_EQ(errors(), Texts());
 }
 
 TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {

@@ -79,6 +79,36 @@ TEST_F(GroupMasterTest, AddsWithTheNextId) {
   EXPECT_EQ(closed, 1);
 }
 
+TEST_F(GroupMasterTest, TellsWhatBecameOfTheGroupAddedLast) {
+  const auto add = [&](const char* name) {
+    press(form, form.cmdadd);
+    enter(name, "EXPENSES");
+  };
+  open();
+  add("ONE");
+  add("TWO");
+  EXPECT_EQ(form.newGroup(), "TWO");
+  EXPECT_FALSE(form.linesTouched()) << "no line stands under a new group";
+  press(form, form.cmdmodify);
+  enter("SECOND", "");
+  EXPECT_EQ(form.newGroup(), "SECOND");
+  EXPECT_TRUE(form.linesTouched());
+  press(form, form.cmdMerge);
+  form.vsM.tick(form.vsM.find(1, "SECOND"), true);
+  pick(form.vsMW, 1, "ONE");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdMergeGroup);
+  EXPECT_EQ(form.newGroup(), "") << "merged away";
+  press(form, form.cmdMergeBack);
+  add("THREE");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(form.newGroup(), "") << "deleted";
+  press(form, form.cmdback);
+  open();
+  EXPECT_FALSE(form.groupsChanged() || form.linesTouched());
+}
+
 TEST_F(GroupMasterTest, TheFirstGroupOfAllGetsIdOne) {
   exec("delete from Mast_AllGrp");
   open();
@@ -287,6 +317,19 @@ TEST_F(GroupMasterTest, MergeRewritesTrialBalancesOnly) {
   EXPECT_TRUE(form.groupsChanged());
 }
 
+TEST_F(GroupMasterTest, AMergeWalksTheTablesThatThereAreAndShowsItsProgress) {
+  exec("update master set tbl_nm='TAB_404' where f_yr='01042009'");
+  open();
+  press(form, form.cmdMerge);
+  form.vsM.tick(form.vsM.find(1, "RENT"), true);
+  pick(form.vsMW, 1, "POSTAGE");
+  dialogs.queueAnswer(Answer::Yes);
+  EXPECT_EQ(progressOf([&] { press(form, form.cmdMergeGroup); }),
+            "Merging Groups.... 6 of 6 moving");
+  EXPECT_EQ(errors(), Texts()) << "what the registry names besides is not its business";
+  EXPECT_EQ(stored().size(), 3U);
+}
+
 TEST_F(GroupMasterTest, AMergeThatFailsHalfWayKeepsWhatItRewrote) {
   open();
   press(form, form.cmdMerge);
@@ -299,7 +342,7 @@ TEST_F(GroupMasterTest, AMergeThatFailsHalfWayKeepsWhatItRewrote) {
   EXPECT_EQ(messages().size(), 1U) << "the question alone";
   EXPECT_EQ(value("select count(*) from TAB_1 where allid=" + post), "2");
   EXPECT_EQ(stored().size(), 4U);
-  EXPECT_TRUE(form.groupsChanged()) << "an editor must read anew";
+  EXPECT_TRUE(form.groupsChanged() && form.linesTouched()) << "an editor must read anew";
 }
 
 // Each statement of a change fails once: nothing after it is sent, and the form goes on.

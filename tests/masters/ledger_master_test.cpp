@@ -81,6 +81,44 @@ TEST_F(LedgerMasterTest, UseOfLedgersThatAreGoneAndDoubleIdsDoNoHarm) {
   EXPECT_EQ(errors(), Texts());
 }
 
+TEST_F(LedgerMasterTest, TheNamesOfOneIdAreOneLedger) {
+  const std::string gamma = id("GAMMA");
+  exec("insert into Mast_Part values(" + gamma + ",'GAMMA OLD')");
+  open();
+  pickLedger("GAMMA OLD");
+  press(form, form.cmdmodify);
+  enter("delta");
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "DELTA", "DELTA", "RENT"}))
+      << "the statement renamed both";
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"}));
+  EXPECT_EQ(form.lblcount.caption(), "4 of 4");
+  EXPECT_EQ(form.VTxt1.text(), "RENT");
+  press(form, form.cmdback);
+
+  exec("insert into Mast_Part values(" + gamma + ",'GAMMA')," + "(" + gamma + ",'GAMMA OLD')");
+  open();
+  choose(0);
+  type(form.txtfind, "old");
+  messages();
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddelete);
+  EXPECT_EQ(messages(), (Texts{"Do you really want to Delete 1 Ledger Masters Not in Use ?"}));
+  form.press(keys::Escape);
+  EXPECT_EQ(listed(), Texts()) << "what the search hid went with its other name";
+  press(form, form.cmdback);
+
+  exec("insert into Mast_Part values(" + gamma + ",'GAMMA')," + "(" + gamma + ",'GAMMA OLD')");
+  open();
+  pickLedger("CASH");
+  press(form, form.cmdlink);
+  tick("GAMMA OLD");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdlink);
+  EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"}));
+}
+
 TEST_F(LedgerMasterTest, AMissingTableEndsTheSearchOnly) {
   exec("update master set tbl_nm='TAB_404' where f_yr='01042009'");
   open();
@@ -92,6 +130,32 @@ TEST_F(LedgerMasterTest, AMissingTableEndsTheSearchOnly) {
   EXPECT_EQ(errors(), (Texts{"frmtbledmas\tVIEWLISTOFUSE"}));
   EXPECT_TRUE(messages().empty());
   EXPECT_EQ(names().size(), 5U);
+  press(form, form.cmdView);
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tVIEWLISTOFUSE"}));
+  EXPECT_TRUE(form.vsf.shown()) << "half a list would deceive";
+  press(form, form.cmdlink);
+  tick("RENT");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdlink);
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tLINKPARTICULARS"}));
+  form.REPLACEANDDELETE(ledger("CASH"), ledger("GAMMA"));
+  EXPECT_EQ(errors(), (Texts{"frmtbledmas\tREPLACEANDDELETE"}));
+  EXPECT_EQ(names().size(), 5U) << "no ledger goes before every table has let it go";
+  EXPECT_TRUE(form.visible());
+  EXPECT_TRUE(form.changed());
+}
+
+TEST_F(LedgerMasterTest, LongWalksShowTheirProgress) {
+  // Three names in the registry, one of them empty.
+  EXPECT_EQ(progressOf([&] { open(); }), "Searching Ledgers in Use.... 3 of 3 moving");
+  pickLedger("RENT");
+  EXPECT_EQ(progressOf([&] { press(form, form.cmdView); }),
+            "Searching Ledgers in Use.... 3 of 3 moving");
+  press(form, form.cmdbackC);
+  press(form, form.cmdlink);
+  tick("CASH");
+  dialogs.queueAnswer(Answer::Yes);
+  EXPECT_EQ(progressOf([&] { press(form, form.cmdlink); }), "Replacing Ledgers.... 3 of 3 moving");
 }
 
 TEST_F(LedgerMasterTest, ListsWhoUsesAParticular) {
@@ -160,6 +224,42 @@ TEST_F(LedgerMasterTest, Adds) {
   EXPECT_EQ(onlyMessage(), told("Failed to Create Master [ONE MORE]."));
   exec("drop table Mast_Part");
   exec("rename table Mast_Part_Away to Mast_Part");
+}
+
+TEST_F(LedgerMasterTest, WhatIsAddedShowsWhateverWasSearchedFor) {
+  open();
+  type(form.txtfind, "rent");
+  press(form, form.cmdadd);
+  enter("omega");
+  EXPECT_EQ(form.txtfind.text(), "");
+  EXPECT_EQ(listed().size(), 6U);
+  EXPECT_EQ(form.lblcount.caption(), "6 of 6");
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "OMEGA");
+}
+
+TEST_F(LedgerMasterTest, AwkwardNamesAreStoredAsTheyAre) {
+  const std::string cases[] = {"BACK\\SLASH\\",
+                               "'); DROP TABLE MASTER; -- ' OR 1=1",
+                               "100% _SURE_",
+                               "\"QUOTED\" O'NEILL",
+                               "COFFEE ☕ 👩‍💼",
+                               "`TICK`"};
+  open();
+  for (const std::string& name : cases) {
+    press(form, form.cmdadd);
+    enter(name);
+    EXPECT_EQ(names().back(), name);
+    press(form, form.cmdmodify);
+    enter(name + " 2");
+    EXPECT_EQ(names().back(), name + " 2");
+    EXPECT_EQ(listed().back(), name + " 2");
+    messages();
+    dialogs.queueAnswer(Answer::Yes);
+    press(form, form.cmddelete);
+    EXPECT_EQ(messages(), (Texts{"Do you want to delele the Particulars [" + name + " 2] ?"}));
+    EXPECT_EQ(names().size(), 5U) << name;
+  }
+  EXPECT_EQ(errors(), Texts());
 }
 
 TEST_F(LedgerMasterTest, Renames) {
@@ -240,6 +340,7 @@ TEST_F(LedgerMasterTest, AReplacementThatFailsLeavesTheNameStanding) {
 TEST_F(LedgerMasterTest, EscapeAsksBeforeItCancels) {
   open();
   pickLedger("CASH");
+  form.vsf.setColumnWidth(1, 77);
   press(form, form.cmdmodify);
   type(form.VTxt1, "new");
   dialogs.queueAnswer(Answer::No);
@@ -250,7 +351,9 @@ TEST_F(LedgerMasterTest, EscapeAsksBeforeItCancels) {
   form.press(keys::Escape);
   EXPECT_EQ(form.VTxt1.text(), "CASH");
   EXPECT_EQ(form.active(), &form.vsf);
+  EXPECT_EQ(form.vsf.columns()[1].width, 77) << "the columns are as they were drawn";
   EXPECT_EQ(changes(), Texts());
+  EXPECT_FALSE(form.changed());
 }
 
 // --- deleting -----------------------------------------------------------------------------------
@@ -343,6 +446,45 @@ TEST_F(LedgerMasterTest, TheSearchNarrowsWhatIsListedAndWhatIsDeleted) {
   EXPECT_TRUE(form.cmdmodify.enabled());
 }
 
+TEST_F(LedgerMasterTest, TheSelectionStaysAmongTheRowsShown) {
+  for (const char* name : {"GAMMA RAY", "GREY", "X RAY"}) ledger(name);
+  open();
+  const auto current = [&] {
+    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), 1);
+  };
+  // Deletes the ledger in the list narrowed to those with the word.
+  const auto remove = [&](const char* word, const char* name) {
+    type(form.txtfind, word);
+    pickLedger(name);
+    dialogs.queueAnswer(Answer::Yes);
+    press(form, form.cmddelete);
+    EXPECT_EQ(form.VTxt1.text(), current()) << "the fields follow";
+    return current();
+  };
+  EXPECT_EQ(remove("ray", "GAMMA RAY"), "X RAY") << "the next one";
+  EXPECT_EQ(remove("g", "GREY"), "GAMMA") << "or the last";
+  EXPECT_EQ(remove("ray", "X RAY"), "") << "or none, when none is listed";
+  EXPECT_EQ(form.lblcount.caption(), "0 of 5");
+
+  type(form.txtfind, "");
+  pickLedger("BETA");
+  press(form, form.cmdlink);
+  type(form.txtfind, "alpha");
+  tick("ALPHA");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmdlink);
+  EXPECT_EQ(current(), "") << "what the ledgers became is not listed";
+  type(form.txtfind, "rent");
+  pickLedger("RENT");
+  press(form, form.cmdmodify);
+  for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+  enter("cash");
+  EXPECT_EQ(current(), "");
+  EXPECT_EQ(form.lblcount.caption(), "0 of 3");
+  press(form, form.cmdmodify);
+  EXPECT_EQ(messages().back(), "Please Select a Particulars.");
+}
+
 // --- linking ------------------------------------------------------------------------------------
 
 TEST_F(LedgerMasterTest, LinksSeveralToOneEverywhere) {
@@ -390,14 +532,19 @@ TEST_F(LedgerMasterTest, LinksSeveralToOneEverywhere) {
 
 TEST_F(LedgerMasterTest, LinkViewIsLeftWithoutAChange) {
   open();
+  const Rows before = shown(form.vsf);
   for (Button* leave : {&form.cmdback, &form.cmdcancel}) {
     pickLedger("CASH");
     press(form, form.cmdlink);
     tick("RENT");
+    EXPECT_EQ(form.lblcount.caption(), "4 of 5");
     press(form, *leave);
     EXPECT_TRUE(form.visible());
     EXPECT_FALSE(form.lbllink.shown());
-    EXPECT_EQ(shown(form.vsf)[0], (Texts{"ALPHA", "Y"}));
+    EXPECT_EQ(form.lbllink.caption(), "All the Linked");
+    EXPECT_EQ(shown(form.vsf), before);
+    EXPECT_EQ(form.lblcount.caption(), "5 of 5");
+    EXPECT_EQ(form.VTxt1.text(), "CASH") << "the target is selected again";
   }
   pickLedger("BETA");
   press(form, form.cmdlink);

@@ -2,6 +2,7 @@
 // a person at a master's form.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -64,6 +65,15 @@ class MastersTest : public PracticeTest {
     return message.text + "|" + std::string(suite::nameOf(message.buttons)) + " " +
            std::string(suite::nameOf(message.icon)) + " " +
            std::string(suite::nameOf(message.defaultAnswer)) + "|" + message.title;
+  }
+  // What a person saw of the action's progress: its last text, how far the bar came of how much,
+  // and whether it moved in between.
+  std::string progressOf(const std::function<void()>& action) {
+    const long before = frontEnd.updates;
+    action();
+    EXPECT_FALSE(frontEnd.busy);
+    return frontEnd.progress + " " + std::to_string(frontEnd.done) + " of " +
+           std::to_string(frontEnd.total) + (frontEnd.updates - before > 2 ? " moving" : "");
   }
   // What the last field of each new line of the error log says: form and procedure.
   Texts errors() {

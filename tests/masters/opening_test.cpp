@@ -1,8 +1,12 @@
 // How the masters are reached from the home form and the editor, and what comes back from them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "editor/frmcrtb.h"
 #include "home/third.h"
+#include "masters/frmgrpRM.h"
 #include "masters/masters_fixture.h"
 
 namespace quillet::support {
@@ -22,6 +26,17 @@ class OpeningTest : public MastersTest {
     statements();
     return form;
   }
+  // A master over the home form, to which a person went back from the editor.
+  template <class Master>
+  Master& master(Button third::*command) {
+    auto& home = static_cast<third&>(*practice.forms().ObjThird());
+    home.show();
+    EXPECT_TRUE(home.click(home.*command));
+    statements();
+    return dynamic_cast<Master&>(*context().desk.active());
+  }
+  frmtbledmas& ledgerMaster() { return master<frmtbledmas>(&third::cmdledmas); }
+  frmgrpmas& homesGroupMaster() { return master<frmgrpmas>(&third::cmdgrpmas); }
   frmgrpmas& groupMaster() { return dynamic_cast<frmgrpmas&>(*context().desk.active()); }
   void addGroup(frmgrpmas& master, const std::string& name) {
     press(master, master.cmdadd);
@@ -85,6 +100,140 @@ TEST_F(OpeningTest, TheEditorShowsGroupsRenamedMeanwhile) {
   EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "RENT PAID", "10.00", "DR"}}));
   EXPECT_EQ(form.txtgroup.text(), "");
 }
+
+TEST_F(OpeningTest, AnEmptyYearIsNotOfferedItsImportForANewGroup) {
+  addYear("C1", 2010);
+  dialogs.queueAnswer(Answer::No);
+  frmcrtb& form = editor(2010);
+  ASSERT_TRUE(form.click(form.mnunewgroup));
+  messages();
+  addGroup(groupMaster(), "FARES");
+  groupMaster().close();
+  EXPECT_EQ(messages(), Texts());
+  EXPECT_EQ(form.txtgroup.text(), "FARES");
+  frmtbledmas& ledgers = ledgerMaster();
+  pick(ledgers.vsf, 1, "Shop");
+  press(ledgers, ledgers.cmdmodify);
+  type(ledgers.VTxt1, "store");
+  press(ledgers, ledgers.cmdupdate);
+  ledgers.close();
+  EXPECT_EQ(messages(), Texts());
+}
+
+TEST_F(OpeningTest, ANewGroupCanTakeTheLinesOfTheGroupView) {
+  frmcrtb& form = editor(2008);
+  ASSERT_TRUE(form.click(form.mnugroup));
+  ASSERT_TRUE(form.click(form.mnunewgroup));
+  addGroup(groupMaster(), "FARES");
+  groupMaster().close();
+  EXPECT_GT(form.cbotgroup.find("FARES"), 0);
+}
+
+// --- the editor open behind ---------------------------------------------------------------------
+
+TEST_F(OpeningTest, TheEditorBehindShowsWhatTheLedgerMasterChanged) {
+  frmcrtb& form = editor(2008);
+  form.vsfm.setCurrent(1);
+  ASSERT_TRUE(form.click(form.mnualter));
+  frmtbledmas& ledgers = ledgerMaster();
+  pick(ledgers.vsf, 1, "Shop");
+  press(ledgers, ledgers.cmdmodify);
+  type(ledgers.VTxt1, "store");
+  press(ledgers, ledgers.cmdupdate);
+  EXPECT_TRUE(ledgers.close());
+  EXPECT_EQ(shown(form.vsfm), (Rows{{"STORE", "RENT", "10.00", "DR"}}));
+  EXPECT_EQ(form.txtpart.text(), "") << "the old name is not entered again";
+  EXPECT_EQ(form.vsfp.find(0, "Shop"), 0);
+  form.vsfm.setCurrent(1);
+  ASSERT_TRUE(form.click(form.mnualter));
+  type(form.txtamount, "15");
+  type(form.txtdrcr, "D");
+  form.press(keys::Enter);
+  EXPECT_EQ(rows("select Particular from Mast_Part"), (Rows{{"STORE"}}));
+  EXPECT_EQ(messages(), Texts());
+}
+
+TEST_F(OpeningTest, TheEditorBehindShowsWhatTheGroupMasterChanged) {
+  group("FARES", 22);
+  frmcrtb& form = editor(2008);
+  frmgrpmas& groups = homesGroupMaster();
+  press(groups, groups.cmdMerge);
+  groups.vsM.tick(groups.vsM.find(1, "RENT"), true);
+  pick(groups.vsMW, 1, "FARES");
+  dialogs.queueAnswer(Answer::Yes);
+  press(groups, groups.cmdMergeGroup);
+  EXPECT_TRUE(groups.close());
+  EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "FARES", "10.00", "DR"}}));
+  EXPECT_EQ(shown(form.vsfg), (Rows{{"FARES"}})) << "no line goes into the merged group";
+}
+
+TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
+  frmcrtb& form = editor(2008);
+  type(form.txtpart, "Sh");
+  ledgerMaster().close();
+  EXPECT_EQ(statements(), Texts());
+  homesGroupMaster().close();
+  EXPECT_EQ(statements(), Texts());
+  EXPECT_EQ(form.txtpart.text(), "Sh");
+  EXPECT_TRUE(form.close());
+  addGroup(homesGroupMaster(), "FARES");
+  context().desk.active()->close();
+  EXPECT_EQ(form.vsfm.rows(), 1) << "a closed editor is not loaded";
+  EXPECT_TRUE(statementsWith("TAB_1").empty());
+}
+
+TEST_F(OpeningTest, LinkedLedgersStayTwoLinesUntilThePairIsSaved) {
+  exec("insert into TAB_1 values(2,'C1'," + std::to_string(ledger("Stall")) + "," +
+       std::to_string(group("RENT")) + ",20,1)");
+  frmcrtb& form = editor(2008);
+  frmtbledmas& ledgers = ledgerMaster();
+  pick(ledgers.vsf, 1, "Shop");
+  press(ledgers, ledgers.cmdlink);
+  ledgers.vsf.tick(ledgers.vsf.find(1, "Stall"), true);
+  dialogs.queueAnswer(Answer::Yes);
+  press(ledgers, ledgers.cmdlink);
+  ledgers.close();
+  EXPECT_EQ(shown(form.vsfm),
+            (Rows{{"Shop", "RENT", "10.00", "DR"}, {"Shop", "RENT", "20.00", "DR"}}));
+  EXPECT_EQ(form.txttotdeb[0].text(), "30.00");
+  type(form.txtpart, "Shop");
+  type(form.txtgroup, "RENT");
+  type(form.txtamount, "5");
+  type(form.txtdrcr, "D");
+  form.press(keys::Enter);
+  EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "RENT", "35.00", "DR"}}));
+  EXPECT_EQ(rows("select amt from TAB_1"), (Rows{{"35"}}));
+}
+
+// --- access keys --------------------------------------------------------------------------------
+
+// The letters that lead to the controls below the node.
+void gatherAccessKeys(const Node& node, std::string& letters) {
+  const std::string& caption =
+      node.label.empty() && node.control ? node.control->caption() : node.label;
+  const std::size_t mark = caption.find('&');
+  if (mark != std::string::npos) letters += upperCase(caption.substr(mark + 1, 1));
+  for (const Node& child : node.children) gatherAccessKeys(child, letters);
+}
+
+TEST_F(OpeningTest, AnAccessKeyLeadsToOneControlOfItsPage) {
+  frmgrpmas groups(context());
+  frmtbledmas ledgers(context());
+  frmgrpRM binding(context());
+  for (Form* form : std::initializer_list<Form*>{&groups, &ledgers, &binding}) {
+    const Node pages = form->layout();
+    for (const Node& page : pages.children.at(0).children) {
+      std::string letters;
+      gatherAccessKeys(page, letters);
+      std::sort(letters.begin(), letters.end());
+      EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
+          << form->name() << " " << letters;
+      EXPECT_GT(letters.size(), 0U);
+    }
+  }
+}
+
+// --- the binding --------------------------------------------------------------------------------
 
 TEST_F(OpeningTest, TheBindingIsThatOfTheYearInView) {
   frmcrtb& form = editor(2009);

@@ -219,6 +219,17 @@ TEST_F(VTxtTest, AListTakesFiftyOneCharacters) {
   EXPECT_EQ(box.text(), "X") << "the entry that found no room does not count";
 }
 
+TEST_F(VTxtTest, TheSelectionCanBeReadAndReplaced) {
+  box.ValidateData(key_checks::alphabets);
+  box.setText("AÑ☕B");
+  box.select(1, 2);
+  EXPECT_EQ(box.SelText(), "Ñ☕");
+  box.SelText("12");
+  EXPECT_EQ(box.text(), "A12B") << "only keys are checked";
+  EXPECT_EQ(box.selStart(), 3U);
+  EXPECT_EQ(box.SelText(), "");
+}
+
 TEST_F(VTxtTest, PropertiesSurviveTheirBag) {
   VTxt::PropertyBag bag;
   box.USERCONTROL_WRITEPROPERTIES(bag);
