@@ -71,9 +71,28 @@ int Grid::addRow(std::vector<std::string> cells) {
   return rows();
 }
 
+void Grid::setRows(int rows, Cells cells) {
+  clearRows();
+  cells_ = std::move(cells);
+  rows_.resize(static_cast<std::size_t>(rows));
+  for (int row = 1; row <= rows; ++row) at(row).askedBy = row;
+  changed();
+}
+
+std::vector<std::string>& Grid::cellsOf(const Row& row) const {
+  if (row.askedBy != 0) {
+    row.cells = cells_(row.askedBy);
+    row.cells.resize(columns_.size());
+    row.askedBy = 0;
+  }
+  return row.cells;
+}
+
 void Grid::insertRow(int row, std::vector<std::string> cells) {
   cells.resize(columns_.size());
-  rows_.insert(rows_.begin() + (row - 1), Row{std::move(cells)});
+  Row added;
+  added.cells = std::move(cells);
+  rows_.insert(rows_.begin() + (row - 1), std::move(added));
   if (current_ >= row) ++current_;
   changed();
 }
@@ -107,6 +126,7 @@ void Grid::removeRowsIf(const std::function<bool(int row)>& condition) {
 
 void Grid::clearRows() {
   rows_.clear();
+  cells_ = nullptr;
   changed();
   setCurrent(0);
 }
@@ -114,11 +134,11 @@ void Grid::clearRows() {
 void Grid::reserve(int rows) { rows_.reserve(static_cast<std::size_t>(rows)); }
 
 const std::string& Grid::cell(int row, int column) const {
-  return at(row).cells.at(static_cast<std::size_t>(column));
+  return cellsOf(at(row)).at(static_cast<std::size_t>(column));
 }
 
 void Grid::setCell(int row, int column, std::string text) {
-  std::string& cell = at(row).cells.at(static_cast<std::size_t>(column));
+  std::string& cell = cellsOf(at(row)).at(static_cast<std::size_t>(column));
   if (cell == text) return;
   cell = std::move(text);
   changed();
@@ -199,12 +219,12 @@ void Grid::sortBy(int column) {
   if (columns_.at(cells).numeric) {
     std::vector<double> values(rows_.size());
     std::transform(rows_.begin(), rows_.end(), values.begin(),
-                   [&](const Row& row) { return valueOf(row.cells[cells]); });
+                   [&](const Row& row) { return valueOf(cellsOf(row)[cells]); });
     orderBy(order, values, sortAscending_);
   } else {
     std::vector<std::string> texts(rows_.size());
     std::transform(rows_.begin(), rows_.end(), texts.begin(),
-                   [&](const Row& row) { return upperCase(row.cells[cells]); });
+                   [&](const Row& row) { return upperCase(cellsOf(row)[cells]); });
     orderBy(order, texts, sortAscending_);
   }
   permute(rows_, order);

@@ -1,6 +1,6 @@
 // A table of texts under fixed headings. Rows count from 1 (0 means none), columns from 0. Hidden
-// columns carry ids for the form's own use. The cells are one flat vector that a view reads on
-// demand, so a grid of many thousand rows costs nothing to show.
+// columns carry ids for the form's own use. A view reads the cells on demand, so a grid of many
+// thousand rows costs nothing to show; the cells of rows set with setRows are not even made before.
 #pragma once
 
 #include <string>
@@ -39,6 +39,10 @@ class Grid : public Control {
   // Adds a row at the end and returns its number; missing cells are empty.
   int addRow(std::vector<std::string> cells);
   void insertRow(int row, std::vector<std::string> cells);
+  // Replaces the rows by that many, whose cells are asked for when a row is first read. A row keeps
+  // the number that its cells are asked by, wherever it has moved by then.
+  using Cells = std::function<std::vector<std::string>(int row)>;
+  void setRows(int rows, Cells cells);
   void removeRow(int row);
   // Removes the rows for which it is true, in one pass. A current row that goes leaves none.
   void removeRowsIf(const std::function<bool(int row)>& condition);
@@ -100,10 +104,12 @@ class Grid : public Control {
 
  private:
   struct Row {
-    std::vector<std::string> cells;
+    mutable std::vector<std::string> cells;
+    mutable int askedBy = 0;  // the number of its cells while they are not made, then 0
     bool hidden = false;
     bool emphasised = false;
   };
+  std::vector<std::string>& cellsOf(const Row& row) const;
   void changed();
   void moveBy(int rows);
   int tickColumn() const;
@@ -112,6 +118,7 @@ class Grid : public Control {
 
   std::vector<GridColumn> columns_;
   std::vector<Row> rows_;
+  Cells cells_;
   int current_ = 0;
   int sortColumn_ = -1;
   bool sortAscending_ = true;

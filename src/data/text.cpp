@@ -1,6 +1,7 @@
 #include "data/text.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace quillet {
 namespace {
@@ -74,9 +75,40 @@ std::string upperCase(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (std::size_t at = 0; at < text.size();) {
-    appendCharacter(result, upperCase(nextCharacter(text, at)));
+    // Names are ASCII nearly always, and a list has many thousands of them.
+    if (const char c = text[at]; static_cast<unsigned char>(c) < 0x80) {
+      result += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+      ++at;
+    } else {
+      appendCharacter(result, upperCase(nextCharacter(text, at)));
+    }
   }
   return result;
+}
+
+std::vector<std::size_t> orderOf(const std::vector<std::string>& texts) {
+  // Most texts differ in their first bytes, which are compared as one number.
+  struct Place {
+    std::uint64_t beginning = 0;
+    std::size_t index = 0;
+  };
+  std::vector<Place> places(texts.size());
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    for (std::size_t byte = 0; byte < sizeof(std::uint64_t); ++byte) {
+      const unsigned char next = byte < texts[i].size() ? texts[i][byte] : 0;
+      places[i].beginning = places[i].beginning << 8U | next;
+    }
+    places[i].index = i;
+  }
+  std::sort(places.begin(), places.end(), [&](const Place& a, const Place& b) {
+    if (a.beginning != b.beginning) return a.beginning < b.beginning;
+    const int order = texts[a.index].compare(texts[b.index]);
+    return order != 0 ? order < 0 : a.index < b.index;
+  });
+  std::vector<std::size_t> order;
+  order.reserve(places.size());
+  for (const Place& place : places) order.push_back(place.index);
+  return order;
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillet {
 
@@ -20,6 +21,9 @@ char32_t upperCase(char32_t character);
 char32_t lowerCase(char32_t character);
 std::string upperCase(std::string_view text);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+// The indexes of the texts in ascending order of their bytes, of equal ones in the order they have.
+std::vector<std::size_t> orderOf(const std::vector<std::string>& texts);
 
 std::string_view trimmed(std::string_view text);
 std::string replacedAll(std::string text, std::string_view what, std::string_view by);

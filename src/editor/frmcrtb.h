@@ -219,7 +219,7 @@ class frmcrtb : public Form {
   std::vector<Line> selectLines(Year year);
   void fillNames(std::vector<Entry>& entries);
   void showEntries(std::vector<Entry> entries);
-  std::vector<std::string> cellsOf(Entry&& entry) const;
+  std::vector<std::string> cellsOf(const Entry& entry) const;
   void setGridColumns();
   void reload();
   void reloadPage();
@@ -295,6 +295,7 @@ class frmcrtb : public Form {
   View view_ = View::current;
   SortOption sort_ = SortOption::entered;
   std::vector<Line> lines_[2];
+  std::vector<Entry> entries_;           // what vsfm shows, in the order it was filled
   std::vector<std::string> ledgerKeys_;  // capitals of vsfp's names, in its order
   std::vector<std::string> groupKeys_;   // capitals of vsfg's names, in its order
   std::unordered_map<long, std::string> groupNames_;

@@ -22,26 +22,20 @@ constexpr int amountWidth = 18;
 // The grid's hidden columns, counted from the last shown one.
 enum Hidden { serialColumn = 0, partIdColumn = 1, allIdColumn = 2, previousSerialColumn = 3 };
 
-std::string join(const std::vector<std::string>& parts) {
-  std::string joined;
-  for (const std::string& part : parts) joined += (joined.empty() ? "" : ",") + part;
-  return joined;
-}
-
 // Fills a drop-down list, ordered as a person reads names; returns the capitals it is searched by.
 std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string, long>> names) {
-  std::vector<std::pair<std::string, std::size_t>> order;
-  order.reserve(names.size());
-  for (std::size_t i = 0; i < names.size(); ++i) order.emplace_back(upperCase(names[i].first), i);
-  std::sort(order.begin(), order.end());
+  std::vector<std::string> typed;
+  typed.reserve(names.size());
+  for (const auto& name : names) typed.push_back(upperCase(name.first));
+  std::vector<std::size_t> order = orderOf(typed);
   std::vector<std::string> capitals;
   capitals.reserve(order.size());
-  list.clearRows();
-  list.reserve(static_cast<int>(order.size()));
-  for (auto& [capital, index] : order) {
-    list.addRow({std::move(names[index].first), std::to_string(names[index].second)});
-    capitals.push_back(std::move(capital));
-  }
+  for (const std::size_t index : order) capitals.push_back(std::move(typed[index]));
+  const int rows = static_cast<int>(order.size());
+  list.setRows(rows, [order = std::move(order), names = std::move(names)](int row) {
+    const auto& [name, id] = names[order[static_cast<std::size_t>(row - 1)]];
+    return std::vector<std::string>{name, std::to_string(id)};
+  });
   return capitals;
 }
 
@@ -59,6 +53,7 @@ void frmcrtb::FORM_LOAD() {
     secondDate_ = context_.secondDate;
     tables_[current] = context_.table;
     for (std::vector<Line>& lines : lines_) lines.clear();
+    vsfm.clearRows();
     clearEntry();
     readSettings();
     findPreviousYear();
@@ -129,17 +124,17 @@ void frmcrtb::LOADPARTICULARS() {
     }
     std::vector<std::pair<std::string, long>> names;
     if (any) {
-      for (const auto rows = context_.query(sql); !rows->EOF_(); rows->MoveNext()) {
-        names.emplace_back(rows->text(0), 0);
-      }
+      const auto rows = context_.query(sql);
+      names.reserve(static_cast<std::size_t>(rows->RecordCount()));
+      for (; !rows->EOF_(); rows->MoveNext()) names.emplace_back(rows->text(0), 0);
     }
     ledgerKeys_ = fillList(vsfp, std::move(names));
   });
 }
 
 std::string frmcrtb::ledgerIdsOfClient() {
-  std::unordered_set<std::string> known;
-  std::vector<std::string> ids;
+  std::unordered_set<long> known;
+  std::string ids;
   const auto tables =
       context_.query("Select distinct tbl_nm from master Where Code_No='" + client_ + "'");
   for (; !tables->EOF_(); tables->MoveNext()) {
@@ -147,11 +142,14 @@ std::string frmcrtb::ledgerIdsOfClient() {
     if (table.empty()) continue;
     const auto rows =
         context_.query("Select Distinct PartId From " + table + " Where Code_No='" + client_ + "'");
+    known.reserve(known.size() + static_cast<std::size_t>(rows->RecordCount()));
     for (; !rows->EOF_(); rows->MoveNext()) {
-      if (std::string id = rows->text(0); known.insert(id).second) ids.push_back(std::move(id));
+      if (!known.insert(rows->integer(0)).second) continue;
+      if (!ids.empty()) ids += ',';
+      ids += rows->field(0).value_or("0");
     }
   }
-  return join(ids);
+  return ids;
 }
 
 void frmcrtb::LOADGROUPS() {
@@ -228,8 +226,9 @@ void frmcrtb::showEntries(std::vector<Entry> entries) {
   const Year year = inView(current) ? current : previous;
   const long selected = vsfm.current() > 0 ? serialAt(vsfm.current(), year) : 0;
   setGridColumns();
-  vsfm.reserve(static_cast<int>(entries.size()));
-  for (Entry& entry : entries) vsfm.addRow(cellsOf(std::move(entry)));
+  entries_ = std::move(entries);
+  vsfm.setRows(static_cast<int>(entries_.size()),
+               [this](int row) { return cellsOf(entries_[static_cast<std::size_t>(row - 1)]); });
   selectSerial(year, selected);
 }
 
@@ -253,11 +252,11 @@ void frmcrtb::setGridColumns() {
   vsfm.setColumns(std::move(columns));
 }
 
-std::vector<std::string> frmcrtb::cellsOf(Entry&& entry) const {
+std::vector<std::string> frmcrtb::cellsOf(const Entry& entry) const {
   std::vector<std::string> cells;
   cells.reserve(static_cast<std::size_t>(vsfm.cols()));
-  cells.push_back(std::move(entry.particular));
-  cells.push_back(std::move(entry.group));
+  cells.push_back(entry.particular);
+  cells.push_back(entry.group);
   for (const Year year : {current, previous}) {
     if (!inView(year)) continue;
     const Line& line = entry.line[year];
@@ -281,13 +280,13 @@ long frmcrtb::serialAt(int row, Year year) const {
   return text.empty() ? 0 : std::stol(text);
 }
 
+// Of lines that were just shown: their rows stand in the order of the entries.
 void frmcrtb::selectSerial(Year year, long srno) {
-  for (int row = 1; srno != 0 && row <= vsfm.rows(); ++row) {
-    if (serialAt(row, year) == srno) {
-      vsfm.setCurrent(row);
-      return;
-    }
-  }
+  const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+    return entry.line[year].srno == srno;
+  });
+  if (srno == 0 || found == entries_.end()) return;
+  vsfm.setCurrent(static_cast<int>(found - entries_.begin()) + 1);
 }
 
 bool frmcrtb::inView(Year year) const {

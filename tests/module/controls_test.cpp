@@ -258,6 +258,35 @@ TEST_F(ModelsTest, AGridKeepsItsCurrentRowThroughChanges) {
   EXPECT_THROW(form.grid.cell(9, 0), std::out_of_range);
 }
 
+// Cells that are made when they are read follow their rows wherever those go, and are made once.
+TEST_F(ModelsTest, AGridAsksForTheCellsOfTheRowsThatAreRead) {
+  Grid& grid = form.grid;
+  std::vector<int> asked;
+  grid.setColumns({{.heading = "Name"}, {.heading = "Amount", .numeric = true}});
+  grid.setRows(1000, [&](int row) {
+    asked.push_back(row);
+    return std::vector<std::string>{"row " + std::to_string(row)};
+  });
+  EXPECT_EQ(grid.rows(), 1000);
+  EXPECT_EQ(grid.cell(500, 0), "row 500");
+  EXPECT_EQ(grid.cell(500, 1), "");
+  EXPECT_EQ(asked, std::vector<int>{500});
+  grid.removeRow(1);
+  grid.insertRow(2, {"new"});
+  grid.setCell(3, 1, "7");
+  EXPECT_EQ(grid.cell(1, 0), "row 2");
+  EXPECT_EQ(grid.cell(2, 0), "new");
+  EXPECT_EQ(grid.cell(3, 0), "row 3");
+  EXPECT_EQ(asked, (std::vector<int>{500, 3, 2}));
+  grid.sortBy(0);
+  EXPECT_EQ(grid.cell(1, 0), "new");
+  EXPECT_EQ(grid.cell(1000, 0), "row 999");
+  EXPECT_EQ(asked.size(), 999U) << "every row that is left, once";
+  grid.clearRows();
+  grid.addRow({"alone"});
+  EXPECT_EQ(grid.cell(1, 0), "alone");
+}
+
 TEST_F(ModelsTest, TicksAndEditsReportTheirCell) {
   int edits = 0;
   form.grid.AfterEdit = [&](int row, int column) { edits += row * 10 + column; };

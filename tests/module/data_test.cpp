@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <clocale>
+#include <numeric>
 #include <random>
 
 #include "data/sql.h"
@@ -34,6 +35,30 @@ TEST(Text, ComparesWithoutRegardToCase) {
   EXPECT_EQ(trimmed(" \t a b \r\n"), "a b");
   EXPECT_EQ(trimmed("   "), "");
   EXPECT_EQ(replacedAll("aXaX", "X", "XX"), "aXXaXX");
+}
+
+TEST(Text, IsOrderedByItsBytes) {
+  std::mt19937 dice(3);
+  std::vector<std::string> texts{"", "A", "ABCDEFGH", "ABCDEFGHI", "ABCDEFGH", "\xC3\x84"};
+  for (int i = 0; i < 500; ++i) {
+    std::string& text = texts.emplace_back("ACCOUNT ");
+    for (auto length = dice() % 6; length > 0; --length)
+      text += static_cast<char>(dice() % 256);
+  }
+  std::vector<std::size_t> expected(texts.size());
+  std::iota(expected.begin(), expected.end(), 0U);
+  std::stable_sort(expected.begin(), expected.end(),
+                   [&](std::size_t a, std::size_t b) { return texts[a] < texts[b]; });
+  EXPECT_EQ(orderOf(texts), expected);
+}
+
+TEST(Text, HasASmallFormOfEveryCapital) {
+  for (const auto& [capital, small] :
+       {std::pair{U'A', U'a'}, std::pair{U'Ä', U'ä'}, std::pair{U'Μ', U'μ'}, std::pair{U'Σ', U'σ'},
+        std::pair{U'Ж', U'ж'}, std::pair{U'Ā', U'ā'}, std::pair{U'अ', U'अ'}}) {
+    EXPECT_EQ(lowerCase(capital), small) << static_cast<unsigned>(capital);
+    EXPECT_EQ(upperCase(small), capital);
+  }
 }
 
 TEST(YearKeys, AreBuiltAndShown) {
