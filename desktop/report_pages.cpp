@@ -52,7 +52,7 @@ int flagsOf(CellAlign align) {
 }  // namespace
 
 ReportPages::ReportPages(const suite::Document& document, const QDate& printed)
-    : document_(document), printed_(printed) {
+    : document_(document), headings_(document.pageHeadings()), printed_(printed) {
   fit();
   paginate();
 }
@@ -173,7 +173,7 @@ double ReportPages::heightOf(const std::vector<std::size_t>& rows) const {
 }
 
 double ReportPages::topOfRows() const {
-  const auto lines = static_cast<double>(document_.headings().size());
+  const auto lines = static_cast<double>(headings_.size());
   return margin + lines * lineHeight() * 1.3 + (lines > 0 ? lineHeight() * 0.7 : 0);
 }
 
@@ -217,7 +217,7 @@ void ReportPages::paint(QPainter& painter, int page) const {
 void ReportPages::paintHeadings(QPainter& painter) const {
   double top = margin;
   bool first = true;
-  for (const suite::ReportHeading& heading : document_.headings()) {
+  for (const suite::ReportHeading& heading : headings_) {
     QFont font = fontFor(heading.emphasised || first);
     if (first) font.setPixelSize(qRound(font.pixelSize() * 1.15));
     first = false;
@@ -239,8 +239,7 @@ double ReportPages::paintRow(QPainter& painter, std::size_t at, double top) cons
     space.moveTop(top + inset);
     space.setHeight(height);
     if (cell.ruled) {
-      painter.drawLine(QPointF(space.left() - padding / 2, top),
-                       QPointF(space.right() + padding / 2, top));
+      painter.drawLine(QPointF(space.left() - padding, top), QPointF(space.right() + padding, top));
     }
     if (!cell.printed) continue;
     painter.setFont(fontFor(cell.emphasised || row.heading));

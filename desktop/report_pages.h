@@ -63,6 +63,7 @@ class ReportPages {
   void paintFoot(QPainter& painter, int page) const;
 
   const suite::Document& document_;
+  std::vector<suite::ReportHeading> headings_;
   QDate printed_;
   QFont font_, bold_;
   bool landscape_ = false;

@@ -33,6 +33,12 @@ std::size_t cellsOf(const Document::Written& row) {
 
 }  // namespace
 
+std::vector<ReportHeading> Document::pageHeadings() const {
+  std::vector<ReportHeading> lines = headings_;
+  if (!subject_.empty()) lines.push_back({subject_});
+  return lines;
+}
+
 std::size_t Document::columns(int table) const {
   return at(columns_, static_cast<std::size_t>(table));
 }

@@ -41,6 +41,8 @@ struct ReportRow {
 class Document {
  public:
   const std::vector<ReportHeading>& headings() const { return headings_; }
+  // The heading lines as they stand on paper, the subject below them.
+  std::vector<ReportHeading> pageHeadings() const;
   const std::vector<ReportRow>& rows() const { return rows_; }
   // How many columns the widest row of a table has.
   std::size_t columns(int table = 0) const;
@@ -55,6 +57,9 @@ class Document {
   // Whose report it is; printed at the foot of every page.
   const std::string& firm() const { return firm_; }
   void setFirm(std::string name) { firm_ = std::move(name); }
+  // Whose books it is about: a sheet that lies about says it, whatever the report's own headings
+  // do.
+  void setSubject(std::string text) { subject_ = std::move(text); }
 
   // Told by the reporter.
   void addHeading(const std::string& text);
@@ -72,6 +77,7 @@ class Document {
 
  private:
   std::string firm_;
+  std::string subject_;
   std::vector<ReportHeading> headings_;
   std::vector<ReportRow> rows_;
   std::vector<std::size_t> columns_;  // of each table

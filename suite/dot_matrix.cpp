@@ -56,7 +56,7 @@ class Pages {
   std::string text() {
     text_ = reset;
     if (width_ > static_cast<std::size_t>(PaperWidth::columns80)) text_ += condensed;
-    for (const ReportHeading& heading : document_.headings()) {
+    for (const ReportHeading& heading : document_.pageHeadings()) {
       line(emphasised(placed(printable(heading.text), width_, CellAlign::center),
                       heading.emphasised));
     }

@@ -50,6 +50,7 @@ std::unique_ptr<Reporter> Standalone::createReporter() {
   return std::make_unique<DocumentReporter>([this](const Document& document) {
     lastReport_ = document;
     lastReport_->setFirm(settings_.companyName());
+    if (subject_) lastReport_->setSubject(subject_());
     frontEnd_.showReport(*lastReport_);
   });
 }
@@ -85,6 +86,10 @@ void Practice::restartModule() {
   forms_.reset();
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
+  standalone_.reportsAbout([this] {
+    const Form* form = context().desk.active();
+    return form ? form->subject() : std::string();
+  });
   service().useDesk(context().desk);
 }
 

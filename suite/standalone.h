@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -34,6 +35,8 @@ class Standalone : public Surroundings {
   // Another helper for workbooks than the one beside our program.
   void useCalc(CalcOptions options) { calc_ = std::move(options); }
 
+  // What a report that is shown is about.
+  void reportsAbout(std::function<std::string()> subject) { subject_ = std::move(subject); }
   // The last report shown.
   const std::optional<Document>& lastReport() const { return lastReport_; }
   void forgetReport() { lastReport_.reset(); }
@@ -45,6 +48,7 @@ class Standalone : public Surroundings {
   FrontEnd& frontEnd_;
   Clock& clock_;
   CalcOptions calc_ = CalcOptions::standard();
+  std::function<std::string()> subject_;
   std::optional<Document> lastReport_;
 };
 

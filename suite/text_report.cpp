@@ -79,7 +79,7 @@ class TextTable {
 
 std::string textOf(const Document& document) {
   std::string text;
-  for (const ReportHeading& heading : document.headings()) text += heading.text + '\n';
+  for (const ReportHeading& heading : document.pageHeadings()) text += heading.text + '\n';
   int table = -1;
   std::optional<TextTable> current;
   for (const ReportRow& row : document.rows()) {

@@ -25,6 +25,9 @@ class Form {
   const std::string& name() const { return name_; }
   const std::string& caption() const { return caption_; }
   void setCaption(std::string caption);
+  // Whose books the form is on and for what period, as its reports say it; "" when a report names
+  // that by itself.
+  virtual std::string subject() const { return {}; }
   Desk& desk() const { return desk_; }
 
   // Opens the form: FORM_LOAD when it is not loaded, then FORM_ACTIVE. An open form comes to the

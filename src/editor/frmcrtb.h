@@ -36,6 +36,7 @@ class frmcrtb : public Form {
   bool shows(const std::string& clientCode, const std::string& table) const;
 
   Node layout() override;
+  std::string subject() const override;
   void activated() override { FORM_ACTIVE(); }
 
   // --- menus

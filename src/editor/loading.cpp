@@ -349,6 +349,12 @@ void frmcrtb::showCaption() {
              " - " + shownDate(secondDate_) + years);
 }
 
+std::string frmcrtb::subject() const {
+  const int back = yearInView() == previous ? 1 : 0;
+  return subjectOf(clientName_, namedCode_, firstDateKey(yearOf(firstDate_) - back),
+                   secondDateKey(yearOf(secondDate_) - back));
+}
+
 void frmcrtb::setView(View view) {
   view_ = view;
   for (auto& entry : mnuyrs) entry->setChecked(entry->index() == static_cast<int>(view));

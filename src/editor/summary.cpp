@@ -9,7 +9,7 @@ namespace quillet {
 namespace {
 
 constexpr const char* figureFormat = "#,##0.00;(#,##0.00)";
-constexpr const char* stockFormat = "###0.00";
+constexpr const char* stockFormat = "#,##0.00";
 constexpr const char* noFigure = "-";
 constexpr int figureWidth = 22;
 
@@ -72,7 +72,7 @@ Balances frmcrtb::readBalances(Year year) {
   txtclst[year].setText(
       context_.host->formatgen(exists ? readClosingStock(table) : 0.0, stockFormat));
   // What a person reads is what is reckoned with.
-  balances.closingStock = shownAmount(txtclst[year].text());
+  balances.closingStock = typedAmount(*context_.host, txtclst[year].text()).value_or(0);
   return balances;
 }
 

@@ -1,6 +1,7 @@
 #include "host/clients.h"
 
 #include "data/text.h"
+#include "data/year.h"
 
 namespace quillet {
 namespace {
@@ -23,6 +24,12 @@ std::string clientName(Context& context, const std::string& code) {
   const auto company = context.query("select nm from main_info1 where code_no='" + key + "'");
   const std::string name = company->EOF_() ? std::string() : company->text("nm");
   return name.empty() ? personName(context, key) : name;
+}
+
+std::string subjectOf(const std::string& name, const std::string& code, const std::string& firstKey,
+                      const std::string& secondKey) {
+  return (name.empty() ? code : name + " (" + code + ")") + ", " + shownDate(firstKey) + " - " +
+         shownDate(secondKey);
 }
 
 }  // namespace quillet

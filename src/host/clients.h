@@ -11,4 +11,8 @@ namespace quillet {
 // with single blanks. "" for an unknown code.
 std::string clientName(Context& context, const std::string& code);
 
+// "Asha Traders (C1), 01/04/2008 - 31/03/2009", the dates as year keys.
+std::string subjectOf(const std::string& name, const std::string& code, const std::string& firstKey,
+                      const std::string& secondKey);
+
 }  // namespace quillet

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "data/year.h"
 #include "host/amount.h"
+#include "host/clients.h"
 #include "journal/form_parts.h"
 
 namespace quillet {
@@ -129,6 +131,11 @@ Answer frmjrnl::ask(const std::string& question, Answer defaultAnswer) {
 
 void frmjrnl::tell(const std::string& text) {
   context_.MsgBox(text, Buttons::OK, Icon::information, Answer::OK, title);
+}
+
+std::string frmjrnl::subject() const {
+  return subjectOf(books_.clientName, books_.clientCode, firstDateKey(firstYear_),
+                   secondDateKey(firstYear_ + 1));
 }
 
 std::string frmjrnl::yearFrom() const { return "01/04/" + std::to_string(firstYear_); }

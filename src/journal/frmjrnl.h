@@ -32,6 +32,7 @@ class frmjrnl : public Form {
   explicit frmjrnl(Context& context);
 
   Node layout() override;
+  std::string subject() const override;
 
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};
@@ -74,10 +75,14 @@ class frmjrnl : public Form {
 
   // --- loading
   // For the client and the year of the context. An opener that stays open while the home form goes
-  // on to another client hands over its own: the code and `f_yr` of its current year.
+  // on to another client hands over its own.
+  struct Books {
+    std::string clientCode;
+    std::string clientName;
+    std::string firstDate;  // f_yr of the current year
+  };
   void INITDATA(const std::string& table, bool previousYear);
-  void INITDATA(const std::string& table, bool previousYear, const std::string& clientCode,
-                const std::string& firstDate);
+  void INITDATA(const std::string& table, bool previousYear, const Books& books);
   void FORM_LOAD();
   void LOADGRID();
   void LOADVCH(long vid);
@@ -237,6 +242,7 @@ class frmjrnl : public Form {
   bool inYear(const std::string& date) const;
 
   Context& context_;
+  Books books_;
   std::string client_;   // code_no as it stands between quotes
   std::string table_;    // trial balance
   std::string journal_;  // its journal

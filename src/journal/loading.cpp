@@ -20,16 +20,16 @@ constexpr const char* columnsOfPairs =
 }  // namespace
 
 void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
-  INITDATA(table, previousYear, context_.clientCode, context_.firstDate);
+  INITDATA(table, previousYear, {context_.clientCode, {}, context_.firstDate});
 }
 
-void frmjrnl::INITDATA(const std::string& table, bool previousYear, const std::string& clientCode,
-                       const std::string& firstDate) {
+void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books& books) {
   trap("INITDATA", [&] {
-    client_ = context_.host->TruncVarSQL(clientCode);
+    books_ = books;
+    client_ = context_.host->TruncVarSQL(books.clientCode);
     table_ = table;
     journal_ = siblingTable(table, "JRNL_");
-    firstYear_ = yearOf(firstDate) - (previousYear ? 1 : 0);
+    firstYear_ = yearOf(books.firstDate) - (previousYear ? 1 : 0);
     setPeriod(yearFrom(), yearTo());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);

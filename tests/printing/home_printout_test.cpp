@@ -3,8 +3,8 @@
 
 #include "home/third.h"
 #include "host/amount.h"
-#include "support/recording_reporter.h"
 #include "support/practice.h"
+#include "support/recording_reporter.h"
 
 namespace quillet::support {
 namespace {

@@ -4,8 +4,9 @@
 
 #include "forms/editor_fixture.h"
 #include "host/amount.h"
-#include "support/recording_reporter.h"
+#include "suite/dot_matrix.h"
 #include "suite/reporter.h"
+#include "support/recording_reporter.h"
 
 namespace quillet::support {
 namespace {
@@ -58,6 +59,22 @@ TEST_F(ReportTest, TheTrialBalanceAsTheGridShowsIt) {
   EXPECT_FALSE(rows.back().cells[1].emphasised);
   EXPECT_TRUE(rows.back().cells[3].emphasised);
   EXPECT_EQ(rows.back().cells[3].align, suite::CellAlign::right);
+}
+
+// A sheet of paper says whose it is; the report's own headings stay as they are written.
+TEST_F(ReportTest, ThePageNamesClientAndPeriod) {
+  frmcrtb& form = open("C1", 2008);
+  for (const auto& [view, period] :
+       {std::pair{0, "01/04/2008 - 31/03/2009"}, std::pair{1, "01/04/2007 - 31/03/2008"}}) {
+    form.click(form.mnuyrs[view]);
+    form.click(form.mnuPreview);
+    const suite::Document& report = *practice.surroundings().lastReport();
+    ASSERT_EQ(report.headings().size(), 1U);
+    ASSERT_EQ(report.pageHeadings().size(), 2U);
+    EXPECT_EQ(report.pageHeadings()[1].text, std::string("Asha Traders (C1), ") + period);
+    EXPECT_NE(suite::dotMatrixOf(report, suite::PaperWidth::columns80).find("Asha Traders (C1)"),
+              std::string::npos);
+  }
 }
 
 TEST_F(ReportTest, ThePrintedOrderAndYearAreTheGrids) {
