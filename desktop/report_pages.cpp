@@ -49,6 +49,13 @@ int flagsOf(CellAlign align) {
   return side | Qt::AlignTop | Qt::TextWordWrap;
 }
 
+// Headings and results are set off by black rules; those between one line and the next are there to
+// guide the eye and stay faint.
+bool stands(const ReportRow& row) {
+  return row.heading || std::any_of(row.cells.begin(), row.cells.end(),
+                                    [](const ReportCell& cell) { return cell.emphasised; });
+}
+
 }  // namespace
 
 ReportPages::ReportPages(const suite::Document& document, const QDate& printed)
@@ -81,8 +88,7 @@ void ReportPages::measure() {
     Table& table = tables_.at(static_cast<std::size_t>(row.table));
     if (row.heading) table.headings.push_back(at);
     for (std::size_t c = 0; c < row.cells.size(); ++c) {
-      const bool spans = c + 1 == row.cells.size() && row.cells.size() < table.widths.size();
-      if (spans) continue;
+      if (document_.spanOf(row, c).count > 1) continue;
       const ReportCell& cell = row.cells[c];
       const bool bold = cell.emphasised || row.heading;
       table.widths[c] = std::max(table.widths[c], widthOf(fontFor(bold), cell) + 2 * padding);
@@ -137,14 +143,11 @@ void ReportPages::spread(Table& table, double room) {
 }
 
 QRectF ReportPages::room(const ReportRow& row, std::size_t cell) const {
-  const std::vector<double>& widths = tableOf(row).widths;
-  double left = margin;
-  for (std::size_t c = 0; c < cell; ++c) left += widths[c];
-  double width = widths[cell];
-  // The last cell of a short row has the rest of the line.
-  if (cell + 1 == row.cells.size()) {
-    for (std::size_t c = cell + 1; c < widths.size(); ++c) width += widths[c];
-  }
+  const auto widths = tableOf(row).widths.begin();
+  const suite::Document::Span span = document_.spanOf(row, cell);
+  const auto first = widths + static_cast<std::ptrdiff_t>(span.first);
+  const double left = std::accumulate(widths, first, margin);
+  const double width = std::accumulate(first, first + static_cast<std::ptrdiff_t>(span.count), 0.0);
   return QRectF(left + padding, 0, width - 2 * padding, 1e6);
 }
 
@@ -233,13 +236,17 @@ double ReportPages::paintRow(QPainter& painter, std::size_t at, double top) cons
   const ReportRow& row = document_.rows()[at];
   const double height = heightOf(at);
   const double inset = lineHeight() * 0.175;
+  const QPen ink = painter.pen();
+  const QPen rule = stands(row) ? ink : QPen(QColor(0xB8, 0xB8, 0xB8), point * 0.5);
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
     const ReportCell& cell = row.cells[c];
     QRectF space = room(row, c);
     space.moveTop(top + inset);
     space.setHeight(height);
     if (cell.ruled) {
+      painter.setPen(rule);
       painter.drawLine(QPointF(space.left() - padding, top), QPointF(space.right() + padding, top));
+      painter.setPen(ink);
     }
     if (!cell.printed) continue;
     painter.setFont(fontFor(cell.emphasised || row.heading));

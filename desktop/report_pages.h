@@ -33,6 +33,9 @@ class ReportPages {
     return pages_.at(static_cast<std::size_t>(page));
   }
 
+  // Where the cell's text goes, for a row that begins at the top of the page's body.
+  QRectF room(const suite::ReportRow& row, std::size_t cell) const;
+
  private:
   struct Table {
     std::vector<double> widths;         // of the columns
@@ -55,9 +58,6 @@ class ReportPages {
   const Table& tableOf(const suite::ReportRow& row) const;
   std::vector<std::size_t> repeatedAbove(std::size_t row) const;
   QFont fontFor(bool bold) const { return bold ? bold_ : font_; }
-  // Where the cell's text goes, for a row that begins at the top of the page's body.
-  QRectF room(const suite::ReportRow& row, std::size_t cell) const;
-
   void paintHeadings(QPainter& painter) const;
   double paintRow(QPainter& painter, std::size_t row, double top) const;
   void paintFoot(QPainter& painter, int page) const;

@@ -8,6 +8,12 @@ local function picture(name)
   quillet.screenshot(string.format("%s/%02d-%s.png", folder, pictures, name))
 end
 
+local reports = 0
+local function report(name)
+  reports = reports + 1
+  quillet.save_report(string.format("%s/%s.pdf", folder, name))
+end
+
 local function say(...) print(string.format(...)) end
 
 quillet.today("2009-06-15")
@@ -73,7 +79,78 @@ end
 editor.mnugroup:click()
 picture("group-view")
 editor.mnugroup:click()
+
+-- What the year comes to.
+editor.mnushsumm:click()
+say("Gross profit %s, net profit %s.", editor.vsfr:cell(7, 2), editor.vsfr:cell(10, 2))
+picture("summary")
+editor.mnuprnsumm:click()
+report("summary")
+editor.mnushsumm:click()
+editor.mnuPreview:click()
+picture("preview")
+report("trial-balance")
+
+-- The workbook.
+local workbook = folder .. "/trial-balance.xls"
+os.remove(workbook)
+quillet.messages()
+quillet.file(workbook)
+editor.mnuexport:click()
+say("%s", quillet.messages()[1].text)
+
+-- The adjustment journal: a voucher posts at once.
+editor.mnujournal:click()
+local journal = assert(quillet.form("frmjrnl"), "the journal did not open")
+journal.cmdadd:click()
+journal.txtdt:type("31032009")
+local function enter(line, side, ledger, group, amount)
+  journal.cboside[line]:choose(side)
+  journal.txtledger[line]:type(ledger)
+  journal.txtledger[line]:press("Tab")
+  journal.txtgroup[line]:type(group)
+  local box = side == "By" and journal.txtdramt[line] or journal.txtcramt[line]
+  box:type(amount)
+  box:press("Enter")
+end
+enter(0, "By", "Audit Fees", "AUDIT FEES", "15000")
+enter(1, "To", "Audit Fees Payable", "EXPENSES PAYABLE", "15000")
+journal.txtnarr:type("Audit fee of the year provided for")
+picture("voucher")
+journal.cmdupdate:click()
+assert(journal.Frame1.visible, "the voucher was not saved")
+picture("journal")
+journal.cmdtb:click()
+report("subsidiary-trial-balance")
+journal.vsf:pick(1)
+quillet.answer("Yes")
+journal.Command1:click()
+quillet.answer("Yes")
+journal:close()
+assert(editor.txtdiff.text == "", "the sample's books balance again")
+say("A voucher was passed, posted, and taken out again.")
 editor:close()
+
+-- What a year can be rid of, and what hangs on it. Nothing is deleted here.
+home:press("Escape")
+home.mnudelete:click()
+home.ClGrd1:pick(best.code_no)
+home.ClGrd1:dblclick()
+home.flexgrid2:pick(1)
+quillet.answer("Yes")
+home.flexgrid2:dblclick()
+local deletion = assert(quillet.form("frmdelwhatinTB"), "the deletion form did not open")
+deletion.optMain[2]:click()
+picture("deletion")
+deletion.cmdcancel:click()
+
+-- The masters.
+home.cmdgrpmas:click()
+picture("group-master")
+quillet.form("frmgrpmas"):close()
+home.cmdledmas:click()
+picture("ledger-master")
+quillet.form("frmtbledmas"):close()
 home:close()
 assert(#quillet.log() == 0, "something was trapped: " .. tostring(quillet.log()[1]))
-say("%d pictures.", pictures)
+say("%d pictures, %d reports, 1 workbook.", pictures, reports)

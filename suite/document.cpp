@@ -46,7 +46,8 @@ std::size_t Document::columns(int table) const {
 Document::Span Document::spanOf(const ReportRow& row, std::size_t cell) const {
   const std::size_t cells = row.cells.size();
   const std::size_t all = columns(row.table);
-  if (!row.heading || cells < 2 || cells >= all || (all - 1) % (cells - 1) != 0) return {cell, 1};
+  const bool spread = row.heading && cells >= 2 && cells < all && (all - 1) % (cells - 1) == 0;
+  if (!spread) return {cell, cell + 1 == cells && cells < all ? all - cell : 1};
   const std::size_t each = (all - 1) / (cells - 1);
   return cell == 0 ? Span{0, 1} : Span{1 + (cell - 1) * each, each};
 }

@@ -46,8 +46,9 @@ class Document {
   const std::vector<ReportRow>& rows() const { return rows_; }
   // How many columns the widest row of a table has.
   std::size_t columns(int table = 0) const;
-  // The columns that a cell stands over: one, but a heading row of fewer cells than the table has
-  // columns spreads those after its first evenly over the rest, as "Original" over its two amounts.
+  // The columns that a cell stands over: one, but the last cell of a short row has the rest of the
+  // line, and a heading row of fewer cells than the table has columns spreads those after its first
+  // evenly over the rest, as "Original" over its two amounts.
   struct Span {
     std::size_t first;
     std::size_t count;

@@ -200,6 +200,31 @@ TEST(Reports, RepeatHeadingRowsAndLoseNoRow) {
   EXPECT_EQ(pages.rowsOn(pages.count() - 1).back(), 250u);
 }
 
+TEST(Reports, HeadingsOfBlocksStandOverTheirColumns) {
+  suite::Document document;
+  document.beginTable();
+  const auto add = [&](std::vector<std::string> values, bool heading) {
+    suite::Document::Written row;
+    row.values = std::move(values);
+    row.masks = {"0", "0", "0", "1"};
+    row.heading = heading;
+    document.addRow(row);
+  };
+  add({"Particular", "Original", "Final"}, true);
+  add({"", "Dr.", "Cr.", "Dr.", "Cr."}, true);
+  add({"A note on the rest of the line", "goes on"}, false);
+  const ReportPages pages(document, QDate(2009, 4, 1));
+  const auto room = [&](std::size_t row, std::size_t cell) {
+    return pages.room(document.rows()[row], cell);
+  };
+  for (const std::size_t block : {1U, 2U}) {
+    EXPECT_EQ(room(0, block).left(), room(1, 2 * block - 1).left()) << block;
+    EXPECT_EQ(room(0, block).right(), room(1, 2 * block).right()) << block;
+  }
+  EXPECT_EQ(room(2, 1).left(), room(1, 1).left());
+  EXPECT_EQ(room(2, 1).right(), room(1, 4).right());
+}
+
 TEST(Reports, TurnThePageWhenTheColumnsNeedIt) {
   const suite::Document slim = report(3), wide = report(3, 5), empty;
   EXPECT_FALSE(ReportPages(slim, {}).landscape());
