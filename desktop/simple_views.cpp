@@ -60,6 +60,8 @@ ButtonView::ButtonView(Button& button, Stage& stage, QWidget* parent)
 
 void ButtonView::draw() {
   push_->setText(toQt(button_.caption()));
+  // Unchecked first: a button that merely stops being checkable is not drawn anew.
+  if (!button_.chosen()) push_->setChecked(false);
   push_->setCheckable(button_.chosen());
   push_->setChecked(button_.chosen());
 }

@@ -89,6 +89,26 @@ TEST_F(Focus, ButtonsAndTogglesRunTheirHandlersOnce) {
   EXPECT_FALSE(widget<QAbstractButton>(form.optside[0])->isChecked());
 }
 
+TEST_F(Focus, AChosenCommandIsDrawnAndDrawnAnewWhenItIsNoMore) {
+  auto* push = widget<QAbstractButton>(form.cmdmode[0]);
+  const QImage plain = push->grab().toImage();
+  form.cmdmode[0].setChosen(true);
+  settle();
+  EXPECT_NE(push->grab().toImage(), plain);
+  struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) ++count;
+      return false;
+    }
+  } paints;
+  push->installEventFilter(&paints);
+  form.cmdmode[0].setChosen(false);
+  settle();
+  EXPECT_GT(paints.count, 0);
+  EXPECT_EQ(push->grab().toImage(), plain);
+}
+
 TEST_F(Focus, AccessKeysReachButtonsFieldsAndMenus) {
   QTest::keyClick(window(), Qt::Key_C, Qt::AltModifier);
   EXPECT_EQ(captionOf(form.takeDiary()), "click cmdmode0");
