@@ -72,17 +72,15 @@ std::u32string charactersOf(std::string_view text) {
 }
 
 std::string upperCase(std::string_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (std::size_t at = 0; at < text.size();) {
-    // Names are ASCII nearly always, and a list has many thousands of them.
-    if (const char c = text[at]; static_cast<unsigned char>(c) < 0x80) {
-      result += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-      ++at;
-    } else {
-      appendCharacter(result, upperCase(nextCharacter(text, at)));
-    }
+  // Names are ASCII nearly always, and a list has many thousands of them.
+  std::string result(text);
+  std::size_t at = 0;
+  for (; at < text.size() && static_cast<unsigned char>(text[at]) < 0x80; ++at) {
+    const char c = text[at];
+    result[at] = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
   }
+  result.resize(at);
+  while (at < text.size()) appendCharacter(result, upperCase(nextCharacter(text, at)));
   return result;
 }
 
