@@ -16,10 +16,13 @@ namespace {
 constexpr const char* source = "MariaDB";
 constexpr const char* ownSchema = "quillet";
 constexpr const char* charset = "utf8mb4";
-// Ignores case, accents of Latin letters and blanks at the end, tells the signs of Indian scripts
-// apart, and is there on every server. The finer collations sort a long ledger list several times
-// slower, and those that ignore accents by the Unicode tables take some Hindi words for the same.
-constexpr const char* collation = "utf8mb4_general_ci";
+// Names are the same that differ in case or in blanks at the end; accents, the signs of Indian
+// scripts and emoji tell them apart, as they do in the module. A server that does not know this
+// collation gets the one that every server has, which ignores accents and takes all emoji for the
+// same.
+constexpr const char* collation = "utf8mb4_uca1400_as_ci";
+constexpr const char* simpleCollation = "utf8mb4_general_ci";
+constexpr long unknownCollation = 1273;
 
 // The rows stay where the client library put them.
 class StoredRows : public Recordset {
@@ -108,24 +111,31 @@ class Database::Impl {
   }
   void discardRows() { mysql_free_result(mysql_store_result(connection_)); }
 
-  // Opens the schema, which is made when missing, with the collation that every table inherits.
+  // Opens the schema, which is made when missing, with the collation that every table inherits. One
+  // that is there keeps the collation it has.
   void useSchema(const std::string& schema) {
     if (!isPlainName(schema)) {
       throw std::runtime_error("\"" + schema +
                                "\" cannot name a database; use letters, digits and underscores.");
     }
     if (mysql_select_db(connection_, schema.c_str()) != 0) {
-      send("create database if not exists " + schema + " character set " + charset + " collate " +
-           collation);
+      setCollation("create database if not exists " + schema);
       if (mysql_select_db(connection_, schema.c_str()) != 0) fail();
     }
     send("select @@character_set_database");
-    if (rows()->text(0) != charset) {
-      send("alter database " + schema + " character set " + charset + " collate " + collation);
-    }
+    if (rows()->text(0) != charset) setCollation("alter database " + schema);
   }
 
  private:
+  void setCollation(const std::string& sql) {
+    const std::string with = sql + " character set " + charset + " collate ";
+    try {
+      send(with + collation);
+    } catch (const RunTimeError& error) {
+      if (error.number() != unknownCollation) throw;
+      send(with + simpleCollation);
+    }
+  }
   [[noreturn]] void fail() {
     throw RunTimeError(static_cast<long>(mysql_errno(connection_)), mysql_error(connection_),
                        source);
