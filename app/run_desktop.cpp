@@ -8,9 +8,9 @@
 namespace quillet::app {
 namespace {
 
-int work(desktop::Application& application, suite::DataFolder folder) {
+int work(desktop::Application& application, const suite::DataFolder& folder) {
   suite::SystemClock clock;
-  suite::Practice practice(std::move(folder), application, clock);
+  suite::Practice practice(folder, application, clock);
   application.follow(practice.context().desk);
   practice.forms().ObjThird()->show();
   const int status = application.run();
@@ -29,9 +29,9 @@ int runDesktop(const Options& options) {
   std::unique_ptr<desktop::Application> application;
   try {
     // A child process makes a new folder, and that has to begin before Qt starts its threads.
-    suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
+    const suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
     application = openDisplay();
-    return work(*application, std::move(folder));
+    return work(*application, folder);
   } catch (const std::exception& error) {
     if (!application && hasDisplay()) application = openDisplay();
     if (application) tell(*application, error.what());

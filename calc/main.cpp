@@ -4,9 +4,9 @@
 //   quillet-calc                   obeys the lines on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
 //   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines
-#include <stdlib.h>
 
 #include <charconv>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <stdexcept>

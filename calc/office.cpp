@@ -1,7 +1,5 @@
 #include "calc/office.h"
 
-#include <signal.h>
-#include <stdlib.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -11,6 +9,8 @@
 #include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <cppuhelper/bootstrap.hxx>
+#include <csignal>
+#include <cstdlib>
 #include <stdexcept>
 #include <thread>
 

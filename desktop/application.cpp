@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QThread>
 #include <QWindow>
 
 #include "desktop/form_window.h"
@@ -55,6 +56,7 @@ void Application::pump(int pauseMs) {
   do {
     QApplication::processEvents(QEventLoop::AllEvents, 20);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (pauseMs > 0) QThread::msleep(5);
   } while (since.elapsed() < pauseMs);
 }
 

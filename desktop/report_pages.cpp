@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "desktop/text.h"
@@ -32,10 +33,15 @@ QFont sized(double points) {
   return font;
 }
 
+// The width that a cell asks for: its text's, but a text that is no amount rather wraps than turns
+// the page or makes the print small.
 double widthOf(const QFont& font, const ReportCell& cell) {
+  constexpr double longest = 48;  // characters
   const QFontMetricsF metrics(font);
-  const double text = metrics.horizontalAdvance(toQt(cell.text));
-  return std::max(text, metrics.horizontalAdvance(u'0') * static_cast<double>(cell.width));
+  const double character = metrics.horizontalAdvance(u'0');
+  double text = metrics.horizontalAdvance(toQt(cell.text));
+  if (cell.align != CellAlign::right) text = std::min(text, longest * character);
+  return std::max(text, character * static_cast<double>(cell.width));
 }
 
 double sum(const std::vector<double>& widths) {
@@ -68,6 +74,7 @@ QSizeF ReportPages::size() const { return landscape_ ? portraitPage.transposed()
 double ReportPages::bodyWidth() const { return size().width() - 2 * margin; }
 double ReportPages::footTop() const { return size().height() - margin - footHeight; }
 double ReportPages::lineHeight() const { return QFontMetricsF(font_).height(); }
+double ReportPages::inset() const { return lineHeight() * 0.175; }
 
 // --- columns
 // --------------------------------------------------------------------------------------
@@ -118,16 +125,28 @@ void ReportPages::fit() {
   }
 }
 
-// What is still too wide takes from the texts, which then wrap; amounts stay whole.
-void ReportPages::squeeze(Table& table, double room) {
-  const double over = sum(table.widths) - room;
-  double soft = 0;
-  for (std::size_t c = 0; c < table.widths.size(); ++c)
-    soft += table.words[c] ? table.widths[c] : 0;
-  if (over <= 0 || soft <= 0) return;
-  const double keep = std::max(0.2, (soft - over) / soft);
-  for (std::size_t c = 0; c < table.widths.size(); ++c) {
-    if (table.words[c]) table.widths[c] *= keep;
+// What is still too wide takes from the widest texts, which then wrap; amounts stay whole.
+void ReportPages::squeeze(Table& table, double room) const {
+  const double least = QFontMetricsF(font_).horizontalAdvance(u'0') * 8 + 2 * padding;
+  for (double over = sum(table.widths) - room; over > 0.5; over = sum(table.widths) - room) {
+    double widest = least, next = least;
+    std::vector<double*> columns;  // as wide as the widest
+    for (std::size_t c = 0; c < table.widths.size(); ++c) {
+      double& width = table.widths[c];
+      if (!table.words[c] || width < widest) {
+        if (table.words[c]) next = std::max(next, width);
+        continue;
+      }
+      if (width > widest) {
+        if (!columns.empty()) next = widest;
+        columns.clear();
+      }
+      widest = width;
+      columns.push_back(&width);
+    }
+    if (columns.empty() || widest <= least) return;
+    const double cut = std::min(widest - next, over / static_cast<double>(columns.size()));
+    for (double* width : columns) *width -= cut;
   }
 }
 
@@ -166,13 +185,7 @@ double ReportPages::heightOf(std::size_t at) const {
     if (metrics.horizontalAdvance(text) <= space.width()) continue;
     height = std::max(height, metrics.boundingRect(space, flagsOf(cell.align), text).height());
   }
-  return height + lineHeight() * 0.35;
-}
-
-double ReportPages::heightOf(const std::vector<std::size_t>& rows) const {
-  double height = 0;
-  for (const std::size_t row : rows) height += heightOf(row);
-  return height;
+  return height + 2 * inset();
 }
 
 double ReportPages::topOfRows() const {
@@ -193,15 +206,46 @@ void ReportPages::paginate() {
   pages_.assign(1, {});
   const double space = footTop() - topOfRows();
   double used = 0;
+  const auto turnPage = [&](std::size_t row) {
+    pages_.emplace_back();
+    used = 0;
+    for (const std::size_t heading : repeatedAbove(row)) {
+      pages_.back().push_back({heading, 0, heightOf(heading)});
+      used += heightOf(heading);
+    }
+  };
   for (std::size_t row = 0; row < document_.rows().size(); ++row) {
     const double height = heightOf(row);
-    if (used + height > space && !pages_.back().empty()) {
-      pages_.push_back(repeatedAbove(row));
-      used = heightOf(pages_.back());
+    if (used + height > space && !pages_.back().empty()) turnPage(row);
+    double from = 0;
+    // A row higher than a page goes on overleaf.
+    while (used + height - from > space) {
+      const double to = endOfLine(from + space - used);
+      if (to <= from) break;
+      pages_.back().push_back({row, from, to});
+      turnPage(row);
+      from = to;
     }
-    pages_.back().push_back(row);
-    used += height;
+    pages_.back().push_back({row, from, height});
+    used += height - from;
   }
+}
+
+// Where the last line of text ends that fits into so much of a row's height.
+double ReportPages::endOfLine(double height) const {
+  // As the painter sets lines, which is not quite the spacing that the font asks for.
+  constexpr int lines = 100;
+  const QFontMetricsF metrics(font_);
+  const QString text = QStringLiteral("x\n").repeated(lines).chopped(1);
+  const double line =
+      metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), flagsOf(CellAlign::left), text).height() / lines;
+  return inset() + std::floor((height - inset()) / line) * line;
+}
+
+std::vector<std::size_t> ReportPages::rowsOn(int page) const {
+  std::vector<std::size_t> rows;
+  for (const Piece& piece : pages_.at(static_cast<std::size_t>(page))) rows.push_back(piece.row);
+  return rows;
 }
 
 // --- painting
@@ -212,7 +256,16 @@ void ReportPages::paint(QPainter& painter, int page) const {
   painter.setPen(QPen(Qt::black, point * 0.5));
   paintHeadings(painter);
   double top = topOfRows();
-  for (const std::size_t row : rowsOn(page)) top = paintRow(painter, row, top);
+  for (const Piece& piece : pages_.at(static_cast<std::size_t>(page))) {
+    painter.save();
+    // A rule lies half above its row.
+    const double above = piece.from == 0 ? point : 0;
+    painter.setClipRect(
+        QRectF(0, top - above, size().width(), piece.to - piece.from + above + point));
+    paintRow(painter, piece.row, top - piece.from);
+    painter.restore();
+    top += piece.to - piece.from;
+  }
   paintFoot(painter, page);
   painter.restore();
 }
@@ -224,6 +277,11 @@ void ReportPages::paintHeadings(QPainter& painter) const {
     QFont font = fontFor(heading.emphasised || first);
     if (first) font.setPixelSize(qRound(font.pixelSize() * 1.15));
     first = false;
+    const double width = QFontMetricsF(font).horizontalAdvance(toQt(heading.text));
+    if (width > bodyWidth()) {
+      const double fit = std::max(leastShrink, bodyWidth() / width);
+      font.setPixelSize(static_cast<int>(font.pixelSize() * fit));
+    }
     painter.setFont(font);
     painter.drawText(
         QRectF(margin, top, bodyWidth(), lineHeight() * 1.3), Qt::AlignCenter,
@@ -232,16 +290,15 @@ void ReportPages::paintHeadings(QPainter& painter) const {
   }
 }
 
-double ReportPages::paintRow(QPainter& painter, std::size_t at, double top) const {
+void ReportPages::paintRow(QPainter& painter, std::size_t at, double top) const {
   const ReportRow& row = document_.rows()[at];
   const double height = heightOf(at);
-  const double inset = lineHeight() * 0.175;
   const QPen ink = painter.pen();
   const QPen rule = stands(row) ? ink : QPen(QColor(0xB8, 0xB8, 0xB8), point * 0.5);
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
     const ReportCell& cell = row.cells[c];
     QRectF space = room(row, c);
-    space.moveTop(top + inset);
+    space.moveTop(top + inset());
     space.setHeight(height);
     if (cell.ruled) {
       painter.setPen(rule);
@@ -256,7 +313,6 @@ double ReportPages::paintRow(QPainter& painter, std::size_t at, double top) cons
   if (row.heading && at == headings.back()) {
     painter.drawLine(QPointF(margin, top + height), QPointF(margin + bodyWidth(), top + height));
   }
-  return top + height;
 }
 
 void ReportPages::paintFoot(QPainter& painter, int page) const {

@@ -29,9 +29,7 @@ class ReportPages {
   void paint(QPainter& painter, int page) const;
 
   // The rows of the document on a page, the repeated ones too.
-  const std::vector<std::size_t>& rowsOn(int page) const {
-    return pages_.at(static_cast<std::size_t>(page));
-  }
+  std::vector<std::size_t> rowsOn(int page) const;
 
   // Where the cell's text goes, for a row that begins at the top of the page's body.
   QRectF room(const suite::ReportRow& row, std::size_t cell) const;
@@ -43,9 +41,16 @@ class ReportPages {
     std::vector<std::size_t> headings;  // its heading rows
   };
 
+  // A row, or what of its height a page has room for.
+  struct Piece {
+    std::size_t row = 0;
+    double from = 0;
+    double to = 0;
+  };
+
   void measure();
   void fit();
-  static void squeeze(Table& table, double room);
+  void squeeze(Table& table, double room) const;
   static void spread(Table& table, double room);
   void paginate();
 
@@ -54,12 +59,13 @@ class ReportPages {
   double footTop() const;
   double lineHeight() const;
   double heightOf(std::size_t row) const;
-  double heightOf(const std::vector<std::size_t>& rows) const;
+  double inset() const;  // above and below a row's text
+  double endOfLine(double height) const;
   const Table& tableOf(const suite::ReportRow& row) const;
   std::vector<std::size_t> repeatedAbove(std::size_t row) const;
   QFont fontFor(bool bold) const { return bold ? bold_ : font_; }
   void paintHeadings(QPainter& painter) const;
-  double paintRow(QPainter& painter, std::size_t row, double top) const;
+  void paintRow(QPainter& painter, std::size_t row, double top) const;
   void paintFoot(QPainter& painter, int page) const;
 
   const suite::Document& document_;
@@ -68,7 +74,7 @@ class ReportPages {
   QFont font_, bold_;
   bool landscape_ = false;
   std::vector<Table> tables_;
-  std::vector<std::vector<std::size_t>> pages_;
+  std::vector<std::vector<Piece>> pages_;
 };
 
 }  // namespace quillet::desktop

@@ -143,7 +143,7 @@ bool TextBoxView::otherEvent(QObject* target, QEvent& event) {
 }
 
 bool TextBoxView::compose(QInputMethodEvent& event) {
-  const QString typed = event.commitString();
+  const QString& typed = event.commitString();
   if (typed.isEmpty()) return false;
   QInputMethodEvent rest(event.preeditString(), event.attributes());
   if (event.replacementLength() > 0) {

@@ -76,7 +76,8 @@ void apply(Scheme scheme) {
   static const bool platformIsDark = QApplication::palette().window().color().lightness() < 128;
   const bool systemIsDark = platformIsDark || systemPrefersDark();
   const bool isDark = scheme == Scheme::dark || (scheme == Scheme::system && systemIsDark);
-  QApplication::setStyle(new QuietStyle);
+  QApplication::setStyle(
+      new QuietStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application's own
   QApplication::setPalette(palette(isDark));
   onSystemSchemeChange([scheme](bool nowDark) {
     if (scheme == Scheme::system) QApplication::setPalette(palette(nowDark));

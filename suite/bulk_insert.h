@@ -36,7 +36,7 @@ class BulkInsert {
 
  private:
   // Well below the smallest packet size that a server is set up with.
-  static constexpr std::size_t kEnough = 256 * 1024;
+  static constexpr std::size_t kEnough = std::size_t{256} * 1024;
 
   void add(std::integral auto value) { sql_ += std::to_string(value); }
   void add(const Number& number) { sql_ += number.text; }

@@ -46,7 +46,7 @@ bool DataFolder::isOne(const fs::path& path) {
 }
 
 DataFolder DataFolder::create(const fs::path& path, Existing existing) {
-  const DataFolder folder(fs::absolute(path).lexically_normal());
+  DataFolder folder(fs::absolute(path).lexically_normal());
   if (isOne(folder.root())) {
     if (existing == Existing::refuse) {
       throw std::runtime_error("There is a data folder in " + folder.root().string() + " already.");
@@ -74,7 +74,7 @@ DataFolder DataFolder::create(const fs::path& path, Existing existing) {
 }
 
 DataFolder DataFolder::open(const fs::path& path) {
-  const DataFolder folder(fs::absolute(path).lexically_normal());
+  DataFolder folder(fs::absolute(path).lexically_normal());
   if (!isOne(folder.root())) {
     throw std::runtime_error("There is no data folder in " + folder.root().string() + ".");
   }

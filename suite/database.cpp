@@ -32,7 +32,7 @@ class StoredRows : public Recordset {
     if (result_ == nullptr) return;
     fields_ = mysql_fetch_fields(result_);
     fieldCount_ = static_cast<int>(mysql_num_fields(result_));
-    MoveNext();
+    fetch();
   }
   ~StoredRows() override { mysql_free_result(result_); }
   StoredRows(const StoredRows&) = delete;
@@ -40,9 +40,7 @@ class StoredRows : public Recordset {
 
   bool EOF_() const override { return row_ == nullptr; }
   void MoveNext() override {
-    if (result_ == nullptr) return;
-    row_ = mysql_fetch_row(result_);
-    lengths_ = row_ == nullptr ? nullptr : mysql_fetch_lengths(result_);
+    if (result_ != nullptr) fetch();
   }
   long RecordCount() const override { return count_; }
   int fieldCount() const override { return fieldCount_; }
@@ -64,6 +62,10 @@ class StoredRows : public Recordset {
   }
 
  private:
+  void fetch() {
+    row_ = mysql_fetch_row(result_);
+    lengths_ = row_ == nullptr ? nullptr : mysql_fetch_lengths(result_);
+  }
   void checkColumn(int column) const {
     if (column < 0 || column >= fieldCount_) {
       throw RunTimeError(3265, "There is no column " + std::to_string(column) + ".", source);

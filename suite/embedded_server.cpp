@@ -71,6 +71,7 @@ FolderLock takeFolder(const fs::path& folder) {
 bool startServerLibrary(const fs::path& folder) {
   std::vector<std::string> texts = options(folder);
   std::vector<char*> arguments;
+  arguments.reserve(texts.size());
   for (std::string& text : texts) arguments.push_back(text.data());
   std::array<char, 9> embedded{"embedded"};
   std::array<char, 7> server{"server"};

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "data/errors.h"
+#include "data/text.h"
 #include "suite/format.h"
 
 namespace quillet::suite {
@@ -33,19 +34,6 @@ Decimal decimalOf(double number) {
                             [](char c) { return c != '.'; });
   decimal.point = exponent + 1;
   return decimal;
-}
-
-// Adds one to the last digit; true when the number grew by a digit in front.
-bool increment(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
-      return false;
-    }
-    *digit = '0';
-  }
-  digits.insert(0, 1, '1');
-  return true;
 }
 
 struct Parts {

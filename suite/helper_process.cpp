@@ -2,14 +2,15 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <spawn.h>
-#include <stdlib.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <stdexcept>
 #include <thread>
@@ -79,6 +80,7 @@ std::vector<std::string> environmentWith(const std::filesystem::path& temporary)
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
@@ -134,7 +136,7 @@ void HelperProcess::waitFor(short event, Clock::time_point end) {
     if (ready < 0 && errno == EINTR) continue;
     const auto seconds = std::chrono::duration<double>(limit_).count();
     throw std::runtime_error("The spreadsheet program did not answer within " +
-                             std::to_string(static_cast<long>(seconds + 0.5)) + " seconds");
+                             std::to_string(std::lround(seconds)) + " seconds");
   }
 }
 

@@ -37,8 +37,7 @@ bool fits(const std::string& password, const std::string& hash) {
 }
 
 std::string promptFor(PasswordKind kind, const std::string& code, int tried) {
-  const std::string prompt =
-      kind == PasswordKind::client ? "Password of client " + code : "Password";
+  std::string prompt = kind == PasswordKind::client ? "Password of client " + code : "Password";
   if (tried == 0) return prompt;
   return "That password is not right. " + prompt;
 }

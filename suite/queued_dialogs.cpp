@@ -28,7 +28,7 @@ bool offers(Buttons buttons, Answer answer) {
 
 }  // namespace
 
-void QueuedDialogs::fail(std::string what) {
+void QueuedDialogs::fail(const std::string& what) {
   if (!failure_) failure_ = what;
   throw std::runtime_error(what);
 }

@@ -47,7 +47,7 @@ class QueuedDialogs : public Dialogs {
   std::optional<std::string> password(const std::string& prompt) override;
 
  private:
-  [[noreturn]] void fail(std::string what);
+  [[noreturn]] void fail(const std::string& what);
   Answer answerTo(const Message& message);
 
   std::deque<Answer> answers_;

@@ -75,7 +75,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
   restartModule();
 }
 
-Practice::Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock)
+Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock)
     : Practice(folder, openDatabase(folder), frontEnd, clock) {}
 
 Practice::~Practice() = default;

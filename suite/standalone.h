@@ -59,7 +59,7 @@ class Practice {
   // Opens the folder's database, or the server that its settings name, completes the schema
   // (showing progress through the front end) and starts the module. Throws std::runtime_error with
   // a message for the user.
-  Practice(DataFolder folder, FrontEnd& frontEnd, Clock& clock);
+  Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock);
   ~Practice();
 
   const DataFolder& folder() const { return folder_; }

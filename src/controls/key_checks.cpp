@@ -38,18 +38,6 @@ int daysOf(int month, int year) {
   return days[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
 }
 
-// Adds one to a decimal number written in digits.
-void increment(std::string& digits) {
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    if (*digit != '9') {
-      ++*digit;
-      return;
-    }
-    *digit = '0';
-  }
-  digits.insert(digits.begin(), '1');
-}
-
 }  // namespace
 
 bool accepts(int mode, char32_t key) {

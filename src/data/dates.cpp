@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <chrono>
+#include <compare>
 
 namespace quillet {
 namespace {
@@ -19,8 +20,8 @@ int part(std::string_view text, std::size_t at, std::size_t length) {
 }
 
 chr::year_month_day partsOf(std::string_view text) {
-  return chr::year(part(text, 6, 4)) / static_cast<unsigned>(part(text, 3, 2)) /
-         static_cast<unsigned>(part(text, 0, 2));
+  return {chr::year(part(text, 6, 4)), chr::month(static_cast<unsigned>(part(text, 3, 2))),
+          chr::day(static_cast<unsigned>(part(text, 0, 2)))};
 }
 
 }  // namespace
@@ -35,7 +36,7 @@ bool isDate(std::string_view text) {
 
 int compareDates(std::string_view first, std::string_view second) {
   const auto order = partsOf(first) <=> partsOf(second);
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
+  return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 
 }  // namespace quillet

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ranges>
 
 namespace quillet {
 namespace {
@@ -116,6 +117,18 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
     if (upperCase(nextCharacter(a, i)) != upperCase(nextCharacter(b, j))) return false;
   }
   return i == a.size() && j == b.size();
+}
+
+bool increment(std::string& digits) {
+  for (char& digit : std::views::reverse(digits)) {
+    if (digit != '9') {
+      ++digit;
+      return false;
+    }
+    digit = '0';
+  }
+  digits.insert(0, 1, '1');
+  return true;
 }
 
 std::string_view trimmed(std::string_view text) {

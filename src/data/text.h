@@ -25,6 +25,9 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 // The indexes of the texts in ascending order of their bytes, of equal ones in the order they have.
 std::vector<std::size_t> orderOf(const std::vector<std::string>& texts);
 
+// Adds one to a number written in digits; true when it grew by a digit in front.
+bool increment(std::string& digits);
+
 std::string_view trimmed(std::string_view text);
 std::string replacedAll(std::string text, std::string_view what, std::string_view by);
 

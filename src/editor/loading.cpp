@@ -174,9 +174,8 @@ void frmcrtb::LOADTRIALBAL() {
     std::vector<Line> lines[2];
     readYears(lines);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
-    for (const Year year : {current, previous}) {
-      if (inView(year)) lines_[year] = std::move(lines[year]);
-    }
+    if (inView(current)) lines_[current] = std::move(lines[current]);
+    if (inView(previous)) lines_[previous] = std::move(lines[previous]);
     fillNames(entries);
     sortEntries(entries, sort_);
     showEntries(std::move(entries));

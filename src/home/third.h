@@ -2,6 +2,7 @@
 // merging trial balances have a source file each.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -103,7 +104,7 @@ class third : public Form {
     long count = 0;
     std::string table;
     bool registered = false;  // its row stands in the registry, with these dates:
-    std::string keptDates[2];
+    std::array<std::string, 2> keptDates;
     std::string text() const { return yearText(firstKey, secondKey); }
   };
 

@@ -136,6 +136,7 @@ void Bookkeeper::postParties(Role role, long rate) {
   long weights = 0;
   for (const Ledger& ledger : ledgers_)
     if (ledger.role == role) weights += ledger.rate;
+  if (weights == 0) return;  // nobody of that role
   for (Ledger& ledger : ledgers_) {
     if (ledger.role != role) continue;
     const Paise share = turnover_ / kLakh * rate / weights * ledger.rate;
@@ -247,7 +248,7 @@ void Bookkeeper::settlePaise() {
 void Bookkeeper::close() {
   const Paise earned = profit();
   Paise left = earned;
-  Ledger* owner = nullptr;
+  Ledger* owner = &the(Role::owner);
   for (Ledger& ledger : ledgers_) {
     if (ledger.role == Role::owner) {
       owner = &ledger;

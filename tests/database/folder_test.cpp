@@ -208,7 +208,7 @@ TEST_F(FolderTest, KeepsEverythingAcknowledgedWhenKilled) {
       const auto database = Database::openEmbedded(folder);
       const auto row = database->query("select count(*), sum(amt) from " + table +
                                        " where srno<=" + std::to_string(told));
-      const std::string counted = row->text(0) + ' ' + row->text(1);
+      std::string counted = row->text(0) + ' ' + row->text(1);
       // A line that was saved but not told any more does not count, either way.
       database->execute("delete from " + table + " where srno>" + std::to_string(told));
       return counted;

@@ -200,6 +200,37 @@ TEST(Reports, RepeatHeadingRowsAndLoseNoRow) {
   EXPECT_EQ(pages.rowsOn(pages.count() - 1).back(), 250u);
 }
 
+// A narration of any length costs neither the amounts their place nor itself its end.
+TEST(Reports, ALongTextWrapsAndGoesOnOverleaf) {
+  suite::Document document;
+  document.beginTable();
+  const auto add = [&](std::vector<std::string> values, bool heading) {
+    suite::Document::Written row;
+    row.values = std::move(values);
+    row.alignments = {0, 0, 1};
+    row.masks = {"0", "0", "0", "1"};
+    row.heading = heading;
+    document.addRow(row);
+  };
+  std::string narration;
+  while (narration.size() < 16'000) narration += "being the share of profit ";
+  add({"Date", "Particulars", "Amount"}, true);
+  add({"2-6-2008", "By Capital", "12,345.60"}, false);
+  add({"", narration, ""}, false);
+  add({"3-6-2008", "By Capital", "1.00"}, false);
+  const ReportPages pages(document, QDate(2009, 4, 1));
+  EXPECT_FALSE(pages.landscape());
+  for (const std::size_t cell : {0U, 1U, 2U}) {
+    EXPECT_LT(pages.room(document.rows()[2], cell).right(), pages.size().width()) << cell;
+  }
+  EXPECT_LT(pages.room(document.rows()[1], 0).right(), pages.room(document.rows()[1], 1).left());
+  ASSERT_GT(pages.count(), 2);
+  using Rows = std::vector<std::size_t>;
+  EXPECT_EQ(pages.rowsOn(0), (Rows{0, 1}));
+  for (int page = 1; page + 1 < pages.count(); ++page) EXPECT_EQ(pages.rowsOn(page), (Rows{0, 2}));
+  EXPECT_EQ(pages.rowsOn(pages.count() - 1), (Rows{0, 2, 3}));
+}
+
 TEST(Reports, HeadingsOfBlocksStandOverTheirColumns) {
   suite::Document document;
   document.beginTable();
