@@ -76,8 +76,7 @@ void apply(Scheme scheme) {
   static const bool platformIsDark = QApplication::palette().window().color().lightness() < 128;
   const bool systemIsDark = platformIsDark || systemPrefersDark();
   const bool isDark = scheme == Scheme::dark || (scheme == Scheme::system && systemIsDark);
-  QApplication::setStyle(
-      new QuietStyle);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application's own
+  QApplication::setStyle(new QuietStyle);
   QApplication::setPalette(palette(isDark));
   onSystemSchemeChange([scheme](bool nowDark) {
     if (scheme == Scheme::system) QApplication::setPalette(palette(nowDark));

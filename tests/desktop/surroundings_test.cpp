@@ -168,7 +168,7 @@ suite::Document report(int rows, int textColumns = 1) {
   document.beginTable();
   suite::Document::Written line;
   line.values.assign(static_cast<std::size_t>(textColumns), "PARTICULARS OF THE LEDGER ACCOUNT");
-  line.values.push_back("AMOUNT");
+  line.values.emplace_back("AMOUNT");
   line.alignments.assign(line.values.size(), 0);
   line.alignments.back() = 1;
   line.widths.assign(line.values.size(), 0);

@@ -195,6 +195,7 @@ TEST_F(JournalPrinting, SeparatesOriginalFromAdjustmentsOfThePreviousYear) {
 // Many small amounts: what is printed adds up to the paisa.
 TEST_F(JournalPrinting, AddsUpWhatItPrints) {
   std::vector<Line> lines;
+  lines.reserve(30);
   for (int i = 0; i < 30; ++i) {
     lines.push_back({"L" + std::to_string(i), i % 3 == 0 ? "BANKS" : "RENT", i % 2 ? 0.1 : -0.7});
   }

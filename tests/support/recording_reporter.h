@@ -54,7 +54,7 @@ class RecordingReporter : public Reporter {
     real_->WinModeReport(windowMode);
   }
   void NewReport() override {
-    calls_.push_back("NewReport");
+    calls_.emplace_back("NewReport");
     real_->NewReport();
   }
   void printtext(const std::string& text) override {
@@ -78,7 +78,7 @@ class RecordingReporter : public Reporter {
                          printed);
   }
   void ShowReport() override {
-    calls_.push_back("ShowReport");
+    calls_.emplace_back("ShowReport");
     real_->ShowReport();
   }
 
