@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 #include "suite/text_report.h"
 
@@ -16,8 +17,13 @@ Document document(int rows, const std::string& name) {
   report.addHeading("\x1B\x45Trial Balance\x1B\x46");
   report.beginTable();
   const auto add = [&](std::vector<std::string> cells, bool heading, const char* rules) {
-    report.addRow(
-        {cells, {1, 0, 1}, {}, {}, {}, heading, {rules, heading ? "111" : "000", "001", "111"}});
+    report.addRow({std::move(cells),
+                   {1, 0, 1},
+                   {},
+                   {},
+                   {},
+                   heading,
+                   {rules, heading ? "111" : "000", "001", "111"}});
   };
   add({"SN", "Ledger", "Amount"}, true, "111");
   for (int i = 1; i <= rows; ++i) add({std::to_string(i), name, "12,34,567.89"}, false, "000");

@@ -239,7 +239,7 @@ const CalcOptions calc{QUILLET_CALC, 180s};
 const fs::path& realTemplate() {
   static TemporaryFolder folder;
   static const fs::path path = [] {
-    const fs::path made = folder.path() / "ORVO_TB.xls";
+    fs::path made = folder.path() / "ORVO_TB.xls";
     if (!suite::TemplateMaker(calc, made).finish()) throw std::runtime_error("no template made");
     return made;
   }();
@@ -358,7 +358,7 @@ TEST_F(CalcTest, AFullDiskLosesNothing) {
   };
   expectRefused();
   // No room even for the copy of the template.
-  write(disk / "padding", std::string(61 * 1024, 'x'));
+  write(disk / "padding", std::string(61UL * 1024, 'x'));
   expectRefused();
   umount(disk.c_str());
 }
@@ -389,7 +389,7 @@ TEST_F(CalcTest, ASheetIsFoundInCapitalsAndSmallLetters) {
 }
 
 TEST_F(CalcTest, ATemplateThatIsNoWorkbookIsAnError) {
-  write(template_, std::string("PK\x03\x04 nothing of the kind \x00\x01", 28));
+  write(template_, std::string("PK\x03\x04 nothing of the kind \x00\x01", 27));
   frmcrtb& form = open("C1", 2008);
   const std::string message = run(form, target_).back();
   EXPECT_TRUE(message.starts_with("Error Occured : ")) << message;

@@ -178,6 +178,7 @@ TEST(SampleFirms, AreAllDifferent) {
 TEST(SampleDice, FallTheSameEverywhere) {
   Dice dice("TAV01");
   std::vector<long> fallen;
+  fallen.reserve(4);
   for (int i = 0; i < 4; ++i) fallen.push_back(dice.below(1'000'000));
   EXPECT_EQ(fallen, (std::vector<long>{361'831, 627'901, 772'014, 115'933}));
   for (int i = 0; i < 1'000; ++i) {

@@ -1,11 +1,11 @@
 #include "support/child.h"
 
-#include <signal.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <stdexcept>
 
@@ -95,7 +95,7 @@ std::string Reporting::next() {
   while ((end = pending_.find('\n')) == std::string::npos) {
     if (!readSome(pipe_, pending_)) return {};
   }
-  const std::string line = pending_.substr(0, end);
+  std::string line = pending_.substr(0, end);
   pending_.erase(0, end + 1);
   return line;
 }

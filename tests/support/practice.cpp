@@ -1,8 +1,7 @@
 #include "support/practice.h"
 
-#include <stdlib.h>
-
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 
@@ -170,7 +169,7 @@ std::string PracticeTest::addYear(const std::string& client, int firstYear,
   const std::string code = quoted(practice.database(), client);
   const long number =
       std::stol(value("select ifnull(max(count),0)+1 from master where code_no=" + code));
-  const std::string table = "TAB_" + suite::tableSuffix(number);
+  std::string table = "TAB_" + suite::tableSuffix(number);
   const std::string first = std::to_string(firstYear);
   const std::string second = std::to_string(firstYear + 1);
   exec("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values(" + code +
