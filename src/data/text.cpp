@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <ranges>
 
 namespace quillet {
 namespace {
@@ -120,15 +119,14 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 bool increment(std::string& digits) {
-  for (char& digit : std::views::reverse(digits)) {
-    if (digit != '9') {
-      ++digit;
-      return false;
-    }
-    digit = '0';
+  const auto grows = std::find_if(digits.rbegin(), digits.rend(), [](char c) { return c != '9'; });
+  std::fill(digits.rbegin(), grows, '0');
+  if (grows == digits.rend()) {
+    digits.insert(0, 1, '1');
+    return true;
   }
-  digits.insert(0, 1, '1');
-  return true;
+  ++*grows;
+  return false;
 }
 
 std::string_view trimmed(std::string_view text) {
