@@ -42,8 +42,7 @@ TEST(Text, IsOrderedByItsBytes) {
   std::vector<std::string> texts{"", "A", "ABCDEFGH", "ABCDEFGHI", "ABCDEFGH", "\xC3\x84"};
   for (int i = 0; i < 500; ++i) {
     std::string& text = texts.emplace_back("ACCOUNT ");
-    for (auto length = dice() % 6; length > 0; --length)
-      text += static_cast<char>(dice() % 256);
+    for (auto length = dice() % 6; length > 0; --length) text += static_cast<char>(dice() % 256);
   }
   std::vector<std::size_t> expected(texts.size());
   std::iota(expected.begin(), expected.end(), 0U);
