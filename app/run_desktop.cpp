@@ -2,6 +2,7 @@
 
 #include "app/display.h"
 #include "app/new_folder.h"
+#include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
 #include "suite/standalone.h"
 
@@ -10,11 +11,15 @@ namespace {
 
 int work(desktop::Application& application, const suite::DataFolder& folder) {
   suite::SystemClock clock;
+  // A folder that was made without LibreOffice, or lost the template, gets it while a person works.
+  suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
+                                      folder.program() / suite::exportTemplate);
   suite::Practice practice(folder, application, clock);
   application.follow(practice.context().desk);
   practice.forms().ObjThird()->show();
   const int status = application.run();
   application.leave();
+  exportTemplate.finish();
   return status;
 }
 

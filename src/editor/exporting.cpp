@@ -98,7 +98,8 @@ void frmcrtb::CMDEXPORT_CLICK() {
 std::string frmcrtb::exportTo(const std::string& source, const std::string& target) {
   try {
     const Busy busy(context_, "Exporting to " + target + "....");
-    WorkingCopy copy(pathOf(target));
+    // The spreadsheet program need not run in our folder.
+    WorkingCopy copy(fs::absolute(pathOf(target)));
     copy.fill(pathOf(source));
     const auto excel = context_.surroundings.createSpreadsheet();
     Workbook& workbook = excel->Open(textOf(copy.path()));

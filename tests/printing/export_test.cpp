@@ -135,6 +135,14 @@ TEST_F(ExportTest, SendsTheRowsAndReplacesTheTarget) {
   EXPECT_EQ(frontEnd.progress, "Exporting to " + target_.string() + "....");
   EXPECT_FALSE(frontEnd.busy);
 
+  // A path from where the program runs.
+  const fs::path before = fs::current_path();
+  fs::current_path(folder_.path());
+  EXPECT_EQ(run(form, "here.xls"), (Texts{"Data Successfully Exported to File : here.xls"}));
+  fs::current_path(before);
+  EXPECT_EQ(contentOf(folder_.path() / "here.xls"), "the template");
+  EXPECT_TRUE(noted().at(lines.size()).starts_with("open\t" + folder_.path().string() + "/."));
+
   // A name without an ending gets the one of the filter.
   EXPECT_EQ(run(form, folder_.path() / "second").back(),
             "Data Successfully Exported to File : " + (folder_.path() / "second.xls").string());
