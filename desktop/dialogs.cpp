@@ -118,6 +118,8 @@ std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
   QFileDialog dialog(prepare(), QObject::tr("Save as"));
   likeParent(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  // Whether a file that is there may be overwritten is the form's own question.
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
   dialog.setNameFilters(filtersOf(filter));
   const QFileInfo file(toQt(proposed));
   if (!file.path().isEmpty()) dialog.setDirectory(file.path());

@@ -1,4 +1,5 @@
 // What stands around the forms: message boxes, progress, help, reports, pictures.
+#include <QFile>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include "desktop/report_pages.h"
 #include "desktop/report_window.h"
 #include "desktop/stand.h"
+#include "desktop/text.h"
 #include "suite/queued_dialogs.h"
 
 namespace quillet::desktop {
@@ -81,6 +83,27 @@ TEST_F(Surrounding, AMessageDuringAClickStopsTheClick) {
   const auto seen = form.takeDiary();
   EXPECT_EQ(std::count(seen.begin(), seen.end(), "click chkall"), 0);
   EXPECT_FALSE(widget<QAbstractButton>(form.chkall)->isDown());
+}
+
+TEST_F(Surrounding, AFileThatIsThereIsAskedAboutOnce) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("books.xls"));
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.close();
+  // Whatever opens is accepted; the first is the dialog itself.
+  std::vector<QWidget*> opened;
+  QTimer person;
+  QObject::connect(&person, &QTimer::timeout, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || (!opened.empty() && opened.back() == dialog)) return;
+    opened.push_back(dialog);
+    QMetaObject::invokeMethod(dialog, opened.size() == 1 ? "accept" : "reject",
+                              Qt::QueuedConnection);
+  });
+  person.start(10);
+  EXPECT_EQ(theApplication().dialogs().saveFile("Excel Files|*.xls", fromQt(path)), fromQt(path));
+  EXPECT_EQ(opened.size(), 1U) << "the form asks, the dialog does not";
 }
 
 TEST_F(Surrounding, DialogsCanBeExchanged) {
