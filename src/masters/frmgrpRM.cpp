@@ -38,6 +38,7 @@ Node frmgrpRM::layout() {
   for (int i = 0; i < columns; ++i) {
     choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
   }
+  choices.push_back(gap());
   choices.push_back(item(cmdupdateM));
   choices.push_back(item(cmdcancelM));
   const Node commands = row({item(cmdaddM), item(cmdmodifyM), item(cmddeleteM), item(cmdsortorder),
