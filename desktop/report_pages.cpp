@@ -128,7 +128,8 @@ void ReportPages::fit() {
 // What is still too wide takes from the widest texts, which then wrap; amounts stay whole.
 void ReportPages::squeeze(Table& table, double room) const {
   const double least = QFontMetricsF(font_).horizontalAdvance(u'0') * 8 + 2 * padding;
-  for (double over = sum(table.widths) - room; over > 0.5; over = sum(table.widths) - room) {
+  double over = sum(table.widths) - room;
+  while (over > 0.5) {
     double widest = least, next = least;
     std::vector<double*> columns;  // as wide as the widest
     for (std::size_t c = 0; c < table.widths.size(); ++c) {
@@ -147,6 +148,7 @@ void ReportPages::squeeze(Table& table, double room) const {
     if (columns.empty() || widest <= least) return;
     const double cut = std::min(widest - next, over / static_cast<double>(columns.size()));
     for (double* width : columns) *width -= cut;
+    over = sum(table.widths) - room;
   }
 }
 
