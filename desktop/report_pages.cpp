@@ -128,27 +128,19 @@ void ReportPages::fit() {
 // What is still too wide takes from the widest texts, which then wrap; amounts stay whole.
 void ReportPages::squeeze(Table& table, double room) const {
   const double least = QFontMetricsF(font_).horizontalAdvance(u'0') * 8 + 2 * padding;
-  double over = sum(table.widths) - room;
-  while (over > 0.5) {
-    double widest = least, next = least;
-    std::vector<double*> columns;  // as wide as the widest
-    for (std::size_t c = 0; c < table.widths.size(); ++c) {
-      double& width = table.widths[c];
-      if (!table.words[c] || width < widest) {
-        if (table.words[c]) next = std::max(next, width);
-        continue;
-      }
-      if (width > widest) {
-        if (!columns.empty()) next = widest;
-        columns.clear();
-      }
-      widest = width;
-      columns.push_back(&width);
+  std::vector<double*> texts;
+  for (std::size_t c = 0; c < table.widths.size(); ++c) {
+    if (table.words[c]) {
+      texts.push_back(&table.widths[c]);
+    } else {
+      room -= table.widths[c];
     }
-    if (columns.empty() || widest <= least) return;
-    const double cut = std::min(widest - next, over / static_cast<double>(columns.size()));
-    for (double* width : columns) *width -= cut;
-    over = sum(table.widths) - room;
+  }
+  std::sort(texts.begin(), texts.end(), [](const double* a, const double* b) { return *a < *b; });
+  // The narrowest first: what it leaves of its share goes to the wider ones.
+  for (std::size_t left = texts.size(); double* width : texts) {
+    *width = std::min(*width, std::max(least, room / static_cast<double>(left--)));
+    room -= *width;
   }
 }
 

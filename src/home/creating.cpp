@@ -57,23 +57,26 @@ void third::MASKEDBOX2_KEYPRESS(Key& key) {
   trap("MASKEDBOX2_KEYPRESS", [&] {
     if (key != keys::Enter) return;
     key = keys::none;
-    if (!datesHold()) return;
-    newYear_ = {};
-    newYear_.firstDate = MaskEdBox1.text();
-    newYear_.secondDate = MaskEdBox2.text();
-    newYear_.firstKey = firstDateKey(yearOf(newYear_.firstDate));
-    newYear_.secondKey = secondDateKey(yearOf(newYear_.secondDate));
-    const auto existing =
-        context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
-                       newYear_.secondKey + "' and f_yr='" + newYear_.firstKey + "'");
-    if (!existing->EOF_()) {
-      if (mayOverwrite()) overwrite(*existing);
-    } else if (mode_ == "merge") {
-      listSources();
-    } else if (mode_ == "create" && GETTABLE()) {
-      createYear();
-    }
+    if (datesHold()) beginYear();
   });
+}
+
+void third::beginYear() {
+  newYear_ = {};
+  newYear_.firstDate = MaskEdBox1.text();
+  newYear_.secondDate = MaskEdBox2.text();
+  newYear_.firstKey = firstDateKey(yearOf(newYear_.firstDate));
+  newYear_.secondKey = secondDateKey(yearOf(newYear_.secondDate));
+  const auto existing =
+      context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
+                     newYear_.secondKey + "' and f_yr='" + newYear_.firstKey + "'");
+  if (!existing->EOF_()) {
+    if (mayOverwrite()) overwrite(*existing);
+  } else if (mode_ == "merge") {
+    listSources();
+  } else if (mode_ == "create" && GETTABLE()) {
+    createYear();
+  }
 }
 
 // --- over an existing year ----------------------------------------------------------------------

@@ -71,8 +71,7 @@ bool third::provideTable() {
   if (!existing) return false;
   if (!existing->empty() && !newYear_.registered) {
     // Made by somebody else since the dates were typed: whoever typed it is asked about first.
-    Key enter = keys::Enter;
-    MASKEDBOX2_KEYPRESS(enter);
+    beginYear();
     return false;
   }
   if (!existing->empty()) {

@@ -130,6 +130,7 @@ class third : public Form {
 
   // Creating.
   bool datesHold();
+  void beginYear();
   bool mayOverwrite();
   void overwrite(Recordset& existing);
   void createYear();

@@ -7,6 +7,12 @@
 #include "data/text.h"
 
 namespace quillet {
+namespace {
+
+// As these forms write it.
+constexpr const char* flushed = "Flush Tables";
+
+}  // namespace
 
 MasterForm::MasterForm(Context& context, std::string name)
     : Form(context.desk, std::move(name)), context_(context) {}
@@ -20,12 +26,9 @@ bool MasterForm::ask(const std::string& text, const std::string& title) {
                          title.empty() ? caption() : title) == Answer::Yes;
 }
 
-void MasterForm::change(const std::string& sql) {
-  context_.host->ConQuery(sql);
-  flush();
-}
+void MasterForm::change(const std::string& sql) { context_.change(sql, flushed); }
 
-void MasterForm::flush() { context_.host->ConQuery("Flush Tables"); }
+void MasterForm::flush() { context_.host->ConQuery(flushed); }
 
 std::string MasterForm::quoted(const std::string& text) const {
   return "'" + context_.host->TruncVarSQL(text) + "'";
