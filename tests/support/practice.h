@@ -16,6 +16,7 @@
 #include "suite/headless_front_end.h"
 #include "suite/queued_dialogs.h"
 #include "suite/standalone.h"
+#include "support/failing_deed.h"
 
 namespace quillet::support {
 
@@ -86,6 +87,10 @@ class PracticeTest : public ::testing::Test {
   std::vector<std::string> log();
   // Texts of the messages since the last call.
   std::vector<std::string> messages();
+
+  // Once for each statement of the deed and each continuation: arranges, lets that statement fail,
+  // goes on with the continuation, compares. Unanswered questions are those of `act`.
+  void failEachStatement(const FailingDeed& deed);
 
  private:
   std::size_t logSeen_ = 0;

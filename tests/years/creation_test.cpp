@@ -249,105 +249,88 @@ TEST_F(CreationTest, KeepsTableAndNumberAndOneRow) {
 // A database error at any statement: one line in the log, what was sent before is done; the same
 // command again completes the year.
 TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
-  const auto prepare = [&]() -> third& {
-    exec("delete from master where code_no='C1'");
-    exec("delete from " + tab(1));
-    exec("delete from " + tab(2));
-    addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
-    third& form = choose(&third::mnucreate, "C1");
-    type(form.MaskEdBox1, "01/04/2008");
-    form.focus(form.MaskEdBox2);
-    statements();
-    return form;
+  const auto everything = [&] {
+    Rows all = registry();
+    for (const auto& line : lines(tab(2))) all.push_back(line);
+    return all;
   };
-  third* form = &prepare();
-  answer({Answer::Yes, Answer::Yes});
-  form->press(keys::Enter);
-  const Texts whole = statements();
-  const Rows created = registry();
-  const Rows copied = lines(tab(2));
-  ASSERT_EQ(copied.size(), 2U);
-  log();
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    SCOPED_TRACE(whole[i]);
-    dialogs.clear();
-    form = &prepare();
-    host().statements().failNext("", static_cast<long>(i));
-    answer({Answer::Yes, Answer::Yes});
-    form->press(keys::Enter);
-    EXPECT_EQ(log().size(), 1U);
-    EXPECT_EQ(statements(), Texts(whole.begin(), whole.begin() + static_cast<long>(i) + 1));
-    EXPECT_TRUE(form->visible());
-    EXPECT_FALSE(frontEnd.busy);
-    dialogs.clear();
-    // The same command again; what was registered already is created over.
-    const bool registered = registry().size() == 2;
-    form = &choose(&third::mnucreate, "C1");
-    if (registered) {
-      overwrite(*form, 1);
-      answer({Answer::Yes, Answer::Yes});
-      deletion().click(deletion().cmddelete);
-    } else {
-      answer({Answer::Yes, Answer::Yes});
-      typeYear(*form, "01/04/2008");
-    }
-    EXPECT_EQ(registry(), created);
-    EXPECT_EQ(lines(tab(2)), copied);
-    EXPECT_TRUE(log().empty());
-    EXPECT_EQ(dialogs.left(), 0U);
-  }
+  failEachStatement({.what = "creating",
+                     .arrange =
+                         [&] {
+                           for (const long each : {1, 2}) exec("delete from " + tab(each));
+                           exec("delete from master where code_no='C1'");
+                           addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
+                           third& form = choose(&third::mnucreate, "C1");
+                           type(form.MaskEdBox1, "01/04/2008");
+                           form.focus(form.MaskEdBox2);
+                           answer({Answer::Yes, Answer::Yes});
+                         },
+                     .act = [&] { home().press(keys::Enter); },
+                     .result = everything,
+                     .next = {{"the same command, over what was registered already",
+                               [&] {
+                                 const bool registered = registry().size() == 2;
+                                 third& form = choose(&third::mnucreate, "C1");
+                                 if (registered) overwrite(form, 1);
+                                 answer({Answer::Yes, Answer::Yes});
+                                 if (registered) deletion().click(deletion().cmddelete);
+                                 if (!registered) typeYear(form, "01/04/2008");
+                                 EXPECT_EQ(dialogs.left(), 0U);
+                               }}},
+                     .check = [&] { EXPECT_TRUE(home().visible()); }});
+  EXPECT_EQ(everything().size(), 4U);
 }
 
 // The same over an existing year, for what is deleted of it and for both commands. Whoever gives up
 // in the middle and gives the same command again gets the year whole.
 TEST_F(CreationTest, AFailureWhileOverwritingIsCompletedByTheNextTry) {
   addYear("C2", 2008, {{"Theirs", "BANKS", 1}});
-  const auto prepare = [&] {
-    exec("delete from master where code_no='C1'");
-    for (const long each : {1, 2}) exec("delete from " + tab(each) + " where code_no='C1'");
-    addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
-    addYear("C1", 2008, {{"Old", "BANKS", 7}});
-  };
-  // Every question is answered with Yes. Returns how many statements were sent.
-  const auto makeYear = [&](Button third::*command, int option, long failing = -1) {
-    third& form = choose(command, "C1");
-    for (int i = 0; i < 10; ++i) answer({Answer::Yes});
-    statements();
-    if (failing >= 0) host().statements().failNext("", failing);
-    typeYear(form, "01/04/2008");
-    if (deletionOpen()) {
-      frmdelwhatinTB& box = deletion();
-      box.click(box.optMain[option]);
-      box.click(box.cmddelete);
-      if (deletionOpen()) box.click(box.cmdcancel);
-    }
-    if (form.flexgrid2.columns().at(0).tick) form.press(keys::Enter);
-    dialogs.clear();
-    return statements().size();
+  const auto everything = [&] {
+    Rows all = registry();
+    for (const auto& line : lines(tab(2))) all.push_back(line);
+    return all;
   };
   const std::pair<Button third::*, std::size_t> commands[] = {{&third::mnucreate, 2},
                                                               {&third::mnumerge, 1}};
   for (const auto& [command, linesMade] : commands) {
     for (const int option : {1, 0}) {
-      prepare();
-      const std::size_t sent = makeYear(command, option);
-      const Rows registered = registry();
-      const Rows made = lines(tab(2));
-      ASSERT_EQ(registered.size(), 2U);
-      ASSERT_EQ(made.size(), linesMade);
-      log();
-      for (std::size_t i = 0; i < sent; ++i) {
-        SCOPED_TRACE(std::to_string(linesMade) + " lines, option " + std::to_string(option) +
-                     ", statement " + std::to_string(i + 1));
-        prepare();
-        makeYear(command, option, static_cast<long>(i));
-        EXPECT_EQ(log().size(), 1U);
-        EXPECT_FALSE(frontEnd.busy);
-        makeYear(command, option);
-        EXPECT_EQ(registry(), registered);
-        EXPECT_EQ(lines(tab(2)), made);
-        EXPECT_EQ(log(), Texts{});
-      }
+      // Every question is answered with Yes.
+      const auto begin = [&, command = command] {
+        choose(command, "C1");
+        for (int i = 0; i < 10; ++i) answer({Answer::Yes});
+      };
+      const auto makeYear = [&] {
+        third& form = home();
+        typeYear(form, "01/04/2008");
+        if (deletionOpen()) {
+          frmdelwhatinTB& box = deletion();
+          box.click(box.optMain[option]);
+          box.click(box.cmddelete);
+          if (deletionOpen()) box.click(box.cmdcancel);
+        }
+        if (form.flexgrid2.columns().at(0).tick) form.press(keys::Enter);
+      };
+      failEachStatement(
+          {.what = std::to_string(linesMade) + " lines, option " + std::to_string(option),
+           .arrange =
+               [&] {
+                 exec("delete from master where code_no='C1'");
+                 for (const long each : {1, 2}) {
+                   exec("delete from " + tab(each) + " where code_no='C1'");
+                 }
+                 addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
+                 addYear("C1", 2008, {{"Old", "BANKS", 7}});
+                 begin();
+               },
+           .act = makeYear,
+           .result = everything,
+           .next = {{"the same command",
+                     [&] {
+                       begin();
+                       makeYear();
+                     }}},
+           .stops = false});
+      EXPECT_EQ(everything().size(), 2 + linesMade);
     }
   }
 }

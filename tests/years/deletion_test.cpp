@@ -392,44 +392,33 @@ TEST_F(DeletionTest, LeavesTheNeighboursAndTheOtherYears) {
 // A database error at any statement: one line in the log, the form open, what was sent before is
 // done; the same command again completes it.
 TEST_F(DeletionTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
-  const auto prepare = [&] {
-    exec("delete from master");
-    const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 5}});
-    for (const char* each : {"FIXED_", "JRNL_", "LIST_"}) {
-      exec("insert into " + (each + table.substr(4)) + "(code_no) values('C1')");
-    }
-    frmdelwhatinTB& box = open();
-    box.click(box.optMain[0]);
-    return &box;
+  const std::string n = host().GETTBNAME(1);
+  const auto deleteAll = [&] {
+    answer({Answer::Yes});
+    deletion().click(deletion().cmddelete);
   };
-  frmdelwhatinTB* box = prepare();
-  answer({Answer::Yes});
-  box->click(box->cmddelete);
-  const Texts whole = statements();
-  ASSERT_GT(whole.size(), 70U);
-  log();
-  for (std::size_t i = 0; i + 1 < whole.size(); ++i) {
-    box = prepare();
-    host().statements().failNext("", static_cast<long>(i));
-    answer({Answer::Yes});
-    box->click(box->cmddelete);
-    const Texts lines = log();
-    ASSERT_EQ(lines.size(), 1U) << whole[i];
-    EXPECT_TRUE(lines[0].ends_with("\tfrmdelwhatinTB\tCMDDELETE_CLICK")) << lines[0];
-    EXPECT_EQ(statements(), Texts(whole.begin(), whole.begin() + static_cast<long>(i) + 1));
-    ASSERT_TRUE(deletionOpen());
-    EXPECT_EQ(value("select count(*) from TAB_" + host().GETTBNAME(1)), i == 0 ? "1" : "0");
-    answer({Answer::Yes});
-    box->click(box->cmddelete);
-    const std::string n = host().GETTBNAME(1);
-    EXPECT_TRUE(rows("select 1 from FIXED_" + n + " union select 1 from JRNL_" + n +
-                     " union select 1 from LIST_" + n + " union select 1 from master")
-                    .empty())
-        << whole[i];
-    EXPECT_FALSE(deletionOpen());
-    EXPECT_TRUE(log().empty());
-    messages();
-  }
+  failEachStatement(
+      {.what = "deleting",
+       .arrange =
+           [&] {
+             exec("delete from master");
+             addYear("C1", 2008, {{"Cash", "BANKS", 5}});
+             for (const char* each : {"FIXED_", "JRNL_", "LIST_"}) {
+               exec("insert into " + (each + n) + "(code_no) values('C1')");
+             }
+             open().click(deletion().optMain[0]);
+           },
+       .act = deleteAll,
+       .result =
+           [&] {
+             return rows("select 1 from FIXED_" + n + " union select 1 from JRNL_" + n +
+                         " union select 1 from LIST_" + n + " union select 1 from master");
+           },
+       .next = {{"the same command", deleteAll, {}, [&] { EXPECT_FALSE(deletionOpen()); }}},
+       .place = "frmdelwhatinTB\tCMDDELETE_CLICK",
+       .behind = 1,  // the home form's list
+       .check = [&] { ASSERT_TRUE(deletionOpen()); }});
+  EXPECT_TRUE(held("C1").empty());
 }
 
 TEST_F(DeletionTest, AYearThatCannotBeLookedIntoIsNotOffered) {

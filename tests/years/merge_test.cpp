@@ -193,33 +193,28 @@ TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {
 }
 
 TEST_F(MergeTest, AFailureAnywhereIsLoggedOnceAndEnterAgainCompletes) {
-  const auto prepare = [&]() -> third& {
-    exec("delete from master where code_no='C1'");
-    exec("delete from " + tab(1) + " where code_no='C1'");
-    third& form = list();
-    for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
-    statements();
-    return form;
-  };
-  answer({Answer::Yes});
-  prepare().press(keys::Enter);
-  const Texts whole = statements();
-  const Rows merged = lines(tab(1));
-  log();
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    SCOPED_TRACE(whole[i]);
-    third& form = prepare();
-    host().statements().failNext("", static_cast<long>(i));
-    answer({Answer::Yes, Answer::Yes});
-    form.press(keys::Enter);
-    EXPECT_EQ(log().size(), 1U);
-    EXPECT_EQ(statements(), Texts(whole.begin(), whole.begin() + static_cast<long>(i) + 1));
-    EXPECT_FALSE(frontEnd.busy);
-    form.press(keys::Enter);
-    EXPECT_EQ(lines(tab(1)), merged);
-    EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1");
-    EXPECT_TRUE(log().empty());
-  }
+  const auto merge = [&] { home().press(keys::Enter); };
+  failEachStatement({.what = "merging",
+                     .arrange =
+                         [&] {
+                           exec("delete from master where code_no='C1'");
+                           exec("delete from " + tab(1) + " where code_no='C1'");
+                           third& form = list();
+                           for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
+                           answer({Answer::Yes});
+                         },
+                     .act = merge,
+                     .result = [&] { return lines(tab(1)); },
+                     .next = {{"Enter again",
+                               [&] {
+                                 answer({Answer::Yes});
+                                 merge();
+                               },
+                               {},
+                               [&] {
+                                 EXPECT_EQ(value("select count(*) from master where code_no='C1'"),
+                                           "1");
+                               }}}});
 }
 
 }  // namespace

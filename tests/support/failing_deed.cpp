@@ -1,0 +1,68 @@
+#include "support/failing_deed.h"
+
+#include "support/practice.h"
+
+namespace quillet::support {
+
+void PracticeTest::failEachStatement(const FailingDeed& deed) {
+  const auto begin = [&] {
+    dialogs.clear();
+    deed.arrange();
+    log();
+    statements();
+  };
+  const auto result = [&] { return deed.result ? deed.result() : Rows{}; };
+
+  begin();
+  deed.act();
+  const std::vector<std::string> whole = statements();
+  const Rows usual = result();
+  ASSERT_EQ(log(), std::vector<std::string>{}) << deed.what;
+  ASSERT_GT(whole.size(), deed.behind) << deed.what;
+
+  // The statement of that number fails, then the continuation.
+  const auto failAt = [&](std::size_t i, const Continuation& next, const Rows& expected) {
+    begin();
+    host().statements().failNext("", static_cast<long>(i));
+    deed.act();
+    const std::vector<std::string> sent = statements();
+    ASSERT_GT(sent.size(), i);
+    EXPECT_EQ(sent[i], whole[i]);
+    if (deed.stops) {
+      EXPECT_EQ(sent.size(), i + 1);
+    }
+    const std::vector<std::string> lines = log();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_NE(lines[0].find('\t' + deed.place), std::string::npos) << lines[0];
+    EXPECT_FALSE(frontEnd.busy);
+    if (deed.check) deed.check();
+    ASSERT_EQ(dialogs.takeFailure().value_or(""), "");
+    dialogs.clear();
+    if (next.act) {
+      next.act();
+      EXPECT_EQ(log(), std::vector<std::string>{});
+      EXPECT_EQ(result(), expected);
+    }
+    if (next.check) next.check();
+    ASSERT_EQ(dialogs.takeFailure().value_or(""), "");
+  };
+  std::vector<Continuation> all = deed.next;
+  if (all.empty()) all.push_back({"nothing else", {}});
+  for (const Continuation& next : all) {
+    Rows expected = usual;
+    if (next.instead) {
+      begin();
+      next.instead();
+      expected = result();
+    }
+    // One failure is enough to read.
+    for (std::size_t i = 0; i + deed.behind < whole.size() && !HasFailure(); ++i) {
+      SCOPED_TRACE(deed.what + ", failing at " + std::to_string(i + 1) + " of " +
+                   std::to_string(whole.size()) + ": " + whole[i] + ", then " + next.what);
+      failAt(i, next, expected);
+    }
+  }
+  dialogs.clear();
+}
+
+}  // namespace quillet::support
