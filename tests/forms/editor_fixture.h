@@ -34,12 +34,16 @@ class EditorTest : public PracticeTest {
     return form;
   }
 
-  static void enter(frmcrtb& form, const std::string& ledger, const std::string& group,
-                    const std::string& amount, const std::string& side) {
+  static void fill(frmcrtb& form, const std::string& ledger, const std::string& group,
+                   const std::string& amount, const std::string& side) {
     type(form.txtpart, ledger);
     type(form.txtgroup, group);
     type(form.txtamount, amount);
     type(form.txtdrcr, side);
+  }
+  static void enter(frmcrtb& form, const std::string& ledger, const std::string& group,
+                    const std::string& amount, const std::string& side) {
+    fill(form, ledger, group, amount, side);
     form.press(keys::Enter);
   }
 

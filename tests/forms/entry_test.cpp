@@ -297,22 +297,28 @@ TEST_F(EntryTest, BothYearsDeleteInBothTablesAndEnterIntoTheCurrentOne) {
 
 TEST_F(EntryTest, AFailureInTheMiddleIsLoggedAndEnterTriesAgain) {
   enter(form, "Rent", "RENT", "40", "D");
-  for (const char* statement : {"SELECT ALLID", "select * from TAB_1 where", "Delete from TAB_1",
-                                "flush tables", "select max(srno)", "insert into TAB_1"}) {
-    exec("delete from TAB_1");
-    exec("insert into TAB_1 values(1,'C1'," + std::to_string(ledger("Rent")) + "," +
-         std::to_string(group("RENT")) + ",40,1)");
-    log();
-    host().statements().failNext(statement);
-    enter(form, "Rent", "RENT", "2", "D");
-    const auto lines = log();
-    ASSERT_EQ(lines.size(), 1U) << statement;
-    EXPECT_NE(lines[0].find("\tfrmcrtb\tTXTDRCR_KEYPRESS"), std::string::npos);
-    EXPECT_EQ(form.txtamount.text(), "2.00") << "what was typed is still there";
-    form.press(keys::Enter);
-    EXPECT_EQ(stored().size(), 1U) << statement;
-    EXPECT_TRUE(messages().empty());
-  }
+  failEachStatement(
+      {.what = "entering a pair that is there",
+       .arrange =
+           [&] {
+             exec("delete from TAB_1");
+             exec("insert into TAB_1 values(1,'C1'," + std::to_string(ledger("Rent")) + "," +
+                  std::to_string(group("RENT")) + ",40,1)");
+             form.REFRESHTB();
+             fill(form, "Rent", "RENT", "2", "D");
+           },
+       .act = [&] { form.press(keys::Enter); },
+       .next = {{"Enter again",
+                 [&] { form.press(keys::Enter); },
+                 {},
+                 [&] {
+                   EXPECT_EQ(stored().size(), 1U);
+                   EXPECT_TRUE(messages().empty());
+                 }}},
+       .place = "frmcrtb\tTXTDRCR_KEYPRESS",
+       .behind = 2,
+       .check =
+           [&] { EXPECT_EQ(form.txtamount.text(), "2.00") << "what was typed is still there"; }});
 }
 
 TEST_F(EntryTest, ALedgerThatCannotBeMadeIsNamed) {

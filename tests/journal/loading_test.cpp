@@ -77,20 +77,12 @@ TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
 
 TEST_F(JournalLoading, LeavesNoScratchTableWhereverAStatementFails) {
   addYear("C1", 2008, {{"Cash", "BANKS", 100}});
-  select("C1", 2008);
-  statements();
-  frmjrnl(context()).INITDATA(context().table, false);
-  const Texts whole = statements();
-  for (std::size_t i = 0; i < whole.size(); ++i) {
-    const std::string& failing = whole[i];
-    frmjrnl form(context());
-    host().statements().failNext("", static_cast<long>(i));
-    form.INITDATA(context().table, false);
-    EXPECT_EQ(scratchTables(), Texts{}) << failing;
-    const Texts lines = log();
-    ASSERT_EQ(lines.size(), 1U) << failing;
-    EXPECT_NE(lines[0].find("frmjrnl\tINITDATA"), std::string::npos) << lines[0];
-  }
+  failEachStatement({.what = "opening",
+                     .arrange = [&] { select("C1", 2008); },
+                     .act = [&] { frmjrnl(context()).INITDATA(context().table, false); },
+                     .place = "frmjrnl\tINITDATA",
+                     .stops = false,
+                     .check = [&] { EXPECT_EQ(scratchTables(), Texts{}); }});
 }
 
 TEST_F(JournalLoading, ShowsThePeriodOfTheYearOrOfTheOneBefore) {
