@@ -38,7 +38,7 @@ void CalcSpreadsheet::Cells(int worksheet, int row, int column, const std::strin
 
 void CalcSpreadsheet::Cells(int worksheet, int row, int column, double number) {
   gather({"number", std::to_string(worksheet), std::to_string(row), std::to_string(column),
-          sqlNumber(number)});
+          sqlNumber(number).text()});
 }
 
 void CalcSpreadsheet::gather(const CalcLine& line) {

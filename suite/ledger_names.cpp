@@ -74,7 +74,7 @@ long LedgerNames::idOf(const std::string& name, bool create) {
 
 long LedgerNames::create(const std::string& name) {
   const long id = database_.query("select max(PartId) from Mast_Part")->integer(0) + 1;
-  database_.execute("insert into Mast_Part(PartId,Particular) values(" + sqlNumber(id) + ",'" +
+  database_.execute("insert into Mast_Part(PartId,Particular) values(" + std::to_string(id) + ",'" +
                     database_.escape(name) + "')");
   database_.execute(flushTables);
   if (loaded_) names_.try_emplace(id, name);

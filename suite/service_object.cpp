@@ -61,17 +61,17 @@ bool Service::CheckDllsVersion(bool) { return true; }
 
 // --- database -----------------------------------------------------------------------------------
 
-void Service::ConQuery(const std::string& sql) {
-  ledgers_.noticed(sql);
-  gate_.execute(sql);
+void Service::ConQuery(const Sql& sql) {
+  ledgers_.noticed(sql.text());
+  gate_.execute(sql.text());
 }
 
-RecordsetPtr Service::RecordsetQuery(const std::string& sql, Connection& connection, CursorType,
-                                     LockType, int) {
+RecordsetPtr Service::RecordsetQuery(const Sql& sql, Connection& connection, CursorType, LockType,
+                                     int) {
   if (&connection != &database_) {
     throw RunTimeError(invalidCall, "The recordset is asked of another connection.", source);
   }
-  return gate_.query(sql);
+  return gate_.query(sql.text());
 }
 
 std::string Service::TruncVarSQL(const std::string& text) const { return database_.escape(text); }

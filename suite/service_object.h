@@ -43,8 +43,8 @@ class Service : public ServiceObject {
   bool CheckDllsVersion(bool check) override;
 
   Connection& DbObj() override { return database_; }
-  void ConQuery(const std::string& sql) override;
-  RecordsetPtr RecordsetQuery(const std::string& sql, Connection& connection, CursorType cursor,
+  void ConQuery(const Sql& sql) override;
+  RecordsetPtr RecordsetQuery(const Sql& sql, Connection& connection, CursorType cursor,
                               LockType lock, int options = -1) override;
   std::string TruncVarSQL(const std::string& text) const override;
   std::string GETTBNAME(long count) const override;

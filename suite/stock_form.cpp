@@ -124,8 +124,8 @@ bool frmTrade::entering() const {
 
 void frmTrade::LoadData(ServiceObject& host, const std::string& client, const std::string& table) {
   host_ = &host;
-  client_ = host.TruncVarSQL(client);
-  table_ = table;
+  client_ = host.escaped(client);
+  table_ = sqlName(table);
 }
 
 void frmTrade::Show(int modal, std::function<void()> closed) {
@@ -149,13 +149,13 @@ void frmTrade::load() {
 
 // --- what is shown ------------------------------------------------------------------------------
 
-RecordsetPtr frmTrade::query(const std::string& sql) {
+RecordsetPtr frmTrade::query(const Sql& sql) {
   return host_->RecordsetQuery(sql, host_->DbObj(), CursorType::static_, LockType::readOnly);
 }
 
 void frmTrade::fillGroups() {
   vsfg.clearRows();
-  const auto rows = query("select allgrp from mast_allgrp where gid=" + std::to_string(stockGroup) +
+  const auto rows = query("select allgrp from mast_allgrp where gid=" + sqlNumber(stockGroup) +
                           " order by allgrp");
   for (; !rows->EOF_(); rows->MoveNext()) vsfg.addRow({rows->text(0)});
 }
@@ -230,9 +230,8 @@ void frmTrade::saveLine() {
   }
   const auto known = knownGroup();
   const auto found =
-      known
-          ? query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" + host_->TruncVarSQL(*known) + "'")
-          : nullptr;
+      known ? query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" + host_->escaped(*known) + "'")
+            : nullptr;
   if (!found || found->EOF_()) {
     ask("Group does not exist.", Buttons::OK, Icon::information);
     return;
@@ -261,12 +260,12 @@ double frmTrade::mergeWithExisting(Pair line, double amount) {
 
 void frmTrade::remove(Pair line) { change("delete from " + table_ + where(line)); }
 
-std::string frmTrade::where(Pair line) const {
+Sql frmTrade::where(Pair line) const {
   return " where code_no='" + client_ + "' and partid=" + sqlNumber(line.partId) +
          " and allid=" + sqlNumber(line.allId);
 }
 
-void frmTrade::change(const std::string& sql) {
+void frmTrade::change(const Sql& sql) {
   host_->ConQuery(sql);
   host_->ConQuery(flushTables);
 }

@@ -59,15 +59,15 @@ class frmTrade : public Form, public StockForm {
   std::optional<std::string> knownGroup() const;
   double mergeWithExisting(Pair line, double amount);
   void remove(Pair line);
-  void change(const std::string& sql);
-  RecordsetPtr query(const std::string& sql);
-  std::string where(Pair line) const;
+  void change(const Sql& sql);
+  RecordsetPtr query(const Sql& sql);
+  Sql where(Pair line) const;
   Answer ask(const std::string& text, Buttons buttons, Icon icon);
 
   Dialogs& dialogs_;
   ServiceObject* host_ = nullptr;  // from LoadData on
-  std::string client_;             // as it stands between quotes
-  std::string table_;
+  Sql client_;                     // as it stands between quotes
+  Sql table_;
   std::optional<Pair> altered_;
 };
 

@@ -17,7 +17,7 @@ void frmdelwhatinTB::send(std::span<const deletion::Statement> statements) {
   for (const deletion::Statement& statement : statements) {
     context_.host->ConQuery(deletion::filled(statement.pattern, keys_));
     touched_ = true;
-    context_.host->ConQuery(std::string(statement.flush));
+    context_.host->ConQuery(deletion::filled(statement.flush, keys_));
   }
 }
 
@@ -47,7 +47,7 @@ void frmdelwhatinTB::deleteRegistryRow() {
   for (const deletion::Statement& statement : deletion::registry()) {
     context_.host->ConQuery(deletion::filled(statement.pattern, keys_));
     registryRowDeleted_ = true;
-    context_.host->ConQuery(std::string(statement.flush));
+    context_.host->ConQuery(deletion::filled(statement.flush, keys_));
   }
 }
 

@@ -60,7 +60,7 @@ bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year
   trap("INITDATA", [&] {
     mode_ = mode;
     year_ = year;
-    keys_ = {siblingTable(year.table, ""), context_.host->TruncVarSQL(year.client),
+    keys_ = {sqlName(siblingTable(year.table, "")), context_.host->escaped(year.client),
              yearOf(year.yearText), year.count};
     touched_ = deleted_ = registryRowDeleted_ = false;
     lblheading.setCaption(headingOf(mode, year.yearText));
@@ -75,7 +75,7 @@ bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year
 
 bool frmdelwhatinTB::findChart() {
   bool found = false;
-  for (const std::string_view select : deletion::chartSelects()) {
+  for (const SqlPattern& select : deletion::chartSelects()) {
     if (!context_.query(deletion::filled(select, keys_))->EOF_()) found = true;
   }
   return found;

@@ -1,16 +1,16 @@
 #include "deletion/statements.h"
 
-#include "data/sql.h"
+#include <utility>
 
 namespace quillet::deletion {
 namespace {
 
 // The server treats the spellings alike; each statement keeps the one it was written with.
-constexpr std::string_view lower = flushTables;
-constexpr std::string_view title = "Flush Tables";
-constexpr std::string_view upper = "FLUSH TABLES";
+constexpr SqlPattern lower = flushTables;
+constexpr SqlPattern title = "Flush Tables";
+constexpr SqlPattern upper = "FLUSH TABLES";
 
-constexpr std::string_view kChartSelects[] = {
+constexpr SqlPattern kChartSelects[] = {
     "SELECT * FROM FIXED_{S} WHERE CODE_NO='{c}'",
     "SELECT * FROM NewFATRo{S} WHERE CODE_NO='{c}'",
     "SELECT * FROM NewFATRa{S} WHERE CODE_NO='{c}'",
@@ -74,36 +74,17 @@ constexpr Statement kRegistry[] = {
     {"DELETE FROM MASTER WHERE COUNT={R} AND CODE_NO='{c}'", title},
 };
 
-std::string valueOf(char mark, const Keys& keys) {
-  switch (mark) {
-    case 'S':
-      return keys.suffix;
-    case 'c':
-      return keys.client;
-    case 'Y':
-      return sqlNumber(static_cast<long>(keys.year));
-    default:
-      return sqlNumber(keys.count);
-  }
-}
-
 }  // namespace
 
-std::string filled(std::string_view pattern, const Keys& keys) {
-  // One pass over the pattern: a client code that looks like a mark stays as it is.
-  std::string sql;
-  for (std::size_t at = 0; at < pattern.size(); ++at) {
-    if (pattern[at] != '{') {
-      sql += pattern[at];
-      continue;
-    }
-    sql += valueOf(pattern[at + 1], keys);
-    at += 2;
-  }
-  return sql;
+Sql filled(const SqlPattern& pattern, const Keys& keys) {
+  const std::pair<char, Sql> values[] = {{'S', keys.suffix},
+                                         {'c', keys.client},
+                                         {'Y', sqlNumber(keys.year)},
+                                         {'R', sqlNumber(keys.count)}};
+  return quillet::filled(pattern, values);
 }
 
-std::span<const std::string_view> chartSelects() { return kChartSelects; }
+std::span<const SqlPattern> chartSelects() { return kChartSelects; }
 std::span<const Statement> trialBalance() { return kTrialBalance; }
 std::span<const Statement> schedulesBeforeChart() { return kSchedulesBeforeChart; }
 std::span<const Statement> depreciationChart() { return kDepreciationChart; }

@@ -7,27 +7,27 @@
 #pragma once
 
 #include <span>
-#include <string>
-#include <string_view>
+
+#include "data/sql.h"
 
 namespace quillet::deletion {
 
 struct Keys {
-  std::string suffix;
-  std::string client;
+  Sql suffix;
+  Sql client;
   int year = 0;
   long count = 0;
 };
 
 struct Statement {
-  std::string_view pattern;
-  std::string_view flush;  // sent right after it
+  SqlPattern pattern;
+  SqlPattern flush;  // sent right after it
 };
 
-std::string filled(std::string_view pattern, const Keys& keys);
+Sql filled(const SqlPattern& pattern, const Keys& keys);
 
 // A depreciation chart exists when one of these selects has rows.
-std::span<const std::string_view> chartSelects();
+std::span<const SqlPattern> chartSelects();
 
 std::span<const Statement> trialBalance();
 // Schedules and other data: what comes before and what comes after the depreciation chart.

@@ -89,7 +89,7 @@ void frmcrtb::MNUDELETE_CLICK() {
     leaveEntry();
     for (const Year year : {current, previous}) {
       if (const long srno = serialAt(row, year); srno != 0) {
-        context_.change("delete from " + tables_[year] + " where code_no='" + client_ +
+        context_.change("delete from " + tableOf(year) + " where code_no='" + client_ +
                         "' and srno=" + sqlNumber(srno));
       }
     }
@@ -221,7 +221,7 @@ void frmcrtb::TXTDRCR_GOTFOCUS() {
     if (alteredSerial_ != 0 && equalIgnoringCase(txtgroup.text(), alteredGroup_)) return;
     const auto row = context_.query(
         "select mast_gunder.ggid from mast_gunder,mast_allgrp where mast_allgrp.allgrp='" +
-        context_.host->TruncVarSQL(txtgroup.text()) + "' and mast_allgrp.gid = mast_gunder.gid");
+        context_.host->escaped(txtgroup.text()) + "' and mast_allgrp.gid = mast_gunder.gid");
     if (row->EOF_()) return;
     const long grandGroup = row->integer("GGID");
     if (grandGroup == 1 || grandGroup == 4) txtdrcr.setText("DR");
@@ -318,20 +318,20 @@ void frmcrtb::addToLedgerList(const std::string& name) {
 
 long frmcrtb::groupId(const std::string& name) {
   const auto row = context_.query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" +
-                                  context_.host->TruncVarSQL(name) + "'");
+                                  context_.host->escaped(name) + "'");
   if (!row->EOF_()) return row->integer("AllId");
   context_.MsgBox("Group does not exist.", Buttons::OK, Icon::information);
   return 0;
 }
 
 void frmcrtb::deleteLine(Year year, long srno) {
-  context_.change("Delete from " + tables_[year] + " where code_no='" + client_ +
+  context_.change("Delete from " + tableOf(year) + " where code_no='" + client_ +
                   "' and srno=" + sqlNumber(srno));
 }
 
 double frmcrtb::mergeWithExisting(long partId, long allId, double amount) {
   const auto rows =
-      context_.query("select * from " + tables_[entryYear_] + " where code_no='" + client_ +
+      context_.query("select * from " + tableOf(entryYear_) + " where code_no='" + client_ +
                      "' and partid = " + sqlNumber(partId) + " and allid = " + sqlNumber(allId));
   for (const Line& line : readLines(*rows)) {
     amount += line.isCredit() ? -line.amount : line.amount;
@@ -342,7 +342,7 @@ double frmcrtb::mergeWithExisting(long partId, long allId, double amount) {
 }
 
 long frmcrtb::writeLine(long partId, long allId, double amount) {
-  const std::string& table = tables_[entryYear_];
+  const Sql table = tableOf(entryYear_);
   const auto row = context_.query("select max(srno) as maxsr from " + table + " where code_no = '" +
                                   client_ + "'");
   const long srno = row->integer("maxsr") + 1;

@@ -225,10 +225,11 @@ class frmcrtb : public Form {
   void reload();
   void reloadPage();
   void loadLedgerList(const std::string& text);
-  std::string ledgerIdsOfClient();
+  IdList ledgerIdsOfClient();
   void selectSerial(Year year, long srno);
   long serialAt(int row, Year year) const;
   bool inView(Year year) const;
+  Sql tableOf(Year year) const { return sqlName(tables_[year]); }
   bool hasTable() const { return !tables_[current].empty(); }
   bool hasYear(Year year) const {
     return !tables_[year].empty() && tables_[year] != trialBalancePrefix;
@@ -255,8 +256,8 @@ class frmcrtb : public Form {
 
   // Summary figures.
   Balances readBalances(Year year);
-  double readBalance(const std::string& table, int group, const std::string& only);
-  double readClosingStock(const std::string& table);
+  double readBalance(const Sql& table, int group, const Sql& only);
+  double readClosingStock(Year year);
   void showFigures(const std::array<SummaryRow, summaryRows>& thisYear,
                    const std::array<SummaryRow, summaryRows>& yearBefore);
 
@@ -287,7 +288,7 @@ class frmcrtb : public Form {
   void popup();
 
   Context& context_;
-  std::string client_;     // code_no as it stands between quotes
+  Sql client_;             // code_no as it stands between quotes
   std::string namedCode_;  // the code that clientName_ belongs to
   std::string clientName_;
   std::string firstDate_;

@@ -33,8 +33,9 @@ void frmcrtb::CMDUPDATE_CLICK() {
 void frmcrtb::transfer(long target) {
   const int serial = vsf3.columnNamed("SrNo");
   for (int row = 1; row <= vsf3.rows(); ++row) {
-    context_.change("Update " + tables_[yearInView()] + " set allid=" + sqlNumber(target) +
-                        " where code_no='" + client_ + "' and srno=" + vsf3.cell(row, serial),
+    context_.change("Update " + tableOf(yearInView()) + " set allid=" + sqlNumber(target) +
+                        " where code_no='" + client_ +
+                        "' and srno=" + sqlNumber(std::stol(vsf3.cell(row, serial))),
                     "Flush Tables");
   }
   reload();

@@ -57,7 +57,7 @@ void frmcrtb::LOADGROUPSEXISTS() {
 
 // Lists the groups that the lines use and shows this one, or the first when it has no lines.
 void frmcrtb::chooseGroup(long id) {
-  const std::string& table = tables_[yearInView()];
+  const Sql table = tableOf(yearInView());
   const auto rows =
       context_.query("Select distinct mast_allgrp.allid, mast_allgrp.allgrp from " + table +
                      " INNER JOIN mast_allgrp on " + table + ".allid=mast_allgrp.allid and " +
@@ -103,12 +103,12 @@ void frmcrtb::LOADGRIDS() {
 
 void frmcrtb::LOADGRID1(Grid& grid, long groupId, long side) {
   trap("LOADGRID1", [&] {
-    const std::string& table = tables_[yearInView()];
+    const Sql table = tableOf(yearInView());
     const auto rows =
         context_.query("Select " + table + ".* from " + table + " LEFT JOIN mast_allgrp on " +
                        table + ".allid=mast_allgrp.allid where " + table + ".code_no='" + client_ +
-                       "' and mast_allgrp.allid=" + std::to_string(groupId) + " and " + table +
-                       ".nid=" + std::to_string(side));
+                       "' and mast_allgrp.allid=" + sqlNumber(groupId) + " and " + table +
+                       ".nid=" + sqlNumber(side));
     for (const Line& line : readLines(*rows)) {
       grid.addRow({context_.host->GetPart_MastPartId(line.partId),
                    context_.host->formatgen(line.amount, "###0.00"),

@@ -44,7 +44,7 @@ std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string,
 void frmcrtb::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
-    client_ = context_.host->TruncVarSQL(context_.clientCode);
+    client_ = context_.host->escaped(context_.clientCode);
     if (namedCode_ != context_.clientCode || clientName_.empty()) {
       namedCode_ = context_.clientCode;
       clientName_ = clientName(context_, context_.clientCode);
@@ -88,9 +88,10 @@ void frmcrtb::readSettings() {
 }
 
 void frmcrtb::findPreviousYear() {
-  const auto row = context_.query("select * from master where code_no= '" + client_ +
-                                  "' and f_yr='" + firstDateKey(yearOf(firstDate_) - 1) +
-                                  "' and s_yr='" + secondDateKey(yearOf(secondDate_) - 1) + "'");
+  const auto row =
+      context_.query("select * from master where code_no= '" + client_ +
+                     "' and f_yr=" + context_.host->quoted(firstDateKey(yearOf(firstDate_) - 1)) +
+                     " and s_yr=" + context_.host->quoted(secondDateKey(yearOf(secondDate_) - 1)));
   tables_[previous] = std::string(trialBalancePrefix);
   if (!row->EOF_()) {
     tables_[previous] = trialBalanceTable(context_.host->GETTBNAME(row->integer("Count")));
@@ -115,12 +116,12 @@ void frmcrtb::FORM_UNLOAD() {
 void frmcrtb::LOADPARTICULARS() {
   trap("LOADPARTICULARS", [&] {
     context_.host->objProgress().Text1("Loading Ledger List....");
-    std::string sql = "Select Distinct Particular From Mast_Part";
+    Sql sql = "Select Distinct Particular From Mast_Part";
     bool any = true;
     if (mnuclonly.checked()) {
-      const std::string ids = ledgerIdsOfClient();
+      const IdList ids = ledgerIdsOfClient();
       any = !ids.empty();
-      sql += " Where PartId In (" + ids + ")";
+      sql += " Where PartId In (" + ids.sql() + ")";
     }
     std::vector<std::pair<std::string, long>> names;
     if (any) {
@@ -132,21 +133,19 @@ void frmcrtb::LOADPARTICULARS() {
   });
 }
 
-std::string frmcrtb::ledgerIdsOfClient() {
+IdList frmcrtb::ledgerIdsOfClient() {
   std::unordered_set<long> known;
-  std::string ids;
+  IdList ids;
   const auto tables =
       context_.query("Select distinct tbl_nm from master Where Code_No='" + client_ + "'");
   for (; !tables->EOF_(); tables->MoveNext()) {
     const std::string table = tables->text(0);
     if (table.empty()) continue;
-    const auto rows =
-        context_.query("Select Distinct PartId From " + table + " Where Code_No='" + client_ + "'");
+    const auto rows = context_.query("Select Distinct PartId From " + sqlName(table) +
+                                     " Where Code_No='" + client_ + "'");
     known.reserve(known.size() + static_cast<std::size_t>(rows->RecordCount()));
     for (; !rows->EOF_(); rows->MoveNext()) {
-      if (!known.insert(rows->integer(0)).second) continue;
-      if (!ids.empty()) ids += ',';
-      ids += rows->field(0).value_or("0");
+      if (known.insert(rows->integer(0)).second) ids.add(rows->integer(0));
     }
   }
   return ids;
@@ -198,7 +197,7 @@ void frmcrtb::readYears(std::vector<Line> (&lines)[2]) {
 
 std::vector<Line> frmcrtb::selectLines(Year year) {
   const auto rows =
-      context_.query("Select * From " + tables_[year] + " where code_no='" + client_ + "'");
+      context_.query("Select * From " + tableOf(year) + " where code_no='" + client_ + "'");
   return readLines(*rows);
 }
 
@@ -207,7 +206,7 @@ bool frmcrtb::importPreviousYear() {
       context_.MsgBox("Do you want to Import \"Trail Balance\" from Previous F.Y. ?",
                       Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return false;
-  context_.change("Insert into " + tables_[current] + " select * from " + tables_[previous] +
+  context_.change("Insert into " + tableOf(current) + " select * from " + tableOf(previous) +
                       " where code_no='" + client_ + "'",
                   "Flush Tables");
   return true;

@@ -59,9 +59,9 @@ void frmcrtb::LOADFIGS() {
 
 Balances frmcrtb::readBalances(Year year) {
   Balances balances;
-  const std::string& table = tables_[year];
+  const Sql table = tableOf(year);
   const bool exists = hasYear(year);
-  const auto balance = [&](int group, const char* only) {
+  const auto balance = [&](int group, const Sql& only) {
     return exists ? readBalance(table, group, only) : 0.0;
   };
   for (int group = 1; group <= summaryGroups; ++group) {
@@ -70,17 +70,17 @@ Balances frmcrtb::readBalances(Year year) {
   balances.appropriations = balance(splitGroup, " and mast_allgrp.allgrp<>'DEPRECIATION'");
   balances.depreciation = balance(splitGroup, " and mast_allgrp.allgrp='DEPRECIATION'");
   txtclst[year].setText(
-      context_.host->formatgen(exists ? readClosingStock(table) : 0.0, stockFormat));
+      context_.host->formatgen(exists ? readClosingStock(year) : 0.0, stockFormat));
   // What a person reads is what is reckoned with.
   balances.closingStock = typedAmount(*context_.host, txtclst[year].text()).value_or(0);
   return balances;
 }
 
-double frmcrtb::readBalance(const std::string& table, int group, const std::string& only) {
+double frmcrtb::readBalance(const Sql& table, int group, const Sql& only) {
   const auto rows = context_.query("Select sum(amt),nid from " + table +
-                                   ",mast_allgrp Where mast_allgrp.gid=" + std::to_string(group) +
-                                   only + " and " + table + ".allid=mast_allgrp.allid and " +
-                                   table + ".Code_No='" + client_ + "' group by nid");
+                                   ",mast_allgrp Where mast_allgrp.gid=" + sqlNumber(group) + only +
+                                   " and " + table + ".allid=mast_allgrp.allid and " + table +
+                                   ".Code_No='" + client_ + "' group by nid");
   double balance = 0;
   for (; !rows->EOF_(); rows->MoveNext()) {
     if (rows->integer(1) == debit) balance += rows->number(0);
@@ -89,9 +89,10 @@ double frmcrtb::readBalance(const std::string& table, int group, const std::stri
   return balance;
 }
 
-double frmcrtb::readClosingStock(const std::string& table) {
-  const auto row = context_.query("Select sum(amt) from " + siblingTable(table, "TRADE_") +
-                                  " Where Code_No='" + client_ + "'");
+double frmcrtb::readClosingStock(Year year) {
+  const auto row =
+      context_.query("Select sum(amt) from " + sqlName(siblingTable(tables_[year], "TRADE_")) +
+                     " Where Code_No='" + client_ + "'");
   return row->EOF_() ? 0 : row->number(0);
 }
 

@@ -69,7 +69,8 @@ void third::beginYear() {
   newYear_.secondKey = secondDateKey(yearOf(newYear_.secondDate));
   const auto existing =
       context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
-                     newYear_.secondKey + "' and f_yr='" + newYear_.firstKey + "'");
+                     context_.host->escaped(newYear_.secondKey) + "' and f_yr='" +
+                     context_.host->escaped(newYear_.firstKey) + "'");
   if (!existing->EOF_()) {
     if (mayOverwrite()) overwrite(*existing);
   } else if (mode_ == "merge") {
@@ -151,19 +152,22 @@ std::optional<std::string> third::GETTABLE1(const std::string& firstKey,
 
 void third::registerYear() {
   const auto& year = newYear_;
-  const std::string first = context_.host->date_prob_handle(year.firstDate);
-  const std::string second = context_.host->date_prob_handle(year.secondDate);
+  ServiceObject& host = *context_.host;
+  const std::string first = host.date_prob_handle(year.firstDate);
+  const std::string second = host.date_prob_handle(year.secondDate);
   if (!year.registered) {
-    context_.host->ConQuery(
+    host.ConQuery(
         "insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
-        client() + "','" + first + "','" + second + "','" + year.table + "'," +
-        sqlNumber(year.count) + ",'" + year.firstKey + "','" + year.secondKey + "')");
+        client() + "'," + host.quoted(first) + "," + host.quoted(second) + "," +
+        host.quoted(year.table) + "," + sqlNumber(year.count) + "," + host.quoted(year.firstKey) +
+        "," + host.quoted(year.secondKey) + ")");
     newYear_.registered = true;
-    context_.host->ConQuery(flushTables);
+    host.ConQuery(flushTables);
   } else if (first != year.keptDates[0] || second != year.keptDates[1]) {
     // The row stays, with the annexure that still hangs on it; only its dates are new.
-    context_.change("update master set f_year_dt='" + first + "',s_year_dt='" + second +
-                    "' where count=" + sqlNumber(year.count) + " and code_no='" + client() + "'");
+    context_.change("update master set f_year_dt=" + host.quoted(first) +
+                    ",s_year_dt=" + host.quoted(second) + " where count=" + sqlNumber(year.count) +
+                    " and code_no='" + client() + "'");
   }
 }
 
@@ -210,13 +214,13 @@ bool third::DATA_TRANSFER(const std::string& previousTable) {
   trap("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
-    const std::string& table = newYear_.table;
+    const Sql table = sqlName(newYear_.table);
     long srno = context_
                     .query("Select max(srno) as maxsrno from " + table + " Where Code_No='" +
                            client() + "'")
                     ->integer("maxsrno");
-    const auto rows = context_.query("SELECT * FROM " + previousTable + " WHERE CODE_NO='" +
-                                     client() + "' ORDER BY SrNo");
+    const auto rows = context_.query("SELECT * FROM " + sqlName(previousTable) +
+                                     " WHERE CODE_NO='" + client() + "' ORDER BY SrNo");
     const Busy busy(context_, "Loading previous year....");
     Progress& progress = context_.host->objProgress();
     progress.Max(rows->RecordCount());
@@ -228,7 +232,7 @@ bool third::DATA_TRANSFER(const std::string& previousTable) {
     for (; !rows->EOF_(); rows->MoveNext()) {
       context_.host->ConQuery(
           "insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
-          sqlNumber(++srno) + ",'" + context_.host->TruncVarSQL(rows->text(code)) + "'," +
+          sqlNumber(++srno) + ",'" + context_.host->escaped(rows->text(code)) + "'," +
           sqlNumber(rows->integer(partId)) + "," + sqlNumber(rows->integer(allId)) + "," +
           sqlNumber(figures ? rows->number(amount) : 0.0) + "," + sqlNumber(rows->integer(nid)) +
           ")");

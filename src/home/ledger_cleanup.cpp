@@ -19,8 +19,7 @@ long cleanLedgerMaster(Context& context) {
     if (rows->integer("cntr") <= 1) continue;
     if (before < 0) before = namesInMaster(context);
     context.change("Delete from MAST_PART where PARTID=" + sqlNumber(rows->integer("PARTID")) +
-                   " and PARTICULAR<>'" + context.host->TruncVarSQL(rows->text("PARTICULAR")) +
-                   "'");
+                   " and PARTICULAR<>'" + context.host->escaped(rows->text("PARTICULAR")) + "'");
   }
   return before < 0 ? 0 : before - namesInMaster(context);
 }

@@ -16,9 +16,10 @@ enum SourceColumn { tickColumn, codeColumn, nameColumn, tableColumn };
 }  // namespace
 
 void third::listSources() {
-  const auto years =
-      context_.query("select *  from master where f_yr ='" + newYear_.firstKey + "' and s_yr ='" +
-                     newYear_.secondKey + "' And code_no <> '" + client() + "' order by code_no");
+  const auto years = context_.query("select *  from master where f_yr ='" +
+                                    context_.host->escaped(newYear_.firstKey) + "' and s_yr ='" +
+                                    context_.host->escaped(newYear_.secondKey) +
+                                    "' And code_no <> '" + client() + "' order by code_no");
   if (years->EOF_()) {
     context_.MsgBox("No year of specified date is available.", Buttons::OK, Icon::information);
     return;
@@ -90,22 +91,23 @@ void third::mergeSources() {
   const Busy busy(context_, "Merging Trial Balances....");
   std::vector<Line> lines;
   for (const int row : sources) {
-    const auto rows =
-        context_.query("select * from " + flexgrid2.cell(row, tableColumn) + " where code_no='" +
-                       context_.host->TruncVarSQL(flexgrid2.cell(row, codeColumn)) + "'");
+    const auto rows = context_.query("select * from " + sqlName(flexgrid2.cell(row, tableColumn)) +
+                                     " where code_no='" +
+                                     context_.host->escaped(flexgrid2.cell(row, codeColumn)) + "'");
     const std::vector<Line> own = readLines(*rows);
     lines.insert(lines.end(), own.begin(), own.end());
   }
   lines = mergedLines(lines);
+  const Sql table = sqlName(newYear_.table);
   // A merge that was interrupted is done anew, not added to.
-  context_.change("delete from " + newYear_.table + " where code_no='" + client() + "'");
+  context_.change("delete from " + table + " where code_no='" + client() + "'");
   Progress& progress = context_.host->objProgress();
   progress.Max(static_cast<long>(lines.size()));
   for (const Line& line : lines) {
-    context_.change("insert into " + newYear_.table +
-                    "(srno,code_no,partid,allid,amt,nid) values(" + sqlNumber(line.srno) + ",'" +
-                    client() + "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
-                    sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")");
+    context_.change("insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
+                    sqlNumber(line.srno) + ",'" + client() + "'," + sqlNumber(line.partId) + "," +
+                    sqlNumber(line.allId) + "," + sqlNumber(line.amount) + "," +
+                    sqlNumber(line.nid) + ")");
     progress.update_pg();
   }
   finishYear();

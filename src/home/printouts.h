@@ -9,9 +9,9 @@
 namespace quillet {
 
 struct PrintedYear {
-  std::string client;  // code_no as it stands between quotes
+  Sql client;  // code_no as it stands between quotes
   std::string clientName;
-  std::string table;
+  Sql table;
   std::string firstDate;  // as people read it
   std::string secondDate;
 };

@@ -223,8 +223,8 @@ void third::FLEXGRID2_KEYPRESS(Key& key) {
 
 RecordsetPtr third::selectYear(int row) {
   return context_.query("select * from master where code_no='" + client() + "' and f_yr='" +
-                        dateKey(flexgrid2.cell(row, 0)) + "' and s_yr='" +
-                        dateKey(flexgrid2.cell(row, 1)) + "'");
+                        context_.host->escaped(dateKey(flexgrid2.cell(row, 0))) + "' and s_yr='" +
+                        context_.host->escaped(dateKey(flexgrid2.cell(row, 1))) + "'");
 }
 
 void third::openEditor() {
@@ -251,7 +251,7 @@ void third::printChosenYear() {
   const auto year = selectYear(row);
   if (year->EOF_()) return;
   printYear(context_, mode_,
-            {client(), clientName_, year->text("tbl_nm"), flexgrid2.cell(row, 0),
+            {client(), clientName_, sqlName(year->text("tbl_nm")), flexgrid2.cell(row, 0),
              flexgrid2.cell(row, 1)});
 }
 

@@ -125,7 +125,7 @@ class third : public Form {
   void afterDeletion(const std::string& table);
   void closeEditorOf(const std::string& table);
   // The client code as it stands between quotes.
-  std::string client() const { return context_.host->TruncVarSQL(context_.clientCode); }
+  Sql client() const { return context_.host->escaped(context_.clientCode); }
   void status(const std::string& text) { lblstatus.setCaption(text); }
 
   // Creating.

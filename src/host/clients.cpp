@@ -6,7 +6,7 @@
 namespace quillet {
 namespace {
 
-std::string personName(Context& context, const std::string& code) {
+std::string personName(Context& context, const Sql& code) {
   const auto owner = context.query("select f_nm,m_nm,l_nm from owner1 where code='" + code + "'");
   std::string name;
   if (owner->EOF_()) return name;
@@ -20,7 +20,7 @@ std::string personName(Context& context, const std::string& code) {
 }  // namespace
 
 std::string clientName(Context& context, const std::string& code) {
-  const std::string key = context.host->TruncVarSQL(code);
+  const Sql key = context.host->escaped(code);
   const auto company = context.query("select nm from main_info1 where code_no='" + key + "'");
   const std::string name = company->EOF_() ? std::string() : company->text("nm");
   return name.empty() ? personName(context, key) : name;

@@ -4,7 +4,6 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "controls/desk.h"
 #include "controls/form.h"
@@ -54,9 +53,9 @@ struct Context {
   Answer MsgBox(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::none,
                 Answer defaultAnswer = Answer::Yes, const std::string& title = {});
   // A statement that changes data, and the flush that follows it.
-  void change(const std::string& sql, std::string_view flush = flushTables);
+  void change(const Sql& sql, const Sql& flush = flushTables);
   // A select on the open connection.
-  RecordsetPtr query(const std::string& sql);
+  RecordsetPtr query(const Sql& sql);
 };
 
 }  // namespace quillet

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/recordset.h"
+#include "data/sql.h"
 
 namespace quillet {
 
@@ -110,11 +111,14 @@ class ServiceObject {
 
   // Database. A failing statement throws RunTimeError with the server's error number.
   virtual Connection& DbObj() = 0;
-  virtual void ConQuery(const std::string& sql) = 0;
-  virtual RecordsetPtr RecordsetQuery(const std::string& sql, Connection& connection,
-                                      CursorType cursor, LockType lock, int options = -1) = 0;
+  virtual void ConQuery(const Sql& sql) = 0;
+  virtual RecordsetPtr RecordsetQuery(const Sql& sql, Connection& connection, CursorType cursor,
+                                      LockType lock, int options = -1) = 0;
   // Text made safe inside a quoted SQL literal; never shortened.
   virtual std::string TruncVarSQL(const std::string& text) const = 0;
+  // The same as SQL text: the one way for a text into a statement.
+  Sql escaped(const std::string& text) const { return Sql(TruncVarSQL(text)); }
+  Sql quoted(const std::string& text) const { return "'" + escaped(text) + "'"; }
   // The table suffix that belongs to a table number.
   virtual std::string GETTBNAME(long count) const = 0;
   // How many table numbers there are.

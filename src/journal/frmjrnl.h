@@ -223,7 +223,7 @@ class frmjrnl : public Form {
   void post(long vid, double sign);
   std::vector<VoucherLine> readVoucher(long vid);
   bool changeBalance(LedgerGroup pair, double amount);
-  double storedBalance(const std::string& ofPair);
+  double storedBalance(const Sql& ofPair);
   void insertBalance(LedgerGroup pair, double balance);
 
   // Printing.
@@ -243,9 +243,9 @@ class frmjrnl : public Form {
 
   Context& context_;
   Books books_;
-  std::string client_;   // code_no as it stands between quotes
-  std::string table_;    // trial balance
-  std::string journal_;  // its journal
+  Sql client_;   // code_no as it stands between quotes
+  Sql table_;    // trial balance
+  Sql journal_;  // its journal
   int firstYear_ = 0;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;

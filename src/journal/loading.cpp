@@ -14,7 +14,7 @@
 namespace quillet {
 namespace {
 
-constexpr const char* columnsOfPairs =
+constexpr char columnsOfPairs[] =
     "(PartId Int(11), AllId Int(11), Part Varchar(100), AllGrp Varchar(100), Amt Double)";
 
 }  // namespace
@@ -26,9 +26,9 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
 void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books& books) {
   trap("INITDATA", [&] {
     books_ = books;
-    client_ = context_.host->TruncVarSQL(books.clientCode);
-    table_ = table;
-    journal_ = siblingTable(table, "JRNL_");
+    client_ = context_.host->escaped(books.clientCode);
+    table_ = sqlName(table);
+    journal_ = sqlName(siblingTable(table, "JRNL_"));
     firstYear_ = yearOf(books.firstDate) - (previousYear ? 1 : 0);
     setPeriod(yearFrom(), yearTo());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
@@ -46,8 +46,8 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
 }
 
 void frmjrnl::readBalances(ScratchTables& scratch) {
-  const std::string into = "Insert into Ledger_Temp1 Select ";
-  const auto pairs = [&](const std::string& from, const char* amount) {
+  const Sql into = "Insert into Ledger_Temp1 Select ";
+  const auto pairs = [&](const Sql& from, const Sql& amount) {
     return into + from + ".partid," + from + ".allid,Particular,AllGrp," + amount +
            ScratchTables::named(from) + ".code_no='" + client_ + "'";
   };
@@ -127,7 +127,7 @@ void frmjrnl::LOADGRID() {
     const long selected = voucherAt(vsf.current());
     vsf.clearRows();
     const auto iso = [&](const std::string& date) {
-      return context_.host->formatgen(date, "YYYY-MM-DD");
+      return context_.host->escaped(context_.host->formatgen(date, "YYYY-MM-DD"));
     };
     const auto rows =
         context_.query("Select *  from " + journal_ + " LEFT JOIN mast_allgrp on " + journal_ +

@@ -128,7 +128,7 @@ long frmjrnl::CHECKLEDGER(const std::string& name) {
   long id = 0;
   trap("CHECKLEDGER", [&] {
     const auto found = context_.query("Select * From Mast_Part Where Particular='" +
-                                      context_.host->TruncVarSQL(upperCase(trimmed(name))) + "'");
+                                      context_.host->escaped(upperCase(trimmed(name))) + "'");
     if (!found->EOF_()) {
       id = found->integer("PartId");
       addLedger(found->text("Particular"), id);

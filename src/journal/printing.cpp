@@ -9,7 +9,7 @@
 namespace quillet {
 namespace {
 
-constexpr const char* columnsOfSums =
+constexpr char columnsOfSums[] =
     "(Part Varchar(100), AllGrp Varchar(100), Amt Double, AmtDr Double, AmtCr Double)";
 constexpr const char* absent = "-";
 
@@ -53,8 +53,7 @@ void write(Reporter& reporter, std::vector<std::string> cells, std::size_t texts
 }
 
 // Selects the names with the given sums of a per-year table's rows.
-std::string collect(const std::string& sums, const std::string& table, const std::string& client,
-                    const std::string& condition) {
+Sql collect(const Sql& sums, const Sql& table, const Sql& client, const Sql& condition) {
   return "Insert into Ledger_Temp1 Select Particular,AllGrp," + sums + ScratchTables::named(table) +
          ".code_no='" + client + "' and " + table + condition + " group by " + table + ".partid," +
          table + ".allid";

@@ -182,12 +182,13 @@ void frmjrnl::SAVEVCH() {
 
 void frmjrnl::insertLine(long vid, int line) {
   const LedgerGroup pair = ids_[static_cast<std::size_t>(line)].pair;
-  context_.host->ConQuery("Insert Into " + journal_ + " Values ('" + client_ + "'," +
-                          sqlNumber(vid) + "," + std::to_string(line + 1) + ",'" +
-                          context_.host->formatgen(txtdt.text(), "YYYY-MM-DD") + "'," +
-                          sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
-                          sqlNumber(rounded(signedAmount(line))) + ",'" +
-                          context_.host->TruncVarSQL(txtnarr.text()) + "')");
+  context_.host->ConQuery(
+      "Insert Into " + journal_ + " Values ('" + client_ + "'," + sqlNumber(vid) + "," +
+      sqlNumber(line + 1) + ",'" +
+      context_.host->escaped(context_.host->formatgen(txtdt.text(), "YYYY-MM-DD")) + "'," +
+      sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
+      sqlNumber(rounded(signedAmount(line))) + ",'" + context_.host->escaped(txtnarr.text()) +
+      "')");
   // From its first line on there is such a voucher, for the next attempt to replace.
   vid_ = vid;
   standing_.try_emplace(vid);
@@ -254,9 +255,8 @@ std::vector<frmjrnl::VoucherLine> frmjrnl::readVoucher(long vid) {
 // Returns whether a row was written, whose flush is left to the caller: the line counts as posted
 // from the moment its row stands.
 bool frmjrnl::changeBalance(LedgerGroup pair, double amount) {
-  const std::string ofPair = " where code_no='" + client_ +
-                             "' and PartId=" + sqlNumber(pair.partId) +
-                             " and allid=" + sqlNumber(pair.allId);
+  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(pair.partId) +
+                     " and allid=" + sqlNumber(pair.allId);
   const double before = storedBalance(ofPair) + owed_.of(pair);
   context_.host->ConQuery("Delete from " + table_ + ofPair);
   owed_.set(pair, before);
@@ -270,7 +270,7 @@ bool frmjrnl::changeBalance(LedgerGroup pair, double amount) {
   return balance != 0;
 }
 
-double frmjrnl::storedBalance(const std::string& ofPair) {
+double frmjrnl::storedBalance(const Sql& ofPair) {
   const auto rows = context_.query("Select * from " + table_ + ofPair);
   double balance = 0;
   for (; !rows->EOF_(); rows->MoveNext()) {

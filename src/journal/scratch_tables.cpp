@@ -5,7 +5,7 @@
 namespace quillet {
 
 ScratchTables::~ScratchTables() {
-  for (const std::string& table : std::vector(standing_)) {
+  for (const Sql& table : std::vector(standing_)) {
     try {
       drop(table);
     } catch (const std::exception&) {
@@ -14,27 +14,27 @@ ScratchTables::~ScratchTables() {
   }
 }
 
-std::string ScratchTables::named(const std::string& table) {
+Sql ScratchTables::named(const Sql& table) {
   return " from " + table + " LEFT JOIN mast_part ON " + table +
          ".partid=mast_part.partid LEFT JOIN mast_allgrp on " + table +
          ".allid=mast_allgrp.allid where " + table;
 }
 
-void ScratchTables::create(const std::string& columns) {
+void ScratchTables::create(const Sql& columns) {
   standing_ = {collected, summed};
-  for (const std::string& table : std::vector(standing_)) {
+  for (const Sql& table : std::vector(standing_)) {
     execute("Drop Table If Exists " + table);
     execute("Create Table If Not Exists " + table + " " + columns);
     execute("Delete from " + table);
   }
 }
 
-void ScratchTables::drop(const std::string& table) {
+void ScratchTables::drop(const Sql& table) {
   execute("Drop Table If Exists " + table);
-  std::erase(standing_, table);
+  std::erase_if(standing_, [&](const Sql& each) { return each.text() == table.text(); });
 }
 
-void ScratchTables::execute(const std::string& sql) {
+void ScratchTables::execute(const Sql& sql) {
   host_.ConQuery(sql);
   host_.ConQuery("Flush Tables");
 }

@@ -2,7 +2,6 @@
 // and summed up into the second. What a failure left of them goes with this object.
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "host/ports.h"
@@ -16,21 +15,21 @@ class ScratchTables {
   ScratchTables(const ScratchTables&) = delete;
   ScratchTables& operator=(const ScratchTables&) = delete;
 
-  static constexpr const char* collected = "Ledger_Temp1";
-  static constexpr const char* summed = "Ledger_Temp";
+  static constexpr char collected[] = "Ledger_Temp1";
+  static constexpr char summed[] = "Ledger_Temp";
 
   // " from {table} ... where {table}" with the names of the ledger and the group of its rows.
-  static std::string named(const std::string& table);
+  static Sql named(const Sql& table);
 
   // Makes both, empty, with these columns: "(Part Varchar(100), Amt Double)".
-  void create(const std::string& columns);
-  void drop(const std::string& table);
+  void create(const Sql& columns);
+  void drop(const Sql& table);
   // Sends a statement and the flush that follows it.
-  void execute(const std::string& sql);
+  void execute(const Sql& sql);
 
  private:
   ServiceObject& host_;
-  std::vector<std::string> standing_;
+  std::vector<Sql> standing_;
 };
 
 }  // namespace quillet

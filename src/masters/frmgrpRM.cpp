@@ -55,8 +55,8 @@ Node frmgrpRM::layout() {
 void frmgrpRM::INITDATA(const BoundYear& year) {
   trap("INITDATA", [&] {
     year_ = year;
-    client_ = context_.host->TruncVarSQL(year.client);
-    table_ = siblingTable(year.table, "RMGRP_");
+    client_ = context_.host->escaped(year.client);
+    table_ = sqlName(siblingTable(year.table, "RMGRP_"));
     setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +
                shownDate(year.firstDate) + " to " + shownDate(year.secondDate));
   });
@@ -113,7 +113,7 @@ void frmgrpRM::LOADLIST() {
 }
 
 void frmgrpRM::loadHeads() {
-  const std::string sql = "Select * from RawMatGrpM Order by GrpId";
+  const Sql sql = "Select * from RawMatGrpM Order by GrpId";
   auto rows = context_.query(sql);
   if (rows->EOF_()) {
     seedHeads();
@@ -126,30 +126,31 @@ void frmgrpRM::loadHeads() {
 }
 
 void frmgrpRM::seedHeads() {
-  for (const char* head : {"1,'RAW MATERIAL',1", "2,'FINISHED GOODS',2", "3,'WORK-IN-PROGRESS',3",
-                           "4,'STORES AND SPARES',4", "5,'OTHER CONSUMABLES',4"}) {
-    context_.host->ConQuery("Insert into RawMatGrpM Values (" + std::string(head) + ")");
+  const Sql heads[] = {"1,'RAW MATERIAL',1", "2,'FINISHED GOODS',2", "3,'WORK-IN-PROGRESS',3",
+                       "4,'STORES AND SPARES',4", "5,'OTHER CONSUMABLES',4"};
+  for (const Sql& head : heads) {
+    context_.host->ConQuery("Insert into RawMatGrpM Values (" + head + ")");
   }
   flush();
 }
 
-void frmgrpRM::addIds(IdList& list, const std::string& sql) {
+void frmgrpRM::addIds(IdList& list, const Sql& sql) {
   for (const auto rows = context_.query(sql); !rows->EOF_(); rows->MoveNext()) {
-    if (const auto id = rows->field(0)) list.add(*id);
+    if (rows->field(0)) list.add(rows->integer(0));
   }
 }
 
 // The groups of each column that the year's figures use.
 std::array<IdList, frmgrpRM::columns> frmgrpRM::groupsInUse() {
   std::array<IdList, columns> lists;
-  const std::string& table = year_.table;
+  const Sql table = sqlName(year_.table);
   for (const int i : {0, 1}) {
     addIds(lists[static_cast<std::size_t>(i)],
            "Select Distinct " + table + ".allid from " + table + ",mast_allgrp Where " + table +
-               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + std::to_string(primaryGroups[i]) +
+               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + sqlNumber(primaryGroups[i]) +
                " and " + table + ".Code_No='" + client_ + "'");
   }
-  const std::string stock = siblingTable(table, "TRADE_");
+  const Sql stock = sqlName(siblingTable(year_.table, "TRADE_"));
   addIds(lists[2], "Select Distinct " + stock + ".allid from " + stock + ofClient());
   return lists;
 }
@@ -175,18 +176,18 @@ void frmgrpRM::loadGroups() {
     box.clearItems();
     box.addItem(none, 0);
     IdList& ids = lists[column];
-    for (const long id : bound[column]) ids.add(sqlNumber(id));
+    for (const long id : bound[column]) ids.add(id);
     if (ids.empty()) continue;
     const auto rows =
-        context_.query("Select * from Mast_AllGrp Where GID=" + std::to_string(primaryGroups[i]) +
-                       " and AllId in (" + ids.text() + ") Order by AllGrp");
+        context_.query("Select * from Mast_AllGrp Where GID=" + sqlNumber(primaryGroups[i]) +
+                       " and AllId in (" + ids.sql() + ") Order by AllGrp");
     for (; !rows->EOF_(); rows->MoveNext()) {
       box.addItem(rows->text("ALLGRP"), rows->integer("AllId"));
     }
     // What was bound and has moved under another primary group, or was merged away, stays bound
     // until a person chooses otherwise.
     for (const long id : bound[column]) {
-      if (box.findData(id) == 0) box.addItem(sqlNumber(id), id);
+      if (box.findData(id) == 0) box.addItem(std::to_string(id), id);
     }
   }
 }

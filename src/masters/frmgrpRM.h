@@ -128,7 +128,7 @@ class frmgrpRM : public MasterForm {
   void loadGroups();
   std::array<IdList, columns> groupsInUse();
   std::array<std::vector<long>, columns> boundGroups();
-  void addIds(IdList& list, const std::string& sql);
+  void addIds(IdList& list, const Sql& sql);
 
   // Binding.
   void setStateM(State state);
@@ -138,7 +138,7 @@ class frmgrpRM : public MasterForm {
   long insertItem();
   void updateItem(long srNo);
   void moveRow(int step);
-  std::string ofClient() const { return " Where Code_No='" + client_ + "'"; }
+  Sql ofClient() const { return " Where Code_No='" + client_ + "'"; }
   std::string previousTable();
   void copySetup();
 
@@ -147,8 +147,8 @@ class frmgrpRM : public MasterForm {
   bool headHolds(const std::string& head);
 
   BoundYear year_;
-  std::string client_;  // code_no as it stands between quotes
-  std::string table_;   // the year's RMGRP_ table
+  Sql client_;  // code_no as it stands between quotes
+  Sql table_;   // the year's RMGRP_ table
   State state_ = State::browsing;
 };
 

@@ -95,12 +95,12 @@ std::vector<std::string> frmgrpmas::cellsOf(const Recordset& group) const {
   const int under = Combo1.findData(group.integer("GId"));
   return {group.text("AllId"), group.text("ALLGRP"),
           under > 0 ? Combo1.items()[static_cast<std::size_t>(under - 1)] : group.text("GId"),
-          group.text("UserGrp"), sqlNumber(group.integer("GId"))};
+          group.text("UserGrp"), std::to_string(group.integer("GId"))};
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
   trap("LOADGRID", [&] {
-    std::string sql = "Select * From Mast_AllGrp";
+    Sql sql = "Select * From Mast_AllGrp";
     if (groupId > 0) sql += " Where AllId=" + sqlNumber(groupId);
     const auto rows = context_.query(sql);
     if (groupId == 0) {

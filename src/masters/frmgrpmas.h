@@ -87,7 +87,7 @@ class frmgrpmas : public MasterForm {
   void showPage(Frame& page);
   // The ids of the ticked groups; nothing when the group to merge with is among them.
   std::optional<IdList> tickedGroups(const std::string& target) const;
-  void mergeInto(const std::string& target, const IdList& ids);
+  void mergeInto(long target, const IdList& ids);
 
   bool adding_ = false;
   bool editing_ = false;

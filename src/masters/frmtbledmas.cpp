@@ -94,7 +94,7 @@ void frmtbledmas::FORM_UNLOAD() {
 
 void frmtbledmas::LOADGRID(long partId) {
   trap("LOADGRID", [&] {
-    std::string sql = "Select * From Mast_Part";
+    Sql sql = "Select * From Mast_Part";
     if (partId > 0) sql += " Where PartId=" + sqlNumber(partId);
     const auto rows = context_.query(sql);
     const int id = rows->column("PartId");
@@ -104,7 +104,7 @@ void frmtbledmas::LOADGRID(long partId) {
         row = putRow(vsf, {rows->text(id), rows->text(name)}, row + 1);
         if (vsf.cell(row, inUseColumn).empty()) vsf.setCell(row, inUseColumn, "N");
       }
-      makeShownCurrent(sqlNumber(partId));
+      makeShownCurrent(std::to_string(partId));
       return;
     }
     vsf.clearRows();

@@ -67,7 +67,7 @@ class frmtbledmas : public MasterForm {
   void FILLINUSE(long partId);
   // Lists the clients and years that use the particulars, on their page when `show` says so. False
   // when the search did not reach its end.
-  bool VIEWLISTOFUSE(const std::string& ids, bool show);
+  bool VIEWLISTOFUSE(const Sql& ids, bool show);
   void CMDVIEW_CLICK();
   void CMDBACKC_CLICK();
 
@@ -97,6 +97,7 @@ class frmtbledmas : public MasterForm {
   void showPage(Frame& page);
   bool particularSelected() { return rowSelected(vsf, "Please Select a Particulars."); }
   std::string selectedId() const { return vsf.cell(vsf.current(), idColumn); }
+  long selected() const { return std::stol(selectedId()); }
   const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
   std::string listHeading() const;
   void mark(std::string_view partId, bool used);
@@ -115,12 +116,12 @@ class frmtbledmas : public MasterForm {
   // The shown row that a person goes on with when the selected particular is gone; 0 for none.
   int neighbourOfSelected() const;
   // True when the particulars may be deleted; else a person was told why not.
-  bool mayDelete(const std::string& ids, const std::string& refusal);
+  bool mayDelete(const Sql& ids, const std::string& refusal);
 
   // Linking.
   void setLinkView(bool on);
   void leaveLinkView();
-  void replaceInAllYears(const std::string& condition, std::string_view newId);
+  void replaceInAllYears(const Sql& condition, long newId);
   std::string linkQuestion() const;
 
   bool adding_ = false;

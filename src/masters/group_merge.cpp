@@ -7,15 +7,15 @@ namespace quillet {
 namespace {
 
 // The progress bar and one statement for each table that there is.
-void replaceGroups(Context& context, const std::string& target, const IdList& ids) {
+void replaceGroups(Context& context, long target, const IdList& ids) {
   const Busy busy(context, "Merging Groups....");
   const long tables = context.host->GetTbCount();
   context.host->objProgress().Max(tables);
   for (long i = 1; i <= tables; ++i) {
     const std::string suffix = context.host->GETTBNAME(i);
     if (!suffix.empty()) {
-      context.host->ConQuery("Update tab_" + suffix + " set ALLID=" + target + " where ALLID in (" +
-                             ids.text() + ")");
+      context.host->ConQuery("Update " + sqlName("tab_" + suffix) + " set ALLID=" +
+                             sqlNumber(target) + " where ALLID in (" + ids.sql() + ")");
     }
     context.host->objProgress().update_pg();
   }
@@ -63,7 +63,7 @@ std::optional<IdList> frmgrpmas::tickedGroups(const std::string& target) const {
   for (int row = 1; row <= vsM.rows(); ++row) {
     if (!vsM.ticked(row)) continue;
     if (vsM.cell(row, idColumn) == target) return std::nullopt;
-    ids.add(vsM.cell(row, idColumn));
+    ids.add(std::stol(vsM.cell(row, idColumn)));
   }
   return ids;
 }
@@ -83,15 +83,15 @@ void frmgrpmas::cmdMergeGroup_Click() {
     } else if (context_.MsgBox("Are you sure to merge selected group(s)?\r\n"
                                "This process can not be undone in any circuminstances.",
                                Buttons::YesNo, Icon::none, Answer::No, caption()) == Answer::Yes) {
-      mergeInto(target, *ids);
+      mergeInto(std::stol(target), *ids);
     }
   });
 }
 
-void frmgrpmas::mergeInto(const std::string& target, const IdList& ids) {
+void frmgrpmas::mergeInto(long target, const IdList& ids) {
   noteChange();
   replaceGroups(context_, target, ids);
-  context_.host->ConQuery("Delete from Mast_AllGrp where ALLID in (" + ids.text() + ")");
+  context_.host->ConQuery("Delete from Mast_AllGrp where ALLID in (" + ids.sql() + ")");
   tell("Merge Successfully.");
   LOADGRID(0);
   LoadMergeGrid();

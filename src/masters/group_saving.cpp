@@ -66,7 +66,7 @@ bool frmgrpmas::nameHolds(const std::string& name) {
     focus(Combo1);
     return false;
   }
-  std::string sql = "Select * from Mast_AllGrp Where ALLGRP=" + quoted(name);
+  Sql sql = "Select * from Mast_AllGrp Where ALLGRP=" + quoted(name);
   if (!adding_) sql += " and ALLID<>" + sqlNumber(selectedId());
   if (context_.query(sql)->EOF_()) return true;
   tell("Duplicate Group!!");
@@ -84,7 +84,7 @@ long frmgrpmas::insertGroup(const std::string& name) {
 }
 
 std::string frmgrpmas::newGroup() const {
-  const int row = newGroupId_ == 0 ? 0 : vsf.find(idColumn, sqlNumber(newGroupId_));
+  const int row = newGroupId_ == 0 ? 0 : vsf.find(idColumn, std::to_string(newGroupId_));
   return row == 0 ? std::string() : vsf.cell(row, nameColumn);
 }
 
@@ -109,7 +109,7 @@ std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
   trap("CHECKEXISTS", [&] {
     const auto uses = [&](const std::string& table) {
       const auto rows =
-          context_.query("Select * from " + table + " Where AllId=" + sqlNumber(groupId));
+          context_.query("Select * from " + sqlName(table) + " Where AllId=" + sqlNumber(groupId));
       return !rows->EOF_();
     };
     used = walkYearTables(context_, "Searching for the Group....", [&](const std::string& table) {

@@ -51,7 +51,7 @@ IdList frmtbledmas::GETSRNOS() {
   trap("GETSRNOS", [&] {
     for (int row = 1; row <= vsf.rows(); ++row) {
       const std::string& id = vsf.cell(row, idColumn);
-      if (vsf.ticked(row) && id != target_) ids.add(id);
+      if (vsf.ticked(row) && id != target_) ids.add(std::stol(id));
     }
   });
   return ids;
@@ -78,8 +78,8 @@ void frmtbledmas::LINKPARTICULARS() {
     }
     if (!ask(linkQuestion())) return;
     changed_ = true;
-    replaceInAllYears(" In (" + ids.text() + ")", target_);
-    change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
+    replaceInAllYears(" In (" + ids.sql() + ")", std::stol(target_));
+    change("Delete From Mast_Part Where PartId In (" + ids.sql() + ")");
     std::unordered_set<std::string> gone;
     for (int row = 1; row <= vsf.rows(); ++row) {
       if (vsf.ticked(row)) gone.insert(vsf.cell(row, idColumn));
@@ -91,12 +91,12 @@ void frmtbledmas::LINKPARTICULARS() {
   });
 }
 
-void frmtbledmas::replaceInAllYears(const std::string& condition, std::string_view newId) {
-  const std::string change = " Set PartId=" + std::string(newId) + " Where PartId" + condition;
+void frmtbledmas::replaceInAllYears(const Sql& condition, long newId) {
+  const Sql change = " Set PartId=" + sqlNumber(newId) + " Where PartId" + condition;
   walkYearTables(context_, "Replacing Ledgers....", [&](const std::string& table) {
-    context_.host->ConQuery("Update " + table + change);
-    context_.host->ConQuery("Update " + siblingTable(table, "JRNL_") + change);
-    context_.host->ConQuery("Update " + siblingTable(table, "TRADE_") + change);
+    context_.host->ConQuery("Update " + sqlName(table) + change);
+    context_.host->ConQuery("Update " + sqlName(siblingTable(table, "JRNL_")) + change);
+    context_.host->ConQuery("Update " + sqlName(siblingTable(table, "TRADE_")) + change);
     return false;
   });
 }
@@ -104,14 +104,14 @@ void frmtbledmas::replaceInAllYears(const std::string& condition, std::string_vi
 void frmtbledmas::REPLACEANDDELETE(long oldId, long newId) {
   trap("REPLACEANDDELETE", [&] {
     changed_ = true;
-    const std::string old = sqlNumber(oldId);
-    replaceInAllYears("=" + old, sqlNumber(newId));
+    const std::string old = std::to_string(oldId);
+    replaceInAllYears("=" + sqlNumber(oldId), newId);
     flush();
-    change("Delete From Mast_Part Where PartId=" + old);
+    change("Delete From Mast_Part Where PartId=" + sqlNumber(oldId));
     vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == old; });
-    mark(sqlNumber(newId), true);
+    mark(std::to_string(newId), true);
     SETROWSHIDDEN();
-    makeShownCurrent(sqlNumber(newId));
+    makeShownCurrent(std::to_string(newId));
   });
 }
 

@@ -19,8 +19,8 @@ void frmtbledmas::CMDUPDATE_CLICK() {
       focus(VTxt1);
       return;
     }
-    std::string sql = "Select * From Mast_Part Where Particular=" + quoted(name);
-    if (!adding_) sql += " and PartId<>" + selectedId();
+    Sql sql = "Select * From Mast_Part Where Particular=" + quoted(name);
+    if (!adding_) sql += " and PartId<>" + sqlNumber(selected());
     const auto existing = context_.query(sql);
     if (existing->EOF_()) {
       saveParticular(name);
@@ -44,7 +44,7 @@ void frmtbledmas::saveParticular(const std::string& name) {
       return;
     }
   } else {
-    id = std::stol(selectedId());
+    id = selected();
     context_.host->ConQuery("Update Mast_Part Set Particular=" + quoted(name) +
                             " Where PartId=" + sqlNumber(id));
   }
@@ -62,10 +62,10 @@ void frmtbledmas::saveParticular(const std::string& name) {
 }
 
 void frmtbledmas::offerExisting(const Recordset& existing) {
-  const long oldId = std::stol(selectedId());
+  const long oldId = selected();
   const long newId = existing.integer("PartId");
   const std::string oldName = selectedName();
-  if (!VIEWLISTOFUSE(selectedId(), false)) return;
+  if (!VIEWLISTOFUSE(sqlNumber(oldId), false)) return;
   if (oldId == 0 || newId == 0 || vsfC.rows() == 0) {
     tell("Duplicate Particulars!!");
     focus(VTxt1);
@@ -93,7 +93,7 @@ void frmtbledmas::CMDDELETE_CLICK() {
   });
 }
 
-bool frmtbledmas::mayDelete(const std::string& ids, const std::string& refusal) {
+bool frmtbledmas::mayDelete(const Sql& ids, const std::string& refusal) {
   if (!VIEWLISTOFUSE(ids, false)) return false;
   if (vsfC.rows() == 0) return true;
   if (ask(refusal + "\r\n\r\nDo you want to view the list of Client/F.Y. using the Particulars?")) {
@@ -107,13 +107,14 @@ void frmtbledmas::deleteSelected() {
   if (!particularSelected()) return;
   const std::string id = selectedId();
   lblheadC.setCaption(listHeading());
-  if (!mayDelete(id, "Particulars already in use. You can not delete this Particulars.") ||
+  if (!mayDelete(sqlNumber(selected()),
+                 "Particulars already in use. You can not delete this Particulars.") ||
       !ask("Do you want to delele the Particulars [" + selectedName() + "] ?",
            "Delete Confirmation")) {
     return;
   }
   changed_ = true;
-  change("Delete from Mast_Part Where PartId=" + id);
+  change("Delete from Mast_Part Where PartId=" + sqlNumber(selected()));
   vsf.setCurrent(neighbourOfSelected());
   vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
   SETROWSHIDDEN();
@@ -136,20 +137,20 @@ void frmtbledmas::deleteUnused() {
   std::unordered_set<std::string> gone;
   for (int row = 1; row <= vsf.rows(); ++row) {
     const std::string& id = vsf.cell(row, idColumn);
-    if (!vsf.rowHidden(row) && gone.insert(id).second) ids.add(id);
+    if (!vsf.rowHidden(row) && gone.insert(id).second) ids.add(std::stol(id));
   }
   if (ids.empty()) {
     tell("Please select a Particulars.");
     return;
   }
   lblheadC.setCaption("List of Clients/F.Y. using Particulars");
-  if (!mayDelete(ids.text(), "Particulars already in use. You can not delete these Particulars.") ||
+  if (!mayDelete(ids.sql(), "Particulars already in use. You can not delete these Particulars.") ||
       !ask("Do you really want to Delete " + std::to_string(gone.size()) +
            " Ledger Masters Not in Use ?")) {
     return;
   }
   changed_ = true;
-  change("Delete From Mast_Part Where PartId In (" + ids.text() + ")");
+  change("Delete From Mast_Part Where PartId In (" + ids.sql() + ")");
   vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
   SETROWSHIDDEN();
 }

@@ -16,8 +16,9 @@ constexpr const char* searching = "Searching Ledgers in Use....";
 // The tables of a year in which a particular can stand.
 struct Places {
   explicit Places(const std::string& table)
-      : names{table, siblingTable(table, "JRNL_"), siblingTable(table, "TRADE_")} {}
-  std::string names[3];
+      : names{sqlName(table), sqlName(siblingTable(table, "JRNL_")),
+              sqlName(siblingTable(table, "TRADE_"))} {}
+  Sql names[3];
 };
 
 // The clients and years behind codes and tables, each looked up once.
@@ -28,8 +29,7 @@ class Users {
   const std::string& client(const std::string& code) {
     const auto [at, isNew] = clients_.try_emplace(code);
     if (isNew) {
-      const auto row =
-          context_.query("Select * From TempClTbl Where CodeNo='" + literal(code) + "'");
+      const auto row = context_.query("Select * From TempClTbl Where CodeNo=" + quoted(code));
       // A client that has left the list is still told by its code.
       at->second = row->EOF_() ? code : row->text("Name");
     }
@@ -39,15 +39,15 @@ class Users {
   const std::string& year(const std::string& code, const std::string& table) {
     const auto [at, isNew] = years_.try_emplace({code, table});
     if (isNew) {
-      const auto row = context_.query("Select * From Master Where Code_No='" + literal(code) +
-                                      "' and Tbl_Nm='" + table + "'");
+      const auto row = context_.query("Select * From Master Where Code_No=" + quoted(code) +
+                                      " and Tbl_Nm=" + quoted(table));
       if (!row->EOF_()) at->second = row->text("F_YR") + "-" + row->text("S_YR");
     }
     return at->second;
   }
 
  private:
-  std::string literal(const std::string& text) const { return context_.host->TruncVarSQL(text); }
+  Sql quoted(const std::string& text) const { return context_.host->quoted(text); }
 
   Context& context_;
   std::map<std::string, std::string> clients_;
@@ -69,7 +69,7 @@ void frmtbledmas::FILLINUSE(long partId) {
     if (partId == 0) {
       fillAllInUse();
     } else {
-      mark(sqlNumber(partId), usedAnywhere(partId));
+      mark(std::to_string(partId), usedAnywhere(partId));
     }
   });
 }
@@ -77,13 +77,13 @@ void frmtbledmas::FILLINUSE(long partId) {
 void frmtbledmas::fillAllInUse() {
   IdList found;
   std::unordered_set<std::string> used;
-  const auto search = [&](const std::string& table) {
-    std::string sql = "Select Distinct PartId From " + table;
-    if (!found.empty()) sql += " Where PartId Not In (" + found.text() + ")";
+  const auto search = [&](const Sql& table) {
+    Sql sql = "Select Distinct PartId From " + table;
+    if (!found.empty()) sql += " Where PartId Not In (" + found.sql() + ")";
     for (const auto rows = context_.query(sql); !rows->EOF_(); rows->MoveNext()) {
       const auto id = rows->field(0);
       if (!id) continue;
-      found.add(*id);
+      found.add(rows->integer(0));
       used.emplace(*id);
     }
   };
@@ -94,7 +94,7 @@ void frmtbledmas::fillAllInUse() {
   };
   try {
     walkYearTables(context_, searching, [&](const std::string& table) {
-      for (const std::string& place : Places(table).names) search(place);
+      for (const Sql& place : Places(table).names) search(place);
       return false;
     });
   } catch (const std::exception&) {
@@ -106,7 +106,7 @@ void frmtbledmas::fillAllInUse() {
 
 bool frmtbledmas::usedAnywhere(long partId) {
   return walkYearTables(context_, searching, [&](const std::string& table) {
-    for (const std::string& place : Places(table).names) {
+    for (const Sql& place : Places(table).names) {
       const auto rows =
           context_.query("Select PartId From " + place + " Where PartId=" + sqlNumber(partId));
       if (!rows->EOF_()) return true;
@@ -117,13 +117,13 @@ bool frmtbledmas::usedAnywhere(long partId) {
 
 // --- the list of use ----------------------------------------------------------------------------
 
-bool frmtbledmas::VIEWLISTOFUSE(const std::string& ids, bool show) {
+bool frmtbledmas::VIEWLISTOFUSE(const Sql& ids, bool show) {
   bool complete = false;
   trap("VIEWLISTOFUSE", [&] {
     vsfC.clearRows();
     vsfC.clearSort();
     Users users(context_);
-    const auto list = [&](const std::string& fields, const std::string& from, const char* kind,
+    const auto list = [&](const Sql& fields, const Sql& from, const char* kind,
                           const std::string& table) {
       const auto rows =
           context_.query("Select " + fields + " From " + from + " Where PartId in (" + ids + ")");
@@ -155,7 +155,7 @@ void frmtbledmas::CMDVIEW_CLICK() {
   trap("CMDVIEW_CLICK", [&] {
     if (!particularSelected()) return;
     lblheadC.setCaption(listHeading());
-    VIEWLISTOFUSE(selectedId(), true);
+    VIEWLISTOFUSE(sqlNumber(selected()), true);
   });
 }
 

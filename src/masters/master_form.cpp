@@ -10,7 +10,7 @@ namespace quillet {
 namespace {
 
 // As these forms write it.
-constexpr const char* flushed = "Flush Tables";
+constexpr char flushed[] = "Flush Tables";
 
 }  // namespace
 
@@ -26,13 +26,9 @@ bool MasterForm::ask(const std::string& text, const std::string& title) {
                          title.empty() ? caption() : title) == Answer::Yes;
 }
 
-void MasterForm::change(const std::string& sql) { context_.change(sql, flushed); }
+void MasterForm::change(const Sql& sql) { context_.change(sql, flushed); }
 
 void MasterForm::flush() { context_.host->ConQuery(flushed); }
-
-std::string MasterForm::quoted(const std::string& text) const {
-  return "'" + context_.host->TruncVarSQL(text) + "'";
-}
 
 bool MasterForm::rowSelected(Grid& grid, const std::string& refusal) {
   if (grid.current() > 0) return true;
@@ -91,11 +87,6 @@ bool WordSearch::finds(std::string_view text) const {
   return std::all_of(words_.begin(), words_.end(), [&](const std::string& word) {
     return capitals.find(word) != std::string::npos;
   });
-}
-
-void IdList::add(std::string_view id) {
-  if (!text_.empty()) text_ += ',';
-  text_ += id;
 }
 
 }  // namespace quillet

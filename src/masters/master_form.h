@@ -23,9 +23,9 @@ class MasterForm : public Form {
   // Yes or No, No by default; titled with the form's caption when no title is given.
   bool ask(const std::string& text, const std::string& title = {});
   // A statement that changes data, and the flush after it.
-  void change(const std::string& sql);
+  void change(const Sql& sql);
   void flush();
-  std::string quoted(const std::string& text) const;
+  Sql quoted(const std::string& text) const { return context_.host->quoted(text); }
 
   // Whether the grid has a current row; if not, tells the refusal and goes to the grid.
   bool rowSelected(Grid& grid, const std::string& refusal);
@@ -50,17 +50,6 @@ class WordSearch {
 
  private:
   std::vector<std::string> words_;
-};
-
-// Joins ids for an SQL list: "3,1,7".
-class IdList {
- public:
-  void add(std::string_view id);
-  bool empty() const { return text_.empty(); }
-  const std::string& text() const { return text_; }
-
- private:
-  std::string text_;
 };
 
 }  // namespace quillet

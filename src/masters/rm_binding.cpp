@@ -13,7 +13,7 @@ namespace {
 std::string nameIn(const ComboBox& box, long id) {
   const int position = box.findData(id);
   if (position > 0) return box.items()[static_cast<std::size_t>(position - 1)];
-  return id == 0 ? "" : sqlNumber(id);
+  return id == 0 ? "" : std::to_string(id);
 }
 
 }  // namespace
@@ -41,9 +41,9 @@ void frmgrpRM::attachBinding() {
 // --- loading and showing ------------------------------------------------------------------------
 
 std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
-  std::vector<std::string> cells{row.text("SrNo"), sqlNumber(row.integer("GrpSr"))};
-  for (const char* field : groupFields) cells.push_back(sqlNumber(row.integer(field)));
-  cells.push_back(sqlNumber(row.integer("GrpOrder")));
+  std::vector<std::string> cells{row.text("SrNo"), std::to_string(row.integer("GrpSr"))};
+  for (const char* field : groupFields) cells.push_back(std::to_string(row.integer(field)));
+  cells.push_back(std::to_string(row.integer("GrpOrder")));
   cells.push_back(nameIn(cbohead, row.integer("GrpSr")));
   for (int i = 0; i < columns; ++i) {
     cells.push_back(nameIn(cbogroup[i], row.integer(groupFields[i])));
@@ -54,7 +54,7 @@ std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
 bool frmgrpRM::LOADGRIDM(long srNo) {
   bool loaded = false;
   trap("LOADGRIDM", [&] {
-    std::string sql = "Select * from " + table_ + ofClient();
+    Sql sql = "Select * from " + table_ + ofClient();
     if (srNo > 0) sql += " and SrNo=" + sqlNumber(srNo);
     const auto found = context_.query(sql);
     std::vector<std::vector<std::string>> items;
@@ -201,10 +201,10 @@ bool frmgrpRM::groupsFree() {
   for (int i = 0; i < columns; ++i) {
     const long group = cbogroup[i].chosenData();
     if (group == 0) continue;
-    std::string sql =
-        "Select * from " + table_ + ofClient() + " and " + groupFields[i] + "=" + sqlNumber(group);
+    Sql sql = "Select * from " + table_ + ofClient() + " and " + sqlName(groupFields[i]) + "=" +
+              sqlNumber(group);
     if (state_ == State::modifying) {
-      sql += " and SrNo<>" + vsfM.cell(vsfM.current(), srNoColumn);
+      sql += " and SrNo<>" + sqlNumber(idAt(vsfM, vsfM.current(), srNoColumn));
     }
     if (context_.query(sql)->EOF_()) continue;
     tell(lblgrp[i].caption() + " already used!!");
@@ -215,9 +215,8 @@ bool frmgrpRM::groupsFree() {
 }
 
 long frmgrpRM::insertItem() {
-  const auto next = [&](const char* column) {
-    const auto row =
-        context_.query("Select Max(" + std::string(column) + ") from " + table_ + ofClient());
+  const auto next = [&](const Sql& column) {
+    const auto row = context_.query("Select Max(" + column + ") from " + table_ + ofClient());
     return row->integer(0) + 1;
   };
   const long srNo = next("SrNo");
@@ -243,8 +242,9 @@ void frmgrpRM::CMDDELETEM_CLICK() {
       return;
     }
     const int row = vsfM.current();
-    const std::string order = vsfM.cell(row, orderColumn);
-    change("Delete from " + table_ + ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
+    const Sql order = sqlNumber(idAt(vsfM, row, orderColumn));
+    change("Delete from " + table_ + ofClient() +
+           " and SrNo=" + sqlNumber(idAt(vsfM, row, srNoColumn)));
     change("Update " + table_ + " Set GrpOrder=GrpOrder-1" + ofClient() + " and GrpOrder>" + order);
     LOADLIST();
     LOADGRIDM(0);

@@ -42,7 +42,7 @@ void frmgrpRM::attachHeads() {
 
 void frmgrpRM::LOADGRIDG(long grpId) {
   trap("LOADGRIDG", [&] {
-    std::string sql = "Select * from RawMatGrpM";
+    Sql sql = "Select * from RawMatGrpM";
     if (grpId > 0) sql += " Where GrpId=" + sqlNumber(grpId);
     const auto rows = context_.query(sql);
     if (grpId == 0) {
@@ -52,7 +52,7 @@ void frmgrpRM::LOADGRIDG(long grpId) {
     for (; !rows->EOF_(); rows->MoveNext()) {
       const int type = cbotype.findData(rows->integer("GrpType"));
       std::vector<std::string> cells{
-          rows->text("GrpId"), rows->text("GrpHead"), sqlNumber(rows->integer("GrpType")),
+          rows->text("GrpId"), rows->text("GrpHead"), std::to_string(rows->integer("GrpType")),
           type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : rows->text("GrpType")};
       if (grpId == 0) {
         vsfG.addRow(std::move(cells));
@@ -146,7 +146,7 @@ void frmgrpRM::CMDUPDATEG_CLICK() {
   trap("CMDUDPATEG_CLICK", [&] {
     const std::string head(trimmed(txthead.text()));
     if (!headHolds(head)) return;
-    const std::string type = sqlNumber(cbotype.chosenData());
+    const Sql type = sqlNumber(cbotype.chosenData());
     long id = 0;
     if (state_ == State::adding) {
       id = context_.query("Select Max(GrpId) from RawMatGrpM")->integer(0) + 1;
@@ -174,9 +174,10 @@ bool frmgrpRM::headHolds(const std::string& head) {
     focus(cbotype);
     return false;
   }
-  std::string sql = "Select * from RawMatGrpM Where GrpHead=" + quoted(head) +
-                    " and GrpType=" + sqlNumber(cbotype.chosenData());
-  if (state_ == State::modifying) sql += " and GrpId<>" + vsfG.cell(vsfG.current(), idColumn);
+  Sql sql = "Select * from RawMatGrpM Where GrpHead=" + quoted(head) +
+            " and GrpType=" + sqlNumber(cbotype.chosenData());
+  if (state_ == State::modifying)
+    sql += " and GrpId<>" + sqlNumber(idAt(vsfG, vsfG.current(), idColumn));
   if (context_.query(sql)->EOF_()) return true;
   tell("Duplicate Raw Material Group!!");
   focus(txthead);
@@ -188,8 +189,9 @@ std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
   trap("CHECKEXISTS", [&] {
     bound = walkYearTables(
         context_, "Searching for the Raw Material Group....", [&](const std::string& table) {
-          const auto rows = context_.query("Select * from " + siblingTable(table, "RMGRP_") +
-                                           " Where GrpSr=" + sqlNumber(grpId));
+          const auto rows =
+              context_.query("Select * from " + sqlName(siblingTable(table, "RMGRP_")) +
+                             " Where GrpSr=" + sqlNumber(grpId));
           return !rows->EOF_();
         });
   });

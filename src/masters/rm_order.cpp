@@ -46,8 +46,8 @@ void frmgrpRM::UPDATESORTNOS() {
   trap("UPDATESORTNOS", [&] {
     if (!ask("Do you want to Update Sorting Order?")) return;
     for (int row = 1; row <= vsfM.rows(); ++row) {
-      context_.host->ConQuery("Update " + table_ + " Set GrpOrder=" + std::to_string(row) +
-                              ofClient() + " and SrNo=" + vsfM.cell(row, srNoColumn));
+      context_.host->ConQuery("Update " + table_ + " Set GrpOrder=" + sqlNumber(row) + ofClient() +
+                              " and SrNo=" + sqlNumber(idAt(vsfM, row, srNoColumn)));
     }
     flush();
     const int row = vsfM.current();
@@ -61,10 +61,10 @@ void frmgrpRM::UPDATESORTNOS() {
 // --- the previous year --------------------------------------------------------------------------
 
 std::string frmgrpRM::previousTable() {
-  const auto row =
-      context_.query("Select * from master where code_no='" + client_ + "' and f_yr='" +
-                     firstDateKey(yearOf(year_.firstDate) - 1) + "' and s_yr='" +
-                     secondDateKey(yearOf(year_.secondDate) - 1) + "'");
+  const auto row = context_.query(
+      "Select * from master where code_no='" + client_ + "' and f_yr='" +
+      context_.host->escaped(firstDateKey(yearOf(year_.firstDate) - 1)) + "' and s_yr='" +
+      context_.host->escaped(secondDateKey(yearOf(year_.secondDate) - 1)) + "'");
   if (row->EOF_()) return {};
   const std::string suffix = context_.host->GETTBNAME(row->integer("Count"));
   return suffix.empty() ? std::string() : siblingTable(trialBalanceTable(suffix), "RMGRP_");
@@ -72,7 +72,7 @@ std::string frmgrpRM::previousTable() {
 
 void frmgrpRM::IMPORTFROMPREVYR() {
   trap("IMPORTFROMPREVYR", [&] {
-    const std::string previous = previousTable();
+    const Sql previous = sqlName(previousTable());
     if (previous.empty()) return;
     const auto items =
         context_.query("Select * from " + previous + ofClient() + " Order by GrpOrder");
@@ -87,12 +87,11 @@ void frmgrpRM::IMPORTFROMPREVYR() {
 void frmgrpRM::copySetup() {
   const int year = yearOf(year_.secondDate);
   const auto setupOf = [&](int fYr) {
-    return context_.query("Select * from RmSchSetup" + ofClient() +
-                          " and FYr=" + std::to_string(fYr));
+    return context_.query("Select * from RmSchSetup" + ofClient() + " and FYr=" + sqlNumber(fYr));
   };
   const auto previous = setupOf(year - 1);
   if (previous->EOF_() || !setupOf(year)->EOF_()) return;
-  std::string values = "'" + client_ + "'," + std::to_string(year);
+  Sql values = "'" + client_ + "'," + sqlNumber(year);
   for (const char* field : {"Head", "RmGroup", "OsGroup", "PurGroup", "SalGroup", "CsGroup"}) {
     values += "," + quoted(previous->text(field));
   }

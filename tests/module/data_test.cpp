@@ -6,6 +6,7 @@
 #include <numeric>
 #include <random>
 
+#include "data/errors.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
@@ -79,19 +80,26 @@ TEST(TableNames, KeepTheYearsSuffix) {
 }
 
 TEST(SqlNumber, IsShortPlainAndReadsBackTheSame) {
-  EXPECT_EQ(sqlNumber(0.1 + 0.2), "0.30000000000000004");
-  EXPECT_EQ(sqlNumber(1e15), "1000000000000000");
-  EXPECT_EQ(sqlNumber(12000.0), "12000");
-  EXPECT_EQ(sqlNumber(999999999999.99), "999999999999.99");
+  EXPECT_EQ(sqlNumber(0.1 + 0.2).text(), "0.30000000000000004");
+  EXPECT_EQ(sqlNumber(1e15).text(), "1000000000000000");
+  EXPECT_EQ(sqlNumber(12000.0).text(), "12000");
+  EXPECT_EQ(sqlNumber(999999999999.99).text(), "999999999999.99");
   std::mt19937_64 random(20081231);
   for (int i = 0; i < 20000; ++i) {
     const double number =
         std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 120);
-    const std::string text = sqlNumber(number);
+    const std::string text = sqlNumber(number).text();
     double again = 0;
     std::from_chars(text.data(), text.data() + text.size(), again);
     ASSERT_EQ(again, number) << text;
     ASSERT_EQ(text.find_first_not_of("0123456789."), std::string::npos) << text;
+  }
+}
+
+TEST(Sql, NamesHoldNothingThatEndsThem) {
+  EXPECT_EQ(sqlName("TAB_01$").text(), "TAB_01$");
+  for (const char* name : {"TAB 1", "TAB_1;", "TAB_1`", "a.b", "TAB_1'", "TAB_1-", "TAB_1\n"}) {
+    EXPECT_THROW(sqlName(name), RunTimeError) << name;
   }
 }
 

@@ -124,7 +124,7 @@ TEST_F(SchemaTest, RefusesBytesThatAreNoText) {
   const char* const broken[] = {"\xFF",         "\xC0\xAF",         "\xED\xA0\x80",
                                 "\xE0\x80\x80", "\xF4\x90\x80\x80", "half \xE2\x82"};
   for (const char* bytes : broken) {
-    EXPECT_THROW(host().ConQuery(std::string("insert into Mast_Part values(1,'") + bytes + "')"),
+    EXPECT_THROW(host().ConQuery("insert into Mast_Part values(1," + host().quoted(bytes) + ")"),
                  RunTimeError);
   }
   EXPECT_EQ(value("select count(*) from Mast_Part"), "0");

@@ -54,7 +54,7 @@ TEST_F(ServiceTest, EscapedTextComesBackAsItWas) {
     ASSERT_EQ(value("select Particular from Mast_Part"), text);
   }
   const std::string attack = "x'); delete from Mast_Part; -- ";
-  host().ConQuery("insert into Mast_Part values(2,'" + host().TruncVarSQL(attack) + "')");
+  host().ConQuery("insert into Mast_Part values(2," + host().quoted(attack) + ")");
   EXPECT_EQ(value("select count(*) from Mast_Part"), "2");
   EXPECT_EQ(host().TruncVarSQL(std::string(5000, 'x')).size(), 5000U) << "never cut";
 }
@@ -82,14 +82,14 @@ TEST_F(ServiceTest, LedgerNamesFollowEveryChange) {
   exec("insert into Mast_Part values(1,'Cash'),(2,'Bank')");
   EXPECT_EQ(host().GetPart_MastPartId(1), "Cash");
   EXPECT_EQ(host().GetPart_MastPartId(9), "");
-  const Texts changes = {"Update Mast_Part Set Particular='Till' Where PartId=1",
+  const Sql changes[] = {"Update Mast_Part Set Particular='Till' Where PartId=1",
                          "  update `MAST_PART` set Particular='Till2' where PartId=1",
                          "Delete from Mast_Part Where PartId=1",
                          "Insert into Mast_Part(PartId,Particular) values(1,'New')"};
   const Texts names = {"Till", "Till2", "", "New"};
-  for (std::size_t i = 0; i < changes.size(); ++i) {
+  for (std::size_t i = 0; i < std::size(changes); ++i) {
     host().ConQuery(changes[i]);
-    EXPECT_EQ(host().GetPart_MastPartId(1), names[i]) << changes[i];
+    EXPECT_EQ(host().GetPart_MastPartId(1), names[i]) << changes[i].text();
   }
   host().GetMax_MastPartId("Fresh");
   EXPECT_EQ(host().GetPart_MastPartId(3), "Fresh");

@@ -179,7 +179,7 @@ std::string PracticeTest::addYear(const std::string& client, int firstYear,
   for (const Line& line : lines) {
     exec("insert into " + table + " values(" + std::to_string(++srno) + ',' + code + ',' +
          std::to_string(ledger(line.ledger)) + ',' + std::to_string(group(line.group)) + ',' +
-         sqlNumber(std::abs(line.amount)) + (line.amount < 0 ? ",2)" : ",1)"));
+         sqlNumber(std::abs(line.amount)).text() + (line.amount < 0 ? ",2)" : ",1)"));
   }
   return table;
 }
