@@ -11,6 +11,7 @@
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/sheet/XUsedAreaCursor.hpp>
 #include <com/sun/star/table/XColumnRowRange.hpp>
+#include <com/sun/star/text/XTextRange.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 #include <osl/file.hxx>
@@ -25,6 +26,7 @@ namespace beans = com::sun::star::beans;
 namespace container = com::sun::star::container;
 namespace sheet_ = com::sun::star::sheet;
 namespace table = com::sun::star::table;
+namespace text = com::sun::star::text;
 namespace util = com::sun::star::util;
 
 // What a workbook of this kind has room for.
@@ -65,13 +67,19 @@ uno::Reference<sheet_::XSpreadsheetDocument> load(const Office& office, const rt
   throw std::runtime_error("The file is no workbook");
 }
 
+// To LibreOffice a void value is the error #N/A; an empty text leaves its cell empty.
 uno::Any anyOf(const Value& value) {
   if (const auto* number = std::get_if<double>(&value)) return uno::Any(*number);
-  if (const auto* text = std::get_if<std::string>(&value)) return uno::Any(fromUtf8(*text));
-  return {};
+  const auto* text = std::get_if<std::string>(&value);
+  return uno::Any(text ? fromUtf8(*text) : rtl::OUString());
 }
 
-Value valueOf(const uno::Any& any) {
+Value valueOf(const uno::Any& any, const SheetRef& sheet, sal_Int32 column, sal_Int32 row) {
+  if (!any.hasValue()) {
+    const uno::Reference<text::XTextRange> shown(sheet->getCellByPosition(column, row),
+                                                 uno::UNO_QUERY_THROW);
+    return CellError{toUtf8(shown->getString())};
+  }
   double number = 0;
   rtl::OUString text;
   if (any >>= number) return number;
@@ -95,7 +103,7 @@ Book::~Book() {
   }
 }
 
-Book::SheetRef Book::sheet(int index) const {
+SheetRef Book::sheet(int index) const {
   const uno::Reference<container::XIndexAccess> all(document_->getSheets(), uno::UNO_QUERY_THROW);
   return SheetRef(all->getByIndex(index), uno::UNO_QUERY_THROW);
 }
@@ -124,9 +132,11 @@ void Book::writeGathered() {
       left = std::min(left, at.second);
       right = std::max(right, at.second);
     }
-    uno::Sequence<uno::Sequence<uno::Any>> data(bottom - top + 1);
+    const std::vector<uno::Any> emptyRow(static_cast<std::size_t>(right - left + 1), anyOf({}));
+    const std::vector<uno::Sequence<uno::Any>> emptyRows(static_cast<std::size_t>(bottom - top + 1),
+                                                         {emptyRow.data(), right - left + 1});
+    uno::Sequence<uno::Sequence<uno::Any>> data(emptyRows.data(), bottom - top + 1);
     auto* rows = data.getArray();
-    for (sal_Int32 row = 0; row < data.getLength(); ++row) rows[row].realloc(right - left + 1);
     for (const auto& [at, value] : cells) {
       rows[at.first - top].getArray()[at.second - left] = anyOf(value);
     }
@@ -147,9 +157,12 @@ std::vector<std::vector<Value>> Book::values(int index) const {
   const uno::Reference<sheet_::XCellRangeData> range(
       from->getCellRangeByPosition(0, 0, end.EndColumn, end.EndRow), uno::UNO_QUERY_THROW);
   std::vector<std::vector<Value>> values;
-  for (const auto& row : range->getDataArray()) {
+  const auto data = range->getDataArray();
+  for (sal_Int32 row = 0; row < data.getLength(); ++row) {
     auto& cells = values.emplace_back();
-    for (const uno::Any& cell : row) cells.push_back(valueOf(cell));
+    for (sal_Int32 column = 0; column < data[row].getLength(); ++column) {
+      cells.push_back(valueOf(data[row][column], from, column, row));
+    }
   }
   return values;
 }

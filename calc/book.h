@@ -14,7 +14,12 @@
 
 namespace quillet::calc {
 
-using Value = std::variant<std::monostate, double, std::string>;
+// A cell that shows an error, as "#N/A".
+struct CellError {
+  std::string shown;
+};
+using Value = std::variant<std::monostate, double, std::string, CellError>;
+using SheetRef = uno::Reference<com::sun::star::sheet::XSpreadsheet>;
 
 class Book {
  public:
@@ -39,7 +44,6 @@ class Book {
   void makeTemplate();
 
  private:
-  using SheetRef = uno::Reference<com::sun::star::sheet::XSpreadsheet>;
   SheetRef sheet(int index) const;
   void writeGathered();
 

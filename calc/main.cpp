@@ -3,7 +3,9 @@
 //
 //   quillet-calc                   obeys the lines on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
-//   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines
+//   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines, those
+//   that
+//                                  show an error as "error ROW COLUMN TEXT"
 
 #include <charconv>
 #include <cstdlib>
@@ -113,6 +115,8 @@ int makeTemplate(const std::string& path) {
 CalcLine cellLine(std::size_t row, std::size_t column, const Value& value) {
   CalcLine line{"text", std::to_string(row + 1), std::to_string(column + 1), ""};
   if (const auto* text = std::get_if<std::string>(&value)) line[3] = *text;
+  if (const auto* error = std::get_if<CellError>(&value))
+    line = {"error", line[1], line[2], error->shown};
   if (const auto* number = std::get_if<double>(&value)) {
     char digits[32];
     line[0] = "number";
@@ -153,6 +157,8 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
   // Where UNO finds its types and services.
   setenv("URE_BOOTSTRAP", "vnd.sun.star.pathname:" QUILLET_OFFICE_PROGRAM "/fundamentalrc", 1);
+  // Without a locale of UTF-8 LibreOffice finds no file whose path has letters outside ASCII.
+  setenv("LC_ALL", "C.UTF-8", 1);
   try {
     return quillet::calc::run(argc, argv);
   } catch (const com::sun::star::uno::Exception& error) {
