@@ -32,6 +32,10 @@ std::string yearText(std::string_view first, std::string_view second) {
   return fourDigits(yearOf(first)) + "-" + fourDigits(yearOf(second));
 }
 
+std::string shortYearText(int firstYear) {
+  return fourDigits(firstYear) + "-" + fourDigits(firstYear + 1).substr(2);
+}
+
 std::string shownDate(std::string_view key) {
   if (key.size() != 8 || !digits(key)) return std::string(key);
   return std::string(key.substr(0, 2)) + '/' + std::string(key.substr(2, 2)) + '/' +

@@ -16,6 +16,9 @@ int yearOf(std::string_view keyOrDate);
 // "2008-2009", from the keys or the shown dates of a year.
 std::string yearText(std::string_view first, std::string_view second);
 
+// "2008-09" for the year that begins in 2008.
+std::string shortYearText(int firstYear);
+
 // "01042008" as "01/04/2008"; a text that is no key stays as it is.
 std::string shownDate(std::string_view key);
 // "01/04/2008" as "01042008": the parts of a cell joined again.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
+#include "data/paths.h"
 #include "data/text.h"
 
 namespace quillet::deletion {
@@ -16,16 +17,6 @@ constexpr std::string_view reportSuffixes[] = {
     "-sap.txt",  "-sap.rtf",  "-ta.txt",   "-ta.rtf",   "-anex3cd.txt", "-anex3cd.rtf"};
 
 constexpr std::string_view annexurePrefixes[] = {"annex_", "annexa_", "annexb_", "annexO_"};
-
-// Paths hold UTF-8, whatever the platform calls its own.
-fs::path pathOf(const std::string& text) {
-  return fs::path(std::u8string(text.begin(), text.end()));
-}
-
-std::string textOf(const fs::path& path) {
-  const std::u8string text = path.generic_u8string();
-  return {text.begin(), text.end()};
-}
 
 std::string twoDigits(int year) {
   const std::string text = std::to_string(year % 100);

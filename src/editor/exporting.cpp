@@ -2,11 +2,12 @@
 #include <chrono>
 #include <filesystem>
 
+#include "data/paths.h"
 #include "data/text.h"
+#include "data/year.h"
 #include "editor/frmcrtb.h"
 #include "host/amount.h"
 #include "host/busy.h"
-#include "host/error_log.h"
 
 namespace quillet {
 namespace {
@@ -17,16 +18,66 @@ constexpr const char* boxTitle = "Trial Balance";
 constexpr const char* sheetName = "TB";
 constexpr int firstRow = 2;  // below the template's headings
 
-fs::path pathOf(const std::string& utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+constexpr const char* ending = ".xls";
 
-std::string textOf(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
+// A name that has another ending, or a point, keeps it in front of ours.
+fs::path withEnding(fs::path target) {
+  if (!equalIgnoringCase(textOf(target.extension()), ending)) target += ending;
+  return target;
 }
 
-std::string described(const std::exception& error) {
+// Why nothing can be exported to the target, "" when nothing is known against it.
+std::string refusalOf(const fs::path& target, const fs::path& source) {
+  std::error_code error;
+  const fs::file_status there = fs::status(target, error);
+  if (error == std::errc::filename_too_long) {
+    return "The name of the file is too long. Please choose a shorter one.";
+  }
+  if (there.type() == fs::file_type::none) {
+    return textOf(target) + ": " + error.message() + ". Please choose another file.";
+  }
+  if (fs::equivalent(source, target, error)) {
+    return "This file is the template of the export. Please choose another file.";
+  }
+  if (fs::exists(there) && !fs::is_regular_file(there)) {
+    return textOf(target) + " is no file that can be written. Please choose another name.";
+  }
+  const fs::path folder = fs::absolute(target).parent_path();
+  if (!fs::is_directory(folder, error)) {
+    return "There is no folder " + textOf(folder) + ". Please choose another one.";
+  }
+  return {};
+}
+
+void tell(Context& context, const std::string& text) {
+  context.MsgBox(text, Buttons::OK, Icon::information, Answer::OK, boxTitle);
+}
+
+// The file that a person chose; nothing when it is to stay as it is, or the dialog was cancelled.
+// The template is what is proposed first, the year's own name after a file that cannot be taken.
+std::optional<fs::path> chosenTarget(Context& context, const fs::path& source,
+                                     const fs::path& ownName) {
+  fs::path proposed = source;
+  while (const auto chosen = context.dialogs.saveFile("Excel Files|*.xls", textOf(proposed))) {
+    const fs::path target = withEnding(pathOf(*chosen));
+    const std::string refusal = refusalOf(target, source);
+    if (refusal.empty()) {
+      const bool free =
+          !fs::exists(target) ||
+          context.MsgBox("File already exists. Do you want to overwrite it", Buttons::YesNo,
+                         Icon::none, Answer::No, boxTitle) == Answer::Yes;
+      return free ? std::optional(target) : std::nullopt;
+    }
+    tell(context, refusal);
+    proposed = ownName;
+  }
+  return std::nullopt;
+}
+
+// What went wrong, and where.
+std::string described(const std::exception& error, const fs::path& target) {
   const auto* file = dynamic_cast<const fs::filesystem_error*>(&error);
-  return file ? file->code().message() : error.what();
+  return file ? file->code().message() + ": " + textOf(target) : error.what();
 }
 
 // A copy of the template beside the target, so that what stands at the target changes at once or
@@ -69,38 +120,27 @@ void frmcrtb::attachExport() {
 
 void frmcrtb::CMDEXPORT_CLICK() {
   trap("CMDEXPORT_CLICK", [&] {
-    const auto tell = [&](const std::string& text) {
-      context_.MsgBox(text, Buttons::OK, Icon::information, Answer::OK, boxTitle);
-    };
-    const std::string source = below(context_.host->ExePath(), "\\Databases\\ORVO_TB.xls");
-    if (!fs::exists(pathOf(source))) {
-      tell("Missing Source File.");
+    const fs::path source = below(context_.host->ExePath(), "\\Databases\\ORVO_TB.xls");
+    if (!fs::exists(source)) {
+      tell(context_, "Missing Source File.");
       return;
     }
-    const auto chosen = context_.dialogs.saveFile("Excel Files|*.xls", source);
-    if (!chosen) return;
-    fs::path target = pathOf(*chosen);
-    if (!target.has_extension()) target += ".xls";
-    if (std::error_code none; fs::equivalent(pathOf(source), target, none)) {
-      tell("This file is the template of the export. Please choose another file.");
-      return;
-    }
-    if (fs::exists(target) &&
-        context_.MsgBox("File already exists. Do you want to overwrite it", Buttons::YesNo,
-                        Icon::none, Answer::No, boxTitle) != Answer::Yes) {
-      return;
-    }
-    tell(exportTo(source, textOf(target)));
+    const int firstYear = yearOf(firstDate_) - (yearInView() == previous ? 1 : 0);
+    const std::string ownName = asFileName(namedCode_ + " " + shortYearText(firstYear) + ending);
+    const auto target =
+        chosenTarget(context_, source, below(context_.host->DocPath(), "\\" + ownName));
+    if (target) tell(context_, exportTo(source, *target));
   });
 }
 
 // Returns what is to be told about how it went.
-std::string frmcrtb::exportTo(const std::string& source, const std::string& target) {
+std::string frmcrtb::exportTo(const fs::path& source, const fs::path& target) {
+  const std::string name = textOf(target);
   try {
-    const Busy busy(context_, "Exporting to " + target + "....");
+    const Busy busy(context_, "Exporting to " + name + "....");
     // The spreadsheet program need not run in our folder.
-    WorkingCopy copy(fs::absolute(pathOf(target)));
-    copy.fill(pathOf(source));
+    WorkingCopy copy(fs::absolute(target));
+    copy.fill(source);
     const auto excel = context_.surroundings.createSpreadsheet();
     Workbook& workbook = excel->Open(textOf(copy.path()));
     const auto& sheets = workbook.Worksheets();
@@ -119,9 +159,9 @@ std::string frmcrtb::exportTo(const std::string& source, const std::string& targ
     if (!found) return "Trial Balance cannot be saved. Worksheet not found!";
     copy.replaceTarget();
   } catch (const std::exception& error) {
-    return "Error Occured : " + described(error) + "\r\n";
+    return "Error Occured : " + described(error, target) + "\r\n";
   }
-  return "Data Successfully Exported to File : " + target;
+  return "Data Successfully Exported to File : " + name;
 }
 
 void frmcrtb::exportRows(Workbook& workbook, int sheet) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -264,7 +265,7 @@ class frmcrtb : public Form {
   // Printing.
   void showReport(const std::function<void()>& write);
   void printTitle(const std::string& title);
-  std::string exportTo(const std::string& source, const std::string& target);
+  std::string exportTo(const std::filesystem::path& source, const std::filesystem::path& target);
   void exportRows(Workbook& workbook, int sheet);
 
   void refreshShownLines();

@@ -1,10 +1,9 @@
 #include "host/error_log.h"
 
-#include <filesystem>
 #include <fstream>
 
 #include "data/errors.h"
-#include "data/text.h"
+#include "data/paths.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -33,11 +32,6 @@ void logError(const Context& context, const TrappedError& error) {
   std::ofstream log(below(context.host->ExePath(), "\\TalLog.log"), std::ios::app);
   log << context.clock.now() << '\t' << error.number << '\t' << oneLine(error.description) << '\t'
       << oneLine(error.source) << '\t' << context.errorLocation << '\n';
-}
-
-std::string below(const std::string& folder, const std::string& path) {
-  const char separator = static_cast<char>(std::filesystem::path::preferred_separator);
-  return folder + replacedAll(path, "\\", std::string(1, separator));
 }
 
 }  // namespace quillet

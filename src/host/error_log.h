@@ -23,7 +23,4 @@ TrappedError trapped(const std::exception& error);
 // tabs. Writes nothing for number 0. What contains line breaks or tabs stays on its one line.
 void logError(const Context& context, const TrappedError& error);
 
-// A path below a folder of the suite, written with backslashes as the design writes it.
-std::string below(const std::string& folder, const std::string& path);
-
 }  // namespace quillet

@@ -125,7 +125,7 @@ class ServiceObject {
   virtual long GetTbCount() const = 0;
 
   virtual std::string COMPANY_NAME() const = 0;
-  // Folders, without a separator at the end.
+  // Folders, in UTF-8 and without a separator at the end.
   virtual std::string ExePath() const = 0;
   virtual std::string DocPath() const = 0;
 

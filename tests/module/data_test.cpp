@@ -7,6 +7,7 @@
 #include <random>
 
 #include "data/errors.h"
+#include "data/paths.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
@@ -71,6 +72,17 @@ TEST(YearKeys, AreBuiltAndShown) {
   EXPECT_EQ(shownDate("01042008"), "01/04/2008");
   EXPECT_EQ(shownDate("0104"), "0104");
   EXPECT_EQ(dateKey("31/03/2009"), "31032009");
+  EXPECT_EQ(shortYearText(1999), "1999-00");
+}
+
+// Narrow names would be read in Windows' own code page.
+static_assert(std::is_same_v<decltype(below("", "")), std::filesystem::path>);
+
+TEST(Paths, HoldAnyLetter) {
+  const std::filesystem::path path = below("/dä ta/डेटा", "\\Databases\\TB.xls");
+  EXPECT_TRUE(path == u8"/dä ta/डेटा/Databases/TB.xls");
+  EXPECT_EQ(textOf(path), "/dä ta/डेटा/Databases/TB.xls");
+  EXPECT_EQ(asFileName(" A/B\\C:1*?\"<x>|\t'ü'.. 2008-09.xls"), "A-B-C-1----x---'ü'.. 2008-09.xls");
 }
 
 TEST(TableNames, KeepTheYearsSuffix) {

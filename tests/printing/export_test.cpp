@@ -90,9 +90,11 @@ class ExportTest : public EditorTest {
     return lines;
   }
 
-  // The messages, each with its title.
-  Texts run(frmcrtb& form, std::optional<fs::path> file) {
-    dialogs.queueFile(file ? std::optional(file->string()) : std::nullopt);
+  // The messages, each with its title. An empty path cancels the dialog.
+  Texts run(frmcrtb& form, const fs::path& file, const std::optional<fs::path>& then = {}) {
+    for (const fs::path& next : then ? std::vector{file, *then} : std::vector{file}) {
+      dialogs.queueFile(next.empty() ? std::nullopt : std::optional(next.string()));
+    }
     EXPECT_TRUE(form.click(form.cmdexport));
     Texts texts;
     for (const auto& asked : dialogs.takeMessages()) {
@@ -143,9 +145,15 @@ TEST_F(ExportTest, SendsTheRowsAndReplacesTheTarget) {
   EXPECT_EQ(contentOf(folder_.path() / "here.xls"), "the template");
   EXPECT_TRUE(noted().at(lines.size()).starts_with("open\t" + folder_.path().string() + "/."));
 
-  // A name without an ending gets the one of the filter.
-  EXPECT_EQ(run(form, folder_.path() / "second").back(),
-            "Data Successfully Exported to File : " + (folder_.path() / "second.xls").string());
+  // A name with another ending, or none, gets the one of the filter.
+  for (const char* name : {"second", "TB 31.03.2009", "books.xlsx", "A\\B \"q\" 'x' 😀 "}) {
+    const std::string file = (folder_.path() / name).string() + ".xls";
+    EXPECT_EQ(run(form, folder_.path() / name),
+              (Texts{"Data Successfully Exported to File : " + file}));
+    EXPECT_EQ(contentOf(file), "the template");
+  }
+  EXPECT_EQ(run(form, folder_.path() / "BIG.XLS").size(), 1U);
+  EXPECT_TRUE(fs::exists(folder_.path() / "BIG.XLS"));
 }
 
 TEST_F(ExportTest, ARowWithoutASideHasNoAmount) {
@@ -166,13 +174,36 @@ TEST_F(ExportTest, RefusalsLeaveEverythingAsItWas) {
   useHelper(sheets("TB"));
   frmcrtb& form = open("C1", 2008);
   // Cancelled.
-  EXPECT_EQ(run(form, std::nullopt), Texts{});
-  // The template as the target, also under another name.
+  EXPECT_EQ(run(form, {}), Texts{});
+  dialogs.takePrompts();
+  // A file that cannot be taken is told, and the dialog opens again with a name of its own.
   const fs::path linked = folder_.path() / "linked.xls";
   fs::create_symlink(template_, linked);
-  const Texts otherFile = {"This file is the template of the export. Please choose another file."};
-  EXPECT_EQ(run(form, template_), otherFile);
-  EXPECT_EQ(run(form, linked), otherFile);
+  fs::create_symlink("itself.xls", folder_.path() / "itself.xls");
+  fs::create_directory(folder_.path() / "folder.xls");
+  const std::string isTemplate =
+      "This file is the template of the export. Please choose another file.";
+  const std::string tooLong = "The name of the file is too long. Please choose a shorter one.";
+  const std::string folder = folder_.path().string();
+  const std::string own = (practice.folder().documents() / "C1 2008-09.xls").string();
+  for (const auto& [name, message] : std::vector<std::pair<fs::path, std::string>>{
+           {template_, isTemplate},
+           {linked, isTemplate},
+           {folder_.path() / std::string(252, 'x'), tooLong},
+           {folder_.path() / std::string(5'000, 'x'), tooLong},
+           {folder_.path() / "folder",
+            folder + "/folder.xls is no file that can be written. Please choose another name."},
+           {folder_.path() / "no" / "such" / "books.xls",
+            "There is no folder " + folder + "/no/such. Please choose another one."},
+           {folder_.path() / "itself", folder + "/itself.xls: Too many levels of symbolic links. "
+                                                "Please choose another file."}}) {
+    EXPECT_EQ(run(form, name, fs::path()), Texts{message});
+    EXPECT_EQ(dialogs.takePrompts(), (Texts{template_.string(), own}));
+  }
+  form.click(form.mnuyrs[1]);
+  run(form, template_, fs::path());
+  EXPECT_TRUE(dialogs.takePrompts().back().ends_with("/C1 2007-08.xls"));
+  form.click(form.mnuyrs[0]);
   // There already.
   write(target_, "mine");
   dialogs.queueAnswer(Answer::No);
@@ -230,10 +261,9 @@ TEST_F(ExportTest, WhateverFailsIsToldAndTheTargetStays) {
   EXPECT_TRUE(run(form, target_).back().starts_with("Error Occured : The program "));
   EXPECT_EQ(contentOf(target_), "mine");
   // A folder where nobody can write, not even root.
-  EXPECT_TRUE(run(form, "/proc/books.xls").back().starts_with("Error Occured : "));
-  EXPECT_TRUE(run(form, folder_.path() / "no" / "such" / "books.xls")
-                  .back()
-                  .starts_with("Error Occured : "));
+  const std::string nowhere = run(form, "/proc/books.xls").back();
+  EXPECT_TRUE(nowhere.starts_with("Error Occured : ")) << nowhere;
+  EXPECT_TRUE(nowhere.ends_with(": /proc/books.xls\r\n")) << nowhere;
   EXPECT_TRUE(log().empty()) << "what the person was told need not be logged";
 }
 
@@ -409,6 +439,18 @@ TEST_F(CalcTest, AFullDiskLosesNothing) {
   write(disk / "padding", std::string(61UL * 1024, 'x'));
   expectRefused();
   umount(disk.c_str());
+}
+
+TEST_F(CalcTest, NeitherTheFolderNorTheLocaleMatters) {
+  const char* set = std::getenv("LC_ALL");
+  const std::string before = set == nullptr ? "" : set;
+  setenv("LC_ALL", "C", 1);
+  const fs::path folder = folder_.path() / "%41 #ä\\'\"😀\n?";
+  fs::create_directory(folder);
+  target_ = folder / "\"TB\" 31.03.xls";
+  EXPECT_EQ(run(open("C1", 2008), target_), (Texts{exported()}));
+  EXPECT_GT(fs::file_size(target_), 0U);
+  set == nullptr ? unsetenv("LC_ALL") : setenv("LC_ALL", before.c_str(), 1);
 }
 
 // A sheet takes the name of the text file that it is made from, and is found in capitals and small
