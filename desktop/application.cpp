@@ -17,6 +17,15 @@
 
 namespace quillet::desktop {
 
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const std::exception& error) {
+    if (desk_ && desk_->onError) desk_->onError("desktop\tNOTIFY", error);
+  }
+  return false;
+}
+
 Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows_, busy_) {
   QApplication::setApplicationName(QStringLiteral("quillet"));
   QApplication::setApplicationDisplayName(QStringLiteral("Quillet"));
@@ -39,7 +48,15 @@ Application::~Application() {
   delete report_;
 }
 
-void Application::leave() { windows_.leave(); }
+void Application::follow(Desk& desk) {
+  qt_.logTo(&desk);
+  windows_.follow(desk);
+}
+
+void Application::leave() {
+  qt_.logTo(nullptr);
+  windows_.leave();
+}
 
 void Application::setTheme(theme::Scheme scheme) { theme::apply(scheme); }
 

@@ -18,6 +18,18 @@ namespace quillet::desktop {
 
 class HelpWindow;
 
+// The toolkit must not see an exception. The forms trap theirs; what is thrown while a window
+// draws or a view acts is logged here.
+class GuardedApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override;
+  void logTo(const Desk* desk) { desk_ = desk; }
+
+ private:
+  const Desk* desk_ = nullptr;
+};
+
 class Application : public suite::FrontEnd {
  public:
   // argc and argv outlive the application. The theme follows QUILLET_THEME, else the system.
@@ -29,7 +41,7 @@ class Application : public suite::FrontEnd {
   void setTheme(theme::Scheme scheme);
 
   // Shows the desk's forms from now on. leave() before the desk goes.
-  void follow(Desk& desk) { windows_.follow(desk); }
+  void follow(Desk& desk);
   void leave();
   // Lets a person work until the last window is closed; the exit status.
   int run();
@@ -62,7 +74,7 @@ class Application : public suite::FrontEnd {
  private:
   void showAbove(QWidget& window);
 
-  QApplication qt_;
+  GuardedApplication qt_;
   Windows windows_;
   BusyPanel busy_;
   DesktopDialogs own_;

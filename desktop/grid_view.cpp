@@ -73,7 +73,7 @@ bool GridView::keyPressed(QKeyEvent& event) {
 }
 
 void GridView::popUp() {
-  perform([&] { fire(grid_.Popup); });
+  perform([&] { grid_.Popup(); });
 }
 
 bool GridView::edit(int row, int column) {

@@ -51,7 +51,7 @@ int Choice::findData(long data) const {
 void Choice::choose(int position) {
   const int before = chosen_;
   setChosen(position);
-  if (chosen_ != before) fire(Click);
+  if (chosen_ != before) Click();
 }
 
 bool Choice::act(Key key) {

@@ -3,9 +3,9 @@
 // view redraws a control when its version has moved on.
 #pragma once
 
-#include <functional>
 #include <string>
 
+#include "controls/event.h"
 #include "controls/key.h"
 
 namespace quillet {
@@ -14,6 +14,10 @@ class Form;
 class Frame;
 
 class Control {
+  // Ahead of the events, which refer to them.
+  Form& form_;
+  std::string name_;
+
  public:
   // An index from 0 marks a member of a control array; the members share the name.
   Control(Form& form, std::string name, std::string caption = {}, int index = -1);
@@ -58,21 +62,22 @@ class Control {
   virtual bool act(Key) { return false; }
 
   // Handlers, in the order in which a person causes them.
-  std::function<void()> GotFocus;
-  std::function<void(Key&)> KeyDown;   // every key; zero discards it
-  std::function<void(Key&)> KeyPress;  // characters, Enter, Tab, Escape, Backspace; may replace
-  std::function<void()> Change;
-  std::function<void()> Click;
-  std::function<void()> DblClick;
-  std::function<void(bool& cancel)> Validate;  // before the focus leaves; true keeps it
-  std::function<void()> LostFocus;
+  Event<> GotFocus{form_, name_, "GOTFOCUS"};
+  // Every key; zero discards it.
+  Event<Key&> KeyDown{form_, name_, "KEYDOWN"};
+  // Characters, Enter, Tab, Escape, Backspace; may replace the key.
+  Event<Key&> KeyPress{form_, name_, "KEYPRESS"};
+  Event<> Change{form_, name_, "CHANGE"};
+  Event<> Click{form_, name_, "CLICK"};
+  Event<> DblClick{form_, name_, "DBLCLICK"};
+  // Before the focus leaves; true keeps it.
+  Event<bool&> Validate{form_, name_, "VALIDATE"};
+  Event<> LostFocus{form_, name_, "LOSTFOCUS"};
 
  protected:
   void touch();
 
  private:
-  Form& form_;
-  std::string name_;
   std::string caption_;
   std::string toolTip_;
   int index_;
@@ -81,11 +86,5 @@ class Control {
   Frame* frame_ = nullptr;
   unsigned version_ = 1;
 };
-
-// Runs a handler that may not be attached.
-template <class Handler, class... Args>
-void fire(const Handler& handler, Args&&... args) {
-  if (handler) handler(static_cast<Args&&>(args)...);
-}
 
 }  // namespace quillet

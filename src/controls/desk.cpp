@@ -17,19 +17,19 @@ Form* Desk::find(std::string_view name) const {
 void Desk::opened(Form& form) {
   open_.push_back(&form);
   front_ = &form;
-  fire(onOpened, form);
+  if (onOpened) onOpened(form);
 }
 
 void Desk::closed(Form& form) {
   const bool wasFront = front_ == &form;
   forget(form);
-  if (wasFront && front_) front_->activated();
+  if (wasFront && front_) front_->activate();
 }
 
 void Desk::forget(Form& form) {
   std::erase(open_, &form);
   if (front_ == &form) front_ = open_.empty() ? nullptr : open_.back();
-  fire(onClosed, form);
+  if (onClosed) onClosed(form);
 }
 
 bool Desk::bringToFront(Form& form) {
@@ -39,8 +39,8 @@ bool Desk::bringToFront(Form& form) {
   if (at == open_.end() || covered) return false;
   if (front_ == &form) return true;
   front_ = &form;
-  fire(onOpened, form);
-  form.activated();
+  if (onOpened) onOpened(form);
+  form.activate();
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <stdexcept>
 #include <utility>
 
 #include "controls/desk.h"
@@ -32,8 +33,30 @@ void Form::setCaption(std::string caption) {
   touch();
 }
 
-void Form::report(std::string_view procedure, const std::exception& error) {
-  if (desk_.onError) desk_.onError(name_ + '\t' + std::string(procedure), error);
+const std::string Form::eventOwner = "FORM";
+
+void Form::report(std::string_view procedure, const std::exception& error) const noexcept {
+  try {
+    if (desk_.onError) desk_.onError(name_ + '\t' + std::string(procedure), error);
+  } catch (...) {
+    // Where the log cannot be written there is nobody left to tell.
+  }
+}
+
+void reportTrapped(const Form& form, const std::string& owner, const char* name,
+                   const std::exception& error) noexcept {
+  form.report(upperCase(owner) + '_' + name, error);
+}
+
+void reportTrapped(const Form& form, const std::string& owner, const char* name) noexcept {
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    reportTrapped(form, owner, name, error);
+  } catch (...) {
+    reportTrapped(form, owner, name,
+                  std::runtime_error("Something else than an error was thrown."));
+  }
 }
 
 // --- life ---------------------------------------------------------------------------------------
@@ -45,14 +68,16 @@ void Form::show() {
   }
   if (!loaded_) {
     loaded_ = true;
-    // Before loading: what stands in a hidden frame cannot take the focus then.
-    if (arrangementVersion_ == 0) arrangementChanged();
-    load();
+    trap("FORM_LOAD", [&] {
+      // Before loading: what stands in a hidden frame cannot take the focus then.
+      if (arrangementVersion_ == 0) arrangementChanged();
+      load();
+    });
   }
   visible_ = true;
   settle();
   desk_.opened(*this);
-  activated();
+  activate();
 }
 
 void Form::showModal(std::function<void()> closed) {
@@ -64,7 +89,7 @@ void Form::showModal(std::function<void()> closed) {
 bool Form::close() {
   if (!visible_) return true;
   bool cancel = false;
-  unload(cancel);
+  trap("FORM_UNLOAD", [&] { unload(cancel); });
   if (cancel) return false;
   visible_ = false;
   loaded_ = false;
@@ -73,7 +98,7 @@ bool Form::close() {
   desk_.closed(*this);
   // Moved out first: the opener may open the form again from here.
   const auto closed = std::exchange(closed_, {});
-  fire(closed);
+  if (closed) trap("FORM_CLOSED", closed);
   return true;
 }
 
@@ -83,7 +108,13 @@ void Form::arrangementChanged() {
   touch();
 }
 
-void Form::resized() { resize(); }
+void Form::resized() {
+  trap("FORM_RESIZE", [&] { resize(); });
+}
+
+void Form::activate() {
+  trap("FORM_ACTIVE", [&] { activated(); });
+}
 
 // --- controls -----------------------------------------------------------------------------------
 
@@ -112,7 +143,7 @@ bool Form::focus(Control& control) {
   if (active_ == &control) return true;
   if (active_ && control.causesValidation) {
     bool cancel = false;
-    fire(active_->Validate, cancel);
+    active_->Validate(cancel);
     if (cancel) return false;
   }
   moveFocus(&control);
@@ -142,8 +173,8 @@ void Form::moveFocus(Control* to) {
     Control* from = std::exchange(active_, to);
     redirected_ = nullptr;
     touch();
-    if (from) fire(from->LostFocus);
-    if (!redirected_ && active_ == to) fire(to->GotFocus);
+    if (from) from->LostFocus();
+    if (!redirected_ && active_ == to) to->GotFocus();
     to = redirected_ && redirected_ != active_ && redirected_->focusable() ? redirected_ : nullptr;
   }
   redirected_ = nullptr;
@@ -178,8 +209,8 @@ void Form::settle() {
 // --- keys and clicks ----------------------------------------------------------------------------
 
 Key Form::offer(Key key) {
-  const auto each = [&](const std::function<void(Key&)>& handler) {
-    if (key != keys::none) fire(handler, key);
+  const auto each = [&](const Event<Key&>& handler) {
+    if (key != keys::none) handler(key);
   };
   const bool pressed = keys::isPressed(key);
   each(KeyDown);
@@ -208,7 +239,7 @@ void Form::press(Key key) {
 bool Form::click(Control& control) {
   if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
     if (!entry->usable()) return false;
-    fire(entry->Click);
+    entry->Click();
   } else {
     if (!control.enabled() || !control.shown()) return false;
     if (control.takesFocus() && !focus(control)) return false;
@@ -217,7 +248,7 @@ bool Form::click(Control& control) {
     } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
       option->choose();
     } else {
-      fire(control.Click);
+      control.Click();
     }
   }
   settle();
@@ -227,7 +258,7 @@ bool Form::click(Control& control) {
 void Form::doubleClick(Control& control) {
   if (!control.enabled() || !control.shown()) return;
   if (control.takesFocus() && !focus(control)) return;
-  fire(control.DblClick);
+  control.DblClick();
   settle();
 }
 

@@ -77,7 +77,8 @@ class Form {
 
   // Told by the view when the window's size changed.
   void resized();
-  virtual void activated() {}
+  // Told by the desk when the form came to the front: FORM_ACTIVE.
+  void activate();
 
   // Wanted size as a share of the screen, and the factor for the font; set by the service object's
   // resize_for_resolution.
@@ -93,6 +94,9 @@ class Form {
   void touch() { ++version_; }
 
  protected:
+  // The form's own procedures carry this name: FORM_LOAD.
+  static const std::string eventOwner;
+
   // Runs a procedure's body; a run-time error ends it and becomes one line of the error log.
   template <class Body>
   void trap(std::string_view procedure, Body&& body) {
@@ -104,20 +108,23 @@ class Form {
   }
 
   virtual void load() {}
+  virtual void activated() {}
   virtual void resize() {}
   virtual void unload(bool& cancel) { (void)cancel; }
 
   // Key preview: they see every key before the control that has the focus.
-  std::function<void(Key&)> KeyDown;
-  std::function<void(Key&)> KeyPress;
+  Event<Key&> KeyDown{*this, eventOwner, "KEYDOWN"};
+  Event<Key&> KeyPress{*this, eventOwner, "KEYPRESS"};
 
  private:
   friend class Control;
+  friend void reportTrapped(const Form& form, const std::string& owner, const char* name,
+                            const std::exception& error) noexcept;
   void adopt(Control& control);
   void disown(Control& control);
   void moveFocus(Control* to);
   Control* nextFocusable(Control* from, bool backwards) const;
-  void report(std::string_view procedure, const std::exception& error);
+  void report(std::string_view procedure, const std::exception& error) const noexcept;
 
   Desk& desk_;
   std::string name_;

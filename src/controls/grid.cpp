@@ -81,7 +81,12 @@ void Grid::setRows(int rows, Cells cells) {
 
 std::vector<std::string>& Grid::cellsOf(const Row& row) const {
   if (row.askedBy != 0) {
-    row.cells = cells_(row.askedBy);
+    row.cells.clear();
+    try {
+      row.cells = cells_(row.askedBy);
+    } catch (...) {
+      reportTrapped(form(), name(), "CELLS");
+    }
     row.cells.resize(columns_.size());
     row.askedBy = 0;
   }
@@ -103,7 +108,7 @@ void Grid::removeRow(int row) {
   changed();
   if (current_ > row || current_ > rows()) {
     --current_;
-    fire(RowColChange);
+    RowColChange();
   }
 }
 
@@ -121,7 +126,7 @@ void Grid::removeRowsIf(const std::function<bool(int row)>& condition) {
   const bool lost = current == 0 && current_ != 0;
   current_ = current;
   changed();
-  if (lost) fire(RowColChange);
+  if (lost) RowColChange();
 }
 
 void Grid::clearRows() {
@@ -188,13 +193,13 @@ void Grid::tick(int row, bool on) {
   const int column = tickColumn();
   if (column < 0 || ticked(row) == on) return;
   setCell(row, column, on ? "1" : "");
-  fire(AfterEdit, row, column);
+  AfterEdit(row, column);
 }
 
 void Grid::edit(int row, int column, std::string text) {
   if (!columns_.at(static_cast<std::size_t>(column)).editable || cell(row, column) == text) return;
   setCell(row, column, std::move(text));
-  fire(AfterEdit, row, column);
+  AfterEdit(row, column);
 }
 
 void Grid::setCurrent(int row) {
@@ -202,7 +207,7 @@ void Grid::setCurrent(int row) {
   if (next == current_) return;
   current_ = next;
   touch();
-  fire(RowColChange);
+  RowColChange();
 }
 
 void Grid::clearSort() {
@@ -233,7 +238,7 @@ void Grid::sortBy(int column) {
         static_cast<int>(std::find(order.begin(), order.end(), current_ - 1) - order.begin()) + 1;
   }
   changed();
-  fire(AfterSort);
+  AfterSort();
 }
 
 void Grid::moveBy(int steps) {

@@ -3,6 +3,7 @@
 // thousand rows costs nothing to show; the cells of rows set with setRows are not even made before.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -96,11 +97,11 @@ class Grid : public Control {
   // Moves on whenever rows, cells or columns change; not when only the current row does.
   unsigned contentVersion() const { return contentVersion_; }
 
-  std::function<void()> RowColChange;
-  std::function<void()> AfterSort;
-  std::function<void(int row, int column)> AfterEdit;
+  Event<> RowColChange{form(), name(), "ROWCOLCHANGE"};
+  Event<> AfterSort{form(), name(), "AFTERSORT"};
+  Event<int, int> AfterEdit{form(), name(), "AFTEREDIT"};  // row, column
   // The right mouse button or the menu key on the current row.
-  std::function<void()> Popup;
+  Event<> Popup{form(), name(), "POPUP"};
 
  private:
   struct Row {

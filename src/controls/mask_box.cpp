@@ -35,7 +35,7 @@ void MaskBox::setText(const std::string& text) {
   if (next == text_) return;
   text_ = next;
   touch();
-  fire(Change);
+  Change();
 }
 
 void MaskBox::clear() { setText(emptyText(prompt_)); }
@@ -51,7 +51,7 @@ void MaskBox::put(std::size_t place, char c) {
   if (text_[place] == c) return;
   text_[place] = c;
   touch();
-  fire(Change);
+  Change();
 }
 
 void MaskBox::typeDigit(char c) {

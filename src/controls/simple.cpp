@@ -6,7 +6,7 @@ namespace quillet {
 
 bool Button::act(Key key) {
   if (key != keys::Enter && key != keys::Space) return false;
-  fire(Click);
+  Click();
   return true;
 }
 
@@ -30,7 +30,7 @@ bool CheckBox::act(Key key) {
 
 void CheckBox::toggle() {
   setChecked(!checked());
-  fire(Click);
+  Click();
 }
 
 bool OptionButton::act(Key key) {
@@ -50,7 +50,7 @@ void OptionButton::setChecked(bool checked) {
 
 void OptionButton::choose() {
   setChecked(true);
-  fire(Click);
+  Click();
 }
 
 MenuEntry::MenuEntry(Form& form, std::string name, std::string caption, MenuEntry* parent,

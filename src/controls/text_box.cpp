@@ -26,7 +26,7 @@ void TextBox::assign(std::string text, std::size_t caret) {
   selStart_ = caret;
   selLength_ = 0;
   touch();
-  if (differs) fire(Change);
+  if (differs) Change();
 }
 
 void TextBox::select(std::size_t start, std::size_t length) {
@@ -53,13 +53,13 @@ void TextBox::replaceSelection(const std::string& text) {
   if (!put.empty() || selLength_ > 0) {
     assign(text_.substr(0, begin) + put + text_.substr(end), caret);
   }
-  if (full) fire(Overflow);
+  if (full) Overflow();
 }
 
 void TextBox::edited(const std::string& text, std::size_t caret) {
   if (maxLength > 0 && lengthOf(text) > maxLength) {
     assign(text.substr(0, offsetOf(text, maxLength)), std::min(caret, maxLength));
-    fire(Overflow);
+    Overflow();
   } else {
     assign(text, caret);
   }

@@ -40,7 +40,7 @@ class TextBox : public Control {
   void edited(const std::string& text, std::size_t caret);
 
   // Characters were refused because the box is full.
-  std::function<void()> Overflow;
+  Event<> Overflow{form(), name(), "OVERFLOW"};
 
  private:
   void assign(std::string text, std::size_t caret);

@@ -107,14 +107,14 @@ void VTxt::CTXTVALIDATE_KEYPRESS(Key& key) {
         if (!CHECK_M()) key = keys::none;
         break;
       case keys::Enter:
-        fire(KeyPress, key);
+        if (KeyPress) KeyPress(key);
         key = keys::none;
         form().press(keys::Tab);
         return;
       default:
         check(key);
     }
-    if (key != keys::none) fire(KeyPress, key);
+    if (key != keys::none && KeyPress) KeyPress(key);
   });
 }
 
@@ -170,7 +170,7 @@ void VTxt::CTXTVALIDATE_LOSTFOCUS() {
     if (CHECK_M() && validateData_ == key_checks::amount && !trimmed(text()).empty()) {
       setText(key_checks::twoDecimals(text()));
     }
-    fire(LostFocus);
+    if (LostFocus) LostFocus();
   });
 }
 

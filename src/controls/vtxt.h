@@ -76,7 +76,9 @@ class VTxt : public TextBox {
   void check(Key& key);
   void discard(Key& key, const std::string& message = {});
   bool fault(const std::string& message);
-  void tell(const std::string& message) { fire(MsgBox, message); }
+  void tell(const std::string& message) {
+    if (MsgBox) MsgBox(message);
+  }
 
   template <class Body>
   void trap(std::string_view procedure, Body&& body) {

@@ -38,7 +38,6 @@ class frmcrtb : public Form {
 
   Node layout() override;
   std::string subject() const override;
-  void activated() override { FORM_ACTIVE(); }
 
   // --- menus
   MenuEntry mnuentry{*this, "mnuentry", "&Entry"};
@@ -184,6 +183,7 @@ class frmcrtb : public Form {
   void CMDEXPORT_CLICK();
 
  protected:
+  void activated() override { FORM_ACTIVE(); }
   void load() override { FORM_LOAD(); }
   void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }
 

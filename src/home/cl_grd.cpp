@@ -32,7 +32,7 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
   txtsearch.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
-    fire(DblClick);
+    DblClick();
   };
   cbostatus.Click = [this] { filterChosen(); };
   cbogrpcode.Click = [this] { filterChosen(); };
@@ -139,7 +139,7 @@ std::string ClGrd::TextMatrix(int row, int column) const {
 void ClGrd::typed(Key& key) {
   if (key == keys::Enter) {
     key = keys::none;
-    fire(DblClick);
+    DblClick();
   } else if (key == keys::Backspace) {
     key = keys::none;
     const std::string text = txtsearch.text();

@@ -25,7 +25,6 @@ class third : public Form {
   explicit third(Context& context);
 
   Node layout() override;
-  void activated() override { FORM_ACTIVATE(); }
 
   Button mnucreate{*this, "mnucreate", "&Create Trial Balance"};
   Button mnualter{*this, "mnualter", "&Alter/View Trial Balance"};
@@ -84,6 +83,7 @@ class third : public Form {
   const std::string& mode() const { return mode_; }
 
  protected:
+  void activated() override { FORM_ACTIVATE(); }
   void load() override { FORM_LOAD(); }
   void resize() override { FORM_RESIZE(); }
   void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }

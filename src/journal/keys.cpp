@@ -93,7 +93,7 @@ void frmjrnl::enterInAmount(int line) {
     return;
   }
   bool cancel = false;
-  fire(active()->Validate, cancel);
+  active()->Validate(cancel);
   if (cancel) return;
   if (line == lastLine()) LOADCONTROLS();
   focus(cboside[line + 1]);

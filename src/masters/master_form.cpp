@@ -66,7 +66,7 @@ void MasterForm::makeCurrent(Grid& grid, int row) {
   if (grid.current() != row) {
     grid.setCurrent(row);
   } else {
-    fire(grid.RowColChange);
+    grid.RowColChange();
   }
 }
 

@@ -53,6 +53,19 @@ TEST_F(Surrounding, MessageBoxesAnswerToTheirKeys) {
   }
 }
 
+// Through the toolkit's own frames an exception would end the program.
+TEST_F(Surrounding, WhatAWindowThrowsIsLogged) {
+  class Thrower : public QObject {
+    bool event(QEvent*) override { throw std::runtime_error("broken"); }
+  };
+  std::string logged;
+  desk.onError = [&](const std::string&, const std::exception& error) { logged = error.what(); };
+  Thrower thrower;
+  QEvent event(QEvent::User);
+  EXPECT_FALSE(QCoreApplication::sendEvent(&thrower, &event));
+  EXPECT_EQ(logged, "broken");
+}
+
 TEST_F(Surrounding, MessageBoxesShowTheTextAsItIs) {
   whenAsked([&] {
     QMessageBox* box = openBox();

@@ -1,0 +1,55 @@
+// A place where a form attaches what it does when something happens to a control or to itself.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace quillet {
+
+class Form;
+
+// The error becomes one line of the error log, under the name of the form and "OWNER_NAME" in
+// capitals.
+void reportTrapped(const Form& form, const std::string& owner, const char* name,
+                   const std::exception& error) noexcept;
+// The same for the exception that is being handled, whatever its type.
+void reportTrapped(const Form& form, const std::string& owner, const char* name) noexcept;
+
+// No exception leaves a handler, so that none reaches the view or the program that runs it.
+template <class... Args>
+class Event {
+ public:
+  // All of them outlive the event.
+  Event(const Form& form, const std::string& owner, const char* name)
+      : form_(form), owner_(owner), name_(name) {}
+  Event(const Event&) = delete;
+  Event& operator=(const Event&) = delete;
+
+  // Attaches the handler in place of the one before.
+  template <class Handler>
+  Event& operator=(Handler handler) {
+    handler_ = std::move(handler);
+    return *this;
+  }
+  explicit operator bool() const { return static_cast<bool>(handler_); }
+
+  // Runs the handler, if one is attached.
+  void operator()(Args... args) const noexcept {
+    if (!handler_) return;
+    try {
+      handler_(static_cast<Args>(args)...);
+    } catch (...) {
+      reportTrapped(form_, owner_, name_);
+    }
+  }
+
+ private:
+  const Form& form_;
+  const std::string& owner_;
+  const char* name_;
+  std::function<void(Args...)> handler_;
+};
+
+}  // namespace quillet
