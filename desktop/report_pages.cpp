@@ -268,7 +268,7 @@ void ReportPages::paintHeadings(QPainter& painter) const {
   double top = margin;
   bool first = true;
   for (const suite::ReportHeading& heading : headings_) {
-    QFont font = fontFor(heading.emphasised || first);
+    QFont font = fontFor(heading.emphasised);
     if (first) font.setPixelSize(qRound(font.pixelSize() * 1.15));
     first = false;
     const double width = QFontMetricsF(font).horizontalAdvance(toQt(heading.text));
@@ -316,7 +316,6 @@ void ReportPages::paintFoot(QPainter& painter, int page) const {
   painter.drawText(
       foot, Qt::AlignLeft | Qt::AlignBottom,
       QObject::tr("Printed on %1").arg(printed_.toString(QStringLiteral("dd/MM/yyyy"))));
-  painter.drawText(foot, Qt::AlignHCenter | Qt::AlignBottom, toQt(document_.firm()));
   painter.drawText(foot, Qt::AlignRight | Qt::AlignBottom,
                    QObject::tr("Page %1 of %2").arg(page + 1).arg(count()));
 }

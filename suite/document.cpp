@@ -31,10 +31,18 @@ std::size_t cellsOf(const Document::Written& row) {
   return marked == std::string::npos ? row.values.size() : std::min(marked + 1, row.values.size());
 }
 
+// Some titles name the firm themselves.
+bool names(const std::string& title, const std::string& firm) {
+  return (' ' + title + ' ').find(' ' + firm + ' ') != std::string::npos;
+}
+
 }  // namespace
 
 std::vector<ReportHeading> Document::pageHeadings() const {
   std::vector<ReportHeading> lines = headings_;
+  const std::string title = lines.empty() ? "" : lines.front().text;
+  if (!lines.empty()) lines.front().emphasised = true;
+  if (!firm_.empty() && !names(title, firm_)) lines.insert(lines.begin(), {firm_, true});
   if (!subject_.empty()) lines.push_back({subject_});
   return lines;
 }

@@ -41,7 +41,7 @@ struct ReportRow {
 class Document {
  public:
   const std::vector<ReportHeading>& headings() const { return headings_; }
-  // The heading lines as they stand on paper, the subject below them.
+  // The heading lines as they stand on paper: the firm's name at the head, the subject below.
   std::vector<ReportHeading> pageHeadings() const;
   const std::vector<ReportRow>& rows() const { return rows_; }
   // How many columns the widest row of a table has.
@@ -55,8 +55,7 @@ class Document {
   };
   Span spanOf(const ReportRow& row, std::size_t cell) const;
   int tables() const { return tables_; }
-  // Whose report it is; printed at the foot of every page.
-  const std::string& firm() const { return firm_; }
+  // Who made the report.
   void setFirm(std::string name) { firm_ = std::move(name); }
   // Whose books it is about: a sheet that lies about says it, whatever the report's own headings
   // do.

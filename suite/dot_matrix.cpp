@@ -56,15 +56,23 @@ class Pages {
   std::string text() {
     text_ = reset;
     if (width_ > static_cast<std::size_t>(PaperWidth::columns80)) text_ += condensed;
-    for (const ReportHeading& heading : document_.pageHeadings()) {
-      line(emphasised(placed(printable(heading.text), width_, CellAlign::center),
-                      heading.emphasised));
-    }
+    for (const ReportHeading& heading : document_.pageHeadings()) write(heading);
     for (std::size_t row = 0; row < document_.rows().size(); ++row) add(row);
     return text_ + newPage;
   }
 
  private:
+  // A heading wider than the paper goes on in the next line.
+  void write(const ReportHeading& heading) {
+    std::string rest = printable(heading.text);
+    while (rest.size() > width_) {
+      const std::size_t blank = rest.rfind(' ', width_);
+      const std::size_t end = blank == std::string::npos || blank == 0 ? width_ : blank;
+      line(emphasised(placed(rest.substr(0, end), width_, CellAlign::center), heading.emphasised));
+      rest.erase(0, rest.find_first_not_of(' ', end));
+    }
+    line(emphasised(placed(rest, width_, CellAlign::center), heading.emphasised));
+  }
   void add(std::size_t at) {
     const ReportRow& row = document_.rows()[at];
     if (row.table != table_) begin(row.table);

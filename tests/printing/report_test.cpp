@@ -70,8 +70,8 @@ TEST_F(ReportTest, ThePageNamesClientAndPeriod) {
     form.click(form.mnuPreview);
     const suite::Document& report = *practice.surroundings().lastReport();
     ASSERT_EQ(report.headings().size(), 1U);
-    ASSERT_EQ(report.pageHeadings().size(), 2U);
-    EXPECT_EQ(report.pageHeadings()[1].text, std::string("Asha Traders (C1), ") + period);
+    ASSERT_EQ(report.pageHeadings().size(), 3U);
+    EXPECT_EQ(report.pageHeadings()[2].text, std::string("Asha Traders (C1), ") + period);
     EXPECT_NE(suite::dotMatrixOf(report, suite::PaperWidth::columns80).find("Asha Traders (C1)"),
               std::string::npos);
   }

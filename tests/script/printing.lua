@@ -32,11 +32,41 @@ local function contents(path)
   return file:read("a")
 end
 
+-- Every printout has the firm's name at its head, in the text file and on the page.
 local text, pdf = quillet.paths.doc .. "/report.txt", quillet.paths.doc .. "/report.PDF"
-quillet.save_report(text)
-assert(contents(text):find("Söhne & Co", 1, true))
-quillet.save_report(pdf)
-equal(contents(pdf):sub(1, 5), "%PDF-")
+local function heads(title)
+  quillet.save_report(text)
+  quillet.save_report(pdf)
+  local page <close> = assert(io.popen("pdftotext -layout '" .. pdf .. "' -"))
+  for kind, whole in pairs { text = contents(text), pdf = page:read("a") } do
+    local head = whole:match("[^\n]+")
+    assert(head:find("Sample & Associates", 1, true), kind .. " of " .. title .. ": " .. head)
+    assert(whole:find(title, 1, true), kind .. " of " .. title .. ": " .. whole)
+    assert(select(2, whole:gsub("Sample & Associates", "")) == 1, kind .. " of " .. title)
+    assert(whole:find("12,?000.50"), kind .. " of " .. title .. ": " .. whole)
+  end
+end
+heads("Trial Balance For the Period")
+for _, command in ipairs { home.mnusumm, home.mnudet } do
+  home:press("Escape")
+  command:click()
+  home.ClGrd1:dblclick()
+  home.flexgrid2:dblclick()
+  heads("Trial Balance For the Period")
+end
+quillet.exec("insert into JRNL_1 values('C1',1,1,'2008-06-15',1,72,12000.5,'')")
+local editor = support.open("C1", 2008)
+editor.mnuPreview:click()
+heads("Trial Balance")
+editor.mnuprnsumm:click()
+heads("Summarized Details")
+editor.mnujournal:click()
+local journal = quillet.form("frmjrnl")
+journal.cmdprn:click()
+heads("Adjustment Entries Passed of Sample & Associates")
+journal.cmdtb:click()
+heads("Subsidiary Trial Balance of Sample & Associates")
+equal(quillet.log(), {})
 fails(".pdf or .txt", quillet.save_report, quillet.paths.doc .. "/report.doc")
 fails("cannot write", quillet.save_report, quillet.paths.doc .. "/nowhere/report.txt")
 fails("cannot write", quillet.save_report, quillet.paths.doc .. "/nowhere/report.pdf")

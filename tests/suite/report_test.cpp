@@ -113,6 +113,7 @@ TEST_F(ReportTest, ReadsAsTextWithBlocksOverTheirColumns) {
   write({"Total", "1,250.00", "-", "1,250.00", "-"}, "01111", "0", "00001", "11101");
   reporter().ShowReport();
   EXPECT_EQ(textOf(report()),
+            "Sample & Associates\n"
             "Subsidiary Trial Balance\n"
             "\n"
             "            -------------  -------------\n"
