@@ -12,6 +12,7 @@
 
 #include "suite/folder_examination.h"
 #include "suite/folder_seal.h"
+#include "suite/stack_bounds.h"
 
 // The library's own switch, which it sets from no option: its files are not synchronised one by
 // one.
@@ -90,6 +91,7 @@ EmbeddedServer::EmbeddedServer(const fs::path& folder)
   if (state == FolderState::isNew) markAsBeingMade(folder_);
   folder_seal::remove(folder_);
   started = true;
+  keepStackBounds();
   if (!startServerLibrary(folder_)) {
     throw std::runtime_error("The database in " + folder_.string() +
                              " did not start; its file error.log tells why.");
