@@ -1,7 +1,6 @@
 #include "suite/stock_form.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "data/sql.h"
 #include "data/text.h"
@@ -167,13 +166,16 @@ void frmTrade::fillLedgers() {
   for (; !rows->EOF_(); rows->MoveNext()) vsfp.addRow({rows->text(0)});
 }
 
+// Several rows of one pair, as a merge in a master leaves them, are one line with their sum.
 void frmTrade::showLines() {
   const int selected = vsf.current();
   double total = 0;
   vsf.clearRows();
-  const auto rows =
-      query("select t.partid,t.allid,t.amt,g.allgrp from " + table_ +
-            " t left join mast_allgrp g on g.allid=t.allid where t.code_no='" + client_ + "'");
+  txttotal.setText("");
+  const auto rows = query(
+      "select ifnull(partid,0),ifnull(allid,0),sum(amt),(select min(g.allgrp) from "
+      "mast_allgrp g where g.allid=t.allid) from " +
+      table_ + " t where code_no='" + client_ + "' group by 1,2 order by 1,2");
   for (; !rows->EOF_(); rows->MoveNext()) {
     total += rows->number(2);
     vsf.addRow({host_->GetPart_MastPartId(rows->integer(0)), rows->text(3),
@@ -210,9 +212,8 @@ void frmTrade::deleteLine() {
       Answer::Yes) {
     return;
   }
-  remove({std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))});
-  clearEntry();
-  showLines();
+  change(
+      {removal({std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))})});
 }
 
 std::optional<std::string> frmTrade::knownGroup() const {
@@ -241,32 +242,45 @@ void frmTrade::saveLine() {
     ask("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
     return;
   }
-  if (altered_) remove(*altered_);
-  const double amount = mergeWithExisting(line, *typed);
-  change("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ + "'," +
-         sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," + sqlNumber(amount) + ")");
+  std::vector<Sql> statements;
+  if (altered_ && altered_ != line) statements.push_back(removal(*altered_));
+  statements.push_back(removal(line));
+  const double amount = altered_ == line ? *typed : merged(line, *typed);
+  statements.push_back("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ +
+                       "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
+                       sqlNumber(amount) + ")");
+  change(statements);
   if (vsfp.find(0, name) == 0) fillLedgers();
-  showLines();
-  clearEntry();
   focus(txtpart);
 }
 
-double frmTrade::mergeWithExisting(Pair line, double amount) {
-  const auto row = query("select sum(amt),count(*) from " + table_ + where(line));
-  if (row->integer(1) == 0) return amount;
-  remove(line);
-  return std::round((amount + row->number(0)) * 100) / 100;
+// The amount with what is stored for the pair, in whole paise.
+double frmTrade::merged(Pair line, double amount) {
+  const auto stored = query("select sum(amt) from " + table_ + where(line));
+  return shownAmount(host_->formatgen(amount + stored->number(0), amountFormat));
 }
 
-void frmTrade::remove(Pair line) { change("delete from " + table_ + where(line)); }
+Sql frmTrade::removal(Pair line) const { return "delete from " + table_ + where(line); }
 
 Sql frmTrade::where(Pair line) const {
-  return " where code_no='" + client_ + "' and partid=" + sqlNumber(line.partId) +
-         " and allid=" + sqlNumber(line.allId);
+  return " where code_no='" + client_ + "' and ifnull(partid,0)=" + sqlNumber(line.partId) +
+         " and ifnull(allid,0)=" + sqlNumber(line.allId);
 }
 
-void frmTrade::change(const Sql& sql) {
-  host_->ConQuery(sql);
+// All of the statements count or none does: an entry that failed is still in its fields and may be
+// saved again. Afterwards the list shows what is stored.
+void frmTrade::change(const std::vector<Sql>& statements) {
+  try {
+    host_->ConQuery("start transaction");
+    for (const Sql& statement : statements) host_->ConQuery(statement);
+    host_->ConQuery("commit");
+  } catch (...) {
+    host_->ConQuery("rollback");
+    showLines();
+    throw;
+  }
+  clearEntry();
+  showLines();
   host_->ConQuery(flushTables);
 }
 

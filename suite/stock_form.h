@@ -43,6 +43,7 @@ class frmTrade : public Form, public StockForm {
   struct Pair {
     long partId = 0;
     long allId = 0;
+    bool operator==(const Pair&) const = default;
   };
 
   void attachEntry();
@@ -57,9 +58,9 @@ class frmTrade : public Form, public StockForm {
   void clearEntry();
   bool entering() const;
   std::optional<std::string> knownGroup() const;
-  double mergeWithExisting(Pair line, double amount);
-  void remove(Pair line);
-  void change(const Sql& sql);
+  double merged(Pair line, double amount);
+  Sql removal(Pair line) const;
+  void change(const std::vector<Sql>& statements);
   RecordsetPtr query(const Sql& sql);
   Sql where(Pair line) const;
   Answer ask(const std::string& text, Buttons buttons, Icon icon);

@@ -72,7 +72,7 @@ Balances frmcrtb::readBalances(Year year) {
   txtclst[year].setText(
       context_.host->formatgen(exists ? readClosingStock(year) : 0.0, stockFormat));
   // What a person reads is what is reckoned with.
-  balances.closingStock = typedAmount(*context_.host, txtclst[year].text()).value_or(0);
+  balances.closingStock = shownAmount(txtclst[year].text());
   return balances;
 }
 

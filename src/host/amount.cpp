@@ -51,6 +51,9 @@ std::optional<double> typedAmount(const ServiceObject& host, std::string_view te
 }
 
 double shownAmount(std::string_view text) {
+  if (text.find(',') != std::string_view::npos) {
+    return shownAmount(replacedAll(std::string(text), ",", ""));
+  }
   double amount = 0;
   std::from_chars(text.data(), text.data() + text.size(), amount);
   return amount;

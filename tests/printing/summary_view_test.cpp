@@ -3,6 +3,7 @@
 
 #include "forms/editor_fixture.h"
 #include "suite/stock_form.h"
+#include "support/failing_deed.h"
 
 namespace quillet::support {
 namespace {
@@ -92,6 +93,18 @@ TEST_F(SummaryViewTest, ShowsBothYearsAndSendsAStatementForEachGroup) {
   form.press(keys::Escape);
   EXPECT_TRUE(form.famLines.visible());
   EXPECT_EQ(form.active(), &form.vsfm);
+
+  // A stock of any size counts as it reads.
+  for (const auto& [stock, read, assets] :
+       {std::tuple{"12345678901234.56", "12,345,678,901,234.60", "12,345,678,901,434.60"},
+        {"123456789012345.67", "123,456,789,012,346.00", "123,456,789,012,546.00"}}) {
+    exec("update TRADE_" + current.substr(4) + " set amt=" + stock + " where code_no='C1'");
+    form.click(form.mnushsumm);
+    EXPECT_EQ(form.txtclst[0].text(), read);
+    EXPECT_EQ(row(form, "Less : Closing Stock")[0], read);
+    EXPECT_EQ(row(form, "Current Assets")[0], assets);
+    form.press(keys::Escape);
+  }
 }
 
 TEST_F(SummaryViewTest, WithoutLinesEveryAmountIsZeroAndEveryRateADash) {
@@ -159,6 +172,126 @@ TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
   EXPECT_FALSE(stock.visible());
   EXPECT_EQ(row(form, "Less : Closing Stock"), (Pair{"700.00", "0.00"}));
   EXPECT_EQ(form.txtclst[0].text(), "700.00");
+}
+
+// A merge of groups or ledgers leaves such rows; the sibling component may leave rows without ids.
+TEST_F(SummaryViewTest, RowsOfOnePairAreOneLineOfStock) {
+  const std::string table = "TRADE_" + current.substr(4);
+  const std::string ids =
+      std::to_string(ledger("Rice")) + "," + std::to_string(group("CLOSING STOCK"));
+  const auto fill = [&] {
+    exec("delete from " + table);
+    exec("insert into " + table + "(code_no,partid,allid,amt) values('C1'," + ids + ",0.1),('C1'," +
+         ids + ",1000.2),('C1'," + std::to_string(ledger("Wheat")) + ",null,7),('C2'," + ids +
+         ",5)");
+  };
+  const std::string all = "select code_no,amt from " + table + " order by code_no,amt";
+  fill();
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.cmdclstock[0]);
+  frmTrade& stock = stockForm(form);
+  EXPECT_EQ(shown(stock.vsf), (Rows{{"Rice", "CLOSING STOCK", "1000.30"}, {"Wheat", "", "7.00"}}));
+  EXPECT_EQ(stock.txttotal.text(), "1,007.30");
+  const struct {
+    const char *what, *ledger, *amount;
+    Rows stored;
+  } cases[] = {{"confirmed", "Rice", "1000.30", {{"C1", "7"}, {"C1", "1000.3"}, {"C2", "5"}}},
+               {"altered", "Rice", "12", {{"C1", "7"}, {"C1", "12"}, {"C2", "5"}}},
+               {"merged", "Wheat", "1", {{"C1", "1001.3"}, {"C2", "5"}}},
+               {"deleted", "Rice", "", {{"C1", "7"}, {"C2", "5"}}},
+               {"deleted", "Wheat", "", {{"C1", "0.1"}, {"C1", "1000.2"}, {"C2", "5"}}}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    fill();
+    stock.close();
+    form.click(form.cmdclstock[0]);
+    frmTrade& anew = stockForm(form);
+    const bool merging = c.what == std::string("merged");
+    anew.focus(anew.vsf);
+    anew.vsf.setCurrent(anew.vsf.find(0, c.ledger));
+    if (std::string(c.amount).empty()) {
+      dialogs.queueAnswer(Answer::Yes);
+      anew.click(anew.cmddelete);
+    } else {
+      anew.press(keys::Enter);
+      enterStock(anew, merging ? "Rice" : c.ledger, "CLOSING STOCK", c.amount);
+    }
+    EXPECT_EQ(rows(all), c.stored);
+  }
+  EXPECT_TRUE(log().empty());
+}
+
+TEST_F(SummaryViewTest, AFailedChangeOfStockChangesNothing) {
+  const std::string table = "TRADE_" + current.substr(4);
+  const auto ids = [&](const char* name) {
+    return std::to_string(ledger(name)) + "," + std::to_string(group("CLOSING STOCK"));
+  };
+  const std::string rice = ids("Rice"), wheat = ids("Wheat");
+  frmTrade* stock = nullptr;
+  const auto arrange = [&] {
+    if (stock != nullptr && stock->visible()) stock->close();
+    exec("delete from " + table);
+    exec("insert into " + table + "(code_no,partid,allid,amt) values('C1'," + rice +
+         ",300),('C1'," + wheat + ",100)");
+    frmcrtb& form = open("C1", 2008);
+    form.click(form.cmdclstock[0]);
+    stock = &stockForm(form);
+    stock->vsf.setCurrent(stock->vsf.find(0, "Rice"));
+  };
+  const auto enter = [&] { stock->press(keys::Enter); };
+  const auto result = [&] {
+    return rows("select partid,amt from " + table + " where code_no='C1' order by partid,amt");
+  };
+  const auto alter = [&] {
+    arrange();
+    stock->focus(stock->vsf);
+    enter();
+    type(stock->txtpart, "Wheat");
+    type(stock->txtamount, "50");
+  };
+  const auto remove = [&] {
+    dialogs.queueAnswer(Answer::Yes);
+    stock->click(stock->cmddelete);
+  };
+  const auto showsWhatIsStored = [&] {
+    Rows seen;
+    for (int row = 1; row <= stock->vsf.rows(); ++row) {
+      seen.push_back({stock->vsf.cell(row, 3), host().formatgen(stock->vsf.cell(row, 2), "0")});
+    }
+    // A list that could not be read is empty.
+    EXPECT_EQ(seen, stock->txttotal.text().empty() ? Rows{} : result());
+  };
+  const auto again = [&] {
+    enter();
+    showsWhatIsStored();
+  };
+  failEachStatement({.what = "altering into another line",
+                     .arrange = alter,
+                     .act = enter,
+                     .result = result,
+                     .next = {{"Enter again", again}},
+                     .place = "frmTrade",
+                     .stops = false,
+                     .check = showsWhatIsStored});
+  failEachStatement({.what = "altering into another line",
+                     .arrange = alter,
+                     .act = enter,
+                     .result = result,
+                     .next = {{"Escape", [&] { stock->press(keys::Escape); },
+                               [&] { stock->press(keys::Escape); }},
+                              {"a deletion", remove, remove}},
+                     .place = "frmTrade",
+                     .stops = false,
+                     .behind = 2});
+  failEachStatement({.what = "deleting",
+                     .arrange = arrange,
+                     .act = remove,
+                     .result = result,
+                     .next = {{"the same again", remove}},
+                     .place = "frmTrade",
+                     .stops = false,
+                     .behind = 2,
+                     .check = showsWhatIsStored});
 }
 
 TEST_F(SummaryViewTest, ClosingStockRefusesWhatTheEditorRefuses) {
