@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "data/names.h"
 #include "data/text.h"
 #include "suite/format.h"
 #include "suite/passwords.h"
@@ -33,12 +34,13 @@ std::vector<Field> fieldsOf(const Client& client) {
 
 [[noreturn]] void refuse(const std::string& what) { throw std::runtime_error(what); }
 
-Client trimmedClient(Client client) {
-  for (std::string* text : {&client.code, &client.name, &client.first, &client.middle, &client.last,
-                            &client.status, &client.father, &client.born, &client.address,
-                            &client.groupCode, &client.groupName, &client.company}) {
-    *text = std::string(trimmed(*text));
+Client cleanedClient(Client client) {
+  for (std::string* text :
+       {&client.code, &client.name, &client.first, &client.middle, &client.last, &client.status,
+        &client.father, &client.groupCode, &client.groupName, &client.company}) {
+    *text = cleanedName(*text);
   }
+  for (std::string* text : {&client.born, &client.address}) *text = std::string(trimmed(*text));
   return client;
 }
 
@@ -55,12 +57,12 @@ void validate(Database& database, const Client& client) {
   if (!client.born.empty() && !readDate(client.born)) {
     refuse("\"" + client.born + "\" is no date.");
   }
-  if (!database
-           .query("select 1 from Main_Info1 where code_no='" + database.escape(client.code) +
-                  "' limit 1")
-           ->EOF_()) {
-    refuse("There is a client with the code " + client.code + " already.");
-  }
+  const RecordsetPtr same = database.query("select code_no from Main_Info1 where code_no='" +
+                                           database.escape(client.code) + "' limit 1");
+  if (same->EOF_()) return;
+  const std::string code = same->text(0);
+  refuse("There is a client with the code " + client.code + " already" +
+         (sameName(code, client.code) ? "." : ": " + code + "."));
 }
 
 std::string quoted(const Database& database, const std::string& text) {
@@ -89,7 +91,7 @@ std::string Client::displayName() const {
 }
 
 void addClient(Database& database, const Client& given) {
-  const Client client = trimmedClient(given);
+  const Client client = cleanedClient(given);
   validate(database, client);
   const auto text = [&](const std::string& value) { return quoted(database, value); };
   const std::optional<Date> born = readDate(client.born);

@@ -59,17 +59,30 @@ std::string LedgerNames::nameOf(long id) {
 }
 
 long LedgerNames::idOf(const std::string& name, bool create) {
-  const std::string wanted(trimmed(name));
-  if (wanted.empty() || lengthOf(wanted) > ledgerNameLength) return 0;
+  const std::string cleaned = cleanedName(name);
+  if (cleaned.empty() || lengthOf(cleaned) > ledgerNameLength) return 0;
   try {
-    const RecordsetPtr found =
-        database_.query("select PartId from Mast_Part where Particular='" +
-                        database_.escape(wanted) + "' order by PartId limit 1");
-    if (!found->EOF_()) return found->integer(0);
-    return create ? this->create(wanted) : 0;
+    const std::optional<NamedId> found = find(name, cleaned);
+    if (found) return found->id;
+    return create ? this->create(cleaned) : 0;
   } catch (const RunTimeError&) {
     return 0;
   }
+}
+
+std::optional<NamedId> LedgerNames::find(const std::string& name, const std::string& cleaned) {
+  const auto rows = database_.query(
+      "select PartId, Particular from Mast_Part where Particular in ('" +
+      database_.escape(cleaned) + "','" + database_.escape(name) + "') order by PartId");
+  std::optional<NamedId> found = bestMatch(*rows, "PartId", "Particular", name);
+  if (found && sameName(found->name, name)) return found;
+  // The same name may stand there in a way that the database does not see, as with two blanks.
+  load();
+  const std::string key = nameKey(name);
+  for (const auto& [id, listed] : names_) {
+    if (nameKey(listed) == key) return NamedId{id, listed};
+  }
+  return found;
 }
 
 long LedgerNames::create(const std::string& name) {

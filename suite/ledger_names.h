@@ -2,9 +2,11 @@
 // number of look-ups; a statement that touches the ledger table makes the next look-up read anew.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
+#include "data/names.h"
 #include "suite/database.h"
 
 namespace quillet::suite {
@@ -15,13 +17,14 @@ class LedgerNames {
 
   // "" when there is none.
   std::string nameOf(long id);
-  // The id of that name, compared without regard to case and to blanks around it; when there is
-  // none it is created with the highest id plus one, if asked for. 0 when that fails.
+  // The id of that name; when there is none, of one that the database takes for it; when there is
+  // none either, it is created with the highest id plus one, if asked for. 0 when that fails.
   long idOf(const std::string& name, bool create);
   // Told of every statement that the module executes.
   void noticed(const std::string& sql);
 
  private:
+  std::optional<NamedId> find(const std::string& name, const std::string& cleaned);
   long create(const std::string& name);
   void load();
 

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "data/names.h"
 #include "data/sql.h"
 #include "data/text.h"
 #include "host/amount.h"
+#include "host/meant_name.h"
 #include "suite/schema.h"
 
 namespace quillet::suite {
@@ -18,10 +20,10 @@ enum Column { particular, group, amountColumn, partIdColumn, allIdColumn };
 
 // The first row whose name begins with the text, 0 for none.
 int firstMatch(const Grid& list, const std::string& text) {
-  const std::string wanted = upperCase(trimmed(text));
+  const std::string wanted = nameKey(text);
   if (wanted.empty()) return 0;
   for (int row = 1; row <= list.rows(); ++row) {
-    if (upperCase(list.cell(row, 0)).compare(0, wanted.size(), wanted) == 0) return row;
+    if (nameKey(list.cell(row, 0)).starts_with(wanted)) return row;
   }
   return 0;
 }
@@ -223,7 +225,7 @@ std::optional<std::string> frmTrade::knownGroup() const {
 }
 
 void frmTrade::saveLine() {
-  const std::string name(trimmed(txtpart.text()));
+  const std::string name = cleanedName(txtpart.text());
   const auto typed = typedAmount(*host_, txtamount.text());
   if (name.empty() || trimmed(txtgroup.text()).empty() || !typed || *typed <= 0) {
     ask("Cannot save the entry due to invalid data.", Buttons::OK, Icon::none);
@@ -240,6 +242,11 @@ void frmTrade::saveLine() {
   const Pair line{host_->GetMax_MastPartId(name), found->integer(0)};
   if (line.partId == 0) {
     ask("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
+    return;
+  }
+  if (!ledgerMeant(*host_, dialogs_, name, line.partId, caption())) {
+    focus(txtpart);
+    lblhint.setCaption(chooseAnotherName);
     return;
   }
   std::vector<Sql> statements;

@@ -113,7 +113,7 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
   std::size_t i = 0;
   std::size_t j = 0;
   while (i < a.size() && j < b.size()) {
-    if (upperCase(nextCharacter(a, i)) != upperCase(nextCharacter(b, j))) return false;
+    if (foldedCase(nextCharacter(a, i)) != foldedCase(nextCharacter(b, j))) return false;
   }
   return i == a.size() && j == b.size();
 }

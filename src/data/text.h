@@ -20,6 +20,9 @@ std::u32string charactersOf(std::string_view text);
 char32_t upperCase(char32_t character);
 char32_t lowerCase(char32_t character);
 std::string upperCase(std::string_view text);
+// The same for letters that differ in case alone: the capital, except for the few letters whose
+// capital is another letter's.
+char32_t foldedCase(char32_t character);
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
 // The indexes of the texts in ascending order of their bytes, of equal ones in the order they have.

@@ -103,6 +103,20 @@ char32_t upperCase(char32_t character) {
   return static_cast<char32_t>(static_cast<int>(character) + range.offset);
 }
 
+char32_t foldedCase(char32_t character) {
+  switch (character) {
+    case U'ı':
+    case U'ſ':
+    case U'ẛ':
+    case U'\u0345':  // a Greek sign below, whose capital is a letter
+      return character;
+    case U'ẞ':
+      return U'ß';
+    default:
+      return upperCase(character);
+  }
+}
+
 // The table read backwards. Where several letters share a capital, the one of the longest range is
 // the ordinary one: the others are variants that stand alone.
 char32_t lowerCase(char32_t character) {

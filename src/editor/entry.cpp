@@ -3,18 +3,20 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/names.h"
 #include "data/sql.h"
 #include "data/text.h"
 #include "editor/frmcrtb.h"
 #include "host/amount.h"
 #include "host/busy.h"
+#include "host/meant_name.h"
 
 namespace quillet {
 namespace {
 
 // The first of the ordered capitals that begins with the text, counted from 1; 0 for none.
 int firstMatch(const std::vector<std::string>& capitals, const std::string& text) {
-  const std::string wanted = upperCase(text);
+  const std::string wanted = beginningKey(text);
   if (wanted.empty()) return 0;
   const auto at = std::lower_bound(capitals.begin(), capitals.end(), wanted);
   if (at == capitals.end() || at->compare(0, wanted.size(), wanted) != 0) return 0;
@@ -118,7 +120,21 @@ void frmcrtb::pickFromList(TextBox& box, Grid& list) {
 }
 
 bool frmcrtb::knownGroup(const std::string& name) const {
-  return std::binary_search(groupKeys_.begin(), groupKeys_.end(), upperCase(name));
+  return std::binary_search(groupKeys_.begin(), groupKeys_.end(), nameKey(name));
+}
+
+std::string frmcrtb::enteredName(const Grid& list, const std::string& typed) const {
+  const std::vector<std::string>& keys = &list == &vsfp ? ledgerKeys_ : groupKeys_;
+  const std::string name = cleanedName(typed);
+  const auto [first, last] = std::equal_range(keys.begin(), keys.end(), nameKey(name));
+  if (first == last) return name;
+  const auto listed = [&](auto at) {
+    return list.cell(static_cast<int>(at - keys.begin()) + 1, 0);
+  };
+  for (auto at = first; at != last; ++at) {
+    if (listed(at) == typed) return typed;
+  }
+  return equalIgnoringCase(listed(first), name) ? name : listed(first);
 }
 
 void frmcrtb::TXTPART_GOTFOCUS() {
@@ -147,7 +163,9 @@ void frmcrtb::TXTPART_KEYPRESS(Key& key) {
 void frmcrtb::TXTPART_LOSTFOCUS() {
   trap("TXTPART_LOSTFOCUS", [&] {
     vsfp.setVisible(false);
-    if (!leaving_ && trimmed(txtpart.text()).empty()) {
+    if (leaving_) return;
+    txtpart.setText(enteredName(vsfp, txtpart.text()));
+    if (txtpart.text().empty()) {
       context_.MsgBox("Please specify Particulars.", Buttons::OK, Icon::information);
     }
   });
@@ -177,7 +195,8 @@ void frmcrtb::TXTGROUP_LOSTFOCUS() {
   trap("TXTGROUP_LOSTFOCUS", [&] {
     vsfg.setVisible(false);
     if (leaving_) return;
-    const std::string typed(trimmed(txtgroup.text()));
+    txtgroup.setText(enteredName(vsfg, txtgroup.text()));
+    const std::string typed = txtgroup.text();
     if (typed.empty()) {
       context_.MsgBox("Specify a Group.", Buttons::OK, Icon::information);
       return;
@@ -259,8 +278,8 @@ std::optional<frmcrtb::TypedLine> frmcrtb::checkedEntry() {
     context_.MsgBox("Only 'C' or 'c' and 'D' or 'd' are allowed.");
     return std::nullopt;
   }
-  const std::string particular(trimmed(txtpart.text()));
-  const std::string group(trimmed(txtgroup.text()));
+  const std::string particular = enteredName(vsfp, txtpart.text());
+  const std::string group = enteredName(vsfg, txtgroup.text());
   const double amount = typedAmount(*context_.host, txtamount.text()).value_or(0);
   if (particular.empty() || group.empty() || amount == 0) {
     context_.MsgBox("Cannot save the entry due to invalid data.");
@@ -302,24 +321,33 @@ long frmcrtb::particularId(const std::string& name) {
   const long id = context_.host->GetMax_MastPartId(name);
   if (id == 0) {
     context_.MsgBox("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
-  } else {
-    addToLedgerList(name);
+    return 0;
   }
+  if (!ledgerMeant(*context_.host, context_.dialogs, name, id)) {
+    focus(txtpart);
+    hint(chooseAnotherName);
+    return 0;
+  }
+  addToLedgerList(context_.host->GetPart_MastPartId(id));
   return id;
 }
 
 void frmcrtb::addToLedgerList(const std::string& name) {
-  const std::string capitals = upperCase(name);
-  const auto at = std::lower_bound(ledgerKeys_.begin(), ledgerKeys_.end(), capitals);
-  if (at != ledgerKeys_.end() && *at == capitals) return;
+  const std::string key = nameKey(name);
+  const auto at = std::lower_bound(ledgerKeys_.begin(), ledgerKeys_.end(), key);
+  if (at != ledgerKeys_.end() && *at == key) return;
   vsfp.insertRow(static_cast<int>(at - ledgerKeys_.begin()) + 1, {name});
-  ledgerKeys_.insert(at, capitals);
+  ledgerKeys_.insert(at, key);
 }
 
 long frmcrtb::groupId(const std::string& name) {
-  const auto row = context_.query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" +
-                                  context_.host->escaped(name) + "'");
-  if (!row->EOF_()) return row->integer("AllId");
+  const auto rows = context_.query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" +
+                                   context_.host->escaped(name) + "'");
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    const long id = rows->integer("AllId");
+    const auto known = groupNames_.find(id);
+    if (known == groupNames_.end() || sameName(known->second, name)) return id;
+  }
   context_.MsgBox("Group does not exist.", Buttons::OK, Icon::information);
   return 0;
 }

@@ -277,6 +277,8 @@ class frmcrtb : public Form {
   void moveList(TextBox& box, Grid& list, Key& key);
   void pickFromList(TextBox& box, Grid& list);
   bool knownGroup(const std::string& name) const;
+  // What was typed as a name: as the list has it where that differs by more than case.
+  std::string enteredName(const Grid& list, const std::string& typed) const;
   std::optional<TypedLine> checkedEntry();
   long particularId(const std::string& name);
   long groupId(const std::string& name);
@@ -299,8 +301,8 @@ class frmcrtb : public Form {
   SortOption sort_ = SortOption::entered;
   std::vector<Line> lines_[2];
   std::vector<Entry> entries_;           // what vsfm shows, in the order it was filled
-  std::vector<std::string> ledgerKeys_;  // capitals of vsfp's names, in its order
-  std::vector<std::string> groupKeys_;   // capitals of vsfg's names, in its order
+  std::vector<std::string> ledgerKeys_;  // keys of vsfp's names, in its order
+  std::vector<std::string> groupKeys_;   // keys of vsfg's names, in its order
   std::unordered_map<long, std::string> groupNames_;
 
   Year entryYear_ = current;  // whose table the entry goes to

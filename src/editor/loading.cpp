@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "data/names.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
@@ -22,21 +23,21 @@ constexpr int amountWidth = 18;
 // The grid's hidden columns, counted from the last shown one.
 enum Hidden { serialColumn = 0, partIdColumn = 1, allIdColumn = 2, previousSerialColumn = 3 };
 
-// Fills a drop-down list, ordered as a person reads names; returns the capitals it is searched by.
+// Fills a drop-down list, ordered as a person reads names; returns the keys it is searched by.
 std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string, long>> names) {
-  std::vector<std::string> typed;
-  typed.reserve(names.size());
-  for (const auto& name : names) typed.push_back(upperCase(name.first));
-  std::vector<std::size_t> order = orderOf(typed);
-  std::vector<std::string> capitals;
-  capitals.reserve(order.size());
-  for (const std::size_t index : order) capitals.push_back(std::move(typed[index]));
+  std::vector<std::string> unordered;
+  unordered.reserve(names.size());
+  for (const auto& name : names) unordered.push_back(nameKey(name.first));
+  std::vector<std::size_t> order = orderOf(unordered);
+  std::vector<std::string> keys;
+  keys.reserve(order.size());
+  for (const std::size_t index : order) keys.push_back(std::move(unordered[index]));
   const int rows = static_cast<int>(order.size());
   list.setRows(rows, [order = std::move(order), names = std::move(names)](int row) {
     const auto& [name, id] = names[order[static_cast<std::size_t>(row - 1)]];
     return std::vector<std::string>{name, std::to_string(id)};
   });
-  return capitals;
+  return keys;
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 #include <set>
 #include <sstream>
 
-#include "data/text.h"
+#include "data/names.h"
 
 namespace quillet {
 namespace {
 
 std::vector<std::string> wordsOf(const std::string& text) {
-  std::istringstream stream(upperCase(text));
+  std::istringstream stream(nameKey(text));
   std::vector<std::string> words;
   for (std::string word; stream >> word;) words.push_back(word);
   return words;
@@ -39,7 +39,7 @@ void ClientList::load(Recordset& rows) {
     Client& capitals = capitals_.emplace_back();
     for (std::size_t c = 0; c < fields.size(); ++c) {
       client[c] = rows.text(fields[c]);
-      capitals[c] = upperCase(client[c]);
+      capitals[c] = nameKey(client[c]);
     }
   }
 }

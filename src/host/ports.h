@@ -177,7 +177,8 @@ class ServiceObject {
 
   // The ledger name of an id, "" when there is none; costs no query per row.
   virtual std::string GetPart_MastPartId(long partId) = 0;
-  // The id of the ledger of that name, which is created when there is none; 0 when that fails.
+  // The id of the ledger of that name, or of one that the database cannot tell from it; created
+  // when there is none. 0 when that fails.
   virtual long GetMax_MastPartId(const std::string& name) = 0;
   virtual long GetMax_MastPartId(const std::string& name, bool create) = 0;
 };

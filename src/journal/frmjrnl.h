@@ -105,8 +105,9 @@ class frmjrnl : public Form {
   void TXTGROUP_LOSTFOCUS(int line);
   void VSF3_DBLCLICK();
   void VSF4_DBLCLICK();
-  // The id of the ledger of that name, found or created; 0 when there is none in the end.
-  long CHECKLEDGER(const std::string& name);
+  // The id of the ledger of that name, found or created; 0 when there is none in the end, nothing
+  // when the name has to be changed.
+  std::optional<long> CHECKLEDGER(const std::string& name);
 
   // --- keys
   void FORM_KEYDOWN(Key& key);

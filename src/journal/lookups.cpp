@@ -1,6 +1,8 @@
 // The journal's look-ups: ledgers and groups found while their names are typed, ledgers created on
 // the fly.
+#include "data/names.h"
 #include "data/text.h"
+#include "host/meant_name.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
 
@@ -30,7 +32,7 @@ void frmjrnl::follow(Grid& list, const NameList& names, const std::string& text)
   const bool proposes = matches.beginning > 0 && !trimmed(text).empty();
   list.setCurrent(proposes ? 1 : 0);
   list.setVisible(true);
-  const bool asTyped = proposes && equalIgnoringCase(matches.entries.front()->name, trimmed(text));
+  const bool asTyped = proposes && sameName(matches.entries.front()->name, text);
   hint(&list == &VSF3 && proposes && !asTyped
            ? "Enter takes \"" + matches.entries.front()->name + "\", Tab keeps what is typed."
            : "");
@@ -97,19 +99,20 @@ bool frmjrnl::takeLedger(int line) {
   TextBox& box = txtledger[line];
   VSF3.setVisible(false);
   if (ids_[static_cast<std::size_t>(line)].pair.partId != 0) return true;
-  const std::string name(trimmed(box.text()));
+  const std::string name = cleanedName(box.text());
   if (name.empty()) return true;
-  const NameList::Entry* entry = ledgers_.find(name);
-  const long id = entry ? entry->id : CHECKLEDGER(name);
-  // A ledger just made, or made by another workstation, stands in the list by now.
-  if (!entry) entry = ledgers_.find(name);
+  const NameList::Entry* entry = ledgers_.find(box.text());
+  const std::optional<long> id = entry ? entry->id : CHECKLEDGER(name);
+  if (!id) return false;
   {
     const Filling filling(filling_);
-    putName(box, id == 0 ? std::string() : std::string(trimmed(entry ? entry->name : name)));
-    if (id != 0) ledgerTaken(line, id);
+    // A ledger just made, or made by another workstation, stands in the list by now.
+    if (!entry) entry = ledgers_.findId(*id);
+    putName(box, *id == 0 ? std::string() : std::string(trimmed(entry ? entry->name : name)));
+    if (*id != 0) ledgerTaken(line, *id);
   }
   GETCURBALS();
-  return id != 0;
+  return *id != 0;
 }
 
 void frmjrnl::ledgerTaken(int line, long id) {
@@ -124,14 +127,19 @@ void frmjrnl::ledgerTaken(int line, long id) {
   ids.proposedFor = id;
 }
 
-long frmjrnl::CHECKLEDGER(const std::string& name) {
-  long id = 0;
+std::optional<long> frmjrnl::CHECKLEDGER(const std::string& name) {
+  std::optional<long> id = 0;
   trap("CHECKLEDGER", [&] {
-    const auto found = context_.query("Select * From Mast_Part Where Particular='" +
-                                      context_.host->escaped(upperCase(trimmed(name))) + "'");
-    if (!found->EOF_()) {
-      id = found->integer("PartId");
-      addLedger(found->text("Particular"), id);
+    const auto rows = context_.query("Select * From Mast_Part Where Particular='" +
+                                     context_.host->escaped(upperCase(trimmed(name))) + "'");
+    if (const auto found = bestMatch(*rows, "PartId", "Particular", name)) {
+      if (nameMeant(context_.dialogs, name, found->name, caption())) {
+        id = found->id;
+        addLedger(found->name, found->id);
+      } else {
+        id.reset();
+        hint(chooseAnotherName);
+      }
       return;
     }
     if (ask("Do you want to Create New Ledger '" + name + "'?") != Answer::Yes) return;
@@ -139,14 +147,14 @@ long frmjrnl::CHECKLEDGER(const std::string& name) {
     if (id == 0) {
       tell("Failed to Create Master [" + name + "].");
     } else {
-      addLedger(name, id);
+      addLedger(name, *id);
     }
   });
   return id;
 }
 
 void frmjrnl::addLedger(const std::string& name, long id) {
-  if (ledgers_.find(name)) return;
+  if (ledgers_.findId(id)) return;
   ledgers_.insert(name, id);
   balances_.set({id, 0}, "", 0);
 }
@@ -183,7 +191,7 @@ void frmjrnl::takeGroup(int line) {
   TextBox& box = txtgroup[line];
   long& allId = ids_[static_cast<std::size_t>(line)].pair.allId;
   VSF4.setVisible(false);
-  if (allId == 0 && !trimmed(box.text()).empty()) {
+  if (allId == 0 && !cleanedName(box.text()).empty()) {
     const NameList::Entry* entry = groups_.find(box.text());
     if (!entry) entry = groups_.beginning(box.text());
     if (entry) {

@@ -13,7 +13,7 @@ class NameList {
   struct Entry {
     std::string name;
     long id;
-    std::string capitals;
+    std::string key;
   };
 
   void clear() { entries_.clear(); }
@@ -26,9 +26,9 @@ class NameList {
   void insert(std::string name, long id);
 
   const std::vector<Entry>& entries() const { return entries_; }
-  // The first entry of that name, without regard to case and to blanks around it; null when there
-  // is none.
+  // The entry written just so, else the first of the same name; null when there is none.
   const Entry* find(std::string_view name) const;
+  const Entry* findId(long id) const;
   // The first entry that begins with the text.
   const Entry* beginning(std::string_view text) const;
 
@@ -41,7 +41,7 @@ class NameList {
   Matches matching(std::string_view text) const;
 
  private:
-  std::vector<Entry>::const_iterator lowerBound(const std::string& capitals) const;
+  std::vector<Entry>::const_iterator lowerBound(const std::string& key) const;
 
   std::vector<Entry> entries_;
 };

@@ -110,7 +110,8 @@ class frmtbledmas : public MasterForm {
 
   // Saving and deleting.
   void saveParticular(const std::string& name);
-  void offerExisting(const Recordset& existing);
+  void refuse(const std::string& name, const NamedId& existing);
+  void offerExisting(const std::string& name, const NamedId& existing);
   void deleteSelected();
   void deleteUnused();
   // The shown row that a person goes on with when the selected particular is gone; 0 for none.

@@ -4,6 +4,7 @@
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
+#include "host/meant_name.h"
 #include "masters/frmgrpmas.h"
 #include "masters/year_tables.h"
 
@@ -45,7 +46,7 @@ void frmgrpmas::CMDMODIFY_CLICK() {
 
 void frmgrpmas::CMDUPDATE_CLICK() {
   trap("CMDUPDATE_CLICK", [&] {
-    const std::string name(trimmed(Text1.text()));
+    const std::string name = cleanedName(Text1.text());
     if (!nameHolds(name)) return;
     const long id = adding_ ? insertGroup(name) : selectedId();
     if (!adding_) updateGroup(id, name);
@@ -68,8 +69,11 @@ bool frmgrpmas::nameHolds(const std::string& name) {
   }
   Sql sql = "Select * from Mast_AllGrp Where ALLGRP=" + quoted(name);
   if (!adding_) sql += " and ALLID<>" + sqlNumber(selectedId());
-  if (context_.query(sql)->EOF_()) return true;
-  tell("Duplicate Group!!");
+  const auto rows = context_.query(sql);
+  const auto existing = taken(name, bestMatch(*rows, "ALLID", "ALLGRP", name), vsf, nameColumn,
+                              adding_ ? 0 : selectedId());
+  if (!existing) return true;
+  tell("Duplicate Group!!" + whyTaken(name, existing->name));
   focus(Text1);
   return false;
 }

@@ -3,6 +3,7 @@
 
 #include "data/sql.h"
 #include "data/text.h"
+#include "host/meant_name.h"
 #include "masters/frmtbledmas.h"
 
 namespace quillet {
@@ -13,7 +14,7 @@ void frmtbledmas::CMDUPDATE_CLICK() {
       LINKPARTICULARS();
       return;
     }
-    const std::string name(trimmed(VTxt1.text()));
+    const std::string name = cleanedName(VTxt1.text());
     if (name.empty()) {
       tell("Please Specify 'Particulars'.");
       focus(VTxt1);
@@ -21,14 +22,15 @@ void frmtbledmas::CMDUPDATE_CLICK() {
     }
     Sql sql = "Select * From Mast_Part Where Particular=" + quoted(name);
     if (!adding_) sql += " and PartId<>" + sqlNumber(selected());
-    const auto existing = context_.query(sql);
-    if (existing->EOF_()) {
+    const auto rows = context_.query(sql);
+    const auto existing = taken(name, bestMatch(*rows, "PartId", "Particular", name), vsf,
+                                nameColumn, adding_ ? 0 : selected());
+    if (!existing) {
       saveParticular(name);
     } else if (adding_) {
-      tell("Duplicate Particulars!!");
-      focus(VTxt1);
+      refuse(name, *existing);
     } else {
-      offerExisting(*existing);
+      offerExisting(name, *existing);
     }
   });
 }
@@ -61,24 +63,27 @@ void frmtbledmas::saveParticular(const std::string& name) {
   focus(vsf);
 }
 
-void frmtbledmas::offerExisting(const Recordset& existing) {
+void frmtbledmas::refuse(const std::string& name, const NamedId& existing) {
+  tell("Duplicate Particulars!!" + whyTaken(name, existing.name));
+  focus(VTxt1);
+}
+
+void frmtbledmas::offerExisting(const std::string& name, const NamedId& existing) {
   const long oldId = selected();
-  const long newId = existing.integer("PartId");
   const std::string oldName = selectedName();
   if (!VIEWLISTOFUSE(sqlNumber(oldId), false)) return;
-  if (oldId == 0 || newId == 0 || vsfC.rows() == 0) {
-    tell("Duplicate Particulars!!");
-    focus(VTxt1);
+  if (oldId == 0 || existing.id == 0 || vsfC.rows() == 0) {
+    refuse(name, existing);
     return;
   }
-  if (!ask("Can't create Duplicate Particulars!!\r\n\r\n"
-           "Do you want to use the existing Particulars?") ||
+  if (!ask("Can't create Duplicate Particulars!!" + whyTaken(name, existing.name) +
+           "\r\n\r\nDo you want to use the existing Particulars?") ||
       !ask("It will delete the existing particulars '" + oldName + "' and will replace with '" +
-           existing.text("Particular") + "'.\r\n\r\nConfirm ?")) {
+           existing.name + "'.\r\n\r\nConfirm ?")) {
     return;
   }
   CMDCANCEL_CLICK();
-  REPLACEANDDELETE(oldId, newId);
+  REPLACEANDDELETE(oldId, existing.id);
 }
 
 // --- deleting -----------------------------------------------------------------------------------

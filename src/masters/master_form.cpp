@@ -46,6 +46,18 @@ int MasterForm::putRow(Grid& grid, std::vector<std::string> cells, int from) {
   return row;
 }
 
+std::optional<NamedId> MasterForm::taken(const std::string& name, std::optional<NamedId> found,
+                                         const Grid& grid, int nameColumn, long except) {
+  if (found && sameName(found->name, name)) return found;
+  const std::string key = nameKey(name);
+  for (int row = 1; row <= grid.rows(); ++row) {
+    if (nameKey(grid.cell(row, nameColumn)) != key) continue;
+    const long id = std::stol(grid.cell(row, 0));
+    if (id != except) return NamedId{id, grid.cell(row, nameColumn)};
+  }
+  return found;
+}
+
 void MasterForm::searchByTyping(Grid& grid, int column, Key& key) {
   // The blank is for ticking.
   if (!keys::typesText(key) || key == keys::Space || grid.rows() == 0) return;
@@ -77,16 +89,15 @@ void MasterForm::enterIsTab(Key& key) {
 }
 
 WordSearch::WordSearch(std::string_view text) {
-  std::istringstream words(upperCase(text));
+  std::istringstream words(nameKey(text));
   for (std::string word; words >> word;) words_.push_back(word);
 }
 
 bool WordSearch::finds(std::string_view text) const {
   if (words_.empty()) return true;
-  const std::string capitals = upperCase(text);
-  return std::all_of(words_.begin(), words_.end(), [&](const std::string& word) {
-    return capitals.find(word) != std::string::npos;
-  });
+  const std::string key = nameKey(text);
+  return std::all_of(words_.begin(), words_.end(),
+                     [&](const std::string& word) { return key.find(word) != std::string::npos; });
 }
 
 }  // namespace quillet

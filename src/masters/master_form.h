@@ -2,12 +2,14 @@
 // by typing.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "controls/grid.h"
 #include "controls/text_box.h"
+#include "data/names.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -32,6 +34,11 @@ class MasterForm : public Form {
   // Sets the cells of the row that has the first of them, an id, in its first column; adds the row
   // when there is none from `from` on. Cells past those given stay as they are.
   static int putRow(Grid& grid, std::vector<std::string> cells, int from = 1);
+  // What stands in the way of a name: of the rows found for it or, where the database does not see
+  // that it is the same, of the grid's. The grid has ids in its first column; `except` is the id of
+  // what is being renamed, 0 for none.
+  static std::optional<NamedId> taken(const std::string& name, std::optional<NamedId> found,
+                                      const Grid& grid, int nameColumn, long except);
   // Moves on to the next shown row whose cell begins with the character, which is used up.
   static void searchByTyping(Grid& grid, int column, Key& key);
   // Runs RowColChange in any case: under the same number the row may be another one.

@@ -5,6 +5,7 @@
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
+#include "host/meant_name.h"
 #include "masters/frmgrpRM.h"
 #include "masters/year_tables.h"
 
@@ -144,7 +145,7 @@ void frmgrpRM::CMDBACKG_CLICK() {
 void frmgrpRM::CMDUPDATEG_CLICK() {
   // Logged under the name by which error logs have always known it.
   trap("CMDUDPATEG_CLICK", [&] {
-    const std::string head(trimmed(txthead.text()));
+    const std::string head = cleanedName(txthead.text());
     if (!headHolds(head)) return;
     const Sql type = sqlNumber(cbotype.chosenData());
     long id = 0;
@@ -178,8 +179,10 @@ bool frmgrpRM::headHolds(const std::string& head) {
             " and GrpType=" + sqlNumber(cbotype.chosenData());
   if (state_ == State::modifying)
     sql += " and GrpId<>" + sqlNumber(idAt(vsfG, vsfG.current(), idColumn));
-  if (context_.query(sql)->EOF_()) return true;
-  tell("Duplicate Raw Material Group!!");
+  const auto rows = context_.query(sql);
+  const auto existing = bestMatch(*rows, "GrpId", "GrpHead", head);
+  if (!existing) return true;
+  tell("Duplicate Raw Material Group!!" + whyTaken(head, existing->name));
   focus(txthead);
   return false;
 }

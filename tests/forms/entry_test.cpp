@@ -82,6 +82,57 @@ TEST_F(EntryTest, SeveralRowsOfAPairBecomeOne) {
   EXPECT_EQ(stored(), (Rows{{"1", "Cash", "BANKS", "7", "1"}}));
 }
 
+TEST_F(EntryTest, InvisibleCharactersAndBlanksDoNotMakeALedger) {
+  enter(form, "\u200BRent\u00A0 Paid\uFEFF ", " sa\u200Bles", "1", "C");
+  EXPECT_EQ(stored(), (Rows{{"1", "Rent Paid", "SALES", "1", "2"}}));
+  // Names that were stored otherwise go on working, typed plainly or taken from the list.
+  exec("insert into Mast_Part values(70,'Old\u200B  Rent'),(71,' Fees')");
+  exec("insert into Mast_AllGrp values(80,22,' OLD  GROUP','Y')");
+  form.click(form.mnuall);
+  form.click(form.mnurefresh);
+  open("C1", 2008);
+  type(form.txtpart, "old r");
+  form.press(keys::Down);
+  form.press(keys::Up);
+  EXPECT_EQ(form.txtpart.text(), "Old\u200B  Rent");
+  for (const char* name : {"old rent", "Old\u200B  Rent", "fees", "Old \u200BRent"}) {
+    enter(form, name, "old group", "2", "D");
+  }
+  EXPECT_EQ(rows("select partid,allid,amt from TAB_1 where srno>1 order by partid"),
+            (Rows{{"70", "80", "6"}, {"71", "80", "2"}}));
+  EXPECT_EQ(messages(), Statements());
+  enter(form, "\u200B", "RENT", "1", "D");
+  EXPECT_EQ(messages(), (Statements{"Please specify Particulars.",
+                                    "Cannot save the entry due to invalid data."}));
+}
+
+TEST_F(EntryTest, ANameThatTheDatabaseTakesForAnotherIsAskedAbout) {
+  exec("insert into Mast_Part values(70,'m²')");
+  open("C1", 2008);
+  const std::string question =
+      "There is 'm²', and the database cannot tell 'M2' from it.\r\n\r\nDo you mean 'm²'?";
+  dialogs.queueAnswer(Answer::No);
+  enter(form, "M2", "RENT", "10", "D");
+  EXPECT_EQ(messages(), Statements{question});
+  EXPECT_EQ(form.txtpart.text(), "M2");
+  EXPECT_EQ(form.active(), &form.txtpart);
+  EXPECT_NE(form.lblhint.caption().find("Choose a name"), std::string::npos);
+  EXPECT_TRUE(stored().empty());
+  EXPECT_EQ(value("select count(*) from Mast_Part"), "1");
+  dialogs.queueAnswer(Answer::Yes);
+  type(form.txtdrcr, "D");
+  form.press(keys::Enter);
+  EXPECT_EQ(messages(), Statements{question});
+  EXPECT_EQ(stored(), (Rows{{"1", "m²", "RENT", "10", "1"}}));
+  enter(form, "M²", "RENT", "1", "D");
+  EXPECT_EQ(messages(), Statements()) << "only case differs";
+  // A group is never taken for another.
+  exec("insert into Mast_AllGrp values(80,22,'G²','Y')");
+  open("C1", 2008);
+  enter(form, "m²", "G2", "1", "D");
+  EXPECT_EQ(messages(), (Statements{"Group does not Exist.", "Group does not exist."}));
+}
+
 TEST_F(EntryTest, RefusesWhatIsNotALine) {
   const struct {
     const char *ledger, *group, *amount, *side;

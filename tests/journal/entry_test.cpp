@@ -212,6 +212,40 @@ TEST_F(JournalEntry, CreatesALedgerWhenToldTo) {
   EXPECT_NE(lines[0].find("frmjrnl\tCHECKLEDGER"), std::string::npos);
 }
 
+TEST_F(JournalEntry, ANameThatTheDatabaseTakesForAnotherIsAskedAbout) {
+  frmjrnl& form = journal();
+  exec("insert into Mast_Part values(900,'m²')");
+  const std::string question =
+      "There is 'm²', and the database cannot tell 'M2' from it.\r\n\r\nDo you mean 'm²'?";
+  type(form.txtledger[0], "\u200B M2");
+  dialogs.queueAnswer(Answer::No);
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts{question});
+  EXPECT_EQ(active(), "txtledger0");
+  EXPECT_EQ(form.txtledger[0].text(), "\u200B M2") << "to be changed";
+  EXPECT_NE(form.lblhint.caption().find("Choose a name"), std::string::npos);
+  dialogs.queueAnswer(Answer::Yes);
+  form.press(keys::Enter);
+  EXPECT_EQ(messages(), Texts{question});
+  EXPECT_EQ(form.txtledger[0].text(), "m²");
+  EXPECT_EQ(active(), "txtgroup0");
+  type(form.txtledger[0], "\u200B");
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts()) << "no name at all";
+  // Typed plainly, a name that was stored otherwise is that name.
+  exec("insert into Mast_Part values(901,'Old\u200B Rent')");
+  type(form.txtledger[0], "old\u00A0 rent");
+  form.press(keys::Tab);
+  EXPECT_EQ(form.txtledger[0].text(), "Old\u200B Rent");
+  EXPECT_EQ(messages(), Texts());
+  dialogs.queueAnswer(Answer::Yes);
+  type(form.txtledger[0], "New\u00A0\u00A0Fees\uFEFF");
+  form.press(keys::Tab);
+  EXPECT_EQ(messages(), Texts{"Do you want to Create New Ledger 'New Fees'?"});
+  EXPECT_EQ(value("select hex(Particular) from Mast_Part where Particular='New Fees'"),
+            "4E65772046656573");
+}
+
 TEST_F(JournalEntry, SwallowsApostrophes) {
   frmjrnl& form = journal();
   type(form.txtledger[0], "O'Brien's");

@@ -368,7 +368,7 @@ TEST_F(BindingTest, KeepsTheHeads) {
   press(form, form.cmdupdateG);
   EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!"));
   choose(form.cbotype, "OTHERS");
-  type(form.txthead, "RAW MATERIAL");
+  type(form.txthead, "\u200BRAW\u00A0 MATERIAL");
   statements();
   press(form, form.cmdupdateG);
   EXPECT_EQ(statements(),

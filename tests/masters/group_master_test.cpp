@@ -142,8 +142,13 @@ TEST_F(GroupMasterTest, RefusalsComeInTheirOrder) {
   enter("fares", "");
   EXPECT_EQ(onlyMessage(), told("Please Select 'Under Group'."));
   EXPECT_EQ(form.active(), &form.Combo1);
-  enter("fares", "EXPENSES");
-  EXPECT_EQ(onlyMessage(), told("Duplicate Group!!"));
+  for (const char* same : {"fares", "\u200Bfa\u00ADres "}) {
+    enter(same, "EXPENSES");
+    EXPECT_EQ(onlyMessage(), told("Duplicate Group!!"));
+  }
+  enter("ＦＡＲＥＳ", "EXPENSES");
+  EXPECT_EQ(onlyMessage(), told("Duplicate Group!!\r\n\r\nThere is 'FARES', and the database "
+                                "cannot tell 'ＦＡＲＥＳ' from it."));
   dialogs.queueAnswer(Answer::No);
   form.press(keys::Escape);
   EXPECT_EQ(onlyMessage(), "Do you want to Cancel this Entry?|YesNo question No|Group Master");

@@ -282,6 +282,36 @@ TEST_F(LedgerMasterTest, Renames) {
   EXPECT_EQ(names().size(), 5U);
 }
 
+TEST_F(LedgerMasterTest, ShowsTheNameThatStandsInTheWay) {
+  exec("insert into Mast_Part values(70,'M²'),(71,'OLD\u200B  FEES')");
+  const std::string alike = "There is 'M²', and the database cannot tell 'M2' from it.";
+  open();
+  press(form, form.cmdadd);
+  enter("m2");
+  EXPECT_EQ(onlyMessage(), told("Duplicate Particulars!!\r\n\r\n" + alike));
+  enter("old fees");
+  EXPECT_EQ(onlyMessage(), told("Duplicate Particulars!!")) << "the same to a person";
+  enter("\u200B\u3164");
+  EXPECT_EQ(onlyMessage(), told("Please Specify 'Particulars'."));
+  enter("\u200Bbank\u00A0 charges\uFEFF");
+  EXPECT_EQ(names().back(), "BANK CHARGES");
+  type(form.txtfind, "\u00A0fees\u200B");
+  EXPECT_EQ(listed(), (Texts{"OLD\u200B  FEES"}));
+  form.press(keys::Escape);
+  pickLedger("RENT");
+  press(form, form.cmdmodify);
+  dialogs.queueAnswer(Answer::No);
+  enter("m2");
+  EXPECT_EQ(onlyMessage(), asked("Can't create Duplicate Particulars!!\r\n\r\n" + alike +
+                                 "\r\n\r\nDo you want to use the existing Particulars?"));
+  press(form, form.cmdcancel);
+  pickLedger("M²");
+  press(form, form.cmdmodify);
+  enter("m2");
+  EXPECT_EQ(value("select Particular from Mast_Part where PartId=70"), "M2")
+      << "its own name is not in the way";
+}
+
 TEST_F(LedgerMasterTest, RenamingToAnExistingNameOffersToReplace) {
   const std::string first =
       "Can't create Duplicate Particulars!!\r\n\r\nDo you want to use the existing Particulars?";

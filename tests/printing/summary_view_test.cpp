@@ -152,6 +152,14 @@ TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
   EXPECT_EQ(rows(all), (Rows{{"O'Brien's \\ wheat", "CLOSING STOCK", "99"},
                              {"Rice", "CLOSING STOCK", "1200.76"}}));
 
+  // A name that the database takes for another is asked about.
+  dialogs.queueAnswer(Answer::No);
+  enterStock(stock, "Ｒｉｃｅ", "CLOSING STOCK", "5");
+  EXPECT_EQ(messages().size(), 1U);
+  EXPECT_EQ(stock.active(), &stock.txtpart);
+  EXPECT_EQ(stock.vsf.rows(), 2);
+  stock.press(keys::Escape);
+
   // Altered, the line is replaced; deleted, it is gone.
   stock.focus(stock.vsf);
   stock.vsf.setCurrent(stock.vsf.find(0, "Rice"));

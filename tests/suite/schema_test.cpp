@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "data/errors.h"
-#include "data/text.h"
 #include "support/practice.h"
 
 namespace quillet::suite {
@@ -44,35 +43,6 @@ TEST_F(SchemaTest, DesignedInsertsFitEveryColumn) {
             (std::vector<std::vector<std::string>>{{"1", "C1", "10", "20", "99.5", "2"}}));
   exec("Insert into TAB_" + tableSuffix(3) + " select * from " + table + " where code_no='C1'");
   EXPECT_EQ(value("select count(*) from tab_" + tableSuffix(3)), "1") << "names in any case";
-}
-
-// In the database as in the module, which looks names up in its own lists too.
-TEST_F(SchemaTest, NamesIgnoreCaseAndBlanksAtTheEnd) {
-  struct Case {
-    const char* a;
-    const char* b;
-    const char* equal;
-  };
-  const Case cases[] = {{"Cash", "CASH", "1"},
-                        {"Cash", "cash  ", "1"},
-                        {"Ж", "ж", "1"},
-                        {"É", "é", "1"},
-                        {"Café", "Cafe", "0"},
-                        {"अंश", "अश", "0"},
-                        {"Tea 🙂", "tea 🙂", "1"},
-                        {"Tea 🙂", "Tea 🙃", "0"},
-                        {"राम", "रम", "0"},
-                        {"क़लम", "कलम", "0"},
-                        {"Straße", "Strasse", "0"},
-                        {"A & B", "A and B", "0"}};
-  for (const Case& c : cases) {
-    exec("delete from Mast_Part");
-    exec(std::string("insert into Mast_Part values(1,'") + c.a + "')");
-    EXPECT_EQ(value(std::string("select count(*) from Mast_Part where Particular='") + c.b + "'"),
-              c.equal)
-        << c.a << " and " << c.b;
-    EXPECT_EQ(equalIgnoringCase(trimmed(c.a), trimmed(c.b)), c.equal == std::string("1")) << c.b;
-  }
 }
 
 TEST_F(SchemaTest, CompletesWhatIsMissingAndKeepsRows) {
