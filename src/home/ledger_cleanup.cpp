@@ -1,27 +1,72 @@
 #include "home/ledger_cleanup.h"
 
 #include "data/sql.h"
+#include "data/text.h"
 
 namespace quillet {
 namespace {
 
-long namesInMaster(Context& context) {
-  return context.query("select count(*) as names from MAST_PART")->integer("names");
+struct Ledger {
+  long id;
+  std::string name;
+};
+
+std::vector<Ledger> ledgersInSeveralRows(Context& context) {
+  std::vector<Ledger> all;
+  const auto rows = context.query(
+      "SELECT PARTID,PARTICULAR, count(partid) as cntr FROM MAST_PART group by partid");
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    if (rows->integer("cntr") > 1)
+      all.push_back({rows->integer("PARTID"), rows->text("PARTICULAR")});
+  }
+  return all;
+}
+
+long rowsInMaster(Context& context, const Sql& which = {}) {
+  return context.query("select count(*) as names from MAST_PART" + which)->integer("names");
+}
+
+// The name that the select came upon, unless it is blank and another is not.
+std::string nameToKeep(Context& context, const Ledger& ledger) {
+  if (!trimmed(ledger.name).empty()) return ledger.name;
+  const auto names = context.query("select max(PARTICULAR) as name from MAST_PART where PARTID=" +
+                                   sqlNumber(ledger.id));
+  return names->text("name");
+}
+
+void keepOneRow(Context& context, const Ledger& ledger) {
+  const Sql ofLedger = " where PARTID=" + sqlNumber(ledger.id);
+  const Sql name = "'" + context.host->escaped(nameToKeep(context, ledger)) + "'";
+  context.change("Delete from MAST_PART" + ofLedger + " and PARTICULAR<>" + name);
+  // Rows that the database takes for equal are no other name.
+  const Sql equal = ofLedger + " and PARTICULAR=" + name;
+  const long further = rowsInMaster(context, equal) - 1;
+  if (further > 0) context.change("Delete from MAST_PART" + equal + " limit " + sqlNumber(further));
+}
+
+std::string counted(long number, const std::string& one) {
+  return std::to_string(number) + ' ' + one + (number == 1 ? "" : "s");
 }
 
 }  // namespace
 
-long cleanLedgerMaster(Context& context) {
-  const auto rows = context.query(
-      "SELECT PARTID,PARTICULAR, count(partid) as cntr FROM MAST_PART group by partid");
-  long before = -1;
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    if (rows->integer("cntr") <= 1) continue;
-    if (before < 0) before = namesInMaster(context);
-    context.change("Delete from MAST_PART where PARTID=" + sqlNumber(rows->integer("PARTID")) +
-                   " and PARTICULAR<>'" + context.host->escaped(rows->text("PARTICULAR")) + "'");
-  }
-  return before < 0 ? 0 : before - namesInMaster(context);
+LedgerCleanup cleanLedgerMaster(Context& context) {
+  const std::vector<Ledger> ledgers = ledgersInSeveralRows(context);
+  if (ledgers.empty()) return {};
+  const long before = rowsInMaster(context);
+  for (const Ledger& ledger : ledgers) keepOneRow(context, ledger);
+  return {before - rowsInMaster(context), static_cast<long>(ledgersInSeveralRows(context).size())};
+}
+
+std::string textOf(const LedgerCleanup& cleanup) {
+  const std::string removed = cleanup.removed == 0 ? ""
+                                                   : counted(cleanup.removed, "second name") +
+                                                         " removed from the ledger master.";
+  const std::string left =
+      cleanup.left == 0 ? "" : counted(cleanup.left, "ledger") + " still in it with several rows.";
+  if (removed.empty() && left.empty()) return "The ledger master holds no second names.";
+  if (removed.empty()) return "Nothing could be removed from the ledger master: " + left;
+  return left.empty() ? removed : removed + ' ' + left;
 }
 
 }  // namespace quillet

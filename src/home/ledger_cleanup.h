@@ -1,12 +1,21 @@
-// The clean-up of the ledger master: old data holds ledger ids under several names; one name of
-// each id is kept.
+// The clean-up of the ledger master: old data holds ledger ids in several rows, under several names
+// or under one. Every further row doubles the figures that are joined with it; one row of each id
+// is kept.
 #pragma once
+
+#include <string>
 
 #include "host/context.h"
 
 namespace quillet {
 
-// Returns how many names were removed.
-long cleanLedgerMaster(Context& context);
+struct LedgerCleanup {
+  long removed = 0;  // rows
+  long left = 0;     // ids that have several rows even so
+};
+
+LedgerCleanup cleanLedgerMaster(Context& context);
+// For the status line.
+std::string textOf(const LedgerCleanup& cleanup);
 
 }  // namespace quillet

@@ -328,11 +328,7 @@ void third::CMDLEDMAS_CLICK() {
 void third::MNUREFRESH_CLICK() {
   trap("MNUREFRESH_CLICK", [&] {
     const Busy busy(context_);
-    const long removed = cleanLedgerMaster(context_);
-    status(removed == 0 ? "The ledger master holds no second names."
-           : removed == 1
-               ? "1 second name removed from the ledger master."
-               : std::to_string(removed) + " second names removed from the ledger master.");
+    status(textOf(cleanLedgerMaster(context_)));
   });
 }
 

@@ -185,8 +185,21 @@ TEST_F(HomeTest, RefreshKeepsOneNameOfEachLedger) {
             "SELECT PARTID,PARTICULAR, count(partid) as cntr FROM MAST_PART group by partid");
   EXPECT_EQ(sent[2].substr(0, 58), "Delete from MAST_PART where PARTID=1 and PARTICULAR<>'Cash");
   EXPECT_EQ(sent[3], "flush tables");
+  const std::string kept = value("select lower(particular) from mast_part where partid=1");
   form.click(form.mnurefresh);
   EXPECT_EQ(form.lblstatus.caption(), "The ledger master holds no second names.");
+
+  // Rows that the database takes for equal, and a name beside none. What has no name at all in one
+  // of its rows stays as it is and is said.
+  exec(
+      "insert into mast_part (partid,particular) values (1,'Cash'),(1,'cash'),(1,'CASH '),(3,''),"
+      "(3,'Rent'),(3,''),(4,'Loan'),(4,null)");
+  form.click(form.mnurefresh);
+  EXPECT_EQ(form.lblstatus.caption(),
+            "5 second names removed from the ledger master. 1 ledger still in it with several "
+            "rows.");
+  EXPECT_EQ(rows("select partid,lower(trim(particular)) from mast_part order by partid,particular"),
+            (Rows{{"1", kept}, {"2", "bank"}, {"3", "rent"}, {"4", "NULL"}, {"4", "loan"}}));
   EXPECT_TRUE(messages().empty());
 }
 
