@@ -9,6 +9,7 @@
 #include "controls/form.h"
 #include "data/sql.h"
 #include "host/ports.h"
+#include "host/unposted_changes.h"
 
 namespace quillet {
 
@@ -44,6 +45,7 @@ struct Context {
   std::string firstDate;   // f_yr: "0104" and the first year
   std::string secondDate;  // s_yr: "3103" and the second year
   std::string errorLocation;
+  UnpostedChanges unposted;
 
   // The single instances of the two entry forms, made on first use.
   std::unique_ptr<Form> homeForm;

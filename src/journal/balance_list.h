@@ -7,12 +7,9 @@
 #include <string>
 #include <unordered_map>
 
-namespace quillet {
+#include "host/unposted_changes.h"
 
-struct LedgerGroup {
-  long partId = 0;
-  long allId = 0;
-};
+namespace quillet {
 
 // What stands against pairs: signed amounts, debit positive.
 class PairAmounts {

@@ -18,21 +18,30 @@ enum NameColumn { idColumn, nameColumn };
 
 inline constexpr const char* negativeAmount =
     "An Amount cannot be Negative. Choose \"By\" or \"To\" instead.";
-// Shown where a person is after a statement failed in the middle.
+// Shown where a person is after a statement failed in the middle; the error log says why.
 inline constexpr const char* incomplete =
-    "Not everything could be stored; the error log says why. Please check the voucher.";
+    "Not everything could be stored; the error log says why. Please press \"Update\" again.";
+inline constexpr const char* notDeleted =
+    "Not everything could be done; the error log says why. Please look whether the voucher is "
+    "gone.";
+inline constexpr const char* halfPosted =
+    "A voucher is half posted; the error log says why. What is missing is posted with the next "
+    "voucher, or when the journal is left.";
+inline constexpr const char* notLoaded =
+    "Ledgers and balances could not be loaded; the error log says why.";
 
 // Where the fields of a journal's row stand in a result, looked up once for all rows.
 struct VoucherFields {
   explicit VoucherFields(const Recordset& rows)
-      : vid(rows.column("VID")),
+      : code(rows.column("code_no")),
+        vid(rows.column("VID")),
         line(rows.column("LSrNo")),
         date(rows.column("VDate")),
         partId(rows.column("PartId")),
         allId(rows.column("AllId")),
         amount(rows.column("Amount")),
         narration(rows.column("VNar")) {}
-  int vid, line, date, partId, allId, amount, narration;
+  int code, vid, line, date, partId, allId, amount, narration;
 };
 
 // Raised while a procedure writes into the boxes, whose handlers then leave them alone.

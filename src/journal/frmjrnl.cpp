@@ -18,6 +18,7 @@ constexpr int amountWidth = 16;
 }  // namespace
 
 frmjrnl::frmjrnl(Context& context) : Form(context.desk, "frmjrnl"), context_(context) {
+  posting_.Changed = [this](LedgerGroup pair, double balance) { balanceChanged(pair, balance); };
   attachList();
   attachEntry();
   Frame2.setVisible(false);

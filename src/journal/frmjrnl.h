@@ -7,7 +7,6 @@
 #pragma once
 
 #include <optional>
-#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,10 +20,12 @@
 #include "host/context.h"
 #include "journal/balance_list.h"
 #include "journal/name_list.h"
+#include "journal/posting.h"
 
 namespace quillet {
 
 class ScratchTables;
+struct SubsidiaryRow;
 struct VoucherFields;
 
 class frmjrnl : public Form {
@@ -85,7 +86,8 @@ class frmjrnl : public Form {
   void INITDATA(const std::string& table, bool previousYear, const Books& books);
   void FORM_LOAD();
   void LOADGRID();
-  void LOADVCH(long vid);
+  // False when the voucher could not be read, or is not there any more.
+  bool LOADVCH(long vid);
   void CHECK1_CLICK();
   void CMDOK_CLICK();
 
@@ -124,9 +126,12 @@ class frmjrnl : public Form {
   void CMDUPDATE_CLICK();
   void CMDCANCEL_CLICK();
   void SAVEVCH();
-  // False when a statement failed; those sent before it stay applied.
-  bool ADDVCH(long vid);
-  bool DELETEVCH(long vid);
+  // When a statement fails, those sent before it stay applied, and what is missing then stands in
+  // the unposted changes. A voucher whose number another client's voucher has too is refused, since
+  // it would be deleted with it.
+  enum class Removal { done, refused, failed };
+  void ADDVCH(long vid);
+  Removal DELETEVCH(long vid);
 
   // --- printing
   void CMDPRN_CLICK();
@@ -140,13 +145,17 @@ class frmjrnl : public Form {
   // What the names of a line stand for; 0 while they stand for nothing.
   struct LineIds {
     LedgerGroup pair;
-    long proposedFor = 0;  // the ledger whose group was proposed
+    long proposedFor = 0;      // the ledger whose group was proposed
+    bool groupChosen = false;  // by a person, who did not take the proposal
   };
   // A line of a stored voucher.
   struct VoucherLine {
-    long number = 0;
     LedgerGroup pair;
     double amount = 0;
+  };
+  struct StoredVoucher {
+    std::vector<VoucherLine> lines;
+    bool shared = false;  // another client has lines of that number
   };
   struct Totals {
     double debit = 0;
@@ -159,9 +168,14 @@ class frmjrnl : public Form {
   Node entryLine(int line);
 
   // Loading.
+  // False when ledgers, groups and balances could not be read.
+  bool readBooks();
+  void forgetBooks();
   void readBalances(ScratchTables& scratch);
   void readLists();
   void setPeriod(const std::string& from, const std::string& to);
+  std::string listVouchers();
+  bool isOwn(const std::string& code) const;
   void addVoucherRow(Recordset& row, const VoucherFields& fields, bool first,
                      std::unordered_map<long, std::string>& names);
   void addNarration(const std::string& narration, long vid);
@@ -169,7 +183,7 @@ class frmjrnl : public Form {
   int headingOf(int row) const;
   long voucherAt(int row) const;
   void selectVoucher(long vid);
-  void fillVoucher(Recordset& rows);
+  bool fillVoucher(Recordset& rows);
   void fillLine(int line, Recordset& row, const VoucherFields& fields);
 
   // Line sets.
@@ -198,6 +212,7 @@ class frmjrnl : public Form {
   // False when the name typed stands for no ledger in the end.
   bool takeLedger(int line);
   void takeGroup(int line);
+  void groupTaken(int line, long id);
   void ledgerTaken(int line, long id);
   void addLedger(const std::string& name, long id);
 
@@ -214,6 +229,8 @@ class frmjrnl : public Form {
   void showEntry();
   void showList();
   void cancelEntry();
+  void leaveSettled();
+  bool booksAreThere();
   bool dateIsGood(const char* refusal);
   bool namesAreGood();
   void lookUpNames(int line);
@@ -221,17 +238,20 @@ class frmjrnl : public Form {
   void moveToBox(TextBox& box);
   int linesToSave() const;
   void insertLine(long vid, int line);
-  void post(long vid, double sign);
-  std::vector<VoucherLine> readVoucher(long vid);
-  bool changeBalance(LedgerGroup pair, double amount);
-  double storedBalance(const Sql& ofPair);
-  void insertBalance(LedgerGroup pair, double balance);
+  // Makes the period in view hold that day.
+  void widenPeriod(const std::string& date);
+  // Adds the amounts to the trial balance, or takes them out again with the sign -1.
+  void post(const std::vector<VoucherLine>& lines, double sign);
+  StoredVoucher readVoucher(long vid);
+  void balanceChanged(LedgerGroup pair, double balance);
+  std::string missingAmounts() const;
 
   // Printing.
   void beginReport(const std::string& heading, int columns);
   std::string headingOfPeriod(const std::string& what, const std::string& from,
                               const std::string& to) const;
-  void printSubsidiary(Recordset& rows);
+  std::vector<SubsidiaryRow> readSubsidiary();
+  void printSubsidiary(const std::vector<SubsidiaryRow>& rows);
 
   double rounded(double amount) const;
   std::string shown(double amount) const;
@@ -247,6 +267,7 @@ class frmjrnl : public Form {
   Sql client_;   // code_no as it stands between quotes
   Sql table_;    // trial balance
   Sql journal_;  // its journal
+  Posting posting_{context_};
   int firstYear_ = 0;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;
@@ -254,15 +275,11 @@ class frmjrnl : public Form {
   NameList ledgers_;
   NameList groups_;
   std::unordered_map<long, std::string> groupNames_;
-  BalanceList balances_;
+  BalanceList balances_;  // as they stand in the trial balance
+  bool booksRead_ = false;
 
   long vid_ = 0;        // of the voucher being modified, 0 for a new one
-  PairAmounts posted_;  // what that voucher has put into the balances
-  // What a failure in the middle left behind, so that the next attempt goes on from there: of the
-  // vouchers whose posting is not at its end, the lines (`LSrNo`) that stand in the trial balance;
-  // and the balances that were taken out of it and not written back.
-  std::unordered_map<long, std::set<long>> standing_;
-  PairAmounts owed_;
+  PairAmounts stored_;  // the lines that the journal holds of it
   std::vector<LineIds> ids_{1};
   int top_ = 0;           // the first line in view
   int lastFocus_ = 0;     // the line that had the focus last

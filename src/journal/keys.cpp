@@ -52,6 +52,12 @@ void frmjrnl::FORM_KEYDOWN(Key& key) {
     if (amount && key == keys::Down) step = 1;
     if (line >= 0 && !listOpen && key == keys::PageUp) step = -linesInView;
     if (line >= 0 && !listOpen && key == keys::PageDown) step = linesInView;
+    // The order goes round to "Cancel", which would be reached without the date's check.
+    if (key == keys::BackTab && active() == &txtdt) {
+      bool cancel = false;
+      txtdt.Validate(cancel);
+      if (cancel) key = keys::none;
+    }
     if (step == 0) return;
     key = keys::none;
     moveToLine(std::clamp(line + step, 0, lastLine()));

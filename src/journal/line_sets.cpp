@@ -114,7 +114,7 @@ void frmjrnl::CLEARDATA() {
       clearLine(0);
     }
     vid_ = 0;
-    posted_.clear();
+    stored_.clear();
     top_ = 0;
     lastFocus_ = 0;
     hint("");
@@ -258,11 +258,13 @@ void frmjrnl::GETCURBALS() {
     }
     for (int line = 0; line < cboside.size(); ++line) {
       const LedgerGroup pair = ids_[static_cast<std::size_t>(line)].pair;
-      const auto stored = balances_.find(pair);
-      // A voucher that is modified stands in the stored balance already: its lines on screen take
-      // the place of those.
-      const double balance = rounded(stored.value_or(0) - posted_.of(pair) + typed.of(pair));
-      const bool none = !stored || balance == 0;
+      const auto posted = balances_.find(pair);
+      const double missing = posting_.missing(pair);
+      // A voucher that is modified stands in the balance already: its lines on screen take the
+      // place of those. What a failure left to be posted counts as posted.
+      const double balance =
+          rounded(posted.value_or(0) + missing - stored_.of(pair) + typed.of(pair));
+      const bool none = (!posted && missing == 0) || balance == 0;
       put(txtcurbal[line], none ? "0.00" : shown(std::fabs(balance)) + (balance > 0 ? "Dr" : "Cr"));
     }
     CHECKTOTALS();

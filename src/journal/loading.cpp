@@ -4,6 +4,7 @@
 
 #include "data/sql.h"
 #include "data/table_names.h"
+#include "data/text.h"
 #include "data/year.h"
 #include "host/busy.h"
 #include "journal/form_parts.h"
@@ -24,7 +25,10 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
 }
 
 void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books& books) {
+  bool named = false;
   trap("INITDATA", [&] {
+    forgetBooks();
+    table_ = journal_ = Sql();
     books_ = books;
     client_ = context_.host->escaped(books.clientCode);
     table_ = sqlName(table);
@@ -33,16 +37,37 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
     setPeriod(yearFrom(), yearTo());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);
-    ledgers_.clear();
-    groups_.clear();
-    balances_.clear();
+    posting_.open({table, books.clientCode});
+    named = true;
+  });
+  if (!named) return;
+  // A voucher that was left half posted.
+  trap("INITDATA", [&] { posting_.settle(); });
+  readBooks();
+}
+
+bool frmjrnl::readBooks() {
+  forgetBooks();
+  trap("INITDATA", [&] {
     const Busy busy(context_);
     ScratchTables scratch(*context_.host);
     scratch.create(columnsOfPairs);
     readBalances(scratch);
     readLists();
     scratch.drop(ScratchTables::summed);
+    booksRead_ = true;
   });
+  if (!booksRead_) forgetBooks();
+  return booksRead_;
+}
+
+void frmjrnl::forgetBooks() {
+  booksRead_ = false;
+  ledgers_.clear();
+  groups_.clear();
+  groupNames_.clear();
+  balances_.clear();
+  for (Grid* list : {&VSF3, &VSF4}) list->clearRows();
 }
 
 void frmjrnl::readBalances(ScratchTables& scratch) {
@@ -73,7 +98,6 @@ void frmjrnl::readLists() {
   ledgers_.sort();
   fillNames(VSF3, ledgers_.matching(""));
 
-  groupNames_.clear();
   const auto groups = context_.query("select * from mast_allgrp order by allgrp");
   for (; !groups->EOF_(); groups->MoveNext()) {
     groups_.append(groups->text("ALLGRP"), groups->integer("AllId"));
@@ -96,8 +120,6 @@ void frmjrnl::readLists() {
 void frmjrnl::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
-    txtdt1[0].setText(from_);
-    txtdt1[1].setText(to_);
     Check1.setChecked(true);
     CLEARDATA();
     vsf.setCurrent(0);
@@ -110,6 +132,8 @@ void frmjrnl::setPeriod(const std::string& from, const std::string& to) {
   from_ = from;
   to_ = to;
   lblperiod.setCaption("Period: " + from + " - " + to);
+  txtdt1[0].setText(from);
+  txtdt1[1].setText(to);
 }
 
 void frmjrnl::CMDOK_CLICK() {
@@ -122,35 +146,68 @@ void frmjrnl::CMDOK_CLICK() {
 // --- the outline --------------------------------------------------------------------------------
 
 void frmjrnl::LOADGRID() {
+  std::string status = "The vouchers could not be loaded; the error log says why.";
+  const long selected = voucherAt(vsf.current());
+  bool loaded = false;
+  vsf.clearRows();
   trap("LOADGRID", [&] {
     const Busy busy(context_);
-    const long selected = voucherAt(vsf.current());
-    vsf.clearRows();
-    const auto iso = [&](const std::string& date) {
-      return context_.host->escaped(context_.host->formatgen(date, "YYYY-MM-DD"));
-    };
-    const auto rows =
-        context_.query("Select *  from " + journal_ + " LEFT JOIN mast_allgrp on " + journal_ +
-                       ".allid=mast_allgrp.allid where " + journal_ + ".code_no='" + client_ +
-                       "' and " + journal_ + ".VDate>='" + iso(from_) + "' and " + journal_ +
-                       ".VDate<='" + iso(to_) + "' Order by Vdate, VID, Amount Desc");
-    const VoucherFields fields(*rows);
-    std::unordered_map<long, std::string> names;
-    long vid = 0;
-    std::string narration;
-    for (; !rows->EOF_(); rows->MoveNext()) {
-      const bool first = vsf.rows() == 0 || rows->integer(fields.vid) != vid;
-      if (first && vsf.rows() > 0) addNarration(narration, vid);
-      vid = rows->integer(fields.vid);
-      narration = rows->text(fields.narration);
-      addVoucherRow(*rows, fields, first, names);
-    }
-    if (vsf.rows() > 0) addNarration(narration, vid);
+    const std::string unbalanced = listVouchers();
     if (!Check1.checked()) CHECK1_CLICK();
     selectVoucher(selected);
     GETROWS();
-    lblstatus.setCaption(vsf.rows() > 0 ? "" : "No vouchers in this period.");
+    status = !booksRead_           ? notLoaded
+             : !posting_.settled() ? halfPosted
+             : !unbalanced.empty() ? "Debit and credit of the voucher of " + unbalanced +
+                                         " differ; please complete or delete it."
+             : vsf.rows() == 0 ? "No vouchers in this period."
+                               : "";
+    loaded = true;
   });
+  if (!loaded) vsf.clearRows();
+  lblstatus.setCaption(status);
+}
+
+// Returns the date of the first voucher that is not complete, "" when all are.
+std::string frmjrnl::listVouchers() {
+  const auto iso = [&](const std::string& date) {
+    return context_.host->escaped(context_.host->formatgen(date, "YYYY-MM-DD"));
+  };
+  const auto rows =
+      context_.query("Select *  from " + journal_ + " LEFT JOIN mast_allgrp on " + journal_ +
+                     ".allid=mast_allgrp.allid where " + journal_ + ".code_no='" + client_ +
+                     "' and " + journal_ + ".VDate>='" + iso(from_) + "' and " + journal_ +
+                     ".VDate<='" + iso(to_) + "' Order by Vdate, VID, Amount Desc");
+  const VoucherFields fields(*rows);
+  std::unordered_map<long, std::string> names;
+  long vid = 0;
+  std::string narration;
+  std::string unbalanced;
+  int heading = 0;
+  double sum = 0;
+  const auto endVoucher = [&] {
+    if (heading == 0) return;
+    addNarration(narration, vid);
+    if (unbalanced.empty() && rounded(sum) != 0) unbalanced = vsf.cell(heading, dateColumn);
+    sum = 0;
+  };
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    const bool first = heading == 0 || rows->integer(fields.vid) != vid;
+    if (first) {
+      endVoucher();
+      heading = vsf.rows() + 1;
+    }
+    vid = rows->integer(fields.vid);
+    narration = rows->text(fields.narration);
+    sum += rows->number(fields.amount);
+    addVoucherRow(*rows, fields, first, names);
+  }
+  endVoucher();
+  return unbalanced;
+}
+
+bool frmjrnl::isOwn(const std::string& code) const {
+  return equalIgnoringCase(trimmed(code), trimmed(books_.clientCode));
 }
 
 void frmjrnl::addVoucherRow(Recordset& row, const VoucherFields& fields, bool first,
@@ -203,30 +260,39 @@ void frmjrnl::selectVoucher(long vid) {
 
 // --- one voucher --------------------------------------------------------------------------------
 
-void frmjrnl::LOADVCH(long vid) {
+bool frmjrnl::LOADVCH(long vid) {
+  bool loaded = false;
   trap("LOADVCH", [&] {
     const auto rows = context_.query("Select * from " + journal_ + " where VID=" + sqlNumber(vid) +
                                      " Order by LSrNo");
-    if (rows->EOF_()) return;
     {
       const Filling filling(filling_);
-      fillVoucher(*rows);
+      loaded = fillVoucher(*rows);
     }
+    if (!loaded) return;
     vid_ = vid;
     SETTOP();
     GETCURBALS();
   });
+  return loaded;
 }
 
-void frmjrnl::fillVoucher(Recordset& rows) {
+// False when no line is the client's own.
+bool frmjrnl::fillVoucher(Recordset& rows) {
   const VoucherFields fields(rows);
-  txtdt.setText(
-      context_.host->convertdate(context_.host->formatgen(rows.text(fields.date), "DD/MM/YYYY")));
-  txtnarr.setText(rows.text(fields.narration));
-  for (int line = 0; !rows.EOF_(); rows.MoveNext(), ++line) {
-    if (line > 0) LOADCONTROLS();
-    fillLine(line, rows, fields);
+  int line = 0;
+  for (; !rows.EOF_(); rows.MoveNext()) {
+    if (!isOwn(rows.text(fields.code))) continue;
+    if (line == 0) {
+      txtdt.setText(context_.host->convertdate(
+          context_.host->formatgen(rows.text(fields.date), "DD/MM/YYYY")));
+      txtnarr.setText(rows.text(fields.narration));
+    } else {
+      LOADCONTROLS();
+    }
+    fillLine(line++, rows, fields);
   }
+  return line > 0;
 }
 
 void frmjrnl::fillLine(int line, Recordset& row, const VoucherFields& fields) {
@@ -238,7 +304,7 @@ void frmjrnl::fillLine(int line, Recordset& row, const VoucherFields& fields) {
   putName(txtgroup[line], group == groupNames_.end() ? std::string() : group->second);
   setSide(line, amount > 0);
   amountBox(line).setText(shown(std::fabs(amount)));
-  posted_.add(pair, amount);
+  stored_.add(pair, amount);
 }
 
 }  // namespace quillet

@@ -1,5 +1,7 @@
 // The journal's look-ups: ledgers and groups found while their names are typed, ledgers created on
 // the fly.
+#include <utility>
+
 #include "data/names.h"
 #include "data/text.h"
 #include "host/meant_name.h"
@@ -69,7 +71,7 @@ void frmjrnl::takeRow(TextBox& box, Grid& list) {
     if (&list == &VSF3) {
       ledgerTaken(box.index(), id);
     } else {
-      ids_[static_cast<std::size_t>(box.index())].pair.allId = id;
+      groupTaken(box.index(), id);
     }
   }
   GETCURBALS();
@@ -118,13 +120,14 @@ bool frmjrnl::takeLedger(int line) {
 void frmjrnl::ledgerTaken(int line, long id) {
   LineIds& ids = ids_[static_cast<std::size_t>(line)];
   ids.pair.partId = id;
+  if (std::exchange(ids.proposedFor, id) == id) return;
   const long group = balances_.firstGroup(id);
-  if (group != 0 && ids.proposedFor != id) {
-    const auto name = groupNames_.find(group);
-    ids.pair.allId = group;
-    putName(txtgroup[line], name == groupNames_.end() ? std::string() : name->second);
-  }
-  ids.proposedFor = id;
+  // A ledger without a group does not go into the one that was proposed for another ledger.
+  if (group == 0 && ids.groupChosen) return;
+  const auto name = groupNames_.find(group);
+  ids.pair.allId = group;
+  ids.groupChosen = false;
+  putName(txtgroup[line], name == groupNames_.end() ? std::string() : name->second);
 }
 
 std::optional<long> frmjrnl::CHECKLEDGER(const std::string& name) {
@@ -172,7 +175,7 @@ void frmjrnl::VSF3_DBLCLICK() {
 void frmjrnl::TXTGROUP_CHANGE(int line) {
   if (filling_) return;
   trap("TXTGROUP_CHANGE", [&] {
-    ids_[static_cast<std::size_t>(line)].pair.allId = 0;
+    groupTaken(line, 0);
     follow(VSF4, groups_, txtgroup[line].text());
     GETCURBALS();
   });
@@ -184,6 +187,12 @@ void frmjrnl::TXTGROUP_LOSTFOCUS(int line) {
     txtgroup[line].select(0, 0);
     if (Frame2.visible()) takeGroup(line);
   });
+}
+
+void frmjrnl::groupTaken(int line, long id) {
+  LineIds& ids = ids_[static_cast<std::size_t>(line)];
+  ids.pair.allId = id;
+  ids.groupChosen = true;
 }
 
 // Groups are not created here, so the beginning of a name stands for the name that the list shows.

@@ -100,6 +100,8 @@ void frmjrnl::CMDPRN_CLICK() {
 void frmjrnl::CMDTB_CLICK() {
   trap("CMDTB_CLICK", [&] {
     const Busy busy(context_);
+    // What stands in the journal and not in the trial balance would count as original.
+    posting_.settle();
     ScratchTables scratch(*context_.host);
     scratch.create(columnsOfSums);
     scratch.execute(collect("sum(Amt),0,0", table_, client_, ".Nid=1"));
@@ -110,18 +112,30 @@ void frmjrnl::CMDTB_CLICK() {
         "Insert into Ledger_Temp Select Part,AllGrp,sum(Amt),sum(AmtDr),sum(AmtCr) from "
         "Ledger_Temp1 group by AllGrp,Part");
     scratch.drop(ScratchTables::collected);
-    const auto rows = context_.query(
-        "select * from Ledger_Temp Where Amt<>0 or AmtDr<>0 or AmtCr<>0 order by allgrp,part");
-    if (rows->EOF_()) {
+    const std::vector<SubsidiaryRow> rows = readSubsidiary();
+    if (rows.empty()) {
       tell("No records available.");
     } else {
-      printSubsidiary(*rows);
+      printSubsidiary(rows);
     }
     scratch.drop(ScratchTables::summed);
   });
 }
 
-void frmjrnl::printSubsidiary(Recordset& rows) {
+// Sums of whole paise: what adding in binary leaves over makes no row.
+std::vector<SubsidiaryRow> frmjrnl::readSubsidiary() {
+  const auto rows = context_.query(
+      "select * from Ledger_Temp Where Amt<>0 or AmtDr<>0 or AmtCr<>0 order by allgrp,part");
+  std::vector<SubsidiaryRow> all;
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    SubsidiaryRow row{rows->text("Part"), rows->text("AllGrp"), rounded(rows->number("Amt")),
+                      rounded(rows->number("AmtDr")), rounded(rows->number("AmtCr"))};
+    if (row.amt != 0 || row.amtDr != 0 || row.amtCr != 0) all.push_back(std::move(row));
+  }
+  return all;
+}
+
+void frmjrnl::printSubsidiary(const std::vector<SubsidiaryRow>& rows) {
   const Rounding round = [&](double amount) { return rounded(amount); };
   const auto writeFigures = [&](const std::string& name, const SubsidiaryFigures& figures,
                                 const std::string& zero, const Masks& masks) {
@@ -139,9 +153,7 @@ void frmjrnl::printSubsidiary(Recordset& rows) {
   std::optional<std::string> group;
   SubsidiaryFigures ofGroup{};
   SubsidiaryFigures ofAll{};
-  for (; !rows.EOF_(); rows.MoveNext()) {
-    const SubsidiaryRow row{rows.text("Part"), rows.text("AllGrp"), rows.number("Amt"),
-                            rows.number("AmtDr"), rows.number("AmtCr")};
+  for (const SubsidiaryRow& row : rows) {
     if (group != row.group) {
       if (group) writeFigures("Total", ofGroup, absent, groupTotal);
       write(*context_.reporter, {row.group, "", "", "", "", "", ""}, 1, ledgerRow);

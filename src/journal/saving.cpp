@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/dates.h"
 #include "data/sql.h"
 #include "data/text.h"
 #include "host/amount.h"
@@ -13,6 +14,9 @@ namespace quillet {
 namespace {
 
 constexpr const char* noRow = "Please select a Item.";
+constexpr const char* sharedNumber =
+    "The number of this voucher is also that of another client's voucher, and both would be "
+    "deleted. To take it back, please pass a new voucher with its sides exchanged.";
 
 std::string isoDate(const Date& date) {
   const auto two = [](int part) { return (part < 10 ? "0" : "") + std::to_string(part); };
@@ -39,6 +43,7 @@ void frmjrnl::showList() {
 
 void frmjrnl::CMDADD_CLICK() {
   trap("CMDADD_CLICK", [&] {
+    if (!booksAreThere()) return;
     CLEARDATA();
     const std::string today = context_.host->convertdate(
         context_.host->formatgen(isoDate(context_.clock.today()), "DD/MM/YYYY"));
@@ -54,9 +59,14 @@ void frmjrnl::VSF_DBLCLICK() {
       tell(noRow);
       return;
     }
+    if (!booksAreThere()) return;
     CLEARDATA();
-    LOADVCH(vid);
-    if (vid_ == vid) showEntry();
+    if (LOADVCH(vid)) {
+      showEntry();
+    } else {
+      LOADGRID();
+      lblstatus.setCaption("The voucher could not be read; it may have been deleted meanwhile.");
+    }
   });
 }
 
@@ -66,8 +76,6 @@ void frmjrnl::CMDCANCEL_CLICK() {
 
 void frmjrnl::cancelEntry() {
   if (ask("Do you want to Cancel Entry?") != Answer::Yes) return;
-  // A save that failed in the middle has changed what is listed.
-  if (standing_.contains(vid_)) LOADGRID();
   showList();
 }
 
@@ -78,16 +86,32 @@ void frmjrnl::COMMAND1_CLICK() {
       tell(noRow);
     } else if (ask("Do you want to Delete the Selected Entry?", Answer::No) == Answer::Yes) {
       const int row = headingOf(vsf.current());
-      const bool done = DELETEVCH(vid);
+      const Removal removal = DELETEVCH(vid);
       LOADGRID();
       vsf.setCurrent(headingOf(std::min(row, vsf.rows())));
-      if (!done) lblstatus.setCaption(incomplete);
+      if (removal == Removal::failed && posting_.settled()) lblstatus.setCaption(notDeleted);
     }
   });
 }
 
 void frmjrnl::FORM_UNLOAD(bool& cancel) {
-  trap("FORM_UNLOAD", [&] { cancel = ask("Do you want to Exit?") != Answer::Yes; });
+  trap("FORM_UNLOAD", [&] {
+    if (!posting_.settled()) leaveSettled();
+    cancel = ask("Do you want to Exit?") != Answer::Yes;
+  });
+}
+
+// Other forms show the table as it stands, so that what is missing is posted before they do.
+void frmjrnl::leaveSettled() {
+  trap("FORM_UNLOAD", [&] { posting_.settle(); });
+  LOADGRID();
+  tell(posting_.settled()
+           ? "A voucher was half posted. What was missing has been posted now; please check the "
+             "voucher."
+           : "A voucher is half posted; the error log says why. The trial balance lacks:" +
+                 missingAmounts() +
+                 "\r\n\r\nIt is posted when the journal of this year is opened again. Please do "
+                 "not enter it by hand, and do not end the program before.");
 }
 
 // --- checks -------------------------------------------------------------------------------------
@@ -112,6 +136,12 @@ void frmjrnl::CMDUPDATE_CLICK() {
 int frmjrnl::linesToSave() const {
   const int rows = cboside.size();
   return rows > 1 && namesNothing(rows - 1) ? rows - 1 : rows;
+}
+
+// Balances and groups that could not be read when the journal was opened are asked for once more.
+bool frmjrnl::booksAreThere() {
+  if (!booksRead_ && !readBooks()) lblstatus.setCaption(notLoaded);
+  return booksRead_;
 }
 
 bool frmjrnl::namesAreGood() {
@@ -159,136 +189,121 @@ void frmjrnl::moveToBox(TextBox& box) {
 // --- saving -------------------------------------------------------------------------------------
 
 void frmjrnl::SAVEVCH() {
+  const std::string period = from_ + to_;
   bool stored = false;
-  bool posted = false;
+  bool refused = false;
   trap("SAVEVCH", [&] {
     long vid = vid_;
     if (vid != 0) {
+      const Removal removal = DELETEVCH(vid);
+      refused = removal == Removal::refused;
       // Lines that are still posted must not be joined by the new ones.
-      if (!DELETEVCH(vid)) return;
+      if (removal != Removal::done) return;
     } else {
+      posting_.settle();
       vid = context_.query("Select max(VID) from " + journal_)->integer(0) + 1;
     }
     for (int line = 0; line < linesToSave(); ++line) insertLine(vid, line);
     stored = true;
-    posted = ADDVCH(vid);
-    LOADGRID();
-    showList();
-    selectVoucher(vid);
+    ADDVCH(vid);
   });
-  if (!stored) hint(incomplete);
-  if (stored && !posted) lblstatus.setCaption(incomplete);
+  if (refused) return;
+  // Also after a failure: what was sent before it stays.
+  LOADGRID();
+  if (!stored) {
+    hint(incomplete);
+    return;
+  }
+  showList();
+  selectVoucher(vid_);
+  if (period != from_ + to_ && posting_.settled()) {
+    lblstatus.setCaption("The period shown was widened to hold the voucher of " + txtdt.text() +
+                         ".");
+  }
 }
 
 void frmjrnl::insertLine(long vid, int line) {
   const LedgerGroup pair = ids_[static_cast<std::size_t>(line)].pair;
+  const double amount = rounded(signedAmount(line));
   context_.host->ConQuery(
       "Insert Into " + journal_ + " Values ('" + client_ + "'," + sqlNumber(vid) + "," +
       sqlNumber(line + 1) + ",'" +
       context_.host->escaped(context_.host->formatgen(txtdt.text(), "YYYY-MM-DD")) + "'," +
-      sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
-      sqlNumber(rounded(signedAmount(line))) + ",'" + context_.host->escaped(txtnarr.text()) +
-      "')");
+      sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," + sqlNumber(amount) + ",'" +
+      context_.host->escaped(txtnarr.text()) + "')");
+  posting_.journalChanged(pair, amount);
+  stored_.add(pair, amount);
   // From its first line on there is such a voucher, for the next attempt to replace.
   vid_ = vid;
-  standing_.try_emplace(vid);
+  widenPeriod(txtdt.text());
   context_.host->ConQuery("Flush Tables");
 }
 
-bool frmjrnl::ADDVCH(long vid) {
-  bool done = false;
-  trap("ADDVCH", [&] {
-    post(vid, 1);
-    done = true;
-  });
-  return done;
+void frmjrnl::widenPeriod(const std::string& date) {
+  const bool before = compareDates(date, from_) < 0;
+  const bool after = compareDates(date, to_) > 0;
+  if (before || after) setPeriod(before ? date : from_, after ? date : to_);
 }
 
-bool frmjrnl::DELETEVCH(long vid) {
-  bool done = false;
+void frmjrnl::ADDVCH(long vid) {
+  trap("ADDVCH", [&] { post(readVoucher(vid).lines, 1); });
+}
+
+frmjrnl::Removal frmjrnl::DELETEVCH(long vid) {
+  Removal removal = Removal::failed;
   trap("DELETEVCH", [&] {
-    post(vid, -1);
-    context_.host->ConQuery("Delete from " + journal_ + " where VId=" + sqlNumber(vid));
-    standing_.erase(vid);
-    context_.host->ConQuery("Flush Tables");
-    done = true;
-  });
-  return done;
-}
-
-// Adds the voucher's amounts to the trial balance, or takes them out again with the sign -1. Lines
-// that an attempt before this one has dealt with are left alone.
-void frmjrnl::post(long vid, double sign) {
-  const bool adds = sign > 0;
-  const std::vector<VoucherLine> lines = readVoucher(vid);
-  const auto [found, begins] = standing_.try_emplace(vid);
-  std::set<long>& standing = found->second;
-  if (begins && !adds) {
-    for (const VoucherLine& line : lines) standing.insert(line.number);
-  }
-  for (const VoucherLine& line : lines) {
-    if (standing.contains(line.number) == adds) continue;
-    const bool written = changeBalance(line.pair, sign * line.amount);
-    if (adds) {
-      standing.insert(line.number);
-    } else {
-      standing.erase(line.number);
+    posting_.settle();
+    const StoredVoucher voucher = readVoucher(vid);
+    if (voucher.shared) {
+      tell(sharedNumber);
+      removal = Removal::refused;
+      return;
     }
-    if (vid == vid_) posted_.add(line.pair, sign * line.amount);
-    if (written) context_.host->ConQuery(flushTables);
-  }
-  if (adds) standing_.erase(vid);
+    post(voucher.lines, -1);
+    context_.host->ConQuery("Delete from " + journal_ + " where VId=" + sqlNumber(vid));
+    for (const VoucherLine& line : voucher.lines) posting_.journalChanged(line.pair, -line.amount);
+    if (vid == vid_) stored_.clear();
+    context_.host->ConQuery("Flush Tables");
+    removal = Removal::done;
+  });
+  return removal;
 }
 
-std::vector<frmjrnl::VoucherLine> frmjrnl::readVoucher(long vid) {
+void frmjrnl::post(const std::vector<VoucherLine>& lines, double sign) {
+  for (const VoucherLine& line : lines) posting_.post(line.pair, sign * line.amount);
+}
+
+frmjrnl::StoredVoucher frmjrnl::readVoucher(long vid) {
   const auto rows = context_.query("Select * from " + journal_ + " where VId=" + sqlNumber(vid));
   const VoucherFields fields(*rows);
-  std::vector<VoucherLine> lines;
+  StoredVoucher voucher;
   for (; !rows->EOF_(); rows->MoveNext()) {
-    lines.push_back({rows->integer(fields.line),
-                     {rows->integer(fields.partId), rows->integer(fields.allId)},
-                     rows->number(fields.amount)});
+    if (!isOwn(rows->text(fields.code))) {
+      voucher.shared = true;
+      continue;
+    }
+    voucher.lines.push_back(
+        {{rows->integer(fields.partId), rows->integer(fields.allId)}, rows->number(fields.amount)});
   }
-  return lines;
+  return voucher;
 }
 
-// Returns whether a row was written, whose flush is left to the caller: the line counts as posted
-// from the moment its row stands.
-bool frmjrnl::changeBalance(LedgerGroup pair, double amount) {
-  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(pair.partId) +
-                     " and allid=" + sqlNumber(pair.allId);
-  const double before = storedBalance(ofPair) + owed_.of(pair);
-  context_.host->ConQuery("Delete from " + table_ + ofPair);
-  owed_.set(pair, before);
-  context_.host->ConQuery(flushTables);
-  // Whole paise: what adding in binary leaves over is no balance.
-  const double balance = rounded(before + amount);
-  if (balance != 0) insertBalance(pair, balance);
-  owed_.set(pair, 0);
+void frmjrnl::balanceChanged(LedgerGroup pair, double balance) {
   const auto group = groupNames_.find(pair.allId);
   balances_.set(pair, group == groupNames_.end() ? std::string() : group->second, balance);
-  return balance != 0;
 }
 
-double frmjrnl::storedBalance(const Sql& ofPair) {
-  const auto rows = context_.query("Select * from " + table_ + ofPair);
-  double balance = 0;
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    const double amount = rows->number("Amt");
-    balance += rows->integer("nid") == 1 ? amount : -amount;
+// The pairs whose balances are not as the journal explains them, a line for each.
+std::string frmjrnl::missingAmounts() const {
+  std::string lines;
+  for (const LedgerGroup pair : posting_.missing()) {
+    const double amount = posting_.missing(pair);
+    const auto group = groupNames_.find(pair.allId);
+    lines += "\r\n" + context_.host->GetPart_MastPartId(pair.partId) +
+             (group == groupNames_.end() ? std::string() : " (" + group->second + ')') + ": " +
+             shown(std::fabs(amount)) + (amount > 0 ? " Dr" : " Cr");
   }
-  return balance;
-}
-
-void frmjrnl::insertBalance(LedgerGroup pair, double balance) {
-  const long last =
-      context_
-          .query("select max(srno) as maxsr from " + table_ + " where code_no = '" + client_ + "'")
-          ->integer("maxsr");
-  context_.host->ConQuery("insert into " + table_ + " values(" + sqlNumber(last + 1) + ",'" +
-                          client_ + "'," + sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) +
-                          "," + sqlNumber(std::fabs(balance)) + "," + (balance > 0 ? "1" : "2") +
-                          ")");
+  return lines;
 }
 
 }  // namespace quillet

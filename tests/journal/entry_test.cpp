@@ -84,6 +84,42 @@ TEST_F(JournalEntry, TakesAGoodDateOnly) {
   }
 }
 
+// Backwards the order goes round to "Cancel", which does not ask for a date when it is clicked.
+TEST_F(JournalEntry, ShiftTabDoesNotLeaveABadDate) {
+  frmjrnl& form = journal();
+  type(form.txtdt, "31022008");
+  form.press(keys::BackTab);
+  EXPECT_EQ(messages(), Texts{"Please Specify a Valid Date."});
+  EXPECT_EQ(active(), "txtdt");
+  type(form.txtdt, "02062008");
+  form.press(keys::BackTab);
+  EXPECT_EQ(messages(), Texts{});
+  EXPECT_EQ(active(), "cmdcancel");
+}
+
+TEST_F(JournalEntry, AnotherLedgerDoesNotKeepTheGroupProposedForTheFirst) {
+  frmjrnl& form = journal();
+  const auto enter = [&](TextBox& box, const char* text) {
+    type(box, text);
+    form.press(keys::Enter);
+  };
+  enter(form.txtledger[0], "Cash");
+  EXPECT_EQ(form.txtgroup[0].text(), "BANKS");
+  enter(form.txtledger[0], "Petty Cash");
+  EXPECT_EQ(form.txtgroup[0].text(), "");
+  type(form.txtdramt[0], "5");
+  form.click(form.cmdupdate);
+  EXPECT_EQ(messages(), Texts{"Please select a Group."});
+  // A group that a person chose stays until a ledger proposes its own.
+  enter(form.txtgroup[0], "CAPITAL");
+  enter(form.txtledger[0], "Axis Bank");
+  EXPECT_EQ(form.txtgroup[0].text(), "CAPITAL");
+  enter(form.txtledger[0], "Rent Payable");
+  EXPECT_EQ(form.txtgroup[0].text(), "RENT");
+  enter(form.txtledger[0], "Axis Bank");
+  EXPECT_EQ(form.txtgroup[0].text(), "");
+}
+
 TEST_F(JournalEntry, ProposesTodayWithinTheYearOnly) {
   frmjrnl& form = journal();
   const std::vector<std::pair<Date, std::string>> cases{

@@ -157,6 +157,25 @@ TEST_F(JournalPrinting, ShowsEveryPairThatHasAnyFigure) {
                   {"Grant Total", "107.00", "25.00", "70.00", "45.00", "107.00", "0.00"}}));
 }
 
+// Sums that are nothing on paper and something in binary.
+TEST_F(JournalPrinting, LeavesOutWhatIsNoPaisa) {
+  const std::string dust =
+      "insert into TAB_1 values(5,'C1'," + std::to_string(ledger("Dust")) + ",";
+  addYear("C1", 2008);
+  for (const char* group : {"1", "3"}) {
+    for (const char* row : {",0.1,1)", ",0.2,1)", ",0.3,2)"}) exec(dust + group + row);
+  }
+  open("C1", 2008);
+  EXPECT_EQ(subsidiary(), Rows{});
+  EXPECT_EQ(messages(), Texts{"No records available."});
+  adjust(1, "C1", "Cash", "CAPITAL", 30);
+  EXPECT_EQ(subsidiary(),
+            (Rows{{"CAPITAL", "", "", "", "", "", ""},
+                  {"Cash", "-", "30.00", "30.00", "-", "-", "-"},
+                  {"Total", "-", "30.00", "30.00", "-", "-", "-"},
+                  {"Grant Total", "0.00", "30.00", "30.00", "0.00", "0.00", "0.00"}}));
+}
+
 // The previous year: a balance that the vouchers turned round, a group of credits alone, and a line
 // whose group is gone.
 TEST_F(JournalPrinting, SeparatesOriginalFromAdjustmentsOfThePreviousYear) {

@@ -1,5 +1,6 @@
-// Whatever vouchers are passed, changed and removed, the trial balance is what the originals and
-// the journal add up to.
+// Whatever vouchers are passed, changed and removed, and wherever that fails, the trial balance is
+// what the originals and the journal add up to.
+#include <cmath>
 #include <map>
 #include <random>
 
@@ -30,8 +31,17 @@ class JournalProperty : public JournalTest {
     return all;
   }
   Paise balances(const std::string& client) {
-    return sums("select partid,allid,round(if(nid=1,amt,-amt)*100) from TAB_1 where code_no='" +
-                client + "'");
+    Paise all =
+        sums("select partid,allid,round(if(nid=1,amt,-amt)*100) from TAB_1 where code_no='" +
+             client + "'");
+    // What a failure left to be posted is known to the paisa.
+    const ClientTable books{"TAB_1", client};
+    for (const LedgerGroup pair : context().unposted.pairs(books)) {
+      all[{std::to_string(pair.partId), std::to_string(pair.allId)}] +=
+          std::lround(context().unposted.of(books, pair) * 100);
+    }
+    std::erase_if(all, [](const auto& entry) { return entry.second == 0; });
+    return all;
   }
   Paise explained(const Paise& originals, const std::string& client) {
     Paise all = sums("select PartId,AllId,round(sum(Amount)*100) from JRNL_1 where code_no='" +
@@ -63,12 +73,25 @@ class JournalProperty : public JournalTest {
   }
   int draw(int least, int most) { return std::uniform_int_distribution<>(least, most)(random_); }
 
+  // Every other deed fails somewhere, and is left as it stands then.
   void drawDeed() {
+    const bool fails = draw(0, 1);
+    if (fails) host().statements().failNext("", draw(0, 40));
+    carryOutDeed();
+    host().statements().failNext("no such statement");
+    EXPECT_LE(log().size(), fails ? 1U : 0U);
+    if (!journal().Frame2.visible()) return;
+    dialogs.queueAnswer(Answer::Yes);
+    journal().press(keys::Escape);
+  }
+  void carryOutDeed() {
     frmjrnl& form = journal();
     const int rows = form.vsf.rows();
     const int deed = rows == 0 ? 0 : draw(0, 3);
     if (deed <= 1) {
-      pass("02062008", drawLines());
+      form.click(form.cmdadd);
+      fillVoucher("02062008", drawLines());
+      form.click(form.cmdupdate);
       return;
     }
     pick(draw(1, rows));
@@ -78,12 +101,12 @@ class JournalProperty : public JournalTest {
       return;
     }
     form.press(keys::Enter);
+    if (!form.Frame2.visible()) return;
     const std::vector<Entered> lines = drawLines();
     while (form.GETROWS() > static_cast<int>(lines.size())) form.click(form.cmdremove);
     while (form.GETROWS() < static_cast<int>(lines.size())) form.LOADCONTROLS();
     for (std::size_t i = 0; i < lines.size(); ++i) fillLine(static_cast<int>(i), lines[i]);
     form.click(form.cmdupdate);
-    ASSERT_TRUE(form.Frame1.visible());
   }
 
   std::mt19937 random_;
@@ -92,17 +115,20 @@ class JournalProperty : public JournalTest {
 TEST_F(JournalProperty, TheJournalExplainsTheTrialBalance) {
   const std::string clients[] = {"C1", "C2"};
   const Paise originals[] = {balances("C1"), balances("C2")};
-  for (unsigned seed = 1; seed <= 200 && !HasFailure(); ++seed) {
+  for (unsigned seed = 1; seed <= 100 && !HasFailure(); ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     random_.seed(seed);
     const int client = draw(0, 1);
     open(clients[client], 2008);
-    for (int deeds = draw(1, 4); deeds > 0; --deeds) drawDeed();
-    messages();
-    ASSERT_EQ(log(), std::vector<std::string>{});
-    for (const int each : {0, 1}) {
-      EXPECT_EQ(balances(clients[each]), explained(originals[each], clients[each]));
+    for (int deeds = draw(1, 4); deeds > 0; --deeds) {
+      drawDeed();
+      for (const int each : {0, 1}) {
+        EXPECT_EQ(balances(clients[each]), explained(originals[each], clients[each]));
+      }
     }
+    close();
+    for (const char* each : {"C1", "C2"}) EXPECT_FALSE(context().unposted.any({"TAB_1", each}));
+    EXPECT_EQ(log(), std::vector<std::string>{});
     EXPECT_EQ(value("select count(*) from TAB_1 where amt<0.005 or nid not in (1,2)"), "0");
     EXPECT_EQ(rows("select code_no,srno from TAB_1 group by code_no,srno having count(*)>1"),
               Rows{});
@@ -110,7 +136,7 @@ TEST_F(JournalProperty, TheJournalExplainsTheTrialBalance) {
                    "count(*)>1"),
               Rows{});
     EXPECT_EQ(rows("select VID from JRNL_1 group by VID having count(distinct code_no)>1 or "
-                   "max(LSrNo)<>count(*) or abs(sum(Amount))>0.001"),
+                   "max(LSrNo)<>count(*)"),
               Rows{});
   }
   for (const int each : {0, 1}) {

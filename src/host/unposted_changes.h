@@ -1,0 +1,57 @@
+// What postings that failed in the middle left undone in the trial balances. It stands in the
+// context, because it has to outlive the form that failed: whoever posts next makes the books right
+// first (journal/posting.h).
+//
+// The invariant, for every pair of ledger and group of a client's trial balance:
+//
+//     figure in the table + amount here = original figure + the client's journal lines
+//
+// A voucher is posted by several statements, and between two of them the table alone does not keep
+// it. So each statement that changed one side is entered here as soon as it is done, and wherever
+// the way ends, what is missing is known to the paisa. When nothing stands here for a client's
+// table, that trial balance is as its journal explains it.
+//
+// What stands here is a difference, not a balance: a line of the pair that is altered elsewhere
+// meanwhile keeps what was done to it, and the amount is added to that.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillet {
+
+struct LedgerGroup {
+  long partId = 0;
+  long allId = 0;
+  auto operator<=>(const LedgerGroup&) const = default;
+};
+
+// The rows of one client in a trial balance's table.
+struct ClientTable {
+  std::string table;
+  std::string client;  // code_no
+};
+
+class UnpostedChanges {
+ public:
+  // Amounts are signed, debit positive, and kept in paise.
+  void add(const ClientTable& books, LedgerGroup pair, double amount);
+  // 0 for a pair of which nothing is missing.
+  double of(const ClientTable& books, LedgerGroup pair) const;
+  // The pairs of which something is missing.
+  std::vector<LedgerGroup> pairs(const ClientTable& books) const;
+  bool any(const ClientTable& books) const { return amounts_.contains(keyOf(books)); }
+  // The client's rows are gone from the table: its number may be another year's next.
+  void forget(const ClientTable& books) { amounts_.erase(keyOf(books)); }
+
+ private:
+  using Key = std::pair<std::string, std::string>;
+  static Key keyOf(const ClientTable& books);
+  std::map<Key, std::map<LedgerGroup, std::int64_t>> amounts_;
+};
+
+}  // namespace quillet

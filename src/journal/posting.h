@@ -1,0 +1,45 @@
+// Posts amounts into one client's trial balance: the pair's rows are taken out and one row with the
+// new balance is written. Statements are sent one by one, and what one that fails leaves undone
+// stands in the context's unposted changes.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/context.h"
+
+namespace quillet {
+
+class Posting {
+ public:
+  explicit Posting(Context& context) : context_(context) {}
+
+  // The client's rows of that table, from now on.
+  void open(const ClientTable& books);
+  // Runs when the table holds another balance of the pair.
+  std::function<void(LedgerGroup pair, double balance)> Changed;
+
+  // Posts what earlier failures left undone; to be called before anything is stored or posted.
+  // Throws when that fails again: the books are not to be built on then.
+  void settle();
+  bool settled() const { return !context_.unposted.any(books_); }
+  // What the table lacks of the pair, and of which pairs.
+  double missing(LedgerGroup pair) const { return context_.unposted.of(books_, pair); }
+  std::vector<LedgerGroup> missing() const { return context_.unposted.pairs(books_); }
+
+  // The journal has gained a line, or lost one with the sign turned: its amount is to be posted.
+  void journalChanged(LedgerGroup pair, double amount);
+  void post(LedgerGroup pair, double amount);
+
+ private:
+  double storedBalance(const Sql& ofPair);
+  void insertBalance(LedgerGroup pair, double balance);
+
+  Context& context_;
+  ClientTable books_;
+  Sql table_;
+  Sql client_;  // code_no as it stands between quotes
+};
+
+}  // namespace quillet

@@ -1,0 +1,323 @@
+// A statement that fails in the middle of a voucher, and whatever is done next: the trial balance
+// ends as the original figures and the journal explain it.
+#include "deletion/frmdelwhatinTB.h"
+#include "journal/form_parts.h"
+#include "journal_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class JournalFailure : public JournalTest {
+ protected:
+  JournalFailure() {
+    for (const char* client : {"C1", "C2"}) addYear(client, 2008);
+    for (const char* name : {"Cash", "Rent", "Loan", "Stock"}) ledger(name);
+  }
+
+  // Voucher 1 of C1 brings the rent to nothing; voucher 2 is the neighbour's.
+  void arrangeBooks() {
+    for (const char* table : {"JRNL_1", "TAB_1"}) exec(std::string("delete from ") + table);
+    exec(
+        "insert into TAB_1 values(1,'C1',1,1,540,1),(3,'C1',4,4,7,2),(1,'C2',1,1,64,1),"
+        "(2,'C2',2,3,24,2)");
+    exec(
+        "insert into JRNL_1 values('C1',1,1,'2008-06-02',2,3,-40,''),"
+        "('C1',1,2,'2008-06-02',1,1,40,''),('C2',2,1,'2008-06-02',2,3,6,''),"
+        "('C2',2,2,'2008-06-02',1,1,-6,'')");
+    context().unposted = {};
+    open("C1", 2008);
+  }
+  // What the pairs hold besides the original figures and the journal's lines, in paise.
+  Rows unexplained() {
+    return rows(
+        "select code_no,partid,allid,sum(p) from ("
+        "select code_no,partid,allid,round(if(nid=1,amt,-amt)*100) p from TAB_1 union all "
+        "select code_no,PartId,AllId,-round(Amount*100) from JRNL_1 union all "
+        "select 'C1',1,1,-50000 union all select 'C1',2,3,-4000 union all "
+        "select 'C1',4,4,700 union all select 'C2',1,1,-7000 union all select 'C2',2,3,3000"
+        ") f group by code_no,partid,allid having sum(p)<>0");
+  }
+  Rows amounts() { return rows("select VID,PartId,Amount from JRNL_1 where code_no='C1'"); }
+
+  void leaveEntry() {
+    if (!journal().Frame2.visible()) return;
+    dialogs.queueAnswer(Answer::Yes);
+    journal().press(keys::Escape);
+  }
+  // False when the journal does not hold the voucher.
+  bool pickVoucher(long vid) {
+    leaveEntry();
+    pick(journal().vsf.find(vidColumn, std::to_string(vid)));
+    return journal().vsf.current() != 0;
+  }
+  void remove() {
+    dialogs.queueAnswer(Answer::Yes);
+    journal().click(journal().Command1);
+  }
+  void changeLedger() {
+    frmjrnl& form = journal();
+    form.press(keys::Enter);
+    ASSERT_TRUE(form.Frame2.visible());
+    // The balance beside a line counts the whole voucher as posted.
+    EXPECT_EQ(form.txtledger[1].text(), "Cash");
+    const std::string cash = value(
+        "select sum(a) from (select 500 a union all select Amount from JRNL_1 where code_no='C1' "
+        "and PartId=1 and AllId=1) f");
+    EXPECT_EQ(form.txtcurbal[1].text(), host().formatgen(std::stod(cash), "#,##0.00") + "Dr");
+    fillLine(0, {"Loan", "CAPITAL", "9", form.cboside[0].text() == "By"});
+    type(form.cboside[0].text() == "By" ? form.txtcramt[1] : form.txtdramt[1], "9");
+    form.click(form.cmdupdate);
+  }
+  void passAnother(const std::string& ledgerName, const std::string& groupName) {
+    leaveEntry();
+    pass("02062008",
+         {{ledgerName, groupName, "3"}, {"Stock", "SALES", "2", false}, {"Rent", "", "1", false}});
+  }
+  // Says so when anything is half posted.
+  void closeJournal() {
+    leaveEntry();
+    messages();
+    const bool half = context().unposted.any({"TAB_1", "C1"});
+    dialogs.queueAnswer(Answer::Yes);
+    ASSERT_TRUE(journal().close());
+    const Texts told = messages();
+    ASSERT_EQ(told.size(), half ? 2U : 1U);
+    if (half) {
+      EXPECT_TRUE(told[0].find("half posted") != std::string::npos) << told[0];
+    }
+  }
+};
+
+TEST_F(JournalFailure, WhateverIsDoneNextTheBooksEndRight) {
+  const std::vector<Entered> lines{{"Rent", "", "5"}, {"Cash", "", "5", false}};
+  struct Deed {
+    const char* what;
+    long vid;
+    std::function<void()> begin;  // up to the last key or click
+    std::function<void()> act;
+  };
+  const auto update = [&] { journal().click(journal().cmdupdate); };
+  const Deed deeds[] = {
+      {"new", 3,
+       [&] {
+         journal().click(journal().cmdadd);
+         fillVoucher("02062008", lines);
+       },
+       update},
+      {"modified", 1,
+       [&] {
+         pickVoucher(1);
+         journal().press(keys::Enter);
+         for (const int line : {0, 1}) fillLine(line, lines[static_cast<std::size_t>(line)]);
+       },
+       update},
+      {"deleted", 1, [&] { pickVoucher(1); }, [&] { remove(); }},
+  };
+  for (const Deed& deed : deeds) {
+    arrangeBooks();
+    deed.begin();
+    deed.act();
+    const Rows after = amounts();
+    const auto again = [&] {
+      const bool saves = deed.act.target_type() == std::function<void()>(update).target_type();
+      if (journal().Frame2.visible()) {
+        update();
+      } else if (saves) {
+        passAnother("Cash", "BANKS");
+        pickVoucher(std::stol(value("select max(VID) from JRNL_1")));
+        remove();
+      } else if (pickVoucher(deed.vid)) {
+        remove();
+      }
+    };
+    const std::vector<Continuation> next{
+        {"again", again, {}, [&] { EXPECT_EQ(amounts(), after); }},
+        {"deleted",
+         [&] {
+           if (pickVoucher(deed.vid)) remove();
+         }},
+        {"its ledger changed",
+         [&] {
+           if (pickVoucher(deed.vid) && amounts().size() == 2) {
+             changeLedger();
+           } else {
+             passAnother("Rent", "RENT");
+           }
+         }},
+        {"another voucher", [&] { passAnother("Cash", "BANKS"); }},
+        {"another on other pairs", [&] { passAnother("Loan", "CAPITAL"); }},
+        {"closed, opened and deleted",
+         [&] {
+           closeJournal();
+           EXPECT_EQ(unexplained(), Rows{}) << "other forms see the table next";
+           open("C1", 2008);
+           if (pickVoucher(deed.vid)) remove();
+         }},
+        {"left half posted, after a voucher of another client opened again",
+         [&] {
+           leaveEntry();
+           host().statements().failNext("from TAB_1");
+           closeJournal();
+           host().statements().failNext("no such statement");
+           log();
+           open("C2", 2008);
+           passAnother("Cash", "BANKS");
+           open("C1", 2008);
+         }},
+    };
+    failEachStatement({.what = deed.what,
+                       .arrange =
+                           [&] {
+                             arrangeBooks();
+                             deed.begin();
+                           },
+                       .act = deed.act,
+                       .result = [&] { return unexplained(); },
+                       .next = next,
+                       .place = "frmjrnl",
+                       .stops = false,
+                       .behind = 1,
+                       .check =
+                           [&] {
+                             // The list shows what is stored.
+                             EXPECT_EQ(journal().vsf.rows(), static_cast<int>(amounts().size()));
+                           }});
+  }
+}
+
+// The year's number, and so its table, may be another year's next.
+TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
+  arrangeBooks();
+  pickVoucher(1);
+  host().statements().failNext("Delete from JRNL_1");
+  remove();
+  host().statements().failNext("from TAB_1");
+  closeJournal();
+  EXPECT_EQ(context().unposted.pairs({"tab_1", "c1 "}).size(), 2U);
+  frmdelwhatinTB deletion(context());
+  ASSERT_TRUE(deletion.INITDATA("delete", {"C1", "TAB_1", 1, "2008-2009", ""}));
+  deletion.showModal();
+  deletion.click(deletion.optMain[0]);
+  dialogs.queueAnswer(Answer::Yes);
+  deletion.click(deletion.cmddelete);
+  open("C1", 2008);
+  EXPECT_EQ(rows("select * from TAB_1 where code_no='C1'"), Rows{});
+  messages();
+}
+
+TEST_F(JournalFailure, SaysWhatCouldNotBeLoaded) {
+  arrangeBooks();
+  frmjrnl& form = journal();
+  host().statements().failNext("from JRNL_1 LEFT JOIN");
+  form.LOADGRID();
+  EXPECT_EQ(form.vsf.rows(), 0);
+  EXPECT_EQ(form.lblstatus.caption(), "The vouchers could not be loaded; the error log says why.");
+  form.LOADGRID();
+  EXPECT_EQ(form.lblstatus.caption(), "");
+
+  // Lists and balances: said when they are missing, asked for once more when they are needed.
+  close();
+  for (const char* failing : {"sum(Amt) from TAB_1", "select * from mast_allgrp"}) {
+    SCOPED_TRACE(failing);
+    frmjrnl opened(context());
+    host().statements().failNext(failing);
+    opened.INITDATA("TAB_1", false);
+    opened.show();
+    EXPECT_EQ(shown(opened.VSF3), Rows{});
+    EXPECT_EQ(opened.lblstatus.caption(), notLoaded);
+    host().statements().failNext(failing);
+    opened.click(opened.cmdadd);
+    EXPECT_TRUE(opened.Frame1.visible());
+    opened.click(opened.cmdadd);
+    EXPECT_TRUE(opened.Frame2.visible());
+    EXPECT_EQ(opened.VSF4.rows(), 4);
+    dialogs.queueAnswer(Answer::Yes);
+    opened.close();
+  }
+
+  // A voucher that cannot be read, and one that somebody else has deleted.
+  open("C1", 2008);
+  for (const bool deleted : {false, true}) {
+    pickVoucher(1);
+    if (deleted) {
+      exec("delete from JRNL_1 where VID=1");
+    } else {
+      host().statements().failNext("where VID=1");
+    }
+    journal().press(keys::Enter);
+    EXPECT_TRUE(journal().Frame1.visible());
+    EXPECT_EQ(journal().vsf.rows(), deleted ? 0 : 2);
+    EXPECT_NE(journal().lblstatus.caption(), "");
+  }
+  messages();
+}
+
+// A number that another client's voucher has too, as two workstations may have given it.
+TEST_F(JournalFailure, LeavesTheNeighboursVoucherOfTheSameNumberAlone) {
+  arrangeBooks();
+  exec("update JRNL_1 set VID=1");
+  const Rows vouchers = rows("select * from JRNL_1");
+  const Rows balances = rows("select * from TAB_1");
+  frmjrnl& form = open("C1", 2008);
+  pickVoucher(1);
+  remove();
+  pickVoucher(1);
+  form.press(keys::Enter);
+  EXPECT_EQ(form.GETROWS(), 2) << "the neighbour's lines are not loaded";
+  EXPECT_EQ(form.txtdramt[1].text(), "40.00");
+  form.click(form.cmdupdate);
+  Texts told = messages();
+  std::erase_if(told, [](const std::string& text) {
+    return text.find("also that of another client's voucher") == std::string::npos;
+  });
+  EXPECT_EQ(told.size(), 2U) << "neither deleted nor modified";
+  EXPECT_EQ(form.lblhint.caption(), "");
+  EXPECT_EQ(rows("select * from JRNL_1"), vouchers);
+  EXPECT_EQ(rows("select * from TAB_1"), balances);
+  leaveEntry();
+
+  // Nor are the neighbour's lines posted as the client's own.
+  exec(
+      "insert into JRNL_1 values('C1',2,1,'2008-06-02',4,4,6,''),('C2',2,2,'2008-06-02',1,1,0,'')");
+  exec("update JRNL_1 set VID=2 where code_no='C2'");
+  form.ADDVCH(2);
+  context().unposted = {};
+  EXPECT_EQ(unexplained(), Rows{});
+  messages();
+}
+
+TEST_F(JournalFailure, ShowsAVoucherDatedOutsideThePeriod) {
+  arrangeBooks();
+  frmjrnl& form = journal();
+  const auto show = [&](const char* from, const char* to) {
+    type(form.txtdt1[0], from);
+    type(form.txtdt1[1], to);
+    form.click(form.cmdok);
+  };
+  const struct {
+    const char* date;
+    const char* period;
+    const char* said;
+  } cases[] = {
+      {"15072008", "Period: 01/07/2008 - 31/07/2008", ""},
+      {"30062008", "Period: 30/06/2008 - 31/07/2008",
+       "The period shown was widened to hold the voucher of 30/06/2008."},
+      {"01082008", "Period: 01/07/2008 - 01/08/2008",
+       "The period shown was widened to hold the voucher of 01/08/2008."},
+  };
+  for (const auto& c : cases) {
+    show("01072008", "31072008");
+    pass(c.date, {{"Rent", "RENT", "5"}, {"Cash", "", "5", false}});
+    EXPECT_EQ(form.lblperiod.caption(), c.period);
+    EXPECT_EQ(form.txtdt1[0].text() + form.txtdt1[1].text(),
+              std::string(c.period).substr(8, 10) + std::string(c.period).substr(21));
+    EXPECT_EQ(form.lblstatus.caption(), c.said);
+    EXPECT_NE(form.vsf.current(), 0);
+  }
+  messages();
+}
+
+}  // namespace
+}  // namespace quillet::support
