@@ -14,7 +14,6 @@
 #include <com/sun/star/text/XTextRange.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
-#include <osl/file.hxx>
 #include <stdexcept>
 
 #include "calc/text.h"
@@ -33,14 +32,6 @@ namespace util = com::sun::star::util;
 constexpr int mostRows = 65'536;
 constexpr int mostColumns = 256;
 const std::string filter = "MS Excel 97";
-
-rtl::OUString urlOf(const std::string& path) {
-  rtl::OUString url;
-  if (osl::FileBase::getFileURLFromSystemPath(fromUtf8(path), url) != osl::FileBase::E_None) {
-    throw std::runtime_error("LibreOffice does not take the path " + path);
-  }
-  return url;
-}
 
 template <class T>
 beans::PropertyValue property(const char* name, const T& value) {

@@ -57,7 +57,7 @@ Office::~Office() { end(); }
 void Office::start(const std::string& pipe) {
   const std::string soffice = program / "soffice";
   const std::string accept = "--accept=pipe,name=" + pipe + ";urp;StarOffice.ComponentContext";
-  const std::string profile = "-env:UserInstallation=file://" + profile_.string();
+  const std::string profile = "-env:UserInstallation=" + toUtf8(urlOf(profile_.string()));
   process_ = fork();
   if (process_ < 0) throw std::runtime_error("LibreOffice cannot be started");
   if (process_ > 0) return;

@@ -1,7 +1,9 @@
-// LibreOffice's texts and ours.
+// LibreOffice's texts and ours, its addresses of files and our paths.
 #pragma once
 
+#include <osl/file.hxx>
 #include <rtl/ustring.hxx>
+#include <stdexcept>
 #include <string>
 
 namespace quillet::calc {
@@ -13,6 +15,14 @@ inline rtl::OUString fromUtf8(const std::string& text) {
 inline std::string toUtf8(const rtl::OUString& text) {
   const rtl::OString bytes = rtl::OUStringToOString(text, RTL_TEXTENCODING_UTF8);
   return {bytes.getStr(), static_cast<std::size_t>(bytes.getLength())};
+}
+
+inline rtl::OUString urlOf(const std::string& path) {
+  rtl::OUString url;
+  if (osl::FileBase::getFileURLFromSystemPath(fromUtf8(path), url) != osl::FileBase::E_None) {
+    throw std::runtime_error("LibreOffice does not take the path " + path);
+  }
+  return url;
 }
 
 }  // namespace quillet::calc

@@ -284,6 +284,22 @@ const fs::path& realTemplate() {
   return path;
 }
 
+// Sets a variable of the environment for as long as it lives.
+class Variable {
+ public:
+  Variable(const char* name, const std::string& value) : name_(name) {
+    if (const char* set = std::getenv(name)) before_ = set;
+    setenv(name, value.c_str(), 1);
+  }
+  ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
 // Texts, numbers and errors of the only sheet, by row and column.
 using Place = std::pair<int, int>;
 struct Read {
@@ -442,15 +458,13 @@ TEST_F(CalcTest, AFullDiskLosesNothing) {
 }
 
 TEST_F(CalcTest, NeitherTheFolderNorTheLocaleMatters) {
-  const char* set = std::getenv("LC_ALL");
-  const std::string before = set == nullptr ? "" : set;
-  setenv("LC_ALL", "C", 1);
   const fs::path folder = folder_.path() / "%41 #ä\\'\"😀\n?";
   fs::create_directory(folder);
+  const Variable locale("LC_ALL", "C"), temporary("TMPDIR", folder.string());
   target_ = folder / "\"TB\" 31.03.xls";
   EXPECT_EQ(run(open("C1", 2008), target_), (Texts{exported()}));
   EXPECT_GT(fs::file_size(target_), 0U);
-  set == nullptr ? unsetenv("LC_ALL") : setenv("LC_ALL", before.c_str(), 1);
+  expectClean();
 }
 
 // A sheet takes the name of the text file that it is made from, and is found in capitals and small
