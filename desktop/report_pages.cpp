@@ -24,6 +24,7 @@ constexpr double margin = 40 * point;
 constexpr double padding = 5 * point;  // at each side of a cell
 constexpr double footHeight = 24 * point;
 constexpr double leastShrink = 0.7;  // small print that still reads
+constexpr int headingFlags = Qt::AlignCenter | Qt::TextWordWrap;
 const QSizeF portraitPage(595.3 * point, 841.9 * point);
 
 QFont sized(double points) {
@@ -183,8 +184,27 @@ double ReportPages::heightOf(std::size_t at) const {
 }
 
 double ReportPages::topOfRows() const {
-  const auto lines = static_cast<double>(headings_.size());
-  return margin + lines * lineHeight() * 1.3 + (lines > 0 ? lineHeight() * 0.7 : 0);
+  double height = headings_.empty() ? 0 : lineHeight() * 0.7;
+  for (std::size_t at = 0; at < headings_.size(); ++at) height += headingHeight(at);
+  return margin + height;
+}
+
+// The first line stands out; one that is too wide is set smaller.
+QFont ReportPages::headingFont(std::size_t at) const {
+  QFont font = fontFor(headings_[at].emphasised);
+  if (at == 0) font.setPixelSize(qRound(font.pixelSize() * 1.15));
+  const double width = QFontMetricsF(font).horizontalAdvance(toQt(headings_[at].text));
+  const double fit = std::clamp(bodyWidth() / std::max(width, 1.0), leastShrink, 1.0);
+  font.setPixelSize(static_cast<int>(font.pixelSize() * fit));
+  return font;
+}
+
+// What is too wide even so goes on in the next line.
+double ReportPages::headingHeight(std::size_t at) const {
+  const QFontMetricsF metrics(headingFont(at));
+  const QRectF room(0, 0, bodyWidth(), 1e6);
+  const double text = metrics.boundingRect(room, headingFlags, toQt(headings_[at].text)).height();
+  return lineHeight() * 1.3 + std::max(0.0, text - metrics.height());
 }
 
 // The heading rows that a page repeats when it begins with this row.
@@ -266,21 +286,12 @@ void ReportPages::paint(QPainter& painter, int page) const {
 
 void ReportPages::paintHeadings(QPainter& painter) const {
   double top = margin;
-  bool first = true;
-  for (const suite::ReportHeading& heading : headings_) {
-    QFont font = fontFor(heading.emphasised);
-    if (first) font.setPixelSize(qRound(font.pixelSize() * 1.15));
-    first = false;
-    const double width = QFontMetricsF(font).horizontalAdvance(toQt(heading.text));
-    if (width > bodyWidth()) {
-      const double fit = std::max(leastShrink, bodyWidth() / width);
-      font.setPixelSize(static_cast<int>(font.pixelSize() * fit));
-    }
-    painter.setFont(font);
-    painter.drawText(
-        QRectF(margin, top, bodyWidth(), lineHeight() * 1.3), Qt::AlignCenter,
-        QFontMetricsF(font).elidedText(toQt(heading.text), Qt::ElideRight, bodyWidth()));
-    top += lineHeight() * 1.3;
+  for (std::size_t at = 0; at < headings_.size(); ++at) {
+    const double height = headingHeight(at);
+    painter.setFont(headingFont(at));
+    painter.drawText(QRectF(margin, top, bodyWidth(), height), headingFlags,
+                     toQt(headings_[at].text));
+    top += height;
   }
 }
 

@@ -56,6 +56,8 @@ class ReportPages {
 
   double bodyWidth() const;
   double topOfRows() const;
+  QFont headingFont(std::size_t at) const;
+  double headingHeight(std::size_t at) const;
   double footTop() const;
   double lineHeight() const;
   double heightOf(std::size_t row) const;

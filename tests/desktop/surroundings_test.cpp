@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
@@ -297,6 +298,22 @@ TEST(Reports, TurnThePageWhenTheColumnsNeedIt) {
   EXPECT_FALSE(ReportPages(slim, {}).landscape());
   EXPECT_TRUE(ReportPages(wide, {}).landscape());
   EXPECT_EQ(ReportPages(empty, {}).count(), 1);
+}
+
+TEST(Reports, AWideTitleIsReadToItsEnd) {
+  suite::Document document = report(1);
+  document.setFirm("A firm of a name so long that " + std::string(60, 'n') + " " +
+                   std::string(60, 'm') + " does not fit a line of any page that is printed");
+  const QTemporaryDir folder;
+  const std::string path = fromQt(folder.filePath("tb.pdf"));
+  ASSERT_TRUE(savePdf(document, toQt(path), QDate(2009, 4, 1)));
+  QProcess reader;
+  reader.start("pdftotext", {"-layout", toQt(path), "-"});
+  ASSERT_TRUE(reader.waitForFinished());
+  const QByteArray text = reader.readAllStandardOutput();
+  EXPECT_TRUE(text.contains("that is printed\n")) << text.constData();
+  EXPECT_LT(text.indexOf("printed\n"), text.indexOf("SHAH & CO"));
+  EXPECT_LT(text.indexOf("SHAH & CO"), text.indexOf("PARTICULARS"));
 }
 
 TEST(Reports, AreSavedWholeOrNotAtAll) {
