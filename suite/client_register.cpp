@@ -32,6 +32,9 @@ std::vector<Field> fieldsOf(const Client& client) {
           {"company name", &client.company, 100}};
 }
 
+// Stands in the place of a client's code where something holds for all clients.
+constexpr const char* commonCode = "#?#COMMON#?#";
+
 [[noreturn]] void refuse(const std::string& what) { throw std::runtime_error(what); }
 
 Client cleanedClient(Client client) {
@@ -53,6 +56,11 @@ void validate(Database& database, const Client& client) {
     }
   }
   if (client.code.empty()) refuse("A client needs a code.");
+  for (const std::string& code : {client.code, client.groupCode}) {
+    if (equalIgnoringCase(code, commonCode)) {
+      refuse("The code " + code + " marks what all clients have in common; choose another.");
+    }
+  }
   if (client.displayName().empty()) refuse("Client " + client.code + " needs a name.");
   if (!client.born.empty() && !readDate(client.born)) {
     refuse("\"" + client.born + "\" is no date.");

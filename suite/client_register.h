@@ -27,7 +27,8 @@ struct Client {
 };
 
 // Throws std::runtime_error that says what is wrong: no code, a code that exists (compared without
-// regard to case), no name, a text that is too long, a date that is none. Nothing is written then.
+// regard to case) or that the suite needs itself, no name, a text that is too long, a date that is
+// none. Nothing is written then.
 void addClient(Database& database, const Client& client);
 
 // Makes TempClTbl anew when it does not hold as many clients as the register; done at start-up.

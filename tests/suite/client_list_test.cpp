@@ -84,6 +84,8 @@ TEST_F(ClientListTest, RefusesWhatIsNoClient) {
       {"needs a code", [](Client& c) { c.code = "\u200B\uFEFF"; }},
       {"the code c1 already.", [](Client& c) { c.code = "c1"; }},
       {": C1.", [](Client& c) { c.code = "Ｃ\u200B１"; }},
+      {"in common", [](Client& c) { c.code = "#?#Common#?#"; }},
+      {"in common", [](Client& c) { c.code = "C2", c.groupCode = " #?#COMMON#?# "; }},
       {"needs a name", [](Client& c) { c.code = "C2", c.name = " "; }},
       {"is no date", [](Client& c) { c.code = "C2", c.born = "31/02/2000"; }},
       {"longer than 20", [](Client& c) { c.code = std::string(21, 'x'); }},
