@@ -12,6 +12,7 @@
 #include "suite/misc_values.h"
 #include "suite/schema.h"
 #include "suite/screen_fit.h"
+#include "suite/table_numbers.h"
 
 namespace quillet::suite {
 namespace {
@@ -76,7 +77,7 @@ RecordsetPtr Service::RecordsetQuery(const Sql& sql, Connection& connection, Cur
 
 std::string Service::TruncVarSQL(const std::string& text) const { return database_.escape(text); }
 std::string Service::GETTBNAME(long count) const { return tableSuffix(count); }
-long Service::GetTbCount() const { return settings_.tableCount(); }
+long Service::GetTbCount() const { return tableNumbers(settings_, database_); }
 
 std::string Service::GetPart_MastPartId(long partId) { return ledgers_.nameOf(partId); }
 long Service::GetMax_MastPartId(const std::string& name) { return ledgers_.idOf(name, true); }

@@ -12,10 +12,6 @@
 namespace quillet::suite {
 namespace {
 
-constexpr long fewestTables = 1;
-constexpr long mostTables = 999;
-constexpr long usualTables = 40;
-
 std::string folded(const std::string& text) {
   std::string result = text;
   std::transform(result.begin(), result.end(), result.begin(),
@@ -142,9 +138,9 @@ void Settings::set(const std::string& section, const std::string& key, const std
   }
 }
 
-long Settings::tableCount() const {
+std::optional<long> Settings::tableCount() const {
   const long wanted = std::strtol(get("Suite", "TableCount").c_str(), nullptr, 10);
-  return wanted == 0 ? usualTables : std::clamp(wanted, fewestTables, mostTables);
+  return wanted == 0 ? std::nullopt : std::optional(wanted);
 }
 
 std::string Settings::companyName() const {

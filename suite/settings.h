@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 
 namespace quillet::suite {
@@ -22,7 +23,7 @@ class Settings {
   void set(const std::string& section, const std::string& key, const std::string& value);
 
   // The settings that the suite itself reads.
-  long tableCount() const;  // how many trial-balance tables there are; 40 unless set
+  std::optional<long> tableCount() const;  // how many trial-balance tables there should be
   std::string companyName() const;
 
  private:

@@ -7,6 +7,7 @@
 #include "suite/schema.h"
 #include "suite/server_settings.h"
 #include "suite/stock_form.h"
+#include "suite/table_numbers.h"
 
 namespace quillet::suite {
 namespace {
@@ -70,7 +71,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
       database_(std::move(database)),
       frontEnd_(frontEnd),
       standalone_(folder_, settings_, *database_, frontEnd, clock) {
-  completeWithProgress(*database_, settings_.tableCount(), frontEnd);
+  completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
   completeClientList(*database_);
   restartModule();
 }

@@ -1,12 +1,14 @@
 #include "home/year_creation.h"
 
 #include <algorithm>
+#include <set>
 
 namespace quillet {
 
 std::optional<long> firstFreeNumber(const std::vector<long>& taken, long numbers) {
+  const std::set<long> without(taken.begin(), taken.end());
   for (long number = 1; number <= numbers; ++number) {
-    if (std::find(taken.begin(), taken.end(), number) == taken.end()) return number;
+    if (!without.contains(number)) return number;
   }
   return std::nullopt;
 }

@@ -121,7 +121,7 @@ class ServiceObject {
   Sql quoted(const std::string& text) const { return "'" + escaped(text) + "'"; }
   // The table suffix that belongs to a table number.
   virtual std::string GETTBNAME(long count) const = 0;
-  // How many table numbers there are.
+  // How many table numbers there are; no year is registered under a higher one.
   virtual long GetTbCount() const = 0;
 
   virtual std::string COMPANY_NAME() const = 0;

@@ -175,6 +175,31 @@ TEST_F(ServiceTest, NamesTablesByNumber) {
   }
 }
 
+// Whoever walks the tables by their numbers misses no year, whatever became of the settings.
+TEST_F(ServiceTest, NoYearStandsAboveTheHighestTableNumber) {
+  Settings& settings = practice.settings();
+  const std::string kept = settings.get("Suite", "TableCount");
+  const struct {
+    const char* set;
+    long registered;
+    long made;  // a table of that number is there
+    long count;
+  } cases[] = {{"7", 0, 0, 7},        {"2", 5, 0, 5},      {"2", 0, 12, 2},     {"-3", 0, 0, 1},
+               {"100000", 5, 0, 999}, {"", 0, 0, 40},      {"many", 41, 0, 41}, {"", 0, 120, 120},
+               {"", 130, 120, 130},   {"2", 70000, 0, 999}};
+  for (const auto& c : cases) {
+    settings.set("Suite", "TableCount", c.set);
+    exec("delete from master");
+    exec("insert into master(code_no,count) values('C1',1),('C2'," + std::to_string(c.registered) +
+         "),('C3',null)");
+    const std::string made = "TAB_" + std::to_string(c.made);
+    if (c.made > 0) exec("create table " + made + "(code_no varchar(20))");
+    EXPECT_EQ(host().GetTbCount(), c.count) << c.set << ", " << c.registered << ", " << c.made;
+    if (c.made > 0) exec("drop table " + made);
+  }
+  settings.set("Suite", "TableCount", kept);
+}
+
 TEST_F(ServiceTest, ARecordsetNeedsTheOpenConnection) {
   class Other : public Connection {
   } other;

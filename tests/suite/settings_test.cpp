@@ -71,19 +71,7 @@ TEST_F(SettingsTest, ReadsWhatAHandWrote) {
   const Settings settings(file);
   EXPECT_EQ(settings.companyName(), "Rao & Co.");
   EXPECT_EQ(settings.tableCount(), 12);
-}
-
-TEST_F(SettingsTest, TheTableCountIsAlwaysUsable) {
-  struct Case {
-    const char* text;
-    long count;
-  };
-  for (const Case& c :
-       {Case{"7", 7}, Case{"", 40}, Case{"many", 40}, Case{"-3", 1}, Case{"100000", 999}}) {
-    Settings settings(file);
-    settings.set("Suite", "TableCount", c.text);
-    EXPECT_EQ(settings.tableCount(), c.count) << c.text;
-  }
+  EXPECT_EQ(Settings(folder.path() / "none").tableCount(), std::nullopt);
 }
 
 TEST_F(SettingsTest, NamesAServerOnlyWhenAsked) {
