@@ -23,7 +23,9 @@ void frmdelwhatinTB::send(std::span<const deletion::Statement> statements) {
 
 void frmdelwhatinTB::deleteSchedules() {
   send(deletion::schedulesBeforeChart());
-  if (deletesChart()) send(deletion::depreciationChart());
+  // Without a chart some of its rows may be there all the same; the next year of that number would
+  // inherit them.
+  if (deletesChart() || removesYear()) send(deletion::depreciationChart());
   send(deletion::schedulesAfterChart());
 }
 

@@ -187,8 +187,7 @@ void frmdelwhatinTB::CMDDELETE_CLICK() {
     context_.unposted.forget({year_.table, year_.client});
     if (deletesSchedules()) deleteSchedules();
     if (deletesMisc()) deleteMisc();
-    const bool everything = deletesSchedules() && deletesMisc() && (deletesChart() || !hasChart_);
-    if (everything) deleteRegistryRow();
+    if (removesYear()) deleteRegistryRow();
     deleted_ = true;
     if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
     close();

@@ -78,6 +78,10 @@ class frmdelwhatinTB : public Form {
   bool deletesSchedules() const { return optSchOthData[0].checked(); }
   bool deletesChart() const { return hasChart_ && deletesSchedules() && optSchFA[0].checked(); }
   bool deletesMisc() const { return optMiscDet[0].checked(); }
+  // Everything goes, so the year's number becomes free for another year.
+  bool removesYear() const {
+    return deletesSchedules() && deletesMisc() && (deletesChart() || !hasChart_);
+  }
 
   void send(std::span<const deletion::Statement> statements);
   void deleteSchedules();
