@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/desk.h"
 #include "controls/form.h"
 #include "data/text.h"
 
@@ -10,6 +11,7 @@ namespace {
 
 namespace cc = client_columns;
 
+constexpr char everyClient[] = "select * from TempClTbl order by Name,CodeNo";
 constexpr std::size_t codeColumn = 0;
 constexpr std::size_t statusColumn = 2;
 constexpr std::size_t groupColumn = 6;
@@ -21,13 +23,14 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
       txtsearch(form, "txtsearch"),
       cbostatus(form, "cbostatus"),
       cbogrpcode(form, "cbogrpcode"),
+      cmdclients(form, "cmdclients", "Clie&nts..."),
       cmdcolumns(form, "cmdcolumns", "C&olumns..."),
       lblcount(form, "lblcount"),
       context_(context) {
   zebra = true;
   lblcount.quiet = true;
   KeyPress = [this](Key& key) { typed(key); };
-  txtsearch.Change = [this] { showClients(); };
+  txtsearch.Change = [this] { showClients(currentCode()); };
   txtsearch.KeyDown = [this](Key& key) { movedFromSearch(key); };
   txtsearch.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
@@ -36,57 +39,126 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
   };
   cbostatus.Click = [this] { filterChosen(); };
   cbogrpcode.Click = [this] { filterChosen(); };
+  cmdclients.Click = [this] { context_.host->ShowClListSelection(status_); };
   cmdcolumns.Click = [this] {
     keepWidths();
     context_.host->ShowClListSetup();
   };
 }
 
+// --- the list -----------------------------------------------------------------------------------
+
 void ClGrd::LoadClList(const std::string& status, const std::string& group) {
-  clients_.load(*context_.query("select * from TempClTbl order by Name,CodeNo"));
-  status_ = status;
-  group_ = group;
-  fillFilter(cbostatus, statusColumn, "All", status_);
-  fillFilter(cbogrpcode, groupColumn, "All", group_);
-  setup_ = context_.host->GetSettingINI(cc::section, cc::columnsKey, "");
-  columns_ = cc::parse(setup_);
-  showColumns();
-  showClients();
+  const auto rows = context_.query(everyClient);
+  const std::string current = currentCode();
+  clients_.load(*rows);
+  setup_ = storedSetup();
+  showList(status, group, current);
 }
 
-void ClGrd::fillFilter(ComboBox& box, std::size_t column, const char* all,
-                       const std::string& chosen) {
-  box.clearItems();
-  box.addItem(all);
-  for (const std::string& value : clients_.values(column)) box.addItem(value);
-  box.setChosen(chosen.empty() ? 1 : box.find(chosen));
-  if (box.chosen() == 0) {
-    // A filter whose last client is gone stays in sight instead of silently hiding everybody.
-    box.addItem(chosen);
-    box.setChosen(box.size());
+void ClGrd::refresh() {
+  notice_.clear();
+  const auto rows = context_.query(everyClient);
+  const std::string current = currentCode();
+  const bool changed = clients_.load(*rows);
+  const Setup setup = storedSetup();
+  if (!changed && setup == setup_) return;
+  const bool sameFilters = setup.status == setup_.status && setup.group == setup_.group;
+  const int sorted = setup.columns == setup_.columns ? sortColumn() : -1;
+  const bool ascending = sortAscending();
+  setup_ = setup;
+  // A choice that could not be stored holds as well.
+  if (sameFilters) {
+    showList(status_, group_, current);
+  } else {
+    showList(setup.status, setup.group, current);
   }
+  if (sorted >= 0) sortBy(sorted);
+  if (sorted >= 0 && !ascending) sortBy(sorted);
+}
+
+void ClGrd::empty() {
+  clearRows();
+  clients_ = {};
+  notice_.clear();
+  search("");
+}
+
+void ClGrd::showList(const std::string& status, const std::string& group,
+                     const std::string& current) {
+  columns_ = cc::parse(setup_.columns);
+  showColumns();
+  takeFilters(status, group);
+  showClients(current);
+}
+
+// --- the filters --------------------------------------------------------------------------------
+
+ClGrd::Setup ClGrd::storedSetup() const {
+  const auto stored = [&](const char* key) {
+    return context_.host->GetSettingINI(cc::section, key, "");
+  };
+  return {stored(cc::statusKey), stored(cc::groupKey), stored(cc::columnsKey)};
+}
+
+// A setting that cannot be stored is no reason not to go on.
+void ClGrd::remember(const char* key, const std::string& value, std::string Setup::*read) {
+  try {
+    context_.host->SaveSettingINI(cc::section, key, value);
+    setup_.*read = value;
+  } catch (const std::exception& error) {
+    fire(form().desk().onError, name() + "\tREMEMBER", error);
+  }
+}
+
+std::string ClGrd::fillFilter(ComboBox& box, std::size_t column, const std::string& wanted) {
+  box.clearItems();
+  box.addItem("All");
+  for (const std::string& value : clients_.values(column)) box.addItem(value);
+  const auto same = std::find(box.items().begin() + 1, box.items().end(), wanted);
+  const int found = same == box.items().end() ? box.find(wanted)
+                                              : static_cast<int>(same - box.items().begin()) + 1;
+  box.setChosen(wanted.empty() ? 1 : std::max(found, 1));
+  return box.chosen() > 1 ? box.text() : "";
+}
+
+void ClGrd::takeFilters(const std::string& status, const std::string& group) {
+  status_ = fillFilter(cbostatus, statusColumn, status);
+  group_ = fillFilter(cbogrpcode, groupColumn, group);
+  notice_.clear();
+  if (clients_.size() == 0) {
+    // A register that is empty says nothing about its filters.
+    status_ = status;
+    group_ = group;
+    return;
+  }
+  if (clients_.matching("", columns_, status_, group_).empty()) {
+    cbostatus.setChosen(1);
+    cbogrpcode.setChosen(1);
+    status_ = group_ = "";
+  }
+  std::string dropped;
+  if (status_.empty() && !status.empty()) {
+    dropped = "the status \"" + status + '"';
+    remember(cc::statusKey, "", &Setup::status);
+  }
+  if (group_.empty() && !group.empty()) {
+    dropped += (dropped.empty() ? "the group \"" : " and the group \"") + group + '"';
+    remember(cc::groupKey, "", &Setup::group);
+  }
+  if (!dropped.empty())
+    notice_ = "No client has " + dropped + ". The list is no longer kept to it.";
 }
 
 void ClGrd::filterChosen() {
   status_ = cbostatus.chosen() > 1 ? cbostatus.text() : "";
   group_ = cbogrpcode.chosen() > 1 ? cbogrpcode.text() : "";
-  context_.host->SaveSettingINI(cc::section, cc::statusKey, status_);
-  context_.host->SaveSettingINI(cc::section, cc::groupKey, group_);
-  showClients();
+  showClients(currentCode());
+  remember(cc::statusKey, status_, &Setup::status);
+  remember(cc::groupKey, group_, &Setup::group);
 }
 
-void ClGrd::refreshSetup() {
-  const auto& host = *context_.host;
-  const std::string status = host.GetSettingINI(cc::section, cc::statusKey, "");
-  const std::string group = host.GetSettingINI(cc::section, cc::groupKey, "");
-  const std::string setup = host.GetSettingINI(cc::section, cc::columnsKey, "");
-  if (status == status_ && group == group_ && setup == setup_) return;
-  const std::string code = TextMatrix(current(), 0);
-  LoadClList(status, group);
-  for (int row = 1; row <= rows(); ++row) {
-    if (TextMatrix(row, 0) == code) setCurrent(row);
-  }
-}
+// --- rows and columns ---------------------------------------------------------------------------
 
 void ClGrd::showColumns() {
   std::vector<GridColumn> columns;
@@ -98,8 +170,7 @@ void ClGrd::showColumns() {
   setColumns(std::move(columns));
 }
 
-void ClGrd::showClients() {
-  const std::string code = TextMatrix(current(), 0);
+void ClGrd::showClients(const std::string& current) {
   clearSort();
   clearRows();
   shown_ = clients_.matching(txtsearch.text(), columns_, status_, group_);
@@ -111,7 +182,7 @@ void ClGrd::showClients() {
     for (const cc::Shown& shown : columns_) cells.push_back(clients_[position][shown.column]);
     cells.push_back(std::to_string(position));
     addRow(std::move(cells));
-    if (clients_[position][codeColumn] == code) again = rows();
+    if (clients_[position][codeColumn] == current) again = rows();
   }
   setCurrent(again > 0 ? again : 1);
   lblcount.setCaption(std::to_string(shown_.size()) + " of " + std::to_string(clients_.size()) +
@@ -166,14 +237,12 @@ void ClGrd::keepWidths() {
     changed = changed || width != columns_[c].width;
     columns_[c].width = width;
   }
-  if (!changed) return;
-  setup_ = cc::format(columns_);
-  context_.host->SaveSettingINI(cc::section, cc::columnsKey, setup_);
+  if (changed) remember(cc::columnsKey, cc::format(columns_), &Setup::columns);
 }
 
 Node ClGrd::arrangement() {
   return column({row({field("&Find", txtsearch, 30, 1), field("&Status", cbostatus, 14),
-                      field("Gro&up", cbogrpcode, 14), item(cmdcolumns)}),
+                      field("Gro&up", cbogrpcode, 14), item(cmdclients), item(cmdcolumns)}),
                  item(*this, 1), item(lblcount)},
                 1);
 }

@@ -22,8 +22,16 @@ class ClGrd : public Grid {
  public:
   ClGrd(Form& form, const std::string& name, Context& context);
 
-  // Reads the register and shows the clients of that status and group; "" for all.
+  // Reads the register and shows the clients of that status and group; "" for all. A filter that
+  // would hide every client is dropped.
   void LoadClList(const std::string& status, const std::string& group);
+  // The same with the filters of the settings, when register or settings are not as they were read.
+  // The current client, the search and the order stay.
+  void refresh();
+  // What the last of these two has to tell, "" for nothing.
+  const std::string& notice() const { return notice_; }
+  // Without clients and search, as before the first reading.
+  void empty();
   // Puts the cursor on the client chosen last, on the first one when that is not shown.
   void SelectLastClient();
 
@@ -31,8 +39,6 @@ class ClGrd : public Grid {
   // "Code" and "Name" are always 0 and 1, whichever columns are shown.
   std::string TextMatrix(int row, int column) const;
 
-  // Reads settings again that the set-up dialogs may have changed.
-  void refreshSetup();
   // The search text; a new one goes to the first client found.
   void search(const std::string& text);
   // Puts column widths that a person dragged into the settings.
@@ -44,13 +50,30 @@ class ClGrd : public Grid {
   TextBox txtsearch;
   ComboBox cbostatus;
   ComboBox cbogrpcode;
+  Button cmdclients;
   Button cmdcolumns;
   Label lblcount;
 
  private:
+  // The settings of the list.
+  struct Setup {
+    std::string status;
+    std::string group;
+    std::string columns;
+    bool operator==(const Setup&) const = default;
+  };
+  Setup storedSetup() const;
+  void remember(const char* key, const std::string& value, std::string Setup::*read);
+
+  // The client that the cursor is on; to be asked before the list is read anew.
+  std::string currentCode() const { return TextMatrix(current(), 0); }
+  void showList(const std::string& status, const std::string& group, const std::string& current);
   void showColumns();
-  void showClients();
-  void fillFilter(ComboBox& box, std::size_t column, const char* all, const std::string& chosen);
+  void showClients(const std::string& current);
+  // Takes the filters that leave any client and says what became of the others.
+  void takeFilters(const std::string& status, const std::string& group);
+  // The filter as the list writes it, "" when no client answers to it.
+  std::string fillFilter(ComboBox& box, std::size_t column, const std::string& wanted);
   void filterChosen();
   void typed(Key& key);
   void movedFromSearch(Key& key);
@@ -59,9 +82,10 @@ class ClGrd : public Grid {
   ClientList clients_;
   std::vector<client_columns::Shown> columns_;
   std::vector<std::size_t> shown_;  // positions of the clients in the rows
-  std::string setup_;               // the column setting that columns_ stands for
+  Setup setup_;                     // as the settings were read or written last
   std::string status_;
   std::string group_;
+  std::string notice_;
 };
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include "data/names.h"
 
@@ -25,23 +26,24 @@ std::size_t columnKeyed(std::string_view key) {
 
 }  // namespace
 
-void ClientList::load(Recordset& rows) {
-  clients_.clear();
-  capitals_.clear();
+bool ClientList::load(Recordset& rows) {
   std::array<int, client_columns::all.size()> fields{};
   for (std::size_t c = 0; c < fields.size(); ++c) {
     fields[c] = rows.column(client_columns::all[c].field);
   }
-  clients_.reserve(static_cast<std::size_t>(rows.RecordCount()));
-  capitals_.reserve(clients_.capacity());
+  std::vector<Client> clients;
+  clients.reserve(static_cast<std::size_t>(rows.RecordCount()));
   for (; !rows.EOF_(); rows.MoveNext()) {
-    Client& client = clients_.emplace_back();
-    Client& capitals = capitals_.emplace_back();
-    for (std::size_t c = 0; c < fields.size(); ++c) {
-      client[c] = rows.text(fields[c]);
-      capitals[c] = nameKey(client[c]);
-    }
+    Client& client = clients.emplace_back();
+    for (std::size_t c = 0; c < fields.size(); ++c) client[c] = rows.text(fields[c]);
   }
+  if (clients == clients_) return false;
+  clients_ = std::move(clients);
+  capitals_ = clients_;
+  for (Client& client : capitals_) {
+    for (std::string& text : client) text = nameKey(text);
+  }
+  return true;
 }
 
 std::vector<std::size_t> ClientList::matching(const std::string& text,

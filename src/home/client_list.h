@@ -16,8 +16,8 @@ class ClientList {
  public:
   using Client = std::array<std::string, client_columns::all.size()>;
 
-  // Takes the rows of TempClTbl.
-  void load(Recordset& rows);
+  // Takes the rows of TempClTbl; true when they are not those that it had.
+  bool load(Recordset& rows);
 
   // Which clients have every word of the text in one of the columns given, in capitals or not, and
   // the status and group, where these are not empty; positions in the order of the list.

@@ -42,6 +42,10 @@ bool third::datesHold() {
   if (fault == YearFault::none) return true;
   const YearRefusal& refusal = refusalOf(fault);
   context_.MsgBox(refusal.text, Buttons::OK, refusal.icon);
+  // First, since entering the second box proposes a date there.
+  if (refusal.resetsFirst || refusal.resetsSecond) {
+    focus(refusal.resetsFirst ? MaskEdBox1 : MaskEdBox2);
+  }
   if (refusal.resetsFirst) MaskEdBox1.setText(emptyFirstDate);
   if (refusal.resetsSecond) MaskEdBox2.setText(emptySecondDate);
   return false;
@@ -67,17 +71,23 @@ void third::beginYear() {
   newYear_.secondDate = MaskEdBox2.text();
   newYear_.firstKey = firstDateKey(yearOf(newYear_.firstDate));
   newYear_.secondKey = secondDateKey(yearOf(newYear_.secondDate));
-  const auto existing =
-      context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
-                     context_.host->escaped(newYear_.secondKey) + "' and f_yr='" +
-                     context_.host->escaped(newYear_.firstKey) + "'");
+  const auto existing = findYear();
   if (!existing->EOF_()) {
-    if (mayOverwrite()) overwrite(*existing);
+    if (!mayOverwrite()) return;
+    // Nothing is deleted for a merge of which nothing would come.
+    if (mode_ == "merge" && !anyOtherOfYear(*selectOthersOfYear())) return;
+    overwrite(*existing);
   } else if (mode_ == "merge") {
     listSources();
-  } else if (mode_ == "create" && GETTABLE()) {
-    createYear();
+  } else if (mode_ == "create" && registerNewYear()) {
+    fillYear();
   }
+}
+
+RecordsetPtr third::findYear() {
+  return context_.query("SELECT * FROM master where code_no='" + client() + "' and s_yr='" +
+                        context_.host->escaped(newYear_.secondKey) + "' and f_yr='" +
+                        context_.host->escaped(newYear_.firstKey) + "'");
 }
 
 // --- over an existing year ----------------------------------------------------------------------
@@ -100,16 +110,23 @@ bool third::mayOverwrite() {
 }
 
 void third::overwrite(Recordset& existing) {
-  newYear_.table = existing.text("tbl_nm");
-  newYear_.count = existing.integer("Count");
-  newYear_.keptDates[0] = existing.text("f_year_dt");
-  newYear_.keptDates[1] = existing.text("s_year_dt");
+  takeRow(existing);
   openDeletion(existing, [this] {
     trap("MASKEDBOX2_KEYPRESS", [&] {
-      newYear_.registered = !deletion_.registryRowDeleted();
-      createYear();
+      // Asked anew: while the form was open somebody else may have removed the row as well.
+      const auto left = findYear();
+      newYear_.registered = !left->EOF_();
+      if (newYear_.registered) takeRow(*left);
+      registerYear();
+      fillYear();
     });
   });
+}
+
+void third::takeRow(Recordset& row) {
+  newYear_.table = row.text("tbl_nm");
+  newYear_.count = row.integer("Count");
+  newYear_.keptDates = {row.text("f_year_dt"), row.text("s_year_dt")};
 }
 
 // --- table and registry -------------------------------------------------------------------------
@@ -121,14 +138,14 @@ bool third::GETTABLE() {
         context_.query("select count from master where code_no ='" + client() + "' order by count");
     std::vector<long> taken;
     for (; !rows->EOF_(); rows->MoveNext()) taken.push_back(rows->integer(0));
-    context_.table.clear();
-    if (const auto free = firstFreeNumber(taken, context_.host->GetTbCount())) {
-      newYear_.count = *free;
-      context_.table = trialBalanceTable(context_.host->GETTBNAME(*free));
-    }
-    newYear_.table = context_.table;
+    const auto free = firstFreeNumber(taken, context_.host->GetTbCount());
+    newYear_.count = free.value_or(0);
+    newYear_.table = free ? trialBalanceTable(context_.host->GETTBNAME(*free)) : "";
+    newYear_.registered = false;
+    context_.table = newYear_.table;
     found = !context_.table.empty();
     if (!found) {
+      context_.forgetYear();
       context_.MsgBox("No blank database available. Delete one or more years database.");
     }
   });
@@ -155,13 +172,17 @@ void third::registerYear() {
   ServiceObject& host = *context_.host;
   const std::string first = host.date_prob_handle(year.firstDate);
   const std::string second = host.date_prob_handle(year.secondDate);
-  if (!year.registered) {
+  const bool kept = year.registered;
+  if (!kept) {
     host.ConQuery(
         "insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
         client() + "'," + host.quoted(first) + "," + host.quoted(second) + "," +
         host.quoted(year.table) + "," + sqlNumber(year.count) + "," + host.quoted(year.firstKey) +
         "," + host.quoted(year.secondKey) + ")");
     newYear_.registered = true;
+  }
+  selectNewYear();
+  if (!kept) {
     host.ConQuery(flushTables);
   } else if (first != year.keptDates[0] || second != year.keptDates[1]) {
     // The row stays, with the annexure that still hangs on it; only its dates are new.
@@ -171,20 +192,38 @@ void third::registerYear() {
   }
 }
 
-void third::createYear() {
-  registerYear();
+void third::selectNewYear() {
+  context_.setYear({clientCode_, newYear_.table, newYear_.firstKey, newYear_.secondKey});
+}
+
+// Under a number of its own. The context has the new year whole or, when there is no row of it, the
+// one that it had.
+bool third::registerNewYear() {
+  const Context::Year before = context_.year();
+  if (!GETTABLE()) return false;
+  closeEditorOf(newYear_.table);  // it shows a year that somebody deleted
+  try {
+    registerYear();
+  } catch (...) {
+    if (!newYear_.registered) context_.setYear(before);
+    throw;
+  }
+  return true;
+}
+
+void third::fillYear() {
   if (mode_ == "merge") {
     listSources();
-  } else if (offerPreviousYear()) {
-    finishYear();
-    status("Trial balance of " + newYear_.text() + " created.");
+    return;
   }
+  const std::string created = "Trial balance of " + newYear_.text() + " created";
+  status(created + ", but the previous year was not taken over in full.");
+  if (!offerPreviousYear()) return;
+  finishYear();
+  status(created + ".");
 }
 
 void third::finishYear() {
-  context_.table = newYear_.table;
-  context_.firstDate = newYear_.firstKey;
-  context_.secondDate = newYear_.secondKey;
   loadYears();
   flexgrid2.setCurrent(flexgrid2.find(1, shownDate(newYear_.secondKey)));
   yearMade_ = true;

@@ -1,6 +1,7 @@
 #include "home/third.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/sql.h"
 #include "data/year.h"
@@ -60,7 +61,12 @@ void third::attachModes() {
                               {&mnusumm, "group_summarized", "MNUSUMM_CLICK"},
                               {&mnudet, "group_detail", "MNUDET_CLICK"}};
   for (const ModeButton& mode : modes) {
-    mode.button->Click = [this, mode] { trap(mode.procedure, [&] { setMode(mode); }); };
+    mode.button->Click = [this, mode] {
+      trap(mode.procedure, [&] {
+        setMode(mode);
+        showClients();
+      });
+    };
   }
 }
 
@@ -84,18 +90,28 @@ Node third::layout() {
 void third::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
+    clientCode_.clear();
+    clientName_.clear();
+    flexgrid2.clearRows();
+    ClGrd1.empty();
     setMode({&mnualter, "alter", "MNUALTER_CLICK"});
-    status("");
+    showFirstStep();
+    status("The clients could not be read.");
+    justLoaded_ = true;
     namespace cc = client_columns;
-    ClGrd1.search("");
     ClGrd1.LoadClList(context_.host->GetSettingINI(cc::section, cc::statusKey, ""),
                       context_.host->GetSettingINI(cc::section, cc::groupKey, ""));
     ClGrd1.SelectLastClient();
+    status(ClGrd1.notice());
   });
 }
 
 void third::FORM_ACTIVATE() {
-  trap("FORM_ACTIVATE", [&] { ClGrd1.refreshSetup(); });
+  trap("FORM_ACTIVATE", [&] {
+    if (std::exchange(justLoaded_, false) || !Frame3.visible()) return;
+    ClGrd1.refresh();
+    if (!ClGrd1.notice().empty()) status(ClGrd1.notice());
+  });
 }
 
 void third::FORM_RESIZE() {
@@ -123,14 +139,20 @@ void third::setMode(const ModeButton& chosen) {
                              &mnualpha,  &mnusumm,  &mnudet};
   mode_ = chosen.mode;
   for (Button* button : buttons) button->setChosen(button == chosen.button);
-  showClients();
 }
 
-void third::showClients() {
+void third::showFirstStep() {
   Frame1.setVisible(false);
   Frame3.setVisible(true);
   ClGrd1.setVisible(true);
   focus(ClGrd1);
+}
+
+void third::showClients() {
+  showFirstStep();
+  status("");
+  ClGrd1.refresh();
+  status(ClGrd1.notice());
 }
 
 // --- choosing a client --------------------------------------------------------------------------
@@ -139,19 +161,25 @@ void third::CLGRD1_DBLCLICK() {
   trap("CLGRD1_DBLCLICK", [&] {
     const int row = ClGrd1.Row();
     if (row == 0) return;
+    status("");
     const std::string code = ClGrd1.TextMatrix(row, 0);
     if (!context_.host->CheckClpass(code)) return;
-    clientName_ = ClGrd1.TextMatrix(row, 1);
-    context_.clientCode = code;
-    context_.host->vLstSelClCode(code);
-    context_.host->MainPageObj().showClient(code, clientName_);
-    status("");
+    takeClient(code, ClGrd1.TextMatrix(row, 1));
     if (mode_ == "create" || mode_ == "merge") {
       beginDates();
     } else {
       showYears();
     }
   });
+}
+
+void third::takeClient(const std::string& code, const std::string& name) {
+  clientCode_ = code;
+  clientName_ = name;
+  if (context_.clientCode != code) context_.setYear({code, {}, {}, {}});
+  context_.host->MainPageObj().showClient(code, name);
+  // Where it cannot be kept, the client is chosen all the same.
+  trap("CLGRD1_DBLCLICK", [&] { context_.host->vLstSelClCode(code); });
 }
 
 void third::beginDates() {
@@ -180,9 +208,12 @@ void third::showYears() {
 }
 
 void third::loadYears() {
+  flexgrid2.clearRows();
+  status("The years could not be read.");
   const auto rows =
       context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
                      client() + "' order by s_yr");
+  status("");
   flexgrid2.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
   for (; !rows->EOF_(); rows->MoveNext()) {
     flexgrid2.addRow({shownDate(rows->text("F_YR")), shownDate(rows->text("S_YR"))});
@@ -222,22 +253,35 @@ void third::FLEXGRID2_KEYPRESS(Key& key) {
 }
 
 RecordsetPtr third::selectYear(int row) {
-  return context_.query("select * from master where code_no='" + client() + "' and f_yr='" +
-                        context_.host->escaped(dateKey(flexgrid2.cell(row, 0))) + "' and s_yr='" +
-                        context_.host->escaped(dateKey(flexgrid2.cell(row, 1))) + "'");
+  const std::string first = dateKey(flexgrid2.cell(row, 0));
+  const std::string second = dateKey(flexgrid2.cell(row, 1));
+  auto year = context_.query("select * from master where code_no='" + client() + "' and f_yr='" +
+                             context_.host->escaped(first) + "' and s_yr='" +
+                             context_.host->escaped(second) + "'");
+  if (!year->EOF_()) return year;
+  if (context_.clientCode == clientCode_ && context_.firstDate == first) context_.forgetYear();
+  tellYearIsGone(clientName_, yearText(first, second));
+  loadYears();
+  flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
+  return nullptr;
+}
+
+void third::tellYearIsGone(const std::string& clientName, const std::string& year) {
+  context_.MsgBox(
+      "The Trial Balance of '" + clientName + "' for F.Y. " + year + " does not exist any more.",
+      Buttons::OK, Icon::information);
 }
 
 void third::openEditor() {
   const int row = flexgrid2.current();
   if (row == 0) return;
-  context_.table.clear();
+  const std::string first = dateKey(flexgrid2.cell(row, 0));
+  const std::string second = dateKey(flexgrid2.cell(row, 1));
+  context_.forgetYear();
   const auto year = selectYear(row);
-  if (year->EOF_()) return;
-  context_.table = year->text("tbl_nm");
-  if (!rightToOpen(*year)) context_.table.clear();
+  if (!year || !rightToOpen(*year)) return;
+  context_.setYear({clientCode_, year->text("tbl_nm"), first, second});
   if (context_.table.empty()) return;
-  context_.firstDate = dateKey(flexgrid2.cell(row, 0));
-  context_.secondDate = dateKey(flexgrid2.cell(row, 1));
   theEditor(context_).showYear(clientName_);
 }
 
@@ -249,7 +293,7 @@ void third::printChosenYear() {
   const int row = flexgrid2.current();
   if (row == 0) return;
   const auto year = selectYear(row);
-  if (year->EOF_()) return;
+  if (!year) return;
   printYear(context_, mode_,
             {client(), clientName_, sqlName(year->text("tbl_nm")), flexgrid2.cell(row, 0),
              flexgrid2.cell(row, 1)});
@@ -266,21 +310,21 @@ void third::deleteYear() {
                           "' for F.Y. " + year + " ?\r\n\r\nConfirm Delete ?",
                       Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return;
-  const auto registered = selectYear(row);
-  if (registered->EOF_()) return;
-  openDeletion(*registered, [this, year, table = registered->text("tbl_nm")] {
-    afterDeletion(table);
-    status("Trial balance of " + year + " deleted.");
-  });
+  if (const auto registered = selectYear(row)) {
+    openDeletion(*registered);
+  }
 }
 
 // Also when the deletion failed in the middle: the list tells what is left.
-void third::afterDeletion(const std::string& table) {
+void third::afterDeletion(const std::string& year) {
   trap("FLEXGRID2_DBLCLICK", [&] {
     const int row = flexgrid2.current();
-    if (context_.table == table) context_.table.clear();
     loadYears();
     flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
+    status(deletion_.registryRowDeleted() ? "Trial balance of " + year + " deleted."
+           : deletion_.deleted()
+               ? "What was chosen of " + year + " is deleted. The year itself stays."
+               : "The deletion of " + year + " was not completed. Delete it again.");
   });
 }
 
@@ -288,21 +332,23 @@ void third::afterDeletion(const std::string& table) {
 void third::closeEditorOf(const std::string& table) {
   if (!context_.editorForm) return;
   frmcrtb& editor = theEditor(context_);
-  if (editor.shows(context_.clientCode, table)) editor.close();
+  if (editor.shows(clientCode_, table)) editor.close();
 }
 
-void third::openDeletion(Recordset& year, std::function<void()> done) {
+void third::openDeletion(Recordset& year, std::function<void()> overwrite) {
   const bool marked = !year.text("d_of_s").empty();
-  const DeletableYear deletable{context_.clientCode, year.text("tbl_nm"), year.integer("Count"),
+  const DeletableYear deletable{clientCode_, year.text("tbl_nm"), year.integer("Count"),
                                 yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
   if (!deletion_.INITDATA(mode_, deletable)) return;
-  deletion_.showModal([this, table = deletable.table, done = std::move(done)] {
+  deletion_.showModal([this, deletable, overwrite = std::move(overwrite)] {
     if (!deletion_.touched()) return;
-    closeEditorOf(table);
-    if (deletion_.deleted()) {
-      done();
-    } else if (mode_ == "delete") {
-      afterDeletion(table);
+    closeEditorOf(deletable.table);
+    const bool selected = context_.clientCode == clientCode_ && context_.table == deletable.table;
+    if (selected && (mode_ == "delete" || deletion_.registryRowDeleted())) context_.forgetYear();
+    if (mode_ == "delete") {
+      afterDeletion(deletable.yearText);
+    } else if (deletion_.deleted()) {
+      overwrite();
     }
   });
 }
@@ -311,6 +357,7 @@ void third::openDeletion(Recordset& year, std::function<void()> done) {
 
 void third::CMDGRPMAS_CLICK() {
   trap("CMDGRPMAS_CLICK", [&] {
+    status("");
     groupMaster_.showModal([this] {
       if (groupMaster_.groupsChanged()) refreshEditor(context_);
     });
@@ -319,6 +366,7 @@ void third::CMDGRPMAS_CLICK() {
 
 void third::CMDLEDMAS_CLICK() {
   trap("CMDLEDMAS_CLICK", [&] {
+    status("");
     ledgerMaster_.showModal([this] {
       if (ledgerMaster_.changed()) refreshEditor(context_);
     });
@@ -327,6 +375,7 @@ void third::CMDLEDMAS_CLICK() {
 
 void third::MNUREFRESH_CLICK() {
   trap("MNUREFRESH_CLICK", [&] {
+    status("");
     const Busy busy(context_);
     status(textOf(cleanLedgerMaster(context_)));
   });

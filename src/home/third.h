@@ -13,6 +13,7 @@
 #include "controls/simple.h"
 #include "data/year.h"
 #include "deletion/frmdelwhatinTB.h"
+#include "editor/lines.h"
 #include "home/cl_grd.h"
 #include "host/context.h"
 #include "masters/frmgrpmas.h"
@@ -110,50 +111,66 @@ class third : public Form {
 
   void attachModes();
   void setMode(const ModeButton& chosen);
+  void showFirstStep();
   void showClients();
   void showSecondStep(Frame& with, const std::string& task);
   void showYears();
   void loadYears();
+  void takeClient(const std::string& code, const std::string& name);
   void beginDates();
+  // The registry's row of the year in the list; null when somebody deleted it meanwhile.
   RecordsetPtr selectYear(int row);
   void openEditor();
   bool rightToOpen(Recordset& year);
   void printChosenYear();
   void deleteYear();
-  // Runs `done` when the deletion went through.
-  void openDeletion(Recordset& year, std::function<void()> done);
-  void afterDeletion(const std::string& table);
+  // Runs `overwrite` when the deletion went through that makes room for a year.
+  void openDeletion(Recordset& year, std::function<void()> overwrite = {});
+  void afterDeletion(const std::string& year);
   void closeEditorOf(const std::string& table);
-  // The client code as it stands between quotes.
-  Sql client() const { return context_.host->escaped(context_.clientCode); }
+  void tellYearIsGone(const std::string& clientName, const std::string& year);
+  // The code of the client whose years are shown, as it stands between quotes.
+  Sql client() const { return context_.host->escaped(clientCode_); }
   void status(const std::string& text) { lblstatus.setCaption(text); }
 
   // Creating.
   bool datesHold();
   void beginYear();
+  RecordsetPtr findYear();
   bool mayOverwrite();
   void overwrite(Recordset& existing);
-  void createYear();
+  void takeRow(Recordset& row);
   void registerYear();
+  void selectNewYear();
+  bool registerNewYear();
+  void fillYear();
   bool offerPreviousYear();
   void finishYear();
 
   // Merging.
   void listSources();
+  RecordsetPtr selectOthersOfYear();
+  // Says so when there is none.
+  bool anyOtherOfYear(const Recordset& years);
   std::vector<int> chosenSources() const;
   bool mergeAgreed(const std::vector<int>& sources);
   bool sourcesMayBeRead(const std::vector<int>& sources);
+  bool sourcesAreThere(const std::vector<int>& sources);
   bool provideTable();
   void mergeSources();
+  void writeMerged(const std::vector<Line>& lines, const std::vector<Line>& stock);
 
   Context& context_;
   frmdelwhatinTB deletion_;
   frmgrpmas groupMaster_;
   frmtbledmas ledgerMaster_;
   std::string mode_;
+  // The client chosen last. The context may have gone on to another one by the time a year is.
+  std::string clientCode_;
   std::string clientName_;
   NewYear newYear_;
-  bool yearMade_ = false;  // the year list shows what a creation or a merge has just made
+  bool justLoaded_ = false;  // the form became active by being loaded
+  bool yearMade_ = false;    // the year list shows what a creation or a merge has just made
 };
 
 // The module's single home form, made on first use.

@@ -29,6 +29,13 @@ Context::Context(Surroundings& around)
 
 Context::~Context() = default;
 
+void Context::setYear(const Year& year) {
+  clientCode = year.clientCode;
+  table = year.table;
+  firstDate = year.firstDate;
+  secondDate = year.secondDate;
+}
+
 Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answer defaultAnswer,
                        const std::string& title) {
   return dialogs.MsgBox(

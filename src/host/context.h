@@ -47,6 +47,18 @@ struct Context {
   std::string errorLocation;
   UnpostedChanges unposted;
 
+  // The trial balance being worked on. What is told of it changes as a whole.
+  struct Year {
+    std::string clientCode;
+    std::string table;
+    std::string firstDate;
+    std::string secondDate;
+  };
+  Year year() const { return {clientCode, table, firstDate, secondDate}; }
+  void setYear(const Year& year);
+  // No trial balance of the client is being worked on.
+  void forgetYear() { setYear({clientCode, {}, {}, {}}); }
+
   // The single instances of the two entry forms, made on first use.
   std::unique_ptr<Form> homeForm;
   std::unique_ptr<Form> editorForm;

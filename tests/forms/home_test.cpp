@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
+#include <functional>
 
 #include "editor/frmcrtb.h"
 #include "forms/editor_fixture.h"
@@ -105,10 +107,245 @@ TEST_F(HomeTest, RefusedChecksAndMissingRowsOpenNothing) {
   form.doubleClick(form.flexgrid2);
   EXPECT_EQ(context().table, "");
   EXPECT_EQ(context().desk.find("frmcrtb"), nullptr);
-  exec("delete from master");
-  form.doubleClick(form.flexgrid2);
-  EXPECT_EQ(context().desk.find("frmcrtb"), nullptr);
   EXPECT_TRUE(messages().empty());
+}
+
+// The context's client and year, and the form's message.
+TEST_F(HomeTest, AnotherClientClearsTheYear) {
+  addYear("C1", 2007);
+  addYear("C1", 2008);
+  addYear("C2", 2008);
+  third& form = home();
+  const auto choose = [&](int row) {
+    form.click(form.mnualter);
+    form.ClGrd1.setCurrent(row);
+    form.doubleClick(form.ClGrd1);
+  };
+  const auto inWork = [&] {
+    const Context& c = context();
+    return c.clientCode + ' ' + c.table + ' ' + c.firstDate + ' ' + c.secondDate;
+  };
+  const char* opened = "C1 TAB_2 01042008 31032009";
+  choose(1);
+  form.press(keys::Enter);
+  EXPECT_EQ(inWork(), opened);
+  host().refuse("CheckClpass");
+  choose(2);
+  EXPECT_EQ(inWork(), opened);
+  choose(1);
+  EXPECT_EQ(inWork(), opened) << "no other client";
+  choose(2);
+  EXPECT_EQ(inWork(), "C2   ");
+  // A year that may not be opened is not the one in work either.
+  choose(1);
+  form.press(keys::Enter);
+  exec("update master set d_of_s='x' where code_no='C1' and count=1");
+  form.press(keys::Up);
+  host().refuse("CheckPass");
+  form.press(keys::Enter);
+  EXPECT_EQ(inWork(), "C1   ");
+  // The host goes on to another client: the list stays what it is.
+  practice.forms().VClCode("C2");
+  form.press(keys::Down);
+  form.press(keys::Enter);
+  EXPECT_EQ(inWork(), opened);
+  static_cast<frmcrtb&>(*practice.forms().ObjCreate()).close();
+  // Where the years cannot be read nothing of another client's is left, and that is said.
+  host().statements().failNext("from master");
+  choose(2);
+  EXPECT_EQ(form.flexgrid2.rows(), 0);
+  EXPECT_EQ(form.lblstatus.caption(), "The years could not be read.");
+  choose(2);
+  EXPECT_EQ(form.flexgrid2.rows(), 1);
+  EXPECT_EQ(form.lblstatus.caption(), "");
+}
+
+TEST_F(HomeTest, AYearThatIsGoneIsSaidAndTheListReadAnew) {
+  const struct {
+    Button third::*command;
+    std::size_t asked;  // questions before
+  } cases[] = {
+      {&third::mnualter, 0}, {&third::mnudelete, 1}, {&third::mnualpha, 0}, {&third::mnusumm, 0}};
+  for (const auto& c : cases) {
+    exec("delete from master");
+    addYear("C1", 2007);
+    addYear("C1", 2008);
+    third& form = home();
+    form.click(form.*c.command);
+    form.doubleClick(form.ClGrd1);
+    select("C1", 2008);
+    exec("delete from master where f_yr='01042008'");
+    if (c.asked > 0) dialogs.queueAnswer(Answer::Yes);
+    form.press(keys::Enter);
+    const auto told = messages();
+    ASSERT_EQ(told.size(), c.asked + 1);
+    EXPECT_EQ(told.back(),
+              "The Trial Balance of 'Asha Traders' for F.Y. 2008-2009 does not exist any more.");
+    EXPECT_EQ(shown(form.flexgrid2), (Rows{{"01/04/2007", "31/03/2008"}}));
+    EXPECT_EQ(form.flexgrid2.current(), 1);
+    EXPECT_EQ(context().table, "");
+    EXPECT_EQ(context().desk.active(), &form);
+  }
+}
+
+// --- the client grid ----------------------------------------------------------------------------
+
+TEST_F(HomeTest, TheClientsShownAndTheirColumnsAreChosenFromTheGrid) {
+  third& form = home();
+  form.ClGrd1.cbostatus.choose(1);
+  for (const auto& [button, name] : {std::pair{&form.ClGrd1.cmdclients, "frmClSelection"},
+                                     {&form.ClGrd1.cmdcolumns, "frmClSetup"}}) {
+    EXPECT_NE(button->caption().find('&'), std::string::npos) << "a key";
+    form.click(*button);
+    ASSERT_EQ(context().desk.active()->name(), name);
+    context().desk.active()->press(keys::Escape);
+  }
+}
+
+// Whatever changed in the register is there when the list comes into sight again; what a person
+// has made of the list stays.
+TEST_F(HomeTest, TheRegisterIsReadWheneverTheListIsShown) {
+  const auto add = [&](const std::string& code, const std::string& status) {
+    suite::Client client;
+    client.code = code;
+    client.name = "Asha " + code;
+    client.status = status;
+    suite::addClient(practice.database(), client);
+  };
+  add("A1", "Firm");
+  add("Z9", "Firm");
+  third& form = home();
+  const auto codes = [&] {
+    std::string all;
+    for (int row = 1; row <= form.ClGrd1.rows(); ++row) all += form.ClGrd1.TextMatrix(row, 0) + ' ';
+    return all + "on " + form.ClGrd1.TextMatrix(form.ClGrd1.Row(), 0);
+  };
+  press(form, "asha");
+  form.ClGrd1.sortBy(0);
+  form.ClGrd1.sortBy(0);
+  form.ClGrd1.setCurrent(2);
+  ASSERT_EQ(codes(), "Z9 C1 A1 on C1");
+  const std::function<void()> ways[] = {[&] { form.click(form.mnusumm); },
+                                        [&] {
+                                          form.doubleClick(form.ClGrd1);
+                                          form.press(keys::Escape);
+                                        },
+                                        [&] {
+                                          form.click(form.cmdgrpmas);
+                                          context().desk.active()->close();
+                                        }};
+  std::string added;
+  for (const auto& way : ways) {
+    const std::string code = "M" + std::to_string(added.size());
+    add(code, "Company");
+    added = code + ' ' + added;
+    way();
+    EXPECT_EQ(codes(), "Z9 " + added + "C1 A1 on C1");
+  }
+  // Fewer than before, also when the form was closed meanwhile.
+  exec("delete from TempClTbl where CodeNo<>'C2'");
+  form.click(form.mnualter);
+  EXPECT_EQ(codes(), "on ");
+  form.press(keys::Escape);
+  EXPECT_EQ(codes(), "C2 on C2");
+  form.close();
+  exec("delete from TempClTbl");
+  host().statements().failNext("TempClTbl");
+  EXPECT_EQ(home().ClGrd1.rows(), 0);
+  EXPECT_EQ(form.lblstatus.caption(), "The clients could not be read.");
+  EXPECT_EQ(log().size(), 1U);
+  messages();
+}
+
+TEST_F(HomeTest, FiltersThatNobodyAnswersToAreDroppedAndSaid) {
+  exec("update TempClTbl set Status='Firm',GroupCode='G1' where CodeNo='C1'");
+  exec("update TempClTbl set Status='Company',GroupCode='G2' where CodeNo='C2'");
+  const struct {
+    const char* status;
+    const char* group;
+    int rows;
+    const char* kept;
+    const char* told;  // "" for nothing
+  } cases[] = {
+      {"Firm", "", 1, "Firm/", ""},
+      {"firm", "G1", 1, "firm/G1", ""},
+      {"Gone", "G1", 1, "/G1", R"(the status "Gone")"},
+      {"Firm", "Gone", 1, "Firm/", R"(the group "Gone")"},
+      {"Firm", "G2", 2, "/", R"(the status "Firm" and the group "G2")"},
+  };
+  const auto stored = [&] {
+    return host().GetSettingINI("ClientList", "Status", "") + '/' +
+           host().GetSettingINI("ClientList", "Group", "");
+  };
+  for (const auto& c : cases) {
+    for (const bool open : {false, true}) {
+      third& form = home();
+      form.click(form.mnualter);
+      if (!open) form.close();
+      host().SaveSettingINI("ClientList", "Status", c.status);
+      host().SaveSettingINI("ClientList", "Group", c.group);
+      home().click(form.mnualter);
+      EXPECT_EQ(form.ClGrd1.rows(), c.rows) << c.status << c.group;
+      EXPECT_EQ(stored(), c.kept);
+      if (open) {
+        EXPECT_EQ(form.lblstatus.caption(), *c.told == '\0'
+                                                ? ""
+                                                : std::string("No client has ") + c.told +
+                                                      ". The list is no longer kept to it.");
+      }
+    }
+  }
+  // What a person chooses is not dropped while nothing else has changed.
+  third& form = home();
+  form.ClGrd1.cbostatus.choose(form.ClGrd1.cbostatus.find("Firm"));
+  form.ClGrd1.cbogrpcode.choose(form.ClGrd1.cbogrpcode.find("G2"));
+  form.click(form.mnualter);
+  EXPECT_EQ(form.ClGrd1.rows(), 0);
+}
+
+// Settings that cannot be written are no reason to keep anybody from work.
+TEST_F(HomeTest, WorkGoesOnWithoutWritableSettings) {
+  exec("update TempClTbl set Status='Firm' where CodeNo='C1'");
+  addYear("C1", 2008);
+  third& form = home();
+  const auto file = practice.folder().settings().string() + ".new";
+  std::filesystem::create_directory(file);  // stands where the new settings would be written
+  form.ClGrd1.cbostatus.choose(form.ClGrd1.cbostatus.find("Firm"));
+  EXPECT_EQ(form.ClGrd1.rows(), 1);
+  form.click(form.mnualter);
+  EXPECT_EQ(form.ClGrd1.rows(), 1) << "the choice holds as long as the form is open";
+  form.ClGrd1.setColumnWidth(1, 33);
+  form.click(form.ClGrd1.cmdcolumns);
+  context().desk.active()->press(keys::Escape);
+  form.doubleClick(form.ClGrd1);
+  EXPECT_EQ(context().clientCode, "C1");
+  EXPECT_EQ(frontEnd.client, "C1");
+  EXPECT_EQ(form.flexgrid2.rows(), 1);
+  EXPECT_TRUE(form.close());
+  EXPECT_GE(log().size(), 3U);
+  std::filesystem::remove(file);
+}
+
+TEST_F(HomeTest, WhatWasDoneIsSaidUntilTheNextCommandOrClient) {
+  third& form = home();
+  const std::function<void()> ways[] = {[&] { form.click(form.mnucreate); },
+                                        [&] { form.doubleClick(form.ClGrd1); },
+                                        [&] {
+                                          form.click(form.cmdledmas);
+                                          context().desk.active()->close();
+                                        },
+                                        [&] {
+                                          host().statements().failNext("MAST_PART");
+                                          form.click(form.mnurefresh);
+                                        }};
+  for (const auto& way : ways) {
+    form.click(form.mnualter);
+    form.click(form.mnurefresh);
+    EXPECT_NE(form.lblstatus.caption(), "");
+    way();
+    EXPECT_EQ(form.lblstatus.caption(), "");
+  }
+  messages();
 }
 
 TEST_F(HomeTest, SearchesEveryShownColumnAsOneTypes) {
@@ -136,7 +373,7 @@ TEST_F(HomeTest, SearchesEveryShownColumnAsOneTypes) {
 
   // A hidden column is not searched; the arrangement is kept between runs.
   host().SaveSettingINI("ClientList", "Columns", "code:9,name:30");
-  form.ClGrd1.refreshSetup();
+  form.ClGrd1.refresh();
   press(form, "pune");
   EXPECT_EQ(form.ClGrd1.rows(), 0);
   form.press(keys::Enter);

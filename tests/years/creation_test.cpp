@@ -178,6 +178,19 @@ TEST_F(CreationTest, CopiesTheLatestEarlierYear) {
   }
 }
 
+// The dates' own box has the focus after what is said of it.
+TEST_F(CreationTest, AnInvalidDateIsTypedAnewWhereItStands) {
+  third& form = choose(&third::mnucreate, "C1");
+  typeYear(form, "31/04/2008", "31/03/2009");
+  EXPECT_EQ(form.active(), &form.MaskEdBox1);
+  for (const char c : {'2', '0', '0', '8'}) form.press(c);
+  EXPECT_EQ(form.MaskEdBox1.text(), "01/04/2008");
+  typeYear(form, "01/04/2008", "31/02/2009");
+  EXPECT_EQ(form.active(), &form.MaskEdBox2);
+  EXPECT_EQ(form.MaskEdBox2.text(), "31/03/####");
+  EXPECT_EQ(messages(), (Texts{"Invalid date.", "Invalid date."}));
+}
+
 // --- over an existing year ----------------------------------------------------------------------
 
 TEST_F(CreationTest, AsksBeforeItOverwritesAndLeavesEverythingOnNo) {
@@ -249,6 +262,8 @@ TEST_F(CreationTest, KeepsTableAndNumberAndOneRow) {
 // A database error at any statement: one line in the log, what was sent before is done; the same
 // command again completes the year.
 TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
+  const Texts before{"C1", tab(1), "01042006", "31032007"};
+  const Texts after{"C1", tab(2), "01042008", "31032009"};
   const auto everything = [&] {
     Rows all = registry();
     for (const auto& line : lines(tab(2))) all.push_back(line);
@@ -260,6 +275,7 @@ TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
                            for (const long each : {1, 2}) exec("delete from " + tab(each));
                            exec("delete from master where code_no='C1'");
                            addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
+                           select("C1", 2006);
                            third& form = choose(&third::mnucreate, "C1");
                            type(form.MaskEdBox1, "01/04/2008");
                            form.focus(form.MaskEdBox2);
@@ -276,8 +292,26 @@ TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
                                  if (registered) deletion().click(deletion().cmddelete);
                                  if (!registered) typeYear(form, "01/04/2008");
                                  EXPECT_EQ(dialogs.left(), 0U);
+                               }},
+                              {"the year before is opened",
+                               {},
+                               {},
+                               [&] {
+                                 third& form = choose(&third::mnualter, "C1");
+                                 form.flexgrid2.setCurrent(1);
+                                 form.press(keys::Enter);
+                                 EXPECT_EQ(inWork(), before);
+                                 EXPECT_EQ(context().desk.active()->name(), "frmcrtb");
+                                 context().desk.active()->close();
                                }}},
-                     .check = [&] { EXPECT_TRUE(home().visible()); }});
+                     .check =
+                         [&] {
+                           EXPECT_EQ(inWork(), registry().size() == 2 ? after : before);
+                           const bool said = home().lblstatus.caption().find("not taken over") !=
+                                             std::string::npos;
+                           const bool listed = home().flexgrid2.columns().size() == 2;
+                           EXPECT_TRUE(said || listed || registry().size() == 1);
+                         }});
   EXPECT_EQ(everything().size(), 4U);
 }
 
@@ -320,6 +354,7 @@ TEST_F(CreationTest, AFailureWhileOverwritingIsCompletedByTheNextTry) {
                  }
                  addYear("C1", 2006, {{"Cash", "BANKS", 5}, {"Asha", "CAPITAL", -5}});
                  addYear("C1", 2008, {{"Old", "BANKS", 7}});
+                 select("C1", option == 1 ? 2006 : 2008);
                  begin();
                },
            .act = makeYear,
@@ -329,9 +364,31 @@ TEST_F(CreationTest, AFailureWhileOverwritingIsCompletedByTheNextTry) {
                        begin();
                        makeYear();
                      }}},
-           .stops = false});
+           .stops = false,
+           .check = [&] { EXPECT_TRUE(inWorkWhole()) << context().table; }});
       EXPECT_EQ(everything().size(), 2 + linesMade);
     }
+  }
+}
+
+// Two people at once: the row goes while the deletion form is open. The year is registered anew.
+TEST_F(CreationTest, ARowThatGoesMeanwhileIsWrittenAnew) {
+  addYear("C1", 2008, {{"Old", "BANKS", 7}});
+  addYear("C2", 2008);
+  for (Button third::*command : {&third::mnucreate, &third::mnumerge}) {
+    third& form = choose(command, "C1");
+    overwrite(form, 1);
+    exec("delete from master where code_no='C1'");
+    deletion().click(deletion().cmddelete);
+    EXPECT_EQ(registry(),
+              (Rows{{"01/04/2008", "31/03/2009", tab(1), "1", "01042008", "31032009"}}));
+    if (command == &third::mnumerge) {
+      exec("delete from master where code_no='C1'");
+      answer({Answer::Yes});
+      form.press(keys::Enter);
+      EXPECT_EQ(registry().size(), 1U) << "and again between listing and merging";
+    }
+    messages();
   }
 }
 

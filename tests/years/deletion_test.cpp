@@ -180,6 +180,9 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
                                                        : schedulesGo;
       EXPECT_EQ(after.count(name), goes ? 0U : 1U) << name << c.text;
     }
+    EXPECT_EQ(home().lblstatus.caption(),
+              c.removed ? "Trial balance of 2008-2009 deleted."
+                        : "What was chosen of 2008-2009 is deleted. The year itself stays.");
   }
 }
 
@@ -338,7 +341,10 @@ TEST_F(DeletionTest, GivenUpInTheMiddleItsTracesAreShown) {
     const char* failing;
     long spared;
     int years;  // left in the list
-  } cases[] = {{"DELETE FROM JRNL_", 0, 2}, {"flush tables", 36, 1}};
+    const char* said;
+  } cases[] = {
+      {"DELETE FROM JRNL_", 0, 2, "The deletion of 2008-2009 was not completed. Delete it again."},
+      {"flush tables", 36, 1, "Trial balance of 2008-2009 deleted."}};
   for (const auto& c : cases) {
     frmdelwhatinTB& box = open();
     box.click(box.optMain[0]);
@@ -348,8 +354,9 @@ TEST_F(DeletionTest, GivenUpInTheMiddleItsTracesAreShown) {
     ASSERT_EQ(log().size(), 1U) << c.failing;
     box.click(box.cmdcancel);
     EXPECT_FALSE(editor.visible()) << "its next line would go into what was removed";
-    EXPECT_EQ(context().table, "");
+    EXPECT_EQ(inWork(), (Texts{"C1", "", "", ""}));
     EXPECT_EQ(home().flexgrid2.rows(), c.years);
+    EXPECT_EQ(home().lblstatus.caption(), c.said);
     messages();
   }
 }

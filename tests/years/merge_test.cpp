@@ -1,4 +1,5 @@
 // Merging other clients' trial balances into a year.
+#include "editor/frmcrtb.h"
 #include "years/years_fixture.h"
 
 namespace quillet::support {
@@ -40,6 +41,17 @@ class MergeTest : public YearsTest {
                 client + "' order by srno");
   }
   std::string tab(long count) { return "TAB_" + host().GETTBNAME(count); }
+  void addStock(const std::string& client, long count, const std::string& of, double amount) {
+    exec("insert into TRADE_" + host().GETTBNAME(count) + " values('" + client + "'," +
+         std::to_string(ledger(of)) + "," + std::to_string(group("STOCK", 7)) + "," +
+         std::to_string(amount) + ")");
+  }
+  Rows stock(long count, const std::string& client = "C1") {
+    return rows("select particular,allgrp,amt from TRADE_" + host().GETTBNAME(count) +
+                " t join Mast_Part p on p.PartId=t.partid join Mast_AllGrp g on g.ALLID=t.allid "
+                "where code_no='" +
+                client + "' order by particular");
+  }
 };
 
 TEST_F(MergeTest, ListsTheOtherClientsOfTheYear) {
@@ -118,6 +130,40 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   EXPECT_NE(context().desk.find("frmcrtb"), nullptr);
 }
 
+// The profit of the sum is the sum of the profits: the closing stock comes along.
+TEST_F(MergeTest, CarriesTheClosingStock) {
+  exec("insert into mast_gunder values(15,'Sales',3),(19,'Purchases',4),(7,'Stock',1)");
+  group("TURNOVER", 15);
+  group("PURCHASES", 19);
+  addYear("C3", 2009, {{"Sales", "TURNOVER", -10000000}, {"Goods", "PURCHASES", 12000000}});
+  addYear("P1", 2009, {{"Sales", "TURNOVER", -10000000}, {"Goods", "PURCHASES", 15290000}});
+  addStock("C3", 2, "Goods", 3540000);
+  addStock("C3", 2, "Old goods", 10.1);
+  addStock("P1", 2, "Goods", 12700000);
+  addStock("P1", 2, "Goods", 80000.5);
+  addStock("P1", 2, "Old goods", -10.1);
+  addStock("C2", 2, "Goods", 7);
+  addStock("C1", 1, "Left over", 99);
+  third& form = list("C1", "01/04/2009");
+  for (int row = 1; row <= 2; ++row) form.flexgrid2.tick(row, true);
+  answer({Answer::Yes});
+  form.press(keys::Enter);
+  messages();
+  EXPECT_EQ(stock(1), (Rows{{"Goods", "STOCK", "16320000.5"}}));
+  EXPECT_EQ(stock(2, "P1").size(), 3U);
+  EXPECT_EQ(form.lblstatus.caption(), "2 merged into 2009-2010: 2 lines, 1 of closing stock.");
+  const std::pair<const char*, const char*> profits[] = {
+      {"C3", "1,540,010.10"}, {"P1", "7,489,990.40"}, {"C1", "9,030,000.50"}};
+  for (const auto& [client, profit] : profits) {
+    select(client, 2009);
+    auto& editor = static_cast<frmcrtb&>(*practice.forms().ObjCreate());
+    editor.close();
+    editor.show();
+    editor.click(editor.mnushsumm);
+    EXPECT_EQ(editor.vsfr.cell(editor.vsfr.find(0, "Net Profit/(Loss)"), 1), profit) << client;
+  }
+}
+
 TEST_F(MergeTest, TakesTheCurrentOneWhenNoneIsTicked) {
   third& form = list();
   form.press(keys::Down);
@@ -158,6 +204,36 @@ TEST_F(MergeTest, OverwritesAnExistingYearWhateverIsDeleted) {
   }
 }
 
+// Yes loses no year for a merge of which nothing would come.
+TEST_F(MergeTest, LooksForOthersBeforeItDeletes) {
+  addYear("C1", 2015, {{"Loan", "BANKS", 77}});
+  third& form = choose(&third::mnumerge, "C1");
+  answer({Answer::Yes});
+  typeYear(form, "01/04/2015");
+  EXPECT_EQ(messages(), (Texts{"Do you want to overwrite previously saved data?",
+                               "No year of specified date is available."}));
+  EXPECT_FALSE(deletionOpen());
+  EXPECT_EQ(lines(tab(1)).size(), 1U);
+}
+
+// Two people at once: a source is deleted after it was listed, and its table holds another year.
+TEST_F(MergeTest, ASourceThatIsGoneIsSaidAndNotRead) {
+  third& form = list();
+  exec("delete from master where code_no='C3' and f_yr='01042008'");
+  form.flexgrid2.tick(2, true);
+  answer({Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_EQ(messages().back(),
+            "The Trial Balance of 'Third's' for F.Y. 2008-2009 does not exist any more.");
+  EXPECT_EQ(form.flexgrid2.rows(), 2);
+  EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "0");
+  exec("delete from master");
+  answer({Answer::Yes});
+  form.press(keys::Enter);
+  EXPECT_EQ(messages().back(), "No year of specified date is available.");
+  EXPECT_EQ(form.flexgrid2.rows(), 0);
+}
+
 // Two people at once: the year did not exist when its dates were typed.
 TEST_F(MergeTest, AYearMadeInTheMeantimeIsAskedAbout) {
   third& form = list();
@@ -193,28 +269,36 @@ TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {
 }
 
 TEST_F(MergeTest, AFailureAnywhereIsLoggedOnceAndEnterAgainCompletes) {
+  addStock("C3", 1, "Goods", 5);
+  addStock("P1", 1, "Old goods", 7);
   const auto merge = [&] { home().press(keys::Enter); };
-  failEachStatement({.what = "merging",
-                     .arrange =
-                         [&] {
-                           exec("delete from master where code_no='C1'");
-                           exec("delete from " + tab(1) + " where code_no='C1'");
-                           third& form = list();
-                           for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
-                           answer({Answer::Yes});
-                         },
-                     .act = merge,
-                     .result = [&] { return lines(tab(1)); },
-                     .next = {{"Enter again",
-                               [&] {
-                                 answer({Answer::Yes});
-                                 merge();
-                               },
-                               {},
-                               [&] {
-                                 EXPECT_EQ(value("select count(*) from master where code_no='C1'"),
-                                           "1");
-                               }}}});
+  failEachStatement(
+      {.what = "merging",
+       .arrange =
+           [&] {
+             exec("delete from master where code_no='C1'");
+             exec("delete from " + tab(1) + " where code_no='C1'");
+             context().forgetYear();
+             third& form = list();
+             for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
+             answer({Answer::Yes});
+           },
+       .act = merge,
+       .result =
+           [&] {
+             Rows all = lines(tab(1));
+             for (const auto& line : stock(1)) all.push_back(line);
+             return all;
+           },
+       .next = {{"Enter again",
+                 [&] {
+                   answer({Answer::Yes});
+                   merge();
+                 },
+                 {},
+                 [&] { EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1"); }}},
+       .check = [&] { EXPECT_TRUE(inWorkWhole()) << context().table; }});
+  EXPECT_EQ(stock(1).size(), 2U);
 }
 
 }  // namespace

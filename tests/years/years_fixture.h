@@ -2,6 +2,7 @@
 // hangs on a year.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
@@ -65,6 +66,19 @@ class YearsTest : public PracticeTest {
   }
   void answer(std::initializer_list<Answer> answers) {
     for (const Answer each : answers) dialogs.queueAnswer(each);
+  }
+
+  // What the context says is being worked on.
+  Texts inWork() {
+    return {context().clientCode, context().table, context().firstDate, context().secondDate};
+  }
+  // Either a year as the registry has it, or none.
+  bool inWorkWhole() {
+    const std::string code = host().TruncVarSQL(context().clientCode);
+    const auto registered =
+        rows("select code_no,tbl_nm,f_yr,s_yr from master where code_no='" + code + "'");
+    return inWork() == Texts{context().clientCode, "", "", ""} ||
+           std::find(registered.begin(), registered.end(), inWork()) != registered.end();
   }
 
   // One row for the client in every table that hangs on a year, but for the trial balance itself.
