@@ -226,7 +226,6 @@ void third::fillYear() {
 void third::finishYear() {
   loadYears();
   flexgrid2.setCurrent(flexgrid2.find(1, shownDate(newYear_.secondKey)));
-  yearMade_ = true;
 }
 
 // --- the year before ----------------------------------------------------------------------------

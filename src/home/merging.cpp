@@ -54,6 +54,7 @@ bool third::anyOtherOfYear(const Recordset& years) {
 
 void third::listSources() {
   flexgrid2.clearRows();
+  listsSources_ = true;
   const auto years = selectOthersOfYear();
   if (!anyOtherOfYear(*years)) return;
   flexgrid2.setColumns({{.heading = "Merge", .align = Align::center, .width = 8, .tick = true},

@@ -184,6 +184,7 @@ void third::takeClient(const std::string& code, const std::string& name) {
 
 void third::beginDates() {
   flexgrid2.clearRows();
+  listsSources_ = false;
   MaskEdBox1.setText(emptyFirstDate);
   MaskEdBox2.setText(emptySecondDate);
   showSecondStep(famdates, "type the financial year");
@@ -194,7 +195,6 @@ void third::showSecondStep(Frame& with, const std::string& task) {
   famdates.setVisible(&with == &famdates);
   famyears.setVisible(&with == &famyears);
   Label1.setCaption(clientName_ + ": " + task);
-  yearMade_ = false;
   Frame3.setVisible(false);
   ClGrd1.setVisible(false);
   Frame1.setVisible(true);
@@ -209,6 +209,7 @@ void third::showYears() {
 
 void third::loadYears() {
   flexgrid2.clearRows();
+  listsSources_ = false;
   status("The years could not be read.");
   const auto rows =
       context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
@@ -227,14 +228,14 @@ void third::loadYears() {
 
 void third::FLEXGRID2_DBLCLICK() {
   trap("FLEXGRID2_DBLCLICK", [&] {
-    if (mode_ == "alter" || yearMade_) {
-      openEditor();
-    } else if (mode_ == "merge") {
+    if (listsSources_) {
       context_.MsgBox("DBl Click will not work here,Press Enter to merge.", Buttons::OK,
                       Icon::information);
+    } else if (mode_ == "alter" || mode_ == "create" || mode_ == "merge") {
+      openEditor();
     } else if (mode_ == "delete") {
       deleteYear();
-    } else if (mode_ != "create") {
+    } else {
       printChosenYear();
     }
   });
@@ -244,7 +245,7 @@ void third::FLEXGRID2_KEYPRESS(Key& key) {
   trap("FLEXGRID2_KEYPRESS", [&] {
     if (key != keys::Enter) return;
     key = keys::none;
-    if (mode_ == "merge" && !yearMade_) {
+    if (listsSources_) {
       mergeSources();
     } else {
       FLEXGRID2_DBLCLICK();
@@ -339,7 +340,9 @@ void third::openDeletion(Recordset& year, std::function<void()> overwrite) {
   const bool marked = !year.text("d_of_s").empty();
   const DeletableYear deletable{clientCode_, year.text("tbl_nm"), year.integer("Count"),
                                 yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
+  status("The trial balance of " + deletable.yearText + " could not be looked into.");
   if (!deletion_.INITDATA(mode_, deletable)) return;
+  status("");
   deletion_.showModal([this, deletable, overwrite = std::move(overwrite)] {
     if (!deletion_.touched()) return;
     closeEditorOf(deletable.table);

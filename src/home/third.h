@@ -169,8 +169,8 @@ class third : public Form {
   std::string clientCode_;
   std::string clientName_;
   NewYear newYear_;
-  bool justLoaded_ = false;  // the form became active by being loaded
-  bool yearMade_ = false;    // the year list shows what a creation or a merge has just made
+  bool justLoaded_ = false;    // the form became active by being loaded
+  bool listsSources_ = false;  // the list shows what can be merged instead of the client's years
 };
 
 // The module's single home form, made on first use.

@@ -439,6 +439,7 @@ TEST_F(DeletionTest, AYearThatCannotBeLookedIntoIsNotOffered) {
     const Texts lines = log();
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_TRUE(lines[0].ends_with("\tfrmdelwhatinTB\tINITDATA")) << lines[0];
+    EXPECT_EQ(form.lblstatus.caption(), "The trial balance of 2008-2009 could not be looked into.");
   }
 }
 

@@ -125,7 +125,11 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
     ASSERT_LT(i + 1, sent.size());
     EXPECT_EQ(sent[i + 1], "flush tables");
   }
-  // The list shows the year now; Enter opens it.
+  // The list shows the years now, also when it has to be read anew; Enter opens one.
+  exec("delete from master where code_no='C1' and f_yr='01042001'");
+  form.flexgrid2.setCurrent(1);
+  form.press(keys::Enter);
+  EXPECT_EQ(form.flexgrid2.rows(), 1);
   form.press(keys::Enter);
   EXPECT_NE(context().desk.find("frmcrtb"), nullptr);
 }
