@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "controls/desk.h"
 #include "controls/form.h"
 #include "data/text.h"
 
@@ -106,8 +105,8 @@ void ClGrd::remember(const char* key, const std::string& value, std::string Setu
   try {
     context_.host->SaveSettingINI(cc::section, key, value);
     setup_.*read = value;
-  } catch (const std::exception& error) {
-    fire(form().desk().onError, name() + "\tREMEMBER", error);
+  } catch (...) {
+    reportTrapped(form(), this->name(), "REMEMBER");
   }
 }
 
