@@ -10,6 +10,7 @@
 #include "editor/frmcrtb.h"
 #include "host/busy.h"
 #include "host/clients.h"
+#include "host/posting.h"
 
 namespace quillet {
 namespace {
@@ -43,6 +44,8 @@ std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string,
 }  // namespace
 
 void frmcrtb::FORM_LOAD() {
+  // What a voucher left half posted is not to be seen as the year's figures.
+  trap("FORM_LOAD", [&] { settlePostings(context_); });
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
     client_ = context_.host->escaped(context_.clientCode);

@@ -11,6 +11,7 @@
 #include "home/year_merge.h"
 #include "host/busy.h"
 #include "host/clients.h"
+#include "host/posting.h"
 
 namespace quillet {
 namespace {
@@ -137,6 +138,7 @@ void third::mergeSources() {
   if (sources.empty() || !mergeAgreed(sources)) return;
   if (!sourcesMayBeRead(sources) || !sourcesAreThere(sources) || !provideTable()) return;
   const Busy busy(context_, "Merging Trial Balances....");
+  settlePostings(context_);
   std::vector<Line> lines;
   std::vector<Line> stock;
   for (const int row : sources) {

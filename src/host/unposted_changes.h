@@ -1,6 +1,6 @@
 // What postings that failed in the middle left undone in the trial balances. It stands in the
 // context, because it has to outlive the form that failed: whoever posts next makes the books right
-// first (journal/posting.h).
+// first (host/posting.h).
 //
 // The invariant, for every pair of ledger and group of a client's trial balance:
 //
@@ -45,13 +45,19 @@ class UnpostedChanges {
   // The pairs of which something is missing.
   std::vector<LedgerGroup> pairs(const ClientTable& books) const;
   bool any(const ClientTable& books) const { return amounts_.contains(keyOf(books)); }
+  // The trial balances of which something is missing.
+  std::vector<ClientTable> books() const;
   // The client's rows are gone from the table: its number may be another year's next.
   void forget(const ClientTable& books) { amounts_.erase(keyOf(books)); }
 
  private:
   using Key = std::pair<std::string, std::string>;
   static Key keyOf(const ClientTable& books);
-  std::map<Key, std::map<LedgerGroup, std::int64_t>> amounts_;
+  struct Missing {
+    ClientTable books;
+    std::map<LedgerGroup, std::int64_t> paise;
+  };
+  std::map<Key, Missing> amounts_;
 };
 
 }  // namespace quillet

@@ -18,9 +18,9 @@
 #include "controls/simple.h"
 #include "controls/text_box.h"
 #include "host/context.h"
+#include "host/posting.h"
 #include "journal/balance_list.h"
 #include "journal/name_list.h"
-#include "journal/posting.h"
 
 namespace quillet {
 

@@ -1,6 +1,7 @@
 // The group master's merge page: several groups become one in every trial balance.
 #include "data/sql.h"
 #include "host/busy.h"
+#include "host/posting.h"
 #include "masters/frmgrpmas.h"
 
 namespace quillet {
@@ -89,6 +90,7 @@ void frmgrpmas::cmdMergeGroup_Click() {
 }
 
 void frmgrpmas::mergeInto(long target, const IdList& ids) {
+  settlePostings(context_);
   noteChange();
   replaceGroups(context_, target, ids);
   context_.host->ConQuery("Delete from Mast_AllGrp where ALLID in (" + ids.sql() + ")");

@@ -4,6 +4,7 @@
 
 #include "data/sql.h"
 #include "data/table_names.h"
+#include "host/posting.h"
 #include "masters/frmtbledmas.h"
 #include "masters/year_tables.h"
 
@@ -92,6 +93,7 @@ void frmtbledmas::LINKPARTICULARS() {
 }
 
 void frmtbledmas::replaceInAllYears(const Sql& condition, long newId) {
+  settlePostings(context_);
   const Sql change = " Set PartId=" + sqlNumber(newId) + " Where PartId" + condition;
   walkYearTables(context_, "Replacing Ledgers....", [&](const std::string& table) {
     context_.host->ConQuery("Update " + sqlName(table) + change);

@@ -3,6 +3,8 @@
 #include "deletion/frmdelwhatinTB.h"
 #include "journal/form_parts.h"
 #include "journal_fixture.h"
+#include "masters/frmgrpmas.h"
+#include "masters/frmtbledmas.h"
 
 namespace quillet::support {
 namespace {
@@ -74,6 +76,15 @@ class JournalFailure : public JournalTest {
     leaveEntry();
     pass("02062008",
          {{ledgerName, groupName, "3"}, {"Stock", "SALES", "2", false}, {"Rent", "", "1", false}});
+  }
+  // Voucher 1 is taken out and still in the journal.
+  void leaveHalfPosted() {
+    pickVoucher(1);
+    host().statements().failNext("Delete from JRNL_1");
+    remove();
+    host().statements().failNext("from TAB_1");
+    closeJournal();
+    EXPECT_EQ(context().unposted.pairs({"tab_1", "c1 "}).size(), 2U);
   }
   // Says so when anything is half posted.
   void closeJournal() {
@@ -187,15 +198,50 @@ TEST_F(JournalFailure, WhateverIsDoneNextTheBooksEndRight) {
   }
 }
 
+// What reads or rewrites the trial balances begins from whole ones.
+TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
+  const struct {
+    const char* what;
+    std::function<void()> act;
+  } deeds[] = {
+      {"the editor opens", [&] { practice.forms().ObjCreate()->show(); }},
+      {"a group is merged",
+       [&] {
+         frmgrpmas form(context());
+         form.show();
+         form.click(form.cmdMerge);
+         form.vsM.tick(form.vsM.find(1, "RENT"), true);
+         form.vsMW.setCurrent(form.vsMW.find(1, "CAPITAL"));
+         dialogs.queueAnswer(Answer::Yes);
+         form.click(form.cmdMergeGroup);
+       }},
+      {"a ledger is linked",
+       [&] {
+         frmtbledmas form(context());
+         form.show();
+         form.vsf.setCurrent(form.vsf.find(1, "Cash"));
+         form.click(form.cmdlink);
+         form.vsf.tick(form.vsf.find(1, "Stock"), true);
+         dialogs.queueAnswer(Answer::Yes);
+         form.click(form.cmdlink);
+       }},
+  };
+  for (const auto& deed : deeds) {
+    SCOPED_TRACE(deed.what);
+    arrangeBooks();
+    leaveHalfPosted();
+    deed.act();
+    EXPECT_EQ(context().unposted.books().size(), 0U);
+    EXPECT_EQ(rows("select amt from TAB_1 where code_no='C1' and nid=1"), (Rows{{"540"}}));
+    messages();
+    log();
+  }
+}
+
 // The year's number, and so its table, may be another year's next.
 TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
   arrangeBooks();
-  pickVoucher(1);
-  host().statements().failNext("Delete from JRNL_1");
-  remove();
-  host().statements().failNext("from TAB_1");
-  closeJournal();
-  EXPECT_EQ(context().unposted.pairs({"tab_1", "c1 "}).size(), 2U);
+  leaveHalfPosted();
   frmdelwhatinTB deletion(context());
   ASSERT_TRUE(deletion.INITDATA("delete", {"C1", "TAB_1", 1, "2008-2009", ""}));
   deletion.showModal();

@@ -17,7 +17,7 @@ class Posting {
 
   // The client's rows of that table, from now on.
   void open(const ClientTable& books);
-  // Runs when the table holds another balance of the pair.
+  // Runs, if attached, when the table holds another balance of the pair.
   std::function<void(LedgerGroup pair, double balance)> Changed;
 
   // Posts what earlier failures left undone; to be called before anything is stored or posted.
@@ -41,5 +41,10 @@ class Posting {
   Sql table_;
   Sql client_;  // code_no as it stands between quotes
 };
+
+// Settles every trial balance of which something is missing: what rewrites ledgers and groups in
+// all tables, or reads the figures of a year to copy them, begins from whole books. Throws when
+// that fails.
+void settlePostings(Context& context);
 
 }  // namespace quillet

@@ -1,4 +1,4 @@
-#include "journal/posting.h"
+#include "host/posting.h"
 
 #include <cmath>
 
@@ -27,7 +27,7 @@ void Posting::post(LedgerGroup pair, double amount) {
   const double before = storedBalance(ofPair);
   context_.host->ConQuery("Delete from " + table_ + ofPair);
   context_.unposted.add(books_, pair, before);
-  Changed(pair, 0);
+  if (Changed) Changed(pair, 0);
   context_.host->ConQuery(flushTables);
   // Whole paise: what adding in binary leaves over is no balance.
   const double balance = shownAmount(context_.host->formatgen(before + amount, "###0.00"));
@@ -35,7 +35,7 @@ void Posting::post(LedgerGroup pair, double amount) {
   // One after the other, as they came in: a sum might round to another paisa.
   context_.unposted.add(books_, pair, -before);
   context_.unposted.add(books_, pair, -amount);
-  Changed(pair, balance);
+  if (Changed) Changed(pair, balance);
   if (balance != 0) context_.host->ConQuery(flushTables);
 }
 
@@ -58,6 +58,14 @@ void Posting::insertBalance(LedgerGroup pair, double balance) {
                           client_ + "'," + sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) +
                           "," + sqlNumber(std::fabs(balance)) + "," + (balance > 0 ? "1" : "2") +
                           ")");
+}
+
+void settlePostings(Context& context) {
+  for (const ClientTable& books : context.unposted.books()) {
+    Posting posting(context);
+    posting.open(books);
+    posting.settle();
+  }
 }
 
 }  // namespace quillet
