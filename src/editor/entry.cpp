@@ -1,7 +1,5 @@
-// The editor's entry fields: one line at a time is entered, altered, merged with an existing line
-// of the same particular and group, or deleted.
+// The editor's entry fields: one line at a time is entered, altered or deleted.
 #include <algorithm>
-#include <cmath>
 
 #include "data/names.h"
 #include "data/sql.h"
@@ -43,10 +41,9 @@ void enterIsTab(Form& form, Key& key) {
 
 void frmcrtb::clearEntry() {
   for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setText("");
-  entryYear_ = view_ == View::previous ? previous : current;
-  alteredSerial_ = 0;
-  alteredGroup_.clear();
+  altered_.reset();
   hint("");
+  putBack();
 }
 
 void frmcrtb::leaveEntry() {
@@ -65,17 +62,18 @@ void frmcrtb::MNUINSERT_CLICK() {
 
 void frmcrtb::MNUALTER_CLICK() {
   trap("MNUALTER_CLICK", [&] {
-    const int row = vsfm.current();
-    if (row == 0 || !hasTable()) return;
+    const Entry* selected = selectedEntry();
+    if (!selected || !hasTable()) return;
+    // Leaving an entry may read the lines anew.
+    const Entry entry = *selected;
+    const YearLine altered = *selectedLine();
     leaveEntry();
-    entryYear_ = serialAt(row, current) != 0 ? current : previous;
-    alteredSerial_ = serialAt(row, entryYear_);
-    const int amount = view_ == View::both && entryYear_ == previous ? 4 : 2;
-    txtpart.setText(vsfm.cell(row, 0));
-    txtgroup.setText(vsfm.cell(row, 1));
-    txtamount.setText(vsfm.cell(row, amount));
-    txtdrcr.setText(vsfm.cell(row, amount + 1));
-    alteredGroup_ = txtgroup.text();
+    altered_ = altered;
+    alteredGroup_ = entry.group;
+    txtpart.setText(entry.particular);
+    txtgroup.setText(entry.group);
+    txtamount.setText(context_.host->formatgen(altered.line.amount, "###0.00"));
+    txtdrcr.setText(altered.line.isCredit() ? "CR" : "DR");
     focus(txtpart);
     hint("Altering the selected line. Esc leaves it as it was.");
   });
@@ -85,19 +83,35 @@ void frmcrtb::MNUDELETE_CLICK() {
   trap("MNUDELETE_CLICK", [&] {
     const int row = vsfm.current();
     if (row == 0) return;
+    const Entry entry = *selectedEntry();
     const Answer answer = context_.MsgBox("Do you want to delete the selected record?",
                                           Buttons::YesNo, Icon::none, Answer::No, "Delete");
     if (answer != Answer::Yes) return;
     leaveEntry();
-    for (const Year year : {current, previous}) {
-      if (const long srno = serialAt(row, year); srno != 0) {
-        context_.change("delete from " + tableOf(year) + " where code_no='" + client_ +
-                        "' and srno=" + sqlNumber(srno));
+    trap("MNUDELETE_CLICK", [&] {
+      for (const Year year : {current, previous}) {
+        if (!entry.line[year]) continue;
+        context_.change("delete from " + tableOf(year) + " where code_no='" + client_ + "' and " +
+                        rowOf(year, *entry.line[year]));
       }
-    }
-    REFRESHTB();
-    vsfm.setCurrent(std::min(row, vsfm.rows()));
+    });
+    showStored();
+    if (vsfm.current() == 0) vsfm.setCurrent(std::min(row, vsfm.rows()));
   });
+}
+
+// The line being altered may have been changed or taken away meanwhile.
+void frmcrtb::followAltered() {
+  if (!altered_ || !takenOut_.lines.empty()) return;
+  const std::vector<Line>& lines = lines_[altered_->year];
+  const auto found = std::find_if(lines.begin(), lines.end(),
+                                  [&](const Line& line) { return isSame(line, altered_->line); });
+  if (found != lines.end()) {
+    altered_->line = *found;
+  } else {
+    leaveEntry();
+    hint("The line that was being altered is no longer there.");
+  }
 }
 
 // --- the drop-down lists ------------------------------------------------------------------------
@@ -147,7 +161,7 @@ void frmcrtb::TXTPART_GOTFOCUS() {
 
 void frmcrtb::TXTPART_CHANGE() {
   trap("TXTPART_CHANGE", [&] {
-    if (alteredSerial_ == 0) hint("");
+    if (!altered_) hint("");
     follow(txtpart, vsfp);
   });
 }
@@ -237,7 +251,7 @@ void frmcrtb::TXTDRCR_GOTFOCUS() {
     txtdrcr.selectAll();
     // A line that stays in its group keeps its side: a debtor in credit is not turned round by
     // altering its amount.
-    if (alteredSerial_ != 0 && equalIgnoringCase(txtgroup.text(), alteredGroup_)) return;
+    if (altered_ && equalIgnoringCase(txtgroup.text(), alteredGroup_)) return;
     const auto row = context_.query(
         "select mast_gunder.ggid from mast_gunder,mast_allgrp where mast_allgrp.allgrp='" +
         context_.host->escaped(txtgroup.text()) + "' and mast_allgrp.gid = mast_gunder.gid");
@@ -270,7 +284,7 @@ void frmcrtb::TXTDRCR_KEYPRESS(Key& key) {
   });
 }
 
-// --- saving -------------------------------------------------------------------------------------
+// --- what was typed -----------------------------------------------------------------------------
 
 std::optional<frmcrtb::TypedLine> frmcrtb::checkedEntry() {
   const std::string side = sideOf(txtdrcr.text());
@@ -290,31 +304,6 @@ std::optional<frmcrtb::TypedLine> frmcrtb::checkedEntry() {
     return std::nullopt;
   }
   return TypedLine{particular, group, side == "CR" ? -amount : amount};
-}
-
-void frmcrtb::saveLine() {
-  const auto typed = checkedEntry();
-  if (!typed) return;
-  const long partId = particularId(typed->particular);
-  if (partId == 0) return;
-  const long allId = groupId(typed->group);
-  if (allId == 0) return;
-
-  const Year year = entryYear_;
-  const bool altering = alteredSerial_ != 0;
-  if (altering) deleteLine(year, alteredSerial_);
-  const double amount = mergeWithExisting(partId, allId, typed->amount);
-  const long srno = amount == 0 ? 0 : writeLine(partId, allId, amount);
-
-  GETBALANCE();
-  reload();
-  selectSerial(year, srno);
-  SETBUTTON();
-  if (altering) {
-    leaveEntry();
-  } else {
-    MNUINSERT_CLICK();
-  }
 }
 
 long frmcrtb::particularId(const std::string& name) {
@@ -350,34 +339,6 @@ long frmcrtb::groupId(const std::string& name) {
   }
   context_.MsgBox("Group does not exist.", Buttons::OK, Icon::information);
   return 0;
-}
-
-void frmcrtb::deleteLine(Year year, long srno) {
-  context_.change("Delete from " + tableOf(year) + " where code_no='" + client_ +
-                  "' and srno=" + sqlNumber(srno));
-}
-
-double frmcrtb::mergeWithExisting(long partId, long allId, double amount) {
-  const auto rows =
-      context_.query("select * from " + tableOf(entryYear_) + " where code_no='" + client_ +
-                     "' and partid = " + sqlNumber(partId) + " and allid = " + sqlNumber(allId));
-  for (const Line& line : readLines(*rows)) {
-    amount += line.isCredit() ? -line.amount : line.amount;
-    deleteLine(entryYear_, line.srno);
-  }
-  // Both amounts are whole paise: what adding them in binary left over is no part of the sum.
-  return std::round(amount * 100) / 100;
-}
-
-long frmcrtb::writeLine(long partId, long allId, double amount) {
-  const Sql table = tableOf(entryYear_);
-  const auto row = context_.query("select max(srno) as maxsr from " + table + " where code_no = '" +
-                                  client_ + "'");
-  const long srno = row->integer("maxsr") + 1;
-  context_.change("insert into " + table + " values(" + sqlNumber(srno) + ",'" + client_ + "'," +
-                  sqlNumber(partId) + "," + sqlNumber(allId) + "," + sqlNumber(std::fabs(amount)) +
-                  "," + sqlNumber(amount < 0 ? credit : debit) + ")");
-  return srno;
 }
 
 }  // namespace quillet

@@ -29,9 +29,10 @@ frmcrtb::frmcrtb(Context& context) : Form(context.desk, "frmcrtb"), context_(con
 }
 
 void frmcrtb::showYear(const std::string& clientName) {
+  if (!close()) return;
   namedCode_ = context_.clientCode;
   clientName_ = clientName;
-  if (close()) show();
+  show();
 }
 
 bool frmcrtb::shows(const std::string& clientCode, const std::string& table) const {

@@ -198,6 +198,20 @@ class frmcrtb : public Form {
     double amount = 0;  // signed: credit is negative
   };
 
+  struct YearLine {
+    Year year = current;
+    Line line;
+  };
+
+  // What a save has taken out of a table to replace it. A save that fails leaves it out, and the
+  // next deed, in whatever year, puts it back first.
+  struct TakenOut {
+    Sql table;
+    Sql client;  // as it stands between quotes
+    std::vector<Line> lines;
+    std::vector<Line> standing;  // the client's others in the table
+  };
+
   void attachMenus();
   void attachGrids();
   void attachEntry();
@@ -211,6 +225,12 @@ class frmcrtb : public Form {
   void showPage(Frame& page);
 
   // Loading.
+  void takeContext();
+  void emptyYear();
+  void emptyLines();
+  void emptyGroups();
+  void emptyFigures();
+  void readRegisters();
   void findPreviousYear();
   void readSettings();
   void refuseWithoutTable();
@@ -221,14 +241,17 @@ class frmcrtb : public Form {
   std::vector<Line> selectLines(Year year);
   void fillNames(std::vector<Entry>& entries);
   void showEntries(std::vector<Entry> entries);
-  std::vector<std::string> cellsOf(const Entry& entry) const;
+  std::vector<std::string> cellsOf(std::size_t index) const;
   void setGridColumns();
   void reload();
   void reloadPage();
+  void showStored();
+  void showStored(View view);
   void loadLedgerList(const std::string& text);
   IdList ledgerIdsOfClient();
-  void selectSerial(Year year, long srno);
-  long serialAt(int row, Year year) const;
+  const Entry* selectedEntry() const;
+  std::optional<YearLine> selectedLine() const;
+  void selectLine(const YearLine& wanted);
   bool inView(Year year) const;
   Sql tableOf(Year year) const { return sqlName(tables_[year]); }
   bool hasTable() const { return !tables_[current].empty(); }
@@ -273,6 +296,7 @@ class frmcrtb : public Form {
   // Entry.
   void clearEntry();
   void leaveEntry();
+  void followAltered();
   void follow(TextBox& box, Grid& list);
   void moveList(TextBox& box, Grid& list, Key& key);
   void pickFromList(TextBox& box, Grid& list);
@@ -284,9 +308,16 @@ class frmcrtb : public Form {
   long groupId(const std::string& name);
   void addToLedgerList(const std::string& name);
   void saveLine();
-  long writeLine(long partId, long allId, double amount);
-  double mergeWithExisting(long partId, long allId, double amount);
-  void deleteLine(Year year, long srno);
+  void showSaved(const YearLine& saved);
+  void showFailure(Year year);
+  double takeOutReplaced(Year year, const Line& line);
+  void takeOut(Year year, const Line& line);
+  long nextSerial(Year year);
+  void insertRow(const Sql& table, const Sql& client, const Line& line);
+  Sql rowOf(Year year, const Line& line) const;
+  bool putBack();
+  bool canPutBack();
+  void tellTakenOut(const std::string& outcome);
   void hint(const std::string& text);
   void popup();
 
@@ -304,10 +335,15 @@ class frmcrtb : public Form {
   std::vector<std::string> ledgerKeys_;  // keys of vsfp's names, in its order
   std::vector<std::string> groupKeys_;   // keys of vsfg's names, in its order
   std::unordered_map<long, std::string> groupNames_;
+  // What could be read; the rest is read with the next refresh.
+  bool ledgersRead_ = false;
+  bool groupsRead_ = false;
+  bool linesRead_ = false;
 
-  Year entryYear_ = current;  // whose table the entry goes to
-  long alteredSerial_ = 0;    // 0 while a new line is entered
+  std::optional<YearLine> altered_;  // nothing while a new line is entered
   std::string alteredGroup_;
+  TakenOut takenOut_;
+  std::vector<Line> transferable_;  // what vsf3 was filled from, in the order it was filled
   int groupsShown_ = 1;
   bool written_ = false;                    // the report begun last is complete
   std::unique_ptr<StockForms> stockForms_;  // of the closing stock shown last

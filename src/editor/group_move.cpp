@@ -1,4 +1,6 @@
 // Moving all lines of a group to another one.
+#include <algorithm>
+
 #include "data/sql.h"
 #include "editor/frmcrtb.h"
 
@@ -7,11 +9,13 @@ namespace quillet {
 // Whatever its side, a line of the group moves.
 void frmcrtb::listForTransfer() {
   vsf3.clearRows();
+  transferable_.clear();
   for (const Line& line : lines_[yearInView()]) {
     if (line.allId != cbogroup.chosenData()) continue;
     vsf3.addRow({context_.host->GetPart_MastPartId(line.partId),
                  context_.host->formatgen(line.amount, "###0.00"), line.isCredit() ? "CR" : "DR",
-                 std::to_string(line.srno)});
+                 std::to_string(line.srno), std::to_string(transferable_.size())});
+    transferable_.push_back(line);
   }
 }
 
@@ -31,15 +35,22 @@ void frmcrtb::CMDUPDATE_CLICK() {
 }
 
 void frmcrtb::transfer(long target) {
-  const int serial = vsf3.columnNamed("SrNo");
-  for (int row = 1; row <= vsf3.rows(); ++row) {
-    context_.change("Update " + tableOf(yearInView()) + " set allid=" + sqlNumber(target) +
-                        " where code_no='" + client_ +
-                        "' and srno=" + sqlNumber(std::stol(vsf3.cell(row, serial))),
-                    "Flush Tables");
-  }
+  const Year year = yearInView();
+  const long source = cbogroup.chosenData();
+  const int index = vsf3.columnNamed("Line");
+  trap("CMDUPDATE_CLICK", [&] {
+    for (int row = 1; row <= vsf3.rows(); ++row) {
+      const Line& line = transferable_[std::stoul(vsf3.cell(row, index))];
+      context_.change("Update " + tableOf(year) + " set allid=" + sqlNumber(target) +
+                          " where code_no='" + client_ + "' and " + rowOf(year, line),
+                      "Flush Tables");
+    }
+  });
+  emptyLines();
   reload();
-  chooseGroup(target);
+  const bool left = std::any_of(lines_[year].begin(), lines_[year].end(),
+                                [&](const Line& line) { return line.allId == source; });
+  chooseGroup(left ? source : target);
 }
 
 }  // namespace quillet

@@ -22,7 +22,7 @@ std::vector<GridColumn> lineColumns() {
 void frmcrtb::attachGroupView() {
   for (Grid* grid : {&vsf1, &vsf2}) grid->setColumns(lineColumns());
   std::vector<GridColumn> columns = lineColumns();
-  columns.push_back({.heading = "SrNo", .hidden = true});
+  for (const char* id : {"SrNo", "Line"}) columns.push_back({.heading = id, .hidden = true});
   vsf3.setColumns(std::move(columns));
   mnugroup.Click = [this] { MNUGROUP_CLICK(); };
   cbogroup.Click = [this] { trap("CBOGROUP_CLICK", [&] { showGroups(1); }); };
@@ -57,21 +57,27 @@ void frmcrtb::LOADGROUPSEXISTS() {
 
 // Lists the groups that the lines use and shows this one, or the first when it has no lines.
 void frmcrtb::chooseGroup(long id) {
+  const long target = cbotgroup.chosenData();
+  emptyGroups();
   const Sql table = tableOf(yearInView());
   const auto rows =
       context_.query("Select distinct mast_allgrp.allid, mast_allgrp.allgrp from " + table +
                      " INNER JOIN mast_allgrp on " + table + ".allid=mast_allgrp.allid and " +
                      table + ".code_no = '" + client_ + "' order by allgrp");
-  cbogroup.clearItems();
   for (; !rows->EOF_(); rows->MoveNext()) cbogroup.addItem(rows->text(1), rows->integer(0));
   cbogroup.setChosen(std::max(1, cbogroup.findData(id)));
-  const long target = cbotgroup.chosenData();
-  cbotgroup.clearItems();
   for (int row = 1; row <= vsfg.rows(); ++row) {
     cbotgroup.addItem(vsfg.cell(row, 0), std::stol(vsfg.cell(row, 1)));
   }
   cbotgroup.setChosen(cbotgroup.findData(target));
   showGroups(groupsShown_);
+}
+
+void frmcrtb::emptyGroups() {
+  for (ComboBox* groups : {&cbogroup, &cbotgroup}) groups->clearItems();
+  for (Grid* grid : {&vsf1, &vsf2, &vsf3}) grid->clearRows();
+  transferable_.clear();
+  lblgroup.setCaption("");
 }
 
 // The chosen group and those that follow it in the list.
@@ -83,7 +89,7 @@ void frmcrtb::showGroups(int count) {
 void frmcrtb::LOADGRIDS() {
   trap("LOADGRIDS", [&] {
     const Busy busy(context_);
-    for (Grid* grid : {&vsf1, &vsf2}) grid->clearRows();
+    for (Grid* grid : {&vsf1, &vsf2, &vsf3}) grid->clearRows();
     for (int shown = 0; shown < groupsShown_ && cbogroup.chosen() > 0; ++shown) {
       const int position = cbogroup.chosen() + shown;
       for (Grid* grid : {&vsf1, &vsf2}) {
@@ -118,7 +124,7 @@ void frmcrtb::LOADGRID1(Grid& grid, long groupId, long side) {
 }
 
 void frmcrtb::CMDOK_CLICK() {
-  trap("CMDOK_CLICK", [&] { LOADGROUPSEXISTS(); });
+  trap("CMDOK_CLICK", [&] { REFRESHTB(); });
 }
 
 void frmcrtb::CMDADD_CLICK() {

@@ -14,7 +14,7 @@ void frmcrtb::MNUJOURNAL_CLICK() {
     // Vouchers have been posted into the lines that stand here, some of them on new ledgers.
     journal_->showModal([this] {
       LOADPARTICULARS();
-      REFRESHTB();
+      showStored();
     });
   });
 }

@@ -31,10 +31,13 @@ void sortByKey(std::vector<Entry>& entries, KeyOf keyOf) {
 
 // Largest amount first; the current year's counts before the previous year's.
 std::tuple<bool, double, double> amountKey(const Entry& entry) {
-  return {!entry.line[0].exists(), -entry.line[0].amount, -entry.line[1].amount};
+  const auto amount = [&](int year) { return entry.line[year] ? entry.line[year]->amount : 0; };
+  return {!entry.line[0], -amount(0), -amount(1)};
 }
 
 }  // namespace
+
+bool isSame(const Line& a, const Line& b) { return a.srno == b.srno && a.partId == b.partId; }
 
 std::vector<Line> readLines(Recordset& rows) {
   const int srno = rows.column("srno");

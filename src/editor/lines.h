@@ -1,6 +1,7 @@
 // The lines of a trial balance in memory: one year's, or those of two years side by side.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,25 +12,29 @@ namespace quillet {
 inline constexpr long debit = 1;
 inline constexpr long credit = 2;
 
-// One row of a year's table. A line that a year does not have has no serial number.
+// One row of a year's table.
 struct Line {
-  long srno = 0;
+  long srno = 0;  // 0 for a row that has no serial number
   long partId = 0;
   long allId = 0;
   double amount = 0;  // never negative
   long nid = debit;
 
-  bool exists() const { return srno != 0; }
   bool isCredit() const { return nid == credit; }
+  double balance() const { return isCredit() ? -amount : amount; }
+  bool operator==(const Line&) const = default;
 };
+
+// Whether that is still the line: its group, amount and side may have changed.
+bool isSame(const Line& a, const Line& b);
 
 // The lines of a particular and group: of the year in view, or of both years.
 struct Entry {
-  Line line[2];  // 0 current year, 1 previous year
+  std::optional<Line> line[2];  // 0 current year, 1 previous year
   std::string particular;
   std::string group;
 
-  const Line& any() const { return line[0].exists() ? line[0] : line[1]; }
+  const Line& any() const { return line[0] ? *line[0] : *line[1]; }
 };
 
 // The setting "TBSort".

@@ -19,10 +19,9 @@ constexpr const char* settings = "Settings";
 constexpr const char* amountFormat = "###0.00";
 constexpr const char* totalFormat = "#,##0.00";
 constexpr const char* absent = "-";
+constexpr const char* entryColumn = "Entry";  // hidden: the position of the row's entry
+constexpr const char* unread = "The lines could not be read. F5 tries again.";
 constexpr int amountWidth = 18;
-
-// The grid's hidden columns, counted from the last shown one.
-enum Hidden { serialColumn = 0, partIdColumn = 1, allIdColumn = 2, previousSerialColumn = 3 };
 
 // Fills a drop-down list, ordered as a person reads names; returns the keys it is searched by.
 std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string, long>> names) {
@@ -41,6 +40,11 @@ std::vector<std::string> fillList(Grid& list, std::vector<std::pair<std::string,
   return keys;
 }
 
+void emptyList(Grid& list, std::vector<std::string>& keys) {
+  list.clearRows();
+  keys.clear();
+}
+
 }  // namespace
 
 void frmcrtb::FORM_LOAD() {
@@ -48,35 +52,54 @@ void frmcrtb::FORM_LOAD() {
   trap("FORM_LOAD", [&] { settlePostings(context_); });
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
-    client_ = context_.host->escaped(context_.clientCode);
-    if (namedCode_ != context_.clientCode || clientName_.empty()) {
-      namedCode_ = context_.clientCode;
-      clientName_ = clientName(context_, context_.clientCode);
-    }
-    firstDate_ = context_.firstDate;
-    secondDate_ = context_.secondDate;
-    tables_[current] = context_.table;
-    for (std::vector<Line>& lines : lines_) lines.clear();
-    vsfm.clearRows();
-    clearEntry();
+    takeContext();
+    emptyYear();
     readSettings();
-    findPreviousYear();
-    setView(View::current);
-    showPage(famLines);
-    groupsShown_ = 1;
-    {
-      const Busy busy(context_);
-      LOADPARTICULARS();
-      LOADGROUPS();
-      if (hasTable()) LOADTRIALBAL();
-    }
-    SETBUTTON();
+    reload();
     if (!hasTable()) refuseWithoutTable();
   });
 }
 
-void frmcrtb::refuseWithoutTable() {
+void frmcrtb::takeContext() {
+  client_ = context_.host->escaped(context_.clientCode);
+  if (namedCode_ != context_.clientCode) clientName_.clear();
+  namedCode_ = context_.clientCode;
+  firstDate_ = context_.firstDate;
+  secondDate_ = context_.secondDate;
+  tables_[current] = context_.table;
+  tables_[previous].clear();
+}
+
+// Whatever statement fails while a year is opened, nothing of the year before is left.
+void frmcrtb::emptyYear() {
+  setCaption("Trial Balance");
+  emptyLines();
+  emptyGroups();
+  emptyFigures();
+  groupsShown_ = 1;
+  ledgersRead_ = groupsRead_ = false;
+  emptyList(vsfp, ledgerKeys_);
+  emptyList(vsfg, groupKeys_);
+  groupNames_.clear();
+  mnuyropts.setEnabled(false);
+  setView(View::current);
+  clearEntry();
+  showPage(famLines);
+  SETBUTTON();
+}
+
+void frmcrtb::emptyLines() {
   vsfm.clearRows();
+  entries_.clear();
+  for (std::vector<Line>& lines : lines_) lines.clear();
+  linesRead_ = false;
+  for (auto* totals : {&txttotdeb, &txttotcr}) {
+    for (auto& total : *totals) total->setText("");
+  }
+  for (TextBox* box : {&txtdiff, &txtdifft}) box->setText("");
+}
+
+void frmcrtb::refuseWithoutTable() {
   GETBALANCE();
   context_.MsgBox("Year not selected");
 }
@@ -89,6 +112,13 @@ void frmcrtb::readSettings() {
   const int option = stored.size() == 1 && stored >= "1" && stored <= "4" ? stored[0] - '0' : 1;
   sort_ = static_cast<SortOption>(option);
   for (auto& entry : mnusortopt) entry->setChecked(entry->index() == option - 1);
+}
+
+// What the registers say of client and year.
+void frmcrtb::readRegisters() {
+  if (!tables_[previous].empty()) return;
+  if (clientName_.empty()) clientName_ = clientName(context_, namedCode_);
+  findPreviousYear();
 }
 
 void frmcrtb::findPreviousYear() {
@@ -110,6 +140,9 @@ void frmcrtb::FORM_ACTIVE() {
 void frmcrtb::FORM_UNLOAD() {
   trap("FORM_UNLOAD", [&] {
     clearEntry();
+    if (!takenOut_.lines.empty()) {
+      tellTakenOut("It could not be written back. Opening the editor tries again.");
+    }
     vsfp.setVisible(false);
     vsfg.setVisible(false);
   });
@@ -119,6 +152,8 @@ void frmcrtb::FORM_UNLOAD() {
 
 void frmcrtb::LOADPARTICULARS() {
   trap("LOADPARTICULARS", [&] {
+    ledgersRead_ = false;
+    emptyList(vsfp, ledgerKeys_);
     context_.host->objProgress().Text1("Loading Ledger List....");
     Sql sql = "Select Distinct Particular From Mast_Part";
     bool any = true;
@@ -134,6 +169,7 @@ void frmcrtb::LOADPARTICULARS() {
       for (; !rows->EOF_(); rows->MoveNext()) names.emplace_back(rows->text(0), 0);
     }
     ledgerKeys_ = fillList(vsfp, std::move(names));
+    ledgersRead_ = true;
   });
 }
 
@@ -157,39 +193,49 @@ IdList frmcrtb::ledgerIdsOfClient() {
 
 void frmcrtb::LOADGROUPS() {
   trap("LOADGROUPS", [&] {
+    groupsRead_ = false;
+    emptyList(vsfg, groupKeys_);
+    groupNames_.clear();
     const auto rows = context_.query("select * from mast_allgrp order by allgrp");
     std::vector<std::pair<std::string, long>> names;
     for (; !rows->EOF_(); rows->MoveNext()) {
       names.emplace_back(rows->text("ALLGRP"), rows->integer("AllId"));
     }
-    groupNames_.clear();
     for (const auto& [name, id] : names) groupNames_.emplace(id, name);
     groupKeys_ = fillList(vsfg, std::move(names));
+    groupsRead_ = true;
   });
 }
 
 // --- the lines ----------------------------------------------------------------------------------
 
 void frmcrtb::LOADTRIALBAL() {
+  bool read = false;
   trap("LOADTRIALBAL", [&] {
     showCaption();
     SETBUTTONS();
     std::vector<Line> lines[2];
     readYears(lines);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
-    if (inView(current)) lines_[current] = std::move(lines[current]);
-    if (inView(previous)) lines_[previous] = std::move(lines[previous]);
     fillNames(entries);
     sortEntries(entries, sort_);
+    std::move(std::begin(lines), std::end(lines), std::begin(lines_));
     showEntries(std::move(entries));
     GETBALANCE();
+    read = linesRead_ = true;
   });
+  if (!read) {
+    hint(unread);
+  } else if (lblhint.caption() == unread) {
+    hint("");
+  }
+  if (read) followAltered();
 }
 
 void frmcrtb::readYears(std::vector<Line> (&lines)[2]) {
   if (inView(current)) {
     lines[current] = selectLines(current);
-    if (lines[current].empty() && tables_[previous] != trialBalancePrefix) {
+    if (lines[current].empty() && hasYear(previous) && takenOut_.lines.empty()) {
       lines[previous] = selectLines(previous);
       if (!lines[previous].empty() && importPreviousYear()) lines[current] = selectLines(current);
       if (!inView(previous)) lines[previous].clear();
@@ -210,9 +256,11 @@ bool frmcrtb::importPreviousYear() {
       context_.MsgBox("Do you want to Import \"Trail Balance\" from Previous F.Y. ?",
                       Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return false;
-  context_.change("Insert into " + tableOf(current) + " select * from " + tableOf(previous) +
-                      " where code_no='" + client_ + "'",
-                  "Flush Tables");
+  trap("LOADTRIALBAL", [&] {
+    context_.change("Insert into " + tableOf(current) + " select * from " + tableOf(previous) +
+                        " where code_no='" + client_ + "'",
+                    "Flush Tables");
+  });
   return true;
 }
 
@@ -225,13 +273,12 @@ void frmcrtb::fillNames(std::vector<Entry>& entries) {
 }
 
 void frmcrtb::showEntries(std::vector<Entry> entries) {
-  const Year year = inView(current) ? current : previous;
-  const long selected = vsfm.current() > 0 ? serialAt(vsfm.current(), year) : 0;
+  const auto selected = selectedLine();
   setGridColumns();
   entries_ = std::move(entries);
   vsfm.setRows(static_cast<int>(entries_.size()),
-               [this](int row) { return cellsOf(entries_[static_cast<std::size_t>(row - 1)]); });
-  selectSerial(year, selected);
+               [this](int row) { return cellsOf(static_cast<std::size_t>(row - 1)); });
+  if (selected) selectLine(*selected);
 }
 
 void frmcrtb::setGridColumns() {
@@ -248,46 +295,50 @@ void frmcrtb::setGridColumns() {
   } else {
     addYear("Amount");
   }
-  for (const char* id : {"SrNo", "PartId", "AllId", "SrNo (Prev)"}) {
+  for (const char* id : {"SrNo", "PartId", "AllId", entryColumn}) {
     columns.push_back({.heading = id, .hidden = true});
   }
   vsfm.setColumns(std::move(columns));
 }
 
-std::vector<std::string> frmcrtb::cellsOf(const Entry& entry) const {
+std::vector<std::string> frmcrtb::cellsOf(std::size_t index) const {
+  const Entry& entry = entries_[index];
   std::vector<std::string> cells;
   cells.reserve(static_cast<std::size_t>(vsfm.cols()));
   cells.push_back(entry.particular);
   cells.push_back(entry.group);
   for (const Year year : {current, previous}) {
     if (!inView(year)) continue;
-    const Line& line = entry.line[year];
-    cells.push_back(line.exists() ? context_.host->formatgen(line.amount, amountFormat) : absent);
-    cells.emplace_back(!line.exists() ? absent : line.isCredit() ? "CR" : "DR");
+    const auto& line = entry.line[year];
+    cells.push_back(line ? context_.host->formatgen(line->amount, amountFormat) : absent);
+    cells.emplace_back(!line ? absent : line->isCredit() ? "CR" : "DR");
   }
-  const bool both = view_ == View::both;
-  cells.push_back(std::to_string(both ? entry.line[current].srno : entry.any().srno));
-  cells.push_back(std::to_string(entry.any().partId));
-  cells.push_back(std::to_string(entry.any().allId));
-  if (both) cells.push_back(std::to_string(entry.line[previous].srno));
+  for (const long id : {entry.any().srno, entry.any().partId, entry.any().allId}) {
+    cells.push_back(std::to_string(id));
+  }
+  cells.push_back(std::to_string(index));
   return cells;
 }
 
-long frmcrtb::serialAt(int row, Year year) const {
-  if (!inView(year)) return 0;
-  const int firstHidden = view_ == View::both ? 6 : 4;
-  const bool secondYear = view_ == View::both && year == previous;
-  const std::string& text =
-      vsfm.cell(row, firstHidden + (secondYear ? previousSerialColumn : serialColumn));
-  return text.empty() ? 0 : std::stol(text);
+// A person may have sorted the rows.
+const Entry* frmcrtb::selectedEntry() const {
+  const int row = vsfm.current();
+  if (row == 0) return nullptr;
+  return &entries_[std::stoul(vsfm.cell(row, vsfm.columnNamed(entryColumn)))];
+}
+
+std::optional<frmcrtb::YearLine> frmcrtb::selectedLine() const {
+  const Entry* entry = selectedEntry();
+  if (!entry) return std::nullopt;
+  return YearLine{entry->line[current] ? current : previous, entry->any()};
 }
 
 // Of lines that were just shown: their rows stand in the order of the entries.
-void frmcrtb::selectSerial(Year year, long srno) {
+void frmcrtb::selectLine(const YearLine& wanted) {
   const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-    return entry.line[year].srno == srno;
+    return entry.line[wanted.year] && isSame(*entry.line[wanted.year], wanted.line);
   });
-  if (srno == 0 || found == entries_.end()) return;
+  if (found == entries_.end()) return;
   vsfm.setCurrent(static_cast<int>(found - entries_.begin()) + 1);
 }
 
@@ -323,10 +374,19 @@ void frmcrtb::GETBALANCE() {
 void frmcrtb::REFRESHTB() {
   trap("REFRESHTB", [&] {
     reload();
-    GETBALANCE();
     reloadPage();
-    SETBUTTON();
   });
+}
+
+void frmcrtb::showStored() { showStored(view_); }
+
+// After a change: what stood before is not to be taken for what is stored when reading fails.
+void frmcrtb::showStored(View view) {
+  const auto selected = selectedLine();
+  emptyLines();
+  setView(view);
+  REFRESHTB();
+  if (selected) selectLine(*selected);
 }
 
 // What stands beside the lines is drawn from them.
@@ -335,10 +395,15 @@ void frmcrtb::reloadPage() {
   if (famSummary.visible()) LOADFIGS();
 }
 
+// Reads the lines, and what an attempt before this one could not read.
 void frmcrtb::reload() {
-  if (!hasTable()) return;
   const Busy busy(context_);
-  LOADTRIALBAL();
+  if (hasTable() && !linesRead_) hint(unread);
+  readRegisters();
+  if (!ledgersRead_) LOADPARTICULARS();
+  if (!groupsRead_) LOADGROUPS();
+  if (hasTable()) LOADTRIALBAL();
+  SETBUTTON();
 }
 
 // --- views and settings -------------------------------------------------------------------------
@@ -373,11 +438,7 @@ void frmcrtb::setView(View view) {
 void frmcrtb::MNUYRS_CLICK(int index) {
   trap("MNUYRS_CLICK", [&] {
     leaveEntry();
-    setView(static_cast<View>(index));
-    vsfm.clearRows();
-    reload();
-    reloadPage();
-    SETBUTTON();
+    showStored(static_cast<View>(index));
   });
 }
 
@@ -410,15 +471,16 @@ void frmcrtb::SETBUTTON() {
   trap("SETBUTTON", [&] {
     const bool lines = hasTable() && famLines.visible();
     const bool selected = lines && vsfm.current() > 0;
+    const bool read = hasTable() && linesRead_ && groupsRead_;
     mnuinsert.setEnabled(lines);
     mnualter.setEnabled(selected);
     mnudelete.setEnabled(selected);
     mnugroup.setEnabled(hasTable());
     mnushsumm.setEnabled(hasTable());
-    mnuPreview.setEnabled(hasTable());
+    mnuPreview.setEnabled(read);
     mnuprnsumm.setEnabled(hasTable());
-    mnuexport.setEnabled(hasTable());
-    cmdexport.setEnabled(hasTable());
+    mnuexport.setEnabled(read);
+    cmdexport.setEnabled(read);
     for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setEnabled(hasTable());
     cmdadd.setEnabled(cbogroup.chosen() + groupsShown_ <= cbogroup.size());
     cmdless.setEnabled(groupsShown_ > 1);

@@ -17,8 +17,8 @@ void frmcrtb::MNUNEWGROUP_CLICK() {
       LOADGROUPS();
       if (form.linesTouched()) {
         refreshShownLines();
-      } else if (famGroups.visible()) {
-        LOADGROUPSEXISTS();
+      } else {
+        reloadPage();
       }
       if (!form.newGroup().empty()) txtgroup.setText(form.newGroup());
     });
@@ -39,7 +39,11 @@ void frmcrtb::mastersChanged() {
 
 // Where no line is shown no name is stale, and loading an empty year would offer the import again.
 void frmcrtb::refreshShownLines() {
-  if (vsfm.rows() > 0) REFRESHTB();
+  if (vsfm.rows() > 0 || !linesRead_) {
+    showStored();
+  } else {
+    reloadPage();
+  }
 }
 
 void frmcrtb::CMDGRPMANF_CLICK() {

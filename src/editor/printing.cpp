@@ -23,8 +23,8 @@ void frmcrtb::MNUPREVIEW_CLICK() {
 
 void frmcrtb::CMDPRNSUMM_CLICK() {
   trap("CMDPRNSUMM_CLICK", [&] {
-    if (!famSummary.visible()) LOADFIGS();
-    showReport([this] { REPORT_SUMM(); });
+    if (!famSummary.visible() || vsfr.rows() == 0) LOADFIGS();
+    if (vsfr.rows() > 0) showReport([this] { REPORT_SUMM(); });
   });
 }
 

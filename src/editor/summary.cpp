@@ -49,12 +49,21 @@ void frmcrtb::MNUSHSUMM_CLICK() {
 }
 
 void frmcrtb::LOADFIGS() {
+  const int selected = vsfr.current();
+  emptyFigures();
   trap("LOADFIGS", [&] {
     const Busy busy(context_);
     std::array<SummaryRow, summaryRows> figures[2];
     for (const Year year : {current, previous}) figures[year] = summaryOf(readBalances(year));
     showFigures(figures[current], figures[previous]);
+    vsfr.setCurrent(selected);
   });
+  if (vsfr.rows() == 0) emptyFigures();
+}
+
+void frmcrtb::emptyFigures() {
+  vsfr.clearRows();
+  for (auto& box : txtclst) box->setText("");
 }
 
 Balances frmcrtb::readBalances(Year year) {
@@ -101,14 +110,11 @@ void frmcrtb::showFigures(const std::array<SummaryRow, summaryRows>& thisYear,
   const auto shown = [&](const std::optional<double>& figure) {
     return figure ? context_.host->formatgen(*figure, figureFormat) : noFigure;
   };
-  const int selected = vsfr.current();
-  vsfr.clearRows();
   for (std::size_t i = 0; i < thisYear.size(); ++i) {
     const int row = vsfr.addRow(
         {std::string(thisYear[i].caption), shown(thisYear[i].value), shown(yearBefore[i].value)});
     vsfr.setRowEmphasised(row, thisYear[i].result);
   }
-  vsfr.setCurrent(selected);
 }
 
 // --- closing stock ------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // An editor open on a client's year, with one more client in the same tables.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,45 @@ class EditorTest : public PracticeTest {
                     const std::string& amount, const std::string& side) {
     fill(form, ledger, group, amount, side);
     form.press(keys::Enter);
+  }
+
+  // All that the form's controls hold, shown or not, by their names.
+  static Rows held(const Form& form) {
+    Rows all{{form.caption()}};
+    for (const Control* control : form.controls()) {
+      auto& cells = all.emplace_back(std::vector<std::string>{control->name(), control->text()});
+      if (const auto* choice = dynamic_cast<const Choice*>(control)) {
+        cells.insert(cells.end(), choice->items().begin(), choice->items().end());
+      }
+      const auto* grid = dynamic_cast<const Grid*>(control);
+      for (auto& row : grid ? shown(*grid) : Rows{}) {
+        cells.insert(cells.end(), row.begin(), row.end());
+      }
+    }
+    return all;
+  }
+  // What of it contains the text.
+  static Rows holding(const Form& form, const std::string& text) {
+    Rows found = held(form);
+    std::erase_if(found, [&](const auto& cells) {
+      return std::none_of(cells.begin(), cells.end(), [&](const std::string& cell) {
+        return cell.find(text) != std::string::npos;
+      });
+    });
+    return found;
+  }
+
+  // What the grid of lines has to show of a year, in the order of their serial numbers.
+  Rows toBeShown(const std::string& table) {
+    Rows lines;
+    for (const auto& line : stored(table)) {
+      lines.push_back({line[1], line[2], host().formatgen(std::stod(line[3]), "###0.00"),
+                       line[4] == "2" ? "CR" : "DR"});
+    }
+    return lines;
+  }
+  static Rows totals(const frmcrtb& form, int year = 0) {
+    return {{form.txttotdeb[year].text(), form.txttotcr[year].text()}};
   }
 
   Rows stored(const std::string& table, const std::string& client = "C1") {

@@ -212,7 +212,8 @@ TEST_F(EntryTest, KeepsAwkwardNamesExactly) {
 TEST_F(EntryTest, TheSideIsProposedFromTheGroup) {
   const struct {
     const char *group, *side;
-  } cases[] = {{"BANKS", "DR"}, {"RENT", "DR"}, {"CAPITAL", "CR"}, {"SALES", "CR"}};
+  } cases[] = {
+      {"BANKS", "DR"}, {"RENT", "DR"}, {"CAPITAL", "CR"}, {"SALES", "CR"}, {" RENT ", "DR"}};
   for (const auto& c : cases) {
     type(form.txtpart, "x");
     type(form.txtgroup, c.group);
@@ -346,30 +347,386 @@ TEST_F(EntryTest, BothYearsDeleteInBothTablesAndEnterIntoTheCurrentOne) {
   EXPECT_EQ(shown(both.vsfm).size(), 2U);
 }
 
-TEST_F(EntryTest, AFailureInTheMiddleIsLoggedAndEnterTriesAgain) {
-  enter(form, "Rent", "RENT", "40", "D");
-  failEachStatement(
-      {.what = "entering a pair that is there",
-       .arrange =
-           [&] {
-             exec("delete from TAB_1");
-             exec("insert into TAB_1 values(1,'C1'," + std::to_string(ledger("Rent")) + "," +
-                  std::to_string(group("RENT")) + ",40,1)");
-             form.REFRESHTB();
-             fill(form, "Rent", "RENT", "2", "D");
-           },
-       .act = [&] { form.press(keys::Enter); },
-       .next = {{"Enter again",
-                 [&] { form.press(keys::Enter); },
-                 {},
-                 [&] {
-                   EXPECT_EQ(stored().size(), 1U);
-                   EXPECT_TRUE(messages().empty());
-                 }}},
-       .place = "frmcrtb\tTXTDRCR_KEYPRESS",
-       .behind = 2,
-       .check =
-           [&] { EXPECT_EQ(form.txtamount.text(), "2.00") << "what was typed is still there"; }});
+// A line goes into the year in view, wherever the view has been before.
+TEST_F(EntryTest, ALineGoesIntoTheYearInView) {
+  const std::string last = addYear("C1", 2007, {{"Old", "BANKS", 9}});
+  const std::string other = addYear("C2", 2008);
+  enter(form, "Now", "RENT", "1", "D");
+  open("C1", 2008);
+  const struct {
+    const char* ledger;
+    int view;
+    const std::string& table;
+  } cases[] = {{"A", 1, last}, {"B", 0, table}, {"C", 2, table}, {"D", 1, last}};
+  for (const auto& c : cases) {
+    form.vsfm.setCurrent(1);
+    form.click(form.mnuyrs[c.view]);
+    enter(form, c.ledger, "RENT", "1", "D");
+    EXPECT_EQ(EditorTest::stored(c.table).back()[1], c.ledger);
+    EXPECT_EQ(form.vsfm.cell(form.vsfm.find(0, c.ledger), 2), "1.00");
+  }
+  // The editor was left in the view of the previous year, which the other client does not have.
+  open("C2", 2008);
+  enter(form, "E", "RENT", "1", "D");
+  EXPECT_EQ(EditorTest::stored(other, "C2").size(), 1U);
+  EXPECT_EQ(log(), Statements{});
+}
+
+// Whatever statement of a save fails: what is stored is shown, Enter again ends where the save
+// would have ended, and any other deed begins with the books as they were before the save.
+TEST_F(EntryTest, AfterAFailedSaveTheBooksEndRight) {
+  const std::string last = addYear("C1", 2007, {{"Rent", "RENT", 7}});
+  addYear("C2", 2008, {{"Other", "BANKS", 77}});
+  const auto line = [&](int srno, const char* name, const char* of, const char* rest) {
+    exec("insert into " + table + " values(" + std::to_string(srno) + ",'C1'," +
+         std::to_string(ledger(name)) + "," + std::to_string(group(of)) + "," + rest + ")");
+  };
+  const auto books = [&](bool twice) {
+    exec("delete from " + table);
+    line(1, "Rent", "RENT", "100,1");
+    line(2, "Bank", "BANKS", "5,2");
+    if (twice) line(3, "Rent", "RENT", "11,2");
+    open("C1", 2008);
+  };
+  const auto alter = [&](int row) {
+    form.vsfm.setCurrent(row);
+    form.click(form.mnualter);
+  };
+  const struct {
+    const char* what;
+    std::function<void()> arrange;
+    bool allDeeds = false;
+  } saves[] = {{"a new pair",
+                [&] {
+                  books(false);
+                  fill(form, "Fresh", "BANKS", "10", "D");
+                }},
+               {"a pair that is there",
+                [&] {
+                  books(false);
+                  fill(form, "Rent", "RENT", "40", "C");
+                }},
+               {"a pair of two rows",
+                [&] {
+                  books(true);
+                  fill(form, "Rent", "RENT", "40", "C");
+                }},
+               {"a pair that comes to nothing",
+                [&] {
+                  books(false);
+                  fill(form, "Rent", "RENT", "100", "C");
+                }},
+               {"an altered amount",
+                [&] {
+                  books(false);
+                  alter(1);
+                  type(form.txtamount, "150");
+                  form.focus(form.txtdrcr);
+                }},
+               {"a line altered onto another's pair",
+                [&] {
+                  books(false);
+                  alter(2);
+                  fill(form, "Rent", "RENT", "5", "C");
+                },
+                true},
+               {"the only line", [&] {
+                  exec("delete from " + table);
+                  line(4, "Rent", "RENT", "100,1");
+                  open("C1", 2008);
+                  alter(1);
+                  fill(form, "Rent", "BANKS", "90", "D");
+                }}};
+  const auto back = [&](const std::string& client) {
+    return [&, client] {
+      open(client, 2008);
+      open("C1", 2008);
+    };
+  };
+  const auto otherYear = [&] {
+    form.click(form.mnuyrs[1]);
+    enter(form, "Rent", "RENT", "1", "D");
+    form.click(form.mnuyrs[0]);
+  };
+  const auto pick = [&](const char* name) {
+    form.press(keys::Escape);
+    const int row = form.vsfm.find(0, name);
+    if (row != 0) form.vsfm.setCurrent(row);
+  };
+  const Continuation again{"Enter", [&] { form.press(keys::Enter); }};
+  const auto refreshAndEnter = [&] {
+    form.click(form.mnurefresh);
+    form.press(keys::Enter);
+  };
+  std::vector<Continuation> others{
+      {"Escape", [&] { form.press(keys::Escape); }},
+      {"closing and opening", back("C1")},
+      {"F5 and Enter", refreshAndEnter},
+      {"another line", [&] { enter(form, "Bank", "BANKS", "3", "D"); }},
+      {"the other year", otherYear},
+      {"another client", back("C2")},
+      {"altering",
+       [&] {
+         pick("Rent");
+         form.click(form.mnualter);
+         type(form.txtamount, "8");
+         form.focus(form.txtdrcr);
+         form.press(keys::Enter);
+       }},
+      {"deleting",
+       [&] {
+         pick("Rent");
+         dialogs.queueAnswer(Answer::Yes);
+         form.click(form.mnudelete);
+       }},
+      {"the group view", [&] { form.click(form.mnugroup); }},
+      {"the journal", [&] {
+         form.click(form.mnujournal);
+         dialogs.queueAnswer(Answer::Yes);
+         form.desk().find("frmjrnl")->close();
+       }}};
+  for (Continuation& other : others) other.instead = other.act;
+  for (const auto& save : saves) {
+    FailingDeed deed{
+        .what = save.what,
+        .arrange =
+            [&] {
+              exec("delete from " + last + " where partid<>" + std::to_string(ledger("Rent")));
+              exec("update " + last + " set amt=7");
+              save.arrange();
+            },
+        .act = [&] { form.press(keys::Enter); },
+        .result =
+            [&] {
+              Rows all = EditorTest::stored(table);
+              for (const Rows& more :
+                   {EditorTest::stored(last), shown(form.vsfm), shown(form.vsf1), totals(form)}) {
+                all.insert(all.end(), more.begin(), more.end());
+              }
+              return all;
+            },
+        .next = {again},
+        .place = "frmcrtb\tTXTDRCR_KEYPRESS",
+        .stops = false,
+        .behind = 1,
+        .check = [&] { EXPECT_EQ(shown(form.vsfm), toBeShown(table)); }};
+    failEachStatement(deed);
+    // Behind its insert the line is stored: there is nothing to go back from.
+    deed.behind = 2;
+    deed.next = {others[0], others[1]};
+    if (save.allDeeds) deed.next = others;
+    failEachStatement(deed);
+  }
+}
+
+// Nothing is lost without a word when the way back fails too, or leads into other books.
+TEST_F(EntryTest, WhatCannotBePutBackIsNamed) {
+  const std::string line = "Rent, RENT, 100.00 DR\r\nwas taken out by a save that failed. ";
+  const std::string changed =
+      line + "The books have changed since. Please enter it again if it is missing.";
+  const struct {
+    const char* what;
+    std::function<void()> between;
+    Statements told;
+    std::size_t rows;  // of Rent, after the editor was closed and opened
+  } cases[] = {{"nothing", [] {}, {}, 1},
+               {"a second failure",
+                [&] { host().statements().failNext("insert into"); },
+                {line + "It could not be written back. Opening the editor tries again."},
+                1},
+               {"entered elsewhere",
+                [&] {
+                  exec("insert into TAB_1 values(3,'C1'," + std::to_string(ledger("Rent")) + "," +
+                       std::to_string(group("RENT")) + ",100,1)");
+                },
+                {changed},
+                1},
+               {"the group is gone",
+                [&] { exec("delete from mast_allgrp where allgrp='RENT'"); },
+                {changed},
+                0},
+               {"the year is gone",
+                [&] {
+                  exec("delete from TAB_1");
+                  exec("delete from master where code_no='C1'");
+                },
+                {},
+                0}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    exec("delete from TAB_1");
+    exec("delete from master");
+    addYear("C1", 2008);
+    group("RENT", 22);
+    open("C1", 2008);
+    enter(form, "Rent", "RENT", "100", "D");
+    host().statements().failNext("insert into");
+    enter(form, "Rent", "RENT", "40", "C");
+    EXPECT_EQ(stored(), Rows{});
+    c.between();
+    form.close();
+    EXPECT_EQ(messages(), c.told);
+    form.show();
+    EXPECT_EQ(value("select count(*) from TAB_1"), std::to_string(c.rows));
+    form.close();
+    messages();
+  }
+}
+
+// A row that has no serial number, or shares it, is a line like any other.
+TEST_F(EntryTest, LinesWithoutANumberOfTheirOwnAreLikeAnyOther) {
+  const std::string last = addYear("C1", 2007, {{"Old", "BANKS", 9}});
+  exec("update " + last + " set srno=null");
+  const auto names = [&](const std::string& of) {
+    std::vector<std::string> all;
+    for (const auto& row : rows("select particular,amt from " + of +
+                                " t join mast_part p on p.partid=t.partid where code_no='C1' "
+                                "order by particular,amt")) {
+      all.push_back(row[0] + ' ' + row[1]);
+    }
+    return all;
+  };
+  const char* const ledgers[] = {"A", "B", "C", "D", "D", "E"};
+  const std::vector<std::string> whole{"A 10", "B 11", "C 12", "D 13", "D 13", "E 15"};
+  const char* const numbers[] = {"0", "null", "5", "5", "5", "6"};
+  const auto begin = [&] {
+    exec("delete from " + table);
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      exec("insert into " + table + " values(" + numbers[i] + ",'C1'," +
+           std::to_string(ledger(ledgers[i])) + "," + std::to_string(group("RENT")) + "," +
+           whole[i].substr(2) + ",1)");
+    }
+    open("C1", 2008);
+  };
+  for (const int view : {0, 2}) {
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+      SCOPED_TRACE(whole[i]);
+      std::vector<std::string> rest = whole;
+      rest.erase(std::find(rest.begin(), rest.end(), whole[i]));
+      begin();
+      form.click(form.mnuyrs[view]);
+      form.vsfm.sortBy(2);
+      EXPECT_EQ(form.vsfm.rows(), view == 2 ? 7 : 6);
+      form.vsfm.setCurrent(form.vsfm.find(0, ledgers[i]));
+      form.click(form.mnualter);
+      type(form.txtpart, "Z");
+      form.focus(form.txtdrcr);
+      form.press(keys::Enter);
+      std::vector<std::string> altered = rest;
+      altered.push_back("Z" + whole[i].substr(1));
+      EXPECT_EQ(names(table), altered);
+      begin();
+      form.click(form.mnuyrs[view]);
+      form.vsfm.setCurrent(form.vsfm.find(0, ledgers[i]));
+      dialogs.queueAnswer(Answer::Yes);
+      form.click(form.mnudelete);
+      EXPECT_EQ(names(table), rest);
+      EXPECT_EQ(form.vsfm.rows(), view == 2 ? 6 : 5);
+    }
+  }
+  begin();
+  form.click(form.mnugroup);
+  form.cbogroup.choose(form.cbogroup.find("RENT"));
+  form.cbotgroup.choose(form.cbotgroup.find("SALES"));
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(form.cbogroup.items(), std::vector<std::string>{"SALES"});
+  EXPECT_EQ(form.vsf3.rows(), 6);
+  // The previous year's, in its own view.
+  open("C1", 2008).click(form.mnuyrs[1]);
+  form.vsfm.setCurrent(1);
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.mnudelete);
+  EXPECT_EQ(names(last), std::vector<std::string>{});
+}
+
+// A deletion, a transfer and an import that fail leave on the screen what they left in the tables.
+TEST_F(EntryTest, AfterAFailureTheScreenShowsWhatIsStored) {
+  const std::string last = addYear("C1", 2007);
+  const auto fillTable = [&](const std::string& of, std::initializer_list<const char*> ledgers) {
+    exec("delete from " + of);
+    int srno = 0;
+    for (const char* name : ledgers) {
+      exec("insert into " + of + " values(" + std::to_string(++srno) + ",'C1'," +
+           std::to_string(ledger(name)) + "," + std::to_string(group("RENT")) + ",3,1)");
+    }
+  };
+  const auto yes = [&] { dialogs.queueAnswer(Answer::Yes); };
+  const auto screen = [&] {
+    const Rows before = held(form);
+    form.click(form.mnurefresh);
+    EXPECT_EQ(before, held(form));
+  };
+  const auto books = [&] {
+    Rows all = EditorTest::stored(table);
+    for (const Rows& more : {EditorTest::stored(last), held(form)}) {
+      all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
+  };
+  const auto removeRent = [&] {
+    yes();
+    form.vsfm.setCurrent(form.vsfm.find(0, "Rent"));
+    form.click(form.mnudelete);
+    dialogs.clear();
+  };
+  failEachStatement({.what = "deleting in both years",
+                     .arrange =
+                         [&] {
+                           fillTable(last, {"Rent", "Bank"});
+                           fillTable(table, {"Cash", "Rent", "Bank"});
+                           open("C1", 2008).click(form.mnuyrs[2]);
+                         },
+                     .act = removeRent,
+                     .result = books,
+                     .next = {{"again", removeRent}},
+                     .place = "frmcrtb\tMNUDELETE_CLICK",
+                     .stops = false,
+                     .behind = 2,
+                     .check = screen});
+  const auto move = [&] {
+    if (form.cbogroup.find("RENT") == 0) return;
+    form.cbogroup.choose(form.cbogroup.find("RENT"));
+    form.cbotgroup.choose(form.cbotgroup.find("BANKS"));
+    yes();
+    form.click(form.cmdupdate);
+  };
+  failEachStatement({.what = "moving a group",
+                     .arrange =
+                         [&] {
+                           fillTable(last, {});
+                           fillTable(table, {"Cash", "Rent"});
+                           open("C1", 2008).click(form.mnugroup);
+                           form.cbogroup.choose(form.cbogroup.find("RENT"));
+                           form.cbotgroup.choose(form.cbotgroup.find("BANKS"));
+                           yes();
+                         },
+                     .act = [&] { form.click(form.cmdupdate); },
+                     .result = books,
+                     .next = {{"again", move}},
+                     .place = "frmcrtb\tCMDUPDATE_CLICK",
+                     .stops = false,
+                     .behind = 4,
+                     .check = screen});
+  const auto refresh = [&] {
+    if (value("select count(*) from " + table) == "0") yes();
+    form.click(form.mnurefresh);
+  };
+  failEachStatement({.what = "importing",
+                     .arrange =
+                         [&] {
+                           fillTable(last, {"Rent", "Bank"});
+                           fillTable(table, {"Cash"});
+                           open("C1", 2008);
+                           exec("delete from " + table);
+                           yes();
+                         },
+                     .act = [&] { form.click(form.mnurefresh); },
+                     .result = books,
+                     .next = {{"again", refresh}},
+                     .place = "frmcrtb\tLOADTRIALBAL",
+                     .stops = false,
+                     .behind = 1});
 }
 
 TEST_F(EntryTest, ALedgerThatCannotBeMadeIsNamed) {

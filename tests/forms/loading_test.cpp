@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "forms/editor_fixture.h"
+#include "support/recording_reporter.h"
 
 namespace quillet::support {
 namespace {
@@ -209,6 +210,103 @@ TEST_F(LoadingTest, AFailingStatementIsOneLineOfTheLogAndKeepsWhatIsShown) {
   EXPECT_EQ(form.vsfm.rows(), 1);
   EXPECT_TRUE(form.visible());
   EXPECT_FALSE(frontEnd.busy);
+}
+
+// Whatever statement fails while another client or view is opened over the first, nothing of the
+// first is on any page of the form or on paper; the next refresh reads what is missing.
+TEST_F(LoadingTest, AFailedOpeningLeavesNothingOfWhatWasShownBefore) {
+  addYear("C1", 2007, {{"Yak", "CAPITAL", -6006}, {"Yak", "BANKS", 6006}});
+  const std::string table =
+      addYear("C1", 2008, {{"Zebra", "CAPITAL", -7117}, {"Zebra", "BANKS", 7117}});
+  exec("insert into " + siblingTable(table, "TRADE_") +
+       "(code_no,partid,allid,amt) values('C1',1,1,7117)");
+  for (const int year : {2007, 2008}) addYear("C2", year, {{"Lion", "CAPITAL", -5}});
+  frmcrtb& form = open("C1", 2008);
+  // Every page has been looked at; the last one stays, and an entry is begun where it can be.
+  const auto lookAt = [&](int view, Frame& last) {
+    open("C1", 2008);
+    form.click(form.mnuyrs[view]);
+    form.click(form.mnushsumm);
+    form.click(form.mnugroup);
+    if (&last != &form.famLines) return;
+    form.click(form.mnugroup);
+    type(form.txtpart, "Zebra");
+  };
+  const auto expectNothingOf = [&](const std::vector<std::string>& texts) {
+    const RecordingReporter::Recording paper(context());
+    for (MenuEntry* print : {&form.mnuPreview, &form.mnuprnsumm}) form.click(*print);
+    log();
+    for (const std::string& text : texts) {
+      EXPECT_EQ(holding(form, text), Rows{});
+      for (const auto& call : paper.calls()) EXPECT_EQ(call.find(text), std::string::npos) << call;
+    }
+  };
+  FailingDeed deed{.what = "",
+                   .act = {},
+                   .result =
+                       [&] {
+                         form.LOADFIGS();
+                         return held(form);
+                       },
+                   .next = {{"F5", [&] { form.click(form.mnurefresh); }}},
+                   .place = "frmcrtb",
+                   .stops = false};
+  for (const int view : {0, 1, 2}) {
+    deed.what = "another client over view " + std::to_string(view);
+    deed.arrange = [&, view] {
+      lookAt(view, form.famLines);
+      form.close();
+      select("C2", 2008);
+    };
+    deed.act = [&] { practice.forms().ObjCreate()->show(); };
+    deed.check = [&] { expectNothingOf({"Zebra", "Yak", "7,117", "7117", "6,006", "Asha"}); };
+    failEachStatement(deed);
+  }
+  for (Frame* page : {&form.famLines, &form.famGroups}) {
+    deed.what = "the previous year in " + page->name();
+    deed.arrange = [&, page] { lookAt(0, *page); };
+    deed.act = [&] { form.click(form.mnuyrs[1]); };
+    deed.check = [&] {
+      for (const Grid* grid : {&form.vsfm, &form.vsf1, &form.vsf2, &form.vsf3}) {
+        const Rows lines = grid->shown() ? shown(*grid) : Rows{};
+        for (const auto& line : lines) EXPECT_NE(line[0], "Zebra") << grid->name();
+      }
+      EXPECT_EQ(form.vsfm.rows() == 0, form.txttotdeb[1].text().empty());
+    };
+    failEachStatement(deed);
+  }
+}
+
+// Figures that could not be read to the end are neither shown nor printed.
+TEST_F(LoadingTest, FailedFiguresAreEmpty) {
+  addYear("C1", 2008, {{"Zebra", "CAPITAL", -7117}});
+  addYear("C2", 2008, {{"Lion", "CAPITAL", -5}});
+  frmcrtb& form = open("C1", 2008);
+  const auto print = [&] {
+    const RecordingReporter::Recording paper(context());
+    form.click(form.mnuprnsumm);
+    return paper.calls().size();
+  };
+  for (const bool onScreen : {true, false}) {
+    failEachStatement({.what = onScreen ? "showing the figures" : "printing them",
+                       .arrange =
+                           [&] {
+                             open("C1", 2008).click(form.mnushsumm);
+                             open("C2", 2008);
+                           },
+                       .act =
+                           [&] {
+                             if (onScreen) {
+                               form.click(form.mnushsumm);
+                             } else {
+                               print();
+                             }
+                           },
+                       .result = [&] { return shown(form.vsfr); },
+                       .next = {{"printing", [&] { EXPECT_GT(print(), 20U); }}},
+                       .place = "frmcrtb\tLOADFIGS",
+                       .check = [&] { EXPECT_EQ(form.vsfr.rows(), 0); }});
+  }
 }
 
 }  // namespace

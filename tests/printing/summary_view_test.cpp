@@ -389,23 +389,6 @@ TEST_F(SummaryViewTest, LinesMoveToAnotherGroupOneStatementEach) {
             "1");
 }
 
-TEST_F(SummaryViewTest, AFailedTransferStopsAndIsLogged) {
-  frmcrtb& form = open("C1", 2008);
-  form.click(form.mnugroup);
-  form.cbogroup.choose(form.cbogroup.find("SALES"));
-  form.cbotgroup.choose(form.cbotgroup.find("RENT"));
-  host().statements().failNext("srno=2");
-  dialogs.queueAnswer(Answer::Yes);
-  form.click(form.cmdupdate);
-  ASSERT_EQ(log().size(), 1U);
-  EXPECT_EQ(stored(current)[1][2], "SALES");
-  // Trying again completes it.
-  dialogs.queueAnswer(Answer::Yes);
-  form.click(form.cmdupdate);
-  EXPECT_EQ(stored(current)[1][2], "RENT");
-  EXPECT_TRUE(log().empty());
-}
-
 TEST_F(SummaryViewTest, OneMoreGroupAndOneFewer) {
   frmcrtb& form = open("C1", 2008);
   form.click(form.mnugroup);
