@@ -3,8 +3,13 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "desktop/busy_panel.h"
 #include "desktop/form_window.h"
@@ -87,6 +92,20 @@ void likeParent(QWidget& dialog) {
   if (dialog.parentWidget()) dialog.setFont(dialog.parentWidget()->font());
 }
 
+// A text too long for the screen is read by scrolling, so that the buttons stay in sight.
+void scrollLongText(QMessageBox& box) {
+  auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  const int most = box.screen()->availableSize().height() / 2;
+  if (!text || !box.layout() || text->sizeHint().height() <= most) return;
+  auto* area = new QScrollArea(&box);
+  area->setObjectName(QStringLiteral("longtext"));
+  area->setFrameShape(QFrame::NoFrame);
+  delete box.layout()->replaceWidget(text, area);
+  area->setWidget(text);
+  area->setMinimumSize(text->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(),
+                       most);
+}
+
 }  // namespace
 
 QWidget* DesktopDialogs::prepare() {
@@ -108,6 +127,7 @@ Answer DesktopDialogs::MsgBox(const Message& message) {
   box.setIcon(iconOf(message.icon));
   box.setStandardButtons(buttonsOf(message.buttons));
   box.setDefaultButton(buttonOf(message.defaultAnswer));
+  scrollLongText(box);
   const int button = box.exec();
   return answerOf(button, message.buttons);
 }

@@ -4,6 +4,8 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
@@ -83,6 +85,25 @@ TEST_F(Surrounding, MessageBoxesShowTheTextAsItIs) {
       theApplication().dialogs().MsgBox({"Delete '<b>A & B</b>' ?\r\n\r\nConfirm ?", "Delete",
                                          Buttons::YesNo, Icon::critical, Answer::No});
   EXPECT_EQ(answer, Answer::Yes);
+}
+
+TEST_F(Surrounding, ALongMessageIsScrolledAndKeepsItsButtonsInSight) {
+  std::string names;
+  for (int i = 1; i <= 300; ++i) names += "'LEDGER " + std::to_string(i) + "'\r\n";
+  whenAsked([&] {
+    QMessageBox* box = openBox();
+    EXPECT_TRUE(box->text().contains(QStringLiteral("'LEDGER 300'")));
+    const QRect screen = box->screen()->availableGeometry();
+    EXPECT_LT(box->frameGeometry().height(), screen.height());
+    const auto* area = box->findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    EXPECT_GE(area->viewport()->width(), area->widget()->width()) << "no name is cut";
+    EXPECT_GT(area->widget()->height(), area->viewport()->height());
+    QTest::keyClick(box, Qt::Key_N);
+  });
+  const Answer answer = theApplication().dialogs().MsgBox(
+      {names, "Ledger Master", Buttons::YesNo, Icon::question, Answer::No});
+  EXPECT_EQ(answer, Answer::No);
 }
 
 TEST_F(Surrounding, AMessageDuringAClickStopsTheClick) {
