@@ -22,11 +22,12 @@ std::string get(Database& database, const std::string& section, const std::strin
 void set(Database& database, const std::string& section, const std::string& name,
          const std::string& value, const std::string& client, const std::string& year) {
   const auto quoted = [&](const std::string& text) { return '\'' + database.escape(text) + '\''; };
-  database.execute("delete from SuiteMisc" + condition(database, section, name) +
-                   " and Client=" + quoted(client) + " and Yr=" + quoted(year));
   database.execute("insert into SuiteMisc(Section,Name,Value,Client,Yr) values(" + quoted(section) +
                    ',' + quoted(name) + ',' + quoted(value) + ',' + quoted(client) + ',' +
                    quoted(year) + ')');
+  // The old value goes last: whatever happens in between, one of them is there to be read.
+  database.execute("delete from SuiteMisc" + condition(database, section, name) + " and Client=" +
+                   quoted(client) + " and Yr=" + quoted(year) + " and row_id<last_insert_id()");
 }
 
 }  // namespace quillet::suite::misc_values
