@@ -241,6 +241,12 @@ void Grid::sortBy(int column) {
   AfterSort();
 }
 
+void Grid::sortAgain() {
+  if (sortColumn_ < 0) return;
+  sortAscending_ = !sortAscending_;
+  sortBy(sortColumn_);
+}
+
 void Grid::moveBy(int steps) {
   const int direction = steps < 0 ? -1 : 1;
   int target = current_;

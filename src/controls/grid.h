@@ -78,6 +78,8 @@ class Grid : public Control {
   // Orders the rows by a column as a click on its heading does: stable, ascending the first time,
   // the other way round when it is already ordered so. Keeps the current row; runs AfterSort.
   void sortBy(int column);
+  // Puts rows that came or changed where the order has them.
+  void sortAgain();
   int sortColumn() const { return sortColumn_; }
   bool sortAscending() const { return sortAscending_; }
   // Forgets the order, for a grid that was filled anew.
