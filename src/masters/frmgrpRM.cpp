@@ -49,7 +49,8 @@ Node frmgrpRM::layout() {
   const Node headCommands =
       row({item(cmdaddG), item(cmdmodifyG), item(cmddeleteG), gap(), item(cmdbackG)});
   return column({stack({framed(famM, {item(vsfM, 1), row(std::move(choices)), commands}, 1),
-                        framed(famG, {item(vsfG, 1), head, item(lblhint), headCommands}, 1)})});
+                        framed(famG, {item(vsfG, 1), head, item(lblhint), headCommands}, 1)}),
+                 item(lblstatus)});
 }
 
 void frmgrpRM::INITDATA(const BoundYear& year) {
@@ -65,11 +66,13 @@ void frmgrpRM::INITDATA(const BoundYear& year) {
 void frmgrpRM::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
+    lblstatus.setCaption("");
+    setStateM(State::browsing);
+    for (Grid* grid : {&vsfM, &vsfG}) grid->clearRows();
+    CLEARDATAM();
     showPage(famM);
     LOADLIST();
     const bool read = LOADGRIDM(0);
-    CLEARDATAM();
-    setStateM(State::browsing);
     // Only a year that has no binding takes the previous one's.
     if (read && vsfM.rows() == 0) IMPORTFROMPREVYR();
   });
@@ -91,6 +94,28 @@ void frmgrpRM::FORM_KEYPRESS(Key& key) {
   });
 }
 
+void frmgrpRM::reread() {
+  const bool heads = famG.visible();
+  if (heads) {
+    LOADGRIDG(0);
+  } else {
+    // The lists hold what an entry has chosen.
+    if (!editing()) LOADLIST();
+    LOADGRIDM(0);
+  }
+  if (!editing()) return;
+  bool adding = state_ == State::adding;
+  if (entryStands(heads ? vsfG : vsfM, adding)) {
+    state_ = adding ? State::adding : State::modifying;
+  } else if (heads) {
+    setStateG(State::browsing);
+    LOADDATAG();
+  } else {
+    setStateM(State::browsing);
+    LOADDATAM();
+  }
+}
+
 void frmgrpRM::FORM_UNLOAD(bool& cancel) {
   trap("FORM_UNLOAD", [&] { cancel = !ask("Do you want to Exit?"); });
 }
@@ -106,10 +131,13 @@ long frmgrpRM::idAt(const Grid& grid, int row, int column) {
 // --- lists --------------------------------------------------------------------------------------
 
 void frmgrpRM::LOADLIST() {
-  trap("LOADLIST", [&] {
+  const bool read = attempt("LOADLIST", [&] {
+    cbohead.clearItems();
+    for (auto& box : cbogroup) box->clearItems();
     loadHeads();
     loadGroups();
   });
+  if (!read) status("The groups to choose from could not be read; the error log says why.");
 }
 
 void frmgrpRM::loadHeads() {
@@ -119,7 +147,6 @@ void frmgrpRM::loadHeads() {
     seedHeads();
     rows = context_.query(sql);
   }
-  cbohead.clearItems();
   for (; !rows->EOF_(); rows->MoveNext()) {
     cbohead.addItem(rows->text("GrpHead"), rows->integer("GrpId"));
   }
@@ -173,7 +200,6 @@ void frmgrpRM::loadGroups() {
   for (int i = 0; i < columns; ++i) {
     const auto column = static_cast<std::size_t>(i);
     ComboBox& box = cbogroup[i];
-    box.clearItems();
     box.addItem(none, 0);
     IdList& ids = lists[column];
     for (const long id : bound[column]) ids.add(id);

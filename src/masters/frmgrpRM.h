@@ -66,6 +66,7 @@ class frmgrpRM : public MasterForm {
 
   void FORM_LOAD();
   void FORM_KEYPRESS(Key& key);
+  // Asks in any case.
   void FORM_UNLOAD(bool& cancel);
   void LOADLIST();
 
@@ -104,6 +105,8 @@ class frmgrpRM : public MasterForm {
  protected:
   void load() override { FORM_LOAD(); }
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
+  void reread() override;
+  bool entryBegun() const override { return state_ != State::browsing; }
 
  private:
   // The three account groups of an item, in the order of cbogroup: how many, where the binding
@@ -144,6 +147,7 @@ class frmgrpRM : public MasterForm {
 
   // Heads.
   void setStateG(State state);
+  std::vector<std::string> headCells(const Recordset& head) const;
   bool headHolds(const std::string& head);
 
   BoundYear year_;

@@ -21,7 +21,10 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   lblhint.quiet = true;
 
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
-  vsf.RowColChange = [this] { LOADDATA(); };
+  vsf.RowColChange = [this] {
+    // While the grid is read anew the entry keeps what was typed.
+    if (!editing_) LOADDATA();
+  };
   vsf.DblClick = [this] { CMDMODIFY_CLICK(); };
   cmdadd.Click = [this] { CMDADD_CLICK(); };
   cmdmodify.Click = [this] { CMDMODIFY_CLICK(); };
@@ -60,9 +63,10 @@ Node frmgrpmas::layout() {
   const Node merge = row(
       {column({item(lblmerge), item(vsM, 1)}, 1), column({item(lblmergewith), item(vsMW, 1)}, 1)},
       1);
-  return column({stack(
-      {framed(famMain, {item(vsf, 1), fields, item(lblhint), commands}, 1),
-       framed(famMerge, {merge, row({gap(), item(cmdMergeGroup), item(cmdMergeBack)})}, 1)})});
+  return column(
+      {stack({framed(famMain, {item(vsf, 1), fields, item(lblhint), commands}, 1),
+              framed(famMerge, {merge, row({gap(), item(cmdMergeGroup), item(cmdMergeBack)})}, 1)}),
+       item(lblstatus)});
 }
 
 // --- loading ------------------------------------------------------------------------------------
@@ -72,18 +76,21 @@ void frmgrpmas::FORM_LOAD() {
     context_.host->resize_for_resolution(*this);
     groupsChanged_ = linesTouched_ = false;
     newGroupId_ = 0;
+    lblstatus.setCaption("");
+    SETBUTTON(false);
+    vsf.clearRows();
+    vsf.clearSort();
+    CLEARDATA();
     showPage(famMain);
     LOADGROUPS();
     LOADGRID(0);
-    CLEARDATA();
-    SETBUTTON(false);
   });
 }
 
 void frmgrpmas::LOADGROUPS() {
   trap("LOADGROUPS", [&] {
-    const auto rows = context_.query("Select * From Mast_Gunder Order by Gunder");
     Combo1.clearItems();
+    const auto rows = context_.query("Select * From Mast_Gunder Order by Gunder");
     for (; !rows->EOF_(); rows->MoveNext()) {
       Combo1.addItem(rows->text("Gunder"), rows->integer("GId"));
     }
@@ -99,19 +106,32 @@ std::vector<std::string> frmgrpmas::cellsOf(const Recordset& group) const {
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
-  trap("LOADGRID", [&] {
-    Sql sql = "Select * From Mast_AllGrp";
-    if (groupId > 0) sql += " Where AllId=" + sqlNumber(groupId);
-    const auto rows = context_.query(sql);
-    if (groupId == 0) {
-      vsf.clearRows();
-      vsf.clearSort();
-      for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow(cellsOf(*rows));
-      vsf.sortBy(nameColumn);
-    } else if (!rows->EOF_()) {
-      makeCurrent(vsf, putRow(vsf, cellsOf(*rows)));
+  const Sql all = "Select * From Mast_AllGrp";
+  const auto readOne = [&] {
+    const auto rows = context_.query(all + " Where AllId=" + sqlNumber(groupId));
+    if (rows->EOF_()) {
+      dropRow(vsf, groupId);
+    } else {
+      showRow(vsf, cellsOf(*rows));
     }
+  };
+  if (groupId > 0 && attempt("LOADGRID", readOne)) return;
+  fillGrids("LOADGRID", {&vsf}, [&] {
+    const auto rows = context_.query(all);
+    refill(vsf, [&] {
+      for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow(cellsOf(*rows));
+    });
+    if (vsf.sortColumn() < 0) vsf.sortBy(nameColumn);
+    if (groupId > 0) vsf.setCurrent(vsf.find(idColumn, std::to_string(groupId)));
   });
+}
+
+void frmgrpmas::reread() {
+  LOADGRID(0);
+  if (famMerge.visible()) LoadMergeGrid();
+  if (!editing_ || entryStands(vsf, adding_)) return;
+  SETBUTTON(false);
+  LOADDATA();
 }
 
 void frmgrpmas::LOADDATA() {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/choice.h"
 #include "controls/simple.h"
@@ -56,7 +57,8 @@ class frmgrpmas : public MasterForm {
   void LOADDATA();
   void CLEARDATA();
   void SETBUTTON(bool edit);
-  // Whether a table of any year uses the group; nothing when that could not be found out.
+  // Whether a table of any year or a mapping uses the group; nothing when that could not be found
+  // out.
   std::optional<bool> CHECKEXISTS(long groupId);
   void CMDADD_CLICK();
   void CMDMODIFY_CLICK();
@@ -71,6 +73,8 @@ class frmgrpmas : public MasterForm {
 
  protected:
   void load() override { FORM_LOAD(); }
+  void reread() override;
+  bool entryBegun() const override { return editing_; }
 
  private:
   enum Column { idColumn, nameColumn, underColumn, userColumn, underIdColumn, tickColumn };
@@ -80,14 +84,23 @@ class frmgrpmas : public MasterForm {
   bool predefined() const;
   long selectedId() const;
   bool nameHolds(const std::string& name);
+  Sql carrying(long groupId);
+  long newId();
   long insertGroup(const std::string& name);
   void updateGroup(long id, const std::string& name);
   // Before the first statement: whatever fails on the way, something may have been written.
   void noteChange() { groupsChanged_ = linesTouched_ = true; }
   void showPage(Frame& page);
-  // The ids of the ticked groups; nothing when the group to merge with is among them.
-  std::optional<IdList> tickedGroups(const std::string& target) const;
-  void mergeInto(long target, const IdList& ids);
+  // What a person chose to merge.
+  struct Merge {
+    std::vector<long> ids;
+    long target = 0;  // 0 for none
+  };
+  Merge chosenMerge() const;
+  bool mergeHolds(const Merge& merge);
+  bool confirmed(const Merge& merge);
+  bool carriersAgree(const Merge& merge);
+  void carryOut(const Merge& merge);
 
   bool adding_ = false;
   bool editing_ = false;

@@ -1,6 +1,7 @@
 #include "masters/frmtbledmas.h"
 
 #include <initializer_list>
+#include <unordered_set>
 
 #include "data/sql.h"
 #include "data/text.h"
@@ -41,7 +42,11 @@ void frmtbledmas::attachCommands() {
     key = keys::none;
   };
   vsf.KeyPress = [this](Key& key) { searchFromGrid(key); };
-  vsf.RowColChange = [this] { LOADDATA(); };
+  vsf.RowColChange = [this] {
+    // While the grid is read anew the entry keeps what was typed.
+    if (!editing_) LOADDATA();
+  };
+  vsf.AfterEdit = [this](int, int) { showCount(); };
   vsf.DblClick = [this] { VSF_DBLCLICK(); };
   for (auto& option : Option1) option->Click = [this] { OPTION1_CLICK(); };
   cmdadd.Click = [this] { CMDADD_CLICK(); };
@@ -61,9 +66,11 @@ Node frmtbledmas::layout() {
   const Node entry = row({field("&Particulars", VTxt1, 40, 1), item(cmdupdate), item(cmdcancel)});
   const Node commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdView),
                              item(cmdlink), gap(), item(cmdback)});
-  return column({stack(
-      {framed(famMain, {top, item(lbllink), item(vsf, 1), entry, item(lblhint), commands}, 1),
-       framed(famC, {item(lblheadC), item(vsfC, 1), row({gap(), item(cmdbackC)})}, 1)})});
+  return column(
+      {stack(
+           {framed(famMain, {top, item(lbllink), item(vsf, 1), entry, item(lblhint), commands}, 1),
+            framed(famC, {item(lblheadC), item(vsfC, 1), row({gap(), item(cmdbackC)})}, 1)}),
+       item(lblstatus)});
 }
 
 // --- loading ------------------------------------------------------------------------------------
@@ -72,47 +79,81 @@ void frmtbledmas::FORM_LOAD() {
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
     changed_ = false;
+    lblstatus.setCaption("");
+    editing_ = false;
+    vsf.clearRows();
+    vsf.clearSort();
+    CLEARDATA();
     showPage(famMain);
     Option1[all].setChecked(true);
     txtfind.setText("");
     setLinkView(false);
+    SETBUTTON(false);
     LOADGRID(0);
     FILLINUSE(0);
-    CLEARDATA();
-    SETBUTTON(false);
     SETROWSHIDDEN();
   });
 }
 
-void frmtbledmas::FORM_UNLOAD() {
-  trap("FORM_UNLOAD", [&] {
-    editing_ = false;
-    vsf.clearRows();
-    vsfC.clearRows();
-  });
+void frmtbledmas::FORM_UNLOAD(bool& cancel) {
+  MasterForm::FORM_UNLOAD(cancel);
+  if (cancel) return;
+  editing_ = false;
+  vsf.clearRows();
+  vsfC.clearRows();
 }
 
 void frmtbledmas::LOADGRID(long partId) {
-  trap("LOADGRID", [&] {
-    Sql sql = "Select * From Mast_Part";
-    if (partId > 0) sql += " Where PartId=" + sqlNumber(partId);
-    const auto rows = context_.query(sql);
+  if (partId > 0 && attempt("LOADGRID", [&] { readRow(partId); })) return;
+  fillGrids("LOADGRID", {&vsf}, [&] {
+    const auto rows = context_.query("Select * From Mast_Part");
     const int id = rows->column("PartId");
     const int name = rows->column("Particular");
-    if (partId > 0) {
-      for (int row = 0; !rows->EOF_(); rows->MoveNext()) {
-        row = putRow(vsf, {rows->text(id), rows->text(name)}, row + 1);
-        if (vsf.cell(row, inUseColumn).empty()) vsf.setCell(row, inUseColumn, "N");
-      }
-      makeShownCurrent(std::to_string(partId));
-      return;
+    // The search for use takes long; what it found stays until it is made again.
+    std::unordered_set<std::string> used;
+    for (int row = 1; row <= vsf.rows(); ++row) {
+      if (vsf.cell(row, inUseColumn) == "Y") used.insert(vsf.cell(row, idColumn));
     }
-    vsf.clearRows();
-    vsf.clearSort();
-    vsf.reserve(static_cast<int>(rows->RecordCount()));
-    for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow({rows->text(id), rows->text(name), "N"});
-    vsf.sortBy(nameColumn);
+    refill(vsf, [&] {
+      vsf.reserve(static_cast<int>(rows->RecordCount()));
+      for (; !rows->EOF_(); rows->MoveNext()) {
+        std::string text = rows->text(id);
+        const char* use = used.contains(text) ? "Y" : "N";
+        vsf.addRow({std::move(text), rows->text(name), use});
+      }
+    });
+    if (vsf.sortColumn() < 0) vsf.sortBy(nameColumn);
+    if (partId > 0) makeShownCurrent(std::to_string(partId));
   });
+}
+
+// The names that the id has now, in place of those shown.
+void frmtbledmas::readRow(long partId) {
+  const auto rows = context_.query("Select * From Mast_Part Where PartId=" + sqlNumber(partId));
+  const std::string id = std::to_string(partId);
+  const int shown = vsf.find(idColumn, id);
+  const std::string use = shown == 0 ? "N" : vsf.cell(shown, inUseColumn);
+  if (rows->EOF_()) {
+    dropRow(vsf, partId);
+    return;
+  }
+  vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
+  for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow({id, rows->text("Particular"), use});
+  vsf.sortAgain();
+  showCount();
+  makeShownCurrent(id);
+}
+
+void frmtbledmas::reread() {
+  LOADGRID(0);
+  if (!target_.empty() && vsf.find(idColumn, target_) == 0) {
+    setLinkView(false);
+    SETBUTTON(false);
+  }
+  SETROWSHIDDEN();
+  if (!editing_ || entryStands(vsf, adding_)) return;
+  SETBUTTON(false);
+  LOADDATA();
 }
 
 void frmtbledmas::LOADDATA() {
@@ -173,19 +214,44 @@ void frmtbledmas::OPTION1_CLICK() {
 void frmtbledmas::SETROWSHIDDEN() {
   trap("SETROWSHIDDEN", [&] {
     const WordSearch search(txtfind.text());
-    int shown = 0;
     for (int row = 1; row <= vsf.rows(); ++row) {
       const bool used = vsf.cell(row, inUseColumn) == "Y";
       const bool show = !(Option1[notInUse].checked() && used) &&
                         !(Option1[inUse].checked() && !used) &&
                         (target_.empty() || vsf.cell(row, idColumn) != target_) &&
                         search.finds(vsf.cell(row, nameColumn));
-      vsf.setRowHidden(row, !show);
-      if (show) ++shown;
+      // A row that is being modified stays in sight.
+      vsf.setRowHidden(row, !show && !(editing_ && row == vsf.current()));
     }
     if (vsf.current() > 0 && vsf.rowHidden(vsf.current())) vsf.setCurrent(0);
-    lblcount.setCaption(std::to_string(shown) + " of " + std::to_string(vsf.rows()));
+    showCount();
   });
+}
+
+void frmtbledmas::showCount() {
+  int shown = 0;
+  for (int row = 1; row <= vsf.rows(); ++row) {
+    if (!vsf.rowHidden(row)) ++shown;
+  }
+  std::string count = std::to_string(shown) + " of " + std::to_string(vsf.rows());
+  if (const int ticks = ticked(); ticks > 0) {
+    count += ", " + std::to_string(ticks) + " ticked";
+    if (const int hidden = ticked(true); hidden > 0) {
+      count += " (" + std::to_string(hidden) + " not listed)";
+    }
+  }
+  lblcount.setCaption(count);
+}
+
+int frmtbledmas::ticked(bool hiddenOnly) const {
+  int count = 0;
+  for (int row = 1; row <= vsf.rows() && !target_.empty(); ++row) {
+    if (vsf.ticked(row) && vsf.cell(row, idColumn) != target_ &&
+        (!hiddenOnly || vsf.rowHidden(row))) {
+      ++count;
+    }
+  }
+  return count;
 }
 
 void frmtbledmas::makeShownCurrent(std::string_view partId) {
@@ -214,9 +280,9 @@ void frmtbledmas::FORM_KEYPRESS(Key& key) {
     key = keys::none;
     if (famC.visible()) {
       CMDBACKC_CLICK();
-    } else if (!editing_) {
+    } else if (!editing_ && (target_.empty() || !txtfind.text().empty())) {
       txtfind.setText("");
-    } else if (ask("Do you want to Cancel this Entry?")) {
+    } else if (!entryBegun() || ask("Do you want to Cancel this Entry?")) {
       CMDCANCEL_CLICK();
     }
   });
@@ -227,8 +293,9 @@ void frmtbledmas::showPage(Frame& page) {
 }
 
 void frmtbledmas::CMDADD_CLICK() {
-  trap("CMDADD_CLICK", [&] {
+  command("CMDADD_CLICK", [&] {
     adding_ = true;
+    addedId_ = 0;
     CLEARDATA();
     SETBUTTON(true);
     focus(VTxt1);
@@ -236,7 +303,7 @@ void frmtbledmas::CMDADD_CLICK() {
 }
 
 void frmtbledmas::CMDMODIFY_CLICK() {
-  trap("CMDMODIFY_CLICK", [&] {
+  command("CMDMODIFY_CLICK", [&] {
     if (!particularSelected()) return;
     adding_ = false;
     LOADDATA();
@@ -253,12 +320,14 @@ void frmtbledmas::VSF_DBLCLICK() {
 }
 
 void frmtbledmas::CMDCANCEL_CLICK() {
-  trap("CMDCANCEL_CLICK", [&] {
-    if (!target_.empty()) leaveLinkView();
-    SETBUTTON(false);
-    LOADDATA();
-    focus(vsf);
-  });
+  command("CMDCANCEL_CLICK", [&] { endEntry(); });
+}
+
+void frmtbledmas::endEntry() {
+  if (!target_.empty()) leaveLinkView();
+  SETBUTTON(false);
+  LOADDATA();
+  focus(vsf);
 }
 
 void frmtbledmas::CMDBACK_CLICK() {

@@ -52,7 +52,7 @@ class frmtbledmas : public MasterForm {
 
   void FORM_LOAD();
   void FORM_KEYPRESS(Key& key);
-  void FORM_UNLOAD();
+  void FORM_UNLOAD(bool& cancel);
   // Every particular, or one anew. Old data holds ids with several names: such has a row each.
   void LOADGRID(long partId);
   void LOADDATA();
@@ -86,13 +86,20 @@ class frmtbledmas : public MasterForm {
 
  protected:
   void load() override { FORM_LOAD(); }
-  void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }
+  void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
+  void reread() override;
+  bool entryBegun() const override { return editing_ || ticked() > 0; }
 
  private:
   enum Column { idColumn, nameColumn, inUseColumn, linkColumn };
   enum Option { notInUse, inUse, all };
 
   void attachCommands();
+  // The tables of a year in which a particular can stand.
+  static TablePrefixes placesOfUse() { return {"TAB_", "JRNL_", "TRADE_"}; }
+
+  void readRow(long partId);
+  void showCount();
   void searchFromGrid(Key& key);
   void showPage(Frame& page);
   bool particularSelected() { return rowSelected(vsf, "Please Select a Particulars."); }
@@ -101,11 +108,15 @@ class frmtbledmas : public MasterForm {
   const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
   std::string listHeading() const;
   void mark(std::string_view partId, bool used);
+  // In the link view: how many rows are ticked, of all or of those the search hides.
+  int ticked(bool hiddenOnly = false) const;
   // Makes a shown row of the particular current; none when it has none.
   void makeShownCurrent(std::string_view partId);
 
   // Use.
   void fillAllInUse();
+  // Marks anew, with what is listed after it.
+  void reviewUse();
   bool usedAnywhere(long partId);
 
   // Saving and deleting.
@@ -124,6 +135,8 @@ class frmtbledmas : public MasterForm {
   void leaveLinkView();
   void replaceInAllYears(const Sql& condition, long newId);
   std::string linkQuestion() const;
+  bool targetStands();
+  void endEntry();
 
   bool adding_ = false;
   bool editing_ = false;

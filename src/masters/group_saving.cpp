@@ -2,11 +2,11 @@
 #include <algorithm>
 
 #include "data/sql.h"
-#include "data/table_names.h"
 #include "data/text.h"
 #include "host/meant_name.h"
+#include "host/merged_groups.h"
 #include "masters/frmgrpmas.h"
-#include "masters/year_tables.h"
+#include "masters/group_use.h"
 
 namespace quillet {
 namespace {
@@ -21,8 +21,9 @@ bool frmgrpmas::predefined() const { return vsf.cell(vsf.current(), userColumn) 
 long frmgrpmas::selectedId() const { return std::stol(vsf.cell(vsf.current(), idColumn)); }
 
 void frmgrpmas::CMDADD_CLICK() {
-  trap("CMDADD_CLICK", [&] {
+  command("CMDADD_CLICK", [&] {
     adding_ = true;
+    addedId_ = 0;
     CLEARDATA();
     SETBUTTON(true);
     focus(Text1);
@@ -30,7 +31,7 @@ void frmgrpmas::CMDADD_CLICK() {
 }
 
 void frmgrpmas::CMDMODIFY_CLICK() {
-  trap("CMDMODIFY_CLICK", [&] {
+  command("CMDMODIFY_CLICK", [&] {
     if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Modify Predefined Group.");
@@ -45,7 +46,7 @@ void frmgrpmas::CMDMODIFY_CLICK() {
 }
 
 void frmgrpmas::CMDUPDATE_CLICK() {
-  trap("CMDUPDATE_CLICK", [&] {
+  command("CMDUPDATE_CLICK", [&] {
     const std::string name = cleanedName(Text1.text());
     if (!nameHolds(name)) return;
     const long id = adding_ ? insertGroup(name) : selectedId();
@@ -78,12 +79,22 @@ bool frmgrpmas::nameHolds(const std::string& name) {
   return false;
 }
 
+// Above the ids of groups that are gone as well: what still carries one of those must not come
+// under a group that has nothing to do with it.
+long frmgrpmas::newId() {
+  const long highest = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0);
+  TableNames missing;
+  const long carried = highestGroupInUse(context_, missing);
+  tellMissing(missing);
+  return std::max(highest, carried) + 1;
+}
+
 long frmgrpmas::insertGroup(const std::string& name) {
-  const long id = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0) + 1;
+  const long id = newId();
   groupsChanged_ = true;
+  addedId_ = newGroupId_ = id;
   change("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," + sqlNumber(Combo1.chosenData()) +
          "," + quoted(name) + ",'Y')");
-  newGroupId_ = id;
   return id;
 }
 
@@ -99,7 +110,7 @@ void frmgrpmas::updateGroup(long id, const std::string& name) {
 }
 
 void frmgrpmas::CMDCANCEL_CLICK() {
-  trap("CMDCANCEL_CLICK", [&] {
+  command("CMDCANCEL_CLICK", [&] {
     SETBUTTON(false);
     LOADDATA();
     focus(vsf);
@@ -108,24 +119,38 @@ void frmgrpmas::CMDCANCEL_CLICK() {
 
 // --- deleting -----------------------------------------------------------------------------------
 
+// What carries a group that was merged into this one comes back to it when it is touched.
+Sql frmgrpmas::carrying(long groupId) {
+  const auto merged = MergedGroups(context_).predecessors(groupId);
+  if (merged.empty()) return "AllId=" + sqlNumber(groupId);
+  IdList ids;
+  ids.add(groupId);
+  for (const long id : merged) ids.add(id);
+  return "AllId in (" + ids.sql() + ")";
+}
+
 std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
   std::optional<bool> used;
   trap("CHECKEXISTS", [&] {
-    const auto uses = [&](const std::string& table) {
-      const auto rows =
-          context_.query("Select * from " + sqlName(table) + " Where AllId=" + sqlNumber(groupId));
-      return !rows->EOF_();
+    const auto standsIn = [&](const std::string& table, const Sql& condition) {
+      const Sql sql = "Select * from " + sqlName(table) + " Where " + condition;
+      const bool stands = !context_.query(sql)->EOF_();
+      if (stands) status("It stands in " + table + ".");
+      return stands;
     };
-    used = walkYearTables(context_, "Searching for the Group....", [&](const std::string& table) {
-      return uses(table) || uses(siblingTable(table, "JRNL_")) ||
-             uses(siblingTable(table, "TRADE_"));
-    });
+    const Sql carries = carrying(groupId);
+    const Sql binds = sqlNumber(groupId) + " in (OsGrpId,PurGrpId,SalGrpId,CsGrpId)";
+    used = walk("Searching for the Group....", {"TAB_", "JRNL_", "TRADE_", "RMGRP_"},
+                [&](const YearTable& table) {
+                  return standsIn(table.name, table.prefix == "RMGRP_" ? binds : carries);
+                }) ||
+           standsIn("AllGrp_Map", "AllId=" + sqlNumber(groupId));
   });
   return used;
 }
 
 void frmgrpmas::CMDDELETE_CLICK() {
-  trap("CMDDELETE_CLICK", [&] {
+  command("CMDDELETE_CLICK", [&] {
     if (!rowSelected(vsf, noGroup)) return;
     if (predefined()) {
       tell("You Can not Delete Predefined Group.");
@@ -133,7 +158,10 @@ void frmgrpmas::CMDDELETE_CLICK() {
     }
     // What could not be searched to its end may be in use.
     const std::optional<bool> used = CHECKEXISTS(selectedId());
-    if (!used) return;
+    if (!used) {
+      status(unsearched);
+      return;
+    }
     if (*used) {
       tell("Group already in use. You can not delete this Group.");
       return;
@@ -144,9 +172,10 @@ void frmgrpmas::CMDDELETE_CLICK() {
       return;
     }
     noteChange();
-    change("Delete from Mast_AllGrp Where ALLID=" + sqlNumber(selectedId()));
+    context_.host->ConQuery("Delete from Mast_AllGrp Where ALLID=" + sqlNumber(selectedId()));
     vsf.removeRow(row);
     makeCurrent(vsf, std::min(row, vsf.rows()));
+    flush();
   });
 }
 

@@ -3,19 +3,10 @@
 #include <unordered_set>
 
 #include "data/sql.h"
-#include "data/table_names.h"
 #include "host/posting.h"
 #include "masters/frmtbledmas.h"
-#include "masters/year_tables.h"
 
 namespace quillet {
-namespace {
-
-// How many names a question lists before it only counts them.
-constexpr int namesListed = 20;
-
-}  // namespace
-
 void frmtbledmas::setLinkView(bool on) {
   target_ = on ? selectedId() : std::string();
   targetName_ = on ? selectedName() : std::string();
@@ -58,26 +49,36 @@ IdList frmtbledmas::GETSRNOS() {
   return ids;
 }
 
+// Every name: what cannot be undone can be read in full, those that the search hides among it.
 std::string frmtbledmas::linkQuestion() const {
   std::string names;
-  int ticked = 0;
   for (int row = 1; row <= vsf.rows(); ++row) {
     if (!vsf.ticked(row) || vsf.cell(row, idColumn) == target_) continue;
-    if (++ticked <= namesListed) names += "'" + vsf.cell(row, nameColumn) + "'\r\n";
+    names += "'" + vsf.cell(row, nameColumn) + "'\r\n";
   }
-  if (ticked > namesListed) names += "and " + std::to_string(ticked - namesListed) + " more\r\n";
   return "Do you really want to Replace ?\r\n\r\n" + names + "with '" + targetName_ +
          "'\r\n\r\nClick 'Yes' only if you are sure about use of this facility.\r\n\r\nConfirm ?";
 }
 
+// Nothing may go into a ledger that somebody has deleted since it was chosen.
+bool frmtbledmas::targetStands() {
+  if (!context_.query("Select PartId From Mast_Part Where PartId=" + sqlNumber(std::stol(target_)))
+           ->EOF_()) {
+    return true;
+  }
+  tell("'" + targetName_ + "' is there no more: somebody has deleted it.");
+  reread();
+  return false;
+}
+
 void frmtbledmas::LINKPARTICULARS() {
-  trap("LINKPARTICULARS", [&] {
+  const bool done = command("LINKPARTICULARS", [&] {
     const IdList ids = GETSRNOS();
     if (ids.empty()) {
       tell("Please select a Partiuclar.");
       return;
     }
-    if (!ask(linkQuestion())) return;
+    if (!ask(linkQuestion()) || !targetStands()) return;
     changed_ = true;
     replaceInAllYears(" In (" + ids.sql() + ")", std::stol(target_));
     change("Delete From Mast_Part Where PartId In (" + ids.sql() + ")");
@@ -88,23 +89,22 @@ void frmtbledmas::LINKPARTICULARS() {
     gone.erase(target_);
     vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
     mark(target_, true);
-    CMDCANCEL_CLICK();
+    endEntry();
   });
+  if (!done) reviewUse();
 }
 
 void frmtbledmas::replaceInAllYears(const Sql& condition, long newId) {
   settlePostings(context_);
   const Sql change = " Set PartId=" + sqlNumber(newId) + " Where PartId" + condition;
-  walkYearTables(context_, "Replacing Ledgers....", [&](const std::string& table) {
-    context_.host->ConQuery("Update " + sqlName(table) + change);
-    context_.host->ConQuery("Update " + sqlName(siblingTable(table, "JRNL_")) + change);
-    context_.host->ConQuery("Update " + sqlName(siblingTable(table, "TRADE_")) + change);
+  walk("Replacing Ledgers....", placesOfUse(), [&](const YearTable& table) {
+    context_.host->ConQuery("Update " + table.sql() + change);
     return false;
   });
 }
 
 void frmtbledmas::REPLACEANDDELETE(long oldId, long newId) {
-  trap("REPLACEANDDELETE", [&] {
+  const bool done = command("REPLACEANDDELETE", [&] {
     changed_ = true;
     const std::string old = std::to_string(oldId);
     replaceInAllYears("=" + sqlNumber(oldId), newId);
@@ -115,6 +115,7 @@ void frmtbledmas::REPLACEANDDELETE(long oldId, long newId) {
     SETROWSHIDDEN();
     makeShownCurrent(std::to_string(newId));
   });
+  if (!done) reviewUse();
 }
 
 }  // namespace quillet

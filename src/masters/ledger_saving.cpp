@@ -9,7 +9,7 @@
 namespace quillet {
 
 void frmtbledmas::CMDUPDATE_CLICK() {
-  trap("CMDUPDATE_CLICK", [&] {
+  command("CMDUPDATE_CLICK", [&] {
     if (!target_.empty()) {
       LINKPARTICULARS();
       return;
@@ -45,6 +45,7 @@ void frmtbledmas::saveParticular(const std::string& name) {
       focus(VTxt1);
       return;
     }
+    addedId_ = id;
   } else {
     id = selected();
     context_.host->ConQuery("Update Mast_Part Set Particular=" + quoted(name) +
@@ -71,7 +72,10 @@ void frmtbledmas::refuse(const std::string& name, const NamedId& existing) {
 void frmtbledmas::offerExisting(const std::string& name, const NamedId& existing) {
   const long oldId = selected();
   const std::string oldName = selectedName();
-  if (!VIEWLISTOFUSE(sqlNumber(oldId), false)) return;
+  if (!VIEWLISTOFUSE(sqlNumber(oldId), false)) {
+    status(unsearched);
+    return;
+  }
   if (oldId == 0 || existing.id == 0 || vsfC.rows() == 0) {
     refuse(name, existing);
     return;
@@ -82,14 +86,14 @@ void frmtbledmas::offerExisting(const std::string& name, const NamedId& existing
            existing.name + "'.\r\n\r\nConfirm ?")) {
     return;
   }
-  CMDCANCEL_CLICK();
+  endEntry();
   REPLACEANDDELETE(oldId, existing.id);
 }
 
 // --- deleting -----------------------------------------------------------------------------------
 
 void frmtbledmas::CMDDELETE_CLICK() {
-  trap("CMDDELETE_CLICK", [&] {
+  command("CMDDELETE_CLICK", [&] {
     if (Option1[notInUse].checked()) {
       deleteUnused();
     } else {
@@ -99,9 +103,21 @@ void frmtbledmas::CMDDELETE_CLICK() {
 }
 
 bool frmtbledmas::mayDelete(const Sql& ids, const std::string& refusal) {
-  if (!VIEWLISTOFUSE(ids, false)) return false;
+  if (!VIEWLISTOFUSE(ids, false)) {
+    status(unsearched);
+    return false;
+  }
   if (vsfC.rows() == 0) return true;
-  if (ask(refusal + "\r\n\r\nDo you want to view the list of Client/F.Y. using the Particulars?")) {
+  // The marks told otherwise, or are old.
+  if (Option1[notInUse].checked()) {
+    reviewUse();
+  } else {
+    mark(selectedId(), true);
+  }
+  const bool view = ask(refusal +
+                        "\r\n\r\nDo you want to view the list of Client/F.Y. using the "
+                        "Particulars?");
+  if (view) {
     showPage(famC);
     focus(vsfC);
   }
@@ -119,10 +135,11 @@ void frmtbledmas::deleteSelected() {
     return;
   }
   changed_ = true;
-  change("Delete from Mast_Part Where PartId=" + sqlNumber(selected()));
+  context_.host->ConQuery("Delete from Mast_Part Where PartId=" + sqlNumber(selected()));
   vsf.setCurrent(neighbourOfSelected());
   vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
   SETROWSHIDDEN();
+  flush();
 }
 
 int frmtbledmas::neighbourOfSelected() const {

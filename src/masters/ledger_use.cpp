@@ -1,58 +1,20 @@
 // The ledger master's knowledge of use: which particulars any year holds, and whose years they are.
-#include <map>
 #include <unordered_set>
-#include <utility>
 
 #include "data/sql.h"
-#include "data/table_names.h"
+#include "masters/client_years.h"
 #include "masters/frmtbledmas.h"
-#include "masters/year_tables.h"
 
 namespace quillet {
 namespace {
 
 constexpr const char* searching = "Searching Ledgers in Use....";
 
-// The tables of a year in which a particular can stand.
-struct Places {
-  explicit Places(const std::string& table)
-      : names{sqlName(table), sqlName(siblingTable(table, "JRNL_")),
-              sqlName(siblingTable(table, "TRADE_"))} {}
-  Sql names[3];
-};
-
-// The clients and years behind codes and tables, each looked up once.
-class Users {
- public:
-  explicit Users(Context& context) : context_(context) {}
-
-  const std::string& client(const std::string& code) {
-    const auto [at, isNew] = clients_.try_emplace(code);
-    if (isNew) {
-      const auto row = context_.query("Select * From TempClTbl Where CodeNo=" + quoted(code));
-      // A client that has left the list is still told by its code.
-      at->second = row->EOF_() ? code : row->text("Name");
-    }
-    return at->second;
-  }
-
-  const std::string& year(const std::string& code, const std::string& table) {
-    const auto [at, isNew] = years_.try_emplace({code, table});
-    if (isNew) {
-      const auto row = context_.query("Select * From Master Where Code_No=" + quoted(code) +
-                                      " and Tbl_Nm=" + quoted(table));
-      if (!row->EOF_()) at->second = row->text("F_YR") + "-" + row->text("S_YR");
-    }
-    return at->second;
-  }
-
- private:
-  Sql quoted(const std::string& text) const { return context_.host->quoted(text); }
-
-  Context& context_;
-  std::map<std::string, std::string> clients_;
-  std::map<std::pair<std::string, std::string>, std::string> years_;
-};
+const char* kindOf(const YearTable& table) {
+  return table.prefix == "TAB_"    ? "Trial Balance"
+         : table.prefix == "JRNL_" ? "Adj. Entries"
+                                   : "Closing Stock";
+}
 
 }  // namespace
 
@@ -65,13 +27,19 @@ void frmtbledmas::mark(std::string_view partId, bool used) {
 }
 
 void frmtbledmas::FILLINUSE(long partId) {
-  trap("FILLINUSE", [&] {
+  const bool done = attempt("FILLINUSE", [&] {
     if (partId == 0) {
       fillAllInUse();
     } else {
       mark(std::to_string(partId), usedAnywhere(partId));
     }
   });
+  if (!done) status("What is in use could not be searched to its end; the error log says why.");
+}
+
+void frmtbledmas::reviewUse() {
+  FILLINUSE(0);
+  SETROWSHIDDEN();
 }
 
 void frmtbledmas::fillAllInUse() {
@@ -87,31 +55,32 @@ void frmtbledmas::fillAllInUse() {
       used.emplace(*id);
     }
   };
-  const auto showMarks = [&] {
+  const auto showMarks = [&](bool complete) {
     for (int row = 1; row <= vsf.rows(); ++row) {
-      if (used.contains(vsf.cell(row, idColumn))) vsf.setCell(row, inUseColumn, "Y");
+      if (used.contains(vsf.cell(row, idColumn))) {
+        vsf.setCell(row, inUseColumn, "Y");
+      } else if (complete) {
+        vsf.setCell(row, inUseColumn, "N");
+      }
     }
   };
   try {
-    walkYearTables(context_, searching, [&](const std::string& table) {
-      for (const Sql& place : Places(table).names) search(place);
+    walk(searching, placesOfUse(), [&](const YearTable& table) {
+      search(table.sql());
       return false;
     });
   } catch (const std::exception&) {
-    showMarks();  // what was found before a table failed is in use all the same
+    showMarks(false);  // what was found before a table failed is in use all the same
     throw;
   }
-  showMarks();
+  showMarks(true);
 }
 
 bool frmtbledmas::usedAnywhere(long partId) {
-  return walkYearTables(context_, searching, [&](const std::string& table) {
-    for (const Sql& place : Places(table).names) {
-      const auto rows =
-          context_.query("Select PartId From " + place + " Where PartId=" + sqlNumber(partId));
-      if (!rows->EOF_()) return true;
-    }
-    return false;
+  return walk(searching, placesOfUse(), [&](const YearTable& table) {
+    const auto rows =
+        context_.query("Select PartId From " + table.sql() + " Where PartId=" + sqlNumber(partId));
+    return !rows->EOF_();
   });
 }
 
@@ -122,21 +91,19 @@ bool frmtbledmas::VIEWLISTOFUSE(const Sql& ids, bool show) {
   trap("VIEWLISTOFUSE", [&] {
     vsfC.clearRows();
     vsfC.clearSort();
-    Users users(context_);
-    const auto list = [&](const Sql& fields, const Sql& from, const char* kind,
-                          const std::string& table) {
-      const auto rows =
-          context_.query("Select " + fields + " From " + from + " Where PartId in (" + ids + ")");
+    ClientYears names(context_);
+    walk(searching, placesOfUse(), [&](const YearTable& table) {
+      const Sql fields =
+          table.prefix == "TAB_" ? Sql("Distinct(Code_No),PartId") : Sql("Distinct(Code_No)");
+      const auto rows = context_.query("Select " + fields + " From " + table.sql() +
+                                       " Where PartId in (" + ids + ")");
       for (; !rows->EOF_(); rows->MoveNext()) {
         const std::string code = rows->text(0);
-        vsfC.addRow({users.client(code), users.year(code, table), kind});
+        const std::string& client = names.client(code);
+        const ClientYears::Year& year = names.year(code, table.trialBalance);
+        vsfC.addRow(
+            {client, year.first.empty() ? "" : year.first + "-" + year.second, kindOf(table)});
       }
-    };
-    walkYearTables(context_, searching, [&](const std::string& table) {
-      const Places places(table);
-      list("Distinct(Code_No),PartId", places.names[0], "Trial Balance", table);
-      list("Distinct(Code_No)", places.names[1], "Adj. Entries", table);
-      list("Distinct(Code_No)", places.names[2], "Closing Stock", table);
       return false;
     });
     complete = true;
@@ -144,6 +111,8 @@ bool frmtbledmas::VIEWLISTOFUSE(const Sql& ids, bool show) {
     showPage(famC);
     focus(vsfC);
   });
+  // Half a list would deceive.
+  if (!complete) vsfC.clearRows();
   return complete;
 }
 
@@ -152,10 +121,11 @@ std::string frmtbledmas::listHeading() const {
 }
 
 void frmtbledmas::CMDVIEW_CLICK() {
-  trap("CMDVIEW_CLICK", [&] {
+  command("CMDVIEW_CLICK", [&] {
     if (!particularSelected()) return;
     lblheadC.setCaption(listHeading());
-    VIEWLISTOFUSE(sqlNumber(selected()), true);
+    if (!VIEWLISTOFUSE(sqlNumber(selected()), true))
+      status("The search failed; the error log says why.");
   });
 }
 

@@ -1,25 +1,82 @@
-// What the masters have in common: how they tell, ask and write, and how their grids are searched
-// by typing.
+// What the masters have in common: how they tell, ask and write, what they show after a failure,
+// and how their grids are searched by typing.
 #pragma once
 
+#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "controls/grid.h"
+#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "data/names.h"
 #include "host/context.h"
+#include "masters/year_tables.h"
 
 namespace quillet {
 
 class MasterForm : public Form {
+ public:
+  // What the last command came upon.
+  Label lblstatus{*this, "lblstatus"};
+
+  // Asks before an entry that was begun is lost.
+  void FORM_UNLOAD(bool& cancel);
+
  protected:
   MasterForm(Context& context, std::string name);
 
+  void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
+
+  // Runs a procedure's body; false when a run-time error ended it.
+  template <class Body>
+  bool attempt(std::string_view procedure, Body&& body) {
+    bool done = false;
+    trap(procedure, [&] {
+      body();
+      done = true;
+    });
+    return done;
+  }
+  // A person's command. After one that failed the form shows what is stored.
+  template <class Body>
+  bool command(std::string_view procedure, Body&& body) {
+    lblstatus.setCaption("");
+    if (attempt(procedure, body)) return true;
+    status("Not everything could be stored; the error log says why.");
+    reread();
+    return false;
+  }
+  // Fills grids from the tables. One that could not be read is empty: nothing is shown that may not
+  // be there.
+  template <class Body>
+  bool fillGrids(std::string_view procedure, std::initializer_list<Grid*> grids, Body&& body) {
+    if (attempt(procedure, body)) return true;
+    for (Grid* grid : grids) grid->clearRows();
+    status("The list could not be read; the error log says why.");
+    return false;
+  }
+
+  // Reads what is on the screen anew. An entry goes on as far as the tables let it.
+  virtual void reread() = 0;
+  virtual bool entryBegun() const = 0;
+  // Of an entry, after the grid was read anew: false when the row that is modified is gone. A row
+  // that was added before the failure is modified from now on, so that a repetition does not add it
+  // once more.
+  bool entryStands(Grid& grid, bool& adding);
+  long addedId_ = 0;  // of the row that the running entry added
+
+  // Adds to what the command has told already.
+  void status(const std::string& text);
+
   // What the columns for names hold.
   static constexpr std::size_t nameLength = 100;
+  // Said when a search for use did not reach its end.
+  static constexpr const char* unsearched =
+      "The search failed; the error log says why. Nothing was deleted.";
 
   void tell(const std::string& text);
   // Yes or No, No by default; titled with the form's caption when no title is given.
@@ -29,11 +86,22 @@ class MasterForm : public Form {
   void flush();
   Sql quoted(const std::string& text) const { return context_.host->quoted(text); }
 
+  // The walk over the years' tables; names those that are missing.
+  bool walk(const std::string& text, const TablePrefixes& prefixes,
+            const std::function<bool(const YearTable& table)>& visit);
+  void tellMissing(const TableNames& missing);
+
   // Whether the grid has a current row; if not, tells the refusal and goes to the grid.
   bool rowSelected(Grid& grid, const std::string& refusal);
-  // Sets the cells of the row that has the first of them, an id, in its first column; adds the row
-  // when there is none from `from` on. Cells past those given stay as they are.
-  static int putRow(Grid& grid, std::vector<std::string> cells, int from = 1);
+  // Rows are known by the id in their first column.
+  //
+  // Fills the grid anew. Order, ticks and the current row stay as far as the rows do.
+  static void refill(Grid& grid, const std::function<void()>& fill);
+  // Sets the cells of the id's row, or adds it, puts it where the order has it and makes it
+  // current.
+  static void showRow(Grid& grid, std::vector<std::string> cells);
+  // Takes the row of an id out that was stored no more.
+  void dropRow(Grid& grid, long id);
   // What stands in the way of a name: of the rows found for it or, where the database does not see
   // that it is the same, of the grid's. The grid has ids in its first column; `except` is the id of
   // what is being renamed, 0 for none.

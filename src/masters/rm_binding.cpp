@@ -19,7 +19,10 @@ std::string nameIn(const ComboBox& box, long id) {
 }  // namespace
 
 void frmgrpRM::attachBinding() {
-  vsfM.RowColChange = [this] { LOADDATAM(); };
+  vsfM.RowColChange = [this] {
+    // While the grid is read anew the entry keeps what was chosen.
+    if (!editing()) LOADDATAM();
+  };
   vsfM.DblClick = [this] {
     if (cmdmodifyM.enabled()) CMDMODIFYM_CLICK();
   };
@@ -52,26 +55,29 @@ std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
 }
 
 bool frmgrpRM::LOADGRIDM(long srNo) {
-  bool loaded = false;
-  trap("LOADGRIDM", [&] {
-    Sql sql = "Select * from " + table_ + ofClient();
-    if (srNo > 0) sql += " and SrNo=" + sqlNumber(srNo);
-    const auto found = context_.query(sql);
+  const Sql all = "Select * from " + table_ + ofClient();
+  const auto readOne = [&] {
+    const auto found = context_.query(all + " and SrNo=" + sqlNumber(srNo));
+    if (found->EOF_()) {
+      dropRow(vsfM, srNo);
+    } else {
+      showRow(vsfM, cellsOf(*found));
+    }
+  };
+  if (srNo > 0 && attempt("LOADGRIDM", readOne)) return true;
+  return fillGrids("LOADGRIDM", {&vsfM}, [&] {
+    const auto found = context_.query(all);
     std::vector<std::vector<std::string>> items;
     for (; !found->EOF_(); found->MoveNext()) items.push_back(cellsOf(*found));
     std::stable_sort(items.begin(), items.end(), [](const auto& a, const auto& b) {
       return std::stol(a[orderColumn]) < std::stol(b[orderColumn]);
     });
-    if (srNo == 0) {
-      vsfM.clearRows();
-      vsfM.clearSort();
+    vsfM.clearSort();
+    refill(vsfM, [&] {
       for (auto& cells : items) vsfM.addRow(std::move(cells));
-    } else if (!items.empty()) {
-      makeCurrent(vsfM, putRow(vsfM, std::move(items.front())));
-    }
-    loaded = true;
+    });
+    if (srNo > 0) vsfM.setCurrent(vsfM.find(srNoColumn, std::to_string(srNo)));
   });
-  return loaded;
 }
 
 void frmgrpRM::LOADDATAM() {
@@ -119,7 +125,8 @@ void frmgrpRM::SETBUTTONSM() {
 }
 
 void frmgrpRM::CMDADDM_CLICK() {
-  trap("CMDADDM_CLICK", [&] {
+  command("CMDADDM_CLICK", [&] {
+    addedId_ = 0;
     CLEARDATAM();
     setStateM(State::adding);
     focus(cbohead);
@@ -127,7 +134,7 @@ void frmgrpRM::CMDADDM_CLICK() {
 }
 
 void frmgrpRM::CMDMODIFYM_CLICK() {
-  trap("CMDMODIFYM_CLICK", [&] {
+  command("CMDMODIFYM_CLICK", [&] {
     if (!itemSelected(vsfM)) return;
     LOADDATAM();
     setStateM(State::modifying);
@@ -136,7 +143,7 @@ void frmgrpRM::CMDMODIFYM_CLICK() {
 }
 
 void frmgrpRM::CMDCANCELM_CLICK() {
-  trap("CMDCANCELM_CLICK", [&] {
+  command("CMDCANCELM_CLICK", [&] {
     const bool moved = state_ == State::sorting;
     setStateM(State::browsing);
     if (moved) LOADGRIDM(0);
@@ -162,7 +169,7 @@ void frmgrpRM::CMDBACKM_CLICK() {
 // --- saving and deleting ------------------------------------------------------------------------
 
 void frmgrpRM::CMDUPDATEM_CLICK() {
-  trap("CMDUPDATEM_CLICK", [&] {
+  command("CMDUPDATEM_CLICK", [&] {
     if (state_ == State::sorting) {
       UPDATESORTNOS();
       return;
@@ -221,6 +228,7 @@ long frmgrpRM::insertItem() {
   };
   const long srNo = next("SrNo");
   const long order = next("GrpOrder");
+  addedId_ = srNo;
   change("Insert Into " + table_ + " Values ('" + client_ + "'," + sqlNumber(srNo) + "," +
          sqlNumber(cbohead.chosenData()) + "," + sqlNumber(cbogroup[0].chosenData()) + "," +
          sqlNumber(cbogroup[1].chosenData()) + ",0," + sqlNumber(cbogroup[2].chosenData()) + "," +
@@ -236,7 +244,7 @@ void frmgrpRM::updateItem(long srNo) {
 }
 
 void frmgrpRM::CMDDELETEM_CLICK() {
-  trap("CMDDELETEM_CLICK", [&] {
+  command("CMDDELETEM_CLICK", [&] {
     if (!itemSelected(vsfM) ||
         !ask("Do you want to delele the Selected Item ?", "Delete Confirmation")) {
       return;

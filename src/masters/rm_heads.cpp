@@ -3,11 +3,9 @@
 #include <utility>
 
 #include "data/sql.h"
-#include "data/table_names.h"
 #include "data/text.h"
 #include "host/meant_name.h"
 #include "masters/frmgrpRM.h"
-#include "masters/year_tables.h"
 
 namespace quillet {
 namespace {
@@ -26,7 +24,9 @@ void frmgrpRM::attachHeads() {
   txthead.KeyPress = [this](Key& key) { enterIsTab(key); };
   cbotype.KeyPress = [this](Key& key) { enterIsTab(key); };
   lblhint.quiet = true;
-  vsfG.RowColChange = [this] { LOADDATAG(); };
+  vsfG.RowColChange = [this] {
+    if (!editing()) LOADDATAG();
+  };
   vsfG.DblClick = [this] {
     if (cmdmodifyG.enabled()) CMDMODIFYG_CLICK();
   };
@@ -41,26 +41,29 @@ void frmgrpRM::attachHeads() {
 
 // --- loading and showing ------------------------------------------------------------------------
 
+std::vector<std::string> frmgrpRM::headCells(const Recordset& head) const {
+  const int type = cbotype.findData(head.integer("GrpType"));
+  return {head.text("GrpId"), head.text("GrpHead"), std::to_string(head.integer("GrpType")),
+          type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : head.text("GrpType")};
+}
+
 void frmgrpRM::LOADGRIDG(long grpId) {
-  trap("LOADGRIDG", [&] {
-    Sql sql = "Select * from RawMatGrpM";
-    if (grpId > 0) sql += " Where GrpId=" + sqlNumber(grpId);
-    const auto rows = context_.query(sql);
-    if (grpId == 0) {
-      vsfG.clearRows();
-      vsfG.clearSort();
+  const Sql all = "Select * from RawMatGrpM";
+  const auto readOne = [&] {
+    const auto found = context_.query(all + " Where GrpId=" + sqlNumber(grpId));
+    if (found->EOF_()) {
+      dropRow(vsfG, grpId);
+    } else {
+      showRow(vsfG, headCells(*found));
     }
-    for (; !rows->EOF_(); rows->MoveNext()) {
-      const int type = cbotype.findData(rows->integer("GrpType"));
-      std::vector<std::string> cells{
-          rows->text("GrpId"), rows->text("GrpHead"), std::to_string(rows->integer("GrpType")),
-          type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : rows->text("GrpType")};
-      if (grpId == 0) {
-        vsfG.addRow(std::move(cells));
-      } else {
-        makeCurrent(vsfG, putRow(vsfG, std::move(cells)));
-      }
-    }
+  };
+  if (grpId > 0 && attempt("LOADGRIDG", readOne)) return;
+  fillGrids("LOADGRIDG", {&vsfG}, [&] {
+    const auto heads = context_.query(all);
+    refill(vsfG, [&] {
+      for (; !heads->EOF_(); heads->MoveNext()) vsfG.addRow(headCells(*heads));
+    });
+    if (grpId > 0) vsfG.setCurrent(vsfG.find(idColumn, std::to_string(grpId)));
   });
 }
 
@@ -104,7 +107,8 @@ void frmgrpRM::SETBUTTONG() {
 }
 
 void frmgrpRM::CMDADDG_CLICK() {
-  trap("CMDADDG_CLICK", [&] {
+  command("CMDADDG_CLICK", [&] {
+    addedId_ = 0;
     CLEARDATAG();
     setStateG(State::adding);
     focus(txthead);
@@ -112,7 +116,7 @@ void frmgrpRM::CMDADDG_CLICK() {
 }
 
 void frmgrpRM::CMDMODIFYG_CLICK() {
-  trap("CMDMODIFYG_CLICK", [&] {
+  command("CMDMODIFYG_CLICK", [&] {
     if (!itemSelected(vsfG)) return;
     LOADDATAG();
     setStateG(State::modifying);
@@ -122,7 +126,7 @@ void frmgrpRM::CMDMODIFYG_CLICK() {
 }
 
 void frmgrpRM::CMDCANCELG_CLICK() {
-  trap("CMDCANCELG_CLICK", [&] {
+  command("CMDCANCELG_CLICK", [&] {
     setStateG(State::browsing);
     LOADDATAG();
     focus(vsfG);
@@ -144,13 +148,14 @@ void frmgrpRM::CMDBACKG_CLICK() {
 
 void frmgrpRM::CMDUPDATEG_CLICK() {
   // Logged under the name by which error logs have always known it.
-  trap("CMDUDPATEG_CLICK", [&] {
+  command("CMDUDPATEG_CLICK", [&] {
     const std::string head = cleanedName(txthead.text());
     if (!headHolds(head)) return;
     const Sql type = sqlNumber(cbotype.chosenData());
     long id = 0;
     if (state_ == State::adding) {
       id = context_.query("Select Max(GrpId) from RawMatGrpM")->integer(0) + 1;
+      addedId_ = id;
       change("Insert Into RawMatGrpM Values (" + sqlNumber(id) + "," + quoted(head) + "," + type +
              ")");
     } else {
@@ -190,11 +195,10 @@ bool frmgrpRM::headHolds(const std::string& head) {
 std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
   std::optional<bool> bound;
   trap("CHECKEXISTS", [&] {
-    bound = walkYearTables(
-        context_, "Searching for the Raw Material Group....", [&](const std::string& table) {
+    bound =
+        walk("Searching for the Raw Material Group....", {"RMGRP_"}, [&](const YearTable& table) {
           const auto rows =
-              context_.query("Select * from " + sqlName(siblingTable(table, "RMGRP_")) +
-                             " Where GrpSr=" + sqlNumber(grpId));
+              context_.query("Select * from " + table.sql() + " Where GrpSr=" + sqlNumber(grpId));
           return !rows->EOF_();
         });
   });
@@ -202,13 +206,16 @@ std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
 }
 
 void frmgrpRM::CMDDELETEG_CLICK() {
-  trap("CMDDELETEG_CLICK", [&] {
+  command("CMDDELETEG_CLICK", [&] {
     if (!itemSelected(vsfG)) return;
     const int row = vsfG.current();
     const long id = idAt(vsfG, row, idColumn);
     // What could not be searched to its end may be bound.
     const std::optional<bool> bound = CHECKEXISTS(id);
-    if (!bound) return;
+    if (!bound) {
+      status(unsearched);
+      return;
+    }
     if (*bound) {
       tell("Raw Material Group already in use. You can not delete this Group.");
       return;
@@ -217,9 +224,10 @@ void frmgrpRM::CMDDELETEG_CLICK() {
              "Delete Confirmation")) {
       return;
     }
-    change("Delete from RawMatGrpM Where GrpId=" + sqlNumber(id));
+    context_.host->ConQuery("Delete from RawMatGrpM Where GrpId=" + sqlNumber(id));
     vsfG.removeRow(row);
     makeCurrent(vsfG, std::min(row, vsfG.rows()));
+    flush();
   });
 }
 

@@ -11,7 +11,7 @@ namespace quillet {
 // --- order --------------------------------------------------------------------------------------
 
 void frmgrpRM::CMDSORTORDER_CLICK() {
-  trap("CMDSORTORDER_CLICK", [&] {
+  command("CMDSORTORDER_CLICK", [&] {
     if (state_ == State::sorting) {
       UPDATESORTNOS();
     } else {
@@ -43,7 +43,7 @@ void frmgrpRM::moveRow(int step) {
 }
 
 void frmgrpRM::UPDATESORTNOS() {
-  trap("UPDATESORTNOS", [&] {
+  command("UPDATESORTNOS", [&] {
     if (!ask("Do you want to Update Sorting Order?")) return;
     for (int row = 1; row <= vsfM.rows(); ++row) {
       context_.host->ConQuery("Update " + table_ + " Set GrpOrder=" + sqlNumber(row) + ofClient() +
@@ -71,7 +71,7 @@ std::string frmgrpRM::previousTable() {
 }
 
 void frmgrpRM::IMPORTFROMPREVYR() {
-  trap("IMPORTFROMPREVYR", [&] {
+  command("IMPORTFROMPREVYR", [&] {
     const Sql previous = sqlName(previousTable());
     if (previous.empty()) return;
     const auto items =

@@ -1,18 +1,42 @@
-// The walk over the per-year tables of every client and year, behind the masters' in-use tests and
-// replacements.
+// The per-year tables of every client and year that the registry names, behind the masters' in-use
+// tests and replacements. One that is missing is passed over and named, since nothing can stand in
+// it; any other failure is thrown.
 #pragma once
 
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "host/context.h"
 
 namespace quillet {
 
-// Reads the names of the trial-balance tables from the registry and calls `visit` with each that is
-// not empty, until one returns true; then, and only then, the walk does. The host's progress bar
-// moves with it, under the text.
-bool walkYearTables(Context& context, const std::string& text,
-                    const std::function<bool(const std::string& table)>& visit);
+struct YearTable {
+  std::string trialBalance;  // as the registry names it
+  std::string_view prefix;
+  std::string name;
+  Sql sql() const { return sqlName(name); }
+};
+
+using TablePrefixes = std::vector<std::string_view>;
+using TableNames = std::vector<std::string>;
+
+// Calls `visit` with each year's tables of these prefixes, year by year, until one returns true;
+// then, and only then, the walk does. The host's progress bar moves with it, under the text.
+bool walkYearTables(Context& context, const std::string& text, const TablePrefixes& prefixes,
+                    TableNames& missing, const std::function<bool(const YearTable& table)>& visit);
+
+// Runs what works on one table.
+void onTable(Context& context, const std::string& table, TableNames& missing,
+             const std::function<void()>& work);
+
+// The tables of these prefixes that there are, found with two statements.
+std::vector<YearTable> yearTables(Context& context, const TablePrefixes& prefixes,
+                                  TableNames& missing);
+
+// The rows of all the selects, many selects in one statement.
+void queryAll(Context& context, const std::vector<Sql>& selects,
+              const std::function<void(const Recordset& row)>& read);
 
 }  // namespace quillet

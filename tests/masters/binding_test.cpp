@@ -435,11 +435,20 @@ TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {
             (Texts{"Select * from RMGRP_1 Where GrpSr=1", "Select * from RMGRP_2 Where GrpSr=1",
                    "Select * from RMGRP_1 Where GrpSr=5", "Select * from RMGRP_2 Where GrpSr=5"}));
   EXPECT_EQ(form.vsfG.rows(), 4);
-  exec("update master set tbl_nm='TAB_404'");
+  host().statements().failNext("RMGRP_2");
   press(form, form.cmddeleteG);
   EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCHECKEXISTS"}));
+  EXPECT_EQ(form.lblstatus.caption(),
+            "The search failed; the error log says why. Nothing was deleted.");
   EXPECT_EQ(value("select count(*) from RawMatGrpM"), "4");
+  exec("update master set tbl_nm='TAB_404'");
+  dialogs.queueAnswer(Answer::Yes);
+  press(form, form.cmddeleteG);
+  EXPECT_EQ(form.lblstatus.caption(), "Missing and passed over: RMGRP_404.");
+  EXPECT_EQ(form.vsfG.rows(), 3);
 }
+
+// --- failures -----------------------------------------------------------------------------------
 
 TEST_F(BindingTest, AFailedSaveOfAHeadIsLoggedUnderItsOldName) {
   open();
@@ -451,6 +460,120 @@ TEST_F(BindingTest, AFailedSaveOfAHeadIsLoggedUnderItsOldName) {
   press(form, form.cmdupdateG);
   EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCMDUDPATEG_CLICK"}));
   EXPECT_TRUE(form.cmdupdateG.enabled());
+}
+
+// Each statement of each deed fails once. The grid of the page shows what is stored then, and the
+// deed done again ends as it does without a failure.
+TEST_F(BindingTest, AfterAFailureTheGridShowsWhatIsStored) {
+  const auto item = [&](Button& command, const char* head) {
+    if (&command == &form.cmdmodifyM) pick(form.vsfM, 0, "1");
+    press(form, command);
+    choose(form.cbohead, head);
+    choose(form.cbogroup[1], "BUY B");
+  };
+  const auto sort = [&] {
+    press(form, form.cmdsortorder);
+    pick(form.vsfM, 0, "1");
+    press(form, form.cmdup);
+  };
+  const auto heads = [&](Button& command) {
+    press(form, form.cmdgrpM);
+    pick(form.vsfG, 0, "5");
+    press(form, command);
+    type(form.txthead, "A HEAD");
+    choose(form.cbotype, "OTHERS");
+  };
+  const auto lastHead = [&] {
+    press(form, form.cmdgrpM);
+    pick(form.vsfG, 0, "5");
+  };
+  const struct {
+    std::string what;
+    Act arrange;
+    Button& act;
+    bool repeats = true;
+    std::size_t behind = 0;  // the lists are read anew
+  } deeds[] = {
+      {"adding", [&] { item(form.cmdaddM, "OTHER CONSUMABLES"); }, form.cmdupdateM, true, 9},
+      {"modifying", [&] { item(form.cmdmodifyM, "OTHER CONSUMABLES"); }, form.cmdupdateM, true, 9},
+      // What is deleted is gone; its place in the order may stay empty.
+      {"deleting", [&] { pick(form.vsfM, 0, "3"); }, form.cmddeleteM, false, 9},
+      // The order that was typed is the grid itself, which shows the stored one again.
+      {"sorting", sort, form.cmdupdateM, false, 1},
+      {"adding a head", [&] { heads(form.cmdaddG); }, form.cmdupdateG},
+      {"modifying a head", [&] { heads(form.cmdmodifyG); }, form.cmdupdateG},
+      {"deleting a head", lastHead, form.cmddeleteG},
+  };
+  bindThree();
+  open();
+  keep({"RMGRP_2", "RawMatGrpM"});
+  const auto onHeads = [&] { return form.famG.visible(); };
+  for (const auto& deed : deeds) {
+    const auto act = [&] {
+      dialogs.queueAnswer(Answer::Yes);
+      if (deed.act.enabled()) press(form, deed.act);
+    };
+    failEachStatement(
+        {.what = deed.what,
+         .arrange =
+             [&] {
+               leave(form);
+               restore();
+               open();
+               deed.arrange();
+             },
+         .act = act,
+         .result =
+             [&] {
+               Rows all = stored();
+               for (auto& row : rows("select * from RawMatGrpM")) all.push_back(row);
+               for (auto& row : shown(onHeads() ? form.vsfG : form.vsfM)) all.push_back(row);
+               all.push_back({form.cmdupdateM.enabled() ? "editing" : "browsing"});
+               return all;
+             },
+         .next = deed.repeats ? std::vector<Continuation>{{"the same again",
+                                                           [&] {
+                                                             if (&deed.act != &form.cmddeleteG ||
+                                                                 form.vsfG.rows() == 5) {
+                                                               act();
+                                                             }
+                                                           }}}
+                              : std::vector<Continuation>{},
+         .place = "frmgrpRM\t",
+         .stops = false,
+         .behind = deed.behind,
+         .check =
+             [&] {
+               const Rows now = onHeads()
+                                    ? rows("select GrpHead from RawMatGrpM order by GrpId")
+                                    : rows(
+                                          "select GrpHead from RMGRP_2 join RawMatGrpM on "
+                                          "GrpSr=GrpId where Code_No='C1' order by GrpOrder,SrNo");
+               Rows listed;
+               for (auto& row : shown(onHeads() ? form.vsfG : form.vsfM))
+                 listed.push_back({row[0]});
+               EXPECT_EQ(listed, now);
+               if (onHeads() && form.cmdupdateG.enabled()) {
+                 EXPECT_EQ(form.txthead.text(), "A HEAD");
+               } else if (form.cmdupdateM.enabled() && deed.what != "sorting") {
+                 EXPECT_EQ(form.cbogroup[1].text(), "BUY B") << "what was chosen stays";
+               }
+             }});
+  }
+  leave(form);
+}
+
+TEST_F(BindingTest, AHeadStandsWhereTheOrderPutsIt) {
+  open();
+  press(form, form.cmdgrpM);
+  form.vsfG.sortBy(1);
+  press(form, form.cmdaddG);
+  type(form.txthead, "PACKING");
+  choose(form.cbotype, "OTHERS");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(form.vsfG.current(), 3);
+  EXPECT_EQ(form.txthead.text(), "PACKING");
+  EXPECT_EQ(form.vsfG.cell(4, 1), "RAW MATERIAL");
 }
 
 }  // namespace

@@ -17,6 +17,7 @@ namespace quillet::support {
 class MastersTest : public PracticeTest {
  protected:
   using Texts = std::vector<std::string>;
+  using Act = std::function<void()>;
 
   MastersTest() {
     addClient("C1", "Asha Traders");
@@ -51,9 +52,28 @@ class MastersTest : public PracticeTest {
   Texts changes() {
     Texts found;
     for (const std::string& sql : statements()) {
-      if (upperCase(sql).rfind("SELECT", 0) != 0) found.push_back(sql);
+      const std::string verb = upperCase(sql.substr(0, 4));
+      if (verb != "SELE" && verb != "SHOW") found.push_back(sql);
     }
     return found;
+  }
+  // Closes the form, giving up an entry that was begun.
+  void leave(Form& form) {
+    dialogs.queueAnswer(Answer::Yes);
+    form.close();
+    dialogs.clear();
+  }
+  // Remembers tables as they stand now, and brings them back.
+  void keep(const Texts& tables) {
+    for (const std::string& table : kept_ = tables) {
+      exec("create or replace temporary table kept_" + table + " as select * from " + table);
+    }
+  }
+  void restore() {
+    for (const std::string& table : kept_) {
+      exec("delete from " + table);
+      exec("insert into " + table + " select * from kept_" + table);
+    }
   }
   // The only message since the last call, with its style: "text|buttons icon default|title".
   std::string onlyMessage() {
@@ -85,6 +105,9 @@ class MastersTest : public PracticeTest {
     }
     return places;
   }
+
+ private:
+  Texts kept_;
 };
 
 }  // namespace quillet::support

@@ -180,7 +180,7 @@ TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
   addGroup(homesGroupMaster(), "FARES");
   context().desk.active()->close();
   EXPECT_EQ(form.vsfm.rows(), 1) << "a closed editor is not loaded";
-  EXPECT_TRUE(statementsWith("TAB_1").empty());
+  EXPECT_TRUE(statementsWith("Select * From TAB_1").empty());
 }
 
 TEST_F(OpeningTest, LinkedLedgersStayTwoLinesUntilThePairIsSaved) {
