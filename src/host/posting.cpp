@@ -11,6 +11,12 @@ void Posting::open(const ClientTable& books) {
   books_ = books;
   table_ = sqlName(books.table);
   client_ = context_.host->escaped(books.client);
+  merged_.emplace(context_);
+}
+
+LedgerGroup Posting::standing(LedgerGroup pair) const {
+  if (merged_) pair.allId = merged_->successor(pair.allId);
+  return pair;
 }
 
 void Posting::settle() {
@@ -22,20 +28,21 @@ void Posting::journalChanged(LedgerGroup pair, double amount) {
 }
 
 void Posting::post(LedgerGroup pair, double amount) {
-  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(pair.partId) +
-                     " and allid=" + sqlNumber(pair.allId);
+  const LedgerGroup stored = standing(pair);
+  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(stored.partId) +
+                     " and allid=" + sqlNumber(stored.allId);
   const double before = storedBalance(ofPair);
   context_.host->ConQuery("Delete from " + table_ + ofPair);
   context_.unposted.add(books_, pair, before);
-  if (Changed) Changed(pair, 0);
+  if (Changed) Changed(stored, 0);
   context_.host->ConQuery(flushTables);
   // Whole paise: what adding in binary leaves over is no balance.
   const double balance = shownAmount(context_.host->formatgen(before + amount, "###0.00"));
-  if (balance != 0) insertBalance(pair, balance);
+  if (balance != 0) insertBalance(stored, balance);
   // One after the other, as they came in: a sum might round to another paisa.
   context_.unposted.add(books_, pair, -before);
   context_.unposted.add(books_, pair, -amount);
-  if (Changed) Changed(pair, balance);
+  if (Changed) Changed(stored, balance);
   if (balance != 0) context_.host->ConQuery(flushTables);
 }
 

@@ -4,10 +4,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/context.h"
+#include "host/merged_groups.h"
 
 namespace quillet {
 
@@ -31,6 +33,9 @@ class Posting {
   // The journal has gained a line, or lost one with the sign turned: its amount is to be posted.
   void journalChanged(LedgerGroup pair, double amount);
   void post(LedgerGroup pair, double amount);
+  // The pair under which the table keeps it: the lines of a group that was merged away stand under
+  // the one it went into.
+  LedgerGroup standing(LedgerGroup pair) const;
 
  private:
   double storedBalance(const Sql& ofPair);
@@ -40,6 +45,7 @@ class Posting {
   ClientTable books_;
   Sql table_;
   Sql client_;  // code_no as it stands between quotes
+  std::optional<MergedGroups> merged_;
 };
 
 // Settles every trial balance of which something is missing: what rewrites ledgers and groups in

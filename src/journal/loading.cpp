@@ -296,7 +296,8 @@ bool frmjrnl::fillVoucher(Recordset& rows) {
 }
 
 void frmjrnl::fillLine(int line, Recordset& row, const VoucherFields& fields) {
-  const LedgerGroup pair{row.integer(fields.partId), row.integer(fields.allId)};
+  const LedgerGroup pair =
+      posting_.standing({row.integer(fields.partId), row.integer(fields.allId)});
   const double amount = row.number(fields.amount);
   const auto group = groupNames_.find(pair.allId);
   ids_[static_cast<std::size_t>(line)] = {pair, pair.partId};

@@ -1,6 +1,7 @@
 // Checks on update, the statements that store and post a voucher, and what is in the tables
 // afterwards.
 #include "journal_fixture.h"
+#include "masters/frmgrpmas.h"
 
 namespace quillet::support {
 namespace {
@@ -363,6 +364,46 @@ TEST_F(JournalSaving, KeepsWhatWasSentBeforeAFailure) {
       form.click(form.cmdcancel);
     }
   }
+}
+
+// A voucher keeps the group under which it was passed. When that was merged away meanwhile, the
+// lines that it posted stand under the group merged with, through all merges and a new start.
+TEST_F(JournalSaving, AVoucherOfAMergedGroupCountsWhereItsLinesStand) {
+  const auto merge = [&](const char* name, const char* target) {
+    frmgrpmas groups(context());
+    groups.showModal();
+    groups.click(groups.cmdMerge);
+    groups.vsM.tick(groups.vsM.find(1, name), true);
+    groups.vsMW.setCurrent(groups.vsMW.find(1, target));
+    for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+    groups.click(groups.cmdMergeGroup);
+    groups.close();
+    EXPECT_EQ(messages().back(), "Merge Successfully.");
+  };
+  pass("15062008", {{"Rent", "RENT", "100"}, {"Cash", "RENT", "100", false}});
+  close();
+  merge("RENT", "SALES");
+  merge("SALES", "CAPITAL");
+  practice.restartModule();
+  frmjrnl& j = open("C1", 2008);
+  pick(1);
+  j.doubleClick(j.vsf);
+  EXPECT_EQ(j.txtgroup[0].text(), "CAPITAL");
+  type(j.txtdramt[0], "70");
+  type(j.txtcramt[1], "70");
+  ASSERT_TRUE(j.click(j.cmdupdate));
+  const auto balances = [&] {
+    return rows(
+        "select particular,allid,amt,nid from TAB_1 t join Mast_Part p on p.partid=t.partid "
+        "where code_no='C1' order by particular,allid");
+  };
+  EXPECT_EQ(balances(),
+            (Rows{{"Cash", "1", "500", "1"}, {"Cash", "2", "70", "2"}, {"Rent", "2", "110", "1"}}));
+  exec("update JRNL_1 set AllId=3");  // as it was passed first
+  pick(1);
+  dialogs.queueAnswer(Answer::Yes);
+  ASSERT_TRUE(j.click(j.Command1));
+  EXPECT_EQ(balances(), (Rows{{"Cash", "1", "500", "1"}, {"Rent", "2", "40", "1"}}));
 }
 
 }  // namespace
