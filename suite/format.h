@@ -1,11 +1,10 @@
 // Numbers and dates as texts, by the suite's formats.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
-#include "host/ports.h"
+#include "data/dates.h"
 
 namespace quillet::suite {
 
@@ -14,11 +13,6 @@ namespace quillet::suite {
 // decimal digits, half away from zero. A number that rounds to zero carries no minus. Throws
 // RunTimeError for what is no number.
 std::string formatNumber(double number, std::string_view format);
-
-// The date that a text tells in any form that people write: 1/4/2008, 01-04-08, 1.4.2008,
-// 2008-04-01, 01042008, 1 Apr 2008; a time after it is ignored. Two digits of a year below 30 mean
-// this century. Nothing when there is no such day.
-std::optional<Date> readDate(std::string_view text);
 
 // "01/04/2008", "" when the text is no date.
 std::string normalisedDate(std::string_view text);

@@ -61,6 +61,11 @@ class Control {
   // What the control does by itself with a key that no handler discarded; true when it used it.
   virtual bool act(Key) { return false; }
 
+  // What a kind of control checks by itself, whatever handlers are attached: a character before
+  // KeyPress sees it (zero discards it), its text before LostFocus.
+  virtual void checkKey(Key&) {}
+  virtual void checkLeft() {}
+
   // Handlers, in the order in which a person causes them.
   Event<> GotFocus{form_, name_, "GOTFOCUS"};
   // Every key; zero discards it.

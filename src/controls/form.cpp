@@ -173,7 +173,10 @@ void Form::moveFocus(Control* to) {
     Control* from = std::exchange(active_, to);
     redirected_ = nullptr;
     touch();
-    if (from) from->LostFocus();
+    if (from) {
+      from->checkLeft();
+      from->LostFocus();
+    }
     if (!redirected_ && active_ == to) to->GotFocus();
     to = redirected_ && redirected_ != active_ && redirected_->focusable() ? redirected_ : nullptr;
   }
@@ -217,6 +220,7 @@ Key Form::offer(Key key) {
   if (active_) each(active_->KeyDown);
   if (pressed) {
     each(KeyPress);
+    if (active_ && key != keys::none) active_->checkKey(key);
     if (active_) each(active_->KeyPress);
   }
   return key;

@@ -1,9 +1,9 @@
 #include "controls/key_checks.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
+#include "data/dates.h"
 #include "data/text.h"
 
 namespace quillet::key_checks {
@@ -18,24 +18,12 @@ bool allDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// The value of one to `most` digits, -1 for anything else.
-int partOfDate(std::string_view text, std::size_t most) {
-  if (text.empty() || text.size() > most || !allDigits(text)) return -1;
-  int value = 0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
-}
-
-int yearOfDate(std::string_view text) {
-  const int year = partOfDate(text, 4);
-  if (year < 0 || text.size() > 2) return year;
-  return year + (year < 30 ? 2000 : 1900);
-}
-
-int daysOf(int month, int year) {
-  constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-  return days[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
+// The number in the place of the month, 0 for none.
+int monthOf(std::string_view text) {
+  int month = 0;
+  const std::string_view from = text.substr(std::min<std::size_t>(3, text.size()));
+  std::from_chars(from.data(), from.data() + from.size(), month);
+  return month;
 }
 
 }  // namespace
@@ -73,20 +61,9 @@ const char* refusal(int mode) {
   }
 }
 
-bool isDate(std::string_view text) {
-  const std::size_t first = text.find_first_of(separators);
-  if (first == std::string_view::npos) return false;
-  const std::size_t second = text.find_first_of(separators, first + 1);
-  if (second == std::string_view::npos) return false;
-  const int day = partOfDate(text.substr(0, first), 2);
-  const int month = partOfDate(text.substr(first + 1, second - first - 1), 2);
-  const int year = yearOfDate(text.substr(second + 1));
-  return year >= 100 && month >= 1 && month <= 12 && day >= 1 && day <= daysOf(month, year);
-}
-
 const char* dateFault(int mode, std::string_view text) {
   const bool shortYear = mode == shortDate;
-  if (!isDate(text)) return "Not a valid date";
+  if (!readDate(text) || monthOf(text) > 12) return "Not a valid date";
   if (text.size() != (shortYear ? 8U : 10U)) {
     return shortYear ? "Date Format dd-mm-yy" : "Date Format must be dd-mm-yyyy";
   }

@@ -23,10 +23,8 @@ bool accepts(int mode, char32_t key);
 // What a person is told when it does not.
 const char* refusal(int mode);
 
-// A day, a month and a year of the calendar, parted by "-", "." or "/" in any mixture. Years of one
-// or two digits are those from 1930 to 2029.
-bool isDate(std::string_view text);
-// What is wrong with the text of a date mode, "" when nothing is.
+// What is wrong with the text of a date mode, "" when nothing is: that it tells no date, or tells
+// one in another form.
 const char* dateFault(int mode, std::string_view text);
 
 // A number rounded to two decimals as on paper, half away from zero: "1.005" gives "1.01". A text

@@ -18,10 +18,7 @@ constexpr std::size_t decimalsTaken = 3;
 }  // namespace
 
 VTxt::VTxt(Form& form, std::string name, std::string caption, int index)
-    : TextBox(form, std::move(name), std::move(caption), index) {
-  TextBox::KeyPress = [this](Key& key) { CTXTVALIDATE_KEYPRESS(key); };
-  TextBox::LostFocus = [this] { CTXTVALIDATE_LOSTFOCUS(); };
-}
+    : TextBox(form, std::move(name), std::move(caption), index) {}
 
 void VTxt::report(std::string_view procedure, const std::exception& error) {
   const Desk& desk = form().desk();
@@ -107,14 +104,13 @@ void VTxt::CTXTVALIDATE_KEYPRESS(Key& key) {
         if (!CHECK_M()) key = keys::none;
         break;
       case keys::Enter:
-        if (KeyPress) KeyPress(key);
+        KeyPress(key);
         key = keys::none;
         form().press(keys::Tab);
         return;
       default:
         check(key);
     }
-    if (key != keys::none && KeyPress) KeyPress(key);
   });
 }
 
@@ -170,7 +166,6 @@ void VTxt::CTXTVALIDATE_LOSTFOCUS() {
     if (CHECK_M() && validateData_ == key_checks::amount && !trimmed(text()).empty()) {
       setText(key_checks::twoDecimals(text()));
     }
-    if (LostFocus) LostFocus();
   });
 }
 

@@ -1,8 +1,8 @@
 // The validating text box, for codes, names and dates: it turns every key to upper case and checks
 // it by a validation mode, an include list, an exclude list and the text's length.
 //
-// It is a text box in everything else. A form handles it like one: KeyPress and LostFocus, attached
-// by the form, run after the box's own checks, KeyPress with the key that is left.
+// It is a text box in everything else. A form handles it like one: KeyPress and LostFocus run after
+// the box's own checks, KeyPress with the key that is left.
 #pragma once
 
 #include <array>
@@ -56,8 +56,8 @@ class VTxt : public TextBox {
   // Shows a text in a message box with OK and no icon; attached by the form.
   std::function<void(const std::string& text)> MsgBox;
 
-  std::function<void(Key&)> KeyPress;
-  std::function<void()> LostFocus;
+  void checkKey(Key& key) override { CTXTVALIDATE_KEYPRESS(key); }
+  void checkLeft() override { CTXTVALIDATE_LOSTFOCUS(); }
 
  private:
   // The characters of a list, taken apart.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "data/dates.h"
 #include "data/recordset.h"
 #include "data/sql.h"
 
@@ -44,12 +45,6 @@ class Dialogs {
 };
 
 // --- the clock -----------------------------------------------------------------------------------
-
-struct Date {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-};
 
 class Clock {
  public:

@@ -110,6 +110,28 @@ TEST_F(VTxtTest, EveryKeyIsCheckedByModeListsAndLength) {
   EXPECT_EQ(errors, Texts());
 }
 
+// A handler is attached beside the checks, however the form holds the box.
+TEST_F(VTxtTest, NoHandlerTakesThePlaceOfTheChecks) {
+  Control& base = box;
+  TextBox& textBox = box;
+  int keys = 0;
+  int left = 0;
+  base.KeyPress = [&](Key&) { ++keys; };
+  textBox.LostFocus = [&] { ++left; };
+  box.ValidateData(key_checks::amount);
+  form.type("a1x");
+  EXPECT_EQ(box.text(), "1");
+  EXPECT_EQ(keys, 1);
+  EXPECT_EQ(form.take(), (Texts{"Enter Numeric value", "Enter Numeric value"}));
+  form.focus(form.next);
+  EXPECT_EQ(box.text(), "1.00");
+  EXPECT_EQ(left, 1);
+  base.KeyPress = [](Key&) { throw std::runtime_error("broken"); };
+  form.type("2y");
+  EXPECT_EQ(form.take(), (Texts{"Enter Numeric value"})) << "nor does one that fails";
+  EXPECT_EQ(errors.size(), 1U);
+}
+
 TEST_F(VTxtTest, AFormSeesTheKeysThatAreLeft) {
   box.ValidateData(key_checks::alphabets);
   form.type("a1");
@@ -158,6 +180,9 @@ TEST_F(VTxtTest, TheTextIsCheckedWhenTheBoxIsLeft) {
       {6, "1-4-24", shortForm},
       {6, "01-04/24", shortMust},
       {6, "1-2-2202", shortMust},
+      {6, "2024-04-01", shortForm},
+      {6, "24 4 2024", shortForm},
+      {6, "010424", none.c_str()},  // 424 stands in the place of the month
       {5, "29-02-2024", ""},
       {5, "29-02-2023", none.c_str()},
       {5, "29-02-1900", none.c_str()},
@@ -167,6 +192,12 @@ TEST_F(VTxtTest, TheTextIsCheckedWhenTheBoxIsLeft) {
       {5, "1-4-2024", longMust},
       {5, "01-04-24", longMust},
       {5, "01-04.2024", longMust},
+      {5, "2024-04-01", longMust},
+      {5, "2024/12/31", longMust},
+      {5, "2024-13-01", none.c_str()},
+      {5, "12-31-2024", none.c_str()},
+      {5, "1 Apr 2024", longMust},
+      {5, "01--04-2024", longMust},
       {5, "01-04-2024-1", none.c_str()},
       {5, "", "Data must be at least of 1 characters", nullptr, 1},
       {4, "12", "", "12.00"},
