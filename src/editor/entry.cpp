@@ -139,7 +139,7 @@ bool frmcrtb::knownGroup(const std::string& name) const {
 
 std::string frmcrtb::enteredName(const Grid& list, const std::string& typed) const {
   const std::vector<std::string>& keys = &list == &vsfp ? ledgerKeys_ : groupKeys_;
-  const std::string name = cleanedName(typed);
+  std::string name = cleanedName(typed);
   const auto [first, last] = std::equal_range(keys.begin(), keys.end(), nameKey(name));
   if (first == last) return name;
   const auto listed = [&](auto at) {
