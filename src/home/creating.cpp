@@ -8,6 +8,7 @@
 #include "home/year_creation.h"
 #include "home/year_rules.h"
 #include "host/busy.h"
+#include "host/posting.h"
 #include "host/rights.h"
 
 namespace quillet {
@@ -252,6 +253,7 @@ bool third::DATA_TRANSFER(const std::string& previousTable) {
   trap("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
+    settlePostings(context_);
     const Sql table = sqlName(newYear_.table);
     long srno = context_
                     .query("Select max(srno) as maxsrno from " + table + " Where Code_No='" +

@@ -10,6 +10,7 @@
 #include "home/printouts.h"
 #include "home/year_rules.h"
 #include "host/busy.h"
+#include "host/posting.h"
 #include "host/rights.h"
 
 namespace quillet {
@@ -295,6 +296,7 @@ void third::printChosenYear() {
   if (row == 0) return;
   const auto year = selectYear(row);
   if (!year) return;
+  settlePostings(context_);
   printYear(context_, mode_,
             {client(), clientName_, sqlName(year->text("tbl_nm")), flexgrid2.cell(row, 0),
              flexgrid2.cell(row, 1)});

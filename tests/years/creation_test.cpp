@@ -178,6 +178,23 @@ TEST_F(CreationTest, CopiesTheLatestEarlierYear) {
   }
 }
 
+// A voucher that was posted by half belongs to the figures that are taken over, and printed.
+TEST_F(CreationTest, TakesOverWhatIsNotPostedYet) {
+  for (const bool printed : {true, false}) {
+    exec("delete from master");
+    for (const long each : {1, 2}) exec("delete from " + tab(each));
+    addYear("C1", 2007, {{"Cash", "BANKS", 5}});
+    context().unposted.add({tab(1), "C1"}, {ledger("Cash"), group("BANKS")}, 2.5);
+    if (printed) choose(&third::mnualpha, "C1").press(keys::Enter);
+    if (!printed) {
+      answer({Answer::Yes, Answer::Yes});
+      typeYear(choose(&third::mnucreate, "C1"), "01/04/2008");
+    }
+    EXPECT_EQ(lines(tab(printed ? 1 : 2)).at(0).at(4), "7.5");
+  }
+  messages();
+}
+
 // The dates' own box has the focus after what is said of it.
 TEST_F(CreationTest, AnInvalidDateIsTypedAnewWhereItStands) {
   third& form = choose(&third::mnucreate, "C1");
