@@ -1,10 +1,6 @@
 // Entering, merging, altering and deleting lines through the editor's fields.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <map>
-#include <random>
-
 #include "forms/editor_fixture.h"
 
 namespace quillet::support {
@@ -735,37 +731,6 @@ TEST_F(EntryTest, ALedgerThatCannotBeMadeIsNamed) {
   exec("rename table mast_part_away to mast_part");
   EXPECT_EQ(onlyMessage(Icon::information), "Failed to Create Master [Nobody].");
   EXPECT_TRUE(stored().empty());
-}
-
-// Whatever is entered, the stored balance of each pair is the sum of what was entered on it.
-TEST_F(EntryTest, AnySequenceOfEntriesAddsUp) {
-  std::mt19937 random(4711);
-  std::map<std::pair<int, int>, long> paise;
-  const char* ledgers[] = {"A", "B", "C"};
-  const char* groups[] = {"RENT", "BANKS"};
-  for (int i = 0; i < 150; ++i) {
-    const int l = static_cast<int>(random() % 3);
-    const int g = static_cast<int>(random() % 2);
-    const long amount =
-        random() % 4 == 0 ? std::labs(paise[{l, g}]) : static_cast<long>(random() % 100000) + 1;
-    if (amount == 0) continue;
-    const bool isDebit = random() % 2 == 0;
-    enter(form, ledgers[l], groups[g],
-          std::to_string(amount / 100) + "." + (amount % 100 < 10 ? "0" : "") +
-              std::to_string(amount % 100),
-          isDebit ? "D" : "C");
-    paise[{l, g}] += isDebit ? amount : -amount;
-  }
-  for (const auto& [pair, sum] : paise) {
-    const std::string where =
-        " from TAB_1 where partid=" + std::to_string(ledger(ledgers[pair.first])) +
-        " and allid=" + std::to_string(group(groups[pair.second]));
-    EXPECT_EQ(value("select count(*)" + where), sum == 0 ? "0" : "1");
-    EXPECT_EQ(value("select coalesce(round(sum(if(nid=2,-amt,amt))*100),0)" + where),
-              std::to_string(sum));
-  }
-  EXPECT_EQ(value("select count(*) from TAB_1 where amt<=0"), "0");
-  EXPECT_EQ(value("select count(*)-count(distinct srno) from TAB_1"), "0");
 }
 
 }  // namespace

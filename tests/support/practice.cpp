@@ -23,7 +23,7 @@ std::string quoted(suite::Database& database, const std::string& text) {
 // Everything that lives as long as the process. Members go in reverse order: the folder last.
 struct Shared {
   TemporaryFolder folder;
-  suite::QueuedDialogs dialogs;
+  Answers dialogs;
   suite::HeadlessFrontEnd frontEnd{dialogs};
   suite::FixedClock clock;
   suite::Practice practice;
@@ -93,6 +93,7 @@ PracticeTest::PracticeTest()
   emptyTables(practice.database());
   resetSettings(practice.settings());
   dialogs.clear();
+  dialogs.answering = {};
   clock = {};
   clock.set({2009, 6, 15});
   practice.restartModule();

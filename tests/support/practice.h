@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,15 @@ class TemporaryFolder {
 // How many table numbers the practice of the tests has; few, because emptying tables takes time.
 inline constexpr long tableNumbers = 6;
 
+// Queued answers, or those that a test works out when it is asked.
+struct Answers : suite::QueuedDialogs {
+  std::function<Answer(const Message&)> answering;
+  Answer MsgBox(const Message& message) override {
+    if (answering && message.buttons != Buttons::OK) queueAnswer(answering(message));
+    return QueuedDialogs::MsgBox(message);
+  }
+};
+
 struct Line {
   std::string ledger;
   std::string group;
@@ -49,7 +59,7 @@ class PracticeTest : public ::testing::Test {
   void TearDown() override;
 
   suite::Practice& practice;
-  suite::QueuedDialogs& dialogs;
+  Answers& dialogs;
   suite::HeadlessFrontEnd& frontEnd;
   suite::FixedClock& clock;
 
