@@ -447,6 +447,7 @@ void frmcrtb::MNUSORTOPT_CLICK(int index) {
     context_.host->SaveSettingINI(settings, "TBSort", std::to_string(index + 1));
     readSettings();
     reload();
+    reloadPage();
   });
 }
 

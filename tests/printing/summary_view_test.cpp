@@ -121,6 +121,16 @@ TEST_F(SummaryViewTest, WithoutLinesEveryAmountIsZeroAndEveryRateADash) {
   }
 }
 
+TEST_F(SummaryViewTest, WhatSortingImportsIsInTheFigures) {
+  exec("delete from " + current + " where code_no='C1'");
+  dialogs.queueAnswer(Answer::No);
+  frmcrtb& form = open("C1", 2008);
+  form.click(form.mnushsumm);
+  dialogs.queueAnswer(Answer::Yes);
+  form.click(form.mnusortopt[1]);
+  EXPECT_EQ(row(form, "Sales"), (Pair{"50.00", "50.00"}));
+}
+
 TEST_F(SummaryViewTest, AFailureIsLoggedAndLeavesTheFormOpen) {
   frmcrtb& form = open("C1", 2008);
   host().statements().failNext("mast_allgrp.gid=29");
