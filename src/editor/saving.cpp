@@ -140,7 +140,7 @@ bool frmcrtb::putBack() {
     }
   });
   if (visible()) showStored();
-  return whole;
+  return whole && takenOut_.lines.empty();
 }
 
 // Books that have changed otherwise since may hold the lines by now, or have no place for them.

@@ -725,6 +725,19 @@ TEST_F(EntryTest, AfterAFailureTheScreenShowsWhatIsStored) {
                      .behind = 1});
 }
 
+TEST_F(EntryTest, WhatCannotBePutBackYetIsNotForgotten) {
+  enter(form, "Rent", "RENT", "100", "D");
+  fill(form, "Rent", "RENT", "10", "D");
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    host().statements().failNext("insert into TAB_1");
+    form.press(keys::Enter);
+    EXPECT_EQ(stored(), Rows{});
+  }
+  form.press(keys::Enter);
+  EXPECT_EQ(stored(), (Rows{{"1", "Rent", "RENT", "110", "1"}}));
+  EXPECT_EQ(log().size(), 2U);
+}
+
 TEST_F(EntryTest, ALedgerThatCannotBeMadeIsNamed) {
   exec("rename table mast_part to mast_part_away");
   enter(form, "Nobody", "RENT", "1", "D");
