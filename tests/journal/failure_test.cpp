@@ -212,7 +212,7 @@ TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
          form.click(form.cmdMerge);
          form.vsM.tick(form.vsM.find(1, "RENT"), true);
          form.vsMW.setCurrent(form.vsMW.find(1, "CAPITAL"));
-         dialogs.queueAnswer(Answer::Yes);
+         for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
          form.click(form.cmdMergeGroup);
        }},
       {"a ledger is linked",
