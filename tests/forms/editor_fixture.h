@@ -48,6 +48,35 @@ class EditorTest : public PracticeTest {
     form.press(keys::Enter);
   }
 
+  void yes() { dialogs.queueAnswer(Answer::Yes); }
+  static void pick(frmcrtb& form, const std::string& ledger) {
+    form.vsfm.setCurrent(form.vsfm.find(0, ledger));
+  }
+  static void alter(frmcrtb& form, const std::string& ledger, const std::string& amount) {
+    pick(form, ledger);
+    form.click(form.mnualter);
+    type(form.txtamount, amount);
+    form.focus(form.txtdrcr);
+    form.press(keys::Enter);
+  }
+  void remove(frmcrtb& form, const std::string& ledger) {
+    pick(form, ledger);
+    yes();
+    form.click(form.mnudelete);
+  }
+  // A line of C1 behind the form's back; the figures are amount and side.
+  void put(const std::string& table, const std::string& srno, const std::string& ledgerName,
+           const std::string& groupName, const std::string& figures) {
+    exec("insert into " + table + " values(" + srno + ",'C1'," +
+         std::to_string(ledger(ledgerName)) + "," + std::to_string(group(groupName)) + "," +
+         figures + ")");
+  }
+  static Rows joined(const std::vector<Rows>& parts) {
+    Rows all;
+    for (const Rows& part : parts) all.insert(all.end(), part.begin(), part.end());
+    return all;
+  }
+
   // All that the form's controls hold, shown or not, by their names.
   static Rows held(const Form& form) {
     Rows all{{form.caption()}};
