@@ -64,9 +64,9 @@ assert(quillet.paths.exe ~= "" and quillet.paths.doc ~= "" and quillet.paths.exe
 
 -- What a script fails comes from the database as far as the module can tell: one line in the log,
 -- and the form goes on.
-support.year("C1", 2008, 1)
+support.year("C1", 2007, 1)
 quillet.statements()
-editor = support.open("C1", 2008)
+editor = support.open("C1", 2007)
 local sent = quillet.statements()
 assert(#sent > 0)
 equal(quillet.statements(), {})
@@ -88,6 +88,12 @@ fails("selected record", editor.mnudelete.click, editor.mnudelete)
 quillet.answer("Yes")
 editor.mnudelete:click()
 equal(support.stored("TAB_1", "C1"), {})
+
+-- The journal proposes the script's day.
+editor.mnujournal:click()
+local journal = quillet.form("frmjrnl")
+journal.cmdadd:click()
+equal(journal.txtdt.text, "29/02/2008")
 
 -- Coroutines and pcall reach the forms like everything else.
 equal(coroutine.wrap(function() return editor.txtpart.name end)(), "txtpart")

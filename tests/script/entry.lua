@@ -28,8 +28,8 @@ local insert = "insert into TAB_1 values(1,'R1'," .. part .. "," .. group .. ",1
 assert(sent:lower():find(insert:lower(), 1, true), "not sent: " .. insert .. "\nbut: " .. sent)
 
 -- The same pair again on the other side: one row with the net amount, under a new number.
-enter(editor, "Salaries", "SALARIES AND BONUS", "500", "d")
-enter(editor, "office rent", "rent", "2000", "c")
+enter(editor, "Salaries", "SALARIES AND BONUS", "500", "dr")
+enter(editor, "office rent", "rent", "2000", "Cr")
 equal(support.stored(tab, "R1"),
   { { 2, "Salaries", 500, 1 }, { 3, "Office Rent", 10000, 1 } })
 
