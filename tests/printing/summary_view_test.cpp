@@ -9,6 +9,7 @@ namespace quillet::support {
 namespace {
 
 using Statements = std::vector<std::string>;
+using Pair = std::vector<std::string>;
 using suite::frmTrade;
 
 class SummaryViewTest : public EditorTest {
@@ -33,7 +34,6 @@ class SummaryViewTest : public EditorTest {
          ",99999,2)");
   }
 
-  static Rows figures(const frmcrtb& form) { return shown(form.vsfr); }
   static std::vector<std::string> row(const frmcrtb& form, const std::string& caption) {
     const int at = form.vsfr.find(0, caption);
     if (at == 0) return {};
@@ -50,14 +50,29 @@ class SummaryViewTest : public EditorTest {
     form.press(keys::Enter);
   }
 
+  static std::string stockOf(const std::string& table) { return "TRADE_" + table.substr(4); }
+  std::string idsOf(const char* name) {
+    return std::to_string(ledger(name)) + "," + std::to_string(group("CLOSING STOCK"));
+  }
+  // Opens the closing stock and, where a ledger is named, moves to its line.
+  frmTrade& openStock(const char* name = nullptr) {
+    frmcrtb& form = open("C1", 2008);
+    EXPECT_TRUE(form.click(form.cmdclstock[0]));
+    frmTrade& stock = stockForm(form);
+    if (name != nullptr) moveTo(stock, name);
+    return stock;
+  }
+  static void moveTo(frmTrade& stock, const char* name) {
+    stock.focus(stock.vsf);
+    stock.vsf.setCurrent(stock.vsf.find(0, name));
+  }
+
   std::string previous, current;
 };
 
-using Pair = std::vector<std::string>;
-
 TEST_F(SummaryViewTest, ShowsBothYearsAndSendsAStatementForEachGroup) {
-  exec("insert into TRADE_" + current.substr(4) +
-       "(code_no,partid,allid,amt) values('C1',1,1,300)" + ",('C2',1,1,7000)");
+  exec("insert into " + stockOf(current) + "(code_no,partid,allid,amt) values('C1',1,1,300)" +
+       ",('C2',1,1,7000)");
   frmcrtb& form = open("C1", 2008);
   EXPECT_TRUE(form.click(form.mnushsumm));
   EXPECT_TRUE(form.famSummary.visible());
@@ -73,7 +88,7 @@ TEST_F(SummaryViewTest, ShowsBothYearsAndSendsAStatementForEachGroup) {
     for (int gid = 1; gid <= 28; ++gid) expected.push_back(balance(table, gid));
     expected.push_back(balance(table, 29, " and mast_allgrp.allgrp<>'DEPRECIATION'"));
     expected.push_back(balance(table, 29, " and mast_allgrp.allgrp='DEPRECIATION'"));
-    expected.push_back("Select sum(amt) from TRADE_" + table.substr(4) + " Where Code_No='C1'");
+    expected.push_back("Select sum(amt) from " + stockOf(table) + " Where Code_No='C1'");
   }
   EXPECT_EQ(sent, expected);
 
@@ -98,7 +113,7 @@ TEST_F(SummaryViewTest, ShowsBothYearsAndSendsAStatementForEachGroup) {
   for (const auto& [stock, read, assets] :
        {std::tuple{"12345678901234.56", "12,345,678,901,234.60", "12,345,678,901,434.60"},
         {"123456789012345.67", "123,456,789,012,346.00", "123,456,789,012,546.00"}}) {
-    exec("update TRADE_" + current.substr(4) + " set amt=" + stock + " where code_no='C1'");
+    exec("update " + stockOf(current) + " set amt=" + stock + " where code_no='C1'");
     form.click(form.mnushsumm);
     EXPECT_EQ(form.txtclst[0].text(), read);
     EXPECT_EQ(row(form, "Less : Closing Stock")[0], read);
@@ -114,7 +129,7 @@ TEST_F(SummaryViewTest, WithoutLinesEveryAmountIsZeroAndEveryRateADash) {
   form.click(form.mnushsumm);
   EXPECT_EQ(statements().size(), 31U) << "there is no year before to ask for";
   ASSERT_EQ(form.vsfr.rows(), 19);
-  for (const auto& cells : figures(form)) {
+  for (const auto& cells : shown(form.vsfr)) {
     const bool rate = cells[0].find("Rate") != std::string::npos || cells[0] == "Current Ratio";
     EXPECT_EQ(cells[1], rate ? "-" : "0.00") << cells[0];
     EXPECT_EQ(cells[2], rate ? "-" : "0.00") << cells[0];
@@ -155,7 +170,7 @@ TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
   enterStock(stock, "O'Brien's \\ wheat", "CLOSING STOCK", "99");
   EXPECT_EQ(stock.vsf.rows(), 2);
   EXPECT_EQ(stock.txttotal.text(), "1,299.76");
-  const std::string table = "TRADE_" + current.substr(4);
+  const std::string table = stockOf(current);
   const std::string all = "select particular,allgrp,amt from " + table +
                           " t join mast_part p on p.partid=t.partid join mast_allgrp g on "
                           "g.allid=t.allid where code_no='C1' order by amt";
@@ -171,8 +186,7 @@ TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
   stock.press(keys::Escape);
 
   // Altered, the line is replaced; deleted, it is gone.
-  stock.focus(stock.vsf);
-  stock.vsf.setCurrent(stock.vsf.find(0, "Rice"));
+  moveTo(stock, "Rice");
   stock.press(keys::Enter);
   type(stock.txtamount, "700");
   stock.press(keys::Enter);
@@ -194,9 +208,8 @@ TEST_F(SummaryViewTest, ClosingStockIsKeptInTheYearsTableAndChangesTheFigures) {
 
 // A merge of groups or ledgers leaves such rows; the sibling component may leave rows without ids.
 TEST_F(SummaryViewTest, RowsOfOnePairAreOneLineOfStock) {
-  const std::string table = "TRADE_" + current.substr(4);
-  const std::string ids =
-      std::to_string(ledger("Rice")) + "," + std::to_string(group("CLOSING STOCK"));
+  const std::string table = stockOf(current);
+  const std::string ids = idsOf("Rice");
   const auto fill = [&] {
     exec("delete from " + table);
     exec("insert into " + table + "(code_no,partid,allid,amt) values('C1'," + ids + ",0.1),('C1'," +
@@ -205,9 +218,7 @@ TEST_F(SummaryViewTest, RowsOfOnePairAreOneLineOfStock) {
   };
   const std::string all = "select code_no,amt from " + table + " order by code_no,amt";
   fill();
-  frmcrtb& form = open("C1", 2008);
-  form.click(form.cmdclstock[0]);
-  frmTrade& stock = stockForm(form);
+  frmTrade& stock = openStock();
   EXPECT_EQ(shown(stock.vsf), (Rows{{"Rice", "CLOSING STOCK", "1000.30"}, {"Wheat", "", "7.00"}}));
   EXPECT_EQ(stock.txttotal.text(), "1,007.30");
   const struct {
@@ -222,11 +233,8 @@ TEST_F(SummaryViewTest, RowsOfOnePairAreOneLineOfStock) {
     SCOPED_TRACE(c.what);
     fill();
     stock.close();
-    form.click(form.cmdclstock[0]);
-    frmTrade& anew = stockForm(form);
+    frmTrade& anew = openStock(c.ledger);
     const bool merging = c.what == std::string("merged");
-    anew.focus(anew.vsf);
-    anew.vsf.setCurrent(anew.vsf.find(0, c.ledger));
     if (std::string(c.amount).empty()) {
       dialogs.queueAnswer(Answer::Yes);
       anew.click(anew.cmddelete);
@@ -240,21 +248,15 @@ TEST_F(SummaryViewTest, RowsOfOnePairAreOneLineOfStock) {
 }
 
 TEST_F(SummaryViewTest, AFailedChangeOfStockChangesNothing) {
-  const std::string table = "TRADE_" + current.substr(4);
-  const auto ids = [&](const char* name) {
-    return std::to_string(ledger(name)) + "," + std::to_string(group("CLOSING STOCK"));
-  };
-  const std::string rice = ids("Rice"), wheat = ids("Wheat");
+  const std::string table = stockOf(current);
+  const std::string rice = idsOf("Rice"), wheat = idsOf("Wheat");
   frmTrade* stock = nullptr;
   const auto arrange = [&] {
     if (stock != nullptr && stock->visible()) stock->close();
     exec("delete from " + table);
     exec("insert into " + table + "(code_no,partid,allid,amt) values('C1'," + rice +
          ",300),('C1'," + wheat + ",100)");
-    frmcrtb& form = open("C1", 2008);
-    form.click(form.cmdclstock[0]);
-    stock = &stockForm(form);
-    stock->vsf.setCurrent(stock->vsf.find(0, "Rice"));
+    stock = &openStock("Rice");
   };
   const auto enter = [&] { stock->press(keys::Enter); };
   const auto result = [&] {
@@ -262,7 +264,6 @@ TEST_F(SummaryViewTest, AFailedChangeOfStockChangesNothing) {
   };
   const auto alter = [&] {
     arrange();
-    stock->focus(stock->vsf);
     enter();
     type(stock->txtpart, "Wheat");
     type(stock->txtamount, "50");
@@ -291,13 +292,12 @@ TEST_F(SummaryViewTest, AFailedChangeOfStockChangesNothing) {
                      .place = "frmTrade",
                      .stops = false,
                      .check = showsWhatIsStored});
+  const auto escape = [&] { stock->press(keys::Escape); };
   failEachStatement({.what = "altering into another line",
                      .arrange = alter,
                      .act = enter,
                      .result = result,
-                     .next = {{"Escape", [&] { stock->press(keys::Escape); },
-                               [&] { stock->press(keys::Escape); }},
-                              {"a deletion", remove, remove}},
+                     .next = {{"Escape", escape, escape}, {"a deletion", remove, remove}},
                      .place = "frmTrade",
                      .stops = false,
                      .behind = 2});
@@ -313,31 +313,28 @@ TEST_F(SummaryViewTest, AFailedChangeOfStockChangesNothing) {
 }
 
 TEST_F(SummaryViewTest, ClosingStockRefusesWhatTheEditorRefuses) {
-  frmcrtb& form = open("C1", 2008);
-  form.click(form.cmdclstock[0]);
-  frmTrade& stock = stockForm(form);
+  frmTrade& stock = openStock();
   const struct {
-    const char *ledger, *group, *amount, *message;
-    Icon icon;
-  } refused[] = {
-      {"", "CLOSING STOCK", "5", "Cannot save the entry due to invalid data.", Icon::none},
-      {"Rice", "", "5", "Cannot save the entry due to invalid data.", Icon::none},
-      {"Rice", "CLOSING STOCK", "", "Cannot save the entry due to invalid data.", Icon::none},
-      {"Rice", "CLOSING STOCK", "0", "Cannot save the entry due to invalid data.", Icon::none},
-      {"Rice", "CLOSING STOCK", "-5", "Cannot save the entry due to invalid data.", Icon::none},
-      {"Rice", "CLOSING STOCK", "1e3", "Cannot save the entry due to invalid data.", Icon::none},
-      // A group of the ledger master that is no stock.
-      {"Rice", "RENT", "5", "Group does not exist.", Icon::information},
-  };
+    const char *ledger, *group, *amount;
+  } refused[] = {{"", "CLOSING STOCK", "5"},
+                 {"Rice", "", "5"},
+                 {"Rice", "CLOSING STOCK", ""},
+                 {"Rice", "CLOSING STOCK", "0"},
+                 {"Rice", "CLOSING STOCK", "-5"},
+                 {"Rice", "CLOSING STOCK", "1e3"},
+                 // A group of the ledger master that is no stock.
+                 {"Rice", "RENT", "5"}};
   for (const auto& entry : refused) {
+    const bool isStock = std::string(entry.group) != "RENT";
     enterStock(stock, entry.ledger, entry.group, entry.amount);
     const auto asked = dialogs.takeMessages();
     ASSERT_EQ(asked.size(), 1U) << entry.amount;
-    EXPECT_EQ(asked[0].message.text, entry.message);
-    EXPECT_EQ(asked[0].message.icon, entry.icon);
+    EXPECT_EQ(asked[0].message.text,
+              isStock ? "Cannot save the entry due to invalid data." : "Group does not exist.");
+    EXPECT_EQ(asked[0].message.icon, isStock ? Icon::none : Icon::information);
     stock.press(keys::Escape);
   }
-  EXPECT_EQ(value("select count(*) from TRADE_" + current.substr(4)), "0");
+  EXPECT_EQ(value("select count(*) from " + stockOf(current)), "0");
   EXPECT_TRUE(log().empty());
 }
 
@@ -352,8 +349,8 @@ TEST_F(SummaryViewTest, TheYearsViewChoosesTheStockTable) {
     ASSERT_TRUE(form.click(form.cmdclstock[c.button]));
     enterStock(stockForm(form), "Rice", "CLOSING STOCK", "1");
     stockForm(form).close();
-    EXPECT_EQ(value("select count(*) from TRADE_" + c.table.substr(4)), "1") << c.view << c.button;
-    exec("delete from TRADE_" + c.table.substr(4));
+    EXPECT_EQ(value("select count(*) from " + stockOf(c.table)), "1") << c.view << c.button;
+    exec("delete from " + stockOf(c.table));
   }
   EXPECT_EQ(form.cmdclstock[0].caption(), "Closing &Stock (Curr)");
   EXPECT_EQ(form.cmdclstock[1].caption(), "Closing Stoc&k (Prev)");
