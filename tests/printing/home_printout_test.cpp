@@ -141,10 +141,7 @@ TEST_F(HomePrintoutTest, TheReporterIsCalledInOrder) {
 TEST_F(HomePrintoutTest, AYearWithoutLinesSaysSo) {
   for (Button third::*command : {&third::mnualpha, &third::mnusumm, &third::mnudet}) {
     choose(command, "01/04/2009");
-    const auto asked = dialogs.takeMessages();
-    ASSERT_EQ(asked.size(), 1U);
-    EXPECT_EQ(asked[0].message.text, "No records available.");
-    EXPECT_EQ(asked[0].message.buttons, Buttons::OK);
+    EXPECT_EQ(messages(), Texts{"No records available."});
     EXPECT_FALSE(practice.surroundings().lastReport());
   }
 }

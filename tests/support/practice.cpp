@@ -206,6 +206,26 @@ std::vector<std::string> PracticeTest::log() {
   return lines;
 }
 
+std::vector<std::string> PracticeTest::trapped() {
+  std::vector<std::string> places = log();
+  for (std::string& line : places) {
+    const std::size_t form = line.rfind('\t', line.rfind('\t') - 1);
+    line.erase(0, form + 1);
+  }
+  return places;
+}
+
+PracticeTest::Rows PracticeTest::asked() {
+  Rows all;
+  for (const auto& [message, answer] : dialogs.takeMessages()) {
+    const std::string_view cells[] = {message.text, suite::nameOf(message.buttons),
+                                      suite::nameOf(message.icon),
+                                      suite::nameOf(message.defaultAnswer)};
+    all.emplace_back(std::begin(cells), std::end(cells));
+  }
+  return all;
+}
+
 std::vector<std::string> PracticeTest::messages() {
   std::vector<std::string> texts;
   for (const suite::QueuedDialogs::Asked& asked : dialogs.takeMessages()) {

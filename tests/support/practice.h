@@ -95,8 +95,12 @@ class PracticeTest : public ::testing::Test {
   std::vector<std::string> statements() { return host().statements().take(); }
   // Lines of the error log since the last call.
   std::vector<std::string> log();
+  // Where they were trapped: form and procedure, separated by a tab.
+  std::vector<std::string> trapped();
   // Texts of the messages since the last call.
   std::vector<std::string> messages();
+  // The messages since the last call: text, buttons, icon and the answer proposed.
+  Rows asked();
 
   // Once for each statement of the deed and each continuation: arranges, lets that statement fail,
   // goes on with the continuation, compares. Unanswered questions are those of `act`.

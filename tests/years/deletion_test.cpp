@@ -17,11 +17,10 @@ class DeletionTest : public YearsTest {
     third& form = choose(&third::mnudelete, client);
     answer({Answer::Yes});
     form.press(keys::Enter);
-    asked_ = messages();
+    messages();
     statements();
     return deletion();
   }
-  Texts asked_;
 };
 
 TEST_F(DeletionTest, IsAskedForAndOpensForTheYear) {
@@ -32,14 +31,11 @@ TEST_F(DeletionTest, IsAskedForAndOpensForTheYear) {
   form.press(keys::Enter);
   EXPECT_FALSE(deletionOpen());
   form.doubleClick(form.flexgrid2);
-  const auto asked = dialogs.takeMessages();
-  ASSERT_EQ(asked.size(), 2U);
-  EXPECT_EQ(asked[1].message.text,
-            "Do you really want to Delete Trial Balance of 'Asha Traders' for F.Y. 2008-2009 "
-            "?\r\n\r\nConfirm Delete ?");
-  EXPECT_EQ(asked[1].message.buttons, Buttons::YesNo);
-  EXPECT_EQ(asked[1].message.icon, Icon::question);
-  EXPECT_EQ(asked[1].message.defaultAnswer, Answer::No);
+  const Texts question = {
+      "Do you really want to Delete Trial Balance of 'Asha Traders' for F.Y. 2008-2009 "
+      "?\r\n\r\nConfirm Delete ?",
+      "YesNo", "question", "No"};
+  EXPECT_EQ(asked(), (Rows{question, question}));
 
   frmdelwhatinTB& box = deletion();
   EXPECT_EQ(box.caption(), "Delete Trial Balance Data");
@@ -58,7 +54,7 @@ TEST_F(DeletionTest, HeadingsTellTheMode) {
       {"delete", "Delete Trial Balance for F.Y. 2008-2009"}};
   frmdelwhatinTB box(context());
   for (const auto& [mode, heading] : cases) {
-    EXPECT_TRUE(box.INITDATA(mode, {"C1", "TAB_" + host().GETTBNAME(1), 1, "2008-2009", ""}));
+    EXPECT_TRUE(box.INITDATA(mode, {"C1", tab(1), 1, "2008-2009", ""}));
     EXPECT_EQ(box.lblheading.caption(), heading);
   }
 }
@@ -70,9 +66,7 @@ TEST_F(DeletionTest, OptionsAreTestedInTheirOrderAndCoupled) {
   EXPECT_TRUE(box.famSchFA.visible());
   const auto refused = [&] {
     box.click(box.cmddelete);
-    const auto asked = dialogs.takeMessages();
-    return asked.size() == 1 && asked[0].message.text == "Select an option." &&
-           asked[0].message.icon == Icon::information;
+    return asked() == Rows{{"Select an option.", "OK", "information", "OK"}};
   };
   const auto chosen = [&] {
     std::string text;
@@ -156,12 +150,7 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
     if (c.mis >= 0) box.click(box.optMiscDet[c.mis]);
     answer({Answer::Cancel, Answer::Yes});
     box.click(box.cmddelete);
-    const auto asked = dialogs.takeMessages();
-    ASSERT_EQ(asked.size(), 1U);
-    EXPECT_EQ(asked[0].message.text, what + c.text);
-    EXPECT_EQ(asked[0].message.buttons, Buttons::YesNoCancel);
-    EXPECT_EQ(asked[0].message.icon, Icon::critical);
-    EXPECT_EQ(asked[0].message.defaultAnswer, Answer::Cancel);
+    EXPECT_EQ(asked(), (Rows{{what + c.text, "YesNoCancel", "critical", "Cancel"}}));
     EXPECT_TRUE(statements().empty());
     box.click(box.cmddelete);
     EXPECT_FALSE(deletionOpen());
@@ -191,8 +180,7 @@ TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
   host().setPassword(suite::PasswordKind::right, "overwrite", "o");
   host().setPassword(suite::PasswordKind::right, "delete", "d");
   const struct {
-    const char* mode;
-    const char* mark;
+    const char *mode, *mark;
     std::vector<std::optional<std::string>> typed;
     bool goesOn;
   } cases[] = {{"delete", "", {}, true},
@@ -205,7 +193,7 @@ TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(c.mode) + " " + c.mark);
     frmdelwhatinTB box(context());
-    box.INITDATA(c.mode, {"C1", "TAB_" + host().GETTBNAME(1), 1, "2008-2009", c.mark});
+    box.INITDATA(c.mode, {"C1", tab(1), 1, "2008-2009", c.mark});
     box.showModal();
     statements();
     dialogs.takePrompts();
@@ -235,35 +223,28 @@ TEST_F(DeletionTest, SendsEveryStatementInItsOrder) {
   box.click(box.cmddelete);
   EXPECT_FALSE(deletionOpen());
 
-  const std::string c = " WHERE CODE_NO='C1'";
-  Texts expected{"DELETE FROM TAB_" + s + c, "DELETE FROM JRNL_" + s + c,
-                 "DELETE FROM DeferTax_Liab" + c + " and FYear=2009",
-                 "DELETE FROM DeferTax_Bal" + c + " and FYear=2009",
-                 "DELETE FROM Trade_Details" + c + " and Yr=2009"};
-  for (const char* each : {"TRADE_", "PROFIT_", "RMGRP_"}) {
-    expected.push_back("DELETE FROM " + (each + s) + c);
-  }
-  expected.push_back("DELETE FROM RMSCHSETUP" + c + " and FYr=2009");
-  expected.push_back("DELETE FROM SHARE_" + s + c);
-  expected.push_back("DELETE FROM PRFA WHERE RCOUNT=2 AND CODE_NO='C1'");
-  expected.push_back("DELETE FROM PRFA_OTH WHERE RCOUNT=2 AND CODE_NO='C1'");
-  for (const char* each : {"CAPITAL_", "RESV_", "LOAN_ADV_", "SECUR_", "INVEST_", "SUNDEB_",
-                           "BANK_", "MISCEXPASST_", "FDA_", "FIXED_", "NewFATRo", "NewFATRa"}) {
-    expected.push_back("DELETE FROM " + (each + s) + c);
-  }
-  for (const char* each : {"NewFAMI", "NewFAMD"}) {
-    expected.push_back(std::string("DELETE FROM ") + each + " WHERE Code_No='C1' AND Yr=2009");
-  }
-  expected.push_back("DELETE FROM SchNotes" + c + " and Yr=2009");
-  expected.push_back("DELETE FROM SCHED_" + s + c);
-  expected.push_back("DELETE FROM LIST_" + s + c);
-  expected.push_back("DELETE FROM SCHLISTS" + c + " and FYr=2009");
-  for (const char* each : {"Detail", "Books", "BfLoss", "AnexI", "Main"}) {
-    expected.push_back(std::string("DELETE FROM Anex3cd_") + each +
-                       " WHERE CODE_NO ='C1' and FYr=2009");
-  }
-  expected.push_back("UPDATE master SET annex='' WHERE COUNT=2 AND CODE_NO='C1'");
-  expected.push_back("DELETE FROM MASTER WHERE COUNT=2 AND CODE_NO='C1'");
+  Texts expected;
+  const auto deletes = [&](const std::string& behind, const Texts& tables) {
+    for (const std::string& each : tables) expected.push_back("DELETE FROM " + each + behind);
+  };
+  const std::string c = " WHERE CODE_NO='C1'", numbered = " WHERE RCOUNT=2 AND CODE_NO='C1'";
+  deletes(s + c, {"TAB_", "JRNL_"});
+  deletes(c + " and FYear=2009", {"DeferTax_Liab", "DeferTax_Bal"});
+  deletes(c + " and Yr=2009", {"Trade_Details"});
+  deletes(s + c, {"TRADE_", "PROFIT_", "RMGRP_"});
+  deletes(c + " and FYr=2009", {"RMSCHSETUP"});
+  deletes(s + c, {"SHARE_"});
+  deletes(numbered, {"PRFA", "PRFA_OTH"});
+  deletes(s + c, {"CAPITAL_", "RESV_", "LOAN_ADV_", "SECUR_", "INVEST_", "SUNDEB_", "BANK_",
+                  "MISCEXPASST_", "FDA_", "FIXED_", "NewFATRo", "NewFATRa"});
+  deletes(" WHERE Code_No='C1' AND Yr=2009", {"NewFAMI", "NewFAMD"});
+  deletes(c + " and Yr=2009", {"SchNotes"});
+  deletes(s + c, {"SCHED_", "LIST_"});
+  deletes(c + " and FYr=2009", {"SCHLISTS"});
+  deletes(" WHERE CODE_NO ='C1' and FYr=2009", {"Anex3cd_Detail", "Anex3cd_Books", "Anex3cd_BfLoss",
+                                                "Anex3cd_AnexI", "Anex3cd_Main"});
+  expected.emplace_back("UPDATE master SET annex='' WHERE COUNT=2 AND CODE_NO='C1'");
+  expected.emplace_back("DELETE FROM MASTER WHERE COUNT=2 AND CODE_NO='C1'");
 
   // Components of the suite have their own spellings of the flush.
   const auto flushAfter = [](const std::string& sql) {
@@ -436,9 +417,7 @@ TEST_F(DeletionTest, AYearThatCannotBeLookedIntoIsNotOffered) {
     host().statements().failNext(statement);
     form.press(keys::Enter);
     EXPECT_FALSE(deletionOpen());
-    const Texts lines = log();
-    ASSERT_EQ(lines.size(), 1U);
-    EXPECT_TRUE(lines[0].ends_with("\tfrmdelwhatinTB\tINITDATA")) << lines[0];
+    EXPECT_EQ(trapped(), Texts{"frmdelwhatinTB\tINITDATA"});
     EXPECT_EQ(form.lblstatus.caption(), "The trial balance of 2008-2009 could not be looked into.");
   }
 }

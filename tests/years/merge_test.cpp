@@ -40,7 +40,6 @@ class MergeTest : public YearsTest {
                 "where code_no='" +
                 client + "' order by srno");
   }
-  std::string tab(long count) { return "TAB_" + host().GETTBNAME(count); }
   void addStock(const std::string& client, long count, const std::string& of, double amount) {
     exec("insert into TRADE_" + host().GETTBNAME(count) + " values('" + client + "'," +
          std::to_string(ledger(of)) + "," + std::to_string(group("STOCK", 7)) + "," +
@@ -82,11 +81,9 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   addYear("C1", 2001, {{"Cash", "BANKS", 1}});
   const auto others = held("P1");
   third& form = list();
-  form.press(keys::Space);
-  form.press(keys::Down);
-  form.press(keys::Space);
-  form.press(keys::Down);
-  form.press(keys::Space);
+  for (const Key key : {keys::Space, keys::Down, keys::Space, keys::Down, keys::Space}) {
+    form.press(key);
+  }
   EXPECT_TRUE(form.flexgrid2.ticked(3));
   form.flexgrid2.tick(1, false);
   form.flexgrid2.tick(1, true);
@@ -96,14 +93,11 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   statements();
   frontEnd.done = 0;
   form.press(keys::Enter);
-  const auto asked = dialogs.takeMessages();
-  ASSERT_EQ(asked.size(), 2U);
-  EXPECT_EQ(
-      asked[1].message.text,
+  const Texts question = {
       "Merge into the Trial Balance of 'Asha Traders' for F.Y. 2008-2009 the Trial Balances "
-      "of\r\n - Fourth (c'4)\r\n - Third's (C3)\r\n - Meera R Shah (P1)\r\n\r\nConfirm Merge ?");
-  EXPECT_EQ(asked[1].message.icon, Icon::question);
-  EXPECT_EQ(asked[1].message.defaultAnswer, Answer::No);
+      "of\r\n - Fourth (c'4)\r\n - Third's (C3)\r\n - Meera R Shah (P1)\r\n\r\nConfirm Merge ?",
+      "YesNo", "question", "No"};
+  EXPECT_EQ(asked(), (Rows{question, question}));
   // Asha's capital nets to zero; the others stand by group, then particular.
   EXPECT_EQ(lines(tab(2)), (Rows{{"1", "Asha", "BANKS", "30.1", "1"},
                                  {"2", "Cash", "BANKS", "100.3", "1"},
@@ -189,11 +183,8 @@ TEST_F(MergeTest, OverwritesAnExistingYearWhateverIsDeleted) {
     form.press(keys::Enter);
     EXPECT_FALSE(deletionOpen());
     form.press(keys::Enter);
-    const auto asked = dialogs.takeMessages();
-    EXPECT_EQ(asked.back().message.text, "Do you want to overwrite previously saved data?");
-    EXPECT_EQ(asked.back().message.buttons, Buttons::YesNoCancel);
-    EXPECT_EQ(asked.back().message.icon, Icon::question);
-    EXPECT_EQ(asked.back().message.defaultAnswer, Answer::No);
+    EXPECT_EQ(asked().back(), (Texts{"Do you want to overwrite previously saved data?",
+                                     "YesNoCancel", "question", "No"}));
     frmdelwhatinTB& box = deletion();
     EXPECT_EQ(box.lblheading.caption(),
               "Merge Trial Balance -> Overwrite existing for F.Y. 2008-2009");
