@@ -17,6 +17,8 @@ void frmdelwhatinTB::send(std::span<const deletion::Statement> statements) {
   for (const deletion::Statement& statement : statements) {
     context_.host->ConQuery(deletion::filled(statement.pattern, keys_));
     touched_ = true;
+    // The trial balance goes first, and with it whatever was to be posted into it.
+    context_.unposted.forget({year_.table, year_.client});
     context_.host->ConQuery(deletion::filled(statement.flush, keys_));
   }
 }

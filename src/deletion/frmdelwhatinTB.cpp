@@ -184,7 +184,6 @@ void frmdelwhatinTB::CMDDELETE_CLICK() {
     if (!optionsChosen() || !rightsGranted() || !confirmed()) return;
     problems_.clear();
     send(deletion::trialBalance());
-    context_.unposted.forget({year_.table, year_.client});
     if (deletesSchedules()) deleteSchedules();
     if (deletesMisc()) deleteMisc();
     if (removesYear()) deleteRegistryRow();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/form.h"
+#include "data/names.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -38,8 +39,13 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
   };
   cbostatus.Click = [this] { filterChosen(); };
   cbogrpcode.Click = [this] { filterChosen(); };
-  cmdclients.Click = [this] { context_.host->ShowClListSelection(status_); };
+  // The list has the keys again when the dialog closes.
+  cmdclients.Click = [this] {
+    this->form().focus(*this);
+    context_.host->ShowClListSelection(status_);
+  };
   cmdcolumns.Click = [this] {
+    this->form().focus(*this);
     keepWidths();
     context_.host->ShowClListSetup();
   };
@@ -50,8 +56,8 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
 void ClGrd::LoadClList(const std::string& status, const std::string& group) {
   const auto rows = context_.query(everyClient);
   const std::string current = currentCode();
-  clients_.load(*rows);
   setup_ = storedSetup();
+  clients_.load(*rows);
   showList(status, group, current);
 }
 
@@ -59,8 +65,8 @@ void ClGrd::refresh() {
   notice_.clear();
   const auto rows = context_.query(everyClient);
   const std::string current = currentCode();
-  const bool changed = clients_.load(*rows);
   const Setup setup = storedSetup();
+  const bool changed = clients_.load(*rows);
   if (!changed && setup == setup_) return;
   const bool sameFilters = setup.status == setup_.status && setup.group == setup_.group;
   const int sorted = setup.columns == setup_.columns ? sortColumn() : -1;
@@ -114,10 +120,10 @@ std::string ClGrd::fillFilter(ComboBox& box, std::size_t column, const std::stri
   box.clearItems();
   box.addItem("All");
   for (const std::string& value : clients_.values(column)) box.addItem(value);
-  const auto same = std::find(box.items().begin() + 1, box.items().end(), wanted);
-  const int found = same == box.items().end() ? box.find(wanted)
-                                              : static_cast<int>(same - box.items().begin()) + 1;
-  box.setChosen(wanted.empty() ? 1 : std::max(found, 1));
+  const auto same = std::find_if(box.items().begin() + 1, box.items().end(),
+                                 [&](const std::string& item) { return sameName(item, wanted); });
+  const bool found = !wanted.empty() && same != box.items().end();
+  box.setChosen(found ? static_cast<int>(same - box.items().begin()) + 1 : 1);
   return box.chosen() > 1 ? box.text() : "";
 }
 
@@ -240,7 +246,7 @@ void ClGrd::keepWidths() {
 }
 
 Node ClGrd::arrangement() {
-  return column({row({field("&Find", txtsearch, 30, 1), field("&Status", cbostatus, 14),
+  return column({row({field("&Find", txtsearch, 30, 1), field("S&tatus", cbostatus, 14),
                       field("Gro&up", cbogrpcode, 14), item(cmdclients), item(cmdcolumns)}),
                  item(*this, 1), item(lblcount)},
                 1);

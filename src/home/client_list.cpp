@@ -1,7 +1,7 @@
 #include "home/client_list.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
 #include <sstream>
 #include <utility>
 
@@ -53,6 +53,8 @@ std::vector<std::size_t> ClientList::matching(const std::string& text,
   static const std::size_t statusColumn = columnKeyed("status");
   static const std::size_t groupColumn = columnKeyed("group_code");
   const std::vector<std::string> words = wordsOf(text);
+  const std::string statusKey = nameKey(status);
+  const std::string groupKey = nameKey(group);
   std::vector<std::size_t> found;
   for (std::size_t i = 0; i < clients_.size(); ++i) {
     const auto holds = [&](const std::string& word) {
@@ -60,8 +62,8 @@ std::vector<std::size_t> ClientList::matching(const std::string& text,
         return capitals_[i][shown.column].find(word) != std::string::npos;
       });
     };
-    if ((status.empty() || clients_[i][statusColumn] == status) &&
-        (group.empty() || clients_[i][groupColumn] == group) &&
+    if ((status.empty() || capitals_[i][statusColumn] == statusKey) &&
+        (group.empty() || capitals_[i][groupColumn] == groupKey) &&
         std::all_of(words.begin(), words.end(), holds)) {
       found.push_back(i);
     }
@@ -70,11 +72,13 @@ std::vector<std::size_t> ClientList::matching(const std::string& text,
 }
 
 std::vector<std::string> ClientList::values(std::size_t column) const {
-  std::set<std::string> values;
-  for (const Client& client : clients_) {
-    if (!client[column].empty()) values.insert(client[column]);
+  std::map<std::string, std::string> values;  // by key
+  for (std::size_t i = 0; i < clients_.size(); ++i) {
+    if (!capitals_[i][column].empty()) values.emplace(capitals_[i][column], clients_[i][column]);
   }
-  return {values.begin(), values.end()};
+  std::vector<std::string> all;
+  for (const auto& [key, value] : values) all.push_back(value);
+  return all;
 }
 
 }  // namespace quillet

@@ -27,7 +27,8 @@ class ClientList {
 
   std::size_t size() const { return clients_.size(); }
   const Client& operator[](std::size_t position) const { return clients_[position]; }
-  // The different values of a column, in order, without the empty one.
+  // The different values of a column, in order, without the empty one. What differs as little as
+  // two names that are the same is one value.
   std::vector<std::string> values(std::size_t column) const;
 
  private:

@@ -169,6 +169,12 @@ std::optional<std::string> third::GETTABLE1(const std::string& firstKey,
 }
 
 void third::registerYear() {
+  orSay("The trial balance of " + newYear_.text() +
+            " was not created in full. Enter begins it again.",
+        [&] { writeRegistryRow(); });
+}
+
+void third::writeRegistryRow() {
   const auto& year = newYear_;
   ServiceObject& host = *context_.host;
   const std::string first = host.date_prob_handle(year.firstDate);
@@ -218,8 +224,14 @@ void third::fillYear() {
     return;
   }
   const std::string created = "Trial balance of " + newYear_.text() + " created";
-  status(created + ", but the previous year was not taken over in full.");
-  if (!offerPreviousYear()) return;
+  const std::string partly = created + ", but the previous year was not taken over in full.";
+  status(created + ".");
+  bool taken = false;
+  orSay(partly, [&] { taken = offerPreviousYear(); });
+  if (!taken) {
+    status(partly);
+    return;
+  }
   finishYear();
   status(created + ".");
 }

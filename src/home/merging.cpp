@@ -137,20 +137,22 @@ void third::mergeSources() {
   const std::vector<int> sources = chosenSources();
   if (sources.empty() || !mergeAgreed(sources)) return;
   if (!sourcesMayBeRead(sources) || !sourcesAreThere(sources) || !provideTable()) return;
-  const Busy busy(context_, "Merging Trial Balances....");
-  settlePostings(context_);
   std::vector<Line> lines;
   std::vector<Line> stock;
-  for (const int row : sources) {
-    const std::string& table = flexgrid2.cell(row, tableColumn);
-    const Sql where = " where code_no=" + context_.host->quoted(flexgrid2.cell(row, codeColumn));
-    append(lines, readLines(*context_.query("select * from " + sqlName(table) + where)));
-    append(stock, readStock(*context_.query("select * from " +
-                                            sqlName(siblingTable(table, stockPrefix)) + where)));
-  }
-  lines = mergedLines(lines);
-  stock = mergedLines(stock);
-  writeMerged(lines, stock);
+  orSay("The merge into " + newYear_.text() + " was not completed. Enter begins it again.", [&] {
+    const Busy busy(context_, "Merging Trial Balances....");
+    settlePostings(context_);
+    for (const int row : sources) {
+      const std::string& table = flexgrid2.cell(row, tableColumn);
+      const Sql where = " where code_no=" + context_.host->quoted(flexgrid2.cell(row, codeColumn));
+      append(lines, readLines(*context_.query("select * from " + sqlName(table) + where)));
+      append(stock, readStock(*context_.query("select * from " +
+                                              sqlName(siblingTable(table, stockPrefix)) + where)));
+    }
+    lines = mergedLines(lines);
+    stock = mergedLines(stock);
+    writeMerged(lines, stock);
+  });
   finishYear();
   status(std::to_string(sources.size()) + " merged into " + newYear_.text() + ": " +
          std::to_string(lines.size()) + " lines, " + std::to_string(stock.size()) +

@@ -16,6 +16,8 @@
 namespace quillet {
 namespace {
 
+constexpr const char* clientsUnread = "The clients could not be read.";
+
 // An editor left open behind shows, and would write, names and groups as it read them.
 void refreshEditor(Context& context) {
   if (context.editorForm && context.editorForm->visible()) theEditor(context).mastersChanged();
@@ -79,7 +81,7 @@ Node third::layout() {
   const Node clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
   const Node dates = framed(
       famdates,
-      {row({field("&First date", MaskEdBox1, 12), field("Second dat&e", MaskEdBox2, 12), gap()}),
+      {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12), gap()}),
        gap()});
   const Node years =
       framed(Frame1, {item(Label1), stack({dates, framed(famyears, {item(flexgrid2, 1)})})}, 1);
@@ -97,12 +99,13 @@ void third::FORM_LOAD() {
     ClGrd1.empty();
     setMode({&mnualter, "alter", "MNUALTER_CLICK"});
     showFirstStep();
-    status("The clients could not be read.");
     justLoaded_ = true;
-    namespace cc = client_columns;
-    ClGrd1.LoadClList(context_.host->GetSettingINI(cc::section, cc::statusKey, ""),
-                      context_.host->GetSettingINI(cc::section, cc::groupKey, ""));
-    ClGrd1.SelectLastClient();
+    orSay(clientsUnread, [&] {
+      namespace cc = client_columns;
+      ClGrd1.LoadClList(context_.host->GetSettingINI(cc::section, cc::statusKey, ""),
+                        context_.host->GetSettingINI(cc::section, cc::groupKey, ""));
+      ClGrd1.SelectLastClient();
+    });
     status(ClGrd1.notice());
   });
 }
@@ -110,8 +113,10 @@ void third::FORM_LOAD() {
 void third::FORM_ACTIVATE() {
   trap("FORM_ACTIVATE", [&] {
     if (std::exchange(justLoaded_, false) || !Frame3.visible()) return;
-    ClGrd1.refresh();
-    if (!ClGrd1.notice().empty()) status(ClGrd1.notice());
+    refreshClients();
+    if (!ClGrd1.notice().empty() || lblstatus.caption() == clientsUnread) {
+      status(ClGrd1.notice());
+    }
   });
 }
 
@@ -152,8 +157,12 @@ void third::showFirstStep() {
 void third::showClients() {
   showFirstStep();
   status("");
-  ClGrd1.refresh();
+  refreshClients();
   status(ClGrd1.notice());
+}
+
+void third::refreshClients() {
+  orSay(clientsUnread, [&] { ClGrd1.refresh(); });
 }
 
 // --- choosing a client --------------------------------------------------------------------------
@@ -211,11 +220,13 @@ void third::showYears() {
 void third::loadYears() {
   flexgrid2.clearRows();
   listsSources_ = false;
-  status("The years could not be read.");
-  const auto rows =
-      context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
-                     client() + "' order by s_yr");
   status("");
+  RecordsetPtr rows;
+  orSay("The years could not be read.", [&] {
+    rows =
+        context_.query("select code_no,f_year_dt,s_year_dt,f_yr,s_yr from master where code_no='" +
+                       client() + "' order by s_yr");
+  });
   flexgrid2.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
   for (; !rows->EOF_(); rows->MoveNext()) {
     flexgrid2.addRow({shownDate(rows->text("F_YR")), shownDate(rows->text("S_YR"))});
@@ -296,10 +307,15 @@ void third::printChosenYear() {
   if (row == 0) return;
   const auto year = selectYear(row);
   if (!year) return;
-  settlePostings(context_);
-  printYear(context_, mode_,
-            {client(), clientName_, sqlName(year->text("tbl_nm")), flexgrid2.cell(row, 0),
-             flexgrid2.cell(row, 1)});
+  status("");
+  const PrintedYear printed{client(), clientName_, sqlName(year->text("tbl_nm")),
+                            flexgrid2.cell(row, 0), flexgrid2.cell(row, 1)};
+  orSay("The trial balance of " + yearText(printed.firstDate, printed.secondDate) +
+            " could not be printed.",
+        [&] {
+          settlePostings(context_);
+          printYear(context_, mode_, printed);
+        });
 }
 
 // --- deleting a year ----------------------------------------------------------------------------
@@ -342,9 +358,11 @@ void third::openDeletion(Recordset& year, std::function<void()> overwrite) {
   const bool marked = !year.text("d_of_s").empty();
   const DeletableYear deletable{clientCode_, year.text("tbl_nm"), year.integer("Count"),
                                 yearText(year.text("F_YR"), year.text("S_YR")), marked ? "1" : ""};
-  status("The trial balance of " + deletable.yearText + " could not be looked into.");
-  if (!deletion_.INITDATA(mode_, deletable)) return;
   status("");
+  if (!deletion_.INITDATA(mode_, deletable)) {
+    status("The trial balance of " + deletable.yearText + " could not be looked into.");
+    return;
+  }
   deletion_.showModal([this, deletable, overwrite = std::move(overwrite)] {
     if (!deletion_.touched()) return;
     closeEditorOf(deletable.table);
@@ -354,6 +372,9 @@ void third::openDeletion(Recordset& year, std::function<void()> overwrite) {
       afterDeletion(deletable.yearText);
     } else if (deletion_.deleted()) {
       overwrite();
+    } else {
+      status("The deletion of " + deletable.yearText +
+             " was not completed. Enter begins it again.");
     }
   });
 }
@@ -381,8 +402,17 @@ void third::CMDLEDMAS_CLICK() {
 void third::MNUREFRESH_CLICK() {
   trap("MNUREFRESH_CLICK", [&] {
     status("");
-    const Busy busy(context_);
-    status(textOf(cleanLedgerMaster(context_)));
+    LedgerCleanup cleanup;
+    try {
+      const Busy busy(context_);
+      cleanup = cleanLedgerMaster(context_);
+    } catch (...) {
+      status("The ledger master was not looked through to its end.");
+      refreshEditor(context_);
+      throw;
+    }
+    if (cleanup.removed > 0) refreshEditor(context_);
+    status(textOf(cleanup));
   });
 }
 

@@ -113,6 +113,7 @@ class third : public Form {
   void setMode(const ModeButton& chosen);
   void showFirstStep();
   void showClients();
+  void refreshClients();
   void showSecondStep(Frame& with, const std::string& task);
   void showYears();
   void loadYears();
@@ -132,6 +133,16 @@ class third : public Form {
   // The code of the client whose years are shown, as it stands between quotes.
   Sql client() const { return context_.host->escaped(clientCode_); }
   void status(const std::string& text) { lblstatus.setCaption(text); }
+  // Runs the body; a failure is said in the status line and goes on its way.
+  template <class Body>
+  void orSay(const std::string& failure, Body&& body) {
+    try {
+      body();
+    } catch (...) {
+      status(failure);
+      throw;
+    }
+  }
 
   // Creating.
   bool datesHold();
@@ -141,6 +152,7 @@ class third : public Form {
   void overwrite(Recordset& existing);
   void takeRow(Recordset& row);
   void registerYear();
+  void writeRegistryRow();
   void selectNewYear();
   bool registerNewYear();
   void fillYear();

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <set>
 
 #include "forms/editor_fixture.h"
 
@@ -167,6 +168,7 @@ TEST_F(HomeTest, TheClientsShownAndTheirColumnsAreChosenFromTheGrid) {
     form.click(*button);
     ASSERT_EQ(context().desk.active()->name(), name);
     context().desk.active()->press(keys::Escape);
+    EXPECT_EQ(form.active(), &form.ClGrd1) << "one goes on typing";
   }
 }
 
@@ -253,6 +255,14 @@ TEST_F(HomeTest, FiltersThatNobodyAnswersToAreDroppedAndSaid) {
       }
     }
   }
+  // Spellings of one name are one filter.
+  exec("update TempClTbl set Status='firm ' where CodeNo='C2'");
+  form.click(form.mnualter);
+  ASSERT_EQ(form.ClGrd1.cbostatus.size(), 2);
+  form.ClGrd1.cbostatus.choose(2);
+  EXPECT_EQ(form.ClGrd1.rows(), 2);
+  exec("update TempClTbl set Status='Company' where CodeNo='C2'");
+  form.click(form.mnualter);
   // What a person chooses is not dropped while nothing else has changed.
   form.ClGrd1.cbostatus.choose(form.ClGrd1.cbostatus.find("Firm"));
   form.ClGrd1.cbogrpcode.choose(form.ClGrd1.cbogrpcode.find("G2"));
@@ -291,12 +301,7 @@ TEST_F(HomeTest, WhatWasDoneIsSaidUntilTheNextCommandOrClient) {
     form.click(form.cmdledmas);
     context().desk.active()->close();
   };
-  const auto failure = [&] {
-    host().statements().failNext("MAST_PART");
-    form.click(form.mnurefresh);
-  };
-  for (const std::function<void()>& way :
-       {std::function<void()>(command), {client}, {master}, {failure}}) {
+  for (const std::function<void()>& way : {std::function<void()>(command), {client}, {master}}) {
     form.click(form.mnualter);
     form.click(form.mnurefresh);
     EXPECT_NE(form.lblstatus.caption(), "");
@@ -304,6 +309,76 @@ TEST_F(HomeTest, WhatWasDoneIsSaidUntilTheNextCommandOrClient) {
     EXPECT_EQ(form.lblstatus.caption(), "");
   }
   messages();
+}
+
+TEST_F(HomeTest, WhatFailedIsSaidUntilItHolds) {
+  addYear("C1", 2008, {{"Asha", "CAPITAL", -6}});
+  third& form = home();
+  const auto years = [&] {
+    form.click(form.mnualpha);
+    form.doubleClick(form.ClGrd1);
+  };
+  const struct {
+    const char* statement;
+    std::function<void()> before, deed;
+    const char* said;
+  } cases[] = {
+      {"MAST_PART",
+       {},
+       [&] { form.click(form.mnurefresh); },
+       "The ledger master was not looked through to its end."},
+      {"TempClTbl", years, [&] { form.press(keys::Escape); }, "The clients could not be read."},
+      {"TempClTbl", [&] { form.click(form.mnualter); }, [&] { form.activate(); },
+       "The clients could not be read."},
+      {"mast_allgrp", years, [&] { form.press(keys::Enter); },
+       "The trial balance of 2008-2009 could not be printed."}};
+  for (const auto& c : cases) {
+    if (c.before) c.before();
+    host().statements().failNext(c.statement);
+    c.deed();
+    EXPECT_EQ(form.lblstatus.caption(), c.said);
+    EXPECT_EQ(log().size(), 1U);
+    if (form.ClGrd1.shown()) form.activate();
+    if (c.statement == std::string("TempClTbl")) {
+      EXPECT_EQ(form.lblstatus.caption(), "");
+    }
+  }
+}
+
+namespace {
+
+// The access keys of what is shown.
+std::string accessKeys(const Node& node) {
+  std::string keys;
+  if (node.kind == Node::Kind::control && node.control->shown()) {
+    const std::string& text = node.label.empty() ? node.control->caption() : node.label;
+    const std::size_t mark = text.find('&');
+    if (mark != std::string::npos) keys = upperCase(text.substr(mark + 1, 1));
+  }
+  for (const Node& child : node.children) keys += accessKeys(child);
+  return keys;
+}
+
+}  // namespace
+
+// One that two controls share carries out neither.
+TEST_F(HomeTest, EveryAccessKeyIsOneControlS) {
+  third& form = home();
+  const auto differ = [](const Form& shown, std::size_t least) {
+    const std::string keys = accessKeys(shown.arrangement());
+    EXPECT_GE(keys.size(), least);
+    EXPECT_EQ(std::set<char>(keys.begin(), keys.end()).size(), keys.size()) << keys;
+  };
+  differ(form, 17);
+  form.click(form.mnucreate);
+  form.doubleClick(form.ClGrd1);
+  differ(form, 14);
+  form.click(form.mnualter);
+  for (Button* button : {&form.ClGrd1.cmdclients, &form.ClGrd1.cmdcolumns}) {
+    form.click(*button);
+    differ(*context().desk.active(), 4);
+    context().desk.active()->press(keys::Escape);
+  }
 }
 
 TEST_F(HomeTest, SearchesEveryShownColumnAsOneTypes) {
@@ -373,6 +448,24 @@ TEST_F(HomeTest, RefreshKeepsOneNameOfEachLedger) {
   const std::string kept = value("select lower(particular) from mast_part where partid=1");
   form.click(form.mnurefresh);
   EXPECT_EQ(form.lblstatus.caption(), "The ledger master holds no second names.");
+
+  // An editor left open behind proposes what is left.
+  frmcrtb& editor = open("C1", addYear("C1", 2008, {{"Bank", "BANKS", 5}}).empty() ? 0 : 2008);
+  exec("insert into mast_part (partid,particular) values (2,'Bank zwo'),(2,'Banque')");
+  editor.close();
+  editor.show();
+  for (const bool failing : {true, false}) {
+    if (failing) host().statements().failNext("flush tables");
+    form.click(form.mnurefresh);
+    EXPECT_EQ(log().size(), failing ? 1U : 0U);
+    std::size_t names = 0;
+    for (int row = 1; row <= editor.vsfp.rows(); ++row) {
+      names += editor.vsfp.cell(row, 0).starts_with("Ban") ? 1 : 0;
+    }
+    EXPECT_EQ(names, 1U);
+    if (failing) exec("insert into mast_part (partid,particular) values (2,'Banco')");
+  }
+  editor.close();
 
   // Rows that the database takes for equal, and a name beside none. What has no name at all in one
   // of its rows stays as it is and is said.

@@ -356,6 +356,24 @@ TEST_F(CreationTest, AFailureWhileOverwritingIsCompletedByTheNextTry) {
   }
 }
 
+TEST_F(CreationTest, WhatFailedOnTheWayToAnEmptyYearIsSaid) {
+  addYear("C1", 2008);
+  const std::pair<const char*, const char*> cases[] = {
+      {"DELETE FROM JRNL_", "The deletion of 2008-2009 was not completed. Enter begins it again."},
+      {"insert into master",
+       "The trial balance of 2008-2009 was not created in full. Enter begins it again."}};
+  for (const auto& [statement, said] : cases) {
+    third& form = choose(&third::mnucreate, "C1");
+    overwrite(form, 0);
+    host().statements().failNext(statement);
+    deletion().click(deletion().cmddelete);
+    if (deletionOpen()) deletion().click(deletion().cmdcancel);
+    EXPECT_EQ(form.lblstatus.caption(), said);
+    log();
+    messages();
+  }
+}
+
 // Two people at once: the row goes while the deletion form is open. The year is registered anew.
 TEST_F(CreationTest, ARowThatGoesMeanwhileIsWrittenAnew) {
   addYear("C1", 2008, {{"Old", "BANKS", 7}});
