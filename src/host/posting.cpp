@@ -24,25 +24,25 @@ void Posting::settle() {
 }
 
 void Posting::journalChanged(LedgerGroup pair, double amount) {
-  context_.unposted.add(books_, pair, amount);
+  context_.unposted.add(books_, standing(pair), amount);
 }
 
 void Posting::post(LedgerGroup pair, double amount) {
-  const LedgerGroup stored = standing(pair);
-  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(stored.partId) +
-                     " and allid=" + sqlNumber(stored.allId);
+  pair = standing(pair);
+  const Sql ofPair = " where code_no='" + client_ + "' and PartId=" + sqlNumber(pair.partId) +
+                     " and allid=" + sqlNumber(pair.allId);
   const double before = storedBalance(ofPair);
   context_.host->ConQuery("Delete from " + table_ + ofPair);
   context_.unposted.add(books_, pair, before);
-  if (Changed) Changed(stored, 0);
+  if (Changed) Changed(pair, 0);
   context_.host->ConQuery(flushTables);
   // Whole paise: what adding in binary leaves over is no balance.
   const double balance = shownAmount(context_.host->formatgen(before + amount, "###0.00"));
-  if (balance != 0) insertBalance(stored, balance);
+  if (balance != 0) insertBalance(pair, balance);
   // One after the other, as they came in: a sum might round to another paisa.
   context_.unposted.add(books_, pair, -before);
   context_.unposted.add(books_, pair, -amount);
-  if (Changed) Changed(stored, balance);
+  if (Changed) Changed(pair, balance);
   if (balance != 0) context_.host->ConQuery(flushTables);
 }
 
