@@ -130,14 +130,26 @@ long frmgrpRM::idAt(const Grid& grid, int row, int column) {
 
 // --- lists --------------------------------------------------------------------------------------
 
-void frmgrpRM::LOADLIST() {
-  const bool read = attempt("LOADLIST", [&] {
+bool frmgrpRM::LOADLIST() {
+  const auto clear = [&] {
     cbohead.clearItems();
     for (auto& box : cbogroup) box->clearItems();
+  };
+  clear();
+  listsRead_ = attempt("LOADLIST", [&] {
     loadHeads();
     loadGroups();
   });
-  if (!read) status("The groups to choose from could not be read; the error log says why.");
+  if (!listsRead_) {
+    clear();
+    status("The groups to choose from could not be read; the error log says why.");
+  }
+  return listsRead_;
+}
+
+bool frmgrpRM::listsThere() {
+  if (!listsRead_ && LOADLIST()) LOADGRIDM(0);
+  return listsRead_;
 }
 
 void frmgrpRM::loadHeads() {

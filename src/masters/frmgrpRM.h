@@ -68,7 +68,8 @@ class frmgrpRM : public MasterForm {
   void FORM_KEYPRESS(Key& key);
   // Asks in any case.
   void FORM_UNLOAD(bool& cancel);
-  void LOADLIST();
+  // False when the lists to choose from could not be read: they are empty then.
+  bool LOADLIST();
 
   // False when the binding could not be read. All items, or the row of one anew.
   bool LOADGRIDM(long srNo);
@@ -134,6 +135,9 @@ class frmgrpRM : public MasterForm {
   void addIds(IdList& list, const Sql& sql);
 
   // Binding.
+  // Those that could not be read are asked for once more: an item must not lose what they do not
+  // list.
+  bool listsThere();
   void setStateM(State state);
   std::vector<std::string> cellsOf(const Recordset& item) const;
   bool choicesHold();
@@ -154,6 +158,7 @@ class frmgrpRM : public MasterForm {
   Sql client_;  // code_no as it stands between quotes
   Sql table_;   // the year's RMGRP_ table
   State state_ = State::browsing;
+  bool listsRead_ = false;
 };
 
 }  // namespace quillet

@@ -87,14 +87,24 @@ void frmgrpmas::FORM_LOAD() {
   });
 }
 
-void frmgrpmas::LOADGROUPS() {
-  trap("LOADGROUPS", [&] {
-    Combo1.clearItems();
+bool frmgrpmas::LOADGROUPS() {
+  Combo1.clearItems();
+  primaryGroupsRead_ = attempt("LOADGROUPS", [&] {
     const auto rows = context_.query("Select * From Mast_Gunder Order by Gunder");
     for (; !rows->EOF_(); rows->MoveNext()) {
       Combo1.addItem(rows->text("Gunder"), rows->integer("GId"));
     }
   });
+  if (!primaryGroupsRead_) {
+    status("The primary groups could not be read; the error log says why.");
+  }
+  return primaryGroupsRead_;
+}
+
+// Those that could not be read are asked for once more; the grid shows their names then.
+bool frmgrpmas::primaryGroupsThere() {
+  if (!primaryGroupsRead_ && LOADGROUPS()) LOADGRID(0);
+  return primaryGroupsRead_;
 }
 
 // The grids show a primary group by its name, as the combo box lists it.
@@ -115,7 +125,7 @@ void frmgrpmas::LOADGRID(long groupId) {
       showRow(vsf, cellsOf(*rows));
     }
   };
-  if (groupId > 0 && attempt("LOADGRID", readOne)) return;
+  if (groupId > 0 && wasRead(vsf) && attempt("LOADGRID", readOne)) return;
   fillGrids("LOADGRID", {&vsf}, [&] {
     const auto rows = context_.query(all);
     refill(vsf, [&] {

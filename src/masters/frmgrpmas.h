@@ -51,7 +51,8 @@ class frmgrpmas : public MasterForm {
 
   void FORM_LOAD();
   void FORM_KEYPRESS(Key& key);
-  void LOADGROUPS();
+  // False when the primary groups could not be read.
+  bool LOADGROUPS();
   // Every group, or the row of one group anew.
   void LOADGRID(long groupId);
   void LOADDATA();
@@ -81,6 +82,7 @@ class frmgrpmas : public MasterForm {
 
   void setColumns();
   std::vector<std::string> cellsOf(const Recordset& group) const;
+  bool primaryGroupsThere();
   bool predefined() const;
   long selectedId() const;
   bool nameHolds(const std::string& name);
@@ -102,6 +104,7 @@ class frmgrpmas : public MasterForm {
   bool carriersAgree(const Merge& merge);
   void carryOut(const Merge& merge);
 
+  bool primaryGroupsRead_ = false;
   bool adding_ = false;
   bool editing_ = false;
   bool groupsChanged_ = false;

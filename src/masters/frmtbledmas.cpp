@@ -104,8 +104,9 @@ void frmtbledmas::FORM_UNLOAD(bool& cancel) {
 }
 
 void frmtbledmas::LOADGRID(long partId) {
-  if (partId > 0 && attempt("LOADGRID", [&] { readRow(partId); })) return;
-  fillGrids("LOADGRID", {&vsf}, [&] {
+  const bool known = wasRead(vsf);
+  if (partId > 0 && known && attempt("LOADGRID", [&] { readRow(partId); })) return;
+  const bool read = fillGrids("LOADGRID", {&vsf}, [&] {
     const auto rows = context_.query("Select * From Mast_Part");
     const int id = rows->column("PartId");
     const int name = rows->column("Particular");
@@ -125,6 +126,7 @@ void frmtbledmas::LOADGRID(long partId) {
     if (vsf.sortColumn() < 0) vsf.sortBy(nameColumn);
     if (partId > 0) makeShownCurrent(std::to_string(partId));
   });
+  if (read && !known) FILLINUSE(0);
 }
 
 // The names that the id has now, in place of those shown.

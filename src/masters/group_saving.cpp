@@ -22,6 +22,7 @@ long frmgrpmas::selectedId() const { return std::stol(vsf.cell(vsf.current(), id
 
 void frmgrpmas::CMDADD_CLICK() {
   command("CMDADD_CLICK", [&] {
+    if (!primaryGroupsThere()) return;
     adding_ = true;
     addedId_ = 0;
     CLEARDATA();
@@ -37,6 +38,7 @@ void frmgrpmas::CMDMODIFY_CLICK() {
       tell("You Can not Modify Predefined Group.");
       return;
     }
+    if (!primaryGroupsThere()) return;
     adding_ = false;
     LOADDATA();
     SETBUTTON(true);
@@ -70,9 +72,9 @@ bool frmgrpmas::nameHolds(const std::string& name) {
   }
   Sql sql = "Select * from Mast_AllGrp Where ALLGRP=" + quoted(name);
   if (!adding_) sql += " and ALLID<>" + sqlNumber(selectedId());
-  const auto rows = context_.query(sql);
-  const auto existing = taken(name, bestMatch(*rows, "ALLID", "ALLGRP", name), vsf, nameColumn,
-                              adding_ ? 0 : selectedId());
+  const auto existing = taken(
+      name, sql, {vsf, nameColumn, "Select * From Mast_AllGrp Where AllId=", "ALLID", "ALLGRP"},
+      adding_ ? 0 : selectedId());
   if (!existing) return true;
   tell("Duplicate Group!!" + whyTaken(name, existing->name));
   focus(Text1);
@@ -92,9 +94,10 @@ long frmgrpmas::newId() {
 long frmgrpmas::insertGroup(const std::string& name) {
   const long id = newId();
   groupsChanged_ = true;
+  context_.host->ConQuery("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," +
+                          sqlNumber(Combo1.chosenData()) + "," + quoted(name) + ",'Y')");
   addedId_ = newGroupId_ = id;
-  change("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," + sqlNumber(Combo1.chosenData()) +
-         "," + quoted(name) + ",'Y')");
+  flush();
   return id;
 }
 

@@ -39,12 +39,13 @@ std::vector<std::string> carriersOf(Context& context, const Sql& groupIds, Table
   std::map<std::pair<std::string, std::string>, std::set<std::string>> found;
   queryAll(context, selects, [&](const Recordset& row) {
     const ClientYears::Year& year = names.year(row.text(0), row.text(1));
-    const std::string period = shownDate(year.first) + " - " + shownDate(year.second);
+    const std::string period =
+        year.first.empty() ? "" : ", " + shownDate(year.first) + " - " + shownDate(year.second);
     found[{names.client(row.text(0)), period}].insert(row.text(2));
   });
   std::vector<std::string> lines;
   for (const auto& [who, kinds] : found) {
-    std::string line = who.first + ", " + who.second;
+    std::string line = who.first + who.second;
     for (const std::string& kind : kinds) line += (kind == *kinds.begin() ? ": " : ", ") + kind;
     lines.push_back(std::move(line));
   }

@@ -30,6 +30,7 @@ void frmtbledmas::CMDLINK_CLICK() {
     if (!target_.empty()) {
       LINKPARTICULARS();
     } else if (rowSelected(vsf, "Please Select a Paritculars.")) {
+      lblstatus.setCaption("");
       setLinkView(true);
       SETBUTTON(false);
       SETROWSHIDDEN();

@@ -22,9 +22,10 @@ void frmtbledmas::CMDUPDATE_CLICK() {
     }
     Sql sql = "Select * From Mast_Part Where Particular=" + quoted(name);
     if (!adding_) sql += " and PartId<>" + sqlNumber(selected());
-    const auto rows = context_.query(sql);
-    const auto existing = taken(name, bestMatch(*rows, "PartId", "Particular", name), vsf,
-                                nameColumn, adding_ ? 0 : selected());
+    const auto existing =
+        taken(name, sql,
+              {vsf, nameColumn, "Select * From Mast_Part Where PartId=", "PartId", "Particular"},
+              adding_ ? 0 : selected());
     if (!existing) {
       saveParticular(name);
     } else if (adding_) {

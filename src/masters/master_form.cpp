@@ -120,14 +120,19 @@ void MasterForm::dropRow(Grid& grid, long id) {
   status("It is there no more: somebody has deleted it.");
 }
 
-std::optional<NamedId> MasterForm::taken(const std::string& name, std::optional<NamedId> found,
-                                         const Grid& grid, int nameColumn, long except) {
+std::optional<NamedId> MasterForm::taken(const std::string& name, const Sql& select,
+                                         const Names& names, long except) {
+  const auto rows = context_.query(select);
+  auto found = bestMatch(*rows, names.idField, names.nameField, name);
   if (found && sameName(found->name, name)) return found;
   const std::string key = nameKey(name);
-  for (int row = 1; row <= grid.rows(); ++row) {
-    if (nameKey(grid.cell(row, nameColumn)) != key) continue;
-    const long id = std::stol(grid.cell(row, 0));
-    if (id != except) return NamedId{id, grid.cell(row, nameColumn)};
+  for (int row = 1; row <= names.grid.rows(); ++row) {
+    if (nameKey(names.grid.cell(row, names.column)) != key) continue;
+    const long id = std::stol(names.grid.cell(row, idColumn));
+    if (id == except || (names.counts && !names.counts(row))) continue;
+    const auto stored = context_.query(names.rowOf + sqlNumber(id));
+    auto still = bestMatch(*stored, names.idField, names.nameField, name);
+    if (still && sameName(still->name, name)) return still;
   }
   return found;
 }

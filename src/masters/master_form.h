@@ -5,6 +5,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,11 +55,22 @@ class MasterForm : public Form {
   // be there.
   template <class Body>
   bool fillGrids(std::string_view procedure, std::initializer_list<Grid*> grids, Body&& body) {
-    if (attempt(procedure, body)) return true;
-    for (Grid* grid : grids) grid->clearRows();
+    const bool read = attempt(procedure, body);
+    for (Grid* grid : grids) {
+      if (read) {
+        unread_.erase(grid);
+      } else {
+        unread_.insert(grid);
+        grid->clearRows();
+      }
+    }
+    if (read) return true;
     status("The list could not be read; the error log says why.");
     return false;
   }
+
+  // A single row is read only into a grid that shows the others too.
+  bool wasRead(const Grid& grid) const { return !unread_.contains(&grid); }
 
   // Reads what is on the screen anew. An entry goes on as far as the tables let it.
   virtual void reread() = 0;
@@ -67,7 +79,7 @@ class MasterForm : public Form {
   // that was added before the failure is modified from now on, so that a repetition does not add it
   // once more.
   bool entryStands(Grid& grid, bool& adding);
-  long addedId_ = 0;  // of the row that the running entry added
+  long addedId_ = 0;  // of the row that the running entry added; set when its insert was done
 
   // Adds to what the command has told already.
   void status(const std::string& text);
@@ -102,11 +114,20 @@ class MasterForm : public Form {
   static void showRow(Grid& grid, std::vector<std::string> cells);
   // Takes the row of an id out that was stored no more.
   void dropRow(Grid& grid, long id);
-  // What stands in the way of a name: of the rows found for it or, where the database does not see
-  // that it is the same, of the grid's. The grid has ids in its first column; `except` is the id of
-  // what is being renamed, 0 for none.
-  static std::optional<NamedId> taken(const std::string& name, std::optional<NamedId> found,
-                                      const Grid& grid, int nameColumn, long except);
+  // Where names stand: in a column of a grid with ids in its first one, and in a table.
+  struct Names {
+    const Grid& grid;
+    int column;
+    Sql rowOf;  // the select of one row, up to its id
+    const char* idField;
+    const char* nameField;
+    std::function<bool(int row)> counts = {};  // which rows of the grid; all when empty
+  };
+  // What stands in the way of a name: of the rows that the select finds for it or, where the
+  // database does not see that it is the same, of the grid's that are still stored. `except` is the
+  // id of what is being renamed, 0 for none.
+  std::optional<NamedId> taken(const std::string& name, const Sql& select, const Names& names,
+                               long except);
   // Moves on to the next shown row whose cell begins with the character, which is used up.
   static void searchByTyping(Grid& grid, int column, Key& key);
   // Runs RowColChange in any case: under the same number the row may be another one.
@@ -115,6 +136,9 @@ class MasterForm : public Form {
   void enterIsTab(Key& key);
 
   Context& context_;
+
+ private:
+  std::set<const Grid*> unread_;
 };
 
 // The words of a search: a text that holds them all is found, in capitals or not.

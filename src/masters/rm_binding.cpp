@@ -64,7 +64,7 @@ bool frmgrpRM::LOADGRIDM(long srNo) {
       showRow(vsfM, cellsOf(*found));
     }
   };
-  if (srNo > 0 && attempt("LOADGRIDM", readOne)) return true;
+  if (srNo > 0 && wasRead(vsfM) && attempt("LOADGRIDM", readOne)) return true;
   return fillGrids("LOADGRIDM", {&vsfM}, [&] {
     const auto found = context_.query(all);
     std::vector<std::vector<std::string>> items;
@@ -126,6 +126,7 @@ void frmgrpRM::SETBUTTONSM() {
 
 void frmgrpRM::CMDADDM_CLICK() {
   command("CMDADDM_CLICK", [&] {
+    if (!listsThere()) return;
     addedId_ = 0;
     CLEARDATAM();
     setStateM(State::adding);
@@ -135,7 +136,7 @@ void frmgrpRM::CMDADDM_CLICK() {
 
 void frmgrpRM::CMDMODIFYM_CLICK() {
   command("CMDMODIFYM_CLICK", [&] {
-    if (!itemSelected(vsfM)) return;
+    if (!itemSelected(vsfM) || !listsThere()) return;
     LOADDATAM();
     setStateM(State::modifying);
     focus(cbohead);
@@ -228,11 +229,13 @@ long frmgrpRM::insertItem() {
   };
   const long srNo = next("SrNo");
   const long order = next("GrpOrder");
+  context_.host->ConQuery("Insert Into " + table_ + " Values ('" + client_ + "'," +
+                          sqlNumber(srNo) + "," + sqlNumber(cbohead.chosenData()) + "," +
+                          sqlNumber(cbogroup[0].chosenData()) + "," +
+                          sqlNumber(cbogroup[1].chosenData()) + ",0," +
+                          sqlNumber(cbogroup[2].chosenData()) + "," + sqlNumber(order) + ")");
   addedId_ = srNo;
-  change("Insert Into " + table_ + " Values ('" + client_ + "'," + sqlNumber(srNo) + "," +
-         sqlNumber(cbohead.chosenData()) + "," + sqlNumber(cbogroup[0].chosenData()) + "," +
-         sqlNumber(cbogroup[1].chosenData()) + ",0," + sqlNumber(cbogroup[2].chosenData()) + "," +
-         sqlNumber(order) + ")");
+  flush();
   return srNo;
 }
 

@@ -57,7 +57,7 @@ void frmgrpRM::LOADGRIDG(long grpId) {
       showRow(vsfG, headCells(*found));
     }
   };
-  if (grpId > 0 && attempt("LOADGRIDG", readOne)) return;
+  if (grpId > 0 && wasRead(vsfG) && attempt("LOADGRIDG", readOne)) return;
   fillGrids("LOADGRIDG", {&vsfG}, [&] {
     const auto heads = context_.query(all);
     refill(vsfG, [&] {
@@ -155,9 +155,10 @@ void frmgrpRM::CMDUPDATEG_CLICK() {
     long id = 0;
     if (state_ == State::adding) {
       id = context_.query("Select Max(GrpId) from RawMatGrpM")->integer(0) + 1;
+      context_.host->ConQuery("Insert Into RawMatGrpM Values (" + sqlNumber(id) + "," +
+                              quoted(head) + "," + type + ")");
       addedId_ = id;
-      change("Insert Into RawMatGrpM Values (" + sqlNumber(id) + "," + quoted(head) + "," + type +
-             ")");
+      flush();
     } else {
       id = idAt(vsfG, vsfG.current(), idColumn);
       change("Update RawMatGrpM Set GrpHead=" + quoted(head) + ",GrpType=" + type +
@@ -180,12 +181,16 @@ bool frmgrpRM::headHolds(const std::string& head) {
     focus(cbotype);
     return false;
   }
-  Sql sql = "Select * from RawMatGrpM Where GrpHead=" + quoted(head) +
-            " and GrpType=" + sqlNumber(cbotype.chosenData());
-  if (state_ == State::modifying)
-    sql += " and GrpId<>" + sqlNumber(idAt(vsfG, vsfG.current(), idColumn));
-  const auto rows = context_.query(sql);
-  const auto existing = bestMatch(*rows, "GrpId", "GrpHead", head);
+  const long type = cbotype.chosenData();
+  const long own = state_ == State::modifying ? idAt(vsfG, vsfG.current(), idColumn) : 0;
+  Sql sql =
+      "Select * from RawMatGrpM Where GrpHead=" + quoted(head) + " and GrpType=" + sqlNumber(type);
+  if (own != 0) sql += " and GrpId<>" + sqlNumber(own);
+  const auto existing =
+      taken(head, sql,
+            {vsfG, headColumn, "Select * from RawMatGrpM Where GrpId=", "GrpId", "GrpHead",
+             [&](int row) { return idAt(vsfG, row, typeColumn) == type; }},
+            own);
   if (!existing) return true;
   tell("Duplicate Raw Material Group!!" + whyTaken(head, existing->name));
   focus(txthead);

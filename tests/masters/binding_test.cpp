@@ -352,6 +352,26 @@ TEST_F(BindingTest, NothingIsImportedWhenTheYearCannotBeRead) {
   EXPECT_EQ(stored().size(), 3U);
 }
 
+TEST_F(BindingTest, AnItemLosesNothingWhenTheListsCannotBeRead) {
+  bind("RMGRP_2 values('C1',1,1," + id("OPEN A") + "," + id("BUY A") + ",0,0,1)");
+  const auto fail = [&] { host().statements().failNext("Where GID=19"); };
+  fail();
+  open();
+  form.vsfM.setCurrent(1);
+  for (Button* command : {&form.cmdaddM, &form.cmdmodifyM}) {
+    fail();
+    press(form, *command);
+    EXPECT_EQ(form.lblstatus.caption(),
+              "The groups to choose from could not be read; the error log says why.");
+    EXPECT_FALSE(form.cmdupdateM.enabled());
+  }
+  press(form, form.cmdmodifyM);
+  choose(form.cbohead, "FINISHED GOODS");
+  press(form, form.cmdupdateM);
+  EXPECT_EQ(stored(), (Rows{{"1", "2", id("OPEN A"), id("BUY A"), "0", "0", "1"}}));
+  EXPECT_EQ(shown(form.vsfM), (Rows{{"FINISHED GOODS", "OPEN A", "BUY A", "(None)"}}));
+}
+
 // --- heads --------------------------------------------------------------------------------------
 
 TEST_F(BindingTest, KeepsTheHeads) {
@@ -368,6 +388,15 @@ TEST_F(BindingTest, KeepsTheHeads) {
   press(form, form.cmdupdateG);
   EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!"));
   choose(form.cbotype, "OTHERS");
+  exec("update RawMatGrpM set GrpHead='OTHER  CONSUMABLES' where GrpId=5");
+  press(form, form.cmdcancelG);
+  press(form, form.cmdbackG);
+  press(form, form.cmdgrpM);
+  press(form, form.cmdaddG);
+  type(form.txthead, "Other Consumables");
+  choose(form.cbotype, "OTHERS");
+  press(form, form.cmdupdateG);
+  EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!")) << "blanks do not count";
   type(form.txthead, "\u200BRAW\u00A0 MATERIAL");
   statements();
   press(form, form.cmdupdateG);

@@ -416,7 +416,7 @@ TEST_F(GroupMasterTest, AMergeNamesThoseWhoseEntriesKeepTheGroup) {
             "Adjustment entries or closing stocks carry the selected group(s) and will keep "
             "them:\r\n\r\n"
             "Asha Traders, 01/04/2008 - 31/03/2009: Adj. Entries, Closing Stock\r\n"
-            "GONE,  - : Closing Stock\r\n"
+            "GONE: Closing Stock\r\n"
             "Neighbour & Co, 01/04/2008 - 31/03/2009: Adj. Entries\r\n"
             "\r\nAn entry that is altered or deleted after the merge counts in the group merged "
             "with.\r\n\r\nMerge all the same ?|YesNo question No|Group Master");
@@ -487,9 +487,41 @@ TEST_F(GroupMasterTest, WhatCannotBeReadIsNotShown) {
   open();
   EXPECT_EQ(form.vsf.rows(), 0);
   EXPECT_EQ(form.lblstatus.caption(), "The list could not be read; the error log says why.");
+  press(form, form.cmdadd);
+  enter("NEW", "EXPENSES");
+  EXPECT_EQ(form.vsf.rows(), 5) << "not the new one alone";
   host().statements().failNext("order by ALLGRP");
   press(form, form.cmdMerge);
   EXPECT_EQ(form.vsM.rows() + form.vsMW.rows(), 0);
+}
+
+TEST_F(GroupMasterTest, PrimaryGroupsThatCouldNotBeReadAreAskedForOnceMore) {
+  const auto fail = [&] { host().statements().failNext("Mast_Gunder"); };
+  fail();
+  open();
+  for (Button* command : {&form.cmdadd, &form.cmdmodify}) {
+    pickGroup("RENT");
+    fail();
+    press(form, *command);
+    EXPECT_EQ(form.lblstatus.caption(),
+              "The primary groups could not be read; the error log says why.");
+    EXPECT_FALSE(form.cmdupdate.enabled());
+  }
+  press(form, form.cmdmodify);
+  enter("A RENT", "");
+  EXPECT_EQ(shown(form.vsf)[0], (Texts{"A RENT", "EXPENSES", "Y"}));
+}
+
+TEST_F(GroupMasterTest, AnAddingThatFailedIsNotTakenForSomebodyElsesRow) {
+  open();
+  press(form, form.cmdadd);
+  host().statements().failNext("Insert Into");
+  enter("MINE", "EXPENSES");
+  exec("insert into Mast_AllGrp values(5,22,'THEIRS','Y')");
+  host().statements().failNext("Select Max");
+  for (int attempt = 0; attempt < 2; ++attempt) press(form, form.cmdupdate);
+  EXPECT_EQ(rows("select ALLID,ALLGRP from Mast_AllGrp where ALLID>4 order by 1"),
+            (Rows{{"5", "THEIRS"}, {"6", "MINE"}}));
 }
 
 // Each statement of each deed fails once. The grids show what is stored then, and the deed done

@@ -137,6 +137,7 @@ TEST_F(LedgerMasterTest, AMissingTableIsNamedAndPassedOver) {
   EXPECT_EQ(names().size(), 4U) << "nothing can stand in what is not there";
   pickLedger("CASH");
   press(form, form.cmdlink);
+  EXPECT_EQ(form.lblstatus.caption(), "");
   tick("RENT");
   dialogs.queueAnswer(Answer::Yes);
   press(form, form.cmdlink);
@@ -686,6 +687,30 @@ TEST_F(LedgerMasterTest, NothingGoesIntoALedgerDeletedMeanwhile) {
   enter("BET");
   EXPECT_EQ(listed(), (Texts{"ALPHA", "CASH", "RENT"}));
   EXPECT_EQ(form.lblstatus.caption(), "It is there no more: somebody has deleted it.");
+}
+
+TEST_F(LedgerMasterTest, ANameThatSomebodyDeletedMeanwhileIsFree) {
+  open();
+  exec("delete from Mast_Part where Particular='CASH'");
+  pickLedger("RENT");
+  press(form, form.cmdmodify);
+  enter("cash");
+  EXPECT_TRUE(messages().empty()) << "nothing goes into a ledger that is gone";
+  EXPECT_EQ(names(), (Texts{"CASH", "ALPHA", "BETA", "GAMMA"}));
+}
+
+TEST_F(LedgerMasterTest, AListThatCouldNotBeReadIsNotShownInPart) {
+  host().statements().failNext("Select * From Mast_Part");
+  open();
+  EXPECT_EQ(listed(), Texts());
+  press(form, form.cmdadd);
+  enter("OMEGA");
+  EXPECT_EQ(shown(form.vsf), (Rows{{"ALPHA", "Y"},
+                                   {"BETA", "Y"},
+                                   {"CASH", "Y"},
+                                   {"GAMMA", "N"},
+                                   {"OMEGA", "N"},
+                                   {"RENT", "Y"}}));
 }
 
 // Each statement of each deed fails once. The grid shows what is stored then, and the deed done
