@@ -6,8 +6,6 @@
 namespace quillet::support {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class JournalEntry : public JournalTest {
  protected:
   JournalEntry() {

@@ -9,8 +9,6 @@
 namespace quillet::support {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class JournalFailure : public JournalTest {
  protected:
   JournalFailure() {

@@ -11,6 +11,8 @@
 
 namespace quillet::support {
 
+using Texts = std::vector<std::string>;
+
 // A line of a voucher as a person enters it: a positive amount is a debit.
 struct Entered {
   std::string ledger;
@@ -30,7 +32,7 @@ class JournalTest : public PracticeTest {
   ~JournalTest() override {
     if (!form_) return;
     dialogs.clear();
-    if (form_->visible()) dialogs.queueAnswer(Answer::Yes);
+    if (form_->visible()) yes();
     form_->close();
   }
 
@@ -45,7 +47,7 @@ class JournalTest : public PracticeTest {
     return *form_;
   }
   void close() {
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     ASSERT_TRUE(form_->close());
     messages();
   }
@@ -83,6 +85,22 @@ class JournalTest : public PracticeTest {
     ASSERT_TRUE(journal().click(journal().cmdupdate));
     ASSERT_TRUE(journal().Frame1.visible()) << "the voucher was not saved";
   }
+  void yes() { dialogs.queueAnswer(Answer::Yes); }
+  void no() { dialogs.queueAnswer(Answer::No); }
+  void removeFirst() {
+    pick(1);
+    yes();
+    journal().press(keys::Delete);
+    messages();
+  }
+  // A line of a voucher behind the journal's back.
+  void put(long vid, int line, const std::string& ledgerName, const std::string& groupName,
+           double amount, const std::string& narration = {}, const std::string& client = "C1",
+           const std::string& date = "2008-06-02") {
+    exec("insert into JRNL_1 values('" + client + "'," + std::to_string(vid) + ',' +
+         std::to_string(line) + ",'" + date + "'," + std::to_string(ledger(ledgerName)) + ',' +
+         std::to_string(group(groupName)) + ',' + std::to_string(amount) + ",'" + narration + "')");
+  }
   void pick(int row) {
     journal().focus(journal().vsf);
     journal().vsf.setCurrent(row);
@@ -94,13 +112,6 @@ class JournalTest : public PracticeTest {
                 " t join Mast_Part p on p.partid=t.partid join Mast_AllGrp g on g.allid=t.allid "
                 "where code_no='" +
                 client + "' order by srno");
-  }
-  // VID, LSrNo, VDate, ledger, group, Amount, VNar.
-  Rows vouchers(const std::string& table, const std::string& client = "C1") {
-    return rows("select VID,LSrNo,VDate,particular,allgrp,Amount,VNar from " + table +
-                " t join Mast_Part p on p.partid=t.partid join Mast_AllGrp g on g.allid=t.allid "
-                "where code_no='" +
-                client + "' order by VID,LSrNo");
   }
   std::vector<Message> boxes() {
     std::vector<Message> all;

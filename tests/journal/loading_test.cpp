@@ -4,22 +4,9 @@
 namespace quillet::support {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class JournalLoading : public JournalTest {
  protected:
-  void voucher(const std::string& client, long vid, int line, const std::string& date,
-               const std::string& ledgerName, const std::string& groupName, double amount,
-               const std::string& narration = {}) {
-    exec("insert into JRNL_1 values('" + client + "'," + std::to_string(vid) + "," +
-         std::to_string(line) + ",'" + date + "'," + std::to_string(ledger(ledgerName)) + "," +
-         std::to_string(group(groupName)) + "," + std::to_string(amount) + ",'" + narration + "')");
-  }
-  Texts scratchTables() {
-    Texts names;
-    for (const auto& row : rows("show tables like 'ledger_temp%'")) names.push_back(row[0]);
-    return names;
-  }
+  Rows scratchTables() { return rows("show tables like 'ledger_temp%'"); }
 };
 
 TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
@@ -64,7 +51,7 @@ TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
   expected.push_back("Select * from Ledger_Temp order by Part,AllGrp");
   sent("Drop Table If Exists Ledger_Temp");
   EXPECT_EQ(statements(), expected);
-  EXPECT_EQ(scratchTables(), Texts{});
+  EXPECT_EQ(scratchTables(), Rows{});
 
   form.show();
   EXPECT_EQ(statements(),
@@ -77,44 +64,39 @@ TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
 
 TEST_F(JournalLoading, LeavesNoScratchTableWhereverAStatementFails) {
   addYear("C1", 2008, {{"Cash", "BANKS", 100}});
-  failEachStatement({.what = "opening",
-                     .arrange = [&] { select("C1", 2008); },
-                     .act = [&] { frmjrnl(context()).INITDATA(context().table, false); },
-                     .place = "frmjrnl\tINITDATA",
-                     .stops = false,
-                     .check = [&] { EXPECT_EQ(scratchTables(), Texts{}); }});
+  FailingDeed deed{.what = "opening",
+                   .act = [&] { frmjrnl(context()).INITDATA(context().table, false); }};
+  deed.arrange = [&] { select("C1", 2008); };
+  deed.place = "frmjrnl\tINITDATA";
+  deed.stops = false;
+  deed.check = [&] { EXPECT_EQ(scratchTables(), Rows{}); };
+  failEachStatement(deed);
 }
 
-TEST_F(JournalLoading, ShowsThePeriodOfTheYearOrOfTheOneBefore) {
-  addYear("C1", 2008);
-  frmjrnl& form = open("C1", 2008);
-  const std::string company = host().COMPANY_NAME();
-  EXPECT_EQ(form.lblperiod.caption(), "Period: 01/04/2008 - 31/03/2009");
-  EXPECT_EQ(form.caption(), "Adjustement Entries Passed of " + company +
-                                " for the Period from 01/04/2008 to 31/03/2009");
-  EXPECT_EQ(open("C1", 2008, true).lblperiod.caption(), "Period: 01/04/2007 - 31/03/2008");
-}
-
-TEST_F(JournalLoading, ListsLedgersAndGroupsByName) {
+TEST_F(JournalLoading, ShowsThePeriodAndTheListsByName) {
   addYear("C1", 2008, {{"wages", "RENT", 5}, {"Cash", "BANKS", 100}});
   ledger("Audit Fee");
   frmjrnl& form = open("C1", 2008);
   EXPECT_EQ(shown(form.VSF3), (Rows{{"Audit Fee"}, {"Cash"}, {"wages"}}));
   EXPECT_EQ(shown(form.VSF4), (Rows{{"BANKS"}, {"CAPITAL"}, {"RENT"}, {"SALES"}}));
+  EXPECT_EQ(form.lblperiod.caption(), "Period: 01/04/2008 - 31/03/2009");
+  EXPECT_EQ(form.caption(), "Adjustement Entries Passed of " + host().COMPANY_NAME() +
+                                " for the Period from 01/04/2008 to 31/03/2009");
+  EXPECT_EQ(open("C1", 2008, true).lblperiod.caption(), "Period: 01/04/2007 - 31/03/2008");
 }
 
 TEST_F(JournalLoading, ListsVouchersAsAnOutline) {
   addYear("C1", 2008);
   addYear("C2", 2008);
-  voucher("C1", 2, 1, "2008-06-02", "AUDIT FEE", "RENT", 1234567.5, "Fee of the year");
-  voucher("C1", 2, 2, "2008-06-02", "cash in hand", "BANKS", -1234567.5, "Fee of the year");
-  voucher("C1", 3, 1, "2008-06-02", "rent", "RENT", -30);
-  voucher("C1", 3, 2, "2008-06-02", "interest", "RENT", 10);
-  voucher("C1", 3, 3, "2008-06-02", "wages", "RENT", 20);
-  voucher("C1", 1, 1, "2008-12-31", "wages", "RENT", 7, "By hand");
-  voucher("C1", 1, 2, "2008-12-31", "cash in hand", "BANKS", -7, "By hand");
-  voucher("C1", 5, 1, "2009-04-01", "wages", "RENT", 7);
-  voucher("C2", 4, 1, "2008-06-02", "wages", "RENT", 99, "Not ours");
+  put(2, 1, "AUDIT FEE", "RENT", 1234567.5, "Fee of the year");
+  put(2, 2, "cash in hand", "BANKS", -1234567.5, "Fee of the year");
+  put(3, 1, "rent", "RENT", -30);
+  put(3, 2, "interest", "RENT", 10);
+  put(3, 3, "wages", "RENT", 20);
+  put(1, 1, "wages", "RENT", 7, "By hand", "C1", "2008-12-31");
+  put(1, 2, "cash in hand", "BANKS", -7, "By hand", "C1", "2008-12-31");
+  put(5, 1, "wages", "RENT", 7, "", "C1", "2009-04-01");
+  put(4, 1, "wages", "RENT", 99, "Not ours", "C2");
   frmjrnl& form = open("C1", 2008);
   const Rows expected{{"2-6-2008", "By Audit Fee", "1,234,567.50", ""},
                       {"", "To Cash In Hand", "", "1,234,567.50"},
@@ -165,8 +147,8 @@ TEST_F(JournalLoading, ListsVouchersAsAnOutline) {
 TEST_F(JournalLoading, PutsAVoucherOnTheEntryFrame) {
   addYear("C1", 2008, {{"Cash", "BANKS", 500}, {"Rent", "RENT", 40}});
   addYear("C2", 2008);
-  voucher("C1", 7, 1, "2008-06-02", "Cash", "BANKS", -25.5, "June");
-  voucher("C1", 7, 2, "2008-06-02", "Suspense", "CAPITAL", 25.5, "June");
+  put(7, 1, "Cash", "BANKS", -25.5, "June");
+  put(7, 2, "Suspense", "CAPITAL", 25.5, "June");
   frmjrnl& form = open("C1", 2008);
   pick(2);
   statements();
@@ -207,7 +189,7 @@ TEST_F(JournalLoading, AsksForARowFirst) {
 
 TEST_F(JournalLoading, ReadsNamesOncePerLedgerHoweverLongTheList) {
   addYear("C1", 2008);
-  for (int vid = 1; vid <= 40; ++vid) voucher("C1", vid, 1, "2008-06-02", "Cash", "BANKS", vid);
+  for (int vid = 1; vid <= 40; ++vid) put(vid, 1, "Cash", "BANKS", vid);
   open("C1", 2008);
   journal().LOADGRID();
   EXPECT_EQ(statements().size(), 1U);

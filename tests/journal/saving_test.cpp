@@ -6,8 +6,6 @@
 namespace quillet::support {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class JournalSaving : public JournalTest {
  protected:
   JournalSaving() {
@@ -68,57 +66,44 @@ TEST_F(JournalSaving, StoresAndPostsInTheOrderDesigned) {
 }
 
 TEST_F(JournalSaving, RefusesWhatIsNotInOrder) {
-  struct Case {
+  const Entered rent{"Rent", "", "5"};
+  const Entered cash{"Cash", "", "5", false};
+  const Entered blank{"", "", ""};
+  const std::string date = "Please specify a Valid Date.";
+  const std::string ledger = "Please select a Particulars.";
+  const std::string group = "Please select a Group.";
+  const std::string amount = "Please specify an Amount.";
+  const std::string totals = "Total Debit Amount should be Equal to Total Credit Amount.";
+  const struct {
     const char* what;
     std::string date;
     std::vector<Entered> lines;
     std::string message;
-  };
-  const std::vector<Case> cases{
-      {"no date",
-       "",
-       {{"Rent", "", "5"}, {"Cash", "", "5", false}},
-       "Please specify a Valid Date."},
-      {"half a date", "0206", {{"Rent", "", "5"}}, "Please specify a Valid Date."},
-      {"nothing", "02062008", {{"", "", ""}}, "Please select a Particulars."},
-      {"no ledger", "02062008", {{"", "RENT", "5"}}, "Please select a Particulars."},
-      {"a gap between lines",
-       "02062008",
-       {{"", "", ""}, {"Cash", "", "5", false}},
-       "Please select a Particulars."},
-      {"an amount without names",
-       "02062008",
-       {{"Rent", "", "5"}, {"", "", "5", false}},
-       "Please select a Particulars."},
-      {"no such group", "02062008", {{"Rent", "NO SUCH", "5"}}, "Please select a Group."},
-      {"no amount",
-       "02062008",
-       {{"Rent", "", ""}, {"Cash", "", "5", false}},
-       "Please specify an Amount."},
-      {"an amount of zero", "02062008", {{"Rent", "", "0.00"}}, "Please specify an Amount."},
-      {"no number", "02062008", {{"Rent", "", "1.2.3"}}, "Please specify an Amount."},
-      {"no number on a last line without names",
-       "02062008",
-       {{"Rent", "", "5"}, {"Cash", "", "5", false}, {"", "", "1.2.3"}},
-       "Please select a Particulars."},
-      {"totals apart",
-       "02062008",
-       {{"Rent", "", "5"}, {"Cash", "", "5.01", false}},
-       "Total Debit Amount should be Equal to Total Credit Amount."},
+  } cases[] = {
+      {"no date", "", {rent, cash}, date},
+      {"half a date", "0206", {rent}, date},
+      {"nothing", "02062008", {blank}, ledger},
+      {"no ledger", "02062008", {{"", "RENT", "5"}}, ledger},
+      {"a gap between lines", "02062008", {blank, cash}, ledger},
+      {"an amount without names", "02062008", {rent, {"", "", "5", false}}, ledger},
+      {"no such group", "02062008", {{"Rent", "NO SUCH", "5"}}, group},
+      {"no amount", "02062008", {{"Rent", "", ""}, cash}, amount},
+      {"an amount of zero", "02062008", {{"Rent", "", "0.00"}}, amount},
+      {"no number", "02062008", {{"Rent", "", "1.2.3"}}, amount},
+      {"no number alone", "02062008", {rent, cash, {"", "", "1.2.3"}}, ledger},
+      {"totals apart", "02062008", {rent, {"Cash", "", "5.01", false}}, totals},
       {"the first failure counts",
        "02062008",
        {{"Rent", "NO SUCH", ""}, {"", "", "5.01", false}},
-       "Please select a Group."},
+       group},
   };
   frmjrnl& form = journal();
-  for (const Case& c : cases) {
+  clock.set({2030, 1, 1});
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
-    clock.set({2030, 1, 1});
     form.click(form.cmdadd);
-    // Filled in from below: a date that is not in order keeps the focus.
-    for (std::size_t i = 0; i < c.lines.size(); ++i) {
-      if (i > 0) form.LOADCONTROLS();
-    }
+    // A date that is not in order keeps the focus, so it comes last.
+    for (std::size_t i = 1; i < c.lines.size(); ++i) form.LOADCONTROLS();
     form.txtdt.setText("02/06/2008");
     for (std::size_t i = 0; i < c.lines.size(); ++i) fillLine(static_cast<int>(i), c.lines[i]);
     type(form.txtdt, c.date);
@@ -131,99 +116,77 @@ TEST_F(JournalSaving, RefusesWhatIsNotInOrder) {
     EXPECT_EQ(asked[0].icon, Icon::information);
     EXPECT_EQ(asked[0].buttons, Buttons::OK);
     EXPECT_EQ(statements(), Texts{});
-    if (c.message == "Please specify a Valid Date.") {
-      EXPECT_EQ(form.active(), &form.txtdt);
-    }
+    EXPECT_EQ(form.active() == &form.txtdt, c.message == date);
     EXPECT_TRUE(form.Frame2.visible());
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     form.click(form.cmdcancel);
   }
-  EXPECT_EQ(vouchers("JRNL_1"), Rows{});
+  EXPECT_EQ(rows("select * from JRNL_1"), Rows{});
 }
 
 TEST_F(JournalSaving, RoundsAsOnPaper) {
-  struct Case {
+  const struct {
     const char* what;
-    std::vector<std::string> debits;
-    std::vector<std::string> credits;
-    std::string stored;  // the journal's amounts
-  };
-  const std::vector<Case> cases{
+    Texts debits;
+    Texts credits;
+    const char* stored;  // the journal's amounts
+  } cases[] = {
       {"thirds", {"100"}, {"33.33", "66.67"}, "100 -33.33 -66.67"},
       {"three decimals", {"10.005"}, {"10.014"}, "10.01 -10.01"},
       {"half a paisa", {"0.005"}, {"0.01"}, "0.01 -0.01"},
       {"binary halves", {"1.005", "2.675"}, {"3.69"}, "1.01 2.68 -3.69"},
-      {"tenths",
-       {"0.1", "0.1", "0.1", "0.1", "0.1", "0.1", "0.1", "0.1", "0.1", "0.1"},
-       {"1"},
-       "0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 -1"},
+      {"tenths", Texts(10, "0.1"), {"1"}, "0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 0.1 -1"},
       {"commas", {"1,00,000.50"}, {"100000.5"}, "100000.5 -100000.5"},
       {"crores", {"999,999,999,999.99"}, {"999999999999.99"}, "999999999999.99 -999999999999.99"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     std::vector<Entered> lines;
     for (const std::string& amount : c.debits) lines.push_back({"Rent", "", amount});
     for (const std::string& amount : c.credits) lines.push_back({"Cash", "", amount, false});
     pass("02062008", lines);
     EXPECT_EQ(messages(), Texts{});
-    std::string stored;
-    for (const auto& row : rows("select Amount from JRNL_1 order by LSrNo")) {
-      stored += (stored.empty() ? "" : " ") + row[0];
-    }
-    EXPECT_EQ(stored, c.stored);
-    pick(1);
-    dialogs.queueAnswer(Answer::Yes);
-    journal().press(keys::Delete);
+    EXPECT_EQ(value("select group_concat(Amount order by LSrNo separator ' ') from JRNL_1"),
+              c.stored);
+    removeFirst();
     EXPECT_EQ(value("select sum(amt) from TAB_1 where code_no='C1'"), "540");
-    messages();
   }
 }
 
 TEST_F(JournalSaving, PostsByPairs) {
-  struct Case {
+  const struct {
     const char* what;
     std::vector<Entered> lines;
-    Rows balances;  // ledger, group, amt, nid of the client's rows
-  };
-  const Rows untouched{{"Cash", "BANKS", "500", "1"}, {"Rent", "RENT", "40", "1"}};
-  const std::vector<Case> cases{
+    const char* balances;  // of the client's rows in their order
+  } cases[] = {
       {"to exactly zero the row goes",
        {{"Cash", "", "40"}, {"Rent", "", "40", false}},
-       {{"Cash", "BANKS", "540", "1"}}},
+       "Cash BANKS 540"},
       {"a credit turns the balance round",
        {{"Cash", "", "100"}, {"Rent", "", "100", false}},
-       {{"Cash", "BANKS", "600", "1"}, {"Rent", "RENT", "60", "2"}}},
+       "Cash BANKS 600, Rent RENT -60"},
       {"a pair that had no row",
        {{"Cash", "CAPITAL", "7"}, {"Rent", "SALES", "7", false}},
-       {{"Cash", "BANKS", "500", "1"},
-        {"Rent", "RENT", "40", "1"},
-        {"Cash", "CAPITAL", "7", "1"},
-        {"Rent", "SALES", "7", "2"}}},
+       "Cash BANKS 500, Rent RENT 40, Cash CAPITAL 7, Rent SALES -7"},
       {"one pair twice",
        {{"Rent", "", "0.1"}, {"Rent", "", "0.2"}, {"Cash", "", "0.3", false}},
-       {{"Rent", "RENT", "40.3", "1"}, {"Cash", "BANKS", "499.7", "1"}}},
+       "Rent RENT 40.3, Cash BANKS 499.7"},
       {"one pair against itself",
        {{"Rent", "", "5"}, {"Rent", "", "5", false}},
-       {{"Cash", "BANKS", "500", "1"}, {"Rent", "RENT", "40", "1"}}},
+       "Cash BANKS 500, Rent RENT 40"},
   };
-  const auto balances = [&] {
-    return rows(
-        "select particular,allgrp,amt,nid from TAB_1 t join Mast_Part p on "
-        "p.partid=t.partid join Mast_AllGrp g on g.allid=t.allid where code_no='C1' "
-        "order by srno");
+  const auto balances = [&](const std::string& order) {
+    return value("select group_concat(particular,' ',allgrp,' ',if(nid=1,amt,-amt) order by " +
+                 order +
+                 " separator ', ') from TAB_1 t join Mast_Part p on p.partid=t.partid join "
+                 "Mast_AllGrp g on g.allid=t.allid where code_no='C1'");
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     pass("02062008", c.lines);
-    EXPECT_EQ(balances(), c.balances);
-    pick(1);
-    dialogs.queueAnswer(Answer::Yes);
-    journal().press(keys::Delete);
-    Rows restored = balances();
-    std::sort(restored.begin(), restored.end());
-    EXPECT_EQ(restored, untouched);
-    messages();
+    EXPECT_EQ(balances("srno"), c.balances);
+    removeFirst();
+    EXPECT_EQ(balances("particular"), "Cash BANKS 500, Rent RENT 40");
   }
 }
 
@@ -231,7 +194,7 @@ TEST_F(JournalSaving, DeletesOnlyWhenToldTo) {
   pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}});
   frmjrnl& form = journal();
   pick(2);
-  dialogs.queueAnswer(Answer::No);
+  no();
   statements();
   form.click(form.Command1);
   EXPECT_EQ(statements(), Texts{});
@@ -240,9 +203,9 @@ TEST_F(JournalSaving, DeletesOnlyWhenToldTo) {
   EXPECT_EQ(asked[0].text, "Do you want to Delete the Selected Entry?");
   EXPECT_EQ(asked[0].buttons, Buttons::YesNo);
   EXPECT_EQ(asked[0].defaultAnswer, Answer::No);
-  dialogs.queueAnswer(Answer::Yes);
+  yes();
   form.click(form.Command1);
-  EXPECT_EQ(vouchers("JRNL_1"), Rows{});
+  EXPECT_EQ(rows("select * from JRNL_1"), Rows{});
   EXPECT_EQ(shown(form.vsf), Rows{});
   const Texts sent = statements();
   ASSERT_EQ(sent.size(), 16U);
@@ -252,15 +215,14 @@ TEST_F(JournalSaving, DeletesOnlyWhenToldTo) {
 
 // Vouchers of two clients take turns in one table.
 TEST_F(JournalSaving, NumbersVouchersOverTheWholeTable) {
-  pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}});
-  open("C2", 2008);
-  EXPECT_EQ(shown(journal().vsf), Rows{});
-  pass("02062008", {{"Rent", "", "6"}, {"Cash", "", "6", false}});
-  open("C1", 2008);
-  EXPECT_EQ(journal().vsf.rows(), 2);
-  pass("02062008", {{"Rent", "", "7"}, {"Cash", "", "7", false}});
-  EXPECT_EQ(rows("select distinct code_no,VID from JRNL_1 order by VID"),
-            (Rows{{"C1", "1"}, {"C2", "2"}, {"C1", "3"}}));
+  const auto passFor = [&](const char* client, const char* amount) {
+    open(client, 2008);
+    pass("02062008", {{"Rent", "", amount}, {"Cash", "", amount, false}});
+    return journal().vsf.rows();
+  };
+  EXPECT_EQ(passFor("C1", "5"), 2);
+  EXPECT_EQ(passFor("C2", "6"), 2);
+  EXPECT_EQ(passFor("C1", "7"), 4);
   pick(1);
   journal().press(keys::Enter);
   type(journal().txtdramt[0], "8");
@@ -273,94 +235,64 @@ TEST_F(JournalSaving, NumbersVouchersOverTheWholeTable) {
 }
 
 TEST_F(JournalSaving, KeepsAwkwardNarrations) {
-  const std::string smile = "\xF0\x9F\x99\x82";
-  std::string emoji;
-  for (int i = 0; i < 1000; ++i) emoji += smile;
-  struct Case {
-    std::string typed;
-    std::string stored;
-  };
-  const std::vector<Case> cases{{std::string(5000, 'n'), std::string(5000, 'n')},
-                                {emoji, emoji},
-                                {"C:\\books\\", "C:\\books\\"},
-                                {"the owner's share", "the owners share"},
-                                {"one\ntwo", "one two"},
-                                {"100% \"quoted\"; -- _", "100% \"quoted\"; -- _"}};
-  for (const Case& c : cases) {
-    pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}}, c.typed);
-    EXPECT_EQ(value("select max(VNar) from JRNL_1"), c.stored);
-    EXPECT_EQ(journal().vsf.cell(3, 1), "    " + c.stored);
+  const auto modify = [&] {
     pick(1);
     journal().press(keys::Enter);
-    EXPECT_EQ(journal().txtnarr.text(), c.stored);
+  };
+  for (const std::string& narration : {std::string(5000, 'n'), std::string("🙂 C:\\books\\"),
+                                       std::string("100% \"quoted\"; -- _")}) {
+    pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}}, narration);
+    EXPECT_EQ(value("select max(VNar) from JRNL_1"), narration);
+    EXPECT_EQ(journal().vsf.cell(3, 1), "    " + narration);
+    modify();
+    EXPECT_EQ(journal().txtnarr.text(), narration);
     journal().click(journal().cmdupdate);
-    EXPECT_EQ(value("select max(VNar) from JRNL_1"), c.stored);
-    pick(1);
-    dialogs.queueAnswer(Answer::Yes);
-    journal().press(keys::Delete);
+    EXPECT_EQ(value("select max(VNar) from JRNL_1"), narration);
+    removeFirst();
   }
-  // One with line breaks that came from elsewhere stays as it is.
-  exec(
-      "insert into JRNL_1 values('C1',9,1,'2008-06-02',1,1,5,'one\\ntwo'),"
-      "('C1',9,2,'2008-06-02',2,3,-5,'one\\ntwo')");
+  // One with line breaks that came from elsewhere stays as it is; a typed one becomes a blank.
+  put(9, 1, "Cash", "BANKS", 5, "one\\ntwo");
+  put(9, 2, "Rent", "RENT", -5, "one\\ntwo");
   journal().LOADGRID();
-  pick(1);
-  journal().press(keys::Enter);
+  modify();
   journal().click(journal().cmdupdate);
   EXPECT_EQ(value("select max(VNar) from JRNL_1"), "one\ntwo");
+  modify();
+  type(journal().txtnarr, "one\ntwo");
+  EXPECT_EQ(journal().txtnarr.text(), "one two");
   // More than the column holds does not get in.
-  pick(1);
-  journal().press(keys::Enter);
   journal().txtnarr.replaceSelection(std::string(20'000, 'x'));
   EXPECT_EQ(lengthOf(journal().txtnarr.text()), 16'000U);
   EXPECT_EQ(journal().lblhint.caption(), "A narration holds at most 16,000 characters.");
 }
 
-TEST_F(JournalSaving, KeepsWhatWasSentBeforeAFailure) {
-  struct Case {
-    const char* what;
-    const char* failing;
-    const char* procedure;
-    bool modified;
-    Rows amounts;  // of the journal
-    Rows balances;
-  };
-  const Rows before{{"500", "1"}, {"40", "1"}};
-  const std::vector<Case> cases{
-      {"the number", "Select max(VID)", "SAVEVCH", false, {}, before},
-      {"the second line", ",1,2,'2008", "SAVEVCH", false, {{"5"}}, before},
-      {"posting", "insert into TAB_1", "ADDVCH", false, {{"5"}, {"-5"}}, {{"500", "1"}}},
-      {"taking out", "Delete from JRNL_1", "DELETEVCH", true, {{"5"}, {"-5"}}, before},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+TEST_F(JournalSaving, AFailureIsToldAndItsProcedureLogged) {
+  const std::vector<Entered> lines{{"Rent", "RENT", "5"}, {"Cash", "BANKS", "5", false}};
+  for (const auto& [failing, procedure] : {std::pair{"Select max(VID)", "SAVEVCH"},
+                                           {",2,2,'2008", "SAVEVCH"},
+                                           {"insert into TAB_1", "ADDVCH"},
+                                           {"Delete from JRNL_1", "DELETEVCH"}}) {
+    SCOPED_TRACE(failing);
     for (const char* table : {"JRNL_1", "TAB_1"}) exec(std::string("delete from ") + table);
-    exec("insert into TAB_1 values(1,'C1',1,1,500,1),(2,'C1',2,3,40,1)");
     context().unposted = {};
-    open("C1", 2008);
-    frmjrnl& form = journal();
-    if (c.modified) {
-      pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}});
+    frmjrnl& form = open("C1", 2008);
+    pass("02062008", lines);
+    if (procedure == std::string("DELETEVCH")) {
       pick(1);
       form.press(keys::Enter);
     } else {
       form.click(form.cmdadd);
-      fillVoucher("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}});
+      fillVoucher("02062008", lines);
     }
-    host().statements().failNext(c.failing);
-    log();
+    host().statements().failNext(failing);
     form.click(form.cmdupdate);
-    const Texts lines = log();
-    ASSERT_EQ(lines.size(), 1U);
-    EXPECT_NE(lines[0].find(std::string("frmjrnl\t") + c.procedure), std::string::npos) << lines[0];
+    const Texts logged = log();
+    ASSERT_EQ(logged.size(), 1U);
+    EXPECT_NE(logged[0].find(std::string("frmjrnl\t") + procedure), std::string::npos) << logged[0];
     EXPECT_EQ(messages(), Texts{});
-    EXPECT_EQ(rows("select Amount from JRNL_1 order by LSrNo"), c.amounts);
-    Rows balances = rows("select amt,nid from TAB_1 where code_no='C1' order by amt desc");
-    EXPECT_EQ(balances, c.balances);
-    const Label& told = form.Frame2.visible() ? form.lblhint : form.lblstatus;
-    EXPECT_NE(told.caption(), "");
+    EXPECT_NE((form.Frame2.visible() ? form.lblhint : form.lblstatus).caption(), "");
     if (form.Frame2.visible()) {
-      dialogs.queueAnswer(Answer::Yes);
+      yes();
       form.click(form.cmdcancel);
     }
   }
