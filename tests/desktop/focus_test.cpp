@@ -18,7 +18,8 @@ class Focus : public Stand {
     ASSERT_TRUE(focus);
     EXPECT_TRUE(focus == widget(control)) << focus->objectName().toStdString();
   }
-  std::string captionOf(const std::vector<std::string>& lines) {
+  std::string lastSeen() {
+    const auto lines = form.takeDiary();
     return lines.empty() ? "" : lines.back();
   }
 };
@@ -50,16 +51,14 @@ TEST_F(Focus, AClickAsksTheFormFirst) {
 }
 
 TEST_F(Focus, GoesToTheNextControlWhenItsOwnIsHidden) {
-  form.focus(form.txtname);
-  settle();
+  focus(form.txtname);
   QTest::keyClick(window()->focusWidget(), Qt::Key_Tab);
   form.famlist.setVisible(false);
   form.fampage.setVisible(true);
   theApplication().windows().perform([] {});
   EXPECT_TRUE(widget(form.cmdback)->isVisible());
   EXPECT_FALSE(widget(form.vsf)->isVisible());
-  form.focus(form.cmdback);
-  settle();
+  focus(form.cmdback);
   key(Qt::Key_Space);
   EXPECT_TRUE(widget(form.vsf)->isVisible());
   ASSERT_TRUE(form.active());
@@ -67,21 +66,17 @@ TEST_F(Focus, GoesToTheNextControlWhenItsOwnIsHidden) {
 }
 
 TEST_F(Focus, ButtonsAndTogglesRunTheirHandlersOnce) {
-  struct Case {
-    Control& control;
-    const char* seen;
-  };
-  const Case cases[] = {{form.cmdmode[0], "click cmdmode0"},
-                        {form.chkall, "click chkall"},
-                        {form.optside[1], "click optside1"}};
-  for (const Case& one : cases) {
-    QWidget* target = widget(one.control);
+  const std::pair<Control*, const char*> cases[] = {{&form.cmdmode[0], "click cmdmode0"},
+                                                    {&form.chkall, "click chkall"},
+                                                    {&form.optside[1], "click optside1"}};
+  for (const auto& [control, event] : cases) {
+    QWidget* target = widget(*control);
     click(target, QPoint(12, target->height() / 2));
     const auto seen = form.takeDiary();
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), one.seen), 1) << one.seen;
-    expectFocus(one.control);
+    EXPECT_EQ(std::count(seen.begin(), seen.end(), event), 1) << event;
+    expectFocus(*control);
     key(Qt::Key_Space);
-    EXPECT_EQ(form.takeDiary(), std::vector<std::string>{one.seen});
+    EXPECT_EQ(form.takeDiary(), std::vector<std::string>{event});
   }
   EXPECT_FALSE(form.chkall.checked());  // ticked by the click, cleared by the key
   EXPECT_FALSE(widget<QAbstractButton>(form.chkall)->isChecked());
@@ -111,14 +106,14 @@ TEST_F(Focus, AChosenCommandIsDrawnAndDrawnAnewWhenItIsNoMore) {
 
 TEST_F(Focus, AccessKeysReachButtonsFieldsAndMenus) {
   QTest::keyClick(window(), Qt::Key_C, Qt::AltModifier);
-  EXPECT_EQ(captionOf(form.takeDiary()), "click cmdmode0");
+  EXPECT_EQ(lastSeen(), "click cmdmode0");
   QTest::keyClick(window(), Qt::Key_N, Qt::AltModifier);
   expectFocus(form.txtname);
   QTest::keyClick(window(), Qt::Key_G, Qt::AltModifier);
   expectFocus(form.cbogroup);
   form.takeDiary();
   QTest::keyClick(window(), Qt::Key_Insert);
-  EXPECT_EQ(captionOf(form.takeDiary()), "click mnunew");
+  EXPECT_EQ(lastSeen(), "click mnunew");
 }
 
 TEST_F(Focus, MenusShowTheirEntriesAsTheyStand) {
@@ -131,7 +126,7 @@ TEST_F(Focus, MenusShowTheirEntriesAsTheyStand) {
   EXPECT_TRUE(menus[0]->menu()->actions()[1]->isSeparator());
   years[0]->trigger();
   EXPECT_TRUE(years[0]->isChecked()) << "ticks are the form's, not the menu's";
-  EXPECT_EQ(captionOf(form.takeDiary()), "click mnuyrs0");
+  EXPECT_EQ(lastSeen(), "click mnuyrs0");
   form.mnuyrs[1].setEnabled(false);
   form.mnuyrs.load("&Both", &form.mnuview);
   settle();
@@ -141,8 +136,7 @@ TEST_F(Focus, MenusShowTheirEntriesAsTheyStand) {
 }
 
 TEST_F(Focus, ChoicesGoToTheModel) {
-  form.focus(form.cbogroup);
-  settle();
+  focus(form.cbogroup);
   key(Qt::Key_Down);
   key(Qt::Key_S);
   EXPECT_EQ(form.cbogroup.text(), "Sundry Debtors");

@@ -39,12 +39,6 @@ TEST_F(GridViews, ShowTheCurrentRowOfTheModel) {
   EXPECT_EQ(selectedRow(), -1);
 }
 
-TEST_F(GridViews, DoubleClickCarriesOn) {
-  QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(2, 1));
-  EXPECT_EQ(form.vsf.current(), 3);
-  EXPECT_EQ(form.takeDiary().back(), "dblclick vsf");
-}
-
 TEST_F(GridViews, TickCellsTurnByMouseAndKey) {
   clickCell(1, 0);
   EXPECT_TRUE(form.vsf.ticked(2));
@@ -54,8 +48,7 @@ TEST_F(GridViews, TickCellsTurnByMouseAndKey) {
 }
 
 TEST_F(GridViews, OnlyEditableCellsAreEdited) {
-  form.focus(form.vsf);
-  settle();
+  focus(form.vsf);
   key(Qt::Key_F2);
   auto* editor = table()->viewport()->findChild<QLineEdit*>();
   ASSERT_TRUE(editor);
@@ -67,7 +60,8 @@ TEST_F(GridViews, OnlyEditableCellsAreEdited) {
   settle();
   EXPECT_EQ(form.vsf.cell(2, 2), "Cash");
   EXPECT_EQ(form.takeDiary().back(), "edited 2 2");
-  QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(1, 3));
+  QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(2, 3));
+  EXPECT_EQ(form.vsf.current(), 3);
   EXPECT_EQ(form.takeDiary().back(), "dblclick vsf");
 }
 
@@ -108,33 +102,22 @@ TEST_F(GridViews, HiddenRowsAndColumnsAreNotShown) {
 }
 
 TEST_F(GridViews, FollowRowsThatComeAndGo) {
-  struct Step {
-    const char* what;
-    std::function<void(Grid&)> change;
-    int rows;
-    const char* first;
-  };
-  const Step steps[] = {
-      {"removed", [](Grid& grid) { grid.removeRow(1); }, 4, "Bank of India"},
-      {"inserted",
-       [](Grid& grid) {
-         grid.insertRow(1, {"", "Zakat"});
-       },
-       5, "Zakat"},
-      {"changed", [](Grid& grid) { grid.setCell(1, 1, "Fees"); }, 5, "Fees"},
-      {"cleared", [](Grid& grid) { grid.clearRows(); }, 0, ""},
-      {"columns",
-       [](Grid& grid) {
-         grid.setColumns({{"A"}, {"B"}}), grid.addRow({"x", "y"});
-       },
-       1, "y"},
-  };
-  for (const Step& step : steps) {
-    step.change(form.vsf);
+  const auto expectShown = [&](int rows, const char* first) {
     settle();
-    EXPECT_EQ(table()->model()->rowCount(), step.rows) << step.what;
-    EXPECT_EQ(shown(0, 1).toStdString(), step.first) << step.what;
-  }
+    EXPECT_EQ(table()->model()->rowCount(), rows) << first;
+    EXPECT_EQ(shown(0, 1).toStdString(), first);
+  };
+  form.vsf.removeRow(1);
+  expectShown(4, "Bank of India");
+  form.vsf.insertRow(1, {"", "Zakat"});
+  expectShown(5, "Zakat");
+  form.vsf.setCell(1, 1, "Fees");
+  expectShown(5, "Fees");
+  form.vsf.clearRows();
+  expectShown(0, "");
+  form.vsf.setColumns({{"A"}, {"B"}});
+  form.vsf.addRow({"x", "y"});
+  expectShown(1, "y");
 }
 
 TEST_F(GridViews, ADraggedWidthGoesToTheModelInCharacters) {

@@ -40,6 +40,10 @@ class Stand : public testing::Test {
     if (control.index() >= 0) name += QString::number(control.index());
     return window()->findChild<T*>(name);
   }
+  void focus(Control& control) {
+    form.focus(control);
+    settle();
+  }
   // Keys go where Qt's focus is, as from a keyboard.
   void type(const QString& text) {
     for (const QChar c : text) QTest::keyClick(window()->focusWidget(), c.toLatin1());

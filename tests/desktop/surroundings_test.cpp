@@ -31,13 +31,12 @@ Message saying(const std::string& text, Buttons buttons = Buttons::OK) {
 }
 
 TEST_F(Surrounding, MessageBoxesAnswerToTheirKeys) {
-  struct Case {
+  const struct {
     Buttons buttons;
     Answer defaultAnswer;
     Qt::Key key;
     Answer answer;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {Buttons::OK, Answer::OK, Qt::Key_Return, Answer::OK},
       {Buttons::OK, Answer::OK, Qt::Key_Escape, Answer::OK},
       {Buttons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
@@ -48,7 +47,7 @@ TEST_F(Surrounding, MessageBoxesAnswerToTheirKeys) {
       {Buttons::YesNoCancel, Answer::Yes, Qt::Key_Escape, Answer::Cancel},
       {Buttons::YesNoCancel, Answer::Cancel, Qt::Key_N, Answer::No},
   };
-  for (const Case& one : cases) {
+  for (const auto& one : cases) {
     whenAsked([&] { QTest::keyClick(openBox(), one.key); });
     const Answer answer = theApplication().dialogs().MsgBox(
         {"Confirm ?", "Delete", one.buttons, Icon::question, one.defaultAnswer});
@@ -111,8 +110,7 @@ TEST_F(Surrounding, AMessageDuringAClickStopsTheClick) {
     whenAsked([] { QTest::keyClick(openBox(), Qt::Key_Return); });
     theApplication().dialogs().MsgBox(saying("Please specify Particulars."));
   };
-  form.focus(form.txtname);
-  settle();
+  focus(form.txtname);
   form.takeDiary();
   click(widget(form.chkall), QPoint(8, 8));
   const auto seen = form.takeDiary();
@@ -258,24 +256,31 @@ TEST(Reports, RepeatHeadingRowsAndLoseNoRow) {
   EXPECT_EQ(pages.rowsOn(pages.count() - 1).back(), 250u);
 }
 
-// A narration of any length costs neither the amounts their place nor itself its end.
-TEST(Reports, ALongTextWrapsAndGoesOnOverleaf) {
+// A document without headings; each row's cells and whether it is one of the headings.
+suite::Document plain(const std::vector<std::pair<std::vector<std::string>, bool>>& rows,
+                      const std::vector<int>& alignments = {}) {
   suite::Document document;
   document.beginTable();
-  const auto add = [&](std::vector<std::string> values, bool heading) {
+  for (const auto& [values, heading] : rows) {
     suite::Document::Written row;
-    row.values = std::move(values);
-    row.alignments = {0, 0, 1};
+    row.values = values;
+    row.alignments = alignments;
     row.masks = {"0", "0", "0", "1"};
     row.heading = heading;
     document.addRow(row);
-  };
+  }
+  return document;
+}
+
+// A narration of any length costs neither the amounts their place nor itself its end.
+TEST(Reports, ALongTextWrapsAndGoesOnOverleaf) {
   std::string narration;
   while (narration.size() < 16'000) narration += "being the share of profit ";
-  add({"Date", "Particulars", "Amount"}, true);
-  add({"2-6-2008", "By Capital", "12,345.60"}, false);
-  add({"", narration, ""}, false);
-  add({"3-6-2008", "By Capital", "1.00"}, false);
+  const suite::Document document = plain({{{"Date", "Particulars", "Amount"}, true},
+                                          {{"2-6-2008", "By Capital", "12,345.60"}, false},
+                                          {{"", narration, ""}, false},
+                                          {{"3-6-2008", "By Capital", "1.00"}, false}},
+                                         {0, 0, 1});
   const ReportPages pages(document, QDate(2009, 4, 1));
   EXPECT_FALSE(pages.landscape());
   for (const std::size_t cell : {0U, 1U, 2U}) {
@@ -290,18 +295,9 @@ TEST(Reports, ALongTextWrapsAndGoesOnOverleaf) {
 }
 
 TEST(Reports, HeadingsOfBlocksStandOverTheirColumns) {
-  suite::Document document;
-  document.beginTable();
-  const auto add = [&](std::vector<std::string> values, bool heading) {
-    suite::Document::Written row;
-    row.values = std::move(values);
-    row.masks = {"0", "0", "0", "1"};
-    row.heading = heading;
-    document.addRow(row);
-  };
-  add({"Particular", "Original", "Final"}, true);
-  add({"", "Dr.", "Cr.", "Dr.", "Cr."}, true);
-  add({"A note on the rest of the line", "goes on"}, false);
+  const suite::Document document = plain({{{"Particular", "Original", "Final"}, true},
+                                          {{"", "Dr.", "Cr.", "Dr.", "Cr."}, true},
+                                          {{"A note on the rest of the line", "goes on"}, false}});
   const ReportPages pages(document, QDate(2009, 4, 1));
   const auto room = [&](std::size_t row, std::size_t cell) {
     return pages.room(document.rows()[row], cell);

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
-#include <numeric>
 #include <set>
 #include <string>
 #include <utility>
@@ -89,8 +89,7 @@ TEST_P(BooksTest, AYearGoesOnWhereTheLastOneEnded) {
 // A year just opened shows no difference, although the editor adds up doubles and does not round.
 TEST_P(BooksTest, TotalsAgreeInBinaryToo) {
   for (const YearBooks& year : years) {
-    double debits = 0;
-    double credits = 0;
+    double debits = 0, credits = 0;
     for (const BookLine& line : year.lines)
       (line.amount > 0 ? debits : credits) += std::abs(static_cast<double>(line.amount)) / 100;
     EXPECT_EQ(debits, credits) << year.firstYear;
@@ -111,6 +110,9 @@ TEST_P(BooksTest, HasAsManyLinesAsItShould) {
   ASSERT_EQ(years.size(), static_cast<std::size_t>(client.years));
   for (const YearBooks& year : years) {
     SCOPED_TRACE(year.firstYear);
+    const auto odd = std::count_if(year.lines.begin(), year.lines.end(),
+                                   [](const BookLine& line) { return line.amount % 100 != 0; });
+    EXPECT_GE(static_cast<std::size_t>(odd) * 3, year.lines.size()) << "too many whole rupees";
     if (client.latestEmpty && &year == &years.back()) {
       EXPECT_TRUE(year.lines.empty());
       EXPECT_TRUE(year.stock.empty());
@@ -120,15 +122,6 @@ TEST_P(BooksTest, HasAsManyLinesAsItShould) {
       EXPECT_GE(year.lines.size(), 40u);
       EXPECT_LE(year.lines.size(), 120u);
     }
-  }
-}
-
-TEST_P(BooksTest, ManyAmountsAreNoWholeRupees) {
-  for (const YearBooks& year : years) {
-    const Paise odd =
-        std::accumulate(year.lines.begin(), year.lines.end(), Paise{0},
-                        [](Paise n, const BookLine& line) { return n + (line.amount % 100 != 0); });
-    EXPECT_GE(odd * 3, static_cast<Paise>(year.lines.size())) << year.firstYear;
   }
 }
 
@@ -165,8 +158,7 @@ TEST(SampleClients, HoldEveryCaseThatThePracticeIsToShow) {
 
 TEST(SampleFirms, AreAllDifferent) {
   for (const Line line : {Line::cloth, Line::hardware, Line::medicine, Line::advice}) {
-    std::set<std::string> customers;
-    std::set<std::string> suppliers;
+    std::set<std::string> customers, suppliers;
     for (int n = 0; n < 3'000; ++n) {
       EXPECT_TRUE(customers.insert(customerName(line, n)).second) << n;
       EXPECT_TRUE(suppliers.insert(supplierName(line, n)).second) << n;

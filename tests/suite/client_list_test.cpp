@@ -75,11 +75,7 @@ TEST_F(ClientListTest, ACompanyAndAPersonStandInTheList) {
 
 TEST_F(ClientListTest, RefusesWhatIsNoClient) {
   add([](Client&) {});
-  struct Case {
-    const char* says;
-    std::function<void(Client&)> fill;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::function<void(Client&)>> cases[] = {
       {"needs a code", [](Client& c) { c.code = "  "; }},
       {"needs a code", [](Client& c) { c.code = "\u200B\uFEFF"; }},
       {"the code c1 already.", [](Client& c) { c.code = "c1"; }},
@@ -92,8 +88,8 @@ TEST_F(ClientListTest, RefusesWhatIsNoClient) {
       {"longer than 100", [](Client& c) { c.code = "C2", c.name = std::string(101, 'x'); }},
       {"UTF-8", [](Client& c) { c.code = "C2", c.address = "\xFF"; }},
   };
-  for (const Case& c : cases) {
-    EXPECT_NE(refusal(c.fill).find(c.says), std::string::npos) << c.says << ": " << refusal(c.fill);
+  for (const auto& [says, fill] : cases) {
+    EXPECT_NE(refusal(fill).find(says), std::string::npos) << says << ": " << refusal(fill);
   }
   EXPECT_EQ(value("select count(*) from Main_Info1"), "1");
   EXPECT_EQ(value("select count(*) from TempClTbl"), "1");
@@ -106,21 +102,19 @@ TEST_F(ClientListTest, ThePasswordOfANewClientIsAskedFor) {
 }
 
 TEST_F(ClientListTest, ColumnSettingsReadBackOrFallBack) {
-  struct Case {
-    const char* setting;
-    const char* means;
-  };
   const std::string usual = cc::format(cc::defaults());
-  const Case cases[] = {
+  const std::pair<const char*, std::string> cases[] = {
       {"code:12,name:40", "code:12,name:40"},
       {" Name : 30 , CODE:8", "name:30,code:8"},
       {"name:40", "code:12,name:40"},
       {"code,name:x,status:-5,born:99999", "code:12,name:40,status:4,born:120"},
       {"code:1,code:2,bogus:3,,:", "code:4"},
-      {"", usual.c_str()},
-      {"bogus", usual.c_str()},
+      {"", usual},
+      {"bogus", usual},
   };
-  for (const Case& c : cases) EXPECT_EQ(cc::format(cc::parse(c.setting)), c.means) << c.setting;
+  for (const auto& [setting, means] : cases) {
+    EXPECT_EQ(cc::format(cc::parse(setting)), means) << setting;
+  }
 }
 
 TEST_F(ClientListTest, TheSelectionFormFiltersByStatusAndGroup) {

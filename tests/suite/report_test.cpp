@@ -11,12 +11,7 @@
 namespace quillet::suite {
 namespace {
 
-const std::string on =
-    "\x1B"
-    "E";
-const std::string off =
-    "\x1B"
-    "F";
+const std::string on = "\x1B\x45", off = "\x1B\x46";
 
 class ReportTest : public support::PracticeTest {
  protected:
@@ -29,8 +24,7 @@ class ReportTest : public support::PracticeTest {
              std::string last, std::string printed, bool heading = false) {
     std::vector<int> alignments = alignments_;
     std::vector<long> widths;
-    std::vector<std::string> before;
-    std::vector<std::string> after;
+    std::vector<std::string> before, after;
     reporter().WriteToReport(values, alignments, widths, before, after, heading, rules, emphasis,
                              last, printed);
   }
@@ -60,45 +54,34 @@ TEST_F(ReportTest, PrinterCodesBecomeEmphasisAndVanish) {
   EXPECT_EQ(report().headings()[1].text, "plain line");
   EXPECT_FALSE(report().headings()[1].emphasised);
 
-  struct Look {
-    bool ruled, emphasised, printed;
-  };
-  const std::vector<std::vector<Look>> looks = {
-      {{true, true, true}, {true, true, true}, {true, true, true}},
-      {{false, false, true}, {false, false, true}, {false, false, true}},
-      {{false, false, true}, {true, true, true}, {true, true, false}},
-  };
-  ASSERT_EQ(report().rows().size(), looks.size());
-  for (std::size_t r = 0; r < looks.size(); ++r) {
-    for (std::size_t c = 0; c < looks[r].size(); ++c) {
-      const ReportCell& cell = report().rows()[r].cells[c];
-      EXPECT_EQ(cell.ruled, looks[r][c].ruled) << r << ',' << c;
-      EXPECT_EQ(cell.emphasised, looks[r][c].emphasised) << r << ',' << c;
-      EXPECT_EQ(cell.printed, looks[r][c].printed) << r << ',' << c;
+  // Of each cell: ruled, emphasised, printed.
+  std::vector<std::string> looks;
+  for (const auto& row : report().rows()) {
+    std::string& look = looks.emplace_back();
+    for (const ReportCell& cell : row.cells) {
+      look += cell.ruled ? 'r' : '-';
+      look += cell.emphasised ? 'e' : '-';
+      look += cell.printed ? "p " : "- ";
     }
   }
+  EXPECT_EQ(looks, (std::vector<std::string>{"rep rep rep ", "--p --p --p ", "--p rep re- "}));
   EXPECT_EQ(report().rows()[0].cells[0].text, "SN");
   EXPECT_TRUE(report().rows()[0].heading);
   EXPECT_EQ(report().rows()[1].masks, (std::array<std::string, 4>{"0", "0", "001", "111"}));
   EXPECT_EQ(report().rows()[1].cells[1].align, CellAlign::right);
 }
 
-TEST_F(ReportTest, ARowEndsWithItsLastCell) {
-  begin();
-  write({"a", "b", "left over"}, "0", "0", "01", "11");
-  reporter().ShowReport();
-  EXPECT_EQ(report().rows()[0].cells.size(), 2U);
-}
-
-TEST_F(ReportTest, EachReportBeginsEmpty) {
-  begin();
-  reporter().printtext("first");
-  reporter().ShowReport();
-  begin();
-  reporter().printtext("second");
-  reporter().ShowReport();
-  ASSERT_EQ(report().headings().size(), 1U);
-  EXPECT_EQ(report().headings()[0].text, "second");
+TEST_F(ReportTest, BeginsEmptyAndEndsARowWithItsLastCell) {
+  for (const std::string text : {"first", "second"}) {
+    begin();
+    reporter().printtext(text);
+    write({"a", "b", "left over"}, "0", "0", "01", "11");
+    reporter().ShowReport();
+    ASSERT_EQ(report().headings().size(), 1U);
+    EXPECT_EQ(report().headings()[0].text, text);
+    ASSERT_EQ(report().rows().size(), 1U);
+    EXPECT_EQ(report().rows()[0].cells.size(), 2U);
+  }
 }
 
 TEST_F(ReportTest, ReadsAsTextWithBlocksOverTheirColumns) {
