@@ -43,7 +43,7 @@ class JournalFailure : public JournalTest {
 
   void leaveEntry() {
     if (!journal().Frame2.visible()) return;
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     journal().press(keys::Escape);
   }
   // False when the journal does not hold the voucher.
@@ -53,8 +53,11 @@ class JournalFailure : public JournalTest {
     return journal().vsf.current() != 0;
   }
   void remove() {
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     journal().click(journal().Command1);
+  }
+  void removeVoucher(long vid) {
+    if (pickVoucher(vid)) remove();
   }
   void changeLedger() {
     frmjrnl& form = journal();
@@ -89,146 +92,126 @@ class JournalFailure : public JournalTest {
     leaveEntry();
     messages();
     const bool half = context().unposted.any({"TAB_1", "C1"});
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     ASSERT_TRUE(journal().close());
     const Texts told = messages();
     ASSERT_EQ(told.size(), half ? 2U : 1U);
-    if (half) {
-      EXPECT_TRUE(told[0].find("half posted") != std::string::npos) << told[0];
-    }
+    EXPECT_EQ(told[0].find("half posted") != std::string::npos, half) << told[0];
   }
 };
 
 TEST_F(JournalFailure, WhateverIsDoneNextTheBooksEndRight) {
   const std::vector<Entered> lines{{"Rent", "", "5"}, {"Cash", "", "5", false}};
-  struct Deed {
+  const auto add = [&] {
+    journal().click(journal().cmdadd);
+    fillVoucher("02062008", lines);
+  };
+  const auto modify = [&] {
+    pickVoucher(1);
+    journal().press(keys::Enter);
+    for (const int line : {0, 1}) fillLine(line, lines[static_cast<std::size_t>(line)]);
+  };
+  const auto update = [&] { journal().click(journal().cmdupdate); };
+  const struct {
     const char* what;
     long vid;
     std::function<void()> begin;  // up to the last key or click
     std::function<void()> act;
+    bool saves;
+  } deeds[] = {
+      {"new", 3, add, update, true},
+      {"modified", 1, modify, update, true},
+      {"deleted", 1, [&] { pickVoucher(1); }, [&] { remove(); }, false},
   };
-  const auto update = [&] { journal().click(journal().cmdupdate); };
-  const Deed deeds[] = {
-      {"new", 3,
-       [&] {
-         journal().click(journal().cmdadd);
-         fillVoucher("02062008", lines);
-       },
-       update},
-      {"modified", 1,
-       [&] {
-         pickVoucher(1);
-         journal().press(keys::Enter);
-         for (const int line : {0, 1}) fillLine(line, lines[static_cast<std::size_t>(line)]);
-       },
-       update},
-      {"deleted", 1, [&] { pickVoucher(1); }, [&] { remove(); }},
-  };
-  for (const Deed& deed : deeds) {
+  for (const auto& deed : deeds) {
     arrangeBooks();
     deed.begin();
     deed.act();
     const Rows after = amounts();
     const auto again = [&] {
-      const bool saves = deed.act.target_type() == std::function<void()>(update).target_type();
       if (journal().Frame2.visible()) {
         update();
-      } else if (saves) {
+      } else if (deed.saves) {
         passAnother("Cash", "BANKS");
-        pickVoucher(std::stol(value("select max(VID) from JRNL_1")));
-        remove();
-      } else if (pickVoucher(deed.vid)) {
-        remove();
+        removeVoucher(std::stol(value("select max(VID) from JRNL_1")));
+      } else {
+        removeVoucher(deed.vid);
       }
     };
-    const std::vector<Continuation> next{
-        {"again", again, {}, [&] { EXPECT_EQ(amounts(), after); }},
-        {"deleted",
-         [&] {
-           if (pickVoucher(deed.vid)) remove();
-         }},
-        {"its ledger changed",
-         [&] {
-           if (pickVoucher(deed.vid) && amounts().size() == 2) {
-             changeLedger();
-           } else {
-             passAnother("Rent", "RENT");
-           }
-         }},
-        {"another voucher", [&] { passAnother("Cash", "BANKS"); }},
-        {"another on other pairs", [&] { passAnother("Loan", "CAPITAL"); }},
-        {"closed, opened and deleted",
-         [&] {
-           closeJournal();
-           EXPECT_EQ(unexplained(), Rows{}) << "other forms see the table next";
-           open("C1", 2008);
-           if (pickVoucher(deed.vid)) remove();
-         }},
-        {"left half posted, after a voucher of another client opened again",
-         [&] {
-           leaveEntry();
-           host().statements().failNext("from TAB_1");
-           closeJournal();
-           host().statements().failNext("no such statement");
-           log();
-           open("C2", 2008);
-           passAnother("Cash", "BANKS");
-           open("C1", 2008);
-         }},
+    const auto otherLedger = [&] {
+      if (pickVoucher(deed.vid) && amounts().size() == 2) {
+        changeLedger();
+      } else {
+        passAnother("Rent", "RENT");
+      }
     };
-    failEachStatement({.what = deed.what,
-                       .arrange =
-                           [&] {
-                             arrangeBooks();
-                             deed.begin();
-                           },
-                       .act = deed.act,
-                       .result = [&] { return unexplained(); },
-                       .next = next,
-                       .place = "frmjrnl",
-                       .stops = false,
-                       .behind = 1,
-                       .check =
-                           [&] {
-                             // The list shows what is stored.
-                             EXPECT_EQ(journal().vsf.rows(), static_cast<int>(amounts().size()));
-                           }});
+    const auto reopened = [&] {
+      closeJournal();
+      EXPECT_EQ(unexplained(), Rows{}) << "other forms see the table next";
+      open("C1", 2008);
+      removeVoucher(deed.vid);
+    };
+    const auto leftHalfPosted = [&] {
+      leaveEntry();
+      host().statements().failNext("from TAB_1");
+      closeJournal();
+      host().statements().failNext("no such statement");
+      log();
+      open("C2", 2008);
+      passAnother("Cash", "BANKS");
+      open("C1", 2008);
+    };
+    FailingDeed failing{.what = deed.what, .act = deed.act};
+    failing.arrange = [&] {
+      arrangeBooks();
+      deed.begin();
+    };
+    failing.result = [&] { return unexplained(); };
+    failing.next = {{"again", again, {}, [&] { EXPECT_EQ(amounts(), after); }},
+                    {"deleted", [&] { removeVoucher(deed.vid); }},
+                    {"its ledger changed", otherLedger},
+                    {"another voucher", [&] { passAnother("Cash", "BANKS"); }},
+                    {"another on other pairs", [&] { passAnother("Loan", "CAPITAL"); }},
+                    {"closed, opened and deleted", reopened},
+                    {"left half posted, opened again after another client", leftHalfPosted}};
+    failing.place = "frmjrnl";
+    failing.stops = false;
+    failing.behind = 1;
+    failing.check = [&] {
+      EXPECT_EQ(journal().vsf.rows(), static_cast<int>(amounts().size())) << "not as stored";
+    };
+    failEachStatement(failing);
   }
 }
 
 // What reads or rewrites the trial balances begins from whole ones.
 TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
-  const struct {
-    const char* what;
-    std::function<void()> act;
-  } deeds[] = {
-      {"the editor opens", [&] { practice.forms().ObjCreate()->show(); }},
-      {"a group is merged",
-       [&] {
-         frmgrpmas form(context());
-         form.show();
-         form.click(form.cmdMerge);
-         form.vsM.tick(form.vsM.find(1, "RENT"), true);
-         form.vsMW.setCurrent(form.vsMW.find(1, "CAPITAL"));
-         for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
-         form.click(form.cmdMergeGroup);
-       }},
-      {"a ledger is linked",
-       [&] {
-         frmtbledmas form(context());
-         form.show();
-         form.vsf.setCurrent(form.vsf.find(1, "Cash"));
-         form.click(form.cmdlink);
-         form.vsf.tick(form.vsf.find(1, "Stock"), true);
-         dialogs.queueAnswer(Answer::Yes);
-         form.click(form.cmdlink);
-       }},
+  const auto editor = [&] { practice.forms().ObjCreate()->show(); };
+  const auto merge = [&] {
+    frmgrpmas form(context());
+    form.show();
+    form.click(form.cmdMerge);
+    form.vsM.tick(form.vsM.find(1, "RENT"), true);
+    form.vsMW.setCurrent(form.vsMW.find(1, "CAPITAL"));
+    for (int answers = 0; answers < 2; ++answers) yes();
+    form.click(form.cmdMergeGroup);
   };
-  for (const auto& deed : deeds) {
-    SCOPED_TRACE(deed.what);
+  const auto link = [&] {
+    frmtbledmas form(context());
+    form.show();
+    form.vsf.setCurrent(form.vsf.find(1, "Cash"));
+    form.click(form.cmdlink);
+    form.vsf.tick(form.vsf.find(1, "Stock"), true);
+    yes();
+    form.click(form.cmdlink);
+  };
+  const std::vector<std::pair<const char*, std::function<void()>>> deeds{
+      {"the editor opens", editor}, {"a group is merged", merge}, {"a ledger is linked", link}};
+  for (const auto& [what, act] : deeds) {
+    SCOPED_TRACE(what);
     arrangeBooks();
     leaveHalfPosted();
-    deed.act();
+    act();
     EXPECT_EQ(context().unposted.books().size(), 0U);
     EXPECT_EQ(rows("select amt from TAB_1 where code_no='C1' and nid=1"), (Rows{{"540"}}));
     messages();
@@ -244,7 +227,7 @@ TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
   ASSERT_TRUE(deletion.INITDATA("delete", {"C1", "TAB_1", 1, "2008-2009", ""}));
   deletion.showModal();
   deletion.click(deletion.optMain[0]);
-  dialogs.queueAnswer(Answer::Yes);
+  yes();
   deletion.click(deletion.cmddelete);
   open("C1", 2008);
   EXPECT_EQ(rows("select * from TAB_1 where code_no='C1'"), Rows{});
@@ -277,7 +260,7 @@ TEST_F(JournalFailure, SaysWhatCouldNotBeLoaded) {
     opened.click(opened.cmdadd);
     EXPECT_TRUE(opened.Frame2.visible());
     EXPECT_EQ(opened.VSF4.rows(), 4);
-    dialogs.queueAnswer(Answer::Yes);
+    yes();
     opened.close();
   }
 
@@ -335,29 +318,25 @@ TEST_F(JournalFailure, LeavesTheNeighboursVoucherOfTheSameNumberAlone) {
 TEST_F(JournalFailure, ShowsAVoucherDatedOutsideThePeriod) {
   arrangeBooks();
   frmjrnl& form = journal();
-  const auto show = [&](const char* from, const char* to) {
-    type(form.txtdt1[0], from);
-    type(form.txtdt1[1], to);
-    form.click(form.cmdok);
-  };
+  const std::string widened = "The period shown was widened to hold the voucher of ";
   const struct {
-    const char* date;
-    const char* period;
-    const char* said;
+    const char *date, *from, *to;
+    std::string told;
   } cases[] = {
-      {"15072008", "Period: 01/07/2008 - 31/07/2008", ""},
-      {"30062008", "Period: 30/06/2008 - 31/07/2008",
-       "The period shown was widened to hold the voucher of 30/06/2008."},
-      {"01082008", "Period: 01/07/2008 - 01/08/2008",
-       "The period shown was widened to hold the voucher of 01/08/2008."},
+      {"15072008", "01/07/2008", "31/07/2008", ""},
+      {"30062008", "30/06/2008", "31/07/2008", widened + "30/06/2008."},
+      {"01082008", "01/07/2008", "01/08/2008", widened + "01/08/2008."},
   };
   for (const auto& c : cases) {
-    show("01072008", "31072008");
+    SCOPED_TRACE(c.date);
+    type(form.txtdt1[0], "01072008");
+    type(form.txtdt1[1], "31072008");
+    form.click(form.cmdok);
     pass(c.date, {{"Rent", "RENT", "5"}, {"Cash", "", "5", false}});
-    EXPECT_EQ(form.lblperiod.caption(), c.period);
-    EXPECT_EQ(form.txtdt1[0].text() + form.txtdt1[1].text(),
-              std::string(c.period).substr(8, 10) + std::string(c.period).substr(21));
-    EXPECT_EQ(form.lblstatus.caption(), c.said);
+    EXPECT_EQ(form.lblperiod.caption(), std::string("Period: ") + c.from + " - " + c.to);
+    EXPECT_EQ(form.txtdt1[0].text(), c.from);
+    EXPECT_EQ(form.txtdt1[1].text(), c.to);
+    EXPECT_EQ(form.lblstatus.caption(), c.told);
     EXPECT_NE(form.vsf.current(), 0);
   }
   messages();
