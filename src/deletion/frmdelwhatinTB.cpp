@@ -63,6 +63,7 @@ bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year
     keys_ = {sqlName(siblingTable(year.table, "")), context_.host->escaped(year.client),
              yearOf(year.yearText), year.count};
     touched_ = deleted_ = registryRowDeleted_ = false;
+    problems_.clear();
     lblheading.setCaption(headingOf(mode, year.yearText));
     for (auto* options : {&optMain, &optSchOthData, &optSchFA, &optMiscDet}) clear(*options);
     hasChart_ = findChart();

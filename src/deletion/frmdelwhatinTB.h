@@ -37,6 +37,8 @@ class frmdelwhatinTB : public Form {
   bool deleted() const { return deleted_; }
   // Whether the year's row in the registry went too, possibly in a try that failed after that.
   bool registryRowDeleted() const { return registryRowDeleted_; }
+  // Whether files stayed that were to go; their names have been told.
+  bool filesLeft() const { return !problems_.empty(); }
 
   Node layout() override;
 

@@ -293,8 +293,13 @@ void third::openEditor() {
   context_.forgetYear();
   const auto year = selectYear(row);
   if (!year || !rightToOpen(*year)) return;
-  context_.setYear({clientCode_, year->text("tbl_nm"), first, second});
-  if (context_.table.empty()) return;
+  const std::string table = year->text("tbl_nm");
+  status("");
+  if (table.empty()) {
+    status("No table is named for the trial balance of " + yearText(first, second) + ".");
+    return;
+  }
+  context_.setYear({clientCode_, table, first, second});
   theEditor(context_).showYear(clientName_);
 }
 
@@ -308,14 +313,13 @@ void third::printChosenYear() {
   const auto year = selectYear(row);
   if (!year) return;
   status("");
-  const PrintedYear printed{client(), clientName_, sqlName(year->text("tbl_nm")),
-                            flexgrid2.cell(row, 0), flexgrid2.cell(row, 1)};
-  orSay("The trial balance of " + yearText(printed.firstDate, printed.secondDate) +
-            " could not be printed.",
-        [&] {
-          settlePostings(context_);
-          printYear(context_, mode_, printed);
-        });
+  const std::string first = flexgrid2.cell(row, 0);
+  const std::string second = flexgrid2.cell(row, 1);
+  orSay("The trial balance of " + yearText(first, second) + " could not be printed.", [&] {
+    settlePostings(context_);
+    printYear(context_, mode_,
+              {client(), clientName_, sqlName(year->text("tbl_nm")), first, second});
+  });
 }
 
 // --- deleting a year ----------------------------------------------------------------------------
@@ -340,9 +344,11 @@ void third::afterDeletion(const std::string& year) {
     const int row = flexgrid2.current();
     loadYears();
     flexgrid2.setCurrent(std::min(row, flexgrid2.rows()));
-    status(deletion_.registryRowDeleted() ? "Trial balance of " + year + " deleted."
+    const std::string files =
+        deletion_.filesLeft() ? " Not all of its files could be deleted." : "";
+    status(deletion_.registryRowDeleted() ? "Trial balance of " + year + " deleted." + files
            : deletion_.deleted()
-               ? "What was chosen of " + year + " is deleted. The year itself stays."
+               ? "What was chosen of " + year + " is deleted. The year itself stays." + files
                : "The deletion of " + year + " was not completed. Delete it again.");
   });
 }

@@ -113,6 +113,11 @@ TEST_F(HomeTest, AnotherClientClearsTheYear) {
   host().refuse("CheckPass");
   form.press(keys::Enter);
   EXPECT_EQ(inWork(), "C1   ");
+  // Nor is one without a table, and that is said.
+  exec("update master set d_of_s=null,tbl_nm='' where code_no='C1' and count=1");
+  form.press(keys::Enter);
+  EXPECT_EQ(inWork(), "C1   ");
+  EXPECT_EQ(form.lblstatus.caption(), "No table is named for the trial balance of 2007-2008.");
   // The host goes on to another client: the list stays what it is.
   practice.forms().VClCode("C2");
   form.press(keys::Down);

@@ -157,6 +157,7 @@ TEST_F(YearFilesTest, WhatCannotBeDeletedIsNamedAndTheRestGoes) {
             (Texts{"Annex3CD/C1-08-09/sub/kept.txt", "files/C-C1/08-09-sap.txt/in the way"}));
   EXPECT_EQ(messages().back(), "These files could not be deleted:\r\nfiles/C-C1/08-09-sap.txt")
       << "a folder that no file was expected in place of is no failure";
+  EXPECT_TRUE(home().lblstatus.caption().ends_with(" Not all of its files could be deleted."));
   const Texts lines = log();
   ASSERT_EQ(lines.size(), 1U);
   EXPECT_NE(lines[0].find("files/C-C1/08-09-sap.txt"), std::string::npos);
