@@ -241,8 +241,8 @@ TEST_F(DeletionTest, SendsEveryStatementInItsOrder) {
   deletes(c + " and Yr=2009", {"SchNotes"});
   deletes(s + c, {"SCHED_", "LIST_"});
   deletes(c + " and FYr=2009", {"SCHLISTS"});
-  deletes(" WHERE CODE_NO ='C1' and FYr=2009", {"Anex3cd_Detail", "Anex3cd_Books", "Anex3cd_BfLoss",
-                                                "Anex3cd_AnexI", "Anex3cd_Main"});
+  deletes(" WHERE CODE_NO ='C1' and FYr=2009",
+          {"Anex3cd_Detail", "Anex3cd_Books", "Anex3cd_BfLoss", "Anex3cd_AnexI", "Anex3cd_Main"});
   expected.emplace_back("UPDATE master SET annex='' WHERE COUNT=2 AND CODE_NO='C1'");
   expected.emplace_back("DELETE FROM MASTER WHERE COUNT=2 AND CODE_NO='C1'");
 
