@@ -1,6 +1,7 @@
 #include "property/books.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace quillet::support {
@@ -30,43 +31,39 @@ std::string grouped(Paise amount) {
   return text;
 }
 
-Paise Voucher::total() const {
-  Paise sum = 0;
-  for (const auto& [pair, amount] : lines) sum += amount;
-  return sum;
-}
-
 Paise Book::balance(const Pair& pair) const {
   Paise sum = 0;
   for (const auto& [each, amount] : lines) sum += each == pair ? amount : 0;
   return sum;
 }
 
-Paise Book::original(const Pair& pair) const {
-  Paise sum = balance(pair);
+Paise Book::posted(const Pair& pair) const {
+  Paise sum = 0;
   for (const auto& [number, voucher] : vouchers) {
-    for (const auto& [each, amount] : voucher.lines) sum -= each == pair ? amount : 0;
+    for (const auto& [each, amount] : voucher.lines) sum += each == pair ? amount : 0;
   }
   return sum;
 }
 
+std::pair<Paise, Paise> Book::sides() const {
+  std::pair<Paise, Paise> sums;
+  for (const auto& [pair, amount] : lines) (amount > 0 ? sums.first : sums.second) += amount;
+  return {sums.first, -sums.second};
+}
+
 void Book::enter(const Pair& pair, Paise amount) {
   const Paise sum = balance(pair) + amount;
-  std::erase_if(lines, [&](const auto& line) { return line.first == pair; });
-  if (sum != 0) lines.emplace_back(pair, sum);
+  std::erase_if(lines, [&](const Entry& line) { return line.first == pair; });
+  if (sum != 0) lines.emplace(pair, sum);
 }
 
 void Book::post(const Voucher& voucher, int sign) {
   for (const auto& [pair, amount] : voucher.lines) enter(pair, sign * amount);
 }
 
-Book Book::without(const std::set<Pair>& pairs) const {
-  Book rest = *this;
-  std::erase_if(rest.lines, [&](const auto& line) { return pairs.contains(line.first); });
-  return rest;
+void Book::take(const Entry& line) {
+  if (const auto at = lines.find(line); at != lines.end()) lines.erase(at);
 }
-
-void Book::sort() { std::sort(lines.begin(), lines.end()); }
 
 const std::map<std::string, int>& groups() {
   static const std::map<std::string, int> all{
@@ -75,6 +72,23 @@ const std::map<std::string, int>& groups() {
       {"PRIMARY WAGES", 20}, {"RENT", 22},     {"SALES", 15},         {"DEBTORS", 10},
       {"OTHER INCOME", 17}};
   return all;
+}
+
+Rows rowsOf(const Book& book) {
+  Rows rows;
+  for (const auto& [pair, amount] : book.lines) {
+    rows.push_back({pair.first, pair.second, plain(amount), sideOf(amount)});
+  }
+  return rows;
+}
+
+Rows rowsOf(long number, const Voucher& voucher) {
+  Rows rows;
+  for (const auto& [pair, amount] : voucher.lines) {
+    rows.push_back({std::to_string(number), voucher.date, voucher.narration, pair.first,
+                    pair.second, plain(amount), sideOf(amount)});
+  }
+  return rows;
 }
 
 Rows summaryOf(const Book& book) {
@@ -121,44 +135,35 @@ Rows summaryOf(const Book& book) {
 }
 
 Rows subsidiaryOf(const Book& book) {
-  std::map<std::pair<std::string, std::string>, std::vector<Paise>> figures;  // group, ledger
-  const auto of = [&](const Pair& pair) -> std::vector<Paise>& {
-    auto& row = figures[{pair.second, pair.first}];
-    row.resize(6);
-    return row;
+  // By group and ledger: before, in vouchers, after; of each the debit and the credit.
+  std::map<Pair, std::array<Paise, 6>> figures;
+  const auto add = [&](const Pair& pair, std::size_t at, Paise amount) {
+    figures[{pair.second, pair.first}][at + (amount > 0 ? 0 : 1)] += std::llabs(amount);
   };
   for (const auto& [number, voucher] : book.vouchers) {
-    for (const auto& [pair, amount] : voucher.lines) {
-      of(pair)[amount > 0 ? 2 : 3] += std::llabs(amount);
-    }
+    for (const auto& [pair, amount] : voucher.lines) add(pair, 2, amount);
   }
-  for (const auto& [pair, amount] : book.lines) of(pair);
-  for (auto& [key, row] : figures) {
+  for (const auto& [pair, amount] : book.lines) add(pair, 0, 0);
+  for (const auto& [key, row] : figures) {
     const Pair pair{key.second, key.first};
-    const Paise before = book.original(pair), after = book.balance(pair);
-    row[before > 0 ? 0 : 1] = std::llabs(before);
-    row[after > 0 ? 4 : 5] = std::llabs(after);
+    add(pair, 0, book.balance(pair) - book.posted(pair));
+    add(pair, 4, book.balance(pair));
   }
   Rows rows;
-  const auto write = [&](const std::string& name, const std::vector<Paise>& row, const char* zero) {
+  const auto write = [&](const std::string& name, const auto& row, const char* zero) {
     auto& cells = rows.emplace_back(std::vector<std::string>{name});
     for (const Paise figure : row) cells.push_back(figure == 0 ? zero : grouped(figure));
   };
-  std::vector<Paise> all(6), ofGroup(6);
-  std::string group;
-  for (const auto& [key, row] : figures) {
-    if (key.first != group) {
-      if (!group.empty()) write("Total", ofGroup, "-");
-      group = key.first;
-      rows.push_back({group, "", "", "", "", "", ""});
-      ofGroup.assign(6, 0);
-    }
-    for (std::size_t i = 0; i < 6; ++i) ofGroup[i] += row[i], all[i] += row[i];
-    write(key.second, row, "-");
+  std::array<Paise, 6> all{}, ofGroup{};
+  for (auto at = figures.begin(); at != figures.end();) {
+    const auto& [group, ledger] = at->first;
+    if (rows.empty() || rows.back()[0] == "Total") rows.push_back({group, "", "", "", "", "", ""});
+    write(ledger, at->second, "-");
+    for (std::size_t i = 0; i < 6; ++i) ofGroup[i] += at->second[i], all[i] += at->second[i];
+    if (++at != figures.end() && at->first.first == group) continue;
+    write("Total", std::exchange(ofGroup, {}), "-");
   }
-  if (figures.empty()) return rows;
-  write("Total", ofGroup, "-");
-  write("Grant Total", all, "0.00");
+  if (!rows.empty()) write("Grant Total", all, "0.00");
   return rows;
 }
 

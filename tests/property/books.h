@@ -16,30 +16,34 @@ using Rows = std::vector<std::vector<std::string>>;
 
 std::string plain(Paise amount);    // "1234.50", without a sign
 std::string grouped(Paise amount);  // "1,234.50", without a sign
+inline const char* sideOf(Paise amount) { return amount > 0 ? "DR" : "CR"; }
+
+using Entry = std::pair<Pair, Paise>;  // debit positive
+using Lines = std::multiset<Entry>;
 
 struct Voucher {
   std::string date;  // "2008-06-02"
   std::string narration;
-  std::vector<std::pair<Pair, Paise>> lines;  // debit positive
-  Paise total() const;
+  std::vector<Entry> lines;
   friend bool operator==(const Voucher&, const Voucher&) = default;
 };
 
 // One client's one year.
 struct Book {
-  std::vector<std::pair<Pair, Paise>> lines;  // debit positive, none of zero
-  std::map<long, Voucher> vouchers;           // by number
+  Lines lines;                       // none of zero
+  std::map<long, Voucher> vouchers;  // by number
   Paise stock = 0;
 
   Paise balance(const Pair& pair) const;
-  // What the pair holds apart from the vouchers.
-  Paise original(const Pair& pair) const;
+  // What the vouchers add to the pair.
+  Paise posted(const Pair& pair) const;
+  // The sums of the debits and of the credits, both positive.
+  std::pair<Paise, Paise> sides() const;
   // All rows of the pair become one, or none.
   void enter(const Pair& pair, Paise amount);
   void post(const Voucher& voucher, int sign);
-  // Without the rows of these pairs.
-  Book without(const std::set<Pair>& pairs) const;
-  void sort();
+  // One such row goes, if there is one.
+  void take(const Entry& line);
   friend bool operator==(const Book&, const Book&) = default;
 };
 
@@ -50,9 +54,12 @@ struct Where {
 };
 using World = std::map<Where, Book>;
 
-// The groups of these books, each with the number of its primary group, and its name's place.
+// The groups of these books, each with the number of its primary group.
 const std::map<std::string, int>& groups();
 
+// Ledger, group and amount of each line; those of a voucher behind its number, date and narration.
+Rows rowsOf(const Book& book);
+Rows rowsOf(long number, const Voucher& voucher);
 // Caption and value of each summary row.
 Rows summaryOf(const Book& book);
 // The subsidiary trial balance below its headings.

@@ -1,8 +1,7 @@
-// The comparisons with the model.
+#include "property/checks.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include "property/player.h"
 
 namespace quillet::support {
 namespace {
@@ -25,19 +24,6 @@ Rows without(Rows all, const Rows& others) {
   return all;
 }
 
-Rows cellsOf(const Grid& grid) {
-  Rows rows;
-  for (int row = 1; row <= grid.rows(); ++row) {
-    auto& cells = rows.emplace_back();
-    for (int column = 0; column < grid.cols(); ++column) {
-      if (!grid.columns()[static_cast<std::size_t>(column)].hidden) {
-        cells.push_back(grid.cell(row, column));
-      }
-    }
-  }
-  return rows;
-}
-
 // A rate is a quotient of doubles in the module: its last digit may be rounded the other way.
 bool nearly(std::string a, std::string b) {
   if (a == b) return true;
@@ -51,242 +37,180 @@ bool nearly(std::string a, std::string b) {
 
 }  // namespace
 
-void Player::same(const std::string& what, Rows expected, Rows actual) {
+void Checks::same(const std::string& what, const Rows& expected, const Rows& actual) {
   const Rows missing = without(expected, actual), over = without(actual, expected);
   require(missing.empty() && over.empty(),
           what + ": missing" + text(missing) + "\n  too many" + text(over));
 }
 
-// --- the tables ---------------------------------------------------------------------------------
-
-Book Player::storedBook(const Where& where, int number) {
-  const std::string suffix = host().GETTBNAME(number);
-  const std::string ours = " where code_no='" + host().TruncVarSQL(codes[where.client]) + "'";
-  const std::string joined =
-      " t left join Mast_Part p on p.partid=t.partid left join Mast_AllGrp g on g.allid=t.allid";
-  Book book;
-  book.stock = world_.at(where).stock;
-  std::set<std::string> serials;
-  for (const auto& row : rows("select particular,allgrp,round(if(nid=2,-amt,amt)*100),srno,"
-                              "amt>0 and nid in (1,2) and amt=round(amt,2) from TAB_" +
-                              suffix + joined + ours)) {
-    require(row[4] == "1" && serials.insert(row[3]).second,
-            "a row of the trial balance is broken: " + text({row}));
-    book.lines.emplace_back(Pair{row[0], row[1]}, std::stoll(row[2]));
-  }
-  long line = 0;
-  for (const auto& row : rows("select VID,LSrNo,VDate,particular,allgrp,round(Amount*100),VNar "
-                              "from JRNL_" +
-                              suffix + joined + ours + " order by VID,LSrNo")) {
-    Voucher& voucher = book.vouchers[std::stol(row[0])];
-    line = voucher.lines.empty() ? 1 : line + 1;
-    require(std::to_string(line) == row[1],
-            "the lines of a voucher are not numbered: " + text({row}));
-    voucher.date = row[2];
-    voucher.narration = row[6];
-    voucher.lines.emplace_back(Pair{row[3], row[4]}, std::stoll(row[5]));
-  }
-  book.sort();
-  return book;
+std::optional<Where> Checks::yearBefore() const {
+  const Where before{where_.client, where_.year - 1};
+  return world_.contains(before) ? std::optional(before) : std::nullopt;
 }
 
-World Player::stored() {
+const Book& Checks::book(int year) const {
+  static const Book none;
+  if (year == current) return world_.at(where_);
+  const auto before = yearBefore();
+  return before ? world_.at(*before) : none;
+}
+
+// --- the tables ---------------------------------------------------------------------------------
+
+World Checks::stored() {
   World all;
-  for (const auto& [where, book] : world_) {
-    all[where] = storedBook(where, tableOf(where));
+  for (const auto& [where, known] : world_) {
+    const std::string table =
+        host().GETTBNAME(tableOf(where)) +
+        " t left join Mast_Part p on p.partid=t.partid left join Mast_AllGrp g on g.allid=t.allid"
+        " where code_no='" +
+        host().TruncVarSQL(codes[where.client]) + "'";
+    Book& book = all[where];
+    book.stock = known.stock;
+    std::set<std::string> serials;
+    for (const auto& row : rows("select particular,allgrp,round(if(nid=2,-amt,amt)*100),srno,"
+                                "amt>0 and nid in (1,2) and amt=round(amt,2) from TAB_" +
+                                table)) {
+      require(row[4] == "1" && serials.insert(row[3]).second,
+              "a row of the trial balance is broken: " + text({row}));
+      book.lines.emplace(Pair{row[0], row[1]}, std::stoll(row[2]));
+    }
+    for (const auto& row : rows("select VID,LSrNo,VDate,particular,allgrp,round(Amount*100),VNar "
+                                "from JRNL_" +
+                                table + " order by VID,LSrNo")) {
+      Voucher& voucher = book.vouchers[std::stol(row[0])];
+      voucher.date = row[2];
+      voucher.narration = row[6];
+      voucher.lines.emplace_back(Pair{row[3], row[4]}, std::stoll(row[5]));
+      require(row[1] == std::to_string(voucher.lines.size()),
+              "the lines of a voucher are not numbered: " + text({row}));
+    }
   }
   return all;
 }
 
-namespace {
-
-Rows rowsOf(const Book& book) {
-  Rows rows;
-  for (const auto& [pair, amount] : book.lines) {
-    rows.push_back({pair.first, pair.second, (amount < 0 ? "-" : "") + plain(amount)});
+// Without the pairs that a half posted voucher touches.
+World Checks::closed(World world) const {
+  for (const auto& [where, pairs] : halfPosted_) {
+    std::erase_if(world[where].lines,
+                  [&pairs = pairs](const Entry& line) { return pairs.contains(line.first); });
   }
-  return rows;
+  return world;
 }
 
-Rows rowsOf(const Voucher& voucher) {
-  Rows rows;
-  for (const auto& [pair, amount] : voucher.lines) {
-    rows.push_back({voucher.date, voucher.narration, pair.first, pair.second,
-                    (amount < 0 ? "-" : "") + plain(amount)});
-  }
-  return rows;
-}
-
-// The first of the lines, or all.
-bool begins(const Voucher& whole, const Voucher& part) {
-  const Rows all = rowsOf(whole), some = rowsOf(part);
-  return some.size() <= all.size() && std::equal(some.begin(), some.end(), all.begin());
-}
-
-}  // namespace
-
-// Takes over what the tables hold, when it is something that they may hold.
-void Player::learn(const World& before, const std::vector<World>& candidates, const Deed& deed,
-                   bool failed) {
-  const World now = stored();
-  // Pairs that a half posted voucher touches are open.
-  const auto open = [&](const Where& where) {
-    std::set<Pair> pairs;
-    if (const auto at = halfPosted_.find(where); at != halfPosted_.end()) {
-      for (const auto& [pair, original] : at->second) pairs.insert(pair);
+void Checks::checkTables(const World& before, const std::vector<World>& candidates,
+                         const Deed& deed, bool failed) {
+  world_ = stored();
+  const World now = closed(world_);
+  const World& after = candidates.front();
+  const auto held = std::find_if(candidates.begin(), candidates.end(),
+                                 [&](const World& each) { return closed(each) == now; });
+  if (held != candidates.end()) {
+    if (deed.posts) {
+      if (openPairs(*deed.posts)) checkHalfPosted(before, after, deed, failed);
+      return;
     }
-    return pairs;
-  };
-  const auto comparable = [&](const World& world) {
-    World some;
-    for (const auto& [where, book] : world) {
-      some[where] = book.without(open(where));
-      some[where].sort();
-    }
-    return some;
-  };
-  const bool about = deed.posts && halfPosted_.contains(*deed.posts);
-  const World seen = comparable(now);
-  for (const World& candidate : candidates) {
-    if (comparable(candidate) != seen) continue;
     // What was entered on an open pair is found again when the voucher is done.
     for (auto& [where, originals] : halfPosted_) {
       for (auto& [pair, original] : originals) {
-        if (deed.posts) continue;
-        original += candidate.at(where).balance(pair) - before.at(where).balance(pair);
+        original += held->at(where).balance(pair) - before.at(where).balance(pair);
       }
     }
-    world_ = now;
-    if (about) learnPosting(before, candidates.front(), deed, failed);
     return;
   }
-  const World& after = candidates.front();
-  for (const auto& [where, book] : seen) {
-    const Book beforehand = comparable(before).at(where), afterwards = comparable(after).at(where);
+  const World then = closed(before), next = closed(after);
+  for (const auto& [where, book] : now) {
+    const Rows was = rowsOf(then.at(where)), is = rowsOf(book), wanted = rowsOf(next.at(where));
     if (!failed) {
       same("the trial balance of " + std::string(codes[where.client]) + " " +
                std::to_string(where.year),
-           rowsOf(afterwards), rowsOf(book));
-      for (const auto& [number, voucher] : afterwards.vouchers) {
+           wanted, is);
+      for (const auto& [number, voucher] : next.at(where).vouchers) {
         const auto at = book.vouchers.find(number);
-        same("voucher " + std::to_string(number), rowsOf(voucher),
-             at == book.vouchers.end() ? Rows{} : rowsOf(at->second));
+        same("voucher " + std::to_string(number), rowsOf(number, voucher),
+             at == book.vouchers.end() ? Rows{} : rowsOf(number, at->second));
       }
-      require(book.vouchers == afterwards.vouchers, "there are vouchers too many");
-      continue;
+    } else if (deed.posts != where) {
+      require(book.vouchers == then.at(where).vouchers,
+              "a failure changed vouchers of another book");
+      Rows both = without(was, without(was, wanted));
+      std::erase_if(both, [&](const auto& row) { return deed.about.contains({row[0], row[1]}); });
+      if (!undone_) {
+        same("rows of the trial balance that the failed deed is not about", {}, without(both, is));
+      }
+      same("rows that are neither of before nor of after", {},
+           without(without(is, was), without(wanted, both)));
     }
-    if (deed.posts == where) continue;
-    require(book.vouchers == beforehand.vouchers, "a failure changed vouchers of another book");
-    // Each row is one of before or of after; what is in both is there.
-    Rows both = without(rowsOf(beforehand), without(rowsOf(beforehand), rowsOf(afterwards)));
-    std::erase_if(both, [&](const auto& row) { return deed.about.contains({row[0], row[1]}); });
-    if (!undone_) {
-      same("rows of the trial balance that the failed deed is not about", both,
-           without(rowsOf(book), without(rowsOf(book), both)));
-    }
-    Rows either = rowsOf(beforehand);
-    for (const auto& row : without(rowsOf(afterwards), both)) either.push_back(row);
-    same("rows that are neither of before nor of after", {}, without(rowsOf(book), either));
   }
   require(failed, "the tables do not hold what the deed leaves");
-  world_ = now;
-  if (deed.posts) learnPosting(before, after, deed, failed);
+  if (deed.posts) checkHalfPosted(before, after, deed, failed);
 }
 
-void Player::learnPosting(const World& before, const World& after, const Deed& deed, bool failed) {
+void Checks::checkHalfPosted(const World& before, const World& after, const Deed& deed,
+                             bool failed) {
   const Where where = *deed.posts;
-  const Book& beforehand = before.at(where);
-  const Book& now = world_.at(where);
-  Originals& originals = halfPosted_[where];
-  const auto voucherIn = [&](const Book& book) -> const Voucher* {
-    const auto at = book.vouchers.find(deed.voucher);
-    return at == book.vouchers.end() ? nullptr : &at->second;
+  const auto linesIn = [&](const World& world) {
+    const auto& vouchers = world.at(where).vouchers;
+    const auto at = vouchers.find(deed.voucher);
+    return at == vouchers.end() ? Rows{} : rowsOf(at->first, at->second);
   };
-  const Voucher* old = voucherIn(beforehand);
-  const Voucher* made = voucherIn(after.at(where));
-  const Voucher* is = voucherIn(now);
-  std::set<Pair> open;
-  for (const Voucher* voucher : {old, made}) {
-    if (!voucher) continue;
-    for (const auto& [pair, amount] : voucher->lines) {
-      originals.try_emplace(pair, beforehand.original(pair));
+  auto& originals = halfPosted_[where];
+  for (const World* world : {&before, &after}) {
+    const auto& vouchers = world->at(where).vouchers;
+    if (!vouchers.contains(deed.voucher)) continue;
+    const Book& beforehand = before.at(where);
+    for (const auto& [pair, amount] : vouchers.at(deed.voucher).lines) {
+      originals.try_emplace(pair, beforehand.balance(pair) - beforehand.posted(pair));
     }
   }
-  for (const auto& [pair, original] : originals) open.insert(pair);
-  same("rows that the voucher does not touch", rowsOf(beforehand.without(open)),
-       rowsOf(now.without(open)));
-  require(!is || (old && *is == *old) || (made && begins(*made, *is)),
+  same("rows that the voucher does not touch", rowsOf(closed(before).at(where)),
+       rowsOf(closed(world_).at(where)));
+  const Rows old = linesIn(before), made = linesIn(after), is = linesIn(world_);
+  require(is == old || (is.size() <= made.size() && std::equal(is.begin(), is.end(), made.begin())),
           "the voucher is stored neither as before nor as typed");
-  if (!failed) checkPosted(where);
-}
-
-void Player::checkPosted(const Where& where) {
-  Rows expected, actual;
-  const Book& now = world_.at(where);
+  if (failed) return;
   const auto open = halfPosted_.extract(where);
   for (const auto& [pair, original] : open.mapped()) {
-    Paise sum = original;
-    for (const auto& [number, voucher] : now.vouchers) {
-      for (const auto& [each, amount] : voucher.lines) sum += each == pair ? amount : 0;
-    }
-    expected.push_back({pair.first, pair.second, std::to_string(sum)});
-    actual.push_back({pair.first, pair.second, std::to_string(now.balance(pair))});
+    const Paise expected = original + world_[where].posted(pair);
+    const Paise actual = world_[where].balance(pair);
+    require(actual == expected, "after the next deed of the journal " + pair.first + ", " +
+                                    pair.second + " holds " + std::to_string(actual) +
+                                    " paise instead of " + std::to_string(expected));
   }
-  same("balances after the next deed of the journal, in paise", expected, actual);
 }
 
 // --- the editor's screen ------------------------------------------------------------------------
 
-void Player::checkScreen() {
-  if (journal()) return checkJournal();
+void Checks::checkScreen() {
+  if (journal()) return checkVouchers();
   if (!editor().visible()) return;
   checkLines();
   checkTotals();
-  checkPages();
-  if (!stale_ && !unloaded_) checkPrintout();
+  checkSummary();
+  if (stale_) return;
+  checkGroups();
+  if (!unloaded_) checkPrintout();
 }
 
-void Player::checkLines() {
-  frmcrtb& form = editor();
-  std::map<Pair, std::vector<Paise>> ofPair[2];
-  for (const int year : {current, previous}) {
-    if (!inView(year)) continue;
-    for (const auto& [pair, amount] : book(year).lines) ofPair[year][pair].push_back(amount);
-  }
-  Rows expected;
-  if (view() == 2) {
-    std::set<Pair> pairs;
-    for (const auto& year : ofPair) {
-      for (const auto& [pair, amounts] : year) pairs.insert(pair);
-    }
-    // Several lines of one pair stand beside each other in no order that matters here.
-    for (const Pair& pair : pairs) {
-      for (std::size_t i = 0; i < std::max(ofPair[0][pair].size(), ofPair[1][pair].size()); ++i) {
-        expected.push_back({pair.first, pair.second});
-      }
-    }
-    Rows pairsShown;
-    for (const auto& row : cellsOf(form.vsfm)) pairsShown.push_back({row[0], row[1]});
-    same("the pairs of both years", stale_ ? pairsShown : expected, pairsShown);
-  }
+void Checks::checkLines() {
+  const Rows all = shown(editor().vsfm);
+  // Of the same pair as many lines as the year with more of them has.
+  std::map<Pair, std::size_t> count;
   for (const int year : {current, previous}) {
     if (!inView(year)) continue;
     const std::size_t at = view() == 2 && year == previous ? 4 : 2;
-    expected.clear();
-    for (const auto& [pair, amounts] : ofPair[year]) {
-      for (const Paise amount : amounts) {
-        expected.push_back({pair.first, pair.second, plain(amount), sideOf(amount)});
-      }
+    Rows expected = rowsOf(book(year)), actual;
+    std::map<Pair, std::size_t> ofYear;
+    for (const auto& [pair, amount] : book(year).lines) {
+      count[pair] = std::max(count[pair], ++ofYear[pair]);
     }
-    Rows actual;
-    for (const auto& row : cellsOf(form.vsfm)) {
-      if (row[at] == "-" && row[at + 1] == "-" && view() == 2) continue;
+    for (const auto& row : all) {
+      if (view() == 2 && row[at] == "-" && row[at + 1] == "-") continue;
       actual.push_back({row[0], row[1], row[at], row[at + 1]});
     }
     if (stale_) {
       // Where the groups could not be read their names are missing.
-      const Rows named = expected;
-      for (auto row : named) {
+      for (auto row : rowsOf(book(year))) {
         row[1].clear();
         expected.push_back(row);
       }
@@ -297,29 +221,30 @@ void Player::checkLines() {
     }
   }
   if (stale_) return;
-  const std::string period =
-      "01/04/" + std::to_string(where_.year) + " - 31/03/" + std::to_string(where_.year + 1);
+  Rows expected, actual;
+  for (const auto& [pair, lines] : count) {
+    expected.insert(expected.end(), lines, {pair.first, pair.second});
+  }
+  for (const auto& row : all) actual.push_back({row[0], row[1]});
+  same("the pairs shown", expected, actual);
   const char* const years[] = {"", " (Previous Year)", " (with Previous Year)"};
-  const std::string caption = "Trial Balance of " + std::string(names[where_.client]) +
-                              " for the Period " + period + years[view()];
-  require(form.caption() == caption, "the caption is \"" + form.caption() + "\"");
-  const std::string fields = form.txtpart.text() + "|" + form.txtgroup.text() + "|" +
-                             form.txtamount.text() + "|" + form.txtdrcr.text();
-  if (!failed_ && !draft_) require(fields == "|||", "the fields hold " + fields);
+  same("the caption",
+       {{"Trial Balance of " + std::string(names[where_.client]) + " for the Period 01/04/" +
+         std::to_string(where_.year) + " - 31/03/" + std::to_string(where_.year + 1) +
+         years[view()]}},
+       {{editor().caption()}});
 }
 
-void Player::checkTotals() {
+void Checks::checkTotals() {
   frmcrtb& form = editor();
   for (const int year : {current, previous}) {
     if (!inView(year)) continue;
-    Paise debits = 0, credits = 0;
-    for (const auto& [pair, amount] : book(year).lines) (amount > 0 ? debits : credits) += amount;
-    const Rows expected{{grouped(debits), grouped(credits)}};
+    const auto [debits, credits] = book(year).sides();
     const Rows actual{{form.txttotdeb[year].text(), form.txttotcr[year].text()}};
     const bool blank = actual == Rows{{"0.00", "0.00"}} || actual == Rows{{"", ""}};
-    if (!(stale_ && blank)) same("the totals", expected, actual);
+    if (!(stale_ && blank)) same("the totals", {{grouped(debits), grouped(credits)}}, actual);
     if (year == previous || stale_) continue;
-    const Paise over = debits + credits;
+    const Paise over = debits - credits;
     const Rows difference{{form.txtdiff.text(), form.txtdifft.text()}};
     // The two sums are compared as they are, down to their last bit.
     if (over == 0 && difference[0][0] == "0.00") continue;
@@ -329,94 +254,112 @@ void Player::checkTotals() {
   }
 }
 
-void Player::checkPages() {
-  frmcrtb& form = editor();
-  if (form.famSummary.visible()) {
-    const Rows figures[] = {summaryOf(book(current)), summaryOf(book(previous))};
-    const bool empty = form.vsfr.rows() == 0 && stale_;
-    require(empty || form.vsfr.rows() == static_cast<int>(figures[0].size()),
-            "the summary is not complete");
-    for (int row = 1; row <= form.vsfr.rows(); ++row) {
-      const auto at = static_cast<std::size_t>(row - 1);
-      const std::string& caption = figures[0][at][0];
-      for (const int year : {0, 1}) {
-        const std::string& actual = form.vsfr.cell(row, year + 1);
-        const bool rate = at + 3 >= figures[0].size();
-        require(form.vsfr.cell(row, 0) == caption &&
-                    (rate ? nearly(figures[year][at][1], actual) : figures[year][at][1] == actual),
-                form.vsfr.cell(row, 0) + " is " + actual + " instead of " + figures[year][at][1]);
-      }
+void Checks::checkSummary() {
+  if (!editor().famSummary.visible()) return;
+  const Rows years[] = {summaryOf(book(current)), summaryOf(book(previous))};
+  const Rows actual = shown(editor().vsfr);
+  require((stale_ && actual.empty()) || actual.size() == years[0].size(),
+          "the summary is not complete");
+  for (std::size_t row = 0; row < actual.size(); ++row) {
+    const bool rate = row + 3 >= actual.size();
+    for (const std::size_t year : {0U, 1U}) {
+      const std::string &is = actual[row][year + 1], &wanted = years[year][row][1];
+      require(actual[row][0] == years[0][row][0] && (rate ? nearly(wanted, is) : wanted == is),
+              actual[row][0] + " is " + is + " instead of " + wanted);
     }
-  }
-  if (form.famGroups.visible() && !stale_) {
-    Rows expected[2];
-    for (const auto& [pair, amount] : book(view() == 1 ? previous : current).lines) {
-      if (pair.second != form.cbogroup.text()) continue;
-      expected[amount > 0 ? 0 : 1].push_back({pair.first, plain(amount), sideOf(amount)});
-    }
-    same("the debits of the group", expected[0], cellsOf(form.vsf1));
-    same("the credits of the group", expected[1], cellsOf(form.vsf2));
-    expected[0].insert(expected[0].end(), expected[1].begin(), expected[1].end());
-    same("the lines to transfer", expected[0], cellsOf(form.vsf3));
   }
 }
 
-void Player::checkPrintout() {
+void Checks::checkGroups() {
   frmcrtb& form = editor();
+  if (!form.famGroups.visible()) return;
+  Rows sides[2], all;
+  for (const auto& [pair, amount] : book(view() == 1 ? previous : current).lines) {
+    if (pair.second != form.cbogroup.text()) continue;
+    all.push_back({pair.first, plain(amount), sideOf(amount)});
+    sides[amount > 0 ? 0 : 1].push_back(all.back());
+  }
+  same("the debits of the group", sides[0], shown(form.vsf1));
+  same("the credits of the group", sides[1], shown(form.vsf2));
+  same("the lines to transfer", all, shown(form.vsf3));
+}
+
+// The rows printed below the headings.
+Rows Checks::printed(const std::function<void()>& print) {
   practice.surroundings().forgetReport();
-  form.click(form.mnuPreview);
-  require(practice.surroundings().lastReport().has_value(), "nothing is printed");
+  print();
+  Rows all;
+  if (!practice.surroundings().lastReport()) return all;
+  for (const suite::ReportRow& row : practice.surroundings().lastReport()->rows()) {
+    if (row.heading) continue;
+    auto& cells = all.emplace_back();
+    for (const suite::ReportCell& cell : row.cells) cells.push_back(cell.text);
+  }
+  return all;
+}
+
+void Checks::checkPrintout() {
   const Book& shown = book(view() == 1 ? previous : current);
   Rows expected, actual;
-  Paise debits = 0, credits = 0;
   for (const auto& [pair, amount] : shown.lines) {
     expected.push_back({pair.first, pair.second, amount > 0 ? plain(amount) : "",
                         amount < 0 ? plain(amount) : ""});
-    (amount > 0 ? debits : credits) += amount;
   }
+  const auto [debits, credits] = shown.sides();
   expected.push_back({"Total", "", plain(debits), plain(credits)});
-  for (const suite::ReportRow& row : practice.surroundings().lastReport()->rows()) {
-    if (row.heading) continue;
-    auto& cells = actual.emplace_back();
-    for (std::size_t i = 1; i < row.cells.size(); ++i) cells.push_back(row.cells[i].text);
+  for (auto& row : printed([this] { editor().click(editor().mnuPreview); })) {
+    row.erase(row.begin());
     // A line that only the other year has.
-    if (view() == 2 && cells[2].empty() && cells[3].empty()) actual.pop_back();
+    if (view() == 2 && row[2].empty() && row[3].empty()) continue;
+    actual.push_back(row);
   }
   same("the printout", expected, actual);
 }
 
 // --- the journal's screen -----------------------------------------------------------------------
 
-void Player::checkJournal() {
-  frmjrnl& form = *journal();
-  if (!form.Frame1.visible() || stale_ || journalUnloaded_) return;
+void Checks::checkVouchers() {
+  const Grid& grid = journal()->vsf;
+  if (!journal()->Frame1.visible() || stale_ || journalUnloaded_) return;
   Rows actual;
   std::string date;
-  for (int row = 1; row <= form.vsf.rows(); ++row) {
-    if (!form.vsf.cell(row, 0).empty()) date = form.vsf.cell(row, 0);
-    actual.push_back({form.vsf.cell(row, 4), date, form.vsf.cell(row, 1), form.vsf.cell(row, 2),
-                      form.vsf.cell(row, 3)});
+  for (int row = 1; row <= grid.rows(); ++row) {
+    if (!grid.cell(row, 0).empty()) date = grid.cell(row, 0);
+    actual.push_back(
+        {grid.cell(row, 4), date, grid.cell(row, 1), grid.cell(row, 2), grid.cell(row, 3)});
   }
   same("the list of vouchers", listOf(world_[journalOf_]), actual);
 }
 
-// Beside each line stands what the pair holds once the voucher on screen is posted.
-void Player::checkBalances(const Voucher& voucher, long number) {
+void Checks::checkBalances(const Voucher& voucher, long number) {
   if (openPairs(journalOf_)) return;
-  frmjrnl& form = *journal();
   Book posted = world_[journalOf_];
   const auto old = posted.vouchers.find(number);
   if (old != posted.vouchers.end()) posted.post(old->second, -1);
   posted.post(voucher, 1);
   for (std::size_t i = 0; i < voucher.lines.size(); ++i) {
     const Paise balance = posted.balance(voucher.lines[i].first);
-    const std::string actual = form.txtcurbal[static_cast<int>(i)].text();
+    const std::string actual = journal()->txtcurbal[static_cast<int>(i)].text();
     // A pair that is new shows nothing until it is saved.
     if (actual == "0.00") continue;
-    require(actual == grouped(balance) + (balance > 0 ? "Dr" : "Cr"),
-            "the balance beside line " + std::to_string(i + 1) + " is " + actual + " instead of " +
-                grouped(balance) + (balance > 0 ? "Dr" : "Cr"));
+    same("the balance beside line " + std::to_string(i + 1),
+         {{grouped(balance) + (balance > 0 ? "Dr" : "Cr")}}, {{actual}});
   }
+}
+
+void Checks::checkJournalPrintouts() {
+  Rows listed = listOf(world_[journalOf_]);
+  Rows list = printed([this] { journal()->click(journal()->cmdprn); });
+  // The date stands on a voucher's first row only.
+  for (Rows* rows : {&listed, &list}) {
+    for (auto& row : *rows) row = {row.end()[-3], row.end()[-2], row.end()[-1]};
+  }
+  same("the printed list of vouchers", listed, list);
+  if (openPairs(journalOf_)) return;
+  const Rows expected = subsidiaryOf(world_[journalOf_]);
+  const Rows actual = printed([this] { journal()->click(journal()->cmdtb); });
+  require(actual == expected,
+          "the subsidiary trial balance is" + text(actual) + "\n  instead of" + text(expected));
 }
 
 }  // namespace quillet::support

@@ -107,7 +107,7 @@ void PracticeTest::TearDown() {
 }
 
 void PracticeTest::type(TextBox& box, const std::string& text) {
-  ASSERT_TRUE(box.form().focus(box)) << box.name();
+  if (!box.form().focus(box)) throw std::runtime_error("the focus does not reach " + box.name());
   box.selectAll();
   if (text.empty()) box.form().press(keys::Delete);
   for (const char32_t c : charactersOf(text)) box.form().press(c);
