@@ -39,7 +39,8 @@ std::string refusalOf(const fs::path& target, const fs::path& source) {
   if (fs::equivalent(source, target, error)) {
     return "This file is the template of the export. Please choose another file.";
   }
-  if (fs::exists(there) && !fs::is_regular_file(there)) {
+  const bool named = !equalIgnoringCase(textOf(target.filename()), ending);
+  if (!named || (fs::exists(there) && !fs::is_regular_file(there))) {
     return textOf(target) + " is no file that can be written. Please choose another name.";
   }
   const fs::path folder = fs::absolute(target).parent_path();

@@ -191,6 +191,8 @@ TEST_F(ExportTest, RefusalsLeaveEverythingAsItWas) {
            {linked, isTemplate},
            {folder_.path() / std::string(252, 'x'), tooLong},
            {folder_.path() / std::string(5'000, 'x'), tooLong},
+           {folder_.path() / "",
+            folder + "/.xls is no file that can be written. Please choose another name."},
            {folder_.path() / "folder",
             folder + "/folder.xls is no file that can be written. Please choose another name."},
            {folder_.path() / "no" / "such" / "books.xls",
