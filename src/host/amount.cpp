@@ -22,6 +22,11 @@ std::optional<std::string> plainDigits(std::string_view text) {
   return any ? std::optional(digits) : std::nullopt;
 }
 
+std::string_view withoutSign(std::string_view text) {
+  if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
+  return text;
+}
+
 // The part before the point.
 std::string_view wholePart(std::string_view digits) { return digits.substr(0, digits.find('.')); }
 
@@ -38,8 +43,7 @@ bool keptExactly(std::string_view digits, std::string_view shown) {
 std::optional<double> typedAmount(const ServiceObject& host, std::string_view text) {
   text = trimmed(text);
   const bool negative = !text.empty() && text.front() == '-';
-  if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
-  const auto digits = plainDigits(text);
+  const auto digits = plainDigits(withoutSign(text));
   if (!digits) return std::nullopt;
   double amount = 0;
   const std::string number = digits->empty() || digits->front() == '.' ? '0' + *digits : *digits;
@@ -48,6 +52,13 @@ std::optional<double> typedAmount(const ServiceObject& host, std::string_view te
   if (!keptExactly(*digits, shown)) return std::nullopt;
   std::from_chars(shown.data(), shown.data() + shown.size(), amount);
   return negative ? -amount : amount;
+}
+
+std::string notAnAmount(std::string_view text) {
+  const std::string typed = '"' + std::string(text) + '"';
+  return plainDigits(withoutSign(trimmed(text)))
+             ? typed + " is too large: type at most 13 digits before the point."
+             : typed + " is not an amount: type digits and at most one point.";
 }
 
 double shownAmount(std::string_view text) {

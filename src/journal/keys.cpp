@@ -184,7 +184,7 @@ void frmjrnl::leaveAmount(TextBox& box) {
   if (const auto amount = typedAmount(*context_.host, typed)) {
     box.setText(shown(*amount));
   } else {
-    hint("\"" + typed + "\" is not an amount: type digits and at most one point.");
+    hint(notAnAmount(typed));
   }
 }
 
