@@ -40,10 +40,14 @@ void enterIsTab(Form& form, Key& key) {
 // --- beginning and ending an entry --------------------------------------------------------------
 
 void frmcrtb::clearEntry() {
+  emptyFields();
+  putBack();
+}
+
+void frmcrtb::emptyFields() {
   for (TextBox* box : {&txtpart, &txtgroup, &txtamount, &txtdrcr}) box->setText("");
   altered_.reset();
   hint("");
-  putBack();
 }
 
 void frmcrtb::leaveEntry() {
@@ -88,6 +92,7 @@ void frmcrtb::MNUDELETE_CLICK() {
                                           Buttons::YesNo, Icon::none, Answer::No, "Delete");
     if (answer != Answer::Yes) return;
     leaveEntry();
+    if (!nothingTakenOut()) return;
     trap("MNUDELETE_CLICK", [&] {
       for (const Year year : {current, previous}) {
         if (!entry.line[year]) continue;
@@ -241,7 +246,7 @@ void frmcrtb::TXTAMOUNT_LOSTFOCUS() {
     if (const auto amount = typedAmount(*context_.host, txtamount.text())) {
       txtamount.setText(context_.host->formatgen(*amount, "###0.00"));
     } else {
-      hint("\"" + txtamount.text() + "\" is not an amount: type digits and at most one point.");
+      hint(notAnAmount(txtamount.text()));
     }
   });
 }

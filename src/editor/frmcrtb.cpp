@@ -153,7 +153,11 @@ void frmcrtb::showPage(Frame& page) {
   mnushsumm.setChecked(famSummary.visible());
 }
 
-void frmcrtb::hint(const std::string& text) { lblhint.setCaption(text); }
+// With nothing else to say it tells why there are no lines.
+void frmcrtb::hint(const std::string& text) {
+  const bool missing = text.empty() && hasTable() && !linesRead_;
+  lblhint.setCaption(missing ? unread : text);
+}
 
 void frmcrtb::popup() {
   const int chosen = context_.host->PopupMenuObj().choose(

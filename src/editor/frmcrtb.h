@@ -190,6 +190,7 @@ class frmcrtb : public Form {
  private:
   enum Year { current = 0, previous = 1 };
   enum class View { current = 0, previous = 1, both = 2 };
+  static constexpr const char* unread = "The lines could not be read. F5 tries again.";
 
   // What the entry fields say, once it has passed every check.
   struct TypedLine {
@@ -210,6 +211,7 @@ class frmcrtb : public Form {
     Sql client;  // as it stands between quotes
     std::vector<Line> lines;
     std::vector<Line> standing;  // the client's others in the table
+    bool named = true;           // the masters knew ledger and group of each of the lines
   };
 
   void attachMenus();
@@ -233,6 +235,8 @@ class frmcrtb : public Form {
   void readRegisters();
   void findPreviousYear();
   void readSettings();
+  void chooseLedgers(const std::string& setting);
+  void chooseSort(const std::string& setting);
   void refuseWithoutTable();
   void setView(View view);
   void showCaption();
@@ -247,7 +251,7 @@ class frmcrtb : public Form {
   void reloadPage();
   void showStored();
   void showStored(View view);
-  void loadLedgerList(const std::string& text);
+  void loadLedgerList(const char* procedure, const std::string& setting);
   IdList ledgerIdsOfClient();
   const Entry* selectedEntry() const;
   std::optional<YearLine> selectedLine() const;
@@ -295,6 +299,7 @@ class frmcrtb : public Form {
 
   // Entry.
   void clearEntry();
+  void emptyFields();
   void leaveEntry();
   void followAltered();
   void follow(TextBox& box, Grid& list);
@@ -316,6 +321,8 @@ class frmcrtb : public Form {
   void insertRow(const Sql& table, const Sql& client, const Line& line);
   Sql rowOf(Year year, const Line& line) const;
   bool putBack();
+  bool writeBack();
+  bool nothingTakenOut();
   bool canPutBack();
   void tellTakenOut(const std::string& outcome);
   void hint(const std::string& text);

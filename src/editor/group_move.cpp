@@ -21,6 +21,8 @@ void frmcrtb::listForTransfer() {
 
 void frmcrtb::CMDUPDATE_CLICK() {
   trap("CMDUPDATE_CLICK", [&] {
+    putBack();
+    if (!nothingTakenOut()) return;
     const long target = cbotgroup.chosenData();
     if (target == 0 || target == cbogroup.chosenData()) {
       context_.MsgBox("Please select a different Group.", Buttons::OK, Icon::information);

@@ -7,6 +7,7 @@ namespace quillet {
 void frmcrtb::MNUJOURNAL_CLICK() {
   trap("MNUJOURNAL_CLICK", [&] {
     leaveEntry();
+    if (!nothingTakenOut()) return;
     const Year year = mnuyrs[previous].checked() ? previous : current;
     auto journal = std::make_unique<frmjrnl>(context_);
     journal->INITDATA(tables_[year], year == previous, {namedCode_, clientName_, firstDate_});

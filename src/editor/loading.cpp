@@ -20,7 +20,6 @@ constexpr const char* amountFormat = "###0.00";
 constexpr const char* totalFormat = "#,##0.00";
 constexpr const char* absent = "-";
 constexpr const char* entryColumn = "Entry";  // hidden: the position of the row's entry
-constexpr const char* unread = "The lines could not be read. F5 tries again.";
 constexpr int amountWidth = 18;
 
 // Fills a drop-down list, ordered as a person reads names; returns the keys it is searched by.
@@ -72,6 +71,8 @@ void frmcrtb::takeContext() {
 
 // Whatever statement fails while a year is opened, nothing of the year before is left.
 void frmcrtb::emptyYear() {
+  // First: what it tells of has groups of the lists that go.
+  clearEntry();
   setCaption("Trial Balance");
   emptyLines();
   emptyGroups();
@@ -83,7 +84,6 @@ void frmcrtb::emptyYear() {
   groupNames_.clear();
   mnuyropts.setEnabled(false);
   setView(View::current);
-  clearEntry();
   showPage(famLines);
   SETBUTTON();
 }
@@ -105,11 +105,17 @@ void frmcrtb::refuseWithoutTable() {
 }
 
 void frmcrtb::readSettings() {
-  const bool clientOnly = context_.host->GetSettingINI(settings, "ShLed", "1") != "0";
-  mnuall.setChecked(!clientOnly);
-  mnuclonly.setChecked(clientOnly);
-  const std::string stored = context_.host->GetSettingINI(settings, "TBSort", "1");
-  const int option = stored.size() == 1 && stored >= "1" && stored <= "4" ? stored[0] - '0' : 1;
+  chooseLedgers(context_.host->GetSettingINI(settings, "ShLed", "1"));
+  chooseSort(context_.host->GetSettingINI(settings, "TBSort", "1"));
+}
+
+void frmcrtb::chooseLedgers(const std::string& setting) {
+  mnuall.setChecked(setting == "0");
+  mnuclonly.setChecked(setting != "0");
+}
+
+void frmcrtb::chooseSort(const std::string& setting) {
+  const int option = setting.size() == 1 && setting >= "1" && setting <= "4" ? setting[0] - '0' : 1;
   sort_ = static_cast<SortOption>(option);
   for (auto& entry : mnusortopt) entry->setChecked(entry->index() == option - 1);
 }
@@ -139,7 +145,9 @@ void frmcrtb::FORM_ACTIVE() {
 
 void frmcrtb::FORM_UNLOAD() {
   trap("FORM_UNLOAD", [&] {
-    clearEntry();
+    emptyFields();
+    // Not to be read again: a year that was deleted would offer its import.
+    if (!takenOut_.lines.empty()) writeBack();
     if (!takenOut_.lines.empty()) {
       tellTakenOut("It could not be written back. Opening the editor tries again.");
     }
@@ -442,28 +450,28 @@ void frmcrtb::MNUYRS_CLICK(int index) {
   });
 }
 
+// Whoever cannot keep a choice for the next time has it for this one.
 void frmcrtb::MNUSORTOPT_CLICK(int index) {
+  const std::string setting = std::to_string(index + 1);
+  trap("MNUSORTOPT_CLICK", [&] { context_.host->SaveSettingINI(settings, "TBSort", setting); });
   trap("MNUSORTOPT_CLICK", [&] {
-    context_.host->SaveSettingINI(settings, "TBSort", std::to_string(index + 1));
-    readSettings();
+    chooseSort(setting);
     reload();
     reloadPage();
   });
 }
 
-void frmcrtb::MNUALL_CLICK() {
-  trap("MNUALL_CLICK", [&] { loadLedgerList("0"); });
-}
+void frmcrtb::MNUALL_CLICK() { loadLedgerList("MNUALL_CLICK", "0"); }
 
-void frmcrtb::MNUCLONLY_CLICK() {
-  trap("MNUCLONLY_CLICK", [&] { loadLedgerList("1"); });
-}
+void frmcrtb::MNUCLONLY_CLICK() { loadLedgerList("MNUCLONLY_CLICK", "1"); }
 
-void frmcrtb::loadLedgerList(const std::string& setting) {
-  context_.host->SaveSettingINI(settings, "ShLed", setting);
-  readSettings();
-  const Busy busy(context_);
-  LOADPARTICULARS();
+void frmcrtb::loadLedgerList(const char* procedure, const std::string& setting) {
+  trap(procedure, [&] { context_.host->SaveSettingINI(settings, "ShLed", setting); });
+  trap(procedure, [&] {
+    chooseLedgers(setting);
+    const Busy busy(context_);
+    LOADPARTICULARS();
+  });
 }
 
 // --- buttons and the grid's own events ----------------------------------------------------------

@@ -12,6 +12,8 @@ namespace {
 constexpr const char* notSaved = "The line was not saved. Enter tries again.";
 constexpr const char* notReplaced =
     "The line was not saved. What it replaces is taken out: Enter tries again, Esc puts it back.";
+constexpr const char* notPutBack =
+    "What a save that failed has taken out could not be put back. The next save tries again.";
 
 }  // namespace
 
@@ -88,6 +90,8 @@ void frmcrtb::takeOut(Year year, const Line& line) {
   context_.host->ConQuery("Delete from " + tableOf(year) + " where code_no='" + client_ + "' and " +
                           rowOf(year, line));
   takenOut_.lines.push_back(line);
+  takenOut_.named = takenOut_.named && groupNames_.contains(line.allId) &&
+                    !context_.host->GetPart_MastPartId(line.partId).empty();
   std::vector<Line>& standing = takenOut_.standing;
   const auto found = std::find(standing.begin(), standing.end(), line);
   if (found != standing.end()) standing.erase(found);
@@ -110,11 +114,11 @@ void frmcrtb::insertRow(const Sql& table, const Sql& client, const Line& line) {
 }
 
 // What picks the line's row out of the client's: its serial number, and all that it holds where it
-// has none or shares it.
+// has none, shares it, or may share it since it was not among the lines read last.
 Sql frmcrtb::rowOf(Year year, const Line& line) const {
   const auto sharing = std::count_if(lines_[year].begin(), lines_[year].end(),
                                      [&](const Line& other) { return other.srno == line.srno; });
-  if (line.srno != 0 && sharing <= 1) return "srno=" + sqlNumber(line.srno);
+  if (line.srno != 0 && sharing == 1) return "srno=" + sqlNumber(line.srno);
   return "ifnull(srno,0)=" + sqlNumber(line.srno) +
          " and ifnull(partid,0)=" + sqlNumber(line.partId) +
          " and ifnull(allid,0)=" + sqlNumber(line.allId) +
@@ -124,14 +128,21 @@ Sql frmcrtb::rowOf(Year year, const Line& line) const {
 
 // --- after a failure ----------------------------------------------------------------------------
 
-// Writes back what a failed save has taken out, so that the next deed begins with the books as they
+// Puts back what a failed save has taken out, so that the next deed begins with the books as they
 // were before it. Returns whether they are so.
 bool frmcrtb::putBack() {
   if (takenOut_.lines.empty()) return true;
-  bool whole = false;
+  const bool possible = writeBack();
+  if (visible()) showStored();
+  if (!takenOut_.lines.empty()) hint(notPutBack);
+  return possible && takenOut_.lines.empty();
+}
+
+bool frmcrtb::writeBack() {
+  bool possible = false;
   trap("PUTBACK", [&] {
-    whole = canPutBack();
-    if (!whole) takenOut_.lines.clear();
+    possible = canPutBack();
+    if (!possible) takenOut_.lines.clear();
     while (!takenOut_.lines.empty()) {
       insertRow(takenOut_.table, takenOut_.client, takenOut_.lines.back());
       takenOut_.standing.push_back(takenOut_.lines.back());
@@ -139,8 +150,14 @@ bool frmcrtb::putBack() {
       context_.host->ConQuery(flushTables);
     }
   });
-  if (visible()) showStored();
-  return whole && takenOut_.lines.empty();
+  return possible;
+}
+
+// For deeds that change the lines in another way: after them the line could not be put back.
+bool frmcrtb::nothingTakenOut() {
+  if (takenOut_.lines.empty()) return true;
+  tellTakenOut("It could not be written back. Please try again.");
+  return false;
 }
 
 // Books that have changed otherwise since may hold the lines by now, or have no place for them.
@@ -155,6 +172,7 @@ bool frmcrtb::canPutBack() {
   bool same = std::is_permutation(lines.begin(), lines.end(), takenOut_.standing.begin(),
                                   takenOut_.standing.end());
   for (const Line& line : takenOut_.lines) {
+    if (!takenOut_.named) break;
     const auto group =
         context_.query("select allid from mast_allgrp where allid=" + sqlNumber(line.allId));
     same = same && !group->EOF_() && !context_.host->GetPart_MastPartId(line.partId).empty();

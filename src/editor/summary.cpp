@@ -53,6 +53,8 @@ void frmcrtb::LOADFIGS() {
   emptyFigures();
   trap("LOADFIGS", [&] {
     const Busy busy(context_);
+    // Without them the year before would seem to have no figures.
+    readRegisters();
     std::array<SummaryRow, summaryRows> figures[2];
     for (const Year year : {current, previous}) figures[year] = summaryOf(readBalances(year));
     showFigures(figures[current], figures[previous]);

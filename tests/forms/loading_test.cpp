@@ -1,6 +1,8 @@
 // The editor's loading: caption, views, import, totals, settings, group view.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "forms/editor_fixture.h"
 #include "support/recording_reporter.h"
 
@@ -141,6 +143,23 @@ TEST_F(LoadingTest, OffersTheClientsLedgersOrAll) {
   EXPECT_TRUE(open("C1", 2008).mnuall.checked());
 }
 
+TEST_F(LoadingTest, AChoiceThatCannotBeKeptCountsForNow) {
+  addYear("C1", 2008, {{"beta", "SALES", -3}, {"Alpha", "SALES", 3}});
+  addYear("C2", 2008, {{"Theirs", "SALES", -3}});
+  frmcrtb& form = open("C1", 2008);
+  // A folder stands where the new settings are written.
+  const auto file = practice.folder().settings().string() + ".new";
+  std::filesystem::create_directory(file);
+  form.click(form.mnusortopt[1]);
+  form.click(form.mnuall);
+  std::filesystem::remove(file);
+  EXPECT_EQ(log().size(), 2U);
+  EXPECT_TRUE(form.mnusortopt[1].checked());
+  EXPECT_EQ(form.vsfm.cell(1, 0), "Alpha");
+  EXPECT_TRUE(form.mnuall.checked());
+  EXPECT_EQ(form.vsfp.rows(), 3);
+}
+
 TEST_F(LoadingTest, ShowsOneGroupsDebitsBesideItsCredits) {
   addYear("C1", 2008, {{"Zeta", "BANKS", 3}, {"Loan", "BANKS", -2}, {"Asha", "CAPITAL", -1}});
   frmcrtb& form = open("C1", 2008);
@@ -260,6 +279,17 @@ TEST_F(LoadingTest, FailedFiguresAreEmpty) {
   deed.what = "printing them";
   deed.act = [&] { print(); };
   failEachStatement(deed);
+  // A year before that could not be looked up is not one without figures.
+  addYear("C1", 2007, {{"Yak", "CAPITAL", -6006}});
+  form.close();
+  select("C1", 2008);
+  host().statements().failNext("and f_yr=");
+  form.show();
+  host().statements().failNext("and f_yr=");
+  form.click(form.mnushsumm);
+  EXPECT_EQ(form.vsfr.rows(), 0);
+  form.click(form.mnurefresh);
+  EXPECT_EQ(form.vsfr.cell(13, 2), "6,006.00");
 }
 
 }  // namespace
