@@ -178,9 +178,9 @@ TEST_F(JournalLoading, AsksForARowFirst) {
   EXPECT_EQ(shown(form.vsf), Rows{});
   form.doubleClick(form.vsf);
   form.click(form.Command1);
-  const std::vector<Message> asked = boxes();
-  ASSERT_EQ(asked.size(), 2U);
-  for (const Message& box : asked) {
+  const std::vector<Message> told = boxes();
+  ASSERT_EQ(told.size(), 2U);
+  for (const Message& box : told) {
     EXPECT_EQ(box.text, "Please select a Item.");
     EXPECT_EQ(box.icon, Icon::information);
     EXPECT_EQ(box.title, "Adjustment Journal");
