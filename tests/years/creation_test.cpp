@@ -19,6 +19,9 @@ class CreationTest : public YearsTest {
     for (const auto& line : lines(table)) all.push_back(line);
     return all;
   }
+  void create(const std::string& first, const std::string& client = "C1") {
+    typeYear(choose(&third::mnucreate, client), first);
+  }
   // The year that the existing one is created over, with the option of that number.
   void overwrite(third& form, int option) {
     answer({Answer::Yes});
@@ -107,24 +110,23 @@ TEST_F(CreationTest, RegistersTheFirstYear) {
 TEST_F(CreationTest, TakesTheLowestFreeNumberOrNone) {
   for (int year = 2001; year <= 2004; ++year) addYear("C1", year);
   exec("delete from master where count=3");
-  third& form = choose(&third::mnucreate, "C1");
   answer({Answer::No});
-  typeYear(form, "01/04/2008");
+  create("01/04/2008");
   EXPECT_EQ(registry().back(),
             (Texts{"01/04/2008", "31/03/2009", tab(3), "3", "01042008", "31032009"}));
   for (int year = 2010; registry().size() < tableNumbers; ++year) {
     answer({Answer::No});
-    typeYear(choose(&third::mnucreate, "C1"), "01/04/" + std::to_string(year));
+    create("01/04/" + std::to_string(year));
   }
   messages();
   const Rows before = registry();
-  typeYear(choose(&third::mnucreate, "C1"), "01/04/2020");
+  create("01/04/2020");
   EXPECT_EQ(asked(), (Rows{{"No blank database available. Delete one or more years database.", "OK",
                             "none", "OK"}}));
   EXPECT_EQ(registry(), before);
   EXPECT_EQ(context().table, "");
   // Another client takes its own numbers.
-  typeYear(choose(&third::mnucreate, "C2"), "01/04/2020");
+  create("01/04/2020", "C2");
   EXPECT_EQ(registry("C2").at(0).at(2), tab(1));
 }
 
@@ -179,10 +181,11 @@ TEST_F(CreationTest, TakesOverWhatIsNotPostedYet) {
     for (const long each : {1, 2}) exec("delete from " + tab(each));
     addYear("C1", 2007, {{"Cash", "BANKS", 5}});
     context().unposted.add({tab(1), "C1"}, {ledger("Cash"), group("BANKS")}, 2.5);
-    if (printed) choose(&third::mnualpha, "C1").press(keys::Enter);
-    if (!printed) {
+    if (printed) {
+      choose(&third::mnualpha, "C1").press(keys::Enter);
+    } else {
       answer({Answer::Yes, Answer::Yes});
-      typeYear(choose(&third::mnucreate, "C1"), "01/04/2008");
+      create("01/04/2008");
     }
     EXPECT_EQ(lines(tab(printed ? 1 : 2)).at(0).at(4), "7.5");
   }

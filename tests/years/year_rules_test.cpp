@@ -15,8 +15,7 @@ namespace {
 TEST(YearRules, TellDatesAndYearsApart) {
   using enum YearFault;
   constexpr struct {
-    const char* first;
-    const char* second;
+    const char *first, *second;
     bool firstIsDate;
     YearFault fault;
     const char* proposed;  // second date that goes with the first
