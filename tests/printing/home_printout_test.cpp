@@ -64,13 +64,11 @@ TEST_F(HomePrintoutTest, AlphabeticalFollowsTheSortSetting) {
   const struct {
     const char* setting;
     Texts order;
-  } cases[] = {
-      {"1", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}},
-      {"2", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}},
-      {"3", {"Auditor", "Abc bank", "zebra bank", "Own money", "Shop rent"}},
-      {"4", {"Own money", "zebra bank", "Shop rent", "Abc bank", "Auditor"}},
-      {"nonsense", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}},
-  };
+  } cases[] = {{"1", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}},
+               {"2", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}},
+               {"3", {"Auditor", "Abc bank", "zebra bank", "Own money", "Shop rent"}},
+               {"4", {"Own money", "zebra bank", "Shop rent", "Abc bank", "Auditor"}},
+               {"nonsense", {"Abc bank", "Auditor", "Own money", "Shop rent", "zebra bank"}}};
   for (const auto& c : cases) {
     host().SaveSettingINI("Settings", "TBSort", c.setting);
     choose(&third::mnualpha);

@@ -132,17 +132,15 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
     int main, sch, fa, mis;  // option chosen in each frame, -1 for none
     std::string text;
     bool removed;
-  } cases[] = {
-      {true, 0, -1, -1, -1, with + schedules + chart + misc, true},
-      {false, 0, -1, -1, -1, with + schedules + misc, true},
-      {true, 1, -1, -1, -1, "", false},
-      {true, 2, 0, 0, 0, with + schedules + chart + misc, true},
-      {false, 2, 0, -1, 0, with + schedules + misc, true},
-      {true, 2, 0, 1, 0, with + schedules + misc, false},
-      {true, 2, 0, 0, 1, with + schedules + chart, false},
-      {true, 2, 1, -1, 0, with + misc, false},
-      {false, 2, 1, -1, 1, "", false},
-  };
+  } cases[] = {{true, 0, -1, -1, -1, with + schedules + chart + misc, true},
+               {false, 0, -1, -1, -1, with + schedules + misc, true},
+               {true, 1, -1, -1, -1, "", false},
+               {true, 2, 0, 0, 0, with + schedules + chart + misc, true},
+               {false, 2, 0, -1, 0, with + schedules + misc, true},
+               {true, 2, 0, 1, 0, with + schedules + misc, false},
+               {true, 2, 0, 0, 1, with + schedules + chart, false},
+               {true, 2, 1, -1, 0, with + misc, false},
+               {false, 2, 1, -1, 1, "", false}};
   for (const auto& c : cases) {
     exec("delete from master");
     for (const auto& row : held("C1"))
