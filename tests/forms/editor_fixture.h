@@ -64,6 +64,19 @@ class EditorTest : public PracticeTest {
     yes();
     form.click(form.mnudelete);
   }
+  // In the group view, up to the last click.
+  void chooseMove(frmcrtb& form, const std::string& from, const std::string& to) {
+    form.cbogroup.choose(form.cbogroup.find(from));
+    form.cbotgroup.choose(form.cbotgroup.find(to));
+    yes();
+  }
+  void lookIntoJournal(frmcrtb& form) {
+    form.click(form.mnujournal);
+    Form* journal = form.desk().find("frmjrnl");
+    if (!journal) return;
+    yes();
+    journal->close();
+  }
   // A line of C1 behind the form's back; the figures are amount and side.
   void put(const std::string& table, const std::string& srno, const std::string& ledgerName,
            const std::string& groupName, const std::string& figures) {

@@ -93,7 +93,7 @@ TEST_F(EntryTest, ANameThatTheDatabaseTakesForAnotherIsAskedAbout) {
   EXPECT_NE(form.lblhint.caption().find("Choose a name"), std::string::npos);
   EXPECT_TRUE(stored().empty());
   EXPECT_EQ(value("select count(*) from Mast_Part"), "1");
-  dialogs.queueAnswer(Answer::Yes);
+  yes();
   type(form.txtdrcr, "D");
   form.press(keys::Enter);
   EXPECT_EQ(messages(), Statements{question});
@@ -337,11 +337,6 @@ TEST_F(EntryTest, AfterAFailedSaveTheBooksEndRight) {
       act();
     };
   };
-  const auto journal = [&] {
-    form.click(form.mnujournal);
-    yes();
-    form.desk().find("frmjrnl")->close();
-  };
   std::vector<Continuation> others{
       {"Escape", [&] { form.press(keys::Escape); }},
       {"closing and opening", back("C1")},
@@ -352,7 +347,7 @@ TEST_F(EntryTest, AfterAFailedSaveTheBooksEndRight) {
       {"altering", afterEscape([&] { alter(form, "Rent", "8"); })},
       {"deleting", afterEscape([&] { remove(form, "Rent"); })},
       {"the group view", [&] { form.click(form.mnugroup); }},
-      {"the journal", journal}};
+      {"the journal", [&] { lookIntoJournal(form); }}};
   for (Continuation& other : others) other.instead = other.act;
   for (const auto& save : saves) {
     FailingDeed deed{.what = save.what, .act = [&] { form.press(keys::Enter); }};
@@ -459,44 +454,27 @@ TEST_F(EntryTest, WhileALineCannotBePutBackTheOthersStay) {
   const std::string told =
       "Rent, RENT, 100.00 DR\r\nwas taken out by a save that failed. It could not be written back. "
       "Please try again.";
+  const std::vector<std::string> rent{"1", "Rent", "RENT", "100", "1"};
+  const std::vector<std::string> bank{"2", "Bank", "BANKS", "5", "2"};
+  const auto enterAgain = [&] { form.press(keys::Enter); };
+  const auto removeBank = [&] {
+    form.press(keys::Escape);
+    remove(form, "Bank");
+  };
+  const auto moveBank = [&] {
+    if (!form.famGroups.visible()) form.click(form.mnugroup);
+    chooseMove(form, "BANKS", "SALES");
+    form.click(form.cmdupdate);
+  };
   const struct {
     const char* what;
     std::function<void()> act;
     Statements refused;
     Rows result;
-  } cases[] = {{"Enter",
-                [&] { form.press(keys::Enter); },
-                {},
-                {{"2", "Bank", "BANKS", "5", "2"}, {"3", "Rent", "RENT", "60", "1"}}},
-               {"deleting",
-                [&] {
-                  form.press(keys::Escape);
-                  form.vsfm.setCurrent(form.vsfm.find(0, "Bank"));
-                  dialogs.queueAnswer(Answer::Yes);
-                  form.click(form.mnudelete);
-                },
-                {asked, told},
-                {{"1", "Rent", "RENT", "100", "1"}}},
-               {"moving a group",
-                [&] {
-                  if (!form.famGroups.visible()) form.click(form.mnugroup);
-                  form.cbogroup.choose(form.cbogroup.find("BANKS"));
-                  form.cbotgroup.choose(form.cbotgroup.find("SALES"));
-                  dialogs.queueAnswer(Answer::Yes);
-                  form.click(form.cmdupdate);
-                },
-                {told},
-                {{"1", "Rent", "RENT", "100", "1"}, {"2", "Bank", "SALES", "5", "2"}}},
-               {"the journal",
-                [&] {
-                  form.click(form.mnujournal);
-                  Form* journal = form.desk().find("frmjrnl");
-                  if (!journal) return;
-                  dialogs.queueAnswer(Answer::Yes);
-                  journal->close();
-                },
-                {told},
-                {{"1", "Rent", "RENT", "100", "1"}, {"2", "Bank", "BANKS", "5", "2"}}}};
+  } cases[] = {{"Enter", enterAgain, {}, {bank, {"3", "Rent", "RENT", "60", "1"}}},
+               {"deleting", removeBank, {asked, told}, {rent}},
+               {"moving a group", moveBank, {told}, {rent, {"2", "Bank", "SALES", "5", "2"}}},
+               {"the journal", [&] { lookIntoJournal(form); }, {told}, {rent, bank}}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     exec("delete from " + table);
@@ -509,7 +487,7 @@ TEST_F(EntryTest, WhileALineCannotBePutBackTheOthersStay) {
     messages();
     c.act();
     EXPECT_EQ(messages(), c.refused);
-    EXPECT_EQ(stored(), (Rows{{"2", "Bank", "BANKS", "5", "2"}}));
+    EXPECT_EQ(stored(), Rows{bank});
     EXPECT_EQ(form.lblhint.caption(),
               "What a save that failed has taken out could not be put back. The next save tries "
               "again.");
@@ -576,9 +554,7 @@ TEST_F(EntryTest, LinesWithoutANumberOfTheirOwnAreLikeAnyOther) {
             (Rows{{"A", "10"}, {"B", "11"}, {"D", "13"}, {"D", "13"}, {"E", "15"}, {"Z", "12"}}));
   begin(0);
   form.click(form.mnugroup);
-  form.cbogroup.choose(form.cbogroup.find("RENT"));
-  form.cbotgroup.choose(form.cbotgroup.find("SALES"));
-  yes();
+  chooseMove(form, "RENT", "SALES");
   form.click(form.cmdupdate);
   EXPECT_EQ(form.cbogroup.items(), Statements{"SALES"});
   EXPECT_EQ(form.vsf3.rows(), 6);
@@ -620,21 +596,16 @@ TEST_F(EntryTest, AfterAFailureTheScreenShowsWhatIsStored) {
   };
   failEachStatement(deed);
 
-  const auto choose = [&] {
-    form.cbogroup.choose(form.cbogroup.find("RENT"));
-    form.cbotgroup.choose(form.cbotgroup.find("BANKS"));
-    yes();
-  };
   deed.what = "moving a group";
   deed.arrange = [&] {
     books({}, {"Cash", "Rent"});
     form.click(form.mnugroup);
-    choose();
+    chooseMove(form, "RENT", "BANKS");
   };
   deed.act = [&] { form.click(form.cmdupdate); };
   const auto move = [&] {
     if (form.cbogroup.find("RENT") == 0) return;
-    choose();
+    chooseMove(form, "RENT", "BANKS");
     form.click(form.cmdupdate);
   };
   deed.next = {{"again", move}};
