@@ -52,6 +52,9 @@ struct Where {
   int year = 0;
   friend auto operator<=>(const Where&, const Where&) = default;
 };
+inline std::string said(const Where& where) {
+  return "client " + std::to_string(where.client + 1) + ", " + std::to_string(where.year);
+}
 using World = std::map<Where, Book>;
 
 // The groups of these books, each with the number of its primary group.

@@ -55,8 +55,6 @@ const Book& Checks::book(int year) const {
   return before ? world_.at(*before) : none;
 }
 
-// --- the tables ---------------------------------------------------------------------------------
-
 World Checks::stored() {
   World all;
   for (const auto& [where, known] : world_) {
@@ -122,9 +120,7 @@ void Checks::checkTables(const World& before, const std::vector<World>& candidat
   for (const auto& [where, book] : now) {
     const Rows was = rowsOf(then.at(where)), is = rowsOf(book), wanted = rowsOf(next.at(where));
     if (!failed) {
-      same("the trial balance of " + std::string(codes[where.client]) + " " +
-               std::to_string(where.year),
-           wanted, is);
+      same("the trial balance of " + said(where), wanted, is);
       for (const auto& [number, voucher] : next.at(where).vouchers) {
         const auto at = book.vouchers.find(number);
         same("voucher " + std::to_string(number), rowsOf(number, voucher),
@@ -178,8 +174,6 @@ void Checks::checkHalfPosted(const World& before, const World& after, const Deed
                                     " paise instead of " + std::to_string(expected));
   }
 }
-
-// --- the editor's screen ------------------------------------------------------------------------
 
 void Checks::checkScreen() {
   if (journal()) return checkVouchers();
@@ -315,8 +309,6 @@ void Checks::checkPrintout() {
   }
   same("the printout", expected, actual);
 }
-
-// --- the journal's screen -----------------------------------------------------------------------
 
 void Checks::checkVouchers() {
   const Grid& grid = journal()->vsf;

@@ -302,8 +302,6 @@ class PropertyTest : public Checks {
     }
   }
 
-  // --- drawing ----------------------------------------------------------------------------------
-
   int draw(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
 
   template <typename Many>
@@ -333,8 +331,8 @@ class PropertyTest : public Checks {
     Voucher voucher;
     const int year = journalOf_.year + draw(2);
     const int month = year == journalOf_.year ? 4 + draw(9) : 1 + draw(3);
-    const auto two = [](int number) { return (number < 10 ? "0" : "") + std::to_string(number); };
-    voucher.date = std::to_string(year) + "-" + two(month) + "-" + two(1 + draw(28));
+    const auto two = [](int number) { return std::to_string(100 + number).replace(0, 1, "-"); };
+    voucher.date = std::to_string(year) + two(month) + two(1 + draw(28));
     if (draw(2) == 0) voucher.narration = "Being " + std::to_string(draw(99));
     Paise total = 0;
     for (int count = 1 + draw(3); count > 0; --count) {
@@ -348,8 +346,6 @@ class PropertyTest : public Checks {
     return voucher;
   }
 
-  // --- the editor's acts ------------------------------------------------------------------------
-
   void open() {
     where_ = oneOf(world_).first;
     openYear();
@@ -358,15 +354,13 @@ class PropertyTest : public Checks {
   void openYear() {
     draft_.reset();
     // Whether the opening fails or not, it is this year's editor.
-    carryOut(
-        {.what = std::string("open ") + codes[where_.client] + " " + std::to_string(where_.year),
-         .press =
-             [this] {
-               select(codes[where_.client], where_.year);
-               editor().showYear(names[where_.client]);
-             },
-         .again = [this] { openYear(); },
-         .unloaded = &unloaded_});
+    carryOut({.what = "open " + said(where_),
+              .press =
+                  [this] {
+                    select(codes[where_.client], where_.year);
+                    editor().showYear(names[where_.client]);
+                  },
+              .unloaded = &unloaded_});
   }
 
   void changeView() {
@@ -380,32 +374,27 @@ class PropertyTest : public Checks {
 
   void refresh() {
     const int index = draw(6);
+    MenuEntry& menu = index < 4 ? editor().mnusortopt[index] : editor().mnurefresh;
     carryOut({.what = index < 4 ? "sort " + std::to_string(index + 1) : "refresh",
-              .press =
-                  [this, index] {
-                    frmcrtb& form = editor();
-                    form.click(index < 4 ? form.mnusortopt[index] : form.mnurefresh);
-                  },
+              .press = [&, this] { editor().click(menu); },
               .looksOnly = true});
   }
 
   void turnPage() {
-    const bool groupView = draw(2) == 0;
+    MenuEntry& page = draw(2) == 0 ? editor().mnugroup : editor().mnushsumm;
     draft_.reset();
-    carryOut({.what = groupView ? "group view" : "summary", .press = [this, groupView] {
-                editor().click(groupView ? editor().mnugroup : editor().mnushsumm);
-              }});
+    carryOut({.what = "page " + page.name(), .press = [&, this] { editor().click(page); }});
   }
 
   void toLines() {
     draft_.reset();
-    carryOutWithoutFailure({.what = "escape", .press = [this] {
-                              frmcrtb& form = editor();
-                              if (form.famLines.visible()) form.focus(form.txtpart);
-                              form.press(keys::Escape);
-                              require(form.famLines.visible(),
-                                      "Escape does not lead back to the lines");
-                            }});
+    const auto escape = [this] {
+      frmcrtb& form = editor();
+      if (form.famLines.visible()) form.focus(form.txtpart);
+      form.press(keys::Escape);
+      require(form.famLines.visible(), "Escape does not lead back to the lines");
+    };
+    carryOutWithoutFailure({.what = "escape", .press = escape});
   }
 
   void typeDraft(const Draft& draft) {
@@ -560,20 +549,16 @@ class PropertyTest : public Checks {
                   }});
   }
 
-  // --- the journal's acts -----------------------------------------------------------------------
-
   void openJournal() {
     if (unloaded_ || stale_) return;
     if (!editor().famLines.visible()) toLines();
     draft_.reset();
     journalOf_ = whereInView();
-    const auto press = [this] { editor().click(editor().mnujournal); };
     carryOut({.what = "journal",
-              .press = press,
-              .again =
-                  [this, press] {
-                    journal()->close();
-                    press();
+              .press =
+                  [this] {
+                    if (journal()) journal()->close();
+                    editor().click(editor().mnujournal);
                   },
               .posts = journalOf_,
               .unloaded = &journalUnloaded_});
@@ -642,23 +627,21 @@ class PropertyTest : public Checks {
                      const Voucher& voucher) {
     fillVoucher(voucher);
     checkBalances(voucher, number);
-    const auto update = [this] { journal()->click(journal()->cmdupdate); };
     carryOut({.what = what + " voucher " + std::to_string(number),
-              .press = update,
-              .change =
-                  [=, where = journalOf_](World& world) {
-                    world[where].post(old, -1);
-                    world[where].vouchers[number] = voucher;
-                    world[where].post(voucher, 1);
-                  },
-              .again =
-                  [this, number, voucher, update] {
+              .press =
+                  [=, this] {
                     if (journal()->Frame1.visible()) {
                       journal()->LOADGRID();
                       openVoucher(number);
                       fillVoucher(voucher);
                     }
-                    update();
+                    journal()->click(journal()->cmdupdate);
+                  },
+              .change =
+                  [=, where = journalOf_](World& world) {
+                    world[where].post(old, -1);
+                    world[where].vouchers[number] = voucher;
+                    world[where].post(voucher, 1);
                   },
               .posts = journalOf_,
               .voucher = number});
