@@ -185,7 +185,6 @@ class PropertyTest : public Checks {
     Paise amount = 0;  // without a sign
     Where where;
     std::optional<Entry> altered = {};
-    bool stored = false;  // although its save failed
     Paise signedAmount() const { return side == "D" ? amount : -amount; }
     std::string text() const {
       return pair.first + ", " + pair.second + ", " + plain(amount) + " " + side;
@@ -244,7 +243,9 @@ class PropertyTest : public Checks {
     if (failed || deed.lenient) candidates.push_back(before);
     if (undone_ && deed.looksOnly) candidates.push_back(stood);
     checkTables(before, candidates, deed, failed);
-    const bool decided = world_ == candidates[0] || world_ == before;
+    // What was typed stays until it is saved.
+    const bool kept = failed && deed.saves && !editor().txtpart.text().empty();
+    const bool decided = (world_ == candidates[0] && !kept) || world_ == before;
     if (decided || (!failed && !(deed.looksOnly && world_ == stood))) {
       undone_.reset();
     } else if (deed.saves) {
@@ -255,10 +256,7 @@ class PropertyTest : public Checks {
              sql != statement;
     });
     stale_ = (stale_ && !reloaded) || (failed && upperCase(statement).starts_with("SELECT"));
-    if (failed && deed.saves && draft_) {
-      draft_->stored = world_ == candidates[0];
-      if (editor().txtpart.text().empty()) draft_.reset();
-    }
+    if (failed && deed.saves && !kept) draft_.reset();
     if (deed.unloaded) *deed.unloaded = failed;
     if (failed) failed_ = Failed{deed, candidates[0]};
     look();
@@ -441,7 +439,7 @@ class PropertyTest : public Checks {
                   },
               .change =
                   [draft](World& world) {
-                    if (draft.amount == 0 || draft.stored) return;
+                    if (draft.amount == 0) return;
                     if (draft.altered) world[draft.where].take(*draft.altered);
                     world[draft.where].enter(draft.pair, draft.signedAmount());
                   },
