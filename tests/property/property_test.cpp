@@ -181,13 +181,12 @@ class PropertyTest : public Checks {
  private:
   struct Draft {
     Pair pair;
-    std::string side;
-    Paise amount = 0;  // without a sign
+    Paise amount = 0;
     Where where;
     std::optional<Entry> altered = {};
-    Paise signedAmount() const { return side == "D" ? amount : -amount; }
+    std::string side() const { return amount > 0 ? "D" : "C"; }
     std::string text() const {
-      return pair.first + ", " + pair.second + ", " + plain(amount) + " " + side;
+      return pair.first + ", " + pair.second + ", " + plain(amount) + " " + side();
     }
   };
   struct Failed {
@@ -400,16 +399,13 @@ class PropertyTest : public Checks {
     type(editor().txtpart, draft.pair.first);
     type(editor().txtgroup, draft.pair.second);
     type(editor().txtamount, draft.amount == 0 ? "" : plain(draft.amount));
-    type(editor().txtdrcr, draft.side);
+    type(editor().txtdrcr, draft.side());
   }
 
   void fill() {
     if (!editor().famLines.visible()) toLines();
     const Where where = whereInView();
-    const Pair pair = drawLine(world_[where].lines).first;
-    const Paise amount = drawAmount();
-    Draft draft{pair, amount > 0 ? "D" : "C", std::abs(amount), where};
-    if (draw(12) == 0) draft.amount = 0;
+    Draft draft{drawLine(world_[where].lines).first, draw(12) == 0 ? 0 : drawAmount(), where};
     if (!draft_) {
       if (draw(3) == 0) editor().click(editor().mnuinsert);
     } else if (draft_->altered) {
@@ -441,7 +437,7 @@ class PropertyTest : public Checks {
                   [draft](World& world) {
                     if (draft.amount == 0) return;
                     if (draft.altered) world[draft.where].take(*draft.altered);
-                    world[draft.where].enter(draft.pair, draft.signedAmount());
+                    world[draft.where].enter(draft.pair, draft.amount);
                   },
               .lenient = unloaded_,
               .looksOnly = draft.amount == 0,
@@ -476,16 +472,14 @@ class PropertyTest : public Checks {
     const bool second = view() == 2 && shownAmount(row, current) == 0;
     const Where where = second ? *yearBefore() : whereInView();
     if (openPairs(where)) return;
-    const Paise amount = shownAmount(row, second ? previous : current);
-    Draft draft{shownPair(row), amount > 0 ? "D" : "C", std::abs(amount), where,
-                Entry{shownPair(row), amount}};
+    const Entry line{shownPair(row), shownAmount(row, second ? previous : current)};
+    Draft draft{line.first, line.second, where, line};
     draft_ = draft;
     carryOutWithoutFailure(
         {.what = "alter " + draft.text(), .press = [this] { editor().click(editor().mnualter); }});
     if (draw(3) == 0) draft.pair.first = drawPair().first;
     if (draw(3) == 0) draft.pair.second = drawPair().second;
-    if (draw(3) > 0) draft.amount = std::abs(drawAmount());
-    if (draw(3) == 0) draft.side = draft.side == "D" ? "C" : "D";
+    if (draw(3) > 0) draft.amount = draw(2) == 0 ? -draft.amount : drawAmount();
     typeDraft(draft);
     if (draw(4) > 0) return save();
     look();
