@@ -57,8 +57,10 @@ QAction* FormMenu::addEntry(MenuEntry& entry) {
 }
 
 void FormMenu::draw(const MenuEntry& entry, QAction& action) {
-  action.setSeparator(entry.caption() == "-");
-  action.setText(toQt(entry.caption()));
+  // A style would draw the text of a separator beside its line.
+  const bool separates = entry.caption() == "-";
+  action.setSeparator(separates);
+  action.setText(separates ? QString() : toQt(entry.caption()));
   action.setVisible(entry.visible());
   action.setEnabled(entry.enabled());
   action.setCheckable(entry.checked());
