@@ -47,6 +47,8 @@ void emptyList(Grid& list, std::vector<std::string>& keys) {
 }  // namespace
 
 void frmcrtb::FORM_LOAD() {
+  // While the books are as the failed save left them.
+  putBack();
   // What a voucher left half posted is not to be seen as the year's figures.
   trap("FORM_LOAD", [&] { settlePostings(context_); });
   trap("FORM_LOAD", [&] {

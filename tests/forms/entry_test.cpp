@@ -391,6 +391,14 @@ TEST_F(EntryTest, WhatCannotBePutBackIsNamed) {
       line + "The books have changed since. Please enter it again if it is missing.";
   const std::string later = line + "It could not be written back. Opening the editor tries again.";
   const auto secondFailure = [&] { host().statements().failNext("insert into"); };
+  const auto halfPosted = [&] {
+    exec("create trigger refuses before insert on TAB_1 for each row signal sqlstate '45000'");
+    form.click(form.mnujournal);
+    EXPECT_EQ(&form, context().desk.active()) << "nothing is posted onto such books";
+    context().unposted.add({"TAB_1", "C1"}, {ledger("Rent"), group("RENT")}, 5);
+    form.close();
+    exec("drop trigger refuses");
+  };
   const auto yearGone = [&] {
     exec("delete from TAB_1");
     exec("delete from master where code_no='C1'");
@@ -399,13 +407,14 @@ TEST_F(EntryTest, WhatCannotBePutBackIsNamed) {
     const char* what;
     std::function<void()> between;
     Statements told;
-    const char* rows;  // of Rent, after the editor was closed and opened
+    const char* rows;  // and their sum, after the editor was closed and opened
   } cases[] = {
-      {"nothing", [] {}, {}, "1"},
-      {"a second failure", secondFailure, {later}, "1"},
-      {"entered elsewhere", [&] { put(table, "3", "Rent", "RENT", "100,1"); }, {changed}, "1"},
-      {"no group", [&] { exec("delete from mast_allgrp where allgrp='RENT'"); }, {changed}, "0"},
-      {"no year", yearGone, {}, "0"},
+      {"nothing", [] {}, {}, "1 100"},
+      {"a second failure", secondFailure, {later}, "1 100"},
+      {"failures and half a voucher", halfPosted, {later}, "1 105"},
+      {"entered elsewhere", [&] { put(table, "3", "Rent", "RENT", "100,1"); }, {changed}, "1 100"},
+      {"no group", [&] { exec("delete from mast_allgrp where allgrp='RENT'"); }, {changed}, "0 0"},
+      {"no year", yearGone, {}, "0 0"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -422,7 +431,7 @@ TEST_F(EntryTest, WhatCannotBePutBackIsNamed) {
     form.close();
     EXPECT_EQ(messages(), c.told);
     form.show();
-    EXPECT_EQ(value("select count(*) from TAB_1"), c.rows);
+    EXPECT_EQ(value("select concat(count(*),' ',ifnull(sum(amt),0)) from TAB_1"), c.rows);
     form.close();
     messages();
   }
