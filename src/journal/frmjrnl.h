@@ -214,6 +214,7 @@ class frmjrnl : public Form {
   void takeGroup(int line);
   void groupTaken(int line, long id);
   void ledgerTaken(int line, long id);
+  long newLedger(const std::string& name);
   void addLedger(const std::string& name, long id);
 
   // Keys.
@@ -244,12 +245,13 @@ class frmjrnl : public Form {
   void post(const std::vector<VoucherLine>& lines, double sign);
   StoredVoucher readVoucher(long vid);
   void balanceChanged(LedgerGroup pair, double balance);
-  std::string missingAmounts() const;
+  std::string missingAmounts();
 
   // Printing.
   void beginReport(const std::string& heading, int columns);
   std::string headingOfPeriod(const std::string& what, const std::string& from,
                               const std::string& to) const;
+  void collectMerged(ScratchTables& scratch);
   std::vector<SubsidiaryRow> readSubsidiary();
   void printSubsidiary(const std::vector<SubsidiaryRow>& rows);
 

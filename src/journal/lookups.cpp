@@ -131,28 +131,29 @@ void frmjrnl::ledgerTaken(int line, long id) {
 }
 
 std::optional<long> frmjrnl::CHECKLEDGER(const std::string& name) {
-  std::optional<long> id = 0;
+  std::optional<long> id;
+  hint("The ledger could not be looked up; the error log says why. Enter tries again.");
   trap("CHECKLEDGER", [&] {
     const auto rows = context_.query("Select * From Mast_Part Where Particular='" +
                                      context_.host->escaped(upperCase(trimmed(name))) + "'");
-    if (const auto found = bestMatch(*rows, "PartId", "Particular", name)) {
-      if (nameMeant(context_.dialogs, name, found->name, caption())) {
-        id = found->id;
-        addLedger(found->name, found->id);
-      } else {
-        id.reset();
-        hint(chooseAnotherName);
-      }
+    const auto found = bestMatch(*rows, "PartId", "Particular", name);
+    if (found && !nameMeant(context_.dialogs, name, found->name, caption())) {
+      hint(chooseAnotherName);
       return;
     }
-    if (ask("Do you want to Create New Ledger '" + name + "'?") != Answer::Yes) return;
-    id = context_.host->GetMax_MastPartId(name);
-    if (id == 0) {
-      tell("Failed to Create Master [" + name + "].");
-    } else {
-      addLedger(name, *id);
-    }
+    const long known = found ? found->id : newLedger(name);
+    if (known != 0) addLedger(found ? found->name : name, known);
+    id = known;
+    hint("");
   });
+  return id;
+}
+
+// 0 when a person does not want it, or it cannot be made.
+long frmjrnl::newLedger(const std::string& name) {
+  if (ask("Do you want to Create New Ledger '" + name + "'?") != Answer::Yes) return 0;
+  const long id = context_.host->GetMax_MastPartId(name);
+  if (id == 0) tell("Failed to Create Master [" + name + "].");
   return id;
 }
 

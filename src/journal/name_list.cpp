@@ -61,14 +61,14 @@ const NameList::Entry* NameList::findId(long id) const {
 }
 
 const NameList::Entry* NameList::beginning(std::string_view text) const {
-  const std::string wanted = nameKey(text);
+  const std::string wanted = beginningKey(text);
   const auto at = lowerBound(wanted);
   const bool begins = at != entries_.end() && at->key.starts_with(wanted);
   return begins && !wanted.empty() ? &*at : nullptr;
 }
 
 NameList::Matches NameList::matching(std::string_view text) const {
-  const std::string wanted = nameKey(text);
+  const std::string wanted = beginningKey(text);
   Matches matches;
   auto at = lowerBound(wanted);
   for (; at != entries_.end() && at->key.starts_with(wanted); ++at) {

@@ -164,6 +164,7 @@ TEST_F(JournalEntry, ListFollowsWhatIsTyped) {
       {"CASH", {{"Cash"}, {"Petty Cash"}}, 1},
       {"fee", {{"Banking Fee"}}, 0},
       {"ank", {}, 0},
+      {"bank ", {{"Bank Charges"}}, 1},
   };
   for (const auto& c : cases) {
     form.txtledger[0].setText("");
@@ -256,7 +257,9 @@ TEST_F(JournalEntry, CreatesALedgerWhenToldTo) {
   host().statements().failNext("Select * From Mast_Part");
   type(form.txtledger[0], "Unreachable");
   form.press(keys::Tab);
-  EXPECT_EQ(form.txtledger[0].text(), "");
+  EXPECT_EQ(form.txtledger[0].text(), "Unreachable") << "for another attempt";
+  EXPECT_EQ(active(), "txtledger0");
+  EXPECT_NE(form.lblhint.caption().find("could not be looked up"), std::string::npos);
   const Texts lines = log();
   ASSERT_EQ(lines.size(), 1U);
   EXPECT_NE(lines[0].find("frmjrnl\tCHECKLEDGER"), std::string::npos);
