@@ -43,6 +43,12 @@ long MergedGroups::successor(long id) const {
   return id;
 }
 
+std::vector<long> MergedGroups::merged() const {
+  std::vector<long> ids;
+  for (const auto& [id, into] : into_) ids.push_back(id);
+  return ids;
+}
+
 std::vector<long> MergedGroups::predecessors(long id) const {
   std::vector<long> found;
   for (const auto& [merged, into] : into_) {

@@ -20,6 +20,7 @@ class MergedGroups {
   long successor(long id) const;
   // The groups in whose place it stands.
   std::vector<long> predecessors(long id) const;
+  std::vector<long> merged() const;
   // The highest id of a merged group, 0 when there is none: it is not given again.
   long highest() const { return into_.empty() ? 0 : into_.rbegin()->first; }
 

@@ -27,6 +27,8 @@ inline constexpr const char* notDeleted =
 inline constexpr const char* halfPosted =
     "A voucher is half posted; the error log says why. What is missing is posted with the next "
     "voucher, or when the journal is left.";
+inline constexpr const char* notPrinted =
+    "The subsidiary trial balance could not be printed; the error log says why.";
 inline constexpr const char* notLoaded =
     "Ledgers and balances could not be loaded; the error log says why.";
 

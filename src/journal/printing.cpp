@@ -1,5 +1,7 @@
 // The journal's printouts: the list of vouchers as it stands, and the subsidiary trial balance.
+#include "data/sql.h"
 #include "host/busy.h"
+#include "host/merged_groups.h"
 #include "host/report.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
@@ -98,6 +100,9 @@ void frmjrnl::CMDPRN_CLICK() {
 // --- the subsidiary trial balance ---------------------------------------------------------------
 
 void frmjrnl::CMDTB_CLICK() {
+  // What the line at the foot says of the last failure holds no more.
+  const bool toldOfFailure = !posting_.settled() || lblstatus.caption() == notPrinted;
+  bool done = false;
   trap("CMDTB_CLICK", [&] {
     const Busy busy(context_);
     // What stands in the journal and not in the trial balance would count as original.
@@ -108,6 +113,7 @@ void frmjrnl::CMDTB_CLICK() {
     scratch.execute(collect("-sum(Amt),0,0", table_, client_, ".Nid=2"));
     scratch.execute(collect("0,sum(Amount),0", journal_, client_, ".Amount>0"));
     scratch.execute(collect("0,0,sum(Amount)", journal_, client_, ".Amount<0"));
+    collectMerged(scratch);
     scratch.execute(
         "Insert into Ledger_Temp Select Part,AllGrp,sum(Amt),sum(AmtDr),sum(AmtCr) from "
         "Ledger_Temp1 group by AllGrp,Part");
@@ -118,8 +124,28 @@ void frmjrnl::CMDTB_CLICK() {
     } else {
       printSubsidiary(rows);
     }
+    done = true;
     scratch.drop(ScratchTables::summed);
   });
+  if (toldOfFailure) LOADGRID();
+  if (!done) lblstatus.setCaption(notPrinted);
+}
+
+// The journal's lines of a group that was merged away, which has no name, go to the group under
+// which the trial balance has their ledgers by now.
+void frmjrnl::collectMerged(ScratchTables& scratch) {
+  const Sql debit = "sum(if(Amount>0,Amount,0))";
+  const Sql credit = "sum(if(Amount<0,Amount,0))";
+  const MergedGroups groups(context_);
+  for (const long id : groups.merged()) {
+    const Sql ofGroup = ".allid=" + sqlNumber(id);
+    scratch.execute(collect("0,-" + debit + ",-" + credit, journal_, client_, ofGroup));
+    scratch.execute("Insert into Ledger_Temp1 Select Particular,AllGrp,0," + debit + "," + credit +
+                    " from " + journal_ + " LEFT JOIN mast_part ON " + journal_ +
+                    ".partid=mast_part.partid LEFT JOIN mast_allgrp on mast_allgrp.allid=" +
+                    sqlNumber(groups.successor(id)) + " where " + journal_ + ".code_no='" +
+                    client_ + "' and " + journal_ + ofGroup + " group by " + journal_ + ".partid");
+  }
 }
 
 // Sums of whole paise: what adding in binary leaves over makes no row.

@@ -159,6 +159,24 @@ TEST_F(JournalPrinting, LeavesOutWhatIsNoPaisa) {
                   {"Grant Total", "0.00", "30.00", "30.00", "0.00", "0.00", "0.00"}}));
 }
 
+// The trial balance has such lines under the group merged with, the journal under the one that is
+// gone.
+TEST_F(JournalPrinting, AMergedGroupsAdjustmentsStandBesideTheirBalance) {
+  addYear("C1", 2008, {{"Rent", "RENT", 150}, {"Tax", "RENT", 20}});
+  exec("insert into SuiteMisc(Section,Name,Value) values('AllGrp','Merged','77>3 ')");
+  put(1, 1, "Rent", "RENT", 10);
+  put(2, 1, "Rent", "RENT", 70);
+  put(3, 1, "Rent", "RENT", -30);
+  exec("update JRNL_1 set AllId=77 where VID>1");
+  open("C1", 2008);
+  EXPECT_EQ(subsidiary(),
+            (Rows{{"RENT", "", "", "", "", "", ""},
+                  {"Rent", "100.00", "-", "80.00", "30.00", "150.00", "-"},
+                  {"Tax", "20.00", "-", "-", "-", "20.00", "-"},
+                  {"Total", "120.00", "-", "80.00", "30.00", "170.00", "-"},
+                  {"Grant Total", "120.00", "0.00", "80.00", "30.00", "170.00", "0.00"}}));
+}
+
 TEST_F(JournalPrinting, SendsTheStatementsOfTheSubsidiaryInOrder) {
   addYear("C1", 2008);
   frmjrnl& form = open("C1", 2008);
