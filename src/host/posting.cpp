@@ -1,6 +1,7 @@
 #include "host/posting.h"
 
 #include <cmath>
+#include <exception>
 
 #include "data/sql.h"
 #include "host/amount.h"
@@ -11,16 +12,39 @@ void Posting::open(const ClientTable& books) {
   books_ = books;
   table_ = sqlName(books.table);
   client_ = context_.host->escaped(books.client);
-  merged_.emplace(context_);
+  merged_.reset();
 }
 
-LedgerGroup Posting::standing(LedgerGroup pair) const {
-  if (merged_) pair.allId = merged_->successor(pair.allId);
+void Posting::readMerged() {
+  if (!merged_) merged_.emplace(context_);
+}
+
+LedgerGroup Posting::standing(LedgerGroup pair) {
+  readMerged();
+  pair.allId = merged_->successor(pair.allId);
   return pair;
 }
 
 void Posting::settle() {
+  // Now, so that nothing can fail between a change of the journal and its entry here.
+  readMerged();
+  if (settled()) return;
+  if (!yearIsThere()) return context_.unposted.forget(books_);
+  // A group may have been merged elsewhere since.
+  for (const LedgerGroup pair : missing()) {
+    const double amount = missing(pair);
+    context_.unposted.add(books_, pair, -amount);
+    context_.unposted.add(books_, standing(pair), amount);
+  }
   for (const LedgerGroup pair : missing()) post(pair, missing(pair));
+}
+
+// Somebody may have deleted the year, and its journal with it.
+bool Posting::yearIsThere() {
+  return !context_
+              .query("select tbl_nm from master where code_no='" + client_ +
+                     "' and tbl_nm=" + context_.host->quoted(books_.table))
+              ->EOF_();
 }
 
 void Posting::journalChanged(LedgerGroup pair, double amount) {
@@ -68,11 +92,17 @@ void Posting::insertBalance(LedgerGroup pair, double balance) {
 }
 
 void settlePostings(Context& context) {
+  std::exception_ptr failure;
   for (const ClientTable& books : context.unposted.books()) {
-    Posting posting(context);
-    posting.open(books);
-    posting.settle();
+    try {
+      Posting posting(context);
+      posting.open(books);
+      posting.settle();
+    } catch (const std::exception&) {
+      failure = std::current_exception();  // the other books are settled all the same
+    }
   }
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace quillet

@@ -23,7 +23,8 @@ class Posting {
   std::function<void(LedgerGroup pair, double balance)> Changed;
 
   // Posts what earlier failures left undone; to be called before anything is stored or posted.
-  // Throws when that fails again: the books are not to be built on then.
+  // Throws when that fails again: the books are not to be built on then. What a year that was
+  // deleted lacks is forgotten.
   void settle();
   bool settled() const { return !context_.unposted.any(books_); }
   // What the table lacks of the pair, and of which pairs.
@@ -35,17 +36,19 @@ class Posting {
   void post(LedgerGroup pair, double amount);
   // The pair under which the table keeps it: the lines of a group that was merged away stand under
   // the one it went into.
-  LedgerGroup standing(LedgerGroup pair) const;
+  LedgerGroup standing(LedgerGroup pair);
 
  private:
+  void readMerged();
+  bool yearIsThere();
   double storedBalance(const Sql& ofPair);
   void insertBalance(LedgerGroup pair, double balance);
 
   Context& context_;
   ClientTable books_;
   Sql table_;
-  Sql client_;  // code_no as it stands between quotes
-  std::optional<MergedGroups> merged_;
+  Sql client_;                          // code_no as it stands between quotes
+  std::optional<MergedGroups> merged_;  // read when it is first needed
 };
 
 // Settles every trial balance of which something is missing: what rewrites ledgers and groups in

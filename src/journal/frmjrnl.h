@@ -245,7 +245,7 @@ class frmjrnl : public Form {
   void post(const std::vector<VoucherLine>& lines, double sign);
   StoredVoucher readVoucher(long vid);
   void balanceChanged(LedgerGroup pair, double balance);
-  std::string missingAmounts();
+  std::string missingAmounts() const;
 
   // Printing.
   void beginReport(const std::string& heading, int columns);

@@ -217,8 +217,9 @@ void frmjrnl::SAVEVCH() {
   showList();
   selectVoucher(vid_);
   if (period != from_ + to_ && posting_.settled()) {
-    lblstatus.setCaption("The period shown was widened to hold the voucher of " + txtdt.text() +
-                         ".");
+    const std::string besides = lblstatus.caption().empty() ? "" : lblstatus.caption() + ' ';
+    lblstatus.setCaption(besides + "The period shown was widened to hold the voucher of " +
+                         txtdt.text() + ".");
   }
 }
 

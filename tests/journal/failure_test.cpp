@@ -1,6 +1,8 @@
 // A statement that fails in the middle of a voucher, and whatever is done next: the trial balance
 // ends as the original figures and the journal explain it.
+#include "data/errors.h"
 #include "deletion/frmdelwhatinTB.h"
+#include "host/posting.h"
 #include "journal/form_parts.h"
 #include "journal_fixture.h"
 #include "masters/frmgrpmas.h"
@@ -232,6 +234,45 @@ TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
   open("C1", 2008);
   EXPECT_EQ(rows("select * from TAB_1 where code_no='C1'"), Rows{});
   messages();
+}
+
+// Neither books that cannot be posted nor those of a year that is gone stand in the way of others.
+TEST_F(JournalFailure, PostsWhatCanBePosted) {
+  arrangeBooks();
+  leaveHalfPosted();
+  context().unposted.add({"TAB_1", "C0"}, {1, 1}, 5);  // nobody's any more
+  // What is missing of the cash, under a group that another workstation has merged since.
+  exec("insert into SuiteMisc(Section,Name,Value) values('AllGrp','Merged','77>1 ')");
+  const ClientTable books{"TAB_1", "C1"};
+  const double cash = context().unposted.of(books, {1, 1});
+  context().unposted.add(books, {1, 1}, -cash);
+  context().unposted.add(books, {1, 77}, cash);
+  exec("insert into master(code_no,tbl_nm) values('C1','TAB_DROPPED')");
+  context().unposted.add({"TAB_DROPPED", "C1"}, {1, 1}, 5);
+  EXPECT_THROW(settlePostings(context()), RunTimeError);
+  EXPECT_EQ(unexplained(), Rows{});
+  EXPECT_EQ(context().unposted.books().size(), 1U) << "of the table that is missing";
+  context().unposted = {};
+}
+
+// What is said of the last failure goes with it.
+TEST_F(JournalFailure, TheSubsidiaryTrialBalanceSaysWhatBecameOfIt) {
+  arrangeBooks();
+  const auto print = [&](const char* failing) {
+    host().statements().failNext(failing);
+    journal().click(journal().cmdtb);
+    host().statements().failNext("no such statement");
+    return journal().lblstatus.caption();
+  };
+  pickVoucher(1);
+  host().statements().failNext("Delete from JRNL_1");
+  remove();
+  EXPECT_EQ(journal().lblstatus.caption(), halfPosted);
+  EXPECT_EQ(print("from TAB_1"), notPrinted);
+  EXPECT_FALSE(context().unposted.books().empty());
+  EXPECT_EQ(print("Create Table"), notPrinted) << "posted, and not printed";
+  EXPECT_TRUE(context().unposted.books().empty());
+  EXPECT_EQ(print("no such statement"), "");
 }
 
 TEST_F(JournalFailure, SaysWhatCouldNotBeLoaded) {
