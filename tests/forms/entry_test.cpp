@@ -395,6 +395,7 @@ TEST_F(EntryTest, WhatCannotBePutBackIsNamed) {
     exec("create trigger refuses before insert on TAB_1 for each row signal sqlstate '45000'");
     form.click(form.mnujournal);
     EXPECT_EQ(&form, context().desk.active()) << "nothing is posted onto such books";
+    messages();
     context().unposted.add({"TAB_1", "C1"}, {ledger("Rent"), group("RENT")}, 5);
     form.close();
     exec("drop trigger refuses");
