@@ -7,7 +7,7 @@
 namespace quillet::support {
 namespace {
 
-class BindingTest : public MastersTest {
+class BindingTest : public MasterTest<frmgrpRM> {
  protected:
   BindingTest() {
     for (const char* name : {"OPEN A", "OPEN B", "OPEN UNUSED"}) group(name, 18);
@@ -27,13 +27,21 @@ class BindingTest : public MastersTest {
   // Shows the form without a question about the previous year.
   void open() {
     form.INITDATA({"C1", "Asha Traders", "TAB_2", "01042008", "31032009"});
-    form.showModal();
-    statements();
+    MasterTest::open();
   }
-  void enter(const std::string& head, const Texts& groups) {
+  std::string enter(const std::string& head, const Texts& groups) {
     if (!head.empty()) choose(form.cbohead, head);
     for (int i = 0; i < 3; ++i) choose(form.cbogroup[i], groups[static_cast<std::size_t>(i)]);
-    press(form, form.cmdupdateM);
+    return said(form.cmdupdateM);
+  }
+  void modify(const std::string& srNo) {
+    pick(form.vsfM, 0, srNo);
+    press(form.cmdmodifyM);
+  }
+  std::string enterHead(const std::string& text, const std::string& type = {}) {
+    MastersTest::type(form.txthead, text);
+    if (!type.empty()) choose(form.cbotype, type);
+    return said(form.cmdupdateG);
   }
   Rows stored(const std::string& client = "C1") {
     return rows(
@@ -46,19 +54,8 @@ class BindingTest : public MastersTest {
     bind("RMGRP_2 values('C1',1,1," + id("OPEN A") + ",0,0,0,3),('C1',2,2," + id("OPEN B") +
          ",0,0,0,1),('C1',3,3,0," + id("BUY A") + ",0,0,2)");
   }
-  Texts order() {
-    Texts heads;
-    for (const auto& row : shown(form.vsfM)) heads.push_back(row[0]);
-    return heads;
-  }
-  std::string told(const std::string& text) {
-    return text + "|OK information OK|" + form.caption();
-  }
-  std::string asked(const std::string& text, const std::string& title = {}) {
-    return text + "|YesNo question No|" + (title.empty() ? form.caption() : title);
-  }
+  Texts order() { return listed(form.vsfM); }
 
-  frmgrpRM form{context()};
   std::string neighbour;
 };
 
@@ -104,7 +101,7 @@ TEST_F(BindingTest, OffersWhatIsBoundThoughTheYearHasLostIt) {
 
 TEST_F(BindingTest, AddsAndChangesItems) {
   open();
-  press(form, form.cmdaddM);
+  press(form.cmdaddM);
   EXPECT_EQ(form.cbogroup[1].text(), "(None)");
   enter("RAW MATERIAL", {"OPEN A", "BUY A", "CLOSE A"});
   const std::string column = " Where Code_No='C1' and ";
@@ -119,13 +116,13 @@ TEST_F(BindingTest, AddsAndChangesItems) {
                          "Insert Into RMGRP_2 Values ('C1',1,1," + id("OPEN A") + "," +
                              id("BUY A") + ",0," + id("CLOSE A") + ",1)",
                          "Flush Tables"}));
-  press(form, form.cmdaddM);
+  press(form.cmdaddM);
   enter("RAW MATERIAL", {"OPEN B", "(None)", "(None)"});
   EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", "OPEN A", "BUY A", "CLOSE A"},
                                     {"RAW MATERIAL", "OPEN B", "(None)", "(None)"}}));
   exec("update RMGRP_2 set SalGrpId=99 where Code_No='C1'");
   statements();
-  press(form, form.cmdmodifyM);
+  press(form.cmdmodifyM);
   enter("FINISHED GOODS", {"OPEN B", "BUY B", "(None)"});
   EXPECT_EQ(statements()[2], "Update RMGRP_2 Set GrpSr=2,OsGrpId=" + id("OPEN B") +
                                  ",PurGrpId=" + id("BUY B") +
@@ -138,14 +135,12 @@ TEST_F(BindingTest, AGroupThatIsReleasedIsNoLongerOffered) {
   bind("RMGRP_2 values('C1',1,1,0,0,0," + id("CLOSE UNUSED") + ",1),('C1',2,2," +
        id("OPEN UNUSED") + ",0,0,0,2)");
   open();
-  pick(form.vsfM, 0, "1");
-  press(form, form.cmdmodifyM);
+  modify("1");
   enter("", {"(None)", "(None)", "CLOSE A"});
   EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A"}));
   EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "the fields show the saved item";
   pick(form.vsfM, 0, "2");
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmddeleteM);
+  press(form.cmddeleteM, {yes});
   EXPECT_EQ(form.cbogroup[0].items(), (Texts{"(None)", "OPEN A", "OPEN B"}));
   EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "of the item that is left";
 }
@@ -156,10 +151,9 @@ TEST_F(BindingTest, ABoundGroupIsKeptWhereverItWent) {
   exec("update Mast_AllGrp set GID=22 where ALLID=" + moved);
   open();
   EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", moved, "777", "(None)"}}));
-  form.vsfM.setCurrent(1);
-  press(form, form.cmdmodifyM);
+  modify("1");
   choose(form.cbohead, "FINISHED GOODS");
-  press(form, form.cmdupdateM);
+  press(form.cmdupdateM);
   EXPECT_EQ(stored(), (Rows{{"1", "2", moved, "777", "0", "0", "1"}}));
 }
 
@@ -168,30 +162,20 @@ TEST_F(BindingTest, RefusalsComeInTheirOrder) {
   open();
   const Texts none = {"(None)", "(None)", "(None)"};
   for (Button* command : {&form.cmdmodifyM, &form.cmddeleteM}) {
-    press(form, *command);
-    EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+    EXPECT_EQ(said(*command), told("Please Select an Item."));
   }
-  press(form, form.cmdaddM);
-  press(form, form.cmdupdateM);
-  EXPECT_EQ(onlyMessage(), told("Please Select 'Raw Material Group Type'."));
+  press(form.cmdaddM);
+  EXPECT_EQ(said(form.cmdupdateM), told("Please Select 'Raw Material Group Type'."));
   EXPECT_EQ(form.active(), &form.cbohead);
-  enter("RAW MATERIAL", none);
-  EXPECT_EQ(onlyMessage(), told("Please Select Group for atleast one Item."));
-  enter("", {"OPEN A", "BUY A", "(None)"});
-  EXPECT_EQ(onlyMessage(), told("Opening Stock already used!!"));
-  enter("", {"(None)", "BUY A", "(None)"});
-  EXPECT_EQ(onlyMessage(), told("Purchases already used!!"));
-  press(form, form.cmdcancelM);
-  pick(form.vsfM, 0, "1");
-  press(form, form.cmdmodifyM);
-  enter("", {"OPEN B", "(None)", "(None)"});
-  EXPECT_EQ(onlyMessage(), told("Opening Stock already used!!"));
-  dialogs.queueAnswer(Answer::No);
-  form.press(keys::Escape);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Entry?"));
+  EXPECT_EQ(enter("RAW MATERIAL", none), told("Please Select Group for atleast one Item."));
+  EXPECT_EQ(enter("", {"OPEN A", "BUY A", "(None)"}), told("Opening Stock already used!!"));
+  EXPECT_EQ(enter("", {"(None)", "BUY A", "(None)"}), told("Purchases already used!!"));
+  press(form.cmdcancelM);
+  modify("1");
+  EXPECT_EQ(enter("", {"OPEN B", "(None)", "(None)"}), told("Opening Stock already used!!"));
+  EXPECT_EQ(said(keys::Escape, {no}), asked("Do you want to Cancel Entry?"));
   EXPECT_EQ(changes(), Texts());
-  enter("", {"OPEN A", "(None)", "(None)"});
-  EXPECT_TRUE(messages().empty()) << "an item's own group is free to it";
+  EXPECT_EQ(enter("", {"OPEN A", "(None)", "(None)"}), "") << "an item's own group is free to it";
 }
 
 TEST_F(BindingTest, DeletingClosesTheGapInTheOrder) {
@@ -199,13 +183,10 @@ TEST_F(BindingTest, DeletingClosesTheGapInTheOrder) {
   open();
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "WORK-IN-PROGRESS", "RAW MATERIAL"}));
   pick(form.vsfM, 0, "3");
-  dialogs.queueAnswer(Answer::No);
-  press(form, form.cmddeleteM);
-  EXPECT_EQ(onlyMessage(),
+  EXPECT_EQ(said(form.cmddeleteM, {no}),
             asked("Do you want to delele the Selected Item ?", "Delete Confirmation"));
   EXPECT_EQ(changes(), Texts());
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmddeleteM);
+  press(form.cmddeleteM, {yes});
   EXPECT_EQ(changes(), (Texts{"Delete from RMGRP_2 Where Code_No='C1' and SrNo=3", "Flush Tables",
                               "Update RMGRP_2 Set GrpOrder=GrpOrder-1 Where Code_No='C1' and "
                               "GrpOrder>2",
@@ -221,30 +202,23 @@ TEST_F(BindingTest, SortsByHand) {
   bindThree();
   open();
   EXPECT_FALSE(form.cmdup.enabled());
-  press(form, form.cmdsortorder);
-  press(form, form.cmdup);
-  EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+  press(form.cmdsortorder);
+  EXPECT_EQ(said(form.cmdup), told("Please Select an Item."));
   pick(form.vsfM, 0, "1");
-  press(form, form.cmdup);
-  press(form, form.cmdup);
-  press(form, form.cmdup);
+  for (int step = 0; step < 3; ++step) press(form.cmdup);
   EXPECT_EQ(order(), (Texts{"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS"}));
-  press(form, form.cmddown);
+  press(form.cmddown);
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL", "WORK-IN-PROGRESS"}));
-  dialogs.queueAnswer(Answer::Yes);
-  form.press(keys::Escape);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Changes in Sorting Order?"));
+  EXPECT_EQ(said(keys::Escape, {yes}), asked("Do you want to Cancel Changes in Sorting Order?"));
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "WORK-IN-PROGRESS", "RAW MATERIAL"}));
   EXPECT_EQ(changes(), Texts());
 
-  press(form, form.cmdsortorder);
+  press(form.cmdsortorder);
   pick(form.vsfM, 0, "3");
-  press(form, form.cmdup);
-  dialogs.queueAnswer(Answer::No);
-  press(form, form.cmdupdateM);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to Update Sorting Order?"));
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmdupdateM);
+  press(form.cmdup);
+  for (const Answer reply : {no, yes}) {
+    EXPECT_EQ(said(form.cmdupdateM, {reply}), asked("Do you want to Update Sorting Order?"));
+  }
   const auto update = [](int place, int item) {
     return "Update RMGRP_2 Set GrpOrder=" + std::to_string(place) +
            " Where Code_No='C1' and SrNo=" + std::to_string(item);
@@ -252,17 +226,10 @@ TEST_F(BindingTest, SortsByHand) {
   EXPECT_EQ(changes(), (Texts{update(1, 3), update(2, 2), update(3, 1), "Flush Tables"}));
   EXPECT_EQ(order(), (Texts{"WORK-IN-PROGRESS", "FINISHED GOODS", "RAW MATERIAL"}));
   EXPECT_EQ(form.vsfM.current(), 1);
-  EXPECT_TRUE(form.cmdaddM.enabled());
-}
-
-TEST_F(BindingTest, AsksBeforeItCloses) {
-  open();
-  dialogs.queueAnswer(Answer::No);
-  press(form, form.cmdbackM);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to Exit?"));
-  EXPECT_TRUE(form.visible());
-  dialogs.queueAnswer(Answer::Yes);
-  EXPECT_TRUE(form.close());
+  for (const Answer reply : {no, yes}) {
+    EXPECT_EQ(said(form.cmdbackM, {reply}), asked("Do you want to Exit?"));
+    EXPECT_EQ(form.visible(), reply == no);
+  }
 }
 
 // --- the previous year --------------------------------------------------------------------------
@@ -272,11 +239,11 @@ TEST_F(BindingTest, ImportsThePreviousYear) {
        ",0,0,0,1)");
   bind("RMGRP_1 " + neighbour);
   exec("insert into RmSchSetup values('C1',2008,'It\\'s','R','O','P','S','C')");
-  dialogs.queueAnswer(Answer::No);
+  answer({no});
   open();
   EXPECT_EQ(onlyMessage(), asked("Do you want to Import from Previous Year?"));
   EXPECT_EQ(stored(), Rows());
-  for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
+  answer({yes, yes});
   form.close();
   statements();
   form.showModal();
@@ -295,12 +262,16 @@ TEST_F(BindingTest, ImportsThePreviousYear) {
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL"}));
   EXPECT_EQ(stored().size(), 2U);
   EXPECT_EQ(stored("O\\'C2").size(), 1U);
-  messages();
-  dialogs.queueAnswer(Answer::Yes);
-  form.close();
-  messages();
+  leave(form);
   form.showModal();
   EXPECT_TRUE(messages().empty()) << "a year that has a binding keeps it";
+
+  leave(form);
+  exec("delete from RMGRP_2 where Code_No='C1'");
+  exec("update RmSchSetup set Head='new' where FYr=2009");
+  answer({yes});
+  form.showModal();
+  EXPECT_EQ(rows("select Head from RmSchSetup where FYr=2009"), (Rows{{"new"}}));
 }
 
 TEST_F(BindingTest, AQuoteInTheClientsCodeKeepsItsRowsApart) {
@@ -308,44 +279,30 @@ TEST_F(BindingTest, AQuoteInTheClientsCodeKeepsItsRowsApart) {
   exec("delete from RMGRP_2 where Code_No<>'C1'");
   bind("RMGRP_1 " + neighbour);
   exec("insert into RmSchSetup values(\"O'C2\",2009,'H','R','O','P','S','C')");
-  dialogs.queueAnswer(Answer::Yes);
+  answer({yes});
   form.INITDATA({"O'C2", "Neighbour & Co", "TAB_2", "01042009", "31032010"});
   form.showModal();
   EXPECT_EQ(onlyMessage(), asked("Do you want to Import from Previous Year?"));
   EXPECT_EQ(value("select Head from RmSchSetup where FYr=2010"), "H");
-  press(form, form.cmdaddM);
+  press(form.cmdaddM);
   enter("FINISHED GOODS", {"OPEN UNUSED", "(None)", "(None)"});
-  press(form, form.cmdsortorder);
-  press(form, form.cmdup);
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmdsortorder);
+  press(form.cmdsortorder);
+  press(form.cmdup);
+  press(form.cmdsortorder, {yes});
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "RAW MATERIAL"}));
   EXPECT_EQ(stored("O\\'C2"), (Rows{{"7", "1", id("OPEN A"), "0", "0", "0", "2"},
                                     {"8", "2", id("OPEN UNUSED"), "0", "0", "0", "1"}}));
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmddeleteM);
+  press(form.cmddeleteM, {yes});
   EXPECT_EQ(stored("O\\'C2"), (Rows{{"7", "1", id("OPEN A"), "0", "0", "0", "1"}}));
   EXPECT_EQ(stored().size(), 3U);
   EXPECT_EQ(errors(), Texts());
 }
 
-TEST_F(BindingTest, AnExistingSetupIsKept) {
-  bind("RMGRP_1 values('C1',1,1," + id("OPEN A") + ",0,0,0,1)");
-  exec(
-      "insert into RmSchSetup values('C1',2008,'old','','','','',''),"
-      "('C1',2009,'new','','','','','')");
-  dialogs.queueAnswer(Answer::Yes);
-  open();
-  EXPECT_EQ(rows("select Head from RmSchSetup where FYr=2009"), (Rows{{"new"}}));
-}
-
 TEST_F(BindingTest, NothingIsImportedWhenTheYearCannotBeRead) {
   bindThree();
   bind("RMGRP_1 values('C1',1,1,0,0,0,0,1)");
-  form.INITDATA({"C1", "Asha Traders", "TAB_2", "01042008", "31032009"});
-  // The second reading is the grid's; the first gathers the lists.
   exec("rename table RMGRP_2 to RMGRP_AWAY");
-  form.showModal();
+  open();
   exec("rename table RMGRP_AWAY to RMGRP_2");
   EXPECT_EQ(errors(), (Texts{"frmgrpRM\tLOADLIST", "frmgrpRM\tLOADGRIDM"}));
   EXPECT_TRUE(messages().empty());
@@ -354,20 +311,19 @@ TEST_F(BindingTest, NothingIsImportedWhenTheYearCannotBeRead) {
 
 TEST_F(BindingTest, AnItemLosesNothingWhenTheListsCannotBeRead) {
   bind("RMGRP_2 values('C1',1,1," + id("OPEN A") + "," + id("BUY A") + ",0,0,1)");
-  const auto fail = [&] { host().statements().failNext("Where GID=19"); };
-  fail();
+  fail("Where GID=19");
   open();
-  form.vsfM.setCurrent(1);
   for (Button* command : {&form.cmdaddM, &form.cmdmodifyM}) {
-    fail();
-    press(form, *command);
+    form.vsfM.setCurrent(1);
+    fail("Where GID=19");
+    press(*command);
     EXPECT_EQ(form.lblstatus.caption(),
               "The groups to choose from could not be read; the error log says why.");
     EXPECT_FALSE(form.cmdupdateM.enabled());
   }
-  press(form, form.cmdmodifyM);
+  press(form.cmdmodifyM);
   choose(form.cbohead, "FINISHED GOODS");
-  press(form, form.cmdupdateM);
+  press(form.cmdupdateM);
   EXPECT_EQ(stored(), (Rows{{"1", "2", id("OPEN A"), id("BUY A"), "0", "0", "1"}}));
   EXPECT_EQ(shown(form.vsfM), (Rows{{"FINISHED GOODS", "OPEN A", "BUY A", "(None)"}}));
 }
@@ -376,103 +332,79 @@ TEST_F(BindingTest, AnItemLosesNothingWhenTheListsCannotBeRead) {
 
 TEST_F(BindingTest, KeepsTheHeads) {
   open();
-  press(form, form.cmdgrpM);
-  EXPECT_EQ(shown(form.vsfG).back(), (Texts{"OTHER CONSUMABLES", "OTHERS"}));
-  press(form, form.cmdaddG);
-  press(form, form.cmdupdateG);
-  EXPECT_EQ(onlyMessage(), told("Please Specify 'Heading'."));
-  type(form.txthead, "raw material");
-  press(form, form.cmdupdateG);
-  EXPECT_EQ(onlyMessage(), told("Please Select 'Type'."));
-  choose(form.cbotype, "RAW MATERIAL");
-  press(form, form.cmdupdateG);
-  EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!"));
-  choose(form.cbotype, "OTHERS");
   exec("update RawMatGrpM set GrpHead='OTHER  CONSUMABLES' where GrpId=5");
-  press(form, form.cmdcancelG);
-  press(form, form.cmdbackG);
-  press(form, form.cmdgrpM);
-  press(form, form.cmdaddG);
-  type(form.txthead, "Other Consumables");
-  choose(form.cbotype, "OTHERS");
-  press(form, form.cmdupdateG);
-  EXPECT_EQ(onlyMessage(), told("Duplicate Raw Material Group!!")) << "blanks do not count";
-  type(form.txthead, "\u200BRAW\u00A0 MATERIAL");
+  press(form.cmdgrpM);
+  EXPECT_EQ(shown(form.vsfG).back(), (Texts{"OTHER  CONSUMABLES", "OTHERS"}));
+  press(form.cmdaddG);
+  EXPECT_EQ(enterHead(""), told("Please Specify 'Heading'."));
+  EXPECT_EQ(enterHead("raw material"), told("Please Select 'Type'."));
+  EXPECT_EQ(enterHead("raw material", "RAW MATERIAL"), told("Duplicate Raw Material Group!!"));
+  EXPECT_EQ(enterHead("other consumables", "OTHERS"), told("Duplicate Raw Material Group!!"))
+      << "blanks do not count";
   statements();
-  press(form, form.cmdupdateG);
+  EXPECT_EQ(enterHead("\u200BRAW\u00A0 MATERIAL"), "");
   EXPECT_EQ(statements(),
             (Texts{"Select * from RawMatGrpM Where GrpHead='RAW MATERIAL' and GrpType=4",
                    "Select Max(GrpId) from RawMatGrpM",
                    "Insert Into RawMatGrpM Values (6,'RAW MATERIAL',4)", "Flush Tables",
                    "Select * from RawMatGrpM Where GrpId=6"}))
       << "the same heading may stand under another type";
-  press(form, form.cmdmodifyG);
-  type(form.txthead, "O'Neill \\ \"x\"");
-  press(form, form.cmdupdateG);
+  press(form.cmdmodifyG);
+  enterHead("O'Neill \\ \"x\"");
   EXPECT_EQ(changes(), (Texts{"Update RawMatGrpM Set GrpHead='O\\'Neill \\\\ \\\"x\\\"',GrpType=4 "
                               "Where GrpId=6",
                               "Flush Tables"}));
   EXPECT_EQ(shown(form.vsfG).back(), (Texts{"O'Neill \\ \"x\"", "OTHERS"}));
-  press(form, form.cmdaddG);
+  press(form.cmdaddG);
   type(form.txthead, "gone");
-  dialogs.queueAnswer(Answer::Yes);
-  form.press(keys::Escape);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to Cancel Entry?"));
-  press(form, form.cmdbackG);
+  EXPECT_EQ(said(keys::Escape, {yes}), asked("Do you want to Cancel Entry?"));
+  press(form.cmdbackG);
   EXPECT_EQ(form.cbohead.items().back(), "O'Neill \\ \"x\"");
 }
 
 TEST_F(BindingTest, AwkwardHeadsAreStoredAsTheyAre) {
   open();
-  press(form, form.cmdgrpM);
+  press(form.cmdgrpM);
   for (const std::string head :
        {"100% _COTTON_", "COFFEE ☕ 👩‍💼", "back\\slash\\", "'); -- "}) {
-    press(form, form.cmdaddG);
-    type(form.txthead, head);
-    choose(form.cbotype, "OTHERS");
-    press(form, form.cmdupdateG);
+    press(form.cmdaddG);
+    EXPECT_EQ(enterHead(head, "OTHERS"), "");
     EXPECT_EQ(value("select GrpHead from RawMatGrpM order by GrpId desc"), trimmed(head));
     EXPECT_EQ(shown(form.vsfG).back()[0], trimmed(head));
   }
-  press(form, form.cmdaddG);
+  press(form.cmdaddG);
   type(form.txthead, std::string(5000, 'x'));
   EXPECT_EQ(form.txthead.text(), std::string(100, 'x'));
   EXPECT_EQ(form.lblhint.caption(), "A heading holds at most 100 characters.");
-  type(form.txthead, "   ");
-  press(form, form.cmdupdateG);
-  EXPECT_EQ(onlyMessage(), told("Please Specify 'Heading'."));
+  EXPECT_EQ(enterHead("   "), told("Please Specify 'Heading'."));
   EXPECT_EQ(value("select count(*) from RawMatGrpM"), "9");
   EXPECT_EQ(errors(), Texts());
 }
 
 TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {
   open();
-  press(form, form.cmdgrpM);
-  press(form, form.cmddeleteG);
-  EXPECT_EQ(onlyMessage(), told("Please Select an Item."));
+  press(form.cmdgrpM);
+  EXPECT_EQ(said(form.cmddeleteG), told("Please Select an Item."));
   pick(form.vsfG, 0, "1");
-  press(form, form.cmddeleteG);
-  EXPECT_EQ(onlyMessage(),
+  EXPECT_EQ(said(form.cmddeleteG),
             told("Raw Material Group already in use. You can not delete this Group."));
   pick(form.vsfG, 0, "5");
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmddeleteG);
-  EXPECT_EQ(onlyMessage(), asked("Do you want to delele the Raw Material Group [OTHER "
-                                 "CONSUMABLES] ?",
-                                 "Delete Confirmation"));
+  EXPECT_EQ(said(form.cmddeleteG, {yes}),
+            asked("Do you want to delele the Raw Material Group [OTHER "
+                  "CONSUMABLES] ?",
+                  "Delete Confirmation"));
   EXPECT_EQ(statementsWith("GrpSr="),
             (Texts{"Select * from RMGRP_1 Where GrpSr=1", "Select * from RMGRP_2 Where GrpSr=1",
                    "Select * from RMGRP_1 Where GrpSr=5", "Select * from RMGRP_2 Where GrpSr=5"}));
   EXPECT_EQ(form.vsfG.rows(), 4);
-  host().statements().failNext("RMGRP_2");
-  press(form, form.cmddeleteG);
+  fail("RMGRP_2");
+  press(form.cmddeleteG);
   EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCHECKEXISTS"}));
   EXPECT_EQ(form.lblstatus.caption(),
             "The search failed; the error log says why. Nothing was deleted.");
   EXPECT_EQ(value("select count(*) from RawMatGrpM"), "4");
   exec("update master set tbl_nm='TAB_404'");
-  dialogs.queueAnswer(Answer::Yes);
-  press(form, form.cmddeleteG);
+  press(form.cmddeleteG, {yes});
   EXPECT_EQ(form.lblstatus.caption(), "Missing and passed over: RMGRP_404.");
   EXPECT_EQ(form.vsfG.rows(), 3);
 }
@@ -481,125 +413,95 @@ TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {
 
 TEST_F(BindingTest, AFailedSaveOfAHeadIsLoggedUnderItsOldName) {
   open();
-  press(form, form.cmdgrpM);
-  press(form, form.cmdaddG);
-  type(form.txthead, "NEW");
-  choose(form.cbotype, "OTHERS");
-  host().statements().failNext("Insert Into RawMatGrpM");
-  press(form, form.cmdupdateG);
+  press(form.cmdgrpM);
+  press(form.cmdaddG);
+  fail("Insert Into RawMatGrpM");
+  enterHead("NEW", "OTHERS");
   EXPECT_EQ(errors(), (Texts{"frmgrpRM\tCMDUDPATEG_CLICK"}));
   EXPECT_TRUE(form.cmdupdateG.enabled());
 }
 
-// Each statement of each deed fails once. The grid of the page shows what is stored then, and the
-// deed done again ends as it does without a failure.
+// The grid of the page shows what is stored after a failure.
 TEST_F(BindingTest, AfterAFailureTheGridShowsWhatIsStored) {
-  const auto item = [&](Button& command, const char* head) {
-    if (&command == &form.cmdmodifyM) pick(form.vsfM, 0, "1");
-    press(form, command);
-    choose(form.cbohead, head);
+  const auto choices = [&] {
+    choose(form.cbohead, "OTHER CONSUMABLES");
     choose(form.cbogroup[1], "BUY B");
   };
-  const auto sort = [&] {
-    press(form, form.cmdsortorder);
-    pick(form.vsfM, 0, "1");
-    press(form, form.cmdup);
+  const auto adding = [&] {
+    press(form.cmdaddM);
+    choices();
   };
-  const auto heads = [&](Button& command) {
-    press(form, form.cmdgrpM);
+  const auto modifying = [&] {
+    modify("1");
+    choices();
+  };
+  const auto sorting = [&] {
+    press(form.cmdsortorder);
+    pick(form.vsfM, 0, "1");
+    press(form.cmdup);
+  };
+  const auto lastHead = [&] {
+    press(form.cmdgrpM);
     pick(form.vsfG, 0, "5");
-    press(form, command);
+  };
+  const auto head = [&](Button& command) {
+    lastHead();
+    press(command);
     type(form.txthead, "A HEAD");
     choose(form.cbotype, "OTHERS");
   };
-  const auto lastHead = [&] {
-    press(form, form.cmdgrpM);
-    pick(form.vsfG, 0, "5");
+  const auto deleteAgain = [&](const Act& act) {
+    if (form.vsfG.rows() == 5) act();
   };
-  const struct {
-    std::string what;
-    Act arrange;
-    Button& act;
-    bool repeats = true;
-    std::size_t behind = 0;  // the lists are read anew
-  } deeds[] = {
-      {"adding", [&] { item(form.cmdaddM, "OTHER CONSUMABLES"); }, form.cmdupdateM, true, 9},
-      {"modifying", [&] { item(form.cmdmodifyM, "OTHER CONSUMABLES"); }, form.cmdupdateM, true, 9},
-      // What is deleted is gone; its place in the order may stay empty.
-      {"deleting", [&] { pick(form.vsfM, 0, "3"); }, form.cmddeleteM, false, 9},
-      // The order that was typed is the grid itself, which shows the stored one again.
-      {"sorting", sort, form.cmdupdateM, false, 1},
-      {"adding a head", [&] { heads(form.cmdaddG); }, form.cmdupdateG},
-      {"modifying a head", [&] { heads(form.cmdmodifyG); }, form.cmdupdateG},
-      {"deleting a head", lastHead, form.cmddeleteG},
+  // What is deleted is gone, and its place in the order may stay empty. The order that a person
+  // made is the grid itself, which shows the stored one again.
+  const Deed deeds[] = {
+      {"adding", adding, form.cmdupdateM, 1, 9},
+      {"modifying", modifying, form.cmdupdateM, 1, 9},
+      {"deleting", [&] { pick(form.vsfM, 0, "3"); }, form.cmddeleteM, 1, 9, {}, false},
+      {"sorting", sorting, form.cmdupdateM, 1, 1, {}, false},
+      {"adding a head", [&] { head(form.cmdaddG); }, form.cmdupdateG},
+      {"modifying a head", [&] { head(form.cmdmodifyG); }, form.cmdupdateG},
+      {"deleting a head", lastHead, form.cmddeleteG, 1, 0, deleteAgain},
+  };
+  const auto page = [&]() -> Grid& { return form.famG.visible() ? form.vsfG : form.vsfM; };
+  const auto result = [&] {
+    Rows all = stored();
+    for (auto& row : rows("select * from RawMatGrpM")) all.push_back(row);
+    for (auto& row : shown(page())) all.push_back(row);
+    all.push_back({form.cmdupdateM.enabled() ? "editing" : "browsing"});
+    return all;
   };
   bindThree();
   open();
   keep({"RMGRP_2", "RawMatGrpM"});
-  const auto onHeads = [&] { return form.famG.visible(); };
-  for (const auto& deed : deeds) {
-    const auto act = [&] {
-      dialogs.queueAnswer(Answer::Yes);
-      if (deed.act.enabled()) press(form, deed.act);
-    };
-    failEachStatement(
-        {.what = deed.what,
-         .arrange =
-             [&] {
-               leave(form);
-               restore();
-               open();
-               deed.arrange();
-             },
-         .act = act,
-         .result =
-             [&] {
-               Rows all = stored();
-               for (auto& row : rows("select * from RawMatGrpM")) all.push_back(row);
-               for (auto& row : shown(onHeads() ? form.vsfG : form.vsfM)) all.push_back(row);
-               all.push_back({form.cmdupdateM.enabled() ? "editing" : "browsing"});
-               return all;
-             },
-         .next = deed.repeats ? std::vector<Continuation>{{"the same again",
-                                                           [&] {
-                                                             if (&deed.act != &form.cmddeleteG ||
-                                                                 form.vsfG.rows() == 5) {
-                                                               act();
-                                                             }
-                                                           }}}
-                              : std::vector<Continuation>{},
-         .place = "frmgrpRM\t",
-         .stops = false,
-         .behind = deed.behind,
-         .check =
-             [&] {
-               const Rows now = onHeads()
-                                    ? rows("select GrpHead from RawMatGrpM order by GrpId")
-                                    : rows(
-                                          "select GrpHead from RMGRP_2 join RawMatGrpM on "
-                                          "GrpSr=GrpId where Code_No='C1' order by GrpOrder,SrNo");
-               Rows listed;
-               for (auto& row : shown(onHeads() ? form.vsfG : form.vsfM))
-                 listed.push_back({row[0]});
-               EXPECT_EQ(listed, now);
-               if (onHeads() && form.cmdupdateG.enabled()) {
-                 EXPECT_EQ(form.txthead.text(), "A HEAD");
-               } else if (form.cmdupdateM.enabled() && deed.what != "sorting") {
-                 EXPECT_EQ(form.cbogroup[1].text(), "BUY B") << "what was chosen stays";
-               }
-             }});
+  for (const Deed& deed : deeds) {
+    failEach(deed, result, [&] {
+      Texts now;
+      for (const auto& row :
+           rows(form.famG.visible()
+                    ? "select GrpHead from RawMatGrpM order by GrpId"
+                    : "select GrpHead from RMGRP_2 join RawMatGrpM on GrpSr=GrpId where "
+                      "Code_No='C1' order by GrpOrder,SrNo")) {
+        now.push_back(row[0]);
+      }
+      EXPECT_EQ(listed(page()), now);
+      if (form.famG.visible() && form.cmdupdateG.enabled()) {
+        EXPECT_EQ(form.txthead.text(), "A HEAD");
+      } else if (form.cmdupdateM.enabled() && deed.what != "sorting") {
+        EXPECT_EQ(form.cbogroup[1].text(), "BUY B") << "what was chosen stays";
+      }
+    });
   }
   leave(form);
 }
 
 TEST_F(BindingTest, AHeadStandsWhereTheOrderPutsIt) {
   open();
-  press(form, form.cmdgrpM);
+  press(form.cmdgrpM);
   form.vsfG.sortBy(1);
-  press(form, form.cmdaddG);
-  type(form.txthead, "PACKING");
-  choose(form.cbotype, "OTHERS");
-  press(form, form.cmdupdateG);
+  press(form.cmdaddG);
+  enterHead("PACKING", "OTHERS");
   EXPECT_EQ(form.vsfG.current(), 3);
   EXPECT_EQ(form.txthead.text(), "PACKING");
   EXPECT_EQ(form.vsfG.cell(4, 1), "RAW MATERIAL");

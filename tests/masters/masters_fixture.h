@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -27,9 +28,23 @@ class MastersTest : public PracticeTest {
         "(18,'OPENING STOCK',4),(19,'PURCHASES',4),(22,'EXPENSES',4)");
   }
 
-  static void press(Form& form, Control& button) {
-    ASSERT_TRUE(form.click(button)) << button.name() << " cannot be clicked";
+  using Answers = std::initializer_list<Answer>;
+  static constexpr Answer yes = Answer::Yes;
+  static constexpr Answer no = Answer::No;
+  void answer(Answers answers) {
+    for (const Answer each : answers) dialogs.queueAnswer(each);
   }
+  void press(Form& form, Control& button, Answers answers = {}) {
+    answer(answers);
+    EXPECT_TRUE(form.click(button)) << button.name() << " cannot be clicked";
+  }
+  // A row of a year's table; what else it holds does not matter.
+  void use(const std::string& table, const std::string& ledgerId, const std::string& groupId,
+           const std::string& client = "'C1'") {
+    exec("insert into " + table + "(code_no,partid,allid) values(" + client + "," + ledgerId + "," +
+         groupId + ")");
+  }
+  void fail(const std::string& statement) { host().statements().failNext(statement); }
   static void choose(Choice& choice, const std::string& text) {
     ASSERT_TRUE(choice.enabled()) << choice.name();
     ASSERT_GT(choice.find(text), 0) << text;
@@ -59,7 +74,7 @@ class MastersTest : public PracticeTest {
   }
   // Closes the form, giving up an entry that was begun.
   void leave(Form& form) {
-    dialogs.queueAnswer(Answer::Yes);
+    answer({yes});
     form.close();
     dialogs.clear();
   }
@@ -75,10 +90,12 @@ class MastersTest : public PracticeTest {
       exec("insert into " + table + " select * from kept_" + table);
     }
   }
-  // The only message since the last call, with its style: "text|buttons icon default|title".
+  // The only message since the last call, "" when there is none, with its style: "text|buttons icon
+  // default|title".
   std::string onlyMessage() {
     const auto asked = dialogs.takeMessages();
-    if (asked.size() != 1) return std::to_string(asked.size()) + " messages";
+    if (asked.empty()) return {};
+    if (asked.size() > 1) return std::to_string(asked.size()) + " messages";
     return styled(asked[0].message);
   }
   static std::string styled(const Message& message) {
@@ -108,6 +125,83 @@ class MastersTest : public PracticeTest {
 
  private:
   Texts kept_;
+};
+
+// The tests of one master.
+template <class Master>
+class MasterTest : public MastersTest {
+ protected:
+  using MastersTest::press;
+  void open() {
+    form.showModal([this] { ++closed; });
+    statements();
+  }
+  void press(Control& button, Answers answers = {}) { press(form, button, answers); }
+  // What is said on the click or key; see onlyMessage.
+  std::string said(Control& button, Answers answers = {}) {
+    press(button, answers);
+    return onlyMessage();
+  }
+  std::string said(Key key, Answers answers = {}) {
+    answer(answers);
+    form.press(key);
+    return onlyMessage();
+  }
+  std::string told(const std::string& text) {
+    return text + "|OK information OK|" + form.caption();
+  }
+  std::string asked(const std::string& text, const std::string& title = {}) {
+    return text + "|YesNo question No|" + (title.empty() ? form.caption() : title);
+  }
+  // The shown names of the current row.
+  std::string current() {
+    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), 1);
+  }
+  // The first cells shown.
+  static Texts listed(const Grid& grid) {
+    Texts all;
+    for (const auto& row : shown(grid)) all.push_back(row[0]);
+    return all;
+  }
+
+  // What a person does, by the last button of it.
+  struct Deed {
+    std::string what;
+    Act arrange;
+    Button& button;
+    int questions = 1;                               // answered with Yes
+    std::size_t behind = 0;                          // statements at the end that read anew
+    std::function<void(const Act& act)> again = {};  // the repetition, where it is another
+    bool repeats = true;
+  };
+  // Each statement of the deed fails once. The deed done again ends as it does without a failure.
+  void failEach(const Deed& deed, const std::function<Rows()>& result, const Act& check) {
+    const Act act = [&] {
+      for (int i = 0; i < deed.questions; ++i) answer({yes});
+      if (deed.button.enabled()) press(deed.button);
+    };
+    const auto begin = [&] {
+      leave(form);
+      restore();
+      open();
+      deed.arrange();
+    };
+    const auto again = [&] { deed.again ? deed.again(act) : act(); };
+    std::vector<Continuation> next;
+    if (deed.repeats) next.push_back({"the same again", again});
+    failEachStatement({.what = deed.what,
+                       .arrange = begin,
+                       .act = act,
+                       .result = result,
+                       .next = next,
+                       .place = form.name() + "\t",
+                       .stops = false,
+                       .behind = deed.behind,
+                       .check = check});
+  }
+
+  Master form{context()};
+  int closed = 0;
 };
 
 }  // namespace quillet::support

@@ -38,6 +38,18 @@ class OpeningTest : public MastersTest {
   frmtbledmas& ledgerMaster() { return master<frmtbledmas>(&third::cmdledmas); }
   frmgrpmas& homesGroupMaster() { return master<frmgrpmas>(&third::cmdgrpmas); }
   frmgrpmas& groupMaster() { return dynamic_cast<frmgrpmas&>(*context().desk.active()); }
+  void renameShop(frmtbledmas& master) {
+    pick(master.vsf, 1, "Shop");
+    press(master, master.cmdmodify);
+    type(master.VTxt1, "store");
+    press(master, master.cmdupdate);
+  }
+  // Ends an entry in the editor.
+  void debit(frmcrtb& form, const std::string& amount) {
+    type(form.txtamount, amount);
+    type(form.txtdrcr, "D");
+    form.press(keys::Enter);
+  }
   void addGroup(frmgrpmas& master, const std::string& name) {
     press(master, master.cmdadd);
     type(master.Text1, name);
@@ -66,31 +78,19 @@ TEST_F(OpeningTest, TheHomeFormOpensBothMastersOverItself) {
 TEST_F(OpeningTest, ANewGroupGoesIntoTheEntry) {
   frmcrtb& form = editor(2008);
   type(form.txtpart, "Bus tickets");
-  ASSERT_TRUE(form.click(form.mnunewgroup));
+  press(form, form.mnunewgroup);
   addGroup(groupMaster(), "FARES");
   groupMaster().close();
   EXPECT_EQ(form.txtpart.text(), "Bus tickets");
   EXPECT_EQ(form.txtgroup.text(), "FARES");
-  type(form.txtamount, "5");
-  type(form.txtdrcr, "D");
-  form.press(keys::Enter);
+  debit(form, "5");
   EXPECT_TRUE(messages().empty()) << "the editor knows the group";
   EXPECT_EQ(shown(form.vsfm)[1], (Texts{"Bus tickets", "FARES", "5.00", "DR"}));
 }
 
-TEST_F(OpeningTest, AMasterThatChangedNothingCostsTheEditorNothing) {
-  frmcrtb& form = editor(2008);
-  type(form.txtgroup, "RE");
-  ASSERT_TRUE(form.click(form.mnunewgroup));
-  statements();
-  groupMaster().close();
-  EXPECT_EQ(statements(), Texts());
-  EXPECT_EQ(form.txtgroup.text(), "RE");
-}
-
 TEST_F(OpeningTest, TheEditorShowsGroupsRenamedMeanwhile) {
   frmcrtb& form = editor(2008);
-  ASSERT_TRUE(form.click(form.mnunewgroup));
+  press(form, form.mnunewgroup);
   frmgrpmas& master = groupMaster();
   pick(master.vsf, 1, "RENT");
   press(master, master.cmdmodify);
@@ -103,19 +103,16 @@ TEST_F(OpeningTest, TheEditorShowsGroupsRenamedMeanwhile) {
 
 TEST_F(OpeningTest, AnEmptyYearIsNotOfferedItsImportForANewGroup) {
   addYear("C1", 2010);
-  dialogs.queueAnswer(Answer::No);
+  answer({no});
   frmcrtb& form = editor(2010);
-  ASSERT_TRUE(form.click(form.mnunewgroup));
+  press(form, form.mnunewgroup);
   messages();
   addGroup(groupMaster(), "FARES");
   groupMaster().close();
   EXPECT_EQ(messages(), Texts());
   EXPECT_EQ(form.txtgroup.text(), "FARES");
   frmtbledmas& ledgers = ledgerMaster();
-  pick(ledgers.vsf, 1, "Shop");
-  press(ledgers, ledgers.cmdmodify);
-  type(ledgers.VTxt1, "store");
-  press(ledgers, ledgers.cmdupdate);
+  renameShop(ledgers);
   ledgers.close();
   EXPECT_EQ(messages(), Texts());
 }
@@ -123,7 +120,7 @@ TEST_F(OpeningTest, AnEmptyYearIsNotOfferedItsImportForANewGroup) {
 TEST_F(OpeningTest, ANewGroupCanTakeTheLinesOfTheGroupView) {
   frmcrtb& form = editor(2008);
   ASSERT_TRUE(form.click(form.mnugroup));
-  ASSERT_TRUE(form.click(form.mnunewgroup));
+  press(form, form.mnunewgroup);
   addGroup(groupMaster(), "FARES");
   groupMaster().close();
   EXPECT_GT(form.cbotgroup.find("FARES"), 0);
@@ -136,19 +133,14 @@ TEST_F(OpeningTest, TheEditorBehindShowsWhatTheLedgerMasterChanged) {
   form.vsfm.setCurrent(1);
   ASSERT_TRUE(form.click(form.mnualter));
   frmtbledmas& ledgers = ledgerMaster();
-  pick(ledgers.vsf, 1, "Shop");
-  press(ledgers, ledgers.cmdmodify);
-  type(ledgers.VTxt1, "store");
-  press(ledgers, ledgers.cmdupdate);
+  renameShop(ledgers);
   EXPECT_TRUE(ledgers.close());
   EXPECT_EQ(shown(form.vsfm), (Rows{{"STORE", "RENT", "10.00", "DR"}}));
   EXPECT_EQ(form.txtpart.text(), "") << "the old name is not entered again";
   EXPECT_EQ(form.vsfp.find(0, "Shop"), 0);
   form.vsfm.setCurrent(1);
   ASSERT_TRUE(form.click(form.mnualter));
-  type(form.txtamount, "15");
-  type(form.txtdrcr, "D");
-  form.press(keys::Enter);
+  debit(form, "15");
   EXPECT_EQ(rows("select Particular from Mast_Part"), (Rows{{"STORE"}}));
   EXPECT_EQ(messages(), Texts());
 }
@@ -160,8 +152,7 @@ TEST_F(OpeningTest, TheEditorBehindShowsWhatTheGroupMasterChanged) {
   press(groups, groups.cmdMerge);
   groups.vsM.tick(groups.vsM.find(1, "RENT"), true);
   pick(groups.vsMW, 1, "FARES");
-  dialogs.queueAnswer(Answer::Yes);
-  press(groups, groups.cmdMergeGroup);
+  press(groups, groups.cmdMergeGroup, {yes});
   EXPECT_TRUE(groups.close());
   EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "FARES", "10.00", "DR"}}));
   EXPECT_EQ(shown(form.vsfg), (Rows{{"FARES"}})) << "no line goes into the merged group";
@@ -170,6 +161,10 @@ TEST_F(OpeningTest, TheEditorBehindShowsWhatTheGroupMasterChanged) {
 TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
   frmcrtb& form = editor(2008);
   type(form.txtpart, "Sh");
+  press(form, form.mnunewgroup);
+  statements();
+  groupMaster().close();
+  EXPECT_EQ(statements(), Texts());
   const Texts clients{"select * from TempClTbl order by Name,CodeNo"};
   ledgerMaster().close();
   EXPECT_EQ(statements(), clients) << "the home form's list";
@@ -191,17 +186,14 @@ TEST_F(OpeningTest, LinkedLedgersStayTwoLinesUntilThePairIsSaved) {
   pick(ledgers.vsf, 1, "Shop");
   press(ledgers, ledgers.cmdlink);
   ledgers.vsf.tick(ledgers.vsf.find(1, "Stall"), true);
-  dialogs.queueAnswer(Answer::Yes);
-  press(ledgers, ledgers.cmdlink);
+  press(ledgers, ledgers.cmdlink, {yes});
   ledgers.close();
   EXPECT_EQ(shown(form.vsfm),
             (Rows{{"Shop", "RENT", "10.00", "DR"}, {"Shop", "RENT", "20.00", "DR"}}));
   EXPECT_EQ(form.txttotdeb[0].text(), "30.00");
   type(form.txtpart, "Shop");
   type(form.txtgroup, "RENT");
-  type(form.txtamount, "5");
-  type(form.txtdrcr, "D");
-  form.press(keys::Enter);
+  debit(form, "5");
   EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "RENT", "35.00", "DR"}}));
   EXPECT_EQ(rows("select amt from TAB_1"), (Rows{{"35"}}));
 }
@@ -253,7 +245,7 @@ TEST_F(OpeningTest, TheBindingIsThatOfTheYearInView) {
               "Group Binding (Manufacturing) of Asha Traders for the Period from " +
                   std::string(each.period));
     EXPECT_FALSE(statementsWith(std::string("from ") + each.table + " Where Code_No='C1'").empty());
-    dialogs.queueAnswer(Answer::Yes);
+    answer({yes});
     EXPECT_TRUE(binding.close());
   }
 }
