@@ -87,6 +87,21 @@ class JournalTest : public PracticeTest {
   }
   void yes() { dialogs.queueAnswer(Answer::Yes); }
   void no() { dialogs.queueAnswer(Answer::No); }
+  // The first voucher, onto the entry frame.
+  void modifyFirst() {
+    pick(1);
+    journal().press(keys::Enter);
+  }
+  // Its first line a debit, its second a credit.
+  void changeAmounts(const std::string& amount) {
+    type(journal().txtdramt[0], amount);
+    type(journal().txtcramt[1], amount);
+    ASSERT_TRUE(journal().click(journal().cmdupdate));
+  }
+  void giveUp() {
+    yes();
+    journal().press(keys::Escape);
+  }
   void removeFirst() {
     pick(1);
     yes();

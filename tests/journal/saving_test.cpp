@@ -45,10 +45,8 @@ TEST_F(JournalSaving, StoresAndPostsInTheOrderDesigned) {
 
   // Modified: taken out, stored anew under the same number, posted.
   form.press(keys::Enter);
-  type(form.txtdramt[0], "20");
-  type(form.txtcramt[1], "20");
   statements();
-  form.click(form.cmdupdate);
+  changeAmounts("20");
   const Texts sent = statements();
   ASSERT_EQ(sent.size(), 33U);
   EXPECT_EQ(Texts(sent.begin(), sent.begin() + 2),
@@ -216,11 +214,8 @@ TEST_F(JournalSaving, NumbersVouchersOverTheWholeTable) {
   EXPECT_EQ(passFor("C1", "5"), 2);
   EXPECT_EQ(passFor("C2", "6"), 2);
   EXPECT_EQ(passFor("C1", "7"), 4);
-  pick(1);
-  journal().press(keys::Enter);
-  type(journal().txtdramt[0], "8");
-  type(journal().txtcramt[1], "8");
-  journal().click(journal().cmdupdate);
+  modifyFirst();
+  changeAmounts("8");
   EXPECT_EQ(rows("select code_no,VID,Amount from JRNL_1 where Amount>0 order by VID"),
             (Rows{{"C1", "1", "8"}, {"C2", "2", "6"}, {"C1", "3", "7"}}));
   EXPECT_EQ(trialBalance(table_, "C2"),
@@ -228,16 +223,12 @@ TEST_F(JournalSaving, NumbersVouchersOverTheWholeTable) {
 }
 
 TEST_F(JournalSaving, KeepsAwkwardNarrations) {
-  const auto modify = [&] {
-    pick(1);
-    journal().press(keys::Enter);
-  };
   for (const std::string& narration : {std::string(5000, 'n'), std::string("🙂 C:\\books\\"),
                                        std::string("100% \"quoted\"; -- _")}) {
     pass("02062008", {{"Rent", "", "5"}, {"Cash", "", "5", false}}, narration);
     EXPECT_EQ(value("select max(VNar) from JRNL_1"), narration);
     EXPECT_EQ(journal().vsf.cell(3, 1), "    " + narration);
-    modify();
+    modifyFirst();
     EXPECT_EQ(journal().txtnarr.text(), narration);
     journal().click(journal().cmdupdate);
     EXPECT_EQ(value("select max(VNar) from JRNL_1"), narration);
@@ -247,10 +238,10 @@ TEST_F(JournalSaving, KeepsAwkwardNarrations) {
   put(9, 1, "Cash", "BANKS", 5, "one\\ntwo");
   put(9, 2, "Rent", "RENT", -5, "one\\ntwo");
   journal().LOADGRID();
-  modify();
+  modifyFirst();
   journal().click(journal().cmdupdate);
   EXPECT_EQ(value("select max(VNar) from JRNL_1"), "one\ntwo");
-  modify();
+  modifyFirst();
   type(journal().txtnarr, "one\ntwo");
   EXPECT_EQ(journal().txtnarr.text(), "one two");
   // More than the column holds does not get in.
@@ -271,8 +262,7 @@ TEST_F(JournalSaving, AFailureIsToldAndItsProcedureLogged) {
     context().unposted = {};
     pass("02062008", lines);
     if (procedure == std::string("DELETEVCH")) {
-      pick(1);
-      form.press(keys::Enter);
+      modifyFirst();
     } else {
       form.click(form.cmdadd);
       fillVoucher("02062008", lines);
