@@ -79,23 +79,25 @@ TEST_F(GroupMasterTest, AddsWithTheNextId) {
   press(form.cmdadd);
   EXPECT_EQ(form.active(), &form.Text1);
   EXPECT_FALSE(form.cmddelete.enabled());
-  enter(" Wages & \"Bonus\" ", "EXPENSES");
+  enter(" O'Wages\\ & \"Bonus\" 👩‍💼 ", "EXPENSES");
   const Texts sent = statements();
   ASSERT_EQ(sent.size(), 8U);
   EXPECT_NE(
       sent[4].find("Select Max(AllId) from AllGrp_Map Union All Select Max(AllId) from TAB_1"),
       std::string::npos)
       << "one statement for all years: " << sent[4];
-  EXPECT_EQ((Texts{sent[0], sent[1], sent[5], sent[6], sent[7]}),
-            (Texts{"Select * from Mast_AllGrp Where ALLGRP='Wages & \\\"Bonus\\\"'",
-                   "Select Max(AllId) from Mast_AllGrp",
-                   "Insert Into Mast_AllGrp Values (5,22,'Wages & \\\"Bonus\\\"','Y')",
-                   "Flush Tables", "Select * From Mast_AllGrp Where AllId=5"}));
-  EXPECT_EQ(stored().back(), (Texts{"5", "22", "Wages & \"Bonus\"", "Y"}));
-  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "Wages & \"Bonus\"");
+  EXPECT_EQ(
+      (Texts{sent[0], sent[1], sent[5], sent[6], sent[7]}),
+      (Texts{
+          "Select * from Mast_AllGrp Where ALLGRP='O\\'Wages\\\\ & \\\"Bonus\\\" 👩‍💼'",
+          "Select Max(AllId) from Mast_AllGrp",
+          "Insert Into Mast_AllGrp Values (5,22,'O\\'Wages\\\\ & \\\"Bonus\\\" 👩‍💼','Y')",
+          "Flush Tables", "Select * From Mast_AllGrp Where AllId=5"}));
+  EXPECT_EQ(stored().back(), (Texts{"5", "22", "O'Wages\\ & \"Bonus\" 👩‍💼", "Y"}));
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "O'Wages\\ & \"Bonus\" 👩‍💼");
   EXPECT_TRUE(form.cmdadd.enabled());
   EXPECT_TRUE(form.groupsChanged());
-  EXPECT_EQ(form.newGroup(), "Wages & \"Bonus\"");
+  EXPECT_EQ(form.newGroup(), "O'Wages\\ & \"Bonus\" 👩‍💼");
   press(form.cmdback);
   EXPECT_EQ(closed, 1);
 }
@@ -157,22 +159,11 @@ TEST_F(GroupMasterTest, RefusalsComeInTheirOrder) {
   EXPECT_EQ(form.Text1.text(), "FARES") << "the selected row shows again";
   EXPECT_EQ(changes(), Texts());
   EXPECT_FALSE(form.groupsChanged());
-}
-
-TEST_F(GroupMasterTest, AwkwardNamesAreStoredAsTheyAre) {
-  const std::string names[] = {
-      "O'Brien & Sons", "back\\slash\\",          "100% _sure_",
-      "\"quoted\"",     "coffee ☕ 👩‍💼", "x'); drop table master; -- "};
-  open();
-  for (const std::string& name : names) {
-    add(name);
-    EXPECT_EQ(stored().back()[2], std::string(trimmed(name)));
-  }
   press(form.cmdadd);
   type(form.Text1, std::string(5000, 'x'));
   EXPECT_EQ(form.Text1.text().size(), 100U);
   EXPECT_EQ(form.lblhint.caption(), "A group name holds at most 100 characters.");
-  EXPECT_EQ(errors(), Texts());
+  leave(form);
 }
 
 TEST_F(GroupMasterTest, AGroupThatAnyTableUsesCannotBeDeleted) {

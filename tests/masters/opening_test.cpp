@@ -33,6 +33,7 @@ class OpeningTest : public MastersTest {
     home.show();
     EXPECT_TRUE(home.click(home.*command));
     statements();
+    EXPECT_TRUE(context().desk.active()->modal());
     return dynamic_cast<Master&>(*context().desk.active());
   }
   frmtbledmas& ledgerMaster() { return master<frmtbledmas>(&third::cmdledmas); }
@@ -57,23 +58,6 @@ class OpeningTest : public MastersTest {
     press(master, master.cmdupdate);
   }
 };
-
-TEST_F(OpeningTest, TheHomeFormOpensBothMastersOverItself) {
-  auto& home = static_cast<third&>(*practice.forms().ObjThird());
-  home.show();
-  const struct {
-    Button& button;
-    const char* form;
-  } cases[] = {{home.cmdgrpmas, "frmgrpmas"}, {home.cmdledmas, "frmtbledmas"}};
-  for (const auto& each : cases) {
-    press(home, each.button);
-    Form& master = *context().desk.active();
-    EXPECT_EQ(master.name(), each.form);
-    EXPECT_TRUE(master.modal());
-    EXPECT_TRUE(master.close());
-    EXPECT_EQ(context().desk.active(), &home);
-  }
-}
 
 TEST_F(OpeningTest, ANewGroupGoesIntoTheEntry) {
   frmcrtb& form = editor(2008);
