@@ -660,10 +660,7 @@ TEST_F(EntryTest, ALedgerThatCannotBeMadeIsNamed) {
   exec("rename table mast_part to mast_part_away");
   enter(form, "Nobody", "RENT", "1", "D");
   exec("rename table mast_part_away to mast_part");
-  const auto asked = dialogs.takeMessages();
-  ASSERT_EQ(asked.size(), 1U);
-  EXPECT_EQ(asked[0].message.text, "Failed to Create Master [Nobody].");
-  EXPECT_EQ(asked[0].message.icon, Icon::information);
+  EXPECT_EQ(asked(), (Rows{{"Failed to Create Master [Nobody].", "OK", "information", "OK"}}));
   EXPECT_TRUE(stored().empty());
 }
 

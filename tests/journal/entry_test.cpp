@@ -51,16 +51,13 @@ class JournalEntry : public JournalTest {
     EXPECT_TRUE(form.close());
     messages();
   }
-  void typeKeys(const std::string& text) {
-    for (const char32_t c : charactersOf(text)) journal().press(c);
-  }
 };
 
 TEST_F(JournalEntry, EnterLeadsFromBoxToBox) {
   frmjrnl& form = journal();
   Texts way{active()};
   const auto enter = [&](const std::string& typed = {}) {
-    typeKeys(typed);
+    for (const char32_t c : charactersOf(typed)) form.press(c);
     form.press(keys::Enter);
     way.push_back(active());
   };

@@ -128,11 +128,6 @@ class JournalTest : public PracticeTest {
                 "where code_no='" +
                 client + "' order by srno");
   }
-  std::vector<Message> boxes() {
-    std::vector<Message> all;
-    for (const auto& asked : dialogs.takeMessages()) all.push_back(asked.message);
-    return all;
-  }
 
  private:
   std::unique_ptr<frmjrnl> form_;
