@@ -1,7 +1,11 @@
 #include "suite/stack_bounds.h"
 
-#include <dlfcn.h>
 #include <pthread.h>
+
+// The sanitizers ask before the program has begun; they get the C library's own answer.
+#ifndef __SANITIZE_ADDRESS__
+
+#include <dlfcn.h>
 
 #include <cstddef>
 
@@ -22,9 +26,7 @@ int askLibrary(pthread_t thread, pthread_attr_t* attributes) {
 
 }  // namespace
 
-// In place of the C library's own. The sanitizers ask before the program has begun; they get the
-// library's answer.
-#ifndef __SANITIZE_ADDRESS__
+// In place of the C library's own.
 extern "C" int pthread_getattr_np(pthread_t thread, pthread_attr_t* attributes) {
   if (pthread_equal(thread, pthread_self()) == 0) return askLibrary(thread, attributes);
   if (known.size == 0) {
@@ -34,6 +36,7 @@ extern "C" int pthread_getattr_np(pthread_t thread, pthread_attr_t* attributes) 
   const int error = pthread_attr_init(attributes);
   return error != 0 ? error : pthread_attr_setstack(attributes, known.begin, known.size);
 }
+
 #endif
 
 namespace quillet::suite {
