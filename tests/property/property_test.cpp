@@ -232,23 +232,29 @@ class PropertyTest : public Checks {
     require(!frontEnd.busy, "the busy indicator stays");
     failing_ = -1;
 
+    World begun = before;  // with what was imported when the deed had failed
     std::vector<World> candidates{after};
     if (imported_) {
-      require(yearBefore() && after[where_].lines.empty() && !after[*yearBefore()].lines.empty(),
+      const Lines& made = after[where_].lines;
+      require(yearBefore() && !after[*yearBefore()].lines.empty() &&
+                  (made.empty() || (failed && before.at(where_).lines.empty())),
               "the import was proposed");
-      candidates[0][where_].lines = after[*yearBefore()].lines;
-      if (failed) candidates.push_back(after);
+      const Lines& imported = after[*yearBefore()].lines;
+      candidates[0][where_].lines = imported;
+      for (const auto& [pair, amount] : made) candidates[0][where_].enter(pair, amount);
+      if (!made.empty()) begun[where_].lines = imported;
+      if (made.empty() && failed) candidates.push_back(after);
     }
-    if (failed || deed.lenient) candidates.push_back(before);
+    if (failed || deed.lenient) candidates.push_back(begun);
     if (undone_ && deed.looksOnly) candidates.push_back(stood);
     checkTables(before, candidates, deed, failed);
     // What was typed stays until it is saved.
     const bool kept = failed && deed.saves && !editor().txtpart.text().empty();
-    const bool decided = (world_ == candidates[0] && !kept) || world_ == before;
+    const bool decided = (world_ == candidates[0] && !kept) || world_ == begun;
     if (decided || (!failed && !(deed.looksOnly && world_ == stood))) {
       undone_.reset();
     } else if (deed.saves) {
-      undone_ = before;
+      undone_ = begun;
     }
     const bool reloaded = std::any_of(sent.begin(), sent.end(), [&](const std::string& sql) {
       return sql.starts_with(journal() ? "Select *  from JRNL_" : "Select * From TAB_") &&
@@ -625,6 +631,7 @@ class PropertyTest : public Checks {
                     if (journal()->Frame1.visible()) {
                       journal()->LOADGRID();
                       openVoucher(number);
+                      if (journal()->Frame1.visible()) return;  // the opening failed
                       fillVoucher(voucher);
                     }
                     journal()->click(journal()->cmdupdate);
