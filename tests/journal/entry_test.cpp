@@ -119,25 +119,21 @@ TEST_F(JournalEntry, TakesAGoodDateOnly) {
 
 TEST_F(JournalEntry, AnotherLedgerDoesNotKeepTheGroupProposedForTheFirst) {
   frmjrnl& form = journal();
-  const auto enter = [&](TextBox& box, const char* text) {
-    type(box, text);
-    form.press(keys::Enter);
+  const auto groupOf = [&](const char* name) {
+    enterLedger(name, keys::Enter);
+    return form.txtgroup[0].text();
   };
-  enter(form.txtledger[0], "Cash");
-  EXPECT_EQ(form.txtgroup[0].text(), "BANKS");
-  enter(form.txtledger[0], "Petty Cash");
-  EXPECT_EQ(form.txtgroup[0].text(), "");
+  EXPECT_EQ(groupOf("Cash"), "BANKS");
+  EXPECT_EQ(groupOf("Petty Cash"), "");
   type(form.txtdramt[0], "5");
   form.click(form.cmdupdate);
   EXPECT_EQ(messages(), Texts{"Please select a Group."});
   // A group that a person chose stays until a ledger proposes its own.
-  enter(form.txtgroup[0], "CAPITAL");
-  enter(form.txtledger[0], "Axis Bank");
-  EXPECT_EQ(form.txtgroup[0].text(), "CAPITAL");
-  enter(form.txtledger[0], "Rent Payable");
-  EXPECT_EQ(form.txtgroup[0].text(), "RENT");
-  enter(form.txtledger[0], "Axis Bank");
-  EXPECT_EQ(form.txtgroup[0].text(), "");
+  type(form.txtgroup[0], "CAPITAL");
+  form.press(keys::Enter);
+  EXPECT_EQ(groupOf("Axis Bank"), "CAPITAL");
+  EXPECT_EQ(groupOf("Rent Payable"), "RENT");
+  EXPECT_EQ(groupOf("Axis Bank"), "");
 }
 
 TEST_F(JournalEntry, ProposesTodayWithinTheYearOnly) {
@@ -309,8 +305,7 @@ TEST_F(JournalEntry, ProposesTheFirstGroupAsTheListIsOrdered) {
   type(form.txtdt, "02062010");
   for (const auto& [name, proposed] :
        {std::pair{"Overdraft", "bank overdraft"}, std::pair{"Loan", "SALES"}}) {
-    type(form.txtledger[0], name);
-    form.press(keys::Enter);
+    enterLedger(name, keys::Enter);
     EXPECT_EQ(form.txtgroup[0].text(), proposed);
   }
   // A voucher on a group that is gone is shown with what is left of it, refused as it is, and can
