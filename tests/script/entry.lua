@@ -28,8 +28,8 @@ local insert = "insert into TAB_1 values(1,'R1'," .. part .. "," .. group .. ",1
 assert(sent:lower():find(insert:lower(), 1, true), "not sent: " .. insert .. "\nbut: " .. sent)
 
 -- The same pair again on the other side: one row with the net amount, under a new number.
-enter(editor, "Salaries", "SALARIES AND BONUS", "500", "dr")
-enter(editor, "office rent", "rent", "2000", "Cr")
+enter(editor, "Salaries", "SALARIES AND BONUS", "500", "d")
+enter(editor, "office rent", "rent", "2000", "c")
 equal(support.stored(tab, "R1"),
   { { 2, "Salaries", 500, 1 }, { 3, "Office Rent", 10000, 1 } })
 
@@ -40,6 +40,10 @@ equal(support.stored(tab, "R1"),
 equal({ editor.txttotdeb.text, editor.txttotcr.text, editor.txtdiff.text, editor.txtdifft.text },
   { "500.00", "0.50", "499.50", "Debit" })
 
+-- What nets to nothing leaves no row.
+enter(editor, "Office Rent", "RENT", "0.5", "D")
+equal(support.stored(tab, "R1"), { { 2, "Salaries", 500, 1 } })
+
 -- Altering a line replaces it.
 editor.vsfm:pick("Salaries")
 editor.vsfm:dblclick()
@@ -47,19 +51,29 @@ equal({ editor.txtpart.text, editor.txtgroup.text, editor.txtamount.text, editor
   { "Salaries", "SALARIES AND BONUS", "500.00", "DR" })
 editor.txtamount:type("750")
 editor.txtdrcr:press("Enter")
-equal(support.stored(tab, "R1"), { { 3, "Office Rent", 0.5, 2 }, { 4, "Salaries", 750, 1 } })
+equal(support.stored(tab, "R1"), { { 1, "Salaries", 750, 1 } })
 
 -- Deleting asks first, with No as the proposal.
-editor.vsfm:pick("Salaries")
+editor.vsfm:pick(1)
 quillet.messages()
 quillet.answer("No")
 editor.mnudelete:click()
-equal(#support.stored(tab, "R1"), 2)
+equal(#support.stored(tab, "R1"), 1)
 local asked = quillet.messages()[1]
 equal({ asked.text, asked.title, asked.buttons, asked.icon, asked.default, asked.answer },
   { "Do you want to delete the selected record?", "Delete", "YesNo", "none", "No", "No" })
 quillet.answer("Yes")
 editor.mnudelete:click()
-equal(support.stored(tab, "R1"), { { 3, "Office Rent", 0.5, 2 } })
-equal(editor.vsfm.rows, 1)
+equal(support.stored(tab, "R1"), {})
+equal(editor.vsfm.rows, 0)
+
+-- A neighbour in the same table keeps its lines.
+quillet.add_client { code = "R2", name = "Rao & Sons" }
+support.year("R2", 2008, 1)
+quillet.exec("insert into TAB_1 values(1,'R2'," .. part .. "," .. group .. ",77,2)")
+enter(editor, "Office Rent", "RENT", "1", "D")
+editor.vsfm:pick("Office Rent")
+quillet.answer("Yes")
+editor.mnudelete:click()
+equal(support.stored(tab, "R2"), { { 1, "Office Rent", 77, 2 } })
 equal(quillet.log(), {})

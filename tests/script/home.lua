@@ -42,7 +42,21 @@ home.ClGrd1:dblclick()
 assert(home.ClGrd1.visible)
 equal(quillet.statements(), {})
 
+-- A refused right to open a year that is signed leaves no table in the context.
+quillet.exec("update master set d_of_s='2009-09-30' where code_no='B2' and count=1")
 home.ClGrd1:dblclick()
+home.flexgrid2:pick("01/04/2008")
+quillet.refuse("CheckPass")
+home.flexgrid2:dblclick()
+equal(quillet.form("frmcrtb"), nil)
+equal(quillet.context.table, "")
+
+-- A year that has gone in the meantime opens nothing.
+quillet.exec("delete from master where code_no='B2' and count=2")
+home.flexgrid2:pick("01/04/2009")
+home.flexgrid2:dblclick()
+equal(quillet.form("frmcrtb"), nil)
+
 home.flexgrid2:pick("01/04/2008")
 home.flexgrid2:dblclick()
 equal({ quillet.context.client, quillet.context.table, quillet.context.first,

@@ -1,4 +1,4 @@
--- Years from the home form: created from the year before, merged, deleted.
+-- Years from the home form: created from the year before, created over, merged, deleted.
 local support = require("support")
 local equal = support.equal
 
@@ -33,10 +33,18 @@ local function registry(client)
   return found
 end
 
--- Created with the figures.
+-- The dates' rules, each with its message.
 choose(home.mnucreate, "Y1")
-dates("01042008", "31032010")
-equal(support.messages(), { "Difference between the two dates should be one year." })
+for _, case in ipairs {
+  { "01041979", "31031980", "Financial Year from 1980-81 allowed." },
+  { "01042008", "31032010", "Difference between the two dates should be one year." },
+  { "01042008", "31022009", "Invalid date." },
+} do
+  dates(case[1], case[2])
+  equal(support.messages(), { case[3] })
+end
+
+-- Created with the figures, then over itself without them.
 quillet.answer("Yes", "Yes")
 dates("01042008")
 equal(support.messages(),
@@ -45,6 +53,22 @@ equal(registry("Y1"), {
   { "01042007", "31032008", first, 1 }, { "01042008", "31032009", "TAB_2", 2 } })
 equal(support.stored("TAB_2", "Y1"),
   { { 1, "Capital A/c", 100, 2 }, { 2, "Cash in Hand", 100.1, 1 } })
+choose(home.mnucreate, "Y1")
+quillet.answer("Yes")
+dates("01042008")
+local deletion = assert(quillet.form("frmdelwhatinTB"), "the deletion form is not open")
+equal(deletion.lblheading.caption,
+  "Create Trial Balance -> Overwrite existing for F.Y. 2008-2009")
+deletion.cmddelete:click()
+equal(support.messages(), {
+  "Duplicate date is not allowed !\r\n\r\nDo you want to overwrite previously saved data ?",
+  "Select an option." })
+deletion.optMain[0]:click()
+quillet.answer("Yes", "Yes", "No")
+deletion.cmddelete:click()
+equal(support.stored("TAB_2", "Y1"),
+  { { 1, "Capital A/c", 0, 2 }, { 2, "Cash in Hand", 0, 1 } })
+equal(#registry("Y1"), 2)
 
 -- Merged into a client that has no such year, whose code is no help to a statement.
 support.messages()
@@ -63,7 +87,7 @@ choose(home.mnudelete, "Y1")
 home.flexgrid2:pick("01/04/2007")
 quillet.answer("Yes")
 home.flexgrid2:dblclick()
-local deletion = assert(quillet.form("frmdelwhatinTB"), "the deletion form is not open")
+deletion = quillet.form("frmdelwhatinTB")
 deletion.optMain[0]:click()
 quillet.statements()
 quillet.answer("Cancel", "Yes")
