@@ -146,7 +146,7 @@ void ledgerMasterMark(benchmark::State& state) {
 void ledgerMasterListOfUse(benchmark::State& state) {
   frmtbledmas form(practice().context());
   compare(state, {.run = [&] {
-            form.VIEWLISTOFUSE(large->ledger(0), false);
+            form.VIEWLISTOFUSE(sqlNumber(std::stol(large->ledger(0))), false);
             if (form.vsfC.rows() < clientYears) throw std::runtime_error("client years missing");
           }});
 }

@@ -358,6 +358,7 @@ TEST_F(GroupMasterTest, WhereAMergedGroupWentIsKept) {
   open();
   merge("RENT", "FARES");
   merge("FARES", "POSTAGE");
+  EXPECT_TRUE(form.close());
   practice.restartModule();
   const MergedGroups merged(context());
   for (const std::string& id : {rent, fares, post}) {
