@@ -3,9 +3,8 @@
 //
 //   quillet-calc                   obeys the lines on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
-//   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines, those
-//   that
-//                                  show an error as "error ROW COLUMN TEXT"
+//   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines; a cell
+//                                  that shows an error is "error ROW COLUMN TEXT"
 
 #include <charconv>
 #include <cstdlib>
