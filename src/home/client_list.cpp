@@ -77,6 +77,7 @@ std::vector<std::string> ClientList::values(std::size_t column) const {
     if (!capitals_[i][column].empty()) values.emplace(capitals_[i][column], clients_[i][column]);
   }
   std::vector<std::string> all;
+  all.reserve(values.size());
   for (const auto& [key, value] : values) all.push_back(value);
   return all;
 }
