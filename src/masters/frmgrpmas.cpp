@@ -118,12 +118,8 @@ std::vector<std::string> frmgrpmas::cellsOf(const Recordset& group) const {
 void frmgrpmas::LOADGRID(long groupId) {
   const Sql all = "Select * From Mast_AllGrp";
   const auto readOne = [&] {
-    const auto rows = context_.query(all + " Where AllId=" + sqlNumber(groupId));
-    if (rows->EOF_()) {
-      dropRow(vsf, groupId);
-    } else {
-      showRow(vsf, cellsOf(*rows));
-    }
+    showFound(vsf, groupId, *context_.query(all + " Where AllId=" + sqlNumber(groupId)),
+              [&](const Recordset& row) { return cellsOf(row); });
   };
   if (groupId > 0 && wasRead(vsf) && attempt("LOADGRID", readOne)) return;
   fillGrids("LOADGRID", {&vsf}, [&] {

@@ -114,6 +114,15 @@ class MasterForm : public Form {
   static void showRow(Grid& grid, std::vector<std::string> cells);
   // Takes the row of an id out that was stored no more.
   void dropRow(Grid& grid, long id);
+  // Shows the row that was found for the id, or takes it away when there is none any more.
+  template <class CellsOf>
+  void showFound(Grid& grid, long id, const Recordset& found, CellsOf&& cellsOf) {
+    if (found.EOF_()) {
+      dropRow(grid, id);
+    } else {
+      showRow(grid, cellsOf(found));
+    }
+  }
   // Where names stand: in a column of a grid with ids in its first one, and in a table.
   struct Names {
     const Grid& grid;

@@ -57,12 +57,8 @@ std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
 bool frmgrpRM::LOADGRIDM(long srNo) {
   const Sql all = "Select * from " + table_ + ofClient();
   const auto readOne = [&] {
-    const auto found = context_.query(all + " and SrNo=" + sqlNumber(srNo));
-    if (found->EOF_()) {
-      dropRow(vsfM, srNo);
-    } else {
-      showRow(vsfM, cellsOf(*found));
-    }
+    showFound(vsfM, srNo, *context_.query(all + " and SrNo=" + sqlNumber(srNo)),
+              [&](const Recordset& row) { return cellsOf(row); });
   };
   if (srNo > 0 && wasRead(vsfM) && attempt("LOADGRIDM", readOne)) return true;
   return fillGrids("LOADGRIDM", {&vsfM}, [&] {

@@ -50,12 +50,8 @@ std::vector<std::string> frmgrpRM::headCells(const Recordset& head) const {
 void frmgrpRM::LOADGRIDG(long grpId) {
   const Sql all = "Select * from RawMatGrpM";
   const auto readOne = [&] {
-    const auto found = context_.query(all + " Where GrpId=" + sqlNumber(grpId));
-    if (found->EOF_()) {
-      dropRow(vsfG, grpId);
-    } else {
-      showRow(vsfG, headCells(*found));
-    }
+    showFound(vsfG, grpId, *context_.query(all + " Where GrpId=" + sqlNumber(grpId)),
+              [&](const Recordset& row) { return headCells(row); });
   };
   if (grpId > 0 && wasRead(vsfG) && attempt("LOADGRIDG", readOne)) return;
   fillGrids("LOADGRIDG", {&vsfG}, [&] {
