@@ -82,9 +82,7 @@ void Bench::fill(const BenchYear& year) {
   const auto known = database.query("select coalesce(max(PartId),0) from Mast_Part");
   BulkInsert ledgers(database, "Mast_Part(PartId,Particular)");
   for (long id = known->integer(0) + 1; id <= year.lines; ++id)
-    ledgers.row(id, suite::sample::customerName(suite::sample::Line::hardware,
-                                                static_cast<int>(id) % 3'000) +
-                        " " + std::to_string(id));
+    ledgers.row(id, suite::sample::customerName("hardware", id % 3'000) + " " + std::to_string(id));
   ledgers.send();
 
   BulkInsert lines(database, year.table + "(srno,code_no,partid,allid,amt,nid)");

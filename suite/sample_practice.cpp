@@ -35,7 +35,7 @@ class Installer {
   void finish();
 
  private:
-  void registerYear(const std::string& code, int firstYear, int number);
+  void registerYear(const std::string& code, long firstYear, int number);
   void writeLines(const std::string& code, const YearBooks& books, const std::string& table);
   void writeStock(const std::string& code, const YearBooks& books, const std::string& table);
   long ledgerId(const std::string& name);
@@ -57,13 +57,13 @@ Installer::Installer(Database& database)
 }
 
 void Installer::install(const SampleClient& client) {
-  addClient(database_, registerEntry(client));
+  addClient(database_, client.entry);
   int number = 0;
   for (const YearBooks& books : keepBooks(client)) {
     const std::string suffix = tableSuffix(++number);
-    registerYear(client.code, books.firstYear, number);
-    writeLines(client.code, books, "TAB_" + suffix);
-    writeStock(client.code, books, "TRADE_" + suffix);
+    registerYear(client.entry.code, books.firstYear, number);
+    writeLines(client.entry.code, books, "TAB_" + suffix);
+    writeStock(client.entry.code, books, "TRADE_" + suffix);
   }
 }
 
@@ -72,7 +72,7 @@ void Installer::finish() {
   years_.send();
 }
 
-void Installer::registerYear(const std::string& code, int firstYear, int number) {
+void Installer::registerYear(const std::string& code, long firstYear, int number) {
   const std::string first = std::to_string(firstYear);
   const std::string second = std::to_string(firstYear + 1);
   years_.row(code, "01/04/" + first, "31/03/" + second, "TAB_" + tableSuffix(number), number,
@@ -98,8 +98,7 @@ void Installer::writeStock(const std::string& code, const YearBooks& books,
 }
 
 long Installer::ledgerId(const std::string& name) {
-  const auto [found, isNew] =
-      ledgerIds_.try_emplace(name, static_cast<long>(ledgerIds_.size()) + 1);
+  const auto [found, isNew] = ledgerIds_.try_emplace(name, std::ssize(ledgerIds_) + 1);
   if (isNew) ledgers_.row(found->second, name);
   return found->second;
 }
@@ -125,7 +124,7 @@ void installSamplePractice(Database& database,
   refuseUnlessEmpty(database);
   Installer installer(database);
   const std::vector<SampleClient>& clients = sample::sampleClients();
-  const long total = static_cast<long>(clients.size());
+  const long total = std::ssize(clients);
   long done = 0;
   for (const SampleClient& client : clients) {
     installer.install(client);

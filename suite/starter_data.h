@@ -2,7 +2,9 @@
 // and tax practice in India classes its ledgers under.
 #pragma once
 
-#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace quillet::suite {
 
@@ -12,19 +14,21 @@ class Database;
 enum class GrandGroup { assets = 1, liabilities = 2, incomes = 3, expenses = 4 };
 
 struct PrimaryGroup {
-  int id;
-  const char* name;
+  long id;
+  std::string name;
   GrandGroup grand;
 };
 
 struct AccountGroup {
-  int id;
-  int primary;
-  const char* name;
+  long id;
+  std::string name;
+  const PrimaryGroup* primary;
 };
 
-std::span<const PrimaryGroup> primaryGroups();
-std::span<const AccountGroup> accountGroups();
+const std::vector<PrimaryGroup>& primaryGroups();
+const std::vector<AccountGroup>& accountGroups();
+// None of that name: null.
+const AccountGroup* accountGroup(std::string_view name);
 
 // Fills Mast_Gunder and Mast_AllGrp where they are empty; a table that holds rows is left as it is.
 void installStarterData(Database& database);

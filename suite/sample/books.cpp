@@ -59,7 +59,7 @@ class Bookkeeper {
   Ledger& the(Role role);
 
   const SampleClient& client_;
-  const Business& business_;
+  const Trade& trade_;
   Dice dice_;
   std::vector<Ledger> ledgers_;
   std::vector<Goods> goods_;
@@ -69,11 +69,11 @@ class Bookkeeper {
 
 Bookkeeper::Bookkeeper(const SampleClient& client)
     : client_(client),
-      business_(business(client.trade)),
-      dice_(client.code),
+      trade_(*sample::trade(client.trade)),
+      dice_(client.entry.code),
       ledgers_(openLedgers(client, dice_)),
       turnover_(client.turnover * 100) {
-  for (const Stock& stock : business_.stocks) goods_.push_back({&stock});
+  for (const Stock& stock : trade_.stocks) goods_.push_back({&stock});
 }
 
 YearBooks Bookkeeper::nextYear() {
@@ -101,8 +101,8 @@ void Bookkeeper::takeStock() {
 
 void Bookkeeper::postFigures() {
   for (Ledger& ledger : ledgers_) post(ledger);
-  postParties(Role::customers, business_.customers);
-  postParties(Role::suppliers, business_.suppliers);
+  postParties(Role::customers, trade_.customers);
+  postParties(Role::suppliers, trade_.suppliers);
 }
 
 void Bookkeeper::post(Ledger& ledger) {
@@ -148,7 +148,7 @@ void Bookkeeper::postParties(Role role, long rate) {
 // Buys what makes the gross profit come out at the margin, give or take.
 void Bookkeeper::trade() {
   if (goods_.empty()) return;
-  Paise bought = dice_.vary(turnover_ / 100 * (100 - business_.margin), 1);
+  Paise bought = dice_.vary(turnover_ / 100 * (100 - trade_.margin), 1);
   bought -= totalOf(Role::direct) + totalOf(Role::openingStock);
   for (const Goods& goods : goods_) bought += goods.closing;
   for (Ledger& ledger : ledgers_)
@@ -161,7 +161,7 @@ void Bookkeeper::writeDownAssets() {
     if (ledger.role != Role::asset) continue;
     if (year_ == 0) ledger.first = ledger.balance = figure(ledger, 30);
     if (year_ > 0 && dice_.oneIn(3)) ledger.balance += dice_.vary(ledger.first / 3, 60);
-    const Paise loss = roundTo(ledger.balance * depreciationRate(ledger.group) / 100, rupees);
+    const Paise loss = roundTo(ledger.balance * depreciationRate(*ledger.group) / 100, rupees);
     ledger.balance -= loss;
     lost += loss;
   }
@@ -237,9 +237,9 @@ void Bookkeeper::settlePaise() {
     if (isParty(ledger) && ledger.balance != 0) parties.push_back(&ledger);
   Ledger& bank = the(Role::bank);
   for (int tries = 0; tries < 10'000 && !binaryTotalsAgree(ledgers_); ++tries) {
-    const auto chosen = dice_.below(static_cast<long>(parties.size()));
+    Ledger& party = **(parties.begin() + dice_.below(std::ssize(parties)));
     const Paise paid = dice_.below(199) - 99;
-    parties[static_cast<std::size_t>(chosen)]->balance -= paid;
+    party.balance -= paid;
     bank.balance += paid;
   }
 }
@@ -271,9 +271,10 @@ YearBooks Bookkeeper::report() const {
   YearBooks books;
   books.firstYear = client_.firstYear + year_;
   for (const Ledger& ledger : ledgers_)
-    if (ledger.balance != 0) books.lines.push_back({ledger.name, ledger.group, ledger.balance});
+    if (ledger.balance != 0)
+      books.lines.push_back({ledger.name, ledger.group->name, ledger.balance});
   for (const Goods& goods : goods_)
-    books.stock.push_back({goods.stock->closing, goods.stock->closingGroup, goods.closing});
+    books.stock.push_back({goods.stock->closing, goods.stock->closingGroup->name, goods.closing});
   return books;
 }
 
@@ -307,7 +308,7 @@ std::vector<YearBooks> keepBooks(const SampleClient& client) {
   std::vector<YearBooks> years;
   if (client.years == 0) return years;
   Bookkeeper bookkeeper(client);
-  for (int i = 0; i < client.years; ++i) years.push_back(bookkeeper.nextYear());
+  for (long i = 0; i < client.years; ++i) years.push_back(bookkeeper.nextYear());
   if (client.latestEmpty) years.back() = {years.back().firstYear, {}, {}};
   return years;
 }

@@ -19,7 +19,7 @@ struct BookLine {
 };
 
 struct YearBooks {
-  int firstYear = 0;
+  long firstYear = 0;
   std::vector<BookLine> lines;
   std::vector<BookLine> stock;  // closing stock, which is no part of the trial balance
 };

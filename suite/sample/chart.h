@@ -1,8 +1,14 @@
-// The charts of accounts of the sample practice: which ledgers a business of each kind keeps, and
-// how their figures follow from its turnover.
+// The charts of accounts of the sample practice: which ledgers a client of each kind keeps, and how
+// their figures follow from its turnover.
 #pragma once
 
-#include <span>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "suite/data_reader.h"
+#include "suite/starter_data.h"
 
 namespace quillet::suite::sample {
 
@@ -41,42 +47,47 @@ enum Grain : long {
 };
 
 struct Account {
-  const char* ledger;
-  const char* group;
+  std::string ledger;
+  const AccountGroup* group;
   Role role;
   long rate;
   Grain grain;
 };
 
 struct Stock {
-  const char* opening;
-  const char* openingGroup;
-  const char* closing;
-  const char* closingGroup;
+  std::string opening;
+  const AccountGroup* openingGroup;
+  std::string closing;
+  const AccountGroup* closingGroup;
   long rate;
 };
 
-enum class Trade { goods, manufacture, service };
-enum class Ownership { proprietor, partnership, company };
-
-struct Business {
-  std::span<const Account> accounts;
-  std::span<const Stock> stocks;
-  long margin;     // gross profit in per cent of the turnover
-  long customers;  // all that they owe and are owed at the year's end, per 100,000
-  long suppliers;
-  long drawings;  // of all owners together, per 100,000
-  const char* customerGroup;
-  const char* supplierGroup;
+// What a client lives on.
+struct Trade {
+  long margin = 0;     // gross profit in per cent of the turnover
+  long customers = 0;  // all that they owe and are owed at the year's end, per 100,000
+  long suppliers = 0;
+  long drawings = 0;  // of all owners together, per 100,000
+  const AccountGroup* customerGroup = nullptr;
+  const AccountGroup* supplierGroup = nullptr;
+  std::vector<Stock> stocks;
 };
 
-const Business& business(Trade trade);
-// Accounts that every business keeps, and those that its ownership brings along. The owners' own
-// accounts are not among them.
-std::span<const Account> commonAccounts();
-std::span<const Account> ownershipAccounts(Ownership ownership);
+// Null when there is none of that name.
+const Trade* trade(const std::string& name);
+
+// The accounts that "all" clients keep, or those of a trade or a status; null for any other name.
+// The owners' own accounts are not among them.
+const std::vector<Account>* accountsOf(const std::string& keptBy);
 
 // Per cent that an asset of the group loses in a year.
-int depreciationRate(const char* group);
+long depreciationRate(const AccountGroup& group);
+
+// The group that the row names; throws when there is none.
+const AccountGroup* groupIn(const DataReader& row, std::string_view column);
+
+using Accounts = std::map<std::string, std::vector<Account>>;
+// By the name of whoever keeps them.
+Accounts readAccounts(DataReader row);
 
 }  // namespace quillet::suite::sample

@@ -9,40 +9,41 @@
 namespace quillet::suite::sample {
 namespace {
 
-GrandGroup grandGroup(std::string_view name) {
-  for (const AccountGroup& group : accountGroups())
-    if (group.name == name)
-      return primaryGroups()[static_cast<std::size_t>(group.primary - 1)].grand;
-  throw std::logic_error("No account group " + std::string(name));
+// A group of the starter data.
+const AccountGroup* groupNamed(std::string_view name) {
+  const AccountGroup* found = accountGroup(name);
+  if (found == nullptr) throw std::logic_error("No account group " + std::string(name));
+  return found;
 }
 
 class Opening {
  public:
   Opening(const SampleClient& client, Dice& dice)
-      : client_(client), business_(business(client.trade)), dice_(dice) {}
+      : client_(client), trade_(*trade(client.trade)), dice_(dice) {}
   std::vector<Ledger> run();
 
  private:
   void open(const Account& account);
-  void open(std::string name, const char* group, Role role, long rate, long grain, int side = 0);
+  void open(std::string name, const AccountGroup* group, Role role, long rate, long grain,
+            int side = 0);
   void openOwners();
-  void openOwner(const Owner& owner, const char* group);
+  void openOwner(const Owner& owner, const AccountGroup* group);
   void openParties();
   bool doesWithout(const Account& account);
 
   const SampleClient& client_;
-  const Business& business_;
+  const Trade& trade_;
   Dice& dice_;
   std::vector<Ledger> ledgers_;
 };
 
 std::vector<Ledger> Opening::run() {
   openOwners();
-  for (const Account& account : ownershipAccounts(client_.ownership)) open(account);
-  for (const Account& account : business_.accounts) open(account);
-  for (const Account& account : commonAccounts())
+  for (const Account& account : *accountsOf(client_.entry.status)) open(account);
+  for (const Account& account : *accountsOf(client_.trade)) open(account);
+  for (const Account& account : *accountsOf("all"))
     if (!doesWithout(account)) open(account);
-  for (const Stock& stock : business_.stocks)
+  for (const Stock& stock : trade_.stocks)
     open(stock.opening, stock.openingGroup, Role::openingStock, 0, paise);
   openParties();
   return std::move(ledgers_);
@@ -52,9 +53,9 @@ void Opening::open(const Account& account) {
   open(account.ledger, account.group, account.role, account.rate, account.grain);
 }
 
-void Opening::open(std::string name, const char* group, Role role, long rate, long grain,
+void Opening::open(std::string name, const AccountGroup* group, Role role, long rate, long grain,
                    int side) {
-  const GrandGroup grand = grandGroup(group);
+  const GrandGroup grand = group->primary->grand;
   const bool debit = grand == GrandGroup::assets || grand == GrandGroup::expenses;
   const bool nominal = grand == GrandGroup::incomes || grand == GrandGroup::expenses;
   if (side == 0) side = debit ? 1 : -1;
@@ -62,36 +63,39 @@ void Opening::open(std::string name, const char* group, Role role, long rate, lo
 }
 
 void Opening::openOwners() {
-  if (client_.ownership == Ownership::company) {
-    open("Profit and Loss Account", "PROFIT AND LOSS ACCOUNT", Role::owner, 100, paise);
+  if (client_.entry.status == "Company") {
+    open("Profit and Loss Account", groupNamed("PROFIT AND LOSS ACCOUNT"), Role::owner, 100, paise);
     return;
   }
-  if (client_.ownership == Ownership::proprietor)
-    openOwner({registerEntry(client_).displayName(), 100}, "CAPITAL ACCOUNT");
-  for (const Owner& owner : client_.owners) openOwner(owner, "PARTNERS CAPITAL ACCOUNT");
+  if (client_.entry.status == "Individual")
+    openOwner({client_.entry.displayName(), 100}, groupNamed("CAPITAL ACCOUNT"));
+  for (const Owner& owner : client_.owners)
+    openOwner(owner, groupNamed("PARTNERS CAPITAL ACCOUNT"));
 }
 
-void Opening::openOwner(const Owner& owner, const char* group) {
+void Opening::openOwner(const Owner& owner, const AccountGroup* group) {
   open("Capital, " + owner.name, group, Role::owner, owner.share, paise);
-  const long most = business_.drawings * owner.share / 100;
-  open("Drawings, " + owner.name, "DRAWINGS", Role::drawings, most, rupees, 1);
-  open("Life Insurance Premium, " + owner.name, "DRAWINGS", Role::drawings, most / 9, rupees, 1);
-  open("Income Tax, " + owner.name, "DRAWINGS", Role::drawings, most / 5, hundreds, 1);
+  const AccountGroup* drawings = groupNamed("DRAWINGS");
+  const long most = trade_.drawings * owner.share / 100;
+  open("Drawings, " + owner.name, drawings, Role::drawings, most, rupees, 1);
+  open("Life Insurance Premium, " + owner.name, drawings, Role::drawings, most / 9, rupees, 1);
+  open("Income Tax, " + owner.name, drawings, Role::drawings, most / 5, hundreds, 1);
 }
 
 void Opening::openParties() {
-  const int offset = static_cast<int>(dice_.below(200));
+  const long offset = dice_.below(200);
   const auto weight = [this] { return 20 + dice_.below(180); };
-  for (int i = 0; i < client_.suppliers; ++i)
-    open(supplierName(client_.line, offset + i), business_.supplierGroup, Role::suppliers, weight(),
+  for (long i = 0; i < client_.suppliers; ++i)
+    open(supplierName(client_.dealsIn, offset + i), trade_.supplierGroup, Role::suppliers, weight(),
          paise);
   // One supplier has also been paid in advance: a ledger under two groups.
-  open(supplierName(client_.line, offset), "ADVANCES TO SUPPLIERS", Role::balance, 160, hundreds);
-  int customers = client_.customers;
+  open(supplierName(client_.dealsIn, offset), groupNamed("ADVANCES TO SUPPLIERS"), Role::balance,
+       160, hundreds);
+  long customers = client_.customers;
   // In the first year every account but the deposits has a balance.
-  if (client_.lines > 0) customers = client_.lines - static_cast<int>(ledgers_.size()) + 1;
-  for (int i = 0; i < customers; ++i)
-    open(customerName(client_.line, offset + i), business_.customerGroup, Role::customers, weight(),
+  if (client_.lines > 0) customers = client_.lines - std::ssize(ledgers_) + 1;
+  for (long i = 0; i < customers; ++i)
+    open(customerName(client_.dealsIn, offset + i), trade_.customerGroup, Role::customers, weight(),
          paise);
 }
 

@@ -12,7 +12,7 @@ namespace quillet::suite::sample {
 // An account with its balance, debit positive.
 struct Ledger {
   std::string name;
-  const char* group;
+  const AccountGroup* group;
   Role role;
   long rate;
   long grain;

@@ -17,13 +17,7 @@
 namespace quillet::suite::sample {
 namespace {
 
-GrandGroup grandGroup(const std::string& name) {
-  for (const AccountGroup& group : accountGroups())
-    if (group.name == name)
-      return primaryGroups()[static_cast<std::size_t>(group.primary - 1)].grand;
-  ADD_FAILURE() << "no group " << name;
-  return GrandGroup::assets;
-}
+GrandGroup grandGroup(const std::string& name) { return accountGroup(name)->primary->grand; }
 
 bool isNominal(const BookLine& line) {
   const GrandGroup grand = grandGroup(line.group);
@@ -128,28 +122,27 @@ TEST_P(BooksTest, HasAsManyLinesAsItShould) {
 INSTANTIATE_TEST_SUITE_P(Clients, BooksTest,
                          ::testing::Range(std::size_t{0}, sampleClients().size()),
                          [](const auto& tested) {
-                           return std::string(sampleClients()[tested.param].code);
+                           return sampleClients()[tested.param].entry.code;
                          });
 
 TEST(SampleClients, HoldEveryCaseThatThePracticeIsToShow) {
   std::set<std::string> codes;
-  std::set<Trade> trades;
-  std::set<Ownership> ownerships;
+  std::set<std::string> trades, statuses;
   std::map<std::string, int> special;
   for (const SampleClient& client : sampleClients()) {
-    EXPECT_TRUE(codes.insert(client.code).second) << client.code;
-    ++special[client.years == 0       ? "without years"
-              : client.latestEmpty    ? "with an empty year"
-              : client.lines == 2'000 ? "with a long year"
-              : *client.first != '\0' ? "person"
-                                      : "firm"];
+    EXPECT_TRUE(codes.insert(client.entry.code).second) << client.entry.code;
+    ++special[client.years == 0             ? "without years"
+              : client.latestEmpty          ? "with an empty year"
+              : client.lines == 2'000       ? "with a long year"
+              : !client.entry.first.empty() ? "person"
+                                            : "firm"];
     if (client.years == 0) continue;
     trades.insert(client.trade);
-    ownerships.insert(client.ownership);
-    EXPECT_GE(client.years, client.latestEmpty ? 2 : 1) << client.code;
+    statuses.insert(client.entry.status);
+    EXPECT_GE(client.years, client.latestEmpty ? 2 : 1) << client.entry.code;
   }
   EXPECT_EQ(trades.size(), 3u);
-  EXPECT_EQ(ownerships.size(), 3u);
+  EXPECT_EQ(statuses.size(), 3u);
   for (const char* kind : {"without years", "with an empty year", "with a long year"})
     EXPECT_EQ(special[kind], 1) << kind;
   EXPECT_GE(special["person"], 2);
@@ -157,7 +150,7 @@ TEST(SampleClients, HoldEveryCaseThatThePracticeIsToShow) {
 }
 
 TEST(SampleFirms, AreAllDifferent) {
-  for (const Line line : {Line::cloth, Line::hardware, Line::medicine, Line::advice}) {
+  for (const std::string line : {"cloth", "hardware", "medicine", "advice"}) {
     std::set<std::string> customers, suppliers;
     for (int n = 0; n < 3'000; ++n) {
       EXPECT_TRUE(customers.insert(customerName(line, n)).second) << n;

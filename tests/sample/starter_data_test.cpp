@@ -10,36 +10,27 @@ namespace quillet::suite {
 namespace {
 
 TEST(StarterGroups, HangTogether) {
-  std::map<int, GrandGroup> primary;
-  for (const PrimaryGroup& group : primaryGroups())
-    EXPECT_TRUE(primary.emplace(group.id, group.grand).second) << group.id;
-  ASSERT_EQ(primary.size(), 29u);
-  EXPECT_EQ(primary.begin()->first, 1);
-  EXPECT_EQ(primary.rbegin()->first, 29);
-
-  std::set<int> ids;
+  std::set<long> ids, used;
   std::set<std::string> names;
-  std::set<int> used;
   for (const AccountGroup& group : accountGroups()) {
     EXPECT_TRUE(ids.insert(group.id).second) << group.id;
     EXPECT_TRUE(names.insert(group.name).second) << group.name;
-    EXPECT_TRUE(primary.contains(group.primary)) << group.name;
-    used.insert(group.primary);
+    used.insert(group.primary->id);
     // The scratch tables of the journal's reports hold a hundred characters.
-    EXPECT_LE(std::string(group.name).size(), 100u) << group.name;
+    EXPECT_LE(group.name.size(), 100u) << group.name;
   }
-  EXPECT_EQ(used.size(), primary.size()) << "a primary group without a group to choose";
+  EXPECT_EQ(used.size(), 29u) << "a primary group without a group to choose";
 }
 
 // The summary adds assets and expenses on the debit side and the others on the credit side, by
 // these numbers.
 TEST(StarterGroups, StandUnderTheGrandGroupThatTheSummaryExpects) {
-  const std::map<GrandGroup, std::set<int>> expected = {
+  const std::map<GrandGroup, std::set<long>> expected = {
       {GrandGroup::assets, {5, 6, 7, 8, 9, 10, 11, 14, 27}},
       {GrandGroup::liabilities, {1, 2, 3, 4, 12, 13, 28}},
       {GrandGroup::incomes, {15, 17}},
       {GrandGroup::expenses, {16, 18, 19, 20, 21, 22, 23, 24, 25, 26, 29}}};
-  std::map<GrandGroup, std::set<int>> found;
+  std::map<GrandGroup, std::set<long>> found;
   for (const PrimaryGroup& group : primaryGroups()) found[group.grand].insert(group.id);
   EXPECT_EQ(found, expected);
 }
