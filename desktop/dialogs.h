@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 class QWidget;
 

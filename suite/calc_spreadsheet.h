@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 #include "suite/calc_lines.h"
 #include "suite/helper_process.h"
 

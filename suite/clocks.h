@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet::suite {
 

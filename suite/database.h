@@ -9,7 +9,7 @@
 #include <string>
 
 #include "data/recordset.h"
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet::suite {
 

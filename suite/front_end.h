@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet::suite {
 

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet::suite {
 

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 #include "suite/document.h"
 
 namespace quillet::suite {

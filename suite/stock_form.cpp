@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "books/amount.h"
 #include "data/names.h"
 #include "data/sql.h"
 #include "data/text.h"
-#include "host/amount.h"
 #include "host/meant_name.h"
 #include "suite/schema.h"
 

@@ -12,7 +12,7 @@
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet::suite {
 

@@ -58,6 +58,10 @@ class Control {
 
   unsigned version() const { return version_; }
 
+  // Whether a click reaches it now, and what the click does; by itself it runs Click.
+  virtual bool clickable() const { return enabled_ && shown(); }
+  virtual void clicked() { Click(); }
+
   // What the control does by itself with a key that no handler discarded; true when it used it.
   virtual bool act(Key) { return false; }
 

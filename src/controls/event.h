@@ -16,6 +16,8 @@ void reportTrapped(const Form& form, const std::string& owner, const char* name,
                    const std::exception& error) noexcept;
 // The same for the exception that is being handled, whatever its type.
 void reportTrapped(const Form& form, const std::string& owner, const char* name) noexcept;
+// The same under the name of a procedure.
+void reportTrapped(const Form& form, const char* procedure) noexcept;
 
 // No exception leaves a handler, so that none reaches the view or the program that runs it.
 template <class... Args>
@@ -27,11 +29,18 @@ class Event {
   Event(const Event&) = delete;
   Event& operator=(const Event&) = delete;
 
-  // Attaches the handler in place of the one before.
+  // Attaches the handler in place of the one before. Its errors are logged under "OWNER_NAME".
   template <class Handler>
   Event& operator=(Handler handler) {
     handler_ = std::move(handler);
+    procedure_ = nullptr;
     return *this;
+  }
+  // The same for a procedure whose name is another one.
+  template <class Handler>
+  void attach(const char* procedure, Handler handler) {
+    handler_ = std::move(handler);
+    procedure_ = procedure;
   }
   explicit operator bool() const { return static_cast<bool>(handler_); }
 
@@ -41,7 +50,11 @@ class Event {
     try {
       handler_(static_cast<Args>(args)...);
     } catch (...) {
-      reportTrapped(form_, owner_, name_);
+      if (procedure_) {
+        reportTrapped(form_, procedure_);
+      } else {
+        reportTrapped(form_, owner_, name_);
+      }
     }
   }
 
@@ -49,6 +62,7 @@ class Event {
   const Form& form_;
   const std::string& owner_;
   const char* name_;
+  const char* procedure_ = nullptr;
   std::function<void(Args...)> handler_;
 };
 

@@ -49,13 +49,16 @@ void reportTrapped(const Form& form, const std::string& owner, const char* name,
 }
 
 void reportTrapped(const Form& form, const std::string& owner, const char* name) noexcept {
+  reportTrapped(form, (upperCase(owner) + '_' + name).c_str());
+}
+
+void reportTrapped(const Form& form, const char* procedure) noexcept {
   try {
     throw;
   } catch (const std::exception& error) {
-    reportTrapped(form, owner, name, error);
+    form.report(procedure, error);
   } catch (...) {
-    reportTrapped(form, owner, name,
-                  std::runtime_error("Something else than an error was thrown."));
+    form.report(procedure, std::runtime_error("Something else than an error was thrown."));
   }
 }
 
@@ -241,20 +244,9 @@ void Form::press(Key key) {
 }
 
 bool Form::click(Control& control) {
-  if (auto* entry = dynamic_cast<MenuEntry*>(&control)) {
-    if (!entry->usable()) return false;
-    entry->Click();
-  } else {
-    if (!control.enabled() || !control.shown()) return false;
-    if (control.takesFocus() && !focus(control)) return false;
-    if (auto* box = dynamic_cast<CheckBox*>(&control)) {
-      box->toggle();
-    } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-      option->choose();
-    } else {
-      control.Click();
-    }
-  }
+  if (!control.clickable()) return false;
+  if (control.takesFocus() && !focus(control)) return false;
+  control.clicked();
   settle();
   return true;
 }

@@ -107,6 +107,12 @@ class Form {
     }
   }
 
+  // Attaches a procedure to an event; its errors are logged under that name.
+  template <class... Args, class Handler>
+  static void on(Event<Args...>& event, const char* procedure, Handler handler) {
+    event.attach(procedure, std::move(handler));
+  }
+
   virtual void load() {}
   virtual void activated() {}
   virtual void resize() {}
@@ -120,6 +126,7 @@ class Form {
   friend class Control;
   friend void reportTrapped(const Form& form, const std::string& owner, const char* name,
                             const std::exception& error) noexcept;
+  friend void reportTrapped(const Form& form, const char* procedure) noexcept;
   void adopt(Control& control);
   void disown(Control& control);
   void moveFocus(Control* to);

@@ -66,8 +66,8 @@ void Grid::setColumnWidth(int column, int width) {
   touch();
 }
 
-int Grid::addRow(std::vector<std::string> cells) {
-  insertRow(rows() + 1, std::move(cells));
+int Grid::addRow(std::vector<std::string> cells, long id) {
+  insertRow(rows() + 1, std::move(cells), id);
   return rows();
 }
 
@@ -75,28 +75,32 @@ void Grid::setRows(int rows, Cells cells) {
   clearRows();
   cells_ = std::move(cells);
   rows_.resize(static_cast<std::size_t>(rows));
-  for (int row = 1; row <= rows; ++row) at(row).askedBy = row;
+  for (int id = 1; id <= rows; ++id) {
+    at(id).id = id;
+    at(id).made = false;
+  }
   changed();
 }
 
 std::vector<std::string>& Grid::cellsOf(const Row& row) const {
-  if (row.askedBy != 0) {
+  if (!row.made) {
     row.cells.clear();
     try {
-      row.cells = cells_(row.askedBy);
+      row.cells = cells_(static_cast<int>(row.id));
     } catch (...) {
       reportTrapped(form(), name(), "CELLS");
     }
     row.cells.resize(columns_.size());
-    row.askedBy = 0;
+    row.made = true;
   }
   return row.cells;
 }
 
-void Grid::insertRow(int row, std::vector<std::string> cells) {
+void Grid::insertRow(int row, std::vector<std::string> cells, long id) {
   cells.resize(columns_.size());
   Row added;
   added.cells = std::move(cells);
+  added.id = id;
   rows_.insert(rows_.begin() + (row - 1), std::move(added));
   if (current_ >= row) ++current_;
   changed();
@@ -110,6 +114,21 @@ void Grid::removeRow(int row) {
     --current_;
     RowColChange();
   }
+}
+
+void Grid::moveRow(int from, int to) {
+  Row moved = std::move(at(from));
+  at(to);
+  rows_.erase(rows_.begin() + (from - 1));
+  rows_.insert(rows_.begin() + (to - 1), std::move(moved));
+  if (current_ == from) {
+    current_ = to;
+  } else if (from < current_ && current_ <= to) {
+    --current_;
+  } else if (to <= current_ && current_ < from) {
+    ++current_;
+  }
+  changed();
 }
 
 void Grid::removeRowsIf(const std::function<bool(int row)>& condition) {
@@ -161,6 +180,12 @@ int Grid::find(int column, std::string_view text, int from) const {
     if (cell(r, column) == text) return r;
   }
   return 0;
+}
+
+int Grid::findId(long id) const {
+  const auto found =
+      std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.id == id; });
+  return found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
 }
 
 bool Grid::rowHidden(int row) const { return at(row).hidden; }

@@ -1,6 +1,7 @@
-// A table of texts under fixed headings. Rows count from 1 (0 means none), columns from 0. Hidden
-// columns carry ids for the form's own use. A view reads the cells on demand, so a grid of many
-// thousand rows costs nothing to show; the cells of rows set with setRows are not even made before.
+// A table of texts under fixed headings. Rows count from 1 (0 means none), columns from 0. Each row
+// has an id, which stays with it wherever it moves: what the row stands for, known to the form
+// alone. A view reads the cells on demand, so a grid of many thousand rows costs nothing to show;
+// the cells of rows set with setRows are not even made before.
 #pragma once
 
 #include <functional>
@@ -38,19 +39,27 @@ class Grid : public Control {
   int rows() const { return static_cast<int>(rows_.size()); }
 
   // Adds a row at the end and returns its number; missing cells are empty.
-  int addRow(std::vector<std::string> cells);
-  void insertRow(int row, std::vector<std::string> cells);
-  // Replaces the rows by that many, whose cells are asked for when a row is first read. A row keeps
-  // the number that its cells are asked by, wherever it has moved by then.
-  using Cells = std::function<std::vector<std::string>(int row)>;
+  int addRow(std::vector<std::string> cells, long id = 0);
+  void insertRow(int row, std::vector<std::string> cells, long id = 0);
+  // Replaces the rows by that many with the ids 1, 2, 3 and so on. The cells of a row are asked for
+  // by its id when they are first read.
+  using Cells = std::function<std::vector<std::string>(int id)>;
   void setRows(int rows, Cells cells);
   void removeRow(int row);
+  // Moves a row, with all that it holds; a current row stays current.
+  void moveRow(int from, int to);
   // Removes the rows for which it is true, in one pass. A current row that goes leaves none.
   void removeRowsIf(const std::function<bool(int row)>& condition);
   // Removes every row; the current row becomes 0.
   void clearRows();
   // Makes room for that many more rows.
   void reserve(int rows);
+
+  long rowId(int row) const { return at(row).id; }
+  // The id of the current row, 0 when there is none.
+  long currentId() const { return current_ == 0 ? 0 : rowId(current_); }
+  // The first row with that id, 0 when there is none.
+  int findId(long id) const;
 
   const std::string& cell(int row, int column) const;
   void setCell(int row, int column, std::string text);
@@ -108,7 +117,8 @@ class Grid : public Control {
  private:
   struct Row {
     mutable std::vector<std::string> cells;
-    mutable int askedBy = 0;  // the number of its cells while they are not made, then 0
+    mutable bool made = true;  // the cells were given, or asked for
+    long id = 0;
     bool hidden = false;
     bool emphasised = false;
   };

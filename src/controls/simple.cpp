@@ -24,18 +24,18 @@ void Toggle::setChecked(bool checked) {
 
 bool CheckBox::act(Key key) {
   if (key != keys::Space) return false;
-  toggle();
+  clicked();
   return true;
 }
 
-void CheckBox::toggle() {
+void CheckBox::clicked() {
   setChecked(!checked());
   Click();
 }
 
 bool OptionButton::act(Key key) {
   if (key != keys::Space) return false;
-  choose();
+  clicked();
   return true;
 }
 
@@ -48,7 +48,7 @@ void OptionButton::setChecked(bool checked) {
   }
 }
 
-void OptionButton::choose() {
+void OptionButton::clicked() {
   setChecked(true);
   Click();
 }
@@ -63,8 +63,8 @@ MenuEntry::MenuEntry(Form& form, std::string name, std::string caption, int inde
                      MenuEntry* parent)
     : Toggle(form, std::move(name), std::move(caption), index), parent_(parent) {}
 
-bool MenuEntry::usable() const {
-  return enabled() && visible() && (parent_ == nullptr || parent_->usable());
+bool MenuEntry::clickable() const {
+  return enabled() && visible() && (parent_ == nullptr || parent_->clickable());
 }
 
 }  // namespace quillet

@@ -49,8 +49,8 @@ class CheckBox : public Toggle {
  public:
   using Toggle::Toggle;
   bool act(Key key) override;
-  // Turns the tick and runs Click, as a person's click does.
-  void toggle();
+  // Turns the tick and runs Click.
+  void clicked() override;
 };
 
 // One of several choices: choosing one clears the others of its array.
@@ -60,7 +60,7 @@ class OptionButton : public Toggle {
   bool act(Key key) override;
   void setChecked(bool checked) override;
   // Chooses it and runs Click.
-  void choose();
+  void clicked() override;
 };
 
 // An entry of the form's menu bar: a heading when other entries name it as their parent, a command
@@ -74,8 +74,8 @@ class MenuEntry : public Toggle {
   MenuEntry* parent() const { return parent_; }
   // A key that runs the command from anywhere on the form, such as "F5" or "Ctrl+P".
   const std::string& shortcut() const { return shortcut_; }
-  // Usable: it and every heading above it are enabled and visible.
-  bool usable() const;
+  // It and every heading above it are enabled and visible.
+  bool clickable() const override;
 
  private:
   MenuEntry* parent_;

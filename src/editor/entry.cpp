@@ -1,13 +1,13 @@
 // The editor's entry fields: one line at a time is entered, altered or deleted.
 #include <algorithm>
 
+#include "books/amount.h"
 #include "data/names.h"
 #include "data/sql.h"
 #include "data/text.h"
 #include "editor/frmcrtb.h"
-#include "host/amount.h"
-#include "host/busy.h"
 #include "host/meant_name.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {

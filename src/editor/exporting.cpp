@@ -2,12 +2,12 @@
 #include <chrono>
 #include <filesystem>
 
+#include "books/amount.h"
 #include "data/paths.h"
 #include "data/text.h"
 #include "data/year.h"
 #include "editor/frmcrtb.h"
-#include "host/amount.h"
-#include "host/busy.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -138,7 +138,7 @@ void frmcrtb::CMDEXPORT_CLICK() {
 std::string frmcrtb::exportTo(const fs::path& source, const fs::path& target) {
   const std::string name = textOf(target);
   try {
-    const Busy busy(context_, "Exporting to " + name + "....");
+    const Busy busy(*context_.host, "Exporting to " + name + "....");
     // The spreadsheet program need not run in our folder.
     WorkingCopy copy(fs::absolute(target));
     copy.fill(source);

@@ -14,14 +14,14 @@
 #include <unordered_map>
 #include <vector>
 
+#include "books/lines.h"
+#include "books/summary_figures.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
 #include "data/table_names.h"
-#include "editor/lines.h"
-#include "editor/summary_figures.h"
 #include "host/context.h"
 
 namespace quillet {

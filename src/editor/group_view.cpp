@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "editor/frmcrtb.h"
-#include "host/busy.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -88,7 +88,7 @@ void frmcrtb::showGroups(int count) {
 
 void frmcrtb::LOADGRIDS() {
   trap("LOADGRIDS", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     for (Grid* grid : {&vsf1, &vsf2, &vsf3}) grid->clearRows();
     for (int shown = 0; shown < groupsShown_ && cbogroup.chosen() > 0; ++shown) {
       const int position = cbogroup.chosen() + shown;

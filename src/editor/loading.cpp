@@ -2,15 +2,15 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "books/clients.h"
+#include "books/posting.h"
 #include "data/names.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
 #include "data/year.h"
 #include "editor/frmcrtb.h"
-#include "host/busy.h"
-#include "host/clients.h"
-#include "host/posting.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -50,7 +50,7 @@ void frmcrtb::FORM_LOAD() {
   // While the books are as the failed save left them.
   putBack();
   // What a voucher left half posted is not to be seen as the year's figures.
-  trap("FORM_LOAD", [&] { settlePostings(context_); });
+  trap("FORM_LOAD", [&] { settlePostings(*context_.host, context_.unposted); });
   trap("FORM_LOAD", [&] {
     context_.host->resize_for_resolution(*this);
     takeContext();
@@ -125,7 +125,7 @@ void frmcrtb::chooseSort(const std::string& setting) {
 // What the registers say of client and year.
 void frmcrtb::readRegisters() {
   if (!tables_[previous].empty()) return;
-  if (clientName_.empty()) clientName_ = clientName(context_, namedCode_);
+  if (clientName_.empty()) clientName_ = clientName(*context_.host, namedCode_);
   findPreviousYear();
 }
 
@@ -407,7 +407,7 @@ void frmcrtb::reloadPage() {
 
 // Reads the lines, and what an attempt before this one could not read.
 void frmcrtb::reload() {
-  const Busy busy(context_);
+  const Busy busy(*context_.host);
   if (hasTable() && !linesRead_) hint(unread);
   readRegisters();
   if (!ledgersRead_) LOADPARTICULARS();
@@ -471,7 +471,7 @@ void frmcrtb::loadLedgerList(const char* procedure, const std::string& setting) 
   trap(procedure, [&] { context_.host->SaveSettingINI(settings, "ShLed", setting); });
   trap(procedure, [&] {
     chooseLedgers(setting);
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     LOADPARTICULARS();
   });
 }

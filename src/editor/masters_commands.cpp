@@ -1,9 +1,9 @@
 // The editor's ways to the masters: a new group while a line is entered, the raw-material binding.
 #include "data/year.h"
 #include "editor/frmcrtb.h"
-#include "host/busy.h"
 #include "masters/frmgrpRM.h"
 #include "masters/frmgrpmas.h"
+#include "ports/busy.h"
 
 namespace quillet {
 
@@ -29,7 +29,7 @@ void frmcrtb::mastersChanged() {
   trap("MASTERSCHANGED", [&] {
     leaveEntry();
     {
-      const Busy busy(context_);
+      const Busy busy(*context_.host);
       LOADPARTICULARS();
       LOADGROUPS();
     }

@@ -1,8 +1,8 @@
 // The editor's two documents: the trial balance as the grid shows it, and the summary figures.
+#include "books/amount.h"
 #include "editor/frmcrtb.h"
-#include "host/amount.h"
-#include "host/busy.h"
 #include "host/report_table.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -45,7 +45,7 @@ void frmcrtb::printTitle(const std::string& title) {
 
 void frmcrtb::PrintTrial() {
   trap("PrintTrial", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     printTitle("Trial Balance");
     ReportTable table(*context_.reporter, {ReportTable::right, ReportTable::left, ReportTable::left,
                                            ReportTable::right, ReportTable::right});

@@ -1,9 +1,9 @@
 // The editor's summary figures: the balances of both years' groups, shown as trading figures,
 // profit, balance-sheet totals and ratios.
+#include "books/amount.h"
 #include "data/table_names.h"
 #include "editor/frmcrtb.h"
-#include "host/amount.h"
-#include "host/busy.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -52,7 +52,7 @@ void frmcrtb::LOADFIGS() {
   const int selected = vsfr.current();
   emptyFigures();
   trap("LOADFIGS", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     // Without them the year before would seem to have no figures.
     readRegisters();
     std::array<SummaryRow, summaryRows> figures[2];

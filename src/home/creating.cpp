@@ -1,15 +1,15 @@
 // The home form creates a year: its dates, its table, its row in the registry, and what it takes
 // over from the year before.
+#include "books/posting.h"
+#include "books/year_creation.h"
+#include "books/year_rules.h"
 #include "data/dates.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/year.h"
 #include "home/third.h"
-#include "home/year_creation.h"
-#include "home/year_rules.h"
-#include "host/busy.h"
-#include "host/posting.h"
 #include "host/rights.h"
+#include "ports/busy.h"
 
 namespace quillet {
 // --- the dates ----------------------------------------------------------------------------------
@@ -265,7 +265,7 @@ bool third::DATA_TRANSFER(const std::string& previousTable) {
   trap("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
-    settlePostings(context_);
+    settlePostings(*context_.host, context_.unposted);
     const Sql table = sqlName(newYear_.table);
     long srno = context_
                     .query("Select max(srno) as maxsrno from " + table + " Where Code_No='" +
@@ -273,7 +273,7 @@ bool third::DATA_TRANSFER(const std::string& previousTable) {
                     ->integer("maxsrno");
     const auto rows = context_.query("SELECT * FROM " + sqlName(previousTable) +
                                      " WHERE CODE_NO='" + client() + "' ORDER BY SrNo");
-    const Busy busy(context_, "Loading previous year....");
+    const Busy busy(*context_.host, "Loading previous year....");
     Progress& progress = context_.host->objProgress();
     progress.Max(rows->RecordCount());
     const int code = rows->column("Code_No");

@@ -5,13 +5,13 @@
 #include <set>
 #include <utility>
 
+#include "books/clients.h"
+#include "books/posting.h"
+#include "books/year_merge.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "home/third.h"
-#include "home/year_merge.h"
-#include "host/busy.h"
-#include "host/clients.h"
-#include "host/posting.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -64,7 +64,7 @@ void third::listSources() {
                         {.heading = "Table", .hidden = true}});
   for (; !years->EOF_(); years->MoveNext()) {
     const std::string code = years->text("code_no");
-    flexgrid2.addRow({"", code, clientName(context_, code), years->text("tbl_nm")});
+    flexgrid2.addRow({"", code, clientName(*context_.host, code), years->text("tbl_nm")});
   }
   flexgrid2.setCurrent(1);
   showSecondStep(famyears, "choose what to merge into " + newYear_.text());
@@ -140,8 +140,8 @@ void third::mergeSources() {
   std::vector<Line> lines;
   std::vector<Line> stock;
   orSay("The merge into " + newYear_.text() + " was not completed. Enter begins it again.", [&] {
-    const Busy busy(context_, "Merging Trial Balances....");
-    settlePostings(context_);
+    const Busy busy(*context_.host, "Merging Trial Balances....");
+    settlePostings(*context_.host, context_.unposted);
     for (const int row : sources) {
       const std::string& table = flexgrid2.cell(row, tableColumn);
       const Sql where = " where code_no=" + context_.host->quoted(flexgrid2.cell(row, codeColumn));

@@ -5,10 +5,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "editor/lines.h"
-#include "host/amount.h"
-#include "host/busy.h"
+#include "books/amount.h"
+#include "books/lines.h"
 #include "host/report_table.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -180,7 +180,7 @@ void printYear(Context& context, const std::string& mode, const PrintedYear& yea
     return;
   }
   {
-    const Busy busy(context);
+    const Busy busy(*context.host);
     Reporter& reporter = *context.reporter;
     reporter.WinModeReport(true);
     reporter.NewReport();

@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "books/ledger_cleanup.h"
+#include "books/posting.h"
+#include "books/year_rules.h"
 #include "data/sql.h"
 #include "data/year.h"
 #include "editor/frmcrtb.h"
-#include "home/ledger_cleanup.h"
 #include "home/printouts.h"
-#include "home/year_rules.h"
-#include "host/busy.h"
-#include "host/posting.h"
 #include "host/rights.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -316,7 +316,7 @@ void third::printChosenYear() {
   const std::string first = flexgrid2.cell(row, 0);
   const std::string second = flexgrid2.cell(row, 1);
   orSay("The trial balance of " + yearText(first, second) + " could not be printed.", [&] {
-    settlePostings(context_);
+    settlePostings(*context_.host, context_.unposted);
     printYear(context_, mode_,
               {client(), clientName_, sqlName(year->text("tbl_nm")), first, second});
   });
@@ -410,8 +410,8 @@ void third::MNUREFRESH_CLICK() {
     status("");
     LedgerCleanup cleanup;
     try {
-      const Busy busy(context_);
-      cleanup = cleanLedgerMaster(context_);
+      const Busy busy(*context_.host);
+      cleanup = cleanLedgerMaster(*context_.host);
     } catch (...) {
       status("The ledger master was not looked through to its end.");
       refreshEditor(context_);

@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
+#include "books/lines.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
 #include "controls/simple.h"
 #include "data/year.h"
 #include "deletion/frmdelwhatinTB.h"
-#include "editor/lines.h"
 #include "home/cl_grd.h"
 #include "host/context.h"
 #include "masters/frmgrpmas.h"

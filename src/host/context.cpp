@@ -42,13 +42,4 @@ Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answ
       {text, title, buttons, icon, buttons == Buttons::OK ? Answer::OK : defaultAnswer});
 }
 
-void Context::change(const Sql& sql, const Sql& flush) {
-  host->ConQuery(sql);
-  host->ConQuery(flush);
-}
-
-RecordsetPtr Context::query(const Sql& sql) {
-  return host->RecordsetQuery(sql, host->DbObj(), CursorType::static_, LockType::readOnly);
-}
-
 }  // namespace quillet

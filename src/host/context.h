@@ -5,11 +5,11 @@
 #include <memory>
 #include <string>
 
+#include "books/unposted_changes.h"
 #include "controls/desk.h"
 #include "controls/form.h"
 #include "data/sql.h"
-#include "host/ports.h"
-#include "host/unposted_changes.h"
+#include "ports/ports.h"
 
 namespace quillet {
 
@@ -67,9 +67,9 @@ struct Context {
   Answer MsgBox(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::none,
                 Answer defaultAnswer = Answer::Yes, const std::string& title = {});
   // A statement that changes data, and the flush that follows it.
-  void change(const Sql& sql, const Sql& flush = flushTables);
+  void change(const Sql& sql, const Sql& flush = flushTables) { host->change(sql, flush); }
   // A select on the open connection.
-  RecordsetPtr query(const Sql& sql);
+  RecordsetPtr query(const Sql& sql) { return host->query(sql); }
 };
 
 }  // namespace quillet

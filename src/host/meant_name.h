@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet {
 

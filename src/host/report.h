@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ports.h"
+#include "ports/ports.h"
 
 namespace quillet {
 

@@ -5,8 +5,8 @@
 
 #include "controls/grid.h"
 #include "controls/text_box.h"
+#include "data/name_list.h"
 #include "data/recordset.h"
-#include "journal/name_list.h"
 
 namespace quillet {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "books/amount.h"
+#include "books/clients.h"
 #include "data/year.h"
-#include "host/amount.h"
-#include "host/clients.h"
 #include "journal/form_parts.h"
 
 namespace quillet {

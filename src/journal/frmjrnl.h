@@ -11,16 +11,16 @@
 #include <unordered_map>
 #include <vector>
 
+#include "books/balance_list.h"
+#include "books/posting.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
+#include "data/name_list.h"
 #include "host/context.h"
-#include "host/posting.h"
-#include "journal/balance_list.h"
-#include "journal/name_list.h"
 
 namespace quillet {
 
@@ -269,7 +269,7 @@ class frmjrnl : public Form {
   Sql client_;   // code_no as it stands between quotes
   Sql table_;    // trial balance
   Sql journal_;  // its journal
-  Posting posting_{context_};
+  Posting posting_{*context_.host, context_.unposted};
   int firstYear_ = 0;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;

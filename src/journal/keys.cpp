@@ -2,9 +2,9 @@
 // or an amount is left.
 #include <algorithm>
 
+#include "books/amount.h"
 #include "data/dates.h"
 #include "data/text.h"
-#include "host/amount.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <initializer_list>
 
+#include "books/amount.h"
 #include "data/text.h"
-#include "host/amount.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
 

@@ -2,15 +2,15 @@
 // entry frame.
 #include <cmath>
 
+#include "books/scratch_tables.h"
 #include "data/sql.h"
 #include "data/table_names.h"
 #include "data/text.h"
 #include "data/year.h"
-#include "host/busy.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
 #include "journal/proper_case.h"
-#include "journal/scratch_tables.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -49,7 +49,7 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
 bool frmjrnl::readBooks() {
   forgetBooks();
   trap("INITDATA", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     ScratchTables scratch(*context_.host);
     scratch.create(columnsOfPairs);
     readBalances(scratch);
@@ -151,7 +151,7 @@ void frmjrnl::LOADGRID() {
   bool loaded = false;
   vsf.clearRows();
   trap("LOADGRID", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     const std::string unbalanced = listVouchers();
     if (!Check1.checked()) CHECK1_CLICK();
     selectVoucher(selected);

@@ -1,12 +1,12 @@
 // The journal's printouts: the list of vouchers as it stands, and the subsidiary trial balance.
+#include "books/merged_groups.h"
+#include "books/scratch_tables.h"
+#include "books/subsidiary.h"
 #include "data/sql.h"
-#include "host/busy.h"
-#include "host/merged_groups.h"
 #include "host/report.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
-#include "journal/scratch_tables.h"
-#include "journal/subsidiary.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -104,7 +104,7 @@ void frmjrnl::CMDTB_CLICK() {
   const bool toldOfFailure = !posting_.settled() || lblstatus.caption() == notPrinted;
   bool done = false;
   trap("CMDTB_CLICK", [&] {
-    const Busy busy(context_);
+    const Busy busy(*context_.host);
     // What stands in the journal and not in the trial balance would count as original.
     posting_.settle();
     ScratchTables scratch(*context_.host);
@@ -136,7 +136,7 @@ void frmjrnl::CMDTB_CLICK() {
 void frmjrnl::collectMerged(ScratchTables& scratch) {
   const Sql debit = "sum(if(Amount>0,Amount,0))";
   const Sql credit = "sum(if(Amount<0,Amount,0))";
-  const MergedGroups groups(context_);
+  const MergedGroups groups(*context_.host);
   for (const long id : groups.merged()) {
     const Sql ofGroup = ".allid=" + sqlNumber(id);
     scratch.execute(collect("0,-" + debit + ",-" + credit, journal_, client_, ofGroup));

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "books/amount.h"
 #include "data/dates.h"
 #include "data/sql.h"
 #include "data/text.h"
-#include "host/amount.h"
 #include "journal/form_parts.h"
 #include "journal/frmjrnl.h"
 

@@ -1,12 +1,12 @@
 // The group master's merge page: several groups become one in every trial balance.
 #include <algorithm>
 
+#include "books/group_use.h"
+#include "books/merged_groups.h"
+#include "books/posting.h"
 #include "data/sql.h"
-#include "host/busy.h"
-#include "host/merged_groups.h"
-#include "host/posting.h"
 #include "masters/frmgrpmas.h"
-#include "masters/group_use.h"
+#include "ports/busy.h"
 
 namespace quillet {
 namespace {
@@ -19,14 +19,14 @@ IdList listed(const std::vector<long>& ids) {
 
 // The progress bar and one statement for each table that there is.
 void replaceGroups(Context& context, long target, const Sql& ids, TableNames& missing) {
-  const Busy busy(context, "Merging Groups....");
+  const Busy busy(*context.host, "Merging Groups....");
   const long tables = context.host->GetTbCount();
   context.host->objProgress().Max(tables);
   for (long i = 1; i <= tables; ++i) {
     const std::string suffix = context.host->GETTBNAME(i);
     const std::string table = "tab_" + suffix;
     if (!suffix.empty()) {
-      onTable(context, table, missing, [&] {
+      onTable(*context.host, table, missing, [&] {
         context.host->ConQuery("Update " + sqlName(table) + " set ALLID=" + sqlNumber(target) +
                                " where ALLID in (" + ids + ")");
       });
@@ -130,13 +130,13 @@ bool frmgrpmas::confirmed(const Merge& merge) {
 // know before.
 bool frmgrpmas::carriersAgree(const Merge& merge) {
   std::vector<long> ids = merge.ids;
-  const MergedGroups earlier(context_);
+  const MergedGroups earlier(*context_.host);
   for (const long id : merge.ids) {
     const auto more = earlier.predecessors(id);
     ids.insert(ids.end(), more.begin(), more.end());
   }
   TableNames missing;
-  const auto carriers = carriersOf(context_, listed(ids).sql(), missing);
+  const auto carriers = carriersOf(*context_.host, listed(ids).sql(), missing);
   tellMissing(missing);
   if (carriers.empty()) return true;
   std::string question =
@@ -149,12 +149,12 @@ bool frmgrpmas::carriersAgree(const Merge& merge) {
 }
 
 void frmgrpmas::carryOut(const Merge& merge) {
-  settlePostings(context_);
+  settlePostings(*context_.host, context_.unposted);
   const Sql ids = listed(merge.ids).sql();
   TableNames missing;
   noteChange();
   // First, so that no journal is left with a group of which nobody knows where it went.
-  MergedGroups(context_).keep(merge.ids, merge.target);
+  MergedGroups(*context_.host).keep(merge.ids, merge.target);
   replaceGroups(context_, merge.target, ids, missing);
   context_.host->ConQuery("Delete from Mast_AllGrp where ALLID in (" + ids + ")");
   tellMissing(missing);

@@ -1,12 +1,12 @@
 // The group master's changes of single groups: adding, renaming, moving, deleting.
 #include <algorithm>
 
+#include "books/group_use.h"
+#include "books/merged_groups.h"
 #include "data/sql.h"
 #include "data/text.h"
 #include "host/meant_name.h"
-#include "host/merged_groups.h"
 #include "masters/frmgrpmas.h"
-#include "masters/group_use.h"
 
 namespace quillet {
 namespace {
@@ -86,7 +86,7 @@ bool frmgrpmas::nameHolds(const std::string& name) {
 long frmgrpmas::newId() {
   const long highest = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0);
   TableNames missing;
-  const long carried = highestGroupInUse(context_, missing);
+  const long carried = highestGroupInUse(*context_.host, missing);
   tellMissing(missing);
   return std::max(highest, carried) + 1;
 }
@@ -124,7 +124,7 @@ void frmgrpmas::CMDCANCEL_CLICK() {
 
 // What carries a group that was merged into this one comes back to it when it is touched.
 Sql frmgrpmas::carrying(long groupId) {
-  const auto merged = MergedGroups(context_).predecessors(groupId);
+  const auto merged = MergedGroups(*context_.host).predecessors(groupId);
   if (merged.empty()) return "AllId=" + sqlNumber(groupId);
   IdList ids;
   ids.add(groupId);

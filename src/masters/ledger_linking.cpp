@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "books/posting.h"
 #include "data/sql.h"
-#include "host/posting.h"
 #include "masters/frmtbledmas.h"
 
 namespace quillet {
@@ -96,7 +96,7 @@ void frmtbledmas::LINKPARTICULARS() {
 }
 
 void frmtbledmas::replaceInAllYears(const Sql& condition, long newId) {
-  settlePostings(context_);
+  settlePostings(*context_.host, context_.unposted);
   const Sql change = " Set PartId=" + sqlNumber(newId) + " Where PartId" + condition;
   walk("Replacing Ledgers....", placesOfUse(), [&](const YearTable& table) {
     context_.host->ConQuery("Update " + table.sql() + change);

@@ -1,8 +1,8 @@
 // The ledger master's knowledge of use: which particulars any year holds, and whose years they are.
 #include <unordered_set>
 
+#include "books/client_years.h"
 #include "data/sql.h"
-#include "masters/client_years.h"
 #include "masters/frmtbledmas.h"
 
 namespace quillet {
@@ -91,7 +91,7 @@ bool frmtbledmas::VIEWLISTOFUSE(const Sql& ids, bool show) {
   trap("VIEWLISTOFUSE", [&] {
     vsfC.clearRows();
     vsfC.clearSort();
-    ClientYears names(context_);
+    ClientYears names(*context_.host);
     walk(searching, placesOfUse(), [&](const YearTable& table) {
       const Sql fields =
           table.prefix == "TAB_" ? Sql("Distinct(Code_No),PartId") : Sql("Distinct(Code_No)");

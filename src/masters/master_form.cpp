@@ -69,7 +69,7 @@ bool MasterForm::rowSelected(Grid& grid, const std::string& refusal) {
 bool MasterForm::walk(const std::string& text, const TablePrefixes& prefixes,
                       const std::function<bool(const YearTable& table)>& visit) {
   TableNames missing;
-  const bool found = walkYearTables(context_, text, prefixes, missing, visit);
+  const bool found = walkYearTables(*context_.host, text, prefixes, missing, visit);
   tellMissing(missing);
   return found;
 }

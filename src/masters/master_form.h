@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
+#include "books/year_tables.h"
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
 #include "data/names.h"
 #include "host/context.h"
-#include "masters/year_tables.h"
 
 namespace quillet {
 

@@ -1,8 +1,8 @@
 // A statement that fails in the middle of a voucher, and whatever is done next: the trial balance
 // ends as the original figures and the journal explain it.
+#include "books/posting.h"
 #include "data/errors.h"
 #include "deletion/frmdelwhatinTB.h"
-#include "host/posting.h"
 #include "journal/form_parts.h"
 #include "journal_fixture.h"
 #include "masters/frmgrpmas.h"
@@ -249,7 +249,7 @@ TEST_F(JournalFailure, PostsWhatCanBePosted) {
   context().unposted.add(books, {1, 77}, cash);
   exec("insert into master(code_no,tbl_nm) values('C1','TAB_DROPPED')");
   context().unposted.add({"TAB_DROPPED", "C1"}, {1, 1}, 5);
-  EXPECT_THROW(settlePostings(context()), RunTimeError);
+  EXPECT_THROW(settlePostings(*context().host, context().unposted), RunTimeError);
   EXPECT_EQ(unexplained(), Rows{});
   EXPECT_EQ(context().unposted.books().size(), 1U) << "of the table that is missing";
   context().unposted = {};

@@ -1,7 +1,7 @@
 // The printouts: the list of vouchers as it stands, and the subsidiary trial balance.
 #include <cmath>
 
-#include "journal/subsidiary.h"
+#include "books/subsidiary.h"
 #include "journal_fixture.h"
 #include "support/recording_reporter.h"
 

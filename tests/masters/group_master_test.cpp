@@ -1,7 +1,7 @@
 // The group master through its form: adding, changing, deleting and merging groups.
 #include <gtest/gtest.h>
 
-#include "host/merged_groups.h"
+#include "books/merged_groups.h"
 #include "masters/frmgrpmas.h"
 #include "masters/masters_fixture.h"
 
@@ -360,7 +360,7 @@ TEST_F(GroupMasterTest, WhereAMergedGroupWentIsKept) {
   merge("FARES", "POSTAGE");
   EXPECT_TRUE(form.close());
   practice.restartModule();
-  const MergedGroups merged(context());
+  const MergedGroups merged(*context().host);
   for (const std::string& id : {rent, fares, post}) {
     EXPECT_EQ(std::to_string(merged.successor(std::stol(id))), post);
   }

@@ -10,8 +10,8 @@
 #include <map>
 #include <sstream>
 
+#include "books/amount.h"
 #include "forms/editor_fixture.h"
-#include "host/amount.h"
 #include "suite/bulk_insert.h"
 
 namespace quillet::support {

@@ -1,8 +1,8 @@
 // The home form's three lists, from the button to the document.
 #include <gtest/gtest.h>
 
+#include "books/amount.h"
 #include "home/third.h"
-#include "host/amount.h"
 #include "support/practice.h"
 #include "support/recording_reporter.h"
 

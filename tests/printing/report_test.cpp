@@ -2,8 +2,8 @@
 // of them.
 #include <gtest/gtest.h>
 
+#include "books/amount.h"
 #include "forms/editor_fixture.h"
-#include "host/amount.h"
 #include "suite/dot_matrix.h"
 #include "suite/reporter.h"
 #include "support/recording_reporter.h"

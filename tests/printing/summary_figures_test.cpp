@@ -1,6 +1,6 @@
 // Final accounts worked out by hand, each of them balancing: a trial balance, the stock counted at
 // its end, and what the summary must say about them.
-#include "editor/summary_figures.h"
+#include "books/summary_figures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // Dates, the rules of a financial year, table numbers, the year before, merged lines.
-#include "home/year_rules.h"
+#include "books/year_rules.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
+#include "books/year_creation.h"
+#include "books/year_merge.h"
 #include "data/dates.h"
-#include "home/year_creation.h"
-#include "home/year_merge.h"
 
 namespace quillet {
 namespace {

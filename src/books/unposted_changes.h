@@ -1,0 +1,65 @@
+// What postings that failed in the middle left undone in the trial balances. It stands in the
+// host, because it has to outlive the form that failed: whoever posts next makes the books right
+// first (host/posting.h).
+//
+// The invariant, for every pair of ledger and group of a client's trial balance:
+//
+//     figure in the table + amount here = original figure + the client's journal lines
+//
+// A voucher is posted by several statements, and between two of them the table alone does not keep
+// it. So each statement that changed one side is entered here as soon as it is done, and wherever
+// the way ends, what is missing is known to the paisa. When nothing stands here for a client's
+// table, that trial balance is as its journal explains it.
+//
+// What stands here is a difference, not a balance: a line of the pair that is altered elsewhere
+// meanwhile keeps what was done to it, and the amount is added to that.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace quillet {
+
+struct LedgerGroup {
+  long partId = 0;
+  long allId = 0;
+  bool operator<(const LedgerGroup& other) const {
+    return std::tie(partId, allId) < std::tie(other.partId, other.allId);
+  }
+};
+
+// The rows of one client in a trial balance's table.
+struct ClientTable {
+  std::string table;
+  std::string client;  // code_no
+};
+
+class UnpostedChanges {
+ public:
+  // Amounts are signed, debit positive, and kept in paise.
+  void add(const ClientTable& books, LedgerGroup pair, double amount);
+  // 0 for a pair of which nothing is missing.
+  double of(const ClientTable& books, LedgerGroup pair) const;
+  // The pairs of which something is missing.
+  std::vector<LedgerGroup> pairs(const ClientTable& books) const;
+  bool any(const ClientTable& books) const { return amounts_.contains(keyOf(books)); }
+  // The trial balances of which something is missing.
+  std::vector<ClientTable> books() const;
+  // The client's rows are gone from the table: its number may be another year's next.
+  void forget(const ClientTable& books) { amounts_.erase(keyOf(books)); }
+
+ private:
+  using Key = std::pair<std::string, std::string>;
+  static Key keyOf(const ClientTable& books);
+  struct Missing {
+    ClientTable books;
+    std::map<LedgerGroup, std::int64_t> paise;
+  };
+  std::map<Key, Missing> amounts_;
+};
+
+}  // namespace quillet

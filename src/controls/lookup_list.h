@@ -1,0 +1,59 @@
+// A drop-down list of names under text boxes: while a name is typed the list follows, and the
+// arrows take a name from it. One list may serve several boxes, one at a time.
+//
+// It does what the boxes have in common. The form attaches the handlers and decides when a name
+// that was typed stands for one of the list.
+#pragma once
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "controls/grid.h"
+#include "controls/text_box.h"
+#include "data/name_list.h"
+
+namespace quillet {
+
+class LookupList {
+ public:
+  // What the list shows while a person types.
+  enum class Shows {
+    allNames,  // with the first one that begins with the text as the current row
+    matches    // those that begin with the text, the first of them current, then those in which a
+               // word does
+  };
+
+  LookupList(Grid& grid, Shows shows);
+
+  // The names, ordered.
+  void fill(NameList names);
+  void clear() { fill({}); }
+  void add(const std::string& name, long id);
+  const NameList& names() const { return names_; }
+
+  // The list belongs to that box from now on; shown is another matter.
+  void serve(TextBox& box) { grid_.dropOf = &box; }
+  TextBox& box() const { return static_cast<TextBox&>(*grid_.dropOf); }
+  void show() { grid_.setVisible(true); }
+  void hide() { grid_.setVisible(false); }
+  bool visible() const { return grid_.visible(); }
+
+  // Shows what goes with the text.
+  void follow(std::string_view text);
+  // What Up, Down, Page Up and Page Down do to the list, which opens at the box's name when it was
+  // closed; the key is used up. True when a name is current then.
+  bool moveBy(Key& key);
+  // The current row's name; null when there is none.
+  const NameList::Entry* current() const;
+
+ private:
+  void showRows(std::vector<const NameList::Entry*> rows);
+
+  Grid& grid_;
+  Shows shows_;
+  NameList names_;
+  std::vector<const NameList::Entry*> rows_;  // what the grid shows, by row
+};
+
+}  // namespace quillet

@@ -1,0 +1,96 @@
+#include "data/name_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "data/names.h"
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+// Letters and digits; what is not ASCII counts as a letter.
+bool inWord(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool wordBegins(const std::string& key, const std::string& wanted) {
+  for (std::size_t at = key.find(wanted, 1); at != std::string::npos;
+       at = key.find(wanted, at + 1)) {
+    if (!inWord(key[at - 1])) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void NameList::append(std::string name, long id) {
+  std::string key = nameKey(name);
+  entries_.push_back({std::move(name), id, std::move(key)});
+}
+
+void NameList::sort() {
+  std::vector<std::string> keys;
+  keys.reserve(entries_.size());
+  for (Entry& entry : entries_) keys.push_back(std::move(entry.key));
+  std::vector<Entry> sorted;
+  sorted.reserve(entries_.size());
+  for (const std::size_t at : orderOf(keys)) {
+    sorted.push_back({std::move(entries_[at].name), entries_[at].id, std::move(keys[at])});
+  }
+  entries_ = std::move(sorted);
+}
+
+void NameList::insert(std::string name, long id) {
+  std::string key = nameKey(name);
+  const auto at = lowerBound(key);
+  entries_.insert(at, {std::move(name), id, std::move(key)});
+}
+
+std::vector<NameList::Entry>::const_iterator NameList::lowerBound(const std::string& key) const {
+  return std::lower_bound(
+      entries_.begin(), entries_.end(), key,
+      [](const Entry& entry, const std::string& text) { return entry.key < text; });
+}
+
+const NameList::Entry* NameList::find(std::string_view name) const {
+  const std::string wanted = nameKey(name);
+  const auto first = lowerBound(wanted);
+  if (first == entries_.end() || first->key != wanted) return nullptr;
+  for (auto at = first; at != entries_.end() && at->key == wanted; ++at) {
+    if (at->name == name) return &*at;
+  }
+  return &*first;
+}
+
+const NameList::Entry* NameList::findId(long id) const {
+  const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                  [&](const Entry& entry) { return entry.id == id; });
+  return found == entries_.end() ? nullptr : &*found;
+}
+
+const NameList::Entry* NameList::beginning(std::string_view text) const {
+  const std::string wanted = beginningKey(text);
+  const auto at = lowerBound(wanted);
+  const bool begins = at != entries_.end() && at->key.starts_with(wanted);
+  return begins && !wanted.empty() ? &*at : nullptr;
+}
+
+NameList::Matches NameList::matching(std::string_view text) const {
+  const std::string wanted = beginningKey(text);
+  Matches matches;
+  auto at = lowerBound(wanted);
+  for (; at != entries_.end() && at->key.starts_with(wanted); ++at) {
+    matches.entries.push_back(&*at);
+  }
+  matches.beginning = matches.entries.size();
+  if (wanted.empty()) return matches;
+  for (const Entry& entry : entries_) {
+    if (!entry.key.starts_with(wanted) && wordBegins(entry.key, wanted)) {
+      matches.entries.push_back(&entry);
+    }
+  }
+  return matches;
+}
+
+}  // namespace quillet
