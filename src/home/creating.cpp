@@ -1,11 +1,10 @@
 // The home form creates a year: its dates, its table, its row in the registry, and what it takes
 // over from the year before.
 #include "books/posting.h"
-#include "books/year_creation.h"
+#include "books/registry.h"
 #include "books/year_rules.h"
 #include "data/dates.h"
 #include "data/sql.h"
-#include "data/table_names.h"
 #include "data/year.h"
 #include "home/third.h"
 #include "host/rights.h"
@@ -135,13 +134,10 @@ void third::takeRow(Recordset& row) {
 bool third::GETTABLE() {
   bool found = false;
   trap("GETTABLE", [&] {
-    const auto rows =
-        context_.query("select count from master where code_no ='" + client() + "' order by count");
-    std::vector<long> taken;
-    for (; !rows->EOF_(); rows->MoveNext()) taken.push_back(rows->integer(0));
-    const auto free = firstFreeNumber(taken, context_.host->GetTbCount());
+    const Registry registry(*context_.host);
+    const auto free = registry.freeNumber(clientCode_);
     newYear_.count = free.value_or(0);
-    newYear_.table = free ? trialBalanceTable(context_.host->GETTBNAME(*free)) : "";
+    newYear_.table = free ? registry.tableOfNumber(*free) : "";
     newYear_.registered = false;
     context_.table = newYear_.table;
     found = !context_.table.empty();
@@ -157,13 +153,7 @@ std::optional<std::string> third::GETTABLE1(const std::string& firstKey,
                                             const std::string& secondKey) {
   std::optional<std::string> table;
   trap("GETTABLE1", [&] {
-    const auto rows = context_.query("select * from master where code_no='" + client() + "'");
-    std::string found;
-    for (; !rows->EOF_(); rows->MoveNext()) {
-      if (rows->text("F_YR") != firstKey || rows->text("S_YR") != secondKey) continue;
-      found = rows->text("tbl_nm");
-    }
-    table = found;
+    table = Registry(*context_.host).tableOf(clientCode_, {firstKey, secondKey});
   });
   return table;
 }
@@ -244,12 +234,7 @@ void third::finishYear() {
 // --- the year before ----------------------------------------------------------------------------
 
 bool third::offerPreviousYear() {
-  const auto rows =
-      context_.query("select * from master where code_no='" + client() + "' ORDER BY s_yr");
-  std::vector<RegisteredYear> years;
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    years.push_back({rows->text("F_YR"), rows->text("S_YR"), rows->text("tbl_nm")});
-  }
+  const auto years = Registry(*context_.host).yearsOf(clientCode_);
   const RegisteredYear* previous = latestBefore(years, newYear_.secondKey);
   if (!previous) {
     context_.MsgBox("No previous years available.", Buttons::OK, Icon::information);
