@@ -93,11 +93,8 @@ class Form {
   unsigned version() const { return version_; }
   void touch() { ++version_; }
 
- protected:
-  // The form's own procedures carry this name: FORM_LOAD.
-  static const std::string eventOwner;
-
-  // Runs a procedure's body; a run-time error ends it and becomes one line of the error log.
+  // Runs a procedure's body, the form's or that of one of its parts; a run-time error ends it and
+  // becomes one line of the error log.
   template <class Body>
   void trap(std::string_view procedure, Body&& body) {
     try {
@@ -112,6 +109,10 @@ class Form {
   static void on(Event<Args...>& event, const char* procedure, Handler handler) {
     event.attach(procedure, std::move(handler));
   }
+
+ protected:
+  // The form's own procedures carry this name: FORM_LOAD.
+  static const std::string eventOwner;
 
   virtual void load() {}
   virtual void activated() {}
