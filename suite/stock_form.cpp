@@ -226,8 +226,8 @@ std::optional<std::string> frmTrade::knownGroup() const {
 
 void frmTrade::saveLine() {
   const std::string name = cleanedName(txtpart.text());
-  const auto typed = typedAmount(*host_, txtamount.text());
-  if (name.empty() || trimmed(txtgroup.text()).empty() || !typed || *typed <= 0) {
+  const auto typed = typedAmount(txtamount.text());
+  if (name.empty() || trimmed(txtgroup.text()).empty() || !typed || *typed <= Money()) {
     ask("Cannot save the entry due to invalid data.", Buttons::OK, Icon::none);
     return;
   }
@@ -252,7 +252,7 @@ void frmTrade::saveLine() {
   std::vector<Sql> statements;
   if (altered_ && altered_ != line) statements.push_back(removal(*altered_));
   statements.push_back(removal(line));
-  const double amount = altered_ == line ? *typed : merged(line, *typed);
+  const double amount = altered_ == line ? typed->rupees() : merged(line, typed->rupees());
   statements.push_back("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ +
                        "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
                        sqlNumber(amount) + ")");
@@ -264,7 +264,7 @@ void frmTrade::saveLine() {
 // The amount with what is stored for the pair, in whole paise.
 double frmTrade::merged(Pair line, double amount) {
   const auto stored = query("select sum(amt) from " + table_ + where(line));
-  return shownAmount(host_->formatgen(amount + stored->number(0), amountFormat));
+  return Money::rounded(amount + stored->number(0)).rupees();
 }
 
 Sql frmTrade::removal(Pair line) const { return "delete from " + table_ + where(line); }

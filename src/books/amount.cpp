@@ -7,17 +7,27 @@
 namespace quillet {
 namespace {
 
-// What the text says, without sign, commas and leading zeros; nothing when it is no number.
-std::optional<std::string> plainDigits(std::string_view text) {
-  std::string digits;
+struct Digits {
+  std::string whole;  // without leading zeros
+  std::string fraction;
+};
+
+// What the text says, without sign and commas; nothing when it is no number.
+std::optional<Digits> digitsOf(std::string_view text) {
+  Digits digits;
   bool point = false;
   bool any = false;
   for (const char c : text) {
     if (c == ',' && any && !point) continue;
     if (c == '.' ? point : (c < '0' || c > '9')) return std::nullopt;
     point = point || c == '.';
-    any = any || c != '.';
-    if (c != '0' || !digits.empty()) digits += c;
+    if (c == '.') continue;
+    any = true;
+    if (point) {
+      digits.fraction += c;
+    } else if (c != '0' || !digits.whole.empty()) {
+      digits.whole += c;
+    }
   }
   return any ? std::optional(digits) : std::nullopt;
 }
@@ -27,47 +37,55 @@ std::string_view withoutSign(std::string_view text) {
   return text;
 }
 
-// The part before the point.
-std::string_view wholePart(std::string_view digits) { return digits.substr(0, digits.find('.')); }
+// 0 when the digits are too many.
+std::int64_t numberOf(std::string_view digits) {
+  std::int64_t number = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return read.ec == std::errc() ? number : 0;
+}
 
 // A double keeps 15 digits: 13 before the point and the paise, or more of them without paise.
-bool keptExactly(std::string_view digits, std::string_view shown) {
-  const std::string_view whole = wholePart(digits);
-  if (whole.size() <= 13) return true;
-  return digits.find_first_not_of(".0", whole.size()) == std::string_view::npos &&
-         wholePart(shown) == whole;
+bool keptExactly(const Digits& digits) {
+  constexpr std::size_t mostDigits = 16;  // of which a Money still has a hundredfold
+  if (digits.whole.size() <= 13) return true;
+  if (digits.whole.size() > mostDigits) return false;
+  const std::int64_t whole = numberOf(digits.whole);
+  return digits.fraction.find_first_not_of('0') == std::string::npos &&
+         static_cast<std::int64_t>(static_cast<double>(whole)) == whole;
 }
 
 }  // namespace
 
-std::optional<double> typedAmount(const ServiceObject& host, std::string_view text) {
+std::optional<Money> typedAmount(std::string_view text) {
   text = trimmed(text);
-  const bool negative = !text.empty() && text.front() == '-';
-  const auto digits = plainDigits(withoutSign(text));
-  if (!digits) return std::nullopt;
-  double amount = 0;
-  const std::string number = digits->empty() || digits->front() == '.' ? '0' + *digits : *digits;
-  std::from_chars(number.data(), number.data() + number.size(), amount);
-  const std::string shown = host.formatgen(amount, "###0.00");
-  if (!keptExactly(*digits, shown)) return std::nullopt;
-  std::from_chars(shown.data(), shown.data() + shown.size(), amount);
-  return negative ? -amount : amount;
+  const auto digits = digitsOf(withoutSign(text));
+  if (!digits || !keptExactly(*digits)) return std::nullopt;
+  const std::string fraction = digits->fraction + "000";
+  std::int64_t paise = numberOf(digits->whole + fraction.substr(0, 2));
+  if (fraction[2] >= '5') ++paise;
+  return Money::ofPaise(text.front() == '-' ? -paise : paise);
 }
 
 std::string notAnAmount(std::string_view text) {
   const std::string typed = '"' + std::string(text) + '"';
-  return plainDigits(withoutSign(trimmed(text)))
+  return digitsOf(withoutSign(trimmed(text)))
              ? typed + " is too large: type at most 13 digits before the point."
              : typed + " is not an amount: type digits and at most one point.";
 }
 
-double shownAmount(std::string_view text) {
-  if (text.find(',') != std::string_view::npos) {
-    return shownAmount(replacedAll(std::string(text), ",", ""));
-  }
-  double amount = 0;
-  std::from_chars(text.data(), text.data() + text.size(), amount);
-  return amount;
+std::string plainAmount(const ServiceObject& host, double rupees) {
+  return host.formatgen(rupees, "###0.00");
+}
+
+std::string groupedAmount(const ServiceObject& host, double rupees) {
+  return host.formatgen(rupees, "#,##0.00");
+}
+
+Money shownAmount(std::string_view text) {
+  const std::string digits = replacedAll(std::string(text), ",", "");
+  double rupees = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), rupees);
+  return Money::rounded(rupees);
 }
 
 }  // namespace quillet

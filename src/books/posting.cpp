@@ -3,7 +3,7 @@
 #include <cmath>
 #include <exception>
 
-#include "books/amount.h"
+#include "data/money.h"
 #include "data/sql.h"
 
 namespace quillet {
@@ -61,7 +61,7 @@ void Posting::post(LedgerGroup pair, double amount) {
   if (Changed) Changed(pair, 0);
   host_.ConQuery(flushTables);
   // Whole paise: what adding in binary leaves over is no balance.
-  const double balance = shownAmount(host_.formatgen(before + amount, "###0.00"));
+  const double balance = Money::rounded(before + amount).rupees();
   if (balance != 0) insertBalance(pair, balance);
   // One after the other, as they came in: a sum might round to another paisa.
   unposted_.add(books_, pair, -before);

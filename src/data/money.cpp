@@ -34,10 +34,11 @@ double hundredfold(double rupees) {
 }  // namespace
 
 Money Money::rounded(double rupees) {
+  // Not a number is none of these either.
+  if (!(std::fabs(rupees) < static_cast<double>(greatest) / 100)) overflow();
   double paise = std::round(rupees * 100);
   // The everyday case: what the tables hold are whole paise.
   if (paise / 100 != rupees) paise = std::round(hundredfold(rupees));
-  if (!(std::fabs(paise) < static_cast<double>(greatest))) overflow();
   return ofPaise(static_cast<std::int64_t>(paise));
 }
 

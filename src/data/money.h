@@ -20,8 +20,13 @@ class Money {
   static Money rounded(double rupees);
 
   constexpr std::int64_t paise() const { return paise_; }
-  // For the tables and for number formats.
-  constexpr double rupees() const { return static_cast<double>(paise_) / 100; }
+  // For the tables and for number formats: the nearest number, at any size.
+  constexpr double rupees() const {
+    constexpr std::int64_t exact = std::int64_t{1} << 53;
+    return -exact <= paise_ && paise_ <= exact
+               ? static_cast<double>(paise_) / 100
+               : static_cast<double>(paise_ / 100) + static_cast<double>(paise_ % 100) / 100;
+  }
   constexpr bool isZero() const { return paise_ == 0; }
 
   Money& operator+=(Money other);

@@ -243,8 +243,8 @@ void frmcrtb::TXTAMOUNT_KEYPRESS(Key& key) {
 void frmcrtb::TXTAMOUNT_LOSTFOCUS() {
   trap("TXTAMOUNT_LOSTFOCUS", [&] {
     if (leaving_ || trimmed(txtamount.text()).empty()) return;
-    if (const auto amount = typedAmount(*context_.host, txtamount.text())) {
-      txtamount.setText(context_.host->formatgen(*amount, "###0.00"));
+    if (const auto amount = typedAmount(txtamount.text())) {
+      txtamount.setText(plainAmount(*context_.host, *amount));
     } else {
       hint(notAnAmount(txtamount.text()));
     }
@@ -299,7 +299,7 @@ std::optional<frmcrtb::TypedLine> frmcrtb::checkedEntry() {
   }
   const std::string particular = enteredName(vsfp, txtpart.text());
   const std::string group = enteredName(vsfg, txtgroup.text());
-  const double amount = typedAmount(*context_.host, txtamount.text()).value_or(0);
+  const double amount = typedAmount(txtamount.text()).value_or(Money()).rupees();
   if (particular.empty() || group.empty() || amount == 0) {
     context_.MsgBox("Cannot save the entry due to invalid data.");
     return std::nullopt;

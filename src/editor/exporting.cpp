@@ -174,8 +174,8 @@ void frmcrtb::exportRows(Workbook& workbook, int sheet) {
     workbook.Cells(sheet, at, 1, static_cast<double>(row));
     workbook.Cells(sheet, at, 2, line.particular);
     workbook.Cells(sheet, at, 3, line.group);
-    if (line.side == "DR") workbook.Cells(sheet, at, 4, shownAmount(line.amount));
-    if (line.side == "CR") workbook.Cells(sheet, at, 5, shownAmount(line.amount));
+    if (line.side == "DR") workbook.Cells(sheet, at, 4, shownAmount(line.amount).rupees());
+    if (line.side == "CR") workbook.Cells(sheet, at, 5, shownAmount(line.amount).rupees());
     progress.update_pg();
   }
 }

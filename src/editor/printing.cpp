@@ -56,8 +56,8 @@ void frmcrtb::PrintTrial() {
       const ShownLine line = shownLine(row);
       const std::string debits = line.side == "DR" ? line.amount : "";
       const std::string credits = line.side == "CR" ? line.amount : "";
-      totals.debit += shownAmount(debits);
-      totals.credit += shownAmount(credits);
+      totals.debit += shownAmount(debits).rupees();
+      totals.credit += shownAmount(credits).rupees();
       table.row({std::to_string(row), line.particular, line.group, debits, credits});
     }
     const auto total = [&](double amount) {

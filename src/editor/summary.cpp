@@ -83,7 +83,7 @@ Balances frmcrtb::readBalances(Year year) {
   txtclst[year].setText(
       context_.host->formatgen(exists ? readClosingStock(year) : 0.0, stockFormat));
   // What a person reads is what is reckoned with.
-  balances.closingStock = shownAmount(txtclst[year].text());
+  balances.closingStock = shownAmount(txtclst[year].text()).rupees();
   return balances;
 }
 

@@ -29,8 +29,8 @@ class Amounts {
   std::string debitOf(const Line& line) const { return line.isCredit() ? "" : shown(line.amount); }
   std::string creditOf(const Line& line) const { return line.isCredit() ? shown(line.amount) : ""; }
   void add(Totals& totals, const Line& line) const {
-    totals.debit += shownAmount(debitOf(line));
-    totals.credit += shownAmount(creditOf(line));
+    totals.debit += shownAmount(debitOf(line)).rupees();
+    totals.credit += shownAmount(creditOf(line)).rupees();
   }
   std::string shown(double amount) const { return host_.formatgen(amount, amountFormat); }
   // A side without lines stays empty.

@@ -118,9 +118,7 @@ Node frmjrnl::entryLine(int line) {
 
 // --- amounts, messages, dates -------------------------------------------------------------------
 
-double frmjrnl::rounded(double amount) const {
-  return shownAmount(context_.host->formatgen(amount, "###0.00"));
-}
+double frmjrnl::rounded(double amount) const { return Money::rounded(amount).rupees(); }
 
 std::string frmjrnl::shown(double amount) const {
   return context_.host->formatgen(amount, "#,##0.00");

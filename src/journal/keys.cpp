@@ -181,8 +181,8 @@ void frmjrnl::validateAmount(TextBox& box, bool& cancel) {
 void frmjrnl::leaveAmount(TextBox& box) {
   const std::string typed(trimmed(box.text()));
   if (typed.empty()) return;
-  if (const auto amount = typedAmount(*context_.host, typed)) {
-    box.setText(shown(*amount));
+  if (const auto amount = typedAmount(typed)) {
+    box.setText(groupedAmount(*context_.host, *amount));
   } else {
     hint(notAnAmount(typed));
   }

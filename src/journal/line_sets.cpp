@@ -211,7 +211,7 @@ void frmjrnl::sideChosen(int line) {
 }
 
 double frmjrnl::amountIn(const TextBox& box) const {
-  return typedAmount(*context_.host, box.text()).value_or(0);
+  return typedAmount(box.text()).value_or(Money()).rupees();
 }
 
 double frmjrnl::signedAmount(int line) const {
@@ -221,7 +221,7 @@ double frmjrnl::signedAmount(int line) const {
 bool frmjrnl::namesNothing(int line) const {
   const auto blank = [](const TextBox& box) { return trimmed(box.text()).empty(); };
   const TextBox& amount = isDebit(line) ? txtdramt[line] : txtcramt[line];
-  const bool noAmount = blank(amount) || typedAmount(*context_.host, amount.text()) == 0.0;
+  const bool noAmount = blank(amount) || typedAmount(amount.text()) == Money();
   return blank(txtledger[line]) && blank(txtgroup[line]) && noAmount;
 }
 

@@ -172,9 +172,9 @@ void frmjrnl::lookUpNames(int line) {
 bool frmjrnl::amountsAreGood() {
   for (int line = 0; line < linesToSave(); ++line) {
     TextBox& box = amountBox(line);
-    const auto amount = typedAmount(*context_.host, box.text());
-    if (amount && *amount > 0) continue;
-    tell(amount && *amount < 0 ? negativeAmount : "Please specify an Amount.");
+    const auto amount = typedAmount(box.text());
+    if (amount && *amount > Money()) continue;
+    tell(amount && *amount < Money() ? negativeAmount : "Please specify an Amount.");
     moveToBox(box);
     return false;
   }

@@ -313,7 +313,7 @@ Read readBack(const fs::path& path, const std::string& sheet = "TB") {
     const Place at{std::stoi(line[1]), std::stoi(line[2])};
     if (line[0] == "text") read.texts[at] = line[3];
     if (line[0] == "error") read.errors[at] = line[3];
-    if (line[0] == "number") read.numbers[at] = shownAmount(line[3]);
+    if (line[0] == "number") read.numbers[at] = shownAmount(line[3]).rupees();
   }
   return read;
 }
@@ -360,7 +360,7 @@ class CalcTest : public ExportTest {
     for (std::size_t row = 1; row < rows.size(); ++row) {
       const std::string& cell = rows[row].at(column);
       EXPECT_EQ(cell.find_first_not_of("0123456789."), std::string::npos) << cell;
-      sum += shownAmount(cell);
+      sum += shownAmount(cell).rupees();
     }
     return host().formatgen(sum, "#,##0.00");
   }

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "data/errors.h"
+#include "data/money.h"
 
 namespace quillet::suite {
 namespace {
@@ -73,6 +74,27 @@ TEST(FormatNumber, AgreesWithPaperForAnyAmount) {
       ASSERT_EQ(formatNumber(amount, "###0.00"), onPaper(tenths)) << tenths;
       ASSERT_EQ(std::stod(formatNumber(amount, "###0.00")) == 0, std::abs(tenths) < 5) << tenths;
     }
+  }
+}
+
+TEST(Money, IsRoundedAsItIsShownAndNeverWrapsRound) {
+  std::mt19937_64 random(7);
+  for (int i = 0; i < 20'000; ++i) {
+    // Thousandths meet the halves, quotients what binary numbers leave over.
+    const auto drawn =
+        static_cast<double>(static_cast<long>(random() % 20'000'000'000) - 10'000'000'000);
+    for (const double rupees : {drawn / 1000, drawn / 7, drawn / 100 * 3}) {
+      EXPECT_EQ(formatNumber(Money::rounded(rupees).rupees(), "###0.00"),
+                formatNumber(rupees, "###0.00"))
+          << rupees;
+    }
+  }
+  const Money greatest = Money::ofPaise(std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(greatest - greatest, Money());
+  EXPECT_THROW(greatest + Money::ofPaise(1), RunTimeError);
+  EXPECT_THROW(-greatest - Money::ofPaise(1), RunTimeError);
+  for (const double none : {1e17, std::nan(""), -HUGE_VAL}) {
+    EXPECT_THROW(Money::rounded(none), RunTimeError) << none;
   }
 }
 
