@@ -16,8 +16,11 @@ constexpr SqlPattern yearSelects[] = {
     "select * from master where code_no= '{c}' and f_yr='{f}' and s_yr='{s}'",
     "Select * from master where code_no='{c}' and f_yr='{f}' and s_yr='{s}'"};
 
-std::optional<RegisteredYear> firstOf(std::vector<RegisteredYear> years) {
+// With the client's code as the caller writes it: files and notes in memory are known by that.
+std::optional<RegisteredYear> firstOf(std::vector<RegisteredYear> years,
+                                      const std::string& client) {
   if (years.empty()) return std::nullopt;
+  years.front().client = client;
   return std::move(years.front());
 }
 
@@ -58,13 +61,14 @@ std::optional<RegisteredYear> Registry::year(const std::string& client, const Ye
   const std::pair<char, Sql> values[] = {{'c', host_.escaped(client)},
                                          {'f', host_.escaped(keys.first)},
                                          {'s', host_.escaped(keys.second)}};
-  return firstOf(read(filled(yearSelects[static_cast<int>(select)], values)));
+  return firstOf(read(filled(yearSelects[static_cast<int>(select)], values)), client);
 }
 
 std::optional<RegisteredYear> Registry::yearIn(const std::string& table,
                                                const std::string& client) const {
   return firstOf(read("Select * From Master Where Code_No=" + host_.quoted(client) +
-                      " and Tbl_Nm=" + host_.quoted(table)));
+                      " and Tbl_Nm=" + host_.quoted(table)),
+                 client);
 }
 
 bool Registry::has(const std::string& table, const std::string& client) const {

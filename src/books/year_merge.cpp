@@ -1,26 +1,62 @@
 #include "books/year_merge.h"
 
-#include <cmath>
-#include <cstdlib>
-#include <map>
-#include <utility>
+#include "books/lines.h"
+#include "data/table_names.h"
 
 namespace quillet {
+namespace {
 
-std::vector<Line> mergedLines(const std::vector<Line>& lines) {
-  // In whole paise, by group and particular: sums of many clients must not lose any.
-  std::map<std::pair<long, long>, long long> sums;
-  for (const Line& line : lines) {
-    const long long paise = std::llround(line.amount * 100);
-    sums[{line.allId, line.partId}] += line.isCredit() ? -paise : paise;
+Sql stockTableOf(const std::string& table) { return sqlName(siblingTable(table, "TRADE_")); }
+
+}  // namespace
+
+std::vector<PairSums::Sum> PairSums::sums() const {
+  std::vector<Sum> sums;
+  for (const auto& [key, balance] : sums_) {
+    if (!balance.isZero()) sums.push_back({{key.second, key.first}, balance});
   }
-  std::vector<Line> merged;
-  for (const auto& [key, paise] : sums) {
-    if (paise == 0) continue;
-    merged.push_back({static_cast<long>(merged.size()) + 1, key.second, key.first,
-                      static_cast<double>(std::llabs(paise)) / 100, paise < 0 ? credit : debit});
+  return sums;
+}
+
+void YearMerge::add(const ClientTable& source) {
+  const Sql where = " where code_no=" + host_.quoted(source.client);
+  const auto rows = host_.query("select * from " + sqlName(source.table) + where);
+  for (const Line& line : readLines(*rows)) {
+    balances_.add({line.partId, line.allId}, Money::rounded(line.balance()));
   }
-  return merged;
+  const auto stock = host_.query("select * from " + stockTableOf(source.table) + where);
+  for (; !stock->EOF_(); stock->MoveNext()) {
+    stock_.add({stock->integer("partid"), stock->integer("allid")},
+               Money::rounded(stock->number("amt")));
+  }
+}
+
+void YearMerge::write(const ClientTable& target) {
+  const auto balances = balances_.sums();
+  const auto stock = stock_.sums();
+  const Sql client = host_.quoted(target.client);
+  const Sql table = sqlName(target.table);
+  const Sql stockTable = stockTableOf(target.table);
+  // A merge that was interrupted is done anew, not added to.
+  host_.change("delete from " + table + " where code_no=" + client);
+  host_.change("delete from " + stockTable + " where code_no=" + client);
+  Progress& progress = host_.objProgress();
+  progress.Max(static_cast<long>(balances.size() + stock.size()));
+  lines_ = stockLines_ = 0;
+  for (const auto& [pair, balance] : balances) {
+    host_.change("insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
+                 sqlNumber(++lines_) + "," + client + "," + sqlNumber(pair.partId) + "," +
+                 sqlNumber(pair.allId) + "," + sqlNumber(abs(balance).rupees()) + "," +
+                 sqlNumber(balance < Money() ? credit : debit) + ")");
+    progress.update_pg();
+  }
+  for (const auto& [pair, amount] : stock) {
+    host_.change("insert into " + stockTable + "(code_no,partid,allid,amt) values(" + client + "," +
+                 sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
+                 sqlNumber(amount.rupees()) + ")");
+    ++stockLines_;
+    progress.update_pg();
+  }
 }
 
 }  // namespace quillet

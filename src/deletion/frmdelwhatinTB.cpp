@@ -1,11 +1,14 @@
 #include "deletion/frmdelwhatinTB.h"
 
-#include "data/table_names.h"
-#include "data/year.h"
+#include "data/errors.h"
 #include "host/rights.h"
 
 namespace quillet {
 namespace {
+
+// Error numbers of a path that cannot be used and of a bad file name.
+constexpr long pathAccessError = 75;
+constexpr long badFileName = 52;
 
 enum MainOption { all = 0, none = 1, selected = 2 };
 enum YesNoOption { yes = 0, no = 1 };
@@ -32,7 +35,9 @@ void enable(Frame& frame, ControlArray<OptionButton>& options, bool on) {
 }  // namespace
 
 frmdelwhatinTB::frmdelwhatinTB(Context& context)
-    : Form(context.desk, "frmdelwhatinTB"), context_(context) {
+    : Form(context.desk, "frmdelwhatinTB"),
+      context_(context),
+      deletion_(*context.host, context.unposted) {
   setCaption("Delete Trial Balance Data");
   lblhint.quiet = true;
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
@@ -55,52 +60,37 @@ Node frmdelwhatinTB::layout() {
                  item(lblhint), gap(), row({gap(), item(cmddelete), item(cmdcancel)})});
 }
 
-bool frmdelwhatinTB::INITDATA(const std::string& mode, const DeletableYear& year) {
+bool frmdelwhatinTB::INITDATA(const std::string& mode, const RegisteredYear& year) {
   bool ready = false;
   trap("INITDATA", [&] {
     mode_ = mode;
-    year_ = year;
-    keys_ = {sqlName(siblingTable(year.table, "")), context_.host->escaped(year.client),
-             yearOf(year.yearText), year.count};
-    touched_ = deleted_ = registryRowDeleted_ = false;
+    deleted_ = false;
     problems_.clear();
-    lblheading.setCaption(headingOf(mode, year.yearText));
+    lblheading.setCaption(headingOf(mode, year.keys.text()));
     for (auto* options : {&optMain, &optSchOthData, &optSchFA, &optMiscDet}) clear(*options);
-    hasChart_ = findChart();
-    famSchFA.setVisible(hasChart_);
+    deletion_.open(year);
+    famSchFA.setVisible(hasChart());
     showOptions();
     ready = true;
   });
   return ready;
 }
 
-bool frmdelwhatinTB::findChart() {
-  bool found = false;
-  for (const SqlPattern& select : deletion::chartSelects()) {
-    if (!context_.query(deletion::filled(select, keys_))->EOF_()) found = true;
-  }
-  return found;
-}
-
 void frmdelwhatinTB::FORM_LOAD() {
-  trap("FORM_LOAD", [&] {
-    context_.host->resize_for_resolution(*this);
-    // Higher and wider than its few lines it would only be empty.
-    size.width = 0.5;
-    size.height = 0.6;
-  });
+  context_.host->resize_for_resolution(*this);
+  // Higher and wider than its few lines it would only be empty.
+  size.width = 0.5;
+  size.height = 0.6;
 }
 
 void frmdelwhatinTB::FORM_KEYPRESS(Key& key) {
-  trap("FORM_KEYPRESS", [&] {
-    if (key == keys::Escape) {
-      key = keys::none;
-      CMDCANCEL_CLICK();
-    } else if (key == keys::Enter && dynamic_cast<OptionButton*>(active())) {
-      key = keys::none;
-      focusNext();
-    }
-  });
+  if (key == keys::Escape) {
+    key = keys::none;
+    CMDCANCEL_CLICK();
+  } else if (key == keys::Enter && dynamic_cast<OptionButton*>(active())) {
+    key = keys::none;
+    focusNext();
+  }
 }
 
 // --- the options --------------------------------------------------------------------------------
@@ -118,7 +108,7 @@ void frmdelwhatinTB::showOptions() {
 }
 
 void frmdelwhatinTB::coupleChart() {
-  const bool open = hasChart_ && deletesSchedules();
+  const bool open = hasChart() && deletesSchedules();
   if (!open) clear(optSchFA);
   enable(famSchFA, optSchFA, open && optMain[selected].checked());
   // The frame shows what is going to happen, also where "Yes (All)" has chosen for everything.
@@ -126,22 +116,18 @@ void frmdelwhatinTB::coupleChart() {
 }
 
 void frmdelwhatinTB::OPTMAIN_CLICK() {
-  trap("OPTMAIN_CLICK", [&] {
-    if (!optMain[selected].checked()) {
-      const int choice = optMain[all].checked() ? yes : no;
-      optSchOthData[choice].setChecked(true);
-      optMiscDet[choice].setChecked(true);
-      copyChoice(optSchOthData, optSchFA);
-    }
-    showOptions();
-  });
+  if (!optMain[selected].checked()) {
+    const int choice = optMain[all].checked() ? yes : no;
+    optSchOthData[choice].setChecked(true);
+    optMiscDet[choice].setChecked(true);
+    copyChoice(optSchOthData, optSchFA);
+  }
+  showOptions();
 }
 
 void frmdelwhatinTB::OPTSCHOTHDATA_CLICK() {
-  trap("OPTSCHOTHDATA_CLICK", [&] {
-    copyChoice(optSchOthData, optSchFA);
-    coupleChart();
-  });
+  copyChoice(optSchOthData, optSchFA);
+  coupleChart();
 }
 
 // --- before the deletion ------------------------------------------------------------------------
@@ -165,7 +151,7 @@ bool frmdelwhatinTB::optionsChosen() {
 
 bool frmdelwhatinTB::rightsGranted() {
   if (mode_ != "delete" && !context_.host->CheckPass(right::overwrite)) return false;
-  return year_.accessMark.empty() || context_.host->CheckPass(right::remove);
+  return !deletion_.year().isSigned || context_.host->CheckPass(right::remove);
 }
 
 bool frmdelwhatinTB::confirmed() {
@@ -180,22 +166,43 @@ bool frmdelwhatinTB::confirmed() {
                          Icon::critical, Answer::Cancel) == Answer::Yes;
 }
 
+// --- the deletion -------------------------------------------------------------------------------
+
 void frmdelwhatinTB::CMDDELETE_CLICK() {
+  if (!optionsChosen() || !rightsGranted() || !confirmed()) return;
+  problems_.clear();
+  deleteChosen();
+  deleted_ = true;
+  if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
+  close();
+}
+
+void frmdelwhatinTB::deleteChosen() {
+  deletion_.deleteTrialBalance();
+  // Without a chart some of its rows may be there all the same; the next year of that number would
+  // inherit them.
+  if (deletesSchedules()) deletion_.deleteSchedules(deletesChart() || removesYear());
+  if (deletesMisc()) keepFilesLeft(deletion_.deleteMiscellaneous());
+  if (removesYear()) deletion_.deleteRegistryRow();
+}
+
+void frmdelwhatinTB::keepFilesLeft(const FilesLeft& left) {
+  if (!left.any()) return;
+  const std::string& client = deletion_.year().client;
+  std::string names;
+  for (const std::string& file : left.files) names += "\r\n" + file;
+  problems_ = left.codeNamesNone ? "The files of this year were not deleted: the client code " +
+                                       client + " cannot be part of a file name."
+                                 : "These files could not be deleted:" + names;
   trap("CMDDELETE_CLICK", [&] {
-    if (!optionsChosen() || !rightsGranted() || !confirmed()) return;
-    problems_.clear();
-    send(deletion::trialBalance());
-    if (deletesSchedules()) deleteSchedules();
-    if (deletesMisc()) deleteMisc();
-    if (removesYear()) deleteRegistryRow();
-    deleted_ = true;
-    if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
-    close();
+    if (left.codeNamesNone) {
+      throw RunTimeError(
+          badFileName, "The client code " + client + " cannot be part of a file name.", "Quillet");
+    }
+    throw RunTimeError(pathAccessError, "Files not deleted:" + names, "Quillet");
   });
 }
 
-void frmdelwhatinTB::CMDCANCEL_CLICK() {
-  trap("CMDCANCEL_CLICK", [&] { close(); });
-}
+void frmdelwhatinTB::CMDCANCEL_CLICK() { close(); }
 
 }  // namespace quillet

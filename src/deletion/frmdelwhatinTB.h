@@ -3,25 +3,14 @@
 // deleted() when it has closed.
 #pragma once
 
-#include <span>
 #include <string>
 
+#include "books/year_deletion.h"
 #include "controls/control_array.h"
 #include "controls/simple.h"
-#include "deletion/statements.h"
-#include "deletion/year_files.h"
 #include "host/context.h"
 
 namespace quillet {
-
-// The year to be deleted, as its row in the registry tells it.
-struct DeletableYear {
-  std::string client;
-  std::string table;
-  long count = 0;
-  std::string yearText;    // "2008-2009"
-  std::string accessMark;  // when not empty, the right to delete is asked for
-};
 
 class frmdelwhatinTB : public Form {
  public:
@@ -29,14 +18,14 @@ class frmdelwhatinTB : public Form {
 
   // Mode "create", "merge" or "delete". False when the year could not be looked into; the form is
   // not to be shown then.
-  bool INITDATA(const std::string& mode, const DeletableYear& year);
+  bool INITDATA(const std::string& mode, const RegisteredYear& year);
 
   // Whether anything was deleted, if only in a try that failed in the middle.
-  bool touched() const { return touched_; }
+  bool touched() const { return deletion_.touched(); }
   // Whether the deletion went through.
   bool deleted() const { return deleted_; }
   // Whether the year's row in the registry went too, possibly in a try that failed after that.
-  bool registryRowDeleted() const { return registryRowDeleted_; }
+  bool registryRowDeleted() const { return deletion_.registryRowDeleted(); }
   // Whether files stayed that were to go; their names have been told.
   bool filesLeft() const { return !problems_.empty(); }
 
@@ -68,7 +57,6 @@ class frmdelwhatinTB : public Form {
   void load() override { FORM_LOAD(); }
 
  private:
-  bool findChart();
   void showOptions();
   void coupleChart();
   // One of the options is chosen.
@@ -77,30 +65,22 @@ class frmdelwhatinTB : public Form {
   bool rightsGranted();
   bool confirmed();
 
+  bool hasChart() const { return deletion_.hasChart(); }
   bool deletesSchedules() const { return optSchOthData[0].checked(); }
-  bool deletesChart() const { return hasChart_ && deletesSchedules() && optSchFA[0].checked(); }
+  bool deletesChart() const { return hasChart() && deletesSchedules() && optSchFA[0].checked(); }
   bool deletesMisc() const { return optMiscDet[0].checked(); }
   // Everything goes, so the year's number becomes free for another year.
   bool removesYear() const {
-    return deletesSchedules() && deletesMisc() && (deletesChart() || !hasChart_);
+    return deletesSchedules() && deletesMisc() && (deletesChart() || !hasChart());
   }
 
-  void send(std::span<const deletion::Statement> statements);
-  void deleteSchedules();
-  void deleteMisc();
-  void deleteRegistryRow();
-  void refuseFiles();
-  void keepFailed(const std::vector<std::string>& files);
-  void log(long number, const std::string& description);
+  void deleteChosen();
+  void keepFilesLeft(const FilesLeft& left);
 
   Context& context_;
   std::string mode_;
-  DeletableYear year_;
-  deletion::Keys keys_;
-  bool hasChart_ = false;
-  bool touched_ = false;
+  YearDeletion deletion_;
   bool deleted_ = false;
-  bool registryRowDeleted_ = false;
   std::string problems_;  // told at the end
 };
 

@@ -73,7 +73,7 @@ TEST_F(CreationTest, RefusesDatesWithTheirMessageAndResetsTheBoxes) {
     EXPECT_EQ(form.MaskEdBox2.text(), c.secondLeft);
     EXPECT_TRUE(statements().empty());
   }
-  EXPECT_EQ(form.COMP_DT("01/04/2009", "31/03/2009"), 1);
+  EXPECT_EQ(form.newYear.COMP_DT("01/04/2009", "31/03/2009"), 1);
   // The date's own box has the focus after what is said of it, and is typed anew where it stands.
   typeYear(form, "31/04/2008", "31/03/2009");
   EXPECT_EQ(form.active(), &form.MaskEdBox1);
@@ -218,7 +218,7 @@ TEST_F(CreationTest, AsksBeforeItOverwritesAndLeavesEverythingOnNo) {
   form.click(form.mnualter);
   form.doubleClick(form.ClGrd1);
   Key enter = keys::Enter;
-  form.MASKEDBOX2_KEYPRESS(enter);
+  form.MaskEdBox2.KeyPress(enter);
   const auto warned = dialogs.takeMessages();
   ASSERT_EQ(warned.size(), 1U);
   EXPECT_EQ(warned[0].message.text, "Duplicate date is not allowed.");
@@ -416,10 +416,10 @@ TEST_F(CreationTest, FailuresAreLoggedUnderTheirProcedure) {
   dialogs.clear();
   third& form = home();
   host().statements().failNext("select * from master");
-  EXPECT_EQ(form.GETTABLE1("01042006", "31032007"), std::nullopt);
+  EXPECT_EQ(form.newYear.GETTABLE1("01042006", "31032007"), std::nullopt);
   EXPECT_EQ(trapped(), Texts{"third\tGETTABLE1"});
-  EXPECT_EQ(form.GETTABLE1("01042006", "31032007"), tab(1));
-  EXPECT_EQ(form.GETTABLE1("01041996", "31031997"), "");
+  EXPECT_EQ(form.newYear.GETTABLE1("01042006", "31032007"), tab(1));
+  EXPECT_EQ(form.newYear.GETTABLE1("01041996", "31031997"), "");
 }
 
 }  // namespace

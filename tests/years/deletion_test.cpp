@@ -21,6 +21,10 @@ class DeletionTest : public YearsTest {
     statements();
     return deletion();
   }
+  // C1's year 2008-2009 under the first number.
+  RegisteredYear year(bool isSigned = false) {
+    return {"C1", {"01042008", "31032009"}, "", "", tab(1), 1, isSigned};
+  }
   // The whole way, with one of the three main options.
   void remove(int option, const std::string& client = "C1") {
     frmdelwhatinTB& box = open(client);
@@ -61,7 +65,7 @@ TEST_F(DeletionTest, HeadingsTellTheMode) {
       {"delete", "Delete Trial Balance for F.Y. 2008-2009"}};
   frmdelwhatinTB box(context());
   for (const auto& [mode, heading] : cases) {
-    EXPECT_TRUE(box.INITDATA(mode, {"C1", tab(1), 1, "2008-2009", ""}));
+    EXPECT_TRUE(box.INITDATA(mode, year()));
     EXPECT_EQ(box.lblheading.caption(), heading);
   }
 }
@@ -96,7 +100,7 @@ TEST_F(DeletionTest, OptionsAreTestedInTheirOrderAndCoupled) {
   EXPECT_EQ(chosen(), "N-N") << "left as it was";
 
   // In each frame in turn nothing is chosen.
-  box.INITDATA("delete", {"C1", table, 1, "2008-2009", ""});
+  box.INITDATA("delete", year());
   box.click(box.optMain[2]);
   EXPECT_TRUE(refused());
   box.click(box.optSchOthData[0]);
@@ -185,20 +189,21 @@ TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
   host().setPassword(suite::PasswordKind::right, "overwrite", "o");
   host().setPassword(suite::PasswordKind::right, "delete", "d");
   const struct {
-    const char *mode, *mark;
+    const char* mode;
+    bool isSigned;
     std::vector<std::optional<std::string>> typed;
     bool goesOn;
-  } cases[] = {{"delete", "", {}, true},
-               {"delete", "1", {"d"}, true},
-               {"delete", "1", {std::nullopt}, false},
-               {"create", "", {"o"}, true},
-               {"merge", "1", {"o", "d"}, true},
-               {"merge", "1", {std::nullopt}, false},
-               {"create", "1", {"o", std::nullopt}, false}};
+  } cases[] = {{"delete", false, {}, true},
+               {"delete", true, {"d"}, true},
+               {"delete", true, {std::nullopt}, false},
+               {"create", false, {"o"}, true},
+               {"merge", true, {"o", "d"}, true},
+               {"merge", true, {std::nullopt}, false},
+               {"create", true, {"o", std::nullopt}, false}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.mode) + " " + c.mark);
+    SCOPED_TRACE(c.mode + std::string(c.isSigned ? ", signed" : ""));
     frmdelwhatinTB box(context());
-    box.INITDATA(c.mode, {"C1", tab(1), 1, "2008-2009", c.mark});
+    box.INITDATA(c.mode, year(c.isSigned));
     box.showModal();
     statements();
     dialogs.takePrompts();

@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-namespace quillet::deletion {
+namespace quillet {
 
 // Whether the code can be part of a file's name: it holds no separator, no "..", no drive mark and
 // no control character.
@@ -52,4 +52,4 @@ class YearFiles {
   std::vector<std::string> failed_;
 };
 
-}  // namespace quillet::deletion
+}  // namespace quillet

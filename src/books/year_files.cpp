@@ -1,4 +1,4 @@
-#include "deletion/year_files.h"
+#include "books/year_files.h"
 
 #include <algorithm>
 #include <system_error>
@@ -6,7 +6,7 @@
 #include "data/paths.h"
 #include "data/text.h"
 
-namespace quillet::deletion {
+namespace quillet {
 namespace {
 
 namespace fs = std::filesystem;
@@ -145,4 +145,4 @@ void YearFiles::fail(const fs::path& path) {
   if (std::find(failed_.begin(), failed_.end(), name) == failed_.end()) failed_.push_back(name);
 }
 
-}  // namespace quillet::deletion
+}  // namespace quillet

@@ -1,8 +1,19 @@
-#include "deletion/statements.h"
+#include "books/year_deletion.h"
 
-#include <utility>
+#include "books/year_files.h"
+#include "data/table_names.h"
+#include "data/year.h"
 
-namespace quillet::deletion {
+namespace quillet {
+
+// In a pattern {S} stands for the suffix of the year's tables, {c} for the client code as it stands
+// between quotes, {Y} for the year's number in the tables kept by year, {R} for its number in the
+// registry.
+struct DeletionStatement {
+  SqlPattern pattern;
+  SqlPattern flush;  // sent right after it
+};
+
 namespace {
 
 // The server treats the spellings alike; each statement keeps the one it was written with.
@@ -10,17 +21,17 @@ constexpr SqlPattern lower = flushTables;
 constexpr SqlPattern title = "Flush Tables";
 constexpr SqlPattern upper = "FLUSH TABLES";
 
-constexpr SqlPattern kChartSelects[] = {
+constexpr SqlPattern chartSelects[] = {
     "SELECT * FROM FIXED_{S} WHERE CODE_NO='{c}'",
     "SELECT * FROM NewFATRo{S} WHERE CODE_NO='{c}'",
     "SELECT * FROM NewFATRa{S} WHERE CODE_NO='{c}'",
 };
 
-constexpr Statement kTrialBalance[] = {
+constexpr DeletionStatement trialBalance[] = {
     {"DELETE FROM TAB_{S} WHERE CODE_NO='{c}'", lower},
 };
 
-constexpr Statement kSchedulesBeforeChart[] = {
+constexpr DeletionStatement schedulesBeforeChart[] = {
     {"DELETE FROM JRNL_{S} WHERE CODE_NO='{c}'", lower},
     {"DELETE FROM DeferTax_Liab WHERE CODE_NO='{c}' and FYear={Y}", lower},
     {"DELETE FROM DeferTax_Bal WHERE CODE_NO='{c}' and FYear={Y}", lower},
@@ -42,7 +53,7 @@ constexpr Statement kSchedulesBeforeChart[] = {
     {"DELETE FROM MISCEXPASST_{S} WHERE CODE_NO='{c}'", lower},
 };
 
-constexpr Statement kDepreciationChart[] = {
+constexpr DeletionStatement depreciationChart[] = {
     {"DELETE FROM FDA_{S} WHERE CODE_NO='{c}'", upper},
     {"DELETE FROM FIXED_{S} WHERE CODE_NO='{c}'", upper},
     {"DELETE FROM NewFATRo{S} WHERE CODE_NO='{c}'", upper},
@@ -51,14 +62,14 @@ constexpr Statement kDepreciationChart[] = {
     {"DELETE FROM NewFAMD WHERE Code_No='{c}' AND Yr={Y}", upper},
 };
 
-constexpr Statement kSchedulesAfterChart[] = {
+constexpr DeletionStatement schedulesAfterChart[] = {
     {"DELETE FROM SchNotes WHERE CODE_NO='{c}' and Yr={Y}", lower},
     {"DELETE FROM SCHED_{S} WHERE CODE_NO='{c}'", lower},
     {"DELETE FROM LIST_{S} WHERE CODE_NO='{c}'", lower},
     {"DELETE FROM SCHLISTS WHERE CODE_NO='{c}' and FYr={Y}", lower},
 };
 
-constexpr Statement kAnnexures[] = {
+constexpr DeletionStatement annexures[] = {
     {"DELETE FROM Anex3cd_Detail WHERE CODE_NO ='{c}' and FYr={Y}", title},
     {"DELETE FROM Anex3cd_Books WHERE CODE_NO ='{c}' and FYr={Y}", title},
     {"DELETE FROM Anex3cd_BfLoss WHERE CODE_NO ='{c}' and FYr={Y}", title},
@@ -66,31 +77,62 @@ constexpr Statement kAnnexures[] = {
     {"DELETE FROM Anex3cd_Main WHERE CODE_NO ='{c}' and FYr={Y}", title},
 };
 
-constexpr Statement kAnnexureName[] = {
+constexpr DeletionStatement annexureName[] = {
     {"UPDATE master SET annex='' WHERE COUNT={R} AND CODE_NO='{c}'", lower},
 };
 
-constexpr Statement kRegistry[] = {
+constexpr DeletionStatement registryRow[] = {
     {"DELETE FROM MASTER WHERE COUNT={R} AND CODE_NO='{c}'", title},
 };
 
 }  // namespace
 
-Sql filled(const SqlPattern& pattern, const Keys& keys) {
-  const std::pair<char, Sql> values[] = {{'S', keys.suffix},
-                                         {'c', keys.client},
-                                         {'Y', sqlNumber(keys.year)},
-                                         {'R', sqlNumber(keys.count)}};
-  return quillet::filled(pattern, values);
+void YearDeletion::open(const RegisteredYear& year) {
+  year_ = year;
+  values_ = {{{'S', sqlName(siblingTable(year.table, ""))},
+              {'c', host_.escaped(year.client)},
+              {'Y', sqlNumber(yearOf(year.keys.second))},
+              {'R', sqlNumber(year.number)}}};
+  touched_ = registryRowDeleted_ = hasChart_ = false;
+  for (const SqlPattern& select : chartSelects) {
+    if (!host_.query(filled(select, values_))->EOF_()) hasChart_ = true;
+  }
 }
 
-std::span<const SqlPattern> chartSelects() { return kChartSelects; }
-std::span<const Statement> trialBalance() { return kTrialBalance; }
-std::span<const Statement> schedulesBeforeChart() { return kSchedulesBeforeChart; }
-std::span<const Statement> depreciationChart() { return kDepreciationChart; }
-std::span<const Statement> schedulesAfterChart() { return kSchedulesAfterChart; }
-std::span<const Statement> annexures() { return kAnnexures; }
-std::span<const Statement> annexureName() { return kAnnexureName; }
-std::span<const Statement> registry() { return kRegistry; }
+void YearDeletion::send(std::span<const DeletionStatement> statements, bool& sent) {
+  for (const DeletionStatement& statement : statements) {
+    host_.ConQuery(filled(statement.pattern, values_));
+    sent = true;
+    // The trial balance goes first, and with it whatever was to be posted into it.
+    unposted_.forget({year_.table, year_.client});
+    host_.ConQuery(filled(statement.flush, values_));
+  }
+}
 
-}  // namespace quillet::deletion
+void YearDeletion::deleteTrialBalance() { send(trialBalance, touched_); }
+
+void YearDeletion::deleteSchedules(bool withChart) {
+  send(schedulesBeforeChart, touched_);
+  if (withChart) send(depreciationChart, touched_);
+  send(schedulesAfterChart, touched_);
+}
+
+FilesLeft YearDeletion::deleteMiscellaneous() {
+  if (!namesFiles(year_.client)) {
+    send(annexures, touched_);
+    send(annexureName, touched_);
+    return {.codeNamesNone = true, .files = {}};
+  }
+  const int secondYear = yearOf(year_.keys.second);
+  YearFiles files(host_.DocPath(), year_.client, secondYear - 1, secondYear);
+  files.deleteAnnexureFolder();
+  send(annexures, touched_);
+  files.deleteAnnexures();
+  send(annexureName, touched_);
+  files.deleteReports();
+  return {.files = files.failed()};
+}
+
+void YearDeletion::deleteRegistryRow() { send(registryRow, registryRowDeleted_); }
+
+}  // namespace quillet

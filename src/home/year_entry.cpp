@@ -1,0 +1,236 @@
+#include "home/year_entry.h"
+
+#include "books/posting.h"
+#include "books/year_rules.h"
+#include "data/dates.h"
+#include "home/third.h"
+#include "host/rights.h"
+
+namespace quillet {
+
+YearEntry::YearEntry(third& form, Context& context)
+    : form_(form), context_(context), creation_(*context.host) {
+  form.MaskEdBox1.KeyPress = [this](Key& key) { MASKEDBOX1_KEYPRESS(key); };
+  form.MaskEdBox2.GotFocus = [this] { MASKEDBOX2_GOTFOCUS(); };
+  form.MaskEdBox2.KeyPress = [this](Key& key) { MASKEDBOX2_KEYPRESS(key); };
+}
+
+// --- the dates ----------------------------------------------------------------------------------
+
+void YearEntry::begin() {
+  form_.flexgrid2.clearRows();
+  form_.mergeList.clear();
+  form_.MaskEdBox1.setText(emptyFirstDate);
+  form_.MaskEdBox2.setText(emptySecondDate);
+  form_.showSecondStep(form_.famdates, "type the financial year");
+  form_.focus(form_.MaskEdBox1);
+}
+
+void YearEntry::MASKEDBOX1_KEYPRESS(Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  if (isDate(form_.MaskEdBox1.text())) {
+    form_.focus(form_.MaskEdBox2);
+  } else {
+    context_.MsgBox("Invalid date.", Buttons::OK, Icon::information);
+  }
+}
+
+void YearEntry::MASKEDBOX2_GOTFOCUS() {
+  const std::string proposed = proposedSecondDate(form_.MaskEdBox1.text());
+  if (proposed.empty()) return;
+  form_.MaskEdBox2.setText(proposed);
+  form_.MaskEdBox2.setCaret(0);
+}
+
+void YearEntry::MASKEDBOX2_KEYPRESS(Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  if (datesAreValid()) enter();
+}
+
+bool YearEntry::datesAreValid() {
+  const std::string first = form_.MaskEdBox1.text();
+  const std::string second = form_.MaskEdBox2.text();
+  YearFault fault = yearFault(first, second);
+  if (fault == YearFault::none && COMP_DT(first, second) >= 0) fault = YearFault::wrongOrder;
+  if (fault == YearFault::none) return true;
+  const YearRefusal& refusal = refusalOf(fault);
+  context_.MsgBox(refusal.text, Buttons::OK, refusal.icon);
+  // First, since entering the second box proposes a date there.
+  if (refusal.resetsFirst || refusal.resetsSecond) {
+    form_.focus(refusal.resetsFirst ? form_.MaskEdBox1 : form_.MaskEdBox2);
+  }
+  if (refusal.resetsFirst) form_.MaskEdBox1.setText(emptyFirstDate);
+  if (refusal.resetsSecond) form_.MaskEdBox2.setText(emptySecondDate);
+  return false;
+}
+
+int YearEntry::COMP_DT(const std::string& first, const std::string& second) {
+  int order = 0;
+  form_.trap("COMP_DT", [&] { order = compareDates(first, second); });
+  return order;
+}
+
+void YearEntry::enter() {
+  creation_.begin(form_.clientCode(), form_.MaskEdBox1.text(), form_.MaskEdBox2.text());
+  const bool merging = form_.mode() == "merge";
+  if (const auto existing = creation_.existing()) {
+    if (!mayOverwrite()) return;
+    // Nothing is deleted for a merge of which nothing would come.
+    if (!merging || form_.mergeList.anySource()) overwrite(*existing);
+  } else if (merging) {
+    form_.mergeList.show();
+  } else if (form_.mode() == "create" && registerNewYear()) {
+    fill();
+  }
+}
+
+// --- over an existing year ----------------------------------------------------------------------
+
+bool YearEntry::mayOverwrite() {
+  if (form_.mode() == "merge") {
+    return context_.MsgBox("Do you want to overwrite previously saved data?", Buttons::YesNoCancel,
+                           Icon::question, Answer::No) == Answer::Yes;
+  }
+  if (form_.mode() == "create") {
+    return context_.host->CheckPass(right::overwrite) &&
+           context_.MsgBox(
+               "Duplicate date is not allowed !\r\n\r\n"
+               "Do you want to overwrite previously saved data ?",
+               Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
+  }
+  context_.MsgBox("Duplicate date is not allowed.", Buttons::OK, Icon::information, Answer::OK,
+                  "Warning");
+  return false;
+}
+
+void YearEntry::overwrite(const RegisteredYear& existing) {
+  creation_.takeTableOf(existing);
+  form_.removal.open(existing, [this](const frmdelwhatinTB& deletion) {
+    if (deletion.deleted()) {
+      form_.trap("MASKEDBOX2_KEYPRESS", [&] { overwriteDeleted(); });
+    } else {
+      form_.status("The deletion of " + year().keys.text() +
+                   " was not completed. Enter begins it again.");
+    }
+  });
+}
+
+void YearEntry::overwriteDeleted() {
+  creation_.findRow();
+  registerYear(context_.year());
+  fill();
+}
+
+// --- table and registry -------------------------------------------------------------------------
+
+bool YearEntry::GETTABLE() {
+  bool found = false;
+  form_.trap("GETTABLE", [&] {
+    found = creation_.takeFreeTable();
+    context_.table = year().table;
+    if (!found) {
+      context_.forgetYear();
+      context_.MsgBox("No blank database available. Delete one or more years database.");
+    }
+  });
+  return found;
+}
+
+std::optional<std::string> YearEntry::GETTABLE1(const std::string& firstKey,
+                                                const std::string& secondKey) {
+  std::optional<std::string> table;
+  form_.trap("GETTABLE1", [&] {
+    table = Registry(*context_.host).tableOf(form_.clientCode(), {firstKey, secondKey});
+  });
+  return table;
+}
+
+void YearEntry::select() {
+  context_.setYear({year().client, year().table, year().keys.first, year().keys.second});
+}
+
+// The context has the new year whole or, when there is no row of it, the one that it had before.
+void YearEntry::registerYear(const Context::Year& before) {
+  select();
+  try {
+    creation_.registerYear();
+  } catch (...) {
+    if (!creation_.registered()) context_.setYear(before);
+    form_.status("The trial balance of " + year().keys.text() +
+                 " was not created in full. Enter begins it again.");
+    throw;
+  }
+}
+
+// Under a number of its own.
+bool YearEntry::registerNewYear() {
+  const Context::Year before = context_.year();
+  if (!GETTABLE()) return false;
+  // It shows a year that somebody deleted.
+  closeEditorOf(context_, year().client, year().table);
+  registerYear(before);
+  return true;
+}
+
+bool YearEntry::provideTable() {
+  const auto existing = GETTABLE1(year().keys.first, year().keys.second);
+  if (!existing) return false;
+  if (existing->empty()) return registerNewYear();
+  if (!creation_.registered()) {
+    // Made by somebody else since the dates were typed: whoever typed it is asked about first.
+    enter();
+    return false;
+  }
+  creation_.takeTable(*existing);
+  select();
+  return true;
+}
+
+// --- what the year begins with ------------------------------------------------------------------
+
+void YearEntry::fill() {
+  if (form_.mode() == "merge") {
+    form_.mergeList.show();
+    return;
+  }
+  const std::string created = "Trial balance of " + year().keys.text() + " created";
+  const std::string partly = created + ", but the previous year was not taken over in full.";
+  form_.status(created + ".");
+  bool taken = false;
+  form_.statusOnFailure(partly, [&] { taken = offerPreviousYear(); });
+  if (!taken) {
+    form_.status(partly);
+    return;
+  }
+  finish();
+  form_.status(created + ".");
+}
+
+void YearEntry::finish() { form_.years.showAt(year().keys); }
+
+bool YearEntry::offerPreviousYear() {
+  const auto previous = creation_.previous();
+  if (!previous) {
+    context_.MsgBox("No previous years available.", Buttons::OK, Icon::information);
+    return true;
+  }
+  const Answer answer = context_.MsgBox("Do you want to load previous year particulars.",
+                                        Buttons::YesNo, Icon::question, Answer::Yes);
+  return answer != Answer::Yes || DATA_TRANSFER(previous->table);
+}
+
+bool YearEntry::DATA_TRANSFER(const std::string& previousTable) {
+  bool done = false;
+  form_.trap("DATA_TRANSFER", [&] {
+    const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
+                                         Icon::question, Answer::No) == Answer::Yes;
+    settlePostings(*context_.host, context_.unposted);
+    creation_.copyLines(previousTable, figures);
+    done = true;
+  });
+  return done;
+}
+
+}  // namespace quillet

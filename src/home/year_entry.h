@@ -1,0 +1,61 @@
+// The two dates of a year as they are typed on the home form, and the year that is created for
+// them: over an existing one if that is wanted, and filled from the year before.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "books/year_creation.h"
+#include "controls/key.h"
+#include "host/context.h"
+
+namespace quillet {
+
+class third;
+
+class YearEntry {
+ public:
+  YearEntry(third& form, Context& context);
+
+  // Shows the empty date boxes.
+  void begin();
+  // Creates the year of the dates typed, or lists what can be merged into it.
+  void enter();
+
+  const RegisteredYear& year() const { return creation_.year(); }
+  // Where merged lines go: the table of the client's year, which is registered if it is not yet.
+  // False when there is none, or when the year is to be asked about first.
+  bool provideTable();
+  // Shows the client's years with this one chosen.
+  void finish();
+
+  void MASKEDBOX1_KEYPRESS(Key& key);
+  void MASKEDBOX2_GOTFOCUS();
+  void MASKEDBOX2_KEYPRESS(Key& key);
+  // Finds the client's lowest free table number and the table of that name; false when there is
+  // none.
+  bool GETTABLE();
+  // The table of the client's year with these keys, "" when it has none; nothing on failure.
+  std::optional<std::string> GETTABLE1(const std::string& firstKey, const std::string& secondKey);
+  // Below 0 when the first of two dates is the earlier one.
+  int COMP_DT(const std::string& first, const std::string& second);
+  // Copies the particulars of the table given into the new year's; false on failure.
+  bool DATA_TRANSFER(const std::string& previousTable);
+
+ private:
+  bool datesAreValid();
+  bool mayOverwrite();
+  void overwrite(const RegisteredYear& existing);
+  void overwriteDeleted();
+  void registerYear(const Context::Year& before);
+  bool registerNewYear();
+  void select();
+  void fill();
+  bool offerPreviousYear();
+
+  third& form_;
+  Context& context_;
+  YearCreation creation_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,119 @@
+#include "home/year_list.h"
+
+#include <algorithm>
+
+#include "books/posting.h"
+#include "data/year.h"
+#include "editor/frmcrtb.h"
+#include "home/printouts.h"
+#include "home/third.h"
+#include "host/rights.h"
+
+namespace quillet {
+
+void YearList::load() {
+  Grid& grid = form_.flexgrid2;
+  years_.clear();
+  grid.clearRows();
+  form_.mergeList.clear();
+  form_.status("");
+  form_.statusOnFailure("The years could not be read.",
+                        [&] { years_ = Registry(*context_.host).keysOf(form_.clientCode()); });
+  grid.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
+  long id = 0;
+  for (const YearKeys& year : years_) {
+    grid.addRow({shownDate(year.first), shownDate(year.second)}, ++id);
+  }
+  grid.setCurrent(grid.rows());
+  form_.showSecondStep(form_.famyears, "choose the year");
+  form_.focus(grid);
+}
+
+void YearList::show() {
+  load();
+  if (years_.empty()) {
+    context_.MsgBox("No entry of this year is available.", Buttons::OK, Icon::information);
+  }
+}
+
+void YearList::showAt(const YearKeys& year) {
+  load();
+  const auto found = std::find(years_.begin(), years_.end(), year);
+  form_.flexgrid2.setCurrent(found == years_.end() ? 0
+                                                   : static_cast<int>(found - years_.begin()) + 1);
+}
+
+void YearList::showAt(int row) {
+  load();
+  form_.flexgrid2.setCurrent(std::min(row, form_.flexgrid2.rows()));
+}
+
+const YearKeys* YearList::chosen() const {
+  const long id = form_.flexgrid2.currentId();
+  return id == 0 ? nullptr : &years_[id - 1];
+}
+
+std::optional<RegisteredYear> YearList::findChosen() {
+  const YearKeys keys = *chosen();
+  auto year = Registry(*context_.host).year(form_.clientCode(), keys, YearSelect::home);
+  if (year) return year;
+  if (context_.clientCode == form_.clientCode() && context_.firstDate == keys.first) {
+    context_.forgetYear();
+  }
+  form_.tellYearIsGone(form_.clientName(), keys);
+  showAt(form_.flexgrid2.current());
+  return std::nullopt;
+}
+
+void YearList::open() {
+  if (!chosen()) return;
+  context_.forgetYear();
+  const auto year = findChosen();
+  if (!year || (year->isSigned && !context_.host->CheckPass(right::open))) return;
+  form_.status("");
+  if (year->table.empty()) {
+    form_.status("No table is named for the trial balance of " + year->keys.text() + ".");
+    return;
+  }
+  context_.setYear({form_.clientCode(), year->table, year->keys.first, year->keys.second});
+  theEditor(context_).showYear(form_.clientName());
+}
+
+void YearList::print() {
+  if (!chosen()) return;
+  const auto year = findChosen();
+  if (!year) return;
+  form_.status("");
+  form_.statusOnFailure(
+      "The trial balance of " + year->keys.text() + " could not be printed.", [&] {
+        settlePostings(*context_.host, context_.unposted);
+        printYear(
+            context_, form_.mode(),
+            {context_.host->escaped(form_.clientCode()), form_.clientName(), sqlName(year->table),
+             shownDate(year->keys.first), shownDate(year->keys.second)});
+      });
+}
+
+void YearList::remove() {
+  if (!chosen()) return;
+  const std::string text = "Do you really want to Delete Trial Balance of '" + form_.clientName() +
+                           "' for F.Y. " + chosen()->text() + " ?\r\n\r\nConfirm Delete ?";
+  if (context_.MsgBox(text, Buttons::YesNo, Icon::question, Answer::No) != Answer::Yes) return;
+  if (const auto year = findChosen()) {
+    form_.removal.open(*year, [this, text = year->keys.text()](const frmdelwhatinTB& deletion) {
+      // Also when the deletion failed in the middle: the list tells what is left.
+      form_.trap("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
+    });
+  }
+}
+
+void YearList::tellRemoved(const frmdelwhatinTB& deletion, const std::string& year) {
+  showAt(form_.flexgrid2.current());
+  const std::string files = deletion.filesLeft() ? " Not all of its files could be deleted." : "";
+  form_.status(deletion.registryRowDeleted() ? "Trial balance of " + year + " deleted." + files
+               : deletion.deleted()
+                   ? "What was chosen of " + year + " is deleted. The year itself stays." + files
+                   : "The deletion of " + year + " was not completed. Delete it again.");
+}
+
+}  // namespace quillet

@@ -1,0 +1,37 @@
+#include "home/year_removal.h"
+
+#include <utility>
+
+#include "editor/frmcrtb.h"
+#include "home/third.h"
+
+namespace quillet {
+
+void closeEditorOf(Context& context, const std::string& client, const std::string& table) {
+  if (!context.editorForm) return;
+  frmcrtb& editor = theEditor(context);
+  if (editor.shows(client, table)) editor.close();
+}
+
+void YearRemoval::open(const RegisteredYear& year, Removed removed) {
+  form_.status("");
+  if (!deletion_.INITDATA(form_.mode(), year)) {
+    form_.status("The trial balance of " + year.keys.text() + " could not be looked into.");
+    return;
+  }
+  deletion_.showModal([this, year, removed = std::move(removed)] {
+    if (!deletion_.touched()) return;
+    takeOutOfWork(year);
+    removed(deletion_);
+  });
+}
+
+void YearRemoval::takeOutOfWork(const RegisteredYear& year) {
+  closeEditorOf(context_, year.client, year.table);
+  const bool inWork = context_.clientCode == year.client && context_.table == year.table;
+  if (inWork && (form_.mode() == "delete" || deletion_.registryRowDeleted())) {
+    context_.forgetYear();
+  }
+}
+
+}  // namespace quillet
