@@ -39,7 +39,7 @@ void Form::report(std::string_view procedure, const std::exception& error) const
   try {
     if (desk_.onError) desk_.onError(name_ + '\t' + std::string(procedure), error);
   } catch (...) {
-    // Where the log cannot be written there is nobody left to tell.
+    // There is nowhere else to report a log that cannot be written.
   }
 }
 
@@ -72,7 +72,7 @@ void Form::show() {
   if (!loaded_) {
     loaded_ = true;
     trap("FORM_LOAD", [&] {
-      // Before loading: what stands in a hidden frame cannot take the focus then.
+      // First of all: it places the controls in frames, and a hidden frame takes no focus.
       if (arrangementVersion_ == 0) arrangementChanged();
       load();
     });
@@ -138,7 +138,7 @@ bool Form::isArray(std::string_view name) const {
 
 bool Form::focus(Control& control) {
   if (moving_) {
-    // A handler sends the focus elsewhere while it is on its way: its word is the last one.
+    // A handler moves the focus while it is moving already: the last request wins.
     redirected_ = &control;
     return true;
   }
@@ -155,7 +155,7 @@ bool Form::focus(Control& control) {
 
 namespace {
 
-// Raised while the focus moves, lowered however that ends.
+// True while the focus moves; reset on every way out.
 class Flag {
  public:
   explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -171,7 +171,7 @@ class Flag {
 
 void Form::moveFocus(Control* to) {
   const Flag moving(moving_);
-  // Handlers that keep sending the focus back and forth stop after a few turns.
+  // Handlers may send the focus back and forth; that ends after a few turns.
   for (int turn = 0; to != nullptr && turn < 8; ++turn) {
     Control* from = std::exchange(active_, to);
     redirected_ = nullptr;

@@ -13,7 +13,7 @@ Node box(Node::Kind kind, std::vector<Node> children, int stretch) {
   return node;
 }
 
-// Puts every control below into the frame, but for those that stand in a frame of their own.
+// Places every control below in the frame, except those in a frame of their own.
 void placeIn(Frame& frame, const Node& node) {
   if (node.control) node.control->placeIn(&frame);
   if (node.kind == Node::Kind::frame) return;

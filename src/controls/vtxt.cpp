@@ -162,7 +162,7 @@ bool VTxt::CHECK_M() {
 
 void VTxt::CTXTVALIDATE_LOSTFOCUS() {
   trap("CTXTVALIDATE_LOSTFOCUS", [&] {
-    // A fault is told and the focus goes where it was sent: a person who cancels is not held back.
+    // The message is shown but the focus is not held: a person who cancels must be able to leave.
     if (CHECK_M() && validateData_ == key_checks::amount && !trimmed(text()).empty()) {
       setText(key_checks::twoDecimals(text()));
     }

@@ -15,7 +15,7 @@ constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
 
 [[noreturn]] void overflow() { throw RunTimeError(6, "Overflow", "Money"); }
 
-// The number as 15 digits write it, times a hundred: a half of a paisa is a half then.
+// A hundred times the number as 15 digits write it, so that half a paisa is exactly a half.
 double hundredfold(double rupees) {
   std::array<char, 32> text{};
   const auto end =
@@ -34,10 +34,10 @@ double hundredfold(double rupees) {
 }  // namespace
 
 Money Money::rounded(double rupees) {
-  // Not a number is none of these either.
+  // Refuses what is not a number as well.
   if (!(std::fabs(rupees) < static_cast<double>(greatest) / 100)) overflow();
   double paise = std::round(rupees * 100);
-  // The everyday case: what the tables hold are whole paise.
+  // Nearly always the tables hold whole paise.
   if (paise / 100 != rupees) paise = std::round(hundredfold(rupees));
   return ofPaise(static_cast<std::int64_t>(paise));
 }

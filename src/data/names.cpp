@@ -70,7 +70,7 @@ Character following(std::string_view text, std::size_t at) {
   return {};
 }
 
-// Whether a joiner acts where it stands: between two characters of a script, or emoji, that joins.
+// Whether a joiner has an effect where it stands: between two characters, or emoji, that join.
 // A selector acts on the character before it.
 bool acts(const Character& joiner, const Character& before, const Character& after) {
   const auto joins = [](const Character& c) { return c.code >= 0x80 && c.kind != Kind::blank; };
@@ -78,7 +78,7 @@ bool acts(const Character& joiner, const Character& before, const Character& aft
   return joins(before) && (selects || (joins(after) && after.kind == Kind::visible));
 }
 
-// What most names are: ASCII without a run of blanks. They are compared by the thousands.
+// Most names are ASCII without a run of blanks, and thousands of them are compared.
 bool plain(std::string_view name) {
   char before = ' ';
   for (const char c : name) {
@@ -129,7 +129,7 @@ std::string nameKey(std::string_view name) {
 }
 
 std::string beginningKey(std::string_view typed) {
-  // The letter stands for the next word.
+  // With a letter after it, a blank at the end counts as the beginning of a word.
   std::string key = nameKey(std::string(typed) + 'X');
   key.pop_back();
   return key;

@@ -72,7 +72,7 @@ std::u32string charactersOf(std::string_view text) {
 }
 
 std::string upperCase(std::string_view text) {
-  // Names are ASCII nearly always, and a list has many thousands of them.
+  // Names are nearly always ASCII, and a list has many thousands of them.
   std::string result(text);
   std::size_t at = 0;
   for (; at < text.size() && static_cast<unsigned char>(text[at]) < 0x80; ++at) {

@@ -1,4 +1,4 @@
-// The host's busy indicator, shown while one of these lives: a load that fails takes it down too.
+// Shows the host's busy indicator for as long as it exists, also when a load fails.
 #pragma once
 
 #include <string>

@@ -31,7 +31,7 @@ struct Message {
   Answer defaultAnswer = Answer::OK;
 };
 
-// Synchronous: ask, get the answer, go on.
+// Synchronous: they return when a person has answered.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -240,7 +240,7 @@ class Workbook {
   virtual void Close() = 0;
 };
 
-// Gone when the object is, whether or not it was told to quit.
+// The application ends with the object, whether or not Quit was called.
 class Spreadsheet {
  public:
   virtual ~Spreadsheet() = default;
