@@ -20,9 +20,13 @@ constexpr std::size_t decimalsTaken = 3;
 VTxt::VTxt(Form& form, std::string name, std::string caption, int index)
     : TextBox(form, std::move(name), std::move(caption), index) {}
 
-void VTxt::report(std::string_view procedure, const std::exception& error) {
-  const Desk& desk = form().desk();
-  if (desk.onError) desk.onError(name() + '\t' + std::string(procedure), error);
+void VTxt::trap(const char* procedure, const std::function<void()>& body) {
+  try {
+    body();
+  } catch (const std::exception& error) {
+    const Desk& desk = form().desk();
+    if (desk.onError) desk.onError(name() + '\t' + procedure, error);
+  }
 }
 
 // --- properties ---------------------------------------------------------------------------------

@@ -80,15 +80,8 @@ class VTxt : public TextBox {
     if (MsgBox) MsgBox(message);
   }
 
-  template <class Body>
-  void trap(std::string_view procedure, Body&& body) {
-    try {
-      body();
-    } catch (const std::exception& error) {
-      report(procedure, error);
-    }
-  }
-  void report(std::string_view procedure, const std::exception& error);
+  // As the form's; the errors are logged under the box's own name.
+  void trap(const char* procedure, const std::function<void()>& body);
 
   static constexpr int defaultMaxLength = 100;
   int validateData_ = 0;
