@@ -20,7 +20,7 @@ struct Continuation {
 struct FailingDeed {
   std::string what;
   std::function<void()> arrange = {};  // the books anew, and everything up to the last key or click
-  std::function<void()> act;           // that key or click
+  std::function<void()> act = {};      // that key or click
   // What has to be right in the end: tables, the screen.
   std::function<std::vector<std::vector<std::string>>()> result = {};
   std::vector<Continuation> next = {};

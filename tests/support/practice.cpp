@@ -110,7 +110,11 @@ void PracticeTest::type(TextBox& box, const std::string& text) {
   if (!box.form().focus(box)) throw std::runtime_error("the focus does not reach " + box.name());
   box.selectAll();
   if (text.empty()) box.form().press(keys::Delete);
-  for (const char32_t c : charactersOf(text)) box.form().press(c);
+  press(box.form(), text);
+}
+
+void PracticeTest::press(Form& form, const std::string& keys) {
+  for (const char32_t c : charactersOf(keys)) form.press(c);
 }
 
 PracticeTest::Rows PracticeTest::shown(const Grid& grid) {
@@ -222,6 +226,17 @@ PracticeTest::Rows PracticeTest::asked() {
                                       suite::nameOf(message.icon),
                                       suite::nameOf(message.defaultAnswer)};
     all.emplace_back(std::begin(cells), std::end(cells));
+  }
+  return all;
+}
+
+PracticeTest::Rows PracticeTest::printed(bool withHeadings) {
+  Rows all;
+  if (!practice.surroundings().lastReport()) return all;
+  for (const suite::ReportRow& row : document().rows()) {
+    if (row.heading && !withHeadings) continue;
+    auto& cells = all.emplace_back();
+    for (const suite::ReportCell& cell : row.cells) cells.push_back(cell.text);
   }
   return all;
 }

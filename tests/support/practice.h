@@ -66,10 +66,13 @@ class PracticeTest : public ::testing::Test {
   Context& context() { return practice.context(); }
   suite::Service& host() { return practice.service(); }
 
-  using Rows = std::vector<std::vector<std::string>>;
+  using Texts = std::vector<std::string>;
+  using Rows = std::vector<Texts>;
 
   // As a person does it: to the field, over what stands there, key by key.
   static void type(TextBox& box, const std::string& text);
+  // Where the focus is; "\r" is Enter, "\b" Backspace.
+  static void press(Form& form, const std::string& keys);
   // The shown cells of the grid's shown rows.
   static Rows shown(const Grid& grid);
 
@@ -101,6 +104,10 @@ class PracticeTest : public ::testing::Test {
   std::vector<std::string> messages();
   // The messages since the last call: text, buttons, icon and the answer proposed.
   Rows asked();
+  // The report shown last.
+  const suite::Document& document() { return practice.surroundings().lastReport().value(); }
+  // The texts of its table; no rows where none was shown.
+  Rows printed(bool withHeadings = true);
 
   // Once for each statement of the deed and each continuation: arranges, lets that statement fail,
   // goes on with the continuation, compares. Unanswered questions are those of `act`.
