@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "books/amount.h"
-#include "forms/editor_fixture.h"
+#include "printing/many_lines.h"
 #include "suite/dot_matrix.h"
 #include "suite/reporter.h"
 #include "support/recording_reporter.h"
@@ -11,9 +11,7 @@
 namespace quillet::support {
 namespace {
 
-using Calls = std::vector<std::string>;
-
-class ReportTest : public EditorTest {
+class ReportTest : public ManyLinesTest {
  protected:
   ReportTest() {
     addYear("C1", 2007, {{"Cash", "BANKS", 70}, {"Old loan", "CAPITAL", -70}});
@@ -24,25 +22,17 @@ class ReportTest : public EditorTest {
   }
 
   // What the reporter is told while the command runs.
-  Calls calls(frmcrtb& form, Control& command) {
+  Texts calls(frmcrtb& form, Control& command) {
     const RecordingReporter::Recording recording(context());
     EXPECT_TRUE(form.click(command));
     return recording.calls();
-  }
-  const suite::Document& document() { return *practice.surroundings().lastReport(); }
-  static double column(const suite::Document& document, std::size_t at) {
-    double sum = 0;
-    for (std::size_t r = 1; r + 1 < document.rows().size(); ++r) {
-      sum += shownAmount(document.rows()[r].cells[at].text).rupees();
-    }
-    return sum;
   }
 };
 
 TEST_F(ReportTest, TheTrialBalanceAsTheGridShowsIt) {
   frmcrtb& form = open("C1", 2008);
   EXPECT_EQ(calls(form, form.mnuPreview),
-            (Calls{"WinModeReport True", "NewReport", "printtext <ESC E>Trial Balance<ESC F>",
+            (Texts{"WinModeReport True", "NewReport", "printtext <ESC E>Trial Balance<ESC F>",
                    "printtext <ESC><DC2><ESC N>", "CreateTable 1,5",
                    "SN|Ledger Name|Group|Amount (Dr)|Amount (Cr)<ESC F> 11111 11111 00001 11111",
                    "1|Office \"A\"|RENT|12000.50| 11111 00000 00001 11111",
@@ -55,72 +45,63 @@ TEST_F(ReportTest, TheTrialBalanceAsTheGridShowsIt) {
 }
 
 // A sheet of paper says whose it is; the report's own headings stay as they are written.
-TEST_F(ReportTest, ThePageNamesClientAndPeriod) {
-  frmcrtb& form = open("C1", 2008);
-  for (const auto& [view, period] :
-       {std::pair{0, "01/04/2008 - 31/03/2009"}, std::pair{1, "01/04/2007 - 31/03/2008"}}) {
-    form.click(form.mnuyrs[view]);
-    form.click(form.mnuPreview);
-    const suite::Document& report = document();
-    ASSERT_EQ(report.headings().size(), 1U);
-    ASSERT_EQ(report.pageHeadings().size(), 3U);
-    EXPECT_EQ(report.pageHeadings()[2].text, std::string("Asha Traders (C1), ") + period);
-    EXPECT_NE(suite::dotMatrixOf(report, suite::PaperWidth::columns80).find("Asha Traders (C1)"),
-              std::string::npos);
-  }
-}
-
-TEST_F(ReportTest, ThePrintedOrderAndYearAreTheGrids) {
+TEST_F(ReportTest, PageOrderAndYearAreTheGrids) {
   frmcrtb& form = open("C1", 2008);
   form.vsfm.sortBy(0);
-  form.click(form.mnuPreview);
-  EXPECT_EQ(document().rows()[1].cells[1].text, "Cash");
-  EXPECT_EQ(document().rows()[1].cells[0].text, "1");
-
-  form.click(form.mnuyrs[1]);
-  form.click(form.mnuPreview);
-  EXPECT_EQ(document().rows().back().cells[3].text, "70.00");
-
+  const struct {
+    const char* period;
+    Texts first, last;
+  } cases[] = {{"01/04/2008 - 31/03/2009",
+                {"1", "Cash", "BANKS", "345.10", ""},
+                {"", "Total", "", "12345.60", "12345.60"}},
+               {"01/04/2007 - 31/03/2008",
+                {"1", "Cash", "BANKS", "70.00", ""},
+                {"", "Total", "", "70.00", "70.00"}}};
+  for (const int view : {0, 1}) {
+    if (view == 1) form.click(form.mnuyrs[1]);
+    form.click(form.mnuPreview);
+    EXPECT_EQ(printed()[1], cases[view].first);
+    EXPECT_EQ(printed().back(), cases[view].last);
+    ASSERT_EQ(document().headings().size(), 1U);
+    ASSERT_EQ(document().pageHeadings().size(), 3U);
+    EXPECT_EQ(document().pageHeadings()[2].text,
+              std::string("Asha Traders (C1), ") + cases[view].period);
+    EXPECT_NE(
+        suite::dotMatrixOf(document(), suite::PaperWidth::columns80).find("Asha Traders (C1)"),
+        std::string::npos);
+  }
   // Beside the previous year the current one is printed; what it does not have has no amount.
   form.click(form.mnuyrs[2]);
   form.click(form.mnuPreview);
-  const int old = form.vsfm.find(0, "Old loan");
-  ASSERT_GT(old, 0);
-  const auto& cells = document().rows()[static_cast<std::size_t>(old)].cells;
-  EXPECT_EQ(cells[1].text + cells[3].text + cells[4].text, "Old loan");
-  EXPECT_EQ(document().rows().back().cells[4].text, "12345.60");
+  const auto old = static_cast<std::size_t>(form.vsfm.find(0, "Old loan"));
+  EXPECT_EQ(printed().at(old), (Texts{std::to_string(old), "Old loan", "CAPITAL", "", ""}));
+  EXPECT_EQ(printed().back(), cases[0].last);
 }
 
 // 3,000 lines of odd amounts: the printed total is the sum of what is printed and what the screen
 // says, to the paisa.
 TEST_F(ReportTest, TotalsAgreeWithTheScreen) {
-  const std::string ids =
-      std::to_string(ledger("Cash")) + "," + std::to_string(group("BANKS")) + ",";
-  std::string lines;
-  for (int i = 1; i <= 3'000; ++i) {
-    lines += (i > 1 ? ",(" : "(") + std::to_string(i) + ",'C2'," + ids +
-             std::to_string(i * 7919 % 1'000'003) + "." + std::to_string(10 + i % 90) + "," +
-             std::to_string(i % 3 == 0 ? 2 : 1) + ")";
-  }
-  exec("insert into " + addYear("C2", 2008) + " values" + lines);
+  fill(addYear("C2", 2008), 3'000);
   frmcrtb& form = open("C2", 2008);
   form.click(form.mnuPreview);
-  const auto& total = document().rows().back().cells;
-  EXPECT_EQ(document().rows().size(), 3'002U);
+  const Rows rows = printed();
+  ASSERT_EQ(rows.size(), 3'002U);
   for (const std::size_t side : {3U, 4U}) {
-    const auto& box = side == 3 ? form.txttotdeb[0] : form.txttotcr[0];
-    EXPECT_EQ(host().formatgen(shownAmount(total[side].text).rupees(), "#,##0.00"), box.text());
-    EXPECT_EQ(host().formatgen(column(document(), side), "###0.00"), total[side].text);
+    double sum = 0;
+    for (std::size_t row = 1; row <= 3'000; ++row) sum += shownAmount(rows[row][side]).rupees();
+    EXPECT_EQ(host().formatgen(sum, "###0.00"), rows.back()[side]);
+    EXPECT_EQ(host().formatgen(sum, "#,##0.00"),
+              (side == 3 ? form.txttotdeb : form.txttotcr)[0].text());
   }
 }
 
 TEST_F(ReportTest, TheSummaryPrintsItsGridAndMarksTheResults) {
   frmcrtb& form = open("C1", 2008);
   // From the menu, without the summary on screen.
-  const Calls made = calls(form, form.mnuprnsumm);
+  const Texts made = calls(form, form.mnuprnsumm);
   ASSERT_EQ(made.size(), 26U);
-  EXPECT_EQ(Calls(made.begin(), made.begin() + 10),
-            (Calls{"WinModeReport True", "NewReport", "printtext <ESC E>Summarized Details<ESC F>",
+  EXPECT_EQ(Texts(made.begin(), made.begin() + 10),
+            (Texts{"WinModeReport True", "NewReport", "printtext <ESC E>Summarized Details<ESC F>",
                    "printtext <ESC><DC2><ESC N>", "CreateTable 1,3",
                    "Particulars|Amount(Curr)|Amount(Prev)<ESC F> 111 111 001 111",
                    "Opening Stock|0.00|0.00 000 000 001 111", "Purchases|0.00|0.00 000 000 001 111",
@@ -150,7 +131,7 @@ TEST_F(ReportTest, AReportThatCannotBeWrittenIsNotShown) {
   form.click(form.mnuPreview);
   form.click(form.mnuprnsumm);
   EXPECT_FALSE(shown);
-  EXPECT_EQ(trapped(), (Calls{"frmcrtb\tPrintTrial", "frmcrtb\tREPORT_SUMM"}));
+  EXPECT_EQ(trapped(), (Texts{"frmcrtb\tPrintTrial", "frmcrtb\tREPORT_SUMM"}));
   EXPECT_FALSE(frontEnd.busy);
 }
 

@@ -1,0 +1,212 @@
+// The export through LibreOffice and back.
+#ifdef QUILLET_CALC
+
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+#include "books/amount.h"
+#include "printing/export_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const Texts awkwardNames = {"=1+1", "@x",          "+5",        "-3",          "'quoted",
+                            "1e5",  "00012",       "1,234.50",  "TRUE",        "01/04/2008",
+                            "100%", "#N/A",        "{=A1}",     "\"a\";\"b\"", "a\\tb\\n",
+                            "\\",   "=a|'/C b'!A", "ü ₹ हिन्दी", "a|b\tc",      "$A$1"};
+
+// A busy machine takes its time.
+const CalcOptions calc{QUILLET_CALC, std::chrono::seconds(180)};
+
+const fs::path& realTemplate() {
+  static TemporaryFolder folder;
+  static const fs::path path = [] {
+    fs::path made = folder.path() / "ORVO_TB.xls";
+    if (!suite::TemplateMaker(calc, made).finish()) throw std::runtime_error("no template made");
+    return made;
+  }();
+  return path;
+}
+
+// Sets a variable of the environment for as long as it lives.
+class Variable {
+ public:
+  Variable(const char* name, const std::string& value) : name_(name) {
+    if (const char* set = std::getenv(name)) before_ = set;
+    setenv(name, value.c_str(), 1);
+  }
+  ~Variable() { before_ ? setenv(name_, before_->c_str(), 1) : unsetenv(name_); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
+// Texts, numbers and errors of the only sheet, by row and column.
+using Place = std::pair<int, int>;
+struct Read {
+  std::map<Place, std::string> texts, errors;
+  std::map<Place, double> numbers;
+};
+
+class CalcTest : public ExportTest {
+ protected:
+  CalcTest() {
+    fs::copy_file(realTemplate(), template_, fs::copy_options::overwrite_existing);
+    practice.surroundings().useCalc(calc);
+  }
+
+  Read readBack(const std::string& sheet = "TB") {
+    const fs::path dump = folder_.path() / "read";
+    const std::string command = std::string(QUILLET_CALC) + " --read '" + target_.string() +
+                                "' 2>/dev/null >'" + dump.string() + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    Read read;
+    std::istringstream lines(contentOf(dump));
+    for (std::string text; std::getline(lines, text);) {
+      const suite::CalcLine line = suite::calcLine(text);
+      if (line[0] == "sheet") {
+        EXPECT_EQ(line[1], sheet);
+        continue;
+      }
+      const Place at{std::stoi(line[1]), std::stoi(line[2])};
+      if (line[0] == "text") read.texts[at] = line[3];
+      if (line[0] == "error") read.errors[at] = line[3];
+      if (line[0] == "number") read.numbers[at] = shownAmount(line[3]).rupees();
+    }
+    return read;
+  }
+  // What LibreOffice itself makes of the file: the new one stands in the tests' folder.
+  fs::path converted(const fs::path& file, const std::string& ending) {
+    const std::string command =
+        QUILLET_OFFICE_PROGRAM "/soffice --headless -env:UserInstallation=file://" +
+        (folder_.path() / "user").string() + " --convert-to " + ending + " --outdir '" +
+        folder_.path().string() + "' '" + file.string() + "' >/dev/null 2>&1";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return folder_.path() / file.stem() += '.' + ending;
+  }
+  // The workbook's first sheet as LibreOffice writes it into a text file; commas inside of a cell
+  // are left out.
+  Rows asText() {
+    std::istringstream text(contentOf(converted(target_, "csv")));
+    Rows rows;
+    for (std::string line; std::getline(text, line);) {
+      Texts& cells = rows.emplace_back(1);
+      bool quoted = false;
+      for (const char c : line) {
+        if (c == '"') quoted = !quoted;
+        if (c == ',' && !quoted) cells.emplace_back();
+        if (c != '"' && c != ',') cells.back() += c;
+      }
+    }
+    return rows;
+  }
+  // What the amounts below the heading add up to; the other cells of the column are empty.
+  std::string sumOf(const Rows& rows, std::size_t column) {
+    double sum = 0;
+    for (std::size_t row = 1; row < rows.size(); ++row) {
+      const std::string& cell = rows[row].at(column);
+      EXPECT_EQ(cell.find_first_not_of("0123456789."), std::string::npos) << cell;
+      sum += shownAmount(cell).rupees();
+    }
+    return host().formatgen(sum, "#,##0.00");
+  }
+};
+
+TEST_F(CalcTest, TwentyThousandLinesComeBackAsTheyWere) {
+  constexpr int lines = 20'000;
+  fill(addYear("C2", 2008), lines, awkwardNames);
+  frmcrtb& form = open("C2", 2008);
+  ASSERT_EQ(form.vsfm.rows(), lines);
+  frontEnd.updates = 0;
+  EXPECT_EQ(run(form, target_), (Texts{exportedTo(target_)}));
+  EXPECT_EQ(frontEnd.total, lines);
+  EXPECT_EQ(frontEnd.done, lines);
+  EXPECT_GT(frontEnd.updates, 2) << "the bar moved";
+  expectClean();
+
+  const Read read = readBack();
+  const Texts headings = {"S. No.", "Particulars", "Group", "Amount (Dr)", "Amount (Cr)"};
+  for (int column = 1; column <= 5; ++column) {
+    EXPECT_EQ(read.texts.at({1, column}), headings[static_cast<std::size_t>(column - 1)]);
+  }
+  EXPECT_EQ(read.texts.size(), 5U + 2U * lines);
+  EXPECT_EQ(read.numbers.size(), 2U * lines);
+  for (int i = 1; i <= lines; ++i) {
+    ASSERT_EQ(read.numbers.at({i + 1, 1}), i);
+    ASSERT_EQ(read.texts.at({i + 1, 2}), form.vsfm.cell(i, 0));
+  }
+  for (std::size_t i = 0; i < awkwardNames.size(); ++i) {
+    EXPECT_EQ(read.texts.at({static_cast<int>(i) + 2, 2}), awkwardNames[i]);
+  }
+  EXPECT_TRUE(read.errors.empty()) << read.errors.begin()->second;
+  const Rows text = asText();
+  EXPECT_EQ(text.size(), 1U + lines);
+  EXPECT_EQ(sumOf(text, 3), form.txttotdeb[0].text());
+  EXPECT_EQ(sumOf(text, 4), form.txttotcr[0].text());
+  EXPECT_EQ(contentOf(template_), contentOf(realTemplate()));
+}
+
+TEST_F(CalcTest, AFullDiskLosesNothing) {
+  const fs::path disk = folder_.path() / "disk";
+  fs::create_directory(disk);
+  if (mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=64k") != 0) {
+    GTEST_SKIP() << "mounting a small disk is not permitted here";
+  }
+  fill(addYear("C2", 2008), 2'000);
+  frmcrtb& form = open("C2", 2008);
+  target_ = disk / "books.xls";
+  expectRefused(form);
+  // No room even for the copy of the template.
+  write(disk / "padding", std::string(61UL * 1024, 'x'));
+  expectRefused(form);
+  umount(disk.c_str());
+}
+
+TEST_F(CalcTest, NeitherTheFolderNorTheLocaleMatters) {
+  const fs::path folder = folder_.path() / "%41 #ä\\'\"😀\n?";
+  fs::create_directory(folder);
+  const Variable locale("LC_ALL", "C"), temporary("TMPDIR", folder.string());
+  target_ = folder / "\"TB\" 31.03.xls";
+  EXPECT_EQ(run(open("C1", 2008), target_), (Texts{exportedTo(target_)}));
+  EXPECT_GT(fs::file_size(target_), 0U);
+  expectClean();
+}
+
+// A sheet takes the name of the text file that it is made from, and is found in capitals and small
+// letters. What a practice reckons beside the list goes on reckoning.
+TEST_F(CalcTest, ATemplateOfOnesOwnKeepsItsSums) {
+  frmcrtb& form = open("C1", 2008);
+  const std::string missing = "Trial Balance cannot be saved. Worksheet not found!";
+  for (const std::string sheet : {"accounts", "tb"}) {
+    const fs::path own = folder_.path() / (sheet + ".csv");
+    write(own, ",,,,,=SUM(D2:D99),=SUM(E2:E99),=1/0\n");
+    fs::copy_file(converted(own, "xls"), template_, fs::copy_options::overwrite_existing);
+    EXPECT_EQ(run(form, target_), (Texts{sheet == "tb" ? exportedTo(target_) : missing}));
+    EXPECT_EQ(fs::exists(target_), sheet == "tb");
+  }
+  EXPECT_EQ(asText(), (Rows{{"", "", "", "", "", "12345.6", "0.05", "#DIV/0!"},
+                            {"1", "=1+1", "BANKS", "12345.6", "", "", "", ""},
+                            {"2", "@x", "SALES", "", "0.05", "", "", ""}}));
+  const Read read = readBack("tb");
+  EXPECT_EQ(read.texts.at({2, 2}), "=1+1");
+  EXPECT_EQ(read.errors, (std::map<Place, std::string>{{{1, 8}, "#DIV/0!"}}));
+}
+
+TEST_F(CalcTest, ATemplateThatIsNoWorkbookIsAnError) {
+  write(template_, std::string("PK\x03\x04 nothing of the kind \x00\x01", 27));
+  expectRefused(open("C1", 2008));
+}
+
+}  // namespace
+}  // namespace quillet::support
+
+#endif
