@@ -12,25 +12,9 @@ constexpr const char* misc =
 
 class DeletionTest : public YearsTest {
  protected:
-  // The deletion form, opened from the home form for the client's only or last year.
-  frmdelwhatinTB& open(const std::string& client = "C1") {
-    third& form = choose(&third::mnudelete, client);
-    answer({Answer::Yes});
-    form.press(keys::Enter);
-    messages();
-    statements();
-    return deletion();
-  }
   // C1's year 2008-2009 under the first number.
   RegisteredYear year(bool isSigned = false) {
     return {"C1", {"01042008", "31032009"}, "", "", tab(1), 1, isSigned};
-  }
-  // The whole way, with one of the three main options.
-  void remove(int option, const std::string& client = "C1") {
-    frmdelwhatinTB& box = open(client);
-    box.click(box.optMain[option]);
-    answer({Answer::Yes});
-    box.click(box.cmddelete);
   }
 };
 
@@ -58,73 +42,50 @@ TEST_F(DeletionTest, IsAskedForAndOpensForTheYear) {
   EXPECT_EQ(form.flexgrid2.rows(), 2);
 }
 
-TEST_F(DeletionTest, HeadingsTellTheMode) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"create", "Create Trial Balance -> Overwrite existing for F.Y. 2008-2009"},
-      {"merge", "Merge Trial Balance -> Overwrite existing for F.Y. 2008-2009"},
-      {"delete", "Delete Trial Balance for F.Y. 2008-2009"}};
-  frmdelwhatinTB box(context());
-  for (const auto& [mode, heading] : cases) {
-    EXPECT_TRUE(box.INITDATA(mode, year()));
-    EXPECT_EQ(box.lblheading.caption(), heading);
-  }
-}
-
 TEST_F(DeletionTest, OptionsAreTestedInTheirOrderAndCoupled) {
   const std::string table = addYear("C1", 2008);
   exec("insert into NewFATRa" + table.substr(4) + "(code_no) values('C1')");
-  frmdelwhatinTB& box = open();
+  frmdelwhatinTB& box = openDeletion();
   EXPECT_TRUE(box.famSchFA.visible());
-  const auto refused = [&] {
-    box.click(box.cmddelete);
-    return asked() == Rows{{"Select an option.", "OK", "information", "OK"}};
-  };
-  const auto chosen = [&] {
-    std::string text;
-    for (auto* options : {&box.optSchOthData, &box.optSchFA, &box.optMiscDet}) {
-      text += (*options)[0].checked() ? 'Y' : (*options)[1].checked() ? 'N' : '-';
-    }
-    return text;
-  };
-  EXPECT_TRUE(refused());
   EXPECT_FALSE(box.click(box.optSchOthData[0])) << "closed until the choice is the user's";
+  box.click(box.cmddelete);
+  EXPECT_EQ(asked(), (Rows{{"Select an option.", "OK", "information", "OK"}}));
 
-  box.click(box.optMain[0]);
-  EXPECT_EQ(chosen(), "YYY");
-  EXPECT_TRUE(box.famSchFA.enabled());
-  EXPECT_FALSE(box.click(box.optSchFA[1])) << "all is all";
-  box.click(box.optMain[1]);
-  EXPECT_EQ(chosen(), "N-N");
-  EXPECT_FALSE(box.famSchFA.enabled());
-  box.click(box.optMain[2]);
-  EXPECT_EQ(chosen(), "N-N") << "left as it was";
-
-  // In each frame in turn nothing is chosen.
-  box.INITDATA("delete", year());
-  box.click(box.optMain[2]);
-  EXPECT_TRUE(refused());
+  const struct {
+    OptionButton* option;
+    const char* chosen;  // of schedules, chart and forms
+    bool refused;        // in some frame nothing is chosen
+  } cases[] = {{&box.optMain[0], "YYY", false},
+               {&box.optMain[1], "N-N", false},
+               {&box.optMain[2], "N-N", false},
+               {nullptr, "---", true},
+               {&box.optMain[2], "---", true},
+               {&box.optSchOthData[0], "YY-", true},  // the chart follows the schedules
+               {&box.optMiscDet[1], "YYN", false},
+               {&box.optSchFA[1], "YNN", false},
+               // With the schedules kept there is no chart to be chosen for.
+               {&box.optSchOthData[1], "N-N", false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.chosen);
+    c.option ? box.click(*c.option) : box.INITDATA("delete", year());
+    std::string chosen;
+    for (auto* options : {&box.optSchOthData, &box.optSchFA, &box.optMiscDet}) {
+      chosen += (*options)[0].checked() ? 'Y' : (*options)[1].checked() ? 'N' : '-';
+    }
+    EXPECT_EQ(chosen, c.chosen);
+    EXPECT_EQ(box.famSchFA.enabled(), chosen[0] == 'Y');
+    EXPECT_EQ(box.optSchFA[1].enabled(), c.option != &box.optMain[0] && chosen[0] == 'Y');
+    statements();
+    if (!c.refused) answer({Answer::Cancel});
+    box.click(box.cmddelete);
+    EXPECT_EQ(messages().at(0) == "Select an option.", c.refused);
+    EXPECT_TRUE(statements().empty());
+    EXPECT_TRUE(deletionOpen());
+  }
   box.click(box.optSchOthData[0]);
-  EXPECT_EQ(chosen(), "YY-") << "the chart follows the schedules";
-  EXPECT_TRUE(refused());
-  box.click(box.optMiscDet[1]);
   box.optSchFA[0].setChecked(false);
-  EXPECT_TRUE(refused());
-  box.click(box.optSchFA[1]);
-  EXPECT_EQ(chosen(), "YNN");
-  answer({Answer::No});
   box.click(box.cmddelete);
-  EXPECT_EQ(messages(), (Texts{std::string(what) + "\r\nWith" + schedules}));
-
-  // With the schedules kept there is no chart to be chosen for.
-  box.click(box.optSchOthData[1]);
-  EXPECT_EQ(chosen(), "N-N");
-  answer({Answer::Cancel});
-  statements();
-  box.click(box.cmddelete);
-  EXPECT_EQ(messages(), Texts{what});
-  EXPECT_TRUE(statements().empty());
-  EXPECT_TRUE(deletionOpen());
-  EXPECT_EQ(value("select count(*) from master"), "1");
+  EXPECT_EQ(messages(), Texts{"Select an option."}) << "the chart";
 }
 
 // The question names what goes with the lines. The registry keeps the year unless everything goes;
@@ -152,7 +113,7 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
     const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 5}});
     hangOn("C1", table.substr(4), 2009, 1, c.hasChart);
     const auto before = held("C1");
-    frmdelwhatinTB& box = open();
+    frmdelwhatinTB& box = openDeletion();
     box.click(box.optMain[c.main]);
     if (c.sch >= 0) box.click(box.optSchOthData[c.sch]);
     if (c.fa >= 0) box.click(box.optSchFA[c.fa]);
@@ -288,139 +249,24 @@ TEST_F(DeletionTest, NoDeletesTheLinesAlone) {
   EXPECT_EQ(value("select annex from master"), "a");
 }
 
-TEST_F(DeletionTest, AnEditorOpenOnTheYearClosesWithIt) {
-  addYear("C1", 2007, {{"Cash", "BANKS", 5}});
-  addYear("C1", 2008, {{"Cash", "BANKS", 7}});
-  select("C1", 2007);
-  Form& editor = *practice.forms().ObjCreate();
-  for (const bool onTheYear : {false, true}) {
-    if (onTheYear) {
-      select("C1", 2008);
-      answer({Answer::No});  // to the import into the year that is empty by now
-    }
-    editor.close();
-    editor.show();
-    if (onTheYear) {
-      frmdelwhatinTB& refused = open();
-      refused.click(refused.cmdcancel);
-      EXPECT_TRUE(editor.visible());
-    }
-    remove(1);
-    EXPECT_EQ(editor.visible(), !onTheYear);
-    messages();
-  }
-}
-
-// A deletion that failed in the middle and is not tried again has happened all the same.
-TEST_F(DeletionTest, GivenUpInTheMiddleItsTracesAreShown) {
-  addYear("C1", 2007, {{"Cash", "BANKS", 5}});
-  const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 7}});
-  select("C1", 2008);
-  Form& editor = *practice.forms().ObjCreate();
-  editor.show();
-  const struct {
-    const char* failing;
-    long spared;
-    int years;  // left in the list
-    const char* said;
-  } cases[] = {
-      {"flush tables", 0, 2, "The deletion of 2008-2009 was not completed. Delete it again."},
-      {"DELETE FROM JRNL_", 0, 2, "The deletion of 2008-2009 was not completed. Delete it again."},
-      {"flush tables", 36, 1, "Trial balance of 2008-2009 deleted."}};
-  for (const auto& c : cases) {
-    frmdelwhatinTB& box = open();
-    box.click(box.optMain[0]);
-    answer({Answer::Yes});
-    host().statements().failNext(c.failing, c.spared);
-    context().unposted.add({table, "C1"}, {1, 1}, 2.5);
-    box.click(box.cmddelete);
-    EXPECT_TRUE(context().unposted.books().empty()) << "there is nothing left to post it into";
-    ASSERT_EQ(log().size(), 1U) << c.failing;
-    box.click(box.cmdcancel);
-    EXPECT_FALSE(editor.visible()) << "its next line would go into what was removed";
-    EXPECT_EQ(inWork(), (Texts{"C1", "", "", ""}));
-    EXPECT_EQ(home().flexgrid2.rows(), c.years);
-    EXPECT_EQ(home().lblstatus.caption(), c.said);
-    messages();
-  }
-}
-
-// What is deleted of each choice, and that nobody else's rows go with it.
 TEST_F(DeletionTest, LeavesTheNeighboursAndTheOtherYears) {
-  const Texts codes{"C%", "C_1", "c'1", "CX1", "C\\1", "{Y}"};
-  for (const std::string& code : codes) {
+  std::map<std::string, std::map<std::string, long>> older, before;
+  for (const std::string code : {"C%", "C_1", "c'1", "CX1", "C\\1", "{Y}"}) {
     addClient(code, "Client " + code);
     const std::string one = addYear(code, 2007, {{"Cash", "BANKS", 5}});
-    const std::string two = addYear(code, 2008, {{"Cash", "BANKS", 7}});
     hangOn(code, one.substr(4), 2008, 1);
+    older[code] = held(code);
+    const std::string two = addYear(code, 2008, {{"Cash", "BANKS", 7}});
     hangOn(code, two.substr(4), 2009, 2, code != "CX1");
+    before[code] = held(code);
   }
-  for (const std::string& code : codes) {
-    std::map<std::string, std::map<std::string, long>> before;
-    for (const std::string& each : codes) before[each] = held(each);
-    frmdelwhatinTB& box = open(code);
-    EXPECT_EQ(box.famSchFA.visible(), code != "CX1");
-    box.click(box.cmdcancel);
+  for (const auto& [code, left] : older) {
+    EXPECT_EQ(openDeletion(code).famSchFA.visible(), code != "CX1");
+    deletion().click(deletion().cmdcancel);
     remove(0, code);
-    for (const auto& [each, rows] : before) {
-      if (each == code) continue;
-      EXPECT_EQ(held(each), rows) << "deleting " << code << " hit " << each;
-    }
-    // The year before holds what it held, the year deleted holds nothing, registry included.
-    for (const auto& [table, count] : held(code)) {
-      EXPECT_EQ(before[code][table], count);
-      const bool deletedYear =
-          table.ends_with(" 2009") || table.ends_with(" 2") || table.ends_with("01042008") ||
-          (table.find(' ') == std::string::npos && table.ends_with(host().GETTBNAME(2)));
-      EXPECT_FALSE(deletedYear) << code << ": " << table;
-    }
-    EXPECT_EQ(held(code).count("master 01042007"), 1U);
+    before[code] = left;
+    for (const auto& [each, rows] : before) EXPECT_EQ(held(each), rows) << each << " of " << code;
     messages();
-  }
-}
-
-// A database error at any statement: one line in the log, the form open, what was sent before is
-// done; the same command again completes it.
-TEST_F(DeletionTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
-  const std::string n = host().GETTBNAME(1);
-  const auto deleteAll = [&] {
-    answer({Answer::Yes});
-    deletion().click(deletion().cmddelete);
-  };
-  failEachStatement(
-      {.what = "deleting",
-       .arrange =
-           [&] {
-             exec("delete from master");
-             addYear("C1", 2008, {{"Cash", "BANKS", 5}});
-             for (const char* each : {"FIXED_", "JRNL_", "LIST_"}) {
-               exec("insert into " + (each + n) + "(code_no) values('C1')");
-             }
-             open().click(deletion().optMain[0]);
-           },
-       .act = deleteAll,
-       .result =
-           [&] {
-             return rows("select 1 from FIXED_" + n + " union select 1 from JRNL_" + n +
-                         " union select 1 from LIST_" + n + " union select 1 from master");
-           },
-       .next = {{"the same command", deleteAll, {}, [&] { EXPECT_FALSE(deletionOpen()); }}},
-       .place = "frmdelwhatinTB\tCMDDELETE_CLICK",
-       .behind = 1,  // the home form's list
-       .check = [&] { ASSERT_TRUE(deletionOpen()); }});
-  EXPECT_TRUE(held("C1").empty());
-}
-
-TEST_F(DeletionTest, AYearThatCannotBeLookedIntoIsNotOffered) {
-  addYear("C1", 2008);
-  for (const char* statement : {"FIXED_", "NewFATRo", "NewFATRa"}) {
-    third& form = choose(&third::mnudelete, "C1");
-    answer({Answer::Yes});
-    host().statements().failNext(statement);
-    form.press(keys::Enter);
-    EXPECT_FALSE(deletionOpen());
-    EXPECT_EQ(trapped(), Texts{"frmdelwhatinTB\tINITDATA"});
-    EXPECT_EQ(form.lblstatus.caption(), "The trial balance of 2008-2009 could not be looked into.");
   }
 }
 

@@ -34,11 +34,16 @@ class MergeTest : public YearsTest {
     typeYear(form, first);
     return form;
   }
-  Rows lines(const std::string& table, const std::string& client = "C1") {
+  // Ticks rows and confirms.
+  void merge(third& form, std::initializer_list<int> ticked = {}) {
+    for (const int row : ticked) form.flexgrid2.tick(row, true);
+    answer({Answer::Yes});
+    form.press(keys::Enter);
+  }
+  Rows lines(const std::string& table) {
     return rows("select srno,particular,allgrp,amt,nid from " + table +
                 " t join Mast_Part p on p.PartId=t.partid join Mast_AllGrp g on g.ALLID=t.allid "
-                "where code_no='" +
-                client + "' order by srno");
+                "where code_no='C1' order by srno");
   }
   void addStock(const std::string& client, long count, const std::string& of, double amount) {
     exec("insert into TRADE_" + host().GETTBNAME(count) + " values('" + client + "'," +
@@ -61,14 +66,9 @@ TEST_F(MergeTest, ListsTheOtherClientsOfTheYear) {
   EXPECT_EQ(statements().at(1),
             "select *  from master where f_yr ='01042008' and s_yr ='31032009' And code_no <> "
             "'C1' order by code_no");
-  Rows shown;
-  for (int r = 1; r <= form.flexgrid2.rows(); ++r) {
-    shown.push_back({form.flexgrid2.cell(r, 1), form.flexgrid2.cell(r, 2)});
-  }
-  EXPECT_EQ(shown, (Rows{{"c'4", "Fourth"}, {"C3", "Third's"}, {"P1", "Meera R Shah"}}));
+  EXPECT_EQ(shown(form.flexgrid2),
+            (Rows{{"", "c'4", "Fourth"}, {"", "C3", "Third's"}, {"", "P1", "Meera R Shah"}}));
   EXPECT_EQ(form.active(), &form.flexgrid2);
-  form.doubleClick(form.flexgrid2);
-  EXPECT_EQ(messages(), Texts{"DBl Click will not work here,Press Enter to merge."});
   form.press(keys::Escape);
   EXPECT_TRUE(form.ClGrd1.shown());
   EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "0") << "nothing yet";
@@ -143,10 +143,7 @@ TEST_F(MergeTest, CarriesTheClosingStock) {
   addStock("C2", 2, "Goods", 7);
   addStock("C1", 1, "Left over", 99);
   third& form = list("C1", "01/04/2009");
-  for (int row = 1; row <= 2; ++row) form.flexgrid2.tick(row, true);
-  answer({Answer::Yes});
-  form.press(keys::Enter);
-  messages();
+  merge(form, {1, 2});
   EXPECT_EQ(stock(1), (Rows{{"Goods", "STOCK", "16320000.5"}}));
   EXPECT_EQ(stock(2, "P1").size(), 3U);
   EXPECT_EQ(form.lblstatus.caption(), "2 merged into 2009-2010: 2 lines, 1 of closing stock.");
@@ -165,8 +162,7 @@ TEST_F(MergeTest, CarriesTheClosingStock) {
 TEST_F(MergeTest, TakesTheCurrentOneWhenNoneIsTicked) {
   third& form = list();
   form.press(keys::Down);
-  answer({Answer::Yes});
-  form.press(keys::Enter);
+  merge(form);
   EXPECT_EQ(lines(tab(1)), (Rows{{"1", "Asha", "CAPITAL", "30.1", "2"},
                                  {"2", "Cash", "BANKS", "100.1", "1"},
                                  {"3", "Sales", "SALES", "70", "2"}}));
@@ -178,24 +174,21 @@ TEST_F(MergeTest, OverwritesAnExistingYearWhateverIsDeleted) {
   exec("delete from master where f_yr='01042001'");
   for (const int option : {1, 0}) {
     third& form = choose(&third::mnumerge, "C1");
-    answer({Answer::No, Answer::Cancel, Answer::Yes});
+    answer({Answer::No, Answer::Cancel});
     typeYear(form, "01/04/2008");
     form.press(keys::Enter);
     EXPECT_FALSE(deletionOpen());
-    form.press(keys::Enter);
+    overwrite(form, option);
     EXPECT_EQ(asked().back(), (Texts{"Do you want to overwrite previously saved data?",
                                      "YesNoCancel", "question", "No"}));
-    frmdelwhatinTB& box = deletion();
-    EXPECT_EQ(box.lblheading.caption(),
+    EXPECT_EQ(deletion().lblheading.caption(),
               "Merge Trial Balance -> Overwrite existing for F.Y. 2008-2009");
-    box.click(box.optMain[option]);
-    answer({Answer::Yes, Answer::Yes});
-    box.click(box.cmddelete);
-    EXPECT_EQ(rows("select tbl_nm,count from master where code_no='C1'"), (Rows{{tab(2), "2"}}));
-    form.flexgrid2.tick(2, true);
-    form.press(keys::Enter);
+    deletion().click(deletion().cmddelete);
+    const Rows row{{"01/04/2008", "31/03/2009", tab(2), "2", "01042008", "31032009"}};
+    EXPECT_EQ(registry(), row);
+    merge(form, {2});
     EXPECT_EQ(lines(tab(2)).size(), 3U);
-    EXPECT_EQ(rows("select tbl_nm,count from master where code_no='C1'"), (Rows{{tab(2), "2"}}));
+    EXPECT_EQ(registry(), row);
   }
 }
 
@@ -215,16 +208,13 @@ TEST_F(MergeTest, LooksForOthersBeforeItDeletes) {
 TEST_F(MergeTest, ASourceThatIsGoneIsSaidAndNotRead) {
   third& form = list();
   exec("delete from master where code_no='C3' and f_yr='01042008'");
-  form.flexgrid2.tick(2, true);
-  answer({Answer::Yes});
-  form.press(keys::Enter);
+  merge(form, {2});
   EXPECT_EQ(messages().back(),
             "The Trial Balance of 'Third's' for F.Y. 2008-2009 does not exist any more.");
   EXPECT_EQ(form.flexgrid2.rows(), 2);
   EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "0");
   exec("delete from master");
-  answer({Answer::Yes});
-  form.press(keys::Enter);
+  merge(form);
   EXPECT_EQ(messages().back(), "No year of specified date is available.");
   EXPECT_EQ(form.flexgrid2.rows(), 0);
 }
@@ -256,9 +246,7 @@ TEST_F(MergeTest, BooksUnderAPasswordAreReadWithItOnly) {
 
 TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {
   for (int year = 1990; year < 1990 + tableNumbers; ++year) addYear("C1", year);
-  third& form = list();
-  answer({Answer::Yes});
-  form.press(keys::Enter);
+  merge(list());
   EXPECT_EQ(messages().back(), "No blank database available. Delete one or more years database.");
   EXPECT_EQ(value("select count(*) from master where code_no='C1'"), std::to_string(tableNumbers));
 }
@@ -266,40 +254,30 @@ TEST_F(MergeTest, WithoutAFreeNumberNothingIsMerged) {
 TEST_F(MergeTest, AFailureAnywhereIsLoggedOnceAndEnterAgainCompletes) {
   addStock("C3", 1, "Goods", 5);
   addStock("P1", 1, "Old goods", 7);
-  const auto merge = [&] { home().press(keys::Enter); };
-  failEachStatement(
-      {.what = "merging",
-       .arrange =
-           [&] {
-             exec("delete from master where code_no='C1'");
-             exec("delete from " + tab(1) + " where code_no='C1'");
-             context().forgetYear();
-             third& form = list();
-             for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
-             answer({Answer::Yes});
-           },
-       .act = merge,
-       .result =
-           [&] {
-             Rows all = lines(tab(1));
-             for (const auto& line : stock(1)) all.push_back(line);
-             return all;
-           },
-       .next = {{"Enter again",
-                 [&] {
-                   answer({Answer::Yes});
-                   merge();
-                 },
-                 {},
-                 [&] { EXPECT_EQ(value("select count(*) from master where code_no='C1'"), "1"); }}},
-       .check =
-           [&] {
-             EXPECT_TRUE(inWorkWhole()) << context().table;
-             const std::string said = home().lblstatus.caption();
-             EXPECT_TRUE(said.ends_with(" Enter begins it again.") ||
-                         said == "The years could not be read." || inWork()[1].empty())
-                 << said;
-           }});
+  FailingDeed deed{.what = "merging"};
+  deed.arrange = [&] {
+    emptyClient();
+    context().forgetYear();
+    third& form = list();
+    for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
+    answer({Answer::Yes});
+  };
+  deed.act = [&] { home().press(keys::Enter); };
+  deed.result = [&] {
+    Rows all = lines(tab(1));
+    for (const auto& line : stock(1)) all.push_back(line);
+    return all;
+  };
+  const auto once = [&] { EXPECT_EQ(registry().size(), 1U); };
+  deed.next = {{"Enter again", [&] { merge(home()); }, {}, once}};
+  deed.check = [&] {
+    EXPECT_TRUE(inWorkWhole()) << context().table;
+    const std::string said = home().lblstatus.caption();
+    EXPECT_TRUE(said.ends_with(" Enter begins it again.") ||
+                said == "The years could not be read." || inWork()[1].empty())
+        << said;
+  };
+  failEachStatement(deed);
   EXPECT_EQ(stock(1).size(), 2U);
 }
 

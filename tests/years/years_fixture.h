@@ -18,8 +18,6 @@ namespace quillet::support {
 
 class YearsTest : public PracticeTest {
  protected:
-  using Texts = std::vector<std::string>;
-
   YearsTest() {
     addClient("C1", "Asha Traders");
     addClient("C2", "Neighbour & Co");
@@ -69,10 +67,53 @@ class YearsTest : public PracticeTest {
     for (const Answer each : answers) dialogs.queueAnswer(each);
   }
 
+  // Everything of C1 in the first two tables, and its years.
+  void emptyClient() {
+    exec("delete from master where code_no='C1'");
+    for (const long each : {1, 2}) exec("delete from " + tab(each) + " where code_no='C1'");
+  }
+  Rows registry(const std::string& client = "C1") {
+    return rows("select f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr from master where code_no='" +
+                client + "' order by s_yr");
+  }
+  Rows lines(const std::string& table) {
+    return rows("select srno,code_no,partid,allid,amt,nid from " + table +
+                " where code_no='C1' order by srno");
+  }
+  Rows registryAndLines(const std::string& table) {
+    Rows all = registry();
+    for (const auto& line : lines(table)) all.push_back(line);
+    return all;
+  }
+  // The year that an existing one is created or merged over, with the option of that number.
+  void overwrite(third& form, int option, const std::string& first = "01/04/2008") {
+    answer({Answer::Yes});
+    typeYear(form, first);
+    deletion().click(deletion().optMain[option]);
+    answer({Answer::Yes});
+  }
+
   // What the context says is being worked on.
   Texts inWork() {
     return {context().clientCode, context().table, context().firstDate, context().secondDate};
   }
+  // The deletion form, opened from the home form for the client's only or last year.
+  frmdelwhatinTB& openDeletion(const std::string& client = "C1") {
+    third& form = choose(&third::mnudelete, client);
+    answer({Answer::Yes});
+    form.press(keys::Enter);
+    messages();
+    statements();
+    return deletion();
+  }
+  // The whole way, with one of the three main options.
+  void remove(int option, const std::string& client = "C1") {
+    frmdelwhatinTB& box = openDeletion(client);
+    box.click(box.optMain[option]);
+    answer({Answer::Yes});
+    box.click(box.cmddelete);
+  }
+
   // Either a year as the registry has it, or none.
   bool inWorkWhole() {
     const std::string code = host().TruncVarSQL(context().clientCode);
