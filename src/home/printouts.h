@@ -4,14 +4,14 @@
 
 #include <string>
 
+#include "books/unposted_changes.h"
 #include "host/context.h"
 
 namespace quillet {
 
 struct PrintedYear {
-  Sql client;  // code_no as it stands between quotes
+  ClientTable books;
   std::string clientName;
-  Sql table;
   std::string firstDate;  // as people read it
   std::string secondDate;
 };

@@ -84,14 +84,15 @@ void YearList::print() {
   const auto year = findChosen();
   if (!year) return;
   form_.status("");
-  form_.statusOnFailure(
-      "The trial balance of " + year->keys.text() + " could not be printed.", [&] {
-        settlePostings(*context_.host, context_.unposted);
-        printYear(
-            context_, form_.mode(),
-            {context_.host->escaped(form_.clientCode()), form_.clientName(), sqlName(year->table),
-             shownDate(year->keys.first), shownDate(year->keys.second)});
-      });
+  form_.statusOnFailure("The trial balance of " + year->keys.text() + " could not be printed.",
+                        [&] {
+                          settlePostings(*context_.host, context_.unposted);
+                          printYear(context_, form_.mode(),
+                                    {{year->table, form_.clientCode()},
+                                     form_.clientName(),
+                                     shownDate(year->keys.first),
+                                     shownDate(year->keys.second)});
+                        });
 }
 
 void YearList::remove() {
