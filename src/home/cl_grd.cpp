@@ -171,26 +171,24 @@ void ClGrd::showColumns() {
     columns.push_back(
         {.heading = std::string(cc::all[shown.column].heading), .width = shown.width});
   }
-  columns.push_back({.heading = "Position", .hidden = true});
   setColumns(std::move(columns));
 }
 
 void ClGrd::showClients(const std::string& current) {
   clearSort();
   clearRows();
-  shown_ = clients_.matching(txtsearch.text(), columns_, status_, group_);
-  reserve(static_cast<int>(shown_.size()));
+  const auto found = clients_.matching(txtsearch.text(), columns_, status_, group_);
+  reserve(static_cast<int>(found.size()));
   int again = 0;
-  for (const std::size_t position : shown_) {
+  for (const std::size_t position : found) {
     std::vector<std::string> cells;
-    cells.reserve(columns_.size() + 1);
+    cells.reserve(columns_.size());
     for (const cc::Shown& shown : columns_) cells.push_back(clients_[position][shown.column]);
-    cells.push_back(std::to_string(position));
-    addRow(std::move(cells));
+    addRow(std::move(cells), static_cast<long>(position));
     if (clients_[position][codeColumn] == current) again = rows();
   }
   setCurrent(again > 0 ? again : 1);
-  lblcount.setCaption(std::to_string(shown_.size()) + " of " + std::to_string(clients_.size()) +
+  lblcount.setCaption(std::to_string(found.size()) + " of " + std::to_string(clients_.size()) +
                       " clients");
 }
 
@@ -208,8 +206,7 @@ void ClGrd::SelectLastClient() {
 
 std::string ClGrd::TextMatrix(int row, int column) const {
   if (row < 1 || row > rows()) return {};
-  const auto position = static_cast<std::size_t>(std::stoul(cell(row, cols() - 1)));
-  return clients_[position].at(static_cast<std::size_t>(column));
+  return clients_[rowId(row)].at(column);
 }
 
 void ClGrd::typed(Key& key) {

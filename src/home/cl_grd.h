@@ -79,10 +79,9 @@ class ClGrd : public Grid {
   void movedFromSearch(Key& key);
 
   Context& context_;
-  ClientList clients_;
+  ClientList clients_;  // their positions are the ids of the rows
   std::vector<client_columns::Shown> columns_;
-  std::vector<std::size_t> shown_;  // positions of the clients in the rows
-  Setup setup_;                     // as the settings were read or written last
+  Setup setup_;  // as the settings were read or written last
   std::string status_;
   std::string group_;
   std::string notice_;

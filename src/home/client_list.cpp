@@ -19,9 +19,8 @@ std::vector<std::string> wordsOf(const std::string& text) {
 
 std::size_t columnKeyed(std::string_view key) {
   const auto& columns = client_columns::all;
-  return static_cast<std::size_t>(
-      std::find_if(columns.begin(), columns.end(), [&](const auto& c) { return c.key == key; }) -
-      columns.begin());
+  return std::find_if(columns.begin(), columns.end(), [&](const auto& c) { return c.key == key; }) -
+         columns.begin();
 }
 
 }  // namespace
@@ -32,7 +31,7 @@ bool ClientList::load(Recordset& rows) {
     fields[c] = rows.column(client_columns::all[c].field);
   }
   std::vector<Client> clients;
-  clients.reserve(static_cast<std::size_t>(rows.RecordCount()));
+  clients.reserve(rows.RecordCount());
   for (; !rows.EOF_(); rows.MoveNext()) {
     Client& client = clients.emplace_back();
     for (std::size_t c = 0; c < fields.size(); ++c) client[c] = rows.text(fields[c]);
