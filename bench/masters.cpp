@@ -53,14 +53,15 @@ class LargePractice {
 
   // The id of the n-th ledger, from 0; the first is used by every client year, the last hundred
   // once each.
-  std::string ledger(int n) const { return std::to_string(first_ + n); }
-  std::string linkedLedger(int n) const { return ledger(ledgers - linked + n); }
+  long ledger(int n) const { return first_ + n; }
+  long linkedLedger(int n) const { return ledger(ledgers - linked + n); }
 
   void restoreLinked() {
     BulkInsert names(database(), "Mast_Part(PartId,Particular)");
     for (int n = 0; n < linked; ++n) {
       names.row(first_ + ledgers - linked + n, "Linked Ledger " + std::to_string(n));
-      database().execute("update " + table("TAB_", n + 1) + " set partid=" + linkedLedger(n) +
+      database().execute("update " + table("TAB_", n + 1) +
+                         " set partid=" + std::to_string(linkedLedger(n)) +
                          " where srno=" + std::to_string(linkedSerial));
     }
     names.send();
@@ -146,16 +147,16 @@ void ledgerMasterMark(benchmark::State& state) {
 void ledgerMasterListOfUse(benchmark::State& state) {
   frmtbledmas form(practice().context());
   compare(state, {.run = [&] {
-            form.VIEWLISTOFUSE(sqlNumber(std::stol(large->ledger(0))), false);
+            form.VIEWLISTOFUSE({large->ledger(0)}, false);
             if (form.vsfC.rows() < clientYears) throw std::runtime_error("client years missing");
           }});
 }
 
 void tickLinked(frmtbledmas& form) {
   form.LOADGRID(0);
-  form.vsf.setCurrent(form.vsf.find(0, large->ledger(0)));
+  form.vsf.setCurrent(form.vsf.findId(large->ledger(0)));
   form.CMDLINK_CLICK();
-  for (int n = 0; n < linked; ++n) form.vsf.tick(form.vsf.find(0, large->linkedLedger(n)), true);
+  for (int n = 0; n < linked; ++n) form.vsf.tick(form.vsf.findId(large->linkedLedger(n)), true);
   dynamic_cast<suite::QueuedDialogs&>(practice().context().dialogs).queueAnswer(Answer::Yes);
 }
 

@@ -11,12 +11,10 @@ const std::string& ClientYears::client(const std::string& code) {
   return at->second;
 }
 
-const ClientYears::Year& ClientYears::year(const std::string& code, const std::string& table) {
+const YearKeys& ClientYears::year(const std::string& code, const std::string& table) {
   const auto [at, isNew] = years_.try_emplace({code, table});
   if (isNew) {
-    const auto row = host_.query("Select * From Master Where Code_No=" + host_.quoted(code) +
-                                 " and Tbl_Nm=" + host_.quoted(table));
-    if (!row->EOF_()) at->second = {row->text("F_YR"), row->text("S_YR")};
+    if (const auto year = Registry(host_).yearIn(table, code)) at->second = year->keys;
   }
   return at->second;
 }

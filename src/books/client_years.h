@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "books/registry.h"
 #include "ports/ports.h"
 
 namespace quillet {
@@ -15,15 +16,13 @@ class ClientYears {
 
   // A client that has left the list is told by its code.
   const std::string& client(const std::string& code);
-  struct Year {
-    std::string first, second;  // keys, "" for a year that the registry does not have
-  };
-  const Year& year(const std::string& code, const std::string& table);
+  // Both keys are "" for a year that the registry does not have.
+  const YearKeys& year(const std::string& code, const std::string& table);
 
  private:
   ServiceObject& host_;
   std::map<std::string, std::string> clients_;
-  std::map<std::pair<std::string, std::string>, Year> years_;
+  std::map<std::pair<std::string, std::string>, YearKeys> years_;
 };
 
 }  // namespace quillet

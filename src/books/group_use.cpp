@@ -10,10 +10,31 @@
 #include "data/year.h"
 
 namespace quillet {
+namespace {
+
+const TablePrefixes& placesOfGroups() {
+  static const TablePrefixes prefixes{"TAB_", "JRNL_", "TRADE_", "RMGRP_"};
+  return prefixes;
+}
+
+Sql withMerged(ServiceObject& host, long groupId) {
+  const auto merged = MergedGroups(host).predecessors(groupId);
+  if (merged.empty()) return "AllId=" + sqlNumber(groupId);
+  IdList ids;
+  ids.add(groupId);
+  for (const long id : merged) ids.add(id);
+  return "AllId in (" + ids.sql() + ")";
+}
+
+bool standsIn(ServiceObject& host, const Sql& table, const Sql& condition) {
+  return !host.query("Select * from " + table + " Where " + condition)->EOF_();
+}
+
+}  // namespace
 
 long highestGroupInUse(ServiceObject& host, TableNames& missing) {
   std::vector<Sql> selects{"Select Max(AllId) from AllGrp_Map"};
-  for (const YearTable& table : yearTables(host, {"TAB_", "JRNL_", "TRADE_", "RMGRP_"}, missing)) {
+  for (const YearTable& table : yearTables(host, placesOfGroups(), missing)) {
     selects.push_back((table.prefix == "RMGRP_"
                            ? Sql("Select Max(Greatest(IfNull(OsGrpId,0),IfNull(PurGrpId,0),"
                                  "IfNull(SalGrpId,0),IfNull(CsGrpId,0))) from ")
@@ -26,18 +47,42 @@ long highestGroupInUse(ServiceObject& host, TableNames& missing) {
   return highest;
 }
 
-std::vector<std::string> carriersOf(ServiceObject& host, const Sql& groupIds, TableNames& missing) {
+std::string yearTableWithGroup(ServiceObject& host, long groupId, TableNames& missing) {
+  const Sql carries = withMerged(host, groupId);
+  const Sql binds = sqlNumber(groupId) + " in (OsGrpId,PurGrpId,SalGrpId,CsGrpId)";
+  std::string found;
+  walkYearTables(host, "Searching for the Group....", placesOfGroups(), missing,
+                 [&](const YearTable& table) {
+                   if (standsIn(host, table.sql(), table.prefix == "RMGRP_" ? binds : carries)) {
+                     found = table.name;
+                   }
+                   return !found.empty();
+                 });
+  return found;
+}
+
+bool groupIsMapped(ServiceObject& host, long groupId) {
+  return standsIn(host, groupMapping, "AllId=" + sqlNumber(groupId));
+}
+
+std::vector<std::string> carriersOf(ServiceObject& host, const std::vector<long>& groupIds,
+                                    TableNames& missing) {
+  IdList ids(groupIds);
+  const MergedGroups earlier(host);
+  for (const long id : groupIds) {
+    for (const long merged : earlier.predecessors(id)) ids.add(merged);
+  }
   std::vector<Sql> selects;
   for (const YearTable& table : yearTables(host, {"JRNL_", "TRADE_"}, missing)) {
     const bool journal = table.prefix == "JRNL_";
     selects.push_back("Select Distinct Code_No," + host.quoted(table.trialBalance) +
                       (journal ? Sql(",'Adj. Entries'") : Sql(",'Closing Stock'")) + " from " +
-                      table.sql() + " Where AllId in (" + groupIds + ")");
+                      table.sql() + " Where AllId in (" + ids.sql() + ")");
   }
   ClientYears names(host);
   std::map<std::pair<std::string, std::string>, std::set<std::string>> found;
   queryAll(host, selects, [&](const Recordset& row) {
-    const ClientYears::Year& year = names.year(row.text(0), row.text(1));
+    const YearKeys& year = names.year(row.text(0), row.text(1));
     const std::string period =
         year.first.empty() ? "" : ", " + shownDate(year.first) + " - " + shownDate(year.second);
     found[{names.client(row.text(0)), period}].insert(row.text(2));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "books/registry.h"
 #include "data/errors.h"
 #include "data/table_names.h"
 #include "data/text.h"
@@ -19,13 +20,6 @@ std::unordered_set<std::string> tablesThere(ServiceObject& host) {
   std::unordered_set<std::string> names;
   const auto rows = host.query("Show Tables");
   for (; !rows->EOF_(); rows->MoveNext()) names.insert(upperCase(rows->text(0)));
-  return names;
-}
-
-std::vector<std::string> registered(ServiceObject& host) {
-  std::vector<std::string> names;
-  const auto rows = host.query("Select distinct tbl_nm from master");
-  for (; !rows->EOF_(); rows->MoveNext()) names.push_back(rows->text(0));
   return names;
 }
 
@@ -50,7 +44,7 @@ void onTable(ServiceObject& host, const std::string& table, TableNames& missing,
 bool walkYearTables(ServiceObject& host, const std::string& text, const TablePrefixes& prefixes,
                     TableNames& missing, const std::function<bool(const YearTable& table)>& visit) {
   const Busy busy(host, text);
-  const std::vector<std::string> trialBalances = registered(host);
+  const std::vector<std::string> trialBalances = Registry(host).tables();
   Progress& progress = host.objProgress();
   progress.Max(static_cast<long>(trialBalances.size()));
   for (const std::string& trialBalance : trialBalances) {
@@ -70,7 +64,7 @@ std::vector<YearTable> yearTables(ServiceObject& host, const TablePrefixes& pref
                                   TableNames& missing) {
   const auto there = tablesThere(host);
   std::vector<YearTable> tables;
-  for (const std::string& trialBalance : registered(host)) {
+  for (const std::string& trialBalance : Registry(host).tables()) {
     for (const std::string_view prefix : prefixes) {
       if (trialBalance.empty()) break;
       YearTable table = tableOf(trialBalance, prefix);

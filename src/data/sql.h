@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quillet {
 
@@ -72,6 +73,10 @@ Sql filled(const SqlPattern& pattern, std::span<const std::pair<char, Sql>> valu
 // Ids joined for an SQL list: "3,1,7".
 class IdList {
  public:
+  IdList() = default;
+  explicit IdList(const std::vector<long>& ids) {
+    for (const long id : ids) add(id);
+  }
   void add(long id);
   bool empty() const { return sql_.empty(); }
   const Sql& sql() const { return sql_; }

@@ -1,7 +1,5 @@
 #include "masters/frmgrpRM.h"
 
-#include "data/sql.h"
-#include "data/table_names.h"
 #include "data/year.h"
 
 namespace quillet {
@@ -13,19 +11,11 @@ constexpr const char* none = "(None)";
 }  // namespace
 
 frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
-  vsfM.setColumns({{.heading = "SrNo", .hidden = true},
-                   {.heading = "GrpSr", .hidden = true},
-                   {.heading = "OsGrpId", .hidden = true},
-                   {.heading = "PurGrpId", .hidden = true},
-                   {.heading = "CsGrpId", .hidden = true},
-                   {.heading = "GrpOrder", .hidden = true},
-                   {.heading = "Raw Material Group", .width = groupWidth, .stretch = true},
+  vsfM.setColumns({{.heading = "Raw Material Group", .width = groupWidth, .stretch = true},
                    {.heading = lblgrp[0].caption(), .width = groupWidth},
                    {.heading = lblgrp[1].caption(), .width = groupWidth},
                    {.heading = lblgrp[2].caption(), .width = groupWidth}});
-  vsfG.setColumns({{.heading = "GrpId", .hidden = true},
-                   {.heading = "Heading", .width = groupWidth, .stretch = true},
-                   {.heading = "GrpType", .hidden = true},
+  vsfG.setColumns({{.heading = "Heading", .width = groupWidth, .stretch = true},
                    {.heading = "Type", .width = groupWidth}});
   vsfM.zebra = vsfG.zebra = true;
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
@@ -35,7 +25,7 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
 
 Node frmgrpRM::layout() {
   std::vector<Node> choices{column({item(lblhead), item(cbohead, 0, groupWidth)}, 1)};
-  for (int i = 0; i < columns; ++i) {
+  for (int i = 0; i < lblgrp.size(); ++i) {
     choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
   }
   choices.push_back(gap());
@@ -55,43 +45,37 @@ Node frmgrpRM::layout() {
 
 void frmgrpRM::INITDATA(const BoundYear& year) {
   trap("INITDATA", [&] {
-    year_ = year;
-    client_ = context_.host->escaped(year.client);
-    table_ = sqlName(siblingTable(year.table, "RMGRP_"));
+    binding_.open(year.client, year.table, {year.firstDate, year.secondDate});
     setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +
                shownDate(year.firstDate) + " to " + shownDate(year.secondDate));
   });
 }
 
 void frmgrpRM::FORM_LOAD() {
-  trap("FORM_LOAD", [&] {
-    context_.host->resize_for_resolution(*this);
-    lblstatus.setCaption("");
-    setStateM(State::browsing);
-    for (Grid* grid : {&vsfM, &vsfG}) grid->clearRows();
-    CLEARDATAM();
-    showPage(famM);
-    LOADLIST();
-    const bool read = LOADGRIDM(0);
-    // Only a year that has no binding takes the previous one's.
-    if (read && vsfM.rows() == 0) IMPORTFROMPREVYR();
-  });
+  context_.host->resize_for_resolution(*this);
+  lblstatus.setCaption("");
+  setStateM(State::browsing);
+  for (Grid* grid : {&vsfM, &vsfG}) grid->clearRows();
+  CLEARDATAM();
+  showPage(famM);
+  LOADLIST();
+  const bool read = LOADGRIDM(0);
+  // Only a year that has no binding takes the previous one's.
+  if (read && vsfM.rows() == 0) IMPORTFROMPREVYR();
 }
 
 void frmgrpRM::FORM_KEYPRESS(Key& key) {
-  trap("FORM_KEYPRESS", [&] {
-    if (key != keys::Escape) return;
-    key = keys::none;
-    if (state_ == State::sorting) {
-      if (ask("Do you want to Cancel Changes in Sorting Order?")) CMDCANCELM_CLICK();
-    } else if (editing() && ask("Do you want to Cancel Entry?")) {
-      if (famG.visible()) {
-        CMDCANCELG_CLICK();
-      } else {
-        CMDCANCELM_CLICK();
-      }
+  if (key != keys::Escape) return;
+  key = keys::none;
+  if (state_ == State::sorting) {
+    if (ask("Do you want to Cancel Changes in Sorting Order?")) CMDCANCELM_CLICK();
+  } else if (editing() && ask("Do you want to Cancel Entry?")) {
+    if (famG.visible()) {
+      CMDCANCELG_CLICK();
+    } else {
+      CMDCANCELM_CLICK();
     }
-  });
+  }
 }
 
 void frmgrpRM::reread() {
@@ -116,16 +100,10 @@ void frmgrpRM::reread() {
   }
 }
 
-void frmgrpRM::FORM_UNLOAD(bool& cancel) {
-  trap("FORM_UNLOAD", [&] { cancel = !ask("Do you want to Exit?"); });
-}
+void frmgrpRM::FORM_UNLOAD(bool& cancel) { cancel = !ask("Do you want to Exit?"); }
 
 void frmgrpRM::showPage(Frame& page) {
   for (Frame* each : {&famM, &famG}) each->setVisible(each == &page);
-}
-
-long frmgrpRM::idAt(const Grid& grid, int row, int column) {
-  return std::stol(grid.cell(row, column));
 }
 
 // --- lists --------------------------------------------------------------------------------------
@@ -137,8 +115,12 @@ bool frmgrpRM::LOADLIST() {
   };
   clear();
   listsRead_ = attempt("LOADLIST", [&] {
-    loadHeads();
-    loadGroups();
+    for (const RawMaterialHead& head : heads_.seeded()) cbohead.addItem(head.name, head.id);
+    for (int i = 0; const auto& names : binding_.choices()) {
+      ComboBox& box = cbogroup[i++];
+      box.addItem(none, 0);
+      for (const NamedId& group : names) box.addItem(group.name, group.id);
+    }
   });
   if (!listsRead_) {
     clear();
@@ -150,84 +132,6 @@ bool frmgrpRM::LOADLIST() {
 bool frmgrpRM::listsThere() {
   if (!listsRead_ && LOADLIST()) LOADGRIDM(0);
   return listsRead_;
-}
-
-void frmgrpRM::loadHeads() {
-  const Sql sql = "Select * from RawMatGrpM Order by GrpId";
-  auto rows = context_.query(sql);
-  if (rows->EOF_()) {
-    seedHeads();
-    rows = context_.query(sql);
-  }
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    cbohead.addItem(rows->text("GrpHead"), rows->integer("GrpId"));
-  }
-}
-
-void frmgrpRM::seedHeads() {
-  const Sql heads[] = {"1,'RAW MATERIAL',1", "2,'FINISHED GOODS',2", "3,'WORK-IN-PROGRESS',3",
-                       "4,'STORES AND SPARES',4", "5,'OTHER CONSUMABLES',4"};
-  for (const Sql& head : heads) {
-    context_.host->ConQuery("Insert into RawMatGrpM Values (" + head + ")");
-  }
-  flush();
-}
-
-void frmgrpRM::addIds(IdList& list, const Sql& sql) {
-  for (const auto rows = context_.query(sql); !rows->EOF_(); rows->MoveNext()) {
-    if (rows->field(0)) list.add(rows->integer(0));
-  }
-}
-
-// The groups of each column that the year's figures use.
-std::array<IdList, frmgrpRM::columns> frmgrpRM::groupsInUse() {
-  std::array<IdList, columns> lists;
-  const Sql table = sqlName(year_.table);
-  for (const int i : {0, 1}) {
-    addIds(lists[static_cast<std::size_t>(i)],
-           "Select Distinct " + table + ".allid from " + table + ",mast_allgrp Where " + table +
-               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + sqlNumber(primaryGroups[i]) +
-               " and " + table + ".Code_No='" + client_ + "'");
-  }
-  const Sql stock = sqlName(siblingTable(year_.table, "TRADE_"));
-  addIds(lists[2], "Select Distinct " + stock + ".allid from " + stock + ofClient());
-  return lists;
-}
-
-std::array<std::vector<long>, frmgrpRM::columns> frmgrpRM::boundGroups() {
-  std::array<std::vector<long>, columns> lists;
-  const auto items = context_.query("Select * from " + table_ + ofClient());
-  for (; !items->EOF_(); items->MoveNext()) {
-    for (std::size_t i = 0; i < lists.size(); ++i) {
-      lists[i].push_back(items->integer(groupFields[i]));
-    }
-  }
-  return lists;
-}
-
-// Each column offers what the year uses and what is bound already.
-void frmgrpRM::loadGroups() {
-  auto lists = groupsInUse();
-  const auto bound = boundGroups();
-  for (int i = 0; i < columns; ++i) {
-    const auto column = static_cast<std::size_t>(i);
-    ComboBox& box = cbogroup[i];
-    box.addItem(none, 0);
-    IdList& ids = lists[column];
-    for (const long id : bound[column]) ids.add(id);
-    if (ids.empty()) continue;
-    const auto rows =
-        context_.query("Select * from Mast_AllGrp Where GID=" + sqlNumber(primaryGroups[i]) +
-                       " and AllId in (" + ids.sql() + ") Order by AllGrp");
-    for (; !rows->EOF_(); rows->MoveNext()) {
-      box.addItem(rows->text("ALLGRP"), rows->integer("AllId"));
-    }
-    // What was bound and has moved under another primary group, or was merged away, stays bound
-    // until a person chooses otherwise.
-    for (const long id : bound[column]) {
-      if (box.findData(id) == 0) box.addItem(std::to_string(id), id);
-    }
-  }
 }
 
 }  // namespace quillet

@@ -6,10 +6,13 @@
 // binding (suffix M), their order and import, and the heads (suffix G) have a source file each.
 #pragma once
 
-#include <array>
+#include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "books/raw_material_binding.h"
+#include "books/raw_material_heads.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "controls/simple.h"
@@ -110,13 +113,6 @@ class frmgrpRM : public MasterForm {
   bool entryBegun() const override { return state_ != State::browsing; }
 
  private:
-  // The three account groups of an item, in the order of cbogroup: how many, where the binding
-  // keeps them, and the primary group that each belongs to.
-  static constexpr int columns = 3;
-  static constexpr const char* groupFields[columns] = {"OsGrpId", "PurGrpId", "CsGrpId"};
-  static constexpr int primaryGroups[columns] = {18, 19, 7};
-  // The binding's grid: ids of the account groups from osColumn on, their names from osName on.
-  enum Item { srNoColumn, grpSrColumn, osColumn, orderColumn = 5, headName = 6, osName = 7 };
   enum class State { browsing, adding, modifying, sorting };
   bool editing() const { return state_ == State::adding || state_ == State::modifying; }
 
@@ -124,39 +120,27 @@ class frmgrpRM : public MasterForm {
   void attachHeads();
   void showPage(Frame& page);
   bool itemSelected(Grid& grid) { return rowSelected(grid, "Please Select an Item."); }
-  static long idAt(const Grid& grid, int row, int column);
-
-  // Lists.
-  void loadHeads();
-  void seedHeads();
-  void loadGroups();
-  std::array<IdList, columns> groupsInUse();
-  std::array<std::vector<long>, columns> boundGroups();
-  void addIds(IdList& list, const Sql& sql);
 
   // Binding.
-  // Those that could not be read are asked for once more: an item must not lose what they do not
+  // Lists that could not be read are asked for once more: an item must not lose what they do not
   // list.
   bool listsThere();
   void setStateM(State state);
-  std::vector<std::string> cellsOf(const Recordset& item) const;
+  ListedRow listed(const BoundItem& item);
+  // What is chosen, for the item that is being modified or for a new one.
+  BoundItem chosenItem() const;
   bool choicesHold();
-  bool groupsFree();
-  long insertItem();
-  void updateItem(long srNo);
-  void moveRow(int step);
-  Sql ofClient() const { return " Where Code_No='" + client_ + "'"; }
-  std::string previousTable();
-  void copySetup();
+  bool groupsFree(const BoundItem& item);
+  void moveItem(int step);
 
   // Heads.
   void setStateG(State state);
-  std::vector<std::string> headCells(const Recordset& head) const;
-  bool headHolds(const std::string& head);
+  ListedRow listed(const RawMaterialHead& head) const;
+  bool headHolds(const RawMaterialHead& head);
 
-  BoundYear year_;
-  Sql client_;  // code_no as it stands between quotes
-  Sql table_;   // the year's RMGRP_ table
+  RawMaterialBinding binding_{*context_.host};
+  RawMaterialHeads heads_{*context_.host};
+  std::map<long, BoundItem> items_;  // those of the grid, by their numbers
   State state_ = State::browsing;
   bool listsRead_ = false;
 };

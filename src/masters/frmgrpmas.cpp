@@ -2,9 +2,8 @@
 
 #include <initializer_list>
 
-#include "data/sql.h"
-
 namespace quillet {
+
 frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   setCaption("Group Master");
   setColumns();
@@ -32,27 +31,22 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   cmddelete.Click = [this] { CMDDELETE_CLICK(); };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
   cmdback.Click = [this] { CMDBACK_CLICK(); };
-  cmdMerge.Click = [this] { cmdMerge_Click(); };
+  on(cmdMerge.Click, "cmdMerge_Click", [this] { cmdMerge_Click(); });
   cmdMergeGroup.Click = [this] { cmdMergeGroup_Click(); };
   cmdMergeBack.Click = [this] { cmdMergeBack_Click(); };
 }
 
 void frmgrpmas::setColumns() {
-  for (Grid* grid : {&vsf, &vsM, &vsMW}) {
-    // Two grids share the merge page's width.
-    const bool wide = grid == &vsf;
-    grid->setColumns(
-        {{.heading = "Id", .hidden = true},
-         {.heading = "Group", .width = wide ? 36 : 24, .stretch = true},
-         {.heading = "Under Group", .width = wide ? 30 : 16},
-         {.heading = "User Group", .align = Align::center, .hidden = !wide, .width = 10},
-         {.heading = "Under Id", .hidden = true},
-         {.heading = "Merge",
-          .align = Align::center,
-          .hidden = grid != &vsM,
-          .width = 7,
-          .tick = grid == &vsM}});
-  }
+  vsf.setColumns({{.heading = "Group", .width = 36, .stretch = true},
+                  {.heading = "Under Group", .width = 30},
+                  {.heading = "User Group", .align = Align::center, .width = 10}});
+  // The two grids of the merge page share its width.
+  const std::vector<GridColumn> narrow = {{.heading = "Group", .width = 24, .stretch = true},
+                                          {.heading = "Under Group", .width = 16}};
+  vsMW.setColumns(narrow);
+  auto withTicks = narrow;
+  withTicks.push_back({.heading = "Merge", .align = Align::center, .width = 7, .tick = true});
+  vsM.setColumns(withTicks);
 }
 
 Node frmgrpmas::layout() {
@@ -72,28 +66,24 @@ Node frmgrpmas::layout() {
 // --- loading ------------------------------------------------------------------------------------
 
 void frmgrpmas::FORM_LOAD() {
-  trap("FORM_LOAD", [&] {
-    context_.host->resize_for_resolution(*this);
-    groupsChanged_ = linesTouched_ = false;
-    newGroupId_ = 0;
-    lblstatus.setCaption("");
-    SETBUTTON(false);
-    vsf.clearRows();
-    vsf.clearSort();
-    CLEARDATA();
-    showPage(famMain);
-    LOADGROUPS();
-    LOADGRID(0);
-  });
+  context_.host->resize_for_resolution(*this);
+  groupsChanged_ = linesTouched_ = false;
+  newGroupId_ = 0;
+  lblstatus.setCaption("");
+  SETBUTTON(false);
+  vsf.clearRows();
+  vsf.clearSort();
+  vsf.sortBy(nameColumn);
+  CLEARDATA();
+  showPage(famMain);
+  LOADGROUPS();
+  LOADGRID(0);
 }
 
 bool frmgrpmas::LOADGROUPS() {
   Combo1.clearItems();
   primaryGroupsRead_ = attempt("LOADGROUPS", [&] {
-    const auto rows = context_.query("Select * From Mast_Gunder Order by Gunder");
-    for (; !rows->EOF_(); rows->MoveNext()) {
-      Combo1.addItem(rows->text("Gunder"), rows->integer("GId"));
-    }
+    for (const NamedId& group : master_.primaryGroups()) Combo1.addItem(group.name, group.id);
   });
   if (!primaryGroupsRead_) {
     status("The primary groups could not be read; the error log says why.");
@@ -108,28 +98,26 @@ bool frmgrpmas::primaryGroupsThere() {
 }
 
 // The grids show a primary group by its name, as the combo box lists it.
-std::vector<std::string> frmgrpmas::cellsOf(const Recordset& group) const {
-  const int under = Combo1.findData(group.integer("GId"));
-  return {group.text("AllId"), group.text("ALLGRP"),
-          under > 0 ? Combo1.items()[static_cast<std::size_t>(under - 1)] : group.text("GId"),
-          group.text("UserGrp"), std::to_string(group.integer("GId"))};
+MasterForm::ListedRow frmgrpmas::listed(const AccountGroup& group) {
+  primaryGroups_[group.id] = group.primaryGroup;
+  const int under = Combo1.findData(group.primaryGroup);
+  return {group.id,
+          {group.name, under > 0 ? Combo1.items()[under - 1] : std::to_string(group.primaryGroup),
+           group.user}};
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
-  const Sql all = "Select * From Mast_AllGrp";
-  const auto readOne = [&] {
-    showFound(vsf, groupId, *context_.query(all + " Where AllId=" + sqlNumber(groupId)),
-              [&](const Recordset& row) { return cellsOf(row); });
+  const auto all = [&] {
+    std::vector<ListedRow> rows;
+    for (const AccountGroup& group : master_.groups()) rows.push_back(listed(group));
+    return rows;
   };
-  if (groupId > 0 && wasRead(vsf) && attempt("LOADGRID", readOne)) return;
-  fillGrids("LOADGRID", {&vsf}, [&] {
-    const auto rows = context_.query(all);
-    refill(vsf, [&] {
-      for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow(cellsOf(*rows));
-    });
-    if (vsf.sortColumn() < 0) vsf.sortBy(nameColumn);
-    if (groupId > 0) vsf.setCurrent(vsf.find(idColumn, std::to_string(groupId)));
-  });
+  const auto one = [&](long id) -> std::optional<ListedRow> {
+    const auto group = master_.group(id);
+    if (!group) return std::nullopt;
+    return listed(*group);
+  };
+  showRows("LOADGRID", vsf, groupId, {all, one});
 }
 
 void frmgrpmas::reread() {
@@ -147,7 +135,7 @@ void frmgrpmas::LOADDATA() {
       return;
     }
     Text1.setText(vsf.cell(vsf.current(), nameColumn));
-    Combo1.setChosen(Combo1.findData(std::stol(vsf.cell(vsf.current(), underIdColumn))));
+    Combo1.setChosen(Combo1.findData(primaryGroups_.at(vsf.currentId())));
   });
 }
 
@@ -175,19 +163,15 @@ void frmgrpmas::SETBUTTON(bool edit) {
 }
 
 void frmgrpmas::FORM_KEYPRESS(Key& key) {
-  trap("FORM_KEYPRESS", [&] {
-    if (key != keys::Escape) return;
-    key = keys::none;
-    if (famMerge.visible()) {
-      cmdMergeBack_Click();
-    } else if (editing_ && ask("Do you want to Cancel this Entry?")) {
-      CMDCANCEL_CLICK();
-    }
-  });
+  if (key != keys::Escape) return;
+  key = keys::none;
+  if (famMerge.visible()) {
+    cmdMergeBack_Click();
+  } else if (editing_ && ask("Do you want to Cancel this Entry?")) {
+    CMDCANCEL_CLICK();
+  }
 }
 
-void frmgrpmas::CMDBACK_CLICK() {
-  trap("CMDBACK_CLICK", [&] { close(); });
-}
+void frmgrpmas::CMDBACK_CLICK() { close(); }
 
 }  // namespace quillet

@@ -3,10 +3,12 @@
 // are protected. Modal; the opener reads what came of it when it has closed.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "books/group_master.h"
 #include "controls/choice.h"
 #include "controls/simple.h"
 #include "masters/master_form.h"
@@ -78,18 +80,17 @@ class frmgrpmas : public MasterForm {
   bool entryBegun() const override { return editing_; }
 
  private:
-  enum Column { idColumn, nameColumn, underColumn, userColumn, underIdColumn, tickColumn };
+  // The merge page's grids have no column for the user.
+  enum Column { nameColumn, underColumn, userColumn };
 
   void setColumns();
-  std::vector<std::string> cellsOf(const Recordset& group) const;
+  ListedRow listed(const AccountGroup& group);
   bool primaryGroupsThere();
   bool predefined() const;
-  long selectedId() const;
-  bool nameHolds(const std::string& name);
-  Sql carrying(long groupId);
-  long newId();
-  long insertGroup(const std::string& name);
-  void updateGroup(long id, const std::string& name);
+  // What was entered, for the group that is being modified or for a new one.
+  AccountGroup entered() const;
+  bool nameHolds(const AccountGroup& group);
+  void insertGroup(AccountGroup& group);
   // Before the first statement: whatever fails on the way, something may have been written.
   void noteChange() { groupsChanged_ = linesTouched_ = true; }
   void showPage(Frame& page);
@@ -104,6 +105,8 @@ class frmgrpmas : public MasterForm {
   bool carriersAgree(const Merge& merge);
   void carryOut(const Merge& merge);
 
+  GroupMaster master_{*context_.host};
+  std::map<long, long> primaryGroups_;  // of the groups that were listed, by their ids
   bool primaryGroupsRead_ = false;
   bool adding_ = false;
   bool editing_ = false;

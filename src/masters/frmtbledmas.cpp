@@ -1,9 +1,8 @@
 #include "masters/frmtbledmas.h"
 
 #include <initializer_list>
-#include <unordered_set>
+#include <utility>
 
-#include "data/sql.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -15,8 +14,7 @@ constexpr int inUseWidth = 10;
 
 frmtbledmas::frmtbledmas(Context& context) : MasterForm(context, "frmtbledmas") {
   setCaption("Ledger Master");
-  vsf.setColumns({{.heading = "Id", .hidden = true},
-                  {.heading = "Particulars", .stretch = true},
+  vsf.setColumns({{.heading = "Particulars", .stretch = true},
                   {.heading = "In Use", .align = Align::center},
                   {.heading = "Link", .hidden = true, .tick = true}});
   vsfC.setColumns({{.heading = "Client", .width = 40, .stretch = true},
@@ -76,23 +74,21 @@ Node frmtbledmas::layout() {
 // --- loading ------------------------------------------------------------------------------------
 
 void frmtbledmas::FORM_LOAD() {
-  trap("FORM_LOAD", [&] {
-    context_.host->resize_for_resolution(*this);
-    changed_ = false;
-    lblstatus.setCaption("");
-    editing_ = false;
-    vsf.clearRows();
-    vsf.clearSort();
-    CLEARDATA();
-    showPage(famMain);
-    Option1[all].setChecked(true);
-    txtfind.setText("");
-    setLinkView(false);
-    SETBUTTON(false);
-    LOADGRID(0);
-    FILLINUSE(0);
-    SETROWSHIDDEN();
-  });
+  context_.host->resize_for_resolution(*this);
+  changed_ = false;
+  lblstatus.setCaption("");
+  editing_ = false;
+  vsf.clearRows();
+  vsf.clearSort();
+  CLEARDATA();
+  showPage(famMain);
+  Option1[all].setChecked(true);
+  txtfind.setText("");
+  setLinkView(false);
+  SETBUTTON(false);
+  LOADGRID(0);
+  FILLINUSE(0);
+  SETROWSHIDDEN();
 }
 
 void frmtbledmas::FORM_UNLOAD(bool& cancel) {
@@ -107,48 +103,32 @@ void frmtbledmas::LOADGRID(long partId) {
   const bool known = wasRead(vsf);
   if (partId > 0 && known && attempt("LOADGRID", [&] { readRow(partId); })) return;
   const bool read = fillGrids("LOADGRID", {&vsf}, [&] {
-    const auto rows = context_.query("Select * From Mast_Part");
-    const int id = rows->column("PartId");
-    const int name = rows->column("Particular");
+    auto ledgers = master_.ledgers();
     // The search for use takes long; what it found stays until it is made again.
-    std::unordered_set<std::string> used;
-    for (int row = 1; row <= vsf.rows(); ++row) {
-      if (vsf.cell(row, inUseColumn) == "Y") used.insert(vsf.cell(row, idColumn));
-    }
-    refill(vsf, [&] {
-      vsf.reserve(static_cast<int>(rows->RecordCount()));
-      for (; !rows->EOF_(); rows->MoveNext()) {
-        std::string text = rows->text(id);
-        const char* use = used.contains(text) ? "Y" : "N";
-        vsf.addRow({std::move(text), rows->text(name), use});
-      }
-    });
-    if (vsf.sortColumn() < 0) vsf.sortBy(nameColumn);
-    if (partId > 0) makeShownCurrent(std::to_string(partId));
+    const auto used = rows_.used();
+    refill(vsf, [&] { rows_.add(std::move(ledgers), used); });
+    if (vsf.sortColumn() < 0) vsf.sortBy(LedgerRows::nameColumn);
+    if (partId > 0) makeShownCurrent(partId);
   });
   if (read && !known) FILLINUSE(0);
 }
 
 // The names that the id has now, in place of those shown.
 void frmtbledmas::readRow(long partId) {
-  const auto rows = context_.query("Select * From Mast_Part Where PartId=" + sqlNumber(partId));
-  const std::string id = std::to_string(partId);
-  const int shown = vsf.find(idColumn, id);
-  const std::string use = shown == 0 ? "N" : vsf.cell(shown, inUseColumn);
-  if (rows->EOF_()) {
+  auto names = master_.named(partId);
+  if (names.empty()) {
     dropRow(vsf, partId);
     return;
   }
-  vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
-  for (; !rows->EOF_(); rows->MoveNext()) vsf.addRow({id, rows->text("Particular"), use});
+  rows_.replace(partId, std::move(names));
   vsf.sortAgain();
   showCount();
-  makeShownCurrent(id);
+  makeShownCurrent(partId);
 }
 
 void frmtbledmas::reread() {
   LOADGRID(0);
-  if (!target_.empty() && vsf.find(idColumn, target_) == 0) {
+  if (linking() && vsf.findId(rows_.target()) == 0) {
     setLinkView(false);
     SETBUTTON(false);
   }
@@ -174,10 +154,10 @@ void frmtbledmas::CLEARDATA() {
 
 void frmtbledmas::SETCOLWIDTH() {
   trap("SETCOLWIDTH", [&] {
-    vsf.setColumnWidth(nameColumn, static_cast<int>(nameLength) / 2);
-    vsf.setColumnWidth(inUseColumn, inUseWidth);
-    vsf.setColumnWidth(linkColumn, inUseWidth);
-    vsf.setColumnHidden(linkColumn, target_.empty());
+    vsf.setColumnWidth(LedgerRows::nameColumn, static_cast<int>(nameLength) / 2);
+    vsf.setColumnWidth(LedgerRows::inUseColumn, inUseWidth);
+    vsf.setColumnWidth(LedgerRows::linkColumn, inUseWidth);
+    vsf.setColumnHidden(LedgerRows::linkColumn, !linking());
   });
 }
 
@@ -186,8 +166,7 @@ void frmtbledmas::SETCOLWIDTH() {
 void frmtbledmas::SETBUTTON(bool edit) {
   trap("SETBUTTON", [&] {
     editing_ = edit;
-    const bool linking = !target_.empty();
-    const bool browsing = !edit && !linking;
+    const bool browsing = !edit && !linking();
     // A new name would not appear among those in use, and what is in no use cannot be viewed.
     cmdadd.setEnabled(browsing && Option1[all].checked());
     cmdmodify.setEnabled(browsing && !Option1[notInUse].checked());
@@ -207,64 +186,23 @@ void frmtbledmas::SETBUTTON(bool edit) {
 }
 
 void frmtbledmas::OPTION1_CLICK() {
-  trap("OPTION1_CLICK", [&] {
-    SETROWSHIDDEN();
-    SETBUTTON(editing_);
-  });
+  SETROWSHIDDEN();
+  SETBUTTON(editing_);
 }
 
 void frmtbledmas::SETROWSHIDDEN() {
   trap("SETROWSHIDDEN", [&] {
-    const WordSearch search(txtfind.text());
-    for (int row = 1; row <= vsf.rows(); ++row) {
-      const bool used = vsf.cell(row, inUseColumn) == "Y";
-      const bool show = !(Option1[notInUse].checked() && used) &&
-                        !(Option1[inUse].checked() && !used) &&
-                        (target_.empty() || vsf.cell(row, idColumn) != target_) &&
-                        search.finds(vsf.cell(row, nameColumn));
-      // A row that is being modified stays in sight.
-      vsf.setRowHidden(row, !show && !(editing_ && row == vsf.current()));
-    }
+    // A row that is being modified stays in sight.
+    rows_.show({.used = !Option1[notInUse].checked(), .unused = !Option1[inUse].checked()},
+               WordSearch(txtfind.text()), editing_ ? vsf.current() : 0);
     if (vsf.current() > 0 && vsf.rowHidden(vsf.current())) vsf.setCurrent(0);
     showCount();
   });
 }
 
-void frmtbledmas::showCount() {
-  int shown = 0;
-  for (int row = 1; row <= vsf.rows(); ++row) {
-    if (!vsf.rowHidden(row)) ++shown;
-  }
-  std::string count = std::to_string(shown) + " of " + std::to_string(vsf.rows());
-  if (const int ticks = ticked(); ticks > 0) {
-    count += ", " + std::to_string(ticks) + " ticked";
-    if (const int hidden = ticked(true); hidden > 0) {
-      count += " (" + std::to_string(hidden) + " not listed)";
-    }
-  }
-  lblcount.setCaption(count);
-}
-
-int frmtbledmas::ticked(bool hiddenOnly) const {
-  int count = 0;
-  for (int row = 1; row <= vsf.rows() && !target_.empty(); ++row) {
-    if (vsf.ticked(row) && vsf.cell(row, idColumn) != target_ &&
-        (!hiddenOnly || vsf.rowHidden(row))) {
-      ++count;
-    }
-  }
-  return count;
-}
-
-void frmtbledmas::makeShownCurrent(std::string_view partId) {
-  int row = vsf.find(idColumn, partId);
-  while (row > 0 && vsf.rowHidden(row)) row = vsf.find(idColumn, partId, row + 1);
-  makeCurrent(vsf, row);
-}
-
 void frmtbledmas::searchFromGrid(Key& key) {
   std::string text = txtfind.text();
-  const bool ticks = key == keys::Space && !target_.empty();
+  const bool ticks = key == keys::Space && linking();
   if (keys::typesText(key) && !ticks) {
     appendCharacter(text, key);
   } else if (key == keys::Backspace && !text.empty()) {
@@ -277,17 +215,15 @@ void frmtbledmas::searchFromGrid(Key& key) {
 }
 
 void frmtbledmas::FORM_KEYPRESS(Key& key) {
-  trap("FORM_KEYPRESS", [&] {
-    if (key != keys::Escape) return;
-    key = keys::none;
-    if (famC.visible()) {
-      CMDBACKC_CLICK();
-    } else if (!editing_ && (target_.empty() || !txtfind.text().empty())) {
-      txtfind.setText("");
-    } else if (!entryBegun() || ask("Do you want to Cancel this Entry?")) {
-      CMDCANCEL_CLICK();
-    }
-  });
+  if (key != keys::Escape) return;
+  key = keys::none;
+  if (famC.visible()) {
+    CMDBACKC_CLICK();
+  } else if (!editing_ && (!linking() || !txtfind.text().empty())) {
+    txtfind.setText("");
+  } else if (!entryBegun() || ask("Do you want to Cancel this Entry?")) {
+    CMDCANCEL_CLICK();
+  }
 }
 
 void frmtbledmas::showPage(Frame& page) {
@@ -316,9 +252,7 @@ void frmtbledmas::CMDMODIFY_CLICK() {
 }
 
 void frmtbledmas::VSF_DBLCLICK() {
-  trap("VSF_DBLCLICK", [&] {
-    if (cmdmodify.enabled()) CMDMODIFY_CLICK();
-  });
+  if (cmdmodify.enabled()) CMDMODIFY_CLICK();
 }
 
 void frmtbledmas::CMDCANCEL_CLICK() {
@@ -326,20 +260,18 @@ void frmtbledmas::CMDCANCEL_CLICK() {
 }
 
 void frmtbledmas::endEntry() {
-  if (!target_.empty()) leaveLinkView();
+  if (linking()) leaveLinkView();
   SETBUTTON(false);
   LOADDATA();
   focus(vsf);
 }
 
 void frmtbledmas::CMDBACK_CLICK() {
-  trap("CMDBACK_CLICK", [&] {
-    if (target_.empty()) {
-      close();
-    } else {
-      CMDCANCEL_CLICK();
-    }
-  });
+  if (!linking()) {
+    close();
+  } else {
+    CMDCANCEL_CLICK();
+  }
 }
 
 }  // namespace quillet

@@ -6,13 +6,14 @@
 // and the list of use. Use, saving and replacing have a source file each.
 #pragma once
 
-#include <functional>
 #include <string>
-#include <string_view>
+#include <vector>
 
+#include "books/ledger_master.h"
 #include "controls/control_array.h"
 #include "controls/simple.h"
 #include "controls/vtxt.h"
+#include "masters/ledger_rows.h"
 #include "masters/master_form.h"
 
 namespace quillet {
@@ -67,7 +68,7 @@ class frmtbledmas : public MasterForm {
   void FILLINUSE(long partId);
   // Lists the clients and years that use the particulars, on their page when `show` says so. False
   // when the search did not reach its end.
-  bool VIEWLISTOFUSE(const Sql& ids, bool show);
+  bool VIEWLISTOFUSE(const std::vector<long>& ids, bool show);
   void CMDVIEW_CLICK();
   void CMDBACKC_CLICK();
 
@@ -80,7 +81,7 @@ class frmtbledmas : public MasterForm {
 
   void CMDLINK_CLICK();
   // The ids of the ticked particulars, the target left out.
-  IdList GETSRNOS();
+  std::vector<long> GETSRNOS();
   void LINKPARTICULARS();
   void REPLACEANDDELETE(long oldId, long newId);
 
@@ -88,36 +89,27 @@ class frmtbledmas : public MasterForm {
   void load() override { FORM_LOAD(); }
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
   void reread() override;
-  bool entryBegun() const override { return editing_ || ticked() > 0; }
+  bool entryBegun() const override { return editing_ || !rows_.ticked().empty(); }
 
  private:
-  enum Column { idColumn, nameColumn, inUseColumn, linkColumn };
   enum Option { notInUse, inUse, all };
 
   void attachCommands();
-  // The tables of a year in which a particular can stand.
-  static TablePrefixes placesOfUse() { return {"TAB_", "JRNL_", "TRADE_"}; }
-
   void readRow(long partId);
-  void showCount();
+  void showCount() { lblcount.setCaption(rows_.count()); }
   void searchFromGrid(Key& key);
   void showPage(Frame& page);
   bool particularSelected() { return rowSelected(vsf, "Please Select a Particulars."); }
-  std::string selectedId() const { return vsf.cell(vsf.current(), idColumn); }
-  long selected() const { return std::stol(selectedId()); }
-  const std::string& selectedName() const { return vsf.cell(vsf.current(), nameColumn); }
+  const std::string& selectedName() const {
+    return vsf.cell(vsf.current(), LedgerRows::nameColumn);
+  }
   std::string listHeading() const;
-  void mark(std::string_view partId, bool used);
-  // In the link view: how many rows are ticked, of all or of those the search hides.
-  int ticked(bool hiddenOnly = false) const;
-  // Makes a shown row of the particular current; none when it has none.
-  void makeShownCurrent(std::string_view partId);
+  void makeShownCurrent(long partId) { makeCurrent(vsf, rows_.shownRow(partId)); }
 
   // Use.
   void fillAllInUse();
   // Marks anew, with what is listed after it.
   void reviewUse();
-  bool usedAnywhere(long partId);
 
   // Saving and deleting.
   void saveParticular(const std::string& name);
@@ -125,23 +117,22 @@ class frmtbledmas : public MasterForm {
   void offerExisting(const std::string& name, const NamedId& existing);
   void deleteSelected();
   void deleteUnused();
-  // The shown row that a person goes on with when the selected particular is gone; 0 for none.
-  int neighbourOfSelected() const;
   // True when the particulars may be deleted; else a person was told why not.
-  bool mayDelete(const Sql& ids, const std::string& refusal);
+  bool mayDelete(const std::vector<long>& ids, const std::string& refusal);
 
   // Linking.
+  bool linking() const { return rows_.target() != 0; }
   void setLinkView(bool on);
   void leaveLinkView();
-  void replaceInAllYears(const Sql& condition, long newId);
   std::string linkQuestion() const;
   bool targetStands();
   void endEntry();
 
+  LedgerMaster master_{*context_.host};
+  LedgerRows rows_{vsf};
   bool adding_ = false;
   bool editing_ = false;
   bool changed_ = false;
-  std::string target_;  // the particular that the ticked ones are replaced by; "" outside link view
   std::string targetName_;
 };
 

@@ -2,23 +2,18 @@
 #include <algorithm>
 
 #include "books/group_use.h"
-#include "books/merged_groups.h"
-#include "data/sql.h"
-#include "data/text.h"
+#include "data/names.h"
 #include "host/meant_name.h"
 #include "masters/frmgrpmas.h"
 
 namespace quillet {
 namespace {
 
-constexpr const char* predefinedMark = "N";
 constexpr const char* noGroup = "Please Select a Group.";
 
 }  // namespace
 
-bool frmgrpmas::predefined() const { return vsf.cell(vsf.current(), userColumn) == predefinedMark; }
-
-long frmgrpmas::selectedId() const { return std::stol(vsf.cell(vsf.current(), idColumn)); }
+bool frmgrpmas::predefined() const { return vsf.cell(vsf.current(), userColumn) == "N"; }
 
 void frmgrpmas::CMDADD_CLICK() {
   command("CMDADD_CLICK", [&] {
@@ -49,18 +44,30 @@ void frmgrpmas::CMDMODIFY_CLICK() {
 
 void frmgrpmas::CMDUPDATE_CLICK() {
   command("CMDUPDATE_CLICK", [&] {
-    const std::string name = cleanedName(Text1.text());
-    if (!nameHolds(name)) return;
-    const long id = adding_ ? insertGroup(name) : selectedId();
-    if (!adding_) updateGroup(id, name);
+    AccountGroup group = entered();
+    if (!nameHolds(group)) return;
+    if (adding_) {
+      insertGroup(group);
+    } else {
+      noteChange();
+      master_.update(group);
+    }
+    flush();
     SETBUTTON(false);
-    LOADGRID(id);
+    LOADGRID(group.id);
     focus(vsf);
   });
 }
 
-bool frmgrpmas::nameHolds(const std::string& name) {
-  if (name.empty()) {
+AccountGroup frmgrpmas::entered() const {
+  return {.id = adding_ ? 0 : vsf.currentId(),
+          .primaryGroup = Combo1.chosenData(),
+          .name = cleanedName(Text1.text()),
+          .user = "Y"};
+}
+
+bool frmgrpmas::nameHolds(const AccountGroup& group) {
+  if (group.name.empty()) {
     tell("Please Specify 'Group' Name.");
     focus(Text1);
     return false;
@@ -70,46 +77,25 @@ bool frmgrpmas::nameHolds(const std::string& name) {
     focus(Combo1);
     return false;
   }
-  Sql sql = "Select * from Mast_AllGrp Where ALLGRP=" + quoted(name);
-  if (!adding_) sql += " and ALLID<>" + sqlNumber(selectedId());
-  const auto existing = taken(
-      name, sql, {vsf, nameColumn, "Select * From Mast_AllGrp Where AllId=", "ALLID", "ALLGRP"},
-      adding_ ? 0 : selectedId());
+  const auto existing = master_.taken(group, alike(vsf, nameColumn, group.name, group.id));
   if (!existing) return true;
-  tell("Duplicate Group!!" + whyTaken(name, existing->name));
+  tell("Duplicate Group!!" + whyTaken(group.name, existing->name));
   focus(Text1);
   return false;
 }
 
-// Above the ids of groups that are gone as well: what still carries one of those must not come
-// under a group that has nothing to do with it.
-long frmgrpmas::newId() {
-  const long highest = context_.query("Select Max(AllId) from Mast_AllGrp")->integer(0);
+void frmgrpmas::insertGroup(AccountGroup& group) {
   TableNames missing;
-  const long carried = highestGroupInUse(*context_.host, missing);
+  group.id = master_.nextId(missing);
   tellMissing(missing);
-  return std::max(highest, carried) + 1;
-}
-
-long frmgrpmas::insertGroup(const std::string& name) {
-  const long id = newId();
   groupsChanged_ = true;
-  context_.host->ConQuery("Insert Into Mast_AllGrp Values (" + sqlNumber(id) + "," +
-                          sqlNumber(Combo1.chosenData()) + "," + quoted(name) + ",'Y')");
-  addedId_ = newGroupId_ = id;
-  flush();
-  return id;
+  master_.insert(group);
+  addedId_ = newGroupId_ = group.id;
 }
 
 std::string frmgrpmas::newGroup() const {
-  const int row = newGroupId_ == 0 ? 0 : vsf.find(idColumn, std::to_string(newGroupId_));
+  const int row = newGroupId_ == 0 ? 0 : vsf.findId(newGroupId_);
   return row == 0 ? std::string() : vsf.cell(row, nameColumn);
-}
-
-void frmgrpmas::updateGroup(long id, const std::string& name) {
-  noteChange();
-  change("Update Mast_AllGrp Set ALLGRP=" + quoted(name) +
-         ", GID=" + sqlNumber(Combo1.chosenData()) + " Where AllId=" + sqlNumber(id));
 }
 
 void frmgrpmas::CMDCANCEL_CLICK() {
@@ -122,32 +108,18 @@ void frmgrpmas::CMDCANCEL_CLICK() {
 
 // --- deleting -----------------------------------------------------------------------------------
 
-// What carries a group that was merged into this one comes back to it when it is touched.
-Sql frmgrpmas::carrying(long groupId) {
-  const auto merged = MergedGroups(*context_.host).predecessors(groupId);
-  if (merged.empty()) return "AllId=" + sqlNumber(groupId);
-  IdList ids;
-  ids.add(groupId);
-  for (const long id : merged) ids.add(id);
-  return "AllId in (" + ids.sql() + ")";
-}
-
 std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
   std::optional<bool> used;
   trap("CHECKEXISTS", [&] {
-    const auto standsIn = [&](const std::string& table, const Sql& condition) {
-      const Sql sql = "Select * from " + sqlName(table) + " Where " + condition;
-      const bool stands = !context_.query(sql)->EOF_();
-      if (stands) status("It stands in " + table + ".");
-      return stands;
-    };
-    const Sql carries = carrying(groupId);
-    const Sql binds = sqlNumber(groupId) + " in (OsGrpId,PurGrpId,SalGrpId,CsGrpId)";
-    used = walk("Searching for the Group....", {"TAB_", "JRNL_", "TRADE_", "RMGRP_"},
-                [&](const YearTable& table) {
-                  return standsIn(table.name, table.prefix == "RMGRP_" ? binds : carries);
-                }) ||
-           standsIn("AllGrp_Map", "AllId=" + sqlNumber(groupId));
+    TableNames missing;
+    std::string table = yearTableWithGroup(*context_.host, groupId, missing);
+    if (!table.empty()) status("It stands in " + table + ".");
+    tellMissing(missing);
+    if (table.empty() && groupIsMapped(*context_.host, groupId)) {
+      table = groupMapping;
+      status("It stands in " + table + ".");
+    }
+    used = !table.empty();
   });
   return used;
 }
@@ -160,7 +132,7 @@ void frmgrpmas::CMDDELETE_CLICK() {
       return;
     }
     // What could not be searched to its end may be in use.
-    const std::optional<bool> used = CHECKEXISTS(selectedId());
+    const std::optional<bool> used = CHECKEXISTS(vsf.currentId());
     if (!used) {
       status(unsearched);
       return;
@@ -175,7 +147,7 @@ void frmgrpmas::CMDDELETE_CLICK() {
       return;
     }
     noteChange();
-    context_.host->ConQuery("Delete from Mast_AllGrp Where ALLID=" + sqlNumber(selectedId()));
+    master_.remove(vsf.currentId());
     vsf.removeRow(row);
     makeCurrent(vsf, std::min(row, vsf.rows()));
     flush();

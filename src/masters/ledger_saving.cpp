@@ -1,8 +1,5 @@
 // The ledger master's changes of single particulars: adding, renaming, deleting.
-#include <unordered_set>
-
-#include "data/sql.h"
-#include "data/text.h"
+#include "data/names.h"
 #include "host/meant_name.h"
 #include "masters/frmtbledmas.h"
 
@@ -10,7 +7,7 @@ namespace quillet {
 
 void frmtbledmas::CMDUPDATE_CLICK() {
   command("CMDUPDATE_CLICK", [&] {
-    if (!target_.empty()) {
+    if (linking()) {
       LINKPARTICULARS();
       return;
     }
@@ -20,12 +17,8 @@ void frmtbledmas::CMDUPDATE_CLICK() {
       focus(VTxt1);
       return;
     }
-    Sql sql = "Select * From Mast_Part Where Particular=" + quoted(name);
-    if (!adding_) sql += " and PartId<>" + sqlNumber(selected());
-    const auto existing =
-        taken(name, sql,
-              {vsf, nameColumn, "Select * From Mast_Part Where PartId=", "PartId", "Particular"},
-              adding_ ? 0 : selected());
+    const long own = adding_ ? 0 : vsf.currentId();
+    const auto existing = master_.taken(name, own, alike(vsf, LedgerRows::nameColumn, name, own));
     if (!existing) {
       saveParticular(name);
     } else if (adding_) {
@@ -40,7 +33,7 @@ void frmtbledmas::saveParticular(const std::string& name) {
   changed_ = true;
   long id = 0;
   if (adding_) {
-    id = context_.host->GetMax_MastPartId(name);
+    id = master_.insert(name);
     if (id == 0) {
       tell("Failed to Create Master [" + name + "].");
       focus(VTxt1);
@@ -48,9 +41,8 @@ void frmtbledmas::saveParticular(const std::string& name) {
     }
     addedId_ = id;
   } else {
-    id = selected();
-    context_.host->ConQuery("Update Mast_Part Set Particular=" + quoted(name) +
-                            " Where PartId=" + sqlNumber(id));
+    id = vsf.currentId();
+    master_.rename(id, name);
   }
   flush();
   SETBUTTON(false);
@@ -71,9 +63,9 @@ void frmtbledmas::refuse(const std::string& name, const NamedId& existing) {
 }
 
 void frmtbledmas::offerExisting(const std::string& name, const NamedId& existing) {
-  const long oldId = selected();
+  const long oldId = vsf.currentId();
   const std::string oldName = selectedName();
-  if (!VIEWLISTOFUSE(sqlNumber(oldId), false)) {
+  if (!VIEWLISTOFUSE({oldId}, false)) {
     status(unsearched);
     return;
   }
@@ -103,7 +95,7 @@ void frmtbledmas::CMDDELETE_CLICK() {
   });
 }
 
-bool frmtbledmas::mayDelete(const Sql& ids, const std::string& refusal) {
+bool frmtbledmas::mayDelete(const std::vector<long>& ids, const std::string& refusal) {
   if (!VIEWLISTOFUSE(ids, false)) {
     status(unsearched);
     return false;
@@ -113,7 +105,7 @@ bool frmtbledmas::mayDelete(const Sql& ids, const std::string& refusal) {
   if (Option1[notInUse].checked()) {
     reviewUse();
   } else {
-    mark(selectedId(), true);
+    rows_.mark(vsf.currentId(), true);
   }
   const bool view = ask(refusal +
                         "\r\n\r\nDo you want to view the list of Client/F.Y. using the "
@@ -127,54 +119,37 @@ bool frmtbledmas::mayDelete(const Sql& ids, const std::string& refusal) {
 
 void frmtbledmas::deleteSelected() {
   if (!particularSelected()) return;
-  const std::string id = selectedId();
+  const long id = vsf.currentId();
   lblheadC.setCaption(listHeading());
-  if (!mayDelete(sqlNumber(selected()),
-                 "Particulars already in use. You can not delete this Particulars.") ||
+  if (!mayDelete({id}, "Particulars already in use. You can not delete this Particulars.") ||
       !ask("Do you want to delele the Particulars [" + selectedName() + "] ?",
            "Delete Confirmation")) {
     return;
   }
   changed_ = true;
-  context_.host->ConQuery("Delete from Mast_Part Where PartId=" + sqlNumber(selected()));
-  vsf.setCurrent(neighbourOfSelected());
-  vsf.removeRowsIf([&](int row) { return vsf.cell(row, idColumn) == id; });
+  master_.deleteUnused(id);
+  vsf.setCurrent(rows_.neighbour());
+  rows_.remove({id});
   SETROWSHIDDEN();
   flush();
 }
 
-int frmtbledmas::neighbourOfSelected() const {
-  const std::string id = selectedId();
-  const auto stays = [&](int row) { return !vsf.rowHidden(row) && vsf.cell(row, idColumn) != id; };
-  for (int row = vsf.current() + 1; row <= vsf.rows(); ++row) {
-    if (stays(row)) return row;
-  }
-  for (int row = vsf.current() - 1; row > 0; --row) {
-    if (stays(row)) return row;
-  }
-  return 0;
-}
-
 void frmtbledmas::deleteUnused() {
-  IdList ids;
-  std::unordered_set<std::string> gone;
-  for (int row = 1; row <= vsf.rows(); ++row) {
-    const std::string& id = vsf.cell(row, idColumn);
-    if (!vsf.rowHidden(row) && gone.insert(id).second) ids.add(std::stol(id));
-  }
+  const std::vector<long> ids = rows_.shown();
   if (ids.empty()) {
     tell("Please select a Particulars.");
     return;
   }
   lblheadC.setCaption("List of Clients/F.Y. using Particulars");
-  if (!mayDelete(ids.sql(), "Particulars already in use. You can not delete these Particulars.") ||
-      !ask("Do you really want to Delete " + std::to_string(gone.size()) +
+  if (!mayDelete(ids, "Particulars already in use. You can not delete these Particulars.") ||
+      !ask("Do you really want to Delete " + std::to_string(ids.size()) +
            " Ledger Masters Not in Use ?")) {
     return;
   }
   changed_ = true;
-  change("Delete From Mast_Part Where PartId In (" + ids.sql() + ")");
-  vsf.removeRowsIf([&](int row) { return gone.contains(vsf.cell(row, idColumn)); });
+  master_.deleteAll(ids);
+  flush();
+  rows_.remove({ids.begin(), ids.end()});
   SETROWSHIDDEN();
 }
 

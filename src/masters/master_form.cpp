@@ -1,10 +1,10 @@
 #include "masters/master_form.h"
 
 #include <algorithm>
-#include <sstream>
 #include <unordered_set>
 #include <utility>
 
+#include "data/names.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -12,7 +12,6 @@ namespace {
 
 // As these forms write it.
 constexpr char flushed[] = "Flush Tables";
-constexpr int idColumn = 0;
 // How many missing tables are named before they are only counted.
 constexpr std::size_t tablesNamed = 6;
 
@@ -24,12 +23,12 @@ MasterForm::MasterForm(Context& context, std::string name)
 }
 
 void MasterForm::FORM_UNLOAD(bool& cancel) {
-  trap("FORM_UNLOAD", [&] { cancel = entryBegun() && !ask("Do you want to Cancel this Entry?"); });
+  cancel = entryBegun() && !ask("Do you want to Cancel this Entry?");
 }
 
 bool MasterForm::entryStands(Grid& grid, bool& adding) {
   if (!adding) return grid.current() > 0;
-  if (const int row = addedId_ == 0 ? 0 : grid.find(idColumn, std::to_string(addedId_)); row > 0) {
+  if (const int row = addedId_ == 0 ? 0 : grid.findId(addedId_); row > 0) {
     adding = false;
     grid.setCurrent(row);
   }
@@ -55,8 +54,6 @@ bool MasterForm::ask(const std::string& text, const std::string& title) {
                          title.empty() ? caption() : title) == Answer::Yes;
 }
 
-void MasterForm::change(const Sql& sql) { context_.change(sql, flushed); }
-
 void MasterForm::flush() { context_.host->ConQuery(flushed); }
 
 bool MasterForm::rowSelected(Grid& grid, const std::string& refusal) {
@@ -64,14 +61,6 @@ bool MasterForm::rowSelected(Grid& grid, const std::string& refusal) {
   tell(refusal);
   focus(grid);
   return false;
-}
-
-bool MasterForm::walk(const std::string& text, const TablePrefixes& prefixes,
-                      const std::function<bool(const YearTable& table)>& visit) {
-  TableNames missing;
-  const bool found = walkYearTables(*context_.host, text, prefixes, missing, visit);
-  tellMissing(missing);
-  return found;
 }
 
 void MasterForm::tellMissing(const TableNames& missing) {
@@ -89,52 +78,58 @@ void MasterForm::tellMissing(const TableNames& missing) {
 // --- grids --------------------------------------------------------------------------------------
 
 void MasterForm::refill(Grid& grid, const std::function<void()>& fill) {
-  const std::string current =
-      grid.current() > 0 ? grid.cell(grid.current(), idColumn) : std::string();
-  std::unordered_set<std::string> ticked;
+  const long current = grid.currentId();
+  std::unordered_set<long> ticked;
   for (int row = 1; row <= grid.rows(); ++row) {
-    if (grid.ticked(row)) ticked.insert(grid.cell(row, idColumn));
+    if (grid.ticked(row)) ticked.insert(grid.rowId(row));
   }
   grid.clearRows();
   fill();
   grid.sortAgain();
   for (int row = 1; row <= grid.rows() && !ticked.empty(); ++row) {
-    if (ticked.contains(grid.cell(row, idColumn))) grid.tick(row, true);
+    if (ticked.contains(grid.rowId(row))) grid.tick(row, true);
   }
-  if (!current.empty()) grid.setCurrent(grid.find(idColumn, current));
+  if (current != 0) grid.setCurrent(grid.findId(current));
 }
 
-void MasterForm::showRow(Grid& grid, std::vector<std::string> cells) {
-  const std::string id = cells.front();
-  int row = grid.find(idColumn, id);
-  if (row == 0) row = grid.addRow({});
-  for (std::size_t c = 0; c < cells.size(); ++c) {
-    grid.setCell(row, static_cast<int>(c), std::move(cells[c]));
-  }
-  grid.sortAgain();
-  makeCurrent(grid, grid.find(idColumn, id));
+bool MasterForm::showRows(std::string_view procedure, Grid& grid, long id,
+                          const RowSource& source) {
+  const auto readOne = [&] {
+    auto found = source.one(id);
+    if (!found) {
+      dropRow(grid, id);
+      return;
+    }
+    int row = grid.findId(id);
+    if (row == 0) row = grid.addRow({}, id);
+    for (int c = 0; auto& cell : found->cells) grid.setCell(row, c++, std::move(cell));
+    grid.sortAgain();
+    makeCurrent(grid, grid.findId(id));
+  };
+  if (id > 0 && wasRead(grid) && attempt(procedure, readOne)) return true;
+  return fillGrids(procedure, {&grid}, [&] {
+    auto rows = source.all();
+    refill(grid, [&] {
+      for (auto& row : rows) grid.addRow(std::move(row.cells), row.id);
+    });
+    if (id > 0) grid.setCurrent(grid.findId(id));
+  });
 }
 
 void MasterForm::dropRow(Grid& grid, long id) {
-  grid.removeRowsIf([&](int row) { return grid.cell(row, idColumn) == std::to_string(id); });
+  grid.removeRowsIf([&](int row) { return grid.rowId(row) == id; });
   status("It is there no more: somebody has deleted it.");
 }
 
-std::optional<NamedId> MasterForm::taken(const std::string& name, const Sql& select,
-                                         const Names& names, long except) {
-  const auto rows = context_.query(select);
-  auto found = bestMatch(*rows, names.idField, names.nameField, name);
-  if (found && sameName(found->name, name)) return found;
+std::vector<long> MasterForm::alike(const Grid& grid, int column, const std::string& name,
+                                    long except) {
   const std::string key = nameKey(name);
-  for (int row = 1; row <= names.grid.rows(); ++row) {
-    if (nameKey(names.grid.cell(row, names.column)) != key) continue;
-    const long id = std::stol(names.grid.cell(row, idColumn));
-    if (id == except || (names.counts && !names.counts(row))) continue;
-    const auto stored = context_.query(names.rowOf + sqlNumber(id));
-    auto still = bestMatch(*stored, names.idField, names.nameField, name);
-    if (still && sameName(still->name, name)) return still;
+  std::vector<long> ids;
+  for (int row = 1; row <= grid.rows(); ++row) {
+    const long id = grid.rowId(row);
+    if (id != except && nameKey(grid.cell(row, column)) == key) ids.push_back(id);
   }
-  return found;
+  return ids;
 }
 
 void MasterForm::searchByTyping(Grid& grid, int column, Key& key) {
@@ -165,18 +160,6 @@ void MasterForm::enterIsTab(Key& key) {
   if (key != keys::Enter) return;
   key = keys::none;
   focusNext();
-}
-
-WordSearch::WordSearch(std::string_view text) {
-  std::istringstream words(nameKey(text));
-  for (std::string word; words >> word;) words_.push_back(word);
-}
-
-bool WordSearch::finds(std::string_view text) const {
-  if (words_.empty()) return true;
-  const std::string key = nameKey(text);
-  return std::all_of(words_.begin(), words_.end(),
-                     [&](const std::string& word) { return key.find(word) != std::string::npos; });
 }
 
 }  // namespace quillet

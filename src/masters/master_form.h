@@ -14,7 +14,6 @@
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
-#include "data/names.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -68,9 +67,22 @@ class MasterForm : public Form {
     status("The list could not be read; the error log says why.");
     return false;
   }
-
   // A single row is read only into a grid that shows the others too.
   bool wasRead(const Grid& grid) const { return !unread_.contains(&grid); }
+
+  // What a grid shows of a stored row.
+  struct ListedRow {
+    long id = 0;
+    std::vector<std::string> cells;
+  };
+  // How the rows of a grid are read from the tables.
+  struct RowSource {
+    std::function<std::vector<ListedRow>()> all;
+    std::function<std::optional<ListedRow>(long id)> one;  // nothing when it is not there
+  };
+  // Shows every row, or that of one id anew, which becomes the current one. False when the rows
+  // could not be read.
+  bool showRows(std::string_view procedure, Grid& grid, long id, const RowSource& source);
 
   // Reads what is on the screen anew. An entry goes on as far as the tables let it.
   virtual void reread() = 0;
@@ -93,50 +105,20 @@ class MasterForm : public Form {
   void tell(const std::string& text);
   // Yes or No, No by default; titled with the form's caption when no title is given.
   bool ask(const std::string& text, const std::string& title = {});
-  // A statement that changes data, and the flush after it.
-  void change(const Sql& sql);
+  // Sent after a statement that changes data.
   void flush();
-  Sql quoted(const std::string& text) const { return context_.host->quoted(text); }
-
-  // The walk over the years' tables; names those that are missing.
-  bool walk(const std::string& text, const TablePrefixes& prefixes,
-            const std::function<bool(const YearTable& table)>& visit);
+  // Names the tables that a walk over the years' tables passed over.
   void tellMissing(const TableNames& missing);
 
   // Whether the grid has a current row; if not, tells the refusal and goes to the grid.
   bool rowSelected(Grid& grid, const std::string& refusal);
-  // Rows are known by the id in their first column.
-  //
   // Fills the grid anew. Order, ticks and the current row stay as far as the rows do.
   static void refill(Grid& grid, const std::function<void()>& fill);
-  // Sets the cells of the id's row, or adds it, puts it where the order has it and makes it
-  // current.
-  static void showRow(Grid& grid, std::vector<std::string> cells);
   // Takes the row of an id out that was stored no more.
   void dropRow(Grid& grid, long id);
-  // Shows the row that was found for the id, or takes it away when there is none any more.
-  template <class CellsOf>
-  void showFound(Grid& grid, long id, const Recordset& found, CellsOf&& cellsOf) {
-    if (found.EOF_()) {
-      dropRow(grid, id);
-    } else {
-      showRow(grid, cellsOf(found));
-    }
-  }
-  // Where names stand: in a column of a grid with ids in its first one, and in a table.
-  struct Names {
-    const Grid& grid;
-    int column;
-    Sql rowOf;  // the select of one row, up to its id
-    const char* idField;
-    const char* nameField;
-    std::function<bool(int row)> counts = {};  // which rows of the grid; all when empty
-  };
-  // What stands in the way of a name: of the rows that the select finds for it or, where the
-  // database does not see that it is the same, of the grid's that are still stored. `except` is the
-  // id of what is being renamed, 0 for none.
-  std::optional<NamedId> taken(const std::string& name, const Sql& select, const Names& names,
-                               long except);
+  // The ids of the rows that are listed under the same name, without that of `except`.
+  static std::vector<long> alike(const Grid& grid, int column, const std::string& name,
+                                 long except);
   // Moves on to the next shown row whose cell begins with the character, which is used up.
   static void searchByTyping(Grid& grid, int column, Key& key);
   // Runs RowColChange in any case: under the same number the row may be another one.
@@ -148,16 +130,6 @@ class MasterForm : public Form {
 
  private:
   std::set<const Grid*> unread_;
-};
-
-// The words of a search: a text that holds them all is found, in capitals or not.
-class WordSearch {
- public:
-  explicit WordSearch(std::string_view text);
-  bool finds(std::string_view text) const;
-
- private:
-  std::vector<std::string> words_;
 };
 
 }  // namespace quillet

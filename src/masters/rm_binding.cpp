@@ -3,16 +3,17 @@
 #include <initializer_list>
 #include <utility>
 
-#include "data/sql.h"
 #include "masters/frmgrpRM.h"
 
 namespace quillet {
 namespace {
 
+constexpr int headColumn = 0;
+
 // How a combo box lists the id; an id that it does not list is shown bare, "no head" not at all.
 std::string nameIn(const ComboBox& box, long id) {
   const int position = box.findData(id);
-  if (position > 0) return box.items()[static_cast<std::size_t>(position - 1)];
+  if (position > 0) return box.items()[position - 1];
   return id == 0 ? "" : std::to_string(id);
 }
 
@@ -26,7 +27,7 @@ void frmgrpRM::attachBinding() {
   vsfM.DblClick = [this] {
     if (cmdmodifyM.enabled()) CMDMODIFYM_CLICK();
   };
-  vsfM.KeyPress = [this](Key& key) { searchByTyping(vsfM, headName, key); };
+  vsfM.KeyPress = [this](Key& key) { searchByTyping(vsfM, headColumn, key); };
   cbohead.KeyPress = [this](Key& key) { enterIsTab(key); };
   for (auto& box : cbogroup) box->KeyPress = [this](Key& key) { enterIsTab(key); };
   cmdaddM.Click = [this] { CMDADDM_CLICK(); };
@@ -43,49 +44,44 @@ void frmgrpRM::attachBinding() {
 
 // --- loading and showing ------------------------------------------------------------------------
 
-std::vector<std::string> frmgrpRM::cellsOf(const Recordset& row) const {
-  std::vector<std::string> cells{row.text("SrNo"), std::to_string(row.integer("GrpSr"))};
-  for (const char* field : groupFields) cells.push_back(std::to_string(row.integer(field)));
-  cells.push_back(std::to_string(row.integer("GrpOrder")));
-  cells.push_back(nameIn(cbohead, row.integer("GrpSr")));
-  for (int i = 0; i < columns; ++i) {
-    cells.push_back(nameIn(cbogroup[i], row.integer(groupFields[i])));
+MasterForm::ListedRow frmgrpRM::listed(const BoundItem& item) {
+  items_[item.srNo] = item;
+  ListedRow row{item.srNo, {nameIn(cbohead, item.head)}};
+  for (int i = 0; const long group : item.groups) {
+    row.cells.push_back(nameIn(cbogroup[i++], group));
   }
-  return cells;
+  return row;
 }
 
 bool frmgrpRM::LOADGRIDM(long srNo) {
-  const Sql all = "Select * from " + table_ + ofClient();
-  const auto readOne = [&] {
-    showFound(vsfM, srNo, *context_.query(all + " and SrNo=" + sqlNumber(srNo)),
-              [&](const Recordset& row) { return cellsOf(row); });
-  };
-  if (srNo > 0 && wasRead(vsfM) && attempt("LOADGRIDM", readOne)) return true;
-  return fillGrids("LOADGRIDM", {&vsfM}, [&] {
-    const auto found = context_.query(all);
-    std::vector<std::vector<std::string>> items;
-    for (; !found->EOF_(); found->MoveNext()) items.push_back(cellsOf(*found));
-    std::stable_sort(items.begin(), items.end(), [](const auto& a, const auto& b) {
-      return std::stol(a[orderColumn]) < std::stol(b[orderColumn]);
-    });
+  const auto all = [&] {
+    const auto items = binding_.items();
+    // The order is the one that a person gave them.
     vsfM.clearSort();
-    refill(vsfM, [&] {
-      for (auto& cells : items) vsfM.addRow(std::move(cells));
-    });
-    if (srNo > 0) vsfM.setCurrent(vsfM.find(srNoColumn, std::to_string(srNo)));
-  });
+    items_.clear();
+    std::vector<ListedRow> rows;
+    for (const BoundItem& item : items) rows.push_back(listed(item));
+    return rows;
+  };
+  const auto one = [&](long id) -> std::optional<ListedRow> {
+    const auto item = binding_.item(id);
+    if (!item) return std::nullopt;
+    return listed(*item);
+  };
+  return showRows("LOADGRIDM", vsfM, srNo, {all, one});
 }
 
 void frmgrpRM::LOADDATAM() {
   trap("LOADDATAM", [&] {
-    const int row = vsfM.current();
-    if (row == 0) {
+    if (vsfM.current() == 0) {
       CLEARDATAM();
       return;
     }
-    cbohead.setChosen(cbohead.findData(idAt(vsfM, row, grpSrColumn)));
-    for (int i = 0; i < columns; ++i) {
-      cbogroup[i].setChosen(cbogroup[i].findData(idAt(vsfM, row, osColumn + i)));
+    const BoundItem& item = items_.at(vsfM.currentId());
+    cbohead.setChosen(cbohead.findData(item.head));
+    for (int i = 0; const long group : item.groups) {
+      ComboBox& box = cbogroup[i++];
+      box.setChosen(box.findData(group));
     }
   });
 }
@@ -150,18 +146,14 @@ void frmgrpRM::CMDCANCELM_CLICK() {
 }
 
 void frmgrpRM::CMDGRPM_CLICK() {
-  trap("CMDGRPM_CLICK", [&] {
-    showPage(famG);
-    LOADGRIDG(0);
-    CLEARDATAG();
-    setStateG(State::browsing);
-    focus(vsfG);
-  });
+  showPage(famG);
+  LOADGRIDG(0);
+  CLEARDATAG();
+  setStateG(State::browsing);
+  focus(vsfG);
 }
 
-void frmgrpRM::CMDBACKM_CLICK() {
-  trap("CMDBACKM_CLICK", [&] { close(); });
-}
+void frmgrpRM::CMDBACKM_CLICK() { close(); }
 
 // --- saving and deleting ------------------------------------------------------------------------
 
@@ -171,20 +163,28 @@ void frmgrpRM::CMDUPDATEM_CLICK() {
       UPDATESORTNOS();
       return;
     }
-    if (!choicesHold() || !groupsFree()) return;
-    long srNo = 0;
+    BoundItem item = chosenItem();
+    if (!choicesHold() || !groupsFree(item)) return;
     if (state_ == State::adding) {
-      srNo = insertItem();
+      addedId_ = item.srNo = binding_.insert(item);
+      flush();
     } else {
-      srNo = idAt(vsfM, vsfM.current(), srNoColumn);
-      updateItem(srNo);
+      binding_.update(item);
     }
     setStateM(State::browsing);
     // A group that was released need not be on offer any more.
     LOADLIST();
-    LOADGRIDM(srNo);
+    LOADGRIDM(item.srNo);
     focus(vsfM);
   });
+}
+
+BoundItem frmgrpRM::chosenItem() const {
+  BoundItem item;
+  if (state_ == State::modifying) item.srNo = vsfM.currentId();
+  item.head = cbohead.chosenData();
+  for (int i = 0; long& group : item.groups) group = cbogroup[i++].chosenData();
+  return item;
 }
 
 bool frmgrpRM::choicesHold() {
@@ -201,45 +201,15 @@ bool frmgrpRM::choicesHold() {
   return false;
 }
 
-bool frmgrpRM::groupsFree() {
-  for (int i = 0; i < columns; ++i) {
-    const long group = cbogroup[i].chosenData();
-    if (group == 0) continue;
-    Sql sql = "Select * from " + table_ + ofClient() + " and " + sqlName(groupFields[i]) + "=" +
-              sqlNumber(group);
-    if (state_ == State::modifying) {
-      sql += " and SrNo<>" + sqlNumber(idAt(vsfM, vsfM.current(), srNoColumn));
-    }
-    if (context_.query(sql)->EOF_()) continue;
+bool frmgrpRM::groupsFree(const BoundItem& item) {
+  for (int i = 0; i < cbogroup.size(); ++i) {
+    const long group = item.groups[i];
+    if (group == 0 || !binding_.isBound(i, group, item.srNo)) continue;
     tell(lblgrp[i].caption() + " already used!!");
     focus(cbogroup[i]);
     return false;
   }
   return true;
-}
-
-long frmgrpRM::insertItem() {
-  const auto next = [&](const Sql& column) {
-    const auto row = context_.query("Select Max(" + column + ") from " + table_ + ofClient());
-    return row->integer(0) + 1;
-  };
-  const long srNo = next("SrNo");
-  const long order = next("GrpOrder");
-  context_.host->ConQuery("Insert Into " + table_ + " Values ('" + client_ + "'," +
-                          sqlNumber(srNo) + "," + sqlNumber(cbohead.chosenData()) + "," +
-                          sqlNumber(cbogroup[0].chosenData()) + "," +
-                          sqlNumber(cbogroup[1].chosenData()) + ",0," +
-                          sqlNumber(cbogroup[2].chosenData()) + "," + sqlNumber(order) + ")");
-  addedId_ = srNo;
-  flush();
-  return srNo;
-}
-
-void frmgrpRM::updateItem(long srNo) {
-  change("Update " + table_ + " Set GrpSr=" + sqlNumber(cbohead.chosenData()) + ",OsGrpId=" +
-         sqlNumber(cbogroup[0].chosenData()) + ",PurGrpId=" + sqlNumber(cbogroup[1].chosenData()) +
-         ",SalGrpId=0,CsGrpId=" + sqlNumber(cbogroup[2].chosenData()) + ofClient() +
-         " and SrNo=" + sqlNumber(srNo));
 }
 
 void frmgrpRM::CMDDELETEM_CLICK() {
@@ -249,10 +219,7 @@ void frmgrpRM::CMDDELETEM_CLICK() {
       return;
     }
     const int row = vsfM.current();
-    const Sql order = sqlNumber(idAt(vsfM, row, orderColumn));
-    change("Delete from " + table_ + ofClient() +
-           " and SrNo=" + sqlNumber(idAt(vsfM, row, srNoColumn)));
-    change("Update " + table_ + " Set GrpOrder=GrpOrder-1" + ofClient() + " and GrpOrder>" + order);
+    binding_.remove(items_.at(vsfM.currentId()));
     LOADLIST();
     LOADGRIDM(0);
     makeCurrent(vsfM, std::min(row, vsfM.rows()));

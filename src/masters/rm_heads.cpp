@@ -2,15 +2,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "data/sql.h"
-#include "data/text.h"
+#include "data/names.h"
 #include "host/meant_name.h"
 #include "masters/frmgrpRM.h"
 
 namespace quillet {
 namespace {
 
-enum Column { idColumn, headColumn, typeColumn, typeName };
+enum Column { headColumn, typeColumn };
 
 }  // namespace
 
@@ -41,26 +40,23 @@ void frmgrpRM::attachHeads() {
 
 // --- loading and showing ------------------------------------------------------------------------
 
-std::vector<std::string> frmgrpRM::headCells(const Recordset& head) const {
-  const int type = cbotype.findData(head.integer("GrpType"));
-  return {head.text("GrpId"), head.text("GrpHead"), std::to_string(head.integer("GrpType")),
-          type > 0 ? cbotype.items()[static_cast<std::size_t>(type - 1)] : head.text("GrpType")};
+MasterForm::ListedRow frmgrpRM::listed(const RawMaterialHead& head) const {
+  const int type = cbotype.findData(head.type);
+  return {head.id, {head.name, type > 0 ? cbotype.items()[type - 1] : std::to_string(head.type)}};
 }
 
 void frmgrpRM::LOADGRIDG(long grpId) {
-  const Sql all = "Select * from RawMatGrpM";
-  const auto readOne = [&] {
-    showFound(vsfG, grpId, *context_.query(all + " Where GrpId=" + sqlNumber(grpId)),
-              [&](const Recordset& row) { return headCells(row); });
+  const auto all = [&] {
+    std::vector<ListedRow> rows;
+    for (const RawMaterialHead& head : heads_.heads()) rows.push_back(listed(head));
+    return rows;
   };
-  if (grpId > 0 && wasRead(vsfG) && attempt("LOADGRIDG", readOne)) return;
-  fillGrids("LOADGRIDG", {&vsfG}, [&] {
-    const auto heads = context_.query(all);
-    refill(vsfG, [&] {
-      for (; !heads->EOF_(); heads->MoveNext()) vsfG.addRow(headCells(*heads));
-    });
-    if (grpId > 0) vsfG.setCurrent(vsfG.find(idColumn, std::to_string(grpId)));
-  });
+  const auto one = [&](long id) -> std::optional<ListedRow> {
+    const auto head = heads_.head(id);
+    if (!head) return std::nullopt;
+    return listed(*head);
+  };
+  showRows("LOADGRIDG", vsfG, grpId, {all, one});
 }
 
 void frmgrpRM::LOADDATAG() {
@@ -71,7 +67,7 @@ void frmgrpRM::LOADDATAG() {
       return;
     }
     txthead.setText(vsfG.cell(row, headColumn));
-    cbotype.setChosen(cbotype.findData(idAt(vsfG, row, typeColumn)));
+    cbotype.setChosen(cbotype.find(vsfG.cell(row, typeColumn)));
   });
 }
 
@@ -130,14 +126,12 @@ void frmgrpRM::CMDCANCELG_CLICK() {
 }
 
 void frmgrpRM::CMDBACKG_CLICK() {
-  trap("CMDBACKG_CLICK", [&] {
-    showPage(famM);
-    LOADLIST();
-    LOADGRIDM(0);
-    CLEARDATAM();
-    setStateM(State::browsing);
-    focus(vsfM);
-  });
+  showPage(famM);
+  LOADLIST();
+  LOADGRIDM(0);
+  CLEARDATAM();
+  setStateM(State::browsing);
+  focus(vsfM);
 }
 
 // --- saving and deleting ------------------------------------------------------------------------
@@ -145,29 +139,23 @@ void frmgrpRM::CMDBACKG_CLICK() {
 void frmgrpRM::CMDUPDATEG_CLICK() {
   // Logged under the name by which error logs have always known it.
   command("CMDUDPATEG_CLICK", [&] {
-    const std::string head = cleanedName(txthead.text());
+    RawMaterialHead head{state_ == State::modifying ? vsfG.currentId() : 0,
+                         cleanedName(txthead.text()), cbotype.chosenData()};
     if (!headHolds(head)) return;
-    const Sql type = sqlNumber(cbotype.chosenData());
-    long id = 0;
     if (state_ == State::adding) {
-      id = context_.query("Select Max(GrpId) from RawMatGrpM")->integer(0) + 1;
-      context_.host->ConQuery("Insert Into RawMatGrpM Values (" + sqlNumber(id) + "," +
-                              quoted(head) + "," + type + ")");
-      addedId_ = id;
-      flush();
+      addedId_ = head.id = heads_.insert(head);
     } else {
-      id = idAt(vsfG, vsfG.current(), idColumn);
-      change("Update RawMatGrpM Set GrpHead=" + quoted(head) + ",GrpType=" + type +
-             " Where GrpId=" + sqlNumber(id));
+      heads_.update(head);
     }
+    flush();
     setStateG(State::browsing);
-    LOADGRIDG(id);
+    LOADGRIDG(head.id);
     focus(vsfG);
   });
 }
 
-bool frmgrpRM::headHolds(const std::string& head) {
-  if (head.empty()) {
+bool frmgrpRM::headHolds(const RawMaterialHead& head) {
+  if (head.name.empty()) {
     tell("Please Specify 'Heading'.");
     focus(txthead);
     return false;
@@ -177,18 +165,12 @@ bool frmgrpRM::headHolds(const std::string& head) {
     focus(cbotype);
     return false;
   }
-  const long type = cbotype.chosenData();
-  const long own = state_ == State::modifying ? idAt(vsfG, vsfG.current(), idColumn) : 0;
-  Sql sql =
-      "Select * from RawMatGrpM Where GrpHead=" + quoted(head) + " and GrpType=" + sqlNumber(type);
-  if (own != 0) sql += " and GrpId<>" + sqlNumber(own);
-  const auto existing =
-      taken(head, sql,
-            {vsfG, headColumn, "Select * from RawMatGrpM Where GrpId=", "GrpId", "GrpHead",
-             [&](int row) { return idAt(vsfG, row, typeColumn) == type; }},
-            own);
+  auto sameName = alike(vsfG, headColumn, head.name, head.id);
+  std::erase_if(sameName,
+                [&](long id) { return vsfG.cell(vsfG.findId(id), typeColumn) != cbotype.text(); });
+  const auto existing = heads_.taken(head, sameName);
   if (!existing) return true;
-  tell("Duplicate Raw Material Group!!" + whyTaken(head, existing->name));
+  tell("Duplicate Raw Material Group!!" + whyTaken(head.name, existing->name));
   focus(txthead);
   return false;
 }
@@ -196,12 +178,9 @@ bool frmgrpRM::headHolds(const std::string& head) {
 std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
   std::optional<bool> bound;
   trap("CHECKEXISTS", [&] {
-    bound =
-        walk("Searching for the Raw Material Group....", {"RMGRP_"}, [&](const YearTable& table) {
-          const auto rows =
-              context_.query("Select * from " + table.sql() + " Where GrpSr=" + sqlNumber(grpId));
-          return !rows->EOF_();
-        });
+    TableNames missing;
+    bound = heads_.bound(grpId, missing);
+    tellMissing(missing);
   });
   return bound;
 }
@@ -210,7 +189,7 @@ void frmgrpRM::CMDDELETEG_CLICK() {
   command("CMDDELETEG_CLICK", [&] {
     if (!itemSelected(vsfG)) return;
     const int row = vsfG.current();
-    const long id = idAt(vsfG, row, idColumn);
+    const long id = vsfG.currentId();
     // What could not be searched to its end may be bound.
     const std::optional<bool> bound = CHECKEXISTS(id);
     if (!bound) {
@@ -225,7 +204,7 @@ void frmgrpRM::CMDDELETEG_CLICK() {
              "Delete Confirmation")) {
       return;
     }
-    context_.host->ConQuery("Delete from RawMatGrpM Where GrpId=" + sqlNumber(id));
+    heads_.remove(id);
     vsfG.removeRow(row);
     makeCurrent(vsfG, std::min(row, vsfG.rows()));
     flush();

@@ -193,17 +193,17 @@ TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
     frmgrpmas form(context());
     form.show();
     form.click(form.cmdMerge);
-    form.vsM.tick(form.vsM.find(1, "RENT"), true);
-    form.vsMW.setCurrent(form.vsMW.find(1, "CAPITAL"));
+    form.vsM.tick(form.vsM.find(0, "RENT"), true);
+    form.vsMW.setCurrent(form.vsMW.find(0, "CAPITAL"));
     for (int answers = 0; answers < 2; ++answers) yes();
     form.click(form.cmdMergeGroup);
   };
   const auto link = [&] {
     frmtbledmas form(context());
     form.show();
-    form.vsf.setCurrent(form.vsf.find(1, "Cash"));
+    form.vsf.setCurrent(form.vsf.find(0, "Cash"));
     form.click(form.cmdlink);
-    form.vsf.tick(form.vsf.find(1, "Stock"), true);
+    form.vsf.tick(form.vsf.find(0, "Stock"), true);
     yes();
     form.click(form.cmdlink);
   };

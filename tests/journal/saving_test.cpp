@@ -285,8 +285,8 @@ TEST_F(JournalSaving, AVoucherOfAMergedGroupCountsWhereItsLinesStand) {
     frmgrpmas groups(context());
     groups.showModal();
     groups.click(groups.cmdMerge);
-    groups.vsM.tick(groups.vsM.find(1, name), true);
-    groups.vsMW.setCurrent(groups.vsMW.find(1, target));
+    groups.vsM.tick(groups.vsM.find(0, name), true);
+    groups.vsMW.setCurrent(groups.vsMW.find(0, target));
     for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
     groups.click(groups.cmdMergeGroup);
     groups.close();

@@ -34,8 +34,8 @@ class BindingTest : public MasterTest<frmgrpRM> {
     for (int i = 0; i < 3; ++i) choose(form.cbogroup[i], groups[static_cast<std::size_t>(i)]);
     return said(form.cmdupdateM);
   }
-  void modify(const std::string& srNo) {
-    pick(form.vsfM, 0, srNo);
+  void modify(long srNo) {
+    pickId(form.vsfM, srNo);
     press(form.cmdmodifyM);
   }
   std::string enterHead(const std::string& text, const std::string& type = {}) {
@@ -135,11 +135,11 @@ TEST_F(BindingTest, AGroupThatIsReleasedIsNoLongerOffered) {
   bind("RMGRP_2 values('C1',1,1,0,0,0," + id("CLOSE UNUSED") + ",1),('C1',2,2," +
        id("OPEN UNUSED") + ",0,0,0,2)");
   open();
-  modify("1");
+  modify(1);
   enter("", {"(None)", "(None)", "CLOSE A"});
   EXPECT_EQ(form.cbogroup[2].items(), (Texts{"(None)", "CLOSE A"}));
   EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "the fields show the saved item";
-  pick(form.vsfM, 0, "2");
+  pickId(form.vsfM, 2);
   press(form.cmddeleteM, {yes});
   EXPECT_EQ(form.cbogroup[0].items(), (Texts{"(None)", "OPEN A", "OPEN B"}));
   EXPECT_EQ(form.cbogroup[2].text(), "CLOSE A") << "of the item that is left";
@@ -151,7 +151,7 @@ TEST_F(BindingTest, ABoundGroupIsKeptWhereverItWent) {
   exec("update Mast_AllGrp set GID=22 where ALLID=" + moved);
   open();
   EXPECT_EQ(shown(form.vsfM), (Rows{{"RAW MATERIAL", moved, "777", "(None)"}}));
-  modify("1");
+  modify(1);
   choose(form.cbohead, "FINISHED GOODS");
   press(form.cmdupdateM);
   EXPECT_EQ(stored(), (Rows{{"1", "2", moved, "777", "0", "0", "1"}}));
@@ -171,7 +171,7 @@ TEST_F(BindingTest, RefusalsComeInTheirOrder) {
   EXPECT_EQ(enter("", {"OPEN A", "BUY A", "(None)"}), told("Opening Stock already used!!"));
   EXPECT_EQ(enter("", {"(None)", "BUY A", "(None)"}), told("Purchases already used!!"));
   press(form.cmdcancelM);
-  modify("1");
+  modify(1);
   EXPECT_EQ(enter("", {"OPEN B", "(None)", "(None)"}), told("Opening Stock already used!!"));
   EXPECT_EQ(said(keys::Escape, {no}), asked("Do you want to Cancel Entry?"));
   EXPECT_EQ(changes(), Texts());
@@ -182,7 +182,7 @@ TEST_F(BindingTest, DeletingClosesTheGapInTheOrder) {
   bindThree();
   open();
   EXPECT_EQ(order(), (Texts{"FINISHED GOODS", "WORK-IN-PROGRESS", "RAW MATERIAL"}));
-  pick(form.vsfM, 0, "3");
+  pickId(form.vsfM, 3);
   EXPECT_EQ(said(form.cmddeleteM, {no}),
             asked("Do you want to delele the Selected Item ?", "Delete Confirmation"));
   EXPECT_EQ(changes(), Texts());
@@ -204,7 +204,7 @@ TEST_F(BindingTest, SortsByHand) {
   EXPECT_FALSE(form.cmdup.enabled());
   press(form.cmdsortorder);
   EXPECT_EQ(said(form.cmdup), told("Please Select an Item."));
-  pick(form.vsfM, 0, "1");
+  pickId(form.vsfM, 1);
   for (int step = 0; step < 3; ++step) press(form.cmdup);
   EXPECT_EQ(order(), (Texts{"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS"}));
   press(form.cmddown);
@@ -214,7 +214,7 @@ TEST_F(BindingTest, SortsByHand) {
   EXPECT_EQ(changes(), Texts());
 
   press(form.cmdsortorder);
-  pick(form.vsfM, 0, "3");
+  pickId(form.vsfM, 3);
   press(form.cmdup);
   for (const Answer reply : {no, yes}) {
     EXPECT_EQ(said(form.cmdupdateM, {reply}), asked("Do you want to Update Sorting Order?"));
@@ -349,7 +349,7 @@ TEST_F(BindingTest, KeepsTheHeads) {
                    "Insert Into RawMatGrpM Values (6,'RAW MATERIAL',4)", "Flush Tables",
                    "Select * from RawMatGrpM Where GrpId=6"}))
       << "the same heading may stand under another type";
-  form.vsfG.sortBy(1);
+  form.vsfG.sortBy(0);
   press(form.cmdmodifyG);
   fail("Update RawMatGrpM");
   enterHead("O'Neill \\ \"x\" ☕ 100%");
@@ -375,10 +375,10 @@ TEST_F(BindingTest, AHeadThatAnyYearBindsCannotBeDeleted) {
   open();
   press(form.cmdgrpM);
   EXPECT_EQ(said(form.cmddeleteG), told("Please Select an Item."));
-  pick(form.vsfG, 0, "1");
+  pickId(form.vsfG, 1);
   EXPECT_EQ(said(form.cmddeleteG),
             told("Raw Material Group already in use. You can not delete this Group."));
-  pick(form.vsfG, 0, "5");
+  pickId(form.vsfG, 5);
   EXPECT_EQ(said(form.cmddeleteG, {yes}),
             asked("Do you want to delele the Raw Material Group [OTHER "
                   "CONSUMABLES] ?",
@@ -412,17 +412,17 @@ TEST_F(BindingTest, AfterAFailureTheGridShowsWhatIsStored) {
     choices();
   };
   const auto modifying = [&] {
-    modify("1");
+    modify(1);
     choices();
   };
   const auto sorting = [&] {
     press(form.cmdsortorder);
-    pick(form.vsfM, 0, "1");
+    pickId(form.vsfM, 1);
     press(form.cmdup);
   };
   const auto lastHead = [&] {
     press(form.cmdgrpM);
-    pick(form.vsfG, 0, "5");
+    pickId(form.vsfG, 5);
   };
   const auto head = [&](Button& command) {
     lastHead();
@@ -438,7 +438,7 @@ TEST_F(BindingTest, AfterAFailureTheGridShowsWhatIsStored) {
   const Deed deeds[] = {
       {"adding", adding, form.cmdupdateM, 1, 9},
       {"modifying", modifying, form.cmdupdateM, 1, 9},
-      {"deleting", [&] { pick(form.vsfM, 0, "3"); }, form.cmddeleteM, 1, 9, {}, false},
+      {"deleting", [&] { pickId(form.vsfM, 3); }, form.cmddeleteM, 1, 9, {}, false},
       {"sorting", sorting, form.cmdupdateM, 1, 1, {}, false},
       {"adding a head", [&] { head(form.cmdaddG); }, form.cmdupdateG},
       {"modifying a head", [&] { head(form.cmdmodifyG); }, form.cmdupdateG},

@@ -19,7 +19,7 @@ class LedgerMasterTest : public MasterTest<frmtbledmas> {
     exec("insert into master(code_no,tbl_nm) values('C1','')");
   }
   std::string id(const std::string& name) { return std::to_string(ledger(name)); }
-  void pickLedger(const std::string& name) { pick(form.vsf, 1, name); }
+  void pickLedger(const std::string& name) { pick(form.vsf, 0, name); }
   std::string enter(const std::string& name, Answers answers = {}) {
     type(form.VTxt1, name);
     return said(form.cmdupdate, answers);
@@ -37,7 +37,7 @@ class LedgerMasterTest : public MasterTest<frmtbledmas> {
     press(form.cmdlink);
     for (const std::string& name : ticked) tick(name);
   }
-  void tick(const std::string& name) { form.vsf.tick(form.vsf.find(1, name), true); }
+  void tick(const std::string& name) { form.vsf.tick(form.vsf.find(0, name), true); }
   void choose(int option) { press(form.Option1[option]); }
   Texts names() {
     Texts all;
@@ -117,7 +117,7 @@ TEST_F(LedgerMasterTest, AMissingTableIsNamedAndPassedOver) {
   const std::string named = "Missing and passed over: TRADE_1, TAB_404, JRNL_404, TRADE_404.";
   open();
   EXPECT_EQ(form.lblstatus.caption(), named);
-  EXPECT_EQ(form.vsf.cell(form.vsf.find(1, "RENT"), 2), "Y");
+  EXPECT_EQ(form.vsf.cell(form.vsf.find(0, "RENT"), 1), "Y");
   pickLedger("GAMMA");
   form.lblstatus.setCaption("");
   press(form.cmdView);
@@ -142,7 +142,7 @@ TEST_F(LedgerMasterTest, ASearchThatFailsChangesNothing) {
   fail("JRNL_1");
   form.showModal();
   EXPECT_EQ(errors(), (Texts{"frmtbledmas\tFILLINUSE"}));
-  EXPECT_EQ(form.vsf.cell(form.vsf.find(1, "RENT"), 2), "Y") << "what was found stays found";
+  EXPECT_EQ(form.vsf.cell(form.vsf.find(0, "RENT"), 1), "Y") << "what was found stays found";
   EXPECT_EQ(form.lblstatus.caption(),
             "What is in use could not be searched to its end; the error log says why.");
   pickLedger("GAMMA");
@@ -208,7 +208,7 @@ TEST_F(LedgerMasterTest, Adds) {
   EXPECT_EQ(statements(),
             (Texts{"Select * From Mast_Part Where Particular='O\\'BRIEN & SÖHNE 100%'",
                    "Flush Tables", "Select * From Mast_Part Where PartId=" + id(name)}));
-  EXPECT_EQ(current() + form.vsf.cell(form.vsf.current(), 2), name + "N");
+  EXPECT_EQ(current() + form.vsf.cell(form.vsf.current(), 1), name + "N");
   EXPECT_EQ(add("cash"), told("Duplicate Particulars!!"));
   EXPECT_EQ(enter("  "), told("Please Specify 'Particulars'."));
   EXPECT_EQ(form.active(), &form.VTxt1);
@@ -260,7 +260,7 @@ TEST_F(LedgerMasterTest, Renames) {
                                  "Select PartId From TAB_1 Where PartId=" + rent}))
       << "the first use found ends the search";
   EXPECT_EQ(current(), "RENT \\ LEASE");
-  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 2), "Y");
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "Y");
   EXPECT_EQ(names().size(), 5U);
 }
 
@@ -321,7 +321,7 @@ TEST_F(LedgerMasterTest, RenamingToAnExistingNameOffersToReplace) {
 TEST_F(LedgerMasterTest, EscapeAsksBeforeItCancels) {
   open();
   pickLedger("CASH");
-  form.vsf.setColumnWidth(1, 77);
+  form.vsf.setColumnWidth(0, 77);
   press(form.cmdmodify);
   type(form.VTxt1, "new");
   EXPECT_EQ(said(keys::Escape, {no}), asked("Do you want to Cancel this Entry?"));
@@ -330,7 +330,7 @@ TEST_F(LedgerMasterTest, EscapeAsksBeforeItCancels) {
   form.press(keys::Escape);
   EXPECT_EQ(form.VTxt1.text(), "CASH");
   EXPECT_EQ(form.active(), &form.vsf);
-  EXPECT_EQ(form.vsf.columns()[1].width, 77) << "the columns are as they were drawn";
+  EXPECT_EQ(form.vsf.columns()[0].width, 77) << "the columns are as they were drawn";
   EXPECT_EQ(changes(), Texts());
   EXPECT_FALSE(form.changed());
 }
@@ -462,7 +462,7 @@ TEST_F(LedgerMasterTest, LinksSeveralToOneEverywhere) {
   EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "RENT"})) << "the target is not among them";
   tick("GAMMA");
   EXPECT_EQ(said(form.cmdlink), told("Please select a Partiuclar."));
-  form.vsf.setCurrent(form.vsf.find(1, "ALPHA"));
+  form.vsf.setCurrent(form.vsf.find(0, "ALPHA"));
   form.focus(form.vsf);
   form.press(keys::Space);
   tick("BETA");
@@ -585,12 +585,12 @@ TEST_F(LedgerMasterTest, AfterAFailureTheGridShowsWhatIsStored) {
     modify("RENT");
     type(form.VTxt1, name);
   };
-  const auto stands = [&](const char* name) { return form.vsf.find(1, name) > 0; };
+  const auto stands = [&](const char* name) { return form.vsf.find(0, name) > 0; };
   const auto replaceAgain = [&](const Act& act) {
     if (!form.cmdmodify.enabled()) return act();
     if (!stands("RENT")) return;
     pickLedger("RENT");
-    if (form.vsf.cell(form.vsf.current(), 2) == "Y") {
+    if (form.vsf.cell(form.vsf.current(), 1) == "Y") {
       renaming("CASH");
       return act();
     }
@@ -631,10 +631,10 @@ TEST_F(LedgerMasterTest, AfterAFailureTheGridShowsWhatIsStored) {
   for (const Deed& deed : deeds) {
     failEach(deed, result, [&] {
       Rows all;
-      for (int row = 1; row <= form.vsf.rows(); ++row) all.push_back({form.vsf.cell(row, 1)});
+      for (int row = 1; row <= form.vsf.rows(); ++row) all.push_back({form.vsf.cell(row, 0)});
       EXPECT_EQ(all, rows("select Particular from Mast_Part order by 1"));
       if (form.cmdupdate.enabled() && form.lbllink.shown()) {
-        EXPECT_TRUE(!stands("RENT") || form.vsf.ticked(form.vsf.find(1, "RENT"))) << "ticks stay";
+        EXPECT_TRUE(!stands("RENT") || form.vsf.ticked(form.vsf.find(0, "RENT"))) << "ticks stay";
       } else if (form.cmdupdate.enabled() && deed.questions == 0) {
         EXPECT_EQ(form.VTxt1.text().substr(0, 2), "A ") << "what was typed stays";
         EXPECT_NE(form.lblstatus.caption(), "");

@@ -55,6 +55,10 @@ class MastersTest : public PracticeTest {
     ASSERT_GT(grid.find(column, text), 0) << text;
     grid.setCurrent(grid.find(column, text));
   }
+  static void pickId(Grid& grid, long id) {
+    ASSERT_GT(grid.findId(id), 0) << id;
+    grid.setCurrent(grid.findId(id));
+  }
   // Statements since the last call that hold the text.
   Texts statementsWith(const std::string& text) {
     Texts found;
@@ -155,7 +159,7 @@ class MasterTest : public MastersTest {
   }
   // The shown names of the current row.
   std::string current() {
-    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), 1);
+    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), 0);
   }
   // The first cells shown.
   static Texts listed(const Grid& grid) {

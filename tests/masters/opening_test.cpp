@@ -40,7 +40,7 @@ class OpeningTest : public MastersTest {
   frmgrpmas& homesGroupMaster() { return master<frmgrpmas>(&third::cmdgrpmas); }
   frmgrpmas& groupMaster() { return dynamic_cast<frmgrpmas&>(*context().desk.active()); }
   void renameShop(frmtbledmas& master) {
-    pick(master.vsf, 1, "Shop");
+    pick(master.vsf, 0, "Shop");
     press(master, master.cmdmodify);
     type(master.VTxt1, "store");
     press(master, master.cmdupdate);
@@ -76,7 +76,7 @@ TEST_F(OpeningTest, TheEditorShowsGroupsRenamedMeanwhile) {
   frmcrtb& form = editor(2008);
   press(form, form.mnunewgroup);
   frmgrpmas& master = groupMaster();
-  pick(master.vsf, 1, "RENT");
+  pick(master.vsf, 0, "RENT");
   press(master, master.cmdmodify);
   type(master.Text1, "RENT PAID");
   press(master, master.cmdupdate);
@@ -134,8 +134,8 @@ TEST_F(OpeningTest, TheEditorBehindShowsWhatTheGroupMasterChanged) {
   frmcrtb& form = editor(2008);
   frmgrpmas& groups = homesGroupMaster();
   press(groups, groups.cmdMerge);
-  groups.vsM.tick(groups.vsM.find(1, "RENT"), true);
-  pick(groups.vsMW, 1, "FARES");
+  groups.vsM.tick(groups.vsM.find(0, "RENT"), true);
+  pick(groups.vsMW, 0, "FARES");
   press(groups, groups.cmdMergeGroup, {yes});
   EXPECT_TRUE(groups.close());
   EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "FARES", "10.00", "DR"}}));
@@ -167,9 +167,9 @@ TEST_F(OpeningTest, LinkedLedgersStayTwoLinesUntilThePairIsSaved) {
        std::to_string(group("RENT")) + ",20,1)");
   frmcrtb& form = editor(2008);
   frmtbledmas& ledgers = ledgerMaster();
-  pick(ledgers.vsf, 1, "Shop");
+  pick(ledgers.vsf, 0, "Shop");
   press(ledgers, ledgers.cmdlink);
-  ledgers.vsf.tick(ledgers.vsf.find(1, "Stall"), true);
+  ledgers.vsf.tick(ledgers.vsf.find(0, "Stall"), true);
   press(ledgers, ledgers.cmdlink, {yes});
   ledgers.close();
   EXPECT_EQ(shown(form.vsfm),
