@@ -226,7 +226,12 @@ TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
   arrangeBooks();
   leaveHalfPosted();
   frmdelwhatinTB deletion(context());
-  ASSERT_TRUE(deletion.INITDATA("delete", {"C1", "TAB_1", 1, "2008-2009", ""}));
+  RegisteredYear year;
+  year.client = "C1";
+  year.keys = {"01042008", "31032009"};
+  year.table = "TAB_1";
+  year.number = 1;
+  ASSERT_TRUE(deletion.INITDATA("delete", year));
   deletion.showModal();
   deletion.click(deletion.optMain[0]);
   yes();
