@@ -20,6 +20,8 @@ home.mnualter:click()
 home.ClGrd1:dblclick()
 equal(support.messages(), { "No entry of this year is available." })
 equal(home.flexgrid2.rows, 0)
+home.flexgrid2:press("Enter")
+equal(quillet.form("frmcrtb"), nil)
 equal(quillet.context.client, "A1")
 
 -- Years stand in their order; Escape leads back to the clients.
