@@ -132,7 +132,7 @@ void ClGrd::takeFilters(const std::string& status, const std::string& group) {
   group_ = fillFilter(cbogrpcode, groupColumn, group);
   notice_.clear();
   if (clients_.size() == 0) {
-    // A register that is empty says nothing about its filters.
+    // An empty register is no reason to drop the filters.
     status_ = status;
     group_ = group;
     return;

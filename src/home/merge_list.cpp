@@ -65,14 +65,14 @@ bool MergeList::agreed(const Sources& sources) {
                          Answer::No) == Answer::Yes;
 }
 
-// A client whose books are kept under a password gives its lines to nobody without it.
+// Books under a client's password are read only when it is given.
 bool MergeList::mayBeRead(const Sources& sources) {
   return std::all_of(sources.begin(), sources.end(), [&](const Source& source) {
     return context_.host->CheckClpass(source.year.client);
   });
 }
 
-// Somebody may have deleted one since they were listed; its table may hold another year by now.
+// Somebody may have deleted one since they were listed, and its table may hold another year now.
 bool MergeList::areThere(const Sources& sources) {
   const auto there = readSources();
   for (const Source& source : sources) {

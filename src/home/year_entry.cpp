@@ -151,7 +151,7 @@ void YearEntry::select() {
   context_.setYear({year().client, year().table, year().keys.first, year().keys.second});
 }
 
-// The context has the new year whole or, when there is no row of it, the one that it had before.
+// The context names the new year or, when its row could not be written, the year from before.
 void YearEntry::registerYear(const Context::Year& before) {
   select();
   try {
@@ -168,7 +168,7 @@ void YearEntry::registerYear(const Context::Year& before) {
 bool YearEntry::registerNewYear() {
   const Context::Year before = context_.year();
   if (!GETTABLE()) return false;
-  // It shows a year that somebody deleted.
+  // An editor still open on that table shows a year that somebody deleted.
   closeEditorOf(context_, year().client, year().table);
   registerYear(before);
   return true;
@@ -179,7 +179,7 @@ bool YearEntry::provideTable() {
   if (!existing) return false;
   if (existing->empty()) return registerNewYear();
   if (!creation_.registered()) {
-    // Made by somebody else since the dates were typed: whoever typed it is asked about first.
+    // Somebody else made it after the dates were typed: ask before it is overwritten.
     enter();
     return false;
   }

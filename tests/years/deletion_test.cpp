@@ -234,21 +234,6 @@ TEST_F(DeletionTest, SendsEveryStatementInItsOrder) {
   EXPECT_EQ(held("C1"), (std::map<std::string, long>{{"master 01042007", 1}}));
 }
 
-TEST_F(DeletionTest, NoDeletesTheLinesAlone) {
-  const std::string table = addYear("C1", 2008, {{"Cash", "BANKS", 5}});
-  hangOn("C1", table.substr(4), 2009, 1);
-  exec("update master set annex='a'");
-  const auto before = held("C1");
-  remove(1);
-  Texts sent = statements();
-  sent.pop_back();  // the year list, read anew
-  EXPECT_EQ(sent, (Texts{"DELETE FROM " + table + " WHERE CODE_NO='C1'", "flush tables"}));
-  auto after = before;
-  after.erase(table);
-  EXPECT_EQ(held("C1"), after);
-  EXPECT_EQ(value("select annex from master"), "a");
-}
-
 TEST_F(DeletionTest, LeavesTheNeighboursAndTheOtherYears) {
   std::map<std::string, std::map<std::string, long>> older, before;
   for (const std::string code : {"C%", "C_1", "c'1", "CX1", "C\\1", "{Y}"}) {
