@@ -1,7 +1,6 @@
 #include "books/group_master.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "books/group_use.h"
 #include "books/name_check.h"
@@ -32,16 +31,12 @@ std::vector<AccountGroup> GroupMaster::read(const Sql& select) const {
   return groups;
 }
 
-std::vector<AccountGroup> GroupMaster::groups() const { return read("Select * From Mast_AllGrp"); }
+std::vector<AccountGroup> GroupMaster::groups(long id) const {
+  return read(id == 0 ? "Select * From Mast_AllGrp" : ofId + sqlNumber(id));
+}
 
 std::vector<AccountGroup> GroupMaster::groupsByName() const {
   return read("Select * From Mast_AllGrp order by ALLGRP");
-}
-
-std::optional<AccountGroup> GroupMaster::group(long id) const {
-  auto found = read(ofId + sqlNumber(id));
-  if (found.empty()) return std::nullopt;
-  return std::move(found.front());
 }
 
 bool GroupMaster::hasAll(const std::vector<long>& ids) const {

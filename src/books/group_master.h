@@ -16,8 +16,6 @@ struct AccountGroup {
   long primaryGroup = 0;
   std::string name;
   std::string user;  // "N" for a predefined group, "Y" for one that a user added
-
-  bool predefined() const { return user == "N"; }
 };
 
 class GroupMaster {
@@ -26,9 +24,9 @@ class GroupMaster {
 
   // By their names.
   std::vector<NamedId> primaryGroups() const;
-  std::vector<AccountGroup> groups() const;
+  // Every group, or the one of that id.
+  std::vector<AccountGroup> groups(long id = 0) const;
   std::vector<AccountGroup> groupsByName() const;
-  std::optional<AccountGroup> group(long id) const;
   bool hasAll(const std::vector<long>& ids) const;
   // What stands in the way of the group's name; one with an id is modified. `alike` are those that
   // were listed under the same name.

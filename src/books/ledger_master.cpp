@@ -9,19 +9,17 @@ constexpr char ofId[] = "Select * From Mast_Part Where PartId=";
 
 }  // namespace
 
-std::vector<NamedId> LedgerMaster::read(const Sql& select) const {
-  const auto rows = host_.query(select);
-  const int id = rows->column("PartId");
+std::vector<NamedId> LedgerMaster::ledgers(long id) const {
+  const auto rows = host_.query(id == 0 ? "Select * From Mast_Part" : ofId + sqlNumber(id));
+  const int partId = rows->column("PartId");
   const int name = rows->column("Particular");
   std::vector<NamedId> ledgers;
   ledgers.reserve(rows->RecordCount());
-  for (; !rows->EOF_(); rows->MoveNext()) ledgers.push_back({rows->integer(id), rows->text(name)});
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    ledgers.push_back({rows->integer(partId), rows->text(name)});
+  }
   return ledgers;
 }
-
-std::vector<NamedId> LedgerMaster::ledgers() const { return read("Select * From Mast_Part"); }
-
-std::vector<NamedId> LedgerMaster::named(long id) const { return read(ofId + sqlNumber(id)); }
 
 bool LedgerMaster::has(long id) const {
   return !host_.query("Select PartId From Mast_Part Where PartId=" + sqlNumber(id))->EOF_();

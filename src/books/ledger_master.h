@@ -15,9 +15,8 @@ class LedgerMaster {
  public:
   explicit LedgerMaster(ServiceObject& host) : host_(host) {}
 
-  std::vector<NamedId> ledgers() const;
-  // The rows of one id.
-  std::vector<NamedId> named(long id) const;
+  // Every row, or those of one id.
+  std::vector<NamedId> ledgers(long id = 0) const;
   bool has(long id) const;
   // What stands in the way of the name. `except` is the id of the ledger that is being renamed, 0
   // for none; `alike` are those that were listed under the same name.
@@ -36,8 +35,6 @@ class LedgerMaster {
   void deleteAll(const std::vector<long>& ids);
 
  private:
-  std::vector<NamedId> read(const Sql& select) const;
-
   ServiceObject& host_;
 };
 

@@ -58,17 +58,13 @@ std::vector<BoundItem> RawMaterialBinding::read(const Sql& select) const {
   return items;
 }
 
-std::vector<BoundItem> RawMaterialBinding::items() const {
-  auto items = read("Select * from " + table_ + ofClient());
+std::vector<BoundItem> RawMaterialBinding::items(long srNo) const {
+  Sql select = "Select * from " + table_ + ofClient();
+  if (srNo != 0) select += " and SrNo=" + sqlNumber(srNo);
+  auto items = read(select);
   std::stable_sort(items.begin(), items.end(),
                    [](const BoundItem& a, const BoundItem& b) { return a.order < b.order; });
   return items;
-}
-
-std::optional<BoundItem> RawMaterialBinding::item(long srNo) const {
-  const auto found = read("Select * from " + table_ + ofClient() + " and SrNo=" + sqlNumber(srNo));
-  if (found.empty()) return std::nullopt;
-  return found.front();
 }
 
 bool RawMaterialBinding::isBound(int place, long group, long exceptSrNo) const {

@@ -31,9 +31,8 @@ class RawMaterialBinding {
   // The client's year in that trial-balance table, from now on.
   void open(const std::string& client, const std::string& table, const YearKeys& year);
 
-  // In their order.
-  std::vector<BoundItem> items() const;
-  std::optional<BoundItem> item(long srNo) const;
+  // Every item, in their order, or the one of that number.
+  std::vector<BoundItem> items(long srNo = 0) const;
   // Whether another item than that has the group in the same place.
   bool isBound(int place, long group, long exceptSrNo) const;
   // The groups to choose from: those that the year's figures use, and those that are bound already.

@@ -33,14 +33,8 @@ void RawMaterialHeads::seed() {
   host_.ConQuery("Flush Tables");
 }
 
-std::vector<RawMaterialHead> RawMaterialHeads::heads() const {
-  return read("Select * from RawMatGrpM");
-}
-
-std::optional<RawMaterialHead> RawMaterialHeads::head(long id) const {
-  auto found = read(ofId + sqlNumber(id));
-  if (found.empty()) return std::nullopt;
-  return std::move(found.front());
+std::vector<RawMaterialHead> RawMaterialHeads::heads(long id) const {
+  return read(id == 0 ? "Select * from RawMatGrpM" : ofId + sqlNumber(id));
 }
 
 std::optional<NamedId> RawMaterialHeads::taken(const RawMaterialHead& head,

@@ -22,8 +22,8 @@ class RawMaterialHeads {
 
   // By their ids; an empty master gets the usual heads first.
   std::vector<RawMaterialHead> seeded();
-  std::vector<RawMaterialHead> heads() const;
-  std::optional<RawMaterialHead> head(long id) const;
+  // Every head, or the one of that id.
+  std::vector<RawMaterialHead> heads(long id = 0) const;
   // What stands in the way of the head's name under its type; one with an id is modified. `alike`
   // are those that were listed under the same name and type.
   std::optional<NamedId> taken(const RawMaterialHead& head, const std::vector<long>& alike) const;

@@ -100,24 +100,15 @@ bool frmgrpmas::primaryGroupsThere() {
 // The grids show a primary group by its name, as the combo box lists it.
 MasterForm::ListedRow frmgrpmas::listed(const AccountGroup& group) {
   primaryGroups_[group.id] = group.primaryGroup;
-  const int under = Combo1.findData(group.primaryGroup);
-  return {group.id,
-          {group.name, under > 0 ? Combo1.items()[under - 1] : std::to_string(group.primaryGroup),
-           group.user}};
+  return {group.id, {group.name, nameIn(Combo1, group.primaryGroup), group.user}};
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
-  const auto all = [&] {
+  showRows("LOADGRID", vsf, groupId, [&](long id) {
     std::vector<ListedRow> rows;
-    for (const AccountGroup& group : master_.groups()) rows.push_back(listed(group));
+    for (const AccountGroup& group : master_.groups(id)) rows.push_back(listed(group));
     return rows;
-  };
-  const auto one = [&](long id) -> std::optional<ListedRow> {
-    const auto group = master_.group(id);
-    if (!group) return std::nullopt;
-    return listed(*group);
-  };
-  showRows("LOADGRID", vsf, groupId, {all, one});
+  });
 }
 
 void frmgrpmas::reread() {

@@ -115,7 +115,7 @@ void frmtbledmas::LOADGRID(long partId) {
 
 // The names that the id has now, in place of those shown.
 void frmtbledmas::readRow(long partId) {
-  auto names = master_.named(partId);
+  auto names = master_.ledgers(partId);
   if (names.empty()) {
     dropRow(vsf, partId);
     return;

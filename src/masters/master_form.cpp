@@ -77,6 +77,12 @@ void MasterForm::tellMissing(const TableNames& missing) {
 
 // --- grids --------------------------------------------------------------------------------------
 
+std::string MasterForm::nameIn(const Choice& list, long number) {
+  const int position = list.findData(number);
+  if (position > 0) return list.items()[position - 1];
+  return number == 0 ? "" : std::to_string(number);
+}
+
 void MasterForm::refill(Grid& grid, const std::function<void()>& fill) {
   const long current = grid.currentId();
   std::unordered_set<long> ticked;
@@ -92,23 +98,22 @@ void MasterForm::refill(Grid& grid, const std::function<void()>& fill) {
   if (current != 0) grid.setCurrent(grid.findId(current));
 }
 
-bool MasterForm::showRows(std::string_view procedure, Grid& grid, long id,
-                          const RowSource& source) {
+bool MasterForm::showRows(std::string_view procedure, Grid& grid, long id, const ReadRows& read) {
   const auto readOne = [&] {
-    auto found = source.one(id);
-    if (!found) {
+    auto found = read(id);
+    if (found.empty()) {
       dropRow(grid, id);
       return;
     }
     int row = grid.findId(id);
     if (row == 0) row = grid.addRow({}, id);
-    for (int c = 0; auto& cell : found->cells) grid.setCell(row, c++, std::move(cell));
+    for (int c = 0; auto& cell : found.front().cells) grid.setCell(row, c++, std::move(cell));
     grid.sortAgain();
     makeCurrent(grid, grid.findId(id));
   };
   if (id > 0 && wasRead(grid) && attempt(procedure, readOne)) return true;
   return fillGrids(procedure, {&grid}, [&] {
-    auto rows = source.all();
+    auto rows = read(0);
     refill(grid, [&] {
       for (auto& row : rows) grid.addRow(std::move(row.cells), row.id);
     });

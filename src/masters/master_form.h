@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "books/year_tables.h"
+#include "controls/choice.h"
 #include "controls/grid.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
@@ -75,14 +76,11 @@ class MasterForm : public Form {
     long id = 0;
     std::vector<std::string> cells;
   };
-  // How the rows of a grid are read from the tables.
-  struct RowSource {
-    std::function<std::vector<ListedRow>()> all;
-    std::function<std::optional<ListedRow>(long id)> one;  // nothing when it is not there
-  };
+  // Reads every row from the tables, or those of an id other than 0.
+  using ReadRows = std::function<std::vector<ListedRow>(long id)>;
   // Shows every row, or that of one id anew, which becomes the current one. False when the rows
   // could not be read.
-  bool showRows(std::string_view procedure, Grid& grid, long id, const RowSource& source);
+  bool showRows(std::string_view procedure, Grid& grid, long id, const ReadRows& read);
 
   // Reads what is on the screen anew. An entry goes on as far as the tables let it.
   virtual void reread() = 0;
@@ -112,6 +110,9 @@ class MasterForm : public Form {
 
   // Whether the grid has a current row; if not, tells the refusal and goes to the grid.
   bool rowSelected(Grid& grid, const std::string& refusal);
+  // How a list shows the item of that number: one that it does not hold by the number, 0 not at
+  // all.
+  static std::string nameIn(const Choice& list, long number);
   // Fills the grid anew. Order, ticks and the current row stay as far as the rows do.
   static void refill(Grid& grid, const std::function<void()>& fill);
   // Takes the row of an id out that was stored no more.

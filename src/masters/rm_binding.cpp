@@ -1,7 +1,6 @@
 // The binding page: the items of the client's year.
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
 
 #include "masters/frmgrpRM.h"
 
@@ -9,13 +8,6 @@ namespace quillet {
 namespace {
 
 constexpr int headColumn = 0;
-
-// How a combo box lists the id; an id that it does not list is shown bare, "no head" not at all.
-std::string nameIn(const ComboBox& box, long id) {
-  const int position = box.findData(id);
-  if (position > 0) return box.items()[position - 1];
-  return id == 0 ? "" : std::to_string(id);
-}
 
 }  // namespace
 
@@ -54,21 +46,17 @@ MasterForm::ListedRow frmgrpRM::listed(const BoundItem& item) {
 }
 
 bool frmgrpRM::LOADGRIDM(long srNo) {
-  const auto all = [&] {
-    const auto items = binding_.items();
-    // The order is the one that a person gave them.
-    vsfM.clearSort();
-    items_.clear();
+  return showRows("LOADGRIDM", vsfM, srNo, [&](long id) {
+    const auto items = binding_.items(id);
+    if (id == 0) {
+      // The order is the one that a person gave them.
+      vsfM.clearSort();
+      items_.clear();
+    }
     std::vector<ListedRow> rows;
     for (const BoundItem& item : items) rows.push_back(listed(item));
     return rows;
-  };
-  const auto one = [&](long id) -> std::optional<ListedRow> {
-    const auto item = binding_.item(id);
-    if (!item) return std::nullopt;
-    return listed(*item);
-  };
-  return showRows("LOADGRIDM", vsfM, srNo, {all, one});
+  });
 }
 
 void frmgrpRM::LOADDATAM() {

@@ -41,22 +41,15 @@ void frmgrpRM::attachHeads() {
 // --- loading and showing ------------------------------------------------------------------------
 
 MasterForm::ListedRow frmgrpRM::listed(const RawMaterialHead& head) const {
-  const int type = cbotype.findData(head.type);
-  return {head.id, {head.name, type > 0 ? cbotype.items()[type - 1] : std::to_string(head.type)}};
+  return {head.id, {head.name, nameIn(cbotype, head.type)}};
 }
 
 void frmgrpRM::LOADGRIDG(long grpId) {
-  const auto all = [&] {
+  showRows("LOADGRIDG", vsfG, grpId, [&](long id) {
     std::vector<ListedRow> rows;
-    for (const RawMaterialHead& head : heads_.heads()) rows.push_back(listed(head));
+    for (const RawMaterialHead& head : heads_.heads(id)) rows.push_back(listed(head));
     return rows;
-  };
-  const auto one = [&](long id) -> std::optional<ListedRow> {
-    const auto head = heads_.head(id);
-    if (!head) return std::nullopt;
-    return listed(*head);
-  };
-  showRows("LOADGRIDG", vsfG, grpId, {all, one});
+  });
 }
 
 void frmgrpRM::LOADDATAG() {

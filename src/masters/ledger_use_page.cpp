@@ -1,6 +1,5 @@
 // The ledger master's knowledge of use: which particulars any year holds, and whose years they are.
 #include "books/ledger_use.h"
-
 #include "masters/frmtbledmas.h"
 
 namespace quillet {

@@ -1,8 +1,7 @@
 // The group master's merge page: several groups become one in every trial balance.
-#include "books/group_merge.h"
-
 #include <algorithm>
 
+#include "books/group_merge.h"
 #include "books/group_use.h"
 #include "masters/frmgrpmas.h"
 
