@@ -7,10 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "controls/choice.h"
-#include "controls/grid.h"
-#include "controls/text_box.h"
 #include "data/text.h"
+#include "masters/frmgrpmas.h"
+#include "masters/frmtbledmas.h"
 #include "support/practice.h"
 
 namespace quillet::support {
@@ -116,16 +115,8 @@ class MastersTest : public PracticeTest {
     return frontEnd.progress + " " + std::to_string(frontEnd.done) + " of " +
            std::to_string(frontEnd.total) + (frontEnd.updates - before > 2 ? " moving" : "");
   }
-  // What the last field of each new line of the error log says: form and procedure.
-  Texts errors() {
-    Texts places;
-    for (const std::string& line : log()) {
-      const std::size_t procedure = line.rfind('\t');
-      const std::size_t form = line.rfind('\t', procedure - 1);
-      places.push_back(line.substr(form + 1));
-    }
-    return places;
-  }
+  static constexpr const char* unsearched =
+      "The search failed; the error log says why. Nothing was deleted.";
 
  private:
   Texts kept_;
@@ -151,15 +142,20 @@ class MasterTest : public MastersTest {
     form.press(key);
     return onlyMessage();
   }
+  void pressFailing(const std::string& statement, Control& button) {
+    fail(statement);
+    press(button);
+  }
+  const std::string& status() { return form.lblstatus.caption(); }
   std::string told(const std::string& text) {
     return text + "|OK information OK|" + form.caption();
   }
   std::string asked(const std::string& text, const std::string& title = {}) {
     return text + "|YesNo question No|" + (title.empty() ? form.caption() : title);
   }
-  // The shown names of the current row.
-  std::string current() {
-    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), 0);
+  // The current row's cell, its name when no other is asked for.
+  std::string current(int column = 0) {
+    return form.vsf.current() == 0 ? "" : form.vsf.cell(form.vsf.current(), column);
   }
   // The first cells shown.
   static Texts listed(const Grid& grid) {
@@ -206,6 +202,62 @@ class MasterTest : public MastersTest {
 
   Master form{context()};
   int closed = 0;
+};
+
+// Five ledgers, four of them used by two clients in as many ways.
+class LedgerMasterTest : public MasterTest<frmtbledmas> {
+ protected:
+  enum Option { notInUse, inUse, everything };
+
+  LedgerMasterTest() {
+    addYear("C1", 2008, {{"RENT", "G", 100}, {"CASH", "G", -100}});
+    addYear("O'C2", 2008, {{"RENT", "G", 300}});
+    addYear("C1", 2009);
+    for (const char* name : {"RENT", "CASH", "ALPHA", "BETA", "GAMMA"}) ledger(name);
+    use("JRNL_2", id("ALPHA"), "1");
+    use("TRADE_1", id("BETA"), "1", "'O\\'C2'");
+    exec("insert into master(code_no,tbl_nm) values('C1','')");
+  }
+  std::string id(const std::string& name) { return std::to_string(ledger(name)); }
+  void pickLedger(const std::string& name) { pick(form.vsf, 0, name); }
+  std::string enter(const std::string& name, Answers answers = {}) {
+    type(form.VTxt1, name);
+    return said(form.cmdupdate, answers);
+  }
+  std::string add(const std::string& name) {
+    press(form.cmdadd);
+    return enter(name);
+  }
+  void modify(const std::string& name) {
+    pickLedger(name);
+    press(form.cmdmodify);
+  }
+  // Opens the link view for the target.
+  void link(const std::string& target, const Texts& ticked = {}) {
+    pickLedger(target);
+    press(form.cmdlink);
+    for (const std::string& name : ticked) tick(name);
+  }
+  void tick(const std::string& name) { form.vsf.tick(form.vsf.find(0, name), true); }
+  std::string useOf(const std::string& name) { return form.vsf.cell(form.vsf.find(0, name), 1); }
+  void choose(Option option) { press(form.Option1[option]); }
+  Texts names() {
+    Texts all;
+    for (const auto& row : rows("select Particular from Mast_Part order by PartId")) {
+      all.push_back(row[0]);
+    }
+    return all;
+  }
+  Texts listed() { return MasterTest::listed(form.vsf); }
+  // The statements that put a ledger into every table of both years.
+  static Texts updates(const std::string& change, const Texts& behind) {
+    Texts sent;
+    for (const char* table : {"TAB_1", "JRNL_1", "TRADE_1", "TAB_2", "JRNL_2", "TRADE_2"}) {
+      sent.push_back("Update " + std::string(table) + change);
+    }
+    sent.insert(sent.end(), behind.begin(), behind.end());
+    return sent;
+  }
 };
 
 }  // namespace quillet::support
