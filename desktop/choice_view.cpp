@@ -21,15 +21,19 @@ bool sameItems(const Choice& model, int count, const Shown& shown) {
          });
 }
 
+// As wide as the form says, however long its items are.
+class FormCombo : public QComboBox {
+ public:
+  explicit FormCombo(QWidget* parent) : QComboBox(parent) { setMinimumContentsLength(12); }
+  QSize sizeHint() const override { return minimumSizeHint(); }
+};
+
 }  // namespace
 
 ComboView::ComboView(ComboBox& combo, Stage& stage, QWidget* parent)
-    : ControlView(combo, stage), model_(combo), combo_(new QComboBox(parent)) {
+    : ControlView(combo, stage), model_(combo), combo_(new FormCombo(parent)) {
   adopt(combo_);
   combo_->setMaxVisibleItems(12);
-  // As wide as the form says, however long its items are.
-  combo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  combo_->setMinimumContentsLength(12);
   connect(combo_, &QComboBox::activated, this,
           [this](int at) { perform([&] { model_.choose(at + 1); }); });
 }

@@ -16,6 +16,7 @@ void ControlView::adopt(QWidget* widget) {
   QString name = toQt(control_.name());
   if (control_.index() >= 0) name += QString::number(control_.index());
   widget->setObjectName(name);
+  widget->hide();  // until it is drawn
   watch(widget);
 }
 
@@ -36,6 +37,10 @@ void ControlView::redraw() {
   widget_->setToolTip(toQt(control_.toolTip()));
   draw();
   drawVisible(control_.visible());
+  drawLabel();
+}
+
+void ControlView::drawLabel() {
   if (!label_) return;
   label_->setVisible(control_.visible());
   label_->setEnabled(control_.enabled());
@@ -52,6 +57,22 @@ bool ControlView::hasFocus() const {
 void ControlView::takeFocus() { widget_->setFocus(Qt::OtherFocusReason); }
 
 void ControlView::retire() { retired_ = true; }
+
+void ControlView::setLabel(QWidget* label) {
+  if (label_) {
+    label_->hide();
+    label_->deleteLater();
+  }
+  label_ = label;
+  drawLabel();
+}
+
+void ControlView::discard() {
+  retire();
+  setLabel(nullptr);
+  widget_->hide();
+  widget_->deleteLater();
+}
 
 void ControlView::press(Key key) {
   perform([&] { control_.form().press(key); });

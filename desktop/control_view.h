@@ -30,9 +30,11 @@ class ControlView : public QObject {
   bool hasFocus() const;
   void takeFocus();
   // The label before or above the widget, which comes and goes with it.
-  void setLabel(QWidget* label) { label_ = label; }
+  void setLabel(QWidget* label);
   // The form is closed: nothing is passed on any more.
   void retire();
+  // The control has no place any more: widget and label go as soon as no event is at work in them.
+  void discard();
 
  protected:
   // Called once by the derived class with its widget.
@@ -59,6 +61,7 @@ class ControlView : public QObject {
 
  private:
   bool arrive();
+  void drawLabel();
 
   Control& control_;
   Stage& stage_;

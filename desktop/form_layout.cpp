@@ -1,70 +1,22 @@
 #include "desktop/form_layout.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "desktop/choice_view.h"
+#include "controls/mask_box.h"
 #include "desktop/field_label.h"
-#include "desktop/grid_view.h"
-#include "desktop/mask_box_view.h"
+#include "desktop/make_view.h"
 #include "desktop/quiet_style.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
-#include "desktop/text_box_view.h"
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
 namespace {
-
-template <class Model, class View>
-ControlView* viewOf(Control& control, Stage& stage, QWidget* parent) {
-  auto* model = dynamic_cast<Model*>(&control);
-  return model ? new View(*model, stage, parent) : nullptr;
-}
-
-bool isButton(const Node& node) { return dynamic_cast<const Button*>(node.control) != nullptr; }
-
-bool isTable(const Node& node) {
-  return dynamic_cast<const Grid*>(node.control) || dynamic_cast<const ListBox*>(node.control);
-}
-
-bool isLine(const Node& node) {
-  return dynamic_cast<const TextBox*>(node.control) || dynamic_cast<const MaskBox*>(node.control) ||
-         dynamic_cast<const ComboBox*>(node.control);
-}
-
-// A drop-down has no place of its own: it lies over the others.
-bool hasNoPlace(const Node& node) {
-  const auto* grid = dynamic_cast<const Grid*>(node.control);
-  return grid && grid->dropOf;
-}
-
-bool hasFixedHeight(const Node& node) {
-  const auto* grid = dynamic_cast<const Grid*>(node.control);
-  return grid && grid->fixedRows > 0;
-}
-
-// Whether the node makes use of more room than it needs.
-bool grows(const Node& node, Qt::Orientation direction) {
-  if (hasNoPlace(node)) return false;
-  switch (node.kind) {
-    case Node::Kind::gap:
-    case Node::Kind::stack:
-      return true;
-    case Node::Kind::control:
-      if (isTable(node)) return direction == Qt::Horizontal || !hasFixedHeight(node);
-      return direction == Qt::Horizontal && node.stretch > 0;
-    default:
-      return std::any_of(node.children.begin(), node.children.end(),
-                         [&](const Node& child) { return grows(child, direction); });
-  }
-}
 
 bool takesRest(const Node& node, Qt::Orientation direction) {
   return std::any_of(node.children.begin(), node.children.end(), [&](const Node& child) {
@@ -74,152 +26,181 @@ bool takesRest(const Node& node, Qt::Orientation direction) {
 
 }  // namespace
 
-ControlView* makeView(Control& control, Stage& stage, QWidget* parent) {
-  using Maker = ControlView* (*)(Control&, Stage&, QWidget*);
-  static constexpr Maker makers[] = {
-      viewOf<TextBox, TextBoxView>, viewOf<MaskBox, MaskBoxView>, viewOf<Grid, GridView>,
-      viewOf<Button, ButtonView>,   viewOf<Label, LabelView>,     viewOf<ComboBox, ComboView>,
-      viewOf<ListBox, ListView>,    viewOf<CheckBox, ToggleView>, viewOf<OptionButton, ToggleView>,
-      viewOf<Frame, FrameView>,
-  };
-  for (const Maker maker : makers) {
-    if (ControlView* view = maker(control, stage, parent)) return view;
+FormLayout::Box::Box(QBoxLayout* filled) : layout(filled), first(filled ? filled->count() : 0) {}
+
+FormLayout::FormLayout(Stage& stage, QWidget& body)
+    : stage_(stage), body_(body), step_(theme::step(body)), root_(new QVBoxLayout(&body)) {
+  root_.layout->setContentsMargins(2 * step_, step_ + step_ / 2, 2 * step_, 2 * step_);
+  root_.layout->setSpacing(step_);
+}
+
+void FormLayout::arrange(const Node& node) {
+  const Node whole = column({node});
+  enableLayouts(false);
+  update(root_, whole, 0);
+  removeUnused(whole);
+}
+
+void FormLayout::settle() { enableLayouts(true); }
+
+void FormLayout::enableLayouts(bool enabled) {
+  root_.layout->setEnabled(enabled);
+  for (const auto& [id, frame] : frames_) frame.layout->setEnabled(enabled);
+  for (const auto& [key, stack] : stacks_) {
+    stack.layout->setEnabled(enabled);
+    for (const Box& box : stack.boxes) box.layout->setEnabled(enabled);
   }
-  return nullptr;
 }
 
-ControlView* FormLayout::addView(Control& control) {
-  ControlView* view = makeView(control, stage_, root_);
-  if (view) views_.push_back(view);
-  return view;
+// Fields one under the other make one part. What is left over goes to the end, unless a part has a
+// use for it.
+std::vector<FormLayout::Part> FormLayout::partsOf(const Node& node) {
+  const bool inRow = node.kind == Node::Kind::row;
+  std::vector<Part> parts;
+  for (const Node& child : node.children) {
+    if (!hasPlace(child)) continue;
+    if (inRow || child.label.empty()) {
+      parts.push_back({child});
+    } else if (!parts.empty() && parts.back().fields) {
+      parts.back().node.children.push_back(child);
+    } else {
+      parts.push_back({column({child}), true});
+    }
+  }
+  if (!takesRest(node, inRow ? Qt::Horizontal : Qt::Vertical)) parts.push_back({gap(0)});
+  return parts;
 }
 
-void FormLayout::build(const Node& node) {
-  auto* layout = new QVBoxLayout(root_);
-  const int step = theme::step(*root_);
-  layout->setContentsMargins(2 * step, step + step / 2, 2 * step, 2 * step);
-  layout->setSpacing(step);
-  add(node, *layout, false);
-  if (!grows(node, Qt::Vertical) && node.stretch == 0) layout->addStretch();
+FormLayout::Place FormLayout::placeIn(const Node& node, unsigned frame) {
+  const auto& nodes = node.children;
+  Place place;
+  place.frame = frame;
+  place.inRow = node.kind == Node::Kind::row;
+  place.besideBoxes = place.inRow && std::any_of(nodes.begin(), nodes.end(), isLine);
+  place.inList = !place.inRow && std::count_if(nodes.begin(), nodes.end(), isButton) >= 3;
+  return place;
 }
 
-void FormLayout::add(const Node& node, QBoxLayout& into, bool inRow) {
+// Takes the parts out that are no more, and puts the new ones between those that stay.
+void FormLayout::update(Box& box, const Node& node, unsigned frame) {
+  if (box.node == node) return;
+  const Place place = placeIn(node, frame);
+  const std::vector<Part> parts = partsOf(node);
+  std::vector<bool> isNew(parts.size(), true);
+  std::vector<bool> stays(box.parts.size(), false);
+  auto from = box.parts.begin();
+  for (std::size_t at = 0; at < parts.size() && box.place == place; ++at) {
+    const auto found = std::find(from, box.parts.end(), parts[at]);
+    if (found == box.parts.end()) continue;
+    isNew[at] = false;
+    stays[static_cast<std::size_t>(found - box.parts.begin())] = true;
+    from = found + 1;
+  }
+  for (std::size_t at = stays.size(); at-- > 0;) {
+    if (!stays[at]) delete box.layout->takeAt(box.first + static_cast<int>(at));
+  }
+  for (std::size_t at = 0; at < parts.size(); ++at) {
+    if (isNew[at]) insert(parts[at], *box.layout, box.first + static_cast<int>(at), place);
+  }
+  box.place = place;
+  box.node = node;
+  box.parts = parts;
+}
+
+void FormLayout::insert(const Part& part, QBoxLayout& into, int at, Place place) {
+  const Node& node = part.node;
+  if (part.fields) return insertFields(node, into, at, place);
   switch (node.kind) {
     case Node::Kind::gap:
-      into.addStretch(std::max(1, node.stretch));
-      break;
+      return into.insertStretch(at, node.stretch);
     case Node::Kind::row:
-    case Node::Kind::column: {
-      QBoxLayout* box = node.kind == Node::Kind::row ? static_cast<QBoxLayout*>(new QHBoxLayout)
-                                                     : new QVBoxLayout;
-      box->setSpacing(theme::step(*root_));
-      into.addLayout(box, node.stretch);
-      addChildren(node, *box);
-      break;
-    }
-    case Node::Kind::frame: {
-      auto* frame = static_cast<FrameView*>(addView(*node.control));
-      into.addWidget(frame->widget(), node.stretch);
-      addChildren(node, *frame->inside());
-      break;
-    }
+    case Node::Kind::column:
+      return insertBox(node, into, at, place.frame);
+    case Node::Kind::frame:
+      return insertFrame(node, into, at, place);
     case Node::Kind::stack:
-      addStack(node, into);
-      break;
-    case Node::Kind::control: {
-      ControlView* view = sized(node, inRow);
-      if (!view) break;
-      if (inRow && !node.label.empty()) {
-        auto* pair = new QVBoxLayout;
-        pair->setSpacing(theme::step(*root_) / 2);
-        pair->addWidget(labelFor(node, *view));
-        pair->addWidget(view->widget());
-        into.addLayout(pair, node.stretch);
-      } else {
-        into.addWidget(view->widget(), node.stretch,
-                       inRow && !isTable(node) ? Qt::AlignBottom : Qt::Alignment());
-      }
-      break;
-    }
+      return insertStack(node, into, at, place.frame);
+    case Node::Kind::control:
+      return insertControl(node, into, at, place);
   }
 }
 
-void FormLayout::addChildren(const Node& node, QBoxLayout& into) {
-  const bool inRow = node.kind == Node::Kind::row;
-  const auto& nodes = node.children;
-  const auto isField = [&](std::size_t at) { return !nodes[at].label.empty(); };
-  const std::size_t first = views_.size();
-  for (std::size_t at = 0; at < nodes.size();) {
-    std::size_t end = at;
-    while (!inRow && end < nodes.size() && isField(end)) ++end;
-    if (end > at) {
-      addFields(nodes, at, end, into);
-      at = end;
-    } else {
-      add(nodes[at++], into, inRow);
-    }
-  }
-  if (!takesRest(node, inRow ? Qt::Horizontal : Qt::Vertical)) into.addStretch();
-  if (inRow && std::any_of(nodes.begin(), nodes.end(), isLine)) levelLabels(first);
-  const bool list = !inRow && std::count_if(nodes.begin(), nodes.end(), isButton) >= 3;
-  for (std::size_t at = first; list && at < views_.size(); ++at) {
-    views_[at]->widget()->setProperty(leadingText, true);
-  }
+void FormLayout::insertBox(const Node& node, QBoxLayout& into, int at, unsigned frame) {
+  QBoxLayout* box =
+      node.kind == Node::Kind::row ? static_cast<QBoxLayout*>(new QHBoxLayout) : new QVBoxLayout;
+  box->setSpacing(step_);
+  into.insertLayout(at, box, node.stretch);
+  const Place place = placeIn(node, frame);
+  for (const Part& part : partsOf(node)) insert(part, *box, -1, place);
 }
 
-// Beside boxes a label is as high as they are, so that their texts stand on one line.
-void FormLayout::levelLabels(std::size_t first) {
-  const int height = QLineEdit(root_).sizeHint().height();
-  for (std::size_t at = first; at < views_.size(); ++at) {
-    if (dynamic_cast<Label*>(&views_[at]->control())) {
-      views_[at]->widget()->setMinimumHeight(height);
-    }
-  }
-}
-
-// Fields one under the other: their labels make a column of their own.
-void FormLayout::addFields(const std::vector<Node>& nodes, std::size_t first, std::size_t last,
-                           QBoxLayout& into) {
+// The labels make a column of their own.
+void FormLayout::insertFields(const Node& node, QBoxLayout& into, int at, Place place) {
   auto* grid = new QGridLayout;
-  const int step = theme::step(*root_);
-  grid->setHorizontalSpacing(step + step / 2);
-  grid->setVerticalSpacing(step);
+  grid->setHorizontalSpacing(step_ + step_ / 2);
+  grid->setVerticalSpacing(step_);
   grid->setColumnStretch(1, 1);
-  int stretch = 0;
-  for (std::size_t at = first; at < last; ++at) {
-    const int line = static_cast<int>(at - first);
-    ControlView* view = sized(nodes[at], false);
-    if (!view) continue;
-    const bool keepsWidth = nodes[at].width > 0 && nodes[at].stretch == 0;
-    grid->addWidget(labelFor(nodes[at], *view), line, 0,
-                    isTable(nodes[at]) ? Qt::AlignTop : Qt::AlignVCenter);
-    grid->addWidget(view->widget(), line, 1, keepsWidth ? Qt::AlignLeft : Qt::Alignment());
-    if (isTable(nodes[at])) grid->setRowStretch(line, std::max(1, nodes[at].stretch));
-    if (isTable(nodes[at])) stretch = std::max(1, nodes[at].stretch);
+  into.insertLayout(at, grid);
+  int line = 0;
+  for (const Node& field : node.children) {
+    ControlView& view = viewOf(field, place, into.parentWidget());
+    const bool table = isTable(field);
+    const bool keepsWidth = field.width > 0 && field.stretch == 0;
+    grid->addWidget(labelFor(field, view), line, 0, table ? Qt::AlignTop : Qt::AlignVCenter);
+    grid->addWidget(view.widget(), line, 1, keepsWidth ? Qt::AlignLeft : Qt::Alignment());
+    if (table) {
+      grid->setRowStretch(line, std::max(1, field.stretch));
+      into.setStretchFactor(grid, std::max(1, field.stretch));
+    }
+    ++line;
   }
-  into.addLayout(grid, stretch);
 }
 
-void FormLayout::addStack(const Node& node, QBoxLayout& into) {
-  auto* holder = new QWidget(root_);
-  Stack stack{new QStackedLayout(holder), {}};
+void FormLayout::insertFrame(const Node& node, QBoxLayout& into, int at, const Place& place) {
+  auto& frame = static_cast<FrameView&>(viewOf(node, place, into.parentWidget()));
+  Box& box = frames_[node.id];
+  if (box.layout != frame.inside()) box = Box(frame.inside());
+  into.insertWidget(at, frame.widget(), node.stretch);
+  update(box, node, node.id);
+}
+
+void FormLayout::insertStack(const Node& node, QBoxLayout& into, int at, unsigned frame) {
+  Stack& stack = stacks_[keyOf(node)];
+  if (!stack.holder) stack = makeStack(node);
+  into.insertWidget(at, stack.holder, std::max(1, node.stretch));
+  for (std::size_t page = 0; page < node.children.size(); ++page) {
+    Node inside = node.children[page];
+    inside.stretch = std::max(1, inside.stretch);
+    update(stack.boxes[page], column({inside}), frame);
+    if (inside.kind != Node::Kind::frame) continue;
+    static_cast<FrameView*>(views_.at(inside.id))->becomePage();
+  }
+}
+
+FormLayout::Stack FormLayout::makeStack(const Node& node) {
+  Stack stack;
+  stack.holder = new QWidget(&body_);
+  stack.layout = new QStackedLayout(stack.holder);
   for (const Node& child : node.children) {
-    stack.pages.push_back(child.control);
-    auto* page = new QWidget(holder);
+    auto* page = new QWidget(stack.holder);
     auto* inside = new QVBoxLayout(page);
     inside->setContentsMargins(0, 0, 0, 0);
-    const std::size_t first = views_.size();
-    add(child, *inside, false);
-    if (child.kind == Node::Kind::frame) static_cast<FrameView*>(views_[first])->becomePage();
     stack.layout->addWidget(page);
+    stack.pages.push_back(child.control);
+    stack.boxes.emplace_back(inside);
   }
-  stack.layout->addWidget(new QWidget(holder));  // nothing to show
-  stacks_.push_back(stack);
-  into.addWidget(holder, std::max(1, node.stretch));
+  stack.layout->addWidget(new QWidget(stack.holder));  // nothing to show
+  return stack;
+}
+
+FormLayout::StackKey FormLayout::keyOf(const Node& stack) {
+  StackKey key;
+  for (const Node& page : stack.children) key.push_back(page.id);
+  return key;
 }
 
 void FormLayout::refreshStacks() {
-  for (const Stack& stack : stacks_) {
+  for (const auto& [key, stack] : stacks_) {
     const auto shown = std::find_if(stack.pages.begin(), stack.pages.end(), [](Control* page) {
       return page == nullptr || page->visible();
     });
@@ -227,32 +208,83 @@ void FormLayout::refreshStacks() {
   }
 }
 
-ControlView* FormLayout::sized(const Node& node, bool inRow) {
-  if (hasNoPlace(node)) return nullptr;
-  ControlView* view = addView(*node.control);
-  if (!view) return nullptr;
-  QWidget* widget = view->widget();
-  const int step = theme::step(*widget);
-  const bool line = isLine(node);
+void FormLayout::insertControl(const Node& node, QBoxLayout& into, int at, Place place) {
+  ControlView& view = viewOf(node, place, into.parentWidget());
+  if (place.inRow && !node.label.empty()) {
+    auto* pair = new QVBoxLayout;
+    pair->setSpacing(step_ / 2);
+    into.insertLayout(at, pair, node.stretch);
+    pair->addWidget(labelFor(node, view));
+    pair->addWidget(view.widget());
+  } else {
+    into.insertWidget(at, view.widget(), node.stretch,
+                      place.inRow && !isTable(node) ? Qt::AlignBottom : Qt::Alignment());
+  }
+}
+
+// --- widgets ------------------------------------------------------------------------------------
+
+ControlView& FormLayout::viewOf(const Node& node, Place place, QWidget* parent) {
+  place.width = node.width;
+  place.stretch = node.stretch;
+  ControlView*& view = views_[node.id];
+  Place& before = places_[node.id];
+  if (view && before == place) {
+    view->setLabel(nullptr);
+    return *view;
+  }
+  if (view) view->discard();
+  view = makeView(*node.control, stage_, parent);
+  before = place;
+  QWidget& widget = *view->widget();
+  if (place.inList) widget.setProperty(leadingText, true);
+  // So that their texts stand on one line.
+  if (place.besideBoxes && dynamic_cast<Label*>(node.control)) {
+    widget.setMinimumHeight(QLineEdit(parent).sizeHint().height());
+  }
+  const bool keepsWidth = isLine(node) && node.stretch == 0;
   int width = node.width;
   if (width == 0 && dynamic_cast<MaskBox*>(node.control)) width = 11;
   if (width > 0) {
-    const int pixels = theme::characters(*widget, width) + 2 * step;
-    if (line && node.stretch == 0) {
-      widget->setFixedWidth(pixels);
-    } else {
-      widget->setMinimumWidth(pixels);
-    }
-  } else if (line && inRow && node.stretch == 0) {
-    widget->setMinimumWidth(theme::characters(*widget, 16));
+    widget.setMinimumWidth(theme::characters(widget, width) + 2 * step_);
+    if (keepsWidth) widget.setMaximumWidth(widget.minimumWidth());
+  } else if (keepsWidth && place.inRow) {
+    widget.setMinimumWidth(theme::characters(widget, 16));
   }
-  return view;
+  return *view;
 }
 
 QWidget* FormLayout::labelFor(const Node& node, ControlView& view) {
   auto* label = new FieldLabel(toQt(node.label), view, stage_);
   view.setLabel(label);
   return label;
+}
+
+void FormLayout::collectUsed(const Node& node, std::set<unsigned>& controls,
+                             std::set<StackKey>& stacks) {
+  if (node.control) controls.insert(node.id);
+  if (node.kind == Node::Kind::stack) stacks.insert(keyOf(node));
+  for (const Node& child : node.children) collectUsed(child, controls, stacks);
+}
+
+void FormLayout::removeUnused(const Node& node) {
+  std::set<unsigned> controls;
+  std::set<StackKey> stacks;
+  collectUsed(node, controls, stacks);
+  std::erase_if(views_, [&](const auto& entry) {
+    if (controls.contains(entry.first)) return false;
+    entry.second->discard();
+    return true;
+  });
+  std::erase_if(stacks_, [&](const auto& entry) {
+    if (stacks.contains(entry.first)) return false;
+    entry.second.holder->hide();
+    entry.second.holder->deleteLater();
+    return true;
+  });
+  const auto isUnused = [&](const auto& entry) { return !views_.contains(entry.first); };
+  std::erase_if(places_, isUnused);
+  std::erase_if(frames_, isUnused);
 }
 
 }  // namespace quillet::desktop

@@ -1,52 +1,94 @@
 // Turns a form's arrangement into widgets and real layouts, for any form alike.
 #pragma once
 
-#include <memory>
-#include <utility>
+#include <map>
+#include <set>
 #include <vector>
 
 #include "controls/layout.h"
 #include "desktop/control_view.h"
 
 class QBoxLayout;
-class QGridLayout;
 class QStackedLayout;
 
 namespace quillet::desktop {
 
-// The view that fits the kind of control; null for those without a place of their own.
-ControlView* makeView(Control& control, Stage& stage, QWidget* parent);
-
 class FormLayout {
  public:
-  FormLayout(Stage& stage, QWidget* root) : stage_(stage), root_(root) {}
+  FormLayout(Stage& stage, QWidget& body);
 
-  // Builds the arrangement into the root widget.
-  void build(const Node& node);
-  const std::vector<ControlView*>& views() const { return views_; }
+  // Brings the body into that arrangement. Widgets of controls that stay are kept, and so are the
+  // layouts of rows and columns that stay as they are: a form may change it at every key.
+  // The layouts rest until settle(), which follows when every widget is shown or hidden as its
+  // control is.
+  void arrange(const Node& node);
+  void settle();
+  // By the id of their controls.
+  const std::map<unsigned, ControlView*>& views() const { return views_; }
   // Shows in each stack the page that is visible now.
   void refreshStacks();
 
  private:
-  struct Stack {
-    QStackedLayout* layout;
-    std::vector<Control*> pages;  // null for a page that is no control
+  // What a control's widget is made for, besides the control.
+  struct Place {
+    unsigned frame = 0;  // id of the frame around it
+    bool inRow = false;
+    bool besideBoxes = false;  // in a row with boxes of one line
+    bool inList = false;       // in a column of buttons
+    int width = 0;
+    int stretch = 0;
+    bool operator==(const Place&) const = default;
   };
+  // One item of a box layout.
+  struct Part {
+    Node node;
+    bool fields = false;  // a column of fields whose labels make a column of their own
+    bool operator==(const Part&) const = default;
+  };
+  // A layout that is brought from one arrangement to the next.
+  struct Box {
+    explicit Box(QBoxLayout* filled = nullptr);
+    QBoxLayout* layout;
+    int first;  // index of the first part: a frame's heading stands before
+    Place place;
+    Node node;
+    std::vector<Part> parts;
+  };
+  struct Stack {
+    QWidget* holder = nullptr;
+    QStackedLayout* layout = nullptr;
+    std::vector<Control*> pages;  // null for a page that is no control
+    std::vector<Box> boxes;
+  };
+  using StackKey = std::vector<unsigned>;
 
-  void add(const Node& node, QBoxLayout& into, bool inRow);
-  void addChildren(const Node& node, QBoxLayout& into);
-  void addFields(const std::vector<Node>& nodes, std::size_t first, std::size_t last,
-                 QBoxLayout& into);
-  void levelLabels(std::size_t first);
-  void addStack(const Node& node, QBoxLayout& into);
-  ControlView* addView(Control& control);
-  ControlView* sized(const Node& node, bool inRow);
+  static std::vector<Part> partsOf(const Node& node);
+  static Place placeIn(const Node& node, unsigned frame);
+  static StackKey keyOf(const Node& stack);
+
+  void update(Box& box, const Node& node, unsigned frame);
+  void insert(const Part& part, QBoxLayout& into, int at, Place place);
+  void insertBox(const Node& node, QBoxLayout& into, int at, unsigned frame);
+  void insertFields(const Node& node, QBoxLayout& into, int at, Place place);
+  void insertFrame(const Node& node, QBoxLayout& into, int at, const Place& place);
+  void insertStack(const Node& node, QBoxLayout& into, int at, unsigned frame);
+  void insertControl(const Node& node, QBoxLayout& into, int at, Place place);
+  Stack makeStack(const Node& node);
+  ControlView& viewOf(const Node& node, Place place, QWidget* parent);
   QWidget* labelFor(const Node& node, ControlView& view);
+  void enableLayouts(bool enabled);
+  void removeUnused(const Node& node);
+  static void collectUsed(const Node& node, std::set<unsigned>& controls,
+                          std::set<StackKey>& stacks);
 
   Stage& stage_;
-  QWidget* root_;
-  std::vector<ControlView*> views_;
-  std::vector<Stack> stacks_;
+  QWidget& body_;
+  int step_ = 0;
+  std::map<unsigned, ControlView*> views_;
+  std::map<unsigned, Place> places_;
+  Box root_;
+  std::map<unsigned, Box> frames_;
+  std::map<StackKey, Stack> stacks_;
 };
 
 }  // namespace quillet::desktop

@@ -6,7 +6,9 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 #include "controls/grid.h"
 #include "desktop/drop_down.h"
@@ -16,9 +18,8 @@
 namespace quillet::desktop {
 
 FormWindow::FormWindow(Form& form, Stage& stage)
-    : form_(form), stage_(stage), menu_(form, stage, *menuBar()) {
+    : form_(form), stage_(stage), menu_(form, stage, *menuBar()), layout_(stage, makeBody()) {
   setObjectName(toQt(form.name()));
-  setFont(theme::scaled(font(), form.size.font));
   menuBar()->setFont(font());
   menuBar()->setNativeMenuBar(false);
   refresh();
@@ -27,25 +28,31 @@ FormWindow::FormWindow(Form& form, Stage& stage)
 
 FormWindow::~FormWindow() = default;
 
-// Builds the widgets anew: when the window is made, and when the form's arrangement changed.
-void FormWindow::arrange() {
-  arranged_ = form_.arrangementVersion();
-  retireViews();
-  for (DropDown* list : dropDowns_) list->deleteLater();
-  dropDowns_.clear();
-  views_.clear();
+QWidget& FormWindow::makeBody() {
+  setFont(theme::scaled(font(), form_.size.font));
   auto* body = new QWidget(this);
-  layout_ = std::make_unique<FormLayout>(stage_, body);
-  layout_->build(form_.arrangement());
-  for (ControlView* view : layout_->views()) views_[&view->control()] = view;
-  addDropDowns();
   setCentralWidget(body);
+  return *body;
 }
 
-void FormWindow::addDropDowns() {
+void FormWindow::arrange() {
+  arranged_ = form_.arrangementVersion();
+  layout_.arrange(form_.arrangement());
+  arrangeDropDowns();
+}
+
+void FormWindow::arrangeDropDowns() {
+  std::map<unsigned, DropDown*> before = std::exchange(dropDowns_, {});
   for (Control* control : form_.controls()) {
     auto* grid = dynamic_cast<Grid*>(control);
-    if (grid && grid->dropOf) dropDowns_.push_back(new DropDown(*grid, stage_, this));
+    if (!grid || !grid->dropOf) continue;
+    const auto known = before.extract(grid->id());
+    dropDowns_[grid->id()] = known ? known.mapped() : new DropDown(*grid, stage_, this);
+  }
+  for (const auto& [id, list] : before) {
+    list->retire();
+    list->hide();
+    list->deleteLater();
   }
 }
 
@@ -65,39 +72,49 @@ void FormWindow::refresh() {
     drawn_ = form_.version();
     setWindowTitle(toQt(form_.caption()));
     menu_.refresh();
-    if (arranged_ != form_.arrangementVersion()) arrange();
+    const bool moved = arranged_ != form_.arrangementVersion();
+    if (moved) arrange();
     drawControls();
+    if (moved) layout_.settle();
   }
   followFocus();
 }
 
 void FormWindow::drawControls() {
-  const std::unordered_set<const Control*> present(form_.controls().begin(),
-                                                   form_.controls().end());
-  for (const auto& [control, view] : views_) {
+  std::unordered_set<unsigned> present;
+  for (const Control* control : form_.controls()) present.insert(control->id());
+  for (const auto& [id, view] : layout_.views()) {
     // A control that the form has just removed is not asked any more.
-    if (present.contains(control)) {
+    if (present.contains(id)) {
       view->refresh();
     } else {
       view->retire();
       view->widget()->hide();
     }
   }
-  layout_->refreshStacks();
-  for (DropDown* list : dropDowns_) {
+  layout_.refreshStacks();
+  for (const auto& [id, list] : dropDowns_) {
     // One list may serve several text boxes in turn.
-    const auto field = views_.find(list->grid().dropOf);
-    list->attach(field == views_.end() ? nullptr : field->second->widget());
+    const ControlView* field = viewOf(list->grid().dropOf);
+    list->attach(field ? field->widget() : nullptr);
     list->refresh();
   }
 }
 
+// Null for a control that has no place, or that the form has removed.
+ControlView* FormWindow::viewOf(const Control* control) const {
+  const auto& controls = form_.controls();
+  if (std::find(controls.begin(), controls.end(), control) == controls.end()) return nullptr;
+  const auto found = layout_.views().find(control->id());
+  return found == layout_.views().end() ? nullptr : found->second;
+}
+
 void FormWindow::followFocus() {
-  const auto active = views_.find(form_.active());
-  if (active == views_.end()) {
+  ControlView* active = viewOf(form_.active());
+  if (!active) {
     setFocus(Qt::OtherFocusReason);
-  } else if (!active->second->hasFocus()) {
-    active->second->takeFocus();
+  } else if (!active->hasFocus()) {
+    active->takeFocus();
   }
 }
 
@@ -107,8 +124,8 @@ void FormWindow::retire() {
 }
 
 void FormWindow::retireViews() {
-  for (const auto& [control, view] : views_) view->retire();
-  for (DropDown* list : dropDowns_) list->retire();
+  for (const auto& [id, view] : layout_.views()) view->retire();
+  for (const auto& [id, list] : dropDowns_) list->retire();
 }
 
 void FormWindow::setFootnote(const QString& text) {

@@ -5,8 +5,6 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
-#include <memory>
-#include <vector>
 
 #include "controls/form.h"
 #include "desktop/form_layout.h"
@@ -41,11 +39,13 @@ class FormWindow : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  QWidget& makeBody();
   void arrange();
   void takeSize();
-  void addDropDowns();
+  void arrangeDropDowns();
   void followFocus();
   void drawControls();
+  ControlView* viewOf(const Control* control) const;
   void retireViews();
 
   Form& form_;
@@ -53,9 +53,8 @@ class FormWindow : public QMainWindow {
   // Before the menu: making it sends the window its first events.
   bool retired_ = false;
   FormMenu menu_;
-  std::unique_ptr<FormLayout> layout_;
-  std::map<const Control*, ControlView*> views_;
-  std::vector<DropDown*> dropDowns_;
+  FormLayout layout_;
+  std::map<unsigned, DropDown*> dropDowns_;  // by the id of their grids
   QLabel* footnote_ = nullptr;
   unsigned drawn_ = 0;
   unsigned arranged_ = 0;

@@ -107,6 +107,11 @@ void FrameView::draw() {
   if (heading_) heading_->setText(toQt(frame_.caption()).remove(u'&'));
 }
 
+void FrameView::becomePage() {
+  page_ = true;
+  widget()->show();
+}
+
 void FrameView::drawVisible(bool visible) {
   if (!page_) ControlView::drawVisible(visible);
 }

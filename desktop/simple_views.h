@@ -68,7 +68,7 @@ class FrameView : public ControlView {
   // Where the controls inside go.
   QBoxLayout* inside() const { return inside_; }
   // A page of a stack is shown and hidden by the stack.
-  void becomePage() { page_ = true; }
+  void becomePage();
 
  protected:
   void draw() override;

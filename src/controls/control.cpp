@@ -5,9 +5,11 @@
 namespace quillet {
 
 Control::Control(Form& form, std::string name, std::string caption, int index)
-    : form_(form), name_(std::move(name)), caption_(std::move(caption)), index_(index) {
-  form_.adopt(*this);
-}
+    : form_(form),
+      id_(form.adopt(*this)),
+      name_(std::move(name)),
+      caption_(std::move(caption)),
+      index_(index) {}
 
 Control::~Control() { form_.disown(*this); }
 

@@ -16,6 +16,7 @@ class Frame;
 class Control {
   // Ahead of the events, which refer to them.
   Form& form_;
+  const unsigned id_;
   std::string name_;
 
  public:
@@ -28,6 +29,8 @@ class Control {
   const std::string& name() const { return name_; }
   int index() const { return index_; }
   Form& form() const { return form_; }
+  // From 1; unlike its address never another control's of the form.
+  unsigned id() const { return id_; }
 
   const std::string& caption() const { return caption_; }
   void setCaption(std::string caption);

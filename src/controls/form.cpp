@@ -16,9 +16,10 @@ Form::~Form() {
   if (visible_) desk_.forget(*this);
 }
 
-void Form::adopt(Control& control) {
+unsigned Form::adopt(Control& control) {
   controls_.push_back(&control);
   touch();
+  return ++adopted_;
 }
 
 void Form::disown(Control& control) {

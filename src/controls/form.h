@@ -128,7 +128,7 @@ class Form {
   friend void reportTrapped(const Form& form, const std::string& owner, const char* name,
                             const std::exception& error) noexcept;
   friend void reportTrapped(const Form& form, const char* procedure) noexcept;
-  void adopt(Control& control);
+  unsigned adopt(Control& control);
   void disown(Control& control);
   void moveFocus(Control* to);
   Control* nextFocusable(Control* from, bool backwards) const;
@@ -138,6 +138,7 @@ class Form {
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
+  unsigned adopted_ = 0;
   Node arrangement_;
   unsigned arrangementVersion_ = 0;
   Control* active_ = nullptr;

@@ -34,6 +34,7 @@ Node framed(Frame& frame, std::vector<Node> children, int stretch) {
   for (const Node& child : children) placeIn(frame, child);
   Node node = box(Node::Kind::frame, std::move(children), stretch);
   node.control = &frame;
+  node.id = frame.id();
   return node;
 }
 
@@ -45,6 +46,7 @@ Node item(Control& control, int stretch, int width) {
   Node node;
   node.kind = Node::Kind::control;
   node.control = &control;
+  node.id = control.id();
   node.stretch = stretch;
   node.width = width;
   return node;

@@ -20,10 +20,12 @@ struct Node {
   };
   Kind kind = Kind::gap;
   Control* control = nullptr;
+  unsigned id = 0;    // the control's
   std::string label;  // may carry an access key for the control: "&Group"
   int stretch = 0;    // share of the room that is left over; 0 keeps to its own size
   int width = 0;      // preferred width in characters; 0 leaves it to the control
   std::vector<Node> children;
+  bool operator==(const Node&) const = default;
 };
 
 Node row(std::vector<Node> children, int stretch = 0);

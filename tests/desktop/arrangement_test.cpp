@@ -1,0 +1,120 @@
+// An arrangement that changes while its form is shown: what stays keeps its widgets.
+#include <QLabel>
+
+#include "desktop/stand.h"
+#include "desktop/text.h"
+
+namespace quillet::desktop {
+namespace {
+
+// Lines of which some are in view, the first of them with a label.
+class LinesForm : public Form {
+ public:
+  explicit LinesForm(Desk& formDesk) : Form(formDesk, "lines") {}
+
+  Node layout() override {
+    std::vector<Node> lines{item(lblabove)};
+    for (int line = top; line < std::min(top + inView, txtline.size()); ++line) {
+      lines.push_back(
+          row({line == top ? field("&Line", txtline[line], 20) : item(txtline[line], 0, 20)}));
+    }
+    lines.push_back(item(lblbelow));
+    return stack({framed(fambase, {framed(famlines, std::move(lines)), item(cmdok)})});
+  }
+  void scroll(int first, int rows) {
+    top = first;
+    while (txtline.size() < rows) txtline.load("");
+    while (txtline.size() > rows) txtline.unload();
+    arrangementChanged();
+  }
+
+  static constexpr int inView = 3;
+  int top = 0;
+  Frame fambase{*this, "fambase"};
+  Frame famlines{*this, "famlines", "Lines"};
+  Label lblabove{*this, "lblabove", "above"};
+  Label lblbelow{*this, "lblbelow", "below"};
+  Button cmdok{*this, "cmdok", "OK"};
+  ControlArray<TextBox> txtline{*this, "txtline", {""}};
+};
+
+class Arrangement : public Stand {
+ protected:
+  Arrangement() { lines.show(); }
+  ~Arrangement() override { lines.close(); }
+
+  void show(int first, int rows) {
+    lines.scroll(first, rows);
+    settle();
+    expectInOrder();
+  }
+  QList<QLineEdit*> boxes() {
+    QList<QLineEdit*> shown;
+    for (auto* box : linesWindow()->findChildren<QLineEdit*>()) {
+      if (box->isVisible()) shown.push_back(box);
+    }
+    std::sort(shown.begin(), shown.end(), [](auto* a, auto* b) { return topOf(a) < topOf(b); });
+    return shown;
+  }
+  QWidget* find(const char* name) { return linesWindow()->findChild<QWidget*>(name); }
+  FormWindow* linesWindow() { return theApplication().windows().of(lines); }
+  static int topOf(QWidget* widget) { return widget->mapTo(widget->window(), QPoint()).y(); }
+
+  void expectInOrder() {
+    const auto shown = boxes();
+    ASSERT_EQ(shown.size(), std::min(lines.inView, lines.txtline.size() - lines.top));
+    int above = topOf(find("lblabove"));
+    for (int at = 0; at < shown.size(); ++at) {
+      EXPECT_EQ(shown[at]->objectName(), "txtline" + QString::number(lines.top + at));
+      EXPECT_EQ(fromQt(shown[at]->text()), lines.txtline[lines.top + at].text());
+      EXPECT_GT(topOf(shown[at]), above + (at > 0 ? shown[at]->height() : 0));
+      above = topOf(shown[at]);
+    }
+    EXPECT_GT(topOf(find("lblbelow")), above + shown.back()->height() - 1);
+    EXPECT_GT(topOf(find("cmdok")), topOf(find("lblbelow")));
+    int labels = 0;
+    for (QLabel* label : linesWindow()->findChildren<QLabel*>()) {
+      if (!label->isVisible() || label->text() != "&Line") continue;
+      ++labels;
+      EXPECT_EQ(label->buddy(), shown.front());
+    }
+    EXPECT_EQ(labels, 1);
+  }
+
+  LinesForm lines{desk};
+};
+
+TEST_F(Arrangement, KeepsTheWidgetsOfControlsThatStay) {
+  show(0, 2);
+  lines.txtline[1].setText("typed");
+  lines.focus(lines.txtline[1]);
+  const auto before = boxes();
+  show(0, 3);
+  EXPECT_EQ(boxes().first(2), before);
+  EXPECT_TRUE(before[1]->hasFocus());
+  show(1, 4);
+  EXPECT_EQ(boxes().front(), before[1]);
+  EXPECT_TRUE(before[1]->hasFocus()) << "the label that it has got";
+  QTest::keyClick(linesWindow(), Qt::Key_L, Qt::AltModifier);
+  EXPECT_EQ(lines.active(), &lines.txtline[1]);
+  show(0, 5);
+  EXPECT_EQ(boxes()[1], before[1]);
+}
+
+// A control may stand where a removed one stood in memory.
+TEST_F(Arrangement, ShowsNothingOfRemovedControls) {
+  show(0, 3);
+  for (int line = 0; line < 3; ++line) lines.txtline[line].setText("old");
+  settle();
+  lines.scroll(0, 1);
+  show(0, 3);
+  EXPECT_EQ(boxes().back()->text(), "");
+  lines.scroll(0, 1);
+  lines.txtline.unload();
+  lines.txtline.load("");
+  show(0, 1);
+  EXPECT_EQ(boxes().front()->text(), "");
+}
+
+}  // namespace
+}  // namespace quillet::desktop
