@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "books/account_groups.h"
 #include "books/amount.h"
 #include "data/names.h"
 #include "data/sql.h"
@@ -12,21 +13,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr int stockGroup = 7;  // the primary group of closing stock
-constexpr std::size_t amountLength = 20;
-constexpr const char* amountFormat = "###0.00";
-
-enum Column { particular, group, amountColumn, partIdColumn, allIdColumn };
-
-// The first row whose name begins with the text, 0 for none.
-int firstMatch(const Grid& list, const std::string& text) {
-  const std::string wanted = nameKey(text);
-  if (wanted.empty()) return 0;
-  for (int row = 1; row <= list.rows(); ++row) {
-    if (nameKey(list.cell(row, 0)).starts_with(wanted)) return row;
-  }
-  return 0;
-}
+constexpr int amountLength = 20;
 
 }  // namespace
 
@@ -35,66 +22,51 @@ frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialo
   size = {0.6, 0.6, 1.0};
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
                   {.heading = "Group", .width = 32},
-                  {.heading = "Amount", .align = Align::right, .width = 18, .numeric = true},
-                  {.heading = "PartId", .hidden = true},
-                  {.heading = "AllId", .hidden = true}});
-  vsf.DblClick = [this] { trap("VSF_DBLCLICK", [&] { alterLine(); }); };
+                  {.heading = "Amount", .align = Align::right, .width = 18, .numeric = true}});
+  vsf.DblClick = [this] { alterLine(); };
   vsf.RowColChange = [this] { cmddelete.setEnabled(vsf.current() > 0); };
   vsf.KeyDown = [this](Key& key) {
     if (key != keys::Delete) return;
     key = keys::none;
     click(cmddelete);
   };
-  cmddelete.Click = [this] { trap("CMDDELETE_CLICK", [&] { deleteLine(); }); };
+  cmddelete.Click = [this] { deleteLine(); };
   cmddelete.causesValidation = false;
   cmdclose.Click = [this] { close(); };
   cmdclose.causesValidation = false;
-  KeyPress = [this](Key& key) { trap("FORM_KEYPRESS", [&] { formKey(key); }); };
-  txttotal.rightAligned = true;
-  txttotal.setLocked(true);
-  txttotal.tabStop = false;
+  KeyPress = [this](Key& key) { formKey(key); };
+  txttotal.makeFigure();
   lblhint.quiet = true;
   attachEntry();
 }
 
 void frmTrade::attachEntry() {
-  txtpart.maxLength = ledgerNameLength;
-  txtgroup.maxLength = ledgerNameLength;
+  attachList(txtpart, ledgers_);
+  attachList(txtgroup, groups_);
+  vsfp.DblClick = [this] { ledgers_.take(); };
+  vsfg.DblClick = [this] { groups_.take(); };
+  txtgroup.LostFocus = [this] {
+    groups_.hide();
+    if (const auto* group = typedGroup()) txtgroup.setText(group->name);
+  };
   txtamount.maxLength = amountLength;
   txtamount.rightAligned = true;
-  attachList(txtpart, vsfp);
-  attachList(txtgroup, vsfg);
-  // The beginning of a group's name stands for the name.
-  txtgroup.LostFocus = [this] {
-    vsfg.setVisible(false);
-    if (const auto known = knownGroup()) txtgroup.setText(*known);
-  };
   txtamount.GotFocus = [this] { txtamount.selectAll(); };
   txtamount.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
-    trap("TXTAMOUNT_KEYPRESS", [&] { saveLine(); });
+    saveLine();
   };
 }
 
-void frmTrade::attachList(TextBox& box, Grid& list) {
-  list.setColumns({{.heading = "Name", .width = 40, .stretch = true}});
-  list.setVisible(false);
-  list.dropOf = &box;
-  list.DblClick = [&box, &list] {
-    if (list.current() > 0) box.setText(list.cell(list.current(), 0));
-  };
-  box.GotFocus = [&box, &list] {
-    list.setVisible(true);
-    box.selectAll();
-  };
-  box.LostFocus = [&list] { list.setVisible(false); };
-  box.Change = [&box, &list] { list.setCurrent(firstMatch(list, box.text())); };
-  box.KeyDown = [&box, &list](Key& key) {
-    if (key != keys::Up && key != keys::Down) return;
-    list.act(key);
-    key = keys::none;
-    if (list.current() > 0) list.DblClick();
+void frmTrade::attachList(TextBox& box, LookupList& list) {
+  box.maxLength = ledgerNameLength;
+  list.serve(box);
+  box.GotFocus = [&list] { list.open(); };
+  box.LostFocus = [&list] { list.hide(); };
+  box.Change = [&box, &list] { list.follow(box.text()); };
+  box.KeyDown = [&list](Key& key) {
+    if ((key == keys::Up || key == keys::Down) && list.moveBy(key)) list.take();
   };
   box.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
@@ -125,8 +97,7 @@ bool frmTrade::entering() const {
 
 void frmTrade::LoadData(ServiceObject& host, const std::string& client, const std::string& table) {
   host_ = &host;
-  client_ = host.escaped(client);
-  table_ = sqlName(table);
+  stock_.emplace(host, ClientTable{table, client});
 }
 
 void frmTrade::Show(int modal, std::function<void()> closed) {
@@ -138,52 +109,28 @@ void frmTrade::Show(int modal, std::function<void()> closed) {
 }
 
 void frmTrade::load() {
-  trap("FORM_LOAD", [&] {
-    host_->resize_for_resolution(*this);
-    fillGroups();
-    fillLedgers();
-    showLines();
-    clearEntry();
-    focus(vsf.rows() > 0 ? static_cast<Control&>(vsf) : txtpart);
-  });
+  host_->resize_for_resolution(*this);
+  groups_.fill(stockGroups(*host_));
+  ledgers_.fill(stockLedgers(*host_));
+  showLines();
+  clearEntry();
+  focus(vsf.rows() > 0 ? static_cast<Control&>(vsf) : txtpart);
 }
 
-// --- what is shown ------------------------------------------------------------------------------
-
-RecordsetPtr frmTrade::query(const Sql& sql) {
-  return host_->RecordsetQuery(sql, host_->DbObj(), CursorType::static_, LockType::readOnly);
-}
-
-void frmTrade::fillGroups() {
-  vsfg.clearRows();
-  const auto rows = query("select allgrp from mast_allgrp where gid=" + sqlNumber(stockGroup) +
-                          " order by allgrp");
-  for (; !rows->EOF_(); rows->MoveNext()) vsfg.addRow({rows->text(0)});
-}
-
-void frmTrade::fillLedgers() {
-  vsfp.clearRows();
-  const auto rows = query("select distinct particular from mast_part order by particular");
-  vsfp.reserve(static_cast<int>(rows->RecordCount()));
-  for (; !rows->EOF_(); rows->MoveNext()) vsfp.addRow({rows->text(0)});
-}
-
-// Several rows of one pair, as a merge in a master leaves them, are one line with their sum.
 void frmTrade::showLines() {
   const int selected = vsf.current();
-  double total = 0;
   vsf.clearRows();
   txttotal.setText("");
-  const auto rows = query(
-      "select ifnull(partid,0),ifnull(allid,0),sum(amt),(select min(g.allgrp) from "
-      "mast_allgrp g where g.allid=t.allid) from " +
-      table_ + " t where code_no='" + client_ + "' group by 1,2 order by 1,2");
-  for (; !rows->EOF_(); rows->MoveNext()) {
-    total += rows->number(2);
-    vsf.addRow({host_->GetPart_MastPartId(rows->integer(0)), rows->text(3),
-                host_->formatgen(rows->number(2), amountFormat), rows->text(0), rows->text(1)});
+  lines_ = stock_->lines();
+  double total = 0;
+  for (int at = 0; at < std::ssize(lines_); ++at) {
+    const ClosingStock::Line& line = lines_[at];
+    total += line.amount;
+    vsf.addRow(
+        {host_->GetPart_MastPartId(line.pair.partId), line.group, plainAmount(*host_, line.amount)},
+        at + 1);
   }
-  txttotal.setText(host_->formatgen(total, "#,##0.00"));
+  txttotal.setText(groupedAmount(*host_, total));
   vsf.setCurrent(std::min(selected, vsf.rows()));
   cmddelete.setEnabled(vsf.current() > 0);
 }
@@ -197,92 +144,64 @@ void frmTrade::clearEntry() {
 }
 
 void frmTrade::alterLine() {
-  const int row = vsf.current();
-  if (row == 0) return;
-  altered_ = Pair{std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))};
-  txtpart.setText(vsf.cell(row, particular));
-  txtgroup.setText(vsf.cell(row, group));
-  txtamount.setText(vsf.cell(row, amountColumn));
+  if (vsf.current() == 0) return;
+  const ClosingStock::Line& line = lines_[vsf.currentId() - 1];
+  altered_ = line.pair;
+  txtpart.setText(vsf.cell(vsf.current(), 0));
+  txtgroup.setText(line.group);
+  txtamount.setText(plainAmount(*host_, line.amount));
   focus(txtpart);
   lblhint.setCaption("Altering the selected line. Esc leaves it as it was.");
 }
 
 void frmTrade::deleteLine() {
-  const int row = vsf.current();
-  if (row == 0) return;
-  if (ask("Do you want to delete the selected record?", Buttons::YesNo, Icon::none) !=
-      Answer::Yes) {
-    return;
-  }
-  change(
-      {removal({std::stol(vsf.cell(row, partIdColumn)), std::stol(vsf.cell(row, allIdColumn))})});
+  if (vsf.current() == 0) return;
+  const LedgerGroup pair = lines_[vsf.currentId() - 1].pair;
+  const Answer answer =
+      ask("Do you want to delete the selected record?", Buttons::YesNo, Icon::none);
+  if (answer == Answer::Yes) change([&] { stock_->remove(pair); });
 }
 
-std::optional<std::string> frmTrade::knownGroup() const {
-  const int row = firstMatch(vsfg, txtgroup.text());
-  if (row == 0) return std::nullopt;
-  return vsfg.cell(row, 0);
+const NameList::Entry* frmTrade::typedGroup() const {
+  const NameList::Entry* named = groups_.names().find(txtgroup.text());
+  return named ? named : groups_.names().beginning(txtgroup.text());
 }
 
 void frmTrade::saveLine() {
   const std::string name = cleanedName(txtpart.text());
-  const auto typed = typedAmount(txtamount.text());
-  if (name.empty() || trimmed(txtgroup.text()).empty() || !typed || *typed <= Money()) {
+  const auto amount = typedAmount(txtamount.text());
+  if (name.empty() || trimmed(txtgroup.text()).empty() || !amount || *amount <= Money()) {
     ask("Cannot save the entry due to invalid data.", Buttons::OK, Icon::none);
     return;
   }
-  const auto known = knownGroup();
-  const auto found =
-      known ? query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" + host_->escaped(*known) + "'")
-            : nullptr;
-  if (!found || found->EOF_()) {
-    ask("Group does not exist.", Buttons::OK, Icon::information);
+  const NameList::Entry* group = typedGroup();
+  const std::vector<long> ids = group ? groupIds(*host_, group->name) : std::vector<long>();
+  if (ids.empty()) {
+    ask("Group does not exist.");
     return;
   }
-  const Pair line{host_->GetMax_MastPartId(name), found->integer(0)};
-  if (line.partId == 0) {
-    ask("Failed to Create Master [" + name + "].", Buttons::OK, Icon::information);
+  const LedgerGroup pair{host_->GetMax_MastPartId(name), ids.front()};
+  if (pair.partId == 0) {
+    ask("Failed to Create Master [" + name + "].");
     return;
   }
-  if (!ledgerMeant(*host_, dialogs_, name, line.partId, caption())) {
+  if (!ledgerMeant(*host_, dialogs_, name, pair.partId, caption())) {
     focus(txtpart);
     lblhint.setCaption(chooseAnotherName);
     return;
   }
-  std::vector<Sql> statements;
-  if (altered_ && altered_ != line) statements.push_back(removal(*altered_));
-  statements.push_back(removal(line));
-  const double amount = altered_ == line ? typed->rupees() : merged(line, typed->rupees());
-  statements.push_back("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ +
-                       "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
-                       sqlNumber(amount) + ")");
-  change(statements);
-  if (vsfp.find(0, name) == 0) fillLedgers();
+  change([&] { stock_->save(pair, *amount, altered_); });
+  const NameList::Entry* listed = ledgers_.names().find(name);
+  if (!listed || listed->name != name) ledgers_.fill(stockLedgers(*host_));
   focus(txtpart);
 }
 
-// The amount with what is stored for the pair, in whole paise.
-double frmTrade::merged(Pair line, double amount) {
-  const auto stored = query("select sum(amt) from " + table_ + where(line));
-  return Money::rounded(amount + stored->number(0)).rupees();
-}
-
-Sql frmTrade::removal(Pair line) const { return "delete from " + table_ + where(line); }
-
-Sql frmTrade::where(Pair line) const {
-  return " where code_no='" + client_ + "' and ifnull(partid,0)=" + sqlNumber(line.partId) +
-         " and ifnull(allid,0)=" + sqlNumber(line.allId);
-}
-
-// All of the statements count or none does: an entry that failed is still in its fields and may be
-// saved again. Afterwards the list shows what is stored.
-void frmTrade::change(const std::vector<Sql>& statements) {
+// An entry that failed is still in its fields and may be saved again. Either way the list shows
+// what is stored.
+void frmTrade::change(const std::function<void()>& statements) {
   try {
-    host_->ConQuery("start transaction");
-    for (const Sql& statement : statements) host_->ConQuery(statement);
-    host_->ConQuery("commit");
+    statements();
   } catch (...) {
-    host_->ConQuery("rollback");
     showLines();
     throw;
   }

@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "books/closing_stock.h"
 #include "controls/form.h"
 #include "controls/grid.h"
+#include "controls/lookup_list.h"
 #include "controls/simple.h"
 #include "controls/text_box.h"
 #include "ports/ports.h"
@@ -20,7 +22,7 @@ class frmTrade : public Form, public StockForm {
  public:
   frmTrade(Desk& desk, Dialogs& dialogs);
 
-  Grid vsf{*this, "vsf"};  // "Particulars", "Group", "Amount"; hidden "PartId", "AllId"
+  Grid vsf{*this, "vsf"};  // "Particulars", "Group", "Amount"
   TextBox txtpart{*this, "txtpart"};
   TextBox txtgroup{*this, "txtgroup"};
   TextBox txtamount{*this, "txtamount"};
@@ -40,36 +42,27 @@ class frmTrade : public Form, public StockForm {
   void load() override;
 
  private:
-  struct Pair {
-    long partId = 0;
-    long allId = 0;
-    bool operator==(const Pair&) const = default;
-  };
-
   void attachEntry();
-  void attachList(TextBox& box, Grid& list);
+  void attachList(TextBox& box, LookupList& list);
   void formKey(Key& key);
-  void fillGroups();
-  void fillLedgers();
   void showLines();
   void alterLine();
   void deleteLine();
   void saveLine();
+  // The group typed; the beginning of its name stands for the name. Null when there is none.
+  const NameList::Entry* typedGroup() const;
   void clearEntry();
   bool entering() const;
-  std::optional<std::string> knownGroup() const;
-  double merged(Pair line, double amount);
-  Sql removal(Pair line) const;
-  void change(const std::vector<Sql>& statements);
-  RecordsetPtr query(const Sql& sql);
-  Sql where(Pair line) const;
-  Answer ask(const std::string& text, Buttons buttons, Icon icon);
+  void change(const std::function<void()>& statements);
+  Answer ask(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::information);
 
   Dialogs& dialogs_;
+  LookupList ledgers_{vsfp, LookupList::Shows::allNames};
+  LookupList groups_{vsfg, LookupList::Shows::allNames};
   ServiceObject* host_ = nullptr;  // from LoadData on
-  Sql client_;                     // as it stands between quotes
-  Sql table_;
-  std::optional<Pair> altered_;
+  std::optional<ClosingStock> stock_;
+  std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
+  std::optional<LedgerGroup> altered_;
 };
 
 // The component through which the module comes by the form.

@@ -24,6 +24,14 @@ const std::string& AccountGroups::name(long id) const {
   return found == byId_.end() ? none : found->second;
 }
 
+std::vector<long> groupIds(ServiceObject& host, const std::string& name) {
+  const auto rows =
+      host.query("SELECT ALLID FROM MAST_ALLGRP WHERE ALLGRP='" + host.escaped(name) + "'");
+  std::vector<long> ids;
+  for (; !rows->EOF_(); rows->MoveNext()) ids.push_back(rows->integer("AllId"));
+  return ids;
+}
+
 long grandGroupOf(ServiceObject& host, const std::string& name) {
   const auto row =
       host.query("select mast_gunder.ggid from mast_gunder,mast_allgrp where mast_allgrp.allgrp='" +

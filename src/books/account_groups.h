@@ -4,6 +4,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "data/name_list.h"
 #include "ports/ports.h"
@@ -26,6 +27,9 @@ class AccountGroups {
   NameList names_;
   std::unordered_map<long, std::string> byId_;
 };
+
+// The groups that the database finds by that name; it takes more names for the same than a person.
+std::vector<long> groupIds(ServiceObject& host, const std::string& name);
 
 // The number of the grand group that the group of that name stands in (1 and 4 are debit by nature,
 // 2 and 3 credit); 0 when there is no such group.

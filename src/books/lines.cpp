@@ -46,7 +46,7 @@ std::vector<Line> readLines(Recordset& rows) {
   const int amount = rows.column("amt");
   const int nid = rows.column("nid");
   std::vector<Line> lines;
-  lines.reserve(static_cast<std::size_t>(rows.RecordCount()));
+  lines.reserve(rows.RecordCount());
   for (; !rows.EOF_(); rows.MoveNext()) {
     lines.push_back({rows.integer(srno), rows.integer(partId), rows.integer(allId),
                      rows.number(amount), rows.integer(nid)});
@@ -78,6 +78,13 @@ std::vector<Entry> pairLines(const std::vector<Line>& current, const std::vector
     entries.emplace_back().line[1] = line;
   }
   return entries;
+}
+
+void fillNames(std::vector<Entry>& entries, ServiceObject& host, const AccountGroups& groups) {
+  for (Entry& entry : entries) {
+    entry.particular = host.GetPart_MastPartId(entry.any().partId);
+    entry.group = groups.name(entry.any().allId);
+  }
 }
 
 void sortEntries(std::vector<Entry>& entries, SortOption option) {

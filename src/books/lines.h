@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "books/account_groups.h"
 #include "ports/ports.h"
 
 namespace quillet {
@@ -21,6 +22,8 @@ struct Line {
   long nid = debit;
 
   bool isCredit() const { return nid == credit; }
+  // Only 2 is credit, whatever else a row may hold.
+  const char* side() const { return isCredit() ? "CR" : "DR"; }
   double balance() const { return isCredit() ? -amount : amount; }
   bool operator==(const Line&) const = default;
 };
@@ -51,6 +54,8 @@ std::vector<Line> readLines(Recordset& rows);
 // Lines of the same particular and group stand in one entry; several of the same pair are matched
 // in their order. The current year's come first, then what only the previous year has.
 std::vector<Entry> pairLines(const std::vector<Line>& current, const std::vector<Line>& previous);
+
+void fillNames(std::vector<Entry>& entries, ServiceObject& host, const AccountGroups& groups);
 
 // Orders the entries, whose names must be filled in; equal ones keep their order.
 void sortEntries(std::vector<Entry>& entries, SortOption option);

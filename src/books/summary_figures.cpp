@@ -3,8 +3,17 @@
 #include <cmath>
 #include <initializer_list>
 
+#include "books/lines.h"
+#include "data/sql.h"
+
 namespace quillet {
 namespace {
+
+using enum PrimaryGroup;
+
+constexpr auto currentAssetGroups = {closingStock, debtors, cashAndBank, otherCurrentAssets,
+                                     loansAndAdvances};
+constexpr auto currentLiabilityGroups = {currentLiabilities, provisions};
 
 // Sums of amounts in binary may miss zero by a trifle; no balance is smaller than half a paisa.
 bool isZero(double amount) { return std::fabs(amount) < 0.005; }
@@ -16,43 +25,73 @@ std::optional<double> ratio(double part, double whole, double scale) {
 
 }  // namespace
 
+Balances readBalances(ServiceObject& host, const ClientTable& books) {
+  const Sql table = sqlName(books.table);
+  const Sql client = host.escaped(books.client);
+  const auto balance = [&](int group, const Sql& only) {
+    const auto rows = host.query("Select sum(amt),nid from " + table +
+                                 ",mast_allgrp Where mast_allgrp.gid=" + sqlNumber(group) + only +
+                                 " and " + table + ".allid=mast_allgrp.allid and " + table +
+                                 ".Code_No='" + client + "' group by nid");
+    double sum = 0;
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      if (rows->integer(1) == debit) sum += rows->number(0);
+      if (rows->integer(1) == credit) sum -= rows->number(0);
+    }
+    return sum;
+  };
+  Balances balances;
+  for (int group = 1; group <= summaryGroups; ++group) balances.group[group] = balance(group, "");
+  balances.appropriations = balance(splitGroup, " and mast_allgrp.allgrp<>'DEPRECIATION'");
+  balances.depreciation = balance(splitGroup, " and mast_allgrp.allgrp='DEPRECIATION'");
+  return balances;
+}
+
 std::array<SummaryRow, summaryRows> summaryOf(const Balances& balances) {
-  const auto sum = [&](std::initializer_list<int> groups) {
+  const auto sum = [&](std::initializer_list<PrimaryGroup> groups) {
     double total = 0;
-    for (const int group : groups) total += balances.group[static_cast<std::size_t>(group)];
+    for (const PrimaryGroup group : groups) total += balances.of(group);
     return total;
   };
   const double stock = balances.closingStock;
-  const double sales = sum({15});
-  const double costOfGoods = sum({18, 19, 20, 16}) - stock;
-  const double expenses = sum({21, 22, 23, 24, 25, 26}) + balances.appropriations;
+  const double turnover = balances.of(sales);
+  const double costOfGoods =
+      sum({openingStock, purchases, manufacturingExpenses, directExpenses}) - stock;
+  const double expenses = sum({employeeCosts, administrativeExpenses, sellingExpenses, financeCosts,
+                               ratesAndTaxes, otherExpenses}) +
+                          balances.appropriations;
   // Profits are credits: negative until they are shown.
-  const double gross = costOfGoods + sales;
-  const double net = gross + expenses + sum({17});
+  const double gross = costOfGoods + turnover;
+  const double net = gross + expenses + balances.of(otherIncomes);
   const double transferred = net + balances.depreciation;
-  const double assets = sum({5, 6, 7, 8, 9, 10, 11, 14, 27}) + stock;
-  const double liabilities = -(transferred + sum({1, 2, 3, 4, 12, 13, 28}));
-  const double currentAssets = sum({7, 8, 9, 10, 11}) + stock;
-  const double currentLiabilities = -sum({12, 13});
-  return {{{"Opening Stock", sum({18})},
-           {"Purchases", sum({19})},
-           {"Direct Expenses", sum({20, 16})},
+  const double assets =
+      sum({fixedAssets, investments, closingStock, debtors, cashAndBank, otherCurrentAssets,
+           loansAndAdvances, miscellaneousExpenditure, otherAssets}) +
+      stock;
+  const double liabilities =
+      -(transferred + sum({capital, reserves, securedLoans, unsecuredLoans, currentLiabilities,
+                           provisions, otherLiabilities}));
+  const double assetsInHand = sum(currentAssetGroups) + stock;
+  const double owedSoon = -sum(currentLiabilityGroups);
+  return {{{"Opening Stock", balances.of(openingStock)},
+           {"Purchases", balances.of(purchases)},
+           {"Direct Expenses", sum({manufacturingExpenses, directExpenses})},
            {"Less : Closing Stock", stock},
            {"Cost of Goods Sold", costOfGoods, true},
-           {"Sales", -sales},
+           {"Sales", -turnover},
            {"Gross Profit/(Loss)", -gross, true},
            {"Expenses", expenses},
-           {"Incomes", -sum({17})},
+           {"Incomes", -balances.of(otherIncomes)},
            {"Net Profit/(Loss)", -net, true},
            {"Profit Tr. to B/S", -transferred, true},
            {"Total Assets", assets, true},
            {"Total Liabilities", liabilities, true},
-           {"Current Assets", currentAssets},
-           {"Current Liabilities", currentLiabilities},
-           {"Working Capital", currentAssets - currentLiabilities, true},
-           {"GP Rate", ratio(-gross, -sales, 100)},
-           {"NP Rate", ratio(-transferred, -sales, 100)},
-           {"Current Ratio", ratio(currentAssets, currentLiabilities, 1)}}};
+           {"Current Assets", assetsInHand},
+           {"Current Liabilities", owedSoon},
+           {"Working Capital", assetsInHand - owedSoon, true},
+           {"GP Rate", ratio(-gross, -turnover, 100)},
+           {"NP Rate", ratio(-transferred, -turnover, 100)},
+           {"Current Ratio", ratio(assetsInHand, owedSoon, 1)}}};
 }
 
 }  // namespace quillet

@@ -6,18 +6,28 @@
 #include <optional>
 #include <string_view>
 
+#include "books/primary_groups.h"
+#include "books/unposted_changes.h"
+#include "ports/ports.h"
+
 namespace quillet {
 
-inline constexpr int summaryGroups = 28;  // primary groups summed one by one
-inline constexpr int splitGroup = 29;     // the one that depreciation is kept apart in
+// Primary groups summed one by one, and the one behind them that depreciation is kept apart in.
+inline constexpr int summaryGroups = static_cast<int>(PrimaryGroup::otherLiabilities);
+inline constexpr int splitGroup = static_cast<int>(PrimaryGroup::appropriations);
 
 // Signed balances of one year: debit is positive, credit negative.
 struct Balances {
   std::array<double, summaryGroups + 1> group{};  // by the primary group's number, from 1
-  double appropriations = 0;                      // of group 29, depreciation left out
-  double depreciation = 0;                        // of group 29, depreciation alone
+  double appropriations = 0;                      // depreciation left out
+  double depreciation = 0;
   double closingStock = 0;
+
+  double of(PrimaryGroup primary) const { return group[static_cast<int>(primary)]; }
 };
+
+// The balances in the year's table; the closing stock is kept elsewhere (books/closing_stock.h).
+Balances readBalances(ServiceObject& host, const ClientTable& books);
 
 struct SummaryRow {
   std::string_view caption;

@@ -1,5 +1,7 @@
 #include "books/trial_balance.h"
 
+#include <algorithm>
+
 namespace quillet {
 
 TrialBalance::TrialBalance(ServiceObject& host, const ClientTable& books)
@@ -7,6 +9,8 @@ TrialBalance::TrialBalance(ServiceObject& host, const ClientTable& books)
       books_(books),
       table_(sqlName(books.table)),
       client_(host.escaped(books.client)) {}
+
+// --- reading ------------------------------------------------------------------------------------
 
 std::vector<Line> TrialBalance::lines() {
   return readLines(*host_.query("Select * From " + table_ + " where code_no='" + client_ + "'"));
@@ -22,6 +26,24 @@ std::vector<Line> TrialBalance::linesOf(LedgerGroup pair, Spelling spelling) {
                                           "' and PartId=" + partId + " and allid=" + allId));
 }
 
+std::vector<Line> TrialBalance::linesOfGroup(long allId, long side) {
+  return readLines(*host_.query("Select " + table_ + ".* from " + table_ +
+                                " LEFT JOIN mast_allgrp on " + table_ +
+                                ".allid=mast_allgrp.allid where " + table_ + ".code_no='" +
+                                client_ + "' and mast_allgrp.allid=" + sqlNumber(allId) + " and " +
+                                table_ + ".nid=" + sqlNumber(side)));
+}
+
+std::vector<NamedId> TrialBalance::groups() {
+  const auto rows =
+      host_.query("Select distinct mast_allgrp.allid, mast_allgrp.allgrp from " + table_ +
+                  " INNER JOIN mast_allgrp on " + table_ + ".allid=mast_allgrp.allid and " +
+                  table_ + ".code_no = '" + client_ + "' order by allgrp");
+  std::vector<NamedId> groups;
+  for (; !rows->EOF_(); rows->MoveNext()) groups.push_back({rows->integer(0), rows->text(1)});
+  return groups;
+}
+
 long TrialBalance::nextSerial() {
   return host_
              .query("select max(srno) as maxsr from " + table_ + " where code_no = '" + client_ +
@@ -30,10 +52,45 @@ long TrialBalance::nextSerial() {
          1;
 }
 
+// --- changes ------------------------------------------------------------------------------------
+
 void TrialBalance::insert(const Line& line) {
   host_.ConQuery("insert into " + table_ + " values(" + sqlNumber(line.srno) + ",'" + client_ +
                  "'," + sqlNumber(line.partId) + "," + sqlNumber(line.allId) + "," +
                  sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")");
+}
+
+void TrialBalance::takeOut(const Line& line, const std::vector<Line>& lines) {
+  host_.ConQuery("Delete from " + table_ + rowOf(line, lines));
+}
+
+void TrialBalance::remove(const Line& line, const std::vector<Line>& lines) {
+  host_.change("delete from " + table_ + rowOf(line, lines));
+}
+
+void TrialBalance::moveTo(long allId, const Line& line, const std::vector<Line>& lines) {
+  host_.change("Update " + table_ + " set allid=" + sqlNumber(allId) + rowOf(line, lines),
+               "Flush Tables");
+}
+
+void TrialBalance::copyFrom(const TrialBalance& other) {
+  host_.change("Insert into " + table_ + " select * from " + other.table_ + " where code_no='" +
+                   client_ + "'",
+               "Flush Tables");
+}
+
+// What picks the line's row: its serial number, and all that it holds where it has none, shares it,
+// or may share it since it is not among the lines.
+Sql TrialBalance::rowOf(const Line& line, const std::vector<Line>& lines) const {
+  const Sql ofClient = " where code_no='" + client_ + "' and ";
+  const auto sharing = std::count_if(lines.begin(), lines.end(),
+                                     [&](const Line& other) { return other.srno == line.srno; });
+  if (line.srno != 0 && sharing == 1) return ofClient + "srno=" + sqlNumber(line.srno);
+  return ofClient + "ifnull(srno,0)=" + sqlNumber(line.srno) +
+         " and ifnull(partid,0)=" + sqlNumber(line.partId) +
+         " and ifnull(allid,0)=" + sqlNumber(line.allId) +
+         " and ifnull(amt,0)=" + sqlNumber(line.amount) +
+         " and ifnull(nid,0)=" + sqlNumber(line.nid) + " limit 1";
 }
 
 }  // namespace quillet

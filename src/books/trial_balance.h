@@ -7,6 +7,7 @@
 #include "books/lines.h"
 #include "books/unposted_changes.h"
 #include "data/money.h"
+#include "data/names.h"
 #include "ports/ports.h"
 
 namespace quillet {
@@ -24,13 +25,30 @@ class TrialBalance {
   // code_no as it stands between quotes.
   const Sql& client() const { return client_; }
 
-  // In the order of their serial numbers.
+  // --- reading; lines come in the order of their serial numbers
+
   std::vector<Line> lines();
   std::vector<Line> linesOf(LedgerGroup pair, Spelling spelling);
+  std::vector<Line> linesOfGroup(long allId, long side);
+  // The account groups that the lines use, ordered by name.
+  std::vector<NamedId> groups();
   long nextSerial();
+
+  // --- changes
+
+  // Not flushed: from here on the line is stored, even if the flush fails.
   void insert(const Line& line);
+  // A line is picked out of the client's lines as they were read last. Not flushed.
+  void takeOut(const Line& line, const std::vector<Line>& lines);
+  // The same, flushed.
+  void remove(const Line& line, const std::vector<Line>& lines);
+  void moveTo(long allId, const Line& line, const std::vector<Line>& lines);
+  // Copies the client's lines of another year with their serial numbers.
+  void copyFrom(const TrialBalance& other);
 
  private:
+  Sql rowOf(const Line& line, const std::vector<Line>& lines) const;
+
   ServiceObject& host_;
   ClientTable books_;
   Sql table_;

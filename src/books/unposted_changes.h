@@ -15,10 +15,10 @@
 // meanwhile keeps what was done to it, and the amount is added to that.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <map>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -27,9 +27,7 @@ namespace quillet {
 struct LedgerGroup {
   long partId = 0;
   long allId = 0;
-  bool operator<(const LedgerGroup& other) const {
-    return std::tie(partId, allId) < std::tie(other.partId, other.allId);
-  }
+  auto operator<=>(const LedgerGroup&) const = default;
 };
 
 // The rows of one client in a trial balance's table.

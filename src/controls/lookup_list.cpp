@@ -41,6 +41,12 @@ void LookupList::follow(std::string_view text) {
   show();
 }
 
+void LookupList::open() {
+  show();
+  box().selectAll();
+  box().Change();
+}
+
 bool LookupList::moveBy(Key& key) {
   if (!visible()) {
     const NameList::Entry* standing = names_.find(box().text());
@@ -54,6 +60,14 @@ bool LookupList::moveBy(Key& key) {
 
 const NameList::Entry* LookupList::current() const {
   return grid_.current() == 0 ? nullptr : rows_[grid_.currentId() - 1];
+}
+
+void LookupList::take() {
+  if (!current()) return;
+  // A copy: the box's Change may make the rows anew.
+  const std::string name = current()->name;
+  box().setText(name);
+  box().selectAll();
 }
 
 }  // namespace quillet

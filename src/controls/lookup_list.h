@@ -25,6 +25,8 @@ class LookupList {
   };
 
   LookupList(Grid& grid, Shows shows);
+  LookupList(const LookupList&) = delete;
+  LookupList& operator=(const LookupList&) = delete;
 
   // The names, ordered.
   void fill(NameList names);
@@ -35,6 +37,9 @@ class LookupList {
   // The list belongs to that box from now on; shown is another matter.
   void serve(TextBox& box) { grid_.dropOf = &box; }
   TextBox& box() const { return static_cast<TextBox&>(*grid_.dropOf); }
+  // The box gets the focus: its text is selected, and the list shows what goes with it, by way of
+  // the box's Change.
+  void open();
   void show() { grid_.setVisible(true); }
   void hide() { grid_.setVisible(false); }
   bool visible() const { return grid_.visible(); }
@@ -46,6 +51,8 @@ class LookupList {
   bool moveBy(Key& key);
   // The current row's name; null when there is none.
   const NameList::Entry* current() const;
+  // Writes it into the box, selected.
+  void take();
 
  private:
   void showRows(std::vector<const NameList::Entry*> rows);

@@ -14,6 +14,12 @@ void TextBox::setText(std::string text) {
   assign(std::move(text), end);
 }
 
+void TextBox::makeFigure() {
+  rightAligned = true;
+  tabStop = false;
+  setLocked(true);
+}
+
 void TextBox::setLocked(bool locked) {
   if (locked == locked_) return;
   locked_ = locked;

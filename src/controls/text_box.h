@@ -25,6 +25,8 @@ class TextBox : public Control {
   // Can be read and copied but not edited.
   bool locked() const { return locked_; }
   void setLocked(bool locked);
+  // For a figure that procedures work out: right-aligned, locked, left out of the tab order.
+  void makeFigure();
 
   bool takesFocus() const override { return true; }
   bool act(Key key) override;

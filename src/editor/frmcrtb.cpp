@@ -1,13 +1,14 @@
 #include "editor/frmcrtb.h"
 
-#include "data/sql.h"
+#include <initializer_list>
+
+#include "books/clients.h"
 
 namespace quillet {
 namespace {
 
-// What Mast_Part.Particular and Mast_AllGrp.ALLGRP hold.
-constexpr std::size_t nameLength = 100;
-constexpr std::size_t amountLength = 20;
+using enum TwoYears::Year;
+
 constexpr int amountWidth = 18;
 
 }  // namespace
@@ -17,38 +18,51 @@ frmcrtb& theEditor(Context& context) {
   return static_cast<frmcrtb&>(*context.editorForm);
 }
 
-frmcrtb::frmcrtb(Context& context) : Form(context.desk, "frmcrtb"), context_(context) {
+frmcrtb::frmcrtb(Context& context)
+    : Form(context.desk, "frmcrtb"),
+      books_(context),
+      lines_(vsfm, *context.host),
+      entry_(*this, books_),
+      saver_(*this, books_, entry_, lines_),
+      groupPage_(*this, books_, saver_),
+      summaryPage_(*this, books_),
+      printouts_(*this, books_, lines_, summaryPage_),
+      export_(*this, books_, lines_) {
   attachMenus();
-  attachGrids();
-  attachEntry();
-  attachGroupView();
-  attachSummary();
-  attachPrinting();
-  attachExport();
+  attachLines();
+  attachTotals();
   showPage(famLines);
 }
 
 void frmcrtb::showYear(const std::string& clientName) {
   if (!close()) return;
-  namedCode_ = context_.clientCode;
-  clientName_ = clientName;
+  books_.years.setClient(books_.context.clientCode, clientName);
   show();
 }
 
 bool frmcrtb::shows(const std::string& clientCode, const std::string& table) const {
-  return visible() && namedCode_ == clientCode &&
-         (tables_[current] == table || tables_[previous] == table);
+  const TwoYears& years = books_.years;
+  return visible() && years.client() == clientCode &&
+         (years.table(current) == table || years.table(previous) == table);
 }
+
+std::string frmcrtb::subject() const {
+  const TwoYears& years = books_.years;
+  const YearKeys keys = years.keys(years.yearInView());
+  return subjectOf(years.clientName(), years.client(), keys.first, keys.second);
+}
+
+// --- what the controls do -----------------------------------------------------------------------
 
 void frmcrtb::attachMenus() {
   mnuinsert.Click = [this] { MNUINSERT_CLICK(); };
   mnualter.Click = [this] { MNUALTER_CLICK(); };
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
-  mnuexit.Click = [this] { MNUEXIT_CLICK(); };
+  mnuexit.Click = [this] { close(); };
   mnujournal.Click = [this] { MNUJOURNAL_CLICK(); };
   mnunewgroup.Click = [this] { MNUNEWGROUP_CLICK(); };
   cmdgrpmanf.Click = [this] { CMDGRPMANF_CLICK(); };
-  mnurefresh.Click = [this] { REFRESHTB(); };
+  on(mnurefresh.Click, "REFRESHTB", [this] { REFRESHTB(); });
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };
   mhelp.Click = [this] { MHELP_CLICK(); };
@@ -60,75 +74,54 @@ void frmcrtb::attachMenus() {
   }
 }
 
-void frmcrtb::attachGrids() {
-  vsfm.AfterSort = [this] { VSFM_AFTERSORT(); };
-  vsfm.RowColChange = [this] { VSFM_ROWCOLCHANGE(); };
-  vsfm.KeyDown = [this](Key& key) { VSFM_KEYDOWN(key); };
-  vsfm.DblClick = [this] { MNUALTER_CLICK(); };
-  vsfm.Popup = [this] { popup(); };
+void frmcrtb::attachLines() {
   vsfm.zebra = true;
-}
-
-void frmcrtb::attachEntry() {
-  for (TextBox* name : {&txtpart, &txtgroup}) name->maxLength = nameLength;
-  txtamount.maxLength = amountLength;
-  txtamount.rightAligned = true;
-  txtdrcr.maxLength = 2;
-  txtpart.Overflow = [this] { hint("A ledger name holds at most 100 characters."); };
-  txtgroup.Overflow = [this] { hint("A group name holds at most 100 characters."); };
-  txtamount.Overflow = [this] { hint("An amount holds at most 20 characters."); };
-
-  txtpart.GotFocus = [this] { TXTPART_GOTFOCUS(); };
-  txtpart.Change = [this] { TXTPART_CHANGE(); };
-  txtpart.KeyDown = [this](Key& key) { TXTPART_KEYDOWN(key); };
-  txtpart.KeyPress = [this](Key& key) { TXTPART_KEYPRESS(key); };
-  txtpart.LostFocus = [this] { TXTPART_LOSTFOCUS(); };
-  txtgroup.GotFocus = [this] { TXTGROUP_GOTFOCUS(); };
-  txtgroup.Change = [this] { TXTGROUP_CHANGE(); };
-  txtgroup.KeyDown = [this](Key& key) { TXTGROUP_KEYDOWN(key); };
-  txtgroup.KeyPress = [this](Key& key) { TXTGROUP_KEYPRESS(key); };
-  txtgroup.LostFocus = [this] { TXTGROUP_LOSTFOCUS(); };
-  txtamount.GotFocus = [this] { TXTAMOUNT_GOTFOCUS(); };
-  txtamount.KeyPress = [this](Key& key) { TXTAMOUNT_KEYPRESS(key); };
-  txtamount.LostFocus = [this] { TXTAMOUNT_LOSTFOCUS(); };
-  txtdrcr.GotFocus = [this] { TXTDRCR_GOTFOCUS(); };
-  txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
-  txtdrcr.Validate = [this](bool& cancel) { TXTDRCR_VALIDATE(cancel); };
-
-  for (Grid* list : {&vsfp, &vsfg}) {
-    list->setColumns(
-        {{.heading = "Name", .width = 40, .stretch = true}, {.heading = "Id", .hidden = true}});
-    list->setVisible(false);
-  }
-  vsfp.dropOf = &txtpart;
-  vsfp.DblClick = [this] { pickFromList(txtpart, vsfp); };
-  vsfg.dropOf = &txtgroup;
-  vsfg.DblClick = [this] { pickFromList(txtgroup, vsfg); };
-  // Escape gives the entry up from any of its fields, and leads back to the lines.
-  KeyPress = [this](Key& key) {
-    const bool entering = active() == &txtpart || active() == &txtgroup || active() == &txtamount ||
-                          active() == &txtdrcr;
-    if (key != keys::Escape || (!entering && famLines.visible())) return;
-    key = keys::none;
-    if (famGroups.visible()) MNUGROUP_CLICK();
-    if (famSummary.visible()) MNUSHSUMM_CLICK();
-    leaveEntry();
+  vsfm.AfterSort = [this] { SETBUTTON(); };
+  vsfm.RowColChange = [this] { SETBUTTON(); };
+  vsfm.KeyDown = [this](Key& key) { VSFM_KEYDOWN(key); };
+  on(vsfm.DblClick, "MNUALTER_CLICK", [this] { MNUALTER_CLICK(); });
+  vsfm.Popup = [this] {
+    MenuEntry* const entries[] = {&mnuinsert, &mnualter, &mnudelete};
+    const int chosen = books_.host().PopupMenuObj().choose(
+        {mnuinsert.caption(), mnualter.caption(), mnudelete.caption()});
+    if (chosen >= 1 && chosen <= 3) click(*entries[chosen - 1]);
   };
-
-  for (auto* boxes : {&txttotdeb, &txttotcr}) {
-    for (auto& box : *boxes) {
-      box->rightAligned = true;
-      box->setLocked(true);
-      box->tabStop = false;
-    }
-  }
-  for (TextBox* box : {&txtdiff, &txtdifft}) {
-    box->setLocked(true);
-    box->tabStop = false;
-  }
-  txtdiff.rightAligned = true;
+  txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
+  KeyPress = [this](Key& key) { formKey(key); };
   lblhint.quiet = true;
 }
+
+void frmcrtb::attachTotals() {
+  for (auto* totals : {&txttotdeb, &txttotcr}) {
+    for (auto& total : *totals) total->makeFigure();
+  }
+  txtdiff.makeFigure();
+  txtdifft.setLocked(true);
+  txtdifft.tabStop = false;
+}
+
+void frmcrtb::VSFM_KEYDOWN(Key& key) {
+  if (key != keys::Enter && key != keys::Delete) return;
+  MenuEntry& command = key == keys::Enter ? mnualter : mnudelete;
+  key = keys::none;
+  click(command);
+}
+
+// Escape gives the entry up from any of its fields, and leads back to the lines.
+void frmcrtb::formKey(Key& key) {
+  if (key != keys::Escape || (!entry_.contains(active()) && famLines.visible())) return;
+  key = keys::none;
+  if (famGroups.visible()) mnugroup.Click();
+  if (famSummary.visible()) mnushsumm.Click();
+  leaveEntry();
+}
+
+void frmcrtb::MHELP_CLICK() {
+  books_.host().helpid("2-2-1");
+  books_.host().ObjHelp().Show();
+}
+
+// --- what it looks like -------------------------------------------------------------------------
 
 Node frmcrtb::layout() {
   const Node entry = row({field("&Particulars", txtpart, 36, 3), field("&Group", txtgroup, 28, 2),
@@ -142,8 +135,8 @@ Node frmcrtb::layout() {
       column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
                           item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
-                        framed(famGroups, {groupArrangement()}, 1),
-                        framed(famSummary, {summaryArrangement()}, 1)}),
+                        framed(famGroups, {groupPage_.arrangement()}, 1),
+                        framed(famSummary, {summaryPage_.arrangement()}, 1)}),
                  row({column({totals(0), totals(1)}), gap(), result})});
 }
 
@@ -153,17 +146,39 @@ void frmcrtb::showPage(Frame& page) {
   mnushsumm.setChecked(famSummary.visible());
 }
 
-// With nothing else to say it tells why there are no lines.
 void frmcrtb::hint(const std::string& text) {
-  const bool missing = text.empty() && hasTable() && !linesRead_;
+  const bool missing = text.empty() && books_.years.hasTable() && !books_.years.linesRead();
   lblhint.setCaption(missing ? unread : text);
 }
 
-void frmcrtb::popup() {
-  const int chosen = context_.host->PopupMenuObj().choose(
-      {mnuinsert.caption(), mnualter.caption(), mnudelete.caption()});
-  MenuEntry* entries[] = {&mnuinsert, &mnualter, &mnudelete};
-  if (chosen >= 1 && chosen <= 3) click(*entries[chosen - 1]);
+void frmcrtb::SETBUTTON() {
+  trap("SETBUTTON", [&] {
+    const bool table = books_.years.hasTable();
+    const bool lines = table && famLines.visible();
+    const bool selected = lines && vsfm.current() > 0;
+    mnuinsert.setEnabled(lines);
+    mnualter.setEnabled(selected);
+    mnudelete.setEnabled(selected);
+    for (Control* command : std::initializer_list<Control*>{
+             &mnugroup, &mnushsumm, &mnuprnsumm, &mnujournal, &mnunewgroup, &cmdgrpmanf}) {
+      command->setEnabled(table);
+    }
+    const bool read = table && books_.years.linesRead() && groupsRead_;
+    for (Control* command : std::initializer_list<Control*>{&mnuPreview, &mnuexport, &cmdexport}) {
+      command->setEnabled(read);
+    }
+    entry_.enable(table);
+    groupPage_.setButtons();
+  });
+}
+
+void frmcrtb::SETBUTTONS() {
+  trap("SETBUTTONS", [&] {
+    const bool both = books_.years.view() == TwoYears::View::both;
+    cmdclstock[0].setCaption(both ? "Closing &Stock (Curr)" : "Closing &Stock");
+    cmdclstock[1].setVisible(both);
+    for (auto& button : cmdclstock) button->setEnabled(books_.years.hasTable());
+  });
 }
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "data/table_names.h"
 #include "forms/editor_fixture.h"
 #include "support/recording_reporter.h"
 

@@ -1,8 +1,8 @@
-// The editor's export: the lines that the grid shows, written into a copy of a template workbook.
-#include <chrono>
-#include <filesystem>
+#include "editor/workbook_export.h"
 
-#include "books/amount.h"
+#include <algorithm>
+#include <chrono>
+
 #include "data/paths.h"
 #include "data/text.h"
 #include "data/year.h"
@@ -15,9 +15,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* boxTitle = "Trial Balance";
-constexpr const char* sheetName = "TB";
+constexpr const char* lineSheet = "TB";
 constexpr int firstRow = 2;  // below the template's headings
-
+constexpr int debitColumn = 4;
+constexpr int creditColumn = 5;
 constexpr const char* ending = ".xls";
 
 // A name that has another ending, or a point, keeps it in front of ours.
@@ -114,45 +115,43 @@ class WorkingCopy {
 
 }  // namespace
 
-void frmcrtb::attachExport() {
-  mnuexport.Click = [this] { CMDEXPORT_CLICK(); };
-  cmdexport.Click = [this] { CMDEXPORT_CLICK(); };
+WorkbookExport::WorkbookExport(frmcrtb& form, OpenBooks& books, const LinesGrid& lines)
+    : form_(form), books_(books), lines_(lines) {
+  frmcrtb::on(form.mnuexport.Click, "CMDEXPORT_CLICK", [this] { CMDEXPORT_CLICK(); });
+  form.cmdexport.Click = [this] { CMDEXPORT_CLICK(); };
 }
 
-void frmcrtb::CMDEXPORT_CLICK() {
-  trap("CMDEXPORT_CLICK", [&] {
-    const fs::path source = below(context_.host->ExePath(), "\\Databases\\ORVO_TB.xls");
-    if (!fs::exists(source)) {
-      tell(context_, "Missing Source File.");
-      return;
-    }
-    const int firstYear = yearOf(firstDate_) - (yearInView() == previous ? 1 : 0);
-    const std::string ownName = asFileName(namedCode_ + " " + shortYearText(firstYear) + ending);
-    const auto target =
-        chosenTarget(context_, source, below(context_.host->DocPath(), "\\" + ownName));
-    if (target) tell(context_, exportTo(source, *target));
-  });
+void WorkbookExport::CMDEXPORT_CLICK() {
+  const fs::path source = below(books_.host().ExePath(), "\\Databases\\ORVO_TB.xls");
+  if (!fs::exists(source)) {
+    tell(books_.context, "Missing Source File.");
+    return;
+  }
+  const TwoYears& years = books_.years;
+  const int firstYear = yearOf(years.keys(years.yearInView()).first);
+  const std::string ownName = asFileName(years.client() + " " + shortYearText(firstYear) + ending);
+  const auto target =
+      chosenTarget(books_.context, source, below(books_.host().DocPath(), "\\" + ownName));
+  if (target) tell(books_.context, exportTo(source, *target));
 }
 
 // Returns what is to be told about how it went.
-std::string frmcrtb::exportTo(const fs::path& source, const fs::path& target) {
+std::string WorkbookExport::exportTo(const fs::path& source, const fs::path& target) {
   const std::string name = textOf(target);
   try {
-    const Busy busy(*context_.host, "Exporting to " + name + "....");
+    const Busy busy(books_.host(), "Exporting to " + name + "....");
     // The spreadsheet program need not run in our folder.
     WorkingCopy copy(fs::absolute(target));
     copy.fill(source);
-    const auto excel = context_.surroundings.createSpreadsheet();
+    const auto excel = books_.context.surroundings.createSpreadsheet();
     Workbook& workbook = excel->Open(textOf(copy.path()));
     const auto& sheets = workbook.Worksheets();
-    int sheet = 0;
-    while (sheet < static_cast<int>(sheets.size()) &&
-           upperCase(sheets[static_cast<std::size_t>(sheet)]) != sheetName) {
-      ++sheet;
-    }
-    const bool found = sheet < static_cast<int>(sheets.size());
+    const auto sheet = std::find_if(sheets.begin(), sheets.end(), [](const std::string& sheetName) {
+      return upperCase(sheetName) == lineSheet;
+    });
+    const bool found = sheet != sheets.end();
     if (found) {
-      exportRows(workbook, sheet);
+      writeRows(workbook, static_cast<int>(sheet - sheets.begin()));
       workbook.Save();
     }
     workbook.Close();
@@ -165,17 +164,20 @@ std::string frmcrtb::exportTo(const fs::path& source, const fs::path& target) {
   return "Data Successfully Exported to File : " + name;
 }
 
-void frmcrtb::exportRows(Workbook& workbook, int sheet) {
-  Progress& progress = context_.host->objProgress();
-  progress.Max(vsfm.rows());
-  for (int row = 1; row <= vsfm.rows(); ++row) {
-    const ShownLine line = shownLine(row);
+void WorkbookExport::writeRows(Workbook& workbook, int sheet) {
+  Progress& progress = books_.host().objProgress();
+  const int rows = form_.vsfm.rows();
+  progress.Max(rows);
+  for (int row = 1; row <= rows; ++row) {
+    const auto [particular, group, line] = lines_.row(row);
     const int at = firstRow + row - 1;
     workbook.Cells(sheet, at, 1, static_cast<double>(row));
-    workbook.Cells(sheet, at, 2, line.particular);
-    workbook.Cells(sheet, at, 3, line.group);
-    if (line.side == "DR") workbook.Cells(sheet, at, 4, shownAmount(line.amount).rupees());
-    if (line.side == "CR") workbook.Cells(sheet, at, 5, shownAmount(line.amount).rupees());
+    workbook.Cells(sheet, at, 2, particular);
+    workbook.Cells(sheet, at, 3, group);
+    if (line) {
+      const int column = line->isCredit() ? creditColumn : debitColumn;
+      workbook.Cells(sheet, at, column, Money::rounded(line->amount).rupees());
+    }
     progress.update_pg();
   }
 }

@@ -1,0 +1,241 @@
+#include "editor/entry_fields.h"
+
+#include <algorithm>
+
+#include "books/amount.h"
+#include "data/names.h"
+#include "data/text.h"
+#include "editor/frmcrtb.h"
+#include "host/meant_name.h"
+
+namespace quillet {
+namespace {
+
+// What Mast_Part.Particular and Mast_AllGrp.ALLGRP hold.
+constexpr int nameLength = 100;
+constexpr int amountLength = 20;
+
+// "DR" or "CR" for a side typed in full or by its first letter, "" for anything else.
+std::string sideOf(std::string_view typed) {
+  const std::string side = upperCase(trimmed(typed));
+  if (side == "D" || side == "DR") return "DR";
+  if (side == "C" || side == "CR") return "CR";
+  return {};
+}
+
+// What was typed as a name: as the list has it where that differs by more than case.
+std::string enteredName(const NameList& names, const std::string& typed) {
+  const std::string name = cleanedName(typed);
+  const NameList::Entry* known = names.find(typed);
+  if (!known) return name;
+  return known->name != typed && equalIgnoringCase(known->name, name) ? name : known->name;
+}
+
+}  // namespace
+
+EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
+    : form_(form),
+      books_(books),
+      ledgers_(form.vsfp, LookupList::Shows::allNames),
+      groups_(form.vsfg, LookupList::Shows::allNames) {
+  form.vsfp.DblClick = [this] { ledgers_.take(); };
+  form.vsfg.DblClick = [this] { groups_.take(); };
+  attachName(form.txtpart, ledgers_);
+  attachName(form.txtgroup, groups_);
+  form.txtpart.Change = [this] {
+    if (!altered_) form_.hint("");
+    ledgers_.follow(form_.txtpart.text());
+  };
+  form.txtpart.LostFocus = [this] { TXTPART_LOSTFOCUS(); };
+  form.txtgroup.LostFocus = [this] { TXTGROUP_LOSTFOCUS(); };
+  form.txtpart.Overflow = [this] { form_.hint("A ledger name holds at most 100 characters."); };
+  form.txtgroup.Overflow = [this] { form_.hint("A group name holds at most 100 characters."); };
+
+  form.txtamount.maxLength = amountLength;
+  form.txtamount.rightAligned = true;
+  form.txtamount.Overflow = [this] { form_.hint("An amount holds at most 20 characters."); };
+  form.txtamount.GotFocus = [this] { form_.txtamount.selectAll(); };
+  form.txtamount.KeyPress = [this](Key& key) { enterIsTab(key); };
+  form.txtamount.LostFocus = [this] { TXTAMOUNT_LOSTFOCUS(); };
+  form.txtdrcr.maxLength = 2;
+  form.txtdrcr.GotFocus = [this] { TXTDRCR_GOTFOCUS(); };
+  form.txtdrcr.Validate = [this](bool& cancel) { TXTDRCR_VALIDATE(cancel); };
+}
+
+// --- the lists ----------------------------------------------------------------------------------
+
+void EntryFields::attachName(TextBox& box, LookupList& list) {
+  box.maxLength = nameLength;
+  list.serve(box);
+  box.GotFocus = [&list] { list.open(); };
+  box.Change = [&box, &list] { list.follow(box.text()); };
+  box.KeyDown = [&list](Key& key) {
+    if ((key == keys::Up || key == keys::Down) && list.moveBy(key)) list.take();
+  };
+  box.KeyPress = [this](Key& key) { enterIsTab(key); };
+}
+
+void EntryFields::hideLists() {
+  ledgers_.hide();
+  groups_.hide();
+}
+
+void EntryFields::enterIsTab(Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  form_.focusNext();
+}
+
+// --- beginning and ending an entry --------------------------------------------------------------
+
+bool EntryFields::contains(const Control* control) const {
+  return control == &form_.txtpart || control == &form_.txtgroup || control == &form_.txtamount ||
+         control == &form_.txtdrcr;
+}
+
+void EntryFields::enable(bool enabled) {
+  for (TextBox* box : {&form_.txtpart, &form_.txtgroup, &form_.txtamount, &form_.txtdrcr}) {
+    box->setEnabled(enabled);
+  }
+}
+
+void EntryFields::empty() {
+  for (TextBox* box : {&form_.txtpart, &form_.txtgroup, &form_.txtamount, &form_.txtdrcr}) {
+    box->setText("");
+  }
+  altered_.reset();
+  form_.hint("");
+}
+
+void EntryFields::alter(const Entry& entry, const YearLine& line) {
+  altered_ = line;
+  alteredGroup_ = entry.group;
+  form_.txtpart.setText(entry.particular);
+  form_.txtgroup.setText(entry.group);
+  form_.txtamount.setText(plainAmount(books_.host(), line.line.amount));
+  form_.txtdrcr.setText(line.line.side());
+}
+
+bool EntryFields::followAltered() {
+  if (!altered_) return true;
+  const std::vector<Line>& lines = books_.years.lines(altered_->year);
+  const auto found = std::find_if(lines.begin(), lines.end(),
+                                  [&](const Line& line) { return isSame(line, altered_->line); });
+  if (found != lines.end()) altered_->line = *found;
+  return found != lines.end();
+}
+
+// --- leaving a field ----------------------------------------------------------------------------
+
+void EntryFields::TXTPART_LOSTFOCUS() {
+  ledgers_.hide();
+  if (leaving_) return;
+  form_.txtpart.setText(enteredName(ledgers_.names(), form_.txtpart.text()));
+  if (form_.txtpart.text().empty()) refuse("Please specify Particulars.");
+}
+
+void EntryFields::TXTGROUP_LOSTFOCUS() {
+  groups_.hide();
+  if (leaving_) return;
+  form_.txtgroup.setText(enteredName(groups_.names(), form_.txtgroup.text()));
+  const std::string typed = form_.txtgroup.text();
+  if (typed.empty()) {
+    refuse("Specify a Group.");
+  } else if (!groups_.names().find(typed)) {
+    // The beginning of a name stands for the name that the list shows for it.
+    if (const NameList::Entry* begun = groups_.names().beginning(typed)) {
+      form_.txtgroup.setText(begun->name);
+    } else {
+      refuse("Group does not Exist.");
+    }
+  }
+}
+
+void EntryFields::TXTAMOUNT_LOSTFOCUS() {
+  TextBox& box = form_.txtamount;
+  if (leaving_ || trimmed(box.text()).empty()) return;
+  if (const auto amount = typedAmount(box.text())) {
+    box.setText(plainAmount(books_.host(), *amount));
+  } else {
+    form_.hint(notAnAmount(box.text()));
+  }
+}
+
+void EntryFields::TXTDRCR_GOTFOCUS() {
+  TextBox& side = form_.txtdrcr;
+  side.selectAll();
+  // A line that stays in its group keeps its side: a debtor in credit is not turned round by
+  // altering its amount.
+  if (altered_ && equalIgnoringCase(form_.txtgroup.text(), alteredGroup_)) return;
+  const long grandGroup = grandGroupOf(books_.host(), form_.txtgroup.text());
+  if (grandGroup == 1 || grandGroup == 4) side.setText("DR");
+  if (grandGroup == 2 || grandGroup == 3) side.setText("CR");
+  side.selectAll();
+}
+
+void EntryFields::TXTDRCR_VALIDATE(bool& cancel) {
+  TextBox& box = form_.txtdrcr;
+  if (leaving_ || box.text().empty()) return;
+  const std::string side = sideOf(box.text());
+  cancel = side.empty();
+  if (cancel) {
+    form_.hint("The side is D for debit or C for credit.");
+  } else {
+    box.setText(side);
+  }
+}
+
+// --- what was typed -----------------------------------------------------------------------------
+
+std::optional<TypedLine> EntryFields::checked() {
+  const std::string side = sideOf(form_.txtdrcr.text());
+  if (side.empty()) {
+    books_.context.MsgBox("Only 'C' or 'c' and 'D' or 'd' are allowed.");
+    return std::nullopt;
+  }
+  const std::string particular = enteredName(ledgers_.names(), form_.txtpart.text());
+  const std::string group = enteredName(groups_.names(), form_.txtgroup.text());
+  const Money amount = typedAmount(form_.txtamount.text()).value_or(Money());
+  if (particular.empty() || group.empty() || amount.isZero()) {
+    books_.context.MsgBox("Cannot save the entry due to invalid data.");
+    return std::nullopt;
+  }
+  if (!groups_.names().find(group)) {
+    refuse("Group does not exist.");
+    return std::nullopt;
+  }
+  const long partId = ledgerId(particular);
+  const long allId = partId == 0 ? 0 : groupId(group);
+  if (allId == 0) return std::nullopt;
+  return TypedLine{{partId, allId}, side == "CR" ? -amount : amount};
+}
+
+long EntryFields::ledgerId(const std::string& name) {
+  const long id = books_.host().GetMax_MastPartId(name);
+  if (id == 0) {
+    refuse("Failed to Create Master [" + name + "].");
+    return 0;
+  }
+  if (!ledgerMeant(books_.host(), books_.context.dialogs, name, id)) {
+    form_.focus(form_.txtpart);
+    form_.hint(chooseAnotherName);
+    return 0;
+  }
+  const std::string known = books_.host().GetPart_MastPartId(id);
+  if (!ledgers_.names().find(known)) ledgers_.add(known, id);
+  return id;
+}
+
+long EntryFields::groupId(const std::string& name) {
+  for (const long id : groupIds(books_.host(), name)) {
+    if (!books_.groups.contains(id) || sameName(books_.groups.name(id), name)) return id;
+  }
+  refuse("Group does not exist.");
+  return 0;
+}
+
+void EntryFields::refuse(const std::string& text) {
+  books_.context.MsgBox(text, Buttons::OK, Icon::information);
+}
+
+}  // namespace quillet

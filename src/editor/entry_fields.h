@@ -1,0 +1,80 @@
+// The editor's four fields for one line - particular, group, amount, side - and the lists under the
+// first two.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "books/two_years.h"
+#include "controls/key.h"
+#include "controls/lookup_list.h"
+#include "data/money.h"
+#include "editor/open_books.h"
+
+namespace quillet {
+
+class frmcrtb;
+
+// What the fields say, once it has passed every check.
+struct TypedLine {
+  LedgerGroup pair;
+  Money amount;  // signed: credit is negative
+};
+
+class EntryFields {
+ public:
+  EntryFields(frmcrtb& form, OpenBooks& books);
+
+  // The lists of names.
+  void offerLedgers(NameList names) { ledgers_.fill(std::move(names)); }
+  void offerGroups(const NameList& names) { groups_.fill(names); }
+  void hideLists();
+
+  bool contains(const Control* control) const;
+  void enable(bool enabled);
+  void empty();
+  // While one lives the entry is being given up: fields that are empty are no mistake.
+  class Leaving {
+   public:
+    explicit Leaving(EntryFields& fields) : leaving_(fields.leaving_) { leaving_ = true; }
+    ~Leaving() { leaving_ = false; }
+    Leaving(const Leaving&) = delete;
+    Leaving& operator=(const Leaving&) = delete;
+
+   private:
+    bool& leaving_;
+  };
+
+  // Shows a line to be altered.
+  void alter(const Entry& entry, const YearLine& line);
+  // Nothing while a new line is entered.
+  const std::optional<YearLine>& altered() const { return altered_; }
+  void endAltering() { altered_.reset(); }
+  // The altered line may have been changed meanwhile; false when it was taken away.
+  bool followAltered();
+
+  // Checks what was typed, and says what is wrong with it. Makes a ledger that is new.
+  std::optional<TypedLine> checked();
+
+ private:
+  void attachName(TextBox& box, LookupList& list);
+  void TXTPART_LOSTFOCUS();
+  void TXTGROUP_LOSTFOCUS();
+  void TXTAMOUNT_LOSTFOCUS();
+  void TXTDRCR_GOTFOCUS();
+  void TXTDRCR_VALIDATE(bool& cancel);
+  void enterIsTab(Key& key);
+  long ledgerId(const std::string& name);
+  long groupId(const std::string& name);
+  void refuse(const std::string& text);
+
+  frmcrtb& form_;
+  OpenBooks& books_;
+  LookupList ledgers_;
+  LookupList groups_;
+  std::optional<YearLine> altered_;
+  std::string alteredGroup_;
+  bool leaving_ = false;
+};
+
+}  // namespace quillet

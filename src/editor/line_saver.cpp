@@ -1,0 +1,113 @@
+#include "editor/line_saver.h"
+
+#include "books/amount.h"
+#include "data/sql.h"
+#include "editor/frmcrtb.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* notSaved = "The line was not saved. Enter tries again.";
+constexpr const char* notReplaced =
+    "The line was not saved. What it replaces is taken out: Enter tries again, Esc puts it back.";
+constexpr const char* notPutBack =
+    "What a save that failed has taken out could not be put back. The next save tries again.";
+
+}  // namespace
+
+LineSaver::LineSaver(frmcrtb& form, OpenBooks& books, EntryFields& entry, LinesGrid& lines)
+    : form_(form),
+      books_(books),
+      entry_(entry),
+      lines_(lines),
+      replacement_(books.host(), books.groups) {}
+
+void LineSaver::save() {
+  const auto typed = entry_.checked();
+  if (!typed || !putBack()) return;
+  const auto& altered = entry_.altered();
+  const TwoYears& years = books_.years;
+  const TwoYears::Year year = altered ? altered->year : years.yearInView();
+  std::optional<YearLine> saved;
+  form_.trap("TXTDRCR_KEYPRESS", [&] {
+    const auto replaced = altered ? std::optional(altered->line) : std::nullopt;
+    const Line line = replacement_.replace(years.books(year), years.lines(year), replaced,
+                                           typed->pair, typed->amount);
+    saved = {year, line};
+    if (line.srno != 0) books_.host().ConQuery(flushTables);
+  });
+  if (saved) {
+    showSaved(*saved);
+  } else {
+    showFailure(year);
+  }
+}
+
+void LineSaver::showSaved(const YearLine& saved) {
+  const bool altering = entry_.altered().has_value();
+  entry_.endAltering();
+  form_.showStored();
+  lines_.select(saved);
+  if (altering) {
+    form_.leaveEntry();
+  } else {
+    form_.MNUINSERT_CLICK();
+  }
+}
+
+// What was typed stays for another attempt.
+void LineSaver::showFailure(TwoYears::Year year) {
+  form_.showStored();
+  if (books_.years.linesRead()) replacement_.setStanding(books_.years.lines(year));
+  form_.hint(complete() ? notSaved : notReplaced);
+}
+
+// --- after a failure ----------------------------------------------------------------------------
+
+bool LineSaver::putBack() {
+  if (complete()) return true;
+  const bool possible = writeBack();
+  if (form_.visible()) form_.showStored();
+  if (!complete()) form_.hint(notPutBack);
+  return possible && complete();
+}
+
+// Lines that have no place in the books any more are forgotten; false then, and after a failure.
+bool LineSaver::writeBack() {
+  bool possible = false;
+  form_.trap("PUTBACK", [&] {
+    const LineReplacement::State state = replacement_.state();
+    possible = state == LineReplacement::State::asLeft;
+    if (state == LineReplacement::State::changed) {
+      tellMissing("The books have changed since. Please enter it again if it is missing.");
+    }
+    if (possible) {
+      replacement_.putBack();
+    } else {
+      replacement_.forget();
+    }
+  });
+  return possible;
+}
+
+bool LineSaver::mayChangeLines() {
+  if (!complete()) tellMissing("It could not be written back. Please try again.");
+  return complete();
+}
+
+void LineSaver::close() {
+  if (!complete()) writeBack();
+  if (!complete()) tellMissing("It could not be written back. Opening the editor tries again.");
+}
+
+void LineSaver::tellMissing(const std::string& outcome) {
+  std::string text;
+  for (const Line& line : replacement_.missing()) {
+    text += books_.host().GetPart_MastPartId(line.partId) + ", " + books_.groups.name(line.allId) +
+            ", " + groupedAmount(books_.host(), line.amount) + ' ' + line.side() + "\r\n";
+  }
+  books_.context.MsgBox(text + "was taken out by a save that failed. " + outcome, Buttons::OK,
+                        Icon::information);
+}
+
+}  // namespace quillet

@@ -1,0 +1,77 @@
+// The editor's ways to other forms: the journal, a new group while a line is entered, the
+// raw-material binding.
+#include "editor/frmcrtb.h"
+#include "journal/frmjrnl.h"
+#include "masters/frmgrpRM.h"
+#include "masters/frmgrpmas.h"
+#include "ports/busy.h"
+
+namespace quillet {
+
+using enum TwoYears::Year;
+
+void frmcrtb::MNUJOURNAL_CLICK() {
+  leaveEntry();
+  if (!saver_.mayChangeLines()) return;
+  const TwoYears& years = books_.years;
+  const TwoYears::Year year = mnuyrs[previous].checked() ? previous : current;
+  auto journal = std::make_unique<frmjrnl>(books_.context);
+  journal->INITDATA(years.table(year), year == previous,
+                    {years.client(), years.clientName(), years.keys(current).first});
+  journal_ = std::move(journal);
+  // Vouchers have been posted into the lines that stand here, some of them on new ledgers.
+  journal_->showModal([this] {
+    LOADPARTICULARS();
+    showStored();
+  });
+}
+
+void frmcrtb::MNUNEWGROUP_CLICK() {
+  auto groups = std::make_unique<frmgrpmas>(books_.context);
+  frmgrpmas& form = *groups;
+  master_ = std::move(groups);
+  form.showModal([this, &form] {
+    if (!form.groupsChanged()) return;
+    LOADGROUPS();
+    if (form.linesTouched()) {
+      refreshShownLines();
+    } else {
+      reloadPage();
+    }
+    if (!form.newGroup().empty()) txtgroup.setText(form.newGroup());
+  });
+}
+
+void frmcrtb::CMDGRPMANF_CLICK() {
+  const TwoYears& years = books_.years;
+  const TwoYears::Year year = mnuyrs[previous].checked() ? previous : current;
+  const YearKeys keys = years.keys(year);
+  auto binding = std::make_unique<frmgrpRM>(books_.context);
+  binding->INITDATA(
+      {years.client(), years.clientName(), years.table(year), keys.first, keys.second});
+  master_ = std::move(binding);
+  master_->showModal();
+}
+
+void frmcrtb::mastersChanged() {
+  trap("MASTERSCHANGED", [&] {
+    leaveEntry();
+    {
+      const Busy busy(books_.host());
+      LOADPARTICULARS();
+      LOADGROUPS();
+    }
+    refreshShownLines();
+  });
+}
+
+// Where no line is shown no name is stale, and loading an empty year would offer the import again.
+void frmcrtb::refreshShownLines() {
+  if (vsfm.rows() > 0 || !books_.years.linesRead()) {
+    showStored();
+  } else {
+    reloadPage();
+  }
+}
+
+}  // namespace quillet
