@@ -137,4 +137,16 @@ class EditorTest : public PracticeTest {
   }
 };
 
+// The editor is open on a year of the client C1.
+class EntryTest : public EditorTest {
+ protected:
+  EntryTest() : table(addYear("C1", 2008)), form(open("C1", 2008)) {}
+
+  using EditorTest::stored;
+  Rows stored() { return stored(table); }
+
+  std::string table;
+  frmcrtb& form;
+};
+
 }  // namespace quillet::support
