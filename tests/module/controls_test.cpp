@@ -267,14 +267,34 @@ TEST_F(ModelsTest, AGridKeepsItsCurrentRowThroughChanges) {
   EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "10.00");
   form.grid.sortBy(1);
   EXPECT_EQ(form.grid.cell(1, 1), "1,000.00");
-  form.grid.insertRow(1, {"first"});
-  EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "10.00");
-  form.grid.setRowHidden(4, true);
+  form.grid.setRowHidden(3, true);
   form.grid.act(keys::Down);
   EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "(3.00)");
-  form.grid.removeRow(5);
-  EXPECT_EQ(form.grid.current(), 4);
   EXPECT_THROW(form.grid.cell(9, 0), std::out_of_range);
+
+  // Of five rows the third is the current one.
+  const struct {
+    std::function<void(Grid&)> change;
+    int current;
+    const char* cell;
+  } cases[] = {{[](Grid& grid) { grid.insertRow(3, {"new"}); }, 4, "3"},
+               {[](Grid& grid) { grid.insertRow(4, {"new"}); }, 3, "3"},
+               {[](Grid& grid) { grid.removeRow(2); }, 2, "3"},
+               {[](Grid& grid) { grid.removeRow(3); }, 3, "4"},
+               {[](Grid& grid) { grid.removeRow(4); }, 3, "3"},
+               {[](Grid& grid) { grid.moveRow(3, 5); }, 5, "3"},
+               {[](Grid& grid) { grid.moveRow(1, 3); }, 2, "3"},
+               {[](Grid& grid) { grid.moveRow(5, 3); }, 4, "3"},
+               {[](Grid& grid) { grid.moveRow(2, 1); }, 3, "3"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    form.grid.clearRows();
+    for (const char* name : {"1", "2", "3", "4", "5"}) form.grid.addRow({name});
+    form.grid.setCurrent(3);
+    c.change(form.grid);
+    EXPECT_EQ(form.grid.current(), c.current);
+    EXPECT_EQ(form.grid.cell(c.current, 0), c.cell);
+  }
 }
 
 // Cells that are made when they are read follow their rows wherever those go, and are made once.

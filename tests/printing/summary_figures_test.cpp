@@ -54,31 +54,29 @@ Balances balancesOf(const Case& worked) {
 }
 
 const std::vector<Case> cases = {
-    // Opening 40,000 + purchases 210,000 + freight 6,000 - closing 56,000 = 200,000 sold for
-    // 300,000. Salaries 30,000, rent 12,000, advertising 8,000, interest 5,000, taxes 1,000, other
-    // 4,000, commission earned 10,000; depreciation 9,000.
-    {"A trader",
-     {on(18, 40'000), on(19, 210'000), on(16, 6'000), on(15, -300'000), on(21, 30'000),
-      on(22, 12'000), on(23, 8'000), on(24, 5'000), on(25, 1'000), on(26, 4'000), on(17, -10'000),
-      on(5, 81'000), on(8, 65'000), on(9, 23'000), on(12, -44'000), on(13, -6'000), on(1, -100'000),
-      on(3, -34'000), on(depreciation, 9'000)},
-     56'000,
-     {40'000, 210'000, 6'000, 56'000, 200'000, 300'000, 100'000},
-     {60'000, 10'000, 50'000, 41'000},
-     {225'000, 225'000, 144'000, 50'000, 94'000},
-     {100.0 / 3, 41.0 / 3, 2.88}},
     // Materials 30,000 + 150,000 and works 90,000 + carriage 10,000, less 35,000 left: 245,000 for
-    // sales of 400,000. Income tax 20,000 stands beside the depreciation of 25,000 in one group.
+    // sales of 400,000. Salaries 60,000, rent 25,000, advertising 8,000, interest 15,000, taxes
+    // 1,000, other 4,000, commission earned 13,000. Income tax 20,000 stands beside the
+    // depreciation of 25,000 in one group.
     {"A manufacturer",
-     {on(18, 30'000), on(19, 150'000), on(20, 90'000), on(16, 10'000),  on(15, -400'000),
-      on(21, 60'000), on(22, 25'000),  on(24, 15'000), on(29, 20'000),  on(depreciation, 25'000),
-      on(5, 260'000), on(6, 40'000),   on(7, 5'000),   on(8, 70'000),   on(9, 12'000),
-      on(10, 3'000),  on(11, 18'000),  on(14, 7'000),  on(27, 2'000),   on(1, -150'000),
-      on(2, -82'000), on(3, -90'000),  on(4, -40'000), on(12, -55'000), on(13, -20'000),
-      on(28, -5'000)},
+     {on(18, 30'000),   on(19, 150'000),
+      on(20, 90'000),   on(16, 10'000),
+      on(15, -400'000), on(21, 60'000),
+      on(22, 25'000),   on(23, 8'000),
+      on(25, 1'000),    on(26, 4'000),
+      on(17, -13'000),  on(24, 15'000),
+      on(29, 20'000),   on(depreciation, 25'000),
+      on(5, 260'000),   on(6, 40'000),
+      on(7, 5'000),     on(8, 70'000),
+      on(9, 12'000),    on(10, 3'000),
+      on(11, 18'000),   on(14, 7'000),
+      on(27, 2'000),    on(1, -150'000),
+      on(2, -82'000),   on(3, -90'000),
+      on(4, -40'000),   on(12, -55'000),
+      on(13, -20'000),  on(28, -5'000)},
      35'000,
      {30'000, 150'000, 100'000, 35'000, 245'000, 400'000, 155'000},
-     {120'000, 0, 35'000, 10'000},
+     {133'000, 13'000, 35'000, 10'000},
      {452'000, 452'000, 143'000, 75'000, 68'000},
      {38.75, 2.5, 143.0 / 75}},
     // Goods that cost 118,000 went for 110,000, and the expenses come on top.
@@ -113,8 +111,7 @@ const std::vector<Case> cases = {
      {},
      {},
      {},
-     {none, none, none}},
-    {"Nothing at all", {}, 0, {}, {}, {}, {none, none, none}}};
+     {none, none, none}}};
 
 TEST(SummaryFigures, SayWhatTheAccountsSay) {
   for (const Case& worked : cases) {
