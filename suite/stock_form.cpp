@@ -41,10 +41,9 @@ frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialo
 }
 
 void frmTrade::attachEntry() {
-  attachList(txtpart, ledgers_);
-  attachList(txtgroup, groups_);
-  vsfp.DblClick = [this] { ledgers_.take(); };
-  vsfg.DblClick = [this] { groups_.take(); };
+  for (TextBox* name : {&txtpart, &txtgroup}) name->maxLength = ledgerNameLength;
+  ledgers_.attach(txtpart);
+  groups_.attach(txtgroup);
   txtgroup.LostFocus = [this] {
     groups_.hide();
     if (const auto* group = typedGroup()) txtgroup.setText(group->name);
@@ -56,22 +55,6 @@ void frmTrade::attachEntry() {
     if (key != keys::Enter) return;
     key = keys::none;
     saveLine();
-  };
-}
-
-void frmTrade::attachList(TextBox& box, LookupList& list) {
-  box.maxLength = ledgerNameLength;
-  list.serve(box);
-  box.GotFocus = [&list] { list.open(); };
-  box.LostFocus = [&list] { list.hide(); };
-  box.Change = [&box, &list] { list.follow(box.text()); };
-  box.KeyDown = [&list](Key& key) {
-    if ((key == keys::Up || key == keys::Down) && list.moveBy(key)) list.take();
-  };
-  box.KeyPress = [this](Key& key) {
-    if (key != keys::Enter) return;
-    key = keys::none;
-    focusNext();
   };
 }
 

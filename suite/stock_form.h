@@ -43,7 +43,6 @@ class frmTrade : public Form, public StockForm {
 
  private:
   void attachEntry();
-  void attachList(TextBox& box, LookupList& list);
   void formKey(Key& key);
   void showLines();
   void alterLine();

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "controls/form.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -39,6 +40,22 @@ void LookupList::follow(std::string_view text) {
   showRows(std::move(matches.entries));
   grid_.setCurrent(proposes ? 1 : 0);
   show();
+}
+
+void LookupList::attach(TextBox& box) {
+  serve(box);
+  grid_.DblClick = [this] { take(); };
+  box.GotFocus = [this] { open(); };
+  box.LostFocus = [this] { hide(); };
+  box.Change = [this, &box] { follow(box.text()); };
+  box.KeyDown = [this](Key& key) {
+    if ((key == keys::Up || key == keys::Down) && moveBy(key)) take();
+  };
+  box.KeyPress = [&box](Key& key) {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    box.form().focusNext();
+  };
 }
 
 void LookupList::open() {

@@ -1,8 +1,8 @@
 // A drop-down list of names under text boxes: while a name is typed the list follows, and the
 // arrows take a name from it. One list may serve several boxes, one at a time.
 //
-// It does what the boxes have in common. The form attaches the handlers and decides when a name
-// that was typed stands for one of the list.
+// It does what the boxes have in common. The form attaches the handlers that differ, and decides
+// when a name that was typed stands for one of the list.
 #pragma once
 
 #include <functional>
@@ -34,6 +34,9 @@ class LookupList {
   void add(const std::string& name, long id);
   const NameList& names() const { return names_; }
 
+  // For the list of one box: attaches every handler that goes by itself. The list is open while the
+  // box has the focus, Up and Down take a name, and Enter goes on to the next control.
+  void attach(TextBox& box);
   // The list belongs to that box from now on; shown is another matter.
   void serve(TextBox& box) { grid_.dropOf = &box; }
   TextBox& box() const { return static_cast<TextBox&>(*grid_.dropOf); }

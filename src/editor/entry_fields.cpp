@@ -38,10 +38,9 @@ EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
       books_(books),
       ledgers_(form.vsfp, LookupList::Shows::allNames),
       groups_(form.vsfg, LookupList::Shows::allNames) {
-  form.vsfp.DblClick = [this] { ledgers_.take(); };
-  form.vsfg.DblClick = [this] { groups_.take(); };
-  attachName(form.txtpart, ledgers_);
-  attachName(form.txtgroup, groups_);
+  for (TextBox* name : {&form.txtpart, &form.txtgroup}) name->maxLength = nameLength;
+  ledgers_.attach(form.txtpart);
+  groups_.attach(form.txtgroup);
   form.txtpart.Change = [this] {
     if (!altered_) form_.hint("");
     ledgers_.follow(form_.txtpart.text());
@@ -55,35 +54,15 @@ EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
   form.txtamount.rightAligned = true;
   form.txtamount.Overflow = [this] { form_.hint("An amount holds at most 20 characters."); };
   form.txtamount.GotFocus = [this] { form_.txtamount.selectAll(); };
-  form.txtamount.KeyPress = [this](Key& key) { enterIsTab(key); };
+  form.txtamount.KeyPress = [this](Key& key) {
+    if (key != keys::Enter) return;
+    key = keys::none;
+    form_.focusNext();
+  };
   form.txtamount.LostFocus = [this] { TXTAMOUNT_LOSTFOCUS(); };
   form.txtdrcr.maxLength = 2;
   form.txtdrcr.GotFocus = [this] { TXTDRCR_GOTFOCUS(); };
   form.txtdrcr.Validate = [this](bool& cancel) { TXTDRCR_VALIDATE(cancel); };
-}
-
-// --- the lists ----------------------------------------------------------------------------------
-
-void EntryFields::attachName(TextBox& box, LookupList& list) {
-  box.maxLength = nameLength;
-  list.serve(box);
-  box.GotFocus = [&list] { list.open(); };
-  box.Change = [&box, &list] { list.follow(box.text()); };
-  box.KeyDown = [&list](Key& key) {
-    if ((key == keys::Up || key == keys::Down) && list.moveBy(key)) list.take();
-  };
-  box.KeyPress = [this](Key& key) { enterIsTab(key); };
-}
-
-void EntryFields::hideLists() {
-  ledgers_.hide();
-  groups_.hide();
-}
-
-void EntryFields::enterIsTab(Key& key) {
-  if (key != keys::Enter) return;
-  key = keys::none;
-  form_.focusNext();
 }
 
 // --- beginning and ending an entry --------------------------------------------------------------
@@ -105,6 +84,11 @@ void EntryFields::empty() {
   }
   altered_.reset();
   form_.hint("");
+}
+
+void EntryFields::hideLists() {
+  ledgers_.hide();
+  groups_.hide();
 }
 
 void EntryFields::alter(const Entry& entry, const YearLine& line) {

@@ -36,13 +36,16 @@ class EntryFields {
   // While one lives the entry is being given up: fields that are empty are no mistake.
   class Leaving {
    public:
-    explicit Leaving(EntryFields& fields) : leaving_(fields.leaving_) { leaving_ = true; }
-    ~Leaving() { leaving_ = false; }
+    explicit Leaving(EntryFields& fields) : leaving_(fields.leaving_), before_(leaving_) {
+      leaving_ = true;
+    }
+    ~Leaving() { leaving_ = before_; }
     Leaving(const Leaving&) = delete;
     Leaving& operator=(const Leaving&) = delete;
 
    private:
     bool& leaving_;
+    bool before_;
   };
 
   // Shows a line to be altered.
@@ -57,13 +60,11 @@ class EntryFields {
   std::optional<TypedLine> checked();
 
  private:
-  void attachName(TextBox& box, LookupList& list);
   void TXTPART_LOSTFOCUS();
   void TXTGROUP_LOSTFOCUS();
   void TXTAMOUNT_LOSTFOCUS();
   void TXTDRCR_GOTFOCUS();
   void TXTDRCR_VALIDATE(bool& cancel);
-  void enterIsTab(Key& key);
   long ledgerId(const std::string& name);
   long groupId(const std::string& name);
   void refuse(const std::string& text);

@@ -129,6 +129,12 @@ class EditorTest : public PracticeTest {
     return {{form.txttotdeb[year].text(), form.txttotcr[year].text()}};
   }
 
+  Rows totalsToBeShown(const std::string& table) {
+    double sums[2] = {};
+    for (const auto& line : stored(table)) sums[line[4] == "2"] += std::stod(line[3]);
+    return {{host().formatgen(sums[0], "#,##0.00"), host().formatgen(sums[1], "#,##0.00")}};
+  }
+
   Rows stored(const std::string& table, const std::string& client = "C1") {
     return rows("select srno,particular,allgrp,amt,nid from " + table +
                 " t join mast_part p on p.partid=t.partid join mast_allgrp g on g.allid=t.allid "

@@ -6,26 +6,95 @@
 namespace quillet::support {
 namespace {
 
-using FailedSave = EntryTest;
+class FailedSave : public EntryTest {
+ protected:
+  FailedSave() : last(addYear("C1", 2007, {{"Rent", "RENT", 7}})) {}
+
+  struct Save {
+    const char* what;
+    std::vector<int> lines;  // of the books before, by their serial numbers
+    int altered;             // row, 0 for a new line
+    const char *ledger, *group, *amount, *side;
+    bool allDeeds = false;
+  };
+  // The books before the save, and the fields ready for Enter.
+  void arrange(const Save& save) {
+    const struct {
+      const char *ledger, *group, *figures;
+    } lines[] = {{"Rent", "RENT", "100,1"},
+                 {"Bank", "BANKS", "5,2"},
+                 {"Rent", "RENT", "11,2"},
+                 {"Rent", "RENT", "100,1"}};
+    exec("delete from " + last + " where partid<>" + std::to_string(ledger("Rent")));
+    exec("update " + last + " set amt=7");
+    exec("delete from " + table);
+    for (const int i : save.lines) {
+      const auto& line = lines[i - 1];
+      put(table, std::to_string(i), line.ledger, line.group, line.figures);
+    }
+    open("C1", 2008);
+    if (save.altered != 0) {
+      form.vsfm.setCurrent(save.altered);
+      form.click(form.mnualter);
+    }
+    fill(form, save.ledger, save.group, save.amount, save.side);
+  }
+
+  // What may be done after a failure in place of another Enter.
+  std::vector<Continuation> otherDeeds() {
+    const auto back = [&](const std::string& client) {
+      return [&, client] {
+        open(client, 2008);
+        open("C1", 2008);
+      };
+    };
+    const auto refreshAndEnter = [&] {
+      form.click(form.mnurefresh);
+      form.press(keys::Enter);
+    };
+    const auto otherYear = [&] {
+      form.click(form.mnuyrs[1]);
+      enter(form, "Rent", "RENT", "1", "D");
+      form.click(form.mnuyrs[0]);
+    };
+    const auto afterEscape = [&](const std::function<void()>& act) {
+      return [&, act] {
+        form.press(keys::Escape);
+        act();
+      };
+    };
+    std::vector<Continuation> deeds{
+        {"Escape", [&] { form.press(keys::Escape); }},
+        {"closing and opening", back("C1")},
+        {"F5 and Enter", refreshAndEnter},
+        {"another line", [&] { enter(form, "Bank", "BANKS", "3", "D"); }},
+        {"the other year", otherYear},
+        {"another client", back("C2")},
+        {"altering", afterEscape([&] { alter(form, "Rent", "8"); })},
+        {"deleting", afterEscape([&] { remove(form, "Rent"); })},
+        {"the group view", [&] { form.click(form.mnugroup); }},
+        {"the journal", [&] { lookIntoJournal(form); }}};
+    for (Continuation& deed : deeds) deed.instead = deed.act;
+    return deeds;
+  }
+
+  // Rent of 100 is stored, and taken out by a save that fails.
+  void takeOutRent() {
+    put(table, "1", "Rent", "RENT", "100,1");
+    open("C1", 2008);
+    host().statements().failNext("insert into");
+    enter(form, "Rent", "RENT", "40", "C");
+    EXPECT_EQ(stored(), Rows{});
+  }
+
+  std::string last;
+};
 
 // Whatever statement of a save fails: what is stored is shown, Enter again ends where the save
 // would have ended, and any other deed begins with the books as they were before the save.
 TEST_F(FailedSave, AfterAFailedSaveTheBooksEndRight) {
-  const std::string last = addYear("C1", 2007, {{"Rent", "RENT", 7}});
   addYear("C2", 2008, {{"Other", "BANKS", 77}});
-  const struct {
-    const char *ledger, *group, *figures;
-  } lines[] = {{"Rent", "RENT", "100,1"},
-               {"Bank", "BANKS", "5,2"},
-               {"Rent", "RENT", "11,2"},
-               {"Rent", "RENT", "100,1"}};
-  const struct {
-    const char* what;
-    std::vector<std::size_t> lines;  // by their serial numbers
-    int altered;                     // row, 0 for a new line
-    const char *ledger, *group, *amount, *side;
-    bool allDeeds = false;
-  } saves[] = {
+  const Save saves[] = {
       {"a new pair", {1, 2}, 0, "Fresh", "BANKS", "10", "D"},
       {"a pair that is there", {1, 2}, 0, "Rent", "RENT", "40", "C"},
       {"a pair of two rows", {1, 2, 3}, 0, "Rent", "RENT", "40", "C"},
@@ -34,61 +103,18 @@ TEST_F(FailedSave, AfterAFailedSaveTheBooksEndRight) {
       {"a line altered onto another's pair", {1, 2}, 2, "Rent", "RENT", "5", "C", true},
       {"the only line", {4}, 1, "Rent", "BANKS", "90", "D"},
   };
-  const auto back = [&](const std::string& client) {
-    return [&, client] {
-      open(client, 2008);
-      open("C1", 2008);
-    };
-  };
-  const auto refreshAndEnter = [&] {
-    form.click(form.mnurefresh);
-    form.press(keys::Enter);
-  };
-  const auto otherYear = [&] {
-    form.click(form.mnuyrs[1]);
-    enter(form, "Rent", "RENT", "1", "D");
-    form.click(form.mnuyrs[0]);
-  };
-  const auto afterEscape = [&](const std::function<void()>& act) {
-    return [&, act] {
-      form.press(keys::Escape);
-      act();
-    };
-  };
-  std::vector<Continuation> others{
-      {"Escape", [&] { form.press(keys::Escape); }},
-      {"closing and opening", back("C1")},
-      {"F5 and Enter", refreshAndEnter},
-      {"another line", [&] { enter(form, "Bank", "BANKS", "3", "D"); }},
-      {"the other year", otherYear},
-      {"another client", back("C2")},
-      {"altering", afterEscape([&] { alter(form, "Rent", "8"); })},
-      {"deleting", afterEscape([&] { remove(form, "Rent"); })},
-      {"the group view", [&] { form.click(form.mnugroup); }},
-      {"the journal", [&] { lookIntoJournal(form); }}};
-  for (Continuation& other : others) other.instead = other.act;
-  for (const auto& save : saves) {
+  const std::vector<Continuation> others = otherDeeds();
+  for (const Save& save : saves) {
     FailingDeed deed{.what = save.what, .act = [&] { form.press(keys::Enter); }};
-    deed.arrange = [&] {
-      exec("delete from " + last + " where partid<>" + std::to_string(ledger("Rent")));
-      exec("update " + last + " set amt=7");
-      exec("delete from " + table);
-      for (const std::size_t i : save.lines) {
-        const auto& line = lines[i - 1];
-        put(table, std::to_string(i), line.ledger, line.group, line.figures);
-      }
-      open("C1", 2008);
-      if (save.altered != 0) {
-        form.vsfm.setCurrent(save.altered);
-        form.click(form.mnualter);
-      }
-      fill(form, save.ledger, save.group, save.amount, save.side);
-    };
+    deed.arrange = [&] { arrange(save); };
     deed.result = [&] {
       return joined(
           {stored(table), stored(last), shown(form.vsfm), shown(form.vsf1), totals(form)});
     };
-    deed.check = [&] { EXPECT_EQ(shown(form.vsfm), toBeShown(table)); };
+    deed.check = [&] {
+      EXPECT_EQ(shown(form.vsfm), toBeShown(table));
+      EXPECT_EQ(totals(form), totalsToBeShown(table));
+    };
     deed.place = "frmcrtb\tTXTDRCR_KEYPRESS";
     deed.stops = false;
     deed.behind = 1;
@@ -141,11 +167,7 @@ TEST_F(FailedSave, WhatCannotBePutBackIsNamed) {
     exec("delete from master");
     addYear("C1", 2008);
     group("RENT", 22);
-    open("C1", 2008);
-    enter(form, "Rent", "RENT", "100", "D");
-    host().statements().failNext("insert into");
-    enter(form, "Rent", "RENT", "40", "C");
-    EXPECT_EQ(stored(), Rows{});
+    takeOutRent();
     c.between();
     form.close();
     EXPECT_EQ(messages(), c.told);
@@ -154,8 +176,10 @@ TEST_F(FailedSave, WhatCannotBePutBackIsNamed) {
     form.close();
     messages();
   }
-  // One that had neither ledger nor group goes back as it was.
-  addYear("C1", 2008);
+}
+
+// A line that had neither ledger nor group goes back as it was, and so it is replaced.
+TEST_F(FailedSave, ALineWithoutNamesGoesBackToo) {
   exec("insert into TAB_1 values(9,'C1',9999,8888,55,1)");
   open("C1", 2008);
   form.vsfm.setCurrent(1);
@@ -166,11 +190,11 @@ TEST_F(FailedSave, WhatCannotBePutBackIsNamed) {
   EXPECT_EQ(value("select count(*) from TAB_1"), "0");
   form.press(keys::Enter);
   EXPECT_EQ(stored(), (Rows{{"1", "Found", "RENT", "55", "1"}}));
-  // A year that was deleted is not offered for import while the editor closes.
-  addYear("C1", 2007, {{"Old", "BANKS", 9}});
-  open("C1", 2008);
-  host().statements().failNext("insert into TAB_1");
-  enter(form, "Found", "RENT", "5", "D");
+}
+
+// A year that was deleted is not offered for import while the editor closes.
+TEST_F(FailedSave, ClosingOverADeletedYearAsksNothing) {
+  takeOutRent();
   exec("delete from master where tbl_nm='TAB_1'");
   form.close();
   EXPECT_EQ(messages(), Texts{});
@@ -182,8 +206,8 @@ TEST_F(FailedSave, WhileALineCannotBePutBackTheOthersStay) {
   const std::string told =
       "Rent, RENT, 100.00 DR\r\nwas taken out by a save that failed. It could not be written back. "
       "Please try again.";
-  const std::vector<std::string> rent{"1", "Rent", "RENT", "100", "1"};
-  const std::vector<std::string> bank{"2", "Bank", "BANKS", "5", "2"};
+  const Texts rent{"1", "Rent", "RENT", "100", "1"};
+  const Texts bank{"2", "Bank", "BANKS", "5", "2"};
   const auto enterAgain = [&] { form.press(keys::Enter); };
   const auto removeBank = [&] {
     form.press(keys::Escape);
@@ -206,9 +230,9 @@ TEST_F(FailedSave, WhileALineCannotBePutBackTheOthersStay) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
     exec("delete from " + table);
+    put(table, "1", "Rent", "RENT", "100,1");
+    put(table, "2", "Bank", "BANKS", "5,2");
     open("C1", 2008);
-    enter(form, "Rent", "RENT", "100", "D");
-    enter(form, "Bank", "BANKS", "5", "C");
     exec("create trigger full before insert on " + table +
          " for each row signal sqlstate '45000' set message_text='full'");
     enter(form, "Rent", "RENT", "40", "C");
@@ -229,9 +253,19 @@ TEST_F(FailedSave, WhileALineCannotBePutBackTheOthersStay) {
 }
 
 // A deletion, a transfer and an import that fail leave on the screen what they left in the tables.
-TEST_F(FailedSave, AfterAFailureTheScreenShowsWhatIsStored) {
-  const std::string last = addYear("C1", 2007);
-  const auto books = [&](const Texts& lastLedgers, const Texts& ledgers) {
+class FailedChange : public FailedSave {
+ protected:
+  FailedChange() {
+    deed.result = [&] { return joined({stored(table), stored(last), held(form)}); };
+    deed.check = [&] {
+      const Rows before = held(form);
+      form.click(form.mnurefresh);
+      EXPECT_EQ(before, held(form));
+    };
+    deed.stops = false;
+  }
+
+  void openOn(const Texts& lastLedgers, const Texts& ledgers) {
     for (const std::string& of : {last, table}) {
       exec("delete from " + of);
       int srno = 0;
@@ -240,30 +274,29 @@ TEST_F(FailedSave, AfterAFailureTheScreenShowsWhatIsStored) {
       }
     }
     open("C1", 2008);
-  };
-  FailingDeed deed{.what = "deleting in both years", .act = [&] {
-                     remove(form, "Rent");
-                     dialogs.clear();
-                   }};
+  }
+
+  FailingDeed deed;
+};
+
+TEST_F(FailedChange, DeletingInBothYears) {
   deed.arrange = [&] {
-    books({"Rent", "Bank"}, {"Cash", "Rent", "Bank"});
+    openOn({"Rent", "Bank"}, {"Cash", "Rent", "Bank"});
     form.click(form.mnuyrs[2]);
   };
-  deed.result = [&] { return joined({stored(table), stored(last), held(form)}); };
+  deed.act = [&] {
+    remove(form, "Rent");
+    dialogs.clear();
+  };
   deed.next = {{"again", deed.act}};
   deed.place = "frmcrtb\tMNUDELETE_CLICK";
-  deed.stops = false;
   deed.behind = 2;
-  deed.check = [&] {
-    const Rows before = held(form);
-    form.click(form.mnurefresh);
-    EXPECT_EQ(before, held(form));
-  };
   failEachStatement(deed);
+}
 
-  deed.what = "moving a group";
+TEST_F(FailedChange, MovingAGroup) {
   deed.arrange = [&] {
-    books({}, {"Cash", "Rent"});
+    openOn({}, {"Cash", "Rent"});
     form.click(form.mnugroup);
     chooseMove(form, "RENT", "BANKS");
   };
@@ -277,10 +310,11 @@ TEST_F(FailedSave, AfterAFailureTheScreenShowsWhatIsStored) {
   deed.place = "frmcrtb\tCMDUPDATE_CLICK";
   deed.behind = 4;
   failEachStatement(deed);
+}
 
-  deed.what = "importing";
+TEST_F(FailedChange, Importing) {
   deed.arrange = [&] {
-    books({"Rent", "Bank"}, {"Cash"});
+    openOn({"Rent", "Bank"}, {"Cash"});
     exec("delete from " + table);
     yes();
   };
@@ -299,10 +333,9 @@ TEST_F(FailedSave, AfterAFailureTheScreenShowsWhatIsStored) {
 // A save that ends well, and the lines cannot be read then: the next entry's fields say so.
 TEST_F(FailedSave, LinesThatCannotBeReadAfterASaveAreSaid) {
   enter(form, "Bank", "BANKS", "5", "D");
-  const std::string last = addYear("C1", 2007, {{"Old", "BANKS", 9}});
   open("C1", 2008).click(form.mnuyrs[2]);
   host().statements().failNext("Select * From " + last);
-  enter(form, "Rent", "RENT", "1", "D");
+  enter(form, "Fresh", "RENT", "1", "D");
   EXPECT_EQ(form.vsfm.rows(), 0);
   EXPECT_EQ(form.active(), &form.txtpart);
   EXPECT_EQ(form.lblhint.caption(), "The lines could not be read. F5 tries again.");

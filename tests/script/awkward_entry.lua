@@ -34,6 +34,10 @@ local amounts = {
   { "0.01",            0.01,            "0.01" },
   { "1,234.50",        1234.5,          "1234.50" },
   { "0.005",           0.01,            "0.01" },
+  { "2.675",           2.68,            "2.68" },
+  { ".5",              0.5,             "0.50" },
+  { "-007",            7,               "7.00" },
+  { "1000000000000000", 1000000000000000, "1000000000000000.00" },
   { "abc",             nil },
   { "",                nil },
   { "0",               nil },
@@ -44,6 +48,7 @@ for _, case in ipairs(amounts) do
   enter(editor, "Amount", "RENT", typed, "D")
   if kept then
     equal(stored()[1] and stored()[1][3], kept, "stored for '" .. typed .. "'")
+    equal(stored()[1][4], typed:sub(1, 1) == "-" and 2 or 1, "side of '" .. typed .. "'")
     equal(editor.vsfm:cell(1, "Amount"), text, "shown for '" .. typed .. "'")
     equal(support.messages(), {}, "messages for '" .. typed .. "'")
   else
