@@ -21,8 +21,8 @@ class OpenJournal {
     form_.INITDATA(year.table, false);
     form_.LOADGRID();
     // Read before anything is typed: the lists follow what is.
-    for (int row = 1; row <= 5; ++row) ledgers.push_back(form_.VSF3.cell(row, 1));
-    group = form_.VSF4.cell(1, 1);
+    for (int row = 1; row <= 5; ++row) ledgers.push_back(form_.VSF3.cell(row, 0));
+    group = form_.VSF4.cell(1, 0);
   }
   frmjrnl& form() { return form_; }
 
@@ -46,9 +46,9 @@ void typeVoucher(OpenJournal& journal) {
     if (line > 0) form.LOADCONTROLS();
     form.cboside[line].choose(line % 2 + 1);
     form.txtledger[line].setText(journal.ledgers[static_cast<std::size_t>(line % 5)]);
-    form.TXTLEDGER_LOSTFOCUS(line);
+    form.txtledger[line].LostFocus();
     form.txtgroup[line].setText(journal.group);
-    form.TXTGROUP_LOSTFOCUS(line);
+    form.txtgroup[line].LostFocus();
     (line % 2 == 0 ? form.txtcramt : form.txtdramt)[line].setText("125.25");
   }
 }

@@ -1,5 +1,5 @@
-// The balances of the ledger and group pairs of one client's year, as the journal keeps them in
-// memory while vouchers are typed and posted.
+// The balances of the ledger and group pairs of one client's year, as they are kept in memory while
+// vouchers are typed and posted.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "books/unposted_changes.h"
+#include "data/money.h"
 
 namespace quillet {
 
@@ -15,36 +16,35 @@ namespace quillet {
 class PairAmounts {
  public:
   void clear() { amounts_.clear(); }
-  void add(LedgerGroup pair, double amount) { amounts_[keyOf(pair)] += amount; }
-  void set(LedgerGroup pair, double amount) { amounts_[keyOf(pair)] = amount; }
-  std::optional<double> find(LedgerGroup pair) const;
+  bool empty() const { return amounts_.empty(); }
+  void add(LedgerGroup pair, Money amount) { amounts_[keyOf(pair)] += amount; }
+  void set(LedgerGroup pair, Money amount) { amounts_[keyOf(pair)] = amount; }
+  std::optional<Money> find(LedgerGroup pair) const;
   // 0 for a pair that is not there.
-  double of(LedgerGroup pair) const { return find(pair).value_or(0); }
+  Money of(LedgerGroup pair) const { return find(pair).value_or(Money()); }
 
  private:
   static std::uint64_t keyOf(LedgerGroup pair) {
     return static_cast<std::uint64_t>(pair.partId) << 32U | static_cast<std::uint32_t>(pair.allId);
   }
-  std::unordered_map<std::uint64_t, double> amounts_;
+  std::unordered_map<std::uint64_t, Money> amounts_;
 };
 
 // Knows besides under which group a ledger stands first.
 class BalanceList {
  public:
-  void clear();
+  // Groups are named before balances are set on them. One without a name is not in the master.
+  void nameGroup(long allId, const std::string& name);
   // Writes the pair's balance; a pair that is new gets its place.
-  void set(LedgerGroup pair, const std::string& group, double balance);
-  std::optional<double> find(LedgerGroup pair) const { return balances_.find(pair); }
+  void set(LedgerGroup pair, Money balance);
+  std::optional<Money> find(LedgerGroup pair) const { return balances_.find(pair); }
   // The first of the ledger's groups by name; 0 when it stands under none.
   long firstGroup(long partId) const;
 
  private:
-  struct Group {
-    long allId;
-    std::string capitals;
-  };
   PairAmounts balances_;
-  std::unordered_map<long, Group> first_;
+  std::unordered_map<long, std::string> groups_;  // the names in capitals
+  std::unordered_map<long, long> first_;          // by ledger
 };
 
 }  // namespace quillet

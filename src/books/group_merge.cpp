@@ -29,7 +29,7 @@ void replaceInAllYears(ServiceObject& host, const Sql& ids, long target, TableNa
 
 void mergeGroups(ServiceObject& host, UnpostedChanges& unposted, const std::vector<long>& ids,
                  long target, TableNames& missing) {
-  settlePostings(host, unposted);
+  postAllMissing(host, unposted);
   // First, so that no journal is left with a group of which nobody knows where it went.
   MergedGroups(host).keep(ids, target);
   const Sql list = IdList(ids).sql();

@@ -22,7 +22,7 @@ const char* kindOf(const YearTable& table) {
 
 void replaceInAllYears(ServiceObject& host, UnpostedChanges& unposted, const Sql& condition,
                        long by, TableNames& missing) {
-  settlePostings(host, unposted);
+  postAllMissing(host, unposted);
   const Sql change = " Set PartId=" + sqlNumber(by) + " Where PartId" + condition;
   walkYearTables(host, "Replacing Ledgers....", placesOfUse(), missing,
                  [&](const YearTable& table) {

@@ -5,7 +5,7 @@
 namespace quillet {
 
 ScratchTables::~ScratchTables() {
-  for (const Sql& table : std::vector(standing_)) {
+  for (const Sql& table : std::vector(existing_)) {
     try {
       drop(table);
     } catch (const std::exception&) {
@@ -21,8 +21,8 @@ Sql ScratchTables::named(const Sql& table) {
 }
 
 void ScratchTables::create(const Sql& columns) {
-  standing_ = {collected, summed};
-  for (const Sql& table : std::vector(standing_)) {
+  existing_ = {collected, summed};
+  for (const Sql& table : std::vector(existing_)) {
     execute("Drop Table If Exists " + table);
     execute("Create Table If Not Exists " + table + " " + columns);
     execute("Delete from " + table);
@@ -31,7 +31,7 @@ void ScratchTables::create(const Sql& columns) {
 
 void ScratchTables::drop(const Sql& table) {
   execute("Drop Table If Exists " + table);
-  std::erase_if(standing_, [&](const Sql& each) { return each.text() == table.text(); });
+  std::erase_if(existing_, [&](const Sql& each) { return each.text() == table.text(); });
 }
 
 void ScratchTables::execute(const Sql& sql) {

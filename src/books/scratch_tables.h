@@ -29,7 +29,7 @@ class ScratchTables {
 
  private:
   ServiceObject& host_;
-  std::vector<Sql> standing_;
+  std::vector<Sql> existing_;
 };
 
 }  // namespace quillet

@@ -17,13 +17,17 @@ std::vector<Line> TrialBalance::lines() {
 }
 
 std::vector<Line> TrialBalance::linesOf(LedgerGroup pair, Spelling spelling) {
-  const Sql partId = sqlNumber(pair.partId);
-  const Sql allId = sqlNumber(pair.allId);
   return readLines(*host_.query(spelling == Spelling::editor
                                     ? "select * from " + table_ + " where code_no='" + client_ +
-                                          "' and partid = " + partId + " and allid = " + allId
-                                    : "Select * from " + table_ + " where code_no='" + client_ +
-                                          "' and PartId=" + partId + " and allid=" + allId));
+                                          "' and partid = " + sqlNumber(pair.partId) +
+                                          " and allid = " + sqlNumber(pair.allId)
+                                    : "Select * from " + ofPair(pair)));
+}
+
+// "{table} where ..." as the journal spells it.
+Sql TrialBalance::ofPair(LedgerGroup pair) const {
+  return table_ + " where code_no='" + client_ + "' and PartId=" + sqlNumber(pair.partId) +
+         " and allid=" + sqlNumber(pair.allId);
 }
 
 std::vector<Line> TrialBalance::linesOfGroup(long allId, long side) {
@@ -53,6 +57,8 @@ long TrialBalance::nextSerial() {
 }
 
 // --- changes ------------------------------------------------------------------------------------
+
+void TrialBalance::removePair(LedgerGroup pair) { host_.ConQuery("Delete from " + ofPair(pair)); }
 
 void TrialBalance::insert(const Line& line) {
   host_.ConQuery("insert into " + table_ + " values(" + sqlNumber(line.srno) + ",'" + client_ +

@@ -45,9 +45,12 @@ class TrialBalance {
   void moveTo(long allId, const Line& line, const std::vector<Line>& lines);
   // Copies the client's lines of another year with their serial numbers.
   void copyFrom(const TrialBalance& other);
+  // Takes out the pair's rows, as the journal spells it. Not flushed.
+  void removePair(LedgerGroup pair);
 
  private:
   Sql rowOf(const Line& line, const std::vector<Line>& lines) const;
+  Sql ofPair(LedgerGroup pair) const;
 
   ServiceObject& host_;
   ClientTable books_;

@@ -1,7 +1,5 @@
 #include "books/unposted_changes.h"
 
-#include <cmath>
-
 #include "data/text.h"
 
 namespace quillet {
@@ -11,30 +9,30 @@ UnpostedChanges::Key UnpostedChanges::keyOf(const ClientTable& books) {
   return {upperCase(books.table), upperCase(trimmed(books.client))};
 }
 
-void UnpostedChanges::add(const ClientTable& books, LedgerGroup pair, double amount) {
-  Missing& missing = amounts_.try_emplace(keyOf(books), Missing{books, {}}).first->second;
-  if ((missing.paise[pair] += std::llround(amount * 100)) == 0) missing.paise.erase(pair);
-  if (missing.paise.empty()) forget(books);
+void UnpostedChanges::add(const ClientTable& books, LedgerGroup pair, Money amount) {
+  Missing& missing = missing_.try_emplace(keyOf(books), Missing{books, {}}).first->second;
+  if ((missing.amounts[pair] += amount).isZero()) missing.amounts.erase(pair);
+  if (missing.amounts.empty()) forget(books);
 }
 
-double UnpostedChanges::of(const ClientTable& books, LedgerGroup pair) const {
-  const auto found = amounts_.find(keyOf(books));
-  if (found == amounts_.end()) return 0;
-  const auto amount = found->second.paise.find(pair);
-  return amount == found->second.paise.end() ? 0 : static_cast<double>(amount->second) / 100;
+Money UnpostedChanges::of(const ClientTable& books, LedgerGroup pair) const {
+  const auto found = missing_.find(keyOf(books));
+  if (found == missing_.end()) return {};
+  const auto amount = found->second.amounts.find(pair);
+  return amount == found->second.amounts.end() ? Money() : amount->second;
 }
 
 std::vector<LedgerGroup> UnpostedChanges::pairs(const ClientTable& books) const {
   std::vector<LedgerGroup> all;
-  const auto found = amounts_.find(keyOf(books));
-  if (found == amounts_.end()) return all;
-  for (const auto& [pair, amount] : found->second.paise) all.push_back(pair);
+  const auto found = missing_.find(keyOf(books));
+  if (found == missing_.end()) return all;
+  for (const auto& [pair, amount] : found->second.amounts) all.push_back(pair);
   return all;
 }
 
 std::vector<ClientTable> UnpostedChanges::books() const {
   std::vector<ClientTable> all;
-  for (const auto& [key, missing] : amounts_) all.push_back(missing.books);
+  for (const auto& [key, missing] : missing_) all.push_back(missing.books);
   return all;
 }
 

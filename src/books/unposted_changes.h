@@ -1,6 +1,6 @@
 // What postings that failed in the middle left undone in the trial balances. It stands in the
 // host, because it has to outlive the form that failed: whoever posts next makes the books right
-// first (host/posting.h).
+// first (books/posting.h).
 //
 // The invariant, for every pair of ledger and group of a client's trial balance:
 //
@@ -16,11 +16,12 @@
 #pragma once
 
 #include <compare>
-#include <cstdint>
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "data/money.h"
 
 namespace quillet {
 
@@ -38,26 +39,26 @@ struct ClientTable {
 
 class UnpostedChanges {
  public:
-  // Amounts are signed, debit positive, and kept in paise.
-  void add(const ClientTable& books, LedgerGroup pair, double amount);
+  // Amounts are signed, debit positive.
+  void add(const ClientTable& books, LedgerGroup pair, Money amount);
   // 0 for a pair of which nothing is missing.
-  double of(const ClientTable& books, LedgerGroup pair) const;
+  Money of(const ClientTable& books, LedgerGroup pair) const;
   // The pairs of which something is missing.
   std::vector<LedgerGroup> pairs(const ClientTable& books) const;
-  bool any(const ClientTable& books) const { return amounts_.contains(keyOf(books)); }
+  bool any(const ClientTable& books) const { return missing_.contains(keyOf(books)); }
   // The trial balances of which something is missing.
   std::vector<ClientTable> books() const;
   // The client's rows are gone from the table: its number may be another year's next.
-  void forget(const ClientTable& books) { amounts_.erase(keyOf(books)); }
+  void forget(const ClientTable& books) { missing_.erase(keyOf(books)); }
 
  private:
   using Key = std::pair<std::string, std::string>;
   static Key keyOf(const ClientTable& books);
   struct Missing {
     ClientTable books;
-    std::map<LedgerGroup, std::int64_t> paise;
+    std::map<LedgerGroup, Money> amounts;
   };
-  std::map<Key, Missing> amounts_;
+  std::map<Key, Missing> missing_;
 };
 
 }  // namespace quillet

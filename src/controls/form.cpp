@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "controls/desk.h"
+#include "controls/scoped_flag.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -154,24 +155,8 @@ bool Form::focus(Control& control) {
   return active_ == &control;
 }
 
-namespace {
-
-// True while the focus moves; reset on every way out.
-class Flag {
- public:
-  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Flag() { flag_ = false; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-
- private:
-  bool& flag_;
-};
-
-}  // namespace
-
 void Form::moveFocus(Control* to) {
-  const Flag moving(moving_);
+  const ScopedFlag moving(moving_);
   // Handlers may send the focus back and forth; that ends after a few turns.
   for (int turn = 0; to != nullptr && turn < 8; ++turn) {
     Control* from = std::exchange(active_, to);

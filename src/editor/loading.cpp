@@ -27,7 +27,7 @@ void frmcrtb::FORM_LOAD() {
   saver_.putBack();
   Context& context = books_.context;
   // What a voucher left half posted is not to be seen as the year's figures.
-  trap("FORM_LOAD", [&] { settlePostings(books_.host(), context.unposted); });
+  trap("FORM_LOAD", [&] { postAllMissing(books_.host(), context.unposted); });
   books_.host().resize_for_resolution(*this);
   books_.years.open({context.table, context.clientCode}, {context.firstDate, context.secondDate});
   emptyYear();

@@ -96,7 +96,7 @@ void MergeList::merge() {
   form_.statusOnFailure(
       "The merge into " + year.keys.text() + " was not completed. Enter begins it again.", [&] {
         const Busy busy(*context_.host, "Merging Trial Balances....");
-        settlePostings(*context_.host, context_.unposted);
+        postAllMissing(*context_.host, context_.unposted);
         for (const Source& source : sources) merge.add({source.year.table, source.year.client});
         merge.write({year.table, year.client});
       });

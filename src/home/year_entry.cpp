@@ -226,7 +226,7 @@ bool YearEntry::DATA_TRANSFER(const std::string& previousTable) {
   form_.trap("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
-    settlePostings(*context_.host, context_.unposted);
+    postAllMissing(*context_.host, context_.unposted);
     creation_.copyLines(previousTable, figures);
     done = true;
   });

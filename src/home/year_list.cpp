@@ -86,7 +86,7 @@ void YearList::print() {
   form_.status("");
   form_.statusOnFailure("The trial balance of " + year->keys.text() + " could not be printed.",
                         [&] {
-                          settlePostings(*context_.host, context_.unposted);
+                          postAllMissing(*context_.host, context_.unposted);
                           printYear(context_, form_.mode(),
                                     {{year->table, form_.clientCode()},
                                      form_.clientName(),

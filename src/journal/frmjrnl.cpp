@@ -1,24 +1,18 @@
 #include "journal/frmjrnl.h"
 
-#include <algorithm>
-
-#include "books/amount.h"
 #include "books/clients.h"
+#include "data/errors.h"
 #include "data/year.h"
-#include "journal/form_parts.h"
 
 namespace quillet {
 namespace {
 
-constexpr const char* title = "Adjustment Journal";
 // The narration's column holds 65,535 bytes, and a character takes up to four.
-constexpr std::size_t narrationLength = 16'000;
-constexpr int amountWidth = 16;
+constexpr int narrationLength = 16'000;
 
 }  // namespace
 
 frmjrnl::frmjrnl(Context& context) : Form(context.desk, "frmjrnl"), context_(context) {
-  posting_.Changed = [this](LedgerGroup pair, double balance) { balanceChanged(pair, balance); };
   attachList();
   attachEntry();
   Frame2.setVisible(false);
@@ -27,11 +21,6 @@ frmjrnl::frmjrnl(Context& context) : Form(context.desk, "frmjrnl"), context_(con
 }
 
 void frmjrnl::attachList() {
-  vsf.setColumns({{.heading = "Date", .width = 12},
-                  {.heading = "Particulars", .width = 50, .stretch = true},
-                  {.heading = "Debit Amount", .align = Align::right, .width = 18, .numeric = true},
-                  {.heading = "Credit Amount", .align = Align::right, .width = 18, .numeric = true},
-                  {.heading = "VId", .hidden = true}});
   vsf.DblClick = [this] { VSF_DBLCLICK(); };
   vsf.KeyDown = [this](Key& key) { VSF_KEYDOWN(key); };
   // A voucher's rows belong together, so the outline keeps its order.
@@ -42,7 +31,7 @@ void frmjrnl::attachList() {
   Check1.setChecked(true);
   Check1.Click = [this] { CHECK1_CLICK(); };
   cmdadd.Click = [this] { CMDADD_CLICK(); };
-  cmdmodify.Click = [this] { VSF_DBLCLICK(); };
+  cmdmodify.Click = [this] { vsf.DblClick(); };
   Command1.Click = [this] { COMMAND1_CLICK(); };
   cmdprn.Click = [this] { CMDPRN_CLICK(); };
   cmdtb.Click = [this] { CMDTB_CLICK(); };
@@ -61,8 +50,8 @@ void frmjrnl::attachEntry() {
        {.heading = "Credit Amount", .align = Align::right, .width = amountWidth, .numeric = true}});
   vsf1.tabStop = false;
   vsf1.fixedRows = 1;
-  txtdt.Validate = [this](bool& cancel) { txtdt_VALIDATE(cancel); };
-  txtdt.GotFocus = [this] { reveal(0); };
+  on(txtdt.Validate, "txtdt_VALIDATE", [this](bool& cancel) { txtdt_VALIDATE(cancel); });
+  txtdt.GotFocus = [this] { lines_.reveal(0); };
   txtnarr.maxLength = narrationLength;
   txtnarr.Overflow = [this] { hint("A narration holds at most 16,000 characters."); };
   cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
@@ -72,16 +61,8 @@ void frmjrnl::attachEntry() {
   for (Button* button : {&cmdupdate, &cmdcancel, &cmdremove}) button->causesValidation = false;
   cmdremove.tabStop = false;
   for (Label* label : {&lblhint, &lbldiff, &lblrows, &lblmore, &lbldots}) label->quiet = true;
-  for (Grid* list : {&VSF3, &VSF4}) {
-    list->setColumns(
-        {{.heading = "Id", .hidden = true}, {.heading = "Name", .width = 44, .stretch = true}});
-    list->setVisible(false);
-  }
-  VSF3.dropOf = &txtledger[0];
-  VSF4.dropOf = &txtgroup[0];
-  VSF3.DblClick = [this] { VSF3_DBLCLICK(); };
-  VSF4.DblClick = [this] { VSF4_DBLCLICK(); };
-  attachLine(0);
+  lines_.add();
+  lookups_.attach(0);
 }
 
 Node frmjrnl::layout() {
@@ -90,46 +71,20 @@ Node frmjrnl::layout() {
   const Node commands = row({item(cmdadd), item(cmdmodify), item(Command1), item(Check1), gap(),
                              item(cmdprn), item(cmdtb), item(cmdexit)});
   const Node list = framed(Frame1, {period, item(vsf, 1), item(lblstatus), commands}, 1);
-
-  std::vector<Node> lines{item(lblmore)};
-  const int end = std::min(top_ + linesInView, cboside.size());
-  for (int line = top_; line < end; ++line) lines.push_back(entryLine(line));
-  lines.push_back(item(lbldots));
   const Node entry = framed(
       Frame2,
-      {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, std::move(lines)),
+      {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, lines_.layout()),
        gap(), row({item(lbldiff, 1), item(cmdremove)}), item(vsf1), field("N&arration", txtnarr),
        row({item(lblhint, 1), item(cmdupdate), item(cmdcancel), item(VSF3), item(VSF4)})},
       1);
   return stack({list, entry});
 }
 
-Node frmjrnl::entryLine(int line) {
-  // The headings stand once, above the first line in view.
-  const auto under = [&](const char* heading, Control& control, int width, int stretch) {
-    return line == top_ ? field(heading, control, width, stretch) : item(control, stretch, width);
-  };
-  return row({under("By/To", cboside[line], 6, 0), under("&Ledger", txtledger[line], 26, 3),
-              under("&Group", txtgroup[line], 20, 2),
-              under("Current Balance", txtcurbal[line], amountWidth, 0),
-              under("Debit Amount", txtdramt[line], amountWidth, 0),
-              under("Credit Amount", txtcramt[line], amountWidth, 0)});
-}
+// --- the books ----------------------------------------------------------------------------------
 
-// --- amounts, messages, dates -------------------------------------------------------------------
-
-double frmjrnl::rounded(double amount) const { return Money::rounded(amount).rupees(); }
-
-std::string frmjrnl::shown(double amount) const {
-  return context_.host->formatgen(amount, "#,##0.00");
-}
-
-Answer frmjrnl::ask(const std::string& question, Answer defaultAnswer) {
-  return context_.MsgBox(question, Buttons::YesNo, Icon::question, defaultAnswer, title);
-}
-
-void frmjrnl::tell(const std::string& text) {
-  context_.MsgBox(text, Buttons::OK, Icon::information, Answer::OK, title);
+VoucherBook& frmjrnl::book() {
+  if (!book_) throw RunTimeError(91, "The journal has no books", "frmjrnl");
+  return *book_;
 }
 
 std::string frmjrnl::subject() const {

@@ -140,7 +140,7 @@ TEST_F(FailedSave, WhatCannotBePutBackIsNamed) {
     form.click(form.mnujournal);
     EXPECT_EQ(&form, context().desk.active()) << "nothing is posted onto such books";
     messages();
-    context().unposted.add({"TAB_1", "C1"}, {ledger("Rent"), group("RENT")}, 5);
+    context().unposted.add({"TAB_1", "C1"}, {ledger("Rent"), group("RENT")}, Money::ofPaise(500));
     form.close();
     exec("drop trigger refuses");
   };

@@ -3,7 +3,7 @@
 #include "books/posting.h"
 #include "data/errors.h"
 #include "deletion/frmdelwhatinTB.h"
-#include "journal/form_parts.h"
+#include "journal/messages.h"
 #include "journal_fixture.h"
 #include "masters/frmgrpmas.h"
 #include "masters/frmtbledmas.h"
@@ -51,7 +51,7 @@ class JournalFailure : public JournalTest {
   // False when the journal does not hold the voucher.
   bool pickVoucher(long vid) {
     leaveEntry();
-    pick(journal().vsf.find(vidColumn, std::to_string(vid)));
+    pick(journal().vsf.findId(vid));
     return journal().vsf.current() != 0;
   }
   void remove() {
@@ -245,16 +245,16 @@ TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
 TEST_F(JournalFailure, PostsWhatCanBePosted) {
   arrangeBooks();
   leaveHalfPosted();
-  context().unposted.add({"TAB_1", "C0"}, {1, 1}, 5);  // nobody's any more
+  context().unposted.add({"TAB_1", "C0"}, {1, 1}, Money::ofPaise(500));  // nobody's any more
   // What is missing of the cash, under a group that another workstation has merged since.
   exec("insert into SuiteMisc(Section,Name,Value) values('AllGrp','Merged','77>1 ')");
   const ClientTable books{"TAB_1", "C1"};
-  const double cash = context().unposted.of(books, {1, 1});
+  const Money cash = context().unposted.of(books, {1, 1});
   context().unposted.add(books, {1, 1}, -cash);
   context().unposted.add(books, {1, 77}, cash);
   exec("insert into master(code_no,tbl_nm) values('C1','TAB_DROPPED')");
-  context().unposted.add({"TAB_DROPPED", "C1"}, {1, 1}, 5);
-  EXPECT_THROW(settlePostings(*context().host, context().unposted), RunTimeError);
+  context().unposted.add({"TAB_DROPPED", "C1"}, {1, 1}, Money::ofPaise(500));
+  EXPECT_THROW(postAllMissing(*context().host, context().unposted), RunTimeError);
   EXPECT_EQ(unexplained(), Rows{});
   EXPECT_EQ(context().unposted.books().size(), 1U) << "of the table that is missing";
   context().unposted = {};

@@ -11,8 +11,6 @@
 
 namespace quillet::support {
 
-using Texts = std::vector<std::string>;
-
 // A line of a voucher as a person enters it: a positive amount is a debit.
 struct Entered {
   std::string ledger;
@@ -119,6 +117,32 @@ class JournalTest : public PracticeTest {
   void pick(int row) {
     journal().focus(journal().vsf);
     journal().vsf.setCurrent(row);
+  }
+
+  static void append(Texts& all, const Texts& more) {
+    all.insert(all.end(), more.begin(), more.end());
+  }
+  // Each statement with the flush that follows it.
+  static Texts flushed(const Texts& statements) {
+    Texts all;
+    for (const std::string& sql : statements) append(all, {sql, "Flush Tables"});
+    return all;
+  }
+  // The statements that make the scratch tables.
+  static Texts scratchTables(const std::string& columns) {
+    Texts all;
+    for (const std::string table : {"Ledger_Temp1", "Ledger_Temp"}) {
+      append(all, {"Drop Table If Exists " + table,
+                   "Create Table If Not Exists " + table + " " + columns, "Delete from " + table});
+    }
+    return flushed(all);
+  }
+  Rows scratchLeft() { return rows("show tables like 'ledger_temp%'"); }
+  // " from {table} ... where " with the names of its rows.
+  static std::string namesOf(const std::string& table) {
+    return " from " + table + " LEFT JOIN mast_part ON " + table +
+           ".partid=mast_part.partid LEFT JOIN mast_allgrp on " + table +
+           ".allid=mast_allgrp.allid where ";
   }
 
   // srno, ledger, group, amt, nid.

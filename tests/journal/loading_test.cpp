@@ -12,41 +12,24 @@ TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
   frmjrnl form(context());
   statements();
   form.INITDATA("tab_1", false);
-  const std::string names =
-      " LEFT JOIN mast_part ON tab_1.partid=mast_part.partid "
-      "LEFT JOIN mast_allgrp on tab_1.allid=mast_allgrp.allid ";
-  Texts expected;
-  const auto sent = [&](const std::string& sql) {
-    expected.push_back(sql);
-    expected.push_back("Flush Tables");
+  Texts expected = scratchTables(
+      "(PartId Int(11), AllId Int(11), Part Varchar(100), AllGrp Varchar(100), Amt Double)");
+  const auto pairs = [](const std::string& table, const std::string& amount) {
+    return "Insert into Ledger_Temp1 Select " + table + ".partid," + table +
+           ".allid,Particular,AllGrp," + amount + namesOf(table) + table + ".code_no='C1'";
   };
-  for (const std::string table : {"Ledger_Temp1", "Ledger_Temp"}) {
-    sent("Drop Table If Exists " + table);
-    sent("Create Table If Not Exists " + table +
-         " (PartId Int(11), AllId Int(11), Part Varchar(100), AllGrp Varchar(100), Amt Double)");
-    sent("Delete from " + table);
-  }
-  sent("Insert into Ledger_Temp1 Select partid,0,Particular,'',0 from mast_part");
-  sent(
-      "Insert into Ledger_Temp1 Select tab_1.partid,tab_1.allid,Particular,AllGrp,sum(Amt) "
-      "from tab_1" +
-      names + "where tab_1.code_no='C1' and tab_1.Nid=1 group by partid,allid");
-  sent(
-      "Insert into Ledger_Temp1 Select tab_1.partid,tab_1.allid,Particular,AllGrp,-sum(Amt) "
-      "from tab_1" +
-      names + "where tab_1.code_no='C1' and tab_1.Nid=2 group by partid,allid");
-  sent(
-      "Insert into Ledger_Temp1 Select JRNL_1.partid,JRNL_1.allid,Particular,AllGrp,0 from JRNL_1 "
-      "LEFT JOIN mast_part ON JRNL_1.partid=mast_part.partid LEFT JOIN mast_allgrp on "
-      "JRNL_1.allid=mast_allgrp.allid where JRNL_1.code_no='C1'");
-  sent(
-      "Insert into Ledger_Temp Select partid, allid,Part,AllGrp,sum(Amt) from Ledger_Temp1 "
-      "group by partid,allid");
-  sent("Drop Table If Exists Ledger_Temp1");
-  expected.push_back("Select distinct(PartId),Part from Ledger_Temp order by Part");
-  expected.push_back("select * from mast_allgrp order by allgrp");
-  expected.push_back("Select * from Ledger_Temp order by Part,AllGrp");
-  sent("Drop Table If Exists Ledger_Temp");
+  append(expected,
+         flushed({"Insert into Ledger_Temp1 Select partid,0,Particular,'',0 from mast_part",
+                  pairs("tab_1", "sum(Amt)") + " and tab_1.Nid=1 group by partid,allid",
+                  pairs("tab_1", "-sum(Amt)") + " and tab_1.Nid=2 group by partid,allid",
+                  pairs("JRNL_1", "0"),
+                  "Insert into Ledger_Temp Select partid, allid,Part,AllGrp,sum(Amt) from "
+                  "Ledger_Temp1 group by partid,allid",
+                  "Drop Table If Exists Ledger_Temp1"}));
+  append(expected, {"Select distinct(PartId),Part from Ledger_Temp order by Part",
+                    "select * from mast_allgrp order by allgrp",
+                    "Select * from Ledger_Temp order by Part,AllGrp"});
+  append(expected, flushed({"Drop Table If Exists Ledger_Temp"}));
   EXPECT_EQ(statements(), expected);
 
   form.show();
@@ -60,10 +43,8 @@ TEST_F(JournalLoading, SendsItsStatementsInTheOrderDesigned) {
   FailingDeed deed{.what = "opening", .act = [&] { frmjrnl(context()).INITDATA("TAB_1", false); }};
   deed.place = "frmjrnl\tINITDATA";
   deed.stops = false;
-  const auto leavesNoTable = [&] { EXPECT_EQ(rows("show tables like 'ledger_temp%'"), Rows{}); };
-  deed.check = leavesNoTable;
+  deed.check = [&] { EXPECT_EQ(scratchLeft(), Rows{}); };
   failEachStatement(deed);
-  leavesNoTable();
 }
 
 TEST_F(JournalLoading, ShowsThePeriodAndTheListsByName) {

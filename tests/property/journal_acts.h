@@ -177,7 +177,7 @@ class JournalActs : public EditorActs {
   bool pickVoucher(long number) {
     frmjrnl& form = *journal();
     form.focus(form.vsf);
-    form.vsf.setCurrent(form.vsf.find(4, std::to_string(number)));
+    form.vsf.setCurrent(form.vsf.findId(number));
     return form.vsf.current() > 0;
   }
 

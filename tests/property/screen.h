@@ -204,8 +204,8 @@ class Screen : public Tables {
     std::string date;
     for (int row = 1; row <= grid.rows(); ++row) {
       if (!grid.cell(row, 0).empty()) date = grid.cell(row, 0);
-      actual.push_back(
-          {grid.cell(row, 4), date, grid.cell(row, 1), grid.cell(row, 2), grid.cell(row, 3)});
+      actual.push_back({std::to_string(grid.rowId(row)), date, grid.cell(row, 1), grid.cell(row, 2),
+                        grid.cell(row, 3)});
     }
     same("the list of vouchers", listOf(world_[journalOf_]), actual);
   }

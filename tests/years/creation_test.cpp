@@ -154,7 +154,7 @@ TEST_F(CreationTest, TakesOverWhatIsNotPostedYet) {
     exec("delete from master");
     for (const long each : {1, 2}) exec("delete from " + tab(each));
     addYear("C1", 2007, {{"Cash", "BANKS", 5}});
-    context().unposted.add({tab(1), "C1"}, {ledger("Cash"), group("BANKS")}, 2.5);
+    context().unposted.add({tab(1), "C1"}, {ledger("Cash"), group("BANKS")}, Money::ofPaise(250));
     answer({Answer::Yes, Answer::Yes});
     if (printed) {
       choose(&third::mnualpha, "C1").press(keys::Enter);

@@ -50,7 +50,7 @@ TEST_F(DeletionFailureTest, GivenUpInTheMiddleItsTracesAreShown) {
     box.click(box.optMain[0]);
     answer({Answer::Yes});
     host().statements().failNext(c.failing, c.spared);
-    context().unposted.add({table, "C1"}, {1, 1}, 2.5);
+    context().unposted.add({table, "C1"}, {1, 1}, Money::ofPaise(250));
     box.click(box.cmddelete);
     EXPECT_TRUE(context().unposted.books().empty()) << "there is nothing left to post it into";
     ASSERT_EQ(log().size(), 1U) << c.failing;
