@@ -120,26 +120,15 @@ std::optional<long> Registry::freeNumber(const std::string& client) const {
                                 " order by count");
   std::vector<long> taken;
   for (; !rows->EOF_(); rows->MoveNext()) taken.push_back(rows->integer(0));
-  return firstFreeNumber(taken, host_.GetTbCount());
-}
-
-std::string Registry::tableOfNumber(long number) const {
-  return trialBalanceTable(host_.GETTBNAME(number));
-}
-
-std::optional<long> firstFreeNumber(const std::vector<long>& taken, long numbers) {
+  const long numbers = host_.GetTbCount();
   for (long number = 1; number <= numbers; ++number) {
     if (std::find(taken.begin(), taken.end(), number) == taken.end()) return number;
   }
   return std::nullopt;
 }
 
-const RegisteredYear* latestBefore(const std::vector<RegisteredYear>& years,
-                                   const std::string& secondKey) {
-  const auto earlier = std::find_if(years.rbegin(), years.rend(), [&](const RegisteredYear& year) {
-    return year.keys.second < secondKey;
-  });
-  return earlier == years.rend() ? nullptr : &*earlier;
+std::string Registry::tableOfNumber(long number) const {
+  return trialBalanceTable(host_.GETTBNAME(number));
 }
 
 // --- changes ------------------------------------------------------------------------------------

@@ -81,12 +81,4 @@ class Registry {
   ServiceObject& host_;
 };
 
-// The lowest number from 1 to `numbers` that is not taken; nothing when all are.
-std::optional<long> firstFreeNumber(const std::vector<long>& taken, long numbers);
-
-// The latest year that ends before the key; years may have gaps. Null when none does. `years` is
-// in order.
-const RegisteredYear* latestBefore(const std::vector<RegisteredYear>& years,
-                                   const std::string& secondKey);
-
 }  // namespace quillet

@@ -1,5 +1,7 @@
 #include "books/year_creation.h"
 
+#include <algorithm>
+
 #include "data/year.h"
 #include "ports/busy.h"
 
@@ -61,8 +63,10 @@ void YearCreation::registerYear() {
 
 std::optional<RegisteredYear> YearCreation::previous() const {
   const auto years = registry_.yearsOf(year_.client);
-  const RegisteredYear* previous = latestBefore(years, year_.keys.second);
-  return previous ? std::optional(*previous) : std::nullopt;
+  const auto found = std::find_if(years.rbegin(), years.rend(), [&](const RegisteredYear& year) {
+    return year.keys.second < year_.keys.second;
+  });
+  return found == years.rend() ? std::nullopt : std::optional(*found);
 }
 
 long YearCreation::lastSerial(const Sql& table) const {

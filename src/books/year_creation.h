@@ -34,7 +34,7 @@ class YearCreation {
   // differ are updated. From the insert on the year is registered, even if the flush fails.
   void registerYear();
 
-  // The latest year that ends before this one.
+  // The latest year that ends before this one; years may have gaps.
   std::optional<RegisteredYear> previous() const;
   // Copies the client's lines of that table, with their amounts or with none.
   void copyLines(const std::string& previousTable, bool figures);
