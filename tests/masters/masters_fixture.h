@@ -260,4 +260,46 @@ class LedgerMasterTest : public MasterTest<frmtbledmas> {
   }
 };
 
+// A predefined group and three others, one of which two clients use.
+class GroupMasterTest : public MasterTest<frmgrpmas> {
+ protected:
+  GroupMasterTest() {
+    group("FIXED GROUP", 1, true);
+    rent = std::to_string(group("RENT", 22));
+    fares = std::to_string(group("FARES", 22));
+    post = std::to_string(group("POSTAGE", 22));
+    addYear("C1", 2008, {{"Office Rent", "RENT", 100}});
+    addYear("O'C2", 2008, {{"Shop Rent", "RENT", 300}});
+    addYear("C1", 2009);
+  }
+  void beginMerge(const Texts& groups, const std::string& target) {
+    press(form.cmdMerge);
+    for (const std::string& name : groups) form.vsM.tick(form.vsM.find(0, name), true);
+    pick(form.vsMW, 0, target);
+    answer({yes});
+  }
+  void merge(const std::string& name, const std::string& target) {
+    beginMerge({name}, target);
+    press(form.cmdMergeGroup);
+    press(form.cmdMergeBack);
+  }
+  void pickGroup(const std::string& name) { pick(form.vsf, 0, name); }
+  std::string enter(const std::string& name, const std::string& under = {}) {
+    type(form.Text1, name);
+    if (!under.empty()) choose(form.Combo1, under);
+    return said(form.cmdupdate);
+  }
+  void add(const std::string& name) {
+    press(form.cmdadd);
+    EXPECT_EQ(enter(name, "EXPENSES"), "");
+  }
+  void modify(const std::string& name) {
+    pickGroup(name);
+    press(form.cmdmodify);
+  }
+  Rows stored() { return rows("select ALLID,GID,ALLGRP,UserGrp from Mast_AllGrp order by ALLID"); }
+
+  std::string rent, fares, post;
+};
+
 }  // namespace quillet::support
