@@ -162,26 +162,6 @@ TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
   EXPECT_TRUE(statementsWith("Select * From TAB_1").empty());
 }
 
-TEST_F(OpeningTest, LinkedLedgersStayTwoLinesUntilThePairIsSaved) {
-  exec("insert into TAB_1 values(2,'C1'," + std::to_string(ledger("Stall")) + "," +
-       std::to_string(group("RENT")) + ",20,1)");
-  frmcrtb& form = editor(2008);
-  frmtbledmas& ledgers = ledgerMaster();
-  pick(ledgers.vsf, 0, "Shop");
-  press(ledgers, ledgers.cmdlink);
-  ledgers.vsf.tick(ledgers.vsf.find(0, "Stall"), true);
-  press(ledgers, ledgers.cmdlink, {yes});
-  ledgers.close();
-  EXPECT_EQ(shown(form.vsfm),
-            (Rows{{"Shop", "RENT", "10.00", "DR"}, {"Shop", "RENT", "20.00", "DR"}}));
-  EXPECT_EQ(form.txttotdeb[0].text(), "30.00");
-  type(form.txtpart, "Shop");
-  type(form.txtgroup, "RENT");
-  debit(form, "5");
-  EXPECT_EQ(shown(form.vsfm), (Rows{{"Shop", "RENT", "35.00", "DR"}}));
-  EXPECT_EQ(rows("select amt from TAB_1"), (Rows{{"35"}}));
-}
-
 // --- access keys --------------------------------------------------------------------------------
 
 // The letters that lead to the controls below the node.
