@@ -5,7 +5,6 @@
 #include "deletion/frmdelwhatinTB.h"
 #include "journal/messages.h"
 #include "journal_fixture.h"
-#include "masters/frmgrpmas.h"
 #include "masters/frmtbledmas.h"
 
 namespace quillet::support {
@@ -189,15 +188,7 @@ TEST_F(JournalFailure, WhateverIsDoneNextTheBooksEndRight) {
 // What reads or rewrites the trial balances begins from whole ones.
 TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
   const auto editor = [&] { practice.forms().ObjCreate()->show(); };
-  const auto merge = [&] {
-    frmgrpmas form(context());
-    form.show();
-    form.click(form.cmdMerge);
-    form.vsM.tick(form.vsM.find(0, "RENT"), true);
-    form.vsMW.setCurrent(form.vsMW.find(0, "CAPITAL"));
-    for (int answers = 0; answers < 2; ++answers) yes();
-    form.click(form.cmdMergeGroup);
-  };
+  const auto merge = [&] { mergeGroup("RENT", "CAPITAL"); };
   const auto link = [&] {
     frmtbledmas form(context());
     form.show();
@@ -280,53 +271,6 @@ TEST_F(JournalFailure, TheSubsidiaryTrialBalanceSaysWhatBecameOfIt) {
   EXPECT_EQ(print("no such statement"), "");
 }
 
-TEST_F(JournalFailure, SaysWhatCouldNotBeLoaded) {
-  arrangeBooks();
-  frmjrnl& form = journal();
-  host().statements().failNext("from JRNL_1 LEFT JOIN");
-  form.LOADGRID();
-  EXPECT_EQ(form.vsf.rows(), 0);
-  EXPECT_EQ(form.lblstatus.caption(), "The vouchers could not be loaded; the error log says why.");
-  form.LOADGRID();
-  EXPECT_EQ(form.lblstatus.caption(), "");
-
-  // Lists and balances: said when they are missing, asked for once more when they are needed.
-  close();
-  for (const char* failing : {"sum(Amt) from TAB_1", "select * from mast_allgrp"}) {
-    SCOPED_TRACE(failing);
-    frmjrnl opened(context());
-    host().statements().failNext(failing);
-    opened.INITDATA("TAB_1", false);
-    opened.show();
-    EXPECT_EQ(shown(opened.VSF3), Rows{});
-    EXPECT_EQ(opened.lblstatus.caption(), notLoaded);
-    host().statements().failNext(failing);
-    opened.click(opened.cmdadd);
-    EXPECT_TRUE(opened.Frame1.visible());
-    opened.click(opened.cmdadd);
-    EXPECT_TRUE(opened.Frame2.visible());
-    EXPECT_EQ(opened.VSF4.rows(), 4);
-    yes();
-    opened.close();
-  }
-
-  // A voucher that cannot be read, and one that somebody else has deleted.
-  open("C1", 2008);
-  for (const bool deleted : {false, true}) {
-    pickVoucher(1);
-    if (deleted) {
-      exec("delete from JRNL_1 where VID=1");
-    } else {
-      host().statements().failNext("where VID=1");
-    }
-    journal().press(keys::Enter);
-    EXPECT_TRUE(journal().Frame1.visible());
-    EXPECT_EQ(journal().vsf.rows(), deleted ? 0 : 2);
-    EXPECT_NE(journal().lblstatus.caption(), "");
-  }
-  messages();
-}
-
 // A number that another client's voucher has too, as two workstations may have given it.
 TEST_F(JournalFailure, LeavesTheNeighboursVoucherOfTheSameNumberAlone) {
   arrangeBooks();
@@ -358,33 +302,6 @@ TEST_F(JournalFailure, LeavesTheNeighboursVoucherOfTheSameNumberAlone) {
   form.ADDVCH(2);
   context().unposted = {};
   EXPECT_EQ(unexplained(), Rows{});
-  messages();
-}
-
-TEST_F(JournalFailure, ShowsAVoucherDatedOutsideThePeriod) {
-  arrangeBooks();
-  frmjrnl& form = journal();
-  const std::string widened = "The period shown was widened to hold the voucher of ";
-  const struct {
-    const char *date, *from, *to;
-    std::string told;
-  } cases[] = {
-      {"15072008", "01/07/2008", "31/07/2008", ""},
-      {"30062008", "30/06/2008", "31/07/2008", widened + "30/06/2008."},
-      {"01082008", "01/07/2008", "01/08/2008", widened + "01/08/2008."},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.date);
-    type(form.txtdt1[0], "01072008");
-    type(form.txtdt1[1], "31072008");
-    form.click(form.cmdok);
-    pass(c.date, {{"Rent", "RENT", "5"}, {"Cash", "", "5", false}});
-    EXPECT_EQ(form.lblperiod.caption(), std::string("Period: ") + c.from + " - " + c.to);
-    EXPECT_EQ(form.txtdt1[0].text(), c.from);
-    EXPECT_EQ(form.txtdt1[1].text(), c.to);
-    EXPECT_EQ(form.lblstatus.caption(), c.told);
-    EXPECT_NE(form.vsf.current(), 0);
-  }
   messages();
 }
 

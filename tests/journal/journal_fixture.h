@@ -7,6 +7,7 @@
 
 #include "data/text.h"
 #include "journal/frmjrnl.h"
+#include "masters/frmgrpmas.h"
 #include "support/practice.h"
 
 namespace quillet::support {
@@ -105,6 +106,17 @@ class JournalTest : public PracticeTest {
     yes();
     journal().press(keys::Delete);
     messages();
+  }
+  void mergeGroup(const std::string& name, const std::string& target) {
+    frmgrpmas groups(context());
+    groups.showModal();
+    groups.click(groups.cmdMerge);
+    groups.vsM.tick(groups.vsM.find(0, name), true);
+    groups.vsMW.setCurrent(groups.vsMW.find(0, target));
+    for (int answers = 0; answers < 2; ++answers) yes();
+    groups.click(groups.cmdMergeGroup);
+    EXPECT_EQ(messages().back(), "Merge Successfully.");
+    groups.close();
   }
   // A line of a voucher behind the journal's back.
   void put(long vid, int line, const std::string& ledgerName, const std::string& groupName,

@@ -1,4 +1,5 @@
 // What the journal loads: lists and balances, the outline of vouchers, one voucher.
+#include "journal/messages.h"
 #include "journal_fixture.h"
 
 namespace quillet::support {
@@ -170,6 +171,55 @@ TEST_F(JournalLoading, ReadsNamesOncePerLedgerHoweverLongTheList) {
   exec("update Mast_Part set Particular='Till' where Particular='Cash'");
   journal().LOADGRID();
   EXPECT_EQ(journal().vsf.cell(1, 1), "By Till");
+}
+
+TEST_F(JournalLoading, SaysWhatCouldNotBeLoaded) {
+  addYear("C1", 2008);
+  put(1, 1, "Rent", "RENT", 40);
+  put(1, 2, "Cash", "BANKS", -40);
+  frmjrnl& form = open("C1", 2008);
+  host().statements().failNext("from JRNL_1 LEFT JOIN");
+  form.LOADGRID();
+  EXPECT_EQ(form.vsf.rows(), 0);
+  EXPECT_EQ(form.lblstatus.caption(), "The vouchers could not be loaded; the error log says why.");
+  form.LOADGRID();
+  EXPECT_EQ(form.lblstatus.caption(), "");
+
+  // Lists and balances: said when they are missing, asked for once more when they are needed.
+  close();
+  for (const char* failing : {"sum(Amt) from TAB_1", "select * from mast_allgrp"}) {
+    SCOPED_TRACE(failing);
+    frmjrnl opened(context());
+    host().statements().failNext(failing);
+    opened.INITDATA("TAB_1", false);
+    opened.show();
+    EXPECT_EQ(shown(opened.VSF3), Rows{});
+    EXPECT_EQ(opened.lblstatus.caption(), notLoaded);
+    host().statements().failNext(failing);
+    opened.click(opened.cmdadd);
+    EXPECT_TRUE(opened.Frame1.visible());
+    opened.click(opened.cmdadd);
+    EXPECT_TRUE(opened.Frame2.visible());
+    EXPECT_EQ(opened.VSF4.rows(), 4);
+    yes();
+    opened.close();
+  }
+
+  // A voucher that cannot be read, and one that somebody else has deleted.
+  open("C1", 2008);
+  for (const bool deleted : {false, true}) {
+    pick(1);
+    if (deleted) {
+      exec("delete from JRNL_1 where VID=1");
+    } else {
+      host().statements().failNext("where VID=1");
+    }
+    journal().press(keys::Enter);
+    EXPECT_TRUE(journal().Frame1.visible());
+    EXPECT_EQ(journal().vsf.rows(), deleted ? 0 : 2);
+    EXPECT_NE(journal().lblstatus.caption(), "");
+  }
+  messages();
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // Checks on update, the statements that store and post a voucher, and what is in the tables
 // afterwards.
 #include "journal_fixture.h"
-#include "masters/frmgrpmas.h"
 
 namespace quillet::support {
 namespace {
@@ -281,21 +280,10 @@ TEST_F(JournalSaving, AFailureIsToldAndItsProcedureLogged) {
 // A voucher keeps the group under which it was passed. When that was merged away meanwhile, the
 // lines that it posted stand under the group merged with, through all merges and a new start.
 TEST_F(JournalSaving, AVoucherOfAMergedGroupCountsWhereItsLinesStand) {
-  const auto merge = [&](const char* name, const char* target) {
-    frmgrpmas groups(context());
-    groups.showModal();
-    groups.click(groups.cmdMerge);
-    groups.vsM.tick(groups.vsM.find(0, name), true);
-    groups.vsMW.setCurrent(groups.vsMW.find(0, target));
-    for (int answers = 0; answers < 2; ++answers) dialogs.queueAnswer(Answer::Yes);
-    groups.click(groups.cmdMergeGroup);
-    groups.close();
-    EXPECT_EQ(messages().back(), "Merge Successfully.");
-  };
   pass("15062008", {{"Rent", "RENT", "100"}, {"Cash", "RENT", "100", false}});
   close();
-  merge("RENT", "SALES");
-  merge("SALES", "CAPITAL");
+  mergeGroup("RENT", "SALES");
+  mergeGroup("SALES", "CAPITAL");
   practice.restartModule();
   frmjrnl& j = open("C1", 2008);
   pick(1);
@@ -327,6 +315,32 @@ TEST_F(JournalSaving, AVoucherOfAMergedGroupCountsWhereItsLinesStand) {
   dialogs.queueAnswer(Answer::Yes);
   ASSERT_TRUE(again.click(again.Command1));
   EXPECT_EQ(balances(), (Rows{{"Cash", "1", "500", "1"}, {"Rent", "2", "40", "1"}}));
+}
+
+TEST_F(JournalSaving, ShowsAVoucherDatedOutsideThePeriod) {
+  frmjrnl& form = journal();
+  const std::string widened = "The period shown was widened to hold the voucher of ";
+  const struct {
+    const char *date, *from, *to;
+    std::string told;
+  } cases[] = {
+      {"15072008", "01/07/2008", "31/07/2008", ""},
+      {"30062008", "30/06/2008", "31/07/2008", widened + "30/06/2008."},
+      {"01082008", "01/07/2008", "01/08/2008", widened + "01/08/2008."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.date);
+    type(form.txtdt1[0], "01072008");
+    type(form.txtdt1[1], "31072008");
+    form.click(form.cmdok);
+    pass(c.date, {{"Rent", "RENT", "5"}, {"Cash", "", "5", false}});
+    EXPECT_EQ(form.lblperiod.caption(), std::string("Period: ") + c.from + " - " + c.to);
+    EXPECT_EQ(form.txtdt1[0].text(), c.from);
+    EXPECT_EQ(form.txtdt1[1].text(), c.to);
+    EXPECT_EQ(form.lblstatus.caption(), c.told);
+    EXPECT_NE(form.vsf.current(), 0);
+  }
+  messages();
 }
 
 }  // namespace
