@@ -69,7 +69,7 @@ void postAllMissing(ServiceObject& host, UnpostedChanges& unposted) {
     try {
       Posting(host, unposted, books).postMissing();
     } catch (const std::exception&) {
-      failure = std::current_exception();  // the other books are settled all the same
+      failure = std::current_exception();  // the other books are posted all the same
     }
   }
   if (failure) std::rethrow_exception(failure);
