@@ -3,8 +3,8 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "app/apart.h"
 #include "suite/calc_spreadsheet.h"
+#include "suite/child_process.h"
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
 #include "suite/queued_dialogs.h"
@@ -30,6 +30,20 @@ void fill(const DataFolder& folder, Contents contents) {
   if (contents == Contents::sample) suite::installSamplePractice(practice.database());
 }
 
+// In a child process, because the database starts only once in each. Throws what went wrong there.
+void fillInChild(const DataFolder& folder, Contents contents) {
+  const auto error = suite::runInChild([&] {
+    try {
+      fill(folder, contents);
+    } catch (const std::exception& thrown) {
+      return std::string(thrown.what());
+    }
+    return std::string();
+  });
+  if (!error) throw std::runtime_error("the process that prepared the data folder ended");
+  if (!error->empty()) throw std::runtime_error(*error);
+}
+
 }  // namespace
 
 void makeFolder(const fs::path& path, Contents contents, bool replace) {
@@ -40,7 +54,7 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
   // the export says so.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
-  runApart([&] { fill(folder, contents); });
+  fillInChild(folder, contents);
   exportTemplate.finish();
   fs::remove(marker(folder.root()));
 }

@@ -52,10 +52,7 @@ Date dateOf(const std::string& text) {
   };
   const bool read =
       number(date.year, 4, false) && number(date.month, 2, false) && number(date.day, 2, true);
-  const bool leap = date.year % 4 == 0 && (date.year % 100 != 0 || date.year % 400 == 0);
-  const int lengths[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (!read || date.month < 1 || date.month > 12 || date.day < 1 ||
-      date.day > lengths[date.month - 1]) {
+  if (!read || !exists(date)) {
     throw Error("'" + text + "' is no date of the form YYYY-MM-DD");
   }
   return date;

@@ -6,7 +6,6 @@
 #include "data/text.h"
 #include "suite/format.h"
 #include "suite/passwords.h"
-#include "suite/utf8.h"
 
 namespace quillet::suite {
 namespace {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "data/errors.h"
+#include "data/text.h"
 #include "suite/embedded_server.h"
-#include "suite/utf8.h"
 
 namespace quillet::suite {
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "suite/folder_examination.h"
-#include "suite/folder_seal.h"
+#include "suite/folder_fingerprint.h"
 #include "suite/stack_bounds.h"
 
 // The library's own switch, which it sets from no option: its files are not synchronised one by
@@ -89,7 +89,7 @@ EmbeddedServer::EmbeddedServer(const fs::path& folder)
     : folder_(fs::absolute(folder)), lock_(takeFolder(folder_)) {
   const FolderState state = examine(folder_);
   if (state == FolderState::isNew) markAsBeingMade(folder_);
-  folder_seal::remove(folder_);
+  folder_fingerprint::remove(folder_);
   started = true;
   keepStackBounds();
   if (!startServerLibrary(folder_)) {
@@ -120,10 +120,11 @@ EmbeddedServer::~EmbeddedServer() {
   errors_.handOver();
   mysql_server_end();
   try {
-    folder_seal::write(folder_);
+    folder_fingerprint::write(folder_);
   } catch (const std::exception&) {
-    // Without a seal the next start examines the folder, which is all that the seal saves.
-    folder_seal::remove(folder_);
+    // Without a fingerprint the next start examines the folder, which takes longer and does no
+    // harm.
+    folder_fingerprint::remove(folder_);
   }
 }
 

@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "suite/database_check.h"
+#include "suite/folder_fingerprint.h"
 #include "suite/folder_lock.h"
-#include "suite/folder_seal.h"
-#include "suite/trial_opening.h"
 
 namespace quillet::suite {
 namespace {
@@ -75,9 +75,9 @@ FolderState examine(const fs::path& folder) {
       throw damaged(folder, std::string(name) + " is missing");
     }
   }
-  if (!folder_seal::intact(folder)) {
-    const std::string fault = faultOnTrial(folder);
-    if (!fault.empty()) throw damaged(folder, fault);
+  if (!folder_fingerprint::matches(folder)) {
+    const std::string damage = findDamage(folder);
+    if (!damage.empty()) throw damaged(folder, damage);
   }
   return FolderState::isIntact;
 }

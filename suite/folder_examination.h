@@ -1,6 +1,6 @@
 // What a database folder is before the server library touches it. The library may end the process
-// or write into the folder when it meets damaged files, so a folder without an intact seal is tried
-// out on a copy, in a process of its own.
+// or write into the folder when it meets damaged files, so a folder that does not match its
+// fingerprint is checked on a copy, in a process of its own.
 #pragma once
 
 #include <filesystem>

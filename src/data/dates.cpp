@@ -1,5 +1,6 @@
 #include "data/dates.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <compare>
@@ -19,23 +20,31 @@ int part(std::string_view text, std::size_t at, std::size_t length) {
   return number;
 }
 
-chr::year_month_day partsOf(std::string_view text) {
-  return {chr::year(part(text, 6, 4)), chr::month(static_cast<unsigned>(part(text, 3, 2))),
-          chr::day(static_cast<unsigned>(part(text, 0, 2)))};
+chr::year_month_day dayOf(Date date) {
+  return {chr::year(date.year), chr::month(static_cast<unsigned>(date.month)),
+          chr::day(static_cast<unsigned>(date.day))};
+}
+
+// Of "dd/mm/yyyy".
+Date partsOf(std::string_view text) {
+  return {part(text, 6, 4), part(text, 3, 2), part(text, 0, 2)};
 }
 
 }  // namespace
 
+bool exists(Date date) {
+  // The calendar's types would wrap larger numbers.
+  return std::min({date.year, date.month, date.day}) >= 1 && std::max(date.month, date.day) <= 31 &&
+         dayOf(date).ok();
+}
+
 bool isDate(std::string_view text) {
   if (text.size() != 10 || text[2] != '/' || text[5] != '/') return false;
-  for (const std::size_t at : {0, 3, 6}) {
-    if (part(text, at, at == 6 ? 4 : 2) < 1) return false;
-  }
-  return partsOf(text).ok();
+  return exists(partsOf(text));
 }
 
 int compareDates(std::string_view first, std::string_view second) {
-  const auto order = partsOf(first) <=> partsOf(second);
+  const auto order = dayOf(partsOf(first)) <=> dayOf(partsOf(second));
   return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 

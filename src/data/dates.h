@@ -13,6 +13,9 @@ struct Date {
   int day = 0;
 };
 
+// Whether there is such a day, from the year 1 on.
+bool exists(Date date);
+
 inline constexpr std::array<std::string_view, 12> monthNames{
     "january", "february", "march",     "april",   "may",      "june",
     "july",    "august",   "september", "october", "november", "december"};

@@ -65,16 +65,9 @@ std::optional<int> yearOf(const std::string& digits) {
 
 bool allDigits(const std::string& part) { return std::all_of(part.begin(), part.end(), isDigit); }
 
-int daysIn(int month, int year) {
-  constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-  return month == 2 && leap ? 29 : days.at(static_cast<std::size_t>(month - 1));
-}
-
 std::optional<Date> checked(std::optional<int> year, int month, int day) {
-  if (!year || *year < 1 || month < 1 || month > 12) return std::nullopt;
-  if (day < 1 || day > daysIn(month, *year)) return std::nullopt;
-  return Date{*year, month, day};
+  const Date date{year.value_or(0), month, day};
+  return exists(date) ? std::optional(date) : std::nullopt;
 }
 
 // "01042008" and "010408".

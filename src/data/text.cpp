@@ -6,7 +6,7 @@
 namespace quillet {
 namespace {
 
-std::size_t sequenceLength(unsigned char lead) {
+std::size_t lengthFrom(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead < 0xE0) return 2;
   if (lead >= 0xE0 && lead < 0xF0) return 3;
@@ -16,13 +16,38 @@ std::size_t sequenceLength(unsigned char lead) {
 
 bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
+// Overlong forms, surrogates and what lies past the last code point show in the second byte.
+bool fits(unsigned char lead, unsigned char second) {
+  switch (lead) {
+    case 0xE0:
+      return second >= 0xA0;
+    case 0xED:
+      return second < 0xA0;
+    case 0xF0:
+      return second >= 0x90;
+    case 0xF4:
+      return second < 0x90;
+    default:
+      return true;
+  }
+}
+
+// The bytes of the character that begins at `at`; 0 when none does.
+std::size_t bytesAt(std::string_view text, std::size_t at) {
+  const auto lead = static_cast<unsigned char>(text[at]);
+  const std::size_t length = lengthFrom(lead);
+  if (length <= 1) return length;
+  const std::string_view rest = text.substr(at + 1, length - 1);
+  const bool whole = rest.size() == length - 1 && std::all_of(rest.begin(), rest.end(), continues);
+  return whole && fits(lead, static_cast<unsigned char>(rest.front())) ? length : 0;
+}
+
 }  // namespace
 
 char32_t nextCharacter(std::string_view text, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(text[at]);
-  const std::size_t length = sequenceLength(lead);
-  if (length <= 1 || at + length > text.size() ||
-      !std::all_of(text.begin() + at + 1, text.begin() + at + length, continues)) {
+  const std::size_t length = bytesAt(text, at);
+  if (length <= 1) {
     ++at;
     return lead;
   }
@@ -32,6 +57,15 @@ char32_t nextCharacter(std::string_view text, std::size_t& at) {
   }
   at += length;
   return character;
+}
+
+bool isUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t length = bytesAt(text, at);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
 }
 
 void appendCharacter(std::string& text, char32_t character) {

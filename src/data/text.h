@@ -11,6 +11,8 @@ namespace quillet {
 // The character that begins at `at`, which moves past it. A byte that begins no character counts as
 // one by itself.
 char32_t nextCharacter(std::string_view text, std::size_t& at);
+// Whether every byte belongs to a character.
+bool isUtf8(std::string_view text);
 void appendCharacter(std::string& text, char32_t character);
 std::size_t lengthOf(std::string_view text);
 // Where the n-th character begins; the text's end when there are fewer.

@@ -1,10 +1,10 @@
 // A process of its own for what must not happen in the test's: starting a server again, dying.
 #pragma once
 
-#include <sys/types.h>
-
 #include <functional>
 #include <string>
+
+#include "suite/child_process.h"
 
 namespace quillet::support {
 
@@ -17,9 +17,6 @@ class Reporting {
  public:
   using Tell = std::function<void(const std::string& line)>;
   explicit Reporting(const std::function<void(const Tell&)>& work);
-  ~Reporting();
-  Reporting(const Reporting&) = delete;
-  Reporting& operator=(const Reporting&) = delete;
 
   // The next line; "" when the child has ended.
   std::string next();
@@ -27,8 +24,7 @@ class Reporting {
   std::string kill();
 
  private:
-  pid_t child_ = -1;
-  int pipe_ = -1;
+  suite::ChildProcess child_;
   std::string pending_;
 };
 

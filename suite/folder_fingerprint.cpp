@@ -1,4 +1,4 @@
-#include "suite/folder_seal.h"
+#include "suite/folder_fingerprint.h"
 
 #include <algorithm>
 #include <fstream>
@@ -8,7 +8,7 @@
 
 #include "suite/folder_lock.h"
 
-namespace quillet::suite::folder_seal {
+namespace quillet::suite::folder_fingerprint {
 namespace {
 
 namespace fs = std::filesystem;
@@ -37,7 +37,7 @@ void write(const fs::path& folder) {
   std::ofstream(folder / fileName, std::ios::binary) << describe(folder);
 }
 
-bool intact(const fs::path& folder) {
+bool matches(const fs::path& folder) {
   std::ifstream file(folder / fileName, std::ios::binary);
   if (!file) return false;
   std::ostringstream text;
@@ -50,4 +50,4 @@ void remove(const fs::path& folder) {
   fs::remove(folder / fileName, ignored);
 }
 
-}  // namespace quillet::suite::folder_seal
+}  // namespace quillet::suite::folder_fingerprint

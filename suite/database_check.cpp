@@ -1,14 +1,12 @@
-#include "suite/trial_opening.h"
+#include "suite/database_check.h"
 
 #include <fcntl.h>
 #include <mysql.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstring>
-#include <stdexcept>
 
+#include "suite/child_process.h"
 #include "suite/embedded_server.h"
 
 namespace quillet::suite {
@@ -41,7 +39,7 @@ class Copy {
   fs::path path_;
 };
 
-enum Outcome : int { sound = 0, doesNotStart = 10, tablesMissing = 11, tablesDamaged = 12 };
+constexpr const char* unreadable = "the server cannot read its files";
 
 MYSQL_RES* ask(MYSQL* connection, const std::string& sql) {
   if (mysql_real_query(connection, sql.data(), sql.size()) != 0) return nullptr;
@@ -81,15 +79,15 @@ bool tablesSound(MYSQL* connection) {
   return good;
 }
 
-Outcome tryOut(const fs::path& copy) {
-  if (!startServerLibrary(copy)) return doesNotStart;
+std::string damageIn(const fs::path& copy) {
+  if (!startServerLibrary(copy)) return unreadable;
   MYSQL* connection = mysql_init(nullptr);
   if (mysql_real_connect(connection, nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
       nullptr) {
-    return doesNotStart;
+    return unreadable;
   }
-  if (!nothingMissing(connection)) return tablesMissing;
-  return tablesSound(connection) ? sound : tablesDamaged;
+  if (!nothingMissing(connection)) return "tables are missing";
+  return tablesSound(connection) ? "" : "tables cannot be read";
 }
 
 // The library writes to the standard streams when it gives up; nobody is to see that.
@@ -101,29 +99,14 @@ void silence() {
 
 }  // namespace
 
-std::string faultOnTrial(const fs::path& folder) {
+std::string findDamage(const fs::path& folder) {
   const Copy copy(folder);
-  const pid_t child = fork();
-  if (child < 0) throw std::runtime_error("No process could be started to examine the database.");
-  if (child == 0) {
+  const auto damage = runInChild([&] {
     silence();
     alarm(120);  // a child that hangs is as good as one that crashes
-    _exit(tryOut(copy.path()));
-  }
-  int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
-  if (!WIFEXITED(status)) return "the server cannot read its files";
-  switch (WEXITSTATUS(status)) {
-    case sound:
-      return {};
-    case tablesMissing:
-      return "tables are missing";
-    case tablesDamaged:
-      return "tables cannot be read";
-    default:
-      return "the server cannot read its files";
-  }
+    return damageIn(copy.path());
+  });
+  return damage.value_or(unreadable);
 }
 
 }  // namespace quillet::suite
