@@ -36,10 +36,10 @@ int main(int argc, char** argv) {
   std::setlocale(LC_CTYPE, "C.UTF-8");
   try {
     return run(quillet::app::parseOptions(argc, argv));
-  } catch (const quillet::app::Finished& finished) {
-    (finished.status() == 0 ? std::cout : std::cerr)
-        << (finished.status() == 0 ? "" : "quillet: ") << finished.what() << '\n';
-    return finished.status();
+  } catch (const quillet::app::ExitRequest& request) {
+    (request.status() == 0 ? std::cout : std::cerr)
+        << (request.status() == 0 ? "" : "quillet: ") << request.what() << '\n';
+    return request.status();
   } catch (const std::exception& error) {
     std::cerr << "quillet: " << error.what() << '\n';
     return 1;

@@ -8,9 +8,9 @@ namespace {
 // Everything from the script's file on belongs to the script, whatever it looks like.
 void takeScript(const CLI::App& command, Options& options) {
   std::vector<std::string> rest = command.remaining();
-  if (rest.empty()) throw Finished(2, "script: FILE.lua is missing");
+  if (rest.empty()) throw ExitRequest(2, "script: FILE.lua is missing");
   if (rest.front().starts_with('-')) {
-    throw Finished(2, "script: there is no option " + rest.front());
+    throw ExitRequest(2, "script: there is no option " + rest.front());
   }
   options.file = rest.front();
   options.arguments.assign(rest.begin() + 1, rest.end());
@@ -41,10 +41,10 @@ Options parseOptions(int argc, const char* const* argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    if (error.get_exit_code() != 0) throw Finished(2, firstLine(error.what()));
-    throw Finished(0, error.get_name() == "CallForVersion" ? error.what() : app.help());
+    if (error.get_exit_code() != 0) throw ExitRequest(2, firstLine(error.what()));
+    throw ExitRequest(0, error.get_name() == "CallForVersion" ? error.what() : app.help());
   }
-  if (app.count("--data") > 0 && data.empty()) throw Finished(2, "--data: DIR is empty");
+  if (app.count("--data") > 0 && data.empty()) throw ExitRequest(2, "--data: DIR is empty");
   options.data = data;
   if (*init) options.command = Options::Command::init;
   if (*script) {

@@ -22,9 +22,9 @@ struct Options {
 };
 
 // There is nothing more to do: the help or the version was asked for, or the usage was wrong.
-class Finished : public std::runtime_error {
+class ExitRequest : public std::runtime_error {
  public:
-  Finished(int status, const std::string& text) : std::runtime_error(text), status_(status) {}
+  ExitRequest(int status, const std::string& text) : std::runtime_error(text), status_(status) {}
   // 0: the text goes to standard output; 2: to standard error.
   int status() const { return status_; }
 
@@ -32,7 +32,7 @@ class Finished : public std::runtime_error {
   int status_;
 };
 
-// Throws Finished.
+// Throws ExitRequest.
 Options parseOptions(int argc, const char* const* argv);
 
 }  // namespace quillet::app

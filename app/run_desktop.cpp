@@ -9,7 +9,7 @@
 namespace quillet::app {
 namespace {
 
-int work(desktop::Application& application, const suite::DataFolder& folder) {
+int runApplication(desktop::Application& application, const suite::DataFolder& folder) {
   suite::SystemClock clock;
   // A folder that was made without LibreOffice, or lost the template, gets it while a person works.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
@@ -24,7 +24,7 @@ int work(desktop::Application& application, const suite::DataFolder& folder) {
 }
 
 // For who has started the program from a menu and sees no terminal.
-void tell(desktop::Application& application, const std::string& text) {
+void showError(desktop::Application& application, const std::string& text) {
   application.dialogs().MsgBox({text, "Quillet", Buttons::OK, Icon::critical});
 }
 
@@ -36,10 +36,10 @@ int runDesktop(const Options& options) {
     // A child process makes a new folder, and that has to begin before Qt starts its threads.
     const suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
     application = openDisplay();
-    return work(*application, folder);
+    return runApplication(*application, folder);
   } catch (const std::exception& error) {
     if (!application && hasDisplay()) application = openDisplay();
-    if (application) tell(*application, error.what());
+    if (application) showError(*application, error.what());
     throw;
   }
 }

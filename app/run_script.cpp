@@ -40,7 +40,7 @@ void savePicture(const QImage& picture, const fs::path& path) {
   }
 }
 
-int playUnseen(const fs::path& data, const Options& options) {
+int playHeadless(const fs::path& data, const Options& options) {
   suite::QueuedDialogs dialogs;
   suite::HeadlessFrontEnd frontEnd(dialogs);
   suite::FixedClock clock;
@@ -54,7 +54,7 @@ int playUnseen(const fs::path& data, const Options& options) {
   return play(session, options);
 }
 
-int playShown(const fs::path& data, const Options& options) {
+int playOnScreen(const fs::path& data, const Options& options) {
   const auto application = openDisplay();
   suite::QueuedDialogs dialogs;
   application->useDialogs(&dialogs);
@@ -84,7 +84,7 @@ int runScript(const Options& options) {
     throw std::runtime_error("There is no script " + options.file.string() + ".");
   }
   const fs::path data = folderToOpen(options.data);
-  return options.show ? playShown(data, options) : playUnseen(data, options);
+  return options.show ? playOnScreen(data, options) : playHeadless(data, options);
 }
 
 }  // namespace quillet::app

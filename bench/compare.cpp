@@ -36,7 +36,7 @@ void call(const std::function<void()>& step) {
 }
 
 Statements statementsOf(const Operation& operation) {
-  suite::StatementGate& gate = practice().service().statements();
+  suite::StatementInterceptor& gate = practice().service().statements();
   call(operation.prepare);
   gate.record(true);
   operation.run();

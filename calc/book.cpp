@@ -123,8 +123,8 @@ void Book::writeGathered() {
       left = std::min(left, at.second);
       right = std::max(right, at.second);
     }
-    const std::vector<uno::Any> emptyRow(static_cast<std::size_t>(right - left + 1), anyOf({}));
-    const std::vector<uno::Sequence<uno::Any>> emptyRows(static_cast<std::size_t>(bottom - top + 1),
+    const std::vector<uno::Any> emptyRow(right - left + 1, anyOf({}));
+    const std::vector<uno::Sequence<uno::Any>> emptyRows(bottom - top + 1,
                                                          {emptyRow.data(), right - left + 1});
     uno::Sequence<uno::Sequence<uno::Any>> data(emptyRows.data(), bottom - top + 1);
     auto* rows = data.getArray();

@@ -14,7 +14,7 @@ inline rtl::OUString fromUtf8(const std::string& text) {
 
 inline std::string toUtf8(const rtl::OUString& text) {
   const rtl::OString bytes = rtl::OUStringToOString(text, RTL_TEXTENCODING_UTF8);
-  return {bytes.getStr(), static_cast<std::size_t>(bytes.getLength())};
+  return std::string(bytes.getStr(), bytes.getLength());
 }
 
 inline rtl::OUString urlOf(const std::string& path) {

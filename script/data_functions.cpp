@@ -101,7 +101,7 @@ int query(Call& call) {
       pushField(state, *rows, column);
       lua_pushvalue(state, -1);
       lua_rawseti(state, -3, column + 1);
-      lua_setfield(state, -2, names[static_cast<std::size_t>(column)].c_str());
+      lua_setfield(state, -2, names[column].c_str());
     }
     lua_rawseti(state, -2, position);
   }

@@ -15,7 +15,7 @@ Grid& grid(Control& control) { return dynamic_cast<Grid&>(control); }
 std::vector<int> shownColumns(const Grid& grid) {
   std::vector<int> shown;
   for (int column = 0; column < grid.cols(); ++column) {
-    if (!grid.columns()[static_cast<std::size_t>(column)].hidden) shown.push_back(column);
+    if (!grid.columns()[column].hidden) shown.push_back(column);
   }
   return shown;
 }
@@ -39,14 +39,14 @@ int columnAt(const Call& call, int n, const Grid& grid) {
   const auto shown = shownColumns(grid);
   if (call.isNumber(n)) {
     const int position = call.integer(n);
-    if (position >= 1 && position <= static_cast<int>(shown.size())) {
-      return shown[static_cast<std::size_t>(position - 1)];
+    if (position >= 1 && position <= std::ssize(shown)) {
+      return shown[position - 1];
     }
     throw Error(describe(grid) + " shows no column " + std::to_string(position));
   }
   const std::string heading = call.text(n);
   for (const int column : shown) {
-    if (equalIgnoringCase(grid.columns()[static_cast<std::size_t>(column)].heading, heading)) {
+    if (equalIgnoringCase(grid.columns()[column].heading, heading)) {
       return column;
     }
   }
@@ -56,7 +56,7 @@ int columnAt(const Call& call, int n, const Grid& grid) {
 int heads(Call& call, Control& control) {
   std::vector<std::string> headings;
   for (const int column : shownColumns(grid(control))) {
-    headings.push_back(grid(control).columns()[static_cast<std::size_t>(column)].heading);
+    headings.push_back(grid(control).columns()[column].heading);
   }
   return call.give(headings);
 }
@@ -150,7 +150,7 @@ int set(Call& call, Control& control) {
     pointInto(call.session(), list);
     const int wanted = shownRow(list, call.integer(2));
     const int column = columnAt(call, 3, list);
-    const GridColumn& edited = list.columns()[static_cast<std::size_t>(column)];
+    const GridColumn& edited = list.columns()[column];
     if (!edited.editable) {
       throw Error("the column '" + edited.heading + "' of " + describe(list) + " cannot be edited");
     }

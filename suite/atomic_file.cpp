@@ -28,7 +28,7 @@ class OpenFile {
       const ssize_t written = write(file_, content.data(), content.size());
       if (written < 0 && errno == EINTR) continue;
       if (written <= 0) return false;
-      content.remove_prefix(static_cast<std::size_t>(written));
+      content.remove_prefix(written);
     }
     return true;
   }

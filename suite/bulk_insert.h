@@ -24,7 +24,7 @@ class BulkInsert {
     std::string_view separator;
     ((sql_ += separator, add(values), separator = ","), ...);
     sql_ += ')';
-    if (sql_.size() > kEnough) send();
+    if (sql_.size() > enough) send();
   }
 
   // Sends what is left. Not done by a destructor: it can fail.
@@ -36,7 +36,7 @@ class BulkInsert {
 
  private:
   // Well below the smallest packet size that a server is set up with.
-  static constexpr std::size_t kEnough = std::size_t{256} * 1024;
+  static constexpr std::size_t enough = 262'144;
 
   void add(std::integral auto value) { sql_ += std::to_string(value); }
   void add(const Number& number) { sql_ += number.text; }

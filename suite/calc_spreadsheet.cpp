@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t batchSize = std::size_t{64} * 1024;
+constexpr std::size_t batchSize = 65'536;
 
 }  // namespace
 

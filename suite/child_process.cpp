@@ -20,7 +20,7 @@ void writeAll(int pipe, std::string_view text) {
     const ssize_t written = write(pipe, text.data(), text.size());
     if (written < 0 && errno == EINTR) continue;
     if (written <= 0) _exit(EXIT_FAILURE);
-    text.remove_prefix(static_cast<std::size_t>(written));
+    text.remove_prefix(written);
   }
 }
 
@@ -66,7 +66,7 @@ std::string ChildProcess::read() {
   do {
     got = ::read(pipe_, buffer.data(), buffer.size());
   } while (got < 0 && errno == EINTR);
-  return got <= 0 ? std::string() : std::string(buffer.data(), static_cast<std::size_t>(got));
+  return got <= 0 ? std::string() : std::string(buffer.data(), got);
 }
 
 std::string ChildProcess::readAll() {

@@ -23,10 +23,8 @@ frmClSelection::frmClSelection(Desk& desk, Database& database, Settings& setting
       status_(std::move(status)) {
   setCaption("Clients Shown");
   size = {0.3, 0.25, 1.0};
-  cmdok.Click = [this] {
-    trap("CMDOK_CLICK", [&] { save(chosenText(cbostatus), chosenText(cbogroup)); });
-  };
-  cmdall.Click = [this] { trap("CMDALL_CLICK", [&] { save("", ""); }); };
+  cmdok.Click = [this] { save(chosenText(cbostatus), chosenText(cbogroup)); };
+  cmdall.Click = [this] { save("", ""); };
   cmdcancel.Click = [this] { close(); };
   KeyPress = [this](Key& key) {
     if (key == keys::Escape) {

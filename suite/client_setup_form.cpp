@@ -9,7 +9,10 @@ namespace {
 
 namespace cc = client_columns;
 
-enum GridColumnAt { ticks, headings, widths, positions };
+enum GridColumnAt { ticks, headings, widths };
+
+// A row's id is the position of its column among all, counted from 1.
+long idOf(std::size_t column) { return static_cast<long>(column) + 1; }
 
 int widthIn(const std::string& text, int usual) {
   int width = usual;
@@ -25,16 +28,13 @@ frmClSetup::frmClSetup(Desk& desk, Settings& settings)
   size = {0.4, 0.5, 1.0};
   vsf.setColumns({{.heading = "Show", .width = 6, .tick = true},
                   {.heading = "Column", .width = 24, .stretch = true},
-                  {.heading = "Width", .align = Align::right, .width = 8, .editable = true},
-                  {.heading = "Position", .hidden = true}});
-  vsf.AfterEdit = [this](int row, int column) {
-    trap("VSF_AFTEREDIT", [&] { edited(row, column); });
-  };
+                  {.heading = "Width", .align = Align::right, .width = 8, .editable = true}});
+  vsf.AfterEdit = [this](int row, int column) { edited(row, column); };
   vsf.RowColChange = [this] { enableMoves(); };
-  cmdup.Click = [this] { trap("CMDUP_CLICK", [&] { move(-1); }); };
-  cmddown.Click = [this] { trap("CMDDOWN_CLICK", [&] { move(1); }); };
-  cmddefault.Click = [this] { trap("CMDDEFAULT_CLICK", [&] { show(cc::defaults()); }); };
-  cmdok.Click = [this] { trap("CMDOK_CLICK", [&] { save(); }); };
+  cmdup.Click = [this] { move(-1); };
+  cmddown.Click = [this] { move(1); };
+  cmddefault.Click = [this] { show(cc::defaults()); };
+  cmdok.Click = [this] { save(); };
   cmdcancel.Click = [this] { close(); };
   KeyPress = [this](Key& key) {
     if (key == keys::Escape) {
@@ -52,24 +52,23 @@ void frmClSetup::load() {
 void frmClSetup::show(const std::vector<cc::Shown>& columns) {
   vsf.clearRows();
   const auto add = [&](std::size_t column, int width, bool shown) {
-    vsf.addRow({shown ? "1" : "", std::string(cc::all[column].heading), std::to_string(width),
-                std::to_string(column)});
+    vsf.addRow({shown ? "1" : "", std::string(cc::all[column].heading), std::to_string(width)},
+               idOf(column));
   };
   for (const cc::Shown& shown : columns) add(shown.column, shown.width, true);
   for (std::size_t i = 0; i < cc::all.size(); ++i) {
-    if (vsf.find(positions, std::to_string(i)) == 0) add(i, cc::all[i].width, false);
+    if (vsf.findId(idOf(i)) == 0) add(i, cc::all[i].width, false);
   }
   vsf.setCurrent(1);
   enableMoves();
 }
 
 void frmClSetup::edited(int row, int column) {
-  const auto position = static_cast<std::size_t>(std::stoul(vsf.cell(row, positions)));
+  const cc::Column& arranged = cc::all[vsf.rowId(row) - 1];
   // A client is chosen by its code, so the code stays.
-  if (column == ticks && position == 0) vsf.setCell(row, ticks, "1");
+  if (column == ticks && &arranged == &cc::all.front()) vsf.setCell(row, ticks, "1");
   if (column == widths) {
-    vsf.setCell(row, widths,
-                std::to_string(widthIn(vsf.cell(row, widths), cc::all[position].width)));
+    vsf.setCell(row, widths, std::to_string(widthIn(vsf.cell(row, widths), arranged.width)));
   }
 }
 
@@ -77,12 +76,8 @@ void frmClSetup::move(int by) {
   const int from = vsf.current();
   const int to = from + by;
   if (from == 0 || to < 1 || to > vsf.rows()) return;
-  for (int column = 0; column < vsf.cols(); ++column) {
-    const std::string text = vsf.cell(from, column);
-    vsf.setCell(from, column, vsf.cell(to, column));
-    vsf.setCell(to, column, text);
-  }
-  vsf.setCurrent(to);
+  vsf.moveRow(from, to);
+  enableMoves();
 }
 
 void frmClSetup::enableMoves() {
@@ -94,8 +89,8 @@ void frmClSetup::save() {
   std::vector<cc::Shown> columns;
   for (int row = 1; row <= vsf.rows(); ++row) {
     if (!vsf.ticked(row)) continue;
-    const auto position = static_cast<std::size_t>(std::stoul(vsf.cell(row, positions)));
-    columns.push_back({position, widthIn(vsf.cell(row, widths), cc::all[position].width)});
+    const std::size_t column = vsf.rowId(row) - 1;
+    columns.push_back({column, widthIn(vsf.cell(row, widths), cc::all[column].width)});
   }
   settings_.set(cc::section, cc::columnsKey, cc::format(columns));
   close();

@@ -208,15 +208,15 @@ std::filesystem::path Database::schemaFolder() const {
   return server == nullptr ? std::filesystem::path() : server->folder() / ownSchema;
 }
 
-void Database::fillAnew(const std::function<void()>& work) {
+void Database::bulkLoad(const std::function<void()>& work) {
   EmbeddedServer* server = impl_->server();
   if (server == nullptr) return work();
-  server->beginMaking();
+  server->beginBulkLoad();
   execute("set global innodb_flush_log_at_trx_commit=0, global sync_frm=0");
   work();
   execute("set global innodb_flush_log_at_trx_commit=1, global sync_frm=1");
   execute("flush engine logs");
-  server->endMaking();
+  server->endBulkLoad();
 }
 
 }  // namespace quillet::suite

@@ -47,7 +47,7 @@ class Database : public Connection {
   // Runs work that fills a database without tables, so fast that the disk is not waited for until
   // the end: all of it is durable when this returns. When the process dies meanwhile, an embedded
   // database is empty again at the next start. A server runs the work as any other.
-  void fillAnew(const std::function<void()>& work);
+  void bulkLoad(const std::function<void()>& work);
 
  private:
   class Impl;

@@ -47,9 +47,7 @@ std::vector<ReportHeading> Document::pageHeadings() const {
   return lines;
 }
 
-std::size_t Document::columns(int table) const {
-  return at(columns_, static_cast<std::size_t>(table));
-}
+std::size_t Document::columns(int table) const { return at(columns_, table); }
 
 Document::Span Document::spanOf(const ReportRow& row, std::size_t cell) const {
   const std::size_t cells = row.cells.size();
@@ -79,13 +77,13 @@ void Document::addRow(const Written& written) {
     ReportCell cell;
     cell.text = std::move(printed.text);
     cell.align = alignmentOf(at(written.alignments, i));
-    cell.width = at(written.widths, i);
+    cell.width = std::max(at(written.widths, i), 0L);
     cell.ruled = marks(written.masks[0], i);
     cell.emphasised = printed.emphasised || marks(written.masks[1], i);
     cell.printed = marks(written.masks[3], i);
     row.cells.push_back(std::move(cell));
   }
-  const auto table = static_cast<std::size_t>(row.table);
+  const std::size_t table = row.table;
   columns_.resize(std::max(columns_.size(), table + 1));
   columns_[table] = std::max(columns_[table], row.cells.size());
   rows_.push_back(std::move(row));

@@ -23,8 +23,8 @@ struct ReportHeading {
 struct ReportCell {
   std::string text;
   CellAlign align = CellAlign::left;
-  long width = 0;      // in characters, 0 follows the content
-  bool ruled = false;  // a rule above the cell
+  std::size_t width = 0;  // in characters, 0 follows the content
+  bool ruled = false;     // a rule above the cell
   bool emphasised = false;
   bool printed = true;
 };
@@ -57,8 +57,8 @@ class Document {
   int tables() const { return tables_; }
   // Who made the report.
   void setFirm(std::string name) { firm_ = std::move(name); }
-  // Whose books it is about: a sheet that lies about says it, whatever the report's own headings
-  // do.
+  // Whose books it is about. It stands on every sheet, also where the report's own headings do not
+  // name it, so that a loose sheet is not taken for another client's.
   void setSubject(std::string text) { subject_ = std::move(text); }
 
   // Told by the reporter.

@@ -50,12 +50,11 @@ std::string emphasised(const std::string& text, bool on) {
 
 class Pages {
  public:
-  Pages(const Document& document, PaperWidth width)
-      : document_(document), width_(static_cast<std::size_t>(width)) {}
+  Pages(const Document& document, PaperWidth width) : document_(document), width_(width) {}
 
   std::string text() {
     text_ = reset;
-    if (width_ > static_cast<std::size_t>(PaperWidth::columns80)) text_ += condensed;
+    if (width_ > columns80) text_ += condensed;
     for (const ReportHeading& heading : document_.pageHeadings()) write(heading);
     for (std::size_t row = 0; row < document_.rows().size(); ++row) add(row);
     return text_ + newPage;

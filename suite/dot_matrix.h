@@ -2,13 +2,15 @@
 // page by page of continuous paper.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "suite/document.h"
 
 namespace quillet::suite {
 
-enum class PaperWidth { columns80 = 80, columns132 = 132 };  // the wide one in condensed print
+// In characters; the wide one is printed condensed.
+enum PaperWidth : std::size_t { columns80 = 80, columns132 = 132 };
 
 // Texts are shortened where the columns do not fit; amounts stay whole. A character that such a
 // printer does not have becomes '?', the rupee sign "Rs".

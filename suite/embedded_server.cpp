@@ -61,9 +61,9 @@ std::vector<std::string> options(const fs::path& folder) {
   };
 }
 
-FolderLock takeFolder(const fs::path& folder) {
+FolderLock lockFolder(const fs::path& folder) {
   if (started) throw std::logic_error("The embedded database starts once in a process.");
-  makeReadyForLock(folder);
+  prepareFolder(folder);
   return FolderLock(folder);
 }
 
@@ -86,9 +86,9 @@ bool startServerLibrary(const fs::path& folder) {
 }
 
 EmbeddedServer::EmbeddedServer(const fs::path& folder)
-    : folder_(fs::absolute(folder)), lock_(takeFolder(folder_)) {
+    : folder_(fs::absolute(folder)), lock_(lockFolder(folder_)) {
   const FolderState state = examine(folder_);
-  if (state == FolderState::isNew) markAsBeingMade(folder_);
+  if (state == FolderState::isNew) markIncomplete(folder_);
   folder_fingerprint::remove(folder_);
   started = true;
   keepStackBounds();
@@ -96,16 +96,16 @@ EmbeddedServer::EmbeddedServer(const fs::path& folder)
     throw std::runtime_error("The database in " + folder_.string() +
                              " did not start; its file error.log tells why.");
   }
-  errors_.takeBack();
-  if (state == FolderState::isNew) markAsMade(folder_);
+  errors_.restore();
+  if (state == FolderState::isNew) markComplete(folder_);
 }
 
-void EmbeddedServer::beginMaking() {
-  markAsBeingMade(folder_);
+void EmbeddedServer::beginBulkLoad() {
+  markIncomplete(folder_);
   my_disable_sync = 1;
 }
 
-void EmbeddedServer::endMaking() {
+void EmbeddedServer::endBulkLoad() {
   my_disable_sync = 0;
   const int folder = open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   const bool synchronised = folder >= 0 && syncfs(folder) == 0;
@@ -113,11 +113,11 @@ void EmbeddedServer::endMaking() {
   if (!synchronised) {
     throw std::runtime_error("The folder " + folder_.string() + " cannot be written.");
   }
-  markAsMade(folder_);
+  markComplete(folder_);
 }
 
 EmbeddedServer::~EmbeddedServer() {
-  errors_.handOver();
+  errors_.redirectToLog();
   mysql_server_end();
   try {
     folder_fingerprint::write(folder_);

@@ -22,8 +22,8 @@ class EmbeddedServer {
 
   // Between these two the server waits for no disk. The folder must hold no data yet: when the
   // process dies before the second, the next start empties it.
-  void beginMaking();
-  void endMaking();
+  void beginBulkLoad();
+  void endBulkLoad();
 
  private:
   std::filesystem::path folder_;

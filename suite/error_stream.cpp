@@ -8,28 +8,28 @@
 namespace quillet::suite {
 namespace {
 
-int remembered() { return fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3); }
+int duplicate() { return fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3); }
 
-void become(int file) {
+void redirectTo(int file) {
   std::fflush(stderr);
   if (file >= 0) dup2(file, STDERR_FILENO);
 }
 
 }  // namespace
 
-ErrorStream::ErrorStream() : own_(remembered()) {}
+ErrorStream::ErrorStream() : own_(duplicate()) {}
 
 ErrorStream::~ErrorStream() {
-  become(own_);
+  redirectTo(own_);
   if (own_ >= 0) close(own_);
   if (log_ >= 0) close(log_);
 }
 
-void ErrorStream::takeBack() {
-  log_ = remembered();
-  become(own_);
+void ErrorStream::restore() {
+  log_ = duplicate();
+  redirectTo(own_);
 }
 
-void ErrorStream::handOver() { become(log_); }
+void ErrorStream::redirectToLog() { redirectTo(log_); }
 
 }  // namespace quillet::suite

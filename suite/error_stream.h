@@ -14,9 +14,9 @@ class ErrorStream {
   ErrorStream& operator=(const ErrorStream&) = delete;
 
   // The library has started: the stream is the program's again.
-  void takeBack();
+  void restore();
   // The library is about to end: what it has to say goes to its log.
-  void handOver();
+  void redirectToLog();
 
  private:
   int own_;

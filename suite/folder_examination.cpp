@@ -18,27 +18,27 @@ namespace fs = std::filesystem;
 constexpr const char* making = "making";
 constexpr std::array required{"ibdata1", "ib_logfile0", "aria_log_control", "aria_log.00000001"};
 
-bool saysNothing(const fs::path& file) {
+bool isIgnored(const fs::path& file) {
   const fs::path name = file.filename();
   return name == FolderLock::fileName || name == "error.log";
 }
 
-bool holdsNothing(const fs::path& folder) {
+bool isEmpty(const fs::path& folder) {
   const fs::directory_iterator entries(folder);
   return std::all_of(begin(entries), end(entries),
-                     [](const fs::directory_entry& entry) { return saysNothing(entry.path()); });
+                     [](const fs::directory_entry& entry) { return isIgnored(entry.path()); });
 }
 
-bool beingMade(const fs::path& folder) { return fs::exists(folder / making); }
+bool isIncomplete(const fs::path& folder) { return fs::exists(folder / making); }
 
 std::runtime_error damaged(const fs::path& folder, const std::string& what) {
   return std::runtime_error("The database in " + folder.string() + " is damaged (" + what +
                             "). Nothing was changed. Restore the folder from a backup.");
 }
 
-void removeRemains(const fs::path& folder) {
+void removeIncompleteDatabase(const fs::path& folder) {
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-    if (!saysNothing(entry.path()) && entry.path().filename() != making) {
+    if (!isIgnored(entry.path()) && entry.path().filename() != making) {
       fs::remove_all(entry.path());
     }
   }
@@ -47,7 +47,7 @@ void removeRemains(const fs::path& folder) {
 
 }  // namespace
 
-void makeReadyForLock(const fs::path& folder) {
+void prepareFolder(const fs::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) {
@@ -59,7 +59,7 @@ void makeReadyForLock(const fs::path& folder) {
     throw std::runtime_error("The folder " + folder.string() +
                              " cannot be read: " + error.message() + ".");
   }
-  if (holdsNothing(folder) || beingMade(folder)) return;
+  if (isEmpty(folder) || isIncomplete(folder)) return;
   if (std::none_of(required.begin(), required.end(),
                    [&](const char* name) { return fs::exists(folder / name); })) {
     throw std::runtime_error("The folder " + folder.string() +
@@ -68,8 +68,8 @@ void makeReadyForLock(const fs::path& folder) {
 }
 
 FolderState examine(const fs::path& folder) {
-  if (beingMade(folder)) removeRemains(folder);
-  if (holdsNothing(folder)) return FolderState::isNew;
+  if (isIncomplete(folder)) removeIncompleteDatabase(folder);
+  if (isEmpty(folder)) return FolderState::isNew;
   for (const char* name : required) {
     if (!fs::is_regular_file(folder / name)) {
       throw damaged(folder, std::string(name) + " is missing");
@@ -82,7 +82,7 @@ FolderState examine(const fs::path& folder) {
   return FolderState::isIntact;
 }
 
-void markAsBeingMade(const fs::path& folder) { std::ofstream{folder / making}; }
-void markAsMade(const fs::path& folder) { fs::remove(folder / making); }
+void markIncomplete(const fs::path& folder) { std::ofstream{folder / making}; }
+void markComplete(const fs::path& folder) { fs::remove(folder / making); }
 
 }  // namespace quillet::suite

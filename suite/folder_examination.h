@@ -14,14 +14,14 @@ enum class FolderState {
 
 // Makes the folder when it is missing. Throws std::runtime_error when it cannot be made or when it
 // holds something that is not a database of ours; nothing is written then.
-void makeReadyForLock(const std::filesystem::path& folder);
+void prepareFolder(const std::filesystem::path& folder);
 
 // The folder's state; the caller holds its lock. Throws std::runtime_error that names the folder
 // when it is damaged. What an interrupted first start left behind is removed.
 FolderState examine(const std::filesystem::path& folder);
 
 // Between these two the folder holds a database that never was complete.
-void markAsBeingMade(const std::filesystem::path& folder);
-void markAsMade(const std::filesystem::path& folder);
+void markIncomplete(const std::filesystem::path& folder);
+void markComplete(const std::filesystem::path& folder);
 
 }  // namespace quillet::suite

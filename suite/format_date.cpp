@@ -15,7 +15,7 @@ std::string padded(int value, std::size_t width) {
 
 std::string monthText(int month, std::size_t letters) {
   if (letters < 3) return padded(month, letters);
-  std::string name(monthNames.at(static_cast<std::size_t>(month - 1)));
+  std::string name(monthNames.at(month - 1));
   name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
   return letters == 3 ? name.substr(0, 3) : name;
 }

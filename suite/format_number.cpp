@@ -47,10 +47,10 @@ struct Parts {
 Parts roundedTo(Decimal decimal, std::size_t places) {
   // Zeros in front, so that the digits begin at or before the point.
   if (decimal.point < 0) {
-    decimal.digits.insert(0, static_cast<std::size_t>(-decimal.point), '0');
+    decimal.digits.insert(0, -decimal.point, '0');
     decimal.point = 0;
   }
-  const std::size_t kept = static_cast<std::size_t>(decimal.point) + places;
+  const std::size_t kept = decimal.point + places;
   if (decimal.digits.size() > kept) {
     const bool up = decimal.digits[kept] >= '5';
     decimal.digits.resize(kept);
@@ -58,8 +58,7 @@ Parts roundedTo(Decimal decimal, std::size_t places) {
   } else {
     decimal.digits.resize(kept, '0');
   }
-  const auto point = static_cast<std::size_t>(decimal.point);
-  Parts parts{decimal.digits.substr(0, point), decimal.digits.substr(point)};
+  Parts parts{decimal.digits.substr(0, decimal.point), decimal.digits.substr(decimal.point)};
   parts.whole.erase(0, std::min(parts.whole.find_first_not_of('0'), parts.whole.size()));
   return parts;
 }

@@ -147,7 +147,7 @@ void HelperProcess::send(std::string_view lines) {
     const ssize_t sent = ::send(socket_, lines.data(), lines.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (sent < 0 && (errno == EAGAIN || errno == EINTR)) continue;
     if (sent < 0) gone();
-    lines.remove_prefix(static_cast<std::size_t>(sent));
+    lines.remove_prefix(sent);
   }
 }
 
@@ -164,7 +164,7 @@ std::string HelperProcess::receiveLine() {
     const ssize_t got = recv(socket_, bytes, sizeof bytes, MSG_DONTWAIT);
     if (got < 0 && (errno == EAGAIN || errno == EINTR)) continue;
     if (got <= 0) gone();
-    received_.append(bytes, static_cast<std::size_t>(got));
+    received_.append(bytes, got);
   }
 }
 

@@ -39,7 +39,7 @@ bool changesLedgers(std::string_view sql) {
 
 }  // namespace
 
-void LedgerNames::noticed(const std::string& sql) {
+void LedgerNames::statementSent(const std::string& sql) {
   if (changesLedgers(sql)) loaded_ = false;
 }
 
@@ -47,7 +47,7 @@ void LedgerNames::load() {
   names_.clear();
   // Old data holds several names for one id: the first one counts.
   const RecordsetPtr rows = database_.query("select PartId, Particular from Mast_Part");
-  names_.reserve(static_cast<std::size_t>(rows->RecordCount()));
+  names_.reserve(rows->RecordCount());
   for (; !rows->EOF_(); rows->MoveNext()) names_.try_emplace(rows->integer(0), rows->text(1));
   loaded_ = true;
 }

@@ -21,7 +21,7 @@ class LedgerNames {
   // none either, it is created with the highest id plus one, if asked for. 0 when that fails.
   long idOf(const std::string& name, bool create);
   // Told of every statement that the module executes.
-  void noticed(const std::string& sql);
+  void statementSent(const std::string& sql);
 
  private:
   std::optional<NamedId> find(const std::string& name, const std::string& cleaned);

@@ -54,6 +54,7 @@ void Passwords::set(Database& database, PasswordKind kind, const std::string& co
 }
 
 bool Passwords::ask(PasswordKind kind, const std::string& code) {
+  if (refused_.erase(kind) > 0) return false;
   const RecordsetPtr found =
       database_.query("select Hash from SuitePassword" + condition(database_, kind, code));
   if (found->EOF_()) return true;

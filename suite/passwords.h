@@ -2,6 +2,7 @@
 // password is open to everybody.
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "suite/database.h"
@@ -20,10 +21,13 @@ class Passwords {
 
   // True when there is none, or when a person types it within three tries. Cancelling is false.
   bool ask(PasswordKind kind, const std::string& code);
+  // The next one of that kind is refused without a question.
+  void refuseNext(PasswordKind kind) { refused_.insert(kind); }
 
  private:
   Database& database_;
   Dialogs& dialogs_;
+  std::set<PasswordKind> refused_;
 };
 
 }  // namespace quillet::suite

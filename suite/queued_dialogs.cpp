@@ -1,18 +1,34 @@
 #include "suite/queued_dialogs.h"
 
-#include <array>
+#include <cstddef>
 #include <stdexcept>
 #include <utility>
 
 namespace quillet::suite {
 namespace {
 
-struct AnswerName {
-  Answer answer;
+template <class Value>
+struct Named {
+  Value value;
   std::string_view name;
 };
-constexpr std::array<AnswerName, 4> answerNames{
-    {{Answer::OK, "OK"}, {Answer::Yes, "Yes"}, {Answer::No, "No"}, {Answer::Cancel, "Cancel"}}};
+constexpr Named<Answer> answers[] = {
+    {Answer::OK, "OK"}, {Answer::Yes, "Yes"}, {Answer::No, "No"}, {Answer::Cancel, "Cancel"}};
+constexpr Named<Buttons> buttonSets[] = {
+    {Buttons::OK, "OK"}, {Buttons::YesNo, "YesNo"}, {Buttons::YesNoCancel, "YesNoCancel"}};
+constexpr Named<Icon> icons[] = {{Icon::none, "none"},
+                                 {Icon::information, "information"},
+                                 {Icon::question, "question"},
+                                 {Icon::exclamation, "exclamation"},
+                                 {Icon::critical, "critical"}};
+
+template <class Value, std::size_t n>
+std::string_view nameIn(const Named<Value> (&table)[n], Value value) {
+  for (const Named<Value>& entry : table) {
+    if (entry.value == value) return entry.name;
+  }
+  return {};
+}
 
 bool offers(Buttons buttons, Answer answer) {
   switch (buttons) {
@@ -84,28 +100,14 @@ std::optional<std::string> QueuedDialogs::takeFailure() {
 void QueuedDialogs::clear() { *this = QueuedDialogs(); }
 
 std::optional<Answer> answerNamed(std::string_view name) {
-  for (const AnswerName& entry : answerNames) {
-    if (entry.name == name) return entry.answer;
+  for (const Named<Answer>& entry : answers) {
+    if (entry.name == name) return entry.value;
   }
   return std::nullopt;
 }
 
-std::string_view nameOf(Answer answer) {
-  for (const AnswerName& entry : answerNames) {
-    if (entry.answer == answer) return entry.name;
-  }
-  return {};
-}
-
-std::string_view nameOf(Buttons buttons) {
-  constexpr std::array<std::string_view, 3> names{"OK", "YesNo", "YesNoCancel"};
-  return names.at(static_cast<std::size_t>(buttons));
-}
-
-std::string_view nameOf(Icon icon) {
-  constexpr std::array<std::string_view, 5> names{"none", "information", "question", "exclamation",
-                                                  "critical"};
-  return names.at(static_cast<std::size_t>(icon));
-}
+std::string_view nameOf(Answer answer) { return nameIn(answers, answer); }
+std::string_view nameOf(Buttons buttons) { return nameIn(buttonSets, buttons); }
+std::string_view nameOf(Icon icon) { return nameIn(icons, icon); }
 
 }  // namespace quillet::suite

@@ -119,7 +119,7 @@ long completeSchema(Database& database, long tableCount,
   const std::vector<TableDefinition> tables = allTables(tableCount);
   const std::string wanted = wantedText(tables);
   const std::string state = schema_state::current(database, wanted);
-  if (!state.empty() && state == schema_state::kept(database)) return 0;
+  if (!state.empty() && state == schema_state::stored(database)) return 0;
 
   const PresentTables present = readPresent(database);
   const std::vector<std::string> statements = missingStatements(tables, present);
@@ -132,11 +132,11 @@ long completeSchema(Database& database, long tableCount,
     }
   };
   if (present.empty()) {
-    database.fillAnew(run);
+    database.bulkLoad(run);
   } else {
     run();
   }
-  schema_state::keep(database, schema_state::current(database, wanted));
+  schema_state::store(database, schema_state::current(database, wanted));
   return total;
 }
 

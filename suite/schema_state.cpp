@@ -48,7 +48,7 @@ std::string current(const Database& database, const std::string& wanted) {
   return std::to_string(digest(wanted)) + ' ' + std::to_string(digest(definitionFiles(folder)));
 }
 
-std::string kept(Database& database) {
+std::string stored(Database& database) {
   try {
     return misc_values::get(database, section, name, "");
   } catch (const RunTimeError&) {
@@ -56,7 +56,7 @@ std::string kept(Database& database) {
   }
 }
 
-void keep(Database& database, const std::string& state) {
+void store(Database& database, const std::string& state) {
   if (!state.empty()) misc_values::set(database, section, name, state, "", "");
 }
 

@@ -14,7 +14,7 @@ namespace quillet::suite::schema_state {
 std::string current(const Database& database, const std::string& wanted);
 
 // The text kept at the last start, "" when there is none.
-std::string kept(Database& database);
-void keep(Database& database, const std::string& state);
+std::string stored(Database& database);
+void store(Database& database, const std::string& state);
 
 }  // namespace quillet::suite::schema_state

@@ -3,11 +3,8 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "controls/desk.h"
 #include "controls/form.h"
 #include "data/errors.h"
-#include "suite/client_selection_form.h"
-#include "suite/client_setup_form.h"
 #include "suite/format.h"
 #include "suite/misc_values.h"
 #include "suite/schema.h"
@@ -28,43 +25,26 @@ bool isNumberFormat(const std::string& format) {
 
 }  // namespace
 
-// Main page, popup menu and help are one line each to the front end.
-class Service::Windows : public MainPage, public PopupMenu, public Help {
- public:
-  explicit Windows(Service& service) : service_(service) {}
-  void showClient(const std::string& code, const std::string& name) override {
-    service_.frontEnd_.showClient(code, name);
-  }
-  int choose(const std::vector<std::string>& entries) override {
-    return service_.frontEnd_.popup(entries);
-  }
-  void Show() override { service_.frontEnd_.help(service_.helpTopic_); }
-
- private:
-  Service& service_;
-};
-
 Service::Service(const DataFolder& folder, Settings& settings, Database& database,
                  FrontEnd& frontEnd)
     : folder_(folder),
       settings_(settings),
       database_(database),
       frontEnd_(frontEnd),
-      gate_(database),
+      statements_(database),
       ledgers_(database),
       passwords_(database, frontEnd.dialogs()),
       progress_(frontEnd),
-      windows_(std::make_unique<Windows>(*this)) {}
-
-Service::~Service() = default;
+      frontEndPorts_(frontEnd),
+      clientListDialogs_(database, settings) {}
 
 bool Service::CheckDllsVersion(bool) { return true; }
 
 // --- database -----------------------------------------------------------------------------------
 
 void Service::ConQuery(const Sql& sql) {
-  ledgers_.noticed(sql.text());
-  gate_.execute(sql.text());
+  ledgers_.statementSent(sql.text());
+  statements_.execute(sql.text());
 }
 
 RecordsetPtr Service::RecordsetQuery(const Sql& sql, Connection& connection, CursorType, LockType,
@@ -72,7 +52,7 @@ RecordsetPtr Service::RecordsetQuery(const Sql& sql, Connection& connection, Cur
   if (&connection != &database_) {
     throw RunTimeError(invalidCall, "The recordset is asked of another connection.", source);
   }
-  return gate_.query(sql.text());
+  return statements_.query(sql.text());
 }
 
 std::string Service::TruncVarSQL(const std::string& text) const { return database_.escape(text); }
@@ -85,8 +65,7 @@ long Service::GetMax_MastPartId(const std::string& name, bool create) {
   return ledgers_.idOf(name, create);
 }
 
-// --- folders, settings
-// ----------------------------------------------------------------------------
+// --- folders and settings ------------------------------------------------------------------------
 
 std::string Service::COMPANY_NAME() const { return settings_.companyName(); }
 std::string Service::ExePath() const { return folder_.program().string(); }
@@ -121,26 +100,18 @@ void Service::vLstSelClCode(const std::string& code) {
 // --- passwords ----------------------------------------------------------------------------------
 
 void Service::refuse(const std::string& operation) {
-  if (operation != "CheckPass" && operation != "CheckClpass") {
-    throw std::invalid_argument("\"" + operation +
-                                "\" cannot be refused; CheckPass and "
-                                "CheckClpass can.");
-  }
-  refused_.insert(operation);
-}
-
-bool Service::refusedNow(const std::string& operation) { return refused_.erase(operation) > 0; }
-
-void Service::setPassword(PasswordKind kind, const std::string& code, const std::string& password) {
-  Passwords::set(database_, kind, code, password);
+  if (operation == "CheckPass") return passwords_.refuseNext(PasswordKind::right);
+  if (operation == "CheckClpass") return passwords_.refuseNext(PasswordKind::client);
+  throw std::invalid_argument("\"" + operation +
+                              "\" cannot be refused; CheckPass and CheckClpass can.");
 }
 
 bool Service::CheckPass(const std::string& right) {
-  return !refusedNow("CheckPass") && passwords_.ask(PasswordKind::right, right);
+  return passwords_.ask(PasswordKind::right, right);
 }
 
 bool Service::CheckClpass(const std::string& client) {
-  return !refusedNow("CheckClpass") && passwords_.ask(PasswordKind::client, client);
+  return passwords_.ask(PasswordKind::client, client);
 }
 
 // --- dates and formats --------------------------------------------------------------------------
@@ -175,29 +146,5 @@ double Service::vScreenRatY() const {
   return static_cast<double>(frontEnd_.screen().height) / designScreen.height;
 }
 double Service::vScreenRatFS() const { return fontRatio(frontEnd_.screen()); }
-
-MainPage& Service::MainPageObj() { return *windows_; }
-PopupMenu& Service::PopupMenuObj() { return *windows_; }
-Help& Service::ObjHelp() { return *windows_; }
-
-void Service::showDialog(std::unique_ptr<Form> form) {
-  if (dialog_ && dialog_->visible()) {
-    desk_->bringToFront(*dialog_);
-    return;
-  }
-  dialog_ = std::move(form);
-  dialog_->showModal();
-}
-
-void Service::ShowClListSelection(const std::string& status) {
-  showDialog(std::make_unique<frmClSelection>(desk(), database_, settings_, status));
-}
-
-void Service::ShowClListSetup() { showDialog(std::make_unique<frmClSetup>(desk(), settings_)); }
-
-Desk& Service::desk() {
-  if (desk_ == nullptr) throw RunTimeError(invalidCall, "There is no desk to show it on.", source);
-  return *desk_;
-}
 
 }  // namespace quillet::suite

@@ -2,42 +2,35 @@
 // of its own.
 #pragma once
 
-#include <memory>
-#include <set>
 #include <string>
-#include <vector>
 
+#include "suite/client_list_dialogs.h"
 #include "suite/data_folder.h"
 #include "suite/database.h"
 #include "suite/front_end.h"
+#include "suite/front_end_ports.h"
 #include "suite/ledger_names.h"
 #include "suite/passwords.h"
 #include "suite/progress_indicator.h"
 #include "suite/settings.h"
-#include "suite/statement_gate.h"
-
-namespace quillet {
-class Desk;
-}
+#include "suite/statement_interceptor.h"
 
 namespace quillet::suite {
 
 class Service : public ServiceObject {
  public:
   Service(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd);
-  ~Service() override;
 
   // Where the dialogs of the client list open. They need it; nothing else does.
-  void useDesk(Desk& desk) { desk_ = &desk; }
+  void useDesk(Desk& desk) { clientListDialogs_.useDesk(desk); }
 
   // --- for scripts and tests
   // Statements of the module, recorded and made to fail; the suite's own do not pass here.
-  StatementGate& statements() { return gate_; }
+  StatementInterceptor& statements() { return statements_; }
   // Told of a statement that was not sent through here, so that look-ups read anew.
-  void executedElsewhere(const std::string& sql) { ledgers_.noticed(sql); }
+  void executedElsewhere(const std::string& sql) { ledgers_.statementSent(sql); }
   // The next call of "CheckPass" or "CheckClpass" is refused; throws for any other operation.
   void refuse(const std::string& operation);
-  void setPassword(PasswordKind kind, const std::string& code, const std::string& password);
 
   // --- the module's operations
   bool CheckDllsVersion(bool check) override;
@@ -81,13 +74,15 @@ class Service : public ServiceObject {
   std::string formatgen(double number, const std::string& format) const override;
   std::string formatgen(const std::string& date, const std::string& format) const override;
 
-  MainPage& MainPageObj() override;
-  PopupMenu& PopupMenuObj() override;
-  Help& ObjHelp() override;
-  void helpid(const std::string& topic) override { helpTopic_ = topic; }
+  MainPage& MainPageObj() override { return frontEndPorts_; }
+  PopupMenu& PopupMenuObj() override { return frontEndPorts_; }
+  Help& ObjHelp() override { return frontEndPorts_; }
+  void helpid(const std::string& topic) override { frontEndPorts_.setHelpTopic(topic); }
 
-  void ShowClListSelection(const std::string& status) override;
-  void ShowClListSetup() override;
+  void ShowClListSelection(const std::string& status) override {
+    clientListDialogs_.showSelection(status);
+  }
+  void ShowClListSetup() override { clientListDialogs_.showSetup(); }
   std::string vLstSelClCode() const override;
   void vLstSelClCode(const std::string& code) override;
 
@@ -96,24 +91,16 @@ class Service : public ServiceObject {
   long GetMax_MastPartId(const std::string& name, bool create) override;
 
  private:
-  class Windows;  // main page, popup menu, help: one line each to the front end
-  bool refusedNow(const std::string& operation);
-  void showDialog(std::unique_ptr<Form> form);
-  Desk& desk();
-
   const DataFolder& folder_;
   Settings& settings_;
   Database& database_;
   FrontEnd& frontEnd_;
-  StatementGate gate_;
+  StatementInterceptor statements_;
   LedgerNames ledgers_;
   Passwords passwords_;
   ProgressIndicator progress_;
-  std::unique_ptr<Windows> windows_;
-  std::string helpTopic_;
-  std::set<std::string> refused_;
-  Desk* desk_ = nullptr;
-  std::unique_ptr<Form> dialog_;  // the client-list dialog shown last
+  FrontEndPorts frontEndPorts_;
+  ClientListDialogs clientListDialogs_;
 };
 
 }  // namespace quillet::suite

@@ -20,8 +20,7 @@ std::vector<std::size_t> widthsOf(const Document& document, int table) {
       const Document::Span span = document.spanOf(row, i);
       if (span.count > 1) continue;
       std::size_t& width = widths[span.first];
-      width = std::max({width, lengthOf(row.cells[i].text),
-                        static_cast<std::size_t>(std::max(row.cells[i].width, 0L))});
+      width = std::max({width, lengthOf(row.cells[i].text), row.cells[i].width});
     }
   }
   return widths;

@@ -21,9 +21,9 @@ bool inName(char c) {
 Sql sqlNumber(double number) {
   // Enough for the largest double written out in full.
   std::array<char, 400> text{};
-  const auto* const end =
+  char* const end =
       std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed).ptr;
-  return Sql(std::string(text.data(), static_cast<std::size_t>(end - text.data())));
+  return Sql(std::string(text.data(), end));
 }
 
 Sql sqlNumber(long number) { return Sql(std::to_string(number)); }

@@ -199,17 +199,13 @@ TEST_F(FolderTest, KeepsEverythingAcknowledgedWhenKilled) {
     }
     const std::string found = inChild([&] {
       const auto database = Database::openEmbedded(folder);
-      const auto row = database->query("select count(*), sum(amt) from " + table +
-                                       " where srno<=" + std::to_string(told));
-      std::string counted = row->text(0) + ' ' + row->text(1);
+      const auto counted = database->query("select count(distinct srno) from " + table +
+                                           " where amt=srno+0.5 and srno<=" + std::to_string(told));
       // A line that was saved but not told any more does not count, either way.
       database->execute("delete from " + table + " where srno>" + std::to_string(told));
-      return counted;
+      return counted->text(0);
     });
-    const double sum = told * (told + 1) / 2.0 + told * 0.5;
-    std::string expected = std::to_string(told) + ' ' + std::to_string(static_cast<long>(sum));
-    if (told % 2 == 1) expected += ".5";
-    ASSERT_EQ(found, expected) << "round " << round;
+    ASSERT_EQ(found, std::to_string(told)) << "round " << round;
   }
 }
 

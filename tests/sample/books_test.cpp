@@ -101,17 +101,17 @@ TEST_P(BooksTest, AssetsStandInDebitAndLiabilitiesInCredit) {
 }
 
 TEST_P(BooksTest, HasAsManyLinesAsItShould) {
-  ASSERT_EQ(years.size(), static_cast<std::size_t>(client.years));
+  ASSERT_EQ(std::ssize(years), client.years);
   for (const YearBooks& year : years) {
     SCOPED_TRACE(year.firstYear);
     const auto odd = std::count_if(year.lines.begin(), year.lines.end(),
                                    [](const BookLine& line) { return line.amount % 100 != 0; });
-    EXPECT_GE(static_cast<std::size_t>(odd) * 3, year.lines.size()) << "too many whole rupees";
+    EXPECT_GE(odd * 3, std::ssize(year.lines)) << "too many whole rupees";
     if (client.latestEmpty && &year == &years.back()) {
       EXPECT_TRUE(year.lines.empty());
       EXPECT_TRUE(year.stock.empty());
     } else if (client.lines > 0) {
-      EXPECT_EQ(year.lines.size(), static_cast<std::size_t>(client.lines));
+      EXPECT_EQ(std::ssize(year.lines), client.lines);
     } else {
       EXPECT_GE(year.lines.size(), 40u);
       EXPECT_LE(year.lines.size(), 120u);
@@ -120,7 +120,7 @@ TEST_P(BooksTest, HasAsManyLinesAsItShould) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Clients, BooksTest,
-                         ::testing::Range(std::size_t{0}, sampleClients().size()),
+                         ::testing::Range<std::size_t>(0, sampleClients().size()),
                          [](const auto& tested) {
                            return sampleClients()[tested.param].entry.code;
                          });

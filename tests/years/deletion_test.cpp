@@ -147,8 +147,8 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
 
 TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
   addYear("C1", 2008);
-  host().setPassword(suite::PasswordKind::right, "overwrite", "o");
-  host().setPassword(suite::PasswordKind::right, "delete", "d");
+  suite::Passwords::set(practice.database(), suite::PasswordKind::right, "overwrite", "o");
+  suite::Passwords::set(practice.database(), suite::PasswordKind::right, "delete", "d");
   const struct {
     const char* mode;
     bool isSigned;

@@ -214,7 +214,7 @@ TEST_F(MergeTest, AYearMadeInTheMeantimeIsAskedAbout) {
 TEST_F(MergeTest, BooksUnderAPasswordAreReadWithItOnly) {
   third& form = list();
   for (int row = 1; row <= 3; ++row) form.flexgrid2.tick(row, true);
-  host().setPassword(suite::PasswordKind::client, "P1", "secret");
+  suite::Passwords::set(practice.database(), suite::PasswordKind::client, "P1", "secret");
   for (const bool known : {false, true}) {
     statements();
     answer({Answer::Yes});

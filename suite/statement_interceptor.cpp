@@ -1,4 +1,4 @@
-#include "suite/statement_gate.h"
+#include "suite/statement_interceptor.h"
 
 #include <algorithm>
 #include <cctype>
@@ -20,7 +20,7 @@ bool contains(const std::string& text, const std::string& part) {
 
 }  // namespace
 
-void StatementGate::pass(const std::string& sql) {
+void StatementInterceptor::pass(const std::string& sql) {
   if (recording_) recorded_.push_back(sql);
   if (failing_ && contains(sql, *failing_) && spared_-- == 0) {
     const std::string text = *std::exchange(failing_, std::nullopt);
@@ -29,21 +29,21 @@ void StatementGate::pass(const std::string& sql) {
   }
 }
 
-void StatementGate::execute(const std::string& sql) {
+void StatementInterceptor::execute(const std::string& sql) {
   pass(sql);
   database_.execute(sql);
 }
 
-RecordsetPtr StatementGate::query(const std::string& sql) {
+RecordsetPtr StatementInterceptor::query(const std::string& sql) {
   pass(sql);
   return database_.query(sql);
 }
 
-void StatementGate::record(bool on) {
+void StatementInterceptor::record(bool on) {
   recording_ = on;
   recorded_.clear();
 }
 
-std::vector<std::string> StatementGate::take() { return std::exchange(recorded_, {}); }
+std::vector<std::string> StatementInterceptor::take() { return std::exchange(recorded_, {}); }
 
 }  // namespace quillet::suite

@@ -10,9 +10,9 @@
 
 namespace quillet::suite {
 
-class StatementGate {
+class StatementInterceptor {
  public:
-  explicit StatementGate(Database& database) : database_(database) {}
+  explicit StatementInterceptor(Database& database) : database_(database) {}
 
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
