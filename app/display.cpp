@@ -7,7 +7,7 @@
 namespace quillet::app {
 namespace {
 
-// Qt keeps references to its arguments and would take options out of ours.
+// Qt keeps references to its arguments and removes those that it knows, so it does not get ours.
 int argumentCount = 1;
 char programName[] = "quillet";
 char* argumentValues[] = {programName, nullptr};
@@ -17,7 +17,7 @@ bool isSet(const char* variable) {
   return value != nullptr && *value != '\0';
 }
 
-// Qt has taken the user's locale over; numbers keep their point all the same.
+// Qt has set the user's locale; numbers keep their decimal point.
 void restoreNumbers() { std::setlocale(LC_NUMERIC, "C"); }
 
 }  // namespace
@@ -27,7 +27,7 @@ bool hasDisplay() {
 }
 
 std::unique_ptr<desktop::Application> openDisplay() {
-  // Without one Qt would end the process.
+  // Qt ends the process when there is none.
   if (!hasDisplay()) throw std::runtime_error("There is no display to open a window on.");
   auto application = std::make_unique<desktop::Application>(argumentCount, argumentValues);
   restoreNumbers();

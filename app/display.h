@@ -1,4 +1,4 @@
-// Qt as this program wants it.
+// Starts Qt, with windows or without.
 #pragma once
 
 #include <QGuiApplication>
@@ -9,10 +9,10 @@
 namespace quillet::app {
 
 bool hasDisplay();
-// Opens the windows' side of the program. Throws std::runtime_error when there is no display.
+// With windows. Throws std::runtime_error when there is no display.
 std::unique_ptr<desktop::Application> openDisplay();
 
-// Just enough of Qt to write a PDF; nothing is shown.
+// Without windows: enough to write a PDF.
 std::unique_ptr<QGuiApplication> openOffScreen();
 
 }  // namespace quillet::app

@@ -1,4 +1,4 @@
-// Puts the pieces together.
+// The entry point of the program.
 #include <clocale>
 #include <exception>
 #include <iostream>
@@ -32,7 +32,7 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Letters of every script have their upper case; numbers keep their point in any locale.
+  // Text is UTF-8 and numbers have a decimal point, whatever the user's locale.
   std::setlocale(LC_CTYPE, "C.UTF-8");
   try {
     return run(quillet::app::parseOptions(argc, argv));

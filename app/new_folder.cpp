@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using suite::DataFolder;
 
-// Stands in a data folder until all of it was written.
+// This file is in a data folder until the folder is complete.
 fs::path marker(const fs::path& path) { return path / "being-made"; }
 
 void fill(const DataFolder& folder, Contents contents) {
@@ -50,8 +50,8 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
   const DataFolder folder = DataFolder::create(
       path, replace ? DataFolder::Existing::replace : DataFolder::Existing::refuse);
   std::ofstream(marker(folder.root())) << "This data folder is not complete yet.\n";
-  // LibreOffice makes the template while we make the rest. Without LibreOffice there is none, and
-  // the export says so.
+  // LibreOffice makes the template meanwhile. Without LibreOffice there is no template, and the
+  // export says so.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
   fillInChild(folder, contents);

@@ -1,4 +1,4 @@
-// Making a data folder.
+// Creates a data folder.
 #pragma once
 
 #include <filesystem>
@@ -7,9 +7,9 @@ namespace quillet::app {
 
 enum class Contents { sample, starterGroups };
 
-// Makes a data folder, complete or not at all: an interruption leaves nothing at the path, or what
-// was there before. Throws std::runtime_error when something is there, unless it is a data folder
-// that is to be replaced and that nobody has open.
+// Creates a data folder. One that was interrupted is recognised as incomplete later. Throws
+// std::runtime_error when something is there, unless it is a data folder that is to be replaced and
+// that nobody has open.
 void makeFolder(const std::filesystem::path& path, Contents contents, bool replace);
 
 // The data folder to open: the one named, or the standard one, which is made with the sample

@@ -5,7 +5,7 @@
 namespace quillet::app {
 namespace {
 
-// Everything from the script's file on belongs to the script, whatever it looks like.
+// Everything after the script's file is passed to the script, also what looks like an option.
 void takeScript(const CLI::App& command, Options& options) {
   std::vector<std::string> rest = command.remaining();
   if (rest.empty()) throw ExitRequest(2, "script: FILE.lua is missing");

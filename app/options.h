@@ -21,7 +21,7 @@ struct Options {
   std::vector<std::string> arguments;
 };
 
-// There is nothing more to do: the help or the version was asked for, or the usage was wrong.
+// Ends the program early: the help or the version was asked for, or the usage was wrong.
 class ExitRequest : public std::runtime_error {
  public:
   ExitRequest(int status, const std::string& text) : std::runtime_error(text), status_(status) {}

@@ -11,7 +11,8 @@ namespace {
 
 int runApplication(desktop::Application& application, const suite::DataFolder& folder) {
   suite::SystemClock clock;
-  // A folder that was made without LibreOffice, or lost the template, gets it while a person works.
+  // A folder without the template, made without LibreOffice for instance, gets it while a person
+  // works.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
   suite::Practice practice(folder, application, clock);
@@ -23,7 +24,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   return status;
 }
 
-// For who has started the program from a menu and sees no terminal.
+// For somebody who started the program from a menu and sees no terminal.
 void showError(desktop::Application& application, const std::string& text) {
   application.dialogs().MsgBox({text, "Quillet", Buttons::OK, Icon::critical});
 }
@@ -33,7 +34,7 @@ void showError(desktop::Application& application, const std::string& text) {
 int runDesktop(const Options& options) {
   std::unique_ptr<desktop::Application> application;
   try {
-    // A child process makes a new folder, and that has to begin before Qt starts its threads.
+    // A new folder is made in a child process, which must be forked before Qt starts threads.
     const suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
     application = openDisplay();
     return runApplication(*application, folder);

@@ -1,4 +1,4 @@
-// quillet: the program as a person works with it.
+// quillet: opens the desktop program.
 #pragma once
 
 #include "app/options.h"
@@ -6,7 +6,7 @@
 namespace quillet::app {
 
 // The exit status. Throws std::runtime_error when the practice cannot be opened; the message was
-// then shown in a message box, too.
+// shown in a message box by then.
 int runDesktop(const Options& options);
 
 }  // namespace quillet::app

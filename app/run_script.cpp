@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// On a real display a person follows; off screen nobody waits.
+// A pause after each step on a real display, where a person watches.
 constexpr int pauseMs = 200;
 
 QString toQt(const fs::path& path) { return desktop::toQt(path.string()); }

@@ -46,7 +46,7 @@ Statements statementsOf(const Operation& operation) {
   return statements;
 }
 
-// Wall time is what a person waits; the processor's time tells as much on a machine that is busy
+// Wall time is what a person waits. Processor time is the better measure on a machine that is busy
 // with other things.
 struct Sample {
   double wall = 0;
@@ -86,7 +86,8 @@ Turn takeTurn(const Operation& operation, const Statements& statements, bool for
   return turn;
 }
 
-// Fifteen turns and three seconds; of what takes long, as many turns as half a minute allows.
+// At least fifteen turns and three seconds. A slow operation: at least three turns and half a
+// minute.
 bool enough(std::size_t turns, std::chrono::duration<double> spent) {
   using namespace std::chrono_literals;
   return (turns >= 15 && spent >= 3s) || (turns >= 3 && spent >= 30s);
@@ -126,7 +127,7 @@ void report(benchmark::State& state, const std::vector<Turn>& turns) {
 }  // namespace
 
 void compare(benchmark::State& state, const Operation& operation) {
-  statementsOf(operation);  // fills the caches that stay filled for a working day
+  statementsOf(operation);  // fills the caches that are filled on a working day, too
   const Statements statements = statementsOf(operation);
   for (auto _ : state) report(state, takeTurns(operation, statements));
   state.counters["statements"] = static_cast<double>(statements.size());

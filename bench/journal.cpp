@@ -20,7 +20,7 @@ class OpenJournal {
     forms.VSDate("31032009");
     form_.INITDATA(year.table, false);
     form_.LOADGRID();
-    // Read before anything is typed: the lists follow what is.
+    // Read before anything is typed, because typing filters the lists.
     for (int row = 1; row <= 5; ++row) ledgers.push_back(form_.VSF3.cell(row, 0));
     group = form_.VSF4.cell(1, 0);
   }
@@ -45,7 +45,7 @@ void typeVoucher(OpenJournal& journal) {
   for (int line = 0; line < 10; ++line) {
     if (line > 0) form.LOADCONTROLS();
     form.cboside[line].choose(line % 2 + 1);
-    form.txtledger[line].setText(journal.ledgers[static_cast<std::size_t>(line % 5)]);
+    form.txtledger[line].setText(journal.ledgers[line % 5]);
     form.txtledger[line].LostFocus();
     form.txtgroup[line].setText(journal.group);
     form.txtgroup[line].LostFocus();
@@ -53,7 +53,7 @@ void typeVoucher(OpenJournal& journal) {
   }
 }
 
-// The amounts cancel out pair by pair, so that only the journal is left to be put back.
+// The amounts of each pair cancel out, so that only the journal has to be restored.
 void voucherPost(benchmark::State& state) {
   const BenchYear& year = yearOf(static_cast<int>(state.range(0)));
   suite::Database& database = practice().database();

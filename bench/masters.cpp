@@ -20,7 +20,7 @@ constexpr int tableSets = 400;
 constexpr int clientYears = 2'000;
 constexpr int linesOfAYear = 25;
 constexpr int linked = 100;
-// The lines that the linked ledgers stand in, one in each of the first tables.
+// The serial number of the lines with the linked ledgers, one in each of the first tables.
 constexpr int linkedSerial = 1'000'000;
 
 suite::Database& database() { return practice().database(); }
@@ -28,7 +28,7 @@ suite::Database& database() { return practice().database(); }
 std::string clientOf(int number) { return "LM" + std::to_string(number); }
 std::string table(const char* prefix, int number) { return prefix + suite::tableSuffix(number); }
 
-// Made for these measurements and taken away after them, so that the others find what they expect.
+// Created for these measurements and removed after them, so that other benchmarks are not affected.
 class LargePractice {
  public:
   LargePractice() : first_(database().query("select max(PartId) from Mast_Part")->integer(0) + 1) {

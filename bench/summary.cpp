@@ -10,7 +10,7 @@ void summary(benchmark::State& state) {
   closeEditor();
   frmcrtb& editor = openEditor(year);
   const auto show = [&] { editor.MNUSHSUMM_CLICK(); };
-  // The turns of the bare client leave the lines in view.
+  // The turns of the bare client do not change what the editor shows.
   const auto hide = [&] {
     if (editor.famSummary.visible()) editor.MNUSHSUMM_CLICK();
   };

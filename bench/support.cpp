@@ -67,8 +67,8 @@ const BenchYear& Bench::year(int lines) {
   return found->second;
 }
 
-// Debtors and creditors by turns, each with a ledger of its own. Every year has the same ledgers
-// from the first on, as many as it has lines.
+// Debtors and creditors alternate, each with a ledger of its own. All years begin with the same
+// ledgers.
 void Bench::fill(const BenchYear& year) {
   suite::Database& database = practice_->database();
   suite::Client client;
@@ -97,7 +97,7 @@ void Bench::fill(const BenchYear& year) {
               debit ? 1 : 2);
   }
   lines.send();
-  // What the server does by itself some time after a table has grown.
+  // The server would do this by itself some time after a table has grown.
   database.query("analyze table Mast_Part," + year.table);
 }
 

@@ -3,7 +3,7 @@
 //
 // The floor of an operation is the bare client sending the very statements that the operation sent,
 // one by one, and reading every cell of what comes back. Operation and floor take turns on the same
-// tables, so that whatever else the machine does falls on both.
+// tables, so that other load on the machine affects both.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -31,7 +31,7 @@ const BenchYear& yearOf(int lines);
 
 struct Operation {
   std::function<void()> prepare = {};  // not timed, its statements do not count
-  std::function<void()> run;           // through the form, as a person causes it
+  std::function<void()> run;           // through the form, as a person does it
   std::function<void()> restore = {};  // not timed: puts back what was changed
 };
 

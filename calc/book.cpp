@@ -28,7 +28,7 @@ namespace table = com::sun::star::table;
 namespace text = com::sun::star::text;
 namespace util = com::sun::star::util;
 
-// What a workbook of this kind has room for.
+// The size limits of the file format.
 constexpr int mostRows = 65'536;
 constexpr int mostColumns = 256;
 const std::string filter = "MS Excel 97";
@@ -58,7 +58,7 @@ uno::Reference<sheet_::XSpreadsheetDocument> load(const Office& office, const rt
   throw std::runtime_error("The file is no workbook");
 }
 
-// To LibreOffice a void value is the error #N/A; an empty text leaves its cell empty.
+// LibreOffice turns a void value into the error #N/A; an empty text leaves the cell empty.
 uno::Any anyOf(const Value& value) {
   if (const auto* number = std::get_if<double>(&value)) return uno::Any(*number);
   const auto* text = std::get_if<std::string>(&value);
@@ -90,7 +90,7 @@ Book::~Book() {
     const uno::Reference<util::XCloseable> closeable(document_, uno::UNO_QUERY);
     if (closeable.is()) closeable->close(true);
   } catch (const uno::Exception&) {
-    // What is not closed goes with LibreOffice.
+    // It is closed when LibreOffice ends.
   }
 }
 

@@ -1,5 +1,5 @@
-// A workbook that is open in LibreOffice. Cells are gathered and go in at once, as texts and
-// numbers: nothing that a person called a ledger ever becomes a formula.
+// A workbook that is open in LibreOffice. Cells are collected and written together, as texts
+// and numbers: a ledger's name never becomes a formula.
 #pragma once
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>

@@ -1,7 +1,7 @@
-// quillet-calc: works LibreOffice Calc for Quillet, in a process of its own so that Quillet starts
-// without LibreOffice and survives its end.
+// quillet-calc: controls LibreOffice Calc for Quillet, in a process of its own so that Quillet does
+// not need LibreOffice to start and survives its crash.
 //
-//   quillet-calc                   obeys the lines on standard input (suite/calc_lines.h)
+//   quillet-calc                   executes the commands on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
 //   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines; a cell
 //                                  that shows an error is "error ROW COLUMN TEXT"
@@ -29,12 +29,12 @@ double numberIn(const std::string& text) {
   return number;
 }
 
-// Obeys one line after the other. Cells are only gathered, so they get no answer; one that does not
-// fit is told when the workbook is saved.
+// Executes commands, one a line. Cells are only collected, so they get no answer; saving reports
+// one that does not fit.
 class Server {
  public:
   // False after "quit".
-  bool obey(const CalcLine& line) {
+  bool execute(const CalcLine& line) {
     const std::string& command = line.at(0);
     if (command == "text" || command == "number") {
       gather(line);
@@ -57,7 +57,7 @@ class Server {
   void answer(const CalcLine& line) {
     CalcLine reply{"ok"};
     try {
-      obeyed(line, reply);
+      run(line, reply);
     } catch (const uno::Exception& error) {
       reply = {"error", error.Message.isEmpty() ? "LibreOffice failed" : toUtf8(error.Message)};
     } catch (const std::exception& error) {
@@ -66,7 +66,7 @@ class Server {
     std::cout << suite::calcText(reply) << std::flush;
   }
 
-  void obeyed(const CalcLine& line, CalcLine& reply) {
+  void run(const CalcLine& line, CalcLine& reply) {
     const std::string& command = line.at(0);
     if (command == "open") {
       if (!office_) office_ = std::make_unique<Office>();
@@ -98,7 +98,7 @@ class Server {
 int serve() {
   Server server;
   for (std::string text; std::getline(std::cin, text);) {
-    if (!server.obey(suite::calcLine(text))) break;
+    if (!server.execute(suite::calcLine(text))) break;
   }
   return 0;
 }

@@ -62,7 +62,7 @@ void Office::start(const std::string& pipe) {
   if (process_ < 0) throw std::runtime_error("LibreOffice cannot be started");
   if (process_ > 0) return;
   prctl(PR_SET_PDEATHSIG, SIGTERM);
-  // Its output is nothing for whoever talks to us.
+  // Standard output carries our answers, so LibreOffice must not write there.
   dup2(STDERR_FILENO, STDOUT_FILENO);
   execl(soffice.c_str(), "soffice", "--headless", "--invisible", "--norestore", "--nologo",
         "--nodefault", "--nolockcheck", profile.c_str(), accept.c_str(), nullptr);
@@ -73,7 +73,7 @@ void Office::connect(const std::string& pipe) {
   const auto local = cppu::defaultBootstrap_InitialComponentContext();
   const auto resolver = com::sun::star::bridge::UnoUrlResolver::create(local);
   const auto url = fromUtf8("uno:pipe,name=" + pipe + ";urp;StarOffice.ComponentContext");
-  // Whoever started us sets the limit; here it is enough to see that the process lives.
+  // The program that started us limits the time; here it is enough that LibreOffice is running.
   while (!ended(process_)) {
     try {
       context_.set(resolver->resolve(url), uno::UNO_QUERY_THROW);
@@ -91,7 +91,7 @@ void Office::end() {
   try {
     if (desktop_.is()) desktop_->terminate();
   } catch (const uno::Exception&) {
-    // It is gone already, which is what was wanted.
+    // It has ended already.
   }
   desktop_.clear();
   context_.clear();

@@ -1,5 +1,5 @@
-// A LibreOffice of our own: started without windows on a profile of its own, so that it has nothing
-// to do with one that a person works in, and gone when this object is.
+// A LibreOffice process of our own. It has no windows and a temporary profile, so that it does not
+// disturb one that a person works in, and ends with this object.
 #pragma once
 
 #include <com/sun/star/frame/XDesktop2.hpp>

@@ -1,4 +1,4 @@
-// LibreOffice's texts and ours, its addresses of files and our paths.
+// Converts texts and paths to and from LibreOffice's types.
 #pragma once
 
 #include <osl/file.hxx>

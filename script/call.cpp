@@ -75,7 +75,7 @@ std::vector<std::string> Call::keys(int n) const {
   lua_pushnil(state_);
   while (lua_next(state_, n) != 0) {
     lua_pop(state_, 1);
-    // A copy is read: converting the key itself would confuse the walk.
+    // The key is copied, because converting it in place would confuse lua_next.
     lua_pushvalue(state_, -1);
     keys.push_back(Call(state_).text(count()));
     lua_pop(state_, 1);

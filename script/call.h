@@ -1,6 +1,6 @@
-// One call from a script into C++. Arguments are checked and results handed back without a C++
-// object ever lying on the path of one of Lua's long jumps: a binding throws, and the entry turns
-// what it threw into a Lua error after everything was destroyed.
+// One call from a script into C++: its arguments and results. Lua's errors are long jumps, which
+// run no destructors. So a binding throws, and the entry point raises the Lua error after all
+// objects of the binding were destroyed.
 #pragma once
 
 #include <lua.hpp>
@@ -14,8 +14,8 @@ namespace quillet::script {
 
 class Session;
 
-// What a script did wrong, or what could not be done for it; the script sees the text with its
-// line.
+// A mistake of the script, or a call that could not be carried out. The script gets the text with
+// its line.
 class Error : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -42,13 +42,13 @@ class Call {
   // The keys of the table in argument n, as texts.
   std::vector<std::string> keys(int n) const;
 
-  // Results: each pushes one and returns how many there are then.
+  // Each pushes a result and returns how many results there are.
   int none() const { return 0; }
   int nil() const;
   int give(bool value) const;
   int give(int value) const;
   int give(std::string_view value) const;
-  // Without it a literal would become a boolean.
+  // A literal would be converted to bool otherwise.
   int give(const char* value) const { return give(std::string_view(value)); }
   int give(const std::vector<std::string>& values) const;
 
@@ -69,7 +69,7 @@ int entry(lua_State* state) {
   return results >= 0 ? results : lua_error(state);
 }
 
-// The session belongs to the Lua state and reaches every coroutine of it.
+// Makes the session known to the Lua state and all of its coroutines.
 void attachSession(lua_State* state, Session& session);
 
 void pushText(lua_State* state, std::string_view text);

@@ -24,7 +24,7 @@ Kind& as(Control& control) {
   return dynamic_cast<Kind&>(control);
 }
 
-// --- what a person finds: a heading that is hidden or disabled takes its menu entries along -----
+// --- visible and enabled: a menu entry is neither when its heading is not ------------------------
 
 bool visible(const Control& control) {
   const auto* entry = dynamic_cast<const MenuEntry*>(&control);
@@ -92,7 +92,7 @@ int typeText(Call& call, Control& control) {
   call.session().act([&] {
     focusOn(call.session(), control);
     as<TextBox>(control).selectAll();
-    // Nothing typed over a selection still empties it, as a person would with this key.
+    // An empty text deletes the selection.
     pressAll(call.session(), control.form(), typed.empty() ? std::u32string{keys::Delete} : typed);
   });
   return call.none();

@@ -1,4 +1,5 @@
-// quillet.add_client, query, exec, statements, fail, log: what stands behind the forms.
+// quillet.add_client, query, exec, statements, fail, log: the register, the database, the error
+// log.
 #include <algorithm>
 #include <charconv>
 #include <fstream>
@@ -33,7 +34,7 @@ constexpr ClientField clientFields[] = {
     {"password", &suite::Client::password},
 };
 
-// A misspelt field would otherwise be left out in silence.
+// A misspelt field is an error and not ignored.
 void mustBeClientFields(const Call& call) {
   for (const std::string& key : call.keys(1)) {
     const auto called = [&](const ClientField& field) { return key == field.name; };

@@ -1,4 +1,4 @@
-// quillet.answer, messages, file, refuse: the person in front of message boxes and dialogs.
+// quillet.answer, messages, file, refuse: answers to dialogs, and what the dialogs asked.
 #include "script/call.h"
 #include "script/quillet_library.h"
 #include "script/session.h"

@@ -8,11 +8,11 @@
 namespace quillet::script {
 namespace {
 
-// Where in the registry the status given to os.exit lies.
+// The registry's key for the status given to os.exit.
 constexpr char exitKey[] = "quillet.exit";
 
 // --- messages with their line -------------------------------------------------------------------
-// These run inside Lua with nothing on their path that would have to be destroyed.
+// Called by Lua, so these hold no object with a destructor while an error may be raised.
 
 bool beginsWith(const char* text, const char* start) {
   for (; *start != '\0'; ++text, ++start) {
@@ -50,14 +50,14 @@ int addLine(lua_State* state) {
 
 // --- os.exit ------------------------------------------------------------------------------------
 
-// No pcall and no coroutine holds a script that wants to end: every further instruction ends it
-// again.
+// A pcall or a coroutine may catch the error by which a script ends, so every further instruction
+// raises it again.
 void endAgain(lua_State* state, lua_Debug*) {
   lua_pushnil(state);
   lua_error(state);
 }
 
-// Ends the script, not the process: the database is to be closed in order.
+// Ends the script and not the process, so that the database is closed properly.
 int exitScript(lua_State* state) {
   const bool failed = lua_isboolean(state, 1) && lua_toboolean(state, 1) == 0;
   lua_pushinteger(state, failed ? 1 : luaL_optinteger(state, 1, 0));
@@ -78,7 +78,7 @@ void replaceExit(lua_State* state) {
 
 // --- running ------------------------------------------------------------------------------------
 
-// Scripts may keep common parts in files beside them.
+// A script may require files in its own folder.
 void searchBeside(lua_State* state, const std::filesystem::path& file) {
   lua_getglobal(state, "package");
   lua_getfield(state, -1, "path");

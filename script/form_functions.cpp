@@ -1,4 +1,4 @@
-// quillet.show, form, forms, today: what the host does with the module.
+// quillet.show, form, forms, today: opening and finding forms, setting the date.
 #include <charconv>
 
 #include "data/text.h"

@@ -1,5 +1,5 @@
-// What a script holds of a form or a control: where to find it, never a pointer that is followed
-// unchecked. A form that was closed or a control that is gone gives an error when it is used.
+// A script's reference to a form or a control. It is looked up at each use, so that a form that was
+// closed or a control that is gone is an error and not a dangling pointer.
 #pragma once
 
 #include <optional>

@@ -18,7 +18,7 @@ struct Member {
   Method call = nullptr;  // a method, called with a colon
 };
 
-// Moves the focus to the control as a click there does; throws when it does not arrive.
+// Moves the focus to the control as a click does; throws when another control keeps it.
 void focusOn(Session& session, Control& control);
 
 std::span<const Member> gridMembers();

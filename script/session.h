@@ -1,5 +1,5 @@
-// What a script drives: a practice at work whose dialogs are answered by the script, and what only
-// a display can do, handed in by whoever has one.
+// What a script works on: an open practice, its dialogs and clock, and the functions that need a
+// display, which the caller supplies.
 #pragma once
 
 #include <filesystem>
@@ -30,13 +30,13 @@ class Session {
 
   Desk& desk() const { return practice.context().desk; }
 
-  // Does something to the forms as a person would: lets the windows follow, and throws when a
-  // question came up that the script had not answered. The procedure that asked has trapped that
-  // by then, so the dialogs are asked whether it happened.
-  template <class Deed>
-  void act(Deed&& deed) {
+  // Runs an action on the forms, updates the windows, and throws when a question was asked that the
+  // script had not answered. The form has trapped the error by then, so it is taken from the
+  // dialogs.
+  template <class Action>
+  void act(Action&& action) {
     dialogs.takeFailure();
-    deed();
+    action();
     settle();
   }
 

@@ -53,7 +53,7 @@ void writeAtomically(const fs::path& file, std::string_view content) {
     if (!target.opened() || !target.writeAll(content) || !target.sync()) fail();
   }
   if (rename(beside.c_str(), file.c_str()) != 0) fail();
-  // The new name is safe once the folder is.
+  // The renaming is durable once the folder is synchronised.
   OpenFile folder(file.parent_path(), O_RDONLY | O_DIRECTORY);
   if (folder.opened()) folder.sync();
 }

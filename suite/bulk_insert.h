@@ -1,5 +1,4 @@
-// Many rows into one table with few statements: rows are collected and sent together once they make
-// a good-sized statement.
+// Inserts many rows with few statements: rows are collected and sent together.
 #pragma once
 
 #include <concepts>
@@ -16,8 +15,7 @@ class BulkInsert {
   // "Mast_Part(PartId,Particular)".
   BulkInsert(Database& database, std::string_view target);
 
-  // One row: whole numbers go in bare, texts are escaped and quoted. Decimal numbers are for the
-  // caller to write, as a Number.
+  // Adds a row. Texts are escaped and quoted; the caller formats decimal numbers, as a Number.
   template <class... Values>
   void row(const Values&... values) {
     sql_ += rows_++ == 0 ? head_ + "(" : ",(";
@@ -27,7 +25,7 @@ class BulkInsert {
     if (sql_.size() > enough) send();
   }
 
-  // Sends what is left. Not done by a destructor: it can fail.
+  // Sends the remaining rows. No destructor does it, because it can fail.
   void send();
 
   struct Number {

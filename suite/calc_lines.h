@@ -1,4 +1,4 @@
-// The lines in which Quillet and its helper for workbooks talk: fields parted by tabs, ended by a
+// The protocol between Quillet and quillet-calc: lines of fields that tabs separate, ended by a
 // line feed. Tab, line feed, carriage return and backslash inside a field are escaped.
 //
 //   open PATH                    ok SHEET...  the names of its worksheets
@@ -6,7 +6,7 @@
 //   number SHEET ROW COLUMN NUMBER (no answer)
 //   save, close, quit            ok
 //
-// Whatever fails is answered by: error MESSAGE
+// The answer to a failed command: error MESSAGE
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// The spreadsheet application behind the export: LibreOffice Calc, worked by the helper program
-// quillet-calc. Cells are sent in batches and no cell waits for an answer.
+// The spreadsheet application behind the export: LibreOffice Calc, controlled through the helper
+// program quillet-calc. Cells are sent in batches and no cell waits for an answer.
 #pragma once
 
 #include <chrono>

@@ -31,7 +31,7 @@ std::vector<Field> fieldsOf(const Client& client) {
           {"company name", &client.company, 100}};
 }
 
-// Stands in the place of a client's code where something holds for all clients.
+// Used instead of a client's code in data that applies to all clients.
 constexpr const char* commonCode = "#?#COMMON#?#";
 
 [[noreturn]] void refuse(const std::string& what) { throw std::runtime_error(what); }

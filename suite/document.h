@@ -1,5 +1,5 @@
-// A finished report: heading lines above a table. It holds what was written as it was written, and
-// answers how each cell is to look, so that screen, printer, PDF and text file agree.
+// A finished report: heading lines above tables. It decides how each cell looks, so that screen,
+// printer, PDF and text file agree.
 //
 // Texts arrive with printer codes inside. ESC E and ESC F switch emphasis on and off, across cells
 // and lines as on a printer; they and every other code are stripped from the texts. A line that
@@ -61,7 +61,7 @@ class Document {
   // name it, so that a loose sheet is not taken for another client's.
   void setSubject(std::string text) { subject_ = std::move(text); }
 
-  // Told by the reporter.
+  // Called by the reporter.
   void addHeading(const std::string& text);
   void beginTable();
   struct Written {

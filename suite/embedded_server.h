@@ -20,8 +20,8 @@ class EmbeddedServer {
 
   const std::filesystem::path& folder() const { return folder_; }
 
-  // Between these two the server waits for no disk. The folder must hold no data yet: when the
-  // process dies before the second, the next start empties it.
+  // Between these two nothing is synchronised to the disk. The folder must hold no data yet: when
+  // the process dies before the second, the next start empties it.
   void beginBulkLoad();
   void endBulkLoad();
 

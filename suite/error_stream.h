@@ -1,21 +1,21 @@
-// Whose standard error is. The server library takes it for its log when it starts and never gives
-// it back; the program's own words would be lost in that file.
+// Switches standard error between the program and the server library, which redirects it to its log
+// when it starts and never restores it: the program's own messages would be lost in that file.
 #pragma once
 
 namespace quillet::suite {
 
 class ErrorStream {
  public:
-  // Remembers the program's.
+  // Remembers the program's stream.
   ErrorStream();
-  // Leaves the program its own.
+  // Restores it.
   ~ErrorStream();
   ErrorStream(const ErrorStream&) = delete;
   ErrorStream& operator=(const ErrorStream&) = delete;
 
-  // The library has started: the stream is the program's again.
+  // To be called when the library has started.
   void restore();
-  // The library is about to end: what it has to say goes to its log.
+  // To be called before the library ends, so that its messages go to its log.
   void redirectToLog();
 
  private:

@@ -1,4 +1,4 @@
-// What a database folder is before the server library touches it. The library may end the process
+// Examines a database folder before the server library uses it. The library may end the process
 // or write into the folder when it meets damaged files, so a folder that does not match its
 // fingerprint is checked on a copy, in a process of its own.
 #pragma once

@@ -1,5 +1,5 @@
-// What the suite shows itself through: the desktop's windows, or nothing at all when a script or a
-// test runs without a display.
+// How the suite shows something: in the desktop's windows, or not at all when a script or a test
+// runs without a display.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ class FrontEnd {
   virtual ~FrontEnd() = default;
   virtual Dialogs& dialogs() = 0;
   virtual Screen screen() const = 0;
-  // Busy indicator; while it shows, the text and the bar (done of total; total 0: no bar).
+  // The busy indicator with its text and bar (done of total; no bar when the total is 0).
   virtual void showProgress(bool show) = 0;
   virtual void progressText(const std::string& text) = 0;
   virtual void progressBar(long done, long total) = 0;

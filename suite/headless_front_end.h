@@ -19,7 +19,7 @@ class HeadlessFrontEnd : public FrontEnd {
   // The answer to the next popup menu: position from 1, 0 for none.
   void queuePopup(int position) { popups_.push_back(position); }
 
-  Screen size;  // what screen() tells
+  Screen size;  // what screen() returns
   bool busy = false;
   std::string progress;             // the last text
   long done = 0, total = 0;         // the last state of the bar

@@ -12,7 +12,7 @@
 namespace quillet::suite {
 namespace {
 
-// The table that a statement changes is the first word that is no part of the command.
+// A statement changes the table whose name is the first word after the command.
 bool changesLedgers(std::string_view sql) {
   constexpr std::array<std::string_view, 15> commandWords{
       "insert", "into", "update", "delete", "from",   "replace",      "truncate", "table",
@@ -76,7 +76,8 @@ std::optional<NamedId> LedgerNames::find(const std::string& name, const std::str
       database_.escape(cleaned) + "','" + database_.escape(name) + "') order by PartId");
   std::optional<NamedId> found = bestMatch(*rows, "PartId", "Particular", name);
   if (found && sameName(found->name, name)) return found;
-  // The same name may stand there in a way that the database does not see, as with two blanks.
+  // The name may be stored in a spelling that the database takes for another one, as with two
+  // blanks.
   load();
   const std::string key = nameKey(name);
   for (const auto& [id, listed] : names_) {

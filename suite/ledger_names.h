@@ -17,10 +17,10 @@ class LedgerNames {
 
   // "" when there is none.
   std::string nameOf(long id);
-  // The id of that name; when there is none, of one that the database takes for it; when there is
-  // none either, it is created with the highest id plus one, if asked for. 0 when that fails.
+  // The id of that name, else of a name that the database takes for the same. When there is
+  // neither, the ledger is created, if asked for, with the highest id plus one. 0 when that fails.
   long idOf(const std::string& name, bool create);
-  // Told of every statement that the module executes.
+  // To be called with every statement that the module executes.
   void statementSent(const std::string& sql);
 
  private:

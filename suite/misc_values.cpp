@@ -25,7 +25,7 @@ void set(Database& database, const std::string& section, const std::string& name
   database.execute("insert into SuiteMisc(Section,Name,Value,Client,Yr) values(" + quoted(section) +
                    ',' + quoted(name) + ',' + quoted(value) + ',' + quoted(client) + ',' +
                    quoted(year) + ')');
-  // The old value goes last: whatever happens in between, one of them is there to be read.
+  // The old value is deleted last, so that a value is there whatever happens in between.
   database.execute("delete from SuiteMisc" + condition(database, section, name) + " and Client=" +
                    quoted(client) + " and Yr=" + quoted(year) + " and row_id<last_insert_id()");
 }

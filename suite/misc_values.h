@@ -1,5 +1,5 @@
-// Miscellaneous values that the module's forms keep in the database, by section and name. A value
-// remembers for which client and year it was set; the one set last is read.
+// Miscellaneous values that the module's forms keep in the database, by section and name. Each is
+// stored with a client and a year; the one set last is read.
 #pragma once
 
 #include <string>

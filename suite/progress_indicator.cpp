@@ -25,7 +25,7 @@ void ProgressIndicator::update_pg() {
   ++done_;
   const Time now = std::chrono::steady_clock::now();
   if (done_ < total_ && now - last_ < betweenUpdates) return;
-  // Past the announced end there is nothing left to show.
+  // The bar is full after the announced number of steps.
   if (done_ > total_) return;
   last_ = now;
   frontEnd_.progressBar(done_, total_);

@@ -1,5 +1,5 @@
-// The progress indicator on its way to the front end: a loop over thousands of rows tells each row,
-// a person sees a few updates a second.
+// The progress indicator. A loop over thousands of rows reports each row, and the front end is
+// updated a few times a second.
 #pragma once
 
 #include <chrono>

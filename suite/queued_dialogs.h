@@ -1,8 +1,8 @@
 // Message boxes and dialogs without a person: scripts and tests queue the answers beforehand and
 // read afterwards what was asked.
 //
-// A question that finds no answer queued throws. The procedure that asked traps that like any other
-// error, so the failure is also kept: whoever caused the procedure looks at takeFailure() after it.
+// A question without a queued answer throws. The procedure that asked traps that like any other
+// error, so the failure is kept for takeFailure(), too.
 #pragma once
 
 #include <deque>

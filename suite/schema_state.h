@@ -10,10 +10,10 @@
 namespace quillet::suite::schema_state {
 
 // A text that changes with the definitions wanted and with those present; "" on a server, whose
-// files are not ours to see.
+// files we cannot see.
 std::string current(const Database& database, const std::string& wanted);
 
-// The text kept at the last start, "" when there is none.
+// The text stored at the last start, "" when there is none.
 std::string stored(Database& database);
 void store(Database& database, const std::string& state);
 

@@ -5,10 +5,10 @@
 namespace quillet::suite {
 namespace {
 
-// Up to this screen the system's own letters are right; beyond it they would look small.
+// Up to this size the system's font is right; on a larger screen it would look small.
 constexpr double usualWidth = 1920;
 constexpr double usualHeight = 1080;
-// Room that a form needs at letters of the usual size.
+// The room that a form needs with that font.
 constexpr double neededWidth = 1300;
 constexpr double neededHeight = 700;
 

@@ -1,5 +1,5 @@
-// How a form fills a screen: nearly all of a small one, a comfortable part of a large one, with
-// letters that grow where the screen has room for them.
+// The size of a form: nearly all of a small screen and a comfortable part of a large one, with a
+// larger font where the screen has room for it.
 #pragma once
 
 #include "controls/form.h"

@@ -1,5 +1,5 @@
-// The suite's service object on MariaDB. It only puts together: each group of operations has a file
-// of its own.
+// The suite's service object on MariaDB. It delegates: each group of operations has a file of its
+// own.
 #pragma once
 
 #include <string>

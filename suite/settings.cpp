@@ -23,7 +23,7 @@ std::string entryName(const std::string& section, const std::string& key) {
   return folded(section) + '\0' + folded(key);
 }
 
-// A backslash stands before every character that would end or begin something in the file.
+// Puts a backslash before every character that has a meaning in the file.
 std::string escaped(const std::string& text, std::string_view special) {
   std::string result;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -57,7 +57,7 @@ std::string unescaped(std::string_view text) {
   return result;
 }
 
-// Where the character stands without a backslash before it.
+// The position of the character without a backslash before it.
 std::size_t findBare(std::string_view text, char wanted) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '\\') {
@@ -69,7 +69,7 @@ std::size_t findBare(std::string_view text, char wanted) {
   return std::string_view::npos;
 }
 
-// Without the blanks that a hand put around it; escaped ones stay.
+// Without blanks around it; escaped ones stay.
 std::string_view stripped(std::string_view text) {
   while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
   while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r')) {

@@ -12,7 +12,7 @@ namespace quillet::suite {
 
 class Settings {
  public:
-  // How every settings file begins; a data folder is known by it.
+  // The first line of every settings file, by which a data folder is recognised.
   static constexpr const char* firstLine = "; Quillet data folder";
 
   // Reads the file; a missing one gives no settings.

@@ -2,7 +2,7 @@
 
 #include <pthread.h>
 
-// The sanitizers ask before the program has begun; they get the C library's own answer.
+// The sanitizers ask before main() runs, so they get the C library's function.
 #ifndef __SANITIZE_ADDRESS__
 
 #include <dlfcn.h>
@@ -26,7 +26,7 @@ int askLibrary(pthread_t thread, pthread_attr_t* attributes) {
 
 }  // namespace
 
-// In place of the C library's own.
+// Replaces the C library's function.
 extern "C" int pthread_getattr_np(pthread_t thread, pthread_attr_t* attributes) {
   if (pthread_equal(thread, pthread_self()) == 0) return askLibrary(thread, attributes);
   if (known.size == 0) {

@@ -5,8 +5,8 @@ namespace quillet::suite {
 
 // The server library asks for them before every statement. For a process's first thread the C
 // library answers by reading the map of the whole process, which costs more than a small statement.
-// A stack does not move: a program that calls this takes the question over and passes it on once
-// for each thread.
+// A stack does not move, so a program that calls this asks once for each thread and keeps the
+// answer.
 void keepStackBounds();
 
 }  // namespace quillet::suite

@@ -1,4 +1,5 @@
-// The module's surroundings when Quillet runs on its own, and the running whole.
+// What the module gets from the suite when Quillet runs on its own, and the open practice as a
+// whole.
 #pragma once
 
 #include <filesystem>
@@ -32,7 +33,7 @@ class Standalone : public Surroundings {
   Dialogs& dialogs() override { return frontEnd_.dialogs(); }
   Clock& clock() override { return clock_; }
 
-  // Another helper for workbooks than the one beside our program.
+  // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) { calc_ = std::move(options); }
 
   // What a report that is shown is about.

@@ -1,5 +1,5 @@
-// The door through which the module's statements pass on their way to the database. It can keep
-// them, for scripts and tests that read what was sent, and can make one of them fail.
+// Passes the module's statements on to the database. It can record them for scripts and tests, and
+// make one of them fail.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,7 @@ class StatementInterceptor {
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
 
-  // Off unless asked for: a working day's statements are of no use to anybody.
+  // Off by default, because recording a whole day would need memory for nothing.
   void record(bool on);
   // Every statement since the last call, in order, refused ones included.
   std::vector<std::string> take();

@@ -7,8 +7,8 @@
 namespace quillet::suite {
 
 // As many as are set, and never fewer than the highest number that a year is registered under:
-// whoever walks all tables must not miss a year. Where none is set, since the settings were lost
-// for instance, as many as the database has.
+// a loop over all tables must not miss a year. When no number is set, because the settings were
+// lost for instance, as many as the database has.
 long tableNumbers(const Settings& settings, Database& database);
 
 }  // namespace quillet::suite
