@@ -88,21 +88,6 @@ TEST_F(FolderTest, StartsOnlyOnceInAProcess) {
   EXPECT_TRUE(second.starts_with("error: ")) << second;
 }
 
-TEST_F(FolderTest, TellsThatAnotherProcessHoldsIt) {
-  support::Reporting other([&](const support::Reporting::Tell& tell) {
-    const auto database = Database::openEmbedded(folder);
-    tell("open");
-    pause();
-  });
-  ASSERT_EQ(other.next(), "open");
-  const std::string told = ledgers(folder);
-  EXPECT_NE(told.find(folder.string()), std::string::npos) << told;
-  EXPECT_NE(told.find("in use"), std::string::npos) << told;
-  other.kill();
-  EXPECT_FALSE(ledgers(folder).starts_with("error: The folder"))
-      << "the lock ends with its process";
-}
-
 TEST_F(FolderTest, TellsThatItCannotBeWritten) {
   copy();
   fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |

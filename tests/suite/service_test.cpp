@@ -37,15 +37,6 @@ TEST_F(ServiceTest, RecordsWhatTheModuleSendsAndNothingElse) {
   EXPECT_EQ(statements(), Texts{});
 }
 
-TEST_F(ServiceTest, MakesOneStatementFail) {
-  host().statements().failNext("INTO mast_part");
-  host().ConQuery("flush tables");
-  EXPECT_THROW(host().ConQuery("insert into Mast_Part values(1,'Cash')"), RunTimeError);
-  EXPECT_EQ(value("select count(*) from Mast_Part"), "0");
-  host().ConQuery("insert into Mast_Part values(1,'Cash')");
-  EXPECT_EQ(value("select count(*) from Mast_Part"), "1");
-}
-
 TEST_F(ServiceTest, EscapedTextComesBackAsItWas) {
   std::mt19937 random(7);
   const std::string alphabet = "'\"\\%_;-#`\n\r\t aZ09\x1A";
@@ -243,12 +234,7 @@ TEST_F(ServiceTest, ProgressReachesTheScreenAFewTimesOnly) {
   EXPECT_FALSE(frontEnd.busy);
 }
 
-TEST_F(ServiceTest, WindowsGoToTheFrontEnd) {
-  host().MainPageObj().showClient("C1", "Name");
-  EXPECT_EQ(frontEnd.client, "C1");
-  host().helpid("2-2");
-  host().ObjHelp().Show();
-  EXPECT_EQ(frontEnd.topics.back(), "2-2");
+TEST_F(ServiceTest, APopupMenuGoesToTheFrontEnd) {
   frontEnd.queuePopup(2);
   EXPECT_EQ(host().PopupMenuObj().choose({"One", "Two"}), 2);
   EXPECT_EQ(frontEnd.menu, (Texts{"One", "Two"}));
