@@ -11,6 +11,12 @@ std::string stockTable(const std::string& trialBalanceTable) {
   return siblingTable(trialBalanceTable, "TRADE_");
 }
 
+Sql stockInsert(const Sql& table, const Sql& client, LedgerGroup pair, Money amount) {
+  return "insert into " + table + "(code_no,partid,allid,amt) values(" + client + "," +
+         sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," + sqlNumber(amount.rupees()) +
+         ")";
+}
+
 ClosingStock::ClosingStock(ServiceObject& host, const ClientTable& books)
     : host_(host), table_(sqlName(books.table)), client_(host.escaped(books.client)) {}
 
@@ -40,9 +46,7 @@ void ClosingStock::save(LedgerGroup pair, Money amount, const std::optional<Ledg
     const auto stored = host_.query("select sum(amt) from " + table_ + rowsOf(pair));
     amount = Money::rounded(amount.rupees() + stored->number(0));
   }
-  statements.push_back("insert into " + table_ + "(code_no,partid,allid,amt) values('" + client_ +
-                       "'," + sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
-                       sqlNumber(amount.rupees()) + ")");
+  statements.push_back(stockInsert(table_, "'" + client_ + "'", pair, amount));
   change(statements);
 }
 

@@ -15,6 +15,8 @@ namespace quillet {
 
 // The closing-stock table of a year, by the name of its trial-balance table.
 std::string stockTable(const std::string& trialBalanceTable);
+// One row of it; `client` is quoted.
+Sql stockInsert(const Sql& table, const Sql& client, LedgerGroup pair, Money amount);
 
 class ClosingStock {
  public:

@@ -99,4 +99,10 @@ Sql TrialBalance::rowOf(const Line& line, const std::vector<Line>& lines) const 
          " and ifnull(nid,0)=" + sqlNumber(line.nid) + " limit 1";
 }
 
+Sql lineInsert(const Sql& table, const Sql& client, const Line& line) {
+  return "insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
+         sqlNumber(line.srno) + "," + client + "," + sqlNumber(line.partId) + "," +
+         sqlNumber(line.allId) + "," + sqlNumber(line.amount) + "," + sqlNumber(line.nid) + ")";
+}
+
 }  // namespace quillet

@@ -58,4 +58,7 @@ class TrialBalance {
   Sql client_;
 };
 
+// The insert that names its columns, as what fills a whole year spells it; `client` is quoted.
+Sql lineInsert(const Sql& table, const Sql& client, const Line& line);
+
 }  // namespace quillet

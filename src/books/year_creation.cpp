@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "books/trial_balance.h"
 #include "data/year.h"
 #include "ports/busy.h"
 
@@ -90,11 +91,9 @@ void YearCreation::copyLines(const std::string& previousTable, bool figures) {
   const int amount = rows->column("Amt");
   const int nid = rows->column("nid");
   for (; !rows->EOF_(); rows->MoveNext()) {
-    host_.ConQuery("insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
-                   sqlNumber(++srno) + "," + host_.quoted(rows->text(code)) + "," +
-                   sqlNumber(rows->integer(partId)) + "," + sqlNumber(rows->integer(allId)) + "," +
-                   sqlNumber(figures ? rows->number(amount) : 0.0) + "," +
-                   sqlNumber(rows->integer(nid)) + ")");
+    const Line line{++srno, rows->integer(partId), rows->integer(allId),
+                    figures ? rows->number(amount) : 0, rows->integer(nid)};
+    host_.ConQuery(lineInsert(table, host_.quoted(rows->text(code)), line));
     progress.update_pg();
   }
   host_.ConQuery(flushTables);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "books/account_groups.h"
+#include "books/trial_balance.h"
 
 namespace quillet {
 namespace {
@@ -28,18 +29,11 @@ bool byName(const ListedGroup& a, const ListedGroup& b) { return a.name < b.name
 }  // namespace
 
 std::vector<Entry> listedLines(ServiceObject& host, const ClientTable& books) {
-  std::vector<Entry> lines;
-  const auto rows = host.query("Select * From " + sqlName(books.table) +
-                               " where code_no=" + host.quoted(books.client));
-  for (const Line& line : readLines(*rows)) {
-    Entry& entry = lines.emplace_back();
-    entry.line[0] = line;
-    entry.particular = host.GetPart_MastPartId(line.partId);
-  }
+  std::vector<Entry> lines = pairLines(TrialBalance(host, books).lines(), {});
   if (lines.empty()) return lines;
   AccountGroups groups;
   groups.load(host);
-  for (Entry& entry : lines) entry.group = groups.name(entry.any().allId);
+  fillNames(lines, host, groups);
   return lines;
 }
 

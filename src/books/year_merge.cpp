@@ -1,14 +1,9 @@
 #include "books/year_merge.h"
 
-#include "books/lines.h"
-#include "data/table_names.h"
+#include "books/closing_stock.h"
+#include "books/trial_balance.h"
 
 namespace quillet {
-namespace {
-
-Sql stockTableOf(const std::string& table) { return sqlName(siblingTable(table, "TRADE_")); }
-
-}  // namespace
 
 std::vector<PairSums::Sum> PairSums::sums() const {
   std::vector<Sum> sums;
@@ -24,7 +19,7 @@ void YearMerge::add(const ClientTable& source) {
   for (const Line& line : readLines(*rows)) {
     balances_.add({line.partId, line.allId}, Money::rounded(line.balance()));
   }
-  const auto stock = host_.query("select * from " + stockTableOf(source.table) + where);
+  const auto stock = host_.query("select * from " + sqlName(stockTable(source.table)) + where);
   for (; !stock->EOF_(); stock->MoveNext()) {
     stock_.add({stock->integer("partid"), stock->integer("allid")},
                Money::rounded(stock->number("amt")));
@@ -36,24 +31,21 @@ void YearMerge::write(const ClientTable& target) {
   const auto stock = stock_.sums();
   const Sql client = host_.quoted(target.client);
   const Sql table = sqlName(target.table);
-  const Sql stockTable = stockTableOf(target.table);
+  const Sql stockSql = sqlName(stockTable(target.table));
   // A merge that was interrupted is done anew, not added to.
   host_.change("delete from " + table + " where code_no=" + client);
-  host_.change("delete from " + stockTable + " where code_no=" + client);
+  host_.change("delete from " + stockSql + " where code_no=" + client);
   Progress& progress = host_.objProgress();
   progress.Max(static_cast<long>(balances.size() + stock.size()));
   lines_ = stockLines_ = 0;
   for (const auto& [pair, balance] : balances) {
-    host_.change("insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
-                 sqlNumber(++lines_) + "," + client + "," + sqlNumber(pair.partId) + "," +
-                 sqlNumber(pair.allId) + "," + sqlNumber(abs(balance).rupees()) + "," +
-                 sqlNumber(balance < Money() ? credit : debit) + ")");
+    const long side = balance < Money() ? credit : debit;
+    host_.change(lineInsert(table, client,
+                            {++lines_, pair.partId, pair.allId, abs(balance).rupees(), side}));
     progress.update_pg();
   }
   for (const auto& [pair, amount] : stock) {
-    host_.change("insert into " + stockTable + "(code_no,partid,allid,amt) values(" + client + "," +
-                 sqlNumber(pair.partId) + "," + sqlNumber(pair.allId) + "," +
-                 sqlNumber(amount.rupees()) + ")");
+    host_.change(stockInsert(stockSql, client, pair, amount));
     ++stockLines_;
     progress.update_pg();
   }
