@@ -41,7 +41,7 @@ Sql Journal::isoDate(const std::string& date) const {
 }
 
 void Journal::eachRow(const std::string& from, const std::string& to,
-                      const std::function<void(const Row&)>& take) const {
+                      const std::function<void(Row row)>& take) const {
   const auto rows =
       host_.query("Select *  from " + table_ + " LEFT JOIN mast_allgrp on " + table_ +
                   ".allid=mast_allgrp.allid where " + table_ + ".code_no='" + client_ + "' and " +

@@ -29,7 +29,7 @@ class Journal {
   };
   // Hands over the rows from one day to another (dd/mm/yyyy), voucher by voucher.
   void eachRow(const std::string& from, const std::string& to,
-               const std::function<void(const Row&)>& take) const;
+               const std::function<void(Row row)>& take) const;
 
   // What a voucher is read for, and how the select is spelt.
   enum class Reading { entry, posting };

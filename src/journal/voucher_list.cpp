@@ -1,5 +1,7 @@
 #include "journal/voucher_list.h"
 
+#include <utility>
+
 #include "books/amount.h"
 #include "journal/proper_case.h"
 
@@ -28,16 +30,16 @@ std::string VoucherList::show(const Journal& journal, const std::string& from,
     if (unbalanced.empty() && !sum.isZero()) unbalanced = grid_.cell(heading, 0);
     sum = Money();
   };
-  journal.eachRow(from, to, [&](const Journal::Row& row) {
+  journal.eachRow(from, to, [&](Journal::Row row) {
     const bool first = heading == 0 || row.vid != vid;
     if (first) {
       endVoucher();
       heading = grid_.rows() + 1;
     }
     vid = row.vid;
-    narration = row.narration;
     sum += row.line.balance();
     addLine(row, first);
+    narration = std::move(row.narration);
   });
   endVoucher();
   return unbalanced;

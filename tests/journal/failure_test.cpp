@@ -2,7 +2,6 @@
 // ends as the original figures and the journal explain it.
 #include "books/posting.h"
 #include "data/errors.h"
-#include "deletion/frmdelwhatinTB.h"
 #include "journal/messages.h"
 #include "journal_fixture.h"
 #include "masters/frmtbledmas.h"
@@ -210,26 +209,6 @@ TEST_F(JournalFailure, OtherFormsPostWhatIsMissingFirst) {
     messages();
     log();
   }
-}
-
-// The year's number, and so its table, may be another year's next.
-TEST_F(JournalFailure, ADeletedYearLeavesNothingToPost) {
-  arrangeBooks();
-  leaveHalfPosted();
-  frmdelwhatinTB deletion(context());
-  RegisteredYear year;
-  year.client = "C1";
-  year.keys = {"01042008", "31032009"};
-  year.table = "TAB_1";
-  year.number = 1;
-  ASSERT_TRUE(deletion.INITDATA("delete", year));
-  deletion.showModal();
-  deletion.click(deletion.optMain[0]);
-  yes();
-  deletion.click(deletion.cmddelete);
-  open("C1", 2008);
-  EXPECT_EQ(rows("select * from TAB_1 where code_no='C1'"), Rows{});
-  messages();
 }
 
 // Neither books that cannot be posted nor those of a year that is gone stand in the way of others.

@@ -1,5 +1,4 @@
 // The printouts: the list of vouchers as it stands, and the subsidiary trial balance.
-#include "books/subsidiary.h"
 #include "journal_fixture.h"
 #include "support/recording_reporter.h"
 
@@ -24,28 +23,6 @@ class JournalPrinting : public JournalTest {
     return "printtext " + what + " of " + host().COMPANY_NAME() + " for the Period from " + period;
   }
 };
-
-TEST(SubsidiaryFigures, TakeTheAdjustmentsOutOfTheBalance) {
-  const struct {
-    const char* what;
-    double amt, amtDr, amtCr;
-    std::array<double, 6> figures;  // original, subsidiary, final: debit and credit each
-  } cases[] = {
-      {"no adjustments", 100, 0, 0, {100, 0, 0, 0, 100, 0}},
-      {"a credit balance", -100, 0, 0, {0, 100, 0, 0, 0, 100}},
-      {"a debit adjustment", 150, 50, 0, {100, 0, 50, 0, 150, 0}},
-      {"turned round by a credit", -20, 0, -120, {100, 0, 0, 120, 0, 20}},
-      {"adjustments that cancel out", 100, 30, -30, {100, 0, 30, 30, 100, 0}},
-      {"no balance left", 0, 40, 0, {0, 40, 40, 0, 0, 0}},
-      {"binary dust is no figure", 0.3, 0.1 + 0.2, 0, {0, 0, 0.3, 0, 0.3, 0}},
-  };
-  for (const auto& c : cases) {
-    const auto money = [](double rupees) { return Money::rounded(rupees); };
-    const SubsidiaryFigures figures =
-        figuresOf({"", "", money(c.amt), money(c.amtDr), money(c.amtCr)});
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(figures[i], money(c.figures[i])) << c.what << i;
-  }
-}
 
 TEST_F(JournalPrinting, PrintsTheListAsItStands) {
   addYear("C1", 2008, {{"Cash", "BANKS", 5000}, {"Rent", "RENT", 40}});
