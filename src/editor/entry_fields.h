@@ -8,6 +8,7 @@
 #include "books/two_years.h"
 #include "controls/key.h"
 #include "controls/lookup_list.h"
+#include "controls/scoped_flag.h"
 #include "data/money.h"
 #include "editor/open_books.h"
 
@@ -33,20 +34,8 @@ class EntryFields {
   bool contains(const Control* control) const;
   void enable(bool enabled);
   void empty();
-  // While one lives the entry is being given up: fields that are empty are no mistake.
-  class Leaving {
-   public:
-    explicit Leaving(EntryFields& fields) : leaving_(fields.leaving_), before_(leaving_) {
-      leaving_ = true;
-    }
-    ~Leaving() { leaving_ = before_; }
-    Leaving(const Leaving&) = delete;
-    Leaving& operator=(const Leaving&) = delete;
-
-   private:
-    bool& leaving_;
-    bool before_;
-  };
+  // While it lives the entry is being given up: fields that are empty are no mistake.
+  ScopedFlag leaving() { return ScopedFlag(leaving_); }
 
   // Shows a line to be altered.
   void alter(const Entry& entry, const YearLine& line);

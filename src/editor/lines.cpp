@@ -7,7 +7,7 @@
 namespace quillet {
 
 void frmcrtb::leaveEntry() {
-  const EntryFields::Leaving leaving(entry_);
+  const ScopedFlag leaving = entry_.leaving();
   entry_.empty();
   saver_.putBack();
   focus(vsfm);
