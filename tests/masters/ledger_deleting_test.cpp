@@ -236,6 +236,14 @@ TEST_F(LedgerMasterTest, AListThatCouldNotBeReadIsNotShownInPart) {
   EXPECT_EQ(listed(), (Texts{"ALPHA", "BETA", "CASH", "GAMMA", "OMEGA", "RENT"}));
   choose(notInUse);
   EXPECT_EQ(listed(), (Texts{"GAMMA", "OMEGA"}));
+  choose(everything);
+  type(form.txtfind, "rent");
+  modify("RENT");
+  exec("update Mast_Part set Particular='LEASE' where Particular='RENT'");
+  fail("Update Mast_Part");
+  enter("hire");
+  press(form.cmdupdate);
+  EXPECT_EQ(names()[0], "HIRE") << "what is modified stays in sight, whatever it is called by now";
 }
 
 // The grid shows what is stored after a failure.
