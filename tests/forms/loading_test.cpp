@@ -100,6 +100,10 @@ TEST_F(LoadingTest, SortsAsTheSettingSaysAndKeepsIt) {
   open("C1", 2008);
   EXPECT_TRUE(form.mnusortopt[3].checked());
   EXPECT_EQ(order(), "Alpha Gamma beta");
+  addYear("C1", 2007, {{"Old", "BANKS", 5}});
+  exec("update TAB_1 set amt=0 where amt=3");
+  open("C1", 2008).click(form.mnuyrs[2]);
+  EXPECT_EQ(order() + ' ' + form.vsfm.cell(4, 0), "Alpha Gamma beta Old") << "even behind nothing";
 }
 
 TEST_F(LoadingTest, OffersTheClientsLedgersOrAll) {

@@ -88,6 +88,7 @@ TEST_F(JournalSaving, RefusesWhatIsNotInOrder) {
       {"an amount of zero", "02062008", {{"Rent", "", "0.00"}}, amount},
       {"no number", "02062008", {{"Rent", "", "1.2.3"}}, amount},
       {"no number alone", "02062008", {rent, cash, {"", "", "1.2.3"}}, ledger},
+      {"a line without its other side", "02062008", {rent, blank}, totals},
       {"totals apart", "02062008", {rent, {"Cash", "", "5.01", false}}, totals},
       {"the first failure counts",
        "02062008",

@@ -56,8 +56,8 @@ TEST_F(GroupMasterTest, AddsWithTheNextId) {
   EXPECT_TRUE(form.groupsChanged());
   form.vsf.sortBy(0);  // a click on the heading turns it round
   press(form.cmdmodify);
-  enter("A LETTER");
-  EXPECT_EQ(listed(form.vsf), (Texts{"RENT", "POSTAGE", "FIXED GROUP", "FARES", "A LETTER"}));
+  enter("A'S LETTER");
+  EXPECT_EQ(listed(form.vsf), (Texts{"RENT", "POSTAGE", "FIXED GROUP", "FARES", "A'S LETTER"}));
   EXPECT_EQ(form.vsf.current(), 5);
   press(form.cmdback);
   EXPECT_EQ(closed, 1);

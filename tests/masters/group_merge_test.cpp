@@ -108,6 +108,9 @@ TEST_F(GroupMasterTest, WhereAMergedGroupWentIsKept) {
   EXPECT_EQ(merged.successor(4711), 4711);
   EXPECT_EQ(merged.predecessors(std::stol(post)),
             (std::vector<long>{std::stol(rent), std::stol(fares)}));
+  exec("insert into Mast_AllGrp(ALLID,ALLGRP) values(" + rent + ",'RENT')");
+  EXPECT_EQ(MergedGroups(*context().host).successor(std::stol(rent)), std::stol(rent))
+      << "a number that is in use again";
 }
 
 // --- failures -----------------------------------------------------------------------------------

@@ -101,6 +101,12 @@ TEST_F(SummaryTest, LinesMoveToAnotherGroupOneStatementEach) {
   EXPECT_EQ(form.vsf3.rows(), 3);
   EXPECT_EQ(form.cbogroup.find("SALES"), 0);
   EXPECT_EQ(stored(current, "C2").at(0).at(2), "SALES");
+
+  form.cbotgroup.choose(form.cbotgroup.find("BANKS"));
+  yes();
+  host().statements().failNext("Select * From " + current);
+  form.click(form.cmdupdate);
+  EXPECT_EQ(form.vsfm.rows(), 0) << "lines that were not read anew are not shown where they stood";
 }
 
 TEST_F(SummaryTest, OneMoreGroupAndOneFewer) {

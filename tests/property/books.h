@@ -106,21 +106,6 @@ inline Rows rowsOf(const auto& lines) {
   }
   return rows;
 }
-// Everything, each line behind its book, those of a voucher behind its number, date and narration.
-inline Rows rowsOf(const World& world) {
-  Rows all;
-  const auto add = [&](const std::string& of, const Rows& rows) {
-    for (const auto& row : rows) all.push_back({of, row[0], row[1], row[2], row[3]});
-  };
-  for (const auto& [where, book] : world) {
-    add(said(where), rowsOf(book.lines));
-    for (const auto& [number, each] : book.vouchers) {
-      add(said(where) + ", voucher " + std::to_string(number) + ", " + each.date + each.narration,
-          rowsOf(each.lines));
-    }
-  }
-  return all;
-}
 
 // The ledgers of the subsidiary trial balance: before, in vouchers, after; of each the debit and
 // the credit.
