@@ -95,7 +95,7 @@ class Deeds : public Screen {
     const std::string& group = oneOf(groups).first;
     // A few ledgers more than there are, so that some are made on the way.
     const int at = draw(8);
-    return {at < 5 ? ledgers[at] : "Made " + std::to_string(at), group};
+    return {at < 5 ? ledgers[at] : "Maker\\ " + std::to_string(at), group};
   }
 
   // Often the same few amounts, so that balances meet zero.

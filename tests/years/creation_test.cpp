@@ -146,6 +146,11 @@ TEST_F(CreationTest, CopiesTheLatestEarlierYear) {
     EXPECT_EQ(frontEnd.done, 2) << "each row moves the bar";
     EXPECT_EQ(frontEnd.total, 2);
   }
+  addClient("c'3", "Third's");
+  addYear("c'3", 2007, {{"Cash", "BANKS", 1}});
+  answer({Answer::Yes, Answer::Yes});
+  create("01/04/2008", "c'3");
+  EXPECT_EQ(value("select count(*) from " + tab(2) + " where code_no='c\\'3'"), "1");
 }
 
 // A voucher that was posted by half belongs to the figures that are taken over, and printed.
