@@ -33,7 +33,7 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   // The desk says when the last form is closed; a help window left open does not keep the program.
   QApplication::setQuitOnLastWindowClosed(false);
   setTheme(theme::wanted());
-  // Said without a loop that runs, it would end the next dialog's loop instead.
+  // Without an event loop of the program's own, exit() would end that of the next dialog.
   windows_.onLastClosed = [this] {
     if (running_) QCoreApplication::exit(0);
   };
@@ -83,8 +83,7 @@ QImage Application::screenshot() const {
   return desktop::screenshot(front);
 }
 
-// --- front end
-// ------------------------------------------------------------------------------------
+// --- front end ----------------------------------------------------------------------------------
 
 Dialogs& Application::dialogs() { return exchanged_ ? *exchanged_ : own_; }
 

@@ -98,7 +98,7 @@ void BusyPanel::build() {
   panel_->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
   panel_->setAutoFillBackground(true);
   if (over_) panel_->setFont(over_->font());
-  const int step = theme::step(*panel_);
+  const int step = theme::spacing(*panel_);
   auto* inside = new QVBoxLayout(panel_);
   inside->setContentsMargins(3 * step, 2 * step, 3 * step, 3 * step);
   inside->setSpacing(step);

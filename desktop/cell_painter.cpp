@@ -23,7 +23,7 @@ Qt::Alignment alignmentOf(const GridColumn& column) {
 
 // What a cell's text may take.
 QRect roomOf(const QStyleOptionViewItem& option) {
-  const int margin = theme::step(*option.widget) * 3 / 4;
+  const int margin = theme::spacing(*option.widget) * 3 / 4;
   return option.rect.adjusted(margin, 0, -margin, 0);
 }
 
@@ -60,7 +60,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     ground = theme::selection(palette);
   } else if (model_.grid().rowEmphasised(row)) {
     ground = theme::emphasis(palette);
-  } else if (model_.grid().zebra && index.row() % 2 == 1) {
+  } else if (model_.grid().zebra() && index.row() % 2 == 1) {
     ground = theme::zebra(palette);
   }
   if (ground.isValid()) painter->fillRect(option.rect, ground);

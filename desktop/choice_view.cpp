@@ -30,8 +30,8 @@ class FormCombo : public QComboBox {
 
 }  // namespace
 
-ComboView::ComboView(ComboBox& combo, Stage& stage, QWidget* parent)
-    : ControlView(combo, stage), model_(combo), combo_(new FormCombo(parent)) {
+ComboView::ComboView(ComboBox& combo, ActionRunner& runner, QWidget* parent)
+    : ControlView(combo, runner), model_(combo), combo_(new FormCombo(parent)) {
   adopt(combo_);
   combo_->setMaxVisibleItems(12);
   connect(combo_, &QComboBox::activated, this,
@@ -61,8 +61,8 @@ bool ComboView::otherEvent(QObject* target, QEvent& event) {
   return ControlView::otherEvent(target, event);
 }
 
-ListView::ListView(ListBox& list, Stage& stage, QWidget* parent)
-    : ControlView(list, stage), model_(list), list_(new QListWidget(parent)) {
+ListView::ListView(ListBox& list, ActionRunner& runner, QWidget* parent)
+    : ControlView(list, runner), model_(list), list_(new QListWidget(parent)) {
   adopt(list_);
   watch(list_->viewport());
   list_->setUniformItemSizes(true);

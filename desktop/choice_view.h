@@ -11,7 +11,7 @@ namespace quillet::desktop {
 
 class ComboView : public ControlView {
  public:
-  ComboView(ComboBox& combo, Stage& stage, QWidget* parent);
+  ComboView(ComboBox& combo, ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -25,7 +25,7 @@ class ComboView : public ControlView {
 
 class ListView : public ControlView {
  public:
-  ListView(ListBox& list, Stage& stage, QWidget* parent);
+  ListView(ListBox& list, ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

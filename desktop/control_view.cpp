@@ -26,11 +26,11 @@ void ControlView::watch(QWidget* part) {
 }
 
 void ControlView::refresh() {
-  if (!retired_ && drawn_ != control_.version()) redraw();
+  if (!detached_ && drawn_ != control_.version()) redraw();
 }
 
 void ControlView::redraw() {
-  if (retired_) return;
+  if (detached_) return;
   drawn_ = control_.version();
   const QScopedValueRollback<bool> guard(drawing_, true);
   widget_->setEnabled(control_.enabled());
@@ -56,22 +56,20 @@ bool ControlView::hasFocus() const {
 
 void ControlView::takeFocus() { widget_->setFocus(Qt::OtherFocusReason); }
 
-void ControlView::retire() { retired_ = true; }
+void ControlView::detach() { detached_ = true; }
 
 void ControlView::setLabel(QWidget* label) {
-  if (label_) {
-    label_->hide();
-    label_->deleteLater();
-  }
   label_ = label;
   drawLabel();
 }
 
 void ControlView::discard() {
-  retire();
-  setLabel(nullptr);
-  widget_->hide();
-  widget_->deleteLater();
+  detach();
+  for (QWidget* part : {widget_, label_}) {
+    if (!part) continue;
+    part->hide();
+    part->deleteLater();
+  }
 }
 
 void ControlView::press(Key key) {
@@ -91,14 +89,14 @@ bool ControlView::otherEvent(QObject*, QEvent&) { return false; }
 bool ControlView::arrive() {
   if (!control_.takesFocus()) return true;
   bool arrived = false;
-  const int before = stage_.interruptions();
+  const int before = runner_.interruptions();
   perform(
       [&] { arrived = control_.form().focus(control_) && control_.form().active() == &control_; });
-  return arrived && stage_.interruptions() == before;
+  return arrived && runner_.interruptions() == before;
 }
 
 bool ControlView::eventFilter(QObject* target, QEvent* event) {
-  if (retired_ || drawing_) return false;
+  if (detached_ || drawing_) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress: {
       const bool before = control_.form().active() == &control_;

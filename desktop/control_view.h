@@ -4,9 +4,10 @@
 #pragma once
 
 #include <QObject>
+#include <utility>
 
 #include "controls/form.h"
-#include "desktop/stage.h"
+#include "desktop/action_runner.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -17,7 +18,7 @@ namespace quillet::desktop {
 class ControlView : public QObject {
  public:
   // The view belongs to its widget and goes with it.
-  ControlView(Control& control, Stage& stage) : control_(control), stage_(stage) {}
+  ControlView(Control& control, ActionRunner& runner) : control_(control), runner_(runner) {}
 
   Control& control() const { return control_; }
   // What stands in the form's arrangement.
@@ -31,8 +32,9 @@ class ControlView : public QObject {
   void takeFocus();
   // The label before or above the widget, which comes and goes with it.
   void setLabel(QWidget* label);
+  QWidget* takeLabel() { return std::exchange(label_, nullptr); }
   // The form is closed: nothing is passed on any more.
-  void retire();
+  void detach();
   // The control has no place any more: widget and label go as soon as no event is at work in them.
   void discard();
 
@@ -53,8 +55,8 @@ class ControlView : public QObject {
   virtual bool otherEvent(QObject* target, QEvent& event);
 
   bool eventFilter(QObject* target, QEvent* event) override;
-  void perform(const std::function<void()>& action) { stage_.perform(action); }
-  int interruptions() const { return stage_.interruptions(); }
+  void perform(const std::function<void()>& action) { runner_.perform(action); }
+  int interruptions() const { return runner_.interruptions(); }
   void press(Key key);
   // While drawing, signals of the widget are the view's own doing and not a person's.
   bool drawing() const { return drawing_; }
@@ -64,12 +66,12 @@ class ControlView : public QObject {
   void drawLabel();
 
   Control& control_;
-  Stage& stage_;
+  ActionRunner& runner_;
   QWidget* widget_ = nullptr;
   QWidget* label_ = nullptr;
   unsigned drawn_ = 0;
   bool drawing_ = false;
-  bool retired_ = false;
+  bool detached_ = false;
 };
 
 }  // namespace quillet::desktop

@@ -21,8 +21,8 @@ constexpr int mostRows = 9;
 
 }  // namespace
 
-DropDown::DropDown(Grid& grid, Stage& stage, QWidget* window)
-    : QFrame(window), grid_(grid), stage_(stage), table_(new GridTable(grid, this)) {
+DropDown::DropDown(Grid& grid, ActionRunner& runner, QWidget* window)
+    : QFrame(window), grid_(grid), runner_(runner), table_(new GridTable(grid, this)) {
   setObjectName(toQt(grid.name()));
   setAutoFillBackground(true);
   hide();
@@ -39,7 +39,7 @@ DropDown::DropDown(Grid& grid, Stage& stage, QWidget* window)
 }
 
 bool DropDown::wanted() const {
-  return field_ && grid_.visible() && grid_.dropOf->shown() && field_->isVisible() &&
+  return field_ && grid_.visible() && grid_.dropOf()->shown() && field_->isVisible() &&
          table_->cells().rowCount() > 0;
 }
 
@@ -63,7 +63,7 @@ void DropDown::place() {
   for (const GridColumn& column : grid_.columns()) {
     if (!column.hidden) width += theme::characters(*table_, column.width + 3);
   }
-  width = std::clamp(width, field_->width(), window->width() - 2 * theme::step(*this));
+  width = std::clamp(width, field_->width(), window->width() - 2 * theme::spacing(*this));
   int top = under.y();
   const int below = window->height() - top - 4;
   const int above = under.y() - field_->height() - 8;
@@ -78,7 +78,7 @@ void DropDown::place() {
 }
 
 bool DropDown::eventFilter(QObject* target, QEvent* event) {
-  if (retired_) return false;
+  if (detached_) return false;
   if (target == parentWidget()) {
     if (event->type() == QEvent::Resize && isVisible()) refresh();
     return false;
@@ -89,7 +89,7 @@ bool DropDown::eventFilter(QObject* target, QEvent* event) {
       const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
       const int row = table_->cells().gridRow(table_->indexAt(place).row());
       if (row > 0) {
-        stage_.perform([&] {
+        runner_.perform([&] {
           grid_.setCurrent(row);
           grid_.form().doubleClick(grid_);
         });

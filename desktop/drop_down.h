@@ -5,7 +5,7 @@
 #include <QFrame>
 
 #include "controls/grid.h"
-#include "desktop/stage.h"
+#include "desktop/action_runner.h"
 
 namespace quillet::desktop {
 
@@ -14,7 +14,7 @@ class GridTable;
 class DropDown : public QFrame {
  public:
   // The list lies on the window.
-  DropDown(Grid& grid, Stage& stage, QWidget* window);
+  DropDown(Grid& grid, ActionRunner& runner, QWidget* window);
 
   // The widget of the text box that the list belongs to now; null while it has no place.
   void attach(QWidget* field) { field_ = field; }
@@ -22,7 +22,7 @@ class DropDown : public QFrame {
   // Shows, hides and draws the list as its grid stands.
   void refresh();
   Grid& grid() const { return grid_; }
-  void retire() { retired_ = true; }
+  void detach() { detached_ = true; }
 
  protected:
   bool eventFilter(QObject* target, QEvent* event) override;
@@ -33,10 +33,10 @@ class DropDown : public QFrame {
   void place();
 
   Grid& grid_;
-  Stage& stage_;
+  ActionRunner& runner_;
   QWidget* field_ = nullptr;
   GridTable* table_;
-  bool retired_ = false;
+  bool detached_ = false;
 };
 
 }  // namespace quillet::desktop

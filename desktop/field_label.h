@@ -9,22 +9,28 @@ namespace quillet::desktop {
 
 class FieldLabel : public QLabel {
  public:
-  FieldLabel(const QString& text, ControlView& view, Stage& stage)
-      : QLabel(text, view.widget()->parentWidget()), control_(view.control()), stage_(stage) {
+  FieldLabel(const QString& text, ActionRunner& runner, QWidget* parent)
+      : QLabel(text, parent), runner_(runner) {
     setTextFormat(Qt::PlainText);
+    hide();  // until it belongs to a field
+  }
+  // The field that it belongs to from now on.
+  void setField(ControlView& view) {
+    control_ = &view.control();
     setBuddy(view.widget());
+    view.setLabel(this);
   }
 
  protected:
   bool event(QEvent* event) override {
     if (event->type() != QEvent::Shortcut) return QLabel::event(event);
-    stage_.perform([&] { control_.form().focus(control_); });
+    runner_.perform([&] { control_->form().focus(*control_); });
     return true;
   }
 
  private:
-  Control& control_;
-  Stage& stage_;
+  Control* control_ = nullptr;
+  ActionRunner& runner_;
 };
 
 }  // namespace quillet::desktop

@@ -6,11 +6,12 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "controls/mask_box.h"
 #include "desktop/field_label.h"
+#include "desktop/flat_style.h"
 #include "desktop/make_view.h"
-#include "desktop/quiet_style.h"
 #include "desktop/simple_views.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
@@ -28,8 +29,8 @@ bool takesRest(const Node& node, Qt::Orientation direction) {
 
 FormLayout::Box::Box(QBoxLayout* filled) : layout(filled), first(filled ? filled->count() : 0) {}
 
-FormLayout::FormLayout(Stage& stage, QWidget& body)
-    : stage_(stage), body_(body), step_(theme::step(body)), root_(new QVBoxLayout(&body)) {
+FormLayout::FormLayout(ActionRunner& runner, QWidget& body)
+    : runner_(runner), body_(body), step_(theme::spacing(body)), root_(new QVBoxLayout(&body)) {
   root_.layout->setContentsMargins(2 * step_, step_ + step_ / 2, 2 * step_, 2 * step_);
   root_.layout->setSpacing(step_);
 }
@@ -88,16 +89,19 @@ void FormLayout::update(Box& box, const Node& node, unsigned frame) {
   const std::vector<Part> parts = partsOf(node);
   std::vector<bool> isNew(parts.size(), true);
   std::vector<bool> stays(box.parts.size(), false);
-  auto from = box.parts.begin();
+  std::size_t from = 0;
   for (std::size_t at = 0; at < parts.size() && box.place == place; ++at) {
-    const auto found = std::find(from, box.parts.end(), parts[at]);
-    if (found == box.parts.end()) continue;
+    std::size_t same = from;
+    while (same < stays.size() && !(box.parts[same] == parts[at])) ++same;
+    if (same == stays.size()) continue;
     isNew[at] = false;
-    stays[static_cast<std::size_t>(found - box.parts.begin())] = true;
-    from = found + 1;
+    stays[same] = true;
+    from = same + 1;
   }
   for (std::size_t at = stays.size(); at-- > 0;) {
-    if (!stays[at]) delete box.layout->takeAt(box.first + static_cast<int>(at));
+    if (stays[at]) continue;
+    releaseLabels(box.parts[at].node);
+    delete box.layout->takeAt(box.first + static_cast<int>(at));
   }
   for (std::size_t at = 0; at < parts.size(); ++at) {
     if (isNew[at]) insert(parts[at], *box.layout, box.first + static_cast<int>(at), place);
@@ -146,7 +150,8 @@ void FormLayout::insertFields(const Node& node, QBoxLayout& into, int at, Place 
     ControlView& view = viewOf(field, place, into.parentWidget());
     const bool table = isTable(field);
     const bool keepsWidth = field.width > 0 && field.stretch == 0;
-    grid->addWidget(labelFor(field, view), line, 0, table ? Qt::AlignTop : Qt::AlignVCenter);
+    grid->addWidget(labelFor(field, view, into.parentWidget()), line, 0,
+                    table ? Qt::AlignTop : Qt::AlignVCenter);
     grid->addWidget(view.widget(), line, 1, keepsWidth ? Qt::AlignLeft : Qt::Alignment());
     if (table) {
       grid->setRowStretch(line, std::max(1, field.stretch));
@@ -214,7 +219,7 @@ void FormLayout::insertControl(const Node& node, QBoxLayout& into, int at, Place
     auto* pair = new QVBoxLayout;
     pair->setSpacing(step_ / 2);
     into.insertLayout(at, pair, node.stretch);
-    pair->addWidget(labelFor(node, view));
+    pair->addWidget(labelFor(node, view, into.parentWidget()));
     pair->addWidget(view.widget());
   } else {
     into.insertWidget(at, view.widget(), node.stretch,
@@ -229,12 +234,9 @@ ControlView& FormLayout::viewOf(const Node& node, Place place, QWidget* parent) 
   place.stretch = node.stretch;
   ControlView*& view = views_[node.id];
   Place& before = places_[node.id];
-  if (view && before == place) {
-    view->setLabel(nullptr);
-    return *view;
-  }
+  if (view && before == place) return *view;
   if (view) view->discard();
-  view = makeView(*node.control, stage_, parent);
+  view = makeView(*node.control, runner_, parent);
   before = place;
   QWidget& widget = *view->widget();
   if (place.inList) widget.setProperty(leadingText, true);
@@ -254,10 +256,30 @@ ControlView& FormLayout::viewOf(const Node& node, Place place, QWidget* parent) 
   return *view;
 }
 
-QWidget* FormLayout::labelFor(const Node& node, ControlView& view) {
-  auto* label = new FieldLabel(toQt(node.label), view, stage_);
-  view.setLabel(label);
+QWidget* FormLayout::labelFor(const Node& node, ControlView& view, QWidget* parent) {
+  const QString text = toQt(node.label);
+  const auto known =
+      std::find_if(freeLabels_.begin(), freeLabels_.end(), [&](const FieldLabel* label) {
+        return label->text() == text && label->parentWidget() == parent;
+      });
+  FieldLabel* label = nullptr;
+  if (known == freeLabels_.end()) {
+    label = new FieldLabel(text, runner_, parent);
+  } else {
+    label = *known;
+    freeLabels_.erase(known);
+  }
+  label->setField(view);
   return label;
+}
+
+// What stands in a frame keeps its labels: the frame is arranged by itself.
+void FormLayout::releaseLabels(const Node& node) {
+  if (node.kind == Node::Kind::frame || node.kind == Node::Kind::stack) return;
+  const auto found = views_.find(node.id);
+  QWidget* label = found == views_.end() ? nullptr : found->second->takeLabel();
+  if (label) freeLabels_.push_back(static_cast<FieldLabel*>(label));
+  for (const Node& child : node.children) releaseLabels(child);
 }
 
 void FormLayout::collectUsed(const Node& node, std::set<unsigned>& controls,
@@ -271,6 +293,10 @@ void FormLayout::removeUnused(const Node& node) {
   std::set<unsigned> controls;
   std::set<StackKey> stacks;
   collectUsed(node, controls, stacks);
+  for (FieldLabel* label : std::exchange(freeLabels_, {})) {
+    label->hide();
+    label->deleteLater();
+  }
   std::erase_if(views_, [&](const auto& entry) {
     if (controls.contains(entry.first)) return false;
     entry.second->discard();

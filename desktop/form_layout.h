@@ -13,9 +13,11 @@ class QStackedLayout;
 
 namespace quillet::desktop {
 
+class FieldLabel;
+
 class FormLayout {
  public:
-  FormLayout(Stage& stage, QWidget& body);
+  FormLayout(ActionRunner& runner, QWidget& body);
 
   // Brings the body into that arrangement. Widgets of controls that stay are kept, and so are the
   // layouts of rows and columns that stay as they are: a form may change it at every key.
@@ -75,17 +77,20 @@ class FormLayout {
   void insertControl(const Node& node, QBoxLayout& into, int at, Place place);
   Stack makeStack(const Node& node);
   ControlView& viewOf(const Node& node, Place place, QWidget* parent);
-  QWidget* labelFor(const Node& node, ControlView& view);
+  QWidget* labelFor(const Node& node, ControlView& view, QWidget* parent);
+  void releaseLabels(const Node& node);
   void enableLayouts(bool enabled);
   void removeUnused(const Node& node);
   static void collectUsed(const Node& node, std::set<unsigned>& controls,
                           std::set<StackKey>& stacks);
 
-  Stage& stage_;
+  ActionRunner& runner_;
   QWidget& body_;
   int step_ = 0;
   std::map<unsigned, ControlView*> views_;
   std::map<unsigned, Place> places_;
+  // Without a field while the arrangement changes: a heading moves on from line to line.
+  std::vector<FieldLabel*> freeLabels_;
   Box root_;
   std::map<unsigned, Box> frames_;
   std::map<StackKey, Stack> stacks_;

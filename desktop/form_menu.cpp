@@ -43,7 +43,7 @@ QAction* FormMenu::addEntry(MenuEntry& entry) {
     action = new QAction(&bar_);
     MenuEntry* clicked = &entry;
     QObject::connect(action, &QAction::triggered, &bar_, [this, clicked] {
-      stage_.perform([&] { form_.click(*clicked); });
+      runner_.perform([&] { form_.click(*clicked); });
       // Qt ticks by itself; what counts is the model.
       if (actions_.contains(clicked)) draw(*clicked, *actions_[clicked]);
     });

@@ -7,7 +7,7 @@
 
 #include "controls/form.h"
 #include "controls/simple.h"
-#include "desktop/stage.h"
+#include "desktop/action_runner.h"
 
 class QAction;
 class QMenu;
@@ -17,7 +17,8 @@ namespace quillet::desktop {
 
 class FormMenu {
  public:
-  FormMenu(Form& form, Stage& stage, QMenuBar& bar) : form_(form), stage_(stage), bar_(bar) {}
+  FormMenu(Form& form, ActionRunner& runner, QMenuBar& bar)
+      : form_(form), runner_(runner), bar_(bar) {}
 
   void refresh();
 
@@ -27,7 +28,7 @@ class FormMenu {
   static void draw(const MenuEntry& entry, QAction& action);
 
   Form& form_;
-  Stage& stage_;
+  ActionRunner& runner_;
   QMenuBar& bar_;
   std::vector<MenuEntry*> entries_;
   std::map<const MenuEntry*, QAction*> actions_;

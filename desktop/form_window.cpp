@@ -17,8 +17,8 @@
 
 namespace quillet::desktop {
 
-FormWindow::FormWindow(Form& form, Stage& stage)
-    : form_(form), stage_(stage), menu_(form, stage, *menuBar()), layout_(stage, makeBody()) {
+FormWindow::FormWindow(Form& form, ActionRunner& runner)
+    : form_(form), runner_(runner), menu_(form, runner, *menuBar()), layout_(runner, makeBody()) {
   setObjectName(toQt(form.name()));
   menuBar()->setFont(font());
   menuBar()->setNativeMenuBar(false);
@@ -45,12 +45,12 @@ void FormWindow::arrangeDropDowns() {
   std::map<unsigned, DropDown*> before = std::exchange(dropDowns_, {});
   for (Control* control : form_.controls()) {
     auto* grid = dynamic_cast<Grid*>(control);
-    if (!grid || !grid->dropOf) continue;
+    if (!grid || !grid->dropOf()) continue;
     const auto known = before.extract(grid->id());
-    dropDowns_[grid->id()] = known ? known.mapped() : new DropDown(*grid, stage_, this);
+    dropDowns_[grid->id()] = known ? known.mapped() : new DropDown(*grid, runner_, this);
   }
   for (const auto& [id, list] : before) {
-    list->retire();
+    list->detach();
     list->hide();
     list->deleteLater();
   }
@@ -67,7 +67,7 @@ void FormWindow::takeSize() {
 }
 
 void FormWindow::refresh() {
-  if (retired_) return;
+  if (detached_) return;
   if (drawn_ != form_.version()) {
     drawn_ = form_.version();
     setWindowTitle(toQt(form_.caption()));
@@ -88,14 +88,14 @@ void FormWindow::drawControls() {
     if (present.contains(id)) {
       view->refresh();
     } else {
-      view->retire();
+      view->detach();
       view->widget()->hide();
     }
   }
   layout_.refreshStacks();
   for (const auto& [id, list] : dropDowns_) {
     // One list may serve several text boxes in turn.
-    const ControlView* field = viewOf(list->grid().dropOf);
+    const ControlView* field = viewOf(list->grid().dropOf());
     list->attach(field ? field->widget() : nullptr);
     list->refresh();
   }
@@ -118,14 +118,14 @@ void FormWindow::followFocus() {
   }
 }
 
-void FormWindow::retire() {
-  retired_ = true;
-  retireViews();
+void FormWindow::detach() {
+  detached_ = true;
+  detachViews();
 }
 
-void FormWindow::retireViews() {
-  for (const auto& [id, view] : layout_.views()) view->retire();
-  for (const auto& [id, list] : dropDowns_) list->retire();
+void FormWindow::detachViews() {
+  for (const auto& [id, view] : layout_.views()) view->detach();
+  for (const auto& [id, list] : dropDowns_) list->detach();
 }
 
 void FormWindow::setFootnote(const QString& text) {
@@ -133,7 +133,7 @@ void FormWindow::setFootnote(const QString& text) {
     footnote_ = new QLabel(this);
     footnote_->setTextFormat(Qt::PlainText);
     footnote_->setForegroundRole(QPalette::PlaceholderText);
-    const int step = theme::step(*this);
+    const int step = theme::spacing(*this);
     statusBar()->setContentsMargins(2 * step - 4, 0, 2 * step, step / 2);
     statusBar()->addWidget(footnote_, 1);
     statusBar()->setSizeGripEnabled(false);
@@ -142,7 +142,7 @@ void FormWindow::setFootnote(const QString& text) {
 }
 
 bool FormWindow::event(QEvent* event) {
-  if (retired_) return QMainWindow::event(event);
+  if (detached_) return QMainWindow::event(event);
   switch (event->type()) {
     case QEvent::KeyPress: {
       // No control has the focus, or the one that has it made no use of the key: the form still
@@ -153,7 +153,7 @@ bool FormWindow::event(QEvent* event) {
         return true;
       }
       const std::vector<Key> typed = keysOf(key);
-      for (const Key each : typed) stage_.perform([&] { form_.press(each); });
+      for (const Key each : typed) runner_.perform([&] { form_.press(each); });
       if (!typed.empty()) return true;
       break;
     }
@@ -170,14 +170,14 @@ bool FormWindow::event(QEvent* event) {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-  if (retired_) return;
+  if (detached_) return;
   event->ignore();  // the form decides, and its window goes with it
-  stage_.perform([&] { form_.close(); });
+  runner_.perform([&] { form_.close(); });
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  if (!retired_) stage_.perform([&] { form_.resized(); });
+  if (!detached_) runner_.perform([&] { form_.resized(); });
 }
 
 }  // namespace quillet::desktop

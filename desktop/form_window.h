@@ -7,9 +7,9 @@
 #include <map>
 
 #include "controls/form.h"
+#include "desktop/action_runner.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_menu.h"
-#include "desktop/stage.h"
 
 class QLabel;
 
@@ -19,14 +19,14 @@ class DropDown;
 
 class FormWindow : public QMainWindow {
  public:
-  FormWindow(Form& form, Stage& stage);
+  FormWindow(Form& form, ActionRunner& runner);
   ~FormWindow() override;
 
   Form& form() const { return form_; }
   // Draws what changed since the last time and lets Qt's focus follow the form's.
   void refresh();
   // The form is closed: the window takes no more notice of it.
-  void retire();
+  void detach();
   // A line at the foot of the window.
   void setFootnote(const QString& text);
 
@@ -46,12 +46,12 @@ class FormWindow : public QMainWindow {
   void followFocus();
   void drawControls();
   ControlView* viewOf(const Control* control) const;
-  void retireViews();
+  void detachViews();
 
   Form& form_;
-  Stage& stage_;
+  ActionRunner& runner_;
   // Before the menu: making it sends the window its first events.
-  bool retired_ = false;
+  bool detached_ = false;
   FormMenu menu_;
   FormLayout layout_;
   std::map<unsigned, DropDown*> dropDowns_;  // by the id of their grids

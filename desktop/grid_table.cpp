@@ -31,14 +31,14 @@ GridTable::GridTable(Grid& grid, QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(1);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-  horizontalHeader()->setMinimumSectionSize(theme::step(*this));
+  horizontalHeader()->setMinimumSectionSize(theme::spacing(*this));
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setFocusPolicy(Qt::NoFocus);
   measure();
 }
 
 void GridTable::measure() {
-  const int step = theme::step(*this);
+  const int step = theme::spacing(*this);
   padding_ = 2 * step;
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + step);
   content_ = 0;
@@ -108,7 +108,7 @@ void GridTable::showCurrent() {
   const QModelIndex index = cells_->index(row, column);
   const bool moved = currentIndex().row() != row;
   // What typing finds far down a list is shown with the names that follow it.
-  const bool jumped = grid_.dropOf && std::abs(currentIndex().row() - row) > 1 &&
+  const bool jumped = grid_.dropOf() && std::abs(currentIndex().row() - row) > 1 &&
                       !viewport()->rect().contains(visualRect(index));
   if (moved || !selectionModel()->isRowSelected(row)) {
     selectionModel()->setCurrentIndex(

@@ -12,16 +12,11 @@
 
 namespace quillet::desktop {
 
-GridView::GridView(Grid& grid, Stage& stage, QWidget* parent)
-    : ControlView(grid, stage), grid_(grid), table_(new GridTable(grid, parent)) {
+GridView::GridView(Grid& grid, ActionRunner& runner, QWidget* parent)
+    : ControlView(grid, runner), grid_(grid), table_(new GridTable(grid, parent)) {
   adopt(table_);
   watch(table_->viewport());
   table_->setContextMenuPolicy(Qt::NoContextMenu);
-  if (grid.fixedRows > 0) {
-    table_->setFixedHeight(table_->heightOf(grid.fixedRows));
-  } else {
-    table_->setMinimumHeight(table_->heightOf(3));
-  }
   table_->painter().edited = [this](int row, int column, const QString& text) {
     perform([&] { grid_.edit(row, column, fromQt(text)); });
   };
@@ -37,13 +32,16 @@ void GridView::draw() {
   header->setSortIndicatorShown(grid_.sortColumn() >= 0);
   header->setSortIndicator(grid_.sortColumn(),
                            grid_.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+  const int rows = grid_.fixedRows();
+  table_->setMinimumHeight(table_->heightOf(rows > 0 ? rows : 3));
+  table_->setMaximumHeight(rows > 0 ? table_->minimumHeight() : QWIDGETSIZE_MAX);
   table_->refresh();
 }
 
 void GridView::widen(int column) {
   if (drawing() || table_->isColumnHidden(column)) return;
   const int width = table_->shownWidth(column);
-  if (width != grid_.columns()[static_cast<std::size_t>(column)].width) {
+  if (width != table_->cells().column(column).width) {
     perform([&] { grid_.setColumnWidth(column, width); });
   }
 }
@@ -77,7 +75,7 @@ void GridView::popUp() {
 }
 
 bool GridView::edit(int row, int column) {
-  const GridColumn& what = grid_.columns()[static_cast<std::size_t>(column)];
+  const GridColumn& what = table_->cells().column(column);
   const int shown = table_->cells().shownRow(row);
   if (shown < 0 || !what.editable || what.tick || what.hidden) return false;
   const QModelIndex index = table_->cells().index(shown, column);

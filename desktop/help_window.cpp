@@ -17,7 +17,7 @@ namespace quillet::desktop {
 HelpWindow::HelpWindow() {
   setObjectName(QStringLiteral("help"));
   setWindowTitle(tr("Help"));
-  const int step = theme::step(*this);
+  const int step = theme::spacing(*this);
   auto* splitter = new QSplitter(this);
   auto* left = new QWidget(splitter);
   auto* column = new QVBoxLayout(left);

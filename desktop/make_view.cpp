@@ -12,20 +12,20 @@ namespace quillet::desktop {
 namespace {
 
 template <class Model, class View>
-ControlView* viewOf(Control& control, Stage& stage, QWidget* parent) {
+ControlView* viewOf(Control& control, ActionRunner& runner, QWidget* parent) {
   auto* model = dynamic_cast<Model*>(&control);
-  return model ? new View(*model, stage, parent) : nullptr;
+  return model ? new View(*model, runner, parent) : nullptr;
 }
 
 bool hasFixedHeight(const Node& node) {
   const auto* grid = dynamic_cast<const Grid*>(node.control);
-  return grid && grid->fixedRows > 0;
+  return grid && grid->fixedRows() > 0;
 }
 
 }  // namespace
 
-ControlView* makeView(Control& control, Stage& stage, QWidget* parent) {
-  using Maker = ControlView* (*)(Control&, Stage&, QWidget*);
+ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent) {
+  using Maker = ControlView* (*)(Control&, ActionRunner&, QWidget*);
   static constexpr Maker makers[] = {
       viewOf<TextBox, TextBoxView>, viewOf<MaskBox, MaskBoxView>, viewOf<Grid, GridView>,
       viewOf<Button, ButtonView>,   viewOf<Label, LabelView>,     viewOf<ComboBox, ComboView>,
@@ -33,14 +33,14 @@ ControlView* makeView(Control& control, Stage& stage, QWidget* parent) {
       viewOf<Frame, FrameView>,
   };
   for (const Maker maker : makers) {
-    if (ControlView* view = maker(control, stage, parent)) return view;
+    if (ControlView* view = maker(control, runner, parent)) return view;
   }
   return nullptr;
 }
 
 bool hasPlace(const Node& node) {
   const auto* grid = dynamic_cast<const Grid*>(node.control);
-  return !(grid && grid->dropOf) && !dynamic_cast<const MenuEntry*>(node.control);
+  return !(grid && grid->dropOf()) && !dynamic_cast<const MenuEntry*>(node.control);
 }
 
 bool isButton(const Node& node) { return dynamic_cast<const Button*>(node.control) != nullptr; }

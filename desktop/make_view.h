@@ -10,10 +10,10 @@ class QWidget;
 namespace quillet::desktop {
 
 class ControlView;
-class Stage;
+class ActionRunner;
 
 // Null for a control without a view of its own.
-ControlView* makeView(Control& control, Stage& stage, QWidget* parent);
+ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent);
 
 // A drop-down has no place in the arrangement: it lies over the others.
 bool hasPlace(const Node& node);

@@ -12,8 +12,8 @@
 
 namespace quillet::desktop {
 
-MaskBoxView::MaskBoxView(MaskBox& box, Stage& stage, QWidget* parent)
-    : ControlView(box, stage), box_(box), line_(new QLineEdit(parent)) {
+MaskBoxView::MaskBoxView(MaskBox& box, ActionRunner& runner, QWidget* parent)
+    : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
   line_->setTextMargins(2, 0, 2, 0);
   line_->setAcceptDrops(false);

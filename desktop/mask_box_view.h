@@ -10,7 +10,7 @@ namespace quillet::desktop {
 
 class MaskBoxView : public ControlView {
  public:
-  MaskBoxView(MaskBox& box, Stage& stage, QWidget* parent);
+  MaskBoxView(MaskBox& box, ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

@@ -15,9 +15,8 @@
 namespace quillet::desktop {
 namespace {
 
-using suite::CellAlign;
+using suite::DocumentRow;
 using suite::ReportCell;
-using suite::ReportRow;
 
 constexpr double point = ReportPages::unitsPerInch / 72.0;
 constexpr double margin = 40 * point;
@@ -41,7 +40,7 @@ double widthOf(const QFont& font, const ReportCell& cell) {
   const QFontMetricsF metrics(font);
   const double character = metrics.horizontalAdvance(u'0');
   double text = metrics.horizontalAdvance(toQt(cell.text));
-  if (cell.align != CellAlign::right) text = std::min(text, longest * character);
+  if (cell.align != Align::right) text = std::min(text, longest * character);
   return std::max(text, character * static_cast<double>(cell.width));
 }
 
@@ -49,16 +48,16 @@ double sum(const std::vector<double>& widths) {
   return std::accumulate(widths.begin(), widths.end(), 0.0);
 }
 
-int flagsOf(CellAlign align) {
-  const int side = align == CellAlign::right    ? Qt::AlignRight
-                   : align == CellAlign::center ? Qt::AlignHCenter
-                                                : Qt::AlignLeft;
+int flagsOf(Align align) {
+  const int side = align == Align::right    ? Qt::AlignRight
+                   : align == Align::center ? Qt::AlignHCenter
+                                            : Qt::AlignLeft;
   return side | Qt::AlignTop | Qt::TextWordWrap;
 }
 
 // Headings and results are set off by black rules; those between one line and the next are there to
 // guide the eye and stay faint.
-bool stands(const ReportRow& row) {
+bool stands(const DocumentRow& row) {
   return row.heading || std::any_of(row.cells.begin(), row.cells.end(),
                                     [](const ReportCell& cell) { return cell.emphasised; });
 }
@@ -80,7 +79,7 @@ double ReportPages::inset() const { return lineHeight() * 0.175; }
 // --- columns
 // --------------------------------------------------------------------------------------
 
-const ReportPages::Table& ReportPages::tableOf(const ReportRow& row) const {
+const ReportPages::Table& ReportPages::tableOf(const DocumentRow& row) const {
   return tables_.at(static_cast<std::size_t>(row.table));
 }
 
@@ -92,7 +91,7 @@ void ReportPages::measure() {
     tables_[t].words.assign(tables_[t].widths.size(), true);
   }
   for (std::size_t at = 0; at < document_.rows().size(); ++at) {
-    const ReportRow& row = document_.rows()[at];
+    const DocumentRow& row = document_.rows()[at];
     Table& table = tables_.at(static_cast<std::size_t>(row.table));
     if (row.heading) table.headings.push_back(at);
     for (std::size_t c = 0; c < row.cells.size(); ++c) {
@@ -100,7 +99,7 @@ void ReportPages::measure() {
       const ReportCell& cell = row.cells[c];
       const bool bold = cell.emphasised || row.heading;
       table.widths[c] = std::max(table.widths[c], widthOf(fontFor(bold), cell) + 2 * padding);
-      if (cell.align == CellAlign::right) table.words[c] = false;
+      if (cell.align == Align::right) table.words[c] = false;
     }
   }
 }
@@ -156,7 +155,7 @@ void ReportPages::spread(Table& table, double room) {
   if (left > 0 && widest < table.widths.size()) table.widths[widest] += left;
 }
 
-QRectF ReportPages::room(const ReportRow& row, std::size_t cell) const {
+QRectF ReportPages::room(const DocumentRow& row, std::size_t cell) const {
   const auto widths = tableOf(row).widths.begin();
   const suite::Document::Span span = document_.spanOf(row, cell);
   const auto first = widths + static_cast<std::ptrdiff_t>(span.first);
@@ -169,7 +168,7 @@ QRectF ReportPages::room(const ReportRow& row, std::size_t cell) const {
 // ----------------------------------------------------------------------------------------
 
 double ReportPages::heightOf(std::size_t at) const {
-  const ReportRow& row = document_.rows()[at];
+  const DocumentRow& row = document_.rows()[at];
   double height = lineHeight();
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
     const ReportCell& cell = row.cells[c];
@@ -252,7 +251,7 @@ double ReportPages::endOfLine(double height) const {
   const QFontMetricsF metrics(font_);
   const QString text = QStringLiteral("x\n").repeated(lines).chopped(1);
   const double line =
-      metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), flagsOf(CellAlign::left), text).height() / lines;
+      metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), flagsOf(Align::left), text).height() / lines;
   return inset() + std::floor((height - inset()) / line) * line;
 }
 
@@ -296,7 +295,7 @@ void ReportPages::paintHeadings(QPainter& painter) const {
 }
 
 void ReportPages::paintRow(QPainter& painter, std::size_t at, double top) const {
-  const ReportRow& row = document_.rows()[at];
+  const DocumentRow& row = document_.rows()[at];
   const double height = heightOf(at);
   const QPen ink = painter.pen();
   const QPen rule = stands(row) ? ink : QPen(QColor(0xB8, 0xB8, 0xB8), point * 0.5);

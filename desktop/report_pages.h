@@ -32,7 +32,7 @@ class ReportPages {
   std::vector<std::size_t> rowsOn(int page) const;
 
   // Where the cell's text goes, for a row that begins at the top of the page's body.
-  QRectF room(const suite::ReportRow& row, std::size_t cell) const;
+  QRectF room(const suite::DocumentRow& row, std::size_t cell) const;
 
  private:
   struct Table {
@@ -63,7 +63,7 @@ class ReportPages {
   double heightOf(std::size_t row) const;
   double inset() const;  // above and below a row's text
   double endOfLine(double height) const;
-  const Table& tableOf(const suite::ReportRow& row) const;
+  const Table& tableOf(const suite::DocumentRow& row) const;
   std::vector<std::size_t> repeatedAbove(std::size_t row) const;
   QFont fontFor(bool bold) const { return bold ? bold_ : font_; }
   void paintHeadings(QPainter& painter) const;

@@ -15,20 +15,22 @@ namespace quillet::desktop {
 
 // --- label --------------------------------------------------------------------------------------
 
-LabelView::LabelView(Label& label, Stage& stage, QWidget* parent)
-    : ControlView(label, stage), label_(label), text_(new QLabel(parent)) {
+LabelView::LabelView(Label& label, ActionRunner& runner, QWidget* parent)
+    : ControlView(label, runner), label_(label), text_(new QLabel(parent)) {
   adopt(text_);
   text_->setTextFormat(Qt::PlainText);
   text_->setMinimumWidth(1);  // a long text is cut rather than widening the window
-  if (!label_.quiet) return;
-  text_->setForegroundRole(QPalette::PlaceholderText);
-  text_->setFont(theme::scaled(text_->font(), 0.92));
 }
 
-void LabelView::draw() { text_->setText(toQt(label_.caption())); }
+void LabelView::draw() {
+  text_->setText(toQt(label_.caption()));
+  const auto role = label_.quiet() ? QPalette::PlaceholderText : QPalette::WindowText;
+  if (text_->foregroundRole() == role) return;
+  text_->setForegroundRole(role);
+  text_->setFont(label_.quiet() ? theme::scaled(text_->font(), 0.92) : QFont());
+}
 
-// --- what is clicked
-// ------------------------------------------------------------------------------
+// --- button, option, check box ------------------------------------------------------------------
 
 void ClickView::adoptButton(QAbstractButton* button) {
   adopt(button);
@@ -52,8 +54,8 @@ bool ClickView::otherEvent(QObject* target, QEvent& event) {
   return true;
 }
 
-ButtonView::ButtonView(Button& button, Stage& stage, QWidget* parent)
-    : ClickView(button, stage), button_(button), push_(new QPushButton(parent)) {
+ButtonView::ButtonView(Button& button, ActionRunner& runner, QWidget* parent)
+    : ClickView(button, runner), button_(button), push_(new QPushButton(parent)) {
   adoptButton(push_);
   push_->setAutoDefault(false);
 }
@@ -66,8 +68,8 @@ void ButtonView::draw() {
   push_->setChecked(button_.chosen());
 }
 
-ToggleView::ToggleView(Toggle& toggle, Stage& stage, QWidget* parent)
-    : ClickView(toggle, stage), toggle_(toggle) {
+ToggleView::ToggleView(Toggle& toggle, ActionRunner& runner, QWidget* parent)
+    : ClickView(toggle, runner), toggle_(toggle) {
   if (dynamic_cast<OptionButton*>(&toggle)) {
     box_ = new QRadioButton(parent);
   } else {
@@ -84,11 +86,11 @@ void ToggleView::draw() {
 
 // --- frame --------------------------------------------------------------------------------------
 
-FrameView::FrameView(Frame& frame, Stage& stage, QWidget* parent)
-    : ControlView(frame, stage), frame_(frame) {
+FrameView::FrameView(Frame& frame, ActionRunner& runner, QWidget* parent)
+    : ControlView(frame, runner), frame_(frame) {
   auto* group = new QFrame(parent);
   adopt(group);
-  const int step = theme::step(*group);
+  const int step = theme::spacing(*group);
   inside_ = new QVBoxLayout(group);
   inside_->setSpacing(step);
   inside_->setContentsMargins(0, 0, 0, 0);

@@ -14,14 +14,13 @@
 
 namespace quillet::desktop {
 
-TextBoxView::TextBoxView(TextBox& box, Stage& stage, QWidget* parent)
-    : ControlView(box, stage), box_(box), line_(new QLineEdit(parent)) {
+TextBoxView::TextBoxView(TextBox& box, ActionRunner& runner, QWidget* parent)
+    : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
-  // What is dropped would pass the key handlers by.
   line_->setTextMargins(2, 0, 2, 0);
-  line_->setAcceptDrops(false);
+  line_->setAcceptDrops(false);  // the key handlers would not see dropped text
   line_->setAttribute(Qt::WA_InputMethodEnabled);
-  if (box_.rightAligned) line_->setFont(theme::figures(line_->font()));
+  drawAlignment();
   connect(line_, &QLineEdit::textEdited, this, [this] { handOver(); });
   connect(line_, &QLineEdit::selectionChanged, this, [this] { followSelection(); });
   connect(line_, &QLineEdit::cursorPositionChanged, this, [this] { followSelection(); });
@@ -31,8 +30,7 @@ void TextBoxView::draw() {
   const QString text = toQt(box_.text());
   if (line_->text() != text) line_->setText(text);
   line_->setReadOnly(box_.locked());
-  line_->setEchoMode(box_.secret ? QLineEdit::Password : QLineEdit::Normal);
-  line_->setAlignment(Qt::AlignVCenter | (box_.rightAligned ? Qt::AlignRight : Qt::AlignLeft));
+  drawAlignment();
   const int start = unitsOf(text, box_.selStart());
   const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
   if (length == 0) {
@@ -41,6 +39,15 @@ void TextBoxView::draw() {
   } else if (line_->selectionStart() != start || line_->selectionLength() != length) {
     line_->setSelection(start, length);
   }
+}
+
+// Amounts stand under each other, so their figures are of one width.
+void TextBoxView::drawAlignment() {
+  const Qt::Alignment wanted =
+      Qt::AlignVCenter | (box_.rightAligned() ? Qt::AlignRight : Qt::AlignLeft);
+  if (line_->alignment() == wanted) return;
+  line_->setAlignment(wanted);
+  line_->setFont(box_.rightAligned() ? theme::figures(line_->font()) : QFont());
 }
 
 // --- keys ---------------------------------------------------------------------------------------
@@ -114,8 +121,7 @@ void TextBoxView::followSelection() {
     box_.select(first, last - first);
 }
 
-// --- mouse, input methods, clipboard menu
-// ---------------------------------------------------------
+// --- mouse, input methods, clipboard menu -------------------------------------------------------
 
 bool TextBoxView::mousePressed(QObject*, QMouseEvent&, bool arrived) {
   // A box that selects its text when it gets the focus keeps it selected under the click.
@@ -167,8 +173,8 @@ void TextBoxView::showMenu(const QContextMenuEvent& event) {
   add("&Undo", QKeySequence::Undo, writable && line_->isUndoAvailable(), [&] { line_->undo(); });
   add("&Redo", QKeySequence::Redo, writable && line_->isRedoAvailable(), [&] { line_->redo(); });
   menu.addSeparator();
-  add("Cu&t", QKeySequence::Cut, writable && some && !box_.secret, [&] { line_->cut(); });
-  add("&Copy", QKeySequence::Copy, some && !box_.secret, [&] { line_->copy(); });
+  add("Cu&t", QKeySequence::Cut, writable && some, [&] { line_->cut(); });
+  add("&Copy", QKeySequence::Copy, some, [&] { line_->copy(); });
   add("&Paste", QKeySequence::Paste, writable,
       [&] { typeText(QGuiApplication::clipboard()->text()); });
   menu.addSeparator();

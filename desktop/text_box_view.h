@@ -13,7 +13,7 @@ namespace quillet::desktop {
 
 class TextBoxView : public ControlView {
  public:
-  TextBoxView(TextBox& box, Stage& stage, QWidget* parent);
+  TextBoxView(TextBox& box, ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -22,6 +22,7 @@ class TextBoxView : public ControlView {
   bool otherEvent(QObject* target, QEvent& event) override;
 
  private:
+  void drawAlignment();
   void typeText(const QString& text);
   // Several keys at once, from a paste or an input method.
   void typeAll(const std::vector<Key>& typed);

@@ -7,7 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 
-#include "desktop/quiet_style.h"
+#include "desktop/flat_style.h"
 #include "desktop/system_scheme.h"
 
 namespace quillet::desktop::theme {
@@ -76,7 +76,7 @@ void apply(Scheme scheme) {
   static const bool platformIsDark = QApplication::palette().window().color().lightness() < 128;
   const bool systemIsDark = platformIsDark || systemPrefersDark();
   const bool isDark = scheme == Scheme::dark || (scheme == Scheme::system && systemIsDark);
-  QApplication::setStyle(new QuietStyle);
+  QApplication::setStyle(new FlatStyle);
   QApplication::setPalette(palette(isDark));
   onSystemSchemeChange([scheme](bool nowDark) {
     if (scheme == Scheme::system) QApplication::setPalette(palette(nowDark));
@@ -106,7 +106,7 @@ QFont scaled(const QFont& font, double factor) {
   return other;
 }
 
-int step(const QWidget& widget) {
+int spacing(const QWidget& widget) {
   constexpr double usualLine = 18;  // pixels that a line of the usual font takes
   return std::max(4, qRound(8 * QFontMetricsF(widget.font()).height() / usualLine));
 }

@@ -1,5 +1,5 @@
-// How Quillet looks: a quiet palette, light or dark, with one accent; the rhythm of distances; the
-// fonts. Everything that is drawn takes its colours from the application's palette.
+// How Quillet looks: a palette, light or dark, with one accent; distances and fonts. Everything
+// that is drawn takes its colours from the application's palette.
 #pragma once
 
 #include <QColor>
@@ -28,8 +28,8 @@ QColor zebra(const QPalette& palette);      // every second row
 QColor emphasis(const QPalette& palette);   // rows that stand out: totals
 
 QFont scaled(const QFont& font, double factor);
-// The step of the rhythm, 8 px at the usual font size, for this widget's font.
-int step(const QWidget& widget);
+// The distance between widgets of this font: 8 px at the usual size.
+int spacing(const QWidget& widget);
 // The width of that many characters in the widget's font.
 int characters(const QWidget& widget, int count);
 int characters(const QFont& font, int count);

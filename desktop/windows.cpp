@@ -25,7 +25,7 @@ void Windows::leave() {
   desk_ = nullptr;
   for (const auto& window : windows_) {
     if (!window) continue;
-    window->retire();
+    window->detach();
     delete window;
   }
   windows_.clear();
@@ -84,7 +84,7 @@ void Windows::closed(Form& form) {
   FormWindow* window = of(form);
   if (!window) return;
   std::erase(windows_, window);
-  window->retire();
+  window->detach();
   window->hide();
   window->deleteLater();
   if (FormWindow* next = front()) {

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "controls/desk.h"
-#include "desktop/stage.h"
+#include "desktop/action_runner.h"
 
 namespace quillet::desktop {
 
 class FormWindow;
 
-class Windows : public Stage {
+class Windows : public ActionRunner {
  public:
   Windows() = default;
   ~Windows() override;

@@ -114,7 +114,7 @@ int pick(Call& call, Control& control) {
     picked = call.isNumber(2) ? shownRow(list, call.integer(2)) : rowWith(list, call.text(2));
     list.setCurrent(picked);
     // A click into a drop-down list takes the row.
-    if (list.dropOf != nullptr) list.form().doubleClick(list);
+    if (list.dropOf() != nullptr) list.form().doubleClick(list);
     list.form().settle();
   });
   return call.give(picked);

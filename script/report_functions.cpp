@@ -11,7 +11,7 @@ namespace quillet::script {
 namespace {
 
 using suite::Document;
-using suite::ReportRow;
+using suite::DocumentRow;
 
 void pushHeadings(lua_State* state, const Document& document) {
   std::vector<std::string> headings;
@@ -19,21 +19,21 @@ void pushHeadings(lua_State* state, const Document& document) {
   pushTexts(state, headings);
 }
 
-void pushCells(lua_State* state, const ReportRow& row) {
+void pushCells(lua_State* state, const DocumentRow& row) {
   std::vector<std::string> cells;
   for (const auto& cell : row.cells) cells.push_back(cell.text);
   pushTexts(state, cells);
 }
 
-void pushMasks(lua_State* state, const ReportRow& row) {
+void pushMasks(lua_State* state, const DocumentRow& row) {
   pushTexts(state, {row.masks.begin(), row.masks.end()});
 }
 
 void pushRows(lua_State* state, const Document& document,
-              void (*push)(lua_State*, const ReportRow&)) {
+              void (*push)(lua_State*, const DocumentRow&)) {
   lua_newtable(state);
   lua_Integer position = 0;
-  for (const ReportRow& row : document.rows()) {
+  for (const DocumentRow& row : document.rows()) {
     push(state, row);
     lua_rawseti(state, -2, ++position);
   }

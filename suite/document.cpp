@@ -19,11 +19,6 @@ T at(const std::vector<T>& values, std::size_t index) {
   return index < values.size() ? values[index] : T{};
 }
 
-CellAlign alignmentOf(int number) {
-  if (number == 1) return CellAlign::right;
-  return number == 2 ? CellAlign::center : CellAlign::left;
-}
-
 // The row ends with the cell that the third mask marks.
 std::size_t cellsOf(const Document::Written& row) {
   const std::string& last = row.masks[2];
@@ -49,7 +44,7 @@ std::vector<ReportHeading> Document::pageHeadings() const {
 
 std::size_t Document::columns(int table) const { return at(columns_, table); }
 
-Document::Span Document::spanOf(const ReportRow& row, std::size_t cell) const {
+Document::Span Document::spanOf(const DocumentRow& row, std::size_t cell) const {
   const std::size_t cells = row.cells.size();
   const std::size_t all = columns(row.table);
   const bool spread = row.heading && cells >= 2 && cells < all && (all - 1) % (cells - 1) == 0;
@@ -67,7 +62,7 @@ void Document::addHeading(const std::string& text) {
 void Document::beginTable() { ++tables_; }
 
 void Document::addRow(const Written& written) {
-  ReportRow row;
+  DocumentRow row;
   row.heading = written.heading;
   row.table = std::max(tables_ - 1, 0);
   row.masks = written.masks;
@@ -76,7 +71,7 @@ void Document::addRow(const Written& written) {
         at(written.before, i) + written.values[i] + at(written.after, i), emphasis_);
     ReportCell cell;
     cell.text = std::move(printed.text);
-    cell.align = alignmentOf(at(written.alignments, i));
+    cell.align = at(written.alignments, i);
     cell.width = std::max(at(written.widths, i), 0L);
     cell.ruled = marks(written.masks[0], i);
     cell.emphasised = printed.emphasised || marks(written.masks[1], i);

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-namespace quillet::suite {
+#include "data/align.h"
 
-enum class CellAlign { left, right, center };
+namespace quillet::suite {
 
 struct ReportHeading {
   std::string text;
@@ -22,14 +22,14 @@ struct ReportHeading {
 
 struct ReportCell {
   std::string text;
-  CellAlign align = CellAlign::left;
+  Align align = Align::left;
   std::size_t width = 0;  // in characters, 0 follows the content
   bool ruled = false;     // a rule above the cell
   bool emphasised = false;
   bool printed = true;
 };
 
-struct ReportRow {
+struct DocumentRow {
   std::vector<ReportCell> cells;
   bool heading = false;  // repeats on every page
   int table = 0;         // which of the report's tables, from 0
@@ -43,7 +43,7 @@ class Document {
   const std::vector<ReportHeading>& headings() const { return headings_; }
   // The heading lines as they stand on paper: the firm's name at the head, the subject below.
   std::vector<ReportHeading> pageHeadings() const;
-  const std::vector<ReportRow>& rows() const { return rows_; }
+  const std::vector<DocumentRow>& rows() const { return rows_; }
   // How many columns the widest row of a table has.
   std::size_t columns(int table = 0) const;
   // The columns that a cell stands over: one, but the last cell of a short row has the rest of the
@@ -53,7 +53,7 @@ class Document {
     std::size_t first;
     std::size_t count;
   };
-  Span spanOf(const ReportRow& row, std::size_t cell) const;
+  Span spanOf(const DocumentRow& row, std::size_t cell) const;
   int tables() const { return tables_; }
   // Who made the report.
   void setFirm(std::string name) { firm_ = std::move(name); }
@@ -66,7 +66,7 @@ class Document {
   void beginTable();
   struct Written {
     std::vector<std::string> values;
-    std::vector<int> alignments;
+    std::vector<Align> alignments;
     std::vector<long> widths;
     std::vector<std::string> before;
     std::vector<std::string> after;
@@ -79,7 +79,7 @@ class Document {
   std::string firm_;
   std::string subject_;
   std::vector<ReportHeading> headings_;
-  std::vector<ReportRow> rows_;
+  std::vector<DocumentRow> rows_;
   std::vector<std::size_t> columns_;  // of each table
   int tables_ = 0;
   bool emphasis_ = false;  // what the last code said

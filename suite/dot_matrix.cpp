@@ -35,12 +35,10 @@ std::string printable(const std::string& text) {
   return plain;
 }
 
-std::string placed(std::string text, std::size_t width, CellAlign align) {
+std::string placed(std::string text, std::size_t width, Align align) {
   text.resize(std::min(text.size(), width));
   const std::size_t room = width - text.size();
-  const std::size_t left = align == CellAlign::right    ? room
-                           : align == CellAlign::center ? room / 2
-                                                        : 0;
+  const std::size_t left = align == Align::right ? room : align == Align::center ? room / 2 : 0;
   return std::string(left, ' ') + text + std::string(room - left, ' ');
 }
 
@@ -67,13 +65,13 @@ class Pages {
     while (rest.size() > width_) {
       const std::size_t blank = rest.rfind(' ', width_);
       const std::size_t end = blank == std::string::npos || blank == 0 ? width_ : blank;
-      line(emphasised(placed(rest.substr(0, end), width_, CellAlign::center), heading.emphasised));
+      line(emphasised(placed(rest.substr(0, end), width_, Align::center), heading.emphasised));
       rest.erase(0, rest.find_first_not_of(' ', end));
     }
-    line(emphasised(placed(rest, width_, CellAlign::center), heading.emphasised));
+    line(emphasised(placed(rest, width_, Align::center), heading.emphasised));
   }
   void add(std::size_t at) {
-    const ReportRow& row = document_.rows()[at];
+    const DocumentRow& row = document_.rows()[at];
     if (row.table != table_) begin(row.table);
     const bool ruled = std::any_of(row.cells.begin(), row.cells.end(),
                                    [](const ReportCell& cell) { return cell.ruled; });
@@ -81,7 +79,7 @@ class Pages {
       text_ += newPage;
       used_ = 0;
       for (std::size_t h = 0; h < at; ++h) {
-        const ReportRow& heading = document_.rows()[h];
+        const DocumentRow& heading = document_.rows()[h];
         if (heading.heading && heading.table == row.table) write(heading);
       }
     }
@@ -93,13 +91,13 @@ class Pages {
     line("");
     widths_.assign(document_.columns(table), 1);
     std::vector<bool> words(widths_.size(), true);
-    for (const ReportRow& row : document_.rows()) {
+    for (const DocumentRow& row : document_.rows()) {
       if (row.table != table) continue;
       for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const Document::Span span = document_.spanOf(row, i);
         if (span.count > 1) continue;
         widths_[span.first] = std::max(widths_[span.first], printable(row.cells[i].text).size());
-        if (row.cells[i].align == CellAlign::right && !row.heading) words[span.first] = false;
+        if (row.cells[i].align == Align::right && !row.heading) words[span.first] = false;
       }
     }
     shorten(words);
@@ -121,7 +119,7 @@ class Pages {
     }
   }
 
-  void write(const ReportRow& row) {
+  void write(const DocumentRow& row) {
     const auto compose = [&](auto draw) {
       std::string composed;
       for (std::size_t i = 0; i < row.cells.size(); ++i) {

@@ -2,8 +2,9 @@
 
 namespace quillet::suite {
 
-void DocumentReporter::WriteToReport(std::vector<std::string>& values, std::vector<int>& alignments,
-                                     std::vector<long>& widths, std::vector<std::string>& before,
+void DocumentReporter::WriteToReport(std::vector<std::string>& values,
+                                     std::vector<Align>& alignments, std::vector<long>& widths,
+                                     std::vector<std::string>& before,
                                      std::vector<std::string>& after, bool& heading,
                                      std::string& rules, std::string& emphasis, std::string& last,
                                      std::string& printed) {

@@ -18,7 +18,7 @@ class DocumentReporter : public Reporter {
   void NewReport() override { document_ = {}; }
   void printtext(const std::string& text) override { document_.addHeading(text); }
   void CreateTable(int, int) override { document_.beginTable(); }
-  void WriteToReport(std::vector<std::string>& values, std::vector<int>& alignments,
+  void WriteToReport(std::vector<std::string>& values, std::vector<Align>& alignments,
                      std::vector<long>& widths, std::vector<std::string>& before,
                      std::vector<std::string>& after, bool& heading, std::string& rules,
                      std::string& emphasis, std::string& last, std::string& printed) override;

@@ -36,20 +36,20 @@ frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialo
   cmdclose.causesValidation = false;
   KeyPress = [this](Key& key) { formKey(key); };
   txttotal.makeFigure();
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
   attachEntry();
 }
 
 void frmTrade::attachEntry() {
-  for (TextBox* name : {&txtpart, &txtgroup}) name->maxLength = ledgerNameLength;
+  for (TextBox* name : {&txtpart, &txtgroup}) name->setMaxLength(ledgerNameLength);
   ledgers_.attach(txtpart);
   groups_.attach(txtgroup);
   txtgroup.LostFocus = [this] {
     groups_.hide();
     if (const auto* group = typedGroup()) txtgroup.setText(group->name);
   };
-  txtamount.maxLength = amountLength;
-  txtamount.rightAligned = true;
+  txtamount.setMaxLength(amountLength);
+  txtamount.setRightAligned(true);
   txtamount.GotFocus = [this] { txtamount.selectAll(); };
   txtamount.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;

@@ -14,7 +14,7 @@ constexpr std::size_t gap = 2;
 std::vector<std::size_t> widthsOf(const Document& document, int table) {
   const std::size_t columns = document.columns(table);
   std::vector<std::size_t> widths(columns, 1);
-  for (const ReportRow& row : document.rows()) {
+  for (const DocumentRow& row : document.rows()) {
     if (row.table != table) continue;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       const Document::Span span = document.spanOf(row, i);
@@ -26,13 +26,11 @@ std::vector<std::size_t> widthsOf(const Document& document, int table) {
   return widths;
 }
 
-std::string fitted(const std::string& text, std::size_t width, CellAlign align) {
+std::string fitted(const std::string& text, std::size_t width, Align align) {
   const std::size_t length = lengthOf(text);
   if (length >= width) return text.substr(0, offsetOf(text, width));
   const std::size_t room = width - length;
-  const std::size_t left = align == CellAlign::right    ? room
-                           : align == CellAlign::center ? room / 2
-                                                        : 0;
+  const std::size_t left = align == Align::right ? room : align == Align::center ? room / 2 : 0;
   return std::string(left, ' ') + text + std::string(room - left, ' ');
 }
 
@@ -46,7 +44,7 @@ class TextTable {
   TextTable(const Document& document, int table)
       : document_(document), widths_(widthsOf(document, table)) {}
 
-  std::string linesOf(const ReportRow& row) const {
+  std::string linesOf(const DocumentRow& row) const {
     const std::string rules = line(row, [](const ReportCell& cell, std::size_t width) {
       return cell.ruled ? std::string(width, '-') : std::string(width, ' ');
     });
@@ -58,7 +56,7 @@ class TextTable {
 
  private:
   template <class Draw>
-  std::string line(const ReportRow& row, Draw draw) const {
+  std::string line(const DocumentRow& row, Draw draw) const {
     std::string text;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       const Document::Span span = document_.spanOf(row, i);
@@ -81,7 +79,7 @@ std::string textOf(const Document& document) {
   for (const ReportHeading& heading : document.pageHeadings()) text += heading.text + '\n';
   int table = -1;
   std::optional<TextTable> current;
-  for (const ReportRow& row : document.rows()) {
+  for (const DocumentRow& row : document.rows()) {
     if (row.table != table) {
       text += '\n';
       table = row.table;
@@ -94,7 +92,7 @@ std::string textOf(const Document& document) {
 
 std::string tabbedTextOf(const Document& document) {
   std::string text;
-  for (const ReportRow& row : document.rows()) {
+  for (const DocumentRow& row : document.rows()) {
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       std::string cell = row.cells[i].printed ? row.cells[i].text : std::string();
       std::replace(cell.begin(), cell.end(), '\n', ' ');

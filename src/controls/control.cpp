@@ -18,28 +18,13 @@ void Control::touch() {
   form_.touch();
 }
 
-void Control::setCaption(std::string caption) {
-  if (caption == caption_) return;
-  caption_ = std::move(caption);
-  touch();
-}
+void Control::setCaption(std::string caption) { set(caption_, std::move(caption)); }
 
-void Control::setEnabled(bool enabled) {
-  if (enabled == enabled_) return;
-  enabled_ = enabled;
-  touch();
-}
+void Control::setEnabled(bool enabled) { set(enabled_, enabled); }
 
-void Control::setVisible(bool visible) {
-  if (visible == visible_) return;
-  visible_ = visible;
-  touch();
-}
+void Control::setVisible(bool visible) { set(visible_, visible); }
 
-void Control::setToolTip(std::string text) {
-  toolTip_ = std::move(text);
-  touch();
-}
+void Control::setToolTip(std::string text) { set(toolTip_, std::move(text)); }
 
 bool Control::shown() const { return visible_ && (frame_ == nullptr || frame_->shown()); }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "controls/event.h"
 #include "controls/key.h"
@@ -88,6 +89,13 @@ class Control {
 
  protected:
   void touch();
+  // Sets a property that a view shows.
+  template <class T>
+  void set(T& property, T value) {
+    if (property == value) return;
+    property = std::move(value);
+    touch();
+  }
 
  private:
   std::string caption_;

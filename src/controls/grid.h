@@ -10,10 +10,9 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "data/align.h"
 
 namespace quillet {
-
-enum class Align { left, right, center };
 
 struct GridColumn {
   std::string heading;
@@ -95,13 +94,16 @@ class Grid : public Control {
   void clearSort();
 
   // The drop-down of a text box: drawn under it while visible, without headings.
-  Control* dropOf = nullptr;
+  Control* dropOf() const { return dropOf_; }
+  void setDropOf(Control& box) { set<Control*>(dropOf_, &box); }
   // Rows of alternating shade, where long lines are read across.
-  bool zebra = false;
+  bool zebra() const { return zebra_; }
+  void setZebra(bool zebra) { set(zebra_, zebra); }
   // As high as so many rows, for a grid that always holds few; 0 takes what room there is.
-  int fixedRows = 0;
+  int fixedRows() const { return fixedRows_; }
+  void setFixedRows(int rows) { set(fixedRows_, rows); }
 
-  bool takesFocus() const override { return dropOf == nullptr; }
+  bool takesFocus() const override { return dropOf_ == nullptr; }
   // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
   bool act(Key key) override;
 
@@ -136,6 +138,9 @@ class Grid : public Control {
   int sortColumn_ = -1;
   bool sortAscending_ = true;
   unsigned contentVersion_ = 1;
+  Control* dropOf_ = nullptr;
+  bool zebra_ = false;
+  int fixedRows_ = 0;
 };
 
 }  // namespace quillet

@@ -38,8 +38,8 @@ class LookupList {
   // box has the focus, Up and Down take a name, and Enter goes on to the next control.
   void attach(TextBox& box);
   // The list belongs to that box from now on; shown is another matter.
-  void serve(TextBox& box) { grid_.dropOf = &box; }
-  TextBox& box() const { return static_cast<TextBox&>(*grid_.dropOf); }
+  void serve(TextBox& box) { grid_.setDropOf(box); }
+  TextBox& box() const { return static_cast<TextBox&>(*grid_.dropOf()); }
   // The box gets the focus: its text is selected, and the list shows what goes with it, by way of
   // the box's Change.
   void open();

@@ -10,17 +10,9 @@ bool Button::act(Key key) {
   return true;
 }
 
-void Button::setChosen(bool chosen) {
-  if (chosen == chosen_) return;
-  chosen_ = chosen;
-  touch();
-}
+void Button::setChosen(bool chosen) { set(chosen_, chosen); }
 
-void Toggle::setChecked(bool checked) {
-  if (checked == checked_) return;
-  checked_ = checked;
-  touch();
-}
+void Toggle::setChecked(bool checked) { set(checked_, checked); }
 
 bool CheckBox::act(Key key) {
   if (key != keys::Space) return false;

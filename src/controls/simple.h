@@ -11,7 +11,11 @@ class Label : public Control {
  public:
   using Control::Control;
   // A quiet label is a hint: drawn smaller and dimmed.
-  bool quiet = false;
+  bool quiet() const { return quiet_; }
+  void setQuiet(bool quiet) { set(quiet_, quiet); }
+
+ private:
+  bool quiet_ = false;
 };
 
 // A group of controls that is shown and enabled as one; its caption, if any, heads it.

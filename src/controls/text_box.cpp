@@ -15,15 +15,9 @@ void TextBox::setText(std::string text) {
 }
 
 void TextBox::makeFigure() {
-  rightAligned = true;
+  setRightAligned(true);
   tabStop = false;
   setLocked(true);
-}
-
-void TextBox::setLocked(bool locked) {
-  if (locked == locked_) return;
-  locked_ = locked;
-  touch();
 }
 
 void TextBox::assign(std::string text, std::size_t caret) {
@@ -49,9 +43,9 @@ void TextBox::replaceSelection(const std::string& text) {
   const std::size_t end = offsetOf(text_, selStart_ + selLength_);
   std::string put = text;
   bool full = false;
-  if (maxLength > 0) {
+  if (maxLength_ > 0) {
     const std::size_t kept = lengthOf(text_) - selLength_;
-    const std::size_t room = maxLength > kept ? maxLength - kept : 0;
+    const std::size_t room = maxLength_ > kept ? maxLength_ - kept : 0;
     full = lengthOf(put) > room;
     put.resize(offsetOf(put, room));
   }
@@ -63,8 +57,8 @@ void TextBox::replaceSelection(const std::string& text) {
 }
 
 void TextBox::edited(const std::string& text, std::size_t caret) {
-  if (maxLength > 0 && lengthOf(text) > maxLength) {
-    assign(text.substr(0, offsetOf(text, maxLength)), std::min(caret, maxLength));
+  if (maxLength_ > 0 && lengthOf(text) > maxLength_) {
+    assign(text.substr(0, offsetOf(text, maxLength_)), std::min(caret, maxLength_));
     Overflow();
   } else {
     assign(text, caret);

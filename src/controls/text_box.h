@@ -18,13 +18,13 @@ class TextBox : public Control {
   void setText(std::string text);
 
   // The most characters it takes; 0 means any number.
-  std::size_t maxLength = 0;
-  bool rightAligned = false;
-  // Shows dots instead of characters.
-  bool secret = false;
+  std::size_t maxLength() const { return maxLength_; }
+  void setMaxLength(std::size_t characters) { set(maxLength_, characters); }
+  bool rightAligned() const { return rightAligned_; }
+  void setRightAligned(bool right) { set(rightAligned_, right); }
   // Can be read and copied but not edited.
   bool locked() const { return locked_; }
-  void setLocked(bool locked);
+  void setLocked(bool locked) { set(locked_, locked); }
   // For a figure that procedures work out: right-aligned, locked, left out of the tab order.
   void makeFigure();
 
@@ -51,6 +51,8 @@ class TextBox : public Control {
   std::string text_;
   std::size_t selStart_ = 0;
   std::size_t selLength_ = 0;
+  std::size_t maxLength_ = 0;
+  bool rightAligned_ = false;
   bool locked_ = false;
 };
 

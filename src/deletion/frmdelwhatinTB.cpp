@@ -39,7 +39,7 @@ frmdelwhatinTB::frmdelwhatinTB(Context& context)
       context_(context),
       deletion_(*context.host, context.unposted) {
   setCaption("Delete Trial Balance Data");
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
   for (auto& option : optMain) option->Click = [this] { OPTMAIN_CLICK(); };
   for (auto& option : optSchOthData) option->Click = [this] { OPTSCHOTHDATA_CLICK(); };

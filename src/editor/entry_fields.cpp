@@ -38,7 +38,7 @@ EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
       books_(books),
       ledgers_(form.vsfp, LookupList::Shows::allNames),
       groups_(form.vsfg, LookupList::Shows::allNames) {
-  for (TextBox* name : {&form.txtpart, &form.txtgroup}) name->maxLength = nameLength;
+  for (TextBox* name : {&form.txtpart, &form.txtgroup}) name->setMaxLength(nameLength);
   ledgers_.attach(form.txtpart);
   groups_.attach(form.txtgroup);
   form.txtpart.Change = [this] {
@@ -50,8 +50,8 @@ EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
   form.txtpart.Overflow = [this] { form_.hint("A ledger name holds at most 100 characters."); };
   form.txtgroup.Overflow = [this] { form_.hint("A group name holds at most 100 characters."); };
 
-  form.txtamount.maxLength = amountLength;
-  form.txtamount.rightAligned = true;
+  form.txtamount.setMaxLength(amountLength);
+  form.txtamount.setRightAligned(true);
   form.txtamount.Overflow = [this] { form_.hint("An amount holds at most 20 characters."); };
   form.txtamount.GotFocus = [this] { form_.txtamount.selectAll(); };
   form.txtamount.KeyPress = [this](Key& key) {
@@ -60,7 +60,7 @@ EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
     form_.focusNext();
   };
   form.txtamount.LostFocus = [this] { TXTAMOUNT_LOSTFOCUS(); };
-  form.txtdrcr.maxLength = 2;
+  form.txtdrcr.setMaxLength(2);
   form.txtdrcr.GotFocus = [this] { TXTDRCR_GOTFOCUS(); };
   form.txtdrcr.Validate = [this](bool& cancel) { TXTDRCR_VALIDATE(cancel); };
 }

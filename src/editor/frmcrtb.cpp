@@ -75,7 +75,7 @@ void frmcrtb::attachMenus() {
 }
 
 void frmcrtb::attachLines() {
-  vsfm.zebra = true;
+  vsfm.setZebra(true);
   vsfm.AfterSort = [this] { SETBUTTON(); };
   vsfm.RowColChange = [this] { SETBUTTON(); };
   vsfm.KeyDown = [this](Key& key) { VSFM_KEYDOWN(key); };
@@ -88,7 +88,7 @@ void frmcrtb::attachLines() {
   };
   txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
   KeyPress = [this](Key& key) { formKey(key); };
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
 }
 
 void frmcrtb::attachTotals() {

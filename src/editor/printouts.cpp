@@ -45,8 +45,7 @@ void EditorPrintouts::PrintTrial() {
   const Busy busy(books_.host());
   printTitle("Trial Balance");
   ReportTable table(*books_.context.reporter,
-                    {ReportTable::right, ReportTable::left, ReportTable::left, ReportTable::right,
-                     ReportTable::right});
+                    {Align::right, Align::left, Align::left, Align::right, Align::right});
   table.heading({"SN", "Ledger Name", "Group", "Amount (Dr)",
                  std::string("Amount (Cr)") + printer::emphasisOff});
   // The total is the sum of what is printed above it.
@@ -69,8 +68,7 @@ void EditorPrintouts::PrintTrial() {
 
 void EditorPrintouts::REPORT_SUMM() {
   printTitle("Summarized Details");
-  ReportTable table(*books_.context.reporter,
-                    {ReportTable::left, ReportTable::right, ReportTable::right});
+  ReportTable table(*books_.context.reporter, {Align::left, Align::right, Align::right});
   const Grid& figures = form_.vsfr;
   std::vector<std::string> headings;
   for (const GridColumn& column : figures.columns()) headings.push_back(column.heading);

@@ -27,8 +27,8 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
       cmdcolumns(form, "cmdcolumns", "C&olumns..."),
       lblcount(form, "lblcount"),
       context_(context) {
-  zebra = true;
-  lblcount.quiet = true;
+  setZebra(true);
+  lblcount.setQuiet(true);
   KeyPress = [this](Key& key) { typed(key); };
   txtsearch.Change = [this] { showClients(currentCode()); };
   txtsearch.KeyDown = [this](Key& key) { movedFromSearch(key); };

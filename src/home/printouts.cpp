@@ -57,8 +57,8 @@ SortOption sortOption(Context& context) {
 void printAlphabetical(Context& context, std::vector<Entry> lines) {
   AmountColumns amounts(*context.host);
   sortEntries(lines, sortOption(context));
-  ReportTable table(*context.reporter, {ReportTable::right, ReportTable::left, ReportTable::left,
-                                        ReportTable::right, ReportTable::right});
+  ReportTable table(*context.reporter,
+                    {Align::right, Align::left, Align::left, Align::right, Align::right});
   table.heading({"SR. NO.", "PARTICULAR", "GROUP", "AMOUNT (DR)", "AMOUNT (CR)"});
   int number = 0;
   for (const Entry& entry : lines) {
@@ -71,8 +71,7 @@ void printAlphabetical(Context& context, std::vector<Entry> lines) {
 }
 
 ReportTable groupTable(Context& context) {
-  ReportTable table(*context.reporter,
-                    {ReportTable::left, ReportTable::left, ReportTable::right, ReportTable::right});
+  ReportTable table(*context.reporter, {Align::left, Align::left, Align::right, Align::right});
   table.heading({"GROUP", "PARTICULAR", "AMOUNT(DR)", "AMOUNT(CR)"});
   return table;
 }

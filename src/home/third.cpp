@@ -44,8 +44,8 @@ third::third(Context& context)
   mnurefresh.Click = [this] { MNUREFRESH_CLICK(); };
   mnuhelp.Click = [this] { MNUHELP_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
-  lblstatus.quiet = true;
-  lblprint.quiet = true;
+  lblstatus.setQuiet(true);
+  lblprint.setQuiet(true);
 }
 
 void third::attachCommands() {

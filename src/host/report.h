@@ -12,7 +12,7 @@ namespace quillet {
 // stands for every cell.
 struct ReportRow {
   std::vector<std::string> values;
-  std::vector<int> alignments;      // 0 left, 1 right, 2 centre
+  std::vector<Align> alignments;
   std::vector<long> widths;         // in characters; 0 follows the content
   std::vector<std::string> before;  // printer codes around each cell
   std::vector<std::string> after;

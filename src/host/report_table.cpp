@@ -6,7 +6,7 @@ namespace quillet {
 
 std::string printer::emphasised(const std::string& text) { return emphasisOn + text + emphasisOff; }
 
-ReportTable::ReportTable(Reporter& reporter, std::vector<int> alignments)
+ReportTable::ReportTable(Reporter& reporter, std::vector<Align> alignments)
     : reporter_(reporter), alignments_(std::move(alignments)) {
   reporter_.CreateTable(1, static_cast<int>(alignments_.size()));
 }

@@ -20,10 +20,8 @@ std::string emphasised(const std::string& text);
 
 class ReportTable {
  public:
-  enum Align { left = 0, right = 1, centre = 2 };
-
   // Begins the table with one column for each alignment.
-  ReportTable(Reporter& reporter, std::vector<int> alignments);
+  ReportTable(Reporter& reporter, std::vector<Align> alignments);
 
   // The row of column headings: repeats on every page, emphasised.
   void heading(std::vector<std::string> cells);
@@ -35,7 +33,7 @@ class ReportTable {
   void write(std::vector<std::string> cells, char rule, char emphasis, bool heading);
 
   Reporter& reporter_;
-  std::vector<int> alignments_;
+  std::vector<Align> alignments_;
 };
 
 }  // namespace quillet

@@ -40,7 +40,7 @@ void frmjrnl::attachList() {
   for (auto& box : txtdt1) {
     box->Validate = [this, index = box->index()](bool& cancel) { TXTDT1_VALIDATE(index, cancel); };
   }
-  lblstatus.quiet = true;
+  lblstatus.setQuiet(true);
 }
 
 void frmjrnl::attachEntry() {
@@ -49,10 +49,10 @@ void frmjrnl::attachEntry() {
        {.heading = "Debit Amount", .align = Align::right, .width = amountWidth, .numeric = true},
        {.heading = "Credit Amount", .align = Align::right, .width = amountWidth, .numeric = true}});
   vsf1.tabStop = false;
-  vsf1.fixedRows = 1;
+  vsf1.setFixedRows(1);
   on(txtdt.Validate, "txtdt_VALIDATE", [this](bool& cancel) { txtdt_VALIDATE(cancel); });
   txtdt.GotFocus = [this] { lines_.reveal(0); };
-  txtnarr.maxLength = narrationLength;
+  txtnarr.setMaxLength(narrationLength);
   txtnarr.Overflow = [this] { hint("A narration holds at most 16,000 characters."); };
   cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
@@ -60,7 +60,7 @@ void frmjrnl::attachEntry() {
   // Updating checks the whole voucher by itself; the other two throw away what is not in order.
   for (Button* button : {&cmdupdate, &cmdcancel, &cmdremove}) button->causesValidation = false;
   cmdremove.tabStop = false;
-  for (Label* label : {&lblhint, &lbldiff, &lblrows, &lblmore, &lbldots}) label->quiet = true;
+  for (Label* label : {&lblhint, &lbldiff, &lblrows, &lblmore, &lbldots}) label->setQuiet(true);
   lines_.add();
   lookups_.attach(0);
 }

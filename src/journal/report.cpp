@@ -16,7 +16,7 @@ void writeRow(Reporter& reporter, std::vector<std::string> cells, int texts,
               const RowStyle& style) {
   ReportRow row;
   row.alignments.assign(cells.size(), style.amounts);
-  std::fill_n(row.alignments.begin(), texts, RowStyle::left);
+  std::fill_n(row.alignments.begin(), texts, Align::left);
   row.widths.assign(cells.size(), 0);
   row.before.assign(cells.size(), "");
   row.after.assign(cells.size(), "");

@@ -10,13 +10,12 @@ namespace quillet {
 
 // The four masks that go with a row's cells, and where its amounts stand.
 struct RowStyle {
-  enum Align { left = 0, right = 1, centre = 2 };
   const char* rules;
   const char* emphasis;
   const char* last;
   const char* printed;
   bool heading = false;
-  Align amounts = right;
+  Align amounts = Align::right;
 };
 
 void beginReport(Reporter& reporter, const std::string& heading, int columns);

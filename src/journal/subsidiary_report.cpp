@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* absent = "-";
 
-constexpr RowStyle blockHeading{"0111", "1111", "0001", "1111", true, RowStyle::centre};
+constexpr RowStyle blockHeading{"0111", "1111", "0001", "1111", true, Align::center};
 constexpr RowStyle columnHeading{"1111111", "0", "0000001", "1111111", true};
 constexpr RowStyle ledgerRow{"0", "0", "0000001", "1111111"};
 constexpr RowStyle groupTotal{"0111111", "0111111", "0000001", "1111111"};

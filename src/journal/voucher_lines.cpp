@@ -58,9 +58,10 @@ void VoucherLines::add() {
   }
   names_.emplace_back();
   attachSide(line);
-  for (auto* names : {&form_.txtledger[line], &form_.txtgroup[line]}) names->maxLength = nameLength;
+  for (auto* names : {&form_.txtledger[line], &form_.txtgroup[line]})
+    names->setMaxLength(nameLength);
   TextBox& balance = form_.txtcurbal[line];
-  balance.rightAligned = true;
+  balance.setRightAligned(true);
   balance.setLocked(true);
   balance.tabStop = false;
   attachAmount(line, form_.txtdramt[line]);
@@ -79,8 +80,8 @@ void VoucherLines::attachSide(int line) {
 }
 
 void VoucherLines::attachAmount(int line, TextBox& box) {
-  box.rightAligned = true;
-  box.maxLength = amountLength;
+  box.setRightAligned(true);
+  box.setMaxLength(amountLength);
   box.Overflow = [this] { form_.lblhint.setCaption("An amount holds at most 20 characters."); };
   box.GotFocus = [this, line, &box] {
     arriveAt(line);
@@ -95,8 +96,8 @@ void VoucherLines::attachAmount(int line, TextBox& box) {
 }
 
 void VoucherLines::removeLast() {
-  form_.VSF3.dropOf = &form_.txtledger[0];
-  form_.VSF4.dropOf = &form_.txtgroup[0];
+  form_.VSF3.setDropOf(form_.txtledger[0]);
+  form_.VSF4.setDropOf(form_.txtgroup[0]);
   form_.cboside.unload();
   for (const auto boxes : textBoxes) (form_.*boxes).unload();
   names_.pop_back();

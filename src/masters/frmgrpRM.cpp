@@ -17,7 +17,8 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
                    {.heading = lblgrp[2].caption(), .width = groupWidth}});
   vsfG.setColumns({{.heading = "Heading", .width = groupWidth, .stretch = true},
                    {.heading = "Type", .width = groupWidth}});
-  vsfM.zebra = vsfG.zebra = true;
+  vsfM.setZebra(true);
+  vsfG.setZebra(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
   attachBinding();
   attachHeads();

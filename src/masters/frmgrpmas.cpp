@@ -9,15 +9,15 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   setColumns();
   for (Grid* grid : {&vsf, &vsM, &vsMW}) {
     grid->KeyPress = [grid](Key& key) { searchByTyping(*grid, nameColumn, key); };
-    grid->zebra = true;
+    grid->setZebra(true);
   }
-  Text1.maxLength = nameLength;
+  Text1.setMaxLength(nameLength);
   Text1.Overflow = [this] { lblhint.setCaption("A group name holds at most 100 characters."); };
   Text1.Change = [this] { lblhint.setCaption(""); };
   for (Control* field : {static_cast<Control*>(&Text1), static_cast<Control*>(&Combo1)}) {
     field->KeyPress = [this](Key& key) { enterIsTab(key); };
   }
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
 
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
   vsf.RowColChange = [this] {

@@ -20,9 +20,11 @@ frmtbledmas::frmtbledmas(Context& context) : MasterForm(context, "frmtbledmas") 
   vsfC.setColumns({{.heading = "Client", .width = 40, .stretch = true},
                    {.heading = "F.Y.", .width = 20},
                    {.heading = "Used In", .width = 18}});
-  vsf.zebra = vsfC.zebra = true;
-  lblcount.quiet = lblhint.quiet = true;
-  VTxt1.maxLength = nameLength;
+  vsf.setZebra(true);
+  vsfC.setZebra(true);
+  lblcount.setQuiet(true);
+  lblhint.setQuiet(true);
+  VTxt1.setMaxLength(nameLength);
   VTxt1.Overflow = [this] { lblhint.setCaption("A ledger name holds at most 100 characters."); };
   VTxt1.Change = [this] { lblhint.setCaption(""); };
   VTxt1.MsgBox = [this](const std::string& text) {

@@ -19,7 +19,7 @@ constexpr std::size_t tablesNamed = 6;
 
 MasterForm::MasterForm(Context& context, std::string name)
     : Form(context.desk, std::move(name)), context_(context) {
-  lblstatus.quiet = true;
+  lblstatus.setQuiet(true);
 }
 
 void MasterForm::FORM_UNLOAD(bool& cancel) {

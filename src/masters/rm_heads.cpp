@@ -17,12 +17,12 @@ void frmgrpRM::attachHeads() {
   for (const char* type : {"RAW MATERIAL", "FINISHED GOODS", "WORK-IN-PROGRESS", "OTHERS"}) {
     cbotype.addItem(type, cbotype.size() + 1);
   }
-  txthead.maxLength = nameLength;
+  txthead.setMaxLength(nameLength);
   txthead.Overflow = [this] { lblhint.setCaption("A heading holds at most 100 characters."); };
   txthead.Change = [this] { lblhint.setCaption(""); };
   txthead.KeyPress = [this](Key& key) { enterIsTab(key); };
   cbotype.KeyPress = [this](Key& key) { enterIsTab(key); };
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
   vsfG.RowColChange = [this] {
     if (!editing()) LOADDATAG();
   };

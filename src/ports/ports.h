@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "data/align.h"
 #include "data/dates.h"
 #include "data/recordset.h"
 #include "data/sql.h"
@@ -197,11 +198,11 @@ class Reporter {
   virtual void NewReport() = 0;
   virtual void printtext(const std::string& text) = 0;
   virtual void CreateTable(int firstColumn, int columns) = 0;
-  // One row. `values` are the cells; `alignments` hold 0 left, 1 right, 2 centre; `widths` are
-  // characters, 0 follows the content; `before` and `after` are texts put around each cell (printer
-  // codes); `heading` marks a row that repeats on every page. The four masks hold one character a
-  // cell: rule above, emphasis, last cell of the row, cell is printed.
-  virtual void WriteToReport(std::vector<std::string>& values, std::vector<int>& alignments,
+  // One row. `values` are the cells; `widths` are characters, 0 follows the content; `before` and
+  // `after` are texts put around each cell (printer codes); `heading` marks a row that repeats on
+  // every page. The four masks hold one character a cell: rule above, emphasis, last cell of the
+  // row, cell is printed.
+  virtual void WriteToReport(std::vector<std::string>& values, std::vector<Align>& alignments,
                              std::vector<long>& widths, std::vector<std::string>& before,
                              std::vector<std::string>& after, bool& heading, std::string& rules,
                              std::string& emphasis, std::string& last, std::string& printed) = 0;

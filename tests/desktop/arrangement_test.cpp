@@ -1,7 +1,7 @@
 // An arrangement that changes while its form is shown: what stays keeps its widgets.
 #include <QLabel>
 
-#include "desktop/stand.h"
+#include "desktop/desktop_test.h"
 #include "desktop/text.h"
 
 namespace quillet::desktop {
@@ -38,7 +38,7 @@ class LinesForm : public Form {
   ControlArray<TextBox> txtline{*this, "txtline", {""}};
 };
 
-class Arrangement : public Stand {
+class Arrangement : public DesktopTest {
  protected:
   Arrangement() { lines.show(); }
   ~Arrangement() override { lines.close(); }

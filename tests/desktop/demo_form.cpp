@@ -13,7 +13,7 @@ DemoForm::DemoForm(Desk& desk, std::string formName) : Form(desk, std::move(form
   for (const char* ledger : {"Bank of India", "Cash in Hand", "Capital", "Rent", "Salaries"}) {
     vsflist.addRow({ledger});
   }
-  vsflist.dropOf = &txtname;
+  vsflist.setDropOf(txtname);
   vsflist.setVisible(false);
   for (const char* group : {"Bank Accounts", "Capital Account", "Sundry Debtors"}) {
     cbogroup.addItem(group);
@@ -21,11 +21,12 @@ DemoForm::DemoForm(Desk& desk, std::string formName) : Form(desk, std::move(form
   for (const char* year : {"2007-08", "2008-09", "2009-10"}) lstyears.addItem(year);
   cmdmode[1].setChosen(true);
   mnuyrs[0].setChecked(true);
-  txtamount.rightAligned = txttotal.rightAligned = true;
+  txtamount.setRightAligned(true);
+  txttotal.setRightAligned(true);
   txttotal.setLocked(true);
   txttotal.setText("1,23,456.00");
   mskdate.setText("01/04/####");
-  lblhint.quiet = true;
+  lblhint.setQuiet(true);
   optside[0].setChecked(true);
   fampage.setVisible(false);
 
@@ -89,7 +90,7 @@ void DemoForm::fillGrid() {
   vsf.addRow({"", "Salaries", "Indirect Expenses", "96000.00", "2"});
   vsf.addRow({"", "Total", "", "1358000.50", "0"});
   vsf.setRowEmphasised(5, true);
-  vsf.zebra = true;
+  vsf.setZebra(true);
   vsf.setCurrent(2);
 }
 

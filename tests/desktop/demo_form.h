@@ -1,4 +1,4 @@
-// A form with every kind of control, for the views' tests. It keeps a diary of the events that its
+// A form with every kind of control, for the views' tests. It keeps a events of the events that its
 // handlers see, so that a test can tell what a person's key or click really caused.
 #pragma once
 
@@ -48,16 +48,16 @@ class DemoForm : public Form {
   Frame fampage{*this, "fampage"};
   Button cmdback{*this, "cmdback", "Bac&k"};
 
-  std::vector<std::string> diary;
+  std::vector<std::string> events;
   bool keepFocus = false;  // txtname refuses to be left
   bool mayClose = true;
-  std::vector<std::string> takeDiary() { return std::exchange(diary, {}); }
+  std::vector<std::string> takeEvents() { return std::exchange(events, {}); }
 
  protected:
   void unload(bool& cancel) override { cancel = !mayClose; }
 
  private:
-  void note(std::string what) { diary.push_back(std::move(what)); }
+  void note(std::string what) { events.push_back(std::move(what)); }
   void fillGrid();
   void follow(Control& control);
 };

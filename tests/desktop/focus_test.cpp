@@ -5,12 +5,12 @@
 #include <QListWidget>
 #include <QMenuBar>
 
-#include "desktop/stand.h"
+#include "desktop/desktop_test.h"
 
 namespace quillet::desktop {
 namespace {
 
-class Focus : public Stand {
+class Focus : public DesktopTest {
  protected:
   void expectFocus(const Control& control) {
     EXPECT_EQ(form.active(), &control) << form.active()->name();
@@ -19,7 +19,7 @@ class Focus : public Stand {
     EXPECT_TRUE(focus == widget(control)) << focus->objectName().toStdString();
   }
   std::string lastSeen() {
-    const auto lines = form.takeDiary();
+    const auto lines = form.takeEvents();
     return lines.empty() ? "" : lines.back();
   }
 };
@@ -42,9 +42,9 @@ TEST_F(Focus, AClickAsksTheFormFirst) {
   form.keepFocus = true;
   click(widget(form.txtamount));
   expectFocus(form.txtname);
-  form.takeDiary();
+  form.takeEvents();
   click(widget(form.cmdmode[0]));
-  EXPECT_TRUE(form.takeDiary().empty()) << "a box that keeps the focus keeps the click too";
+  EXPECT_TRUE(form.takeEvents().empty()) << "a box that keeps the focus keeps the click too";
   form.keepFocus = false;
   click(widget(form.txtamount));
   expectFocus(form.txtamount);
@@ -72,11 +72,11 @@ TEST_F(Focus, ButtonsAndTogglesRunTheirHandlersOnce) {
   for (const auto& [control, event] : cases) {
     QWidget* target = widget(*control);
     click(target, QPoint(12, target->height() / 2));
-    const auto seen = form.takeDiary();
+    const auto seen = form.takeEvents();
     EXPECT_EQ(std::count(seen.begin(), seen.end(), event), 1) << event;
     expectFocus(*control);
     key(Qt::Key_Space);
-    EXPECT_EQ(form.takeDiary(), std::vector<std::string>{event});
+    EXPECT_EQ(form.takeEvents(), std::vector<std::string>{event});
   }
   EXPECT_FALSE(form.chkall.checked());  // ticked by the click, cleared by the key
   EXPECT_FALSE(widget<QAbstractButton>(form.chkall)->isChecked());
@@ -111,7 +111,7 @@ TEST_F(Focus, AccessKeysReachButtonsFieldsAndMenus) {
   expectFocus(form.txtname);
   QTest::keyClick(window(), Qt::Key_G, Qt::AltModifier);
   expectFocus(form.cbogroup);
-  form.takeDiary();
+  form.takeEvents();
   QTest::keyClick(window(), Qt::Key_Insert);
   EXPECT_EQ(lastSeen(), "click mnunew");
 }

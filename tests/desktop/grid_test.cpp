@@ -3,14 +3,14 @@
 #include <QHeaderView>
 #include <QTableView>
 
+#include "desktop/desktop_test.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
-#include "desktop/stand.h"
 
 namespace quillet::desktop {
 namespace {
 
-class GridViews : public Stand {
+class GridViews : public DesktopTest {
  protected:
   GridTable* table() { return static_cast<GridTable*>(widget<QTableView>(form.vsf)); }
   QPoint cellAt(int row, int column) {
@@ -42,7 +42,7 @@ TEST_F(GridViews, ShowTheCurrentRowOfTheModel) {
 TEST_F(GridViews, TickCellsTurnByMouseAndKey) {
   clickCell(1, 0);
   EXPECT_TRUE(form.vsf.ticked(2));
-  EXPECT_EQ(form.takeDiary().back(), "edited 2 0");
+  EXPECT_EQ(form.takeEvents().back(), "edited 2 0");
   key(Qt::Key_Space);
   EXPECT_FALSE(form.vsf.ticked(2));
 }
@@ -59,10 +59,10 @@ TEST_F(GridViews, OnlyEditableCellsAreEdited) {
   QTest::keyClick(editor, Qt::Key_Return);
   settle();
   EXPECT_EQ(form.vsf.cell(2, 2), "Cash");
-  EXPECT_EQ(form.takeDiary().back(), "edited 2 2");
+  EXPECT_EQ(form.takeEvents().back(), "edited 2 2");
   QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cellAt(2, 3));
   EXPECT_EQ(form.vsf.current(), 3);
-  EXPECT_EQ(form.takeDiary().back(), "dblclick vsf");
+  EXPECT_EQ(form.takeEvents().back(), "dblclick vsf");
 }
 
 TEST_F(GridViews, AHeadingSortsAndShowsTheOrder) {
@@ -80,9 +80,9 @@ TEST_F(GridViews, AHeadingSortsAndShowsTheOrder) {
 
 TEST_F(GridViews, RightClickAndMenuKeyAskForThePopup) {
   QTest::mouseClick(table()->viewport(), Qt::RightButton, {}, cellAt(3, 1));
-  EXPECT_EQ(form.takeDiary().back(), "popup 4");
+  EXPECT_EQ(form.takeEvents().back(), "popup 4");
   key(Qt::Key_Menu);
-  EXPECT_EQ(form.takeDiary().back(), "popup 4");
+  EXPECT_EQ(form.takeEvents().back(), "popup 4");
 }
 
 TEST_F(GridViews, HiddenRowsAndColumnsAreNotShown) {

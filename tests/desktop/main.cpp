@@ -1,6 +1,6 @@
 #include <QTimer>
 
-#include "desktop/stand.h"
+#include "desktop/desktop_test.h"
 
 namespace quillet::desktop {
 namespace {

@@ -6,13 +6,13 @@
 #include <QTimer>
 
 #include "controls/vtxt.h"
-#include "desktop/stand.h"
+#include "desktop/desktop_test.h"
 #include "desktop/text.h"
 
 namespace quillet::desktop {
 namespace {
 
-class Typing : public Stand {
+class Typing : public DesktopTest {
  protected:
   QLineEdit* name() { return widget<QLineEdit>(form.txtname); }
   void expectShown(const std::string& text) {
@@ -116,7 +116,7 @@ TEST_F(Typing, ComposedTextPassesTheHandlersToo) {
 }
 
 TEST_F(Typing, StopsAtTheMostCharacters) {
-  form.txtname.maxLength = 3;
+  form.txtname.setMaxLength(3);
   int refused = 0;
   form.txtname.Overflow = [&] { ++refused; };
   focus(form.txtname);
@@ -167,10 +167,10 @@ TEST_F(Typing, TheDropDownFollowsWithoutTheFocus) {
   key(Qt::Key_Down);
   EXPECT_EQ(form.vsflist.current(), 2);
   EXPECT_TRUE(name()->hasFocus());
-  form.takeDiary();
+  form.takeEvents();
   auto* table = list->findChild<QTableView*>();
   click(table->viewport(), table->visualRect(table->model()->index(3, 0)).center());
-  EXPECT_EQ(form.takeDiary(), std::vector<std::string>{"picked Rent"});
+  EXPECT_EQ(form.takeEvents(), std::vector<std::string>{"picked Rent"});
   expectShown("Rent");
   EXPECT_TRUE(name()->hasFocus());
   key(Qt::Key_Tab);

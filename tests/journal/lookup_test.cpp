@@ -27,7 +27,7 @@ TEST_F(JournalLookup, ListFollowsWhatIsTyped) {
     EXPECT_EQ(shown(form.VSF3), c.list) << c.typed;
     EXPECT_EQ(form.VSF3.current(), c.current) << c.typed;
     EXPECT_TRUE(form.VSF3.visible());
-    EXPECT_EQ(form.VSF3.dropOf, &form.txtledger[0]);
+    EXPECT_EQ(form.VSF3.dropOf(), &form.txtledger[0]);
     form.txtledger[0].setText("");
   }
   // Enter takes the proposal, the arrows the rest, a click any.

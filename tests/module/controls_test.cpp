@@ -130,7 +130,7 @@ TEST_F(ControlsTest, TextIsEditedByCharacters) {
   int refused = 0;
   form.first.Change = [&] { ++changes; };
   form.first.Overflow = [&] { ++refused; };
-  form.first.maxLength = 4;
+  form.first.setMaxLength(4);
   type("é🙂bcd");
   EXPECT_EQ(form.first.text(), "é🙂bc");
   EXPECT_EQ(refused, 1);

@@ -18,7 +18,7 @@ Document document(int rows, const std::string& name) {
   report.beginTable();
   const auto add = [&](std::vector<std::string> cells, bool heading, const char* rules) {
     report.addRow({std::move(cells),
-                   {1, 0, 1},
+                   {Align::right, Align::left, Align::right},
                    {},
                    {},
                    {},

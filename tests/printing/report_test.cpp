@@ -41,7 +41,7 @@ TEST_F(ReportTest, TheTrialBalanceAsTheGridShowsIt) {
                    "|Total||<ESC E>12345.60<ESC F>|<ESC E>12345.60<ESC F> 11111 00000 00001 11111",
                    "ShowReport"}));
   EXPECT_TRUE(document().rows().front().heading);
-  EXPECT_EQ(document().rows().back().cells[3].align, suite::CellAlign::right);
+  EXPECT_EQ(document().rows().back().cells[3].align, Align::right);
 }
 
 // A sheet of paper says whose it is; the report's own headings stay as they are written.

@@ -22,7 +22,7 @@ class ReportTest : public support::PracticeTest {
   }
   void write(std::vector<std::string> values, std::string rules, std::string emphasis,
              std::string last, std::string printed, bool heading = false) {
-    std::vector<int> alignments = alignments_;
+    std::vector<Align> alignments = alignments_;
     std::vector<long> widths;
     std::vector<std::string> before, after;
     reporter().WriteToReport(values, alignments, widths, before, after, heading, rules, emphasis,
@@ -30,7 +30,7 @@ class ReportTest : public support::PracticeTest {
   }
   const Document& report() { return practice.surroundings().lastReport().value(); }
 
-  std::vector<int> alignments_ = {0, 1, 1};
+  std::vector<Align> alignments_ = {Align::left, Align::right, Align::right};
 };
 
 TEST_F(ReportTest, PrinterCodesBecomeEmphasisAndVanish) {
@@ -68,7 +68,7 @@ TEST_F(ReportTest, PrinterCodesBecomeEmphasisAndVanish) {
   EXPECT_EQ(report().rows()[0].cells[0].text, "SN");
   EXPECT_TRUE(report().rows()[0].heading);
   EXPECT_EQ(report().rows()[1].masks, (std::array<std::string, 4>{"0", "0", "001", "111"}));
-  EXPECT_EQ(report().rows()[1].cells[1].align, CellAlign::right);
+  EXPECT_EQ(report().rows()[1].cells[1].align, Align::right);
 }
 
 TEST_F(ReportTest, BeginsEmptyAndEndsARowWithItsLastCell) {
@@ -88,9 +88,10 @@ TEST_F(ReportTest, ReadsAsTextWithBlocksOverTheirColumns) {
   begin();
   reporter().printtext("Subsidiary Trial Balance");
   reporter().CreateTable(1, 5);
-  alignments_ = {0, 2, 2};
+  alignments_ = {Align::left, Align::center, Align::center};
   write({"Particular", "Original", "Final"}, "011", "111", "001", "111", true);
-  alignments_ = {0, 1, 1, 1, 1};
+  alignments_.assign(5, Align::right);
+  alignments_.front() = Align::left;
   write({"", "Dr.", "Cr.", "Dr.", "Cr."}, "11111", "0", "00001", "11111", true);
   write({"Bänk", "1,250.00", "-", "1,250.00", "-"}, "0", "0", "00001", "11111");
   write({"Total", "1,250.00", "-", "1,250.00", "-"}, "01111", "0", "00001", "11101");

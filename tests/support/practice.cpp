@@ -233,7 +233,7 @@ PracticeTest::Rows PracticeTest::asked() {
 PracticeTest::Rows PracticeTest::printed(bool withHeadings) {
   Rows all;
   if (!practice.surroundings().lastReport()) return all;
-  for (const suite::ReportRow& row : document().rows()) {
+  for (const suite::DocumentRow& row : document().rows()) {
     if (row.heading && !withHeadings) continue;
     auto& cells = all.emplace_back();
     for (const suite::ReportCell& cell : row.cells) cells.push_back(cell.text);

@@ -65,7 +65,7 @@ class RecordingReporter : public Reporter {
     calls_.push_back("CreateTable " + std::to_string(firstColumn) + "," + std::to_string(columns));
     real_->CreateTable(firstColumn, columns);
   }
-  void WriteToReport(std::vector<std::string>& values, std::vector<int>& alignments,
+  void WriteToReport(std::vector<std::string>& values, std::vector<Align>& alignments,
                      std::vector<long>& widths, std::vector<std::string>& before,
                      std::vector<std::string>& after, bool& heading, std::string& rules,
                      std::string& emphasis, std::string& last, std::string& printed) override {

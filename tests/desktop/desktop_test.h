@@ -18,15 +18,15 @@ Application& theApplication();
 // Runs when the program next waits for a person, as in a message box.
 void whenAsked(std::function<void()> answer);
 
-class Stand : public testing::Test {
+class DesktopTest : public testing::Test {
  protected:
-  Stand() {
+  DesktopTest() {
     theApplication().follow(desk);
     form.show();
     settle();
-    form.takeDiary();
+    form.takeEvents();
   }
-  ~Stand() override {
+  ~DesktopTest() override {
     theApplication().leave();
     settle();
   }

@@ -10,9 +10,9 @@ namespace quillet::desktop {
 // the left.
 inline constexpr const char* leadingText = "leadingText";
 
-class QuietStyle : public QProxyStyle {
+class FlatStyle : public QProxyStyle {
  public:
-  QuietStyle();
+  FlatStyle();
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;

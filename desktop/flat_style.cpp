@@ -1,40 +1,17 @@
-#include "desktop/quiet_style.h"
+#include "desktop/flat_style.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
 
+#include "desktop/style_shapes.h"
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
 namespace {
-
-constexpr double radius = 4;
-
-bool has(const QStyleOption* option, QStyle::StateFlag flag) { return option->state & flag; }
-
-QColor accent(const QStyleOption* option) {
-  return option->palette.color(QPalette::Active, QPalette::Highlight);
-}
-
-// A rounded area; the border is the accent and two pixels wide where the focus is.
-void area(QPainter* painter, const QStyleOption* option, const QColor& fill,
-          double corner = radius) {
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  const bool focus = has(option, QStyle::State_HasFocus);
-  const double width = focus ? 2 : 1;
-  painter->setPen(QPen(focus ? accent(option) : theme::line(option->palette), width));
-  painter->setBrush(fill);
-  const double inset = width / 2;
-  painter->drawRoundedRect(QRectF(option->rect).adjusted(inset, inset, -inset, -inset), corner,
-                           corner);
-  painter->restore();
-}
 
 QColor buttonColour(const QStyleOption* option) {
   const QPalette& palette = option->palette;
@@ -50,7 +27,7 @@ QColor buttonColour(const QStyleOption* option) {
 }
 
 void button(QPainter* painter, const QStyleOption* option) {
-  area(painter, option, buttonColour(option));
+  drawArea(painter, option, buttonColour(option));
   if (!has(option, QStyle::State_On)) return;
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
@@ -58,59 +35,6 @@ void button(QPainter* painter, const QStyleOption* option) {
   painter->setBrush(accent(option));
   const QRectF side(option->rect.left() + 3, option->rect.top() + 5, 3, option->rect.height() - 10);
   painter->drawRoundedRect(side, 1.5, 1.5);
-  painter->restore();
-}
-
-void chevron(QPainter* painter, const QRectF& room, const QColor& colour) {
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QPointF middle = room.center();
-  const double reach = std::min(room.width(), room.height()) * 0.18;
-  const QPointF corners[] = {middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
-                             middle + QPointF(reach, -reach / 2)};
-  painter->drawPolyline(corners, 3);
-  painter->restore();
-}
-
-void tickMark(QPainter* painter, const QStyleOption* option) {
-  const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
-  const bool on = has(option, QStyle::State_On);
-  const bool enabled = has(option, QStyle::State_Enabled);
-  const QColor fill = enabled ? accent(option) : theme::dimmed(option->palette);
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(on ? fill : theme::dimmed(option->palette));
-  painter->setBrush(on ? fill : option->palette.color(QPalette::Base));
-  painter->drawRoundedRect(box, 2.5, 2.5);
-  if (on) {
-    painter->setPen(QPen(option->palette.color(QPalette::HighlightedText), box.width() / 8,
-                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const auto at = [&](double x, double y) {
-      return box.topLeft() + QPointF(box.width() * x, box.height() * y);
-    };
-    const QPointF corners[] = {at(0.23, 0.52), at(0.42, 0.71), at(0.77, 0.3)};
-    painter->drawPolyline(corners, 3);
-  }
-  painter->restore();
-}
-
-void radioMark(QPainter* painter, const QStyleOption* option) {
-  const QRectF circle = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
-  const bool on = has(option, QStyle::State_On);
-  const QColor ring =
-      on && has(option, QStyle::State_Enabled) ? accent(option) : theme::dimmed(option->palette);
-  painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(ring);
-  painter->setBrush(option->palette.color(QPalette::Base));
-  painter->drawEllipse(circle);
-  if (on) {
-    const double inset = circle.width() * 0.25;
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(ring);
-    painter->drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
-  }
   painter->restore();
 }
 
@@ -130,25 +54,6 @@ void scrollBar(QPainter* painter, const QStyleOptionSlider& bar, const QRect& th
   painter->restore();
 }
 
-QPixmap messageMark(const QColor& colour, QChar sign, int side, double ratio) {
-  QPixmap mark(QSize(side, side) * ratio);
-  mark.setDevicePixelRatio(ratio);
-  mark.fill(Qt::transparent);
-  QPainter painter(&mark);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  const QRectF disc(1, 1, side - 2, side - 2);
-  painter.drawEllipse(disc);
-  QFont font = QApplication::font();
-  font.setPixelSize(side * 5 / 8);
-  font.setBold(true);
-  painter.setFont(font);
-  painter.setPen(Qt::white);
-  painter.drawText(disc, Qt::AlignCenter, QString(sign));
-  return mark;
-}
-
 void headerSection(QPainter* painter, const QStyleOption* option) {
   const QRect& rect = option->rect;
   painter->fillRect(rect, theme::header(option->palette));
@@ -165,20 +70,20 @@ void progressContents(QPainter* painter, const QStyleOptionProgressBar& bar) {
   painter->setPen(Qt::NoPen);
   painter->setBrush(
       theme::blend(bar.palette.color(QPalette::Text), bar.palette.window().color(), 0.12));
-  painter->drawRoundedRect(room, radius, radius);
+  painter->drawRoundedRect(room, cornerRadius, cornerRadius);
   const double whole = std::max(1, bar.maximum - bar.minimum);
   room.setWidth(room.width() * std::clamp((bar.progress - bar.minimum) / whole, 0.0, 1.0));
   painter->setBrush(accent(&bar));
-  if (room.width() > 0) painter->drawRoundedRect(room, radius, radius);
+  if (room.width() > 0) painter->drawRoundedRect(room, cornerRadius, cornerRadius);
   painter->restore();
 }
 
 }  // namespace
 
-QuietStyle::QuietStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+FlatStyle::FlatStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
-void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
-                               QPainter* painter, const QWidget* widget) const {
+void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
   switch (element) {
     case PE_PanelButtonCommand:
       return button(painter, option);
@@ -188,10 +93,10 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
           has(option, State_ReadOnly) ? QPalette::Window : QPalette::Base;
       const QColor fill = option->palette.color(role);
       if (frame && frame->lineWidth == 0) return painter->fillRect(option->rect, fill);
-      return area(painter, option, fill);
+      return drawArea(painter, option, fill);
     }
     case PE_Frame:
-      return area(painter, option, Qt::transparent);
+      return drawArea(painter, option, Qt::transparent);
     case PE_FrameFocusRect: {
       // Buttons and tables show the focus in their border.
       if (widget && (widget->inherits("QPushButton") || widget->inherits("QAbstractItemView")))
@@ -199,20 +104,20 @@ void QuietStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
       QStyleOption outline(*option);
       outline.rect = option->rect.adjusted(-2, -1, 2, 1);
       outline.state |= State_HasFocus;
-      return area(painter, &outline, Qt::transparent);
+      return drawArea(painter, &outline, Qt::transparent);
     }
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
-      return tickMark(painter, option);
+      return drawTickMark(painter, option);
     case PE_IndicatorRadioButton:
-      return radioMark(painter, option);
+      return drawRadioMark(painter, option);
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
 }
 
-void QuietStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                             const QWidget* widget) const {
+void FlatStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
   switch (element) {
     case CE_HeaderSection:
     case CE_HeaderEmptyArea:
@@ -220,7 +125,7 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
     case CE_PushButtonLabel: {
       const auto* label = qstyleoption_cast<const QStyleOptionButton*>(option);
       if (!label || !widget || !widget->property(leadingText).toBool()) break;
-      const int margin = theme::step(*widget) * 3 / 2;
+      const int margin = theme::spacing(*widget) * 3 / 2;
       drawItemText(painter, option->rect.adjusted(margin, 0, -margin, 0),
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->palette,
                    has(option, State_Enabled), label->text, QPalette::ButtonText);
@@ -239,8 +144,8 @@ void QuietStyle::drawControl(ControlElement element, const QStyleOption* option,
   QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                    QPainter* painter, const QWidget* widget) const {
+void FlatStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
   if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
       bar && control == CC_ScrollBar) {
     return scrollBar(painter, *bar,
@@ -250,32 +155,32 @@ void QuietStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
   if (control != CC_ComboBox || !combo || combo->editable) {
     return QProxyStyle::drawComplexControl(control, option, painter, widget);
   }
-  area(painter, option, buttonColour(option));
+  drawArea(painter, option, buttonColour(option));
   const QRect arrow = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
   const QPalette::ColorGroup group =
       has(option, State_Enabled) ? QPalette::Active : QPalette::Disabled;
-  chevron(painter, arrow, option->palette.color(group, QPalette::ButtonText));
+  drawChevron(painter, arrow, option->palette.color(group, QPalette::ButtonText));
 }
 
-QSize QuietStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
-                                   const QSize& contents, const QWidget* widget) const {
+QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                  const QSize& contents, const QWidget* widget) const {
   QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
   const bool lineHigh = type == CT_PushButton || type == CT_LineEdit || type == CT_ComboBox;
   if (lineHigh && widget) {
     // Boxes and buttons side by side are of one height.
-    const int step = theme::step(*widget);
+    const int step = theme::spacing(*widget);
     size.setHeight(option->fontMetrics.height() + step + step / 4);
     if (type == CT_PushButton) size.setWidth(std::max(contents.width() + 3 * step, 10 * step));
   }
-  if (type == CT_ItemViewItem && widget) size.rheight() += theme::step(*widget) / 2;
+  if (type == CT_ItemViewItem && widget) size.rheight() += theme::spacing(*widget) / 2;
   if (type == CT_HeaderSection && widget) {
-    size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::step(*widget)));
+    size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::spacing(*widget)));
   }
   return size;
 }
 
-QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                                 SubControl part, const QWidget* widget) const {
+QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl part, const QWidget* widget) const {
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
   if (control != CC_ScrollBar || !bar) {
     return QProxyStyle::subControlRect(control, option, part, widget);
@@ -307,8 +212,8 @@ QRect QuietStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
   }
 }
 
-QIcon QuietStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
-                               const QWidget* widget) const {
+QIcon FlatStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                              const QWidget* widget) const {
   struct Mark {
     StandardPixmap which;
     QRgb colour;
@@ -327,8 +232,8 @@ QIcon QuietStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
   return QProxyStyle::standardIcon(which, option, widget);
 }
 
-int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
-                            const QWidget* widget) const {
+int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
   switch (metric) {
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
@@ -350,8 +255,8 @@ int QuietStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
   }
 }
 
-int QuietStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                          QStyleHintReturn* answer) const {
+int FlatStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* answer) const {
   switch (hint) {
     case SH_UnderlineShortcut:
       return 1;

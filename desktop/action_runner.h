@@ -9,9 +9,9 @@ class Form;
 
 namespace quillet::desktop {
 
-class Stage {
+class ActionRunner {
  public:
-  virtual ~Stage() = default;
+  virtual ~ActionRunner() = default;
   // Runs the action on the forms, then brings every window up to date: the action may have changed
   // any of them.
   virtual void perform(const std::function<void()>& action) = 0;

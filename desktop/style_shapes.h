@@ -1,0 +1,26 @@
+// The shapes of which the widgets are drawn: rounded areas, ticks, marks.
+#pragma once
+
+#include <QPixmap>
+#include <QStyle>
+
+class QPainter;
+class QStyleOption;
+
+namespace quillet::desktop {
+
+inline constexpr double cornerRadius = 4;
+
+bool has(const QStyleOption* option, QStyle::StateFlag flag);
+QColor accent(const QStyleOption* option);
+
+// A rounded area; the border is the accent and two pixels wide where the focus is.
+void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill);
+// The arrow of a combo box.
+void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour);
+void drawTickMark(QPainter* painter, const QStyleOption* option);
+void drawRadioMark(QPainter* painter, const QStyleOption* option);
+// The mark of a message box: a sign on a disc.
+QPixmap messageMark(const QColor& colour, QChar sign, int side, double ratio);
+
+}  // namespace quillet::desktop
