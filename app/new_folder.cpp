@@ -9,7 +9,7 @@
 #include "suite/headless_front_end.h"
 #include "suite/queued_dialogs.h"
 #include "suite/sample_practice.h"
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 #include "suite/starter_data.h"
 
 namespace quillet::app {

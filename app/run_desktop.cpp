@@ -4,7 +4,7 @@
 #include "app/new_folder.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 
 namespace quillet::app {
 namespace {
@@ -16,7 +16,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
   suite::Practice practice(folder, application, clock);
-  application.follow(practice.context().desk);
+  application.follow(practice.context().openForms);
   practice.forms().ObjThird()->show();
   const int status = application.run();
   application.leave();

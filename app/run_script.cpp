@@ -60,7 +60,7 @@ int playOnScreen(const fs::path& data, const Options& options) {
   application->useDialogs(&dialogs);
   suite::FixedClock clock;
   suite::Practice practice(suite::DataFolder::open(data), *application, clock);
-  application->follow(practice.context().desk);
+  application->follow(practice.context().openForms);
 
   script::Session session(practice, dialogs, clock);
   const int pause = QGuiApplication::platformName() == QLatin1String("offscreen") ? 0 : pauseMs;

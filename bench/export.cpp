@@ -24,7 +24,7 @@ void exportYear(benchmark::State& state) {
     state.SkipWithError("LibreOffice made no template");
     return;
   }
-  practice().surroundings().useCalc(calc);
+  practice().environment().useCalc(calc);
   auto& dialogs = dynamic_cast<suite::QueuedDialogs&>(practice().frontEnd().dialogs());
   closeEditor();
   frmcrtb& editor = openEditor(year);

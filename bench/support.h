@@ -11,7 +11,7 @@
 #include <functional>
 #include <string>
 
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 
 namespace quillet::bench {
 

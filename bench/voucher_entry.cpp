@@ -84,7 +84,7 @@ void voucherEntry(benchmark::State& state) {
   char* arguments[] = {name, nullptr};
   int count = 1;
   desktop::Application application(count, arguments);
-  application.follow(practice().context().desk);
+  application.follow(practice().context().openForms);
   Forms& forms = practice().forms();
   forms.VClCode(year.code);
   forms.VFATbl(year.table);

@@ -21,7 +21,7 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const std::exception& error) {
-    if (desk_ && desk_->onError) desk_->onError("desktop\tNOTIFY", error);
+    if (openForms_ && openForms_->onError) openForms_->onError("desktop\tNOTIFY", error);
   }
   return false;
 }
@@ -30,7 +30,7 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   QApplication::setApplicationName(QStringLiteral("quillet"));
   QApplication::setApplicationDisplayName(QStringLiteral("Quillet"));
   QApplication::setDesktopFileName(QStringLiteral("quillet"));
-  // The desk says when the last form is closed; a help window left open does not keep the program.
+  // OpenForms says when the last form is closed; a help window left open does not keep the program.
   QApplication::setQuitOnLastWindowClosed(false);
   setTheme(theme::wanted());
   // Without an event loop of the program's own, exit() would end that of the next dialog.
@@ -48,9 +48,9 @@ Application::~Application() {
   delete report_;
 }
 
-void Application::follow(Desk& desk) {
-  qt_.logTo(&desk);
-  windows_.follow(desk);
+void Application::follow(OpenForms& openForms) {
+  qt_.logTo(&openForms);
+  windows_.follow(openForms);
 }
 
 void Application::leave() {

@@ -1,4 +1,4 @@
-// The desktop as a whole: sets Qt up, shows the forms of a desk, and is the front end through which
+// The desktop as a whole: sets Qt up, shows the open forms, and is the front end through which
 // the suite shows itself. One exists for the life of the program.
 #pragma once
 
@@ -24,10 +24,10 @@ class GuardedApplication : public QApplication {
  public:
   using QApplication::QApplication;
   bool notify(QObject* receiver, QEvent* event) override;
-  void logTo(const Desk* desk) { desk_ = desk; }
+  void logTo(const OpenForms* openForms) { openForms_ = openForms; }
 
  private:
-  const Desk* desk_ = nullptr;
+  const OpenForms* openForms_ = nullptr;
 };
 
 class Application : public suite::FrontEnd {
@@ -40,8 +40,8 @@ class Application : public suite::FrontEnd {
 
   void setTheme(theme::Scheme scheme);
 
-  // Shows the desk's forms from now on. leave() before the desk goes.
-  void follow(Desk& desk);
+  // Shows the open forms from now on. leave() before they go.
+  void follow(OpenForms& openForms);
   void leave();
   // Lets a person work until the last window is closed; the exit status.
   int run();

@@ -19,8 +19,8 @@
 namespace quillet::desktop {
 namespace {
 
-bool takesRest(const Node& node, Qt::Orientation direction) {
-  return std::any_of(node.children.begin(), node.children.end(), [&](const Node& child) {
+bool takesRest(const LayoutItem& node, Qt::Orientation direction) {
+  return std::any_of(node.children.begin(), node.children.end(), [&](const LayoutItem& child) {
     return child.stretch > 0 || grows(child, direction);
   });
 }
@@ -35,8 +35,8 @@ FormLayout::FormLayout(ActionRunner& runner, QWidget& body)
   root_.layout->setSpacing(step_);
 }
 
-void FormLayout::arrange(const Node& node) {
-  const Node whole = column({node});
+void FormLayout::arrange(const LayoutItem& node) {
+  const LayoutItem whole = column({node});
   enableLayouts(false);
   update(root_, whole, 0);
   removeUnused(whole);
@@ -55,10 +55,10 @@ void FormLayout::enableLayouts(bool enabled) {
 
 // Fields one under the other make one part. What is left over goes to the end, unless a part has a
 // use for it.
-std::vector<FormLayout::Part> FormLayout::partsOf(const Node& node) {
-  const bool inRow = node.kind == Node::Kind::row;
+std::vector<FormLayout::Part> FormLayout::partsOf(const LayoutItem& node) {
+  const bool inRow = node.kind == LayoutItem::Kind::row;
   std::vector<Part> parts;
-  for (const Node& child : node.children) {
+  for (const LayoutItem& child : node.children) {
     if (!hasPlace(child)) continue;
     if (inRow || child.label.empty()) {
       parts.push_back({child});
@@ -72,18 +72,18 @@ std::vector<FormLayout::Part> FormLayout::partsOf(const Node& node) {
   return parts;
 }
 
-FormLayout::Place FormLayout::placeIn(const Node& node, unsigned frame) {
+FormLayout::Place FormLayout::placeIn(const LayoutItem& node, unsigned frame) {
   const auto& nodes = node.children;
   Place place;
   place.frame = frame;
-  place.inRow = node.kind == Node::Kind::row;
+  place.inRow = node.kind == LayoutItem::Kind::row;
   place.besideBoxes = place.inRow && std::any_of(nodes.begin(), nodes.end(), isLine);
   place.inList = !place.inRow && std::count_if(nodes.begin(), nodes.end(), isButton) >= 3;
   return place;
 }
 
 // Takes the parts out that are no more, and puts the new ones between those that stay.
-void FormLayout::update(Box& box, const Node& node, unsigned frame) {
+void FormLayout::update(Box& box, const LayoutItem& node, unsigned frame) {
   if (box.node == node) return;
   const Place place = placeIn(node, frame);
   const std::vector<Part> parts = partsOf(node);
@@ -112,26 +112,26 @@ void FormLayout::update(Box& box, const Node& node, unsigned frame) {
 }
 
 void FormLayout::insert(const Part& part, QBoxLayout& into, int at, Place place) {
-  const Node& node = part.node;
+  const LayoutItem& node = part.node;
   if (part.fields) return insertFields(node, into, at, place);
   switch (node.kind) {
-    case Node::Kind::gap:
+    case LayoutItem::Kind::gap:
       return into.insertStretch(at, node.stretch);
-    case Node::Kind::row:
-    case Node::Kind::column:
+    case LayoutItem::Kind::row:
+    case LayoutItem::Kind::column:
       return insertBox(node, into, at, place.frame);
-    case Node::Kind::frame:
+    case LayoutItem::Kind::frame:
       return insertFrame(node, into, at, place);
-    case Node::Kind::stack:
+    case LayoutItem::Kind::stack:
       return insertStack(node, into, at, place.frame);
-    case Node::Kind::control:
+    case LayoutItem::Kind::control:
       return insertControl(node, into, at, place);
   }
 }
 
-void FormLayout::insertBox(const Node& node, QBoxLayout& into, int at, unsigned frame) {
-  QBoxLayout* box =
-      node.kind == Node::Kind::row ? static_cast<QBoxLayout*>(new QHBoxLayout) : new QVBoxLayout;
+void FormLayout::insertBox(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame) {
+  QBoxLayout* box = node.kind == LayoutItem::Kind::row ? static_cast<QBoxLayout*>(new QHBoxLayout)
+                                                       : new QVBoxLayout;
   box->setSpacing(step_);
   into.insertLayout(at, box, node.stretch);
   const Place place = placeIn(node, frame);
@@ -139,14 +139,14 @@ void FormLayout::insertBox(const Node& node, QBoxLayout& into, int at, unsigned 
 }
 
 // The labels make a column of their own.
-void FormLayout::insertFields(const Node& node, QBoxLayout& into, int at, Place place) {
+void FormLayout::insertFields(const LayoutItem& node, QBoxLayout& into, int at, Place place) {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(step_ + step_ / 2);
   grid->setVerticalSpacing(step_);
   grid->setColumnStretch(1, 1);
   into.insertLayout(at, grid);
   int line = 0;
-  for (const Node& field : node.children) {
+  for (const LayoutItem& field : node.children) {
     ControlView& view = viewOf(field, place, into.parentWidget());
     const bool table = isTable(field);
     const bool keepsWidth = field.width > 0 && field.stretch == 0;
@@ -161,7 +161,7 @@ void FormLayout::insertFields(const Node& node, QBoxLayout& into, int at, Place 
   }
 }
 
-void FormLayout::insertFrame(const Node& node, QBoxLayout& into, int at, const Place& place) {
+void FormLayout::insertFrame(const LayoutItem& node, QBoxLayout& into, int at, const Place& place) {
   auto& frame = static_cast<FrameView&>(viewOf(node, place, into.parentWidget()));
   Box& box = frames_[node.id];
   if (box.layout != frame.inside()) box = Box(frame.inside());
@@ -169,24 +169,24 @@ void FormLayout::insertFrame(const Node& node, QBoxLayout& into, int at, const P
   update(box, node, node.id);
 }
 
-void FormLayout::insertStack(const Node& node, QBoxLayout& into, int at, unsigned frame) {
+void FormLayout::insertStack(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame) {
   Stack& stack = stacks_[keyOf(node)];
   if (!stack.holder) stack = makeStack(node);
   into.insertWidget(at, stack.holder, std::max(1, node.stretch));
   for (std::size_t page = 0; page < node.children.size(); ++page) {
-    Node inside = node.children[page];
+    LayoutItem inside = node.children[page];
     inside.stretch = std::max(1, inside.stretch);
     update(stack.boxes[page], column({inside}), frame);
-    if (inside.kind != Node::Kind::frame) continue;
+    if (inside.kind != LayoutItem::Kind::frame) continue;
     static_cast<FrameView*>(views_.at(inside.id))->becomePage();
   }
 }
 
-FormLayout::Stack FormLayout::makeStack(const Node& node) {
+FormLayout::Stack FormLayout::makeStack(const LayoutItem& node) {
   Stack stack;
   stack.holder = new QWidget(&body_);
   stack.layout = new QStackedLayout(stack.holder);
-  for (const Node& child : node.children) {
+  for (const LayoutItem& child : node.children) {
     auto* page = new QWidget(stack.holder);
     auto* inside = new QVBoxLayout(page);
     inside->setContentsMargins(0, 0, 0, 0);
@@ -198,9 +198,9 @@ FormLayout::Stack FormLayout::makeStack(const Node& node) {
   return stack;
 }
 
-FormLayout::StackKey FormLayout::keyOf(const Node& stack) {
+FormLayout::StackKey FormLayout::keyOf(const LayoutItem& stack) {
   StackKey key;
-  for (const Node& page : stack.children) key.push_back(page.id);
+  for (const LayoutItem& page : stack.children) key.push_back(page.id);
   return key;
 }
 
@@ -213,7 +213,7 @@ void FormLayout::refreshStacks() {
   }
 }
 
-void FormLayout::insertControl(const Node& node, QBoxLayout& into, int at, Place place) {
+void FormLayout::insertControl(const LayoutItem& node, QBoxLayout& into, int at, Place place) {
   ControlView& view = viewOf(node, place, into.parentWidget());
   if (place.inRow && !node.label.empty()) {
     auto* pair = new QVBoxLayout;
@@ -229,7 +229,7 @@ void FormLayout::insertControl(const Node& node, QBoxLayout& into, int at, Place
 
 // --- widgets ------------------------------------------------------------------------------------
 
-ControlView& FormLayout::viewOf(const Node& node, Place place, QWidget* parent) {
+ControlView& FormLayout::viewOf(const LayoutItem& node, Place place, QWidget* parent) {
   place.width = node.width;
   place.stretch = node.stretch;
   ControlView*& view = views_[node.id];
@@ -256,7 +256,7 @@ ControlView& FormLayout::viewOf(const Node& node, Place place, QWidget* parent) 
   return *view;
 }
 
-QWidget* FormLayout::labelFor(const Node& node, ControlView& view, QWidget* parent) {
+QWidget* FormLayout::labelFor(const LayoutItem& node, ControlView& view, QWidget* parent) {
   const QString text = toQt(node.label);
   const auto known =
       std::find_if(freeLabels_.begin(), freeLabels_.end(), [&](const FieldLabel* label) {
@@ -274,22 +274,22 @@ QWidget* FormLayout::labelFor(const Node& node, ControlView& view, QWidget* pare
 }
 
 // What stands in a frame keeps its labels: the frame is arranged by itself.
-void FormLayout::releaseLabels(const Node& node) {
-  if (node.kind == Node::Kind::frame || node.kind == Node::Kind::stack) return;
+void FormLayout::releaseLabels(const LayoutItem& node) {
+  if (node.kind == LayoutItem::Kind::frame || node.kind == LayoutItem::Kind::stack) return;
   const auto found = views_.find(node.id);
   QWidget* label = found == views_.end() ? nullptr : found->second->takeLabel();
   if (label) freeLabels_.push_back(static_cast<FieldLabel*>(label));
-  for (const Node& child : node.children) releaseLabels(child);
+  for (const LayoutItem& child : node.children) releaseLabels(child);
 }
 
-void FormLayout::collectUsed(const Node& node, std::set<unsigned>& controls,
+void FormLayout::collectUsed(const LayoutItem& node, std::set<unsigned>& controls,
                              std::set<StackKey>& stacks) {
   if (node.control) controls.insert(node.id);
-  if (node.kind == Node::Kind::stack) stacks.insert(keyOf(node));
-  for (const Node& child : node.children) collectUsed(child, controls, stacks);
+  if (node.kind == LayoutItem::Kind::stack) stacks.insert(keyOf(node));
+  for (const LayoutItem& child : node.children) collectUsed(child, controls, stacks);
 }
 
-void FormLayout::removeUnused(const Node& node) {
+void FormLayout::removeUnused(const LayoutItem& node) {
   std::set<unsigned> controls;
   std::set<StackKey> stacks;
   collectUsed(node, controls, stacks);

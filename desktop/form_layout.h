@@ -23,7 +23,7 @@ class FormLayout {
   // layouts of rows and columns that stay as they are: a form may change it at every key.
   // The layouts rest until settle(), which follows when every widget is shown or hidden as its
   // control is.
-  void arrange(const Node& node);
+  void arrange(const LayoutItem& node);
   void settle();
   // By the id of their controls.
   const std::map<unsigned, ControlView*>& views() const { return views_; }
@@ -43,7 +43,7 @@ class FormLayout {
   };
   // One item of a box layout.
   struct Part {
-    Node node;
+    LayoutItem node;
     bool fields = false;  // a column of fields whose labels make a column of their own
     bool operator==(const Part&) const = default;
   };
@@ -53,7 +53,7 @@ class FormLayout {
     QBoxLayout* layout;
     int first;  // index of the first part: a frame's heading stands before
     Place place;
-    Node node;
+    LayoutItem node;
     std::vector<Part> parts;
   };
   struct Stack {
@@ -64,24 +64,24 @@ class FormLayout {
   };
   using StackKey = std::vector<unsigned>;
 
-  static std::vector<Part> partsOf(const Node& node);
-  static Place placeIn(const Node& node, unsigned frame);
-  static StackKey keyOf(const Node& stack);
+  static std::vector<Part> partsOf(const LayoutItem& node);
+  static Place placeIn(const LayoutItem& node, unsigned frame);
+  static StackKey keyOf(const LayoutItem& stack);
 
-  void update(Box& box, const Node& node, unsigned frame);
+  void update(Box& box, const LayoutItem& node, unsigned frame);
   void insert(const Part& part, QBoxLayout& into, int at, Place place);
-  void insertBox(const Node& node, QBoxLayout& into, int at, unsigned frame);
-  void insertFields(const Node& node, QBoxLayout& into, int at, Place place);
-  void insertFrame(const Node& node, QBoxLayout& into, int at, const Place& place);
-  void insertStack(const Node& node, QBoxLayout& into, int at, unsigned frame);
-  void insertControl(const Node& node, QBoxLayout& into, int at, Place place);
-  Stack makeStack(const Node& node);
-  ControlView& viewOf(const Node& node, Place place, QWidget* parent);
-  QWidget* labelFor(const Node& node, ControlView& view, QWidget* parent);
-  void releaseLabels(const Node& node);
+  void insertBox(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame);
+  void insertFields(const LayoutItem& node, QBoxLayout& into, int at, Place place);
+  void insertFrame(const LayoutItem& node, QBoxLayout& into, int at, const Place& place);
+  void insertStack(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame);
+  void insertControl(const LayoutItem& node, QBoxLayout& into, int at, Place place);
+  Stack makeStack(const LayoutItem& node);
+  ControlView& viewOf(const LayoutItem& node, Place place, QWidget* parent);
+  QWidget* labelFor(const LayoutItem& node, ControlView& view, QWidget* parent);
+  void releaseLabels(const LayoutItem& node);
   void enableLayouts(bool enabled);
-  void removeUnused(const Node& node);
-  static void collectUsed(const Node& node, std::set<unsigned>& controls,
+  void removeUnused(const LayoutItem& node);
+  static void collectUsed(const LayoutItem& node, std::set<unsigned>& controls,
                           std::set<StackKey>& stacks);
 
   ActionRunner& runner_;

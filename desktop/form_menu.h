@@ -5,8 +5,8 @@
 #include <map>
 #include <vector>
 
+#include "controls/basic_controls.h"
 #include "controls/form.h"
-#include "controls/simple.h"
 #include "desktop/action_runner.h"
 
 class QAction;

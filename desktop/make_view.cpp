@@ -17,7 +17,7 @@ ControlView* viewOf(Control& control, ActionRunner& runner, QWidget* parent) {
   return model ? new View(*model, runner, parent) : nullptr;
 }
 
-bool hasFixedHeight(const Node& node) {
+bool hasFixedHeight(const LayoutItem& node) {
   const auto* grid = dynamic_cast<const Grid*>(node.control);
   return grid && grid->fixedRows() > 0;
 }
@@ -38,34 +38,36 @@ ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent) {
   return nullptr;
 }
 
-bool hasPlace(const Node& node) {
+bool hasPlace(const LayoutItem& node) {
   const auto* grid = dynamic_cast<const Grid*>(node.control);
   return !(grid && grid->dropOf()) && !dynamic_cast<const MenuEntry*>(node.control);
 }
 
-bool isButton(const Node& node) { return dynamic_cast<const Button*>(node.control) != nullptr; }
+bool isButton(const LayoutItem& node) {
+  return dynamic_cast<const Button*>(node.control) != nullptr;
+}
 
-bool isTable(const Node& node) {
+bool isTable(const LayoutItem& node) {
   return dynamic_cast<const Grid*>(node.control) || dynamic_cast<const ListBox*>(node.control);
 }
 
-bool isLine(const Node& node) {
+bool isLine(const LayoutItem& node) {
   return dynamic_cast<const TextBox*>(node.control) || dynamic_cast<const MaskBox*>(node.control) ||
          dynamic_cast<const ComboBox*>(node.control);
 }
 
-bool grows(const Node& node, Qt::Orientation direction) {
+bool grows(const LayoutItem& node, Qt::Orientation direction) {
   if (!hasPlace(node)) return false;
   switch (node.kind) {
-    case Node::Kind::gap:
-    case Node::Kind::stack:
+    case LayoutItem::Kind::gap:
+    case LayoutItem::Kind::stack:
       return true;
-    case Node::Kind::control:
+    case LayoutItem::Kind::control:
       if (isTable(node)) return direction == Qt::Horizontal || !hasFixedHeight(node);
       return direction == Qt::Horizontal && node.stretch > 0;
     default:
       return std::any_of(node.children.begin(), node.children.end(),
-                         [&](const Node& child) { return grows(child, direction); });
+                         [&](const LayoutItem& child) { return grows(child, direction); });
   }
 }
 

@@ -16,13 +16,13 @@ class ActionRunner;
 ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent);
 
 // A drop-down has no place in the arrangement: it lies over the others.
-bool hasPlace(const Node& node);
-bool isButton(const Node& node);
+bool hasPlace(const LayoutItem& node);
+bool isButton(const LayoutItem& node);
 // A grid or list.
-bool isTable(const Node& node);
+bool isTable(const LayoutItem& node);
 // A box of one line.
-bool isLine(const Node& node);
+bool isLine(const LayoutItem& node);
 // Whether the node makes use of more room than it needs.
-bool grows(const Node& node, Qt::Orientation direction);
+bool grows(const LayoutItem& node, Qt::Orientation direction);
 
 }  // namespace quillet::desktop

@@ -1,7 +1,7 @@
 // Views of the controls that are only read or clicked: label, button, option, check box, frame.
 #pragma once
 
-#include "controls/simple.h"
+#include "controls/basic_controls.h"
 #include "desktop/control_view.h"
 
 class QAbstractButton;

@@ -78,15 +78,15 @@ void TextBoxView::typeAll(const std::vector<Key>& typed) {
 
 void TextBoxView::type(Key key) {
   perform([&] {
-    const Key left = box_.form().offer(key);
+    const Key left = box_.form().runKeyHandlers(key);
     if (left == keys::none) {
       // Discarded; a handler may still have hidden or disabled the box.
     } else if (box_.form().active() == &box_) {
       edit(left);
     } else {
-      box_.form().act(left);
+      box_.form().handleKey(left);
     }
-    box_.form().settle();
+    box_.form().repairFocus();
   });
 }
 
@@ -94,7 +94,7 @@ void TextBoxView::edit(Key key) {
   refresh();  // what the handlers changed comes before what the key does
   const bool deletes = key == keys::Backspace || key == keys::Delete;
   if (box_.locked() || !(deletes || keys::typesText(key))) {
-    box_.form().act(key);
+    box_.form().handleKey(key);
   } else if (key == keys::Backspace) {
     line_->backspace();
   } else if (key == keys::Delete) {

@@ -10,19 +10,19 @@ namespace quillet::desktop {
 
 Windows::~Windows() { leave(); }
 
-void Windows::follow(Desk& desk) {
+void Windows::follow(OpenForms& openForms) {
   leave();
-  desk_ = &desk;
-  desk.onOpened = [this](Form& form) { opened(form); };
-  desk.onClosed = [this](Form& form) { closed(form); };
-  for (Form* form : desk.open()) opened(*form);
+  openForms_ = &openForms;
+  openForms.onOpened = [this](Form& form) { opened(form); };
+  openForms.onClosed = [this](Form& form) { closed(form); };
+  for (Form* form : openForms.open()) opened(*form);
 }
 
 void Windows::leave() {
-  if (!desk_) return;
-  desk_->onOpened = {};
-  desk_->onClosed = {};
-  desk_ = nullptr;
+  if (!openForms_) return;
+  openForms_->onOpened = {};
+  openForms_->onClosed = {};
+  openForms_ = nullptr;
   for (const auto& window : windows_) {
     if (!window) continue;
     window->detach();
@@ -39,7 +39,7 @@ FormWindow* Windows::of(const Form& form) const {
 }
 
 FormWindow* Windows::front() const {
-  return desk_ && desk_->active() ? of(*desk_->active()) : nullptr;
+  return openForms_ && openForms_->active() ? of(*openForms_->active()) : nullptr;
 }
 
 void Windows::setFootnote(const QString& text) {
@@ -96,19 +96,19 @@ void Windows::closed(Form& form) {
 
 void Windows::activated(Form& form) {
   // A window that the program itself raised while it was at work is known already.
-  if (performing() || !desk_ || desk_->active() == &form) return;
-  perform([&] { desk_->bringToFront(form); });
+  if (performing() || !openForms_ || openForms_->active() == &form) return;
+  perform([&] { openForms_->bringToFront(form); });
 }
 
 void Windows::perform(const std::function<void()>& action) {
   {
     const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
     action();
-    if (desk_ && depth_ == 1) {
-      const std::vector<Form*> open = desk_->open();
+    if (openForms_ && depth_ == 1) {
+      const std::vector<Form*> open = openForms_->open();
       for (Form* form : open) {
-        const auto& still = desk_->open();
-        if (std::find(still.begin(), still.end(), form) != still.end()) form->settle();
+        const auto& still = openForms_->open();
+        if (std::find(still.begin(), still.end(), form) != still.end()) form->repairFocus();
       }
     }
   }

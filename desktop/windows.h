@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "controls/desk.h"
+#include "controls/open_forms.h"
 #include "desktop/action_runner.h"
 
 namespace quillet::desktop {
@@ -19,9 +19,9 @@ class Windows : public ActionRunner {
   Windows() = default;
   ~Windows() override;
 
-  // Shows the forms of the desk from now on.
-  void follow(Desk& desk);
-  // Takes no more notice of the desk, which may go.
+  // Shows the open forms from now on.
+  void follow(OpenForms& openForms);
+  // Takes no more notice of the open forms, which may go.
   void leave();
 
   void refresh();
@@ -46,7 +46,7 @@ class Windows : public ActionRunner {
   void activated(Form& form);
   FormWindow& create(Form& form);
 
-  Desk* desk_ = nullptr;
+  OpenForms* openForms_ = nullptr;
   std::vector<QPointer<FormWindow>> windows_;  // oldest first
   QString footnote_;
   int depth_ = 0;

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "script/keys.h"
 #include "script/member.h"
@@ -78,7 +78,7 @@ constexpr Member common[] = {
 
 // Presses key after key; a key may close the form.
 void pressAll(const Session& session, Form& form, const std::u32string& typed) {
-  const auto& open = session.desk().open();
+  const auto& open = session.openForms().open();
   for (const Key key : typed) {
     if (std::find(open.begin(), open.end(), &form) == open.end()) {
       throw Error("the form was closed while text was typed into it");
@@ -150,7 +150,7 @@ int choose(Call& call, Control& control) {
     focusOn(call.session(), control);
     Form& form = control.form();
     as<Choice>(control).choose(positionOf(call, as<Choice>(control)));
-    form.settle();
+    form.repairFocus();
   });
   return call.none();
 }

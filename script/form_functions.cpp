@@ -26,7 +26,7 @@ int show(Call& call) {
 }
 
 int form(Call& call) {
-  const Form* found = call.session().desk().find(call.text(1));
+  const Form* found = call.session().openForms().find(call.text(1));
   if (found == nullptr) return call.nil();
   pushForm(call.state(), *found);
   return 1;
@@ -34,7 +34,7 @@ int form(Call& call) {
 
 int forms(Call& call) {
   std::vector<std::string> names;
-  for (const Form* open : call.session().desk().open()) names.push_back(open->name());
+  for (const Form* open : call.session().openForms().open()) names.push_back(open->name());
   return call.give(names);
 }
 

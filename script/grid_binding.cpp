@@ -115,7 +115,7 @@ int pick(Call& call, Control& control) {
     list.setCurrent(picked);
     // A click into a drop-down list takes the row.
     if (list.dropOf() != nullptr) list.form().doubleClick(list);
-    list.form().settle();
+    list.form().repairFocus();
   });
   return call.give(picked);
 }

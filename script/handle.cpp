@@ -53,7 +53,7 @@ Handle handleAt(const Call& call, int n, const char* type) {
 }
 
 Form* openForm(const Session& session, const Handle& handle) {
-  const auto& open = session.desk().open();
+  const auto& open = session.openForms().open();
   const auto at = std::find(open.begin(), open.end(), handle.form);
   return at != open.end() && (*at)->name() == handle.formName ? *at : nullptr;
 }
@@ -74,9 +74,9 @@ Control& controlOf(const Session& session, const Handle& handle) {
 }
 
 void bringToFront(const Session& session, Form& form) {
-  Desk& desk = session.desk();
-  if (desk.active() == &form || desk.bringToFront(form)) return;
-  throw Error("the form " + form.name() + " is covered by the form " + desk.active()->name());
+  OpenForms& openForms = session.openForms();
+  if (openForms.active() == &form || openForms.bringToFront(form)) return;
+  throw Error("the form " + form.name() + " is covered by the form " + openForms.active()->name());
 }
 
 std::string describe(const Control& control) {

@@ -40,7 +40,7 @@ void pushRows(lua_State* state, const Document& document,
 }
 
 int report(Call& call) {
-  const auto& document = call.session().practice.surroundings().lastReport();
+  const auto& document = call.session().practice.environment().lastReport();
   if (!document) return call.nil();
   lua_State* state = call.state();
   lua_newtable(state);
@@ -62,7 +62,7 @@ void writeText(const std::filesystem::path& path, const std::string& text) {
 
 int saveReport(Call& call) {
   const std::filesystem::path path = call.text(1);
-  const auto& document = call.session().practice.surroundings().lastReport();
+  const auto& document = call.session().practice.environment().lastReport();
   if (!document) throw Error("no report was shown yet");
   const std::string ending = path.extension().string();
   if (equalIgnoringCase(ending, ".txt")) {

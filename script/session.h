@@ -8,7 +8,7 @@
 
 #include "suite/clocks.h"
 #include "suite/queued_dialogs.h"
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 
 namespace quillet::script {
 
@@ -28,7 +28,7 @@ class Session {
   std::function<void(const suite::Document&, const std::filesystem::path&)> savePdf;
   std::function<void(const std::filesystem::path&)> screenshot;
 
-  Desk& desk() const { return practice.context().desk; }
+  OpenForms& openForms() const { return practice.context().openForms; }
 
   // Runs an action on the forms, updates the windows, and throws when a question was asked that the
   // script had not answered. The form has trapped the error by then, so it is taken from the

@@ -1,6 +1,6 @@
 #include "suite/client_list_dialogs.h"
 
-#include "controls/desk.h"
+#include "controls/open_forms.h"
 #include "data/errors.h"
 #include "suite/client_selection_form.h"
 #include "suite/client_setup_form.h"
@@ -13,26 +13,26 @@ ClientListDialogs::ClientListDialogs(Database& database, Settings& settings)
 ClientListDialogs::~ClientListDialogs() = default;
 
 void ClientListDialogs::showSelection(const std::string& status) {
-  show(std::make_unique<frmClSelection>(desk(), database_, settings_, status));
+  show(std::make_unique<frmClSelection>(openForms(), database_, settings_, status));
 }
 
-void ClientListDialogs::showSetup() { show(std::make_unique<frmClSetup>(desk(), settings_)); }
+void ClientListDialogs::showSetup() { show(std::make_unique<frmClSetup>(openForms(), settings_)); }
 
 void ClientListDialogs::show(std::unique_ptr<Form> form) {
   if (shown_ && shown_->visible()) {
-    desk_->bringToFront(*shown_);
+    openForms_->bringToFront(*shown_);
     return;
   }
   shown_ = std::move(form);
   shown_->showModal();
 }
 
-Desk& ClientListDialogs::desk() {
+OpenForms& ClientListDialogs::openForms() {
   constexpr long invalidCall = 5;
-  if (desk_ == nullptr) {
-    throw RunTimeError(invalidCall, "There is no desk to show it on.", "Service");
+  if (openForms_ == nullptr) {
+    throw RunTimeError(invalidCall, "There is no screen to show it on.", "Service");
   }
-  return *desk_;
+  return *openForms_;
 }
 
 }  // namespace quillet::suite

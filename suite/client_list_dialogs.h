@@ -8,7 +8,7 @@
 #include "suite/settings.h"
 
 namespace quillet {
-class Desk;
+class OpenForms;
 class Form;
 }  // namespace quillet
 
@@ -20,17 +20,17 @@ class ClientListDialogs {
   ~ClientListDialogs();
 
   // Where they open; nothing is shown before.
-  void useDesk(Desk& desk) { desk_ = &desk; }
+  void useOpenForms(OpenForms& openForms) { openForms_ = &openForms; }
   void showSelection(const std::string& status);
   void showSetup();
 
  private:
   void show(std::unique_ptr<Form> form);
-  Desk& desk();
+  OpenForms& openForms();
 
   Database& database_;
   Settings& settings_;
-  Desk* desk_ = nullptr;
+  OpenForms* openForms_ = nullptr;
   std::unique_ptr<Form> shown_;  // the one shown last
 };
 

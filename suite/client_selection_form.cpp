@@ -15,9 +15,9 @@ std::string chosenText(const ComboBox& box) { return box.chosen() > 1 ? box.text
 
 }  // namespace
 
-frmClSelection::frmClSelection(Desk& desk, Database& database, Settings& settings,
+frmClSelection::frmClSelection(OpenForms& openForms, Database& database, Settings& settings,
                                std::string status)
-    : Form(desk, "frmClSelection"),
+    : Form(openForms, "frmClSelection"),
       database_(database),
       settings_(settings),
       status_(std::move(status)) {
@@ -35,7 +35,7 @@ frmClSelection::frmClSelection(Desk& desk, Database& database, Settings& setting
 }
 
 void frmClSelection::load() {
-  trap("FORM_LOAD", [&] {
+  logErrors("FORM_LOAD", [&] {
     fill(cbostatus, "Status",
          status_.empty() ? settings_.get(cc::section, cc::statusKey) : status_);
     fill(cbogroup, "GroupCode", settings_.get(cc::section, cc::groupKey));
@@ -58,7 +58,7 @@ void frmClSelection::save(const std::string& status, const std::string& group) {
   close();
 }
 
-Node frmClSelection::layout() {
+LayoutItem frmClSelection::layout() {
   return column({field("&Status", cbostatus, 30), field("&Group", cbogroup, 30), gap(),
                  row({gap(), item(cmdok), item(cmdall), item(cmdcancel)})});
 }

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/form.h"
-#include "controls/simple.h"
 #include "suite/database.h"
 #include "suite/settings.h"
 
@@ -14,7 +14,7 @@ namespace quillet::suite {
 class frmClSelection : public Form {
  public:
   // Starts with the status given, or with the one kept when that is empty.
-  frmClSelection(Desk& desk, Database& database, Settings& settings, std::string status);
+  frmClSelection(OpenForms& openForms, Database& database, Settings& settings, std::string status);
 
   ComboBox cbostatus{*this, "cbostatus"};
   ComboBox cbogroup{*this, "cbogroup"};
@@ -22,7 +22,7 @@ class frmClSelection : public Form {
   Button cmdall{*this, "cmdall", "Show &All"};
   Button cmdcancel{*this, "cmdcancel", "&Cancel"};
 
-  Node layout() override;
+  LayoutItem layout() override;
 
  protected:
   void load() override;

@@ -22,8 +22,8 @@ int widthIn(const std::string& text, int usual) {
 
 }  // namespace
 
-frmClSetup::frmClSetup(Desk& desk, Settings& settings)
-    : Form(desk, "frmClSetup"), settings_(settings) {
+frmClSetup::frmClSetup(OpenForms& openForms, Settings& settings)
+    : Form(openForms, "frmClSetup"), settings_(settings) {
   setCaption("Columns of the Client List");
   size = {0.4, 0.5, 1.0};
   vsf.setColumns({{.heading = "Show", .width = 6, .tick = true},
@@ -45,7 +45,7 @@ frmClSetup::frmClSetup(Desk& desk, Settings& settings)
 }
 
 void frmClSetup::load() {
-  trap("FORM_LOAD", [&] { show(cc::parse(settings_.get(cc::section, cc::columnsKey))); });
+  logErrors("FORM_LOAD", [&] { show(cc::parse(settings_.get(cc::section, cc::columnsKey))); });
 }
 
 // The columns shown come first, in their order; the others follow without a tick.
@@ -96,7 +96,7 @@ void frmClSetup::save() {
   close();
 }
 
-Node frmClSetup::layout() {
+LayoutItem frmClSetup::layout() {
   return column(
       {row({item(vsf, 1), column({item(cmdup), item(cmddown), item(cmddefault), gap()})}, 1),
        row({gap(), item(cmdok), item(cmdcancel)})});

@@ -3,9 +3,9 @@
 
 #include <vector>
 
+#include "controls/basic_controls.h"
 #include "controls/form.h"
 #include "controls/grid.h"
-#include "controls/simple.h"
 #include "data/client_columns.h"
 #include "suite/settings.h"
 
@@ -13,7 +13,7 @@ namespace quillet::suite {
 
 class frmClSetup : public Form {
  public:
-  frmClSetup(Desk& desk, Settings& settings);
+  frmClSetup(OpenForms& openForms, Settings& settings);
 
   Grid vsf{*this, "vsf"};  // columns "Show" (tick), "Column", "Width"
   Button cmdup{*this, "cmdup", "Move &Up"};
@@ -22,7 +22,7 @@ class frmClSetup : public Form {
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "&Cancel"};
 
-  Node layout() override;
+  LayoutItem layout() override;
 
  protected:
   void load() override;

@@ -22,7 +22,7 @@ class Service : public ServiceObject {
   Service(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd);
 
   // Where the dialogs of the client list open. They need it; nothing else does.
-  void useDesk(Desk& desk) { clientListDialogs_.useDesk(desk); }
+  void useOpenForms(OpenForms& openForms) { clientListDialogs_.useOpenForms(openForms); }
 
   // --- for scripts and tests
   // Statements of the module, recorded and made to fail; the suite's own do not pass here.

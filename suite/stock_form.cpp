@@ -17,7 +17,8 @@ constexpr int amountLength = 20;
 
 }  // namespace
 
-frmTrade::frmTrade(Desk& desk, Dialogs& dialogs) : Form(desk, "frmTrade"), dialogs_(dialogs) {
+frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs)
+    : Form(openForms, "frmTrade"), dialogs_(dialogs) {
   setCaption("Closing Stock");
   size = {0.6, 0.6, 1.0};
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
@@ -198,7 +199,7 @@ Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {
       {text, "Closing Stock", buttons, icon, buttons == Buttons::OK ? Answer::OK : Answer::No});
 }
 
-Node frmTrade::layout() {
+LayoutItem frmTrade::layout() {
   return column({item(vsf, 1),
                  row({field("&Particulars", txtpart, 32, 1), field("&Group", txtgroup, 28, 1),
                       field("A&mount", txtamount, 18), item(vsfp), item(vsfg)}),

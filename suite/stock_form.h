@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "books/closing_stock.h"
+#include "controls/basic_controls.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/lookup_list.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "ports/ports.h"
 
@@ -20,7 +20,7 @@ namespace quillet::suite {
 
 class frmTrade : public Form, public StockForm {
  public:
-  frmTrade(Desk& desk, Dialogs& dialogs);
+  frmTrade(OpenForms& openForms, Dialogs& dialogs);
 
   Grid vsf{*this, "vsf"};  // "Particulars", "Group", "Amount"
   TextBox txtpart{*this, "txtpart"};
@@ -36,7 +36,7 @@ class frmTrade : public Form, public StockForm {
   void LoadData(ServiceObject& host, const std::string& client, const std::string& table) override;
   void Show(int modal, std::function<void()> closed) override;
 
-  Node layout() override;
+  LayoutItem layout() override;
 
  protected:
   void load() override;
@@ -65,9 +65,9 @@ class frmTrade : public Form, public StockForm {
 };
 
 // The component through which the module comes by the form.
-class StockFormsOnDesk : public StockForms {
+class StockComponent : public StockForms {
  public:
-  StockFormsOnDesk(Desk& desk, Dialogs& dialogs) : form_(desk, dialogs) {}
+  StockComponent(OpenForms& openForms, Dialogs& dialogs) : form_(openForms, dialogs) {}
   StockForm& ObjTrade() override { return form_; }
 
  private:

@@ -54,7 +54,7 @@ void Choice::choose(int position) {
   if (chosen_ != before) Click();
 }
 
-bool Choice::act(Key key) {
+bool Choice::handleKey(Key key) {
   switch (key) {
     case keys::Up:
       choose(std::max(chosen_ - 1, std::min(1, size())));

@@ -34,7 +34,7 @@ class Choice : public Control {
   void choose(int position);
 
   // Up, Down, Home, End, and a character that begins the next item.
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
 
  private:
   std::vector<std::string> items_;

@@ -67,7 +67,7 @@ class Control {
   virtual void clicked() { Click(); }
 
   // What the control does by itself with a key that no handler discarded; true when it used it.
-  virtual bool act(Key) { return false; }
+  virtual bool handleKey(Key) { return false; }
 
   // What a kind of control checks by itself, whatever handlers are attached: a character before
   // KeyPress sees it (zero discards it), its text before LostFocus.

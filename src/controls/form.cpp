@@ -5,16 +5,17 @@
 #include <stdexcept>
 #include <utility>
 
-#include "controls/desk.h"
+#include "controls/open_forms.h"
 #include "controls/scoped_flag.h"
 #include "data/text.h"
 
 namespace quillet {
 
-Form::Form(Desk& desk, std::string name) : desk_(desk), name_(std::move(name)) {}
+Form::Form(OpenForms& openForms, std::string name)
+    : openForms_(openForms), name_(std::move(name)) {}
 
 Form::~Form() {
-  if (visible_) desk_.forget(*this);
+  if (visible_) openForms_.forget(*this);
 }
 
 unsigned Form::adopt(Control& control) {
@@ -39,7 +40,7 @@ const std::string Form::eventOwner = "FORM";
 
 void Form::report(std::string_view procedure, const std::exception& error) const noexcept {
   try {
-    if (desk_.onError) desk_.onError(name_ + '\t' + std::string(procedure), error);
+    if (openForms_.onError) openForms_.onError(name_ + '\t' + std::string(procedure), error);
   } catch (...) {
     // There is nowhere else to report a log that cannot be written.
   }
@@ -68,20 +69,20 @@ void reportTrapped(const Form& form, const char* procedure) noexcept {
 
 void Form::show() {
   if (visible_) {
-    desk_.bringToFront(*this);
+    openForms_.bringToFront(*this);
     return;
   }
   if (!loaded_) {
     loaded_ = true;
-    trap("FORM_LOAD", [&] {
+    logErrors("FORM_LOAD", [&] {
       // First of all: it places the controls in frames, and a hidden frame takes no focus.
       if (arrangementVersion_ == 0) arrangementChanged();
       load();
     });
   }
   visible_ = true;
-  settle();
-  desk_.opened(*this);
+  repairFocus();
+  openForms_.opened(*this);
   activate();
 }
 
@@ -94,16 +95,16 @@ void Form::showModal(std::function<void()> closed) {
 bool Form::close() {
   if (!visible_) return true;
   bool cancel = false;
-  trap("FORM_UNLOAD", [&] { unload(cancel); });
+  logErrors("FORM_UNLOAD", [&] { unload(cancel); });
   if (cancel) return false;
   visible_ = false;
   loaded_ = false;
   modal_ = false;
   active_ = nullptr;
-  desk_.closed(*this);
+  openForms_.closed(*this);
   // Moved out first: the opener may open the form again from here.
   const auto closed = std::exchange(closed_, {});
-  if (closed) trap("FORM_CLOSED", closed);
+  if (closed) logErrors("FORM_CLOSED", closed);
   return true;
 }
 
@@ -114,11 +115,11 @@ void Form::arrangementChanged() {
 }
 
 void Form::resized() {
-  trap("FORM_RESIZE", [&] { resize(); });
+  logErrors("FORM_RESIZE", [&] { resize(); });
 }
 
 void Form::activate() {
-  trap("FORM_ACTIVE", [&] { activated(); });
+  logErrors("FORM_ACTIVE", [&] { activated(); });
 }
 
 // --- controls -----------------------------------------------------------------------------------
@@ -190,7 +191,7 @@ void Form::focusNext(bool backwards) {
   if (Control* next = nextFocusable(active_, backwards)) focus(*next);
 }
 
-void Form::settle() {
+void Form::repairFocus() {
   if (moving_ || (active_ && active_->focusable())) return;
   Control* next = nextFocusable(active_, false);
   if (next == active_) return;
@@ -200,7 +201,7 @@ void Form::settle() {
 
 // --- keys and clicks ----------------------------------------------------------------------------
 
-Key Form::offer(Key key) {
+Key Form::runKeyHandlers(Key key) {
   const auto each = [&](const Event<Key&>& handler) {
     if (key != keys::none) handler(key);
   };
@@ -215,25 +216,25 @@ Key Form::offer(Key key) {
   return key;
 }
 
-void Form::act(Key key) {
+void Form::handleKey(Key key) {
   if (key == keys::Tab || key == keys::BackTab) {
     focusNext(key == keys::BackTab);
   } else if (active_ && active_->enabled()) {
-    active_->act(key);
+    active_->handleKey(key);
   }
 }
 
 void Form::press(Key key) {
-  const Key left = offer(key);
-  if (left != keys::none) act(left);
-  settle();
+  const Key left = runKeyHandlers(key);
+  if (left != keys::none) handleKey(left);
+  repairFocus();
 }
 
 bool Form::click(Control& control) {
   if (!control.clickable()) return false;
   if (control.takesFocus() && !focus(control)) return false;
   control.clicked();
-  settle();
+  repairFocus();
   return true;
 }
 
@@ -241,7 +242,7 @@ void Form::doubleClick(Control& control) {
   if (!control.enabled() || !control.shown()) return;
   if (control.takesFocus() && !focus(control)) return;
   control.DblClick();
-  settle();
+  repairFocus();
 }
 
 }  // namespace quillet

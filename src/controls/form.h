@@ -13,11 +13,11 @@
 
 namespace quillet {
 
-class Desk;
+class OpenForms;
 
 class Form {
  public:
-  Form(Desk& desk, std::string name);
+  Form(OpenForms& openForms, std::string name);
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -28,7 +28,7 @@ class Form {
   // Whose books the form is on and for what period, as its reports say it; "" when a report names
   // that by itself.
   virtual std::string subject() const { return {}; }
-  Desk& desk() const { return desk_; }
+  OpenForms& openForms() const { return openForms_; }
 
   // Opens the form: FORM_LOAD when it is not loaded, then FORM_ACTIVE. An open form comes to the
   // front.
@@ -42,11 +42,11 @@ class Form {
 
   // The arrangement as it stands now; made from layout() when the form is shown and whenever a form
   // says that it changed (rows of controls were added or removed). Views compare the version.
-  const Node& arrangement() const { return arrangement_; }
+  const LayoutItem& arrangement() const { return arrangement_; }
   unsigned arrangementVersion() const { return arrangementVersion_; }
   void arrangementChanged();
   // Describes the arrangement.
-  virtual Node layout() = 0;
+  virtual LayoutItem layout() = 0;
 
   // Controls in the order in which they were made.
   const std::vector<Control*>& controls() const { return controls_; }
@@ -61,10 +61,11 @@ class Form {
   // To the next control of the tab order, as Tab does.
   void focusNext(bool backwards = false);
 
-  // Keys. offer() runs the KeyDown and KeyPress handlers and returns the key left to act on, 0 when
-  // it was discarded; act() then does what the key does by itself. press() is both.
-  Key offer(Key key);
-  void act(Key key);
+  // Keys. runKeyHandlers() runs the KeyDown and KeyPress handlers and returns the key left to act
+  // on, 0 when it was discarded; handleKey() then does what the key does by itself. press() is
+  // both.
+  Key runKeyHandlers(Key key);
+  void handleKey(Key key);
   void press(Key key);
 
   // A click on a button, option, check box or menu entry; false when it cannot be clicked now.
@@ -73,11 +74,11 @@ class Form {
   void doubleClick(Control& control);
   // Moves the focus on when the control that had it was hidden or disabled. Views call it after
   // every event.
-  void settle();
+  void repairFocus();
 
   // Told by the view when the window's size changed.
   void resized();
-  // Told by the desk when the form came to the front: FORM_ACTIVE.
+  // Told by OpenForms when the form came to the front: FORM_ACTIVE.
   void activate();
 
   // Wanted size as a share of the screen, and the factor for the font; set by the service object's
@@ -96,7 +97,7 @@ class Form {
   // Runs a procedure's body, the form's or that of one of its parts; a run-time error ends it and
   // becomes one line of the error log.
   template <class Body>
-  void trap(std::string_view procedure, Body&& body) {
+  void logErrors(std::string_view procedure, Body&& body) {
     try {
       body();
     } catch (const std::exception& error) {
@@ -134,12 +135,12 @@ class Form {
   Control* nextFocusable(Control* from, bool backwards) const;
   void report(std::string_view procedure, const std::exception& error) const noexcept;
 
-  Desk& desk_;
+  OpenForms& openForms_;
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
   unsigned adopted_ = 0;
-  Node arrangement_;
+  LayoutItem arrangement_;
   unsigned arrangementVersion_ = 0;
   Control* active_ = nullptr;
   Control* redirected_ = nullptr;  // where a handler sent the focus while it was moving

@@ -283,7 +283,7 @@ void Grid::moveBy(int steps) {
   setCurrent(target);
 }
 
-bool Grid::act(Key key) {
+bool Grid::handleKey(Key key) {
   switch (key) {
     case keys::Up:
       moveBy(-1);

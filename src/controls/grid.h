@@ -105,7 +105,7 @@ class Grid : public Control {
 
   bool takesFocus() const override { return dropOf_ == nullptr; }
   // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
 
   // Moves on whenever rows, cells or columns change; not when only the current row does.
   unsigned contentVersion() const { return contentVersion_; }

@@ -5,8 +5,8 @@
 namespace quillet {
 namespace {
 
-Node box(Node::Kind kind, std::vector<Node> children, int stretch) {
-  Node node;
+LayoutItem box(LayoutItem::Kind kind, std::vector<LayoutItem> children, int stretch) {
+  LayoutItem node;
   node.kind = kind;
   node.children = std::move(children);
   node.stretch = stretch;
@@ -14,37 +14,37 @@ Node box(Node::Kind kind, std::vector<Node> children, int stretch) {
 }
 
 // Places every control below in the frame, except those in a frame of their own.
-void placeIn(Frame& frame, const Node& node) {
+void placeIn(Frame& frame, const LayoutItem& node) {
   if (node.control) node.control->placeIn(&frame);
-  if (node.kind == Node::Kind::frame) return;
-  for (const Node& child : node.children) placeIn(frame, child);
+  if (node.kind == LayoutItem::Kind::frame) return;
+  for (const LayoutItem& child : node.children) placeIn(frame, child);
 }
 
 }  // namespace
 
-Node row(std::vector<Node> children, int stretch) {
-  return box(Node::Kind::row, std::move(children), stretch);
+LayoutItem row(std::vector<LayoutItem> children, int stretch) {
+  return box(LayoutItem::Kind::row, std::move(children), stretch);
 }
 
-Node column(std::vector<Node> children, int stretch) {
-  return box(Node::Kind::column, std::move(children), stretch);
+LayoutItem column(std::vector<LayoutItem> children, int stretch) {
+  return box(LayoutItem::Kind::column, std::move(children), stretch);
 }
 
-Node framed(Frame& frame, std::vector<Node> children, int stretch) {
-  for (const Node& child : children) placeIn(frame, child);
-  Node node = box(Node::Kind::frame, std::move(children), stretch);
+LayoutItem framed(Frame& frame, std::vector<LayoutItem> children, int stretch) {
+  for (const LayoutItem& child : children) placeIn(frame, child);
+  LayoutItem node = box(LayoutItem::Kind::frame, std::move(children), stretch);
   node.control = &frame;
   node.id = frame.id();
   return node;
 }
 
-Node stack(std::vector<Node> children, int stretch) {
-  return box(Node::Kind::stack, std::move(children), stretch);
+LayoutItem stack(std::vector<LayoutItem> children, int stretch) {
+  return box(LayoutItem::Kind::stack, std::move(children), stretch);
 }
 
-Node item(Control& control, int stretch, int width) {
-  Node node;
-  node.kind = Node::Kind::control;
+LayoutItem item(Control& control, int stretch, int width) {
+  LayoutItem node;
+  node.kind = LayoutItem::Kind::control;
   node.control = &control;
   node.id = control.id();
   node.stretch = stretch;
@@ -52,12 +52,12 @@ Node item(Control& control, int stretch, int width) {
   return node;
 }
 
-Node field(std::string label, Control& control, int width, int stretch) {
-  Node node = item(control, stretch, width);
+LayoutItem field(std::string label, Control& control, int width, int stretch) {
+  LayoutItem node = item(control, stretch, width);
   node.label = std::move(label);
   return node;
 }
 
-Node gap(int stretch) { return box(Node::Kind::gap, {}, stretch); }
+LayoutItem gap(int stretch) { return box(LayoutItem::Kind::gap, {}, stretch); }
 
 }  // namespace quillet

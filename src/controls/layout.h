@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "controls/simple.h"
+#include "controls/basic_controls.h"
 
 namespace quillet {
 
-struct Node {
+struct LayoutItem {
   enum class Kind {
     row,      // children side by side
     column,   // children one under the other
@@ -24,18 +24,18 @@ struct Node {
   std::string label;  // may carry an access key for the control: "&Group"
   int stretch = 0;    // share of the room that is left over; 0 keeps to its own size
   int width = 0;      // preferred width in characters; 0 leaves it to the control
-  std::vector<Node> children;
-  bool operator==(const Node&) const = default;
+  std::vector<LayoutItem> children;
+  bool operator==(const LayoutItem&) const = default;
 };
 
-Node row(std::vector<Node> children, int stretch = 0);
-Node column(std::vector<Node> children, int stretch = 0);
+LayoutItem row(std::vector<LayoutItem> children, int stretch = 0);
+LayoutItem column(std::vector<LayoutItem> children, int stretch = 0);
 // Places the controls inside in the frame, so that they are shown and focused only with it.
-Node framed(Frame& frame, std::vector<Node> children, int stretch = 0);
-Node stack(std::vector<Node> children, int stretch = 1);
-Node item(Control& control, int stretch = 0, int width = 0);
+LayoutItem framed(Frame& frame, std::vector<LayoutItem> children, int stretch = 0);
+LayoutItem stack(std::vector<LayoutItem> children, int stretch = 1);
+LayoutItem item(Control& control, int stretch = 0, int width = 0);
 // A control under or beside its label.
-Node field(std::string label, Control& control, int width = 0, int stretch = 0);
-Node gap(int stretch = 1);
+LayoutItem field(std::string label, Control& control, int width = 0, int stretch = 0);
+LayoutItem gap(int stretch = 1);
 
 }  // namespace quillet

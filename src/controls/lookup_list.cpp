@@ -70,7 +70,7 @@ bool LookupList::moveBy(Key& key) {
     follow("");
     if (standing) grid_.setCurrent(static_cast<int>(standing - names_.entries().data()) + 1);
   }
-  grid_.act(key);
+  grid_.handleKey(key);
   key = keys::none;
   return grid_.current() > 0;
 }

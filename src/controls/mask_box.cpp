@@ -63,7 +63,7 @@ void MaskBox::typeDigit(char c) {
   put(place, c);
 }
 
-bool MaskBox::act(Key key) {
+bool MaskBox::handleKey(Key key) {
   switch (key) {
     case keys::Home:
       setCaret(0);
@@ -79,7 +79,7 @@ bool MaskBox::act(Key key) {
       return true;
     case keys::Backspace:
       if (caret_ == 0) return true;
-      act(keys::Left);
+      handleKey(keys::Left);
       put(caret_, prompt_);
       return true;
     case keys::Delete:

@@ -22,7 +22,7 @@ class MaskBox : public Control {
   bool complete() const;
 
   bool takesFocus() const override { return true; }
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
   // The place the next digit goes to, 0 to 10.
   std::size_t caret() const { return caret_; }
   void setCaret(std::size_t caret);

@@ -73,7 +73,7 @@ void TextBox::erase(bool forward) {
   replaceSelection({});
 }
 
-bool TextBox::act(Key key) {
+bool TextBox::handleKey(Key key) {
   switch (key) {
     case keys::Home:
       select(0, 0);

@@ -29,7 +29,7 @@ class TextBox : public Control {
   void makeFigure();
 
   bool takesFocus() const override { return true; }
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
 
   std::size_t selStart() const { return selStart_; }
   std::size_t selLength() const { return selLength_; }

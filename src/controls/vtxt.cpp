@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "controls/desk.h"
 #include "controls/form.h"
 #include "controls/key_checks.h"
+#include "controls/open_forms.h"
 #include "data/errors.h"
 #include "data/text.h"
 
@@ -20,12 +20,12 @@ constexpr std::size_t decimalsTaken = 3;
 VTxt::VTxt(Form& form, std::string name, std::string caption, int index)
     : TextBox(form, std::move(name), std::move(caption), index) {}
 
-void VTxt::trap(const char* procedure, const std::function<void()>& body) {
+void VTxt::logErrors(const char* procedure, const std::function<void()>& body) {
   try {
     body();
   } catch (const std::exception& error) {
-    const Desk& desk = form().desk();
-    if (desk.onError) desk.onError(name() + '\t' + procedure, error);
+    const OpenForms& openForms = form().openForms();
+    if (openForms.onError) openForms.onError(name() + '\t' + procedure, error);
   }
 }
 
@@ -51,14 +51,14 @@ bool VTxt::Table::holds(char32_t character) const {
 }
 
 void VTxt::Include(const std::string& characters) {
-  trap("LET INCLUDE", [&] {
+  logErrors("LET INCLUDE", [&] {
     include_ = characters;
     included_.fill(include_);
   });
 }
 
 void VTxt::Exclude(const std::string& characters) {
-  trap("LET EXCLUDE", [&] {
+  logErrors("LET EXCLUDE", [&] {
     exclude_ = characters;
     excluded_.fill(exclude_);
   });
@@ -71,7 +71,7 @@ std::string VTxt::SelText() const {
 }
 
 void VTxt::USERCONTROL_READPROPERTIES(const PropertyBag& bag) {
-  trap("USERCONTROL_READPROPERTIES", [&] {
+  logErrors("USERCONTROL_READPROPERTIES", [&] {
     const auto text = [&](const char* name) {
       const auto found = bag.find(name);
       return found == bag.end() ? std::string() : found->second;
@@ -98,7 +98,7 @@ void VTxt::USERCONTROL_WRITEPROPERTIES(PropertyBag& bag) const {
 // --- keys ---------------------------------------------------------------------------------------
 
 void VTxt::CTXTVALIDATE_KEYPRESS(Key& key) {
-  trap("CTXTVALIDATE_KEYPRESS", [&] {
+  logErrors("CTXTVALIDATE_KEYPRESS", [&] {
     key = upperCase(key);
     switch (key) {
       case keys::Backspace:
@@ -150,7 +150,7 @@ bool VTxt::fault(const std::string& message) {
 
 bool VTxt::CHECK_M() {
   bool passed = false;
-  trap("CHECK_M", [&] {
+  logErrors("CHECK_M", [&] {
     const std::string typed(trimmed(text()));
     if (static_cast<int>(lengthOf(typed)) < minLength_) {
       passed = fault("Data must be at least of " + std::to_string(minLength_) + " characters");
@@ -165,7 +165,7 @@ bool VTxt::CHECK_M() {
 }
 
 void VTxt::CTXTVALIDATE_LOSTFOCUS() {
-  trap("CTXTVALIDATE_LOSTFOCUS", [&] {
+  logErrors("CTXTVALIDATE_LOSTFOCUS", [&] {
     // The message is shown but the focus is not held: a person who cancels must be able to leave.
     if (CHECK_M() && validateData_ == key_checks::amount && !trimmed(text()).empty()) {
       setText(key_checks::twoDecimals(text()));

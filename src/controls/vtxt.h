@@ -81,7 +81,7 @@ class VTxt : public TextBox {
   }
 
   // As the form's; the errors are logged under the box's own name.
-  void trap(const char* procedure, const std::function<void()>& body);
+  void logErrors(const char* procedure, const std::function<void()>& body);
 
   static constexpr int defaultMaxLength = 100;
   int validateData_ = 0;

@@ -35,7 +35,7 @@ void enable(Frame& frame, ControlArray<OptionButton>& options, bool on) {
 }  // namespace
 
 frmdelwhatinTB::frmdelwhatinTB(Context& context)
-    : Form(context.desk, "frmdelwhatinTB"),
+    : Form(context.openForms, "frmdelwhatinTB"),
       context_(context),
       deletion_(*context.host, context.unposted) {
   setCaption("Delete Trial Balance Data");
@@ -47,9 +47,9 @@ frmdelwhatinTB::frmdelwhatinTB(Context& context)
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
 }
 
-Node frmdelwhatinTB::layout() {
+LayoutItem frmdelwhatinTB::layout() {
   const auto options = [](ControlArray<OptionButton>& array) {
-    std::vector<Node> items;
+    std::vector<LayoutItem> items;
     for (auto& option : array) items.push_back(item(*option));
     items.push_back(gap());
     return row(std::move(items));
@@ -62,7 +62,7 @@ Node frmdelwhatinTB::layout() {
 
 bool frmdelwhatinTB::INITDATA(const std::string& mode, const RegisteredYear& year) {
   bool ready = false;
-  trap("INITDATA", [&] {
+  logErrors("INITDATA", [&] {
     mode_ = mode;
     deleted_ = false;
     problems_.clear();
@@ -194,7 +194,7 @@ void frmdelwhatinTB::keepFilesLeft(const FilesLeft& left) {
   problems_ = left.codeNamesNone ? "The files of this year were not deleted: the client code " +
                                        client + " cannot be part of a file name."
                                  : "These files could not be deleted:" + names;
-  trap("CMDDELETE_CLICK", [&] {
+  logErrors("CMDDELETE_CLICK", [&] {
     if (left.codeNamesNone) {
       throw RunTimeError(
           badFileName, "The client code " + client + " cannot be part of a file name.", "Quillet");

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "books/year_deletion.h"
+#include "controls/basic_controls.h"
 #include "controls/control_array.h"
-#include "controls/simple.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -29,7 +29,7 @@ class frmdelwhatinTB : public Form {
   // Whether files stayed that were to go; their names have been told.
   bool filesLeft() const { return !problems_.empty(); }
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   Label lblheading{*this, "lblheading"};
   Frame famMain{*this, "famMain", "Delete Other Relevant Data also ?"};

@@ -19,7 +19,7 @@ frmcrtb& theEditor(Context& context) {
 }
 
 frmcrtb::frmcrtb(Context& context)
-    : Form(context.desk, "frmcrtb"),
+    : Form(context.openForms, "frmcrtb"),
       books_(context),
       lines_(vsfm, *context.host),
       entry_(*this, books_),
@@ -123,15 +123,16 @@ void frmcrtb::MHELP_CLICK() {
 
 // --- what it looks like -------------------------------------------------------------------------
 
-Node frmcrtb::layout() {
-  const Node entry = row({field("&Particulars", txtpart, 36, 3), field("&Group", txtgroup, 28, 2),
-                          field("A&mount", txtamount, amountWidth), field("D&r/Cr", txtdrcr, 5),
-                          item(vsfp), item(vsfg)});
+LayoutItem frmcrtb::layout() {
+  const LayoutItem entry =
+      row({field("&Particulars", txtpart, 36, 3), field("&Group", txtgroup, 28, 2),
+           field("A&mount", txtamount, amountWidth), field("D&r/Cr", txtdrcr, 5), item(vsfp),
+           item(vsfg)});
   const auto totals = [this](int year) {
     return row({item(lblyear[year], 0, 14), field("Debit", txttotdeb[year], amountWidth),
                 field("Credit", txttotcr[year], amountWidth), gap()});
   };
-  const Node result =
+  const LayoutItem result =
       column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
                           item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
@@ -152,7 +153,7 @@ void frmcrtb::hint(const std::string& text) {
 }
 
 void frmcrtb::SETBUTTON() {
-  trap("SETBUTTON", [&] {
+  logErrors("SETBUTTON", [&] {
     const bool table = books_.years.hasTable();
     const bool lines = table && famLines.visible();
     const bool selected = lines && vsfm.current() > 0;
@@ -173,7 +174,7 @@ void frmcrtb::SETBUTTON() {
 }
 
 void frmcrtb::SETBUTTONS() {
-  trap("SETBUTTONS", [&] {
+  logErrors("SETBUTTONS", [&] {
     const bool both = books_.years.view() == TwoYears::View::both;
     cmdclstock[0].setCaption(both ? "Closing &Stock (Curr)" : "Closing &Stock");
     cmdclstock[1].setVisible(both);

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "controls/grid.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "editor/entry_fields.h"
 #include "editor/group_page.h"
@@ -39,7 +39,7 @@ class frmcrtb : public Form {
   // up, since what it names may be gone.
   void mastersChanged();
 
-  Node layout() override;
+  LayoutItem layout() override;
   std::string subject() const override;
 
   // --- menus

@@ -25,10 +25,10 @@ GroupPage::GroupPage(frmcrtb& form, OpenBooks& books, LineSaver& saver)
   form.cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
 }
 
-Node GroupPage::arrangement() {
-  const Node choice = row({field("&Group", form_.cbogroup, 40), item(form_.lblgroup, 1),
-                           item(form_.cmdadd), item(form_.cmdless), item(form_.cmdok)});
-  const Node move =
+LayoutItem GroupPage::arrangement() {
+  const LayoutItem choice = row({field("&Group", form_.cbogroup, 40), item(form_.lblgroup, 1),
+                                 item(form_.cmdadd), item(form_.cmdless), item(form_.cmdok)});
+  const LayoutItem move =
       row({item(form_.vsf3, 1),
            column({field("T&o Group", form_.cbotgroup, 40), item(form_.cmdupdate), gap()}, 1)},
           1);
@@ -63,7 +63,7 @@ void GroupPage::MNUGROUP_CLICK() {
 }
 
 void GroupPage::LOADGROUPSEXISTS() {
-  form_.trap("LOADGROUPSEXISTS", [&] { choose(form_.cbogroup.chosenData()); });
+  form_.logErrors("LOADGROUPSEXISTS", [&] { choose(form_.cbogroup.chosenData()); });
 }
 
 // Shows this group, or the first when it has no lines.
@@ -91,7 +91,7 @@ void GroupPage::showGroups(int count) {
 }
 
 void GroupPage::LOADGRIDS() {
-  form_.trap("LOADGRIDS", [&] {
+  form_.logErrors("LOADGRIDS", [&] {
     const Busy busy(books_.host());
     for (Grid* grid : {&form_.vsf1, &form_.vsf2, &form_.vsf3}) grid->clearRows();
     const int first = form_.cbogroup.chosen();
@@ -112,7 +112,7 @@ void GroupPage::LOADGRIDS() {
 }
 
 void GroupPage::LOADGRID1(Grid& grid, long groupId, long side) {
-  form_.trap("LOADGRID1", [&] {
+  form_.logErrors("LOADGRID1", [&] {
     TrialBalance books(books_.host(), books_.years.books(books_.years.yearInView()));
     for (const Line& line : books.linesOfGroup(groupId, side)) grid.addRow(cellsOf(line));
   });
@@ -154,7 +154,7 @@ void GroupPage::CMDUPDATE_CLICK() {
 void GroupPage::transfer(long target) {
   const TwoYears::Year year = books_.years.yearInView();
   const long source = form_.cbogroup.chosenData();
-  form_.trap("CMDUPDATE_CLICK", [&] {
+  form_.logErrors("CMDUPDATE_CLICK", [&] {
     TrialBalance books(books_.host(), books_.years.books(year));
     for (int row = 1; row <= form_.vsf3.rows(); ++row) {
       books.moveTo(target, transferable_[form_.vsf3.rowId(row) - 1], books_.years.lines(year));

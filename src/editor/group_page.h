@@ -15,7 +15,7 @@ class GroupPage {
  public:
   GroupPage(frmcrtb& form, OpenBooks& books, LineSaver& saver);
 
-  Node arrangement();
+  LayoutItem arrangement();
   // Another year or client: one group is shown again.
   void reset();
   void clear();

@@ -29,7 +29,7 @@ void LineSaver::save() {
   const TwoYears& years = books_.years;
   const TwoYears::Year year = altered ? altered->year : years.yearInView();
   std::optional<YearLine> saved;
-  form_.trap("TXTDRCR_KEYPRESS", [&] {
+  form_.logErrors("TXTDRCR_KEYPRESS", [&] {
     const auto replaced = altered ? std::optional(altered->line) : std::nullopt;
     const Line line = replacement_.replace(years.books(year), years.lines(year), replaced,
                                            typed->pair, typed->amount);
@@ -75,7 +75,7 @@ bool LineSaver::putBack() {
 // Lines that have no place in the books any more are forgotten; false then, and after a failure.
 bool LineSaver::writeBack() {
   bool possible = false;
-  form_.trap("PUTBACK", [&] {
+  form_.logErrors("PUTBACK", [&] {
     const LineReplacement::State state = replacement_.state();
     possible = state == LineReplacement::State::asLeft;
     if (state == LineReplacement::State::changed) {

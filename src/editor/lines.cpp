@@ -39,7 +39,7 @@ void frmcrtb::MNUDELETE_CLICK() {
   if (answer != Answer::Yes) return;
   leaveEntry();
   if (!saver_.mayChangeLines()) return;
-  trap("MNUDELETE_CLICK", [&] {
+  logErrors("MNUDELETE_CLICK", [&] {
     const TwoYears& years = books_.years;
     for (const TwoYears::Year year : {TwoYears::current, TwoYears::previous}) {
       if (!entry.line[year]) continue;

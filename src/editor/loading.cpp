@@ -27,7 +27,7 @@ void frmcrtb::FORM_LOAD() {
   saver_.putBack();
   Context& context = books_.context;
   // What a voucher left half posted is not to be seen as the year's figures.
-  trap("FORM_LOAD", [&] { postAllMissing(books_.host(), context.unposted); });
+  logErrors("FORM_LOAD", [&] { postAllMissing(books_.host(), context.unposted); });
   books_.host().resize_for_resolution(*this);
   books_.years.open({context.table, context.clientCode}, {context.firstDate, context.secondDate});
   emptyYear();
@@ -81,7 +81,7 @@ void frmcrtb::readRegisters() {
 // --- ledgers and groups -------------------------------------------------------------------------
 
 void frmcrtb::LOADPARTICULARS() {
-  trap("LOADPARTICULARS", [&] {
+  logErrors("LOADPARTICULARS", [&] {
     ledgersRead_ = false;
     entry_.offerLedgers({});
     ServiceObject& host = books_.host();
@@ -93,7 +93,7 @@ void frmcrtb::LOADPARTICULARS() {
 }
 
 void frmcrtb::LOADGROUPS() {
-  trap("LOADGROUPS", [&] {
+  logErrors("LOADGROUPS", [&] {
     groupsRead_ = false;
     entry_.offerGroups({});
     books_.groups.load(books_.host());
@@ -107,7 +107,7 @@ void frmcrtb::LOADGROUPS() {
 void frmcrtb::LOADTRIALBAL() {
   TwoYears& years = books_.years;
   bool read = false;
-  trap("LOADTRIALBAL", [&] {
+  logErrors("LOADTRIALBAL", [&] {
     const char* ofYears = years.view() == View::previous ? " (Previous Year)"
                           : years.view() == View::both   ? " (with Previous Year)"
                                                          : "";
@@ -137,7 +137,7 @@ bool frmcrtb::importPreviousYear() {
       books_.context.MsgBox("Do you want to Import \"Trail Balance\" from Previous F.Y. ?",
                             Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return false;
-  trap("LOADTRIALBAL", [&] {
+  logErrors("LOADTRIALBAL", [&] {
     const TwoYears& years = books_.years;
     TrialBalance(books_.host(), years.books(current))
         .copyFrom(TrialBalance(books_.host(), years.books(previous)));
@@ -146,7 +146,7 @@ bool frmcrtb::importPreviousYear() {
 }
 
 void frmcrtb::GETBALANCE() {
-  trap("GETBALANCE", [&] {
+  logErrors("GETBALANCE", [&] {
     const auto shown = [&](double amount) { return groupedAmount(books_.host(), amount); };
     for (const TwoYears::Year year : {current, previous}) {
       const Totals totals = totalsOf(books_.years.lines(year));
@@ -162,7 +162,7 @@ void frmcrtb::GETBALANCE() {
 }
 
 void frmcrtb::REFRESHTB() {
-  trap("REFRESHTB", [&] {
+  logErrors("REFRESHTB", [&] {
     reload();
     reloadPage();
   });
@@ -235,7 +235,7 @@ void frmcrtb::chooseSort(const std::string& setting) {
 // Whoever cannot keep a choice for the next time has it for this one.
 void frmcrtb::MNUSORTOPT_CLICK(int index) {
   const std::string setting = std::to_string(index + 1);
-  trap("MNUSORTOPT_CLICK", [&] { books_.host().SaveSettingINI(settings, "TBSort", setting); });
+  logErrors("MNUSORTOPT_CLICK", [&] { books_.host().SaveSettingINI(settings, "TBSort", setting); });
   chooseSort(setting);
   reload();
   reloadPage();
@@ -246,7 +246,7 @@ void frmcrtb::MNUALL_CLICK() { loadLedgerList("MNUALL_CLICK", "0"); }
 void frmcrtb::MNUCLONLY_CLICK() { loadLedgerList("MNUCLONLY_CLICK", "1"); }
 
 void frmcrtb::loadLedgerList(const char* procedure, const std::string& setting) {
-  trap(procedure, [&] { books_.host().SaveSettingINI(settings, "ShLed", setting); });
+  logErrors(procedure, [&] { books_.host().SaveSettingINI(settings, "ShLed", setting); });
   chooseLedgers(setting);
   const Busy busy(books_.host());
   LOADPARTICULARS();

@@ -54,7 +54,7 @@ void frmcrtb::CMDGRPMANF_CLICK() {
 }
 
 void frmcrtb::mastersChanged() {
-  trap("MASTERSCHANGED", [&] {
+  logErrors("MASTERSCHANGED", [&] {
     leaveEntry();
     {
       const Busy busy(books_.host());

@@ -29,7 +29,7 @@ void EditorPrintouts::showReport(const char* procedure, const std::function<void
   reporter.WinModeReport(true);
   reporter.NewReport();
   bool written = false;
-  form_.trap(procedure, [&] {
+  form_.logErrors(procedure, [&] {
     write();
     written = true;
   });

@@ -27,7 +27,7 @@ SummaryPage::SummaryPage(frmcrtb& form, OpenBooks& books) : form_(form), books_(
   }
 }
 
-Node SummaryPage::arrangement() {
+LayoutItem SummaryPage::arrangement() {
   return column(
       {item(form_.vsfr, 1), row({field("Closing stock", form_.txtclst[current], figureWidth),
                                  field("Previous year", form_.txtclst[previous], figureWidth),
@@ -47,7 +47,7 @@ void SummaryPage::MNUSHSUMM_CLICK() {
 void SummaryPage::LOADFIGS() {
   const int selected = form_.vsfr.current();
   clear();
-  form_.trap("LOADFIGS", [&] {
+  form_.logErrors("LOADFIGS", [&] {
     const Busy busy(books_.host());
     // Without them the year before would seem to have no figures.
     form_.readRegisters();
@@ -95,7 +95,7 @@ void SummaryPage::CMDCLSTOCK_CLICK(int index) {
   const TwoYears& years = books_.years;
   const bool ofPrevious = years.view() == TwoYears::View::both && index == previous;
   const TwoYears::Year year = ofPrevious ? previous : years.yearInView();
-  stockForms_ = books_.context.surroundings.createStockForms(form_.desk());
+  stockForms_ = books_.context.environment.createStockForms(form_.openForms());
   StockForm& stock = stockForms_->ObjTrade();
   stock.LoadData(books_.host(), years.client(), stockTable(years.table(year)));
   stock.Show(1, [this] { LOADFIGS(); });

@@ -16,7 +16,7 @@ class SummaryPage {
  public:
   SummaryPage(frmcrtb& form, OpenBooks& books);
 
-  Node arrangement();
+  LayoutItem arrangement();
   void clear();
   void LOADFIGS();
 

@@ -143,7 +143,7 @@ std::string WorkbookExport::exportTo(const fs::path& source, const fs::path& tar
     // The spreadsheet program need not run in our folder.
     WorkingCopy copy(fs::absolute(target));
     copy.fill(source);
-    const auto excel = books_.context.surroundings.createSpreadsheet();
+    const auto excel = books_.context.environment.createSpreadsheet();
     Workbook& workbook = excel->Open(textOf(copy.path()));
     const auto& sheets = workbook.Worksheets();
     const auto sheet = std::find_if(sheets.begin(), sheets.end(), [](const std::string& sheetName) {

@@ -228,7 +228,7 @@ void ClGrd::typed(Key& key) {
 
 void ClGrd::movedFromSearch(Key& key) {
   if (key != keys::Up && key != keys::Down && key != keys::PageUp && key != keys::PageDown) return;
-  act(key);
+  handleKey(key);
   key = keys::none;
 }
 
@@ -242,7 +242,7 @@ void ClGrd::keepWidths() {
   if (changed) remember(cc::columnsKey, cc::format(columns_), &Setup::columns);
 }
 
-Node ClGrd::arrangement() {
+LayoutItem ClGrd::arrangement() {
   return column({row({field("&Find", txtsearch, 30, 1), field("S&tatus", cbostatus, 14),
                       field("Gro&up", cbogrpcode, 14), item(cmdclients), item(cmdcolumns)}),
                  item(*this, 1), item(lblcount)},

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/grid.h"
 #include "controls/layout.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "home/client_list.h"
 #include "host/context.h"
@@ -45,7 +45,7 @@ class ClGrd : public Grid {
   void keepWidths();
   bool searching() const { return !txtsearch.text().empty(); }
 
-  Node arrangement();
+  LayoutItem arrangement();
 
   TextBox txtsearch;
   ComboBox cbostatus;

@@ -24,7 +24,7 @@ third& theHome(Context& context) {
 }
 
 third::third(Context& context)
-    : Form(context.desk, "third"),
+    : Form(context.openForms, "third"),
       ClGrd1(*this, "ClGrd1", context),
       years(*this, context),
       newYear(*this, context),
@@ -61,17 +61,17 @@ void third::attachCommands() {
   }
 }
 
-Node third::layout() {
-  const Node commands =
+LayoutItem third::layout() {
+  const LayoutItem commands =
       column({item(mnucreate), item(mnualter), item(mnudelete), item(mnumerge), item(lblprint),
               item(mnualpha), item(mnusumm), item(mnudet), gap(), item(cmdgrpmas), item(cmdledmas),
               item(mnurefresh), item(mnuhelp), item(mnuexit)});
-  const Node clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
-  const Node dates = framed(
+  const LayoutItem clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
+  const LayoutItem dates = framed(
       famdates,
       {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12), gap()}),
        gap()});
-  const Node year =
+  const LayoutItem year =
       framed(Frame1, {item(Label1), stack({dates, framed(famyears, {item(flexgrid2, 1)})})}, 1);
   return column({row({commands, stack({clients, year})}, 1), item(lblstatus)}, 1);
 }
@@ -97,7 +97,7 @@ void third::FORM_LOAD() {
 }
 
 void third::FORM_ACTIVATE() {
-  trap("FORM_ACTIVATE", [&] {
+  logErrors("FORM_ACTIVATE", [&] {
     if (std::exchange(justLoaded_, false) || !Frame3.visible()) return;
     refreshClients();
     if (!ClGrd1.notice().empty() || lblstatus.caption() == clientsUnread) {
@@ -165,7 +165,7 @@ void third::takeClient(const std::string& code, const std::string& name) {
   if (context_.clientCode != code) context_.setYear({code, {}, {}, {}});
   context_.host->MainPageObj().showClient(code, name);
   // Where it cannot be kept, the client is chosen all the same.
-  trap("CLGRD1_DBLCLICK", [&] { context_.host->vLstSelClCode(code); });
+  logErrors("CLGRD1_DBLCLICK", [&] { context_.host->vLstSelClCode(code); });
 }
 
 // --- choosing a year ----------------------------------------------------------------------------

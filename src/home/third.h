@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "controls/basic_controls.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
-#include "controls/simple.h"
 #include "home/cl_grd.h"
 #include "home/merge_list.h"
 #include "home/year_entry.h"
@@ -22,7 +22,7 @@ class third : public Form {
  public:
   explicit third(Context& context);
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   Button mnucreate{*this, "mnucreate", "&Create Trial Balance"};
   Button mnualter{*this, "mnualter", "&Alter/View Trial Balance"};

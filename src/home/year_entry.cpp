@@ -68,7 +68,7 @@ bool YearEntry::datesAreValid() {
 
 int YearEntry::COMP_DT(const std::string& first, const std::string& second) {
   int order = 0;
-  form_.trap("COMP_DT", [&] { order = compareDates(first, second); });
+  form_.logErrors("COMP_DT", [&] { order = compareDates(first, second); });
   return order;
 }
 
@@ -109,7 +109,7 @@ void YearEntry::overwrite(const RegisteredYear& existing) {
   creation_.takeTableOf(existing);
   form_.removal.open(existing, [this](const frmdelwhatinTB& deletion) {
     if (deletion.deleted()) {
-      form_.trap("MASKEDBOX2_KEYPRESS", [&] { overwriteDeleted(); });
+      form_.logErrors("MASKEDBOX2_KEYPRESS", [&] { overwriteDeleted(); });
     } else {
       form_.status("The deletion of " + year().keys.text() +
                    " was not completed. Enter begins it again.");
@@ -127,7 +127,7 @@ void YearEntry::overwriteDeleted() {
 
 bool YearEntry::GETTABLE() {
   bool found = false;
-  form_.trap("GETTABLE", [&] {
+  form_.logErrors("GETTABLE", [&] {
     found = creation_.takeFreeTable();
     context_.table = year().table;
     if (!found) {
@@ -141,7 +141,7 @@ bool YearEntry::GETTABLE() {
 std::optional<std::string> YearEntry::GETTABLE1(const std::string& firstKey,
                                                 const std::string& secondKey) {
   std::optional<std::string> table;
-  form_.trap("GETTABLE1", [&] {
+  form_.logErrors("GETTABLE1", [&] {
     table = Registry(*context_.host).tableOf(form_.clientCode(), {firstKey, secondKey});
   });
   return table;
@@ -223,7 +223,7 @@ bool YearEntry::offerPreviousYear() {
 
 bool YearEntry::DATA_TRANSFER(const std::string& previousTable) {
   bool done = false;
-  form_.trap("DATA_TRANSFER", [&] {
+  form_.logErrors("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
     postAllMissing(*context_.host, context_.unposted);

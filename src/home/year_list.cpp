@@ -103,7 +103,7 @@ void YearList::remove() {
   if (const auto year = findChosen()) {
     form_.removal.open(*year, [this, text = year->keys.text()](const frmdelwhatinTB& deletion) {
       // Also when the deletion failed in the middle: the list tells what is left.
-      form_.trap("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
+      form_.logErrors("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
     });
   }
 }

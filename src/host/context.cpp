@@ -4,12 +4,12 @@
 
 namespace quillet {
 
-Context::Context(Surroundings& around)
-    : surroundings(around),
+Context::Context(Environment& around)
+    : environment(around),
       host(around.createServiceObject()),
       dialogs(around.dialogs()),
       clock(around.clock()) {
-  desk.onError = [this](const std::string& location, const std::exception& error) {
+  openForms.onError = [this](const std::string& location, const std::exception& error) {
     errorLocation = location;
     logError(*this, trapped(error));
   };

@@ -6,21 +6,21 @@
 #include <string>
 
 #include "books/unposted_changes.h"
-#include "controls/desk.h"
 #include "controls/form.h"
+#include "controls/open_forms.h"
 #include "data/sql.h"
 #include "ports/ports.h"
 
 namespace quillet {
 
 // How the module comes by its surroundings. Service object and reporter are made once, at start-up.
-class Surroundings {
+class Environment {
  public:
-  virtual ~Surroundings() = default;
+  virtual ~Environment() = default;
   virtual std::unique_ptr<ServiceObject> createServiceObject() = 0;
   virtual std::unique_ptr<Reporter> createReporter() = 0;
-  // Made anew for each use; its form opens on the desk.
-  virtual std::unique_ptr<StockForms> createStockForms(Desk& desk) = 0;
+  // Made anew for each use; its form opens on the open forms.
+  virtual std::unique_ptr<StockForms> createStockForms(OpenForms& openForms) = 0;
   virtual std::unique_ptr<Spreadsheet> createSpreadsheet() = 0;
   virtual Dialogs& dialogs() = 0;
   virtual Clock& clock() = 0;
@@ -28,13 +28,13 @@ class Surroundings {
 
 struct Context {
   // Module start-up: creates the service object, checks its version, creates the reporter.
-  explicit Context(Surroundings& around);
+  explicit Context(Environment& around);
   ~Context();
   Context(const Context&) = delete;
   Context& operator=(const Context&) = delete;
 
-  Surroundings& surroundings;
-  Desk desk;
+  Environment& environment;
+  OpenForms openForms;
   std::unique_ptr<ServiceObject> host;
   std::unique_ptr<Reporter> reporter;
   Dialogs& dialogs;

@@ -5,7 +5,7 @@
 
 namespace quillet {
 
-Forms::Forms(Surroundings& surroundings) : context_(surroundings) {}
+Forms::Forms(Environment& environment) : context_(environment) {}
 
 std::string Forms::MyDllVersion() const { return QUILLET_VERSION; }
 

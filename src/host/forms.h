@@ -10,7 +10,7 @@ namespace quillet {
 
 class Forms {
  public:
-  explicit Forms(Surroundings& surroundings);
+  explicit Forms(Environment& environment);
 
   /* 0 */ std::string MyDllVersion() const;
   // The single instances, created on first use; null when creating one fails.

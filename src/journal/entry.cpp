@@ -63,7 +63,7 @@ void frmjrnl::VSF_DBLCLICK() {
 
 bool frmjrnl::LOADVCH(long vid) {
   bool loaded = false;
-  trap("LOADVCH", [&] {
+  logErrors("LOADVCH", [&] {
     const Voucher voucher = book().open(vid);
     if (voucher.lines.empty()) return;
     {
@@ -91,7 +91,7 @@ void frmjrnl::cancelEntry() {
 }
 
 void frmjrnl::CLEARDATA() {
-  trap("CLEARDATA", [&] {
+  logErrors("CLEARDATA", [&] {
     txtdt.clear();
     txtnarr.setText("");
     lines_.clear();
@@ -105,7 +105,7 @@ void frmjrnl::CLEARDATA() {
 // --- lines --------------------------------------------------------------------------------------
 
 void frmjrnl::LOADCONTROLS() {
-  trap("LOADCONTROLS", [&] {
+  logErrors("LOADCONTROLS", [&] {
     lines_.add();
     lookups_.attach(lines_.last());
     if (lines_.ignoringChanges()) return;
@@ -125,13 +125,13 @@ void frmjrnl::CMDREMOVE_CLICK() {
 
 int frmjrnl::GETROWS() {
   const int rows = lines_.count();
-  trap("GETROWS",
-       [&] { lblrows.setCaption(std::to_string(rows) + (rows == 1 ? " line" : " lines")); });
+  logErrors("GETROWS",
+            [&] { lblrows.setCaption(std::to_string(rows) + (rows == 1 ? " line" : " lines")); });
   return rows;
 }
 
 void frmjrnl::SETTOP() {
-  trap("SETTOP", [&] {
+  logErrors("SETTOP", [&] {
     GETROWS();
     lines_.placeView();
   });
@@ -141,7 +141,7 @@ void frmjrnl::SETTOP() {
 
 void frmjrnl::GETCURBALS() {
   if (lines_.ignoringChanges()) return;
-  trap("GETCURBALS", [&] {
+  logErrors("GETCURBALS", [&] {
     const std::vector<VoucherLine> lines = lines_.lines();
     PairAmounts typed;
     for (const VoucherLine& line : lines) typed.add(line.pair, line.balance());
@@ -155,7 +155,7 @@ void frmjrnl::GETCURBALS() {
 }
 
 void frmjrnl::CHECKTOTALS() {
-  trap("CHECKTOTALS", [&] {
+  logErrors("CHECKTOTALS", [&] {
     const VoucherTotals totals = totalsOf(lines_.lines());
     if (vsf1.rows() == 0) vsf1.addRow({"Total"});
     vsf1.setCell(1, 1, groupedAmount(*context_.host, totals.debit));

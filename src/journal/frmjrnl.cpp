@@ -12,7 +12,7 @@ constexpr int narrationLength = 16'000;
 
 }  // namespace
 
-frmjrnl::frmjrnl(Context& context) : Form(context.desk, "frmjrnl"), context_(context) {
+frmjrnl::frmjrnl(Context& context) : Form(context.openForms, "frmjrnl"), context_(context) {
   attachList();
   attachEntry();
   Frame2.setVisible(false);
@@ -65,13 +65,13 @@ void frmjrnl::attachEntry() {
   lookups_.attach(0);
 }
 
-Node frmjrnl::layout() {
-  const Node period = row({item(lblperiod, 1), field("&From", txtdt1[0], 12),
-                           field("&To", txtdt1[1], 12), item(cmdok)});
-  const Node commands = row({item(cmdadd), item(cmdmodify), item(Command1), item(Check1), gap(),
-                             item(cmdprn), item(cmdtb), item(cmdexit)});
-  const Node list = framed(Frame1, {period, item(vsf, 1), item(lblstatus), commands}, 1);
-  const Node entry = framed(
+LayoutItem frmjrnl::layout() {
+  const LayoutItem period = row({item(lblperiod, 1), field("&From", txtdt1[0], 12),
+                                 field("&To", txtdt1[1], 12), item(cmdok)});
+  const LayoutItem commands = row({item(cmdadd), item(cmdmodify), item(Command1), item(Check1),
+                                   gap(), item(cmdprn), item(cmdtb), item(cmdexit)});
+  const LayoutItem list = framed(Frame1, {period, item(vsf, 1), item(lblstatus), commands}, 1);
+  const LayoutItem entry = framed(
       Frame2,
       {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, lines_.layout()),
        gap(), row({item(lbldiff, 1), item(cmdremove)}), item(vsf1), field("N&arration", txtnarr),

@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "books/voucher_book.h"
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "host/context.h"
 #include "journal/line_lookups.h"
@@ -29,7 +29,7 @@ class frmjrnl : public Form {
  public:
   explicit frmjrnl(Context& context);
 
-  Node layout() override;
+  LayoutItem layout() override;
   std::string subject() const override;
 
   // --- the list of vouchers

@@ -162,7 +162,7 @@ void LineLookups::ledgerTaken(int line, long id) {
 std::optional<long> LineLookups::CHECKLEDGER(const std::string& name) {
   std::optional<long> id;
   hint("The ledger could not be looked up; the error log says why. Enter tries again.");
-  form_.trap("CHECKLEDGER", [&] {
+  form_.logErrors("CHECKLEDGER", [&] {
     Context& context = form_.context();
     const auto found = findLedger(*context.host, name);
     if (found && !nameMeant(context.dialogs, name, found->name, form_.caption())) {

@@ -11,7 +11,7 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear) {
 }
 
 void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books& books) {
-  trap("INITDATA", [&] {
+  logErrors("INITDATA", [&] {
     forgetLists();
     book_.reset();
     books_ = books;
@@ -23,13 +23,13 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
   });
   if (!book_) return;
   // A voucher that was left half posted.
-  trap("INITDATA", [&] { book_->posting().postMissing(); });
+  logErrors("INITDATA", [&] { book_->posting().postMissing(); });
   readLists();
 }
 
 bool frmjrnl::readLists() {
   forgetLists();
-  trap("INITDATA", [&] {
+  logErrors("INITDATA", [&] {
     const Busy busy(*context_.host);
     JournalLists lists = readJournalLists(*context_.host, book().books());
     lookups_.fill(std::move(lists.ledgers), std::move(lists.groups));
@@ -79,7 +79,7 @@ void frmjrnl::LOADGRID() {
   const long selected = vsf.currentId();
   bool loaded = false;
   vsf.clearRows();
-  trap("LOADGRID", [&] {
+  logErrors("LOADGRID", [&] {
     const Busy busy(*context_.host);
     const std::string unbalanced = list_.show(book().journal(), from_, to_);
     if (!Check1.checked()) CHECK1_CLICK();
@@ -98,7 +98,7 @@ void frmjrnl::LOADGRID() {
 }
 
 void frmjrnl::CHECK1_CLICK() {
-  trap("CHECK1_CLICK", [&] { list_.foldAll(!Check1.checked()); });
+  logErrors("CHECK1_CLICK", [&] { list_.foldAll(!Check1.checked()); });
 }
 
 }  // namespace quillet

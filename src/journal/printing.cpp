@@ -44,7 +44,7 @@ void frmjrnl::CMDTB_CLICK() {
   // What the line at the foot says of the last failure holds no more.
   const bool toldOfFailure = !complete() || lblstatus.caption() == notPrinted;
   bool done = false;
-  trap("CMDTB_CLICK", [&] {
+  logErrors("CMDTB_CLICK", [&] {
     const Busy busy(*context_.host);
     // What stands in the journal and not in the trial balance would count as original.
     book().posting().postMissing();

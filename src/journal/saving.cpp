@@ -55,7 +55,7 @@ void frmjrnl::SAVEVCH() {
   const Voucher voucher{txtdt.text(), txtnarr.text(), lines_.toSave()};
   Removal removal = Removal::done;
   bool stored = false;
-  trap("SAVEVCH", [&] {
+  logErrors("SAVEVCH", [&] {
     if (book().id() != 0) removal = DELETEVCH(book().id());
     // Lines that are still posted must not be joined by the new ones.
     if (removal != Removal::done) return;
@@ -87,12 +87,12 @@ void frmjrnl::widenPeriod(const std::string& date) {
 }
 
 void frmjrnl::ADDVCH(long vid) {
-  trap("ADDVCH", [&] { book().post(vid); });
+  logErrors("ADDVCH", [&] { book().post(vid); });
 }
 
 frmjrnl::Removal frmjrnl::DELETEVCH(long vid) {
   Removal removal = Removal::failed;
-  trap("DELETEVCH", [&] {
+  logErrors("DELETEVCH", [&] {
     removal = book().remove(vid) ? Removal::done : Removal::refused;
     if (removal == Removal::refused) tell(context_, sharedNumber);
   });
@@ -121,7 +121,7 @@ void frmjrnl::FORM_UNLOAD(bool& cancel) {
 
 // Other forms show the table as it stands, so that what is missing is posted before they do.
 void frmjrnl::postMissingOnLeaving() {
-  trap("FORM_UNLOAD", [&] { book().posting().postMissing(); });
+  logErrors("FORM_UNLOAD", [&] { book().posting().postMissing(); });
   LOADGRID();
   tell(context_, complete()
                      ? "A voucher was half posted. What was missing has been posted now; please "

@@ -213,10 +213,10 @@ void VoucherLines::sideChosen(int line) {
 
 // --- scrolling ----------------------------------------------------------------------------------
 
-std::vector<Node> VoucherLines::layout() {
-  std::vector<Node> rows{item(form_.lblmore)};
+std::vector<LayoutItem> VoucherLines::layout() {
+  std::vector<LayoutItem> rows{item(form_.lblmore)};
   for (int line = top_; line < std::min(top_ + inView, count()); ++line) {
-    std::vector<Node> boxes;
+    std::vector<LayoutItem> boxes;
     for (const auto& [heading, width, stretch, box] : columns) {
       // The headings stand once, above the first line in view.
       boxes.push_back(line == top_ ? field(heading, box(form_, line), width, stretch)

@@ -59,7 +59,7 @@ class VoucherLines {
 
   // --- scrolling
 
-  std::vector<Node> layout();
+  std::vector<LayoutItem> layout();
   // Keeps the view within the lines and shows the marks of those above and below it.
   void placeView();
   void reveal(int line);

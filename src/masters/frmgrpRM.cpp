@@ -24,20 +24,21 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
   attachHeads();
 }
 
-Node frmgrpRM::layout() {
-  std::vector<Node> choices{column({item(lblhead), item(cbohead, 0, groupWidth)}, 1)};
+LayoutItem frmgrpRM::layout() {
+  std::vector<LayoutItem> choices{column({item(lblhead), item(cbohead, 0, groupWidth)}, 1)};
   for (int i = 0; i < lblgrp.size(); ++i) {
     choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
   }
   choices.push_back(gap());
   choices.push_back(item(cmdupdateM));
   choices.push_back(item(cmdcancelM));
-  const Node commands = row({item(cmdaddM), item(cmdmodifyM), item(cmddeleteM), item(cmdsortorder),
-                             item(cmdup), item(cmddown), gap(), item(cmdgrpM), item(cmdbackM)});
-  const Node head =
+  const LayoutItem commands =
+      row({item(cmdaddM), item(cmdmodifyM), item(cmddeleteM), item(cmdsortorder), item(cmdup),
+           item(cmddown), gap(), item(cmdgrpM), item(cmdbackM)});
+  const LayoutItem head =
       row({field("&Heading", txthead, groupWidth, 2), field("&Type", cbotype, groupWidth, 1),
            item(cmdupdateG), item(cmdcancelG)});
-  const Node headCommands =
+  const LayoutItem headCommands =
       row({item(cmdaddG), item(cmdmodifyG), item(cmddeleteG), gap(), item(cmdbackG)});
   return column({stack({framed(famM, {item(vsfM, 1), row(std::move(choices)), commands}, 1),
                         framed(famG, {item(vsfG, 1), head, item(lblhint), headCommands}, 1)}),
@@ -45,7 +46,7 @@ Node frmgrpRM::layout() {
 }
 
 void frmgrpRM::INITDATA(const BoundYear& year) {
-  trap("INITDATA", [&] {
+  logErrors("INITDATA", [&] {
     binding_.open(year.client, year.table, {year.firstDate, year.secondDate});
     setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +
                shownDate(year.firstDate) + " to " + shownDate(year.secondDate));

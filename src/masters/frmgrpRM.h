@@ -13,9 +13,9 @@
 
 #include "books/raw_material_binding.h"
 #include "books/raw_material_heads.h"
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
-#include "controls/simple.h"
 #include "masters/master_form.h"
 
 namespace quillet {
@@ -34,7 +34,7 @@ class frmgrpRM : public MasterForm {
 
   void INITDATA(const BoundYear& year);
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   // --- the binding
   Frame famM{*this, "famM"};

@@ -49,12 +49,13 @@ void frmgrpmas::setColumns() {
   vsM.setColumns(withTicks);
 }
 
-Node frmgrpmas::layout() {
-  const Node fields = row({field("Group &Name", Text1, 40, 3), field("Under Gr&oup", Combo1, 30, 2),
-                           item(cmdupdate), item(cmdcancel)});
-  const Node commands =
+LayoutItem frmgrpmas::layout() {
+  const LayoutItem fields =
+      row({field("Group &Name", Text1, 40, 3), field("Under Gr&oup", Combo1, 30, 2),
+           item(cmdupdate), item(cmdcancel)});
+  const LayoutItem commands =
       row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge), gap(), item(cmdback)});
-  const Node merge = row(
+  const LayoutItem merge = row(
       {column({item(lblmerge), item(vsM, 1)}, 1), column({item(lblmergewith), item(vsMW, 1)}, 1)},
       1);
   return column(
@@ -120,7 +121,7 @@ void frmgrpmas::reread() {
 }
 
 void frmgrpmas::LOADDATA() {
-  trap("LOADDATA", [&] {
+  logErrors("LOADDATA", [&] {
     if (vsf.current() == 0) {
       CLEARDATA();
       return;
@@ -131,14 +132,14 @@ void frmgrpmas::LOADDATA() {
 }
 
 void frmgrpmas::CLEARDATA() {
-  trap("CLEARDATA", [&] {
+  logErrors("CLEARDATA", [&] {
     Text1.setText("");
     Combo1.setChosen(0);
   });
 }
 
 void frmgrpmas::SETBUTTON(bool edit) {
-  trap("SETBUTTON", [&] {
+  logErrors("SETBUTTON", [&] {
     editing_ = edit;
     for (Control* browse : std::initializer_list<Control*>{&vsf, &cmdadd, &cmdmodify, &cmddelete,
                                                            &cmdMerge, &cmdback}) {

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "books/group_master.h"
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
-#include "controls/simple.h"
 #include "masters/master_form.h"
 
 namespace quillet {
@@ -26,7 +26,7 @@ class frmgrpmas : public MasterForm {
   // The name of the group added last, "" when there is none or it has gone since.
   std::string newGroup() const;
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   // --- the groups
   Frame famMain{*this, "famMain"};

@@ -38,7 +38,7 @@ void frmtbledmas::attachCommands() {
   txtfind.Change = [this] { SETROWSHIDDEN(); };
   txtfind.KeyDown = [this](Key& key) {
     if (key != keys::Up && key != keys::Down) return;
-    vsf.act(key);
+    vsf.handleKey(key);
     key = keys::none;
   };
   vsf.KeyPress = [this](Key& key) { searchFromGrid(key); };
@@ -60,12 +60,13 @@ void frmtbledmas::attachCommands() {
   cmdbackC.Click = [this] { CMDBACKC_CLICK(); };
 }
 
-Node frmtbledmas::layout() {
-  const Node top = row({field("&Find", txtfind, 30, 1), item(Option1[notInUse]),
-                        item(Option1[inUse]), item(Option1[all]), item(lblcount)});
-  const Node entry = row({field("&Particulars", VTxt1, 40, 1), item(cmdupdate), item(cmdcancel)});
-  const Node commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdView),
-                             item(cmdlink), gap(), item(cmdback)});
+LayoutItem frmtbledmas::layout() {
+  const LayoutItem top = row({field("&Find", txtfind, 30, 1), item(Option1[notInUse]),
+                              item(Option1[inUse]), item(Option1[all]), item(lblcount)});
+  const LayoutItem entry =
+      row({field("&Particulars", VTxt1, 40, 1), item(cmdupdate), item(cmdcancel)});
+  const LayoutItem commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdView),
+                                   item(cmdlink), gap(), item(cmdback)});
   return column(
       {stack(
            {framed(famMain, {top, item(lbllink), item(vsf, 1), entry, item(lblhint), commands}, 1),
@@ -141,7 +142,7 @@ void frmtbledmas::reread() {
 }
 
 void frmtbledmas::LOADDATA() {
-  trap("LOADDATA", [&] {
+  logErrors("LOADDATA", [&] {
     if (vsf.current() == 0) {
       CLEARDATA();
     } else {
@@ -151,11 +152,11 @@ void frmtbledmas::LOADDATA() {
 }
 
 void frmtbledmas::CLEARDATA() {
-  trap("CLEARDATA", [&] { VTxt1.setText(""); });
+  logErrors("CLEARDATA", [&] { VTxt1.setText(""); });
 }
 
 void frmtbledmas::SETCOLWIDTH() {
-  trap("SETCOLWIDTH", [&] {
+  logErrors("SETCOLWIDTH", [&] {
     vsf.setColumnWidth(LedgerRows::nameColumn, static_cast<int>(nameLength) / 2);
     vsf.setColumnWidth(LedgerRows::inUseColumn, inUseWidth);
     vsf.setColumnWidth(LedgerRows::linkColumn, inUseWidth);
@@ -166,7 +167,7 @@ void frmtbledmas::SETCOLWIDTH() {
 // --- browsing, editing, linking -----------------------------------------------------------------
 
 void frmtbledmas::SETBUTTON(bool edit) {
-  trap("SETBUTTON", [&] {
+  logErrors("SETBUTTON", [&] {
     editing_ = edit;
     const bool browsing = !edit && !linking();
     // A new name would not appear among those in use, and what is in no use cannot be viewed.
@@ -193,7 +194,7 @@ void frmtbledmas::OPTION1_CLICK() {
 }
 
 void frmtbledmas::SETROWSHIDDEN() {
-  trap("SETROWSHIDDEN", [&] {
+  logErrors("SETROWSHIDDEN", [&] {
     // A row that is being modified stays in sight.
     rows_.show({.used = !Option1[notInUse].checked(), .unused = !Option1[inUse].checked()},
                WordSearch(txtfind.text()), editing_ ? vsf.current() : 0);

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "books/ledger_master.h"
+#include "controls/basic_controls.h"
 #include "controls/control_array.h"
-#include "controls/simple.h"
 #include "controls/vtxt.h"
 #include "masters/ledger_rows.h"
 #include "masters/master_form.h"
@@ -25,7 +25,7 @@ class frmtbledmas : public MasterForm {
   // Whether ledgers may have been written since the form was shown.
   bool changed() const { return changed_; }
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   // --- the particulars
   Frame famMain{*this, "famMain"};

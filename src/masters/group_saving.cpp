@@ -110,7 +110,7 @@ void frmgrpmas::CMDCANCEL_CLICK() {
 
 std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
   std::optional<bool> used;
-  trap("CHECKEXISTS", [&] {
+  logErrors("CHECKEXISTS", [&] {
     TableNames missing;
     std::string table = yearTableWithGroup(*context_.host, groupId, missing);
     if (!table.empty()) status("It stands in " + table + ".");

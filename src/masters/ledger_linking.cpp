@@ -35,7 +35,7 @@ void frmtbledmas::CMDLINK_CLICK() {
 
 std::vector<long> frmtbledmas::GETSRNOS() {
   std::vector<long> ids;
-  trap("GETSRNOS", [&] { ids = rows_.ticked(); });
+  logErrors("GETSRNOS", [&] { ids = rows_.ticked(); });
   return ids;
 }
 

@@ -18,7 +18,7 @@ constexpr std::size_t tablesNamed = 6;
 }  // namespace
 
 MasterForm::MasterForm(Context& context, std::string name)
-    : Form(context.desk, std::move(name)), context_(context) {
+    : Form(context.openForms, std::move(name)), context_(context) {
   lblstatus.setQuiet(true);
 }
 

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "books/year_tables.h"
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/grid.h"
-#include "controls/simple.h"
 #include "controls/text_box.h"
 #include "host/context.h"
 
@@ -36,7 +36,7 @@ class MasterForm : public Form {
   template <class Body>
   bool attempt(std::string_view procedure, Body&& body) {
     bool done = false;
-    trap(procedure, [&] {
+    logErrors(procedure, [&] {
       body();
       done = true;
     });

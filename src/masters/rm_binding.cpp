@@ -60,7 +60,7 @@ bool frmgrpRM::LOADGRIDM(long srNo) {
 }
 
 void frmgrpRM::LOADDATAM() {
-  trap("LOADDATAM", [&] {
+  logErrors("LOADDATAM", [&] {
     if (vsfM.current() == 0) {
       CLEARDATAM();
       return;
@@ -75,7 +75,7 @@ void frmgrpRM::LOADDATAM() {
 }
 
 void frmgrpRM::CLEARDATAM() {
-  trap("CLEARDATAM", [&] {
+  logErrors("CLEARDATAM", [&] {
     cbohead.setChosen(0);
     for (auto& box : cbogroup) box->setChosen(box->findData(0));
   });
@@ -87,7 +87,7 @@ void frmgrpRM::setStateM(State state) {
 }
 
 void frmgrpRM::SETBUTTONSM() {
-  trap("SETBUTTONSM", [&] {
+  logErrors("SETBUTTONSM", [&] {
     const bool browsing = state_ == State::browsing;
     const bool sorting = state_ == State::sorting;
     for (Button* command : {&cmdaddM, &cmdmodifyM, &cmddeleteM, &cmdgrpM, &cmdbackM}) {

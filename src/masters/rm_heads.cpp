@@ -53,7 +53,7 @@ void frmgrpRM::LOADGRIDG(long grpId) {
 }
 
 void frmgrpRM::LOADDATAG() {
-  trap("LOADDATAG", [&] {
+  logErrors("LOADDATAG", [&] {
     const int row = vsfG.current();
     if (row == 0) {
       CLEARDATAG();
@@ -65,7 +65,7 @@ void frmgrpRM::LOADDATAG() {
 }
 
 void frmgrpRM::CLEARDATAG() {
-  trap("CLEARDATAG", [&] {
+  logErrors("CLEARDATAG", [&] {
     txthead.setText("");
     cbotype.setChosen(0);
   });
@@ -77,7 +77,7 @@ void frmgrpRM::setStateG(State state) {
 }
 
 void frmgrpRM::SETBUTTONG() {
-  trap("SETBUTTONG", [&] {
+  logErrors("SETBUTTONG", [&] {
     for (Button* command : {&cmdaddG, &cmdmodifyG, &cmddeleteG, &cmdbackG}) {
       command->setEnabled(!editing());
     }
@@ -170,7 +170,7 @@ bool frmgrpRM::headHolds(const RawMaterialHead& head) {
 
 std::optional<bool> frmgrpRM::CHECKEXISTS(long grpId) {
   std::optional<bool> bound;
-  trap("CHECKEXISTS", [&] {
+  logErrors("CHECKEXISTS", [&] {
     TableNames missing;
     bound = heads_.bound(grpId, missing);
     tellMissing(missing);

@@ -15,7 +15,7 @@
 namespace quillet {
 
 class Control;
-class Desk;
+class OpenForms;
 class Form;
 
 // --- message boxes and dialogs ----------------------------------------------------------------

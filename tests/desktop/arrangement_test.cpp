@@ -10,10 +10,10 @@ namespace {
 // Lines of which some are in view, the first of them with a label.
 class LinesForm : public Form {
  public:
-  explicit LinesForm(Desk& formDesk) : Form(formDesk, "lines") {}
+  explicit LinesForm(OpenForms& formDesk) : Form(formDesk, "lines") {}
 
-  Node layout() override {
-    std::vector<Node> lines{item(lblabove)};
+  LayoutItem layout() override {
+    std::vector<LayoutItem> lines{item(lblabove)};
     for (int line = top; line < std::min(top + inView, txtline.size()); ++line) {
       lines.push_back(
           row({line == top ? field("&Line", txtline[line], 20) : item(txtline[line], 0, 20)}));
@@ -81,7 +81,7 @@ class Arrangement : public DesktopTest {
     EXPECT_EQ(labels, 1);
   }
 
-  LinesForm lines{desk};
+  LinesForm lines{openForms};
 };
 
 TEST_F(Arrangement, KeepsTheWidgetsOfControlsThatStay) {

@@ -4,7 +4,8 @@
 
 namespace quillet {
 
-DemoForm::DemoForm(Desk& desk, std::string formName) : Form(desk, std::move(formName)) {
+DemoForm::DemoForm(OpenForms& openForms, std::string formName)
+    : Form(openForms, std::move(formName)) {
   setCaption("Trial Balance of Asha Traders for the Period 01/04/2008 - 31/03/2009");
   size.width = 0.8;
   size.height = 0.8;
@@ -53,7 +54,7 @@ DemoForm::DemoForm(Desk& desk, std::string formName) : Form(desk, std::move(form
   };
   txtname.KeyDown = [this](Key& key) {
     if (key != keys::Up && key != keys::Down) return;
-    vsflist.act(key);
+    vsflist.handleKey(key);
     key = keys::none;
   };
   vsflist.DblClick = [this] {
@@ -94,13 +95,13 @@ void DemoForm::fillGrid() {
   vsf.setCurrent(2);
 }
 
-Node DemoForm::layout() {
-  const Node commands = column({item(cmdmode[0]), item(cmdmode[1]), item(cmdmode[2]), gap()});
-  const Node entry =
+LayoutItem DemoForm::layout() {
+  const LayoutItem commands = column({item(cmdmode[0]), item(cmdmode[1]), item(cmdmode[2]), gap()});
+  const LayoutItem entry =
       row({field("&Name", txtname, 30, 2), field("A&mount", txtamount, 16), item(vsflist)});
-  const Node list = framed(famlist, {item(vsf, 1), entry}, 1);
-  const Node page = framed(fampage, {item(cmdback)});
-  const Node settings =
+  const LayoutItem list = framed(famlist, {item(vsf, 1), entry}, 1);
+  const LayoutItem page = framed(fampage, {item(cmdback)});
+  const LayoutItem settings =
       framed(famset, {field("&Date", mskdate), field("&Group", cbogroup, 22),
                       field("&Years", lstyears), item(chkall),
                       row({item(optside[0]), item(optside[1])}), field("Total", txttotal, 16)});

@@ -6,22 +6,22 @@
 #include <utility>
 #include <vector>
 
+#include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
-#include "controls/desk.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
-#include "controls/simple.h"
+#include "controls/open_forms.h"
 #include "controls/text_box.h"
 
 namespace quillet {
 
 class DemoForm : public Form {
  public:
-  explicit DemoForm(Desk& desk, std::string name = "demo");
+  explicit DemoForm(OpenForms& openForms, std::string name = "demo");
 
-  Node layout() override;
+  LayoutItem layout() override;
 
   MenuEntry mnufile{*this, "mnufile", "&Entry"};
   MenuEntry mnunew{*this, "mnunew", "&New Line", &mnufile, "Ins"};

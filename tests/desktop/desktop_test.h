@@ -1,4 +1,4 @@
-// What the tests of the windows share: the one application of the process, a form on a desk with
+// What the tests of the windows share: the one application of the process, a form on a screen with
 // its window, and the widgets by their controls.
 #pragma once
 
@@ -21,7 +21,7 @@ void whenAsked(std::function<void()> answer);
 class DesktopTest : public testing::Test {
  protected:
   DesktopTest() {
-    theApplication().follow(desk);
+    theApplication().follow(openForms);
     form.show();
     settle();
     form.takeEvents();
@@ -55,8 +55,8 @@ class DesktopTest : public testing::Test {
     QTest::mouseClick(target, Qt::LeftButton, {}, place);
   }
 
-  Desk desk;
-  DemoForm form{desk};
+  OpenForms openForms;
+  DemoForm form{openForms};
 };
 
 }  // namespace quillet::desktop

@@ -55,7 +55,9 @@ TEST_F(DialogsTest, WhatAWindowThrowsIsLogged) {
     bool event(QEvent*) override { throw std::runtime_error("broken"); }
   };
   std::string logged;
-  desk.onError = [&](const std::string&, const std::exception& error) { logged = error.what(); };
+  openForms.onError = [&](const std::string&, const std::exception& error) {
+    logged = error.what();
+  };
   Thrower thrower;
   QEvent event(QEvent::User);
   EXPECT_FALSE(QCoreApplication::sendEvent(&thrower, &event));

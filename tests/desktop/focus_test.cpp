@@ -167,7 +167,7 @@ TEST_F(Focus, ARefusedCloseLeavesTheWindow) {
   form.mayClose = true;
   window()->close();
   EXPECT_EQ(window(), nullptr);
-  EXPECT_TRUE(desk.open().empty());
+  EXPECT_TRUE(openForms.open().empty());
   settle();
   // A script goes on after the last window: dialogs still wait for their answers.
   whenAsked([] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Y); });
@@ -183,11 +183,11 @@ TEST_F(Focus, ARefusedCloseLeavesTheWindow) {
 TEST_F(Focus, TheProgramEndsWithItsLastWindow) {
   whenAsked([&] { window()->close(); });
   EXPECT_EQ(theApplication().run(), 0);
-  EXPECT_TRUE(desk.open().empty());
+  EXPECT_TRUE(openForms.open().empty());
 }
 
 TEST_F(Focus, AModalFormBlocksTheOneBelow) {
-  DemoForm upper(desk, "upper");
+  DemoForm upper(openForms, "upper");
   bool closed = false;
   upper.showModal([&] { closed = true; });
   settle();
@@ -195,7 +195,7 @@ TEST_F(Focus, AModalFormBlocksTheOneBelow) {
   ASSERT_TRUE(above);
   EXPECT_EQ(above->windowModality(), Qt::ApplicationModal);
   EXPECT_EQ(QApplication::activeModalWidget(), above);
-  EXPECT_FALSE(desk.bringToFront(form));
+  EXPECT_FALSE(openForms.bringToFront(form));
   QTest::keyClick(above->focusWidget(), Qt::Key_W, Qt::ControlModifier);
   above->close();
   EXPECT_TRUE(closed);

@@ -55,20 +55,20 @@ TEST_F(Typing, PastesThroughTheHandlersOnOneLine) {
 
 class NumberForm : public Form {
  public:
-  explicit NumberForm(Desk& formDesk) : Form(formDesk, "numbers") {
+  explicit NumberForm(OpenForms& formDesk) : Form(formDesk, "numbers") {
     box.ValidateData(1);
     box.MsgBox = [this](const std::string& text) {
       told.push_back(text);
       theApplication().dialogs().MsgBox({text, "", Buttons::OK, Icon::none, Answer::OK});
     };
   }
-  Node layout() override { return column({item(box)}); }
+  LayoutItem layout() override { return column({item(box)}); }
   VTxt box{*this, "VTxt1"};
   std::vector<std::string> told;
 };
 
 TEST_F(Typing, APasteEndsAtTheFirstKeyThatIsRefusedWithAMessage) {
-  NumberForm numbers(desk);
+  NumberForm numbers(openForms);
   numbers.show();
   settle();
   QTimer answering;

@@ -51,7 +51,7 @@ TEST_F(ClientGridTest, TheRegisterIsReadWheneverTheListIsShown) {
                                         },
                                         [&] {
                                           form.click(form.cmdgrpmas);
-                                          context().desk.active()->close();
+                                          context().openForms.active()->close();
                                         }};
   std::string added;
   for (const auto& way : ways) {
@@ -138,7 +138,7 @@ TEST_F(ClientGridTest, WorkGoesOnWithoutWritableSettings) {
   EXPECT_EQ(grid().rows(), 1) << "the choice holds as long as the form is open";
   grid().setColumnWidth(1, 33);
   form.click(grid().cmdcolumns);
-  context().desk.active()->press(keys::Escape);
+  context().openForms.active()->press(keys::Escape);
   form.doubleClick(form.ClGrd1);
   EXPECT_EQ(context().clientCode, "C1");
   EXPECT_EQ(frontEnd.client, "C1");

@@ -72,7 +72,7 @@ class EditorTest : public PracticeTest {
   }
   void lookIntoJournal(frmcrtb& form) {
     form.click(form.mnujournal);
-    Form* journal = form.desk().find("frmjrnl");
+    Form* journal = form.openForms().find("frmjrnl");
     if (!journal) return;
     yes();
     journal->close();

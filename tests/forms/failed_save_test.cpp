@@ -138,7 +138,7 @@ TEST_F(FailedSave, WhatCannotBePutBackIsNamed) {
   const auto halfPosted = [&] {
     exec("create trigger refuses before insert on TAB_1 for each row signal sqlstate '45000'");
     form.click(form.mnujournal);
-    EXPECT_EQ(&form, context().desk.active()) << "nothing is posted onto such books";
+    EXPECT_EQ(&form, context().openForms.active()) << "nothing is posted onto such books";
     messages();
     context().unposted.add({"TAB_1", "C1"}, {ledger("Rent"), group("RENT")}, Money::ofPaise(500));
     form.close();

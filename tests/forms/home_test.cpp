@@ -98,7 +98,7 @@ TEST_F(HomeTest, AYearThatIsGoneIsSaidAndTheListReadAnew) {
     EXPECT_EQ(shown(form.flexgrid2), (Rows{{"01/04/2007", "31/03/2008"}}));
     EXPECT_EQ(form.flexgrid2.current(), 1);
     EXPECT_EQ(context().table, "");
-    EXPECT_EQ(context().desk.active(), &form);
+    EXPECT_EQ(context().openForms.active(), &form);
   }
 }
 
@@ -111,7 +111,7 @@ TEST_F(HomeTest, WhatWasDoneIsSaidUntilTheNextCommandOrClient) {
                                         [&] { form.doubleClick(form.ClGrd1); },
                                         [&] {
                                           form.click(form.cmdledmas);
-                                          context().desk.active()->close();
+                                          context().openForms.active()->close();
                                         }};
   for (const auto& way : ways) {
     form.click(form.mnualter);
@@ -210,14 +210,14 @@ TEST_F(HomeTest, RefreshReachesAnOpenEditor) {
 
 // One that two controls share carries out neither.
 TEST_F(HomeTest, EveryAccessKeyIsOneControls) {
-  const std::function<std::string(const Node&)> accessKeys = [&](const Node& node) {
+  const std::function<std::string(const LayoutItem&)> accessKeys = [&](const LayoutItem& node) {
     std::string keys;
-    if (node.kind == Node::Kind::control && node.control->shown()) {
+    if (node.kind == LayoutItem::Kind::control && node.control->shown()) {
       const std::string& text = node.label.empty() ? node.control->caption() : node.label;
       const auto mark = text.find('&');
       if (mark != std::string::npos) keys = upperCase(text.substr(mark + 1, 1));
     }
-    for (const Node& child : node.children) keys += accessKeys(child);
+    for (const LayoutItem& child : node.children) keys += accessKeys(child);
     return keys;
   };
   const auto differ = [&](const Form& shown, std::size_t least) {
@@ -233,9 +233,9 @@ TEST_F(HomeTest, EveryAccessKeyIsOneControls) {
   for (const auto& [button, name] : {std::pair{&form.ClGrd1.cmdclients, "frmClSelection"},
                                      {&form.ClGrd1.cmdcolumns, "frmClSetup"}}) {
     form.click(*button);
-    EXPECT_EQ(context().desk.active()->name(), name);
-    differ(*context().desk.active(), 4);
-    context().desk.active()->press(keys::Escape);
+    EXPECT_EQ(context().openForms.active()->name(), name);
+    differ(*context().openForms.active(), 4);
+    context().openForms.active()->press(keys::Escape);
     EXPECT_EQ(form.active(), &form.ClGrd1) << "one goes on typing";
   }
 }

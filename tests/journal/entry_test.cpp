@@ -156,9 +156,9 @@ TEST_F(JournalEntry, ScrollsALongVoucher) {
   // Where the focus is, which lines have a place in the arrangement, and the marks of more.
   const auto view = [&] {
     std::vector<int> lines;
-    const std::function<void(const Node&)> walk = [&](const Node& node) {
+    const std::function<void(const LayoutItem&)> walk = [&](const LayoutItem& node) {
       if (node.control && node.control->name() == "cboside") lines.push_back(node.control->index());
-      for (const Node& child : node.children) walk(child);
+      for (const LayoutItem& child : node.children) walk(child);
     };
     walk(form.arrangement());
     return active() + (form.lblmore.visible() ? " ..." : " ") + std::to_string(lines.front()) +

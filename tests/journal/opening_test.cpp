@@ -51,12 +51,12 @@ TEST_F(JournalOpening, StaysWithTheEditorsClientAndTheYearInView) {
     select("C2", 2010);
     statements();
     editor.click(editor.mnujournal);
-    auto& form = dynamic_cast<frmjrnl&>(*context().desk.active());
+    auto& form = dynamic_cast<frmjrnl&>(*context().openForms.active());
     EXPECT_TRUE(form.modal());
     EXPECT_EQ(form.lblperiod.caption(), c.period);
     EXPECT_NE(statements().back().find(c.journal), std::string::npos);
     passCashAndClose(form, c.date);
-    EXPECT_EQ(context().desk.active(), &editor);
+    EXPECT_EQ(context().openForms.active(), &editor);
     EXPECT_EQ(editor.txttotdeb[c.view].text(), c.total);
     EXPECT_EQ(rows(std::string("select distinct code_no from ") + c.journal), (Rows{{"C1"}}));
     if (c.view != 0) continue;

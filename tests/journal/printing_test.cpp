@@ -9,7 +9,7 @@ class JournalPrinting : public JournalTest {
  protected:
   // The rows of the subsidiary trial balance below its headings.
   Rows subsidiary() {
-    practice.surroundings().forgetReport();
+    practice.environment().forgetReport();
     journal().click(journal().cmdtb);
     return printed(false);
   }

@@ -33,12 +33,12 @@ class OpeningTest : public MastersTest {
     home.show();
     EXPECT_TRUE(home.click(home.*command));
     statements();
-    EXPECT_TRUE(context().desk.active()->modal());
-    return dynamic_cast<Master&>(*context().desk.active());
+    EXPECT_TRUE(context().openForms.active()->modal());
+    return dynamic_cast<Master&>(*context().openForms.active());
   }
   frmtbledmas& ledgerMaster() { return master<frmtbledmas>(&third::cmdledmas); }
   frmgrpmas& homesGroupMaster() { return master<frmgrpmas>(&third::cmdgrpmas); }
-  frmgrpmas& groupMaster() { return dynamic_cast<frmgrpmas&>(*context().desk.active()); }
+  frmgrpmas& groupMaster() { return dynamic_cast<frmgrpmas&>(*context().openForms.active()); }
   void renameShop(frmtbledmas& master) {
     pick(master.vsf, 0, "Shop");
     press(master, master.cmdmodify);
@@ -157,7 +157,7 @@ TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
   EXPECT_EQ(form.txtpart.text(), "Sh");
   EXPECT_TRUE(form.close());
   addGroup(homesGroupMaster(), "FARES");
-  context().desk.active()->close();
+  context().openForms.active()->close();
   EXPECT_EQ(form.vsfm.rows(), 1) << "a closed editor is not loaded";
   EXPECT_TRUE(statementsWith("Select * From TAB_1").empty());
 }
@@ -165,12 +165,12 @@ TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
 // --- access keys --------------------------------------------------------------------------------
 
 // The letters that lead to the controls below the node.
-void gatherAccessKeys(const Node& node, std::string& letters) {
+void gatherAccessKeys(const LayoutItem& node, std::string& letters) {
   const std::string& caption =
       node.label.empty() && node.control ? node.control->caption() : node.label;
   const std::size_t mark = caption.find('&');
   if (mark != std::string::npos) letters += upperCase(caption.substr(mark + 1, 1));
-  for (const Node& child : node.children) gatherAccessKeys(child, letters);
+  for (const LayoutItem& child : node.children) gatherAccessKeys(child, letters);
 }
 
 TEST_F(OpeningTest, AnAccessKeyLeadsToOneControlOfItsPage) {
@@ -178,8 +178,8 @@ TEST_F(OpeningTest, AnAccessKeyLeadsToOneControlOfItsPage) {
   frmtbledmas ledgers(context());
   frmgrpRM binding(context());
   for (Form* form : std::initializer_list<Form*>{&groups, &ledgers, &binding}) {
-    const Node pages = form->layout();
-    for (const Node& page : pages.children.at(0).children) {
+    const LayoutItem pages = form->layout();
+    for (const LayoutItem& page : pages.children.at(0).children) {
       std::string letters;
       gatherAccessKeys(page, letters);
       std::sort(letters.begin(), letters.end());
@@ -204,7 +204,7 @@ TEST_F(OpeningTest, TheBindingIsThatOfTheYearInView) {
     ASSERT_TRUE(form.click(form.mnuyrs[each.view]));
     statements();
     ASSERT_TRUE(form.click(form.cmdgrpmanf));
-    Form& binding = *context().desk.active();
+    Form& binding = *context().openForms.active();
     EXPECT_EQ(binding.caption(),
               "Group Binding (Manufacturing) of Asha Traders for the Period from " +
                   std::string(each.period));

@@ -6,9 +6,9 @@
 #include <clocale>
 #include <cwctype>
 
-#include "controls/desk.h"
 #include "controls/form.h"
 #include "controls/key_checks.h"
+#include "controls/open_forms.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -18,12 +18,12 @@ using Texts = std::vector<std::string>;
 
 class BoxForm : public Form {
  public:
-  explicit BoxForm(Desk& desk) : Form(desk, "boxes") {
+  explicit BoxForm(OpenForms& openForms) : Form(openForms, "boxes") {
     box.MsgBox = [this](const std::string& text) { told.push_back(text); };
     box.KeyPress = [this](Key& key) { passed.push_back(key); };
     box.LostFocus = [this] { ++left; };
   }
-  Node layout() override { return column({item(box), item(next)}); }
+  LayoutItem layout() override { return column({item(box), item(next)}); }
   // As keys of a person or, one after the other, of a paste.
   void type(const std::string& text) {
     focus(box);
@@ -41,13 +41,13 @@ class BoxForm : public Form {
 class VTxtTest : public ::testing::Test {
  protected:
   VTxtTest() {
-    desk.onError = [this](const std::string& location, const std::exception& error) {
+    openForms.onError = [this](const std::string& location, const std::exception& error) {
       errors.push_back(location + ": " + error.what());
     };
     form.show();
   }
-  Desk desk;
-  BoxForm form{desk};
+  OpenForms openForms;
+  BoxForm form{openForms};
   VTxt& box = form.box;
   Texts errors;
 };

@@ -8,9 +8,9 @@
 
 #include "controls/choice.h"
 #include "controls/control_array.h"
-#include "controls/desk.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
+#include "controls/open_forms.h"
 #include "controls/text_box.h"
 #include "data/text.h"
 
@@ -19,7 +19,8 @@ namespace {
 
 class SampleForm : public Form {
  public:
-  explicit SampleForm(Desk& desk, const std::string& name = "sample") : Form(desk, name) {
+  explicit SampleForm(OpenForms& openForms, const std::string& name = "sample")
+      : Form(openForms, name) {
     for (Control* control : controls()) {
       const std::string who = control->name();
       control->GotFocus = [this, who] { events.push_back(who + " got"); };
@@ -29,11 +30,11 @@ class SampleForm : public Form {
       if (key == U'\'') key = keys::none;
     };
   }
-  Node layout() override {
+  LayoutItem layout() override {
     return column({item(first), framed(frame, {item(second)}), item(third), item(go)});
   }
   void fail(const std::exception& error) {
-    trap("FAIL", [&] { throw std::runtime_error(error.what()); });
+    logErrors("FAIL", [&] { throw std::runtime_error(error.what()); });
   }
   void load() override {
     if (onLoad) onLoad();
@@ -67,8 +68,8 @@ class ControlsTest : public ::testing::Test {
   }
   using Events = std::vector<std::string>;
 
-  Desk desk;
-  SampleForm form{desk};
+  OpenForms openForms;
+  SampleForm form{openForms};
 };
 
 TEST_F(ControlsTest, FocusMovesInTheOrderOfEvents) {
@@ -108,7 +109,7 @@ TEST_F(ControlsTest, WhatIsHiddenOrDisabledIsPassedOver) {
   form.press(keys::Tab);
   EXPECT_EQ(form.active(), &form.third);
   form.third.setEnabled(false);
-  form.settle();
+  form.repairFocus();
   EXPECT_EQ(form.active(), &form.go);
   form.heading.setEnabled(false);
   EXPECT_FALSE(form.click(form.command));
@@ -164,7 +165,7 @@ TEST_F(ControlsTest, OneOptionOfAnArrayIsChosen) {
 // Whatever it throws: a handler that let it through would end the program.
 TEST_F(ControlsTest, WhatAHandlerThrowsIsLoggedUnderItsName) {
   Events log;
-  desk.onError = [&](const std::string& location, const std::exception&) {
+  openForms.onError = [&](const std::string& location, const std::exception&) {
     log.push_back(location);
     throw std::runtime_error("the log cannot be written");
   };
@@ -189,28 +190,28 @@ TEST_F(ControlsTest, WhatAHandlerThrowsIsLoggedUnderItsName) {
 }
 
 TEST_F(ControlsTest, AModalFormCoversTheOthersAndReportsItsEnd) {
-  SampleForm second(desk, "second");
+  SampleForm second(openForms, "second");
   int closed = 0;
   second.showModal([&] { ++closed; });
-  EXPECT_EQ(desk.active(), &second);
-  EXPECT_FALSE(desk.bringToFront(form));
+  EXPECT_EQ(openForms.active(), &second);
+  EXPECT_FALSE(openForms.bringToFront(form));
   EXPECT_TRUE(second.close());
   EXPECT_EQ(closed, 1);
-  EXPECT_EQ(desk.active(), &form);
-  EXPECT_EQ(desk.find("SAMPLE"), &form);
+  EXPECT_EQ(openForms.active(), &form);
+  EXPECT_EQ(openForms.find("SAMPLE"), &form);
 }
 
 // --- mask box, choice, grid ---------------------------------------------------------------------
 
 class OtherForm : public Form {
  public:
-  explicit OtherForm(Desk& desk) : Form(desk, "other") {
+  explicit OtherForm(OpenForms& openForms) : Form(openForms, "other") {
     grid.setColumns({{.heading = "Name"},
                      {.heading = "Amount", .numeric = true},
                      {.heading = "Pick", .tick = true},
                      {.heading = "Id", .hidden = true}});
   }
-  Node layout() override { return item(grid); }
+  LayoutItem layout() override { return item(grid); }
   MaskBox date{*this, "date", "", -1, '#'};
   ComboBox combo{*this, "combo"};
   Grid grid{*this, "grid"};
@@ -218,8 +219,8 @@ class OtherForm : public Form {
 
 class ModelsTest : public ::testing::Test {
  protected:
-  Desk desk;
-  OtherForm form{desk};
+  OpenForms openForms;
+  OtherForm form{openForms};
 };
 
 TEST_F(ModelsTest, AMaskTakesDigitsInItsPlaces) {
@@ -234,25 +235,25 @@ TEST_F(ModelsTest, AMaskTakesDigitsInItsPlaces) {
                {"01-04-2008", U"x", "##/##/####"}};
   for (const auto& c : cases) {
     form.date.setText(c.start);
-    form.date.act(keys::End);
-    for (const char32_t key : c.keys) form.date.act(key);
+    form.date.handleKey(keys::End);
+    for (const char32_t key : c.keys) form.date.handleKey(key);
     EXPECT_EQ(form.date.text(), c.shown) << c.start;
   }
 }
 
 TEST_F(ModelsTest, AComboFollowsFirstLetters) {
   for (const char* name : {"Banks", "Capital", "Cash", "Éclair"}) form.combo.addItem(name, 7);
-  form.combo.act(U'c');
+  form.combo.handleKey(U'c');
   EXPECT_EQ(form.combo.text(), "Capital");
-  form.combo.act(U'c');
+  form.combo.handleKey(U'c');
   EXPECT_EQ(form.combo.text(), "Cash");
-  form.combo.act(U'c');
+  form.combo.handleKey(U'c');
   EXPECT_EQ(form.combo.text(), "Capital");
-  form.combo.act(U'é');
+  form.combo.handleKey(U'é');
   EXPECT_EQ(form.combo.text(), "Éclair");
   EXPECT_EQ(form.combo.find("cASH"), 3);
   form.combo.clearItems();
-  form.combo.act(keys::Down);
+  form.combo.handleKey(keys::Down);
   EXPECT_EQ(form.combo.chosen(), 0);
 }
 
@@ -268,7 +269,7 @@ TEST_F(ModelsTest, AGridKeepsItsCurrentRowThroughChanges) {
   form.grid.sortBy(1);
   EXPECT_EQ(form.grid.cell(1, 1), "1,000.00");
   form.grid.setRowHidden(3, true);
-  form.grid.act(keys::Down);
+  form.grid.handleKey(keys::Down);
   EXPECT_EQ(form.grid.cell(form.grid.current(), 1), "(3.00)");
   EXPECT_THROW(form.grid.cell(9, 0), std::out_of_range);
 
@@ -331,7 +332,7 @@ TEST_F(ModelsTest, TicksAndEditsReportTheirCell) {
   form.grid.AfterEdit = [&](int row, int column) { edits += row * 10 + column; };
   form.grid.addRow({"a"});
   form.grid.setCurrent(1);
-  form.grid.act(keys::Space);
+  form.grid.handleKey(keys::Space);
   EXPECT_TRUE(form.grid.ticked(1));
   form.grid.edit(1, 0, "b");
   EXPECT_EQ(form.grid.cell(1, 0), "a") << "the column is not editable";

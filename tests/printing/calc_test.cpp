@@ -61,7 +61,7 @@ class CalcTest : public ExportTest {
  protected:
   CalcTest() {
     fs::copy_file(realTemplate(), template_, fs::copy_options::overwrite_existing);
-    practice.surroundings().useCalc(calc);
+    practice.environment().useCalc(calc);
   }
 
   Read readBack(const std::string& sheet = "TB") {

@@ -30,7 +30,7 @@ class ExportTest : public ManyLinesTest {
   }
   ~ExportTest() override {
     fs::remove(template_);
-    practice.surroundings().useCalc(CalcOptions::standard());
+    practice.environment().useCalc(CalcOptions::standard());
   }
 
   // The messages. An empty path cancels the dialog.

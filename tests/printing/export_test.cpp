@@ -17,7 +17,7 @@ class NotedExportTest : public ExportTest {
     write(program, "#!/bin/sh\nwhile IFS= read -r line; do printf '%s\\n' \"$line\" >> '" +
                        notes().string() + "'\ncase \"$line\" in " + perLine + " esac\ndone\n");
     chmod(program.c_str(), 0700);
-    practice.surroundings().useCalc({program, limit});
+    practice.environment().useCalc({program, limit});
   }
   static std::string opened(const std::string& sheets) {
     return "open*) printf 'ok\\t" + sheets + "\\n';;";
@@ -160,7 +160,7 @@ TEST_F(NotedExportTest, WhateverFailsIsToldAndTheTargetStays) {
   EXPECT_EQ(run(form, target_).back(), "Trial Balance cannot be saved. Worksheet not found!");
   EXPECT_EQ(contentOf(target_), "mine");
   expectClean();
-  practice.surroundings().useCalc({folder_.path() / "not-there", 1s});
+  practice.environment().useCalc({folder_.path() / "not-there", 1s});
   expectRefused(form);
   // A folder where nobody can write, not even root.
   const std::string nowhere = run(form, "/proc/books.xls").back();

@@ -26,7 +26,7 @@ class StockTest : public SummaryTest {
     if (name != nullptr) moveTo(stock, name);
     return stock;
   }
-  frmTrade& opened() { return static_cast<frmTrade&>(*context().desk.find("frmTrade")); }
+  frmTrade& opened() { return static_cast<frmTrade&>(*context().openForms.find("frmTrade")); }
   static void moveTo(frmTrade& stock, const char* name) {
     stock.focus(stock.vsf);
     stock.vsf.setCurrent(stock.vsf.find(0, name));

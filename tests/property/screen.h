@@ -13,7 +13,7 @@ class Screen : public Tables {
   enum Year { current = 0, previous = 1 };
 
   frmcrtb& editor() { return theEditor(context()); }
-  frmjrnl* journal() { return static_cast<frmjrnl*>(context().desk.find("frmjrnl")); }
+  frmjrnl* journal() { return static_cast<frmjrnl*>(context().openForms.find("frmjrnl")); }
   int view() { return editor().mnuyrs[1].checked() ? 1 : editor().mnuyrs[2].checked() ? 2 : 0; }
   bool inView(int year) { return view() == 2 || view() == year; }
   std::optional<Where> yearBefore() const {
@@ -174,7 +174,7 @@ class Screen : public Tables {
 
   // The rows below the headings.
   Rows printedBy(Control& command) {
-    practice.surroundings().forgetReport();
+    practice.environment().forgetReport();
     command.form().click(command);
     return printed(false);
   }

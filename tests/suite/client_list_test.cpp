@@ -37,7 +37,7 @@ class ClientListTest : public support::PracticeTest {
   }
   template <class F>
   F& shown() {
-    return dynamic_cast<F&>(*context().desk.active());
+    return dynamic_cast<F&>(*context().openForms.active());
   }
   std::string setting(const char* key) { return practice.settings().get(cc::section, key); }
 };

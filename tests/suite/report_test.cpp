@@ -28,7 +28,7 @@ class ReportTest : public support::PracticeTest {
     reporter().WriteToReport(values, alignments, widths, before, after, heading, rules, emphasis,
                              last, printed);
   }
-  const Document& report() { return practice.surroundings().lastReport().value(); }
+  const Document& report() { return practice.environment().lastReport().value(); }
 
   std::vector<Align> alignments_ = {Align::left, Align::right, Align::right};
 };
@@ -45,7 +45,7 @@ TEST_F(ReportTest, PrinterCodesBecomeEmphasisAndVanish) {
   write({on + "SN", "Name", "Amount" + off}, "111", "000", "001", "111", true);
   write({"1", "Cash", "5.00"}, "0", "0", "001", "111");
   write({"", on + "Total" + off, "5.00"}, "011", "001", "001", "110");
-  EXPECT_FALSE(practice.surroundings().lastReport().has_value());
+  EXPECT_FALSE(practice.environment().lastReport().has_value());
   reporter().ShowReport();
 
   ASSERT_EQ(report().headings().size(), 3U) << "a line of codes prints nothing";

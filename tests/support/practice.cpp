@@ -232,7 +232,7 @@ PracticeTest::Rows PracticeTest::asked() {
 
 PracticeTest::Rows PracticeTest::printed(bool withHeadings) {
   Rows all;
-  if (!practice.surroundings().lastReport()) return all;
+  if (!practice.environment().lastReport()) return all;
   for (const suite::DocumentRow& row : document().rows()) {
     if (row.heading && !withHeadings) continue;
     auto& cells = all.emplace_back();

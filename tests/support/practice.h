@@ -16,7 +16,7 @@
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
 #include "suite/queued_dialogs.h"
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 #include "support/failing_deed.h"
 
 namespace quillet::support {
@@ -105,7 +105,7 @@ class PracticeTest : public ::testing::Test {
   // The messages since the last call: text, buttons, icon and the answer proposed.
   Rows asked();
   // The report shown last.
-  const suite::Document& document() { return practice.surroundings().lastReport().value(); }
+  const suite::Document& document() { return practice.environment().lastReport().value(); }
   // The texts of its table; no rows where none was shown.
   Rows printed(bool withHeadings = true);
 

@@ -81,7 +81,7 @@ TEST_F(CreationTest, RegistersTheFirstYear) {
   EXPECT_EQ(form.active(), &form.flexgrid2);
   EXPECT_EQ(form.flexgrid2.cell(form.flexgrid2.current(), 0), "01/04/1980");
   form.press(keys::Enter);
-  EXPECT_NE(context().desk.find("frmcrtb"), nullptr);
+  EXPECT_NE(context().openForms.find("frmcrtb"), nullptr);
 }
 
 TEST_F(CreationTest, TakesTheLowestFreeNumberOrNone) {
@@ -205,8 +205,8 @@ TEST_F(CreationTest, AFailureAnywhereIsLoggedOnceAndTheSecondTryCompletes) {
     form.flexgrid2.setCurrent(1);
     form.press(keys::Enter);
     EXPECT_EQ(inWork(), before);
-    EXPECT_EQ(context().desk.active()->name(), "frmcrtb");
-    context().desk.active()->close();
+    EXPECT_EQ(context().openForms.active()->name(), "frmcrtb");
+    context().openForms.active()->close();
   };
   deed.next = {{"the same command, over what was registered already", again},
                {"the year before is opened", {}, {}, opensTheYearBefore}};

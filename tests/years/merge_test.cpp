@@ -125,7 +125,7 @@ TEST_F(MergeTest, SumsTheTickedOnesIntoANewYear) {
   form.press(keys::Enter);
   EXPECT_EQ(form.flexgrid2.rows(), 1);
   form.press(keys::Enter);
-  EXPECT_NE(context().desk.find("frmcrtb"), nullptr);
+  EXPECT_NE(context().openForms.find("frmcrtb"), nullptr);
 }
 
 // In place of what the client has; the stock of others in the same tables is not touched.

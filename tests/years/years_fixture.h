@@ -29,11 +29,11 @@ class YearsTest : public PracticeTest {
     return form;
   }
   frmdelwhatinTB& deletion() {
-    Form* form = context().desk.find("frmdelwhatinTB");
+    Form* form = context().openForms.find("frmdelwhatinTB");
     if (!form) throw std::runtime_error("the deletion form is not open");
     return static_cast<frmdelwhatinTB&>(*form);
   }
-  bool deletionOpen() { return context().desk.find("frmdelwhatinTB") != nullptr; }
+  bool deletionOpen() { return context().openForms.find("frmdelwhatinTB") != nullptr; }
 
   // A command, then the client of that code.
   third& choose(Button third::*command, const std::string& client) {

@@ -1,4 +1,4 @@
-#include "suite/standalone.h"
+#include "suite/standalone_environment.h"
 
 #include <utility>
 
@@ -33,21 +33,21 @@ void completeWithProgress(Database& database, long tableCount, FrontEnd& frontEn
 
 }  // namespace
 
-Standalone::Standalone(const DataFolder& folder, Settings& settings, Database& database,
-                       FrontEnd& frontEnd, Clock& clock)
+StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings& settings,
+                                             Database& database, FrontEnd& frontEnd, Clock& clock)
     : folder_(folder),
       settings_(settings),
       database_(database),
       frontEnd_(frontEnd),
       clock_(clock) {}
 
-Standalone::~Standalone() = default;
+StandaloneEnvironment::~StandaloneEnvironment() = default;
 
-std::unique_ptr<ServiceObject> Standalone::createServiceObject() {
+std::unique_ptr<ServiceObject> StandaloneEnvironment::createServiceObject() {
   return std::make_unique<Service>(folder_, settings_, database_, frontEnd_);
 }
 
-std::unique_ptr<Reporter> Standalone::createReporter() {
+std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
   return std::make_unique<DocumentReporter>([this](const Document& document) {
     lastReport_ = document;
     lastReport_->setFirm(settings_.companyName());
@@ -56,11 +56,11 @@ std::unique_ptr<Reporter> Standalone::createReporter() {
   });
 }
 
-std::unique_ptr<StockForms> Standalone::createStockForms(Desk& desk) {
-  return std::make_unique<StockFormsOnDesk>(desk, dialogs());
+std::unique_ptr<StockForms> StandaloneEnvironment::createStockForms(OpenForms& openForms) {
+  return std::make_unique<StockComponent>(openForms, dialogs());
 }
 
-std::unique_ptr<Spreadsheet> Standalone::createSpreadsheet() {
+std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
   return std::make_unique<CalcSpreadsheet>(calc_);
 }
 
@@ -88,10 +88,10 @@ void Practice::restartModule() {
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
   standalone_.reportsAbout([this] {
-    const Form* form = context().desk.active();
+    const Form* form = context().openForms.active();
     return form ? form->subject() : std::string();
   });
-  service().useDesk(context().desk);
+  service().useOpenForms(context().openForms);
 }
 
 }  // namespace quillet::suite

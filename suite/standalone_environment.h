@@ -19,16 +19,16 @@
 
 namespace quillet::suite {
 
-class Standalone : public Surroundings {
+class StandaloneEnvironment : public Environment {
  public:
   // All of them outlive this object and what it creates.
-  Standalone(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd,
-             Clock& clock);
-  ~Standalone() override;
+  StandaloneEnvironment(const DataFolder& folder, Settings& settings, Database& database,
+                        FrontEnd& frontEnd, Clock& clock);
+  ~StandaloneEnvironment() override;
 
   std::unique_ptr<ServiceObject> createServiceObject() override;
   std::unique_ptr<Reporter> createReporter() override;
-  std::unique_ptr<StockForms> createStockForms(Desk& desk) override;
+  std::unique_ptr<StockForms> createStockForms(OpenForms& openForms) override;
   std::unique_ptr<Spreadsheet> createSpreadsheet() override;
   Dialogs& dialogs() override { return frontEnd_.dialogs(); }
   Clock& clock() override { return clock_; }
@@ -67,7 +67,7 @@ class Practice {
   Settings& settings() { return settings_; }
   Database& database() { return *database_; }
   FrontEnd& frontEnd() { return frontEnd_; }
-  Standalone& surroundings() { return standalone_; }
+  StandaloneEnvironment& environment() { return standalone_; }
   Forms& forms() { return *forms_; }
   Context& context() { return forms_->context(); }
   Service& service();
@@ -82,7 +82,7 @@ class Practice {
   Settings settings_;
   std::unique_ptr<Database> database_;
   FrontEnd& frontEnd_;
-  Standalone standalone_;
+  StandaloneEnvironment standalone_;
   std::unique_ptr<Forms> forms_;
 };
 

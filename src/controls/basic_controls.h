@@ -28,7 +28,7 @@ class Button : public Control {
  public:
   using Control::Control;
   bool takesFocus() const override { return true; }
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
   // The chosen one of several commands is drawn as pressed.
   bool chosen() const { return chosen_; }
   void setChosen(bool chosen);
@@ -52,7 +52,7 @@ class Toggle : public Control {
 class CheckBox : public Toggle {
  public:
   using Toggle::Toggle;
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
   // Turns the tick and runs Click.
   void clicked() override;
 };
@@ -61,7 +61,7 @@ class CheckBox : public Toggle {
 class OptionButton : public Toggle {
  public:
   using Toggle::Toggle;
-  bool act(Key key) override;
+  bool handleKey(Key key) override;
   void setChecked(bool checked) override;
   // Chooses it and runs Click.
   void clicked() override;

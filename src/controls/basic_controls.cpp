@@ -1,10 +1,10 @@
-#include "controls/simple.h"
+#include "controls/basic_controls.h"
 
 #include "controls/form.h"
 
 namespace quillet {
 
-bool Button::act(Key key) {
+bool Button::handleKey(Key key) {
   if (key != keys::Enter && key != keys::Space) return false;
   Click();
   return true;
@@ -14,7 +14,7 @@ void Button::setChosen(bool chosen) { set(chosen_, chosen); }
 
 void Toggle::setChecked(bool checked) { set(checked_, checked); }
 
-bool CheckBox::act(Key key) {
+bool CheckBox::handleKey(Key key) {
   if (key != keys::Space) return false;
   clicked();
   return true;
@@ -25,7 +25,7 @@ void CheckBox::clicked() {
   Click();
 }
 
-bool OptionButton::act(Key key) {
+bool OptionButton::handleKey(Key key) {
   if (key != keys::Space) return false;
   clicked();
   return true;

@@ -1,4 +1,4 @@
-// The open forms, oldest first, and what they need of whoever shows them. One desk serves one
+// The open forms, oldest first, and what they need of whoever shows them. One object serves one
 // running program; views and scripts observe it.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace quillet {
 
 class Form;
 
-class Desk {
+class OpenForms {
  public:
   const std::vector<Form*>& open() const { return open_; }
   // The form that a person works in: the one shown or brought to the front last; null when none is

@@ -1,4 +1,4 @@
-#include "controls/desk.h"
+#include "controls/open_forms.h"
 
 #include <algorithm>
 
@@ -7,32 +7,32 @@
 
 namespace quillet {
 
-Form* Desk::find(std::string_view name) const {
+Form* OpenForms::find(std::string_view name) const {
   const auto found = std::find_if(open_.begin(), open_.end(), [&](const Form* form) {
     return equalIgnoringCase(form->name(), name);
   });
   return found == open_.end() ? nullptr : *found;
 }
 
-void Desk::opened(Form& form) {
+void OpenForms::opened(Form& form) {
   open_.push_back(&form);
   front_ = &form;
   if (onOpened) onOpened(form);
 }
 
-void Desk::closed(Form& form) {
+void OpenForms::closed(Form& form) {
   const bool wasFront = front_ == &form;
   forget(form);
   if (wasFront && front_) front_->activate();
 }
 
-void Desk::forget(Form& form) {
+void OpenForms::forget(Form& form) {
   std::erase(open_, &form);
   if (front_ == &form) front_ = open_.empty() ? nullptr : open_.back();
   if (onClosed) onClosed(form);
 }
 
-bool Desk::bringToFront(Form& form) {
+bool OpenForms::bringToFront(Form& form) {
   const auto at = std::find(open_.begin(), open_.end(), &form);
   const bool covered = std::any_of(
       at, open_.end(), [&](const Form* other) { return other != &form && other->modal(); });
