@@ -33,7 +33,7 @@ void exportYear(benchmark::State& state) {
   for (auto _ : state) {
     fs::remove(target);
     dialogs.queueFile(target.string());
-    editor.CMDEXPORT_CLICK();
+    editor.click(editor.cmdexport);
   }
   for (const auto& asked : dialogs.takeMessages()) {
     if (!asked.message.text.starts_with("Data Successfully")) {

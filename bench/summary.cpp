@@ -9,10 +9,10 @@ void summary(benchmark::State& state) {
   const BenchYear& year = yearOf(static_cast<int>(state.range(0)));
   closeEditor();
   frmcrtb& editor = openEditor(year);
-  const auto show = [&] { editor.MNUSHSUMM_CLICK(); };
+  const auto show = [&] { editor.click(editor.mnushsumm); };
   // The turns of the bare client do not change what the editor shows.
   const auto hide = [&] {
-    if (editor.famSummary.visible()) editor.MNUSHSUMM_CLICK();
+    if (editor.famSummary.visible()) editor.click(editor.mnushsumm);
   };
   compare(state, {.run = show, .restore = hide});
   closeEditor();
