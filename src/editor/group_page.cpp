@@ -132,7 +132,7 @@ void GroupPage::listForTransfer() {
   for (const Line& line : books_.years.lines(books_.years.yearInView())) {
     if (line.allId != form_.cbogroup.chosenData()) continue;
     transferable_.push_back(line);
-    form_.vsf3.addRow(cellsOf(line), std::ssize(transferable_));
+    form_.vsf3.addRow(cellsOf(line), static_cast<long>(transferable_.size()));
   }
 }
 

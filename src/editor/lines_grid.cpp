@@ -72,7 +72,7 @@ void LinesGrid::select(const YearLine& line) {
     return entry.line[line.year] && isSame(*entry.line[line.year], line.line);
   });
   if (found == entries_.end()) return;
-  grid_.setCurrent(grid_.findId(found - entries_.begin() + 1));
+  grid_.setCurrent(grid_.findId(static_cast<long>(found - entries_.begin()) + 1));
 }
 
 LinesGrid::Row LinesGrid::row(int row) const {
