@@ -37,12 +37,12 @@ bool TwoYears::inView(Year year) const {
   return view_ == View::both || (view_ == View::previous) == (year == previous);
 }
 
-TwoYears::Lines TwoYears::read(const std::function<bool()>& import) const {
+TwoYears::Lines TwoYears::read(const std::function<bool()>& offerImport) const {
   Lines lines;
   if (inView(current)) lines[current] = select(current);
-  if (inView(current) && lines[current].empty() && has(previous) && import) {
+  if (inView(current) && lines[current].empty() && has(previous) && offerImport) {
     lines[previous] = select(previous);
-    if (!lines[previous].empty() && import()) lines[current] = select(current);
+    if (!lines[previous].empty() && offerImport()) lines[current] = select(current);
     if (!inView(previous)) lines[previous].clear();
   } else if (inView(previous)) {
     lines[previous] = select(previous);

@@ -45,9 +45,9 @@ class TwoYears {
   // view of both.
   Year yearInView() const { return inView(current) ? current : previous; }
 
-  // Reads the lines of the years in view. `import` is asked when the current year is empty and the
-  // previous one is not, and says whether it has imported that; null asks nothing.
-  Lines read(const std::function<bool()>& import) const;
+  // Reads the lines of the years in view. `offerImport` is asked when the current year is empty and
+  // the previous one is not, and says whether it has imported that; null asks nothing.
+  Lines read(const std::function<bool()>& offerImport) const;
   // Those were read without a failure.
   void keep(Lines lines);
   void forgetLines();

@@ -79,12 +79,17 @@ const NameList::Entry* NameList::beginning(std::string_view text) const {
 NameList::Matches NameList::matching(std::string_view text) const {
   const std::string wanted = beginningKey(text);
   Matches matches;
+  if (wanted.empty()) {
+    matches.entries.reserve(entries_.size());
+    for (const Entry& entry : entries_) matches.entries.push_back(&entry);
+    matches.beginning = entries_.size();
+    return matches;
+  }
   auto at = lowerBound(wanted);
   for (; at != entries_.end() && at->key.starts_with(wanted); ++at) {
     matches.entries.push_back(&*at);
   }
   matches.beginning = matches.entries.size();
-  if (wanted.empty()) return matches;
   for (const Entry& entry : entries_) {
     if (!entry.key.starts_with(wanted) && wordBegins(entry.key, wanted)) {
       matches.entries.push_back(&entry);

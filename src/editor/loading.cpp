@@ -115,9 +115,9 @@ void frmcrtb::LOADTRIALBAL() {
                shownDate(years.keys(current).first) + " - " +
                shownDate(years.keys(current).second) + ofYears);
     SETBUTTONS();
-    std::function<bool()> import;
-    if (saver_.complete()) import = [this] { return importPreviousYear(); };
-    TwoYears::Lines lines = years.read(import);
+    std::function<bool()> offerImport;
+    if (saver_.complete()) offerImport = [this] { return importPreviousYear(); };
+    TwoYears::Lines lines = years.read(offerImport);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
     fillNames(entries, books_.host(), books_.groups);
     sortEntries(entries, sort_);
@@ -125,11 +125,11 @@ void frmcrtb::LOADTRIALBAL() {
     lines_.show(std::move(entries), years);
     GETBALANCE();
     read = true;
-});
-if (!read || lblhint.caption() == unread) hint(read ? "" : unread);
-if (!read || !saver_.complete() || entry_.followAltered()) return;
-leaveEntry();
-hint("The line that was being altered is no longer there.");
+  });
+  if (!read || lblhint.caption() == unread) hint(read ? "" : unread);
+  if (!read || !saver_.complete() || entry_.followAltered()) return;
+  leaveEntry();
+  hint("The line that was being altered is no longer there.");
 }
 
 bool frmcrtb::importPreviousYear() {
