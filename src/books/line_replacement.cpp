@@ -12,7 +12,7 @@ Line LineReplacement::replace(const ClientTable& books, const std::vector<Line>&
   lines_ = standing_ = lines;
   missing_.clear();
   named_ = true;
-  const Money balance = Money::rounded(amount.rupees() + takeOutReplaced(altered, pair));
+  const Money balance = amount + takeOutReplaced(altered, pair);
   Line line{.partId = pair.partId,
             .allId = pair.allId,
             .amount = abs(balance).rupees(),
@@ -26,12 +26,12 @@ Line LineReplacement::replace(const ClientTable& books, const std::vector<Line>&
 }
 
 // Returns the balance of the pair's lines.
-double LineReplacement::takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair) {
+Money LineReplacement::takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair) {
   if (altered) takeOut(*altered);
-  double balance = 0;
+  Money balance;
   for (const Line& line : books_->linesOf(pair, TrialBalance::Spelling::editor)) {
     takeOut(line);
-    balance += line.balance();
+    balance += Money::rounded(line.balance());
   }
   return balance;
 }

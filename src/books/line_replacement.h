@@ -38,7 +38,7 @@ class LineReplacement {
   void forget() { missing_.clear(); }
 
  private:
-  double takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair);
+  Money takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair);
   void takeOut(const Line& line);
   bool namesKnown(const Line& line);
 

@@ -39,11 +39,12 @@ void Posting::journalChanged(LedgerGroup pair, Money amount) {
 void Posting::post(LedgerGroup pair, Money amount) {
   pair = pairInTable(pair);
   const Money before = storedBalance(pair);
+  // Before the rows go: a sum that does not fit leaves everything as it is.
+  const Money balance = before + amount;
   table_.removePair(pair);
   unposted_.add(table_.books(), pair, before);
   if (Changed) Changed(pair, Money());
   host_.ConQuery(flushTables);
-  const Money balance = before + amount;
   if (!balance.isZero()) insertBalance(pair, balance);
   unposted_.add(table_.books(), pair, -balance);
   if (Changed) Changed(pair, balance);
@@ -51,11 +52,11 @@ void Posting::post(LedgerGroup pair, Money amount) {
 }
 
 Money Posting::storedBalance(LedgerGroup pair) {
-  double balance = 0;
+  Money balance;
   for (const Line& line : table_.linesOf(pair, TrialBalance::Spelling::journal)) {
-    balance += line.nid == debit ? line.amount : -line.amount;
+    balance += Money::rounded(line.nid == debit ? line.amount : -line.amount);
   }
-  return Money::rounded(balance);
+  return balance;
 }
 
 void Posting::insertBalance(LedgerGroup pair, Money balance) {
