@@ -81,6 +81,8 @@ bool frmjrnl::LOADVCH(long vid) {
     SETTOP();
     GETCURBALS();
   });
+  // A voucher that is not shown is not the one in work.
+  if (!loaded && book_) book_->begin();
   return loaded;
 }
 

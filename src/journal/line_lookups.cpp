@@ -92,6 +92,8 @@ void LineLookups::takeHighlighted(LookupList& list) {
 
 void LineLookups::takeCurrent(LookupList& list) {
   const NameList::Entry& entry = *list.current();
+  // It may have named another one.
+  hint("");
   {
     const ScopedFlag ignoring = lines_.ignoreChanges();
     putName(list.box(), std::string(trimmed(entry.name)));
@@ -123,6 +125,7 @@ void LineLookups::TXTLEDGER_LOSTFOCUS(int line) {
 }
 
 bool LineLookups::enterLedger(int line) {
+  ledgers_.serve(form_.txtledger[line]);
   takeHighlighted(ledgers_);
   return takeLedger(line);
 }
@@ -216,6 +219,7 @@ void LineLookups::groupTaken(int line, long id) {
 }
 
 void LineLookups::enterGroup(int line) {
+  groups_.serve(form_.txtgroup[line]);
   takeHighlighted(groups_);
   form_.focus(lines_.amountBox(line));
 }

@@ -34,9 +34,11 @@ TEST_F(JournalLookup, ListFollowsWhatIsTyped) {
   enterLedger("bank", keys::Enter);
   EXPECT_EQ(form.txtledger[0].text(), "Bank Charges");
   type(form.txtledger[0], "bank");
+  EXPECT_NE(form.lblhint.caption(), "");
   form.press(keys::Down);
   form.press(keys::Down);
   EXPECT_EQ(form.txtledger[0].text(), "Axis Bank");
+  EXPECT_EQ(form.lblhint.caption(), "") << "it named the ledger proposed before";
   form.press(keys::Enter);
   EXPECT_EQ(form.txtledger[0].text(), "Axis Bank");
   EXPECT_EQ(active(), "txtgroup0");
