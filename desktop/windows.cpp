@@ -3,6 +3,7 @@
 #include <QScopedValueRollback>
 #include <QWindow>
 #include <algorithm>
+#include <optional>
 
 #include "desktop/form_window.h"
 
@@ -103,6 +104,8 @@ void Windows::activated(Form& form) {
 void Windows::perform(const std::function<void()>& action) {
   {
     const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
+    std::optional<Act> act;
+    if (openForms_) act.emplace(openForms_->acts);
     action();
     if (openForms_ && depth_ == 1) {
       const std::vector<Form*> open = openForms_->open();

@@ -36,7 +36,10 @@ class Session {
   template <class Action>
   void act(Action&& action) {
     dialogs.takeFailure();
-    action();
+    {
+      const Act act(openForms().acts);
+      action();
+    }
     settle();
   }
 

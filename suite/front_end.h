@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ports/ports.h"
+#include "suite/notices.h"
 
 namespace quillet::suite {
 
@@ -29,6 +30,11 @@ class FrontEnd {
   virtual int popup(const std::vector<std::string>& entries) = 0;
   virtual void help(const std::string& topic) = 0;
   virtual void showReport(const Document& document) = 0;
+  // Shown by a line in the windows.
+  Notices& notices() { return notices_; }
+
+ private:
+  Notices notices_;
 };
 
 }  // namespace quillet::suite

@@ -46,7 +46,7 @@ void LedgerNames::statementSent(const std::string& sql) {
 void LedgerNames::load() {
   names_.clear();
   // Old data holds several names for one id: the first one counts.
-  const RecordsetPtr rows = database_.query("select PartId, Particular from Mast_Part");
+  const RecordsetPtr rows = unit_.query("select PartId, Particular from Mast_Part");
   names_.reserve(rows->RecordCount());
   for (; !rows->EOF_(); rows->MoveNext()) names_.try_emplace(rows->integer(0), rows->text(1));
   loaded_ = true;
@@ -71,9 +71,9 @@ long LedgerNames::idOf(const std::string& name, bool create) {
 }
 
 std::optional<NamedId> LedgerNames::find(const std::string& name, const std::string& cleaned) {
-  const auto rows = database_.query(
-      "select PartId, Particular from Mast_Part where Particular in ('" +
-      database_.escape(cleaned) + "','" + database_.escape(name) + "') order by PartId");
+  const auto rows =
+      unit_.query("select PartId, Particular from Mast_Part where Particular in ('" +
+                  unit_.escape(cleaned) + "','" + unit_.escape(name) + "') order by PartId");
   std::optional<NamedId> found = bestMatch(*rows, "PartId", "Particular", name);
   if (found && sameName(found->name, name)) return found;
   // The name may be stored in a spelling that the database takes for another one, as with two
@@ -87,10 +87,10 @@ std::optional<NamedId> LedgerNames::find(const std::string& name, const std::str
 }
 
 long LedgerNames::create(const std::string& name) {
-  const long id = database_.query("select max(PartId) from Mast_Part")->integer(0) + 1;
-  database_.execute("insert into Mast_Part(PartId,Particular) values(" + std::to_string(id) + ",'" +
-                    database_.escape(name) + "')");
-  database_.execute(flushTables);
+  const long id = unit_.query("select max(PartId) from Mast_Part")->integer(0) + 1;
+  unit_.execute("insert into Mast_Part(PartId,Particular) values(" + std::to_string(id) + ",'" +
+                unit_.escape(name) + "')");
+  unit_.execute(flushTables);
   if (loaded_) names_.try_emplace(id, name);
   return id;
 }

@@ -7,13 +7,13 @@
 #include <unordered_map>
 
 #include "data/names.h"
-#include "suite/database.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
 class LedgerNames {
  public:
-  explicit LedgerNames(Database& database) : database_(database) {}
+  explicit LedgerNames(UnitOfWork& unit) : unit_(unit) {}
 
   // "" when there is none.
   std::string nameOf(long id);
@@ -28,7 +28,7 @@ class LedgerNames {
   long create(const std::string& name);
   void load();
 
-  Database& database_;
+  UnitOfWork& unit_;
   bool loaded_ = false;
   std::unordered_map<long, std::string> names_;
 };

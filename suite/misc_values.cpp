@@ -3,31 +3,29 @@
 namespace quillet::suite::misc_values {
 namespace {
 
-std::string condition(const Database& database, const std::string& section,
-                      const std::string& name) {
-  return " where Section='" + database.escape(section) + "' and Name='" + database.escape(name) +
-         '\'';
+std::string condition(const UnitOfWork& unit, const std::string& section, const std::string& name) {
+  return " where Section='" + unit.escape(section) + "' and Name='" + unit.escape(name) + '\'';
 }
 
 }  // namespace
 
-std::string get(Database& database, const std::string& section, const std::string& name,
+std::string get(UnitOfWork& unit, const std::string& section, const std::string& name,
                 const std::string& fallback) {
   const RecordsetPtr found =
-      database.query("select Value from SuiteMisc" + condition(database, section, name) +
-                     " order by row_id desc limit 1");
+      unit.query("select Value from SuiteMisc" + condition(unit, section, name) +
+                 " order by row_id desc limit 1");
   return found->EOF_() ? fallback : found->text(0);
 }
 
-void set(Database& database, const std::string& section, const std::string& name,
+void set(UnitOfWork& unit, const std::string& section, const std::string& name,
          const std::string& value, const std::string& client, const std::string& year) {
-  const auto quoted = [&](const std::string& text) { return '\'' + database.escape(text) + '\''; };
-  database.execute("insert into SuiteMisc(Section,Name,Value,Client,Yr) values(" + quoted(section) +
-                   ',' + quoted(name) + ',' + quoted(value) + ',' + quoted(client) + ',' +
-                   quoted(year) + ')');
+  const auto quoted = [&](const std::string& text) { return '\'' + unit.escape(text) + '\''; };
+  unit.execute("insert into SuiteMisc(Section,Name,Value,Client,Yr) values(" + quoted(section) +
+               ',' + quoted(name) + ',' + quoted(value) + ',' + quoted(client) + ',' +
+               quoted(year) + ')');
   // The old value is deleted last, so that a value is there whatever happens in between.
-  database.execute("delete from SuiteMisc" + condition(database, section, name) + " and Client=" +
-                   quoted(client) + " and Yr=" + quoted(year) + " and row_id<last_insert_id()");
+  unit.execute("delete from SuiteMisc" + condition(unit, section, name) + " and Client=" +
+               quoted(client) + " and Yr=" + quoted(year) + " and row_id<last_insert_id()");
 }
 
 }  // namespace quillet::suite::misc_values

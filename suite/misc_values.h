@@ -4,13 +4,13 @@
 
 #include <string>
 
-#include "suite/database.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite::misc_values {
 
-std::string get(Database& database, const std::string& section, const std::string& name,
+std::string get(UnitOfWork& unit, const std::string& section, const std::string& name,
                 const std::string& fallback);
-void set(Database& database, const std::string& section, const std::string& name,
+void set(UnitOfWork& unit, const std::string& section, const std::string& name,
          const std::string& value, const std::string& client, const std::string& year);
 
 }  // namespace quillet::suite::misc_values

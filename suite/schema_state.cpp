@@ -50,14 +50,17 @@ std::string current(const Database& database, const std::string& wanted) {
 
 std::string stored(Database& database) {
   try {
-    return misc_values::get(database, section, name, "");
+    UnitOfWork unit(database);
+    return misc_values::get(unit, section, name, "");
   } catch (const RunTimeError&) {
     return {};  // its table is among those to be made
   }
 }
 
 void store(Database& database, const std::string& state) {
-  if (!state.empty()) misc_values::set(database, section, name, state, "", "");
+  if (state.empty()) return;
+  UnitOfWork unit(database);
+  misc_values::set(unit, section, name, state, "", "");
 }
 
 }  // namespace quillet::suite::schema_state

@@ -113,6 +113,7 @@ std::vector<TableDefinition> suitesOwn() {
       {"SuiteMisc",
        {{"Section", name}, {"Name", name}, {"Value", anyText}, {"Client", code}, {"Yr", dateText}},
        {"Section,Name"}},
+      {"SuiteRemoval", {{"File", anyText}, {"Identity", name}}, {}},
   };
 }
 

@@ -25,15 +25,16 @@ bool isNumberFormat(const std::string& format) {
 
 }  // namespace
 
-Service::Service(const DataFolder& folder, Settings& settings, Database& database,
-                 FrontEnd& frontEnd)
+Service::Service(const DataFolder& folder, Settings& settings, Database& database, UnitOfWork& unit,
+                 FrontEnd& frontEnd, Dialogs& dialogs)
     : folder_(folder),
       settings_(settings),
       database_(database),
+      unit_(unit),
       frontEnd_(frontEnd),
-      statements_(database),
-      ledgers_(database),
-      passwords_(database, frontEnd.dialogs()),
+      statements_(unit),
+      ledgers_(unit),
+      passwords_(database, dialogs),
       progress_(frontEnd),
       frontEndPorts_(frontEnd),
       clientListDialogs_(database, settings) {}
@@ -83,13 +84,13 @@ void Service::SaveSettingINI(const std::string& section, const std::string& key,
 
 std::string Service::GetMiscOthInf(const std::string& section, const std::string& key,
                                    const std::string& fallback) {
-  return misc_values::get(database_, section, key, fallback);
+  return misc_values::get(unit_, section, key, fallback);
 }
 
 void Service::SetMiscOthInf(const std::string& section, const std::string& key,
                             const std::string& value, const std::string& client,
                             const std::string& year) {
-  misc_values::set(database_, section, key, value, client, year);
+  misc_values::set(unit_, section, key, value, client, year);
 }
 
 std::string Service::vLstSelClCode() const { return settings_.get(ownSection, lastClientKey); }

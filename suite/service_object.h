@@ -14,12 +14,14 @@
 #include "suite/progress_indicator.h"
 #include "suite/settings.h"
 #include "suite/statement_interceptor.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
 class Service : public ServiceObject {
  public:
-  Service(const DataFolder& folder, Settings& settings, Database& database, FrontEnd& frontEnd);
+  Service(const DataFolder& folder, Settings& settings, Database& database, UnitOfWork& unit,
+          FrontEnd& frontEnd, Dialogs& dialogs);
 
   // Where the dialogs of the client list open. They need it; nothing else does.
   void useOpenForms(OpenForms& openForms) { clientListDialogs_.useOpenForms(openForms); }
@@ -94,6 +96,7 @@ class Service : public ServiceObject {
   const DataFolder& folder_;
   Settings& settings_;
   Database& database_;
+  UnitOfWork& unit_;
   FrontEnd& frontEnd_;
   StatementInterceptor statements_;
   LedgerNames ledgers_;

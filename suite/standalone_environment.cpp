@@ -39,12 +39,16 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       settings_(settings),
       database_(database),
       frontEnd_(frontEnd),
-      clock_(clock) {}
+      clock_(clock),
+      unit_(database),
+      dialogs_(unit_, frontEnd.dialogs()),
+      fileRemoval_(unit_, folder.documents()),
+      acts_(unit_, fileRemoval_, frontEnd.notices(), clock) {}
 
 StandaloneEnvironment::~StandaloneEnvironment() = default;
 
 std::unique_ptr<ServiceObject> StandaloneEnvironment::createServiceObject() {
-  return std::make_unique<Service>(folder_, settings_, database_, frontEnd_);
+  return std::make_unique<Service>(folder_, settings_, database_, unit_, frontEnd_, dialogs_);
 }
 
 std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
@@ -79,14 +83,16 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
 Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock)
     : Practice(folder, openDatabase(folder), frontEnd, clock) {}
 
-Practice::~Practice() = default;
+Practice::~Practice() { standalone_.acts().leave(); }
 
 Service& Practice::service() { return static_cast<Service&>(*context().host); }
 
 void Practice::restartModule() {
+  standalone_.acts().leave();
   forms_.reset();
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
+  standalone_.acts().follow(context());
   standalone_.reportsAbout([this] {
     const Form* form = context().openForms.active();
     return form ? form->subject() : std::string();

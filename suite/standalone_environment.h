@@ -9,13 +9,17 @@
 #include <utility>
 
 #include "host/forms.h"
+#include "suite/act_keeper.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/data_folder.h"
 #include "suite/database.h"
 #include "suite/document.h"
+#include "suite/file_removal.h"
 #include "suite/front_end.h"
 #include "suite/service_object.h"
 #include "suite/settings.h"
+#include "suite/unit_dialogs.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
@@ -30,8 +34,14 @@ class StandaloneEnvironment : public Environment {
   std::unique_ptr<Reporter> createReporter() override;
   std::unique_ptr<StockForms> createStockForms(OpenForms& openForms) override;
   std::unique_ptr<Spreadsheet> createSpreadsheet() override;
-  Dialogs& dialogs() override { return frontEnd_.dialogs(); }
+  Dialogs& dialogs() override { return dialogs_; }
   Clock& clock() override { return clock_; }
+  FileRemover& fileRemover() override { return fileRemoval_; }
+  void trapped(const std::string& where, const std::exception& error) override {
+    acts_.trapped(where, error);
+  }
+
+  ActKeeper& acts() { return acts_; }
 
   // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) { calc_ = std::move(options); }
@@ -48,6 +58,10 @@ class StandaloneEnvironment : public Environment {
   Database& database_;
   FrontEnd& frontEnd_;
   Clock& clock_;
+  UnitOfWork unit_;
+  UnitDialogs dialogs_;
+  FileRemoval fileRemoval_;
+  ActKeeper acts_;
   CalcOptions calc_ = CalcOptions::standard();
   std::function<std::string()> subject_;
   std::optional<Document> lastReport_;

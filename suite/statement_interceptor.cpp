@@ -31,12 +31,12 @@ void StatementInterceptor::pass(const std::string& sql) {
 
 void StatementInterceptor::execute(const std::string& sql) {
   pass(sql);
-  database_.execute(sql);
+  unit_.execute(sql);
 }
 
 RecordsetPtr StatementInterceptor::query(const std::string& sql) {
   pass(sql);
-  return database_.query(sql);
+  return unit_.query(sql);
 }
 
 void StatementInterceptor::record(bool on) {

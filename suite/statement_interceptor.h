@@ -1,18 +1,18 @@
-// Passes the module's statements on to the database. It can record them for scripts and tests, and
-// make one of them fail.
+// Passes the module's statements on to the unit of work. It can record them for scripts and tests,
+// and make one of them fail.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "suite/database.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
 class StatementInterceptor {
  public:
-  explicit StatementInterceptor(Database& database) : database_(database) {}
+  explicit StatementInterceptor(UnitOfWork& unit) : unit_(unit) {}
 
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
@@ -31,7 +31,7 @@ class StatementInterceptor {
  private:
   void pass(const std::string& sql);
 
-  Database& database_;
+  UnitOfWork& unit_;
   bool recording_ = false;
   std::vector<std::string> recorded_;
   std::optional<std::string> failing_;

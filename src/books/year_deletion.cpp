@@ -124,7 +124,7 @@ FilesLeft YearDeletion::deleteMiscellaneous() {
     return {.codeNamesNone = true, .files = {}};
   }
   const int secondYear = yearOf(year_.keys.second);
-  YearFiles files(host_.DocPath(), year_.client, secondYear - 1, secondYear);
+  YearFiles files(remover_, host_.DocPath(), year_.client, secondYear - 1, secondYear);
   files.deleteAnnexureFolder();
   send(annexures, touched_);
   files.deleteAnnexures();

@@ -28,7 +28,8 @@ struct DeletionStatement;
 
 class YearDeletion {
  public:
-  YearDeletion(ServiceObject& host, UnpostedChanges& unposted) : host_(host), unposted_(unposted) {}
+  YearDeletion(ServiceObject& host, FileRemover& remover, UnpostedChanges& unposted)
+      : host_(host), remover_(remover), unposted_(unposted) {}
 
   // The year that is deleted from now on; looks whether it has a depreciation chart.
   void open(const RegisteredYear& year);
@@ -49,6 +50,7 @@ class YearDeletion {
   void send(std::span<const DeletionStatement> statements, bool& sent);
 
   ServiceObject& host_;
+  FileRemover& remover_;
   UnpostedChanges& unposted_;
   RegisteredYear year_;
   std::array<std::pair<char, Sql>, 4> values_;  // of the marks in the statements

@@ -60,9 +60,15 @@ bool namesFiles(std::string_view clientCode) {
          });
 }
 
-YearFiles::YearFiles(const std::string& documents, std::string clientCode, int firstYear,
-                     int secondYear)
-    : documents_(pathOf(documents)),
+bool RemoveAtOnce::remove(const fs::path& file) {
+  std::error_code error;
+  return fs::remove(file, error) || !error;
+}
+
+YearFiles::YearFiles(FileRemover& remover, const std::string& documents, std::string clientCode,
+                     int firstYear, int secondYear)
+    : remover_(remover),
+      documents_(pathOf(documents)),
       client_(std::move(clientCode)),
       years_{twoDigits(firstYear), twoDigits(secondYear)} {}
 
@@ -130,11 +136,10 @@ void YearFiles::deleteBelow(const fs::path& folder, const std::vector<std::strin
 void YearFiles::deleteFiles(const fs::path& folder, const Wanted& wanted, Folders folders) {
   for (const fs::directory_entry& entry : entriesOf(folder)) {
     if (!wanted(textOf(entry.path().filename()))) continue;
-    std::error_code error;
     // A link is removed itself; what it leads to stays.
     if (entry.symlink_status().type() == fs::file_type::directory) {
       if (folders == Folders::inTheWay) fail(entry.path());
-    } else if (!fs::remove(entry.path(), error) && error) {
+    } else if (!remover_.remove(entry.path())) {
       fail(entry.path());
     }
   }

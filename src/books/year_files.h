@@ -14,7 +14,15 @@
 #include <string_view>
 #include <vector>
 
+#include "ports/ports.h"
+
 namespace quillet {
+
+// What a host without one of its own uses: a file goes at once.
+class RemoveAtOnce : public FileRemover {
+ public:
+  bool remove(const std::filesystem::path& file) override;
+};
 
 // Whether the code can be part of a file's name: it holds no separator, no "..", no drive mark and
 // no control character.
@@ -23,7 +31,8 @@ bool namesFiles(std::string_view clientCode);
 class YearFiles {
  public:
   // Years in full. The code is one that can be part of a file's name.
-  YearFiles(const std::string& documents, std::string clientCode, int firstYear, int secondYear);
+  YearFiles(FileRemover& remover, const std::string& documents, std::string clientCode,
+            int firstYear, int secondYear);
 
   void deleteAnnexureFolder();
   void deleteAnnexures();
@@ -46,6 +55,7 @@ class YearFiles {
   void deleteFiles(const std::filesystem::path& folder, const Wanted& wanted, Folders folders);
   void fail(const std::filesystem::path& path);
 
+  FileRemover& remover_;
   std::filesystem::path documents_;
   std::string client_;
   std::string years_[2];  // two digits each

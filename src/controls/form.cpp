@@ -68,6 +68,7 @@ void reportTrapped(const Form& form, const char* procedure) noexcept {
 // --- life ---------------------------------------------------------------------------------------
 
 void Form::show() {
+  const Act act(openForms_.acts);
   if (visible_) {
     openForms_.bringToFront(*this);
     return;
@@ -93,6 +94,7 @@ void Form::showModal(std::function<void()> closed) {
 }
 
 bool Form::close() {
+  const Act act(openForms_.acts);
   if (!visible_) return true;
   bool cancel = false;
   logErrors("FORM_UNLOAD", [&] { unload(cancel); });
@@ -115,6 +117,7 @@ void Form::arrangementChanged() {
 }
 
 void Form::resized() {
+  const Act act(openForms_.acts);
   logErrors("FORM_RESIZE", [&] { resize(); });
 }
 
@@ -140,6 +143,7 @@ bool Form::isArray(std::string_view name) const {
 // --- focus --------------------------------------------------------------------------------------
 
 bool Form::focus(Control& control) {
+  const Act act(openForms_.acts);
   if (moving_) {
     // A handler moves the focus while it is moving already: the last request wins.
     redirected_ = &control;
@@ -188,11 +192,13 @@ Control* Form::nextFocusable(Control* from, bool backwards) const {
 }
 
 void Form::focusNext(bool backwards) {
+  const Act act(openForms_.acts);
   if (Control* next = nextFocusable(active_, backwards)) focus(*next);
 }
 
 void Form::repairFocus() {
   if (moving_ || (active_ && active_->focusable())) return;
+  const Act act(openForms_.acts);
   Control* next = nextFocusable(active_, false);
   if (next == active_) return;
   active_ = nullptr;
@@ -202,6 +208,7 @@ void Form::repairFocus() {
 // --- keys and clicks ----------------------------------------------------------------------------
 
 Key Form::runKeyHandlers(Key key) {
+  const Act act(openForms_.acts);
   const auto each = [&](const Event<Key&>& handler) {
     if (key != keys::none) handler(key);
   };
@@ -217,6 +224,7 @@ Key Form::runKeyHandlers(Key key) {
 }
 
 void Form::handleKey(Key key) {
+  const Act act(openForms_.acts);
   if (key == keys::Tab || key == keys::BackTab) {
     focusNext(key == keys::BackTab);
   } else if (active_ && active_->enabled()) {
@@ -225,12 +233,14 @@ void Form::handleKey(Key key) {
 }
 
 void Form::press(Key key) {
+  const Act act(openForms_.acts);
   const Key left = runKeyHandlers(key);
   if (left != keys::none) handleKey(left);
   repairFocus();
 }
 
 bool Form::click(Control& control) {
+  const Act act(openForms_.acts);
   if (!control.clickable()) return false;
   if (control.takesFocus() && !focus(control)) return false;
   control.clicked();
@@ -239,6 +249,7 @@ bool Form::click(Control& control) {
 }
 
 void Form::doubleClick(Control& control) {
+  const Act act(openForms_.acts);
   if (!control.enabled() || !control.shown()) return;
   if (control.takesFocus() && !focus(control)) return;
   control.DblClick();

@@ -81,6 +81,10 @@ class Form {
   // Told by OpenForms when the form came to the front: FORM_ACTIVE.
   void activate();
 
+  // What the last act changed in the database was taken back: the form forgets what it remembered
+  // of it and shows what is stored.
+  virtual void takenBack() {}
+
   // Wanted size as a share of the screen, and the factor for the font; set by the service object's
   // resize_for_resolution.
   struct Size {

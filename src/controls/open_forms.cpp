@@ -38,10 +38,18 @@ bool OpenForms::bringToFront(Form& form) {
       at, open_.end(), [&](const Form* other) { return other != &form && other->modal(); });
   if (at == open_.end() || covered) return false;
   if (front_ == &form) return true;
+  const Act act(acts);
   front_ = &form;
   if (onOpened) onOpened(form);
   form.activate();
   return true;
+}
+
+void OpenForms::takenBack() {
+  const std::vector<Form*> forms = open_;
+  for (Form* form : forms) {
+    if (std::find(open_.begin(), open_.end(), form) != open_.end()) form->takenBack();
+  }
 }
 
 }  // namespace quillet

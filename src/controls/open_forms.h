@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/acts.h"
+
 namespace quillet {
 
 class Form;
@@ -28,6 +30,12 @@ class OpenForms {
   // Brings an open form to the front, as a click into its window does; runs its FORM_ACTIVE.
   // Refused (false) while a modal form that was opened after it is open.
   bool bringToFront(Form& form);
+
+  // What a person does to the forms.
+  Acts acts;
+  // The host took back what the act had changed in the database: every form forgets what it
+  // remembered of it and shows what is stored.
+  void takenBack();
 
   // A view's hooks: a form was opened or brought to the front; a form was closed.
   std::function<void(Form&)> onOpened;

@@ -37,7 +37,7 @@ void enable(Frame& frame, ControlArray<OptionButton>& options, bool on) {
 frmdelwhatinTB::frmdelwhatinTB(Context& context)
     : Form(context.openForms, "frmdelwhatinTB"),
       context_(context),
-      deletion_(*context.host, context.unposted) {
+      deletion_(*context.host, context.fileRemover, context.unposted) {
   setCaption("Delete Trial Balance Data");
   lblhint.setQuiet(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };

@@ -8,11 +8,12 @@ Context::Context(Environment& around)
     : environment(around),
       host(around.createServiceObject()),
       dialogs(around.dialogs()),
-      clock(around.clock()) {
+      clock(around.clock()),
+      fileRemover(around.fileRemover()) {
   openForms.onError = [this](const std::string& location, const std::exception& error) {
-    errorLocation = location;
-    logError(*this, trapped(error));
+    trapped(location, error);
   };
+  openForms.acts.onBegun = [this] { kept(); };
   bool compatible = true;
   try {
     compatible = host->CheckDllsVersion(true);
@@ -34,6 +35,19 @@ void Context::setYear(const Year& year) {
   table = year.table;
   firstDate = year.firstDate;
   secondDate = year.secondDate;
+}
+
+void Context::trapped(const std::string& location, const std::exception& error) {
+  errorLocation = location;
+  logError(*this, quillet::trapped(error));
+  const Form* form = openForms.find(location.substr(0, location.find('\t')));
+  environment.trapped(form ? form->caption() : std::string(), error);
+}
+
+void Context::takenBack() {
+  unposted = before_.unposted;
+  setYear(before_.year);
+  openForms.takenBack();
 }
 
 Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answer defaultAnswer,

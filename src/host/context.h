@@ -6,6 +6,7 @@
 #include <string>
 
 #include "books/unposted_changes.h"
+#include "books/year_files.h"
 #include "controls/form.h"
 #include "controls/open_forms.h"
 #include "data/sql.h"
@@ -24,6 +25,16 @@ class Environment {
   virtual std::unique_ptr<Spreadsheet> createSpreadsheet() = 0;
   virtual Dialogs& dialogs() = 0;
   virtual Clock& clock() = 0;
+  virtual FileRemover& fileRemover() { return removeAtOnce_; }
+  // A procedure was ended by an error, which the error log has by now. `where` is what the form is
+  // called.
+  virtual void trapped(const std::string& where, const std::exception& error) {
+    (void)where;
+    (void)error;
+  }
+
+ private:
+  RemoveAtOnce removeAtOnce_;
 };
 
 struct Context {
@@ -39,6 +50,7 @@ struct Context {
   std::unique_ptr<Reporter> reporter;
   Dialogs& dialogs;
   Clock& clock;
+  FileRemover& fileRemover;
 
   std::string clientCode;
   std::string table;       // tbl_nm of the selected trial balance, "" when none is usable
@@ -59,6 +71,11 @@ struct Context {
   // No trial balance of the client is being worked on.
   void forgetYear() { setYear({clientCode, {}, {}, {}}); }
 
+  // What the act that is running changed so far stands for good; or the host took it back, and what
+  // the module remembered of it is forgotten.
+  void kept() { before_ = {unposted, year()}; }
+  void takenBack();
+
   // The single instances of the two entry forms, made on first use.
   std::unique_ptr<Form> homeForm;
   std::unique_ptr<Form> editorForm;
@@ -70,6 +87,16 @@ struct Context {
   void change(const Sql& sql, const Sql& flush = flushTables) { host->change(sql, flush); }
   // A select on the open connection.
   RecordsetPtr query(const Sql& sql) { return host->query(sql); }
+
+ private:
+  void trapped(const std::string& location, const std::exception& error);
+
+  // As it was before the act began.
+  struct Remembered {
+    UnpostedChanges unposted;
+    Year year;
+  };
+  Remembered before_;
 };
 
 }  // namespace quillet

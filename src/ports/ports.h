@@ -2,6 +2,7 @@
 // desktop and the tests implement them.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
@@ -53,6 +54,18 @@ class Clock {
   virtual Date today() const = 0;
   // "YYYY-MM-DD hh:mm:ss", local time.
   virtual std::string now() const = 0;
+};
+
+// --- files
+// ------------------------------------------------------------------------------------------
+
+// Removes the files that hang on books that are deleted. A host may do it later, once the deletion
+// stands; it then tells by itself what could not be removed.
+class FileRemover {
+ public:
+  virtual ~FileRemover() = default;
+  // False when the file could not be removed. One that is not there counts as removed.
+  virtual bool remove(const std::filesystem::path& file) = 0;
 };
 
 // --- the suite's service object ----------------------------------------------------------------

@@ -1,0 +1,42 @@
+// Acts: an act is one thing that a person does - a key, a click, a choice, showing or closing a
+// form - with everything that follows from it. Acts nest, since one event causes others; the
+// outermost one counts. Forms know nothing of it. The host does, so that it can keep in the
+// database either all that an act changed or nothing.
+#pragma once
+
+#include <functional>
+
+namespace quillet {
+
+class Acts {
+ public:
+  bool running() const { return depth_ > 0; }
+
+  // The outermost act begins.
+  std::function<void()> onBegun;
+  // The outermost act is done; it still counts as running. Must not throw.
+  std::function<void()> onEnded;
+
+ private:
+  friend class Act;
+  int depth_ = 0;
+};
+
+// An act runs for as long as this object lives.
+class Act {
+ public:
+  explicit Act(Acts& acts) : acts_(acts) {
+    if (++acts_.depth_ == 1 && acts_.onBegun) acts_.onBegun();
+  }
+  ~Act() {
+    if (acts_.depth_ == 1 && acts_.onEnded) acts_.onEnded();
+    --acts_.depth_;
+  }
+  Act(const Act&) = delete;
+  Act& operator=(const Act&) = delete;
+
+ private:
+  Acts& acts_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,43 @@
+// Ends the unit of work with each act on the open forms, and tells a person what was not done: what
+// an error ended, what was taken back, which files could not be removed.
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "host/context.h"
+#include "suite/file_removal.h"
+#include "suite/notices.h"
+#include "suite/unit_of_work.h"
+
+namespace quillet::suite {
+
+class ActKeeper {
+ public:
+  ActKeeper(UnitOfWork& unit, FileRemoval& removal, Notices& notices, Clock& clock);
+  ~ActKeeper();
+  ActKeeper(const ActKeeper&) = delete;
+  ActKeeper& operator=(const ActKeeper&) = delete;
+
+  // Keeps the acts on the context's forms; it outlives this object's use of it.
+  void follow(Context& context);
+  void leave();
+  // An error ended a procedure of the form that is called `where`.
+  void trapped(const std::string& where, const std::exception& error);
+
+ private:
+  void ended();
+  void endUnit();
+  void tellTakenBack(const std::string& reason);
+  void removeFiles();
+  void tell(const std::string& text);
+
+  UnitOfWork& unit_;
+  FileRemoval& removal_;
+  Notices& notices_;
+  Clock& clock_;
+  Context* context_ = nullptr;
+  std::string trapped_;  // what the first error of the running act was, "" when there was none
+};
+
+}  // namespace quillet::suite

@@ -1,0 +1,66 @@
+#include "suite/file_removal.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace quillet::suite {
+namespace {
+
+namespace fs = std::filesystem;
+
+// What tells a file from another one that was made under its name later; "" where there is none.
+std::string identityOf(const fs::path& file) {
+  struct stat found {};
+  if (lstat(file.c_str(), &found) != 0) return {};
+  return std::to_string(found.st_ino) + ' ' + std::to_string(found.st_size) + ' ' +
+         std::to_string(found.st_mtim.tv_sec) + ' ' + std::to_string(found.st_mtim.tv_nsec);
+}
+
+// A name from the table stays below the folder, and no folder on the way there is a link.
+bool leadsBelow(const fs::path& folder, const fs::path& name) {
+  if (name.empty() || name.is_absolute()) return false;
+  fs::path way = folder;
+  for (const fs::path& part : name.parent_path()) {
+    way /= part;
+    if (part == ".." || fs::is_symlink(way)) return false;
+  }
+  return name.filename() != "..";
+}
+
+}  // namespace
+
+FileRemoval::FileRemoval(UnitOfWork& unit, fs::path documents)
+    : unit_(unit), documents_(std::move(documents)) {}
+
+bool FileRemoval::remove(const fs::path& file) {
+  const fs::path name = file.lexically_relative(documents_);
+  if (!leadsBelow(documents_, name)) return false;
+  unit_.execute("insert into SuiteRemoval(File,Identity) values('" + unit_.escape(name.string()) +
+                "','" + unit_.escape(identityOf(file)) + "')");
+  asked_ = true;
+  return true;
+}
+
+std::vector<std::string> FileRemoval::carryOut() {
+  if (!std::exchange(asked_, false)) return {};
+  std::vector<std::string> left;
+  const RecordsetPtr rows = unit_.query("select File,Identity,row_id from SuiteRemoval");
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    const fs::path file = documents_ / rows->text(0);
+    std::error_code error;
+    if (leadsBelow(documents_, rows->text(0)) && identityOf(file) == rows->text(1)) {
+      fs::remove(file, error);
+    }
+    if (error) {
+      left.push_back(rows->text(0));
+    } else {
+      unit_.execute("delete from SuiteRemoval where row_id=" + rows->text(2));
+    }
+  }
+  return left;
+}
+
+}  // namespace quillet::suite

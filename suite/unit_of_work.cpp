@@ -1,0 +1,157 @@
+#include "suite/unit_of_work.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <string_view>
+#include <utility>
+
+#include "data/errors.h"
+#include "data/text.h"
+
+namespace quillet::suite {
+namespace {
+
+// Of the module's own kind: the server never sends it.
+constexpr long refusedAfterTakingBack = 20001;
+
+// The storage is full or fails, another station stands in the way, the connection is gone: what the
+// act has done so far cannot be trusted to be completed.
+constexpr std::array takingBack{
+    3L,     // a file of the server's cannot be written
+    14L,    // a file cannot be truncated or extended
+    20L,    // the disk is full, as the file layer says it
+    1021L,  // the disk is full
+    1026L,  // a file cannot be written
+    1030L,  // the storage engine gave an error
+    1041L,  // out of memory
+    1114L,  // a table cannot grow
+    1180L,  // the commit failed
+    1205L,  // another station held a lock for too long
+    1213L,  // deadlock
+    2006L,  // the connection is gone
+    2013L,  // the connection was lost during the statement
+    2055L,  // the same, with the system's reason
+};
+
+bool takesBack(long error) {
+  return std::find(takingBack.begin(), takingBack.end(), error) != takingBack.end();
+}
+
+bool isFlush(const std::string& sql) { return equalIgnoringCase(sql, flushTables); }
+
+struct Replacement {
+  std::string_view sent;
+  std::string_view instead;
+};
+
+// A definition ends a transaction, that of a temporary table does not. A transaction within the
+// act's own is a part of it that can be taken back.
+constexpr std::array<Replacement, 5> replacements{{
+    {"create table if not exists ledger_temp", "create temporary table if not exists ledger_temp"},
+    {"drop table if exists ledger_temp", "drop temporary table if exists ledger_temp"},
+    {"start transaction", "savepoint part"},
+    {"commit", "release savepoint part"},
+    {"rollback", "rollback to savepoint part"},
+}};
+
+bool beginsWith(const std::string& sql, std::string_view start) {
+  return equalIgnoringCase(std::string_view(sql).substr(0, start.size()), start);
+}
+
+// As it is sent inside of an act.
+std::string withinAct(const std::string& sql) {
+  for (const Replacement& each : replacements) {
+    if (beginsWith(sql, each.sent)) return std::string(each.instead) + sql.substr(each.sent.size());
+  }
+  return sql;
+}
+
+}  // namespace
+
+UnitOfWork::UnitOfWork(Database& database)
+    : database_(database), shared_(database.schemaFolder().empty()) {}
+
+void UnitOfWork::execute(const std::string& sql) {
+  refuseAfterTakingBack();
+  if (isFlush(sql)) return;
+  if (!actRuns_()) return database_.execute(sql);
+  begin();
+  send(withinAct(sql));
+}
+
+RecordsetPtr UnitOfWork::query(const std::string& sql) {
+  refuseAfterTakingBack();
+  try {
+    return database_.query(sql);
+  } catch (const RunTimeError& error) {
+    if (open_) examine(error.number(), error.what());
+    throw;
+  }
+}
+
+void UnitOfWork::begin() {
+  if (open_) return;
+  database_.execute("start transaction");
+  open_ = true;
+}
+
+void UnitOfWork::send(const std::string& sql) {
+  try {
+    database_.execute(sql);
+  } catch (const RunTimeError& error) {
+    examine(error.number(), error.what());
+    throw;
+  }
+}
+
+// Some errors have ended the transaction already; what was sent before the statement is gone then.
+void UnitOfWork::examine(long error, const std::string& reason) noexcept {
+  if (takesBack(error)) return takeBack(reason);
+  try {
+    if (database_.query("select @@in_transaction")->integer(0) == 0) takeBack(reason);
+  } catch (const std::exception&) {
+    takeBack(reason);
+  }
+}
+
+void UnitOfWork::takeBack(const std::string& reason) noexcept {
+  open_ = false;
+  takenBack_ = reason;
+  try {
+    database_.execute("rollback");
+  } catch (const std::exception&) {
+    // The connection is gone, and the server takes back by itself what was not committed.
+  }
+}
+
+void UnitOfWork::refuseAfterTakingBack() const {
+  if (!takenBack_) return;
+  throw RunTimeError(refusedAfterTakingBack,
+                     "Not sent, because what went before was taken back: " + *takenBack_,
+                     "Unit of work");
+}
+
+void UnitOfWork::commit() {
+  if (!open_) return;
+  send("commit");
+  open_ = false;
+  if (onKept) onKept();
+}
+
+void UnitOfWork::keep() {
+  refuseAfterTakingBack();
+  commit();
+}
+
+std::optional<std::string> UnitOfWork::end() noexcept {
+  try {
+    commit();
+  } catch (const std::exception& error) {
+    // A commit that failed, for whatever reason, has taken the act back.
+    if (!takenBack_) takeBack(error.what());
+  }
+  return std::exchange(takenBack_, std::nullopt);
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,59 @@
+// What an act changes in the database is one transaction: it begins before the act's first change
+// and is committed when the act has ended. The module sends statement by statement and knows
+// nothing of it.
+//
+// A statement that fails for a reason of its own (a table that is missing) leaves those before it
+// in effect. A deadlock, a lost connection, a storage error and a failing commit take the whole act
+// back: the rest of the act is refused, and takenBack() tells why.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+class UnitOfWork {
+ public:
+  explicit UnitOfWork(Database& database);
+  UnitOfWork(const UnitOfWork&) = delete;
+  UnitOfWork& operator=(const UnitOfWork&) = delete;
+
+  // Whether an act is running. Without this, and outside of acts, every statement counts by itself.
+  void follow(std::function<bool()> actRuns) { actRuns_ = std::move(actRuns); }
+  // What the act changed so far stands for good.
+  std::function<void()> onKept;
+  // The database is shared with other stations, which wait for what the transaction has locked.
+  bool shared() const { return shared_; }
+
+  // Throws RunTimeError as Database does. A flush is not sent: it would commit, and what it is for
+  // does not exist here. The scratch tables are temporary ones, whose definition does not commit.
+  void execute(const std::string& sql);
+  RecordsetPtr query(const std::string& sql);
+  std::string escape(const std::string& text) const { return database_.escape(text); }
+
+  // Commits what there is so far, before a person is told that it is done. Throws when the act was
+  // taken back by that.
+  void keep();
+  // The end of an act: commits what remains, and lets statements pass again. Why the act was taken
+  // back; nothing when it stands.
+  std::optional<std::string> end() noexcept;
+
+ private:
+  void begin();
+  void commit();
+  void send(const std::string& sql);
+  void examine(long error, const std::string& reason) noexcept;
+  void takeBack(const std::string& reason) noexcept;
+  void refuseAfterTakingBack() const;
+
+  Database& database_;
+  const bool shared_;
+  std::function<bool()> actRuns_ = [] { return false; };
+  bool open_ = false;                     // a transaction is open
+  std::optional<std::string> takenBack_;  // why, until the act is over
+};
+
+}  // namespace quillet::suite
