@@ -1,0 +1,70 @@
+#include "suite/backup/part_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+namespace quillet::suite::backup {
+
+namespace fs = std::filesystem;
+
+PartFile::PartFile(fs::path file)
+    : file_(fs::absolute(std::move(file)).lexically_normal()), part_(file_.string() + ending) {
+  std::error_code error;
+  const fs::file_status status = fs::symlink_status(file_, error);
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
+    throw std::runtime_error(file_.string() + " is not an ordinary file. Nothing was changed.");
+  }
+  descriptor_ = open(part_.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+  if (descriptor_ < 0) fail(errno);
+  if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+    close(descriptor_);
+    throw std::runtime_error("Another Quillet is writing " + file_.string() + " just now.");
+  }
+  // One that was interrupted left its part, and the user's mask may take more than others' rights.
+  if (ftruncate(descriptor_, 0) != 0 || fchmod(descriptor_, 0600) != 0) {
+    const int failed = errno;
+    close(descriptor_);
+    fail(failed);
+  }
+}
+
+PartFile::~PartFile() {
+  if (!finished_) unlink(part_.c_str());
+  close(descriptor_);
+}
+
+void PartFile::write(std::string_view bytes) const {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) fail(errno);
+    bytes.remove_prefix(written);
+  }
+}
+
+void PartFile::fail(int error) const {
+  throw std::runtime_error("The file " + file_.string() +
+                           " cannot be written: " + std::generic_category().message(error) + ".");
+}
+
+void PartFile::finish() {
+  if (fsync(descriptor_) != 0 || rename(part_.c_str(), file_.c_str()) != 0) fail(errno);
+  finished_ = true;
+  synchroniseFolder(file_.parent_path());
+}
+
+void synchroniseFolder(const fs::path& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+}  // namespace quillet::suite::backup
