@@ -1,0 +1,122 @@
+#include "suite/check/books_check.h"
+
+#include <algorithm>
+#include <exception>
+#include <tuple>
+
+#include "suite/check/master_rules.h"
+#include "suite/check/masters.h"
+#include "suite/check/registered_years.h"
+#include "suite/check/year_tables.h"
+
+namespace quillet::suite::check {
+namespace {
+
+// Rolled back unless it was committed.
+class Transaction {
+ public:
+  explicit Transaction(Database& database) : database_(database) {
+    database_.execute("start transaction");
+  }
+  ~Transaction() {
+    if (committed_) return;
+    try {
+      database_.execute("rollback");
+    } catch (const std::exception&) {
+      // The connection is lost, and the transaction with it.
+    }
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  void commit() {
+    database_.execute("commit");
+    committed_ = true;
+  }
+
+ private:
+  Database& database_;
+  bool committed_ = false;
+};
+
+std::size_t mendableIn(const std::vector<Finding>& findings) {
+  return static_cast<std::size_t>(std::ranges::count_if(findings, &Finding::mendable));
+}
+
+// Mends what `examine` finds. `figures` are the same afterwards, or nothing is changed.
+template <class Examine, class Figures>
+void mend(Database& database, const std::string& what, Examine examine, Figures figures,
+          Mending& mending) {
+  try {
+    Transaction transaction(database);
+    Examined examined;
+    examine(examined);
+    if (examined.changes.empty()) return;
+    const std::string before = figures();
+    for (const std::string& change : examined.changes) database.execute(change);
+    if (figures() != before) throw std::runtime_error("its sums would not stay as they are");
+    transaction.commit();
+    mending.mended += mendableIn(examined.findings);
+  } catch (const std::exception& error) {
+    mending.failed.push_back(what + " stays as it was: " + error.what() + '.');
+  }
+}
+
+}  // namespace
+
+std::size_t Examination::mendable() const { return mendableIn(findings); }
+
+Examination examineBooks(Practice& practice, const Steps& steps) {
+  Database& database = practice.database();
+  const Masters masters(database, practice.service());
+  const RegisteredYears years(database, practice.service());
+  const std::vector<std::string> tables = years.trialBalances();
+  const long total = static_cast<long>(tables.size());
+
+  Examined examined;
+  examineMasters(database, masters, examined);
+  years.examine(examined);
+  Examination examination{.findings = {}, .clients = years.clients(), .years = years.years()};
+  for (long done = 0; done < total && examination.complete; ++done) {
+    YearTables(database, years, masters, tables[static_cast<std::size_t>(done)], false)
+        .examine(examined);
+    examination.complete = !steps || steps(done + 1, total);
+  }
+  examination.findings = std::move(examined.findings);
+  std::ranges::stable_sort(examination.findings, {}, [](const Finding& finding) {
+    return std::tuple(finding.place.client, finding.place.year.second);
+  });
+  return examination;
+}
+
+Mending mendBooks(Practice& practice, const std::function<void()>& backup, const Steps& steps) {
+  if (!backup) throw std::logic_error("books are not mended without a backup");
+  backup();
+  Database& database = practice.database();
+  Mending mending;
+  mend(
+      database, "The registry of years",
+      [&](Examined& examined) { RegisteredYears(database, practice.service()).examine(examined); },
+      [] { return std::string(); }, mending);
+  mend(
+      database, "The masters",
+      [&](Examined& examined) {
+        examineMasters(database, Masters(database, practice.service()), examined);
+      },
+      [] { return std::string(); }, mending);
+  practice.service().executedElsewhere("Mast_Part");
+
+  const Masters masters(database, practice.service());
+  const RegisteredYears years(database, practice.service());
+  const std::vector<std::string> tables = years.trialBalances();
+  long done = 0;
+  for (const std::string& table : tables) {
+    YearTables books(database, years, masters, table, true);
+    mend(
+        database, "The table " + table, [&](Examined& examined) { books.examine(examined); },
+        [&] { return books.figures(); }, mending);
+    if (steps && !steps(++done, static_cast<long>(tables.size()))) break;
+  }
+  return mending;
+}
+
+}  // namespace quillet::suite::check

@@ -1,0 +1,145 @@
+#include "suite/check/registered_years.h"
+
+#include <algorithm>
+
+#include "data/table_names.h"
+#include "data/text.h"
+#include "data/year.h"
+#include "suite/schema_tables.h"
+
+namespace quillet::suite::check {
+namespace {
+
+constexpr const char* registry = "master";
+
+bool areKeys(const YearKeys& keys) {
+  const int first = yearOf(keys.first);
+  return first > 0 && keys.first == firstDateKey(first) && keys.second == secondDateKey(first + 1);
+}
+
+// The client and the registry's own table: what is wrong with the entry itself.
+Place entryOf(const Place& place) { return {place.client, place.year, registry}; }
+
+bool isName(const std::string& table) {
+  return !table.empty() && std::ranges::all_of(table, [](unsigned char c) {
+    return std::isalnum(c) || c == '_' || c == '$';
+  });
+}
+
+}  // namespace
+
+RegisteredYears::RegisteredYears(Database& database, ServiceObject& host) : host_(host) {
+  const RecordsetPtr rows = database.query(std::string("select m.") + rowIdColumn +
+                                           ",m.* from master m order by m." + rowIdColumn);
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    Row row{.place = {rows->text("code_no"),
+                      {rows->text("f_yr"), rows->text("s_yr")},
+                      upperCase(rows->text("tbl_nm"))},
+            .rowId = rows->integer(0),
+            .number = rows->integer("count"),
+            .fields = {}};
+    for (int column = 1; column < rows->fieldCount(); ++column) {
+      row.fields.push_back(rows->text(column));
+    }
+    rows_.push_back(std::move(row));
+  }
+  const RecordsetPtr tables = database.query("show tables");
+  for (; !tables->EOF_(); tables->MoveNext()) tables_.insert(upperCase(tables->text(0)));
+}
+
+bool RegisteredYears::hasTable(const std::string& name) const {
+  return tables_.contains(upperCase(name));
+}
+
+std::vector<std::string> RegisteredYears::trialBalances() const {
+  std::vector<std::string> names;
+  const auto add = [&](const std::string& name) {
+    if (isName(name) && hasTable(name)) names.push_back(name);
+  };
+  for (const Row& row : rows_) add(row.place.table);
+  for (long number = 1; number <= host_.GetTbCount(); ++number) {
+    add(trialBalanceTable(host_.GETTBNAME(number)));
+  }
+  std::ranges::sort(names);
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
+}
+
+Place RegisteredYears::placeOf(long rowId, const std::string& table) const {
+  const auto found = std::ranges::find(rows_, rowId, &Row::rowId);
+  if (found == rows_.end()) return {"", {}, table};
+  return {found->place.client, found->place.year, table};
+}
+
+std::size_t RegisteredYears::clients() const {
+  std::set<std::string> codes;
+  for (const Row& row : rows_) codes.insert(upperCase(row.place.client));
+  return codes.size();
+}
+
+void RegisteredYears::examine(Examined& examined) const {
+  for (const Row& row : rows_) examineRow(row, examined);
+  examineTwins(examined);
+}
+
+void RegisteredYears::examineRow(const Row& row, Examined& examined) const {
+  const Place entry = entryOf(row.place);
+  if (!areKeys(row.place.year)) {
+    examined.add(entry, "year",
+                 "A year is registered from \"" + row.place.year.first + "\" to \"" +
+                     row.place.year.second + "\", which is no financial year.",
+                 "A backup from before may tell which year it was.");
+  }
+  if (!isName(row.place.table)) {
+    examined.add(entry, "table", "The year is registered without a table.",
+                 "Create it anew over the existing one.");
+    return;
+  }
+  const std::string suffix = host_.GETTBNAME(row.number);
+  if (row.place.table != trialBalanceTable(suffix)) {
+    examined.add(entry, "table number",
+                 "The year is registered with the table " + row.place.table +
+                     ", which does not belong to its number " + std::to_string(row.number) + '.',
+                 "A backup from before may tell which is right.");
+  }
+  std::string missing;
+  for (const TableDefinition& table : yearTables("")) {
+    const std::string name = siblingTable(row.place.table, table.name);
+    if (!hasTable(name)) missing += (missing.empty() ? "" : ", ") + name;
+  }
+  if (missing.empty()) return;
+  examined.add(entry, "missing table", "Tables of the year are missing: " + missing + '.',
+               "The next start makes them anew and empty; a backup may hold what stood in them.");
+}
+
+// A year that is entered twice over in the same words is one; which of two different entries holds
+// cannot be told.
+void RegisteredYears::examineTwins(Examined& examined) const {
+  for (auto later = rows_.begin(); later != rows_.end(); ++later) {
+    const auto same = [&](const auto& value) {
+      return std::find_if(rows_.begin(), later, [&](const Row& row) {
+        return equalIgnoringCase(row.place.client, later->place.client) &&
+               value(row) == value(*later);
+      });
+    };
+    const Place entry = entryOf(later->place);
+    if (const auto twin = same([](const Row& row) { return row.fields; }); twin != later) {
+      examined.addMendable(entry, "registered twice", "The year is registered twice over.",
+                           "Mending keeps one entry.");
+      examined.changes.push_back(std::string("delete from master where ") + rowIdColumn + '=' +
+                                 std::to_string(later->rowId));
+    } else if (same([](const Row& row) { return row.place.year.text(); }) != later) {
+      examined.add(entry, "registered twice",
+                   "The year is registered twice, in two tables or with different dates.",
+                   "Print both, then delete the one that is not meant.");
+    } else if (const auto other = same([](const Row& row) { return row.place.table; });
+               other != later && !later->place.table.empty()) {
+      examined.add(entry, "shared table",
+                   "The year is registered with the table " + later->place.table +
+                       ", which is also that of " + other->place.year.text() + '.',
+                   "A backup from before may tell which is right.");
+    }
+  }
+}
+
+}  // namespace quillet::suite::check

@@ -1,0 +1,45 @@
+// The registry of years as it stands in `master`, and what holds for it: a client's year stands
+// there once, has a table of its own that belongs to its number, and the tables are there.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "suite/check/finding.h"
+#include "suite/database.h"
+
+namespace quillet::suite::check {
+
+class RegisteredYears {
+ public:
+  RegisteredYears(Database& database, ServiceObject& host);
+
+  // In capitals: the trial balances of all years and of all numbers, as far as they are there.
+  std::vector<std::string> trialBalances() const;
+  bool hasTable(const std::string& name) const;
+  // The year of a row of the registry, in that table; null for 0.
+  Place placeOf(long rowId, const std::string& table) const;
+
+  std::size_t years() const { return rows_.size(); }
+  std::size_t clients() const;
+
+  void examine(Examined& examined) const;
+
+ private:
+  struct Row {
+    Place place;  // the table in capitals
+    long rowId = 0;
+    long number = 0;
+    std::vector<std::string> fields;  // all of them
+  };
+  void examineRow(const Row& row, Examined& examined) const;
+  void examineTwins(Examined& examined) const;
+
+  ServiceObject& host_;
+  std::vector<Row> rows_;         // in the order of their entry
+  std::set<std::string> tables_;  // in capitals
+};
+
+}  // namespace quillet::suite::check
