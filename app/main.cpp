@@ -5,6 +5,7 @@
 
 #include "app/new_folder.h"
 #include "app/options.h"
+#include "app/run_check.h"
 #include "app/run_desktop.h"
 #include "app/run_script.h"
 #include "suite/data_folder.h"
@@ -21,6 +22,8 @@ int run(const Options& options) {
           options.empty ? quillet::app::Contents::starterGroups : quillet::app::Contents::sample,
           options.force);
       return 0;
+    case Options::Command::check:
+      return quillet::app::runCheck(options);
     case Options::Command::script:
       return quillet::app::runScript(options);
     case Options::Command::open:

@@ -33,6 +33,10 @@ Options parseOptions(int argc, const char* const* argv) {
   init->add_flag("--empty", options.empty, "With the starter groups only");
   init->add_flag("--force", options.force, "Replaces a data folder that exists");
 
+  CLI::App* check = app.add_subcommand("check", "Examines the books of all clients and years");
+  CLI::Option* mend = check->add_flag("--mend", options.mend, "Mends what can be mended");
+  check->add_flag("--yes", options.yes, "Without asking first")->needs(mend);
+
   CLI::App* script = app.add_subcommand(
       "script", "Runs a Lua script against the forms: script [--show] FILE.lua [ARG...]");
   script->add_flag("--show", options.show, "Plays on the real windows");
@@ -47,6 +51,7 @@ Options parseOptions(int argc, const char* const* argv) {
   if (app.count("--data") > 0 && data.empty()) throw ExitRequest(2, "--data: DIR is empty");
   options.data = data;
   if (*init) options.command = Options::Command::init;
+  if (*check) options.command = Options::Command::check;
   if (*script) {
     options.command = Options::Command::script;
     takeScript(*script, options);

@@ -9,12 +9,15 @@
 namespace quillet::app {
 
 struct Options {
-  enum class Command { open, init, script };
+  enum class Command { open, init, check, script };
   Command command = Command::open;
 
   std::filesystem::path data;  // empty: the folder in the user's data home
   bool empty = false;          // init: the starter groups only
   bool force = false;          // init: replaces a data folder that exists
+
+  bool mend = false;  // check: mends what can be mended
+  bool yes = false;   // check: without asking first
 
   bool show = false;  // script: plays on the real windows
   std::filesystem::path file;

@@ -1,5 +1,5 @@
-// quillet.add_client, query, exec, statements, fail, log: the register, the database, the error
-// log.
+// quillet.add_client, query, exec, check, statements, fail, log: the register, the database, the
+// books, the error log.
 #include <algorithm>
 #include <charconv>
 #include <fstream>
@@ -8,6 +8,7 @@
 #include "script/call.h"
 #include "script/quillet_library.h"
 #include "script/session.h"
+#include "suite/check/books_check.h"
 #include "suite/client_register.h"
 
 namespace quillet::script {
@@ -116,6 +117,29 @@ int exec(Call& call) {
   return call.none();
 }
 
+int check(Call& call) {
+  lua_State* state = call.state();
+  lua_newtable(state);
+  lua_Integer position = 0;
+  for (const auto& finding : suite::check::examineBooks(call.session().practice).findings) {
+    const YearKeys& year = finding.place.year;
+    lua_newtable(state);
+    for (const auto& [field, value] : {std::pair("client", finding.place.client),
+                                       {"year", year.first.empty() ? "" : year.text()},
+                                       {"table", finding.place.table},
+                                       {"rule", finding.rule},
+                                       {"what", finding.what},
+                                       {"remedy", finding.remedy}}) {
+      pushText(state, value);
+      lua_setfield(state, -2, field);
+    }
+    lua_pushboolean(state, finding.mendable ? 1 : 0);
+    lua_setfield(state, -2, "mendable");
+    lua_rawseti(state, -2, ++position);
+  }
+  return 1;
+}
+
 int statements(Call& call) {
   return call.give(call.session().practice.service().statements().take());
 }
@@ -142,6 +166,7 @@ void addDataFunctions(lua_State* state) {
   const luaL_Reg functions[] = {{"add_client", entry<addClient>},
                                 {"query", entry<query>},
                                 {"exec", entry<exec>},
+                                {"check", entry<check>},
                                 {"statements", entry<statements>},
                                 {"fail", entry<fail>},
                                 {"log", entry<log>},

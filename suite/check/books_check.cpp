@@ -90,6 +90,9 @@ Examination examineBooks(Practice& practice, const Steps& steps) {
 
 Mending mendBooks(Practice& practice, const std::function<void()>& backup, const Steps& steps) {
   if (!backup) throw std::logic_error("books are not mended without a backup");
+  if (practice.context().openForms.acts.running()) {
+    throw std::logic_error("books are not mended in the middle of an act");
+  }
   backup();
   Database& database = practice.database();
   Mending mending;

@@ -1,6 +1,8 @@
 #include "suite/check/registered_years.h"
 
 #include <algorithm>
+#include <cctype>
+#include <utility>
 
 #include "data/table_names.h"
 #include "data/text.h"
@@ -66,8 +68,9 @@ std::vector<std::string> RegisteredYears::trialBalances() const {
 }
 
 Place RegisteredYears::placeOf(long rowId, const std::string& table) const {
-  const auto found = std::ranges::find(rows_, rowId, &Row::rowId);
-  if (found == rows_.end()) return {"", {}, table};
+  // They were read in the order of their ids.
+  const auto found = std::ranges::lower_bound(rows_, rowId, {}, &Row::rowId);
+  if (found == rows_.end() || found->rowId != rowId) return {"", {}, table};
   return {found->place.client, found->place.year, table};
 }
 
@@ -115,31 +118,36 @@ void RegisteredYears::examineRow(const Row& row, Examined& examined) const {
 // A year that is entered twice over in the same words is one; which of two different entries holds
 // cannot be told.
 void RegisteredYears::examineTwins(Examined& examined) const {
-  for (auto later = rows_.begin(); later != rows_.end(); ++later) {
-    const auto same = [&](const auto& value) {
-      return std::find_if(rows_.begin(), later, [&](const Row& row) {
-        return equalIgnoringCase(row.place.client, later->place.client) &&
-               value(row) == value(*later);
-      });
-    };
-    const Place entry = entryOf(later->place);
-    if (const auto twin = same([](const Row& row) { return row.fields; }); twin != later) {
-      examined.addMendable(entry, "registered twice", "The year is registered twice over.",
-                           "Mending keeps one entry.");
-      examined.changes.push_back(std::string("delete from master where ") + rowIdColumn + '=' +
-                                 std::to_string(later->rowId));
-    } else if (same([](const Row& row) { return row.place.year.text(); }) != later) {
-      examined.add(entry, "registered twice",
-                   "The year is registered twice, in two tables or with different dates.",
-                   "Print both, then delete the one that is not meant.");
-    } else if (const auto other = same([](const Row& row) { return row.place.table; });
-               other != later && !later->place.table.empty()) {
-      examined.add(entry, "shared table",
-                   "The year is registered with the table " + later->place.table +
-                       ", which is also that of " + other->place.year.text() + '.',
-                   "A backup from before may tell which is right.");
+  using Key = std::pair<std::string, std::string>;  // the client's code in capitals, and what of it
+  std::map<Key, const Row*> years;
+  std::map<Key, const Row*> tables;
+  for (const Row& row : rows_) {
+    const std::string client = upperCase(row.place.client);
+    const auto [year, isNew] = years.try_emplace({client, row.place.year.second}, &row);
+    if (!isNew) {
+      examineTwin(row, *year->second, examined);
+      continue;
     }
+    const auto [table, isFree] = tables.try_emplace({client, row.place.table}, &row);
+    if (isFree || row.place.table.empty()) continue;
+    examined.add(entryOf(row.place), "shared table",
+                 "The year is registered with the table " + row.place.table +
+                     ", which is also that of " + table->second->place.year.text() + '.',
+                 "A backup from before may tell which is right.");
   }
+}
+
+void RegisteredYears::examineTwin(const Row& row, const Row& first, Examined& examined) {
+  if (row.fields != first.fields) {
+    examined.add(entryOf(row.place), "registered twice",
+                 "The year is registered twice, in two tables or with different dates.",
+                 "Print both, then delete the one that is not meant.");
+    return;
+  }
+  examined.addMendable(entryOf(row.place), "registered twice", "The year is registered twice over.",
+                       "Mending keeps one entry.");
+  examined.changes.push_back(std::string("delete from master where ") + rowIdColumn + '=' +
+                             std::to_string(row.rowId));
 }
 
 }  // namespace quillet::suite::check

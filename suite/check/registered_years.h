@@ -19,7 +19,7 @@ class RegisteredYears {
   // In capitals: the trial balances of all years and of all numbers, as far as they are there.
   std::vector<std::string> trialBalances() const;
   bool hasTable(const std::string& name) const;
-  // The year of a row of the registry, in that table; null for 0.
+  // The year that stands in that row of the registry, with the table given.
   Place placeOf(long rowId, const std::string& table) const;
 
   std::size_t years() const { return rows_.size(); }
@@ -36,6 +36,7 @@ class RegisteredYears {
   };
   void examineRow(const Row& row, Examined& examined) const;
   void examineTwins(Examined& examined) const;
+  static void examineTwin(const Row& row, const Row& first, Examined& examined);
 
   ServiceObject& host_;
   std::vector<Row> rows_;         // in the order of their entry

@@ -34,10 +34,12 @@ std::map<YearTables::Owner, std::vector<Row>> YearTables::read(const std::string
                                                                Read read) {
   std::map<Owner, std::vector<Row>> byOwner;
   if (table.empty()) return byOwner;
+  const std::string key = rowIdColumn;
   const RecordsetPtr rows = database_.query(
-      std::string("select t.") + rowIdColumn + ",t.code_no,(select min(m." + rowIdColumn +
-      ") from master m where m.code_no=t.code_no and m.tbl_nm='" + sqlName(trialBalance_).text() +
-      "')," + columns + " from " + table + " t" + (locked_ ? " for update" : ""));
+      "select t." + key + ",t.code_no,y.year," + columns + " from " + table +
+      " t left join (select code_no,min(" + key + ") year from master where tbl_nm='" +
+      sqlName(trialBalance_).text() + "' group by code_no) y on y.code_no=t.code_no" +
+      (locked_ ? " for update" : ""));
   for (; !rows->EOF_(); rows->MoveNext()) {
     const long year = rows->integer(2);
     byOwner[{year, year == 0 ? rows->text(1) : ""}].push_back(read(*rows));

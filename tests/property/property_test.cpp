@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "property/journal_acts.h"
+#include "suite/check/books_check.h"
 
 namespace quillet::support {
 namespace {
@@ -55,6 +56,7 @@ class PropertyTest : public JournalActs {
     try {
       for (const unsigned act : day) perform(act, seed % 4 > 0);
       finishVouchers();
+      examine(seed % 4 > 0);
     } catch (const std::runtime_error& mismatch) {
       complaint = mismatch.what();
     }
@@ -63,6 +65,19 @@ class PropertyTest : public JournalActs {
   }
 
  private:
+  // What an examination of the books may find: several lines of a pair, which lines that were moved
+  // to another group leave, and vouchers that a failure left with some of their lines.
+  void examine(bool mayFail) {
+    using namespace suite::check;
+    for (const bool mended : {false, true}) {
+      if (mended) require(mendBooks(practice, [] {}).failed.empty(), "the books were not mended");
+      for (const Finding& finding : examineBooks(practice).findings) {
+        require((finding.rule == "pair" && !mended) || (finding.rule == "sides" && mayFail),
+                "the examination finds: " + finding.what);
+      }
+    }
+  }
+
   void drawBooks(unsigned seed) {
     practice.restartModule();
     host().statements().record(true);

@@ -52,6 +52,15 @@ equal(quillet.query("select 999999999999.99 + 0e0 as Much")[1].much, 99999999999
 fails("master_of_nothing", quillet.query, "select * from master_of_nothing")
 fails("master_of_nothing", quillet.exec, "delete from master_of_nothing")
 
+-- The examination of the books: nothing is wrong, then a row that belongs to no year.
+equal(quillet.check(), {})
+quillet.exec("insert into TAB_3 values(1,'C1',1,1,10,1)")
+equal(quillet.check(), { { client = "C1", year = "", table = "TAB_3", rule = "unregistered",
+  what = "The table TAB_3 holds 1 row of a year that is not registered.",
+  remedy = "They are left alone; a year that the client creates there would begin with them.",
+  mendable = false } })
+quillet.exec("delete from TAB_3")
+
 -- Answers have to be known; none of a call is queued when one is not.
 fails("'Perhaps'", quillet.answer, "Yes", "Perhaps")
 fails('"Close"', quillet.refuse, "Close")

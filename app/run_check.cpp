@@ -1,0 +1,103 @@
+#include "app/run_check.h"
+
+#include <unistd.h>
+
+#include <iostream>
+
+#include "app/new_folder.h"
+#include "suite/check/check_report.h"
+#include "suite/clocks.h"
+#include "suite/headless_front_end.h"
+#include "suite/queued_dialogs.h"
+#include "suite/text_report.h"
+
+namespace quillet::app {
+namespace {
+
+namespace check = suite::check;
+
+constexpr int sound = 0;
+constexpr int unsound = 1;
+constexpr int impossible = 2;
+
+// A folder that is not there is not made for the sake of being examined.
+std::filesystem::path folderToCheck(const std::filesystem::path& named) {
+  const auto path = named.empty() ? suite::DataFolder::standard() : named;
+  if (!suite::DataFolder::isOne(path)) {
+    throw std::runtime_error("There is no data folder " + path.string() + ".");
+  }
+  return folderToOpen(path);
+}
+
+// A line that moves, for a person at a terminal.
+class MovingLine {
+ public:
+  explicit MovingLine(std::string text) : text_(std::move(text)) {}
+  ~MovingLine() {
+    if (moves_) std::cerr << "\r\x1B[K" << std::flush;
+  }
+  MovingLine(const MovingLine&) = delete;
+  MovingLine& operator=(const MovingLine&) = delete;
+
+  bool operator()(long done, long total) const {
+    if (moves_) std::cerr << '\r' << text_ << ' ' << done << " of " << total << std::flush;
+    return true;
+  }
+
+ private:
+  std::string text_;
+  bool moves_ = isatty(STDERR_FILENO) != 0;
+};
+
+check::Examination examine(suite::Practice& practice) {
+  const MovingLine line("Examining the books:");
+  return check::examineBooks(practice, std::cref(line));
+}
+
+bool confirmed(const Options& options) {
+  if (options.yes) return true;
+  if (isatty(STDIN_FILENO) == 0) {
+    std::cerr << "quillet: nobody is there to confirm; say --yes to mend\n";
+    return false;
+  }
+  std::cout << "Do you want to mend what can be mended? [y/N] " << std::flush;
+  std::string answer;
+  std::getline(std::cin, answer);
+  return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+void mend(suite::Practice& practice) {
+  const auto backup = [] {
+    throw std::runtime_error("nothing is mended without a backup, which cannot be made here yet");
+  };
+  const MovingLine line("Mending the books:");
+  std::cout << check::summaryOf(check::mendBooks(practice, backup, std::cref(line))) << '\n';
+}
+
+int checkFolder(const Options& options) {
+  suite::QueuedDialogs dialogs;
+  suite::HeadlessFrontEnd frontEnd(dialogs);
+  suite::SystemClock clock;
+  suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock);
+  check::Examination examination = examine(practice);
+  std::cout << suite::textOf(check::reportOf(examination, practice.service()));
+  if (options.mend && examination.mendable() > 0 && confirmed(options)) {
+    mend(practice);
+    examination = examine(practice);
+    std::cout << '\n' << suite::textOf(check::reportOf(examination, practice.service()));
+  }
+  return examination.clean() ? sound : unsound;
+}
+
+}  // namespace
+
+int runCheck(const Options& options) {
+  try {
+    return checkFolder(options);
+  } catch (const std::exception& error) {
+    std::cerr << "quillet: " << error.what() << '\n';
+    return impossible;
+  }
+}
+
+}  // namespace quillet::app

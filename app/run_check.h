@@ -1,0 +1,12 @@
+// quillet check: examines the books, and mends them on request.
+#pragma once
+
+#include "app/options.h"
+
+namespace quillet::app {
+
+// The exit status: 0 when the books are sound, 1 when something is left that is not, 2 when they
+// could not be examined or mended; the reason went to standard error by then.
+int runCheck(const Options& options);
+
+}  // namespace quillet::app
