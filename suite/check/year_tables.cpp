@@ -60,19 +60,27 @@ void YearTables::reportUnregistered(const Owner& owner, const std::string& table
                "They are left alone; a year that the client creates there would begin with them.");
 }
 
+template <class Row, class Judge>
+void YearTables::examineEach(const std::string& table,
+                             const std::map<Owner, std::vector<Row>>& byOwner, Judge judge,
+                             Examined& examined) {
+  for (const auto& [owner, rows] : byOwner) {
+    if (owner.year == 0) {
+      reportUnregistered(owner, table, rows.size(), examined);
+    } else {
+      judge(masters_, placeOf(owner, table), rows, examined);
+    }
+  }
+}
+
 void YearTables::examineTrialBalances(Examined& examined) {
+  const std::string table = sibling("TAB_");
   const auto lines =
-      read<LineRow>(sibling("TAB_"), "t.srno,t.partid,t.allid,t.nid,t.amt", [](const auto& rows) {
+      read<LineRow>(table, "t.srno,t.partid,t.allid,t.nid,t.amt", [](const auto& rows) {
         return LineRow{rows.integer(0),        idIn(rows, common),     idIn(rows, common + 1),
                        idIn(rows, common + 2), idIn(rows, common + 3), amountIn(rows, common + 4)};
       });
-  for (const auto& [owner, rows] : lines) {
-    if (owner.year == 0) {
-      reportUnregistered(owner, trialBalance_, rows.size(), examined);
-    } else {
-      examineLines(masters_, placeOf(owner, trialBalance_), rows, examined);
-    }
-  }
+  examineEach(table, lines, examineLines, examined);
 }
 
 void YearTables::examineJournals(Examined& examined) {
@@ -107,13 +115,8 @@ void YearTables::examineSchedules(Examined& examined) {
   const auto stocks = read<StockRow>(stock, "t.partid,t.allid,t.amt", [](const auto& rows) {
     return StockRow{idIn(rows, common), idIn(rows, common + 1), amountIn(rows, common + 2)};
   });
-  for (const auto& [owner, rows] : stocks) {
-    if (owner.year != 0) {
-      examineStock(masters_, placeOf(owner, stock), rows, examined);
-    } else {
-      reportUnregistered(owner, stock, rows.size(), examined);
-    }
-  }
+  examineEach(stock, stocks, examineStock, examined);
+
   const std::string binding = sibling("RMGRP_");
   const auto bindings = read<BindingRow>(
       binding, "t.SrNo,t.GrpSr,t.OsGrpId,t.PurGrpId,t.SalGrpId,t.CsGrpId", [](const auto& rows) {
@@ -123,13 +126,7 @@ void YearTables::examineSchedules(Examined& examined) {
                           {idIn(rows, common + 2), idIn(rows, common + 3), idIn(rows, common + 4),
                            idIn(rows, common + 5)}};
       });
-  for (const auto& [owner, rows] : bindings) {
-    if (owner.year != 0) {
-      examineBinding(masters_, placeOf(owner, binding), rows, examined);
-    } else {
-      reportUnregistered(owner, binding, rows.size(), examined);
-    }
-  }
+  examineEach(binding, bindings, examineBinding, examined);
 }
 
 std::string YearTables::figures() {

@@ -1,7 +1,10 @@
 // The tables of one number: the books of all clients that have a year there.
 #pragma once
 
+#include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "suite/check/finding.h"
 #include "suite/check/masters.h"
@@ -38,6 +41,10 @@ class YearTables {
   template <class Row, class Read>
   std::map<Owner, std::vector<Row>> read(const std::string& table, const std::string& columns,
                                          Read read);
+  // Judges the rows of each registered year, and reports the others.
+  template <class Row, class Judge>
+  void examineEach(const std::string& table, const std::map<Owner, std::vector<Row>>& byOwner,
+                   Judge judge, Examined& examined);
   void reportUnregistered(const Owner& owner, const std::string& table, std::size_t rows,
                           Examined& examined) const;
   Place placeOf(const Owner& owner, const std::string& table) const;
