@@ -136,7 +136,8 @@ std::vector<TableDefinition> yearTables(const std::string& suffix) {
         {"allid", number},
         {"amt", amount},
         {"nid", number}},
-       {"code_no,srno", "code_no,partid,allid", "partid", "allid"}},
+       // The last one holds all that the summary figures read.
+       {"code_no,srno", "code_no,partid,allid", "partid", "allid", "code_no,allid,nid,amt"}},
       {"JRNL_" + suffix,
        {{"code_no", code},
         {"VID", number},

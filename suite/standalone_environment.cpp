@@ -26,7 +26,7 @@ void completeWithProgress(Database& database, long tableCount, FrontEnd& frontEn
       frontEnd.showProgress(true);
       frontEnd.progressText("Preparing the database...");
     }
-    if (done % 16 == 0 || done == total) frontEnd.progressBar(done, total);
+    frontEnd.progressBar(done, total);
   });
   if (shown) frontEnd.showProgress(false);
 }
