@@ -1,4 +1,6 @@
 // The entry point of the program.
+#include <sys/stat.h>
+
 #include <clocale>
 #include <exception>
 #include <iostream>
@@ -37,6 +39,8 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   // Text is UTF-8 and numbers have a decimal point, whatever the user's locale.
   std::setlocale(LC_CTYPE, "C.UTF-8");
+  // What we write we can read again.
+  umask(umask(077) & 077);
   try {
     return run(quillet::app::parseOptions(argc, argv));
   } catch (const quillet::app::ExitRequest& request) {

@@ -1,6 +1,7 @@
 #include "suite/child_process.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -24,6 +25,12 @@ void writeAll(int pipe, std::string_view text) {
   }
 }
 
+// A lock on a file lasts until every copy of its descriptor is closed.
+void closeAllBut(int pipe) {
+  if (pipe > STDERR_FILENO + 1) close_range(STDERR_FILENO + 1, pipe - 1, 0);
+  close_range(pipe + 1, ~0U, 0);
+}
+
 // Nothing may unwind from here into the copy of the program that started us.
 [[noreturn]] void runAndExit(const std::function<void(const ChildProcess::Tell&)>& work, int pipe) {
   try {
@@ -41,9 +48,12 @@ ChildProcess::ChildProcess(const std::function<void(const Tell& tell)>& work) {
   if (pipe2(ends.data(), O_CLOEXEC) != 0) {
     throw std::system_error(errno, std::generic_category(), "pipe");
   }
+  const pid_t parent = getpid();
   child_ = fork();
   if (child_ == 0) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(EXIT_FAILURE);
+    closeAllBut(ends[1]);
     runAndExit(work, ends[1]);
   }
   const int error = errno;
@@ -69,6 +79,12 @@ std::string ChildProcess::read() {
   return got <= 0 ? std::string() : std::string(buffer.data(), got);
 }
 
+std::optional<std::string> ChildProcess::readWithin(std::chrono::milliseconds most) {
+  pollfd wanted{pipe_, POLLIN, 0};
+  if (poll(&wanted, 1, static_cast<int>(most.count())) <= 0) return std::nullopt;
+  return read();
+}
+
 std::string ChildProcess::readAll() {
   std::string all;
   for (std::string text = read(); !text.empty(); text = read()) all += text;
@@ -81,6 +97,7 @@ bool ChildProcess::finish() {
   while (waitpid(child_, &status, 0) < 0 && errno == EINTR) {
   }
   child_ = -1;
+  signal_ = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
   return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
 }
 

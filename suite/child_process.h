@@ -4,6 +4,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -15,8 +16,8 @@ class ChildProcess {
  public:
   // Hands a text to the parent.
   using Tell = std::function<void(std::string_view text)>;
-  // Starts the child, which does not outlive us. Throws std::runtime_error when it cannot be
-  // started.
+  // Starts the child, which does not outlive us and has none of our files: what we have locked is
+  // free when we end. Throws std::runtime_error when it cannot be started.
   explicit ChildProcess(const std::function<void(const Tell& tell)>& work);
   ~ChildProcess();
   ChildProcess(const ChildProcess&) = delete;
@@ -24,15 +25,20 @@ class ChildProcess {
 
   // Waits for what the child tells next; "" when it has ended.
   std::string read();
+  // Nothing when the child neither tells anything nor ends for so long.
+  std::optional<std::string> readWithin(std::chrono::milliseconds most);
   // Everything that it still tells, until it ends.
   std::string readAll();
   // Waits for its end; true when the work was done and threw nothing.
   bool finish();
   void kill();
+  // The signal that ended it, 0 when it ended by itself.
+  int signal() const { return signal_; }
 
  private:
   pid_t child_ = -1;
   int pipe_ = -1;
+  int signal_ = 0;
 };
 
 // The text that the work returns in a child process; nothing when the child died on the way.

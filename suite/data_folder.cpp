@@ -5,7 +5,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "suite/database_check.h"
 #include "suite/folder_lock.h"
+#include "suite/private_files.h"
 #include "suite/settings.h"
 
 namespace quillet::suite {
@@ -23,7 +25,17 @@ void clear(const DataFolder& folder) {
   for (const fs::path& part : {folder.database(), folder.program(), folder.documents()}) {
     fs::remove_all(part);
   }
+  DatabaseCheck::removeStaleCopy(folder.database());
   fs::remove(folder.settings());
+}
+
+// What was made with the person's own mask, by an earlier version or by the module. The database
+// sees to its own files.
+void makePrivate(const DataFolder& folder) {
+  suite::makePrivate(folder.root());
+  suite::makePrivate(folder.settings());
+  makeAllPrivate(folder.program());
+  makeAllPrivate(folder.documents());
 }
 
 }  // namespace
@@ -61,12 +73,7 @@ DataFolder DataFolder::create(const fs::path& path, Existing existing) {
     throw std::runtime_error("The folder " + folder.root().string() +
                              " holds other files. Nothing was changed.");
   }
-  std::error_code error;
-  fs::create_directories(folder.root(), error);
-  if (error) {
-    throw std::runtime_error("The folder " + folder.root().string() +
-                             " cannot be made: " + error.message() + ".");
-  }
+  makePrivateFolder(folder.root());
   // Marks the folder as ours before anything else is in it, so that a start that is cut short
   // leaves a folder that opens.
   Settings(folder.settings()).set("Suite", "TableCount", "40");
@@ -78,13 +85,10 @@ DataFolder DataFolder::open(const fs::path& path) {
   if (!isOne(folder.root())) {
     throw std::runtime_error("There is no data folder in " + folder.root().string() + ".");
   }
-  for (const fs::path& part : {folder.program() / "Databases", folder.documents()}) {
-    std::error_code error;
-    fs::create_directories(part, error);
-    if (error) {
-      throw std::runtime_error("The folder " + part.string() +
-                               " cannot be made: " + error.message() + ".");
-    }
+  makePrivate(folder);
+  for (const fs::path& part :
+       {folder.program(), folder.program() / "Databases", folder.documents()}) {
+    makePrivateFolder(part);
   }
   return folder;
 }

@@ -159,8 +159,9 @@ class Database::Impl {
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Database::~Database() = default;
 
-std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& folder) {
-  auto impl = std::make_unique<Impl>(std::make_unique<EmbeddedServer>(folder));
+std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& folder,
+                                                 const ExaminationPolicy& policy) {
+  auto impl = std::make_unique<Impl>(std::make_unique<EmbeddedServer>(folder, policy));
   if (mysql_real_connect(impl->connection(), nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
       nullptr) {
     throw std::runtime_error("The database in " + folder.string() +

@@ -2,7 +2,6 @@
 // place that includes the client library is its implementation.
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -10,6 +9,7 @@
 
 #include "data/recordset.h"
 #include "ports/ports.h"
+#include "suite/folder_examination.h"
 
 namespace quillet::suite {
 
@@ -17,9 +17,11 @@ class Database : public Connection {
  public:
   // Starts the embedded server on the folder (made when missing) and opens the schema "quillet".
   // Throws std::runtime_error with a message that names the folder when another process holds it,
-  // when it cannot be written or when it is damaged; the folder is then untouched. Once in a
+  // when it cannot be written or when it is damaged; the folder is then untouched. The policy
+  // says what is done when that cannot be told. Once in a
   // process: the server library does not survive a second start.
-  static std::unique_ptr<Database> openEmbedded(const std::filesystem::path& folder);
+  static std::unique_ptr<Database> openEmbedded(const std::filesystem::path& folder,
+                                                const ExaminationPolicy& policy = {});
 
   struct Server {
     std::string host = "localhost";

@@ -10,13 +10,16 @@
 #include <string>
 #include <vector>
 
-#include "suite/folder_examination.h"
 #include "suite/folder_fingerprint.h"
 #include "suite/stack_bounds.h"
 
-// The library's own switch, which it sets from no option: its files are not synchronised one by
-// one.
-extern "C" char my_disable_sync;
+// The library's own switches, which it sets from no option.
+extern "C" {
+char my_init();
+extern char my_disable_sync;  // its files are not synchronised one by one
+extern int my_umask;          // the rights on its files
+extern int my_umask_dir;
+}
 
 // Replaces a function of the library, which compares the processor's clocks for some 20 ms at each
 // start. Its performance schema would go by them, which an embedded server does not have.
@@ -91,17 +94,20 @@ bool startServerLibrary(const fs::path& folder) {
   std::array<char, 9> embedded{"embedded"};
   std::array<char, 7> server{"server"};
   std::array<char*, 3> groups{embedded.data(), server.data(), nullptr};
+  my_init();  // sets the rights that others have by default
+  my_umask = 0600;
+  my_umask_dir = 0700;
   // The library changes the mask for new files; exports and reports are to keep the user's.
-  const mode_t mask = umask(0);
+  const mode_t mask = umask(077);
   const bool begun =
       mysql_server_init(static_cast<int>(arguments.size()), arguments.data(), groups.data()) == 0;
   umask(mask);
   return begun;
 }
 
-EmbeddedServer::EmbeddedServer(const fs::path& folder)
+EmbeddedServer::EmbeddedServer(const fs::path& folder, const ExaminationPolicy& policy)
     : folder_(fs::absolute(folder)), lock_(lockFolder(folder_)) {
-  const FolderState state = examine(folder_);
+  const FolderState state = examine(folder_, policy);
   if (state == FolderState::isNew) markIncomplete(folder_);
   folder_fingerprint::remove(folder_);
   started = true;

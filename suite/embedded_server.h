@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "suite/error_stream.h"
+#include "suite/folder_examination.h"
 #include "suite/folder_lock.h"
 
 namespace quillet::suite {
@@ -13,7 +14,7 @@ class EmbeddedServer {
  public:
   // Holds the folder and starts the server on it. Throws std::runtime_error as
   // Database::openEmbedded does; nothing in the folder has changed then.
-  explicit EmbeddedServer(const std::filesystem::path& folder);
+  EmbeddedServer(const std::filesystem::path& folder, const ExaminationPolicy& policy);
   ~EmbeddedServer();
   EmbeddedServer(const EmbeddedServer&) = delete;
   EmbeddedServer& operator=(const EmbeddedServer&) = delete;

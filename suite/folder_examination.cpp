@@ -9,6 +9,7 @@
 #include "suite/database_check.h"
 #include "suite/folder_fingerprint.h"
 #include "suite/folder_lock.h"
+#include "suite/private_files.h"
 
 namespace quillet::suite {
 namespace {
@@ -36,6 +37,38 @@ std::runtime_error damaged(const fs::path& folder, const std::string& what) {
                             "). Nothing was changed. Restore the folder from a backup.");
 }
 
+constexpr std::chrono::milliseconds tick{100};
+
+Verdict waitFor(DatabaseCheck& check, const ExaminationPolicy& policy) {
+  const auto begun = std::chrono::steady_clock::now();
+  do {
+    if (const auto verdict = check.waitFor(std::min(tick, policy.patience))) return *verdict;
+    policy.working();
+  } while (std::chrono::steady_clock::now() < begun + policy.patience);
+  return {Verdict::Kind::undecided, "it has not come to its end yet"};
+}
+
+// Returns when the folder may be opened.
+void checkCopy(const fs::path& folder, const ExaminationPolicy& policy) {
+  std::optional<DatabaseCheck> check;
+  for (;;) {
+    if (!check) check.emplace(folder);
+    const Verdict verdict = waitFor(*check, policy);
+    if (verdict.kind == Verdict::Kind::sound) return;
+    if (verdict.kind == Verdict::Kind::damaged) throw damaged(folder, verdict.reason);
+    // What has stopped gives its room back before somebody is asked.
+    if (check->ended()) check.reset();
+    using Choice = ExaminationPolicy::Choice;
+    const Choice choice = policy.undecided(verdict.reason);
+    if (choice == Choice::openUnexamined) return;
+    if (choice == Choice::leave) {
+      throw std::runtime_error("The database in " + folder.string() +
+                               " was not examined to the end (" + verdict.reason +
+                               ") and not opened. Nothing was changed.");
+    }
+  }
+}
+
 void removeIncompleteDatabase(const fs::path& folder) {
   for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     if (!isIgnored(entry.path()) && entry.path().filename() != making) {
@@ -48,12 +81,9 @@ void removeIncompleteDatabase(const fs::path& folder) {
 }  // namespace
 
 void prepareFolder(const fs::path& folder) {
+  makePrivateFolder(folder);
+  if (!isPrivate(folder)) makeAllPrivate(folder);
   std::error_code error;
-  fs::create_directories(folder, error);
-  if (error) {
-    throw std::runtime_error("The folder " + folder.string() +
-                             " cannot be made: " + error.message() + ".");
-  }
   fs::directory_iterator readable(folder, error);
   if (error) {
     throw std::runtime_error("The folder " + folder.string() +
@@ -67,7 +97,8 @@ void prepareFolder(const fs::path& folder) {
   }
 }
 
-FolderState examine(const fs::path& folder) {
+FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
+  DatabaseCheck::removeStaleCopy(folder);
   if (isIncomplete(folder)) removeIncompleteDatabase(folder);
   if (isEmpty(folder)) return FolderState::isNew;
   for (const char* name : required) {
@@ -75,14 +106,14 @@ FolderState examine(const fs::path& folder) {
       throw damaged(folder, std::string(name) + " is missing");
     }
   }
-  if (!folder_fingerprint::matches(folder)) {
-    const std::string damage = findDamage(folder);
-    if (!damage.empty()) throw damaged(folder, damage);
-  }
+  if (!folder_fingerprint::matches(folder)) checkCopy(folder, policy);
   return FolderState::isIntact;
 }
 
-void markIncomplete(const fs::path& folder) { std::ofstream{folder / making}; }
+void markIncomplete(const fs::path& folder) {
+  std::ofstream{folder / making};
+  makePrivate(folder / making);
+}
 void markComplete(const fs::path& folder) { fs::remove(folder / making); }
 
 }  // namespace quillet::suite

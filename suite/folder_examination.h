@@ -3,9 +3,25 @@
 // fingerprint is checked on a copy, in a process of its own.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
+#include <string>
 
 namespace quillet::suite {
+
+// What is done when an examination cannot tell whether the folder is sound: it lacks time, memory
+// or room on the disk. That says nothing against the folder.
+struct ExaminationPolicy {
+  enum class Choice { openUnexamined, wait, leave };
+
+  std::chrono::milliseconds patience = std::chrono::minutes(1);  // until it asks, each time
+  // Decides; `why` is the end of a sentence. Waiting examines it anew where it has stopped.
+  std::function<Choice(const std::string& why)> undecided = [](const std::string&) {
+    return Choice::openUnexamined;
+  };
+  std::function<void()> working = [] {};  // called several times a second meanwhile
+};
 
 enum class FolderState {
   isNew,     // holds nothing yet
@@ -17,8 +33,9 @@ enum class FolderState {
 void prepareFolder(const std::filesystem::path& folder);
 
 // The folder's state; the caller holds its lock. Throws std::runtime_error that names the folder
-// when it is damaged. What an interrupted first start left behind is removed.
-FolderState examine(const std::filesystem::path& folder);
+// when it is damaged or when it was decided to leave it. What an interrupted start left behind is
+// removed.
+FolderState examine(const std::filesystem::path& folder, const ExaminationPolicy& policy);
 
 // Between these two the folder holds a database that never was complete.
 void markIncomplete(const std::filesystem::path& folder);

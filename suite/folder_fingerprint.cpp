@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "suite/folder_lock.h"
+#include "suite/private_files.h"
 
 namespace quillet::suite::folder_fingerprint {
 namespace {
@@ -34,7 +35,9 @@ std::string describe(const fs::path& folder) {
 }  // namespace
 
 void write(const fs::path& folder) {
-  std::ofstream(folder / fileName, std::ios::binary) << describe(folder);
+  const fs::path file = folder / fileName;
+  std::ofstream(file, std::ios::binary) << describe(folder);
+  makePrivate(file);
 }
 
 bool matches(const fs::path& folder) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <fstream>
 
 #include "data/paths.h"
 #include "data/text.h"
@@ -98,10 +99,13 @@ class WorkingCopy {
   WorkingCopy& operator=(const WorkingCopy&) = delete;
 
   const fs::path& path() const { return path_; }
-  // A disk that is full leaves half a copy, which goes with this object.
+  // Its rights are those of a new file, not the template's. A disk that is full leaves half a copy,
+  // which goes with this object.
   void fill(const fs::path& source) {
-    fs::copy_file(source, path_);
-    fs::permissions(path_, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add);
+    std::ofstream{path_};
+    const fs::perms usual = fs::status(path_).permissions();
+    fs::copy_file(source, path_, fs::copy_options::overwrite_existing);
+    fs::permissions(path_, usual);
   }
   void replaceTarget() {
     fs::rename(path_, target_);

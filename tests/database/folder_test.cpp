@@ -2,15 +2,21 @@
 // process, not ours, not writable or damaged, and after a process was killed. Every opening happens
 // in a child process.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "suite/database.h"
+#include "suite/private_files.h"
 #include "suite/schema.h"
 #include "support/child.h"
 #include "support/practice.h"
@@ -48,9 +54,9 @@ std::string make(const fs::path& folder) {
   });
 }
 
-std::string ledgers(const fs::path& folder) {
+std::string ledgers(const fs::path& folder, const ExaminationPolicy& policy = {}) {
   return inChild([&] {
-    const auto database = Database::openEmbedded(folder);
+    const auto database = Database::openEmbedded(folder, policy);
     return database->query("select group_concat(Particular) from Mast_Part")->text(0);
   });
 }
@@ -150,6 +156,127 @@ TEST_F(FolderTest, TellsThatItIsDamagedAndLeavesItUntouched) {
     EXPECT_NE(told.find("damaged"), std::string::npos) << what << ": " << told;
     EXPECT_NE(told.find(folder.string()), std::string::npos) << what << ": " << told;
     EXPECT_TRUE(snapshot(folder) == before) << what << " changed the folder";
+  }
+}
+
+using Choice = ExaminationPolicy::Choice;
+
+// Tells why it could not be examined.
+ExaminationPolicy leaving() {
+  ExaminationPolicy policy;
+  policy.undecided = [](const std::string&) { return Choice::leave; };
+  return policy;
+}
+
+template <class Resource>
+void limit(Resource resource, rlim_t most) {
+  const rlimit both{most, most};
+  setrlimit(resource, &both);
+}
+
+// Sends a signal to the process that examines the folder.
+void signalExaminer(int signal) {
+  std::ifstream children("/proc/self/task/" + std::to_string(getpid()) + "/children");
+  for (pid_t child = 0; children >> child;) kill(child, signal);
+}
+
+TEST_F(FolderTest, SoundFilesAreNotCalledDamagedForLackOfTimeMemoryOrRoom) {
+  ExaminationPolicy killing = leaving();
+  killing.patience = std::chrono::milliseconds(1);
+  killing.undecided = [](const std::string& why) {
+    if (why.find("end yet") == std::string::npos) return Choice::leave;
+    signalExaminer(SIGKILL);
+    return Choice::wait;
+  };
+  ExaminationPolicy hasty = leaving();
+  hasty.patience = {};
+  const auto files = [](rlim_t most) {
+    return [most] {
+      signal(SIGXFSZ, SIG_IGN);
+      limit(RLIMIT_FSIZE, most);
+    };
+  };
+  const auto memory = [](rlim_t most) { return [most] { limit(RLIMIT_AS, most << 20); }; };
+  struct Case {
+    const char* what;
+    ExaminationPolicy policy;
+    std::function<void()> arrange;
+  };
+  std::vector<Case> cases{{"no time", hasty, [] {}},
+                          {"killed", killing, [] {}},
+                          {"no room for a copy", leaving(), files(1 << 20)},
+                          {"no room to work", leaving(), files(12U << 20)},
+                          {"no files", leaving(), [] { limit(RLIMIT_NOFILE, 12); }}};
+#ifndef __SANITIZE_ADDRESS__
+  for (const rlim_t most : {200, 260, 320}) cases.push_back({"memory", leaving(), memory(most)});
+#endif
+  for (const auto& [what, policy, arrange] : cases) {
+    copy();
+    fs::remove(folder / "sealed");
+    const auto before = snapshot(folder);
+    const std::string told = inChild([&, &arranged = arrange, &chosen = policy] {
+      arranged();
+      return Database::openEmbedded(folder, chosen) ? std::string("opened") : std::string();
+    });
+    EXPECT_NE(told.find("not examined to the end"), std::string::npos) << what << ": " << told;
+    EXPECT_TRUE(snapshot(folder) == before) << what << " changed the folder";
+    EXPECT_FALSE(fs::exists(folder.string() + ".trial")) << what;
+    EXPECT_EQ(ledgers(folder), "Cash") << what;
+  }
+}
+
+TEST_F(FolderTest, APersonMayWaitForAnExaminationOrGoOnWithout) {
+  for (const Choice choice : {Choice::wait, Choice::openUnexamined}) {
+    copy();
+    fs::remove(folder / "sealed");
+    ExaminationPolicy policy;
+    policy.patience = {};
+    policy.undecided = [&](const std::string&) { return choice; };
+    EXPECT_EQ(ledgers(folder, policy), "Cash");
+  }
+}
+
+TEST_F(FolderTest, AStartKilledWhileItExaminesLeavesNothingBehind) {
+  copy();
+  fs::remove(folder / "sealed");
+  support::Reporting start([&](const support::Reporting::Tell& tell) {
+    ExaminationPolicy policy;
+    policy.patience = std::chrono::milliseconds(1);
+    policy.undecided = [&](const std::string&) {
+      signalExaminer(SIGSTOP);
+      tell("examining");
+      pause();
+      return Choice::wait;
+    };
+    Database::openEmbedded(folder, policy);
+  });
+  ASSERT_EQ(start.next(), "examining");
+  start.kill();
+  ASSERT_TRUE(fs::exists(folder.string() + ".trial"));
+  EXPECT_EQ(ledgers(folder), "Cash");
+  EXPECT_FALSE(fs::exists(folder.string() + ".trial"));
+}
+
+TEST_F(FolderTest, ItsFilesAreTheOwnersAlone) {
+  for (const bool made : {true, false}) {
+    fs::remove_all(folder);
+    if (made) {
+      const mode_t mask = umask(0);
+      EXPECT_EQ(make(folder), "made");
+      umask(mask);
+    } else {
+      copy();
+      for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        fs::permissions(entry.path(), fs::perms::group_read | fs::perms::others_read,
+                        fs::perm_options::add);
+      }
+      fs::permissions(folder, fs::perms::group_all | fs::perms::others_all, fs::perm_options::add);
+      EXPECT_EQ(ledgers(folder), "Cash");
+    }
+    EXPECT_TRUE(isPrivate(folder));
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+      EXPECT_TRUE(isPrivate(entry.path())) << entry.path();
+    }
   }
 }
 
