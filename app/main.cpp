@@ -4,6 +4,7 @@
 #include <clocale>
 #include <exception>
 #include <iostream>
+#include <new>
 
 #include "app/new_folder.h"
 #include "app/options.h"
@@ -47,6 +48,9 @@ int main(int argc, char** argv) {
     (request.status() == 0 ? std::cout : std::cerr)
         << (request.status() == 0 ? "" : "quillet: ") << request.what() << '\n';
     return request.status();
+  } catch (const std::bad_alloc&) {
+    std::cerr << "quillet: There is not enough memory.\n";
+    return 1;
   } catch (const std::exception& error) {
     std::cerr << "quillet: " << error.what() << '\n';
     return 1;

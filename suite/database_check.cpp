@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <mysql.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,7 +13,9 @@
 #include <fstream>
 #include <iterator>
 #include <new>
+#include <set>
 
+#include "suite/definition_log.h"
 #include "suite/embedded_server.h"
 #include "suite/folder_fingerprint.h"
 #include "suite/folder_lock.h"
@@ -24,6 +27,7 @@ namespace fs = std::filesystem;
 using Kind = Verdict::Kind;
 
 constexpr const char* unreadable = "the server cannot read its files";
+constexpr const char* lack = "the database server lacks memory or room on the disk";
 constexpr const char* logName = "error.log";
 // What the server needs beside the files for its logs and scratch space.
 constexpr std::uintmax_t reserve = 32U << 20;
@@ -32,7 +36,8 @@ constexpr std::uintmax_t reserve = 32U << 20;
 fs::path copyOf(const fs::path& folder) { return folder.string() + ".trial"; }
 
 bool isCopied(const std::string& name) {
-  return name != FolderLock::fileName && name != folder_fingerprint::fileName && name != logName;
+  return name != FolderLock::fileName && name != folder_fingerprint::fileName &&
+         name != definition_log::fileName && name != logName;
 }
 
 std::uintmax_t sizeOf(const fs::path& folder) {
@@ -69,13 +74,14 @@ MYSQL_RES* ask(MYSQL* connection, const std::string& sql) {
   return mysql_store_result(connection);
 }
 
-// The storage engine knows as many tables as there are definitions.
-bool nothingMissing(MYSQL* connection) {
+// The storage engine knows as many tables as there are definitions, but for those being changed.
+bool nothingMissing(MYSQL* connection, std::size_t changing) {
   MYSQL_RES* counts = ask(connection,
                           "select (select count(*) from information_schema.innodb_sys_tables"
                           " where name like 'quillet/%' and name not like '%#sql%')"
                           " <= (select count(*) from information_schema.tables"
-                          " where table_schema='quillet')");
+                          " where table_schema='quillet')+" +
+                              std::to_string(changing));
   if (counts == nullptr) return false;
   const MYSQL_ROW row = mysql_fetch_row(counts);
   const bool same = row != nullptr && row[0] != nullptr && std::strcmp(row[0], "1") == 0;
@@ -83,12 +89,14 @@ bool nothingMissing(MYSQL* connection) {
   return same;
 }
 
-// What the server says of tables that are not sound; "" when all are.
-std::string unsoundTables(MYSQL* connection) {
+// What the server says of tables that are not sound; "" when all are. The next start sees to those
+// that were being changed.
+std::string unsoundTables(MYSQL* connection, const std::set<std::string>& changing) {
   MYSQL_RES* names = ask(connection, "show tables from quillet");
   if (names == nullptr) return {};  // not even the schema was made yet
   std::string list;
   while (const MYSQL_ROW row = mysql_fetch_row(names)) {
+    if (changing.contains(row[0])) continue;
     list += (list.empty() ? "quillet.`" : ",quillet.`") + std::string(row[0]) + '`';
   }
   mysql_free_result(names);
@@ -121,20 +129,20 @@ bool namesLack(const std::string& text) {
 std::string verdictText(char kind, const std::string& reason) { return kind + reason; }
 
 // The child's work; its text is the verdict's kind and reason.
-std::string examined(const fs::path& copy) {
+std::string examined(const fs::path& copy, const std::set<std::string>& changing) {
   if (!startServerLibrary(copy)) return verdictText('d', unreadable);
   MYSQL* connection = mysql_init(nullptr);
-  if (connection == nullptr) return verdictText('u', "there is not enough memory");
+  if (connection == nullptr) return verdictText('h', lack);
   if (mysql_real_connect(connection, nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
       nullptr) {
     return verdictText('d', unreadable);
   }
-  if (!nothingMissing(connection)) {
+  if (!nothingMissing(connection, changing.size())) {
     const std::string error = mysql_error(connection);
-    return namesLack(error) ? verdictText('u', error) : verdictText('d', "tables are missing");
+    return namesLack(error) ? verdictText('h', error) : verdictText('d', "tables are missing");
   }
-  const std::string said = unsoundTables(connection);
-  if (namesLack(said)) return verdictText('u', "the server lacks memory or room");
+  const std::string said = unsoundTables(connection, changing);
+  if (namesLack(said)) return verdictText('h', lack);
   return said.empty() ? verdictText('s', "") : verdictText('d', "tables cannot be read");
 }
 
@@ -145,6 +153,15 @@ void silence() {
   dup2(null, STDERR_FILENO);
 }
 
+// What opens with this opens in the program too, which needs more.
+void leaveMemoryFree() {
+  constexpr rlim_t margin = 128U << 20;
+  rlimit memory{};
+  if (getrlimit(RLIMIT_AS, &memory) != 0 || memory.rlim_cur == RLIM_INFINITY) return;
+  memory.rlim_cur -= std::min(memory.rlim_cur, margin);
+  setrlimit(RLIMIT_AS, &memory);
+}
+
 // Whether the server starts at all here: when it does not even on an empty folder, the files are
 // not to blame.
 bool startsElsewhere(const fs::path& empty) {
@@ -152,6 +169,7 @@ bool startsElsewhere(const fs::path& empty) {
   fs::remove_all(empty, ignored);
   const auto started = runInChild([&] {
     silence();
+    leaveMemoryFree();
     umask(077);
     fs::create_directory(empty);
     return std::string(startServerLibrary(empty) ? "yes" : "");
@@ -180,12 +198,13 @@ DatabaseCheck::DatabaseCheck(const fs::path& folder) : copy_(copyOf(folder)) {
     }
     child_.emplace([&](const ChildProcess::Tell& tell) {
       silence();
+      leaveMemoryFree();
       umask(077);
       try {
         copyFolder(folder, copy_);
-        tell(examined(copy_));
+        tell(examined(copy_, definition_log::tables(folder)));
       } catch (const std::bad_alloc&) {
-        tell("uthere is not enough memory");
+        tell("hthere is not enough memory");
       } catch (const fs::filesystem_error& error) {
         tell(verdictText('u', "no copy can be made: " + error.code().message()));
       }
@@ -224,13 +243,12 @@ Verdict DatabaseCheck::concluded() {
   const char kind = told_.empty() ? ' ' : told_.front();
   if (finished && kind == 's') return {Kind::sound, ""};
   if (finished && kind == 'u') return {Kind::undecided, told_.substr(1)};
+  if (finished && kind == 'h') return {Kind::hindered, told_.substr(1)};
   if (endedFromOutside(child_->signal())) return {Kind::undecided, "it was ended from outside"};
-  if (namesLack(contentOf(copy_ / logName))) {
-    return {Kind::undecided, "the server lacks memory or room on the disk"};
-  }
+  if (namesLack(contentOf(copy_ / logName))) return {Kind::hindered, lack};
   const std::string damage = finished && kind == 'd' ? told_.substr(1) : unreadable;
   if (damage == unreadable && !startsElsewhere(copy_)) {
-    return {Kind::undecided, "the server does not start at present"};
+    return {Kind::hindered, "the database server does not start at present"};
   }
   return {Kind::damaged, damage};
 }

@@ -13,7 +13,9 @@
 namespace quillet::suite {
 
 struct Verdict {
-  enum class Kind { sound, damaged, undecided };
+  // Undecided: it may open all the same. Hindered: the server does not start at present, whatever
+  // the folder holds.
+  enum class Kind { sound, damaged, undecided, hindered };
   Kind kind = Kind::sound;
   std::string reason;  // why it is not sound
 };

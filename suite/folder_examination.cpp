@@ -7,6 +7,7 @@
 #include <string>
 
 #include "suite/database_check.h"
+#include "suite/definition_log.h"
 #include "suite/folder_fingerprint.h"
 #include "suite/folder_lock.h"
 #include "suite/private_files.h"
@@ -59,8 +60,9 @@ void checkCopy(const fs::path& folder, const ExaminationPolicy& policy) {
     // What has stopped gives its room back before somebody is asked.
     if (check->ended()) check.reset();
     using Choice = ExaminationPolicy::Choice;
-    const Choice choice = policy.undecided(verdict.reason);
-    if (choice == Choice::openUnexamined) return;
+    const bool mayOpen = verdict.kind == Verdict::Kind::undecided;
+    const Choice choice = policy.undecided({verdict.reason, mayOpen});
+    if (choice == Choice::openUnexamined && mayOpen) return;
     if (choice == Choice::leave) {
       throw std::runtime_error("The database in " + folder.string() +
                                " was not examined to the end (" + verdict.reason +
@@ -106,7 +108,10 @@ FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
       throw damaged(folder, std::string(name) + " is missing");
     }
   }
-  if (!folder_fingerprint::matches(folder)) checkCopy(folder, policy);
+  if (!folder_fingerprint::matches(folder)) {
+    checkCopy(folder, policy);
+    definition_log::removeForeign(folder);
+  }
   return FolderState::isIntact;
 }
 

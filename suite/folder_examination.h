@@ -16,9 +16,14 @@ struct ExaminationPolicy {
   enum class Choice { openUnexamined, wait, leave };
 
   std::chrono::milliseconds patience = std::chrono::minutes(1);  // until it asks, each time
-  // Decides; `why` is the end of a sentence. Waiting examines it anew where it has stopped.
-  std::function<Choice(const std::string& why)> undecided = [](const std::string&) {
-    return Choice::openUnexamined;
+  struct Obstacle {
+    std::string reason;  // the end of a sentence
+    bool mayOpen =
+        true;  // false: the server does not start at present, so waiting or leaving is left
+  };
+  // Decides. Waiting examines the folder anew where the examination has stopped.
+  std::function<Choice(const Obstacle&)> undecided = [](const Obstacle& obstacle) {
+    return obstacle.mayOpen ? Choice::openUnexamined : Choice::leave;
   };
   std::function<void()> working = [] {};  // called several times a second meanwhile
 };

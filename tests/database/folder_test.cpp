@@ -160,11 +160,12 @@ TEST_F(FolderTest, TellsThatItIsDamagedAndLeavesItUntouched) {
 }
 
 using Choice = ExaminationPolicy::Choice;
+using Obstacle = ExaminationPolicy::Obstacle;
 
 // Tells why it could not be examined.
 ExaminationPolicy leaving() {
   ExaminationPolicy policy;
-  policy.undecided = [](const std::string&) { return Choice::leave; };
+  policy.undecided = [](const Obstacle&) { return Choice::leave; };
   return policy;
 }
 
@@ -183,8 +184,8 @@ void signalExaminer(int signal) {
 TEST_F(FolderTest, SoundFilesAreNotCalledDamagedForLackOfTimeMemoryOrRoom) {
   ExaminationPolicy killing = leaving();
   killing.patience = std::chrono::milliseconds(1);
-  killing.undecided = [](const std::string& why) {
-    if (why.find("end yet") == std::string::npos) return Choice::leave;
+  killing.undecided = [](const Obstacle& obstacle) {
+    if (obstacle.reason.find("end yet") == std::string::npos) return Choice::leave;
     signalExaminer(SIGKILL);
     return Choice::wait;
   };
@@ -231,7 +232,7 @@ TEST_F(FolderTest, APersonMayWaitForAnExaminationOrGoOnWithout) {
     fs::remove(folder / "sealed");
     ExaminationPolicy policy;
     policy.patience = {};
-    policy.undecided = [&](const std::string&) { return choice; };
+    policy.undecided = [&](const Obstacle&) { return choice; };
     EXPECT_EQ(ledgers(folder, policy), "Cash");
   }
 }
@@ -242,7 +243,7 @@ TEST_F(FolderTest, AStartKilledWhileItExaminesLeavesNothingBehind) {
   support::Reporting start([&](const support::Reporting::Tell& tell) {
     ExaminationPolicy policy;
     policy.patience = std::chrono::milliseconds(1);
-    policy.undecided = [&](const std::string&) {
+    policy.undecided = [&](const Obstacle&) {
       signalExaminer(SIGSTOP);
       tell("examining");
       pause();
