@@ -238,6 +238,12 @@ std::optional<Verdict> DatabaseCheck::waitFor(std::chrono::milliseconds most) {
   return verdict_;
 }
 
+Verdict DatabaseCheck::waitForEnd() {
+  for (;;) {
+    if (const auto verdict = waitFor(std::chrono::hours(1))) return *verdict;
+  }
+}
+
 Verdict DatabaseCheck::concluded() {
   const bool finished = child_->finish();
   const char kind = told_.empty() ? ' ' : told_.front();

@@ -30,6 +30,7 @@ class DatabaseCheck {
 
   // Nothing when it has not ended within that time.
   std::optional<Verdict> waitFor(std::chrono::milliseconds most);
+  Verdict waitForEnd();
   bool ended() const { return verdict_.has_value(); }
 
   // The copy that a start which was killed has left behind.

@@ -108,10 +108,8 @@ FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
       throw damaged(folder, std::string(name) + " is missing");
     }
   }
-  if (!folder_fingerprint::matches(folder)) {
-    checkCopy(folder, policy);
-    definition_log::removeForeign(folder);
-  }
+  if (!folder_fingerprint::matches(folder)) checkCopy(folder, policy);
+  definition_log::removeForeign(folder);
   return FolderState::isIntact;
 }
 

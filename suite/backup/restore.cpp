@@ -116,10 +116,15 @@ void checkTarget(const fs::path& folder, Present present) {
 }
 
 void examineUnpacked(const fs::path& archive, const fs::path& database) {
-  const std::string damage = findDamage(database);
-  if (!damage.empty()) {
+  const Verdict verdict = DatabaseCheck(database).waitForEnd();
+  if (verdict.kind == Verdict::Kind::damaged) {
     throw std::runtime_error("The database in the backup " + archive.string() + " is damaged (" +
-                             damage + "). Nothing was changed; take another backup.");
+                             verdict.reason + "). Nothing was changed; take another backup.");
+  }
+  if (verdict.kind != Verdict::Kind::sound) {
+    throw std::runtime_error("The database in the backup " + archive.string() +
+                             " cannot be examined at present (" + verdict.reason +
+                             "). Nothing was changed.");
   }
   folder_fingerprint::write(database);  // examined, so that the next start need not do it again
 }

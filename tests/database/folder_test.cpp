@@ -244,6 +244,7 @@ TEST_F(FolderTest, AStartKilledWhileItExaminesLeavesNothingBehind) {
     ExaminationPolicy policy;
     policy.patience = std::chrono::milliseconds(1);
     policy.undecided = [&](const Obstacle&) {
+      if (!fs::exists(folder.string() + ".trial")) return Choice::wait;
       signalExaminer(SIGSTOP);
       tell("examining");
       pause();
