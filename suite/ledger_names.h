@@ -22,6 +22,8 @@ class LedgerNames {
   long idOf(const std::string& name, bool create);
   // To be called with every statement that the module executes.
   void statementSent(const std::string& sql);
+  // The next look-up reads anew.
+  void forget() { loaded_ = false; }
 
  private:
   std::optional<NamedId> find(const std::string& name, const std::string& cleaned);

@@ -37,7 +37,11 @@ Service::Service(const DataFolder& folder, Settings& settings, Database& databas
       passwords_(database, dialogs),
       progress_(frontEnd),
       frontEndPorts_(frontEnd),
-      clientListDialogs_(database, settings) {}
+      clientListDialogs_(database, settings) {
+  unit.onTakenBack = [this] { ledgers_.forget(); };
+}
+
+Service::~Service() { unit_.onTakenBack = {}; }
 
 bool Service::CheckDllsVersion(bool) { return true; }
 

@@ -23,6 +23,8 @@ class Service : public ServiceObject {
   Service(const DataFolder& folder, Settings& settings, Database& database, UnitOfWork& unit,
           FrontEnd& frontEnd, Dialogs& dialogs);
 
+  ~Service() override;
+
   // Where the dialogs of the client list open. They need it; nothing else does.
   void useOpenForms(OpenForms& openForms) { clientListDialogs_.useOpenForms(openForms); }
 

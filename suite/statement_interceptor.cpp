@@ -9,8 +9,6 @@
 namespace quillet::suite {
 namespace {
 
-constexpr long unknownError = 1105;
-
 bool contains(const std::string& text, const std::string& part) {
   return std::search(text.begin(), text.end(), part.begin(), part.end(),
                      [](unsigned char a, unsigned char b) {
@@ -23,9 +21,10 @@ bool contains(const std::string& text, const std::string& part) {
 void StatementInterceptor::pass(const std::string& sql) {
   if (recording_) recorded_.push_back(sql);
   if (failing_ && contains(sql, *failing_) && spared_-- == 0) {
-    const std::string text = *std::exchange(failing_, std::nullopt);
-    throw RunTimeError(unknownError, "A statement with \"" + text + "\" was made to fail.",
-                       "MariaDB");
+    const std::string text =
+        "A statement with \"" + *std::exchange(failing_, std::nullopt) + "\" was made to fail.";
+    unit_.failed(error_, text);
+    throw RunTimeError(error_, text, "MariaDB");
   }
 }
 

@@ -22,13 +22,16 @@ class StatementInterceptor {
   // Every statement since the last call, in order, refused ones included.
   std::vector<std::string> take();
   // The next statement that contains the text (without regard to case) throws RunTimeError instead
-  // of running, once `spared` of them have run.
-  void failNext(std::string text, long spared = 0) {
+  // of running, once `spared` of them have run. With the number of a storage error the unit of work
+  // takes it for one.
+  void failNext(std::string text, long spared = 0, long error = unknownError) {
     failing_ = std::move(text);
     spared_ = spared;
+    error_ = error;
   }
 
  private:
+  static constexpr long unknownError = 1105;
   void pass(const std::string& sql);
 
   UnitOfWork& unit_;
@@ -36,6 +39,7 @@ class StatementInterceptor {
   std::vector<std::string> recorded_;
   std::optional<std::string> failing_;
   long spared_ = 0;
+  long error_ = unknownError;
 };
 
 }  // namespace quillet::suite

@@ -4,6 +4,7 @@
 
 #include "books/account_groups.h"
 #include "books/amount.h"
+#include "controls/open_forms.h"
 #include "data/names.h"
 #include "data/sql.h"
 #include "data/text.h"
@@ -174,6 +175,8 @@ void frmTrade::saveLine() {
     lblhint.setCaption(chooseAnotherName);
     return;
   }
+  lastSave_ = {openForms().acts.number(), txtpart.text(), txtgroup.text(), txtamount.text(),
+               altered_};
   change([&] { stock_->save(pair, *amount, altered_); });
   const NameList::Entry* listed = ledgers_.names().find(name);
   if (!listed || listed->name != name) ledgers_.fill(stockLedgers(*host_));
@@ -183,6 +186,7 @@ void frmTrade::saveLine() {
 // An entry that failed is still in its fields and may be saved again. Either way the list shows
 // what is stored.
 void frmTrade::change(const std::function<void()>& statements) {
+  changedRow_ = vsf.current();
   try {
     statements();
   } catch (...) {
@@ -192,6 +196,19 @@ void frmTrade::change(const std::function<void()>& statements) {
   clearEntry();
   showLines();
   host_->ConQuery(flushTables);
+}
+
+// What was typed is shown again, to be saved once more.
+void frmTrade::takenBack() {
+  logErrors("TAKENBACK", [&] { showLines(); });
+  vsf.setCurrent(std::min(changedRow_, vsf.rows()));
+  if (lastSave_.act != openForms().acts.number()) return;
+  focus(txtamount);
+  txtpart.setText(lastSave_.ledger);
+  txtgroup.setText(lastSave_.group);
+  txtamount.setText(lastSave_.amount);
+  altered_ = lastSave_.altered;
+  lblhint.setCaption("The line was not saved. Enter tries again.");
 }
 
 Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {

@@ -37,6 +37,7 @@ class frmTrade : public Form, public StockForm {
   void Show(int modal, std::function<void()> closed) override;
 
   LayoutItem layout() override;
+  void takenBack() override;
 
  protected:
   void load() override;
@@ -62,6 +63,14 @@ class frmTrade : public Form, public StockForm {
   std::optional<ClosingStock> stock_;
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
   std::optional<LedgerGroup> altered_;
+  // The entry that was saved last, and the act that saved it.
+  struct Save {
+    unsigned long act = 0;
+    std::string ledger, group, amount;
+    std::optional<LedgerGroup> altered;
+  };
+  Save lastSave_;
+  int changedRow_ = 0;  // the current one when the lines were changed last
 };
 
 // The component through which the module comes by the form.

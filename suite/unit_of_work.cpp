@@ -81,11 +81,10 @@ void UnitOfWork::execute(const std::string& sql) {
 }
 
 RecordsetPtr UnitOfWork::query(const std::string& sql) {
-  refuseAfterTakingBack();
   try {
     return database_.query(sql);
   } catch (const RunTimeError& error) {
-    if (open_) examine(error.number(), error.what());
+    failed(error.number(), error.what());
     throw;
   }
 }
@@ -100,13 +99,14 @@ void UnitOfWork::send(const std::string& sql) {
   try {
     database_.execute(sql);
   } catch (const RunTimeError& error) {
-    examine(error.number(), error.what());
+    failed(error.number(), error.what());
     throw;
   }
 }
 
 // Some errors have ended the transaction already; what was sent before the statement is gone then.
-void UnitOfWork::examine(long error, const std::string& reason) noexcept {
+void UnitOfWork::failed(long error, const std::string& reason) noexcept {
+  if (!open_) return;
   if (takesBack(error)) return takeBack(reason);
   try {
     if (database_.query("select @@in_transaction")->integer(0) == 0) takeBack(reason);
@@ -123,6 +123,7 @@ void UnitOfWork::takeBack(const std::string& reason) noexcept {
   } catch (const std::exception&) {
     // The connection is gone, and the server takes back by itself what was not committed.
   }
+  if (onTakenBack) onTakenBack();
 }
 
 void UnitOfWork::refuseAfterTakingBack() const {

@@ -4,7 +4,8 @@
 //
 // A statement that fails for a reason of its own (a table that is missing) leaves those before it
 // in effect. A deadlock, a lost connection, a storage error and a failing commit take the whole act
-// back: the rest of the act is refused, and takenBack() tells why.
+// back: the rest of its changes is refused, and end() tells why. What is read then is what is
+// stored.
 #pragma once
 
 #include <functional>
@@ -23,8 +24,9 @@ class UnitOfWork {
 
   // Whether an act is running. Without this, and outside of acts, every statement counts by itself.
   void follow(std::function<bool()> actRuns) { actRuns_ = std::move(actRuns); }
-  // What the act changed so far stands for good.
+  // What the act changed so far stands for good; or it was taken back. Must not throw.
   std::function<void()> onKept;
+  std::function<void()> onTakenBack;
   // The database is shared with other stations, which wait for what the transaction has locked.
   bool shared() const { return shared_; }
 
@@ -33,6 +35,9 @@ class UnitOfWork {
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const { return database_.escape(text); }
+
+  // A statement of the act failed: takes the act back if that follows from the error.
+  void failed(long error, const std::string& reason) noexcept;
 
   // Commits what there is so far, before a person is told that it is done. Throws when the act was
   // taken back by that.
@@ -45,7 +50,6 @@ class UnitOfWork {
   void begin();
   void commit();
   void send(const std::string& sql);
-  void examine(long error, const std::string& reason) noexcept;
   void takeBack(const std::string& reason) noexcept;
   void refuseAfterTakingBack() const;
 

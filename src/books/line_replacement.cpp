@@ -8,20 +8,18 @@ namespace quillet {
 
 Line LineReplacement::replace(const ClientTable& books, const std::vector<Line>& lines,
                               const std::optional<Line>& altered, LedgerGroup pair, Money amount) {
-  books_.emplace(host_, books);
-  lines_ = standing_ = lines;
-  missing_.clear();
-  named_ = true;
+  left_ = {std::make_shared<TrialBalance>(host_, books), {}, lines, true};
+  lines_ = lines;
   const Money balance = amount + takeOutReplaced(altered, pair);
   Line line{.partId = pair.partId,
             .allId = pair.allId,
             .amount = abs(balance).rupees(),
             .nid = balance < Money() ? credit : debit};
   if (!balance.isZero()) {
-    line.srno = books_->nextSerial();
-    books_->insert(line);
+    line.srno = left_.books->nextSerial();
+    left_.books->insert(line);
   }
-  missing_.clear();
+  left_.missing.clear();
   return line;
 }
 
@@ -29,7 +27,7 @@ Line LineReplacement::replace(const ClientTable& books, const std::vector<Line>&
 Money LineReplacement::takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair) {
   if (altered) takeOut(*altered);
   Money balance;
-  for (const Line& line : books_->linesOf(pair, TrialBalance::Spelling::editor)) {
+  for (const Line& line : left_.books->linesOf(pair, TrialBalance::Spelling::editor)) {
     takeOut(line);
     balance += Money::rounded(line.balance());
   }
@@ -37,21 +35,24 @@ Money LineReplacement::takeOutReplaced(const std::optional<Line>& altered, Ledge
 }
 
 void LineReplacement::takeOut(const Line& line) {
-  books_->takeOut(line, lines_);
-  missing_.push_back(line);
-  named_ = named_ && groups_.contains(line.allId) && !host_.GetPart_MastPartId(line.partId).empty();
-  const auto found = std::find(standing_.begin(), standing_.end(), line);
-  if (found != standing_.end()) standing_.erase(found);
+  left_.books->takeOut(line, lines_);
+  left_.missing.push_back(line);
+  left_.named =
+      left_.named && groups_.contains(line.allId) && !host_.GetPart_MastPartId(line.partId).empty();
+  const auto found = std::find(left_.standing.begin(), left_.standing.end(), line);
+  if (found != left_.standing.end()) left_.standing.erase(found);
   host_.ConQuery(flushTables);
 }
 
 LineReplacement::State LineReplacement::state() {
-  if (!Registry(host_).has(books_->books().table, books_->books().client)) return State::yearGone;
-  const std::vector<Line> lines = books_->lines();
-  bool same = std::is_permutation(lines.begin(), lines.end(), standing_.begin(), standing_.end());
-  for (const Line& line : missing_) {
+  if (!Registry(host_).has(left_.books->books().table, left_.books->books().client))
+    return State::yearGone;
+  const std::vector<Line> lines = left_.books->lines();
+  bool same =
+      std::is_permutation(lines.begin(), lines.end(), left_.standing.begin(), left_.standing.end());
+  for (const Line& line : left_.missing) {
     // Lines that had no names before go back as they were.
-    if (named_) same = namesKnown(line) && same;
+    if (left_.named) same = namesKnown(line) && same;
   }
   return same ? State::asLeft : State::changed;
 }
@@ -63,10 +64,10 @@ bool LineReplacement::namesKnown(const Line& line) {
 }
 
 void LineReplacement::putBack() {
-  while (!missing_.empty()) {
-    books_->insert(missing_.back());
-    standing_.push_back(missing_.back());
-    missing_.pop_back();
+  while (!left_.missing.empty()) {
+    left_.books->insert(left_.missing.back());
+    left_.standing.push_back(left_.missing.back());
+    left_.missing.pop_back();
     host_.ConQuery(flushTables);
   }
 }

@@ -2,7 +2,9 @@
 // one by one. Lines that a failed one left out are kept here until the next deed has put them back.
 #pragma once
 
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "books/account_groups.h"
@@ -25,17 +27,27 @@ class LineReplacement {
   // --- after a failure
 
   // Lines that are still to be put back.
-  const std::vector<Line>& missing() const { return missing_; }
-  bool complete() const { return missing_.empty(); }
+  const std::vector<Line>& missing() const { return left_.missing; }
+  bool complete() const { return left_.missing.empty(); }
   // The client's other lines, read anew after the failure.
-  void setStanding(std::vector<Line> lines) { standing_ = std::move(lines); }
+  void setStanding(std::vector<Line> lines) { left_.standing = std::move(lines); }
 
   // Books that have changed otherwise since may hold the lines by now, or have no place for them;
   // with its year, a line is gone.
   enum class State { asLeft, changed, yearGone };
   State state();
   void putBack();
-  void forget() { missing_.clear(); }
+  void forget() { left_.missing.clear(); }
+
+  // What is remembered, to be restored when the host takes back what was changed since.
+  struct Left {
+    std::shared_ptr<TrialBalance> books;
+    std::vector<Line> missing;
+    std::vector<Line> standing;
+    bool named = true;  // the masters knew ledger and group of each missing line
+  };
+  const Left& left() const { return left_; }
+  void restore(Left left) { left_ = std::move(left); }
 
  private:
   Money takeOutReplaced(const std::optional<Line>& altered, LedgerGroup pair);
@@ -44,11 +56,8 @@ class LineReplacement {
 
   ServiceObject& host_;
   const AccountGroups& groups_;
-  std::optional<TrialBalance> books_;
   std::vector<Line> lines_;
-  std::vector<Line> missing_;
-  std::vector<Line> standing_;
-  bool named_ = true;  // the masters knew ledger and group of each missing line
+  Left left_;
 };
 
 }  // namespace quillet

@@ -11,6 +11,10 @@ namespace quillet {
 class Acts {
  public:
   bool running() const { return depth_ > 0; }
+  // The number of the running act. It moves on when the host keeps for good what the act has done
+  // so far: what follows can be taken back by itself.
+  unsigned long number() const { return number_; }
+  void kept() { ++number_; }
 
   // The outermost act begins.
   std::function<void()> onBegun;
@@ -20,13 +24,16 @@ class Acts {
  private:
   friend class Act;
   int depth_ = 0;
+  unsigned long number_ = 0;
 };
 
 // An act runs for as long as this object lives.
 class Act {
  public:
   explicit Act(Acts& acts) : acts_(acts) {
-    if (++acts_.depth_ == 1 && acts_.onBegun) acts_.onBegun();
+    if (++acts_.depth_ > 1) return;
+    ++acts_.number_;
+    if (acts_.onBegun) acts_.onBegun();
   }
   ~Act() {
     if (acts_.depth_ == 1 && acts_.onEnded) acts_.onEnded();

@@ -203,6 +203,14 @@ void frmdelwhatinTB::keepFilesLeft(const FilesLeft& left) {
   });
 }
 
+// Nothing was deleted, and nobody is to be told that something was.
+void frmdelwhatinTB::takenBack() {
+  logErrors("TAKENBACK", [&] {
+    deleted_ = false;
+    deletion_.open(RegisteredYear(deletion_.year()));
+  });
+}
+
 void frmdelwhatinTB::CMDCANCEL_CLICK() { close(); }
 
 }  // namespace quillet

@@ -30,6 +30,7 @@ class frmdelwhatinTB : public Form {
   bool filesLeft() const { return !problems_.empty(); }
 
   LayoutItem layout() override;
+  void takenBack() override;
 
   Label lblheading{*this, "lblheading"};
   Frame famMain{*this, "famMain", "Delete Other Relevant Data also ?"};

@@ -86,6 +86,23 @@ void EntryFields::empty() {
   form_.hint("");
 }
 
+EntryFields::Fields EntryFields::fields() const {
+  return {
+      {form_.txtpart.text(), form_.txtgroup.text(), form_.txtamount.text(), form_.txtdrcr.text()},
+      altered_,
+      alteredGroup_};
+}
+
+void EntryFields::restore(const Fields& fields) {
+  const auto& [part, group, amount, side] = fields.texts;
+  form_.txtpart.setText(part);
+  form_.txtgroup.setText(group);
+  form_.txtamount.setText(amount);
+  form_.txtdrcr.setText(side);
+  altered_ = fields.altered;
+  alteredGroup_ = fields.alteredGroup;
+}
+
 void EntryFields::hideLists() {
   ledgers_.hide();
   groups_.hide();

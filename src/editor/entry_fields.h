@@ -2,6 +2,7 @@
 // first two.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 
@@ -36,6 +37,15 @@ class EntryFields {
   void empty();
   // While it lives the entry is being given up: fields that are empty are no mistake.
   ScopedFlag leaving() { return ScopedFlag(leaving_); }
+
+  // The entry as it stands in the fields, to be shown again.
+  struct Fields {
+    std::array<std::string, 4> texts;
+    std::optional<YearLine> altered;
+    std::string alteredGroup;
+  };
+  Fields fields() const;
+  void restore(const Fields& fields);
 
   // Shows a line to be altered.
   void alter(const Entry& entry, const YearLine& line);

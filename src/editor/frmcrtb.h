@@ -39,6 +39,8 @@ class frmcrtb : public Form {
   // up, since what it names may be gone.
   void mastersChanged();
 
+  void takenBack() override;
+
   LayoutItem layout() override;
   std::string subject() const override;
 
@@ -187,6 +189,7 @@ class frmcrtb : public Form {
   // What could be read; the rest is read with the next refresh.
   bool ledgersRead_ = false;
   bool groupsRead_ = false;
+  bool takingBack_ = false;
 
   LinesGrid lines_;
   EntryFields entry_;

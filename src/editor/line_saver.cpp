@@ -1,5 +1,7 @@
 #include "editor/line_saver.h"
 
+#include <utility>
+
 #include "books/amount.h"
 #include "data/sql.h"
 #include "editor/frmcrtb.h"
@@ -25,6 +27,8 @@ LineSaver::LineSaver(frmcrtb& form, OpenBooks& books, EntryFields& entry, LinesG
 void LineSaver::save() {
   const auto typed = entry_.checked();
   if (!typed || !putBack()) return;
+  remember();
+  before_.saved = entry_.fields();
   const auto& altered = entry_.altered();
   const TwoYears& years = books_.years;
   const TwoYears::Year year = altered ? altered->year : years.yearInView();
@@ -62,6 +66,19 @@ void LineSaver::showFailure(TwoYears::Year year) {
   form_.hint(complete() ? notSaved : notReplaced);
 }
 
+// --- after an act was taken back ----------------------------------------------------------------
+
+void LineSaver::remember() {
+  const unsigned long act = form_.openForms().acts.number();
+  if (before_.act != act) before_ = {act, replacement_.left(), std::nullopt};
+}
+
+std::optional<EntryFields::Fields> LineSaver::takenBack() {
+  if (before_.act != form_.openForms().acts.number()) return std::nullopt;
+  replacement_.restore(before_.left);
+  return std::exchange(before_.saved, std::nullopt);
+}
+
 // --- after a failure ----------------------------------------------------------------------------
 
 bool LineSaver::putBack() {
@@ -74,6 +91,7 @@ bool LineSaver::putBack() {
 
 // Lines that have no place in the books any more are forgotten; false then, and after a failure.
 bool LineSaver::writeBack() {
+  remember();
   bool possible = false;
   form_.logErrors("PUTBACK", [&] {
     const LineReplacement::State state = replacement_.state();

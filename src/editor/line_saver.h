@@ -23,11 +23,14 @@ class LineSaver {
   // For deeds that change the lines in another way, after which the line could not be put back:
   // says so when it is still out.
   bool mayChangeLines();
+  // The host took back what the act had changed. What was typed, when that was a save.
+  std::optional<EntryFields::Fields> takenBack();
   // The editor is closed. The lines are not read again: a year that was deleted would offer its
   // import.
   void close();
 
  private:
+  void remember();
   void showSaved(const YearLine& saved);
   void showFailure(TwoYears::Year year);
   bool writeBack();
@@ -38,6 +41,13 @@ class LineSaver {
   EntryFields& entry_;
   LinesGrid& lines_;
   LineReplacement replacement_;
+  // As it was before the act of that number changed it.
+  struct Before {
+    unsigned long act = 0;
+    LineReplacement::Left left;
+    std::optional<EntryFields::Fields> saved;  // what the act saved, if it did
+  };
+  Before before_;
 };
 
 }  // namespace quillet

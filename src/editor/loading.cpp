@@ -116,7 +116,7 @@ void frmcrtb::LOADTRIALBAL() {
                shownDate(years.keys(current).second) + ofYears);
     SETBUTTONS();
     std::function<bool()> offerImport;
-    if (saver_.complete()) offerImport = [this] { return importPreviousYear(); };
+    if (saver_.complete() && !takingBack_) offerImport = [this] { return importPreviousYear(); };
     TwoYears::Lines lines = years.read(offerImport);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
     fillNames(entries, books_.host(), books_.groups);
@@ -197,6 +197,21 @@ void frmcrtb::showStored(View view) {
   setView(view);
   REFRESHTB();
   if (selected) lines_.select(*selected);
+}
+
+// Whatever was remembered of ledgers, groups and lines may have been taken back with the act.
+void frmcrtb::takenBack() {
+  const ScopedFlag asksNothing(takingBack_);
+  const auto saved = saver_.takenBack();
+  ledgersRead_ = groupsRead_ = false;
+  showStored();
+  if (!saved) return;
+  {
+    const ScopedFlag leaving = entry_.leaving();
+    focus(txtdrcr);
+  }
+  entry_.restore(*saved);
+  hint("The line was not saved. Enter tries again.");
 }
 
 // --- views and settings -------------------------------------------------------------------------

@@ -106,6 +106,21 @@ void third::FORM_ACTIVATE() {
   });
 }
 
+// Lists that were read during the act may show what is not there.
+void third::takenBack() {
+  logErrors("TAKENBACK", [&] {
+    newYear.takenBack();
+    if (Frame3.visible()) {
+      refreshClients();
+    } else if (mergeList.shown()) {
+      mergeList.show();
+    } else if (famyears.visible()) {
+      years.showAt(flexgrid2.current());
+    }
+    if (openForms().active() == this) status("The last step was not stored.");
+  });
+}
+
 void third::FORM_UNLOAD() { ClGrd1.keepWidths(); }
 
 void third::FORM_KEYDOWN(Key& key) {

@@ -23,6 +23,7 @@ class third : public Form {
   explicit third(Context& context);
 
   LayoutItem layout() override;
+  void takenBack() override;
 
   Button mnucreate{*this, "mnucreate", "&Create Trial Balance"};
   Button mnualter{*this, "mnualter", "&Alter/View Trial Balance"};

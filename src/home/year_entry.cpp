@@ -208,6 +208,10 @@ void YearEntry::fill() {
   form_.status(created + ".");
 }
 
+void YearEntry::takenBack() {
+  if (!year().keys.first.empty()) creation_.findRow();
+}
+
 void YearEntry::finish() { form_.years.showAt(year().keys); }
 
 bool YearEntry::offerPreviousYear() {

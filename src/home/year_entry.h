@@ -28,6 +28,8 @@ class YearEntry {
   bool provideTable();
   // Shows the client's years with this one chosen.
   void finish();
+  // Whether the year stands is asked anew.
+  void takenBack();
 
   void MASKEDBOX1_KEYPRESS(Key& key);
   void MASKEDBOX2_GOTFOCUS();

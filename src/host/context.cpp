@@ -13,7 +13,7 @@ Context::Context(Environment& around)
   openForms.onError = [this](const std::string& location, const std::exception& error) {
     trapped(location, error);
   };
-  openForms.acts.onBegun = [this] { kept(); };
+  openForms.acts.onBegun = [this] { before_ = {unposted, year()}; };
   bool compatible = true;
   try {
     compatible = host->CheckDllsVersion(true);
@@ -42,6 +42,11 @@ void Context::trapped(const std::string& location, const std::exception& error) 
   logError(*this, quillet::trapped(error));
   const Form* form = openForms.find(location.substr(0, location.find('\t')));
   environment.trapped(form ? form->caption() : std::string(), error);
+}
+
+void Context::kept() {
+  before_ = {unposted, year()};
+  openForms.acts.kept();
 }
 
 void Context::takenBack() {

@@ -73,7 +73,7 @@ struct Context {
 
   // What the act that is running changed so far stands for good; or the host took it back, and what
   // the module remembered of it is forgotten.
-  void kept() { before_ = {unposted, year()}; }
+  void kept();
   void takenBack();
 
   // The single instances of the two entry forms, made on first use.

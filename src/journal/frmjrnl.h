@@ -31,6 +31,7 @@ class frmjrnl : public Form {
 
   LayoutItem layout() override;
   std::string subject() const override;
+  void takenBack() override;
 
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};
@@ -173,6 +174,12 @@ class frmjrnl : public Form {
   Books books_;
   std::optional<VoucherBook> book_;
   bool listsRead_ = false;
+  // The save in which the voucher in work was stored last, and the number that it had before.
+  struct Save {
+    unsigned long act = 0;
+    long vid = 0;
+  };
+  Save lastSave_;
   int firstYear_ = 0;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;

@@ -51,6 +51,7 @@ void frmjrnl::tellFault(const VoucherFault& fault) {
 // --- saving and deleting ------------------------------------------------------------------------
 
 void frmjrnl::SAVEVCH() {
+  lastSave_ = {openForms().acts.number(), book_ ? book_->id() : 0};
   const std::string period = from_ + to_;
   const Voucher voucher{txtdt.text(), txtnarr.text(), lines_.toSave()};
   Removal removal = Removal::done;
@@ -110,6 +111,25 @@ void frmjrnl::COMMAND1_CLICK() {
     vsf.setCurrent(list_.headingOf(std::min(row, vsf.rows())));
     if (removal == Removal::failed && complete()) lblstatus.setCaption(notDeleted);
   }
+}
+
+// --- an act that was taken back -----------------------------------------------------------------
+
+// Of the voucher in work the journal holds what it held before the act; what was typed is shown
+// again, to be saved once more.
+void frmjrnl::takenBack() {
+  if (!book_) return;
+  const bool saving = lastSave_.act == openForms().acts.number();
+  const long vid = saving ? lastSave_.vid : book_->id();
+  logErrors("TAKENBACK", [&] {
+    book_.emplace(*context_.host, context_.unposted, ClientTable(book_->books()));
+    if (vid != 0) book_->open(vid);
+  });
+  readLists();
+  LOADGRID();
+  if (!saving) return;
+  showEntry();
+  hint("The voucher was not saved. Update tries again.");
 }
 
 // --- closing ------------------------------------------------------------------------------------

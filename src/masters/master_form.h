@@ -26,6 +26,7 @@ class MasterForm : public Form {
 
   // Asks before an entry that was begun is lost.
   void FORM_UNLOAD(bool& cancel);
+  void takenBack() override { reread(); }
 
  protected:
   MasterForm(Context& context, std::string name);

@@ -150,6 +150,20 @@ std::string PracticeTest::value(const std::string& sql) {
   return found.empty() ? std::string() : found.front().front();
 }
 
+PracticeTest::Rows PracticeTest::books() {
+  Texts tables = {"master", "Mast_Part", "Mast_AllGrp", "AllGrp_Map", "SuiteMisc", "RmSchSetup"};
+  for (long n = 1; n <= tableNumbers; ++n) {
+    for (const char* prefix : {"TAB_", "JRNL_", "TRADE_", "RMGRP_"}) {
+      tables.push_back(prefix + suite::tableSuffix(n));
+    }
+  }
+  Rows all;
+  for (const std::string& table : tables) {
+    for (Texts& row : rows("select * from " + table)) all.push_back(std::move(row));
+  }
+  return all;
+}
+
 void PracticeTest::addClient(const std::string& code, const std::string& name) {
   suite::Client client;
   client.code = code;

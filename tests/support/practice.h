@@ -109,6 +109,9 @@ class PracticeTest : public ::testing::Test {
   // The texts of its table; no rows where none was shown.
   Rows printed(bool withHeadings = true);
 
+  // The rows of every table that the module changes.
+  Rows books();
+
   // Once for each statement of the deed and each continuation: arranges, lets that statement fail,
   // goes on with the continuation, compares. Unanswered questions are those of `act`.
   void failEachStatement(const FailingDeed& deed);
