@@ -62,7 +62,7 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
 fs::path folderToOpen(const fs::path& named) {
   fs::path path = named.empty() ? DataFolder::standard() : named;
   const bool interrupted = fs::exists(marker(path));
-  if (named.empty() && (interrupted || !DataFolder::isOne(path))) {
+  if (named.empty() && (interrupted || !DataFolder::isThere(path))) {
     makeFolder(path, Contents::sample, interrupted);
   } else if (interrupted) {
     throw std::runtime_error("The folder " + path.string() +

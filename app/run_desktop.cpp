@@ -2,6 +2,7 @@
 
 #include "app/display.h"
 #include "app/new_folder.h"
+#include "app/start_questions.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
 #include "suite/standalone_environment.h"
@@ -15,7 +16,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   // works.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
-  suite::Practice practice(folder, application, clock);
+  suite::Practice practice(folder, application, clock, askingPolicy(application.dialogs()));
   application.follow(practice.context().openForms);
   practice.forms().ObjThird()->show();
   const int status = application.run();

@@ -4,6 +4,7 @@
 
 #include "app/display.h"
 #include "app/new_folder.h"
+#include "app/start_questions.h"
 #include "desktop/pdf.h"
 #include "desktop/text.h"
 #include "script/engine.h"
@@ -44,7 +45,7 @@ int playHeadless(const fs::path& data, const Options& options) {
   suite::QueuedDialogs dialogs;
   suite::HeadlessFrontEnd frontEnd(dialogs);
   suite::FixedClock clock;
-  suite::Practice practice(suite::DataFolder::open(data), frontEnd, clock);
+  suite::Practice practice(suite::DataFolder::open(data), frontEnd, clock, scriptPolicy());
   script::Session session(practice, dialogs, clock);
   std::unique_ptr<QGuiApplication> qt;
   session.savePdf = [&](const suite::Document& document, const fs::path& path) {
@@ -59,7 +60,7 @@ int playOnScreen(const fs::path& data, const Options& options) {
   suite::QueuedDialogs dialogs;
   application->useDialogs(&dialogs);
   suite::FixedClock clock;
-  suite::Practice practice(suite::DataFolder::open(data), *application, clock);
+  suite::Practice practice(suite::DataFolder::open(data), *application, clock, scriptPolicy());
   application->follow(practice.context().openForms);
 
   script::Session session(practice, dialogs, clock);

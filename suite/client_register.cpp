@@ -6,6 +6,7 @@
 #include "data/text.h"
 #include "suite/format.h"
 #include "suite/passwords.h"
+#include "suite/transaction.h"
 
 namespace quillet::suite {
 namespace {
@@ -102,6 +103,7 @@ void addClient(Database& database, const Client& given) {
   validate(database, client);
   const auto text = [&](const std::string& value) { return quoted(database, value); };
   const std::optional<Date> born = readDate(client.born);
+  Transaction transaction(database);  // a client is never without its password
   database.execute(
       "insert into Main_Info1"
       "(code_no,nm,status,father,born,address,group_code,group_name,company) values(" +
@@ -119,6 +121,7 @@ void addClient(Database& database, const Client& given) {
   if (!client.password.empty()) {
     Passwords::set(database, PasswordKind::client, client.code, client.password);
   }
+  transaction.commit();
 }
 
 void completeClientList(Database& database) {

@@ -19,6 +19,12 @@ bool isEmptyOrMissing(const fs::path& path) {
   return !fs::exists(path) || (fs::is_directory(path) && fs::is_empty(path));
 }
 
+bool isOurs(const fs::path& settings) {
+  using State = Settings::State;
+  const State state = Settings::stateOf(settings);
+  return state == State::whole || state == State::cut;
+}
+
 // Removes what a data folder consists of and nothing else that somebody may have put there. A link
 // is removed, not what it points to.
 void clear(const DataFolder& folder) {
@@ -26,6 +32,7 @@ void clear(const DataFolder& folder) {
     fs::remove_all(part);
   }
   DatabaseCheck::removeStaleCopy(folder.database());
+  fs::remove(folder.keptSettings());
   fs::remove(folder.settings());
 }
 
@@ -34,6 +41,7 @@ void clear(const DataFolder& folder) {
 void makePrivate(const DataFolder& folder) {
   suite::makePrivate(folder.root());
   suite::makePrivate(folder.settings());
+  suite::makePrivate(folder.keptSettings());
   makeAllPrivate(folder.program());
   makeAllPrivate(folder.documents());
 }
@@ -52,9 +60,12 @@ fs::path DataFolder::standard() {
 }
 
 bool DataFolder::isOne(const fs::path& path) {
-  std::ifstream file(path / "settings.ini");
-  std::string first;
-  return fs::is_directory(path) && std::getline(file, first) && first == Settings::firstLine;
+  const DataFolder folder(path);
+  return isOurs(folder.settings()) || isOurs(folder.keptSettings());
+}
+
+bool DataFolder::isThere(const fs::path& path) {
+  return isOne(path) || fs::exists(DataFolder(path).database() / "ibdata1");
 }
 
 DataFolder DataFolder::create(const fs::path& path, Existing existing) {
@@ -82,7 +93,7 @@ DataFolder DataFolder::create(const fs::path& path, Existing existing) {
 
 DataFolder DataFolder::open(const fs::path& path) {
   DataFolder folder(fs::absolute(path).lexically_normal());
-  if (!isOne(folder.root())) {
+  if (!isThere(folder.root())) {
     throw std::runtime_error("There is no data folder in " + folder.root().string() + ".");
   }
   makePrivate(folder);

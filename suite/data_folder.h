@@ -5,6 +5,7 @@
 //   program/       the suite's program folder: the error log, Databases/ with the export template
 //   documents/     report files, annexures, exports
 //   settings.ini   settings; its presence marks the folder as ours
+//   settings.kept.ini   the settings of the last start, by which lost ones are noticed
 #pragma once
 
 #include <filesystem>
@@ -15,15 +16,18 @@ class DataFolder {
  public:
   // The folder used when none is named: in the user's data home.
   static std::filesystem::path standard();
-  // Whether a data folder of ours is there.
+  // Whether a data folder of ours is there, by the settings or those kept.
   static bool isOne(const std::filesystem::path& path);
+  // The same, also when nothing but the database tells it.
+  static bool isThere(const std::filesystem::path& path);
 
   enum class Existing { refuse, replace };
   // Makes a new one. Throws std::runtime_error when something other than an empty folder is there;
   // with `replace` a data folder of ours, which nobody works on, is emptied first. Never removes
   // what is not ours and never follows a link out of the folder.
   static DataFolder create(const std::filesystem::path& path, Existing existing = Existing::refuse);
-  // Throws std::runtime_error that names the path when no data folder is there.
+  // Throws std::runtime_error that names the path when no data folder is there. A database whose
+  // settings are gone is one.
   static DataFolder open(const std::filesystem::path& path);
 
   // Absolute paths, without a separator at the end.
@@ -32,6 +36,7 @@ class DataFolder {
   std::filesystem::path program() const { return root_ / "program"; }
   std::filesystem::path documents() const { return root_ / "documents"; }
   std::filesystem::path settings() const { return root_ / "settings.ini"; }
+  std::filesystem::path keptSettings() const { return root_ / "settings.kept.ini"; }
 
  private:
   explicit DataFolder(std::filesystem::path root) : root_(std::move(root)) {}

@@ -125,16 +125,36 @@ class Database::Impl {
   // Opens the schema, which is made when missing, with the collation that every table inherits. One
   // that is there keeps the collation it has.
   void useSchema(const std::string& schema) {
-    if (!isPlainName(schema)) {
-      throw std::runtime_error("\"" + schema +
-                               "\" cannot name a database; use letters, digits and underscores.");
-    }
     if (mysql_select_db(connection_, schema.c_str()) != 0) {
       setCollation("create database if not exists " + schema);
       if (mysql_select_db(connection_, schema.c_str()) != 0) fail();
     }
     send("select @@character_set_database");
     if (rows()->text(0) != charset) setCollation("alter database " + schema);
+  }
+
+  // A lock of the server's, which goes with the connection.
+  void holdSchema(const std::string& schema) {
+    const std::string lock = "lower('quillet." + schema + "')";
+    send("select get_lock(" + lock + ",0), is_used_lock(" + lock + ")");
+    const RecordsetPtr held = rows();
+    if (held->integer(0) == 1) return;
+    const std::string number = held->text(1);
+    send(
+        "select concat_ws('@',user,nullif(host,'')) from information_schema.processlist where "
+        "id='" +
+        number + '\'');
+    const RecordsetPtr holder = rows();
+    throw std::runtime_error(
+        "Another station works with the database " + schema + " (" +
+        (holder->EOF_() ? "" : holder->text(0) + ", ") + "connection " + number +
+        "). Close Quillet there first. If that station is gone without an end, the server"
+        " frees the database by: kill " +
+        number);
+  }
+  bool hasTables() {
+    send("select exists(select 1 from information_schema.tables where table_schema=database())");
+    return rows()->integer(0) == 1;
   }
 
  private:
@@ -174,8 +194,15 @@ std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& fo
 std::unique_ptr<Database> Database::connect(const Server& server) {
   // Prepares the client side alone: no server of our own starts.
   mysql_server_init(-1, nullptr, nullptr);
+  if (!isPlainName(server.schema)) {
+    throw std::runtime_error("\"" + server.schema +
+                             "\" cannot name a database; use letters, digits and underscores.");
+  }
   auto impl = std::make_unique<Impl>(nullptr);
   mysql_options(impl->connection(), MYSQL_OPT_USE_REMOTE_CONNECTION, nullptr);
+  // A new connection would be without our lock, and without the transaction that was open.
+  const my_bool no = 0;
+  mysql_options(impl->connection(), MYSQL_OPT_RECONNECT, &no);
   const auto orNull = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
   if (mysql_real_connect(impl->connection(), orNull(server.host), orNull(server.user),
                          orNull(server.password), nullptr, server.port, orNull(server.socket),
@@ -192,6 +219,14 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
   impl->send(
       "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
       " session wait_timeout=2147483");  // a practice stays open for days
+  impl->holdSchema(server.schema);
+  const bool isThere = mysql_select_db(impl->connection(), server.schema.c_str()) == 0;
+  if (!server.mayBeNew && (!isThere || !impl->hasTables())) {
+    throw std::runtime_error("The books of the practice are gone: the database " + server.schema +
+                             " on the server " + server.host +
+                             " has no tables. Restore it there, or correct the section [Server] of"
+                             " settings.ini.");
+  }
   impl->useSchema(server.schema);
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }

@@ -30,8 +30,11 @@ class Database : public Connection {
     std::string user;
     std::string password;
     std::string schema = "quillet";
+    bool mayBeNew = true;  // false: a database without tables has been lost
   };
-  // Throws when lower_case_table_names is 0 there, saying what to set.
+  // Holds the database until this object goes: no other station opens it meanwhile. A connection
+  // that is lost stays lost. Throws std::runtime_error that tells who holds it, that there are no
+  // books where there should be, or what the server is to be set to.
   static std::unique_ptr<Database> connect(const Server& server);
 
   ~Database() override;

@@ -101,8 +101,13 @@ void prepareFolder(const fs::path& folder) {
 
 FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
   DatabaseCheck::removeStaleCopy(folder);
-  if (isIncomplete(folder)) removeIncompleteDatabase(folder);
-  if (isEmpty(folder)) return FolderState::isNew;
+  const bool wasIncomplete = isIncomplete(folder);
+  if (wasIncomplete) removeIncompleteDatabase(folder);
+  if (isEmpty(folder)) {
+    if (policy.mayBeNew || wasIncomplete) return FolderState::isNew;
+    throw std::runtime_error("The books of the practice are gone: the folder " + folder.string() +
+                             " is empty. Restore the practice from a backup.");
+  }
   for (const char* name : required) {
     if (!fs::is_regular_file(folder / name)) {
       throw damaged(folder, std::string(name) + " is missing");

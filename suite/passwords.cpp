@@ -46,11 +46,16 @@ std::string promptFor(PasswordKind kind, const std::string& code, int tried) {
 
 void Passwords::set(Database& database, PasswordKind kind, const std::string& code,
                     const std::string& password) {
-  const std::string hash = password.empty() ? "" : hashOf(password);
-  database.execute("delete from SuitePassword" + condition(database, kind, code));
-  if (hash.empty()) return;
-  database.execute("insert into SuitePassword(Kind,Code,Hash) values('" + nameOf(kind) + "','" +
-                   database.escape(code) + "','" + database.escape(hash) + "')");
+  const std::string there = condition(database, kind, code);
+  if (password.empty()) return database.execute("delete from SuitePassword" + there);
+  const std::string hash = database.escape(hashOf(password));
+  // One statement each: a kill leaves the old password or the new one.
+  if (database.query("select 1 from SuitePassword" + there + " limit 1")->EOF_()) {
+    database.execute("insert into SuitePassword(Kind,Code,Hash) values('" + nameOf(kind) + "','" +
+                     database.escape(code) + "','" + hash + "')");
+  } else {
+    database.execute("update SuitePassword set Hash='" + hash + '\'' + there);
+  }
 }
 
 bool Passwords::ask(PasswordKind kind, const std::string& code) {

@@ -101,7 +101,19 @@ void Settings::read() {
   }
 }
 
-void Settings::write() const {
+Settings::State Settings::stateOf(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) return State::missing;
+  std::string line;
+  if (!std::getline(stream, line)) return State::empty;
+  if (stripped(line) != firstLine) return State::foreign;
+  while (std::getline(stream, line)) {
+    if (stripped(line) == lastLine) return State::whole;
+  }
+  return State::cut;
+}
+
+std::string Settings::text() const {
   std::string text = std::string(firstLine) + '\n';
   const std::string* section = nullptr;
   for (const auto& [name, entry] : entries_) {
@@ -111,7 +123,7 @@ void Settings::write() const {
     }
     text += escaped(entry.key, "=") + '=' + escaped(entry.value, "") + '\n';
   }
-  writeAtomically(file_, text);
+  return text + '\n' + lastLine + '\n';
 }
 
 std::string Settings::get(const std::string& section, const std::string& key,
@@ -131,7 +143,7 @@ void Settings::set(const std::string& section, const std::string& key, const std
     found->second.value = value;
   }
   try {
-    write();
+    writeAtomically(file_, text());
   } catch (...) {
     entries_ = before;
     throw;

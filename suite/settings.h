@@ -14,6 +14,11 @@ class Settings {
  public:
   // The first line of every settings file, by which a data folder is recognised.
   static constexpr const char* firstLine = "; Quillet data folder";
+  // The last one, without which the file is cut off.
+  static constexpr const char* lastLine = "; end of the settings";
+
+  enum class State { missing, empty, foreign, cut, whole };
+  static State stateOf(const std::filesystem::path& file);
 
   // Reads the file; a missing one gives no settings.
   explicit Settings(std::filesystem::path file);
@@ -21,6 +26,9 @@ class Settings {
   std::string get(const std::string& section, const std::string& key,
                   const std::string& fallback = {}) const;
   void set(const std::string& section, const std::string& key, const std::string& value);
+
+  // As they are written.
+  std::string text() const;
 
   // The settings that the suite itself reads.
   std::optional<long> tableCount() const;  // how many trial-balance tables there should be
@@ -33,7 +41,6 @@ class Settings {
     std::string value;
   };
   void read();
-  void write() const;
 
   std::filesystem::path file_;
   std::map<std::string, Entry> entries_;  // by folded section and key

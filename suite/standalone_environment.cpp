@@ -3,19 +3,15 @@
 #include <utility>
 
 #include "suite/client_register.h"
+#include "suite/kept_settings.h"
+#include "suite/practice_start.h"
 #include "suite/reporter.h"
 #include "suite/schema.h"
-#include "suite/server_settings.h"
 #include "suite/stock_form.h"
 #include "suite/table_numbers.h"
 
 namespace quillet::suite {
 namespace {
-
-std::unique_ptr<Database> openDatabase(const DataFolder& folder) {
-  const std::optional<Database::Server> server = serverIn(Settings(folder.settings()));
-  return server ? Database::connect(*server) : Database::openEmbedded(folder.database());
-}
 
 // Making the tables takes seconds at the first start and nothing later.
 void completeWithProgress(Database& database, long tableCount, FrontEnd& frontEnd) {
@@ -75,15 +71,25 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
       database_(std::move(database)),
       frontEnd_(frontEnd),
       standalone_(folder_, settings_, *database_, frontEnd, clock) {
+  backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
   completeClientList(*database_);
+  noteStart(*database_, folder_, settings_);
   restartModule();
 }
 
-Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock)
-    : Practice(folder, openDatabase(folder), frontEnd, clock) {}
+Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
+                   const StartPolicy& policy)
+    : Practice(folder, openPractice(folder, frontEnd, policy), frontEnd, clock) {}
 
-Practice::~Practice() { standalone_.acts().leave(); }
+Practice::~Practice() {
+  standalone_.acts().leave();
+  try {
+    KeptSettings(folder_).keep(settings_);
+  } catch (const std::exception&) {
+    // Those of the start stay.
+  }
+}
 
 Service& Practice::service() { return static_cast<Service&>(*context().host); }
 

@@ -18,6 +18,7 @@
 #include "suite/front_end.h"
 #include "suite/service_object.h"
 #include "suite/settings.h"
+#include "suite/start_policy.h"
 #include "suite/unit_dialogs.h"
 #include "suite/unit_of_work.h"
 
@@ -74,7 +75,8 @@ class Practice {
   // Opens the folder's database, or the server that its settings name, completes the schema
   // (showing progress through the front end) and starts the module. Throws std::runtime_error with
   // a message for the user.
-  Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock);
+  Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
+           const StartPolicy& policy = {});
   ~Practice();
 
   const DataFolder& folder() const { return folder_; }

@@ -18,6 +18,7 @@
 #include "suite/database.h"
 #include "suite/private_files.h"
 #include "suite/schema.h"
+#include "suite/standalone_environment.h"
 #include "support/child.h"
 #include "support/practice.h"
 
@@ -280,6 +281,48 @@ TEST_F(FolderTest, ItsFilesAreTheOwnersAlone) {
       EXPECT_TRUE(isPrivate(entry.path())) << entry.path();
     }
   }
+}
+
+// Opens a practice and runs a statement there.
+std::string practice(const fs::path& folder, const std::string& sql,
+                     const StartPolicy& policy = {}) {
+  return inChild([&] {
+    QueuedDialogs dialogs;
+    HeadlessFrontEnd frontEnd(dialogs);
+    FixedClock clock;
+    Practice opened(DataFolder::open(folder), frontEnd, clock, policy);
+    opened.database().execute(sql);
+    return std::string("opened");
+  });
+}
+
+TEST_F(FolderTest, APracticeThatLostSomethingIsNotBegunAnew) {
+  const DataFolder made = DataFolder::create(temporary.path() / "practice");
+  Settings(made.settings()).set("Suite", "TableCount", "1");
+  ASSERT_EQ(practice(made.root(), "insert into Mast_Part values(1,'Cash')"), "opened");
+  const std::pair<std::function<void()>, const char*> cases[] = {
+      {[&] { fs::remove_all(made.database()); }, "books of the practice are gone"},
+      {[&] { fs::remove(made.settings()); }, "settings of the practice are gone"},
+      {[&] { Settings(made.settings()).set("Suite", "FolderFormat", "99"); }, "newer Quillet"},
+  };
+  const fs::path aside = temporary.path() / "aside";
+  fs::copy(made.root(), aside, fs::copy_options::recursive);
+  for (const auto& [lose, told] : cases) {
+    lose();
+    const std::string said = practice(made.root(), "do 1");
+    EXPECT_NE(said.find(told), std::string::npos) << said;
+    fs::remove_all(made.root());
+    fs::copy(aside, made.root(), fs::copy_options::recursive);
+  }
+  fs::remove(made.settings());
+  StartPolicy policy;
+  policy.putSettingsBack = [](const std::string&) { return true; };
+  EXPECT_EQ(
+      practice(made.root(), "update SuiteMisc set Value='99' where Name='FolderFormat'", policy),
+      "opened");
+  EXPECT_EQ(Settings(made.settings()).tableCount(), 1);
+  const std::string newer = practice(made.root(), "do 1");
+  EXPECT_NE(newer.find("newer Quillet"), std::string::npos) << newer;
 }
 
 // A child saves lines one by one and tells each as soon as it is acknowledged; it is killed in the

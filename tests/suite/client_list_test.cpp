@@ -10,6 +10,7 @@
 #include "suite/client_register.h"
 #include "suite/client_selection_form.h"
 #include "suite/client_setup_form.h"
+#include "suite/passwords.h"
 #include "support/practice.h"
 
 namespace quillet::suite {
@@ -99,6 +100,19 @@ TEST_F(ClientListTest, ThePasswordOfANewClientIsAskedFor) {
   add([](Client& c) { c.password = "secret"; });
   dialogs.queuePassword("secret");
   EXPECT_TRUE(host().CheckClpass("C1"));
+
+  suite::Passwords::set(practice.database(), suite::PasswordKind::client, "C1", "another");
+  EXPECT_EQ(value("select count(*) from SuitePassword where Code='C1'"), "1");
+  for (const char* typed : {"secret", "secret", "another"}) dialogs.queuePassword(typed);
+  EXPECT_TRUE(host().CheckClpass("C1"));
+}
+
+TEST_F(ClientListTest, AClientIsNotAddedWithoutItsPassword) {
+  exec("rename table SuitePassword to Elsewhere");
+  EXPECT_THROW(add([](Client& c) { c.password = "secret"; }), std::runtime_error);
+  exec("rename table Elsewhere to SuitePassword");
+  EXPECT_EQ(value("select (select count(*) from Main_Info1)+(select count(*) from TempClTbl)"),
+            "0");
 }
 
 TEST_F(ClientListTest, ColumnSettingsReadBackOrFallBack) {

@@ -8,8 +8,11 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "suite/data_folder.h"
+#include "suite/kept_settings.h"
+#include "suite/private_files.h"
 #include "suite/server_settings.h"
 #include "support/practice.h"
 
@@ -87,6 +90,47 @@ TEST_F(SettingsTest, AFailedWriteChangesNothing) {
   EXPECT_EQ(Settings(file).get("A", "key"), "old");
 }
 
+TEST_F(SettingsTest, TellsWhatWasLost) {
+  const fs::path data = folder.path() / "data";
+  const DataFolder made = DataFolder::create(data);
+  const std::string first = std::string(Settings::firstLine) + '\n';
+  const std::string last = std::string(Settings::lastLine) + '\n';
+  const std::string server = "[Server]\nHost=db.office\n";
+  // What the settings and those kept hold; "-" for no file.
+  struct Case {
+    std::string settings, kept;
+    const char* told;
+  };
+  const Case cases[] = {
+      {first + last, first + last, ""},
+      {first, "-", ""},  // of an earlier version
+      {first + "[A]\nb=c\n" + last + "[Added]\nby=hand\n", first + last, ""},
+      {first + server + last, first + last, ""},  // the books move to a server
+      {"-", "-", "there is no file"},
+      {"-", first + last, "there is no file"},
+      {"", first + last, "is empty"},
+      {"; Quil", first + last, "does not begin with"},
+      {first + "[Sui", first + last, "cut off"},
+      {first + last, first + server + last, "on a server (db.office, database quillet)"},
+      {first + "[Server]\nPort=1\n" + last, first + server + last, "on a server"},
+  };
+  for (const auto& [settings, kept, told] : cases) {
+    SCOPED_TRACE(settings + " | " + kept);
+    for (const auto& [path, content] :
+         {std::pair{made.settings(), settings}, {made.keptSettings(), kept}}) {
+      fs::remove(path);
+      if (content != "-") put(path, content);
+    }
+    const KeptSettings lost(made);
+    EXPECT_EQ(lost.loss().empty(), *told == '\0') << lost.loss();
+    EXPECT_NE(lost.loss().find(told), std::string::npos) << lost.loss();
+    if (*told == '\0' || !lost.exist()) continue;
+    lost.putBack();
+    EXPECT_EQ(KeptSettings(made).loss(), "");
+    EXPECT_EQ(serverIn(Settings(made.settings())).has_value(), kept.find("Host") != kept.npos);
+  }
+}
+
 class DataFolderTest : public ::testing::Test {
  protected:
   support::TemporaryFolder temporary;
@@ -100,6 +144,21 @@ TEST_F(DataFolderTest, OpensWhatItCreated) {
   EXPECT_TRUE(fs::is_directory(opened.program() / "Databases"));
   EXPECT_TRUE(fs::is_directory(opened.documents()));
   EXPECT_EQ(Settings(opened.settings()).tableCount(), 40);
+}
+
+TEST_F(DataFolderTest, IsItsOwnersAlone) {
+  const mode_t mask = umask(0);
+  const DataFolder folder = DataFolder::create(path / "new");
+  put(folder.program() / "TalLog.log", "");
+  put(folder.documents() / "C1" / "report.pdf", "");
+  fs::permissions(folder.root(), fs::perms::all);
+  DataFolder::open(folder.root());
+  umask(mask);
+  EXPECT_TRUE(isPrivate(folder.root()));
+  EXPECT_FALSE(isPrivate(path)) << "not ours";
+  for (const auto& entry : fs::recursive_directory_iterator(folder.root())) {
+    EXPECT_TRUE(isPrivate(entry.path())) << entry.path();
+  }
 }
 
 TEST_F(DataFolderTest, ReplacingKeepsForeignFilesAndNeverFollowsLinks) {

@@ -1,0 +1,72 @@
+#include "suite/practice_start.h"
+
+#include <stdexcept>
+#include <string>
+
+#include "suite/folder_format.h"
+#include "suite/kept_settings.h"
+#include "suite/server_settings.h"
+
+namespace quillet::suite {
+
+namespace {
+
+// Shown from the first time that there is something to wait for.
+class Waiting {
+ public:
+  explicit Waiting(FrontEnd& frontEnd) : frontEnd_(frontEnd) {}
+  ~Waiting() {
+    if (shown_) frontEnd_.showProgress(false);
+  }
+  Waiting(const Waiting&) = delete;
+  Waiting& operator=(const Waiting&) = delete;
+
+  void step() {
+    if (!shown_) frontEnd_.showProgress(true);
+    shown_ = true;
+    frontEnd_.progressText("Examining the database...");
+  }
+
+ private:
+  FrontEnd& frontEnd_;
+  bool shown_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& frontEnd,
+                                       const StartPolicy& policy) {
+  const KeptSettings kept(folder);
+  if (const std::string loss = kept.loss(); !loss.empty()) {
+    if (!kept.exist() || !policy.putSettingsBack(loss)) {
+      throw std::runtime_error(loss + ' ' + kept.remedy());
+    }
+    kept.putBack();
+  }
+  const Settings settings(folder.settings());
+  folder_format::refuseNewer(settings, folder);
+  std::unique_ptr<Database> database;
+  if (auto server = serverIn(settings)) {
+    server->mayBeNew = !kept.nameServer();
+    database = Database::connect(*server);
+  } else {
+    ExaminationPolicy examination = policy.examination;
+    examination.mayBeNew = !kept.exist();
+    Waiting waiting(frontEnd);
+    examination.working = [&] { waiting.step(); };
+    database = Database::openEmbedded(folder.database(), examination);
+  }
+  folder_format::refuseNewer(*database, folder);
+  return database;
+}
+
+void backUpOlder(Database& database, const DataFolder& /*folder*/, Clock& /*clock*/) {
+  if (!folder_format::isOlder(database)) return;
+}
+
+void noteStart(Database& database, const DataFolder& folder, Settings& settings) {
+  folder_format::write(database, settings);
+  KeptSettings(folder).keep(settings);
+}
+
+}  // namespace quillet::suite
