@@ -37,6 +37,8 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   windows_.onLastClosed = [this] {
     if (running_) QCoreApplication::exit(0);
   };
+  notices().onChanged = [this] { windows_.setNotices(notices().open()); };
+  windows_.onNoticesClosed = [this] { notices().close(); };
   windows_.onHelp = [this](Form& form) {
     const HelpTopic* topic = helpOfForm(form.name());
     help(topic ? fromQt(topic->id) : std::string());

@@ -6,12 +6,14 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <unordered_set>
 #include <utility>
 
 #include "controls/grid.h"
 #include "desktop/drop_down.h"
+#include "desktop/notice_bar.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 
@@ -30,8 +32,18 @@ FormWindow::~FormWindow() = default;
 
 QWidget& FormWindow::makeBody() {
   setFont(theme::scaled(font(), form_.size.font));
-  auto* body = new QWidget(this);
-  setCentralWidget(body);
+  auto* content = new QWidget(this);
+  auto* body = new QWidget(content);
+  notices_ = new NoticeBar(*content);
+  notices_->onClosed = [this] {
+    if (onNoticesClosed) onNoticesClosed();
+  };
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(body, 1);
+  column->addWidget(notices_);
+  setCentralWidget(content);
   return *body;
 }
 
@@ -127,6 +139,8 @@ void FormWindow::detachViews() {
   for (const auto& [id, view] : layout_.views()) view->detach();
   for (const auto& [id, list] : dropDowns_) list->detach();
 }
+
+void FormWindow::setNotices(const std::vector<std::string>& notices) { notices_->show(notices); }
 
 void FormWindow::setFootnote(const QString& text) {
   if (!footnote_) {

@@ -16,6 +16,7 @@ class QLabel;
 namespace quillet::desktop {
 
 class DropDown;
+class NoticeBar;
 
 class FormWindow : public QMainWindow {
  public:
@@ -30,8 +31,11 @@ class FormWindow : public QMainWindow {
   // A line at the foot of the window.
   void setFootnote(const QString& text);
 
+  // The lines that stay until they are closed.
+  void setNotices(const std::vector<std::string>& notices);
+
   // Told when a person came to this window, when a dialog covered it, and when help is wanted.
-  std::function<void()> onActivated, onCovered, onHelp;
+  std::function<void()> onActivated, onCovered, onHelp, onNoticesClosed;
 
  protected:
   bool event(QEvent* event) override;
@@ -52,6 +56,7 @@ class FormWindow : public QMainWindow {
   ActionRunner& runner_;
   // Before the menu: making it sends the window its first events.
   bool detached_ = false;
+  NoticeBar* notices_ = nullptr;  // made with the body
   FormMenu menu_;
   FormLayout layout_;
   std::map<unsigned, DropDown*> dropDowns_;  // by the id of their grids

@@ -50,6 +50,13 @@ void Windows::setFootnote(const QString& text) {
   }
 }
 
+void Windows::setNotices(const std::vector<std::string>& notices) {
+  notices_ = notices;
+  for (const auto& window : windows_) {
+    if (window) window->setNotices(notices);
+  }
+}
+
 FormWindow& Windows::create(Form& form) {
   FormWindow* below = windows_.empty() ? nullptr : windows_.back().data();
   auto* window = new FormWindow(form, *this);
@@ -59,6 +66,10 @@ FormWindow& Windows::create(Form& form) {
   window->onHelp = [this, &form] {
     if (onHelp) onHelp(form);
   };
+  window->onNoticesClosed = [this] {
+    if (onNoticesClosed) onNoticesClosed();
+  };
+  window->setNotices(notices_);
   if (form.modal()) {
     window->setWindowModality(Qt::ApplicationModal);
     window->winId();  // makes the window, so that it can be told what it stands above

@@ -29,9 +29,12 @@ class Windows : public ActionRunner {
   FormWindow* front() const;
   FormWindow* of(const Form& form) const;
   void setFootnote(const QString& text);
+  void setNotices(const std::vector<std::string>& notices);
 
   // A person asked for help in a form.
   std::function<void(Form&)> onHelp;
+  // A person has read the notices.
+  std::function<void()> onNoticesClosed;
   // The last window was closed.
   std::function<void()> onLastClosed;
 
@@ -49,6 +52,7 @@ class Windows : public ActionRunner {
   OpenForms* openForms_ = nullptr;
   std::vector<QPointer<FormWindow>> windows_;  // oldest first
   QString footnote_;
+  std::vector<std::string> notices_;
   int depth_ = 0;
   int interruptions_ = 0;
 };

@@ -145,7 +145,9 @@ int statements(Call& call) {
 }
 
 int fail(Call& call) {
-  call.session().practice.service().statements().failNext(call.text(1));
+  using suite::StatementInterceptor;
+  const long error = call.absent(2) ? StatementInterceptor::unknownError : call.integer(2);
+  call.session().practice.service().statements().failNext(call.text(1), 0, error);
   return call.none();
 }
 

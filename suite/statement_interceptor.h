@@ -14,6 +14,8 @@ class StatementInterceptor {
  public:
   explicit StatementInterceptor(UnitOfWork& unit) : unit_(unit) {}
 
+  static constexpr long unknownError = 1105;
+
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
 
@@ -31,7 +33,6 @@ class StatementInterceptor {
   }
 
  private:
-  static constexpr long unknownError = 1105;
   void pass(const std::string& sql);
 
   UnitOfWork& unit_;

@@ -106,8 +106,9 @@ void UnitOfWork::send(const std::string& sql) {
 
 // Some errors have ended the transaction already; what was sent before the statement is gone then.
 void UnitOfWork::failed(long error, const std::string& reason) noexcept {
-  if (!open_) return;
+  if (!actRuns_()) return;
   if (takesBack(error)) return takeBack(reason);
+  if (!open_) return;
   try {
     if (database_.query("select @@in_transaction")->integer(0) == 0) takeBack(reason);
   } catch (const std::exception&) {
