@@ -16,8 +16,9 @@ std::string sentence(std::string text) {
 
 }  // namespace
 
-ActKeeper::ActKeeper(UnitOfWork& unit, FileRemoval& removal, Notices& notices, Clock& clock)
-    : unit_(unit), removal_(removal), notices_(notices), clock_(clock) {}
+ActKeeper::ActKeeper(UnitOfWork& unit, FileRemoval& removal, DiskWatch& disk, Notices& notices,
+                     Clock& clock)
+    : unit_(unit), removal_(removal), disk_(disk), notices_(notices), clock_(clock) {}
 
 ActKeeper::~ActKeeper() { leave(); }
 
@@ -26,7 +27,10 @@ void ActKeeper::follow(Context& context) {
   context_ = &context;
   Acts& acts = context.openForms.acts;
   unit_.follow([&acts] { return acts.running(); });
-  unit_.onKept = [&context] { context.kept(); };
+  unit_.onKept = [this, &context] {
+    stored_ = true;
+    context.kept();
+  };
   acts.onEnded = [this] { ended(); };
 }
 
@@ -51,6 +55,7 @@ void ActKeeper::ended() {
     endUnit();
     removeFiles();
     unit_.end();
+    watchDisk();
   } catch (const std::exception& error) {
     context_->openForms.onError("suite\tACT_ENDED", error);
   }
@@ -63,6 +68,11 @@ void ActKeeper::endUnit() {
   // What the act's procedures trapped follows from this.
   trapped_.clear();
   tellTakenBack(*reason);
+  try {
+    unit_.renewConnection();
+  } catch (const std::exception& error) {
+    tell(sentence(error.what()) + " Whatever is done next tries to connect again.");
+  }
   context_->takenBack();
   unit_.end();
 }
@@ -82,6 +92,11 @@ void ActKeeper::removeFiles() {
   tell(
       "These files of a deleted year could not be removed and are tried again at the next start: " +
       names + ".");
+}
+
+void ActKeeper::watchDisk() {
+  if (!std::exchange(stored_, false)) return;
+  if (const auto warning = disk_.warning()) tell(*warning);
 }
 
 void ActKeeper::tell(const std::string& text) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/context.h"
+#include "suite/disk_watch.h"
 #include "suite/file_removal.h"
 #include "suite/notices.h"
 #include "suite/unit_of_work.h"
@@ -14,7 +15,8 @@ namespace quillet::suite {
 
 class ActKeeper {
  public:
-  ActKeeper(UnitOfWork& unit, FileRemoval& removal, Notices& notices, Clock& clock);
+  ActKeeper(UnitOfWork& unit, FileRemoval& removal, DiskWatch& disk, Notices& notices,
+            Clock& clock);
   ~ActKeeper();
   ActKeeper(const ActKeeper&) = delete;
   ActKeeper& operator=(const ActKeeper&) = delete;
@@ -30,13 +32,16 @@ class ActKeeper {
   void endUnit();
   void tellTakenBack(const std::string& reason);
   void removeFiles();
+  void watchDisk();
   void tell(const std::string& text);
 
   UnitOfWork& unit_;
   FileRemoval& removal_;
+  DiskWatch& disk_;
   Notices& notices_;
   Clock& clock_;
   Context* context_ = nullptr;
+  bool stored_ = true;   // something was since the disk was looked at
   std::string trapped_;  // what the first error of the running act was, "" when there was none
 };
 

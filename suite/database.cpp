@@ -3,6 +3,7 @@
 #include <mysql.h>
 
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -99,11 +100,7 @@ bool isPlainName(const std::string& name) {
 
 class Database::Impl {
  public:
-  explicit Impl(std::unique_ptr<EmbeddedServer> server)
-      : server_(std::move(server)), connection_(mysql_init(nullptr)) {
-    if (connection_ == nullptr) throw std::bad_alloc();
-    mysql_options(connection_, MYSQL_SET_CHARSET_NAME, charset);
-  }
+  explicit Impl(std::unique_ptr<EmbeddedServer> server) : server_(std::move(server)) { prepare(); }
   ~Impl() { mysql_close(connection_); }
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
@@ -157,7 +154,21 @@ class Database::Impl {
     return rows()->integer(0) == 1;
   }
 
+  void connectWithin();
+  void connectTo(const Server& server);
+  // The server that connections go to; without one they go to the one within this process.
+  void remember(const Server& server) {
+    remote_ = server;
+    remote_->mayBeNew = false;
+  }
+  void renew();
+
  private:
+  void prepare() {
+    connection_ = mysql_init(nullptr);
+    if (connection_ == nullptr) throw std::bad_alloc();
+    mysql_options(connection_, MYSQL_SET_CHARSET_NAME, charset);
+  }
   void setCollation(const std::string& sql) {
     const std::string with = sql + " character set " + charset + " collate ";
     try {
@@ -173,21 +184,73 @@ class Database::Impl {
   }
 
   std::unique_ptr<EmbeddedServer> server_;  // outlives the connection
-  MYSQL* connection_;
+  std::optional<Server> remote_;
+  MYSQL* connection_ = nullptr;
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Database::~Database() = default;
 
+// --- opening ------------------------------------------------------------------------------------
+
+void Database::Impl::connectWithin() {
+  if (mysql_real_connect(connection_, nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
+      nullptr) {
+    throw std::runtime_error("The database in " + server_->folder().string() +
+                             " does not answer: " + mysql_error(connection_));
+  }
+  useSchema(ownSchema);
+}
+
+void Database::Impl::connectTo(const Server& server) {
+  mysql_options(connection_, MYSQL_OPT_USE_REMOTE_CONNECTION, nullptr);
+  // A new connection would be without our lock, and without the transaction that was open.
+  const my_bool no = 0;
+  mysql_options(connection_, MYSQL_OPT_RECONNECT, &no);
+  const auto orNull = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
+  if (mysql_real_connect(connection_, orNull(server.host), orNull(server.user),
+                         orNull(server.password), nullptr, server.port, orNull(server.socket),
+                         0) == nullptr) {
+    throw std::runtime_error("The database server " + server.host +
+                             " cannot be reached: " + mysql_error(connection_));
+  }
+  send("select @@lower_case_table_names");
+  if (rows()->integer(0) == 0) {
+    throw std::runtime_error("The database server " + server.host +
+                             " tells upper from lower case in table names. Set "
+                             "lower_case_table_names=1 in its configuration and restart it.");
+  }
+  send(
+      "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
+      " session wait_timeout=2147483,"
+      // Stations that wait for each other see what the other one has committed.
+      " session tx_isolation='READ-COMMITTED'");  // a practice stays open for days
+  holdSchema(server.schema);
+  const bool isThere = mysql_select_db(connection_, server.schema.c_str()) == 0;
+  if (!server.mayBeNew && (!isThere || !hasTables())) {
+    throw std::runtime_error("The books of the practice are gone: the database " + server.schema +
+                             " on the server " + server.host +
+                             " has no tables. Restore it there, or correct the section [Server] of"
+                             " settings.ini.");
+  }
+  useSchema(server.schema);
+}
+
+void Database::Impl::renew() {
+  if (mysql_ping(connection_) == 0) return;
+  mysql_close(connection_);
+  prepare();
+  if (remote_) {
+    connectTo(*remote_);
+  } else {
+    connectWithin();
+  }
+}
+
 std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& folder,
                                                  const ExaminationPolicy& policy) {
   auto impl = std::make_unique<Impl>(std::make_unique<EmbeddedServer>(folder, policy));
-  if (mysql_real_connect(impl->connection(), nullptr, nullptr, nullptr, nullptr, 0, nullptr, 0) ==
-      nullptr) {
-    throw std::runtime_error("The database in " + folder.string() +
-                             " does not answer: " + mysql_error(impl->connection()));
-  }
-  impl->useSchema(ownSchema);
+  impl->connectWithin();
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
 
@@ -199,37 +262,13 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
                              "\" cannot name a database; use letters, digits and underscores.");
   }
   auto impl = std::make_unique<Impl>(nullptr);
-  mysql_options(impl->connection(), MYSQL_OPT_USE_REMOTE_CONNECTION, nullptr);
-  // A new connection would be without our lock, and without the transaction that was open.
-  const my_bool no = 0;
-  mysql_options(impl->connection(), MYSQL_OPT_RECONNECT, &no);
-  const auto orNull = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
-  if (mysql_real_connect(impl->connection(), orNull(server.host), orNull(server.user),
-                         orNull(server.password), nullptr, server.port, orNull(server.socket),
-                         0) == nullptr) {
-    throw std::runtime_error("The database server " + server.host +
-                             " cannot be reached: " + mysql_error(impl->connection()));
-  }
-  impl->send("select @@lower_case_table_names");
-  if (impl->rows()->integer(0) == 0) {
-    throw std::runtime_error("The database server " + server.host +
-                             " tells upper from lower case in table names. Set "
-                             "lower_case_table_names=1 in its configuration and restart it.");
-  }
-  impl->send(
-      "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
-      " session wait_timeout=2147483");  // a practice stays open for days
-  impl->holdSchema(server.schema);
-  const bool isThere = mysql_select_db(impl->connection(), server.schema.c_str()) == 0;
-  if (!server.mayBeNew && (!isThere || !impl->hasTables())) {
-    throw std::runtime_error("The books of the practice are gone: the database " + server.schema +
-                             " on the server " + server.host +
-                             " has no tables. Restore it there, or correct the section [Server] of"
-                             " settings.ini.");
-  }
-  impl->useSchema(server.schema);
+  impl->connectTo(server);
+  // Its books are known to be there from now on.
+  impl->remember(server);
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
+
+void Database::renewConnection() { impl_->renew(); }
 
 void Database::execute(const std::string& sql) {
   impl_->send(sql);

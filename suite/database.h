@@ -33,8 +33,9 @@ class Database : public Connection {
     bool mayBeNew = true;  // false: a database without tables has been lost
   };
   // Holds the database until this object goes: no other station opens it meanwhile. A connection
-  // that is lost stays lost. Throws std::runtime_error that tells who holds it, that there are no
-  // books where there should be, or what the server is to be set to.
+  // that is lost is lost with that hold, until it is renewed. Throws std::runtime_error that tells
+  // who holds it, that there are no books where there should be, or what the server is to be set
+  // to.
   static std::unique_ptr<Database> connect(const Server& server);
 
   ~Database() override;
@@ -45,6 +46,10 @@ class Database : public Connection {
   // A select, or any statement that returns rows.
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const;
+
+  // Opens the connection again when it was lost; what was not committed is gone. Throws
+  // std::runtime_error as connect() does.
+  void renewConnection();
 
   // Where an embedded database keeps the definitions of its tables; empty for a server.
   std::filesystem::path schemaFolder() const;

@@ -39,7 +39,8 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       unit_(database),
       dialogs_(unit_, frontEnd.dialogs()),
       fileRemoval_(unit_, folder.documents()),
-      acts_(unit_, fileRemoval_, frontEnd.notices(), clock) {}
+      disk_(database.schemaFolder().parent_path()),
+      acts_(unit_, fileRemoval_, disk_, frontEnd.notices(), clock) {}
 
 StandaloneEnvironment::~StandaloneEnvironment() = default;
 

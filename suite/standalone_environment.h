@@ -13,6 +13,7 @@
 #include "suite/calc_spreadsheet.h"
 #include "suite/data_folder.h"
 #include "suite/database.h"
+#include "suite/disk_watch.h"
 #include "suite/document.h"
 #include "suite/file_removal.h"
 #include "suite/front_end.h"
@@ -62,6 +63,7 @@ class StandaloneEnvironment : public Environment {
   UnitOfWork unit_;
   UnitDialogs dialogs_;
   FileRemoval fileRemoval_;
+  DiskWatch disk_;
   ActKeeper acts_;
   CalcOptions calc_ = CalcOptions::standard();
   std::function<std::string()> subject_;

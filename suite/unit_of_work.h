@@ -42,6 +42,9 @@ class UnitOfWork {
   // Commits what there is so far, before a person is told that it is done. Throws when the act was
   // taken back by that.
   void keep();
+  // After an act that was taken back: the connection may have been lost by that. Throws
+  // std::runtime_error when it cannot be opened again.
+  void renewConnection() { database_.renewConnection(); }
   // The end of an act: commits what remains, and lets statements pass again. Why the act was taken
   // back; nothing when it stands.
   std::optional<std::string> end() noexcept;
