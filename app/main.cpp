@@ -8,6 +8,7 @@
 
 #include "app/new_folder.h"
 #include "app/options.h"
+#include "app/run_backup.h"
 #include "app/run_check.h"
 #include "app/run_desktop.h"
 #include "app/run_script.h"
@@ -27,6 +28,10 @@ int run(const Options& options) {
       return 0;
     case Options::Command::check:
       return quillet::app::runCheck(options);
+    case Options::Command::backup:
+      return quillet::app::runBackup(options);
+    case Options::Command::restore:
+      return quillet::app::runRestore(options);
     case Options::Command::script:
       return quillet::app::runScript(options);
     case Options::Command::open:

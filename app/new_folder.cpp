@@ -3,6 +3,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "suite/backup/restore.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/child_process.h"
 #include "suite/clocks.h"
@@ -61,6 +62,7 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
 
 fs::path folderToOpen(const fs::path& named) {
   fs::path path = named.empty() ? DataFolder::standard() : named;
+  suite::backup::finishRestore(path);
   const bool interrupted = fs::exists(marker(path));
   if (named.empty() && (interrupted || !DataFolder::isThere(path))) {
     makeFolder(path, Contents::sample, interrupted);

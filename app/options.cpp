@@ -37,6 +37,14 @@ Options parseOptions(int argc, const char* const* argv) {
   CLI::Option* mend = check->add_flag("--mend", options.mend, "Mends what can be mended");
   check->add_flag("--yes", options.yes, "Without asking first")->needs(mend);
 
+  CLI::App* backup =
+      app.add_subcommand("backup", "Writes a backup of the data folder, also while it is open");
+  backup->add_option("FILE", options.file, "Ends in .tar.zst")->required();
+  CLI::App* restore = app.add_subcommand("restore", "Brings a backup back as the data folder");
+  restore->add_option("FILE", options.file)->required();
+  restore->add_flag("--force", options.force, "Also in place of a practice, which is kept beside");
+  restore->add_flag("--open", options.open, "Opens the window afterwards")->group("");
+
   CLI::App* script = app.add_subcommand(
       "script", "Runs a Lua script against the forms: script [--show] FILE.lua [ARG...]");
   script->add_flag("--show", options.show, "Plays on the real windows");
@@ -52,6 +60,8 @@ Options parseOptions(int argc, const char* const* argv) {
   options.data = data;
   if (*init) options.command = Options::Command::init;
   if (*check) options.command = Options::Command::check;
+  if (*backup) options.command = Options::Command::backup;
+  if (*restore) options.command = Options::Command::restore;
   if (*script) {
     options.command = Options::Command::script;
     takeScript(*script, options);

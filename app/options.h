@@ -9,12 +9,14 @@
 namespace quillet::app {
 
 struct Options {
-  enum class Command { open, init, check, script };
+  enum class Command { open, init, check, backup, restore, script };
   Command command = Command::open;
 
   std::filesystem::path data;  // empty: the folder in the user's data home
   bool empty = false;          // init: the starter groups only
-  bool force = false;          // init: replaces a data folder that exists
+  bool force = false;          // init, restore: replaces a data folder that exists
+
+  bool open = false;  // restore: opens the window afterwards
 
   bool mend = false;  // check: mends what can be mended
   bool yes = false;   // check: without asking first

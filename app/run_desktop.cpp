@@ -2,7 +2,9 @@
 
 #include "app/display.h"
 #include "app/new_folder.h"
+#include "app/run_backup.h"
 #include "app/start_questions.h"
+#include "desktop/practice_menu.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
 #include "suite/standalone_environment.h"
@@ -10,17 +12,24 @@
 namespace quillet::app {
 namespace {
 
-int runApplication(desktop::Application& application, const suite::DataFolder& folder) {
+// Returns the exit status. `toRestore` becomes the backup that a person chose to bring back.
+int runApplication(desktop::Application& application, const suite::DataFolder& folder,
+                   const std::string& firstMessage, std::filesystem::path& toRestore) {
   suite::SystemClock clock;
   // A folder without the template, made without LibreOffice for instance, gets it while a person
   // works.
   suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
                                       folder.program() / suite::exportTemplate);
   suite::Practice practice(folder, application, clock, askingPolicy(application.dialogs()));
+  desktop::PracticeMenu menu(practice, application);
   application.follow(practice.context().openForms);
   practice.forms().ObjThird()->show();
+  if (!firstMessage.empty()) {
+    application.dialogs().MsgBox({firstMessage, "Quillet", Buttons::OK, Icon::information});
+  }
   const int status = application.run();
   application.leave();
+  toRestore = menu.toRestore();
   exportTemplate.finish();
   return status;
 }
@@ -32,13 +41,19 @@ void showError(desktop::Application& application, const std::string& text) {
 
 }  // namespace
 
-int runDesktop(const Options& options) {
+int runDesktop(const Options& options, const std::string& firstMessage) {
   std::unique_ptr<desktop::Application> application;
   try {
     // A new folder is made in a child process, which must be forked before Qt starts threads.
     const suite::DataFolder folder = suite::DataFolder::open(folderToOpen(options.data));
     application = openDisplay();
-    return runApplication(*application, folder);
+    std::filesystem::path toRestore;
+    const int status = runApplication(*application, folder, firstMessage, toRestore);
+    if (!toRestore.empty()) {
+      application.reset();
+      restartToRestore(toRestore, folder.root());
+    }
+    return status;
   } catch (const std::exception& error) {
     if (!application && hasDisplay()) application = openDisplay();
     if (application) showError(*application, error.what());

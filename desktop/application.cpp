@@ -150,6 +150,11 @@ void Application::help(const std::string& topic) {
   showAbove(*help_);
 }
 
+std::optional<std::string> Application::openFile(const std::string& filter,
+                                                 const std::string& folder) {
+  return exchanged_ ? exchanged_->saveFile(filter, folder) : own_.openFile(filter, folder);
+}
+
 void Application::showReport(const suite::Document& document) {
   delete report_;
   report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate());

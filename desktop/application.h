@@ -57,6 +57,8 @@ class Application : public suite::FrontEnd {
   QImage screenshot() const;
 
   Windows& windows() { return windows_; }
+  // A menu in the bar of the form of that name, beside the form's own; it outlives its windows.
+  void addMenu(const std::string& form, QMenu& menu) { windows_.addMenu(form, menu); }
   // What a report's foot says; today unless the program's clock says otherwise.
   void setPrintDate(const QDate& date) { printDate_ = date; }
 
@@ -69,6 +71,8 @@ class Application : public suite::FrontEnd {
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;
   void help(const std::string& topic) override;
+  std::optional<std::string> openFile(const std::string& filter,
+                                      const std::string& folder) override;
   void showReport(const suite::Document& document) override;
 
  private:

@@ -149,6 +149,18 @@ std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
   return fromQt(dialog.selectedFiles().constFirst());
 }
 
+std::optional<std::string> DesktopDialogs::openFile(const std::string& filter,
+                                                    const std::string& folder) {
+  const BusyPanel::Pause pause(busy_);
+  QFileDialog dialog(prepare(), QObject::tr("Open"));
+  likeParent(dialog);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters(filtersOf(filter));
+  if (QFileInfo(toQt(folder)).isDir()) dialog.setDirectory(toQt(folder));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return fromQt(dialog.selectedFiles().constFirst());
+}
+
 std::optional<std::string> DesktopDialogs::password(const std::string& prompt) {
   const BusyPanel::Pause pause(busy_);
   QInputDialog dialog(prepare());

@@ -19,6 +19,7 @@ class DesktopDialogs : public Dialogs {
   Answer MsgBox(const Message& message) override;
   std::optional<std::string> saveFile(const std::string& filter,
                                       const std::string& proposed) override;
+  std::optional<std::string> openFile(const std::string& filter, const std::string& folder);
   std::optional<std::string> password(const std::string& prompt) override;
 
  private:

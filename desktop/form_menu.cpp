@@ -19,7 +19,14 @@ void FormMenu::refresh() {
     rebuild();
   }
   for (const auto& [entry, action] : actions_) draw(*entry, *action);
-  bar_.setVisible(!entries_.empty());
+  bar_.setVisible(!entries_.empty() || !added_.empty());
+}
+
+void FormMenu::add(QMenu& menu) {
+  added_.push_back(&menu);
+  menu.setFont(bar_.font());
+  bar_.addMenu(&menu);
+  bar_.setVisible(true);
 }
 
 void FormMenu::rebuild() {
@@ -29,6 +36,7 @@ void FormMenu::rebuild() {
     menu->deleteLater();
   }
   for (MenuEntry* entry : entries_) actions_[entry] = addEntry(*entry);
+  for (QMenu* menu : added_) bar_.addMenu(menu);
 }
 
 QAction* FormMenu::addEntry(MenuEntry& entry) {

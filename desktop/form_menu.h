@@ -21,6 +21,8 @@ class FormMenu {
       : form_(form), runner_(runner), bar_(bar) {}
 
   void refresh();
+  // A menu that is not the form's stands behind those that are; somebody else owns it.
+  void add(QMenu& menu);
 
  private:
   void rebuild();
@@ -31,6 +33,7 @@ class FormMenu {
   ActionRunner& runner_;
   QMenuBar& bar_;
   std::vector<MenuEntry*> entries_;
+  std::vector<QMenu*> added_;
   std::map<const MenuEntry*, QAction*> actions_;
 };
 

@@ -30,6 +30,8 @@ class FormWindow : public QMainWindow {
   void detach();
   // A line at the foot of the window.
   void setFootnote(const QString& text);
+  // A menu beside those of the form, which somebody else owns.
+  void addMenu(QMenu& menu) { menu_.add(menu); }
 
   // The lines that stay until they are closed.
   void setNotices(const std::vector<std::string>& notices);

@@ -70,6 +70,8 @@ FormWindow& Windows::create(Form& form) {
     if (onNoticesClosed) onNoticesClosed();
   };
   window->setNotices(notices_);
+  const auto [first, last] = menus_.equal_range(form.name());
+  for (auto menu = first; menu != last; ++menu) window->addMenu(*menu->second);
   if (form.modal()) {
     window->setWindowModality(Qt::ApplicationModal);
     window->winId();  // makes the window, so that it can be told what it stands above

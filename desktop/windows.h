@@ -5,10 +5,14 @@
 #include <QPointer>
 #include <QString>
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 #include "controls/open_forms.h"
 #include "desktop/action_runner.h"
+
+class QMenu;
 
 namespace quillet::desktop {
 
@@ -31,6 +35,9 @@ class Windows : public ActionRunner {
   void setFootnote(const QString& text);
   void setNotices(const std::vector<std::string>& notices);
 
+  // A menu of the suite in the bar of the form of that name; it outlives the windows.
+  void addMenu(const std::string& form, QMenu& menu) { menus_.emplace(form, &menu); }
+
   // A person asked for help in a form.
   std::function<void(Form&)> onHelp;
   // A person has read the notices.
@@ -51,6 +58,7 @@ class Windows : public ActionRunner {
 
   OpenForms* openForms_ = nullptr;
   std::vector<QPointer<FormWindow>> windows_;  // oldest first
+  std::multimap<std::string, QMenu*> menus_;   // by the names of forms
   QString footnote_;
   std::vector<std::string> notices_;
   int depth_ = 0;

@@ -1,5 +1,5 @@
-// quillet.add_client, query, exec, check, statements, fail, log: the register, the database, the
-// books, the error log.
+// quillet.add_client, query, exec, check, backup, statements, fail, log: the register, the
+// database, the books, the error log.
 #include <algorithm>
 #include <charconv>
 #include <fstream>
@@ -8,6 +8,7 @@
 #include "script/call.h"
 #include "script/quillet_library.h"
 #include "script/session.h"
+#include "suite/backup/backup.h"
 #include "suite/check/books_check.h"
 #include "suite/client_register.h"
 
@@ -140,6 +141,12 @@ int check(Call& call) {
   return 1;
 }
 
+int backUp(Call& call) {
+  suite::Practice& practice = call.session().practice;
+  suite::backup::write(practice.database(), practice.folder(), call.text(1));
+  return call.none();
+}
+
 int statements(Call& call) {
   return call.give(call.session().practice.service().statements().take());
 }
@@ -169,6 +176,7 @@ void addDataFunctions(lua_State* state) {
                                 {"query", entry<query>},
                                 {"exec", entry<exec>},
                                 {"check", entry<check>},
+                                {"backup", entry<backUp>},
                                 {"statements", entry<statements>},
                                 {"fail", entry<fail>},
                                 {"log", entry<log>},

@@ -2,6 +2,7 @@
 // runs without a display.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,9 @@ class FrontEnd {
   virtual void showClient(const std::string& code, const std::string& name) = 0;
   virtual int popup(const std::vector<std::string>& entries) = 0;
   virtual void help(const std::string& topic) = 0;
+  // The path that a person chose to read; nothing when the dialog was cancelled.
+  virtual std::optional<std::string> openFile(const std::string& filter,
+                                              const std::string& folder) = 0;
   virtual void showReport(const Document& document) = 0;
   // Shown by a line in the windows.
   Notices& notices() { return notices_; }

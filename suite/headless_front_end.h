@@ -36,6 +36,10 @@ class HeadlessFrontEnd : public FrontEnd {
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;
   void help(const std::string& topic) override { topics.push_back(topic); }
+  std::optional<std::string> openFile(const std::string& filter,
+                                      const std::string& folder) override {
+    return dialogs_.saveFile(filter, folder);
+  }
   void showReport(const Document&) override {}
 
  private:
