@@ -1,4 +1,4 @@
-// quillet.add_client, query, exec, check, backup, statements, fail, log: the register, the
+// quillet.add_client, query, exec, check, backup, statements, fail, log, notices: the register, the
 // database, the books, the error log.
 #include <algorithm>
 #include <charconv>
@@ -169,6 +169,13 @@ int log(Call& call) {
   return call.give(lines);
 }
 
+int notices(Call& call) {
+  suite::Notices& notices = call.session().practice.frontEnd().notices();
+  const std::vector<std::string> lines = notices.open();
+  notices.close();
+  return call.give(lines);
+}
+
 }  // namespace
 
 void addDataFunctions(lua_State* state) {
@@ -180,6 +187,7 @@ void addDataFunctions(lua_State* state) {
                                 {"statements", entry<statements>},
                                 {"fail", entry<fail>},
                                 {"log", entry<log>},
+                                {"notices", entry<notices>},
                                 {nullptr, nullptr}};
   luaL_setfuncs(state, functions, 0);
 }
