@@ -5,7 +5,10 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string_view>
 
+#include "app/display.h"
+#include "app/last_words.h"
 #include "app/new_folder.h"
 #include "app/options.h"
 #include "app/run_backup.h"
@@ -19,6 +22,8 @@ namespace {
 using quillet::app::Options;
 
 int run(const Options& options) {
+  quillet::app::prepareLastWords(options.command == Options::Command::open &&
+                                 quillet::app::hasDisplay());
   switch (options.command) {
     case Options::Command::init:
       quillet::app::makeFolder(
@@ -48,6 +53,9 @@ int main(int argc, char** argv) {
   // What we write we can read again.
   umask(umask(077) & 077);
   try {
+    if (argc == 2 && argv[1] == std::string_view(quillet::app::lastWordsOption)) {
+      return quillet::app::showLastWords();
+    }
     return run(quillet::app::parseOptions(argc, argv));
   } catch (const quillet::app::ExitRequest& request) {
     (request.status() == 0 ? std::cout : std::cerr)
