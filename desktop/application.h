@@ -68,6 +68,7 @@ class Application : public suite::FrontEnd {
   void showProgress(bool show) override;
   void progressText(const std::string& text) override;
   void progressBar(long done, long total) override;
+  bool progressStopped() override { return busy_.stopped(); }
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;
   void help(const std::string& topic) override;

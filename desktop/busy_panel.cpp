@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QFrame>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QScreen>
@@ -47,6 +48,7 @@ void BusyPanel::begin(QWidget* over) {
   over_ = over;
   text_.clear();
   done_ = total_ = 0;
+  stoppable_ = stopped_ = false;
   since_.start();
   painted_.invalidate();
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -72,11 +74,17 @@ void BusyPanel::setBar(long done, long total) {
   step();
 }
 
+bool BusyPanel::stopped() {
+  stoppable_ = true;
+  return stopped_;
+}
+
 void BusyPanel::step() {
   if (!busy_ || since_.elapsed() < patienceMs) return;
   if (painted_.isValid() && painted_.elapsed() < frameMs && done_ < total_) return;
   if (!panel_) build();
-  label_->setText(text_.isEmpty() ? tr("Please wait ...") : text_);
+  const QString text = text_.isEmpty() ? tr("Please wait ...") : text_;
+  label_->setText(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
   bar_->setVisible(total_ > 0);
   // The bar counts in thousandths: rows may be more than it can count.
   bar_->setRange(0, 1000);
@@ -131,6 +139,10 @@ void BusyPanel::shield(bool on) {
 
 bool BusyPanel::eventFilter(QObject*, QEvent* event) {
   if (!isInput(event->type())) return false;
+  if (stoppable_ && event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    stopped_ = true;
+  }
   event->ignore();
   return true;
 }

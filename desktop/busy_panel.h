@@ -25,6 +25,8 @@ class BusyPanel : public QObject {
   void setText(const QString& text);
   // `total` 0: no bar.
   void setBar(long done, long total);
+  // Whether a person pressed Escape. Asked by work that can stop; the panel says then that it can.
+  bool stopped();
 
   // Takes the panel and the wait cursor away while a dialog asks something in the midst of work.
   class Pause {
@@ -52,6 +54,8 @@ class BusyPanel : public QObject {
 
   bool busy_ = false;
   bool shielded_ = false;
+  bool stoppable_ = false;
+  bool stopped_ = false;
   QElapsedTimer since_, painted_;
   QString text_;
   long done_ = 0, total_ = 0;

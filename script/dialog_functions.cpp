@@ -1,4 +1,4 @@
-// quillet.answer, messages, file, refuse: answers to dialogs, and what the dialogs asked.
+// quillet.answer, messages, file, refuse, stop: answers to dialogs, and what the dialogs asked.
 #include "script/call.h"
 #include "script/quillet_library.h"
 #include "script/session.h"
@@ -58,12 +58,18 @@ int refuse(Call& call) {
   return call.none();
 }
 
+int stop(Call& call) {
+  call.session().practice.service().stopWork(call.integer(1));
+  return call.none();
+}
+
 }  // namespace
 
 void addDialogFunctions(lua_State* state) {
   const luaL_Reg functions[] = {{"answer", entry<answer>},   {"messages", entry<messages>},
                                 {"notices", entry<notices>}, {"file", entry<file>},
-                                {"refuse", entry<refuse>},   {nullptr, nullptr}};
+                                {"refuse", entry<refuse>},   {"stop", entry<stop>},
+                                {nullptr, nullptr}};
   luaL_setfuncs(state, functions, 0);
 }
 

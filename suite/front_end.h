@@ -27,6 +27,8 @@ class FrontEnd {
   virtual void showProgress(bool show) = 0;
   virtual void progressText(const std::string& text) = 0;
   virtual void progressBar(long done, long total) = 0;
+  // Whether a person wants the work to stop; asked while work runs that can.
+  virtual bool progressStopped() { return false; }
   virtual void showClient(const std::string& code, const std::string& name) = 0;
   virtual int popup(const std::vector<std::string>& entries) = 0;
   virtual void help(const std::string& topic) = 0;

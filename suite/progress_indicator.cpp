@@ -31,4 +31,10 @@ void ProgressIndicator::update_pg() {
   frontEnd_.progressBar(done_, total_);
 }
 
+bool ProgressIndicator::stopped() {
+  if (!stopAfter_ || done_ < *stopAfter_) return frontEnd_.progressStopped();
+  stopAfter_.reset();
+  return true;
+}
+
 }  // namespace quillet::suite

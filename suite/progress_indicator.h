@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "suite/front_end.h"
@@ -17,6 +18,10 @@ class ProgressIndicator : public Progress {
   void Text1(const std::string& text) override;
   void Max(long steps) override;
   void update_pg() override;
+  bool stopped() override;
+
+  // Stops the next work that can be stopped, after so many steps.
+  void stopAfter(long steps) { stopAfter_ = steps; }
 
  private:
   using Time = std::chrono::steady_clock::time_point;
@@ -25,6 +30,7 @@ class ProgressIndicator : public Progress {
   long done_ = 0;
   long total_ = 0;
   Time last_{};
+  std::optional<long> stopAfter_;
 };
 
 }  // namespace quillet::suite

@@ -35,6 +35,8 @@ class Service : public ServiceObject {
   void executedElsewhere(const std::string& sql) { ledgers_.statementSent(sql); }
   // The next call of "CheckPass" or "CheckClpass" is refused; throws for any other operation.
   void refuse(const std::string& operation);
+  // Stops the next work that can be stopped, after so many steps.
+  void stopWork(long steps) { progress_.stopAfter(steps); }
 
   // --- the module's operations
   bool CheckDllsVersion(bool check) override;

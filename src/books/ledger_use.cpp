@@ -33,10 +33,10 @@ void replaceInAllYears(ServiceObject& host, UnpostedChanges& unposted, const Sql
 
 }  // namespace
 
-void findLedgersInUse(ServiceObject& host, TableNames& missing,
+bool findLedgersInUse(ServiceObject& host, TableNames& missing,
                       const std::function<void(long id)>& found) {
   IdList known;
-  walkYearTables(host, searching, placesOfUse(), missing, [&](const YearTable& table) {
+  return !walkYearTables(host, searching, placesOfUse(), missing, [&](const YearTable& table) {
     Sql sql = "Select Distinct PartId From " + table.sql();
     if (!known.empty()) sql += " Where PartId Not In (" + known.sql() + ")";
     for (const auto rows = host.query(sql); !rows->EOF_(); rows->MoveNext()) {
@@ -45,7 +45,7 @@ void findLedgersInUse(ServiceObject& host, TableNames& missing,
       known.add(id);
       found(id);
     }
-    return false;
+    return host.objProgress().stopped();
   });
 }
 

@@ -12,8 +12,8 @@
 namespace quillet {
 
 // Calls `found` once with each ledger that is in use: each table is asked only for those that were
-// not found yet.
-void findLedgersInUse(ServiceObject& host, TableNames& missing,
+// not found yet. False when a person stopped the search.
+bool findLedgersInUse(ServiceObject& host, TableNames& missing,
                       const std::function<void(long id)>& found);
 bool ledgerInUse(ServiceObject& host, long id, TableNames& missing);
 

@@ -64,7 +64,8 @@ class frmtbledmas : public MasterForm {
   void OPTION1_CLICK();
   void VSF_DBLCLICK();
 
-  // Marks which particulars are in use: all, or one.
+  // Marks which particulars are in use: all, or one. The search for all can be stopped; until one
+  // has come to its end, what is not in use is not deleted.
   void FILLINUSE(long partId);
   // Lists the clients and years that use the particulars, on their page when `show` says so. False
   // when the search did not reach its end.

@@ -58,6 +58,7 @@ void LedgerRows::mark(long id, bool used) {
 }
 
 void LedgerRows::markFound(const Ids& used, bool complete) {
+  complete_ = complete;
   for (int row = 1; row <= grid_.rows(); ++row) {
     if (used.contains(grid_.rowId(row))) {
       grid_.setCell(row, inUseColumn, "Y");
@@ -91,6 +92,7 @@ std::string LedgerRows::count() const {
   std::string count = std::to_string(shown) + " of " + std::to_string(grid_.rows());
   if (ticked > 0) count += ", " + std::to_string(ticked) + " ticked";
   if (hidden > 0) count += " (" + std::to_string(hidden) + " not listed)";
+  if (!complete_) count += ", not all that is in use is marked";
   return count;
 }
 

@@ -44,6 +44,8 @@ class LedgerRows {
   void mark(long id, bool used);
   // Marks those that were found; the others are in no use only when the search was complete.
   void markFound(const Ids& used, bool complete);
+  // Whether the last search was complete.
+  bool marksComplete() const { return complete_; }
 
   // Shows the rows of that use (both when not given) in which the search finds its words. The
   // target is not among them. `kept` stays in sight, 0 for none.
@@ -52,7 +54,7 @@ class LedgerRows {
     bool unused = true;
   };
   void show(Filter filter, const WordSearch& search, int kept);
-  // How many rows are shown and ticked, in words.
+  // How many rows are shown and ticked, in words, and whether marks are missing.
   std::string count() const;
   std::vector<long> shown() const;
 
@@ -69,6 +71,7 @@ class LedgerRows {
 
   Grid& grid_;
   long target_ = 0;
+  bool complete_ = true;
 };
 
 }  // namespace quillet

@@ -140,6 +140,14 @@ void frmtbledmas::deleteUnused() {
     tell("Please select a Particulars.");
     return;
   }
+  if (!rows_.marksComplete()) {
+    // Most of what is listed may be in use.
+    if (ask("The search for what is in use has not come to its end, so nothing is deleted.\r\n\r\n"
+            "Do you want to search again?")) {
+      reviewUse();
+    }
+    return;
+  }
   lblheadC.setCaption("List of Clients/F.Y. using Particulars");
   if (!mayDelete(ids, "Particulars already in use. You can not delete these Particulars.") ||
       !ask("Do you really want to Delete " + std::to_string(ids.size()) +

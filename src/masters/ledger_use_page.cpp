@@ -18,6 +18,7 @@ void frmtbledmas::FILLINUSE(long partId) {
     rows_.mark(partId, used);
   });
   if (!done) status("What is in use could not be searched to its end; the error log says why.");
+  showCount();
 }
 
 void frmtbledmas::reviewUse() {
@@ -28,14 +29,16 @@ void frmtbledmas::reviewUse() {
 void frmtbledmas::fillAllInUse() {
   LedgerRows::Ids used;
   TableNames missing;
+  bool complete = false;
   try {
-    findLedgersInUse(*context_.host, missing, [&](long id) { used.insert(id); });
+    complete = findLedgersInUse(*context_.host, missing, [&](long id) { used.insert(id); });
   } catch (const std::exception&) {
     rows_.markFound(used, false);  // what was found before a table failed is in use all the same
     throw;
   }
   tellMissing(missing);
-  rows_.markFound(used, true);
+  rows_.markFound(used, complete);
+  if (!complete) status("The search for what is in use was stopped.");
 }
 
 // --- the list of use ----------------------------------------------------------------------------

@@ -88,6 +88,8 @@ class Progress {
   virtual void Max(long steps) = 0;
   // One step done.
   virtual void update_pg() = 0;
+  // Whether a person wants the work to stop. Asked by work that can, after each step.
+  virtual bool stopped() { return false; }
 };
 
 // The suite's main page: tells which client is in work.

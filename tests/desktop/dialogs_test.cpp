@@ -1,5 +1,6 @@
 // Message boxes, file dialogs, progress and help around the forms.
 #include <QFile>
+#include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -161,7 +162,18 @@ TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
   QCoreApplication::postEvent(widget(form.txtamount),
                               new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, "7"));
   QTest::qSleep(60);
+  const auto escape = [&] {
+    QCoreApplication::postEvent(widget(form.txtamount),
+                                new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, {}));
+  };
+  escape();
+  app.progressBar(8, 10);
+  EXPECT_FALSE(app.progressStopped()) << "the key came before the work could stop";
+  QTest::qSleep(60);
+  escape();
   app.progressBar(9, 10);
+  EXPECT_TRUE(app.progressStopped());
+  EXPECT_EQ(panel->findChild<QLabel*>()->text(), "Loading Ledger List....  Esc stops");
   whenAsked([&] {
     EXPECT_FALSE(panel->isVisible()) << "a question stands alone";
     QTest::keyClick(openBox(), Qt::Key_Return);
@@ -169,6 +181,9 @@ TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
   app.dialogs().MsgBox(saying("Import?"));
   app.showProgress(false);
   settle();
+  app.showProgress(true);
+  EXPECT_FALSE(app.progressStopped());
+  app.showProgress(false);
   EXPECT_EQ(form.txtamount.text(), "");
   EXPECT_EQ(window()->findChild<QWidget*>("busy"), nullptr);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

@@ -93,6 +93,32 @@ TEST_F(LedgerMasterTest, AMissingTableIsNamedAndPassedOver) {
   exec("rename table TRADE_AWAY to TRADE_1");
 }
 
+TEST_F(LedgerMasterTest, WhatWasNotSearchedToItsEndIsNotDeletedAsUnused) {
+  const Act incomplete[] = {[&] { host().stopWork(2); }, [&] { fail("TAB_2"); }};
+  const std::string counted = "5 of 5, not all that is in use is marked";
+  for (const Act& act : incomplete) {
+    act();
+    leave(form);
+    open();
+    EXPECT_EQ(form.lblcount.caption(), counted);
+    EXPECT_EQ(useOf("RENT") + useOf("ALPHA"), "YN") << "what was found stays found";
+    choose(notInUse);
+    EXPECT_EQ(said(form.cmddelete, {no}),
+              asked("The search for what is in use has not come to its end, so nothing is deleted."
+                    "\r\n\r\nDo you want to search again?"));
+    EXPECT_EQ(listed(), (Texts{"ALPHA", "GAMMA"}));
+    host().stopWork(0);
+    press(form.cmddelete, {yes});
+    EXPECT_EQ(status(), "The search for what is in use was stopped.");
+    EXPECT_EQ(changes(), Texts());
+    press(form.cmddelete, {yes});
+    EXPECT_EQ(listed(), (Texts{"GAMMA"}));
+    EXPECT_EQ(form.lblcount.caption(), "1 of 5");
+  }
+  press(form.cmddelete, {yes});
+  EXPECT_EQ(names(), (Texts{"RENT", "CASH", "ALPHA", "BETA"}));
+}
+
 TEST_F(LedgerMasterTest, ASearchThatFailsChangesNothing) {
   fail("JRNL_1");
   open();
