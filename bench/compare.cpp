@@ -2,10 +2,12 @@
 #include <chrono>
 #include <ctime>
 #include <fstream>
+#include <stdexcept>
 #include <vector>
 
 #include "bench/support.h"
 #include "data/text.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::bench {
 namespace {
@@ -22,13 +24,23 @@ void readEveryCell(Recordset& rows) {
   benchmark::DoNotOptimize(characters);
 }
 
+// In one transaction, as the operation sends what it changes.
 void sendAll(suite::Database& database, const Statements& statements) {
+  suite::UnitOfWork unit(database);
+  unit.follow([] { return true; });
   for (const std::string& sql : statements) {
     if (returnsRows(sql))
-      readEveryCell(*database.query(sql));
+      readEveryCell(*unit.query(sql));
     else
-      database.execute(sql);
+      unit.execute(sql);
   }
+  if (const auto reason = unit.end()) throw std::runtime_error(*reason);
+}
+
+// As one act, also where a procedure is called without a key or a click.
+void run(const Operation& operation) {
+  const Act act(practice().context().openForms.acts);
+  operation.run();
 }
 
 void call(const std::function<void()>& step) {
@@ -39,7 +51,7 @@ Statements statementsOf(const Operation& operation) {
   suite::StatementInterceptor& gate = practice().service().statements();
   call(operation.prepare);
   gate.record(true);
-  operation.run();
+  run(operation);
   Statements statements = gate.take();
   gate.record(false);
   call(operation.restore);
@@ -77,7 +89,7 @@ Turn takeTurn(const Operation& operation, const Statements& statements, bool for
   for (const bool form : {formFirst, !formFirst}) {
     if (form) {
       call(operation.prepare);
-      turn.form = timed(operation.run);
+      turn.form = timed([&] { run(operation); });
     } else {
       turn.floor = timed([&] { sendAll(practice().database(), statements); });
     }

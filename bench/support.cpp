@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <vector>
 
 #include "suite/bulk_insert.h"
 #include "suite/client_register.h"
@@ -67,8 +68,8 @@ const BenchYear& Bench::year(int lines) {
   return found->second;
 }
 
-// Debtors and creditors alternate, each with a ledger of its own. All years begin with the same
-// ledgers.
+// Each line has a ledger of its own; the lines are spread over all groups. All years begin with the
+// same ledgers.
 void Bench::fill(const BenchYear& year) {
   suite::Database& database = practice_->database();
   suite::Client client;
@@ -86,12 +87,13 @@ void Bench::fill(const BenchYear& year) {
   ledgers.send();
 
   BulkInsert lines(database, year.table + "(srno,code_no,partid,allid,amt,nid)");
-  constexpr int debtors = 27;
-  constexpr int creditors = 38;
+  const auto groups = database.query("select distinct ALLID from Mast_AllGrp order by ALLID");
+  std::vector<long> ids;
+  for (; !groups->EOF_(); groups->MoveNext()) ids.push_back(groups->integer(0));
   for (int srno = 1; srno <= year.lines; ++srno) {
     const int paise = srno * 7919 % 10'000'000 + 100;
     const bool debit = srno % 2 == 1;
-    lines.row(srno, year.code, srno, debit ? debtors : creditors,
+    lines.row(srno, year.code, srno, ids[static_cast<std::size_t>(srno) * 31 % ids.size()],
               BulkInsert::Number{std::to_string(paise / 100) + "." +
                                  std::to_string(paise % 100 / 10) + std::to_string(paise % 10)},
               debit ? 1 : 2);
