@@ -34,20 +34,6 @@ int messages(Call& call) {
   return 1;
 }
 
-// Reading them closes them.
-int notices(Call& call) {
-  suite::Notices& open = call.session().practice.frontEnd().notices();
-  lua_State* state = call.state();
-  lua_newtable(state);
-  lua_Integer position = 0;
-  for (const std::string& text : open.open()) {
-    pushText(state, text);
-    lua_rawseti(state, -2, ++position);
-  }
-  open.close();
-  return 1;
-}
-
 int file(Call& call) {
   call.session().dialogs.queueFile(call.textOrNil(1));
   return call.none();
@@ -66,10 +52,9 @@ int stop(Call& call) {
 }  // namespace
 
 void addDialogFunctions(lua_State* state) {
-  const luaL_Reg functions[] = {{"answer", entry<answer>},   {"messages", entry<messages>},
-                                {"notices", entry<notices>}, {"file", entry<file>},
-                                {"refuse", entry<refuse>},   {"stop", entry<stop>},
-                                {nullptr, nullptr}};
+  const luaL_Reg functions[] = {{"answer", entry<answer>}, {"messages", entry<messages>},
+                                {"file", entry<file>},     {"refuse", entry<refuse>},
+                                {"stop", entry<stop>},     {nullptr, nullptr}};
   luaL_setfuncs(state, functions, 0);
 }
 
