@@ -40,10 +40,17 @@ milliseconds DailyBackup::step() {
     }
   } catch (const std::exception& error) {
     forget();
-    tell_(std::string("Today's backup was not made. ") + error.what());
+    tellOnce(error.what());
   }
   if (part_) return untilPacked;
   return disturbed_ > 0 ? untilQuieter : untilNextDay;
+}
+
+// It is tried again all day; a person who has read the reason is left in peace.
+void DailyBackup::tellOnce(const std::string& reason) {
+  const std::string today = clock_.now().substr(0, 10) + reason;
+  if (std::exchange(told_, today) == today) return;
+  tell_("Today's backup was not made. " + reason);
 }
 
 void DailyBackup::begin() {
