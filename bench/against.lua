@@ -122,7 +122,7 @@ function operations.voucher(size)
   editorOf(size).mnujournal:click()
   local journal = assert(quillet.form("frmjrnl"))
   local ledgers = quillet.query("select p.Particular, g.ALLGRP from TAB_1 t join Mast_Part p on p.PartId=t.partid " ..
-    "join Mast_AllGrp g on g.ALLID=t.allid where t.code_no='L" .. size .. "' and t.srno<=5 order by t.srno")
+    "join Mast_AllGrp g on g.ALLID=t.allid where t.code_no='L" .. size .. "' order by t.srno limit 5")
   return function()
     quillet.exec("delete from JRNL_1")
     journal.cmdadd:click()
