@@ -54,7 +54,7 @@ for _, command in ipairs { home.mnusumm, home.mnudet } do
   home.flexgrid2:dblclick()
   heads("Trial Balance For the Period")
 end
-quillet.exec("insert into JRNL_1 values('C1',1,1,'2008-06-15',1,72,12000.5,'')")
+quillet.exec("insert into JRNL_1 values('C1',1,1,'2008-06-15',1,72,12000.5,''),('C1',1,2,'2008-06-15',1,72,-12000.5,'')")
 local editor = support.open("C1", 2008)
 editor.mnuPreview:click()
 heads("Trial Balance")
