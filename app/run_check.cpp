@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "app/new_folder.h"
+#include "suite/check/backup_first.h"
 #include "suite/check/check_report.h"
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
@@ -67,11 +68,10 @@ bool confirmed(const Options& options) {
 }
 
 void mend(suite::Practice& practice) {
-  const auto backup = [] {
-    throw std::runtime_error("nothing is mended without a backup, which cannot be made here yet");
-  };
   const MovingLine line("Mending the books:");
-  std::cout << check::summaryOf(check::mendBooks(practice, backup, std::cref(line))) << '\n';
+  std::cout << check::summaryOf(check::mendBooks(
+                   practice, [&] { return check::backUpFirst(practice); }, std::cref(line)))
+            << '\n';
 }
 
 int checkFolder(const Options& options) {

@@ -161,4 +161,8 @@ void Application::showReport(const suite::Document& document) {
   showAbove(*report_);
 }
 
+void Application::whenReportIsRead(std::function<void()> action) {
+  if (report_) report_->onClosed = std::move(action);
+}
+
 }  // namespace quillet::desktop

@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QImage>
 #include <QPointer>
+#include <functional>
 #include <memory>
 
 #include "desktop/busy_panel.h"
@@ -17,6 +18,7 @@
 namespace quillet::desktop {
 
 class HelpWindow;
+class ReportWindow;
 
 // The toolkit must not see an exception. The forms trap theirs; what is thrown while a window
 // draws or a view acts is logged here.
@@ -59,6 +61,8 @@ class Application : public suite::FrontEnd {
   Windows& windows() { return windows_; }
   // A menu in the bar of the form of that name, beside the form's own; it outlives its windows.
   void addMenu(const std::string& form, QMenu& menu) { windows_.addMenu(form, menu); }
+  // Runs when a person has closed the report that is shown now.
+  void whenReportIsRead(std::function<void()> action);
   // What a report's foot says; today unless the program's clock says otherwise.
   void setPrintDate(const QDate& date) { printDate_ = date; }
 
@@ -85,7 +89,7 @@ class Application : public suite::FrontEnd {
   DesktopDialogs own_;
   Dialogs* exchanged_ = nullptr;
   std::unique_ptr<HelpWindow> help_;
-  QPointer<QWidget> report_;
+  QPointer<ReportWindow> report_;
   QDate printDate_;
   bool running_ = false;
 };

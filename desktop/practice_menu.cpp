@@ -21,9 +21,11 @@ PracticeMenu::PracticeMenu(suite::Practice& practice, Application& application)
              [this](const std::string& text) {
                practice_.frontEnd().notices().add(
                    practice_.environment().clock().now().substr(11, 5), text);
-             }) {
+             }),
+      check_(practice) {
   add(QObject::tr("&Back Up..."), [this] { backups_.backUp(); });
   add(QObject::tr("&Restore..."), [this] { backups_.restore(); });
+  add(QObject::tr("&Check the Books..."), [this] { checkBooks(); });
   application.addMenu("third", menu_);
   timer_.setSingleShot(true);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { makeDaily(); });
@@ -34,6 +36,14 @@ PracticeMenu::PracticeMenu(suite::Practice& practice, Application& application)
 void PracticeMenu::add(const QString& text, const std::function<void()>& command) {
   QObject::connect(menu_.addAction(text), &QAction::triggered, &menu_, [this, command] {
     command();
+    application_.windows().refresh();
+  });
+}
+
+void PracticeMenu::checkBooks() {
+  if (busy() || !check_.examine()) return;
+  application_.whenReportIsRead([this] {
+    if (!busy()) check_.offerMending();
     application_.windows().refresh();
   });
 }

@@ -12,6 +12,7 @@
 #include "suite/backup/backup_commands.h"
 #include "suite/backup/daily_backup.h"
 #include "suite/backup/request.h"
+#include "suite/check/check_commands.h"
 
 namespace quillet::desktop {
 
@@ -26,6 +27,7 @@ class PracticeMenu {
   const std::filesystem::path& toRestore() const { return backups_.chosen(); }
 
  private:
+  void checkBooks();
   void listen();
   void serve();
   void makeDaily();
@@ -36,6 +38,7 @@ class PracticeMenu {
   QMenu menu_;
   suite::backup::BackupCommands backups_;
   suite::backup::DailyBackup daily_;
+  suite::check::CheckCommands check_;
   QTimer timer_;
   std::unique_ptr<suite::backup::RequestSocket> socket_;
   std::unique_ptr<QSocketNotifier> asked_;

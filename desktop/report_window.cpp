@@ -15,6 +15,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
 
@@ -149,6 +150,12 @@ int ReportWindow::pageInView() const {
 
 void ReportWindow::tellPage() {
   place_->setText(tr("Page %1 of %2  ").arg(pageInView() + 1).arg(pages_.count()));
+}
+
+void ReportWindow::closeEvent(QCloseEvent* event) {
+  QMainWindow::closeEvent(event);
+  // When the window has gone, for what is done then may wait for a person.
+  if (onClosed) QTimer::singleShot(0, qApp, onClosed);
 }
 
 void ReportWindow::keyPressEvent(QKeyEvent* event) {

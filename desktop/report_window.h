@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 
 #include "desktop/report_pages.h"
 
@@ -23,10 +24,14 @@ class ReportWindow : public QMainWindow {
   void zoom(double factor);
   void fitWidth();
 
+  // A person has closed it.
+  std::function<void()> onClosed;
+
   double scale() const { return scale_; }
   int pageInView() const;
 
  protected:
+  void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 

@@ -4,6 +4,7 @@
 #include <exception>
 #include <tuple>
 
+#include "suite/check/amounts.h"
 #include "suite/check/master_rules.h"
 #include "suite/check/masters.h"
 #include "suite/check/registered_years.h"
@@ -42,6 +43,21 @@ std::size_t mendableIn(const std::vector<Finding>& findings) {
   return static_cast<std::size_t>(std::ranges::count_if(findings, &Finding::mendable));
 }
 
+// What a failure left unposted, which only the running program knows.
+void examineUnposted(Practice& practice, const Masters& masters, const RegisteredYears& years,
+                     Examined& examined) {
+  const UnpostedChanges& unposted = practice.context().unposted;
+  for (const ClientTable& books : unposted.books()) {
+    for (const LedgerGroup pair : unposted.pairs(books)) {
+      examined.add(years.placeIn(books.table, books.client), "unposted",
+                   masters.ledger(pair.partId) + " under " + masters.group(pair.allId) + " lacks " +
+                       shownBalance(unposted.of(books, pair)) +
+                       " of a voucher that a failure left half posted.",
+                   "Open the journal of the year, which posts it before anything else.");
+    }
+  }
+}
+
 // Mends what `examine` finds. `figures` are the same afterwards, or nothing is changed.
 template <class Examine, class Figures>
 void mend(Database& database, const std::string& what, Examine examine, Figures figures,
@@ -75,6 +91,7 @@ Examination examineBooks(Practice& practice, const Steps& steps) {
   Examined examined;
   examineMasters(database, masters, examined);
   years.examine(examined);
+  examineUnposted(practice, masters, years, examined);
   Examination examination{.findings = {}, .clients = years.clients(), .years = years.years()};
   for (long done = 0; done < total && examination.complete; ++done) {
     YearTables(database, years, masters, tables[static_cast<std::size_t>(done)], false)
@@ -88,14 +105,14 @@ Examination examineBooks(Practice& practice, const Steps& steps) {
   return examination;
 }
 
-Mending mendBooks(Practice& practice, const std::function<void()>& backup, const Steps& steps) {
+Mending mendBooks(Practice& practice, const std::function<std::string()>& backup,
+                  const Steps& steps) {
   if (!backup) throw std::logic_error("books are not mended without a backup");
   if (practice.context().openForms.acts.running()) {
     throw std::logic_error("books are not mended in the middle of an act");
   }
-  backup();
+  Mending mending{.backup = backup(), .mended = 0, .failed = {}};
   Database& database = practice.database();
-  Mending mending;
   mend(
       database, "The registry of years",
       [&](Examined& examined) { RegisteredYears(database, practice.service()).examine(examined); },

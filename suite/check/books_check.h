@@ -28,13 +28,16 @@ struct Examination {
 Examination examineBooks(Practice& practice, const Steps& steps = {});
 
 struct Mending {
+  std::string backup;  // the file that holds the books of before
   std::size_t mended = 0;
   std::vector<std::string> failed;  // a sentence each: what stayed as it was, and why
 };
 
-// Makes a backup first; what that throws goes on, with nothing mended. Then everything is examined
-// anew and mended, the tables of each number in a transaction of their own that is taken back when
-// the sums are not what they were before. Forms that show the books are to be closed.
-Mending mendBooks(Practice& practice, const std::function<void()>& backup, const Steps& steps = {});
+// Makes a backup first, which returns its file; what that throws goes on, with nothing mended. Then
+// everything is examined anew and mended, the tables of each number in a transaction of their own
+// that is taken back when the sums are not what they were before. Forms that show the books are to
+// be closed.
+Mending mendBooks(Practice& practice, const std::function<std::string()>& backup,
+                  const Steps& steps = {});
 
 }  // namespace quillet::suite::check

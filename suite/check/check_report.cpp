@@ -35,21 +35,23 @@ std::string summaryOf(const Examination& examination) {
       counted(examination.years, "year") + " of " + counted(examination.clients, "client");
   if (!examination.complete) return "The examination was stopped before its end.";
   if (examination.findings.empty()) return "The books are sound: " + extent + '.';
-  return counted(examination.findings.size(), "finding") + " in " + extent + ", of which " +
-         std::to_string(examination.mendable()) + " can be mended.";
+  const std::size_t mendable = examination.mendable();
+  return counted(examination.findings.size(), "finding") + " in " + extent +
+         (mendable == 0 ? ", for a person to look at."
+                        : ", of which " + std::to_string(mendable) + " can be mended.");
 }
 
 std::string summaryOf(const Mending& mending) {
   std::string text = counted(mending.mended, "finding") + " mended.";
   for (const std::string& sentence : mending.failed) text += '\n' + sentence;
-  return text;
+  return text + "\nThe books of before: " + mending.backup;
 }
 
 Document reportOf(const Examination& examination, ServiceObject& host) {
   ClientYears names(host);
   Document document;
   document.addHeading("Examination of the Books");
-  document.addHeading(summaryOf(examination));
+  document.setSubject(summaryOf(examination));
   document.setFirm(host.COMPANY_NAME());
   document.beginTable();
   std::string title;

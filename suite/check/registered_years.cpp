@@ -74,6 +74,13 @@ Place RegisteredYears::placeOf(long rowId, const std::string& table) const {
   return {found->place.client, found->place.year, table};
 }
 
+Place RegisteredYears::placeIn(const std::string& table, const std::string& client) const {
+  const auto found = std::ranges::find_if(rows_, [&](const Row& row) {
+    return equalIgnoringCase(row.place.table, table) && equalIgnoringCase(row.place.client, client);
+  });
+  return found == rows_.end() ? Place{client, {}, table} : found->place;
+}
+
 std::size_t RegisteredYears::clients() const {
   std::set<std::string> codes;
   for (const Row& row : rows_) codes.insert(upperCase(row.place.client));

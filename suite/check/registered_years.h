@@ -21,6 +21,8 @@ class RegisteredYears {
   bool hasTable(const std::string& name) const;
   // The year that stands in that row of the registry, with the table given.
   Place placeOf(long rowId, const std::string& table) const;
+  // The client's year in that table.
+  Place placeIn(const std::string& table, const std::string& client) const;
 
   std::size_t years() const { return rows_.size(); }
   std::size_t clients() const;

@@ -54,10 +54,13 @@ Place YearTables::placeOf(const Owner& owner, const std::string& table) const {
 
 void YearTables::reportUnregistered(const Owner& owner, const std::string& table, std::size_t rows,
                                     Examined& examined) const {
-  examined.add(placeOf(owner, table), "unregistered",
-               "The table " + table + " holds " + std::to_string(rows) +
-                   (rows == 1 ? " row" : " rows") + " of a year that is not registered.",
-               "They are left alone; a year that the client creates there would begin with them.");
+  examined.add(
+      placeOf(owner, table), "unregistered",
+      "The table " + table + " holds " + std::to_string(rows) + (rows == 1 ? " row" : " rows") +
+          " of a year that is not registered.",
+      rows == 1
+          ? "It is left alone; a year that the client creates there would begin with it."
+          : "They are left alone; a year that the client creates there would begin with them.");
 }
 
 template <class Row, class Judge>

@@ -3,6 +3,7 @@
 
 #include <sstream>
 
+#include "suite/check/check_commands.h"
 #include "suite/check/check_report.h"
 #include "suite/sample_practice.h"
 #include "suite/starter_data.h"
@@ -208,7 +209,7 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
     const Rows before = sums();
     EXPECT_EQ(found(), damage.found);
     EXPECT_NE(report().find(damage.said), std::string::npos) << report();
-    const Mending mending = mendBooks(practice, [] {});
+    const Mending mending = mendBooks(practice, [] { return std::string("b"); });
     EXPECT_EQ(mending.failed, std::vector<std::string>());
     EXPECT_EQ(found(), damage.left) << report();
     EXPECT_EQ(sums(), before);
@@ -222,21 +223,54 @@ TEST_F(DamagedBooksTest, WhatWouldChangeASumStaysAsItWas) {
   exec("update TAB_2 set srno=5");
   exec("create trigger spoils before update on TAB_1 for each row set new.amt=new.amt+0.01");
   const Rows before = rows("select * from TAB_1 order by row_id");
-  const Mending mending = mendBooks(practice, [] {});
+  const Mending mending = mendBooks(practice, [] { return std::string("b"); });
   exec("drop trigger spoils");
   EXPECT_EQ(mending.mended, 1U);
-  EXPECT_EQ(
-      summaryOf(mending),
-      "1 finding mended.\nThe table TAB_1 stays as it was: its sums would not stay as they are.");
+  EXPECT_EQ(summaryOf(mending),
+            "1 finding mended.\nThe table TAB_1 stays as it was: its sums would not stay as they "
+            "are.\nThe books of before: b");
   EXPECT_EQ(rows("select * from TAB_1 order by row_id"), before);
   EXPECT_EQ(found(), std::vector<std::string>{"number+"});
+}
+
+// As from the window: refused while a form shows books, asked, done after a backup.
+TEST_F(DamagedBooksTest, APersonIsAskedBeforeAnythingIsMended) {
+  makeBooks();
+  context().unposted.add({"TAB_2", "C1"}, {1, 1}, Money::ofPaise(-500));
+  EXPECT_NE(report().find("Cash under BANKS lacks 5.00 Cr of a voucher"), std::string::npos);
+  context().unposted.forget({"TAB_2", "C1"});
+  CheckCommands commands(practice);
+  EXPECT_FALSE(commands.examine()) << "there is nothing to mend";
+
+  exec("update TAB_2 set srno=5");
+  EXPECT_TRUE(commands.examine());
+  select("C1", 2008);
+  practice.forms().ObjCreate()->show();
+  commands.offerMending();
+  practice.forms().ObjCreate()->close();
+  practice.forms().ObjThird()->show();
+  dialogs.queueAnswer(Answer::No);
+  commands.offerMending();
+  EXPECT_EQ(found(), std::vector<std::string>{"number+"});
+  EXPECT_EQ(messages().front().substr(0, 30), "To have the books mended, clos");
+
+  dialogs.queueAnswer(Answer::Yes);
+  commands.offerMending();
+  const Rows told = asked();
+  ASSERT_EQ(told.size(), 2U);
+  EXPECT_EQ(told[0], (Texts{"Do you want to mend what can be mended?\n\nA backup is made before.",
+                            "YesNo", "question", "No"}));
+  const std::string mended = "1 finding mended.\nThe books of before: ";
+  ASSERT_TRUE(told[1][0].starts_with(mended)) << told[1][0];
+  EXPECT_TRUE(std::filesystem::is_regular_file(told[1][0].substr(mended.size())));
+  EXPECT_EQ(found(), std::vector<std::string>());
 }
 
 // Without a backup nothing is mended.
 TEST_F(DamagedBooksTest, ABackupThatFailsKeepsFromMending) {
   makeBooks();
   exec("update TAB_2 set srno=5");
-  EXPECT_THROW(mendBooks(practice, [] { throw std::runtime_error("no room"); }),
+  EXPECT_THROW(mendBooks(practice, []() -> std::string { throw std::runtime_error("no room"); }),
                std::runtime_error);
   EXPECT_EQ(found(), std::vector<std::string>{"number+"});
 }

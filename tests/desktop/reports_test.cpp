@@ -126,8 +126,13 @@ TEST(Reports, AreSavedWholeWithAWideTitleOrNotAtAll) {
 }
 
 TEST_F(ReportsShown, ReportsAreShownPageByPage) {
+  int read = 0;
+  theApplication().showReport(report(1));
+  theApplication().whenReportIsRead([&] { read += 10; });  // another one takes its place
   theApplication().showReport(report(250));
+  theApplication().whenReportIsRead([&] { ++read; });
   settle();
+  EXPECT_EQ(read, 0);
   auto* shown = dynamic_cast<ReportWindow*>(QApplication::activeWindow());
   ASSERT_TRUE(shown);
   EXPECT_EQ(shown->pageInView(), 0);
@@ -138,6 +143,7 @@ TEST_F(ReportsShown, ReportsAreShownPageByPage) {
   QTest::keyClick(shown->centralWidget(), Qt::Key_Escape);
   settle();
   EXPECT_EQ(dynamic_cast<ReportWindow*>(QApplication::activeWindow()), nullptr);
+  EXPECT_EQ(read, 1);
 }
 
 }  // namespace

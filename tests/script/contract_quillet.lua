@@ -57,7 +57,7 @@ equal(quillet.check(), {})
 quillet.exec("insert into TAB_3 values(1,'C1',1,1,10,1)")
 equal(quillet.check(), { { client = "C1", year = "", table = "TAB_3", rule = "unregistered",
   what = "The table TAB_3 holds 1 row of a year that is not registered.",
-  remedy = "They are left alone; a year that the client creates there would begin with them.",
+  remedy = "It is left alone; a year that the client creates there would begin with it.",
   mendable = false } })
 quillet.exec("delete from TAB_3")
 
