@@ -111,7 +111,7 @@ Mending mendBooks(Practice& practice, const std::function<std::string()>& backup
   if (practice.context().openForms.acts.running()) {
     throw std::logic_error("books are not mended in the middle of an act");
   }
-  Mending mending{.backup = backup(), .mended = 0, .failed = {}};
+  Mending mending{.backup = backup(), .mended = 0, .complete = true, .failed = {}};
   Database& database = practice.database();
   mend(
       database, "The registry of years",
@@ -134,7 +134,10 @@ Mending mendBooks(Practice& practice, const std::function<std::string()>& backup
     mend(
         database, "The table " + table, [&](Examined& examined) { books.examine(examined); },
         [&] { return books.figures(); }, mending);
-    if (steps && !steps(++done, static_cast<long>(tables.size()))) break;
+    if (steps && !steps(++done, static_cast<long>(tables.size()))) {
+      mending.complete = false;
+      break;
+    }
   }
   return mending;
 }

@@ -30,6 +30,7 @@ Examination examineBooks(Practice& practice, const Steps& steps = {});
 struct Mending {
   std::string backup;  // the file that holds the books of before
   std::size_t mended = 0;
+  bool complete = true;
   std::vector<std::string> failed;  // a sentence each: what stayed as it was, and why
 };
 

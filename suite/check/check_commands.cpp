@@ -24,7 +24,7 @@ class ShownSteps {
 
   bool operator()(long done, long total) const {
     frontEnd_.progressBar(done, total);
-    return true;
+    return !frontEnd_.progressStopped();
   }
 
  private:
@@ -43,7 +43,8 @@ bool CheckCommands::examine() {
   if (practice_.context().openForms.acts.running()) return false;
   try {
     const Examination examination = examineWithProgress();
-    mendable_ = examination.mendable();
+    // Of half an examination nothing is offered.
+    mendable_ = examination.complete ? examination.mendable() : 0;
     practice_.frontEnd().showReport(reportOf(examination, practice_.service()));
   } catch (const std::exception& error) {
     mendable_ = 0;

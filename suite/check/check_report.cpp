@@ -43,6 +43,7 @@ std::string summaryOf(const Examination& examination) {
 
 std::string summaryOf(const Mending& mending) {
   std::string text = counted(mending.mended, "finding") + " mended.";
+  if (!mending.complete) text += " It was stopped before its end.";
   for (const std::string& sentence : mending.failed) text += '\n' + sentence;
   return text + "\nThe books of before: " + mending.backup;
 }

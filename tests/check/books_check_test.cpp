@@ -266,13 +266,16 @@ TEST_F(DamagedBooksTest, APersonIsAskedBeforeAnythingIsMended) {
   EXPECT_EQ(found(), std::vector<std::string>());
 }
 
-// Without a backup nothing is mended.
-TEST_F(DamagedBooksTest, ABackupThatFailsKeepsFromMending) {
+// Nothing is mended without a backup, nor after a person stopped it.
+TEST_F(DamagedBooksTest, ABackupThatFailsOrAStopKeepsFromMending) {
   makeBooks();
   exec("update TAB_2 set srno=5");
   EXPECT_THROW(mendBooks(practice, []() -> std::string { throw std::runtime_error("no room"); }),
                std::runtime_error);
   EXPECT_EQ(found(), std::vector<std::string>{"number+"});
+  const auto backup = [] { return std::string("b"); };
+  EXPECT_FALSE(mendBooks(practice, backup, [](long, long) { return false; }).complete);
+  EXPECT_EQ(found(), std::vector<std::string>{"number+"}) << "stopped before its table";
 }
 
 }  // namespace
