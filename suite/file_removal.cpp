@@ -1,8 +1,11 @@
 #include "suite/file_removal.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <set>
 #include <system_error>
 #include <utility>
 
@@ -17,6 +20,13 @@ std::string identityOf(const fs::path& file) {
   if (lstat(file.c_str(), &found) != 0) return {};
   return std::to_string(found.st_ino) + ' ' + std::to_string(found.st_size) + ' ' +
          std::to_string(found.st_mtim.tv_sec) + ' ' + std::to_string(found.st_mtim.tv_nsec);
+}
+
+void synchronise(const fs::path& folder) {
+  const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) return;
+  fsync(opened);
+  close(opened);
 }
 
 // A name from the table stays below the folder, and no folder on the way there is a link.
@@ -46,19 +56,22 @@ bool FileRemoval::remove(const fs::path& file) {
 
 std::vector<std::string> FileRemoval::carryOut() {
   if (!std::exchange(asked_, false)) return {};
-  std::vector<std::string> left;
+  std::vector<std::string> left, gone;  // names, row ids
+  std::set<fs::path> folders;
   const RecordsetPtr rows = unit_.query("select File,Identity,row_id from SuiteRemoval");
   for (; !rows->EOF_(); rows->MoveNext()) {
     const fs::path file = documents_ / rows->text(0);
     std::error_code error;
     if (leadsBelow(documents_, rows->text(0)) && identityOf(file) == rows->text(1)) {
       fs::remove(file, error);
+      folders.insert(file.parent_path());
     }
-    if (error) {
-      left.push_back(rows->text(0));
-    } else {
-      unit_.execute("delete from SuiteRemoval where row_id=" + rows->text(2));
-    }
+    (error ? left : gone).push_back(rows->text(error ? 0 : 2));
+  }
+  // A power cut brings a file back whose folder was not synchronised; then it is still noted here.
+  for (const fs::path& folder : folders) synchronise(folder);
+  for (const std::string& row : gone) {
+    unit_.execute("delete from SuiteRemoval where row_id=" + row);
   }
   return left;
 }
