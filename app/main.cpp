@@ -67,5 +67,8 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     std::cerr << "quillet: " << error.what() << '\n';
     return 1;
+  } catch (...) {
+    std::cerr << "quillet: Something else than an error was thrown.\n";
+    return 1;
   }
 }

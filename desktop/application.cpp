@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QThread>
 #include <QWindow>
+#include <stdexcept>
 
 #include "desktop/form_window.h"
 #include "desktop/help_topics.h"
@@ -21,9 +22,19 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const std::exception& error) {
-    if (openForms_ && openForms_->onError) openForms_->onError("desktop\tNOTIFY", error);
+    log(error);
+  } catch (...) {
+    log(std::runtime_error("Something else than an error was thrown."));
   }
   return false;
+}
+
+void GuardedApplication::log(const std::exception& error) const noexcept {
+  try {
+    if (openForms_ && openForms_->onError) openForms_->onError("desktop\tNOTIFY", error);
+  } catch (...) {
+    // There is nowhere else to report a log that cannot be written.
+  }
 }
 
 Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows_, busy_) {

@@ -29,6 +29,8 @@ class GuardedApplication : public QApplication {
   void logTo(const OpenForms* openForms) { openForms_ = openForms; }
 
  private:
+  void log(const std::exception& error) const noexcept;
+
   const OpenForms* openForms_ = nullptr;
 };
 

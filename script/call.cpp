@@ -18,6 +18,10 @@ int attempt(lua_State* state, Function function) noexcept {
     luaL_where(state, 1);
     lua_pushstring(state, error.what());
     lua_concat(state, 2);
+  } catch (...) {
+    luaL_where(state, 1);
+    lua_pushstring(state, "something else than an error was thrown");
+    lua_concat(state, 2);
   }
   return -1;
 }

@@ -1,5 +1,7 @@
 #include "script/engine.h"
 
+#include <new>
+
 #include "script/call.h"
 #include "script/control_binding.h"
 #include "script/form_binding.h"
@@ -97,6 +99,9 @@ void setArguments(lua_State* state, const std::filesystem::path& file,
   lua_setglobal(state, "arg");
 }
 
+// Outside of a protected call, where only memory can be lacking. Lua would end the process.
+int panic(lua_State* /*state*/) { throw std::bad_alloc(); }
+
 std::string textOnTop(lua_State* state) {
   std::size_t length = 0;
   const char* text = lua_tolstring(state, -1, &length);
@@ -109,6 +114,7 @@ void Engine::Closer::operator()(lua_State* state) const { lua_close(state); }
 
 Engine::Engine(Session& session) : state_(luaL_newstate()) {
   if (!state_) throw std::bad_alloc();
+  lua_atpanic(state_.get(), panic);
   attachSession(state_.get(), session);
   luaL_openlibs(state_.get());
   replaceExit(state_.get());

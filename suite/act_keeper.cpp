@@ -50,7 +50,16 @@ void ActKeeper::trapped(const std::string& where, const std::exception& error) {
   if (trapped_.empty()) trapped_ = text;
 }
 
-void ActKeeper::ended() {
+void ActKeeper::ended() noexcept {
+  try {
+    endAct();
+    if (!trapped_.empty()) tell(std::exchange(trapped_, {}));
+  } catch (...) {
+    // There is neither memory nor a place left to tell it.
+  }
+}
+
+void ActKeeper::endAct() {
   try {
     endUnit();
     removeFiles();
@@ -59,7 +68,6 @@ void ActKeeper::ended() {
   } catch (const std::exception& error) {
     context_->openForms.onError("suite\tACT_ENDED", error);
   }
-  if (!trapped_.empty()) tell(std::exchange(trapped_, {}));
 }
 
 void ActKeeper::endUnit() {

@@ -28,7 +28,8 @@ class ActKeeper {
   void trapped(const std::string& where, const std::exception& error);
 
  private:
-  void ended();
+  void ended() noexcept;
+  void endAct();
   void endUnit();
   void tellTakenBack(const std::string& reason);
   void removeFiles();

@@ -31,9 +31,8 @@ class Acts {
 class Act {
  public:
   explicit Act(Acts& acts) : acts_(acts) {
-    if (++acts_.depth_ > 1) return;
-    ++acts_.number_;
-    if (acts_.onBegun) acts_.onBegun();
+    if (acts_.depth_ == 0) begin();
+    ++acts_.depth_;
   }
   ~Act() {
     if (acts_.depth_ == 1 && acts_.onEnded) acts_.onEnded();
@@ -43,6 +42,12 @@ class Act {
   Act& operator=(const Act&) = delete;
 
  private:
+  // An act that cannot begin leaves none running.
+  void begin() {
+    ++acts_.number_;
+    if (acts_.onBegun) acts_.onBegun();
+  }
+
   Acts& acts_;
 };
 

@@ -226,5 +226,20 @@ TEST_F(DialogsTest, HelpShowsTheTopicAndClosesOnEscape) {
   EXPECT_FALSE(help->isVisible());
 }
 
+TEST_F(DesktopTest, NothingThatIsThrownReachesTheToolkit) {
+  std::vector<std::string> logged;
+  openForms.onError = [&](const std::string& where, const std::exception& error) {
+    logged.push_back(where + ": " + error.what());
+    throw std::bad_alloc();  // nor what the log throws
+  };
+  whenAsked([] { throw std::runtime_error("broken"); });
+  whenAsked([] { throw 1; });
+  settle();
+  openForms.onError = {};
+  const std::vector<std::string> expected = {
+      "desktop\tNOTIFY: broken", "desktop\tNOTIFY: Something else than an error was thrown."};
+  EXPECT_EQ(logged, expected);
+}
+
 }  // namespace
 }  // namespace quillet::desktop

@@ -339,5 +339,12 @@ TEST_F(ModelsTest, TicksAndEditsReportTheirCell) {
   EXPECT_EQ(edits, 12);
 }
 
+TEST(Acts, AnActThatCannotBeginIsNotRunning) {
+  Acts acts;
+  acts.onBegun = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(Act{acts}, std::bad_alloc);
+  EXPECT_FALSE(acts.running());
+}
+
 }  // namespace
 }  // namespace quillet
