@@ -3,12 +3,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "suite/backup/backup.h"
+#include "suite/backup/backup_place.h"
 #include "suite/folder_format.h"
 #include "suite/kept_settings.h"
 #include "suite/server_settings.h"
 
 namespace quillet::suite {
-
 namespace {
 
 // Shown from the first time that there is something to wait for.
@@ -60,8 +61,19 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
   return database;
 }
 
-void backUpOlder(Database& database, const DataFolder& /*folder*/, Clock& /*clock*/) {
-  if (!folder_format::isOlder(database)) return;
+void backUpOlder(Database& database, const DataFolder& folder, Clock& clock) {
+  const bool onServer = database.schemaFolder().empty();
+  if (onServer || !folder_format::isOlder(database)) return;
+  try {
+    const backup::BackupPlace place(folder);
+    place.prepare();
+    backup::write(database, folder, place.fileBefore("update", clock.now()));
+  } catch (const std::exception& error) {
+    throw std::runtime_error("The practice in " + folder.root().string() +
+                             " was made by an earlier Quillet, and the backup before it is brought "
+                             "up to this one failed: " +
+                             error.what() + " Nothing was changed.");
+  }
 }
 
 void noteStart(Database& database, const DataFolder& folder, Settings& settings) {

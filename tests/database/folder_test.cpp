@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "suite/backup/restore.h"
 #include "suite/database.h"
 #include "suite/private_files.h"
 #include "suite/schema.h"
@@ -323,6 +324,26 @@ TEST_F(FolderTest, APracticeThatLostSomethingIsNotBegunAnew) {
   EXPECT_EQ(Settings(made.settings()).tableCount(), 1);
   const std::string newer = practice(made.root(), "do 1");
   EXPECT_NE(newer.find("newer Quillet"), std::string::npos) << newer;
+}
+
+TEST_F(FolderTest, AnOlderPracticeIsBackedUpBeforeItIsBroughtUp) {
+  const DataFolder made = DataFolder::create(temporary.path() / "practice");
+  Settings(made.settings()).set("Suite", "TableCount", "1");
+  ASSERT_EQ(practice(made.root(), "insert into Mast_Part values(1,'Cash')"), "opened");
+  const std::string older = "delete from SuiteMisc where Name='FolderFormat'";
+  ASSERT_EQ(practice(made.root(), older), "opened");
+  const fs::path place = temporary.path() / "practice-backups";
+  EXPECT_FALSE(fs::exists(place)) << "a new one";
+  std::ofstream(place) << "in the way";
+  const std::string failed = practice(made.root(), "do 1");
+  EXPECT_NE(failed.find("the backup before"), std::string::npos) << failed;
+  fs::remove(place);
+  EXPECT_EQ(practice(made.root(), "do 1"), "opened");
+  EXPECT_EQ(practice(made.root(), "do 1"), "opened");
+  ASSERT_EQ(std::distance(fs::directory_iterator(place), {}), 1);
+  const fs::path archive = fs::directory_iterator(place)->path();
+  backup::restore(archive, temporary.path() / "before", backup::Present::refuse);
+  EXPECT_EQ(ledgers(temporary.path() / "before" / "database"), "Cash");
 }
 
 // A child saves lines one by one and tells each as soon as it is acknowledged; it is killed in the
