@@ -5,7 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -182,6 +182,12 @@ std::string Scene::verdict(std::size_t acknowledged) {
   if (status != 0) return "the folder does not open: " + now;
   for (found_ = acknowledged; found_ < acknowledged + 2 && found_ < books_.size(); ++found_) {
     if (now == books_[found_]) return {};
+  }
+  const auto known = std::find(books_.begin(), books_.end(), now);
+  if (known != books_.end()) {
+    return "act " + std::to_string(acknowledged) +
+           " was acknowledged, and the books are those of " +
+           std::to_string(known - books_.begin());
   }
   return "half done after act " + std::to_string(acknowledged) + differences(now, acknowledged);
 }
