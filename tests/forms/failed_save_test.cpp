@@ -296,7 +296,7 @@ TEST_F(FailedChange, DeletingInBothYears) {
 
 TEST_F(FailedChange, Importing) {
   deed.arrange = [&] {
-    openOn({"Rent", "Bank"}, {"Cash"});
+    openOn({"Rent", "Bank"}, {"Rent"});
     exec("delete from " + table);
     yes();
   };
