@@ -2,8 +2,8 @@
 // floor.
 //
 // The floor of an operation is the bare client sending the very statements that the operation sent,
-// one by one in one transaction, and reading every cell of what comes back. Operation and floor take turns on the same
-// tables, so that other load on the machine affects both.
+// one by one in one transaction, and reading every cell of what comes back. Operation and floor
+// take turns on the same tables, so that other load on the machine affects both.
 #pragma once
 
 #include <benchmark/benchmark.h>
