@@ -251,6 +251,11 @@ std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& fo
                                                  const ExaminationPolicy& policy) {
   auto impl = std::make_unique<Impl>(std::make_unique<EmbeddedServer>(folder, policy));
   impl->connectWithin();
+  if (!policy.mayBeNew && !impl->hasTables()) {
+    throw std::runtime_error("The books of the practice are gone: the database in " +
+                             folder.string() +
+                             " has no tables. Restore the practice from a backup.");
+  }
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
 
@@ -295,7 +300,7 @@ std::filesystem::path Database::schemaFolder() const {
 
 void Database::bulkLoad(const std::function<void()>& work) {
   EmbeddedServer* server = impl_->server();
-  if (server == nullptr) return work();
+  if (server == nullptr || !server->isNew()) return work();
   server->beginBulkLoad();
   execute("set global innodb_flush_log_at_trx_commit=0, global sync_frm=0");
   work();

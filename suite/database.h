@@ -54,9 +54,9 @@ class Database : public Connection {
   // Where an embedded database keeps the definitions of its tables; empty for a server.
   std::filesystem::path schemaFolder() const;
 
-  // Runs work that fills a database without tables. An embedded database is not synchronised to the
-  // disk until the end, which is much faster; all of it is durable when this returns. When the
-  // process dies meanwhile, the database is empty again at the next start.
+  // Runs work that fills a database without tables. An embedded one that this process has made is
+  // not synchronised to the disk until the end, which is much faster; all of it is durable when
+  // this returns. When the process dies meanwhile, that database is empty again at the next start.
   void bulkLoad(const std::function<void()>& work);
 
  private:

@@ -107,8 +107,8 @@ bool startServerLibrary(const fs::path& folder) {
 
 EmbeddedServer::EmbeddedServer(const fs::path& folder, const ExaminationPolicy& policy)
     : folder_(fs::absolute(folder)), lock_(lockFolder(folder_)) {
-  const FolderState state = examine(folder_, policy);
-  if (state == FolderState::isNew) markIncomplete(folder_);
+  isNew_ = examine(folder_, policy) == FolderState::isNew;
+  if (isNew_) markIncomplete(folder_);
   folder_fingerprint::remove(folder_);
   started = true;
   keepStackBounds();
@@ -117,7 +117,7 @@ EmbeddedServer::EmbeddedServer(const fs::path& folder, const ExaminationPolicy& 
                              " did not start; its file error.log tells why.");
   }
   errors_.restore();
-  if (state == FolderState::isNew) markComplete(folder_);
+  if (isNew_) markComplete(folder_);
 }
 
 void EmbeddedServer::beginBulkLoad() {
@@ -134,6 +134,7 @@ void EmbeddedServer::endBulkLoad() {
     throw std::runtime_error("The folder " + folder_.string() + " cannot be written.");
   }
   markComplete(folder_);
+  isNew_ = false;
 }
 
 EmbeddedServer::~EmbeddedServer() {

@@ -21,14 +21,18 @@ class EmbeddedServer {
 
   const std::filesystem::path& folder() const { return folder_; }
 
-  // Between these two nothing is synchronised to the disk. The folder must hold no data yet: when
-  // the process dies before the second, the next start empties it.
+  // Whether the database was made by this object and nothing was loaded into it yet.
+  bool isNew() const { return isNew_; }
+
+  // Between these two nothing is synchronised to the disk. Only for a new database: when the
+  // process dies before the second, the next start empties the folder.
   void beginBulkLoad();
   void endBulkLoad();
 
  private:
   std::filesystem::path folder_;
   FolderLock lock_;
+  bool isNew_ = false;
   ErrorStream errors_;
 };
 

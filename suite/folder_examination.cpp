@@ -1,5 +1,8 @@
 #include "suite/folder_examination.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <fstream>
@@ -101,10 +104,12 @@ void prepareFolder(const fs::path& folder) {
 
 FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
   DatabaseCheck::removeStaleCopy(folder);
-  const bool wasIncomplete = isIncomplete(folder);
+  // A practice that was opened before was complete then: a mark has come back, as after a power
+  // failure or with a copy, and nothing is removed for it.
+  const bool wasIncomplete = policy.mayBeNew && isIncomplete(folder);
   if (wasIncomplete) removeIncompleteDatabase(folder);
   if (isEmpty(folder)) {
-    if (policy.mayBeNew || wasIncomplete) return FolderState::isNew;
+    if (policy.mayBeNew) return FolderState::isNew;
     throw std::runtime_error("The books of the practice are gone: the folder " + folder.string() +
                              " is empty. Restore the practice from a backup.");
   }
@@ -114,6 +119,7 @@ FolderState examine(const fs::path& folder, const ExaminationPolicy& policy) {
     }
   }
   if (!folder_fingerprint::matches(folder)) checkCopy(folder, policy);
+  markComplete(folder);
   definition_log::removeForeign(folder);
   return FolderState::isIntact;
 }
@@ -122,6 +128,13 @@ void markIncomplete(const fs::path& folder) {
   std::ofstream{folder / making};
   makePrivate(folder / making);
 }
-void markComplete(const fs::path& folder) { fs::remove(folder / making); }
+void markComplete(const fs::path& folder) {
+  if (!fs::remove(folder / making)) return;
+  // Come back after a power failure, the mark would stand for books.
+  const int file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (file < 0) return;
+  fsync(file);
+  close(file);
+}
 
 }  // namespace quillet::suite

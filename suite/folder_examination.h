@@ -26,7 +26,7 @@ struct ExaminationPolicy {
     return obstacle.mayOpen ? Choice::openUnexamined : Choice::leave;
   };
   std::function<void()> working = [] {};  // called several times a second meanwhile
-  bool mayBeNew = true;                   // false: an empty folder has lost its database
+  bool mayBeNew = true;                   // false: a folder without books has lost them
 };
 
 enum class FolderState {

@@ -52,7 +52,7 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
     database = Database::connect(*server);
   } else {
     ExaminationPolicy examination = policy.examination;
-    examination.mayBeNew = !kept.exist();
+    examination.mayBeNew = !kept.exist() && settings.areUnused();
     Waiting waiting(frontEnd);
     examination.working = [&] { waiting.step(); };
     database = Database::openEmbedded(folder.database(), examination);

@@ -150,6 +150,12 @@ void Settings::set(const std::string& section, const std::string& key, const std
   }
 }
 
+bool Settings::areUnused() const {
+  return stateOf(file_) == State::whole && std::ranges::all_of(entries_, [](const auto& entry) {
+           return entry.first == entryName("Suite", "TableCount");
+         });
+}
+
 std::optional<long> Settings::tableCount() const {
   const long wanted = std::strtol(get("Suite", "TableCount").c_str(), nullptr, 10);
   return wanted == 0 ? std::nullopt : std::optional(wanted);

@@ -30,6 +30,10 @@ class Settings {
   // As they are written.
   std::string text() const;
 
+  // Whether nothing but the making of the folder has written them. A practice of an earlier
+  // version, whose settings had no last line, was in use.
+  bool areUnused() const;
+
   // The settings that the suite itself reads.
   std::optional<long> tableCount() const;  // how many trial-balance tables there should be
   std::string companyName() const;

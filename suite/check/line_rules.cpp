@@ -86,7 +86,10 @@ class Lines {
   void checkPairs() {
     std::map<std::pair<Id, Id>, std::vector<std::size_t>> pairs;
     for (std::size_t at = 0; at < rows_.size(); ++at) {
-      pairs[{rows_[at].partid, rows_[at].allid}].push_back(at);
+      const LineRow& row = rows_[at];
+      // Which ledger or group was meant is not known; each may have been another one.
+      if (!masters_.hasLedger(row.partid) || !masters_.hasGroup(row.allid)) continue;
+      pairs[{row.partid, row.allid}].push_back(at);
     }
     for (const auto& [pair, lines] : pairs) {
       if (lines.size() > 1) checkPair(lines);

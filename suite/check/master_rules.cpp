@@ -86,18 +86,16 @@ void examinePrimaryGroups(Database& database, Examined& examined) {
   }
 }
 
-// Nothing is reckoned with such a row. Those of merged groups stay: they tell what was mapped.
+// The group may have been lost, and its mapping come to use again with it. That of a merged group
+// tells what was mapped.
 void examineMapping(Database& database, const Masters& masters, Examined& examined) {
-  const RecordsetPtr rows = database.query(std::string("select ") + rowIdColumn +
-                                           ",AllId,SVIMapName,ITMapName from AllGrp_Map");
+  const RecordsetPtr rows = database.query("select AllId from AllGrp_Map");
   for (; !rows->EOF_(); rows->MoveNext()) {
-    const Id group = rows->field(1) ? Id(rows->integer(1)) : Id();
+    const Id group = rows->field(0) ? Id(rows->integer(0)) : Id();
     if (masters.hadGroup(group)) continue;
-    examined.addMendable({"", {}, "AllGrp_Map"}, "mapping",
-                         "A mapping stands for " + masters.group(group) + ", which is not there.",
-                         "Mending removes the mapping.");
-    examined.changes.push_back(std::string("delete from AllGrp_Map where ") + rowIdColumn + '=' +
-                               number(*rows, 0));
+    examined.add({"", {}, "AllGrp_Map"}, "mapping",
+                 "A mapping stands for " + masters.group(group) + ", which is not there.",
+                 "A backup from before may tell what the group was.");
   }
 }
 

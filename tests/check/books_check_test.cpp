@@ -107,6 +107,11 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        "Line 2 (Cash under SALES, 7.00 Dr) has a number that another line has as well.\n"
        "    Mending gives it the number 3.\n",
        {"ledger", "group"}},
+      {"insert into TAB_2 values (3,'C1',null,1,5,1),(4,'C1',null,1,6,1),(5,'C1',77,1,7,1),"
+       "(6,'C1',77,1,8,1),(7,'C1',1,null,9,1),(8,'C1',1,null,10,1)",
+       {"ledger", "ledger", "ledger", "ledger", "group", "group"},
+       "Line 8 (Cash under no group, 10.00 Dr) stands under a group that is not",
+       {"ledger", "ledger", "ledger", "ledger", "group", "group"}},
       {"update TAB_2 set amt=-100.1 where srno=1",
        {"negative+"},
        "Line 1 (Cash under BANKS, -100.10 Dr) has a negative amount.\n"
@@ -199,7 +204,10 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        {"equal rows+", "several rows", "several rows", "several rows", "primary group"},
        "All clients\nThe group 1, BANKS, stands in the master once more.\n",
        {"several rows", "several rows", "several rows", "primary group"}},
-      {"update AllGrp_Map set AllId=77", {"mapping+"}, "A mapping stands for group 77"},
+      {"delete from Mast_AllGrp where ALLID=2;update AllGrp_Map set AllId=2",
+       {"mapping", "group", "group", "group", "group", "group", "group"},
+       "A mapping stands for group 2, which is not there.\n",
+       {"mapping", "group", "group", "group", "group", "group", "group"}},
   };
   for (const Damage& damage : damages) {
     SCOPED_TRACE(damage.sql);

@@ -297,12 +297,32 @@ std::string practice(const fs::path& folder, const std::string& sql,
   });
 }
 
+// Leaves an intact database that holds nothing.
+void loseTables(const fs::path& folder) {
+  inChild([&] {
+    Database::openEmbedded(folder)->execute("drop database quillet");
+    return std::string();
+  });
+}
+
 TEST_F(FolderTest, APracticeThatLostSomethingIsNotBegunAnew) {
   const DataFolder made = DataFolder::create(temporary.path() / "practice");
   Settings(made.settings()).set("Suite", "TableCount", "1");
   ASSERT_EQ(practice(made.root(), "insert into Mast_Part values(1,'Cash')"), "opened");
   const std::pair<std::function<void()>, const char*> cases[] = {
       {[&] { fs::remove_all(made.database()); }, "books of the practice are gone"},
+      {[&] {
+         fs::remove_all(made.database());
+         fs::remove(made.keptSettings());
+       },
+       "books of the practice are gone"},
+      {[&] {
+         fs::remove_all(made.database());
+         fs::remove(made.keptSettings());
+         std::ofstream(made.settings()) << Settings::firstLine << "\n[Suite]\nTableCount=1\n";
+       },
+       "books of the practice are gone"},
+      {[&] { loseTables(made.database()); }, "books of the practice are gone"},
       {[&] { fs::remove(made.settings()); }, "settings of the practice are gone"},
       {[&] { Settings(made.settings()).set("Suite", "FolderFormat", "99"); }, "newer Quillet"},
   };
@@ -315,6 +335,9 @@ TEST_F(FolderTest, APracticeThatLostSomethingIsNotBegunAnew) {
     fs::remove_all(made.root());
     fs::copy(aside, made.root(), fs::copy_options::recursive);
   }
+  std::ofstream(made.database() / "making") << "";
+  EXPECT_EQ(practice(made.root(), "do 1"), "opened") << "a mark that came back";
+  EXPECT_EQ(ledgers(made.database()), "Cash");
   fs::remove(made.settings());
   StartPolicy policy;
   policy.putSettingsBack = [](const std::string&) { return true; };
