@@ -2,8 +2,11 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
+#include <stdexcept>
+#include <system_error>
 
 #include "app/run_desktop.h"
 #include "suite/backup/backup.h"
@@ -18,8 +21,8 @@ namespace fs = std::filesystem;
 namespace backup = suite::backup;
 
 fs::path folderOf(const Options& options) {
-  return fs::absolute(options.data.empty() ? suite::DataFolder::standard() : options.data)
-      .lexically_normal();
+  return suite::DataFolder::pathOf(options.data.empty() ? suite::DataFolder::standard()
+                                                        : options.data);
 }
 
 // What a person reads afterwards.
@@ -39,6 +42,7 @@ std::string restored(const Options& options) {
 }  // namespace
 
 int runBackup(const Options& options) {
+  backup::finishRestore(folderOf(options));
   const auto folder = suite::DataFolder::open(folderOf(options));
   const fs::path file = fs::absolute(options.file).lexically_normal();
   if (!backup::requestBackup(folder.root(), file)) {
@@ -66,6 +70,9 @@ int runRestore(const Options& options) {
 void restartToRestore(const fs::path& file, const fs::path& folder) {
   execl("/proc/self/exe", "quillet", "--data", folder.c_str(), "restore", "--force", "--open",
         file.c_str(), static_cast<char*>(nullptr));
+  throw std::runtime_error("Quillet cannot be started anew to restore the backup: " +
+                           std::generic_category().message(errno) +
+                           ". Nothing was changed. Start it and try again.");
 }
 
 }  // namespace quillet::app

@@ -10,7 +10,7 @@ int runBackup(const Options& options);
 int runRestore(const Options& options);
 
 // Ends this program and starts it anew to bring the backup back and to open the window then.
-// Returns only when that fails.
+// Throws std::runtime_error when that fails.
 void restartToRestore(const std::filesystem::path& backup, const std::filesystem::path& folder);
 
 }  // namespace quillet::app

@@ -59,6 +59,11 @@ fs::path DataFolder::standard() {
   return fs::path(home) / ".local" / "share" / "quillet";
 }
 
+fs::path DataFolder::pathOf(const fs::path& named) {
+  const fs::path path = fs::absolute(named).lexically_normal();
+  return path.has_filename() ? path : path.parent_path();
+}
+
 bool DataFolder::isOne(const fs::path& path) {
   const DataFolder folder(path);
   return isOurs(folder.settings()) || isOurs(folder.keptSettings());
@@ -69,7 +74,7 @@ bool DataFolder::isThere(const fs::path& path) {
 }
 
 DataFolder DataFolder::create(const fs::path& path, Existing existing) {
-  DataFolder folder(fs::absolute(path).lexically_normal());
+  DataFolder folder(pathOf(path));
   if (isOne(folder.root())) {
     if (existing == Existing::refuse) {
       throw std::runtime_error("There is a data folder in " + folder.root().string() + " already.");
@@ -92,7 +97,7 @@ DataFolder DataFolder::create(const fs::path& path, Existing existing) {
 }
 
 DataFolder DataFolder::open(const fs::path& path) {
-  DataFolder folder(fs::absolute(path).lexically_normal());
+  DataFolder folder(pathOf(path));
   if (!isThere(folder.root())) {
     throw std::runtime_error("There is no data folder in " + folder.root().string() + ".");
   }

@@ -16,6 +16,8 @@ class DataFolder {
  public:
   // The folder used when none is named: in the user's data home.
   static std::filesystem::path standard();
+  // The absolute path of a folder as a person named it: plain, without a separator at the end.
+  static std::filesystem::path pathOf(const std::filesystem::path& named);
   // Whether a data folder of ours is there, by the settings or those kept.
   static bool isOne(const std::filesystem::path& path);
   // The same, also when nothing but the database tells it.
@@ -30,7 +32,7 @@ class DataFolder {
   // settings are gone is one.
   static DataFolder open(const std::filesystem::path& path);
 
-  // Absolute paths, without a separator at the end.
+  // Paths as by pathOf.
   const std::filesystem::path& root() const { return root_; }
   std::filesystem::path database() const { return root_ / "database"; }
   std::filesystem::path program() const { return root_ / "program"; }

@@ -27,22 +27,23 @@ long stored(Database& database) {
   }
 }
 
-void refuse(long number, const DataFolder& folder) {
+void refuse(long number, const std::filesystem::path& place) {
   if (number <= current) return;
-  throw std::runtime_error("The practice in " + folder.root().string() +
-                           " was opened by a newer Quillet (its format is " +
-                           std::to_string(number) + ", this program knows " +
-                           std::to_string(current) +
-                           "). Nothing was changed. Open it with the newer program.");
+  throw std::runtime_error(
+      "The practice in " + place.string() + " was opened by a newer Quillet (its format is " +
+      std::to_string(number) + ", this program knows " + std::to_string(current) +
+      "). Nothing was changed. Open it with the newer program.");
 }
 
 }  // namespace
 
-void refuseNewer(const Settings& settings, const DataFolder& folder) {
-  refuse(numberIn(settings.get(section, name)), folder);
+void refuseNewer(const Settings& settings, const std::filesystem::path& place) {
+  refuse(numberIn(settings.get(section, name)), place);
 }
 
-void refuseNewer(Database& database, const DataFolder& folder) { refuse(stored(database), folder); }
+void refuseNewer(Database& database, const DataFolder& folder) {
+  refuse(stored(database), folder.root());
+}
 
 bool isOlder(Database& database) {
   return stored(database) < current &&

@@ -3,6 +3,8 @@
 // database is opened, and in the database. It has nothing to do with the program's version.
 #pragma once
 
+#include <filesystem>
+
 #include "suite/data_folder.h"
 #include "suite/database.h"
 #include "suite/settings.h"
@@ -11,8 +13,8 @@ namespace quillet::suite::folder_format {
 
 inline constexpr long current = 1;
 
-// Throw std::runtime_error when a newer program has made the books.
-void refuseNewer(const Settings& settings, const DataFolder& folder);
+// Throw std::runtime_error when a newer program has made the books. `place` is told.
+void refuseNewer(const Settings& settings, const std::filesystem::path& place);
 void refuseNewer(Database& database, const DataFolder& folder);
 
 // Whether there are books that an earlier program has made.

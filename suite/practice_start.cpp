@@ -45,7 +45,7 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
     kept.putBack();
   }
   const Settings settings(folder.settings());
-  folder_format::refuseNewer(settings, folder);
+  folder_format::refuseNewer(settings, folder.root());
   std::unique_ptr<Database> database;
   if (auto server = serverIn(settings)) {
     server->mayBeNew = !kept.nameServer();

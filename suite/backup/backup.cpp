@@ -30,19 +30,24 @@ bool isBelow(const fs::path& path, const fs::path& folder) {
 }  // namespace
 
 void checkPlace(const DataFolder& folder, const fs::path& file) {
-  if (isBelow(file, folder.root())) {
+  // A part may be a link to elsewhere.
+  for (const fs::path& own :
+       {folder.root(), folder.database(), folder.program(), folder.documents()}) {
+    if (!isBelow(file, own)) continue;
     throw std::runtime_error(
         "A backup in the data folder would be lost with it. Choose a place outside of " +
-        folder.root().string() + ".");
+        own.string() + ".");
   }
   if (fs::exists(fs::symlink_status(file)) && !(fs::is_regular_file(file) && isBackup(file))) {
     throw std::runtime_error(
         file.string() + " is there and is not a backup. Nothing was changed; choose another name.");
   }
-  if (serverIn(Settings(folder.settings()))) {
-    throw std::runtime_error(
-        "The books of this practice are on a database server. Back them up there.");
-  }
+  refuseServer(folder.settings(), "Back them up there.");
+}
+
+void refuseServer(const fs::path& settings, const std::string& instead) {
+  if (!serverIn(Settings(settings))) return;
+  throw std::runtime_error("The books of this practice are on a database server. " + instead);
 }
 
 void write(const DataFolder& folder, const fs::path& file, const Progress& progress) {

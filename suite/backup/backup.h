@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <string>
 
 #include "suite/backup/packer.h"
 #include "suite/data_folder.h"
@@ -23,6 +24,9 @@ void write(const DataFolder& folder, const std::filesystem::path& file,
 // until this returns. Throws when it is in the middle of a transaction.
 void write(Database& database, const DataFolder& folder, const std::filesystem::path& file,
            const Progress& progress = {});
+
+// Throws std::runtime_error when the settings name a database server; `instead` says what to do.
+void refuseServer(const std::filesystem::path& settings, const std::string& instead);
 
 // Throws std::runtime_error when a backup cannot be written under this name: it lies in the folder
 // itself, or belongs to a file that is no backup.

@@ -69,12 +69,13 @@ std::string timeOf(const fs::path& file) {
   return text;
 }
 
-// Outside of the data folder, where a person finds it.
-fs::path proposal(const DataFolder& folder, const std::string& day) {
+// Outside of the data folder, where a person finds it. The time in it keeps it apart from the daily
+// ones, which are pruned.
+fs::path proposal(const DataFolder& folder, const std::string& time) {
   const char* home = std::getenv("HOME");
   const fs::path where =
       home != nullptr && *home != '\0' ? fs::path(home) : folder.root().parent_path();
-  return where / (folder.root().filename().string() + '-' + day + ending);
+  return where / (folder.root().filename().string() + '-' + stampOf(time) + ending);
 }
 
 }  // namespace
@@ -94,9 +95,9 @@ void BackupCommands::backUp() {
   if (busy()) return;
   const Working working(atWork_);
   FrontEnd& frontEnd = practice_.frontEnd();
-  const std::string day = practice_.environment().clock().now().substr(0, 10);
+  const std::string time = practice_.environment().clock().now();
   const auto named =
-      frontEnd.dialogs().saveFile(filter, proposal(practice_.folder(), day).string());
+      frontEnd.dialogs().saveFile(filter, proposal(practice_.folder(), time).string());
   if (!named) return;
   const fs::path file = withEnding(*named);
   try {
@@ -128,6 +129,11 @@ void BackupCommands::restore() {
   {
     const Working working(atWork_);
     FrontEnd& frontEnd = practice_.frontEnd();
+    try {
+      refuseServer(practice_.folder().settings(), "Restore them there.");
+    } catch (const std::exception& error) {
+      return tell(error.what(), Icon::critical);
+    }
     const auto named = frontEnd.openFile(filter, BackupPlace(practice_.folder()).folder().string());
     if (!named) return;
     file = *named;

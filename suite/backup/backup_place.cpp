@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
 #include <set>
 #include <stdexcept>
 #include <system_error>
@@ -25,10 +26,19 @@ long countOf(const Settings& settings, const char* key, long usual) {
   return std::min(std::strtol(text.c_str(), nullptr, 10), 10'000L);
 }
 
-// Several practices may keep their backups in one folder, also such as have the same name.
+// By which computers are told apart; "" where there is none.
+std::string machineId() {
+  std::string id;
+  std::getline(std::ifstream("/etc/machine-id"), id);
+  return id;
+}
+
+// Several practices may keep their backups in one folder, also such as have the same name, and the
+// same path on several computers.
 std::string ownName(const fs::path& root) {
   std::uint32_t hash = 2166136261U;  // FNV-1a
-  for (const char c : root.string()) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+  for (const char c : machineId() + root.string())
+    hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
   std::string digits;
   for (int shift = 28; shift >= 0; shift -= 4) digits += "0123456789abcdef"[hash >> shift & 15U];
   return root.filename().string() + '-' + digits;
@@ -46,11 +56,12 @@ void make(const fs::path& folder) {
   std::error_code error;
   if (fs::is_directory(folder, error)) return;
   fs::create_directory(folder, error);
-  if (!error) fs::permissions(folder, fs::perms::owner_all, error);
   if (error) {
     throw std::runtime_error("The folder " + folder.string() +
                              " cannot be made: " + error.message() + ".");
   }
+  // Not every disk for backups knows rights.
+  fs::permissions(folder, fs::perms::owner_all, error);
 }
 
 }  // namespace
@@ -69,10 +80,7 @@ fs::path BackupPlace::dailyFile(const std::string& day) const {
 }
 
 fs::path BackupPlace::fileBefore(const std::string& occasion, const std::string& time) const {
-  std::string stamp = time;
-  std::erase(stamp, ':');
-  std::replace(stamp.begin(), stamp.end(), ' ', '-');
-  return place_ / (name_ + "-before-" + occasion + '-' + stamp + ending);
+  return place_ / (name_ + "-before-" + occasion + '-' + stampOf(time) + ending);
 }
 
 void BackupPlace::prepare() const {
@@ -106,6 +114,12 @@ void BackupPlace::prune() const {
     }
   }
   for (const std::string& day : superfluous(days, days_, months_)) fs::remove(dailyFile(day));
+}
+
+std::string stampOf(std::string time) {
+  std::erase(time, ':');
+  std::replace(time.begin(), time.end(), ' ', '-');
+  return time;
 }
 
 std::vector<std::string> superfluous(std::vector<std::string> dates, long days, long months) {

@@ -40,6 +40,9 @@ class BackupPlace {
   long days_, months_;
 };
 
+// A time, as Clock::now tells it, for a file name.
+std::string stampOf(std::string time);
+
 // Of days written 2026-11-22 those that go: all but the last `days` of them and the last one of
 // each of the last `months` months.
 std::vector<std::string> superfluous(std::vector<std::string> dates, long days, long months);

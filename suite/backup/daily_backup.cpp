@@ -40,17 +40,25 @@ milliseconds DailyBackup::step() {
     }
   } catch (const std::exception& error) {
     forget();
-    tellOnce(error.what());
+    tellOnce(std::string("Today's backup was not made. ") + error.what());
   }
   if (part_) return untilPacked;
   return disturbed_ > 0 ? untilQuieter : untilNextDay;
 }
 
 // It is tried again all day; a person who has read the reason is left in peace.
-void DailyBackup::tellOnce(const std::string& reason) {
-  const std::string today = clock_.now().substr(0, 10) + reason;
-  if (std::exchange(told_, today) == today) return;
-  tell_("Today's backup was not made. " + reason);
+void DailyBackup::tellOnce(const std::string& text) {
+  const std::string today = clock_.now().substr(0, 10) + text;
+  if (std::exchange(told_, today) != today) tell_(text);
+}
+
+void DailyBackup::prune() {
+  try {
+    BackupPlace(folder_).prune();
+  } catch (const std::exception& error) {
+    tellOnce(std::string("Today's backup was made, but older ones could not be put away. ") +
+             error.what());
+  }
 }
 
 void DailyBackup::begin() {
@@ -62,7 +70,7 @@ void DailyBackup::begin() {
   if (disturbed_ >= mostDisturbed) {
     disturbed_ = 0;
     write(database_, folder_, file);
-    return place.prune();
+    return prune();
   }
   bringToRest(database_);
   before_ = restState(database_);
@@ -98,7 +106,7 @@ void DailyBackup::end() {
   forget();
   if (disturbed_ > 0) return;
   if (!failure.empty()) throw std::runtime_error(failure);
-  BackupPlace(folder_).prune();
+  prune();
 }
 
 void DailyBackup::forget() {

@@ -34,7 +34,8 @@ class DailyBackup {
   void begin();
   void end();
   void forget();
-  void tellOnce(const std::string& reason);
+  void prune();
+  void tellOnce(const std::string& text);
 
   Database& database_;
   const DataFolder& folder_;
@@ -45,7 +46,7 @@ class DailyBackup {
   std::atomic<bool> packed_ = false, unwanted_ = false;
   std::string failure_;  // the thread's, once packed_ is set
   std::string before_;   // the state of rest
-  std::string told_;     // the day and the reason last told
+  std::string told_;     // the day and the text last told
   int disturbed_ = 0;    // how often in a row
 };
 

@@ -14,9 +14,11 @@
 #include <system_error>
 #include <vector>
 
+#include "suite/backup/unpacker.h"
 #include "suite/backup/zstd_stream.h"
 #include "suite/folder_fingerprint.h"
 #include "suite/folder_lock.h"
+#include "suite/settings.h"
 
 namespace quillet::suite::backup {
 namespace {
@@ -30,15 +32,36 @@ bool isPassing(const fs::path& file) {
          name == "error.log" || name == "ibtmp1" || name.starts_with("#sql-temptable");
 }
 
-// The settings first: they tell a reader whose archive it is.
+// Without these there is no practice to restore.
+void requirePractice(const DataFolder& folder) {
+  using State = Settings::State;
+  const State state = Settings::stateOf(folder.settings());
+  if (state != State::whole && state != State::cut) {
+    throw std::runtime_error("The settings " + folder.settings().string() +
+                             " are not what Quillet wrote. Start Quillet, which can take those of"
+                             " the last start.");
+  }
+  if (!fs::is_regular_file(fs::symlink_status(folder.database() / "ibdata1"))) {
+    throw std::runtime_error("There are no books in " + folder.database().string() + ".");
+  }
+}
+
+// A part may lie elsewhere, and a link stand for it; a backup holds what is there. Other links are
+// left out, but no file of the database can be.
 std::vector<fs::path> contentsOf(const DataFolder& folder) {
+  // The settings first: they tell a reader whose archive it is.
   std::vector<fs::path> found{folder.settings()};
   for (const fs::path& part : {folder.database(), folder.program(), folder.documents()}) {
-    if (!fs::is_directory(fs::symlink_status(part))) continue;
+    if (!fs::is_directory(part)) continue;
     found.push_back(part);
     std::vector<fs::path> inside;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(part)) {
       const fs::file_status status = entry.symlink_status();
+      if (fs::is_symlink(status) && part == folder.database()) {
+        throw std::runtime_error("The database file " + entry.path().string() +
+                                 " is a link, which a backup cannot hold. Put the file itself"
+                                 " there, while Quillet is closed.");
+      }
       if (!fs::is_regular_file(status) && !fs::is_directory(status)) continue;
       if (part != folder.database() || !isPassing(entry.path())) inside.push_back(entry.path());
     }
@@ -50,8 +73,9 @@ std::vector<fs::path> contentsOf(const DataFolder& folder) {
 
 class Source {
  public:
-  explicit Source(const fs::path& path)
-      : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC)) {
+  Source(const fs::path& path, bool followsLink)
+      : path_(path),
+        descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC | (followsLink ? 0 : O_NOFOLLOW))) {
     if (descriptor_ < 0 || fstat(descriptor_, &state_) != 0) fail();
   }
   ~Source() {
@@ -128,7 +152,9 @@ class Archive {
   }
   void check(int result) {
     if (failure_) std::rethrow_exception(failure_);
-    if (result != ARCHIVE_OK) throw std::runtime_error(archive_error_string(archive_));
+    if (result == ARCHIVE_OK) return;
+    const char* reason = archive_error_string(archive_);
+    throw std::runtime_error(reason != nullptr ? reason : "The archive cannot be written.");
   }
   Compressor out_;
   std::exception_ptr failure_;
@@ -147,13 +173,14 @@ std::uintmax_t sizeOf(const std::vector<fs::path>& contents) {
 }  // namespace
 
 void pack(const DataFolder& folder, PartFile& file, const Progress& progress) {
+  requirePractice(folder);
   const std::vector<fs::path> contents = contentsOf(folder);
   const std::uintmax_t total = sizeOf(contents);
   std::uintmax_t done = 0;
   std::vector<char> buffer(pieceSize);
   Archive archive(file);
   for (const fs::path& path : contents) {
-    Source source(path);
+    Source source(path, path.parent_path() == folder.root() && path != folder.settings());
     archive.begin(path.lexically_relative(folder.root()).string(), source.state());
     if (!S_ISREG(source.state().st_mode)) continue;
     for (std::uintmax_t left = source.state().st_size; left > 0;) {
@@ -166,6 +193,10 @@ void pack(const DataFolder& folder, PartFile& file, const Progress& progress) {
     }
   }
   archive.finish();
+  verify(file.part(), [&] {
+    if (progress) progress(done, std::max(done, total));
+  });
+  file.synchronise();
 }
 
 }  // namespace quillet::suite::backup

@@ -21,8 +21,12 @@ class PartFile {
 
   // Throws as the constructor does.
   void write(std::string_view bytes) const;
-  // Synchronises the file and gives it its name.
+  // Brings what was written to the disk. Throws as above, and need not be on the window's thread.
+  void synchronise() const;
+  // Gives what is on the disk its name.
   void finish();
+  // The name that it has until then.
+  const std::filesystem::path& part() const { return part_; }
 
  private:
   [[noreturn]] void fail(int error) const;
@@ -32,6 +36,10 @@ class PartFile {
   int descriptor_ = -1;
   bool finished_ = false;
 };
+
+// Opens and locks what has this name; -1 with errno when it cannot. EWOULDBLOCK: another process
+// holds it. A file system without locks gives the file unlocked.
+int openLocked(const std::filesystem::path& path, int flags);
 
 // Synchronises the names in a folder, so that a renaming in it is durable.
 void synchroniseFolder(const std::filesystem::path& folder);

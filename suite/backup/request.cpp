@@ -67,9 +67,9 @@ bool isOwner(int socket) {
   return getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &other, &size) == 0 && other.uid == geteuid();
 }
 
-void tell(int socket, std::string_view text) {
-  // The asker may be gone.
-  send(socket, text.data(), std::min<std::size_t>(text.size(), 4000), MSG_NOSIGNAL);
+// Returns whether the other end is still there.
+bool tell(int socket, std::string_view text) {
+  return send(socket, text.data(), std::min<std::size_t>(text.size(), 4000), MSG_NOSIGNAL) >= 0;
 }
 
 // Nothing when none came in time; "" when the other end is gone.
@@ -112,7 +112,7 @@ void RequestSocket::answer(const std::function<void(const fs::path& file)>& work
   waitAtMost(asker, std::chrono::seconds(1));
   const std::optional<std::string> file = receive(asker);
   if (!file || !fs::path(*file).is_absolute()) return;
-  tell(asker, begun);
+  if (!tell(asker, begun)) return;  // gave up
   try {
     work(*file);
     tell(asker, done);

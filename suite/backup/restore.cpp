@@ -1,7 +1,6 @@
 #include "suite/backup/restore.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,12 +14,15 @@
 #include <string>
 #include <system_error>
 
+#include "suite/backup/backup.h"
 #include "suite/backup/part_file.h"
 #include "suite/backup/unpacker.h"
 #include "suite/data_folder.h"
 #include "suite/database_check.h"
 #include "suite/folder_fingerprint.h"
+#include "suite/folder_format.h"
 #include "suite/folder_lock.h"
+#include "suite/settings.h"
 
 namespace quillet::suite::backup {
 namespace {
@@ -59,15 +61,11 @@ void moveTo(const fs::path& from, const fs::path& to) {
 class Staging {
  public:
   explicit Staging(const fs::path& folder) : path_(besideOf(folder)) {
-    if (fs::exists(fs::symlink_status(path_)) && !fs::exists(path_ / marker)) {
+    hold(folder);
+    if (!fs::is_empty(path_) && !fs::exists(path_ / marker)) {
       moveTo(path_, nameToKeep(folder));
-    }
-    if (mkdir(path_.c_str(), 0700) != 0 && errno != EEXIST) failWith(path_, "made", errno);
-    descriptor_ = open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (descriptor_ < 0) failWith(path_, "made", errno);
-    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
       close(descriptor_);
-      throw std::runtime_error("Another Quillet is restoring " + folder.string() + " just now.");
+      hold(folder);
     }
     for (const fs::directory_entry& left : fs::directory_iterator(path_)) {
       if (left.path().filename() != marker) fs::remove_all(left.path());
@@ -89,12 +87,21 @@ class Staging {
   }
 
  private:
+  void hold(const fs::path& folder) {
+    if (mkdir(path_.c_str(), 0700) != 0 && errno != EEXIST) failWith(path_, "made", errno);
+    descriptor_ = openLocked(path_, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+    if (descriptor_ < 0 && errno == EWOULDBLOCK) {
+      throw std::runtime_error("Another Quillet is restoring " + folder.string() + " just now.");
+    }
+    if (descriptor_ < 0) failWith(path_, "made", errno);
+  }
+
   fs::path path_;
   int descriptor_ = -1;
 };
 
 bool holdsPractice(const fs::path& folder) {
-  return DataFolder::isOne(folder) || fs::is_directory(folder / "database");
+  return DataFolder::isThere(folder) || fs::exists(folder / "database" / "ib_logfile0");
 }
 
 bool isThere(const fs::path& folder) {
@@ -113,6 +120,8 @@ void checkTarget(const fs::path& folder, Present present) {
                              " already. Nothing was changed; name a new folder, or say --force to"
                              " put the backup in its place.");
   }
+  refuseServer(folder / "settings.ini",
+               "Restore them there, or name a new folder for this backup.");
 }
 
 void examineUnpacked(const fs::path& archive, const fs::path& database) {
@@ -149,8 +158,7 @@ fs::path exchange(const fs::path& fresh, const fs::path& folder) {
 }  // namespace
 
 fs::path restore(const fs::path& archive, const fs::path& target, Present present) {
-  fs::path folder = fs::absolute(target).lexically_normal();
-  if (!folder.has_filename()) folder = folder.parent_path();
+  const fs::path folder = DataFolder::pathOf(target);
   checkTarget(folder, present);
   std::optional<FolderLock> nobodyWorksThere;
   if (fs::is_directory(folder / "database")) nobodyWorksThere.emplace(folder / "database");
@@ -161,6 +169,7 @@ fs::path restore(const fs::path& archive, const fs::path& target, Present presen
 
   Staging staging(folder);
   unpack(archive, staging.path());
+  folder_format::refuseNewer(Settings(staging.path() / "settings.ini"), archive);
   examineUnpacked(archive, staging.path() / "database");
   staging.complete();
   fs::path kept;
@@ -174,7 +183,7 @@ fs::path restore(const fs::path& archive, const fs::path& target, Present presen
 }
 
 void finishRestore(const fs::path& target) {
-  const fs::path folder = fs::absolute(target).lexically_normal();
+  const fs::path folder = DataFolder::pathOf(target);
   const fs::path fresh = besideOf(folder);
   if (fs::exists(fs::symlink_status(folder)) || fs::exists(fresh / marker)) return;
   if (DataFolder::isOne(fresh)) moveTo(fresh, folder);

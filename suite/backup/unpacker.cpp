@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 #include <string>
@@ -63,6 +64,14 @@ void makeFolder(const fs::path& path) {
                            " cannot be made: " + std::generic_category().message(errno) + ".");
 }
 
+// With blanks around it, as the settings are read.
+bool isFirstLine(std::string line) {
+  line.resize(std::min(line.find('\n'), line.size()));
+  line.erase(line.find_last_not_of(" \t\r") + 1);
+  line.erase(0, line.find_first_not_of(" \t"));
+  return line == Settings::firstLine;
+}
+
 // The first of all entries tells whose archive it is.
 void checkSettings(ArchiveReader& reader, const fs::path& archive) {
   std::string text;
@@ -71,7 +80,7 @@ void checkSettings(ArchiveReader& reader, const fs::path& archive) {
       if (text.size() < 100) text += bytes.substr(0, 100);
     });
   }
-  if (text.starts_with(std::string(Settings::firstLine) + '\n')) return;
+  if (isFirstLine(text)) return;
   throw std::runtime_error("The file " + archive.string() + " is not a backup made by Quillet.");
 }
 
@@ -94,7 +103,7 @@ void synchronise(const fs::path& folder) {
 
 }  // namespace
 
-std::uintmax_t verify(const fs::path& archive) {
+std::uintmax_t verify(const fs::path& archive, const std::function<void()>& onTheWay) {
   ArchiveReader reader(archive);
   checkSettings(reader, archive);
   std::uintmax_t bytes = 0;
@@ -102,7 +111,9 @@ std::uintmax_t verify(const fs::path& archive) {
   while (const auto entry = reader.next()) {
     bytes += entry->size;
     if (entry->name == "database/ibdata1") hasDatabase = true;
-    reader.content([](std::string_view, std::uintmax_t) {});
+    reader.content([&](std::string_view, std::uintmax_t) {
+      if (onTheWay) onTheWay();
+    });
   }
   if (hasDatabase) return bytes;
   throw std::runtime_error("The backup " + archive.string() +

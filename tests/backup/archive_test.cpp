@@ -73,6 +73,36 @@ TEST_F(ArchiveTest, IsRefusedInsideOfATransaction) {
   EXPECT_FALSE(fs::exists(file));
 }
 
+// Each of these cannot be restored: it is told, and the older backup stays.
+TEST_F(ArchiveTest, IsMadeOfAWholePracticeOnly) {
+  backup::write(folder(), file);
+  const auto before = fs::last_write_time(file);
+  const fs::path database = folder().database(), elsewhere = temporary.path() / "elsewhere";
+  const fs::path kept = temporary.path() / "kept";
+  const std::pair<fs::path, std::function<void(const fs::path&)>> faults[] = {
+      {database, [](const fs::path& at) { fs::create_directory(at); }},
+      {database, [](const fs::path&) {}},
+      {database / "ibdata1", [](const fs::path&) {}},
+      {database / "ib_logfile0", [&](const fs::path& at) { fs::create_symlink(kept, at); }},
+      {folder().settings(), [](const fs::path& at) { std::ofstream{at}; }},
+      {folder().settings(), [](const fs::path& at) { std::ofstream(at) << "[Other]\n"; }},
+  };
+  for (const auto& [place, spoil] : faults) {
+    fs::rename(place, kept);
+    spoil(place);
+    EXPECT_NE(told([&] { backup::write(folder(), file); }), "") << place;
+    EXPECT_EQ(fs::last_write_time(file), before) << place;
+    fs::remove(place);
+    fs::rename(kept, place);
+  }
+  fs::rename(database, elsewhere);
+  fs::create_directory_symlink(elsewhere, database);
+  EXPECT_NE(told([&] { backup::write(folder(), elsewhere / "b.tar.zst"); }), "");
+  backup::write(folder(), file);
+  EXPECT_EQ(restore(file, other, backup::Present::refuse), "");
+  EXPECT_EQ(ledgersIn(other), "1 1-1");
+}
+
 // The older one stays whole, and no half one stays.
 TEST_F(ArchiveTest, TellsThatTheDiskIsFull) {
   backup::write(folder(), file);

@@ -76,7 +76,7 @@ class BackupTest : public ::testing::Test {
  private:
   suite::DataFolder folder_ = [&] {
     fs::copy(master->path() / "made", temporary.path() / "practice", fs::copy_options::recursive);
-    return suite::DataFolder::open(temporary.path() / "practice");
+    return suite::DataFolder::open(temporary.path() / "practice" / "");
   }();
 };
 

@@ -71,8 +71,11 @@ TEST_F(DailyTest, IsMadeOnceADayAndPutsOldOnesAway) {
   set("Days", "1");
   set("Months", "1");
   const fs::path place = BackupPlace(folder()).folder();
-  const Days others{"practice-2026-11-2.tar.zst", "practice-2026-11-20.tar",
-                    "other-2026-11-20.tar.zst", "practice-before-upgrade-2026-11-01.tar.zst",
+  const Days others{"practice-2026-11-2.tar.zst",
+                    "practice-2026-11-20.tar",
+                    "other-2026-11-20.tar.zst",
+                    "practice-2026-11-20-101500.tar.zst",
+                    "practice-before-upgrade-2026-11-01.tar.zst",
                     "notes.txt"};
   fs::create_directories(place);
   for (const std::string& name : others) std::ofstream(place / name) << "kept";
@@ -116,8 +119,14 @@ TEST_F(DailyTest, TellsWhyItWasNotMade) {
                        " for backups is not there. Is its disk connected?");
   EXPECT_FALSE(fs::exists(temporary.path() / "disk"));
   fs::create_directories(temporary.path() / "disk");
-  EXPECT_EQ(day(), "");
-  EXPECT_EQ(today().parent_path().parent_path(), temporary.path() / "disk");
+  // It is packed when its place goes: only the older ones are not put away.
+  const fs::path made = today();
+  EXPECT_NE(day([&](Database&, int) {
+              if (fs::exists(made.string() + ".quillet-part")) set("Folder", "gone");
+            }).find("was made, but"),
+            std::string::npos);
+  EXPECT_GT(backup::verify(made), 0U);
+  EXPECT_EQ(made.parent_path().parent_path(), temporary.path() / "disk");
 
   set("Folder", folder().documents().string());
   EXPECT_NE(day().find("outside of"), std::string::npos);

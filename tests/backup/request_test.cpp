@@ -37,7 +37,10 @@ std::string asked(const fs::path& folder, const Work& work) {
   pollfd waiting{socket.descriptor(), POLLIN, 0};
   EXPECT_EQ(poll(&waiting, 1, 5000), 1);
   if (work) socket.answer(work);
-  return asking.next();
+  const std::string reply = asking.next();
+  // Whoever gave up is not served any more.
+  socket.answer([](const fs::path&) { ADD_FAILURE(); });
+  return reply;
 }
 
 TEST(RequestTest, IsAnsweredInAFolderOfAnyLength) {

@@ -3,6 +3,7 @@
 
 #include "backup/backup_fixture.h"
 #include "suite/folder_lock.h"
+#include "suite/settings.h"
 
 namespace quillet::suite {
 namespace {
@@ -34,7 +35,7 @@ TEST_F(RestoreTest, TakesANewOrAnEmptyFolderAndReplacesAPracticeOnlyWhenTold) {
   EXPECT_EQ(restore(file, empty / "", Present::refuse), "");
   EXPECT_EQ(ledgersIn(empty), "1 1-1");
 
-  fs::create_directories(foreign);
+  fs::create_directories(foreign / "database");
   std::ofstream(foreign / "letter.txt") << "Dear";
   const fs::path root = folder().root();
   EXPECT_NE(told([&] { restore(file, foreign, Present::setAside); }).find("other files"),
@@ -45,6 +46,10 @@ TEST_F(RestoreTest, TakesANewOrAnEmptyFolderAndReplacesAPracticeOnlyWhenTold) {
     EXPECT_NE(told([&] { restore(file, root, Present::setAside); }).find("in use"),
               std::string::npos);
   }
+  Settings(folder().settings()).set("Server", "Host", "server");
+  EXPECT_NE(told([&] { restore(file, root, Present::setAside); }).find("database server"),
+            std::string::npos);
+  Settings(folder().settings()).set("Server", "Host", "");
   EXPECT_EQ(ledgersIn(root), "2 1-2");
 
   const fs::path kept = restore(file, root, Present::setAside);
@@ -56,7 +61,12 @@ TEST_F(RestoreTest, TakesANewOrAnEmptyFolderAndReplacesAPracticeOnlyWhenTold) {
   EXPECT_EQ(ledgersIn(root), "1 1-1");
 }
 
-TEST_F(RestoreTest, RefusesADatabaseThatIsDamaged) {
+TEST_F(RestoreTest, RefusesADatabaseThatIsDamagedOrOfANewerProgram) {
+  Settings(folder().settings()).set("Suite", "FolderFormat", "99");
+  backup::write(folder(), file);
+  EXPECT_NE(told([&] { restore(file, other, Present::refuse); }).find("a newer Quillet"),
+            std::string::npos);
+  Settings(folder().settings()).set("Suite", "FolderFormat", "");
   fs::resize_file(folder().database() / "ibdata1", 5 << 20);
   backup::write(folder(), file);
   EXPECT_NE(told([&] { restore(file, other, Present::refuse); }).find("is damaged"),
@@ -90,7 +100,7 @@ TEST_F(RestoreTest, IsCompletedWhereTwoFoldersCannotBeExchanged) {
   backup::finishRestore(folder().root());
   EXPECT_EQ(ledgersIn(folder().root()), "2 1-2");
   fs::rename(folder().root(), other);
-  backup::finishRestore(folder().root());
+  backup::finishRestore(folder().root() / "");
   EXPECT_EQ(ledgersIn(folder().root()), "1 1-1");
 }
 

@@ -3,6 +3,7 @@
 
 #include <fstream>
 
+#include "suite/backup/backup_place.h"
 #include "suite/backup/unpacker.h"
 #include "support/practice.h"
 
@@ -28,6 +29,9 @@ TEST_F(CommandsTest, BackUpWhereAPersonChooses) {
   dialogs.queueFile(std::nullopt);
   commands.backUp();
   EXPECT_EQ(messages().size(), 0U);
+  const std::string time = practice.environment().clock().now();
+  EXPECT_NE(dialogs.takePrompts().at(0).find(backup::stampOf(time) + ".tar.zst"),
+            std::string::npos);
   for (const char* name : {"mine", "mine.zst", "mine.tar.zst"}) {
     backUpTo(temporary.path() / name);
     EXPECT_NE(messages().at(0).find("was made"), std::string::npos) << name;
@@ -47,6 +51,11 @@ TEST_F(CommandsTest, BackUpWhereAPersonChooses) {
 
 TEST_F(CommandsTest, RestoreAsksFirstAndClosesTheForms) {
   backUpTo(file);
+  messages();
+  Settings(practice.folder().settings()).set("Server", "Host", "server");
+  commands.restore();
+  EXPECT_NE(messages().at(0).find("database server"), std::string::npos);
+  Settings(practice.folder().settings()).set("Server", "Host", "");
   std::ofstream(temporary.path() / "letter.tar.zst") << "Dear";
   practice.forms().ObjThird()->show();
   messages();
