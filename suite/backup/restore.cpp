@@ -185,8 +185,14 @@ fs::path restore(const fs::path& archive, const fs::path& target, Present presen
 void finishRestore(const fs::path& target) {
   const fs::path folder = DataFolder::pathOf(target);
   const fs::path fresh = besideOf(folder);
-  if (fs::exists(fs::symlink_status(folder)) || fs::exists(fresh / marker)) return;
-  if (DataFolder::isOne(fresh)) moveTo(fresh, folder);
+  const int held = openLocked(fresh, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+  if (held < 0) return;  // there is none, or it is being restored just now
+  const bool isLeft = !fs::exists(fs::symlink_status(folder)) && !fs::exists(fresh / marker) &&
+                      DataFolder::isOne(fresh);
+  const bool isDone = !isLeft || rename(fresh.c_str(), folder.c_str()) == 0;
+  const int error = errno;
+  close(held);
+  if (!isDone) failWith(fresh, "renamed", error);
 }
 
 }  // namespace quillet::suite::backup
