@@ -5,6 +5,8 @@
 #include <iostream>
 
 #include "app/new_folder.h"
+#include "app/start_questions.h"
+#include "suite/backup/restore.h"
 #include "suite/check/backup_first.h"
 #include "suite/check/check_report.h"
 #include "suite/clocks.h"
@@ -24,7 +26,8 @@ constexpr int impossible = 2;
 // A folder that is not there is not made for the sake of being examined.
 std::filesystem::path folderToCheck(const std::filesystem::path& named) {
   const auto path = named.empty() ? suite::DataFolder::standard() : named;
-  if (!suite::DataFolder::isOne(path)) {
+  suite::backup::finishRestore(path);
+  if (!suite::DataFolder::isThere(path)) {
     throw std::runtime_error("There is no data folder " + path.string() + ".");
   }
   return folderToOpen(path);
@@ -74,13 +77,31 @@ void mend(suite::Practice& practice) {
             << '\n';
 }
 
+// As a script opens it; sets `unexamined` where the database was not examined to its end.
+suite::StartPolicy noting(bool& unexamined) {
+  using Examination = suite::ExaminationPolicy;
+  suite::StartPolicy policy = scriptPolicy();
+  policy.examination.undecided =
+      [&unexamined, decide = policy.examination.undecided](const Examination::Obstacle& obstacle) {
+        const Examination::Choice choice = decide(obstacle);
+        unexamined = choice == Examination::Choice::openUnexamined;
+        return choice;
+      };
+  return policy;
+}
+
 int checkFolder(const Options& options) {
   suite::QueuedDialogs dialogs;
   suite::HeadlessFrontEnd frontEnd(dialogs);
   suite::SystemClock clock;
-  suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock);
+  bool unexamined = false;
+  suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock,
+                           noting(unexamined));
   check::Examination examination = examine(practice);
   std::cout << suite::textOf(check::reportOf(examination, practice.service()));
+  if (options.mend && unexamined) {
+    throw std::runtime_error("Nothing is mended in a database that was not examined to its end.");
+  }
   if (options.mend && examination.mendable() > 0 && confirmed(options)) {
     mend(practice);
     examination = examine(practice);

@@ -24,6 +24,7 @@ constexpr const char* charset = "utf8mb4";
 constexpr const char* collation = "utf8mb4_uca1400_as_ci";
 constexpr const char* simpleCollation = "utf8mb4_general_ci";
 constexpr long unknownCollation = 1273;
+constexpr unsigned unknownDatabase = 1049;
 
 // The rows stay where the client library put them.
 class StoredRows : public Recordset {
@@ -130,24 +131,23 @@ class Database::Impl {
     if (rows()->text(0) != charset) setCollation("alter database " + schema);
   }
 
-  // A lock of the server's, which goes with the connection.
+  // A lock of the server's, which goes with the connection. A server that has not noticed yet that
+  // our last connection is lost is told so.
   void holdSchema(const std::string& schema) {
-    const std::string lock = "lower('quillet." + schema + "')";
-    send("select get_lock(" + lock + ",0), is_used_lock(" + lock + ")");
-    const RecordsetPtr held = rows();
-    if (held->integer(0) == 1) return;
-    const std::string number = held->text(1);
-    send(
-        "select concat_ws('@',user,nullif(host,'')) from information_schema.processlist where "
-        "id='" +
-        number + '\'');
-    const RecordsetPtr holder = rows();
+    auto holder = holderOf(schema, 0);
+    if (holder && numbered(*holder) == own_) {
+      mysql_query(connection_, ("kill " + *holder).c_str());
+      holder = holderOf(schema, 2);
+    }
+    if (!holder) {
+      own_ = numbered(std::to_string(mysql_thread_id(connection_)));
+      return;
+    }
     throw std::runtime_error(
-        "Another station works with the database " + schema + " (" +
-        (holder->EOF_() ? "" : holder->text(0) + ", ") + "connection " + number +
-        "). Close Quillet there first. If that station is gone without an end, the server"
-        " frees the database by: kill " +
-        number);
+        "Another station works with the database " + schema + " (" + numbered(*holder) +
+        "). Close Quillet there first. If that station is gone without an end, or its connection"
+        " was lost a moment ago, the server frees the database by: kill " +
+        *holder);
   }
   bool hasTables() {
     send("select exists(select 1 from information_schema.tables where table_schema=database())");
@@ -164,6 +164,23 @@ class Database::Impl {
   void renew();
 
  private:
+  // Takes the lock, or tells the number of the connection that has it after so many seconds.
+  std::optional<std::string> holderOf(const std::string& schema, int seconds) {
+    const std::string lock = "lower('quillet." + schema + "')";
+    send("select get_lock(" + lock + ',' + std::to_string(seconds) + "), is_used_lock(" + lock +
+         ")");
+    const RecordsetPtr held = rows();
+    return held->integer(0) == 1 ? std::nullopt : std::optional(held->text(1));
+  }
+  // "user@host:port, connection 7"
+  std::string numbered(const std::string& number) {
+    send(
+        "select concat_ws('@',user,nullif(host,'')) from information_schema.processlist where "
+        "id='" +
+        number + '\'');
+    const RecordsetPtr station = rows();
+    return (station->EOF_() ? "" : station->text(0) + ", ") + "connection " + number;
+  }
   void prepare() {
     connection_ = mysql_init(nullptr);
     if (connection_ == nullptr) throw std::bad_alloc();
@@ -186,6 +203,7 @@ class Database::Impl {
   std::unique_ptr<EmbeddedServer> server_;  // outlives the connection
   std::optional<Server> remote_;
   MYSQL* connection_ = nullptr;
+  std::string own_;  // the last connection that held the schema
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -227,6 +245,10 @@ void Database::Impl::connectTo(const Server& server) {
       " session tx_isolation='READ-COMMITTED'");  // a practice stays open for days
   holdSchema(server.schema);
   const bool isThere = mysql_select_db(connection_, server.schema.c_str()) == 0;
+  if (!isThere && mysql_errno(connection_) != unknownDatabase) {
+    throw std::runtime_error("The database " + server.schema + " on the server " + server.host +
+                             " cannot be opened: " + mysql_error(connection_));
+  }
   if (!server.mayBeNew && (!isThere || !hasTables())) {
     throw std::runtime_error("The books of the practice are gone: the database " + server.schema +
                              " on the server " + server.host +

@@ -154,22 +154,22 @@ void silence() {
 }
 
 // What opens with this opens in the program too, which needs more.
-void leaveMemoryFree() {
-  constexpr rlim_t margin = 128U << 20;
+constexpr rlim_t margin = 128U << 20;
+void leaveMemoryFree(rlim_t most) {
   rlimit memory{};
   if (getrlimit(RLIMIT_AS, &memory) != 0 || memory.rlim_cur == RLIM_INFINITY) return;
-  memory.rlim_cur -= std::min(memory.rlim_cur, margin);
+  memory.rlim_cur -= std::min(memory.rlim_cur, most);
   setrlimit(RLIMIT_AS, &memory);
 }
 
 // Whether the server starts at all here: when it does not even on an empty folder, the files are
-// not to blame.
+// not to blame. That takes less memory than files do, so it gets less.
 bool startsElsewhere(const fs::path& empty) {
   std::error_code ignored;
   fs::remove_all(empty, ignored);
   const auto started = runInChild([&] {
     silence();
-    leaveMemoryFree();
+    leaveMemoryFree(margin + (48U << 20));
     umask(077);
     fs::create_directory(empty);
     return std::string(startServerLibrary(empty) ? "yes" : "");
@@ -198,7 +198,7 @@ DatabaseCheck::DatabaseCheck(const fs::path& folder) : copy_(copyOf(folder)) {
     }
     child_.emplace([&](const ChildProcess::Tell& tell) {
       silence();
-      leaveMemoryFree();
+      leaveMemoryFree(margin);
       umask(077);
       try {
         copyFolder(folder, copy_);

@@ -22,9 +22,13 @@ FolderLock::FolderLock(const std::filesystem::path& folder) {
                              " cannot be written: " + std::generic_category().message(errno) + ".");
   }
   if (flock(file_, LOCK_EX | LOCK_NB) != 0) {
+    const int error = errno;
     close(file_);
     throw std::runtime_error("The folder " + folder.string() +
-                             " is in use by another running Quillet. Close that one first.");
+                             (error == EWOULDBLOCK
+                                  ? " is in use by another running Quillet. Close that one first."
+                                  : " cannot be locked: " + std::generic_category().message(error) +
+                                        ". Quillet needs a disk that can lock files."));
   }
 }
 

@@ -29,6 +29,8 @@ std::string KeptSettings::loss() const {
   switch (Settings::stateOf(folder_.settings())) {
     case State::missing:
       return "The settings of the practice are gone: there is no file " + file + ".";
+    case State::unreadable:
+      return "The settings of the practice cannot be read: the file " + file + '.';
     case State::empty:
       return "The settings of the practice are lost: the file " + file + " is empty.";
     case State::foreign:
@@ -47,12 +49,19 @@ std::string KeptSettings::loss() const {
          "), but the file " + file + " names none any more.";
 }
 
+bool KeptSettings::areOffered() const {
+  return kept_ && Settings::stateOf(folder_.settings()) != State::unreadable;
+}
+
 bool KeptSettings::isReadable() const {
   const State state = Settings::stateOf(folder_.settings());
   return state == State::whole || state == State::cut;
 }
 
 std::string KeptSettings::remedy() const {
+  if (Settings::stateOf(folder_.settings()) == State::unreadable) {
+    return "The books were not touched. Make the file your own and readable, as with: chmod u+rw.";
+  }
   if (!kept_) {
     return "The books were not touched. Bring settings.ini back from a backup. If there is none, "
            "and"

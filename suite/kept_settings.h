@@ -24,6 +24,8 @@ class KeptSettings {
   // Whether the practice was opened before.
   bool exist() const { return kept_.has_value(); }
   bool nameServer() const;
+  // Whether they can take the place of what was lost. A file that cannot be read is not lost.
+  bool areOffered() const;
   // Takes the place of the settings, which are kept beside as "settings.ini.bad".
   void putBack() const;
   void keep(const Settings& settings) const;

@@ -103,7 +103,12 @@ void Settings::read() {
 
 Settings::State Settings::stateOf(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);
-  if (!stream) return State::missing;
+  if (!stream) {
+    std::error_code error;
+    const bool isThere =
+        std::filesystem::status(file, error).type() != std::filesystem::file_type::not_found;
+    return isThere ? State::unreadable : State::missing;
+  }
   std::string line;
   if (!std::getline(stream, line)) return State::empty;
   if (stripped(line) != firstLine) return State::foreign;

@@ -17,7 +17,7 @@ class Settings {
   // The last one, without which the file is cut off.
   static constexpr const char* lastLine = "; end of the settings";
 
-  enum class State { missing, empty, foreign, cut, whole };
+  enum class State { missing, unreadable, empty, foreign, cut, whole };
   static State stateOf(const std::filesystem::path& file);
 
   // Reads the file; a missing one gives no settings.

@@ -73,7 +73,8 @@ void mend(Database& database, const std::string& what, Examine examine, Figures 
     transaction.commit();
     mending.mended += mendableIn(examined.findings);
   } catch (const std::exception& error) {
-    mending.failed.push_back(what + " stays as it was: " + error.what() + '.');
+    const std::string why = error.what();
+    mending.failed.push_back(what + " stays as it was: " + why + (why.ends_with('.') ? "" : "."));
   }
 }
 

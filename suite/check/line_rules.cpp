@@ -10,6 +10,7 @@
 #include "books/lines.h"
 #include "data/sql.h"
 #include "suite/check/amounts.h"
+#include "suite/check/free_numbers.h"
 #include "suite/schema_tables.h"
 
 namespace quillet::suite::check {
@@ -124,18 +125,19 @@ class Lines {
   }
 
   void checkNumbers() {
-    long highest = 0;
-    for (const LineRow& row : rows_) highest = std::max(highest, row.srno.value_or(0));
+    FreeNumbers free;
+    for (const LineRow& row : rows_) free.take(row.srno.value_or(0));
     std::set<long> taken;
     for (LineRow& row : rows_) {
       if (gone_.contains(row.rowId)) continue;
       if (row.srno && *row.srno > 0 && taken.insert(*row.srno).second) continue;
+      const long number = free.next();
       examined_.addMendable(
           place_, "number",
           said(row) + (row.srno.value_or(0) > 0 ? " has a number that another line has as well."
                                                 : " has no valid number."),
-          "Mending gives it the number " + std::to_string(highest + 1) + '.');
-      row.srno = ++highest;
+          "Mending gives it the number " + std::to_string(number) + '.');
+      row.srno = number;
     }
   }
 

@@ -8,21 +8,21 @@ namespace {
 // A master: its table, the columns of id and name, and what one of its rows is called.
 struct Master {
   std::string table, id, name, kind;
-  std::string equal;    // the columns in which equal rows agree
+  std::string equal;    // what equal rows agree in, to the byte
   std::string several;  // what helps when one id has several names
   std::string alike;    // what helps when several ids have one name; "" when they may
 };
 
 const Master all[] = {
-    {"Mast_Part", "PartId", "Particular", "ledger", "PartId,Particular",
+    {"Mast_Part", "PartId", "Particular", "ledger", "PartId,binary Particular",
      "\"Refresh Data\" on the home form keeps one of them.",
      "Link them in the ledger master, or rename one."},
-    {"Mast_AllGrp", "ALLID", "ALLGRP", "group", "ALLID,GID,ALLGRP,UserGrp",
+    {"Mast_AllGrp", "ALLID", "ALLGRP", "group", "ALLID,GID,binary ALLGRP,UserGrp",
      "A backup from before may tell which is right.",
      "Merge them in the group master, or rename one."},
-    {"Mast_Gunder", "GId", "Gunder", "primary group", "GId,Gunder,ggid",
+    {"Mast_Gunder", "GId", "Gunder", "primary group", "GId,binary Gunder,ggid",
      "A backup from before may tell which is right.", ""},
-    {"RawMatGrpM", "GrpId", "GrpHead", "raw-material heading", "GrpId,GrpHead,GrpType",
+    {"RawMatGrpM", "GrpId", "GrpHead", "raw-material heading", "GrpId,binary GrpHead,GrpType",
      "A backup from before may tell which is right.", ""},
 };
 
@@ -34,11 +34,10 @@ std::string number(const Recordset& rows, int column) {
 void examineEqualRows(Database& database, const Master& master, const Place& place,
                       Examined& examined) {
   const std::string key = rowIdColumn;
-  const RecordsetPtr rows = database.query(
-      "select m." + key + ",m." + master.id + ",m." + master.name + " from " + master.table +
-      " m join (select min(" + key + ") first," + master.equal + " from " + master.table +
-      " group by " + master.equal + " having count(*)>1) d using (" + master.equal + ") where m." +
-      key + ">d.first");
+  const RecordsetPtr rows =
+      database.query("select * from (select " + key + ',' + master.id + ',' + master.name +
+                     ",row_number() over (partition by " + master.equal + " order by " + key +
+                     ") nth from " + master.table + ") m where nth>1 order by " + key);
   for (; !rows->EOF_(); rows->MoveNext()) {
     examined.addMendable(place, "equal rows",
                          "The " + master.kind + ' ' + number(*rows, 1) + ", " + rows->text(2) +
@@ -50,9 +49,10 @@ void examineEqualRows(Database& database, const Master& master, const Place& pla
 }
 
 void examineIds(Database& database, const Master& master, const Place& place, Examined& examined) {
-  const RecordsetPtr rows = database.query(
-      "select " + master.id + ",group_concat(distinct " + master.name + " separator ', ') from " +
-      master.table + " group by " + master.id + " having count(distinct " + master.equal + ")>1");
+  const RecordsetPtr rows =
+      database.query("select " + master.id + ",convert(group_concat(distinct binary " +
+                     master.name + " separator ', ') using utf8mb4) from " + master.table +
+                     " group by " + master.id + " having count(distinct " + master.equal + ")>1");
   for (; !rows->EOF_(); rows->MoveNext()) {
     examined.add(place, "several rows",
                  "The " + master.kind + ' ' + number(*rows, 0) +

@@ -14,11 +14,6 @@ namespace {
 
 constexpr const char* registry = "master";
 
-bool areKeys(const YearKeys& keys) {
-  const int first = yearOf(keys.first);
-  return first > 0 && keys.first == firstDateKey(first) && keys.second == secondDateKey(first + 1);
-}
-
 // The client and the registry's own table: what is wrong with the entry itself.
 Place entryOf(const Place& place) { return {place.client, place.year, registry}; }
 
@@ -29,6 +24,11 @@ bool isName(const std::string& table) {
 }
 
 }  // namespace
+
+bool areKeys(const YearKeys& keys) {
+  const int first = yearOf(keys.first);
+  return first > 0 && keys.first == firstDateKey(first) && keys.second == secondDateKey(first + 1);
+}
 
 RegisteredYears::RegisteredYears(Database& database, ServiceObject& host) : host_(host) {
   const RecordsetPtr rows = database.query(std::string("select m.") + rowIdColumn +

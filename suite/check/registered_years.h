@@ -12,6 +12,9 @@
 
 namespace quillet::suite::check {
 
+// "01042008" and "31032009": the days on which a year begins and ends.
+bool areKeys(const YearKeys& keys);
+
 class RegisteredYears {
  public:
   RegisteredYears(Database& database, ServiceObject& host);

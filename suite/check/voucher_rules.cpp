@@ -9,6 +9,8 @@
 
 #include "data/year.h"
 #include "suite/check/amounts.h"
+#include "suite/check/free_numbers.h"
+#include "suite/check/registered_years.h"
 #include "suite/format.h"
 #include "suite/schema_tables.h"
 
@@ -86,6 +88,7 @@ class Vouchers {
       report("parts", first, "has lines with different dates or narrations.",
              "Modify it and save it anew.");
     }
+    if (!areKeys(place_.year)) return;  // said already
     const std::string begin = std::to_string(yearOf(place_.year.first)) + "-04-01";
     const std::string end = std::to_string(yearOf(place_.year.second)) + "-03-31";
     if (first.date < begin || end < first.date) {
@@ -145,13 +148,13 @@ void examineVouchers(const Masters& masters, const Place& place, std::vector<Vou
 
 void examineVoucherNumbers(const std::vector<ClientVouchers>& journals, Examined& examined) {
   std::map<long, const ClientVouchers*> owners;
-  long highest = 0;
+  FreeNumbers free;
   const auto takeAll = [&](bool registered) {
     for (const ClientVouchers& journal : journals) {
       for (const VoucherRow& row : journal.rows) {
         if (!row.vid || journal.registered != registered) continue;
         owners.try_emplace(*row.vid, &journal);
-        highest = std::max(highest, *row.vid);
+        free.take(*row.vid);
       }
     }
   };
@@ -161,12 +164,12 @@ void examineVoucherNumbers(const std::vector<ClientVouchers>& journals, Examined
     std::map<long, long> given;  // number to new number
     for (const VoucherRow& row : journal.rows) {
       if (!row.vid || !journal.registered || owners.at(*row.vid) == &journal) continue;
-      const auto [at, isNew] = given.try_emplace(*row.vid, highest + 1);
+      const auto [at, isNew] = given.try_emplace(*row.vid, 0);
       if (isNew) {
-        ++highest;
+        at->second = free.next();
         examined.addMendable(journal.place, "shared voucher",
                              said(row) + " has the number of another client's voucher.",
-                             "Mending gives it the number " + std::to_string(highest) + '.');
+                             "Mending gives it the number " + std::to_string(at->second) + '.');
       }
       examined.changes.push_back(change(journal.place.table, "VID", at->second, row));
     }

@@ -112,6 +112,7 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        {"ledger", "ledger", "ledger", "ledger", "group", "group"},
        "Line 8 (Cash under no group, 10.00 Dr) stands under a group that is not",
        {"ledger", "ledger", "ledger", "ledger", "group", "group"}},
+      {"update TAB_2 set srno=2147483647", {"number+"}, "Mending gives it the number 1.\n"},
       {"update TAB_2 set amt=-100.1 where srno=1",
        {"negative+"},
        "Line 1 (Cash under BANKS, -100.10 Dr) has a negative amount.\n"
@@ -184,7 +185,7 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        {"registered twice"},
        "in two tables or with different dates",
        {"registered twice"}},
-      {"update master set f_yr='0104200x' where code_no='C2'", {"year"}, "\"0104200x\"", {"year"}},
+      {"update master set s_yr='3103200x' where code_no='C2'", {"year"}, "\"3103200x\"", {"year"}},
       {"update master set tbl_nm='TAB_77' where code_no='C2'",
        {"unregistered", "unregistered", "table number", "missing table"},
        "Tables of the year are missing: TAB_77, JRNL_77, TRADE_77, ",
@@ -195,10 +196,14 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        "with the table TAB_1, which is also that of 2008-2009.\n",
        {"shared table", "table"}},
       // --- the masters
-      {"insert into Mast_Part values (1,'CASH'),(2,'Turnover'),(3,'sales')",
+      {"insert into Mast_Part values (1,'Cash'),(2,'Turnover'),(3,'sales')",
        {"equal rows+", "several rows", "equal names"},
-       "The ledger 1, CASH, stands in the master once more.\n",
+       "The ledger 1, Cash, stands in the master once more.\n",
        {"several rows", "equal names"}},
+      {"insert into Mast_Part values (1,'CASH')",
+       {"several rows"},
+       "The ledger 1 stands in the master several times: CASH, Cash.\n",
+       {"several rows"}},
       {"insert into Mast_AllGrp values (1,1,'BANKS','Y'),(2,7,'SALES','Y');"
        "insert into Mast_Gunder values (1,'ASSETS',2);insert into RawMatGrpM values (1,'Wool',1)",
        {"equal rows+", "several rows", "several rows", "several rows", "primary group"},

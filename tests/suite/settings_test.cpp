@@ -129,6 +129,12 @@ TEST_F(SettingsTest, TellsWhatWasLost) {
     EXPECT_EQ(KeptSettings(made).loss(), "");
     EXPECT_EQ(serverIn(Settings(made.settings())).has_value(), kept.find("Host") != kept.npos);
   }
+  fs::remove(made.settings());
+  fs::create_symlink(made.settings(), made.settings());
+  const KeptSettings beside(made);
+  EXPECT_TRUE(beside.exist());
+  EXPECT_FALSE(beside.areOffered()) << "it may be there";
+  EXPECT_NE(beside.loss().find("cannot be read"), std::string::npos) << beside.loss();
 }
 
 class DataFolderTest : public ::testing::Test {
