@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <clocale>
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
@@ -50,6 +51,8 @@ int run(const Options& options) {
 int main(int argc, char** argv) {
   // Text is UTF-8 and numbers have a decimal point, whatever the user's locale.
   std::setlocale(LC_CTYPE, "C.UTF-8");
+  // A file that grows beyond a limit is an error that is told, and not the end.
+  std::signal(SIGXFSZ, SIG_IGN);
   // What we write we can read again.
   umask(umask(077) & 077);
   try {

@@ -34,6 +34,10 @@ suite::StartPolicy askingPolicy(Dialogs& dialogs) {
   policy.examination.undecided = [&dialogs](const Examination::Obstacle& obstacle) {
     return ask(dialogs, obstacle);
   };
+  policy.makeLostTables = [&dialogs](const std::string& loss) {
+    return dialogs.MsgBox({loss + "\n\nGo on without, with empty tables in their place?", "Quillet",
+                           Buttons::YesNo, Icon::exclamation, Answer::No}) == Answer::Yes;
+  };
   policy.putSettingsBack = [&dialogs](const std::string& loss) {
     return dialogs.MsgBox({loss + "\n\nThe books were not touched. Take the settings of the last"
                                   " start?",

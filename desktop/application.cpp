@@ -48,7 +48,11 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   windows_.onLastClosed = [this] {
     if (running_) QCoreApplication::exit(0);
   };
-  notices().onChanged = [this] { windows_.setNotices(notices().open()); };
+  notices().onChanged = [this] {
+    windows_.setNotices(notices().open());
+    const bool seen = windows_.front() || notices().open().empty();
+    unseen_ = seen ? std::string() : notices().open().back();
+  };
   windows_.onNoticesClosed = [this] { notices().close(); };
   windows_.onHelp = [this](Form& form) {
     const HelpTopic* topic = helpOfForm(form.name());
@@ -76,7 +80,10 @@ void Application::setTheme(theme::Scheme scheme) { theme::apply(scheme); }
 int Application::run() {
   if (!windows_.front()) return 0;
   const QScopedValueRollback<bool> running(running_, true);
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  // What failed as the last window closed.
+  if (!unseen_.empty()) own_.MsgBox({unseen_, "Quillet", Buttons::OK, Icon::exclamation});
+  return status;
 }
 
 void Application::pump(int pauseMs) {

@@ -94,6 +94,7 @@ class Application : public suite::FrontEnd {
   QPointer<ReportWindow> report_;
   QDate printDate_;
   bool running_ = false;
+  std::string unseen_;  // a notice that came when no window was left
 };
 
 }  // namespace quillet::desktop

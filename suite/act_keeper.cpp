@@ -28,7 +28,7 @@ void ActKeeper::follow(Context& context) {
   Acts& acts = context.openForms.acts;
   unit_.follow([&acts] { return acts.running(); });
   unit_.onKept = [this, &context] {
-    stored_ = true;
+    stored_ = keptPart_ = true;
     context.kept();
   };
   acts.onEnded = [this] { ended(); };
@@ -45,7 +45,8 @@ void ActKeeper::leave() {
 void ActKeeper::trapped(const std::string& where, const std::exception& error) {
   const std::string text = (where.empty() ? std::string() : where + ": ") +
                            "what was asked for was not done, or not wholly. " +
-                           sentence(error.what()) + inLog;
+                           sentence(error.what()) +
+                           " Please look at what is stored before you enter it again." + inLog;
   if (context_ == nullptr || !context_->openForms.acts.running()) return tell(text);
   if (trapped_.empty()) trapped_ = text;
 }
@@ -65,31 +66,39 @@ void ActKeeper::endAct() {
     removeFiles();
     unit_.end();
     watchDisk();
+    keptPart_ = false;
   } catch (const std::exception& error) {
     context_->openForms.onError("suite\tACT_ENDED", error);
   }
 }
 
 void ActKeeper::endUnit() {
-  const std::optional<std::string> reason = unit_.end();
-  if (!reason) return;
-  // What the act's procedures trapped follows from this.
-  trapped_.clear();
-  tellTakenBack(*reason);
+  const bool keptPart = keptPart_;
+  const auto takenBack = unit_.end();
+  if (!takenBack) return;
+  tellTakenBack(*takenBack, keptPart);
   try {
     unit_.renewConnection();
   } catch (const std::exception& error) {
     tell(sentence(error.what()) + " Whatever is done next tries to connect again.");
   }
+  // Nobody is to enter twice what may stand: nothing is shown again to be saved.
+  if (takenBack->uncertain) context_->kept();
   context_->takenBack();
   unit_.end();
 }
 
-void ActKeeper::tellTakenBack(const std::string& reason) {
-  context_->openForms.onError("suite\tACT_TAKEN_BACK", std::runtime_error(reason));
+void ActKeeper::tellTakenBack(const UnitOfWork::TakenBack& takenBack, bool keptPart) {
+  context_->openForms.onError("suite\tACT_TAKEN_BACK", std::runtime_error(takenBack.reason));
+  // What the act's procedures trapped follows from this.
   trapped_.clear();
-  tell("Nothing of the last step was stored; everything is as it was before. " + sentence(reason) +
-       inLog);
+  tell((takenBack.uncertain
+            ? "It is not known whether the last step was stored. Please look before you enter it "
+              "again. "
+        : keptPart ? "What followed the last message or question was not stored; what came before "
+                     "it stands. "
+                   : "Nothing of the last step was stored; everything is as it was before. ") +
+       sentence(takenBack.reason) + inLog);
 }
 
 void ActKeeper::removeFiles() {

@@ -31,7 +31,7 @@ class ActKeeper {
   void ended() noexcept;
   void endAct();
   void endUnit();
-  void tellTakenBack(const std::string& reason);
+  void tellTakenBack(const UnitOfWork::TakenBack& takenBack, bool keptPart);
   void removeFiles();
   void watchDisk();
   void tell(const std::string& text);
@@ -42,8 +42,9 @@ class ActKeeper {
   Notices& notices_;
   Clock& clock_;
   Context* context_ = nullptr;
-  bool stored_ = true;   // something was since the disk was looked at
-  std::string trapped_;  // what the first error of the running act was, "" when there was none
+  bool stored_ = true;     // something was since the disk was looked at
+  bool keptPart_ = false;  // a part of the running act stands, told or asked about
+  std::string trapped_;    // what the first error of the running act was, "" when there was none
 };
 
 }  // namespace quillet::suite

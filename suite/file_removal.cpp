@@ -9,6 +9,8 @@
 #include <system_error>
 #include <utility>
 
+#include "data/text.h"
+
 namespace quillet::suite {
 namespace {
 
@@ -47,7 +49,8 @@ FileRemoval::FileRemoval(UnitOfWork& unit, fs::path documents)
 
 bool FileRemoval::remove(const fs::path& file) {
   const fs::path name = file.lexically_relative(documents_);
-  if (!leadsBelow(documents_, name)) return false;
+  // A name in another encoding cannot be kept in the table.
+  if (!leadsBelow(documents_, name) || !isUtf8(name.string())) return false;
   unit_.execute("insert into SuiteRemoval(File,Identity) values('" + unit_.escape(name.string()) +
                 "','" + unit_.escape(identityOf(file)) + "')");
   asked_ = true;

@@ -1,12 +1,15 @@
 #include "suite/practice_start.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "suite/backup/backup.h"
 #include "suite/backup/backup_place.h"
 #include "suite/folder_format.h"
 #include "suite/kept_settings.h"
+#include "suite/lost_tables.h"
 #include "suite/server_settings.h"
 
 namespace quillet::suite {
@@ -59,6 +62,17 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
   }
   folder_format::refuseNewer(*database, folder);
   return database;
+}
+
+void noticeLostTables(Database& database, const DataFolder& folder, const StartPolicy& policy) {
+  const std::vector<std::string> lost = lostTables(database);
+  if (lost.empty()) return;
+  constexpr std::size_t named = 6;
+  std::string text = "Tables of the practice in " + folder.root().string() + " are gone:";
+  for (std::size_t i = 0; i < std::min(named, lost.size()); ++i) text += ' ' + lost[i];
+  if (lost.size() > named) text += " and " + std::to_string(lost.size() - named) + " more";
+  text += ". What they held is not in the books any more. Restore a backup.";
+  if (!policy.makeLostTables(text)) throw std::runtime_error(text + " Nothing was changed.");
 }
 
 void backUpOlder(Database& database, const DataFolder& folder, Clock& clock) {

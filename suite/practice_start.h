@@ -18,6 +18,9 @@ namespace quillet::suite {
 std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& frontEnd,
                                        const StartPolicy& policy);
 
+// Throws as above when tables of registered years are gone and the policy does not have them made.
+void noticeLostTables(Database& database, const DataFolder& folder, const StartPolicy& policy);
+
 // Writes a backup before books that an earlier program has made are brought up to this one. Those
 // on a server are backed up there. Throws as above when the backup cannot be written.
 void backUpOlder(Database& database, const DataFolder& folder, Clock& clock);

@@ -66,12 +66,13 @@ std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
 }
 
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,
-                   Clock& clock)
+                   Clock& clock, const StartPolicy& policy)
     : folder_(std::move(folder)),
       settings_(folder_.settings()),
       database_(std::move(database)),
       frontEnd_(frontEnd),
       standalone_(folder_, settings_, *database_, frontEnd, clock) {
+  noticeLostTables(*database_, folder_, policy);
   backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
   completeClientList(*database_);
@@ -81,7 +82,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
 
 Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
                    const StartPolicy& policy)
-    : Practice(folder, openPractice(folder, frontEnd, policy), frontEnd, clock) {}
+    : Practice(folder, openPractice(folder, frontEnd, policy), frontEnd, clock, policy) {}
 
 Practice::~Practice() {
   standalone_.acts().leave();

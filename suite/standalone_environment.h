@@ -94,7 +94,8 @@ class Practice {
   void restartModule();
 
  private:
-  Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd, Clock& clock);
+  Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd, Clock& clock,
+           const StartPolicy& policy);
 
   DataFolder folder_;
   Settings settings_;

@@ -200,7 +200,10 @@ void frmTrade::change(const std::function<void()>& statements) {
 
 // What was typed is shown again, to be saved once more.
 void frmTrade::takenBack() {
-  logErrors("TAKENBACK", [&] { showLines(); });
+  logErrors("TAKENBACK", [&] {
+    ledgers_.fill(stockLedgers(*host_));
+    showLines();
+  });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
   if (lastSave_.act != openForms().acts.number()) return;
   focus(txtamount);

@@ -34,7 +34,9 @@ class UnitDialogs : public Dialogs {
   }
 
  private:
+  // An answer can change nothing any more after the act was taken back.
   void waitForAnswer() {
+    unit_.refuseAfterTakingBack();
     if (unit_.shared()) unit_.keep();
   }
 

@@ -18,13 +18,20 @@ constexpr long refusedAfterTakingBack = 20001;
 // The storage is full or fails, another station stands in the way, the connection is gone: what the
 // act has done so far cannot be trusted to be completed.
 constexpr std::array takingBack{
-    3L,     // a file of the server's cannot be written
+    1L,     // a file of the server's cannot be made
+    2L,     // ... be read
+    3L,     // ... be written
+    5L,     // out of memory, as the file layer says it
     14L,    // a file cannot be truncated or extended
     20L,    // the disk is full, as the file layer says it
+    27L,    // a file cannot be synchronised
     1021L,  // the disk is full
+    1023L,  // a file cannot be closed
+    1024L,  // a file cannot be read
     1026L,  // a file cannot be written
     1030L,  // the storage engine gave an error
-    1041L,  // out of memory
+    1037L,  // out of memory
+    1041L,  // out of resources
     1114L,  // a table cannot grow
     1180L,  // the commit failed
     1205L,  // another station held a lock for too long
@@ -91,7 +98,7 @@ RecordsetPtr UnitOfWork::query(const std::string& sql) {
 
 void UnitOfWork::begin() {
   if (open_) return;
-  database_.execute("start transaction");
+  send("start transaction");
   open_ = true;
 }
 
@@ -136,7 +143,9 @@ void UnitOfWork::refuseAfterTakingBack() const {
 
 void UnitOfWork::commit() {
   if (!open_) return;
+  committing_ = true;
   send("commit");
+  committing_ = false;
   open_ = false;
   if (onKept) onKept();
 }
@@ -146,14 +155,17 @@ void UnitOfWork::keep() {
   commit();
 }
 
-std::optional<std::string> UnitOfWork::end() noexcept {
+std::optional<UnitOfWork::TakenBack> UnitOfWork::end() noexcept {
   try {
     commit();
   } catch (const std::exception& error) {
     // A commit that failed, for whatever reason, has taken the act back.
     if (!takenBack_) takeBack(error.what());
   }
-  return std::exchange(takenBack_, std::nullopt);
+  const bool uncertain = std::exchange(committing_, false) && shared_;
+  const auto reason = std::exchange(takenBack_, std::nullopt);
+  if (!reason) return std::nullopt;
+  return TakenBack{*reason, uncertain};
 }
 
 }  // namespace quillet::suite

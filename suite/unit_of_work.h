@@ -45,20 +45,26 @@ class UnitOfWork {
   // After an act that was taken back: the connection may have been lost by that. Throws
   // std::runtime_error when it cannot be opened again.
   void renewConnection() { database_.renewConnection(); }
-  // The end of an act: commits what remains, and lets statements pass again. Why the act was taken
-  // back; nothing when it stands.
-  std::optional<std::string> end() noexcept;
+  struct TakenBack {
+    std::string reason;
+    bool uncertain = false;  // the connection was lost in the commit, which a server may have done
+  };
+  // The end of an act: commits what remains, and lets statements pass again. Nothing when the act
+  // stands.
+  std::optional<TakenBack> end() noexcept;
+  // Throws when the act was taken back.
+  void refuseAfterTakingBack() const;
 
  private:
   void begin();
   void commit();
   void send(const std::string& sql);
   void takeBack(const std::string& reason) noexcept;
-  void refuseAfterTakingBack() const;
 
   Database& database_;
   const bool shared_;
   std::function<bool()> actRuns_ = [] { return false; };
+  bool committing_ = false;               // until the commit is known to be done
   bool open_ = false;                     // a transaction is open
   std::optional<std::string> takenBack_;  // why, until the act is over
 };

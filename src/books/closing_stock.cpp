@@ -63,8 +63,17 @@ void ClosingStock::change(const std::vector<Sql>& statements) {
     for (const Sql& statement : statements) host_.ConQuery(statement);
     host_.ConQuery("commit");
   } catch (...) {
-    host_.ConQuery("rollback");
+    rollBack();
     throw;
+  }
+}
+
+// The error that led here is the one that counts.
+void ClosingStock::rollBack() noexcept {
+  try {
+    host_.ConQuery("rollback");
+  } catch (const std::exception&) {
+    // It was rolled back already, with all that the host had begun.
   }
 }
 

@@ -21,6 +21,16 @@ Voucher VoucherBook::open(long vid) {
   return voucher;
 }
 
+void VoucherBook::resume(long vid) {
+  try {
+    open(vid);
+  } catch (...) {
+    id_ = vid;
+    throw;
+  }
+  id_ = vid;
+}
+
 // What a failure left to be posted counts as posted.
 Money VoucherBook::balanceWith(const PairAmounts& typed, LedgerGroup pair) const {
   const std::optional<Money> posted = balances_.find(pair);

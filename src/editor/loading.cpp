@@ -204,6 +204,7 @@ void frmcrtb::takenBack() {
   const ScopedFlag asksNothing(takingBack_);
   const auto saved = saver_.takenBack();
   ledgersRead_ = groupsRead_ = false;
+  if (!visible()) return;
   showStored();
   if (!saved) return;
   {

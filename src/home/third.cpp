@@ -108,8 +108,10 @@ void third::FORM_ACTIVATE() {
 
 // Lists that were read during the act may show what is not there.
 void third::takenBack() {
+  // What it says was done is not.
+  if (openForms().active() == this) status("");
+  logErrors("TAKENBACK", [&] { newYear.takenBack(); });
   logErrors("TAKENBACK", [&] {
-    newYear.takenBack();
     if (Frame3.visible()) {
       refreshClients();
     } else if (mergeList.shown()) {
@@ -117,7 +119,6 @@ void third::takenBack() {
     } else if (famyears.visible()) {
       years.showAt(flexgrid2.current());
     }
-    if (openForms().active() == this) status("The last step was not stored.");
   });
 }
 

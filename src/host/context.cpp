@@ -53,6 +53,8 @@ void Context::takenBack() {
   unposted = before_.unposted;
   setYear(before_.year);
   openForms.takenBack();
+  // A closed editor may have put a line back that is out again.
+  if (editorForm && !editorForm->visible()) editorForm->takenBack();
 }
 
 Answer Context::MsgBox(const std::string& text, Buttons buttons, Icon icon, Answer defaultAnswer,

@@ -244,6 +244,16 @@ void LineLookups::takeGroup(int line) {
 
 void LineLookups::VSF4_DBLCLICK() { enterGroup(groups_.box().index()); }
 
+// --- names that are not there any more ----------------------------------------------------------
+
+void LineLookups::forgetUnknown() {
+  for (int line = 0; line < lines_.count(); ++line) {
+    LedgerGroup& pair = lines_.names(line).pair;
+    if (!ledgers_.names().findId(pair.partId)) pair.partId = 0;
+    if (!groups_.names().findId(pair.allId)) pair.allId = 0;
+  }
+}
+
 // --- names never looked up ----------------------------------------------------------------------
 
 void LineLookups::lookUpNames(int line) {

@@ -30,6 +30,8 @@ class LineLookups {
   void enterGroup(int line);
   // Names that were never looked up, because the focus left them for "Cancel".
   void lookUpNames(int line);
+  // Names whose ledger or group is not in the lists stand for nothing again.
+  void forgetUnknown();
 
   void TXTLEDGER_CHANGE(int line);
   void TXTLEDGER_LOSTFOCUS(int line);

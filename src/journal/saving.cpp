@@ -123,9 +123,10 @@ void frmjrnl::takenBack() {
   const long vid = saving ? lastSave_.vid : book_->id();
   logErrors("TAKENBACK", [&] {
     book_.emplace(*context_.host, context_.unposted, ClientTable(book_->books()));
-    if (vid != 0) book_->open(vid);
+    if (vid != 0) book_->resume(vid);
   });
   readLists();
+  lookups_.forgetUnknown();
   LOADGRID();
   if (!saving) return;
   showEntry();
@@ -135,6 +136,8 @@ void frmjrnl::takenBack() {
 // --- closing ------------------------------------------------------------------------------------
 
 void frmjrnl::FORM_UNLOAD(bool& cancel) {
+  // An error on the way keeps the journal open.
+  cancel = true;
   if (!complete()) postMissingOnLeaving();
   cancel = !confirmed(context_, "Do you want to Exit?");
 }

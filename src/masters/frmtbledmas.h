@@ -86,6 +86,12 @@ class frmtbledmas : public MasterForm {
   void LINKPARTICULARS();
   void REPLACEANDDELETE(long oldId, long newId);
 
+  // What the act had marked may not be so.
+  void takenBack() override {
+    reread();
+    reviewUse();
+  }
+
  protected:
   void load() override { FORM_LOAD(); }
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
