@@ -42,7 +42,7 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
                                        const StartPolicy& policy) {
   const KeptSettings kept(folder);
   if (const std::string loss = kept.loss(); !loss.empty()) {
-    if (!kept.exist() || !policy.putSettingsBack(loss)) {
+    if (!kept.areOffered() || !policy.putSettingsBack(loss)) {
       throw std::runtime_error(loss + ' ' + kept.remedy());
     }
     kept.putBack();
@@ -86,7 +86,10 @@ void backUpOlder(Database& database, const DataFolder& folder, Clock& clock) {
     throw std::runtime_error("The practice in " + folder.root().string() +
                              " was made by an earlier Quillet, and the backup before it is brought "
                              "up to this one failed: " +
-                             error.what() + " Nothing was changed.");
+                             error.what() +
+                             " Nothing was changed. Where that folder cannot be written, name"
+                             " another one for backups in settings.ini, as Folder in the section"
+                             " [Backup].");
   }
 }
 
