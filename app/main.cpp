@@ -43,7 +43,7 @@ int run(const Options& options) {
     case Options::Command::open:
       break;
   }
-  return quillet::app::runDesktop(options);
+  return quillet::app::runDesktop(options, quillet::app::takeFirstMessage());
 }
 
 }  // namespace

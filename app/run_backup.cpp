@@ -25,6 +25,9 @@ fs::path folderOf(const Options& options) {
                                                         : options.data);
 }
 
+// Carries what a person is to read into the program that is started anew.
+constexpr const char* messageVariable = "QUILLET_FIRST_MESSAGE";
+
 // What a person reads afterwards.
 std::string restored(const Options& options) {
   const fs::path folder = folderOf(options);
@@ -64,7 +67,19 @@ int runRestore(const Options& options) {
   } catch (const std::exception& error) {
     text = std::string("The backup was not restored.\n") + error.what();
   }
-  return runDesktop(options, text);
+  // As it is started every day: whoever starts a process again by its command line would restore
+  // again, over new work.
+  setenv(messageVariable, text.c_str(), 1);
+  execl("/proc/self/exe", "quillet", "--data", folderOf(options).c_str(),
+        static_cast<char*>(nullptr));
+  return runDesktop(options, takeFirstMessage());
+}
+
+std::string takeFirstMessage() {
+  const char* set = std::getenv(messageVariable);
+  std::string message = set == nullptr ? "" : set;
+  unsetenv(messageVariable);
+  return message;
 }
 
 void restartToRestore(const fs::path& file, const fs::path& folder) {

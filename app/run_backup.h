@@ -1,6 +1,9 @@
 // quillet backup and quillet restore.
 #pragma once
 
+#include <filesystem>
+#include <string>
+
 #include "app/options.h"
 
 namespace quillet::app {
@@ -12,5 +15,8 @@ int runRestore(const Options& options);
 // Ends this program and starts it anew to bring the backup back and to open the window then.
 // Throws std::runtime_error when that fails.
 void restartToRestore(const std::filesystem::path& backup, const std::filesystem::path& folder);
+
+// What the program that started this one left to be told, once; "" when there is nothing.
+std::string takeFirstMessage();
 
 }  // namespace quillet::app

@@ -9,35 +9,10 @@
 #include "suite/check/masters.h"
 #include "suite/check/registered_years.h"
 #include "suite/check/year_tables.h"
+#include "suite/transaction.h"
 
 namespace quillet::suite::check {
 namespace {
-
-// Rolled back unless it was committed.
-class Transaction {
- public:
-  explicit Transaction(Database& database) : database_(database) {
-    database_.execute("start transaction");
-  }
-  ~Transaction() {
-    if (committed_) return;
-    try {
-      database_.execute("rollback");
-    } catch (const std::exception&) {
-      // The connection is lost, and the transaction with it.
-    }
-  }
-  Transaction(const Transaction&) = delete;
-  Transaction& operator=(const Transaction&) = delete;
-  void commit() {
-    database_.execute("commit");
-    committed_ = true;
-  }
-
- private:
-  Database& database_;
-  bool committed_ = false;
-};
 
 std::size_t mendableIn(const std::vector<Finding>& findings) {
   return static_cast<std::size_t>(std::ranges::count_if(findings, &Finding::mendable));
