@@ -199,7 +199,9 @@ TEST_F(FolderTest, SoundFilesAreNotCalledDamagedForLackOfTimeMemoryOrRoom) {
       limit(RLIMIT_FSIZE, most);
     };
   };
-  const auto memory = [](rlim_t most) { return [most] { limit(RLIMIT_AS, most << 20); }; };
+  [[maybe_unused]] const auto memory = [](rlim_t most) {
+    return [most] { limit(RLIMIT_AS, most << 20); };
+  };
   struct Case {
     const char* what;
     ExaminationPolicy policy;
