@@ -27,7 +27,7 @@ inline std::string tarOf(const std::vector<TarEntry>& entries) {
       header.replace(at, text.size(), text);
     };
     const auto octal = [](long number) {
-      std::array<char, 16> text{};
+      std::array<char, 24> text{};
       std::snprintf(text.data(), text.size(), "%011lo", static_cast<unsigned long>(number));
       return std::string(text.data());
     };
