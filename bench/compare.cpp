@@ -34,7 +34,7 @@ void sendAll(suite::Database& database, const Statements& statements) {
     else
       unit.execute(sql);
   }
-  if (const auto reason = unit.end()) throw std::runtime_error(*reason);
+  if (const auto takenBack = unit.end()) throw std::runtime_error(takenBack->reason);
 }
 
 // As one act, also where a procedure is called without a key or a click.
