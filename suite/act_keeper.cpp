@@ -54,6 +54,7 @@ void ActKeeper::trapped(const std::string& where, const std::exception& error) {
 void ActKeeper::ended() noexcept {
   try {
     endAct();
+    keptPart_ = false;
     if (!trapped_.empty()) tell(std::exchange(trapped_, {}));
   } catch (...) {
     // There is neither memory nor a place left to tell it.
@@ -66,7 +67,6 @@ void ActKeeper::endAct() {
     removeFiles();
     unit_.end();
     watchDisk();
-    keptPart_ = false;
   } catch (const std::exception& error) {
     context_->openForms.onError("suite\tACT_ENDED", error);
   }

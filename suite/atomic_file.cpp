@@ -54,8 +54,12 @@ void writeAtomically(const fs::path& file, std::string_view content) {
   }
   if (rename(beside.c_str(), file.c_str()) != 0) fail();
   // The renaming is durable once the folder is synchronised.
-  OpenFile folder(file.parent_path(), O_RDONLY | O_DIRECTORY);
-  if (folder.opened()) folder.sync();
+  synchroniseFolder(file.parent_path());
+}
+
+bool synchroniseFolder(const fs::path& folder) {
+  OpenFile opened(folder, O_RDONLY | O_DIRECTORY);
+  return opened.opened() && opened.sync();
 }
 
 }  // namespace quillet::suite

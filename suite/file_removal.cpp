@@ -1,8 +1,6 @@
 #include "suite/file_removal.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <set>
@@ -10,6 +8,7 @@
 #include <utility>
 
 #include "data/text.h"
+#include "suite/atomic_file.h"
 
 namespace quillet::suite {
 namespace {
@@ -22,13 +21,6 @@ std::string identityOf(const fs::path& file) {
   if (lstat(file.c_str(), &found) != 0) return {};
   return std::to_string(found.st_ino) + ' ' + std::to_string(found.st_size) + ' ' +
          std::to_string(found.st_mtim.tv_sec) + ' ' + std::to_string(found.st_mtim.tv_nsec);
-}
-
-void synchronise(const fs::path& folder) {
-  const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (opened < 0) return;
-  fsync(opened);
-  close(opened);
 }
 
 // A name from the table stays below the folder, and no folder on the way there is a link.
@@ -71,8 +63,8 @@ std::vector<std::string> FileRemoval::carryOut() {
     }
     (error ? left : gone).push_back(rows->text(error ? 0 : 2));
   }
-  // A power cut brings a file back whose folder was not synchronised; then it is still noted here.
-  for (const fs::path& folder : folders) synchronise(folder);
+  // A power cut brings a file back whose folder was not synchronised: it stays noted here.
+  if (!std::all_of(folders.begin(), folders.end(), synchroniseFolder)) gone.clear();
   for (const std::string& row : gone) {
     unit_.execute("delete from SuiteRemoval where row_id=" + row);
   }

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "suite/atomic_file.h"
 #include "suite/database_check.h"
 #include "suite/definition_log.h"
 #include "suite/folder_fingerprint.h"
@@ -131,10 +132,7 @@ void markIncomplete(const fs::path& folder) {
 void markComplete(const fs::path& folder) {
   if (!fs::remove(folder / making)) return;
   // Come back after a power failure, the mark would stand for books.
-  const int file = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file < 0) return;
-  fsync(file);
-  close(file);
+  synchroniseFolder(folder);
 }
 
 }  // namespace quillet::suite

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <string_view>
 #include <utility>
 
@@ -40,6 +39,8 @@ constexpr std::array takingBack{
     2013L,  // the connection was lost during the statement
     2055L,  // the same, with the system's reason
 };
+
+bool losesConnection(long error) { return error == 2006 || error == 2013 || error == 2055; }
 
 bool takesBack(long error) {
   return std::find(takingBack.begin(), takingBack.end(), error) != takingBack.end();
@@ -114,6 +115,7 @@ void UnitOfWork::send(const std::string& sql) {
 // Some errors have ended the transaction already; what was sent before the statement is gone then.
 void UnitOfWork::failed(long error, const std::string& reason) noexcept {
   if (!actRuns_()) return;
+  if (committing_ && shared_ && losesConnection(error)) uncertain_ = true;
   if (takesBack(error)) return takeBack(reason);
   if (!open_) return;
   try {
@@ -162,7 +164,8 @@ std::optional<UnitOfWork::TakenBack> UnitOfWork::end() noexcept {
     // A commit that failed, for whatever reason, has taken the act back.
     if (!takenBack_) takeBack(error.what());
   }
-  const bool uncertain = std::exchange(committing_, false) && shared_;
+  committing_ = false;
+  const bool uncertain = std::exchange(uncertain_, false);
   const auto reason = std::exchange(takenBack_, std::nullopt);
   if (!reason) return std::nullopt;
   return TakenBack{*reason, uncertain};

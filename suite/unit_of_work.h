@@ -65,6 +65,7 @@ class UnitOfWork {
   const bool shared_;
   std::function<bool()> actRuns_ = [] { return false; };
   bool committing_ = false;               // until the commit is known to be done
+  bool uncertain_ = false;                // the connection went in the commit
   bool open_ = false;                     // a transaction is open
   std::optional<std::string> takenBack_;  // why, until the act is over
 };

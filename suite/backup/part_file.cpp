@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "suite/atomic_file.h"
+
 namespace quillet::suite::backup {
 
 namespace fs = std::filesystem;
@@ -87,13 +89,6 @@ int openLocked(const fs::path& path, int flags) {
       return -1;
     }
   }
-}
-
-void synchroniseFolder(const fs::path& folder) {
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
 }
 
 }  // namespace quillet::suite::backup

@@ -41,7 +41,4 @@ class PartFile {
 // holds it. A file system without locks gives the file unlocked.
 int openLocked(const std::filesystem::path& path, int flags);
 
-// Synchronises the names in a folder, so that a renaming in it is durable.
-void synchroniseFolder(const std::filesystem::path& folder);
-
 }  // namespace quillet::suite::backup

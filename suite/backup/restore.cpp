@@ -14,6 +14,7 @@
 #include <string>
 #include <system_error>
 
+#include "suite/atomic_file.h"
 #include "suite/backup/backup.h"
 #include "suite/backup/part_file.h"
 #include "suite/backup/unpacker.h"
