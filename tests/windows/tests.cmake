@@ -1,0 +1,38 @@
+# What the windows preset has built, run under Wine. ./test builds it first; a test whose file is
+# missing fails and says so.
+#
+#   windows_test(NAME FILE [SECONDS n] [REGISTER library...] [ARGUMENTS argument...])
+#
+# FILE is a program that the windows preset builds from tests/windows, "home.exe", or a script for
+# Wine's script host, "home.vbs". A library is named as it stands in the build folder,
+# "windows/PrjQuillet.dll", and is registered before. Each test has a prefix and a display of its
+# own, so that they run beside each other.
+set(windows_build ${PROJECT_SOURCE_DIR}/build/windows)
+set(windows_tests ${PROJECT_SOURCE_DIR}/tests/windows)
+set(wine_prefix ${PROJECT_BINARY_DIR}/tests/wine/prefix)
+
+add_test(NAME windows.prefix COMMAND ${windows_tests}/prefix ${wine_prefix})
+set_tests_properties(windows.prefix PROPERTIES
+  FIXTURES_SETUP wine_prefix LABELS windows TIMEOUT 120)
+
+function(windows_test name file)
+  cmake_parse_arguments(PARSE_ARGV 2 it "" "SECONDS" "REGISTER;ARGUMENTS")
+  if(NOT it_SECONDS)
+    set(it_SECONDS 60)
+  endif()
+  set(options --seconds ${it_SECONDS})
+  foreach(library ${it_REGISTER})
+    list(APPEND options --register ${windows_build}/${library})
+  endforeach()
+  if(file MATCHES "\\.vbs$")
+    set(file ${windows_tests}/${file})
+  else()
+    set(file ${windows_build}/tests/windows/${file})
+  endif()
+  add_test(NAME windows.${name}
+           COMMAND ${windows_tests}/run ${wine_prefix} ${options} ${file} ${it_ARGUMENTS})
+  # The runner keeps the time limit and cleans up; ctest's is for the runner itself.
+  math(EXPR limit "${it_SECONDS} + 90")
+  set_tests_properties(windows.${name} PROPERTIES
+    FIXTURES_REQUIRED wine_prefix LABELS windows TIMEOUT ${limit})
+endfunction()
