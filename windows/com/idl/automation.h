@@ -1,0 +1,4 @@
+// Stands in for automation.idl in what the compiler of type libraries generates.
+#pragma once
+
+#include <oaidl.h>
