@@ -1,8 +1,7 @@
 // Between the module's texts (UTF-8) and those of Windows (UTF-16).
 #pragma once
 
-#include <windows.h>
-#include <oleauto.h>
+#include <ole2.h>
 
 #include <string>
 #include <string_view>

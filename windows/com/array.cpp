@@ -1,0 +1,71 @@
+#include "windows/com/array.h"
+
+#include <array>
+#include <utility>
+
+#include "windows/com/errors.h"
+
+namespace quillet::windows {
+namespace {
+
+constexpr const char* source = "Array";
+
+SAFEARRAY* made(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds) {
+  SAFEARRAY* array = SafeArrayCreate(type, dimensions, bounds);
+  if (!array) throw errorOf(E_OUTOFMEMORY, source);
+  return array;
+}
+
+}  // namespace
+
+ArrayAccess::ArrayAccess(SAFEARRAY* array, std::size_t elementSize) : array_(array) {
+  if (!array_) return;
+  if (SafeArrayGetElemsize(array_) != elementSize) throw errorOf(DISP_E_TYPEMISMATCH, source);
+  const HRESULT hr = SafeArrayAccessData(array_, &data_);
+  if (FAILED(hr)) throw errorOf(hr, source);
+  size_ = 1;
+  for (UINT d = 1; d <= SafeArrayGetDim(array_); ++d) size_ *= lengthOf(array_, d);
+}
+
+ArrayAccess::~ArrayAccess() {
+  if (array_) SafeArrayUnaccessData(array_);
+}
+
+Array::Array(VARTYPE type, std::size_t size) : type_(type) {
+  SAFEARRAYBOUND bound{static_cast<ULONG>(size), 0};
+  array_ = made(type, 1, &bound);
+}
+
+Array::Array(VARTYPE type, std::size_t rows, std::size_t columns) : type_(type) {
+  std::array<SAFEARRAYBOUND, 2> bounds{
+      {{static_cast<ULONG>(rows), 1}, {static_cast<ULONG>(columns), 1}}};
+  array_ = made(type, 2, bounds.data());
+}
+
+Array::~Array() {
+  if (array_) SafeArrayDestroy(array_);
+}
+
+Variant Array::reference() {
+  return Variant::reference(static_cast<VARTYPE>(VT_ARRAY | type_), &array_);
+}
+
+Variant Array::release() {
+  Variant result;
+  result.vt = static_cast<VARTYPE>(VT_ARRAY | type_);
+  result.parray = std::exchange(array_, nullptr);
+  return result;
+}
+
+std::size_t lengthOf(SAFEARRAY* array, UINT dimension) {
+  LONG first = 0;
+  LONG last = 0;
+  if (!array || dimension > SafeArrayGetDim(array)) return 0;
+  if (FAILED(SafeArrayGetLBound(array, dimension, &first)) ||
+      FAILED(SafeArrayGetUBound(array, dimension, &last))) {
+    return 0;
+  }
+  return last < first ? 0 : static_cast<std::size_t>(last - first) + 1;
+}
+
+}  // namespace quillet::windows
