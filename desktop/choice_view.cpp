@@ -30,7 +30,7 @@ class FormCombo : public QComboBox {
 
 }  // namespace
 
-ComboView::ComboView(ComboBox& combo, ActionRunner& runner, QWidget* parent)
+ComboView::ComboView(ComboBox& combo, view::ActionRunner& runner, QWidget* parent)
     : ControlView(combo, runner), model_(combo), combo_(new FormCombo(parent)) {
   adopt(combo_);
   combo_->setMaxVisibleItems(12);
@@ -61,7 +61,7 @@ bool ComboView::otherEvent(QObject* target, QEvent& event) {
   return ControlView::otherEvent(target, event);
 }
 
-ListView::ListView(ListBox& list, ActionRunner& runner, QWidget* parent)
+ListView::ListView(ListBox& list, view::ActionRunner& runner, QWidget* parent)
     : ControlView(list, runner), model_(list), list_(new QListWidget(parent)) {
   adopt(list_);
   watch(list_->viewport());

@@ -11,7 +11,7 @@ namespace quillet::desktop {
 
 class ComboView : public ControlView {
  public:
-  ComboView(ComboBox& combo, ActionRunner& runner, QWidget* parent);
+  ComboView(ComboBox& combo, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -25,7 +25,7 @@ class ComboView : public ControlView {
 
 class ListView : public ControlView {
  public:
-  ListView(ListBox& list, ActionRunner& runner, QWidget* parent);
+  ListView(ListBox& list, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "controls/form.h"
-#include "desktop/action_runner.h"
+#include "view/action_runner.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -18,7 +18,7 @@ namespace quillet::desktop {
 class ControlView : public QObject {
  public:
   // The view belongs to its widget and goes with it.
-  ControlView(Control& control, ActionRunner& runner) : control_(control), runner_(runner) {}
+  ControlView(Control& control, view::ActionRunner& runner) : control_(control), runner_(runner) {}
 
   Control& control() const { return control_; }
   // What stands in the form's arrangement.
@@ -66,7 +66,7 @@ class ControlView : public QObject {
   void drawLabel();
 
   Control& control_;
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
   QWidget* widget_ = nullptr;
   QWidget* label_ = nullptr;
   unsigned drawn_ = 0;

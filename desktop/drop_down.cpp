@@ -21,7 +21,7 @@ constexpr int mostRows = 9;
 
 }  // namespace
 
-DropDown::DropDown(Grid& grid, ActionRunner& runner, QWidget* window)
+DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
     : QFrame(window), grid_(grid), runner_(runner), table_(new GridTable(grid, this)) {
   setObjectName(toQt(grid.name()));
   setAutoFillBackground(true);

@@ -5,7 +5,7 @@
 #include <QFrame>
 
 #include "controls/grid.h"
-#include "desktop/action_runner.h"
+#include "view/action_runner.h"
 
 namespace quillet::desktop {
 
@@ -14,7 +14,7 @@ class GridTable;
 class DropDown : public QFrame {
  public:
   // The list lies on the window.
-  DropDown(Grid& grid, ActionRunner& runner, QWidget* window);
+  DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window);
 
   // The widget of the text box that the list belongs to now; null while it has no place.
   void attach(QWidget* field) { field_ = field; }
@@ -33,7 +33,7 @@ class DropDown : public QFrame {
   void place();
 
   Grid& grid_;
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
   QWidget* field_ = nullptr;
   GridTable* table_;
   bool detached_ = false;

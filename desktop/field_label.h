@@ -9,7 +9,7 @@ namespace quillet::desktop {
 
 class FieldLabel : public QLabel {
  public:
-  FieldLabel(const QString& text, ActionRunner& runner, QWidget* parent)
+  FieldLabel(const QString& text, view::ActionRunner& runner, QWidget* parent)
       : QLabel(text, parent), runner_(runner) {
     setTextFormat(Qt::PlainText);
     hide();  // until it belongs to a field
@@ -30,7 +30,7 @@ class FieldLabel : public QLabel {
 
  private:
   Control* control_ = nullptr;
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
 };
 
 }  // namespace quillet::desktop

@@ -29,7 +29,7 @@ bool takesRest(const LayoutItem& node, Qt::Orientation direction) {
 
 FormLayout::Box::Box(QBoxLayout* filled) : layout(filled), first(filled ? filled->count() : 0) {}
 
-FormLayout::FormLayout(ActionRunner& runner, QWidget& body)
+FormLayout::FormLayout(view::ActionRunner& runner, QWidget& body)
     : runner_(runner), body_(body), step_(theme::spacing(body)), root_(new QVBoxLayout(&body)) {
   root_.layout->setContentsMargins(2 * step_, step_ + step_ / 2, 2 * step_, 2 * step_);
   root_.layout->setSpacing(step_);

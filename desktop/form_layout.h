@@ -17,7 +17,7 @@ class FieldLabel;
 
 class FormLayout {
  public:
-  FormLayout(ActionRunner& runner, QWidget& body);
+  FormLayout(view::ActionRunner& runner, QWidget& body);
 
   // Brings the body into that arrangement. Widgets of controls that stay are kept, and so are the
   // layouts of rows and columns that stay as they are: a form may change it at every key.
@@ -84,7 +84,7 @@ class FormLayout {
   static void collectUsed(const LayoutItem& node, std::set<unsigned>& controls,
                           std::set<StackKey>& stacks);
 
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
   QWidget& body_;
   int step_ = 0;
   std::map<unsigned, ControlView*> views_;

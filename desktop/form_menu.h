@@ -7,7 +7,7 @@
 
 #include "controls/basic_controls.h"
 #include "controls/form.h"
-#include "desktop/action_runner.h"
+#include "view/action_runner.h"
 
 class QAction;
 class QMenu;
@@ -17,7 +17,7 @@ namespace quillet::desktop {
 
 class FormMenu {
  public:
-  FormMenu(Form& form, ActionRunner& runner, QMenuBar& bar)
+  FormMenu(Form& form, view::ActionRunner& runner, QMenuBar& bar)
       : form_(form), runner_(runner), bar_(bar) {}
 
   void refresh();
@@ -30,7 +30,7 @@ class FormMenu {
   static void draw(const MenuEntry& entry, QAction& action);
 
   Form& form_;
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
   QMenuBar& bar_;
   std::vector<MenuEntry*> entries_;
   std::vector<QMenu*> added_;

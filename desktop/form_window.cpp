@@ -19,7 +19,7 @@
 
 namespace quillet::desktop {
 
-FormWindow::FormWindow(Form& form, ActionRunner& runner)
+FormWindow::FormWindow(Form& form, view::ActionRunner& runner)
     : form_(form), runner_(runner), menu_(form, runner, *menuBar()), layout_(runner, makeBody()) {
   setObjectName(toQt(form.name()));
   menuBar()->setFont(font());

@@ -7,9 +7,9 @@
 #include <map>
 
 #include "controls/form.h"
-#include "desktop/action_runner.h"
 #include "desktop/form_layout.h"
 #include "desktop/form_menu.h"
+#include "view/action_runner.h"
 
 class QLabel;
 
@@ -20,7 +20,7 @@ class NoticeBar;
 
 class FormWindow : public QMainWindow {
  public:
-  FormWindow(Form& form, ActionRunner& runner);
+  FormWindow(Form& form, view::ActionRunner& runner);
   ~FormWindow() override;
 
   Form& form() const { return form_; }
@@ -55,7 +55,7 @@ class FormWindow : public QMainWindow {
   void detachViews();
 
   Form& form_;
-  ActionRunner& runner_;
+  view::ActionRunner& runner_;
   // Before the menu: making it sends the window its first events.
   bool detached_ = false;
   NoticeBar* notices_ = nullptr;  // made with the body

@@ -12,7 +12,7 @@
 
 namespace quillet::desktop {
 
-GridView::GridView(Grid& grid, ActionRunner& runner, QWidget* parent)
+GridView::GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent)
     : ControlView(grid, runner), grid_(grid), table_(new GridTable(grid, parent)) {
   adopt(table_);
   watch(table_->viewport());

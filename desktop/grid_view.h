@@ -13,7 +13,7 @@ class GridTable;
 
 class GridView : public ControlView {
  public:
-  GridView(Grid& grid, ActionRunner& runner, QWidget* parent);
+  GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

@@ -12,7 +12,7 @@ namespace quillet::desktop {
 namespace {
 
 template <class Model, class View>
-ControlView* viewOf(Control& control, ActionRunner& runner, QWidget* parent) {
+ControlView* viewOf(Control& control, view::ActionRunner& runner, QWidget* parent) {
   auto* model = dynamic_cast<Model*>(&control);
   return model ? new View(*model, runner, parent) : nullptr;
 }
@@ -24,8 +24,8 @@ bool hasFixedHeight(const LayoutItem& node) {
 
 }  // namespace
 
-ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent) {
-  using Maker = ControlView* (*)(Control&, ActionRunner&, QWidget*);
+ControlView* makeView(Control& control, view::ActionRunner& runner, QWidget* parent) {
+  using Maker = ControlView* (*)(Control&, view::ActionRunner&, QWidget*);
   static constexpr Maker makers[] = {
       viewOf<TextBox, TextBoxView>, viewOf<MaskBox, MaskBoxView>, viewOf<Grid, GridView>,
       viewOf<Button, ButtonView>,   viewOf<Label, LabelView>,     viewOf<ComboBox, ComboView>,

@@ -4,16 +4,16 @@
 #include <Qt>
 
 #include "controls/layout.h"
+#include "view/action_runner.h"
 
 class QWidget;
 
 namespace quillet::desktop {
 
 class ControlView;
-class ActionRunner;
 
 // Null for a control without a view of its own.
-ControlView* makeView(Control& control, ActionRunner& runner, QWidget* parent);
+ControlView* makeView(Control& control, view::ActionRunner& runner, QWidget* parent);
 
 // A drop-down has no place in the arrangement: it lies over the others.
 bool hasPlace(const LayoutItem& node);

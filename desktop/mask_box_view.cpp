@@ -12,7 +12,7 @@
 
 namespace quillet::desktop {
 
-MaskBoxView::MaskBoxView(MaskBox& box, ActionRunner& runner, QWidget* parent)
+MaskBoxView::MaskBoxView(MaskBox& box, view::ActionRunner& runner, QWidget* parent)
     : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
   line_->setTextMargins(2, 0, 2, 0);

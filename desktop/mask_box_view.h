@@ -10,7 +10,7 @@ namespace quillet::desktop {
 
 class MaskBoxView : public ControlView {
  public:
-  MaskBoxView(MaskBox& box, ActionRunner& runner, QWidget* parent);
+  MaskBoxView(MaskBox& box, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

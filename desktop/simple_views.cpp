@@ -15,7 +15,7 @@ namespace quillet::desktop {
 
 // --- label --------------------------------------------------------------------------------------
 
-LabelView::LabelView(Label& label, ActionRunner& runner, QWidget* parent)
+LabelView::LabelView(Label& label, view::ActionRunner& runner, QWidget* parent)
     : ControlView(label, runner), label_(label), text_(new QLabel(parent)) {
   adopt(text_);
   text_->setTextFormat(Qt::PlainText);
@@ -54,7 +54,7 @@ bool ClickView::otherEvent(QObject* target, QEvent& event) {
   return true;
 }
 
-ButtonView::ButtonView(Button& button, ActionRunner& runner, QWidget* parent)
+ButtonView::ButtonView(Button& button, view::ActionRunner& runner, QWidget* parent)
     : ClickView(button, runner), button_(button), push_(new QPushButton(parent)) {
   adoptButton(push_);
   push_->setAutoDefault(false);
@@ -68,7 +68,7 @@ void ButtonView::draw() {
   push_->setChecked(button_.chosen());
 }
 
-ToggleView::ToggleView(Toggle& toggle, ActionRunner& runner, QWidget* parent)
+ToggleView::ToggleView(Toggle& toggle, view::ActionRunner& runner, QWidget* parent)
     : ClickView(toggle, runner), toggle_(toggle) {
   if (dynamic_cast<OptionButton*>(&toggle)) {
     box_ = new QRadioButton(parent);
@@ -86,7 +86,7 @@ void ToggleView::draw() {
 
 // --- frame --------------------------------------------------------------------------------------
 
-FrameView::FrameView(Frame& frame, ActionRunner& runner, QWidget* parent)
+FrameView::FrameView(Frame& frame, view::ActionRunner& runner, QWidget* parent)
     : ControlView(frame, runner), frame_(frame) {
   auto* group = new QFrame(parent);
   adopt(group);

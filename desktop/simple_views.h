@@ -13,7 +13,7 @@ namespace quillet::desktop {
 
 class LabelView : public ControlView {
  public:
-  LabelView(Label& label, ActionRunner& runner, QWidget* parent);
+  LabelView(Label& label, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -38,7 +38,7 @@ class ClickView : public ControlView {
 
 class ButtonView : public ClickView {
  public:
-  ButtonView(Button& button, ActionRunner& runner, QWidget* parent);
+  ButtonView(Button& button, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -50,7 +50,7 @@ class ButtonView : public ClickView {
 
 class ToggleView : public ClickView {
  public:
-  ToggleView(Toggle& toggle, ActionRunner& runner, QWidget* parent);
+  ToggleView(Toggle& toggle, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;
@@ -64,7 +64,7 @@ class ToggleView : public ClickView {
 // its controls together.
 class FrameView : public ControlView {
  public:
-  FrameView(Frame& frame, ActionRunner& runner, QWidget* parent);
+  FrameView(Frame& frame, view::ActionRunner& runner, QWidget* parent);
   // Where the controls inside go.
   QBoxLayout* inside() const { return inside_; }
   // A page of a stack is shown and hidden by the stack.

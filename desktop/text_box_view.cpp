@@ -14,7 +14,7 @@
 
 namespace quillet::desktop {
 
-TextBoxView::TextBoxView(TextBox& box, ActionRunner& runner, QWidget* parent)
+TextBoxView::TextBoxView(TextBox& box, view::ActionRunner& runner, QWidget* parent)
     : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
   line_->setTextMargins(2, 0, 2, 0);

@@ -13,7 +13,7 @@ namespace quillet::desktop {
 
 class TextBoxView : public ControlView {
  public:
-  TextBoxView(TextBox& box, ActionRunner& runner, QWidget* parent);
+  TextBoxView(TextBox& box, view::ActionRunner& runner, QWidget* parent);
 
  protected:
   void draw() override;

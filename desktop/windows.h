@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "controls/open_forms.h"
-#include "desktop/action_runner.h"
+#include "view/action_runner.h"
 
 class QMenu;
 
@@ -18,7 +18,7 @@ namespace quillet::desktop {
 
 class FormWindow;
 
-class Windows : public ActionRunner {
+class Windows : public view::ActionRunner {
  public:
   Windows() = default;
   ~Windows() override;

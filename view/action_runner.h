@@ -7,7 +7,7 @@ namespace quillet {
 class Form;
 }
 
-namespace quillet::desktop {
+namespace quillet::view {
 
 class ActionRunner {
  public:
@@ -20,4 +20,4 @@ class ActionRunner {
   virtual int interruptions() const = 0;
 };
 
-}  // namespace quillet::desktop
+}  // namespace quillet::view

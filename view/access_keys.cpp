@@ -1,0 +1,93 @@
+#include "view/access_keys.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "data/text.h"
+#include "view/layout_rules.h"
+
+namespace quillet::view {
+namespace {
+
+using Deed = AccessKeys::Deed;
+using Meaning = AccessKeys::Meaning;
+
+// The character behind each single mark, and what remains of the caption.
+struct Read {
+  char32_t key = 0;
+  std::string text;
+};
+
+Read read(std::string_view caption) {
+  Read found;
+  for (std::size_t at = 0; at < caption.size();) {
+    char32_t character = nextCharacter(caption, at);
+    if (character == U'&') {
+      if (at == caption.size()) break;
+      character = nextCharacter(caption, at);
+      if (character != U'&' && found.key == 0) found.key = upperCase(character);
+    }
+    appendCharacter(found.text, character);
+  }
+  return found;
+}
+
+bool leads(const MenuEntry& heading, const Form& form) {
+  return std::any_of(form.controls().begin(), form.controls().end(), [&](const Control* control) {
+    const auto* entry = dynamic_cast<const MenuEntry*>(control);
+    return entry && entry->parent() == &heading;
+  });
+}
+
+void gather(const LayoutItem& node, char32_t key, std::vector<Meaning>& meanings) {
+  Control* control = node.control;
+  if (control && hasPlace(node)) {
+    const bool command = dynamic_cast<Button*>(control) || dynamic_cast<Toggle*>(control);
+    if (control->focusable() && accessKey(node.label) == key) {
+      meanings.push_back({Deed::focus, control});
+    } else if (command && control->clickable() && accessKey(control->caption()) == key) {
+      meanings.push_back({Deed::click, control});
+    }
+  }
+  for (const LayoutItem& child : node.children) gather(child, key, meanings);
+}
+
+std::vector<Meaning> meaningsOf(const Form& form, char32_t key) {
+  std::vector<Meaning> meanings;
+  for (Control* control : form.controls()) {
+    const auto* entry = dynamic_cast<const MenuEntry*>(control);
+    if (!entry || entry->parent() || !entry->clickable() || accessKey(entry->caption()) != key) {
+      continue;
+    }
+    meanings.push_back({leads(*entry, form) ? Deed::openMenu : Deed::click, control});
+  }
+  gather(form.arrangement(), key, meanings);
+  return meanings;
+}
+
+}  // namespace
+
+char32_t accessKey(std::string_view caption) { return read(caption).key; }
+
+std::string withoutMarks(std::string_view caption) { return read(caption).text; }
+
+Meaning AccessKeys::press(const Form& form, char32_t character) {
+  const char32_t key = upperCase(character);
+  const std::vector<Meaning> meanings = key == 0 ? std::vector<Meaning>{} : meaningsOf(form, key);
+  const bool again = key_ == key;
+  key_ = key;
+  if (meanings.empty()) return {};
+  auto found = meanings.begin();
+  if (again && meanings.size() > 1) {
+    const auto last = std::find_if(meanings.begin(), meanings.end(), [&](const Meaning& each) {
+      return each.control->id() == last_;
+    });
+    if (last != meanings.end() && last + 1 != meanings.end()) found = last + 1;
+  }
+  last_ = found->control->id();
+  Meaning meaning = *found;
+  if (meanings.size() > 1 && meaning.deed == Deed::click) meaning.deed = Deed::focus;
+  return meaning;
+}
+
+}  // namespace quillet::view

@@ -1,0 +1,21 @@
+// What a person types, composes or pastes, as the keys that a form sees. Texts are UTF-8.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "controls/key.h"
+
+namespace quillet::view {
+
+// A text that is composed, or that one key event brings: line breaks and tabs become blanks, other
+// controls are left out.
+std::vector<Key> typedKeys(std::string_view text);
+// The same for a text from the clipboard, without the blanks around it.
+std::vector<Key> pastedKeys(std::string_view text);
+
+// Whether a key with Shift is a text box's own: the keys that move the caret then select. Enter,
+// Tab, Backspace and Space are typed by hasty fingers with Shift still down.
+constexpr bool selectsWithShift(Key key) { return key >= keys::firstNamed && key != keys::BackTab; }
+
+}  // namespace quillet::view
