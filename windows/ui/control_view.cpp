@@ -1,0 +1,226 @@
+#include "windows/ui/control_view.h"
+
+#include <commctrl.h>
+
+#include "controls/basic_controls.h"
+#include "controls/open_forms.h"
+#include "controls/scoped_flag.h"
+#include "view/access_keys.h"
+#include "windows/com/text.h"
+#include "windows/ui/accessible_name.h"
+#include "windows/ui/message_scope.h"
+#include "windows/ui/window_text.h"
+
+namespace quillet::windows {
+namespace {
+
+// A frame is enabled and disabled with all that it holds.
+bool usable(const Control& control) {
+  if (!control.enabled()) return false;
+  for (const Frame* frame = control.frame(); frame; frame = frame->frame()) {
+    if (!frame->enabled()) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+ControlView::ControlView(Control& control, view::ActionRunner& runner, HWND parent)
+    : control_(control), runner_(runner), parent_(parent) {}
+
+ControlView::~ControlView() {
+  detach();
+  if (!window_) return;
+  forgetAccessibleName(window_);
+  RemoveWindowSubclass(window_, receive, 0);
+  DestroyWindow(window_);
+}
+
+void ControlView::discard(std::unique_ptr<ControlView> view) {
+  view->detach();
+  ShowWindow(view->window(), SW_HIDE);
+  MessageScope::discard(std::move(view));
+}
+
+void ControlView::adopt(HWND window) {
+  window_ = window;
+  SetWindowSubclass(window, receive, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+// --- drawing ------------------------------------------------------------------------------------
+
+void ControlView::refresh() {
+  if (detached_ || !window_) return;
+  if (drawn_ != control_.version()) {
+    redraw();
+  } else {
+    drawState();
+  }
+}
+
+void ControlView::redraw() {
+  if (detached_ || !window_) return;
+  drawn_ = control_.version();
+  const ScopedFlag guard(drawing_);
+  draw();
+  drawState();
+  const std::wstring name = accessibleName();
+  if (name != name_) setAccessibleName(window_, name_ = name);
+}
+
+// What the frames around the control change as well, without its version moving on.
+void ControlView::drawState() {
+  const bool enabled = usable(control_);
+  const bool shown = control_.shown();
+  for (HWND each : {window_, label_}) {
+    if (each && IsWindowEnabled(each) != static_cast<BOOL>(enabled)) EnableWindow(each, enabled);
+  }
+  drawVisible(shown);
+  if (label_) ShowWindow(label_, shown ? SW_SHOWNA : SW_HIDE);
+}
+
+void ControlView::drawVisible(bool visible) {
+  const bool isVisible = GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE;
+  if (visible != isVisible) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void ControlView::setLabel(HWND label) {
+  label_ = label;
+  redraw();
+}
+
+void ControlView::setMetrics(const Metrics& metrics) {
+  metrics_ = &metrics;
+  setFont(metrics.font());
+  metricsChanged();
+}
+
+void ControlView::setFont(HFONT font) {
+  if (window_) SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+SIZE ControlView::wantedSize(const Metrics& metrics) const {
+  return {metrics.characters(16), metrics.box()};
+}
+
+void ControlView::place(const RECT& where) {
+  SetWindowPos(window_, nullptr, where.left, where.top, where.right - where.left,
+               where.bottom - where.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::wstring ControlView::accessibleName() const {
+  std::string name = label_ ? view::withoutMarks(utf8(textOf(label_))) : std::string();
+  if (name.empty()) name = view::withoutMarks(control_.caption());
+  if (name.empty()) name = control_.toolTip();
+  return wide(name.empty() ? control_.name() : name);
+}
+
+// --- focus --------------------------------------------------------------------------------------
+
+bool ControlView::hasFocus() const {
+  const HWND focus = GetFocus();
+  return focus && (focus == window_ || IsChild(window_, focus));
+}
+
+void ControlView::takeFocus() {
+  const ScopedFlag guard(takingFocus_);
+  SetFocus(window_);
+}
+
+// Somebody else gave the window the focus: a screen reader does. While an act is running it is
+// Windows itself, which gives the focus back after a dialog; the form may have sent it on since.
+void ControlView::focusGiven() {
+  if (takingFocus_ || isActive() || control_.form().openForms().acts.running()) return;
+  perform([&] { control_.form().focus(control_); });
+}
+
+bool ControlView::arrive() {
+  if (!control_.takesFocus()) return true;
+  bool arrived = false;
+  const int before = interruptions();
+  perform([&] { arrived = control_.form().focus(control_) && isActive(); });
+  return arrived && interruptions() == before;
+}
+
+// --- messages -----------------------------------------------------------------------------------
+
+void ControlView::command(WORD) {}
+std::optional<LRESULT> ControlView::notified(NMHDR&) { return {}; }
+
+LRESULT ControlView::receive(HWND window, UINT id, WPARAM wide, LPARAM longer, UINT_PTR,
+                             DWORD_PTR view) {
+  const MessageScope scope;
+  auto& self = *reinterpret_cast<ControlView*>(view);
+  if (id == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, receive, 0);
+    forgetAccessibleName(window);
+    self.window_ = nullptr;
+    return DefSubclassProc(window, id, wide, longer);
+  }
+  try {
+    return self.answer({id, wide, longer});
+  } catch (...) {
+    if (!self.detached_) reportTrapped(self.control_.form(), "WINDOW");
+    return 0;
+  }
+}
+
+LRESULT ControlView::answer(const WindowMessage& message) {
+  if (!detached_) {
+    if (const auto answer = handle(message)) return *answer;
+  }
+  return window_ ? passOn(message) : 0;
+}
+
+LRESULT ControlView::passOn(const WindowMessage& message) {
+  return DefSubclassProc(window_, message.id, message.wide, message.longer);
+}
+
+std::optional<LRESULT> ControlView::handle(const WindowMessage& message) {
+  switch (message.id) {
+    case WM_GETDLGCODE:
+      return DLGC_WANTALLKEYS;
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_UNICHAR:
+    case WM_IME_CHAR:
+      return keyMessage(message);
+    case WM_SYSCHAR:
+      // An access key, or else the window's menu.
+      return SendMessageW(parent_, message.id, message.wide, message.longer);
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+      return mouseMessage(message);
+    case WM_SETFOCUS: {
+      const LRESULT done = passOn(message);
+      focusGiven();
+      return done;
+    }
+    default:
+      return {};
+  }
+}
+
+std::optional<LRESULT> ControlView::keyMessage(const WindowMessage& message) {
+  const KeyReader::Result read = keys_.read(message.id, message.wide);
+  if (read.used) {
+    if (!read.keys.empty()) keysTyped(read.keys);
+    return message.id == WM_UNICHAR ? 1 : 0;
+  }
+  if (message.id == WM_KEYDOWN && commandKey(message.wide)) return 0;
+  return {};
+}
+
+void ControlView::keysTyped(const std::vector<Key>& typed) {
+  Form& form = control_.form();
+  for (const Key key : typed) perform([&] { form.press(key); });
+}
+
+std::optional<LRESULT> ControlView::mouseMessage(const WindowMessage& message) {
+  const bool before = isActive();
+  if (!arrive() || detached_ || mousePressed(message, !before)) return 0;
+  return {};
+}
+
+}  // namespace quillet::windows

@@ -1,0 +1,125 @@
+// The view of one control: a window that shows the control's state and hands what a person does to
+// its form. The window never keeps the focus by itself; the form decides where the focus is, and
+// the form's window lets that of Windows follow.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "controls/form.h"
+#include "view/action_runner.h"
+#include "windows/ui/keys.h"
+#include "windows/ui/metrics.h"
+
+namespace quillet::windows {
+
+// A message to a window.
+struct WindowMessage {
+  UINT id = 0;
+  WPARAM wide = 0;
+  LPARAM longer = 0;
+};
+
+class ControlView {
+ public:
+  // A child of the form's window, not shown yet.
+  ControlView(Control& control, view::ActionRunner& runner, HWND parent);
+  // Destroys the window.
+  virtual ~ControlView();
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
+  // The control has no place any more: the window goes as soon as no message is at work in it.
+  static void discard(std::unique_ptr<ControlView> view);
+
+  Control& control() const { return control_; }
+  // What stands in the form's arrangement.
+  HWND window() const { return window_; }
+  HWND parent() const { return parent_; }
+
+  // Draws the control when it has changed since it was drawn last.
+  void refresh();
+  // Draws it in any case.
+  void redraw();
+  // Whether the focus of Windows is where this control's keys arrive.
+  bool hasFocus() const;
+  void takeFocus();
+  // The label before or above the window, which comes and goes with it; its maker owns it.
+  void setLabel(HWND label);
+  HWND label() const { return label_; }
+  // Its fonts outlive the view, or the next call. Called before the control is drawn first.
+  void setMetrics(const Metrics& metrics);
+  // The form is closed: nothing is passed on any more, and the control is not asked.
+  void detach() { detached_ = true; }
+
+  // The room that it needs by itself, without label.
+  virtual SIZE wantedSize(const Metrics& metrics) const;
+  // Puts it there, in coordinates of the form's window.
+  virtual void place(const RECT& where);
+
+  // What the window tells its parent, which passes it on: WM_COMMAND, WM_NOTIFY, and the messages
+  // that ask for colours (WM_CTLCOLORSTATIC and its like).
+  virtual void command(WORD code);
+  virtual std::optional<LRESULT> notified(NMHDR& what);
+  virtual std::optional<LRESULT> coloured(HDC) { return {}; }
+
+ protected:
+  // Called once by the derived class with its window.
+  void adopt(HWND window);
+
+  // Shows the control's state; what all controls have is drawn already.
+  virtual void draw() = 0;
+  virtual void drawVisible(bool visible);
+  virtual void metricsChanged() {}
+  // A message to the window. An answer keeps it from the window.
+  virtual std::optional<LRESULT> handle(const WindowMessage& message);
+  // What the window itself does with it.
+  LRESULT passOn(const WindowMessage& message);
+  // Keys for the form.
+  virtual void keysTyped(const std::vector<Key>& typed);
+  // A key that is a command, not one of the form's. True when it was used.
+  virtual bool commandKey(WPARAM) { return false; }
+  // A press of the mouse while the control has the focus. True keeps it from the window. `arrived`:
+  // this press brought the focus.
+  virtual bool mousePressed(const WindowMessage&, bool) { return false; }
+
+  void perform(const std::function<void()>& action) { runner_.perform(action); }
+  int interruptions() const { return runner_.interruptions(); }
+  bool isActive() const { return control_.form().active() == &control_; }
+  // While drawing, what the window tells is the view's own doing and not a person's.
+  bool drawing() const { return drawing_; }
+  bool detached() const { return detached_; }
+  // Null before they were set.
+  const Metrics* metrics() const { return metrics_; }
+  void setFont(HFONT font);
+  // What a screen reader calls the control.
+  std::wstring accessibleName() const;
+
+ private:
+  static LRESULT CALLBACK receive(HWND window, UINT id, WPARAM wide, LPARAM longer, UINT_PTR,
+                                  DWORD_PTR view);
+  LRESULT answer(const WindowMessage& message);
+  std::optional<LRESULT> keyMessage(const WindowMessage& message);
+  std::optional<LRESULT> mouseMessage(const WindowMessage& message);
+  void focusGiven();
+  bool arrive();
+  void drawState();
+
+  Control& control_;
+  view::ActionRunner& runner_;
+  HWND parent_;
+  HWND window_ = nullptr;
+  HWND label_ = nullptr;
+  const Metrics* metrics_ = nullptr;
+  KeyReader keys_;
+  std::wstring name_;  // as it was given to screen readers
+  unsigned drawn_ = 0;
+  bool drawing_ = false;
+  bool takingFocus_ = false;
+  bool detached_ = false;
+};
+
+}  // namespace quillet::windows

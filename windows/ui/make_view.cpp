@@ -1,0 +1,29 @@
+#include "windows/ui/make_view.h"
+
+#include "windows/ui/mask_view.h"
+#include "windows/ui/text_view.h"
+
+namespace quillet::windows {
+namespace {
+
+template <class Model, class View>
+std::unique_ptr<ControlView> viewOf(Control& control, view::ActionRunner& runner, HWND parent) {
+  auto* model = dynamic_cast<Model*>(&control);
+  return model ? std::make_unique<View>(*model, runner, parent) : nullptr;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeView(Control& control, view::ActionRunner& runner, HWND parent) {
+  using Maker = std::unique_ptr<ControlView> (*)(Control&, view::ActionRunner&, HWND);
+  static constexpr Maker makers[] = {
+      viewOf<TextBox, TextView>,
+      viewOf<MaskBox, MaskView>,
+  };
+  for (const Maker maker : makers) {
+    if (auto view = maker(control, runner, parent)) return view;
+  }
+  return nullptr;
+}
+
+}  // namespace quillet::windows

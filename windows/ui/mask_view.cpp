@@ -1,0 +1,85 @@
+#include "windows/ui/mask_view.h"
+
+#include <commctrl.h>
+
+#include "view/typed_text.h"
+#include "windows/com/text.h"
+#include "windows/ui/child_window.h"
+#include "windows/ui/clipboard.h"
+#include "windows/ui/window_text.h"
+
+namespace quillet::windows {
+
+MaskView::MaskView(MaskBox& box, view::ActionRunner& runner, HWND parent)
+    : ControlView(box, runner, parent), box_(box) {
+  adopt(makeChild(WC_EDITW, parent, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE));
+}
+
+SIZE MaskView::wantedSize(const Metrics& metrics) const {
+  return {metrics.characters(11) + 2 * metrics.step(), metrics.box()};
+}
+
+void MaskView::draw() {
+  showText(window(), wide(box_.text()));
+  showCaret();
+}
+
+void MaskView::showCaret() {
+  SendMessageW(window(), EM_SETSEL, box_.caret(), static_cast<LPARAM>(box_.caret()));
+}
+
+void MaskView::keysTyped(const std::vector<Key>& typed) {
+  Form& form = box_.form();
+  for (const Key key : typed) {
+    if (detached() || form.active() != &box_) break;
+    perform([&] { form.press(key); });
+  }
+}
+
+bool MaskView::commandKey(WPARAM code) {
+  const auto command = editingCommand(code);
+  if (command && *command != EM_SETSEL) SendMessageW(window(), *command, 0, 0);
+  // Moving the caret with Ctrl or Shift selects, and there is nothing to be selected.
+  return command || code == VK_LEFT || code == VK_RIGHT || code == VK_HOME || code == VK_END ||
+         code == VK_UP || code == VK_DOWN || code == VK_DELETE;
+}
+
+bool MaskView::mousePressed(const WindowMessage& message, bool) {
+  if (message.id != WM_LBUTTONDOWN) return true;
+  const LRESULT place = SendMessageW(window(), EM_CHARFROMPOS, 0, message.longer);
+  perform([&] { box_.setCaret(LOWORD(place)); });
+  return true;
+}
+
+LRESULT MaskView::copy() {
+  SendMessageW(window(), EM_SETSEL, 0, -1);
+  const LRESULT done = passOn({WM_COPY, 0, 0});
+  showCaret();
+  return done;
+}
+
+std::optional<LRESULT> MaskView::handle(const WindowMessage& message) {
+  switch (message.id) {
+    case WM_PASTE:
+      keysTyped(view::pastedKeys(clipboardText(window())));
+      return 0;
+    case WM_COPY:
+      return copy();
+    case WM_CHAR: {
+      const auto used = ControlView::handle(message);
+      return used.value_or(0);
+    }
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case EM_UNDO:
+    case WM_CONTEXTMENU:
+    case WM_LBUTTONDBLCLK:
+    case WM_LBUTTONUP:
+      return 0;
+    default:
+      return ControlView::handle(message);
+  }
+}
+
+}  // namespace quillet::windows

@@ -1,0 +1,213 @@
+#include "windows/ui/text_view.h"
+
+#include <commctrl.h>
+#include <imm.h>
+
+#include "data/text.h"
+#include "view/typed_text.h"
+#include "view/utf16_positions.h"
+#include "windows/com/text.h"
+#include "windows/ui/child_window.h"
+#include "windows/ui/clipboard.h"
+#include "windows/ui/window_text.h"
+
+namespace quillet::windows {
+namespace {
+
+DWORD alignmentOf(const TextBox& box) { return box.rightAligned() ? ES_RIGHT : ES_LEFT; }
+
+bool splitsPair(const std::wstring& text, std::size_t at) {
+  return at > 0 && at < text.size() && IS_SURROGATE_PAIR(text[at - 1], text[at]);
+}
+
+}  // namespace
+
+TextView::TextView(TextBox& box, view::ActionRunner& runner, HWND parent)
+    : ControlView(box, runner, parent), box_(box) {
+  adopt(makeChild(WC_EDITW, parent, ES_AUTOHSCROLL | alignmentOf(box), WS_EX_CLIENTEDGE));
+  SendMessageW(window(), EM_SETLIMITTEXT, 0, 0);  // the model has the limit
+}
+
+// --- drawing ------------------------------------------------------------------------------------
+
+void TextView::draw() {
+  showText(window(), wide(box_.text()));
+  const LONG_PTR style = GetWindowLongPtrW(window(), GWL_STYLE);
+  if (((style & ES_READONLY) != 0) != box_.locked()) {
+    SendMessageW(window(), EM_SETREADONLY, box_.locked(), 0);
+  }
+  if ((static_cast<DWORD>(style) & ES_RIGHT) != alignmentOf(box_)) {
+    SetWindowLongPtrW(window(), GWL_STYLE, (style & ~ES_RIGHT) | alignmentOf(box_));
+    InvalidateRect(window(), nullptr, TRUE);
+  }
+  const std::wstring text = wide(box_.text());
+  const std::wstring_view units = text;
+  select({static_cast<DWORD>(view::unitsOf(units, box_.selStart())),
+          static_cast<DWORD>(view::unitsOf(units, box_.selStart() + box_.selLength()))});
+}
+
+TextView::Selection TextView::selection() const {
+  Selection units;
+  SendMessageW(window(), EM_GETSEL, reinterpret_cast<WPARAM>(&units.start),
+               reinterpret_cast<LPARAM>(&units.end));
+  return units;
+}
+
+void TextView::select(Selection units) {
+  const Selection now = selection();
+  if (now.start == units.start && now.end == units.end) return;
+  SendMessageW(window(), EM_SETSEL, units.start, static_cast<LPARAM>(units.end));
+  if (hasFocus()) SendMessageW(window(), EM_SCROLLCARET, 0, 0);
+}
+
+// --- keys ---------------------------------------------------------------------------------------
+
+void TextView::keysTyped(const std::vector<Key>& typed) {
+  Form& form = box_.form();
+  const int before = interruptions();
+  for (const Key key : typed) {
+    // A handler that sends the focus on ends a paste: the rest belongs to no other box. So does a
+    // message: one that is told why a key was refused is not told so for each key that follows.
+    if (detached() || form.active() != &box_ || interruptions() != before) break;
+    type(key);
+  }
+}
+
+void TextView::type(Key key) {
+  followSelection();
+  Form& form = box_.form();
+  perform([&] {
+    const Key left = form.runKeyHandlers(key);
+    if (left == keys::none) {
+      // Discarded; a handler may still have hidden or disabled the box.
+    } else if (form.active() == &box_) {
+      edit(left);
+    } else {
+      form.handleKey(left);
+    }
+    form.repairFocus();
+  });
+}
+
+void TextView::edit(Key key) {
+  refresh();  // what the handlers changed comes before what the key does
+  const bool deletes = key == keys::Backspace || key == keys::Delete;
+  if (box_.locked() || !(deletes || keys::typesText(key))) {
+    box_.form().handleKey(key);
+    return;
+  }
+  const std::size_t start = box_.selStart();
+  const std::size_t length = box_.selLength();
+  if (!deletes) {
+    std::string typed;
+    appendCharacter(typed, key);
+    replace(start, length, typed);
+  } else if (length > 0) {
+    replace(start, length, {});
+  } else if (key == keys::Delete) {
+    replace(start, 1, {});
+  } else if (start > 0) {
+    replace(start - 1, 1, {});
+  }
+}
+
+void TextView::replace(std::size_t start, std::size_t length, const std::string& text) {
+  const std::wstring before = textOf(window());
+  const std::wstring_view units = before;
+  select({static_cast<DWORD>(view::unitsOf(units, start)),
+          static_cast<DWORD>(view::unitsOf(units, start + length))});
+  SendMessageW(window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(text).c_str()));
+}
+
+bool TextView::commandKey(WPARAM code) {
+  const auto command = editingCommand(code);
+  if (!command) return false;
+  SendMessageW(window(), *command, 0, *command == EM_SETSEL ? -1 : 0);
+  followSelection();
+  return true;
+}
+
+// --- what the window edited by itself: cutting, undoing
+// --------------------------------------------
+
+void TextView::command(WORD code) {
+  if (code == EN_CHANGE && !drawing() && !detached()) handOver();
+}
+
+void TextView::handOver() {
+  const std::wstring text = textOf(window());
+  const std::size_t caret = view::charactersOf(std::wstring_view(text), selection().end);
+  perform([&] { box_.edited(utf8(text), caret); });
+}
+
+void TextView::followSelection() {
+  if (drawing() || detached() || !hasFocus()) return;
+  const std::wstring text = textOf(window());
+  if (utf8(text) != box_.text()) return;
+  const Selection units = selection();
+  const std::size_t first = view::charactersOf(std::wstring_view(text), units.start);
+  const std::size_t last = view::charactersOf(std::wstring_view(text), units.end);
+  if (first != box_.selStart() || last - first != box_.selLength()) {
+    box_.select(first, last - first);
+  }
+}
+
+// --- messages -----------------------------------------------------------------------------------
+
+std::optional<LRESULT> TextView::handle(const WindowMessage& message) {
+  switch (message.id) {
+    case WM_PASTE:
+      if (!box_.locked()) keysTyped(view::pastedKeys(clipboardText(window())));
+      return 0;
+    case WM_IME_COMPOSITION:
+      if (message.longer & GCS_RESULTSTR) return compose(message);
+      return {};
+    case WM_KEYDOWN:
+      if (const auto used = ControlView::handle(message)) return used;
+      return moveCaret(message);
+    case WM_CHAR: {
+      const auto used = ControlView::handle(message);
+      return used.value_or(0);  // the characters of commands are none of the window's
+    }
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_CONTEXTMENU: {
+      const LRESULT done = passOn(message);
+      followSelection();
+      return done;
+    }
+    default:
+      return ControlView::handle(message);
+  }
+}
+
+// Lets the window move its caret or select, over both halves of a pair at once.
+LRESULT TextView::moveCaret(const WindowMessage& message) {
+  LRESULT done = passOn(message);
+  const std::wstring text = textOf(window());
+  const Selection units = selection();
+  if (splitsPair(text, units.start) || splitsPair(text, units.end)) done = passOn(message);
+  followSelection();
+  return done;
+}
+
+bool TextView::mousePressed(const WindowMessage& message, bool arrived) {
+  // A box that selects its text when it gets the focus keeps it selected under the click.
+  return message.id == WM_LBUTTONDOWN && arrived && box_.selLength() > 0;
+}
+
+// What an input method has composed is typed; the window keeps what is being composed.
+LRESULT TextView::compose(const WindowMessage& message) {
+  const HIMC method = ImmGetContext(window());
+  const LONG bytes = ImmGetCompositionStringW(method, GCS_RESULTSTR, nullptr, 0);
+  std::wstring composed(bytes > 0 ? static_cast<std::size_t>(bytes) / sizeof(wchar_t) : 0, L'\0');
+  if (bytes > 0) {
+    ImmGetCompositionStringW(method, GCS_RESULTSTR, composed.data(), static_cast<DWORD>(bytes));
+  }
+  ImmReleaseContext(window(), method);
+  const LRESULT done = passOn({message.id, message.wide, message.longer & ~GCS_RESULTSTR});
+  if (!box_.locked()) keysTyped(view::typedKeys(utf8(composed)));
+  return done;
+}
+
+}  // namespace quillet::windows
