@@ -1,0 +1,180 @@
+#include "windows/ui/simple_views.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "view/access_keys.h"
+#include "windows/com/text.h"
+#include "windows/ui/child_window.h"
+#include "windows/ui/window_text.h"
+
+namespace quillet::windows {
+
+// --- label --------------------------------------------------------------------------------------
+
+LabelView::LabelView(Label& label, view::ActionRunner& runner, HWND parent)
+    : ControlView(label, runner, parent), label_(label) {
+  adopt(makeChild(WC_STATICW, parent, SS_NOPREFIX | SS_ENDELLIPSIS | SS_CENTERIMAGE));
+}
+
+SIZE LabelView::wantedSize(const Metrics& metrics) const {
+  return {metrics.widthOf(wide(label_.caption())), metrics.line()};
+}
+
+void LabelView::metricsChanged() {
+  if (label_.quiet()) setFont(metrics()->quiet());
+}
+
+void LabelView::draw() {
+  if (metrics()) setFont(label_.quiet() ? metrics()->quiet() : metrics()->font());
+  showText(window(), wide(label_.caption()));
+}
+
+std::optional<LRESULT> LabelView::coloured(HDC paper) {
+  SetTextColor(paper, GetSysColor(label_.quiet() ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+  SetBkColor(paper, GetSysColor(COLOR_BTNFACE));
+  return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+// --- button, option, check box ------------------------------------------------------------------
+
+void ClickView::draw() {
+  showText(window(), wide(control().caption()));
+  drawMark();
+}
+
+void ClickView::command(WORD code) {
+  if (code != BN_CLICKED || drawing() || detached()) return;
+  perform([&] { control().form().click(control()); });
+  // The window may have marked itself; what counts is the model.
+  redraw();
+}
+
+ButtonView::ButtonView(Button& button, view::ActionRunner& runner, HWND parent)
+    : ClickView(button, runner, parent), button_(button) {
+  adopt(makeChild(WC_BUTTONW, parent, BS_PUSHBUTTON));
+}
+
+SIZE ButtonView::wantedSize(const Metrics& metrics) const {
+  const std::wstring caption = wide(button_.caption());
+  return {metrics.widthOf(caption, false) + 4 * metrics.step(), metrics.box() + metrics.pixels(2)};
+}
+
+void ButtonView::standInList() {
+  inList_ = true;
+  redraw();
+}
+
+// The chosen one of several commands is pressed in; the one with the focus is the one that Enter
+// presses.
+void ButtonView::drawMark() {
+  DWORD kind = hasFocus() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+  if (button_.chosen()) kind = BS_CHECKBOX | BS_PUSHLIKE;
+  if (inList_) kind |= BS_LEFT;
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
+  constexpr DWORD kinds = BS_TYPEMASK | BS_PUSHLIKE | BS_LEFT;
+  if ((style & kinds) != kind) {
+    SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>((style & ~kinds) | kind));
+    SendMessageW(window(), BM_SETSTYLE, kind, TRUE);
+  }
+  SendMessageW(window(), BM_SETCHECK, button_.chosen() ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+std::optional<LRESULT> ButtonView::handle(const WindowMessage& message) {
+  if (message.id != WM_SETFOCUS && message.id != WM_KILLFOCUS) return ClickView::handle(message);
+  const auto answer = ClickView::handle(message);
+  const LRESULT done = answer ? *answer : passOn(message);
+  if (!detached() && window()) drawMark();
+  return done;
+}
+
+ToggleView::ToggleView(Toggle& toggle, view::ActionRunner& runner, HWND parent)
+    : ClickView(toggle, runner, parent), toggle_(toggle) {
+  const bool isOption = dynamic_cast<OptionButton*>(&toggle) != nullptr;
+  adopt(makeChild(WC_BUTTONW, parent, isOption ? BS_RADIOBUTTON : BS_CHECKBOX));
+  // An option would click itself when it gets the focus.
+  if (isOption) SendMessageW(window(), BM_SETDONTCLICK, TRUE, 0);
+}
+
+SIZE ToggleView::wantedSize(const Metrics& metrics) const {
+  const int mark = metrics.line() + metrics.step();
+  return {metrics.widthOf(wide(toggle_.caption()), false) + mark, metrics.box()};
+}
+
+void ToggleView::drawMark() {
+  SendMessageW(window(), BM_SETCHECK, toggle_.checked() ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+// --- frame --------------------------------------------------------------------------------------
+
+FrameView::FrameView(Frame& frame, view::ActionRunner& runner, HWND parent)
+    : ControlView(frame, runner, parent), frame_(frame), bordered_(!frame.caption().empty()) {
+  adopt(makeChild(WC_BUTTONW, parent, BS_GROUPBOX));
+}
+
+RECT FrameView::inside(const RECT& where, const Metrics& metrics) const {
+  if (!bordered_) return where;
+  const int step = metrics.step();
+  const int side = step + step / 2;
+  return {where.left + side, where.top + 2 * step + metrics.line(), where.right - side,
+          where.bottom - side};
+}
+
+// The window consists of border and heading only, so that it never draws over what it holds.
+void FrameView::place(const RECT& where) {
+  ControlView::place(where);
+  if (!bordered_ || !metrics()) return;
+  const RECT whole{0, 0, where.right - where.left, where.bottom - where.top};
+  const RECT room = inside(whole, *metrics());
+  const HRGN border = CreateRectRgnIndirect(&whole);
+  const HRGN hole = CreateRectRgnIndirect(&room);
+  CombineRgn(border, border, hole, RGN_DIFF);
+  DeleteObject(hole);
+  SetWindowRgn(window(), border, TRUE);  // which owns it from now on
+}
+
+void FrameView::draw() {
+  showText(window(), wide(view::withoutMarks(frame_.caption())));
+  InvalidateRect(window(), nullptr, FALSE);
+}
+
+void FrameView::drawVisible(bool visible) { ControlView::drawVisible(visible && bordered_); }
+
+std::optional<LRESULT> FrameView::handle(const WindowMessage& message) {
+  switch (message.id) {
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_ENABLE:
+      InvalidateRect(window(), nullptr, FALSE);
+      return 0;
+    default:
+      return ControlView::handle(message);
+  }
+}
+
+void FrameView::paint() {
+  PAINTSTRUCT painting{};
+  const HDC paper = BeginPaint(window(), &painting);
+  RECT room{};
+  GetClientRect(window(), &room);
+  FillRect(paper, &room, GetSysColorBrush(COLOR_BTNFACE));
+  FrameRect(paper, &room, GetSysColorBrush(COLOR_BTNSHADOW));
+  if (metrics()) {
+    const HGDIOBJ before = SelectObject(paper, metrics()->bold());
+    const int step = metrics()->step();
+    RECT heading{room.left + step + step / 2, room.top + step, room.right - step,
+                 room.top + step + metrics()->line()};
+    SetBkMode(paper, TRANSPARENT);
+    SetTextColor(paper, GetSysColor(IsWindowEnabled(window()) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    DrawTextW(paper, textOf(window()).c_str(), -1, &heading,
+              DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    SelectObject(paper, before);
+  }
+  EndPaint(window(), &painting);
+}
+
+}  // namespace quillet::windows
