@@ -11,13 +11,27 @@ class Busy {
  public:
   explicit Busy(ServiceObject& host, const std::string& text = {}) : host_(host) {
     host_.progress(true);
-    if (!text.empty()) host_.objProgress().Text1(text);
+    try {
+      if (!text.empty()) host_.objProgress().Text1(text);
+    } catch (...) {
+      hide();
+      throw;
+    }
   }
-  ~Busy() { host_.progress(false); }
+  ~Busy() { hide(); }
   Busy(const Busy&) = delete;
   Busy& operator=(const Busy&) = delete;
 
  private:
+  // An indicator that cannot be hidden does not undo the work that it showed.
+  void hide() {
+    try {
+      host_.progress(false);
+    } catch (...) {
+      return;
+    }
+  }
+
   ServiceObject& host_;
 };
 

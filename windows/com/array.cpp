@@ -1,9 +1,11 @@
 #include "windows/com/array.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "windows/com/errors.h"
+#include "windows/com/text.h"
 
 namespace quillet::windows {
 namespace {
@@ -55,6 +57,28 @@ Variant Array::release() {
   result.vt = static_cast<VARTYPE>(VT_ARRAY | type_);
   result.parray = std::exchange(array_, nullptr);
   return result;
+}
+
+void fill(Array& array, const std::vector<std::string>& texts) {
+  if (array.type() == VT_BSTR) {
+    const ArrayView<BSTR> elements(array.get());
+    std::transform(texts.begin(), texts.end(), elements.begin(), newBstr);
+    return;
+  }
+  const ArrayView<VARIANT> elements(array.get());
+  for (std::size_t i = 0; i < texts.size(); ++i) Variant(texts[i]).moveTo(&elements[i]);
+}
+
+std::vector<std::string> textsIn(const Array& array) {
+  std::vector<std::string> texts;
+  if (array.type() == VT_BSTR) {
+    for (BSTR text : ArrayView<BSTR>(array.get())) texts.push_back(fromBstr(text));
+    return texts;
+  }
+  for (const VARIANT& value : ArrayView<const VARIANT>(array.get())) {
+    texts.push_back(asText(value));
+  }
+  return texts;
 }
 
 std::size_t lengthOf(SAFEARRAY* array, UINT dimension) {

@@ -4,6 +4,8 @@
 #include <ole2.h>
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "windows/com/variant.h"
 
@@ -48,6 +50,7 @@ class Array {
   Array& operator=(const Array&) = delete;
 
   SAFEARRAY* get() const { return array_; }
+  VARTYPE type() const { return type_; }
   // An argument by reference: the callee may write into it or put another array in its place.
   Variant reference();
   // An argument by value, which takes the array over.
@@ -57,6 +60,10 @@ class Array {
   VARTYPE type_;
   SAFEARRAY* array_ = nullptr;
 };
+
+// Texts in an array of BSTR or of Variant; `array` has as many elements.
+void fill(Array& array, const std::vector<std::string>& texts);
+std::vector<std::string> textsIn(const Array& array);
 
 // How many elements a dimension has, counted from 1; 0 when there is no such dimension.
 std::size_t lengthOf(SAFEARRAY* array, UINT dimension);

@@ -30,7 +30,10 @@ Late Late::create(const std::string& progId) {
     hr = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
                           object.putVoid());
   }
-  if (FAILED(hr)) throw errorOf(hr, progId);
+  if (FAILED(hr)) {
+    const RunTimeError error = errorOf(hr, progId);
+    throw RunTimeError(error.number(), std::string(error.what()) + ": " + progId, progId);
+  }
   return {std::move(object), progId};
 }
 
