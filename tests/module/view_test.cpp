@@ -1,14 +1,20 @@
 // What the views of all toolkits share, without any of them.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "controls/grid.h"
 #include "controls/open_forms.h"
 #include "controls/text_box.h"
 #include "data/text.h"
 #include "view/access_keys.h"
+#include "view/column_widths.h"
+#include "view/drop_down_place.h"
 #include "view/message_texts.h"
+#include "view/shortcut.h"
+#include "view/shown_rows.h"
 #include "view/typed_text.h"
 #include "view/utf16_positions.h"
 
@@ -100,6 +106,7 @@ class KeyedForm : public Form {
   Button save{*this, "save", "&Save"};
   CheckBox note{*this, "note", "&note"};
   Button plain{*this, "plain", "Plain"};
+  Grid grid{*this, "grid"};
 };
 
 TEST(AccessKeys, ClickAloneAndTakeTurnsInAClash) {
@@ -148,6 +155,99 @@ TEST(MessageTexts, AreThoseOfTheAnswersThatAreShown) {
   ASSERT_EQ(kinds.size(), 2U);
   EXPECT_EQ(kinds[0].pattern, "*.xls;*.xlsx");
   EXPECT_EQ(kinds[1].name, "All Files");
+}
+
+TEST(Shortcut, IsModifiersAndAKey) {
+  const struct {
+    const char* text;
+    std::optional<Shortcut> expected;
+  } cases[] = {
+      {"F5", Shortcut{false, false, false, "F5"}},
+      {"Ctrl+Del", Shortcut{true, false, false, "DEL"}},
+      {"ctrl+Shift+p", Shortcut{true, true, false, "P"}},
+      {"Alt++", Shortcut{false, false, true, "+"}},
+      {"+", Shortcut{false, false, false, "+"}},
+      {"Hyper+P", std::nullopt},
+      {"Ctrl+", std::nullopt},
+      {"", std::nullopt},
+  };
+  for (const auto& each : cases) EXPECT_EQ(shortcut(each.text), each.expected) << each.text;
+}
+
+// --- grids --------------------------------------------------------------------------------------
+
+TEST(ShownRows, LeaveHiddenOnesOut) {
+  OpenForms openForms;
+  KeyedForm form(openForms);
+  Grid& grid = form.grid;
+  grid.setColumns({{.heading = "Name"}});
+  for (const char* name : {"a", "b", "c", "d"}) grid.addRow({name});
+  const struct {
+    std::vector<int> hidden;
+    std::vector<int> shown;
+  } cases[] = {{{}, {1, 2, 3, 4}}, {{1, 3}, {2, 4}}, {{1, 2, 3, 4}, {}}, {{4}, {1, 2, 3}}};
+  ShownRows rows;
+  for (const auto& each : cases) {
+    for (int row = 1; row <= 4; ++row) grid.setRowHidden(row, false);
+    for (const int row : each.hidden) grid.setRowHidden(row, true);
+    rows.read(grid);
+    ASSERT_EQ(rows.count(), static_cast<int>(each.shown.size()));
+    for (int at = 0; at < rows.count(); ++at) {
+      const int row = each.shown[static_cast<std::size_t>(at)];
+      EXPECT_EQ(rows.gridRow(at), row);
+      EXPECT_EQ(rows.shownRow(row), at);
+    }
+    for (const int row : each.hidden) EXPECT_EQ(rows.shownRow(row), -1);
+    for (const int none : {-1, rows.count()}) EXPECT_EQ(rows.gridRow(none), 0);
+    for (const int none : {0, 5}) EXPECT_EQ(rows.shownRow(none), -1);
+  }
+}
+
+TEST(ColumnWidths, ShareWhatIsLeftAndKeepWhatWasDragged) {
+  const std::vector<GridColumn> columns{
+      {.heading = "Name", .width = 10, .stretch = true},
+      {.heading = "Id", .hidden = true},
+      {.heading = "Debit", .width = 5},
+      {.heading = "Group", .width = 2, .stretch = true},
+  };
+  const CellMetrics metrics{7.5, 4};
+  const struct {
+    const char* what;
+    std::vector<int> now;
+    int room;
+    std::vector<int> widths;
+  } cases[] = {
+      {"drawn first", {}, 0, {79, 0, 42, 19}},
+      {"an odd rest", {0, 0, 0, 0}, 151, {84, 0, 42, 25}},
+      {"dragged within a character", {79, 0, 40, 19}, 0, {79, 0, 40, 19}},
+      {"set anew since", {79, 0, 60, 19}, 0, {79, 0, 42, 19}},
+      {"stretched before, narrow now", {400, 0, 42, 300}, 100, {79, 0, 42, 19}},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(columnWidths(columns, each.now, metrics, each.room), each.widths) << each.what;
+  }
+  EXPECT_EQ(metrics.characters(0), 1);
+}
+
+TEST(DropDown, StaysInTheWindow) {
+  constexpr Size window{400, 300};
+  const struct {
+    const char* what;
+    Bounds field;
+    Size wanted;
+    Bounds place;
+  } cases[] = {
+      {"under its field", {20, 40, 100, 24}, {150, 120}, {20, 66, 150, 120}},
+      {"at the right edge", {350, 40, 40, 24}, {150, 120}, {246, 66, 150, 120}},
+      {"above", {20, 240, 100, 24}, {150, 120}, {20, 118, 150, 120}},
+      {"cut above", {20, 200, 100, 24}, {150, 500}, {20, 4, 150, 194}},
+      {"cut below", {20, 40, 100, 24}, {150, 500}, {20, 66, 150, 230}},
+      {"wider than the window", {-30, 40, 600, 24}, {150, 120}, {4, 66, 392, 120}},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(dropDownPlace(each.field, each.wanted, window), each.place) << each.what;
+  }
+  EXPECT_GE(dropDownPlace({0, 0, 50, 24}, {50, 50}, {6, 10}).height, 0) << "hardly a window";
 }
 
 }  // namespace

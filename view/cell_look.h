@@ -1,0 +1,23 @@
+// How the cells of a grid are told apart, whatever draws them.
+#pragma once
+
+#include "controls/grid.h"
+
+namespace quillet::view {
+
+// What stands behind a row's cells.
+enum class Ground { plain, everySecond, emphasised, current, currentInFocus };
+
+// `shown` counts the rows on the screen from 0. A list under a text box is always in focus: keys
+// that go into the box move its current row.
+Ground groundOf(const Grid& grid, int row, int shown, bool inFocus);
+
+// Amounts stand under each other: they are drawn in digits of one width.
+inline bool holdsFigures(const GridColumn& column) { return column.align == Align::right; }
+
+// Whether a person can write into the column's cells; ticks are turned, not written.
+inline bool isWritten(const GridColumn& column) {
+  return column.editable && !column.tick && !column.hidden;
+}
+
+}  // namespace quillet::view

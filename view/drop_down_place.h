@@ -1,0 +1,32 @@
+// Where the list under a text box lies in the form's window.
+#pragma once
+
+namespace quillet {
+class Grid;
+}
+
+namespace quillet::view {
+
+struct Size {
+  int width = 0;
+  int height = 0;
+};
+
+struct Bounds {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+  bool operator==(const Bounds&) const = default;
+};
+
+// As many rows as it shows at once, and the characters that it is wide.
+int dropDownRows(int rows);
+int dropDownCharacters(const Grid& list);
+
+// Under its field; above it when there is more room and the list does not fit below. At least as
+// wide as the field; neither outgrows the window nor leaves it. `gap` keeps it off the window's
+// edges, half of it off the field.
+Bounds dropDownPlace(const Bounds& field, Size wanted, Size window, int gap = 4);
+
+}  // namespace quillet::view
