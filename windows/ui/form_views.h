@@ -1,0 +1,62 @@
+// The views of a form's controls and the labels before or above them, in the form's arrangement.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "controls/form.h"
+#include "view/action_runner.h"
+#include "windows/ui/control_view.h"
+#include "windows/ui/layout.h"
+#include "windows/ui/metrics.h"
+
+namespace quillet::windows {
+
+class FormViews {
+ public:
+  FormViews(Form& form, view::ActionRunner& runner, HWND window)
+      : form_(form), runner_(runner), window_(window) {}
+  ~FormViews();
+  FormViews(const FormViews&) = delete;
+  FormViews& operator=(const FormViews&) = delete;
+
+  // Makes the views that are missing and takes away those that the arrangement has no place for.
+  void arrange();
+  void setMetrics(const Metrics& metrics);
+  void refresh();
+  // Puts all that is shown where it belongs; returns the least room in which nothing is cut.
+  SIZE place(const RECT& room);
+  // Controls of Windows are told by their parent that colours or fonts of the system changed.
+  void systemChanged(UINT message, WPARAM wide, LPARAM longer);
+  void detach();
+
+  // Null for a control that has no place, or that the form has removed.
+  ControlView* viewOf(const Control* control) const;
+  ControlView* viewOf(HWND window) const;
+
+ private:
+  struct Placed {
+    std::unique_ptr<ControlView> view;
+    HWND label = nullptr;
+    std::string labelText;
+    RECT at{};
+    RECT labelAt{};
+  };
+
+  void add(const LayoutItem& node, const view::Place& place);
+  void setLabel(Placed& placed, const std::string& text);
+  void order(const LayoutItem& node, HWND& below);
+  Piece pieceOf(const LayoutItem& node) const;
+  void put(const Placement& placement);
+
+  Form& form_;
+  view::ActionRunner& runner_;
+  HWND window_;
+  const Metrics* metrics_ = nullptr;
+  std::map<unsigned, Placed> views_;  // by the id of their controls
+};
+
+}  // namespace quillet::windows

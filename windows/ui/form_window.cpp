@@ -1,0 +1,362 @@
+#include "windows/ui/form_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "windows/com/text.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/message_scope.h"
+#include "windows/ui/this_module.h"
+#include "windows/ui/visual_styles.h"
+#include "windows/ui/work_area.h"
+
+namespace quillet::windows {
+namespace {
+
+constexpr const wchar_t* className = L"QuilletForm";
+
+// What the window's border, caption and menu add to its inside.
+SIZE borders(HWND window) {
+  RECT outside{};
+  RECT inside{};
+  GetWindowRect(window, &outside);
+  GetClientRect(window, &inside);
+  return {outside.right - outside.left - inside.right,
+          outside.bottom - outside.top - inside.bottom};
+}
+
+}  // namespace
+
+// Registered with the first window and unregistered with the last one, since the module may be
+// unloaded then.
+class FormWindow::Class {
+ public:
+  static std::shared_ptr<Class> get() {
+    static std::weak_ptr<Class> known;
+    std::shared_ptr<Class> found = known.lock();
+    if (!found) known = found = std::make_shared<Class>();
+    return found;
+  }
+  Class() {
+    WNDCLASSEXW wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.lpfnWndProc = receive;
+    wanted.hInstance = thisModule();
+    wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    wanted.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    wanted.lpszClassName = className;
+    RegisterClassExW(&wanted);
+  }
+  ~Class() { UnregisterClassW(className, thisModule()); }
+  Class(const Class&) = delete;
+  Class& operator=(const Class&) = delete;
+};
+
+// No exception passes into Windows.
+template <class Body>
+void FormWindow::guarded(Body&& body) noexcept {
+  try {
+    body();
+  } catch (...) {
+    if (!detached_) reportTrapped(form_, "WINDOW");
+  }
+}
+
+FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
+                       const FormWindows::Place& place)
+    : form_(form), windows_(windows), class_(Class::get()), menu_(form) {
+  font_ = {form.size.font, place.fontPoints, place.fontName};
+  {
+    const VisualStyles styles;
+    CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                    CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, owner, nullptr, thisModule(), this);
+  }
+  if (!window_) return;
+  metrics_ = std::make_unique<Metrics>(dpiOf(window_), font_);
+  views_ = std::make_unique<FormViews>(form, windows, window_);
+  views_->setMetrics(*metrics_);
+  guarded([&] {
+    draw();
+    takeSize(place);
+  });
+}
+
+FormWindow::~FormWindow() {
+  detach();
+  covered_.reset();
+  views_.reset();
+  if (window_) DestroyWindow(std::exchange(window_, nullptr));
+}
+
+// --- drawing ------------------------------------------------------------------------------------
+
+void FormWindow::refresh() noexcept {
+  if (detached_ || !views_) return;
+  guarded([&] {
+    if (drawn_ != form_.version()) {
+      draw();
+      place();
+    }
+    followFocus();
+  });
+}
+
+void FormWindow::draw() {
+  drawn_ = form_.version();
+  const std::wstring caption = wide(form_.caption());
+  SetWindowTextW(window_, caption.c_str());
+  menu_.refresh(window_);
+  if (arranged_ != form_.arrangementVersion()) {
+    arranged_ = form_.arrangementVersion();
+    views_->arrange();
+  }
+  views_->refresh();
+}
+
+void FormWindow::place() {
+  RECT room{};
+  GetClientRect(window_, &room);
+  least_ = views_->place(room);
+}
+
+void FormWindow::followFocus() {
+  if (GetActiveWindow() != window_) return;
+  ControlView* active = views_->viewOf(form_.active());
+  if (!active) {
+    if (GetFocus() != window_) SetFocus(window_);
+  } else if (!active->hasFocus()) {
+    active->takeFocus();
+  }
+}
+
+void FormWindow::takeFonts() {
+  auto metrics = std::make_unique<Metrics>(dpiOf(window_), font_);
+  views_->setMetrics(*metrics);
+  metrics_ = std::move(metrics);
+  place();
+}
+
+// --- size and place -----------------------------------------------------------------------------
+
+void FormWindow::takeSize(const FormWindows::Place& wanted) {
+  const RECT area = workArea(GetWindow(window_, GW_OWNER));
+  const SIZE room{area.right - area.left, area.bottom - area.top};
+  place();
+  const SIZE border = borders(window_);
+  const auto bounded = [](double share, LONG whole, LONG least) {
+    return std::min(whole, std::max(static_cast<LONG>(std::lround(share * whole)), least));
+  };
+  const LONG width = bounded(form_.size.width, room.cx, least_.cx + border.cx);
+  const LONG height = bounded(form_.size.height, room.cy, least_.cy + border.cy);
+  MoveWindow(window_, static_cast<int>(area.left + (room.cx - width) / 2),
+             static_cast<int>(area.top + (room.cy - height) / 2), static_cast<int>(width),
+             static_cast<int>(height), FALSE);
+  moveTo(wanted);
+}
+
+void FormWindow::moveTo(const FormWindows::Place& place) {
+  const Metrics::Wish font{form_.size.font, place.fontPoints, place.fontName};
+  if (!(font == font_)) {
+    font_ = font;
+    guarded([&] { takeFonts(); });
+  }
+  if (!place.left && !place.top && !place.width && !place.height) return;
+  RECT now{};
+  GetWindowRect(window_, &now);
+  MoveWindow(window_, place.left.value_or(now.left), place.top.value_or(now.top),
+             place.width.value_or(now.right - now.left),
+             place.height.value_or(now.bottom - now.top), TRUE);
+}
+
+void FormWindow::bound(MINMAXINFO& bounds) const {
+  const RECT area = workArea(window_);
+  const SIZE border = borders(window_);
+  bounds.ptMinTrackSize = {std::min(least_.cx + border.cx, area.right - area.left),
+                           std::min(least_.cy + border.cy, area.bottom - area.top)};
+}
+
+void FormWindow::resized(WPARAM how) {
+  if (how == SIZE_MINIMIZED) return;
+  place();
+  windows_.perform([&] { form_.resized(); });
+}
+
+// --- coming and going ---------------------------------------------------------------------------
+
+void FormWindow::show() {
+  if (!window_) return;
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+  if (GetActiveWindow() != window_ || GetForegroundWindow() != window_) {
+    SetForegroundWindow(window_);
+    SetActiveWindow(window_);
+  }
+  // A host may take long until it looks for messages again.
+  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::cover() {
+  if (!covered_) covered_.emplace(window_);
+}
+
+void FormWindow::detach() {
+  detached_ = true;
+  if (views_) views_->detach();
+}
+
+void FormWindow::close(HWND next) {
+  // First of all: Windows would look for another window to work in, whosever it is.
+  covered_.reset();
+  if (!window_) return;
+  const bool active = GetActiveWindow() == window_;
+  if (active && IsWindowVisible(next) && IsWindowEnabled(next)) SetActiveWindow(next);
+  ShowWindow(window_, SW_HIDE);
+}
+
+void FormWindow::forgetOwner(HWND owner) {
+  if (GetWindow(window_, GW_OWNER) != owner) return;
+  SetWindowLongPtrW(window_, GWLP_HWNDPARENT, 0);
+}
+
+// Windows goes before the form does: the host ends, or the window below it went.
+void FormWindow::destroyed() {
+  window_ = nullptr;
+  covered_.reset();
+  if (!detached_) windows_.lost(form_);
+}
+
+// --- messages -----------------------------------------------------------------------------------
+
+LRESULT CALLBACK FormWindow::receive(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  const MessageScope scope;
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<FormWindow*>(reinterpret_cast<CREATESTRUCTW*>(longer)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  std::optional<LRESULT> answer;
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (self) self->guarded([&] { self->destroyed(); });
+  } else if (self && !self->detached_ && self->views_) {
+    self->guarded([&] { answer = self->handle(message, wide, longer); });
+  }
+  return answer ? *answer : DefWindowProcW(window, message, wide, longer);
+}
+
+std::optional<LRESULT> FormWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_SIZE:
+      resized(wide);
+      return 0;
+    case WM_CLOSE:
+      windows_.perform([&] { form_.close(); });
+      return 0;
+    case WM_SETFOCUS:
+      followFocus();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wide) != WA_INACTIVE) windows_.activated(form_);
+      return {};
+    case WM_SYSCHAR:
+      if (access(static_cast<wchar_t>(wide))) return 0;
+      return {};
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_UNICHAR:
+    case WM_IME_CHAR:
+      return keys(message, wide);
+    case WM_COMMAND:
+      return command(wide, longer);
+    case WM_NOTIFY: {
+      auto& what = *reinterpret_cast<NMHDR*>(longer);
+      ControlView* view = views_->viewOf(what.hwndFrom);
+      return view ? view->notified(what) : std::nullopt;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLORLISTBOX: {
+      ControlView* view = views_->viewOf(reinterpret_cast<HWND>(longer));
+      return view ? view->coloured(reinterpret_cast<HDC>(wide)) : std::nullopt;
+    }
+    default:
+      return system(message, wide, longer);
+  }
+}
+
+std::optional<LRESULT> FormWindow::system(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_GETMINMAXINFO:
+      bound(*reinterpret_cast<MINMAXINFO*>(longer));
+      return 0;
+    case WM_DPICHANGED: {
+      const auto& wanted = *reinterpret_cast<const RECT*>(longer);
+      takeFonts();
+      MoveWindow(window_, wanted.left, wanted.top, wanted.right - wanted.left,
+                 wanted.bottom - wanted.top, TRUE);
+      return 0;
+    }
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+      views_->systemChanged(message, wide, longer);
+      [[fallthrough]];
+    case WM_THEMECHANGED:
+      takeFonts();
+      RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      return {};
+    default:
+      return {};
+  }
+}
+
+std::optional<LRESULT> FormWindow::command(WPARAM wide, LPARAM longer) {
+  if (longer == 0) {
+    if (MenuEntry* entry = menu_.entry(LOWORD(wide))) {
+      windows_.perform([&] { form_.click(*entry); });
+    }
+  } else if (ControlView* view = views_->viewOf(reinterpret_cast<HWND>(longer))) {
+    view->command(HIWORD(wide));
+  }
+  return 0;
+}
+
+// No control has the focus: the form still sees every key.
+std::optional<LRESULT> FormWindow::keys(UINT message, WPARAM wide) {
+  const KeyReader::Result read = keys_.read(message, wide);
+  if (!read.used) return {};
+  for (const Key key : read.keys) windows_.perform([&] { form_.press(key); });
+  return message == WM_UNICHAR ? 1 : 0;
+}
+
+bool FormWindow::access(wchar_t character) {
+  const view::AccessKeys::Meaning meaning = access_.press(form_, character);
+  switch (meaning.deed) {
+    case view::AccessKeys::Deed::click:
+      windows_.perform([&] { form_.click(*meaning.control); });
+      return true;
+    case view::AccessKeys::Deed::focus:
+      windows_.perform([&] { form_.focus(*meaning.control); });
+      return true;
+    default:
+      return false;  // Windows opens the menu
+  }
+}
+
+bool FormWindow::shortcut(const MSG& message) noexcept {
+  if (detached_ || (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN))
+    return false;
+  bool used = false;
+  guarded([&] {
+    if (message.wParam != VK_MENU && message.message == WM_KEYDOWN) access_.forget();
+    Control* command = menu_.shortcut(message.wParam);
+    if (!command && message.wParam == VK_F1) command = form_.find("mnuhelp");
+    if (!command || !command->clickable()) return;
+    used = true;
+    windows_.perform([&] { form_.click(*command); });
+  });
+  return used;
+}
+
+}  // namespace quillet::windows

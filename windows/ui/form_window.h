@@ -1,0 +1,86 @@
+// The window of any form: its menu bar, its controls in the form's arrangement, its caption. Draws
+// what the form says and passes on what a person does; it decides nothing by itself.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+
+#include "controls/form.h"
+#include "view/access_keys.h"
+#include "windows/ui/form_views.h"
+#include "windows/ui/form_windows.h"
+#include "windows/ui/keys.h"
+#include "windows/ui/menu.h"
+#include "windows/ui/metrics.h"
+#include "windows/ui/modal.h"
+
+namespace quillet::windows {
+
+class FormWindow {
+ public:
+  // Not shown yet. `owner`: what a modal form stands above.
+  FormWindow(Form& form, FormWindows& windows, HWND owner, const FormWindows::Place& place);
+  ~FormWindow();
+  FormWindow(const FormWindow&) = delete;
+  FormWindow& operator=(const FormWindow&) = delete;
+
+  Form& form() const { return form_; }
+  HWND window() const { return window_; }
+
+  // Draws what changed since the last time and lets the focus of Windows follow the form's.
+  void refresh() noexcept;
+  void show();
+  // Takes the input of all other windows, and gives it back.
+  void cover();
+  void uncover() { covered_.reset(); }
+  // The form is closed: the window takes no more notice of it.
+  void detach();
+  // Disappears; `next` is the window to work in.
+  void close(HWND next);
+  void forgetOwner(HWND owner);
+  void moveTo(const FormWindows::Place& place);
+
+  // True when the key is a command's shortcut, which has run.
+  bool shortcut(const MSG& message) noexcept;
+
+ private:
+  class Class;
+
+  static LRESULT CALLBACK receive(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> system(UINT message, WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> command(WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> keys(UINT message, WPARAM wide);
+  void destroyed();
+  void resized(WPARAM how);
+  void bound(MINMAXINFO& bounds) const;
+  bool access(wchar_t character);
+
+  void draw();
+  void place();
+  void takeFonts();
+  void takeSize(const FormWindows::Place& place);
+  void followFocus();
+  template <class Body>
+  void guarded(Body&& body) noexcept;
+
+  Form& form_;
+  FormWindows& windows_;
+  std::shared_ptr<Class> class_;
+  HWND window_ = nullptr;
+  Metrics::Wish font_;
+  std::unique_ptr<Metrics> metrics_;
+  FormMenu menu_;
+  std::unique_ptr<FormViews> views_;
+  std::optional<Covered> covered_;
+  view::AccessKeys access_;
+  KeyReader keys_;
+  SIZE least_{};  // of the client area
+  unsigned drawn_ = 0;
+  unsigned arranged_ = 0;
+  bool detached_ = false;
+};
+
+}  // namespace quillet::windows
