@@ -58,12 +58,12 @@ void ComboView::command(WORD code) {
   }
 }
 
-std::optional<LRESULT> ComboView::handle(const WindowMessage& message) {
+std::optional<LRESULT> ComboView::received(const WindowMessage& message) {
   // A turn of the wheel over the box while scrolling past it would change it unseen.
   if (message.id == WM_MOUSEWHEEL && !isOpen()) return 0;
   if (message.id == WM_KEYDOWN && message.wide == VK_F4 && !isCommand()) return {};
   if (isOpen()) return handleOpen(message);
-  return ControlView::handle(message);
+  return ControlView::received(message);
 }
 
 // The keys are the open list's own; Tab chooses and goes on.
@@ -77,7 +77,7 @@ std::optional<LRESULT> ComboView::handleOpen(const WindowMessage& message) {
     case WM_LBUTTONDOWN:
       return {};
     default:
-      return ControlView::handle(message);
+      return ControlView::received(message);
   }
 }
 

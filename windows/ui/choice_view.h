@@ -16,7 +16,7 @@ class ComboView : public ControlView {
 
  protected:
   void draw() override;
-  std::optional<LRESULT> handle(const WindowMessage& message) override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
 
  private:
   bool isOpen() const { return SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0; }

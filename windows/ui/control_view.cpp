@@ -1,7 +1,5 @@
 #include "windows/ui/control_view.h"
 
-#include <commctrl.h>
-
 #include "controls/basic_controls.h"
 #include "controls/open_forms.h"
 #include "controls/scoped_flag.h"
@@ -30,10 +28,7 @@ ControlView::ControlView(Control& control, view::ActionRunner& runner, HWND pare
 
 ControlView::~ControlView() {
   detach();
-  if (!window_) return;
-  forgetAccessibleName(window_);
-  RemoveWindowSubclass(window_, receive, 0);
-  DestroyWindow(window_);
+  if (window()) forgetAccessibleName(window());
 }
 
 void ControlView::discard(std::unique_ptr<ControlView> view) {
@@ -42,15 +37,10 @@ void ControlView::discard(std::unique_ptr<ControlView> view) {
   MessageScope::discard(std::move(view));
 }
 
-void ControlView::adopt(HWND window) {
-  window_ = window;
-  SetWindowSubclass(window, receive, 0, reinterpret_cast<DWORD_PTR>(this));
-}
-
 // --- drawing ------------------------------------------------------------------------------------
 
 void ControlView::refresh() {
-  if (detached_ || !window_) return;
+  if (detached_ || !window()) return;
   if (drawn_ != control_.version()) {
     redraw();
   } else {
@@ -59,20 +49,20 @@ void ControlView::refresh() {
 }
 
 void ControlView::redraw() {
-  if (detached_ || !window_) return;
+  if (detached_ || !window()) return;
   drawn_ = control_.version();
   const ScopedFlag guard(drawing_);
   draw();
   drawState();
   const std::wstring name = accessibleName();
-  if (name != name_) setAccessibleName(window_, name_ = name);
+  if (name != name_) setAccessibleName(window(), name_ = name);
 }
 
 // What the frames around the control change as well, without its version moving on.
 void ControlView::drawState() {
   const bool enabled = usable(control_);
   const bool shown = control_.shown();
-  for (HWND each : {window_, label_}) {
+  for (HWND each : {window(), label_}) {
     if (each && IsWindowEnabled(each) != static_cast<BOOL>(enabled)) EnableWindow(each, enabled);
   }
   drawVisible(shown);
@@ -80,8 +70,8 @@ void ControlView::drawState() {
 }
 
 void ControlView::drawVisible(bool visible) {
-  const bool isVisible = GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE;
-  if (visible != isVisible) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+  const bool isVisible = GetWindowLongPtrW(window(), GWL_STYLE) & WS_VISIBLE;
+  if (visible != isVisible) ShowWindow(window(), visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void ControlView::setLabel(HWND label) {
@@ -96,7 +86,7 @@ void ControlView::setMetrics(const Metrics& metrics) {
 }
 
 void ControlView::setFont(HFONT font) {
-  if (window_) SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  if (window()) SendMessageW(window(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 SIZE ControlView::wantedSize(const Metrics& metrics) const {
@@ -104,7 +94,7 @@ SIZE ControlView::wantedSize(const Metrics& metrics) const {
 }
 
 void ControlView::place(const RECT& where) {
-  SetWindowPos(window_, nullptr, where.left, where.top, where.right - where.left,
+  SetWindowPos(window(), nullptr, where.left, where.top, where.right - where.left,
                where.bottom - where.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -119,12 +109,12 @@ std::wstring ControlView::accessibleName() const {
 
 bool ControlView::hasFocus() const {
   const HWND focus = GetFocus();
-  return focus && (focus == window_ || IsChild(window_, focus));
+  return focus && (focus == window() || IsChild(window(), focus));
 }
 
 void ControlView::takeFocus() {
   const ScopedFlag guard(takingFocus_);
-  SetFocus(window_);
+  SetFocus(window());
 }
 
 // Somebody else gave the window the focus: a screen reader does. While an act is running it is
@@ -147,36 +137,17 @@ bool ControlView::arrive() {
 void ControlView::command(WORD) {}
 std::optional<LRESULT> ControlView::notified(NMHDR&) { return {}; }
 
-LRESULT ControlView::receive(HWND window, UINT id, WPARAM wide, LPARAM longer, UINT_PTR,
-                             DWORD_PTR view) {
-  const MessageScope scope;
-  auto& self = *reinterpret_cast<ControlView*>(view);
-  if (id == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, receive, 0);
-    forgetAccessibleName(window);
-    self.window_ = nullptr;
-    return DefSubclassProc(window, id, wide, longer);
-  }
-  try {
-    return self.answer({id, wide, longer});
-  } catch (...) {
-    if (!self.detached_) reportTrapped(self.control_.form(), "WINDOW");
-    return 0;
-  }
-}
-
-LRESULT ControlView::answer(const WindowMessage& message) {
-  if (!detached_) {
-    if (const auto answer = handle(message)) return *answer;
-  }
-  return window_ ? passOn(message) : 0;
-}
-
-LRESULT ControlView::passOn(const WindowMessage& message) {
-  return DefSubclassProc(window_, message.id, message.wide, message.longer);
+void ControlView::failed() noexcept {
+  if (!detached_) reportTrapped(control_.form(), "WINDOW");
 }
 
 std::optional<LRESULT> ControlView::handle(const WindowMessage& message) {
+  if (message.id == WM_DESTROY) forgetAccessibleName(window());
+  if (detached_) return {};
+  return received(message);
+}
+
+std::optional<LRESULT> ControlView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_GETDLGCODE:
       return DLGC_WANTALLKEYS;

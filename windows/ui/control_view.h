@@ -14,30 +14,19 @@
 #include "view/action_runner.h"
 #include "windows/ui/keys.h"
 #include "windows/ui/metrics.h"
+#include "windows/ui/owned_window.h"
 
 namespace quillet::windows {
 
-// A message to a window.
-struct WindowMessage {
-  UINT id = 0;
-  WPARAM wide = 0;
-  LPARAM longer = 0;
-};
-
-class ControlView {
+class ControlView : public OwnedWindow {
  public:
   // A child of the form's window, not shown yet.
   ControlView(Control& control, view::ActionRunner& runner, HWND parent);
-  // Destroys the window.
-  virtual ~ControlView();
-  ControlView(const ControlView&) = delete;
-  ControlView& operator=(const ControlView&) = delete;
+  ~ControlView() override;
   // The control has no place any more: the window goes as soon as no message is at work in it.
   static void discard(std::unique_ptr<ControlView> view);
 
   Control& control() const { return control_; }
-  // What stands in the form's arrangement.
-  HWND window() const { return window_; }
   HWND parent() const { return parent_; }
 
   // Draws the control when it has changed since it was drawn last.
@@ -67,17 +56,12 @@ class ControlView {
   virtual std::optional<LRESULT> coloured(HDC) { return {}; }
 
  protected:
-  // Called once by the derived class with its window.
-  void adopt(HWND window);
-
   // Shows the control's state; what all controls have is drawn already.
   virtual void draw() = 0;
   virtual void drawVisible(bool visible);
   virtual void metricsChanged() {}
-  // A message to the window. An answer keeps it from the window.
-  virtual std::optional<LRESULT> handle(const WindowMessage& message);
-  // What the window itself does with it.
-  LRESULT passOn(const WindowMessage& message);
+  // A message to the window of an open form. An answer keeps it from the window.
+  virtual std::optional<LRESULT> received(const WindowMessage& message);
   // Keys for the form.
   virtual void keysTyped(const std::vector<Key>& typed);
   // A key that is a command, not one of the form's. True when it was used.
@@ -99,9 +83,8 @@ class ControlView {
   std::wstring accessibleName() const;
 
  private:
-  static LRESULT CALLBACK receive(HWND window, UINT id, WPARAM wide, LPARAM longer, UINT_PTR,
-                                  DWORD_PTR view);
-  LRESULT answer(const WindowMessage& message);
+  std::optional<LRESULT> handle(const WindowMessage& message) final;
+  void failed() noexcept override;
   std::optional<LRESULT> keyMessage(const WindowMessage& message);
   std::optional<LRESULT> mouseMessage(const WindowMessage& message);
   void focusGiven();
@@ -111,7 +94,6 @@ class ControlView {
   Control& control_;
   view::ActionRunner& runner_;
   HWND parent_;
-  HWND window_ = nullptr;
   HWND label_ = nullptr;
   const Metrics* metrics_ = nullptr;
   KeyReader keys_;

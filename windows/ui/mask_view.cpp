@@ -58,7 +58,7 @@ LRESULT MaskView::copy() {
   return done;
 }
 
-std::optional<LRESULT> MaskView::handle(const WindowMessage& message) {
+std::optional<LRESULT> MaskView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_PASTE:
       keysTyped(view::pastedKeys(clipboardText(window())));
@@ -66,7 +66,7 @@ std::optional<LRESULT> MaskView::handle(const WindowMessage& message) {
     case WM_COPY:
       return copy();
     case WM_CHAR: {
-      const auto used = ControlView::handle(message);
+      const auto used = ControlView::received(message);
       return used.value_or(0);
     }
     case WM_CUT:
@@ -78,7 +78,7 @@ std::optional<LRESULT> MaskView::handle(const WindowMessage& message) {
     case WM_LBUTTONUP:
       return 0;
     default:
-      return ControlView::handle(message);
+      return ControlView::received(message);
   }
 }
 

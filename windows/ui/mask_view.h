@@ -14,7 +14,7 @@ class MaskView : public ControlView {
 
  protected:
   void draw() override;
-  std::optional<LRESULT> handle(const WindowMessage& message) override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
   void keysTyped(const std::vector<Key>& typed) override;
   bool commandKey(WPARAM code) override;
   bool mousePressed(const WindowMessage& message, bool arrived) override;

@@ -61,29 +61,23 @@ SIZE ButtonView::wantedSize(const Metrics& metrics) const {
   return {metrics.widthOf(caption, false) + 4 * metrics.step(), metrics.box() + metrics.pixels(2)};
 }
 
-void ButtonView::standInList() {
-  inList_ = true;
-  redraw();
-}
-
 // The chosen one of several commands is pressed in; the one with the focus is the one that Enter
 // presses.
 void ButtonView::drawMark() {
   DWORD kind = hasFocus() ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
   if (button_.chosen()) kind = BS_CHECKBOX | BS_PUSHLIKE;
-  if (inList_) kind |= BS_LEFT;
   const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
-  constexpr DWORD kinds = BS_TYPEMASK | BS_PUSHLIKE | BS_LEFT;
+  constexpr DWORD kinds = BS_TYPEMASK | BS_PUSHLIKE;
   if ((style & kinds) != kind) {
     SetWindowLongPtrW(window(), GWL_STYLE, static_cast<LONG_PTR>((style & ~kinds) | kind));
-    SendMessageW(window(), BM_SETSTYLE, kind, TRUE);
+    SendMessageW(window(), BM_SETSTYLE, (style & ~kinds & 0xFFFF) | kind, TRUE);
   }
   SendMessageW(window(), BM_SETCHECK, button_.chosen() ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
-std::optional<LRESULT> ButtonView::handle(const WindowMessage& message) {
-  if (message.id != WM_SETFOCUS && message.id != WM_KILLFOCUS) return ClickView::handle(message);
-  const auto answer = ClickView::handle(message);
+std::optional<LRESULT> ButtonView::received(const WindowMessage& message) {
+  if (message.id != WM_SETFOCUS && message.id != WM_KILLFOCUS) return ClickView::received(message);
+  const auto answer = ClickView::received(message);
   const LRESULT done = answer ? *answer : passOn(message);
   if (!detached() && window()) drawMark();
   return done;
@@ -113,20 +107,12 @@ FrameView::FrameView(Frame& frame, view::ActionRunner& runner, HWND parent)
   adopt(makeChild(WC_BUTTONW, parent, BS_GROUPBOX));
 }
 
-RECT FrameView::inside(const RECT& where, const Metrics& metrics) const {
-  if (!bordered_) return where;
-  const int step = metrics.step();
-  const int side = step + step / 2;
-  return {where.left + side, where.top + 2 * step + metrics.line(), where.right - side,
-          where.bottom - side};
-}
-
 // The window consists of border and heading only, so that it never draws over what it holds.
 void FrameView::place(const RECT& where) {
   ControlView::place(where);
   if (!bordered_ || !metrics()) return;
   const RECT whole{0, 0, where.right - where.left, where.bottom - where.top};
-  const RECT room = inside(whole, *metrics());
+  const RECT room{1, metrics()->step() + metrics()->line(), whole.right - 1, whole.bottom - 1};
   const HRGN border = CreateRectRgnIndirect(&whole);
   const HRGN hole = CreateRectRgnIndirect(&room);
   CombineRgn(border, border, hole, RGN_DIFF);
@@ -141,7 +127,7 @@ void FrameView::draw() {
 
 void FrameView::drawVisible(bool visible) { ControlView::drawVisible(visible && bordered_); }
 
-std::optional<LRESULT> FrameView::handle(const WindowMessage& message) {
+std::optional<LRESULT> FrameView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_PAINT:
       paint();
@@ -152,7 +138,7 @@ std::optional<LRESULT> FrameView::handle(const WindowMessage& message) {
       InvalidateRect(window(), nullptr, FALSE);
       return 0;
     default:
-      return ControlView::handle(message);
+      return ControlView::received(message);
   }
 }
 
@@ -166,7 +152,7 @@ void FrameView::paint() {
   if (metrics()) {
     const HGDIOBJ before = SelectObject(paper, metrics()->bold());
     const int step = metrics()->step();
-    RECT heading{room.left + step + step / 2, room.top + step, room.right - step,
+    RECT heading{room.left + step + step / 2, room.top + step / 2, room.right - step,
                  room.top + step + metrics()->line()};
     SetBkMode(paper, TRANSPARENT);
     SetTextColor(paper, GetSysColor(IsWindowEnabled(window()) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));

@@ -38,16 +38,13 @@ class ButtonView : public ClickView {
   ButtonView(Button& button, view::ActionRunner& runner, HWND parent);
 
   SIZE wantedSize(const Metrics& metrics) const override;
-  // In a column of buttons the texts begin at the left.
-  void standInList();
 
  protected:
   void drawMark() override;
-  std::optional<LRESULT> handle(const WindowMessage& message) override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
 
  private:
   Button& button_;
-  bool inList_ = false;
 };
 
 class ToggleView : public ClickView {
@@ -69,14 +66,12 @@ class FrameView : public ControlView {
  public:
   FrameView(Frame& frame, view::ActionRunner& runner, HWND parent);
 
-  // The room for the controls inside, in a frame that stands there.
-  RECT inside(const RECT& where, const Metrics& metrics) const;
   void place(const RECT& where) override;
 
  protected:
   void draw() override;
   void drawVisible(bool visible) override;
-  std::optional<LRESULT> handle(const WindowMessage& message) override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
 
  private:
   void paint();

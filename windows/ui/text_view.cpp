@@ -154,7 +154,7 @@ void TextView::followSelection() {
 
 // --- messages -----------------------------------------------------------------------------------
 
-std::optional<LRESULT> TextView::handle(const WindowMessage& message) {
+std::optional<LRESULT> TextView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_PASTE:
       if (!box_.locked()) keysTyped(view::pastedKeys(clipboardText(window())));
@@ -163,10 +163,10 @@ std::optional<LRESULT> TextView::handle(const WindowMessage& message) {
       if (message.longer & GCS_RESULTSTR) return compose(message);
       return {};
     case WM_KEYDOWN:
-      if (const auto used = ControlView::handle(message)) return used;
+      if (const auto used = ControlView::received(message)) return used;
       return moveCaret(message);
     case WM_CHAR: {
-      const auto used = ControlView::handle(message);
+      const auto used = ControlView::received(message);
       return used.value_or(0);  // the characters of commands are none of the window's
     }
     case WM_LBUTTONUP:
@@ -177,7 +177,7 @@ std::optional<LRESULT> TextView::handle(const WindowMessage& message) {
       return done;
     }
     default:
-      return ControlView::handle(message);
+      return ControlView::received(message);
   }
 }
 
