@@ -54,6 +54,7 @@ void ControlView::redraw() {
   const ScopedFlag guard(drawing_);
   draw();
   drawState();
+  tip_.show(window(), wide(control_.toolTip()));
   const std::wstring name = accessibleName();
   if (name != name_) setAccessibleName(window(), name_ = name);
 }

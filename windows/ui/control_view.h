@@ -15,6 +15,7 @@
 #include "windows/ui/keys.h"
 #include "windows/ui/metrics.h"
 #include "windows/ui/owned_window.h"
+#include "windows/ui/tool_tip.h"
 
 namespace quillet::windows {
 
@@ -97,6 +98,7 @@ class ControlView : public OwnedWindow {
   HWND label_ = nullptr;
   const Metrics* metrics_ = nullptr;
   KeyReader keys_;
+  ToolTip tip_;
   std::wstring name_;  // as it was given to screen readers
   unsigned drawn_ = 0;
   bool drawing_ = false;

@@ -1,6 +1,7 @@
 #include "windows/ui/make_view.h"
 
 #include "windows/ui/choice_view.h"
+#include "windows/ui/grid_view.h"
 #include "windows/ui/mask_view.h"
 #include "windows/ui/simple_views.h"
 #include "windows/ui/text_view.h"
@@ -22,6 +23,7 @@ std::unique_ptr<ControlView> makeView(Control& control, view::ActionRunner& runn
       viewOf<TextBox, TextView>,    viewOf<MaskBox, MaskView>,        viewOf<Button, ButtonView>,
       viewOf<Label, LabelView>,     viewOf<ComboBox, ComboView>,      viewOf<ListBox, ListView>,
       viewOf<CheckBox, ToggleView>, viewOf<OptionButton, ToggleView>, viewOf<Frame, FrameView>,
+      viewOf<Grid, GridView>,
   };
   for (const Maker maker : makers) {
     if (auto view = maker(control, runner, parent)) return view;

@@ -1,0 +1,79 @@
+#include "windows/ui/cell_painter.h"
+
+#include <algorithm>
+
+#include "windows/com/text.h"
+
+namespace quillet::windows {
+namespace {
+
+COLORREF blend(int over, int under, double share) {
+  const COLORREF above = GetSysColor(over);
+  const COLORREF below = GetSysColor(under);
+  const auto mix = [share](int a, int b) { return static_cast<BYTE>(a * share + b * (1 - share)); };
+  return RGB(mix(GetRValue(above), GetRValue(below)), mix(GetGValue(above), GetGValue(below)),
+             mix(GetBValue(above), GetBValue(below)));
+}
+
+// Then shades say nothing, and a selection is one or none.
+bool highContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON);
+}
+
+COLORREF groundOf(const RowLook& look, bool emphasised, bool full) {
+  if (look.selected && full) return GetSysColor(COLOR_HIGHLIGHT);
+  if (look.selected) return blend(COLOR_HIGHLIGHT, COLOR_WINDOW, 0.22);
+  if (emphasised && !highContrast()) return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.06);
+  if (look.shaded && !highContrast()) return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.035);
+  return GetSysColor(COLOR_WINDOW);
+}
+
+UINT alignmentOf(const GridColumn& column) {
+  if (column.align == Align::right) return DT_RIGHT;
+  return column.align == Align::center ? DT_CENTER : DT_LEFT;
+}
+
+}  // namespace
+
+RECT CellPainter::textRoom(const RECT& cell, const Metrics& metrics) {
+  const int margin = metrics.step() * 3 / 4;
+  return {cell.left + margin, cell.top, cell.right - margin, cell.bottom};
+}
+
+void CellPainter::beginRow(int row, const RECT& room, const RowLook& look) {
+  row_ = row;
+  const bool emphasised = grid_.rowEmphasised(row);
+  const bool full = look.active || highContrast();
+  SetBkColor(paper_, groundOf(look, emphasised, full));
+  ExtTextOutW(paper_, 0, 0, ETO_OPAQUE, &room, nullptr, 0, nullptr);
+  int text = look.selected && full ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+  if (!look.enabled) text = COLOR_GRAYTEXT;
+  SetTextColor(paper_, GetSysColor(text));
+  SelectObject(paper_, emphasised ? metrics_.bold() : metrics_.font());
+}
+
+void CellPainter::drawCell(int column, const RECT& room) const {
+  const GridColumn& what = grid_.columns()[static_cast<std::size_t>(column)];
+  const std::string& text = grid_.cell(row_, column);
+  if (what.tick) return drawTick(room, text == "1");
+  if (text.empty()) return;
+  RECT inside = textRoom(room, metrics_);
+  if (inside.right <= inside.left) return;
+  const std::wstring shown = wide(text);
+  DrawTextW(paper_, shown.c_str(), static_cast<int>(shown.size()), &inside,
+            alignmentOf(what) | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+void CellPainter::drawTick(const RECT& room, bool on) const {
+  const int side = std::min<int>(metrics_.pixels(13), room.bottom - room.top - 2);
+  const int left = (room.left + room.right - side) / 2;
+  const int top = (room.top + room.bottom - side) / 2;
+  RECT box{left, top, left + side, top + side};
+  DrawFrameControl(paper_, &box, DFC_BUTTON,
+                   DFCS_BUTTONCHECK | DFCS_FLAT | (on ? DFCS_CHECKED : 0U));
+}
+
+}  // namespace quillet::windows

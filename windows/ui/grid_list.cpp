@@ -1,0 +1,272 @@
+#include "windows/ui/grid_list.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "view/column_widths.h"
+#include "windows/com/text.h"
+#include "windows/ui/cell_painter.h"
+#include "windows/ui/child_window.h"
+
+namespace quillet::windows {
+namespace {
+
+constexpr DWORD listStyle =
+    LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOLABELWRAP;
+
+DWORD headingStyle(GridList::Headings headings) {
+  return headings == GridList::Headings::none ? LVS_NOCOLUMNHEADER : 0;
+}
+
+view::CellMetrics cellMetrics(const Metrics& metrics) {
+  return {metrics.characters(100) / 100.0, 2 * metrics.step()};
+}
+
+int formatOf(const GridColumn& column) {
+  if (column.align == Align::right) return HDF_RIGHT;
+  return column.align == Align::center ? HDF_CENTER : HDF_LEFT;
+}
+
+}  // namespace
+
+GridList::GridList(Grid& grid, HWND parent, Headings headings)
+    : grid_(grid),
+      window_(makeChild(WC_LISTVIEWW, parent, listStyle | headingStyle(headings),
+                        headings == Headings::shown ? WS_EX_CLIENTEDGE : 0)) {
+  ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
+}
+
+HWND GridList::header() const { return ListView_GetHeader(window_); }
+
+void GridList::setMetrics(const Metrics& metrics) {
+  metrics_ = &metrics;
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(metrics.font()), TRUE);
+  // The list makes its rows as high as its pictures, which it owns; there are none on them.
+  const HIMAGELIST before = ListView_SetImageList(
+      window_, ImageList_Create(1, metrics.row(), ILC_COLOR, 1, 0), LVSIL_SMALL);
+  if (before) ImageList_Destroy(before);
+  content_ = 0;
+}
+
+// --- showing ------------------------------------------------------------------------------------
+
+void GridList::refresh() {
+  if (!metrics_) return;
+  if (content_ != grid_.contentVersion()) {
+    content_ = grid_.contentVersion();
+    rows_.read(grid_);
+    readColumns();
+    drawHeadings();
+    showRows();
+  }
+  arrangeColumns();
+  showCurrent();
+}
+
+void GridList::resized() {
+  if (!metrics_) return;
+  arrangeColumns();
+  if (current_ >= 0) ListView_EnsureVisible(window_, current_, FALSE);
+}
+
+// Columns stay when only what they hold has changed.
+void GridList::readColumns() {
+  const auto before = static_cast<int>(columns_.size());
+  columns_.clear();
+  for (int at = 0; at < grid_.cols(); ++at) {
+    if (!column(at).hidden) columns_.push_back(at);
+  }
+  const auto after = static_cast<int>(columns_.size());
+  for (int at = before; at-- > after;) ListView_DeleteColumn(window_, at);
+  for (int at = before; at < after; ++at) {
+    LVCOLUMNW added{};
+    added.mask = LVCF_SUBITEM | LVCF_WIDTH;
+    added.iSubItem = at;
+    SendMessageW(window_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(at),
+                 reinterpret_cast<LPARAM>(&added));
+  }
+}
+
+// By the header itself: the list would align its first column at the left in any case.
+void GridList::drawHeadings() {
+  for (std::size_t at = 0; at < columns_.size(); ++at) {
+    const GridColumn& what = column(columns_[at]);
+    std::wstring text = wide(what.heading);
+    HDITEMW heading{};
+    heading.mask = HDI_TEXT | HDI_FORMAT;
+    heading.pszText = text.data();
+    heading.fmt = HDF_STRING | formatOf(what);
+    if (columns_[at] == grid_.sortColumn()) {
+      heading.fmt |= grid_.sortAscending() ? HDF_SORTUP : HDF_SORTDOWN;
+    }
+    SendMessageW(header(), HDM_SETITEMW, at, reinterpret_cast<LPARAM>(&heading));
+  }
+}
+
+void GridList::showRows() {
+  if (ListView_GetItemCount(window_) != rows_.count()) {
+    select(-1);
+    ListView_SetItemCountEx(window_, rows_.count(), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+  }
+  InvalidateRect(window_, nullptr, FALSE);
+}
+
+void GridList::arrangeColumns() {
+  std::vector<int> now(static_cast<std::size_t>(grid_.cols()));
+  for (std::size_t at = 0; at < columns_.size(); ++at) {
+    now[static_cast<std::size_t>(columns_[at])] =
+        ListView_GetColumnWidth(window_, static_cast<int>(at));
+  }
+  RECT room{};
+  GetClientRect(window_, &room);
+  const std::vector<int> wanted =
+      view::columnWidths(grid_.columns(), now, cellMetrics(*metrics_), room.right);
+  for (std::size_t at = 0; at < columns_.size(); ++at) {
+    const auto from = static_cast<std::size_t>(columns_[at]);
+    if (wanted[from] != now[from]) {
+      ListView_SetColumnWidth(window_, static_cast<int>(at), wanted[from]);
+    }
+  }
+}
+
+void GridList::select(int shown) {
+  if (current_ >= 0) {
+    ListView_SetItemState(window_, current_, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  }
+  current_ = shown;
+  if (shown < 0) return;
+  ListView_SetItemState(window_, shown, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void GridList::showCurrent() {
+  const int wanted = rows_.shownRow(grid_.current());
+  if (wanted == current_) return;
+  const int top = ListView_GetTopIndex(window_);
+  const int visible = ListView_GetCountPerPage(window_);
+  // What typing finds far down a list is shown with the names that follow it.
+  const bool jumps = grid_.dropOf() && std::abs(current_ - wanted) > 1 &&
+                     (wanted < top || wanted >= top + visible);
+  select(wanted);
+  if (wanted < 0) return;
+  if (jumps) ListView_EnsureVisible(window_, std::min(wanted + visible, rows_.count()) - 1, FALSE);
+  ListView_EnsureVisible(window_, wanted, FALSE);
+}
+
+// --- places -------------------------------------------------------------------------------------
+
+int GridList::heightOf(int rows) const {
+  RECT whole{0, 0, 0, 0};
+  AdjustWindowRectEx(&whole, 0, FALSE, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
+  const DWORD wanted = ListView_ApproximateViewRect(window_, -1, -1, rows);
+  return HIWORD(wanted) + whole.bottom - whole.top;
+}
+
+int GridList::gridColumn(int shown) const {
+  if (shown < 0 || shown >= static_cast<int>(columns_.size())) return -1;
+  return columns_[static_cast<std::size_t>(shown)];
+}
+
+int GridList::shownColumn(int column) const {
+  const auto found = std::find(columns_.begin(), columns_.end(), column);
+  return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
+}
+
+int GridList::shownWidth(int column) const {
+  const int shown = shownColumn(column);
+  if (shown < 0 || !metrics_) return 0;
+  return cellMetrics(*metrics_).characters(ListView_GetColumnWidth(window_, shown));
+}
+
+GridCell GridList::cellAt(POINT place) const {
+  LVHITTESTINFO hit{};
+  hit.pt = place;
+  SendMessageW(window_, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  const int row = rows_.gridRow(hit.iItem);
+  if (row < 1 || row > grid_.rows()) return {};
+  return {row, gridColumn(hit.iSubItem)};
+}
+
+RECT GridList::roomOf(GridCell cell) const {
+  RECT row{};
+  row.left = LVIR_BOUNDS;
+  const int shown = rows_.shownRow(cell.row);
+  const int at = shownColumn(cell.column);
+  if (shown < 0 || at < 0) return {};
+  SendMessageW(window_, LVM_GETITEMRECT, static_cast<WPARAM>(shown),
+               reinterpret_cast<LPARAM>(&row));
+  RECT room{};
+  SendMessageW(header(), HDM_GETITEMRECT, static_cast<WPARAM>(at), reinterpret_cast<LPARAM>(&room));
+  return {row.left + room.left, row.top, row.left + room.right, row.bottom};
+}
+
+std::wstring GridList::cutText(GridCell cell) const {
+  if (!metrics_ || cell.row < 1 || cell.row > grid_.rows() || cell.column < 0) return {};
+  if (column(cell.column).tick) return {};
+  const std::wstring text = wide(grid_.cell(cell.row, cell.column));
+  const RECT room = CellPainter::textRoom(roomOf(cell), *metrics_);
+  return metrics_->widthOf(text) > room.right - room.left ? text : std::wstring();
+}
+
+void GridList::scrollAcross(int pixels) { ListView_Scroll(window_, pixels, 0); }
+
+// --- what the list asks for ---------------------------------------------------------------------
+
+std::optional<LRESULT> GridList::notified(NMHDR& what) {
+  switch (what.code) {
+    case LVN_GETDISPINFOW:
+      tellText(reinterpret_cast<NMLVDISPINFOW&>(what).item);
+      return 0;
+    case NM_CUSTOMDRAW:
+      return draw(reinterpret_cast<NMLVCUSTOMDRAW&>(what));
+    default:
+      return {};
+  }
+}
+
+// For those who have the window read to them; what is seen is drawn below.
+void GridList::tellText(LVITEMW& item) const {
+  if (!(item.mask & LVIF_TEXT) || item.cchTextMax < 1) return;
+  std::wstring text;
+  const int row = rows_.gridRow(item.iItem);
+  const int at = gridColumn(item.iSubItem);
+  if (row >= 1 && row <= grid_.rows() && at >= 0 && at < grid_.cols()) {
+    text = wide(grid_.cell(row, at));
+    if (column(at).tick) text = text == L"1" ? L"checked" : L"not checked";
+  }
+  lstrcpynW(item.pszText, text.c_str(), item.cchTextMax);
+}
+
+LRESULT GridList::draw(NMLVCUSTOMDRAW& drawing) {
+  switch (drawing.nmcd.dwDrawStage) {
+    case CDDS_PREPAINT:
+      return CDRF_NOTIFYITEMDRAW;
+    case CDDS_ITEMPREPAINT:
+      drawRow(drawing.nmcd.hdc, static_cast<int>(drawing.nmcd.dwItemSpec));
+      return CDRF_SKIPDEFAULT;
+    default:
+      return CDRF_DODEFAULT;
+  }
+}
+
+void GridList::drawRow(HDC paper, int shown) {
+  const int row = rows_.gridRow(shown);
+  // A handler may be changing the grid just now; the list is told afterwards.
+  if (!metrics_ || row < 1 || row > grid_.rows() || columns_.empty()) return;
+  RowLook look;
+  look.selected = row == grid_.current();
+  look.active = alwaysActive || GetFocus() == window_ || IsChild(window_, GetFocus());
+  look.enabled = IsWindowEnabled(window_);
+  look.shaded = grid_.zebra() && shown % 2 == 1;
+  RECT room = roomOf({row, columns_.front()});
+  RECT client{};
+  GetClientRect(window_, &client);
+  const int saved = SaveDC(paper);
+  CellPainter painter(paper, grid_, *metrics_);
+  painter.beginRow(row, {client.left, room.top, client.right, room.bottom}, look);
+  for (const int at : columns_) {
+    if (at < grid_.cols()) painter.drawCell(at, roomOf({row, at}));
+  }
+  RestoreDC(paper, saved);
+}
+
+}  // namespace quillet::windows

@@ -1,0 +1,80 @@
+// A grid in a list view of the system: the list asks for what it shows, nothing is copied into it.
+// Used by the grids of a form and by the lists under text boxes.
+#pragma once
+
+#include <commctrl.h>
+#include <windows.h>
+
+#include <optional>
+#include <vector>
+
+#include "controls/grid.h"
+#include "view/shown_rows.h"
+#include "windows/ui/metrics.h"
+
+namespace quillet::windows {
+
+// By the grid's numbers; row 0 and column -1 for none.
+struct GridCell {
+  int row = 0;
+  int column = -1;
+  bool operator==(const GridCell&) const = default;
+};
+
+class GridList {
+ public:
+  enum class Headings { shown, none };
+  // Makes the list view; whoever has the parent owns it.
+  GridList(Grid& grid, HWND parent, Headings headings);
+
+  HWND window() const { return window_; }
+  HWND header() const;
+  const view::ShownRows& rows() const { return rows_; }
+
+  // The fonts outlive the list, or the next call.
+  void setMetrics(const Metrics& metrics);
+  // Shows what changed in the grid.
+  void refresh();
+  // After the window's size changed.
+  void resized();
+  // What the list tells its parent: it asks for texts and is drawn here.
+  std::optional<LRESULT> notified(NMHDR& what);
+
+  // The height of that many rows, with headings and borders.
+  int heightOf(int rows) const;
+  // The width in characters that a column has on the screen, by the grid's number.
+  int shownWidth(int column) const;
+  // By the list's number; -1 for none.
+  int gridColumn(int shown) const;
+  GridCell cellAt(POINT place) const;
+  RECT roomOf(GridCell cell) const;
+  // The text of a cell that is too narrow for it.
+  std::wstring cutText(GridCell cell) const;
+  void scrollAcross(int pixels);
+
+  // A list that never has the focus shows its current row as if it had.
+  bool alwaysActive = false;
+
+ private:
+  void readColumns();
+  void drawHeadings();
+  void arrangeColumns();
+  void showRows();
+  void showCurrent();
+  void select(int shown);
+  LRESULT draw(NMLVCUSTOMDRAW& drawing);
+  void drawRow(HDC paper, int shown);
+  void tellText(LVITEMW& item) const;
+  int shownColumn(int column) const;
+  const GridColumn& column(int at) const { return grid_.columns()[static_cast<std::size_t>(at)]; }
+
+  Grid& grid_;
+  HWND window_;
+  const Metrics* metrics_ = nullptr;
+  view::ShownRows rows_;
+  std::vector<int> columns_;  // the grid's numbers of those shown
+  unsigned content_ = 0;
+  int current_ = -1;  // the row that is selected on the screen
+};
+
+}  // namespace quillet::windows

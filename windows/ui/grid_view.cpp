@@ -1,0 +1,214 @@
+#include "windows/ui/grid_view.h"
+
+#include <utility>
+
+#include "windows/ui/message_scope.h"
+
+namespace quillet::windows {
+namespace {
+
+POINT placeOf(const WindowMessage& message) {
+  return {static_cast<short>(LOWORD(message.longer)), static_cast<short>(HIWORD(message.longer))};
+}
+
+}  // namespace
+
+GridView::GridView(Grid& grid, view::ActionRunner& runner, HWND parent)
+    : ControlView(grid, runner, parent),
+      grid_(grid),
+      list_(grid, parent, GridList::Headings::shown) {
+  adopt(list_.window());
+}
+
+SIZE GridView::wantedSize(const Metrics& metrics) const {
+  const int rows = grid_.fixedRows();
+  return {metrics.characters(20), list_.heightOf(rows > 0 ? rows : 3)};
+}
+
+void GridView::metricsChanged() { list_.setMetrics(*metrics()); }
+
+void GridView::draw() { list_.refresh(); }
+
+// --- keys ---------------------------------------------------------------------------------------
+
+void GridView::keysTyped(const std::vector<Key>& typed) {
+  ControlView::keysTyped(typed);
+  if (detached() || typed.size() != 1 || !metrics()) return;
+  const int across = metrics()->pixels(40);
+  if (typed.front() == keys::Left) list_.scrollAcross(-across);
+  if (typed.front() == keys::Right) list_.scrollAcross(across);
+}
+
+// Whatever else is pressed is none of the list's: it would choose rows by itself.
+bool GridView::commandKey(WPARAM code) {
+  if (code == VK_APPS) popUp();
+  for (int column = 0; code == VK_F2 && column < grid_.cols(); ++column) {
+    if (edit({grid_.current(), column})) break;
+  }
+  return true;
+}
+
+void GridView::popUp() {
+  perform([&] { grid_.Popup(); });
+}
+
+// --- editing a cell -----------------------------------------------------------------------------
+
+bool GridView::edit(GridCell cell) {
+  if (cell.row < 1 || cell.row > grid_.rows() || cell.column < 0 || !metrics()) return false;
+  const GridColumn& what = grid_.columns()[static_cast<std::size_t>(cell.column)];
+  if (!what.editable || what.tick || what.hidden || grid_.rowHidden(cell.row)) return false;
+  endEditing(true);
+  edited_ = cell;
+  editor_ = std::make_unique<CellEditor>(window(), what.align, metrics()->font(),
+                                         list_.roomOf(cell), grid_.cell(cell.row, cell.column),
+                                         [this](bool taken) { endEditing(taken); });
+  return true;
+}
+
+void GridView::endEditing(bool taken) {
+  if (!editor_) return;
+  // Moved out first: the focus that it gives back would end it again.
+  std::unique_ptr<CellEditor> editor = std::exchange(editor_, nullptr);
+  const std::string text = editor->text();
+  if (GetFocus() == editor->window()) takeFocus();
+  ShowWindow(editor->window(), SW_HIDE);
+  MessageScope::discard(std::move(editor));
+  if (!taken || detached() || edited_.row > grid_.rows()) return;
+  perform([&] { grid_.edit(edited_.row, edited_.column, text); });
+}
+
+// --- mouse --------------------------------------------------------------------------------------
+
+bool GridView::mousePressed(const WindowMessage& message, bool arrived) {
+  takeFocus();  // ends the editing of a cell
+  const GridCell cell = list_.cellAt(placeOf(message));
+  if (detached() || cell.row == 0) return true;
+  const bool left = message.id == WM_LBUTTONDOWN;
+  const bool wasCurrent = !arrived && cell.row == grid_.current();
+  const bool ticks =
+      left && cell.column >= 0 && grid_.columns()[static_cast<std::size_t>(cell.column)].tick;
+  perform([&] {
+    grid_.setCurrent(cell.row);
+    if (ticks) grid_.tick(cell.row, !grid_.ticked(cell.row));
+  });
+  if (wasCurrent && left && !detached()) edit(cell);
+  return true;
+}
+
+void GridView::doubleClicked(POINT place) {
+  const GridCell cell = list_.cellAt(place);
+  if (cell.row == 0) return;
+  if (cell.column >= 0 && grid_.columns()[static_cast<std::size_t>(cell.column)].tick) {
+    perform([&] { grid_.tick(cell.row, !grid_.ticked(cell.row)); });
+  } else if (!edit(cell)) {
+    perform([&] {
+      grid_.setCurrent(cell.row);
+      grid_.form().doubleClick(grid_);
+    });
+  }
+}
+
+void GridView::showTip(POINT place) {
+  const GridCell cell = list_.cellAt(place);
+  if (cell == tipped_) return;
+  tipped_ = cell;
+  tip_.show(window(), list_.cutText(cell), list_.roomOf(cell));
+}
+
+std::optional<LRESULT> GridView::received(const WindowMessage& message) {
+  switch (message.id) {
+    case WM_LBUTTONDBLCLK:
+      doubleClicked(placeOf(message));
+      return 0;
+    case WM_RBUTTONUP:
+      popUp();
+      return 0;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONDBLCLK:
+      return 0;
+    case WM_CONTEXTMENU:
+      if (message.longer == -1) popUp();  // Shift+F10
+      return 0;
+    case WM_MOUSEMOVE:
+      showTip(placeOf(message));
+      return {};
+    case WM_CHAR: {
+      const auto used = ControlView::received(message);
+      return used.value_or(0);
+    }
+    case WM_KILLFOCUS:
+    case WM_SETFOCUS: {
+      InvalidateRect(window(), nullptr, FALSE);  // the selection shows where the focus is
+      return ControlView::received(message);
+    }
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+    case WM_MOUSEWHEEL:
+      endEditing(true);
+      tipped_ = {};
+      return {};
+    case WM_SIZE: {
+      endEditing(true);
+      const LRESULT done = passOn(message);
+      list_.resized();
+      return done;
+    }
+    case WM_NOTIFY: {
+      const LRESULT done = passOn(message);
+      const auto& what = *reinterpret_cast<const NMHDR*>(message.longer);
+      if (what.hwndFrom == list_.header() && !drawing() && !detached()) {
+        headingUsed(reinterpret_cast<const NMHEADERW&>(what));
+      }
+      return done;
+    }
+    default:
+      return ControlView::received(message);
+  }
+}
+
+// --- what the list tells ------------------------------------------------------------------------
+
+std::optional<LRESULT> GridView::notified(NMHDR& what) {
+  if (detached()) return {};
+  switch (what.code) {
+    case LVN_ITEMCHANGED:
+      rowChosen(reinterpret_cast<const NMLISTVIEW&>(what));
+      return 0;
+    case LVN_COLUMNCLICK: {
+      endEditing(true);
+      const int column = list_.gridColumn(reinterpret_cast<const NMLISTVIEW&>(what).iSubItem);
+      if (column >= 0) perform([&] { grid_.sortBy(column); });
+      return 0;
+    }
+    default:
+      return list_.notified(what);
+  }
+}
+
+// Keys and mouse go through the model; this comes from those who read the window to somebody.
+void GridView::rowChosen(const NMLISTVIEW& what) {
+  const bool chosen = (what.uNewState & LVIS_SELECTED) && !(what.uOldState & LVIS_SELECTED);
+  const int row = list_.rows().gridRow(what.iItem);
+  if (drawing() || !chosen || row < 1 || row == grid_.current()) return;
+  perform([&] { grid_.setCurrent(row); });
+}
+
+void GridView::headingUsed(const NMHEADERW& what) {
+  switch (what.hdr.code) {
+    case HDN_BEGINTRACKW:
+      endEditing(true);
+      break;
+    case HDN_ENDTRACKW:
+    case HDN_DIVIDERDBLCLICKW: {
+      const int column = list_.gridColumn(what.iItem);
+      if (column < 0) break;
+      perform([&] { grid_.setColumnWidth(column, list_.shownWidth(column)); });
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+}  // namespace quillet::windows

@@ -1,0 +1,48 @@
+// A grid of a form: keys move through the model, a click chooses a row, a double click carries it
+// on, a click on a heading sorts.
+#pragma once
+
+#include <memory>
+
+#include "controls/grid.h"
+#include "windows/ui/cell_editor.h"
+#include "windows/ui/control_view.h"
+#include "windows/ui/grid_list.h"
+#include "windows/ui/tool_tip.h"
+
+namespace quillet::windows {
+
+class GridView : public ControlView {
+ public:
+  GridView(Grid& grid, view::ActionRunner& runner, HWND parent);
+
+  SIZE wantedSize(const Metrics& metrics) const override;
+  std::optional<LRESULT> notified(NMHDR& what) override;
+
+ protected:
+  void draw() override;
+  void metricsChanged() override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
+  void keysTyped(const std::vector<Key>& typed) override;
+  bool commandKey(WPARAM code) override;
+  bool mousePressed(const WindowMessage& message, bool arrived) override;
+
+ private:
+  void popUp();
+  void doubleClicked(POINT place);
+  void showTip(POINT place);
+  void headingUsed(const NMHEADERW& what);
+  void rowChosen(const NMLISTVIEW& what);
+  // False when the cell cannot be edited.
+  bool edit(GridCell cell);
+  void endEditing(bool taken);
+
+  Grid& grid_;
+  GridList list_;
+  ToolTip tip_;
+  GridCell tipped_;  // the cell that the tip is for
+  GridCell edited_;
+  std::unique_ptr<CellEditor> editor_;
+};
+
+}  // namespace quillet::windows
