@@ -15,7 +15,6 @@ COLORREF blend(int over, int under, double share) {
              mix(GetBValue(above), GetBValue(below)));
 }
 
-// Then shades say nothing, and a selection is one or none.
 bool highContrast() {
   HIGHCONTRASTW contrast{};
   contrast.cbSize = sizeof contrast;
@@ -23,12 +22,26 @@ bool highContrast() {
          (contrast.dwFlags & HCF_HIGHCONTRASTON);
 }
 
-COLORREF groundOf(const RowLook& look, bool emphasised, bool full) {
-  if (look.selected && full) return GetSysColor(COLOR_HIGHLIGHT);
-  if (look.selected) return blend(COLOR_HIGHLIGHT, COLOR_WINDOW, 0.22);
-  if (emphasised && !highContrast()) return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.06);
-  if (look.shaded && !highContrast()) return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.035);
+COLORREF colourOf(view::Ground ground) {
+  switch (ground) {
+    case view::Ground::currentInFocus:
+      return GetSysColor(COLOR_HIGHLIGHT);
+    case view::Ground::current:
+      return blend(COLOR_HIGHLIGHT, COLOR_WINDOW, 0.22);
+    case view::Ground::emphasised:
+      return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.06);
+    case view::Ground::everySecond:
+      return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.035);
+    case view::Ground::plain:
+      break;
+  }
   return GetSysColor(COLOR_WINDOW);
+}
+
+// In high contrast shades say nothing, and a row is chosen or not.
+view::Ground clear(view::Ground ground) {
+  const bool current = ground == view::Ground::current || ground == view::Ground::currentInFocus;
+  return current ? view::Ground::currentInFocus : view::Ground::plain;
 }
 
 UINT alignmentOf(const GridColumn& column) {
@@ -43,16 +56,15 @@ RECT CellPainter::textRoom(const RECT& cell, const Metrics& metrics) {
   return {cell.left + margin, cell.top, cell.right - margin, cell.bottom};
 }
 
-void CellPainter::beginRow(int row, const RECT& room, const RowLook& look) {
+void CellPainter::beginRow(int row, const RECT& room, view::Ground ground, bool enabled) {
   row_ = row;
-  const bool emphasised = grid_.rowEmphasised(row);
-  const bool full = look.active || highContrast();
-  SetBkColor(paper_, groundOf(look, emphasised, full));
+  if (highContrast()) ground = clear(ground);
+  SetBkColor(paper_, colourOf(ground));
   ExtTextOutW(paper_, 0, 0, ETO_OPAQUE, &room, nullptr, 0, nullptr);
-  int text = look.selected && full ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
-  if (!look.enabled) text = COLOR_GRAYTEXT;
+  int text = ground == view::Ground::currentInFocus ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+  if (!enabled) text = COLOR_GRAYTEXT;
   SetTextColor(paper_, GetSysColor(text));
-  SelectObject(paper_, emphasised ? metrics_.bold() : metrics_.font());
+  SelectObject(paper_, grid_.rowEmphasised(row) ? metrics_.bold() : metrics_.font());
 }
 
 void CellPainter::drawCell(int column, const RECT& room) const {

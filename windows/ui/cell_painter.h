@@ -4,17 +4,10 @@
 #include <windows.h>
 
 #include "controls/grid.h"
+#include "view/cell_look.h"
 #include "windows/ui/metrics.h"
 
 namespace quillet::windows {
-
-// How a row is drawn beside what it holds.
-struct RowLook {
-  bool selected = false;
-  bool active = false;  // the keys go to the grid
-  bool enabled = true;
-  bool shaded = false;  // every other row of a grid where lines are read across
-};
 
 class CellPainter {
  public:
@@ -22,7 +15,7 @@ class CellPainter {
       : paper_(paper), grid_(grid), metrics_(metrics) {}
 
   // The ground of the row, and the colours and font of its cells.
-  void beginRow(int row, const RECT& room, const RowLook& look);
+  void beginRow(int row, const RECT& room, view::Ground ground, bool enabled);
   void drawCell(int column, const RECT& room) const;
 
   // What a cell's text may take of its room.

@@ -24,7 +24,6 @@ class DropDown::Rows : public OwnedWindow {
  public:
   explicit Rows(DropDown& owner)
       : list(owner.grid_, owner.window(), GridList::Headings::none), owner_(owner) {
-    list.alwaysActive = true;
     adopt(list.window());
     ShowWindow(window(), SW_SHOWNA);
   }

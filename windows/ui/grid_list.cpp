@@ -252,17 +252,14 @@ void GridList::drawRow(HDC paper, int shown) {
   const int row = rows_.gridRow(shown);
   // A handler may be changing the grid just now; the list is told afterwards.
   if (!metrics_ || row < 1 || row > grid_.rows() || columns_.empty()) return;
-  RowLook look;
-  look.selected = row == grid_.current();
-  look.active = alwaysActive || GetFocus() == window_ || IsChild(window_, GetFocus());
-  look.enabled = IsWindowEnabled(window_);
-  look.shaded = grid_.zebra() && shown % 2 == 1;
-  RECT room = roomOf({row, columns_.front()});
+  const bool inFocus = GetFocus() == window_ || IsChild(window_, GetFocus());
+  const RECT room = roomOf({row, columns_.front()});
   RECT client{};
   GetClientRect(window_, &client);
   const int saved = SaveDC(paper);
   CellPainter painter(paper, grid_, *metrics_);
-  painter.beginRow(row, {client.left, room.top, client.right, room.bottom}, look);
+  painter.beginRow(row, {client.left, room.top, client.right, room.bottom},
+                   view::groundOf(grid_, row, shown, inFocus), IsWindowEnabled(window_));
   for (const int at : columns_) {
     if (at < grid_.cols()) painter.drawCell(at, roomOf({row, at}));
   }

@@ -52,9 +52,6 @@ class GridList {
   std::wstring cutText(GridCell cell) const;
   void scrollAcross(int pixels);
 
-  // A list that never has the focus shows its current row as if it had.
-  bool alwaysActive = false;
-
  private:
   void readColumns();
   void drawHeadings();

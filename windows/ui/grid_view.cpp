@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "view/cell_look.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
@@ -57,7 +58,7 @@ void GridView::popUp() {
 bool GridView::edit(GridCell cell) {
   if (cell.row < 1 || cell.row > grid_.rows() || cell.column < 0 || !metrics()) return false;
   const GridColumn& what = grid_.columns()[static_cast<std::size_t>(cell.column)];
-  if (!what.editable || what.tick || what.hidden || grid_.rowHidden(cell.row)) return false;
+  if (!view::isWritten(what) || grid_.rowHidden(cell.row)) return false;
   endEditing(true);
   edited_ = cell;
   editor_ = std::make_unique<CellEditor>(window(), what.align, metrics()->font(),
