@@ -3,35 +3,21 @@
 #include <algorithm>
 
 #include "windows/com/text.h"
+#include "windows/ui/colours.h"
 
 namespace quillet::windows {
 namespace {
-
-COLORREF blend(int over, int under, double share) {
-  const COLORREF above = GetSysColor(over);
-  const COLORREF below = GetSysColor(under);
-  const auto mix = [share](int a, int b) { return static_cast<BYTE>(a * share + b * (1 - share)); };
-  return RGB(mix(GetRValue(above), GetRValue(below)), mix(GetGValue(above), GetGValue(below)),
-             mix(GetBValue(above), GetBValue(below)));
-}
-
-bool highContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-         (contrast.dwFlags & HCF_HIGHCONTRASTON);
-}
 
 COLORREF colourOf(view::Ground ground) {
   switch (ground) {
     case view::Ground::currentInFocus:
       return GetSysColor(COLOR_HIGHLIGHT);
     case view::Ground::current:
-      return blend(COLOR_HIGHLIGHT, COLOR_WINDOW, 0.22);
+      return shade(COLOR_HIGHLIGHT, COLOR_WINDOW, 0.22);
     case view::Ground::emphasised:
-      return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.06);
+      return shade(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.06);
     case view::Ground::everySecond:
-      return blend(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.035);
+      return shade(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.035);
     case view::Ground::plain:
       break;
   }

@@ -84,6 +84,7 @@ void ControlView::setMetrics(const Metrics& metrics) {
   metrics_ = &metrics;
   setFont(metrics.font());
   metricsChanged();
+  if (drawn_ != 0) redraw();
 }
 
 void ControlView::setFont(HFONT font) {

@@ -7,6 +7,7 @@
 #include "view/access_keys.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
+#include "windows/ui/colours.h"
 #include "windows/ui/window_text.h"
 
 namespace quillet::windows {
@@ -32,7 +33,8 @@ void LabelView::draw() {
 }
 
 std::optional<LRESULT> LabelView::coloured(HDC paper) {
-  SetTextColor(paper, GetSysColor(label_.quiet() ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+  const bool quiet = label_.quiet() && !highContrast();
+  SetTextColor(paper, shade(COLOR_BTNTEXT, COLOR_BTNFACE, quiet ? 0.62 : 1));
   SetBkColor(paper, GetSysColor(COLOR_BTNFACE));
   return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
 }
