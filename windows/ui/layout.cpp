@@ -114,6 +114,9 @@ Layout::Box Layout::makeControl(const LayoutItem& node, const view::Place& place
     box.least.cx = pixels;
   }
   box.kept = width.kept;
+  // Texts beside boxes stand on one line with theirs.
+  if (place.besideBoxes && !box.table)
+    box.wanted.cy = std::max<LONG>(box.wanted.cy, metrics_.box());
   if (box.piece.labelWidth > 0 && place.inRow) {
     const int above = metrics_.line() + metrics_.step() / 2;
     for (SIZE* size : {&box.wanted, &box.least}) {
