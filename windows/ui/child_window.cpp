@@ -7,8 +7,10 @@ namespace quillet::windows {
 
 HWND makeChild(const wchar_t* windowClass, HWND parent, DWORD style, DWORD extended) {
   const VisualStyles styles;
-  return CreateWindowExW(extended, windowClass, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0,
-                         parent, nullptr, thisModule(), nullptr);
+  // A box of text scrolls when its text is wider than itself, and stays so when it is made wider.
+  constexpr int widerThanTexts = 1000;
+  return CreateWindowExW(extended, windowClass, L"", WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0,
+                         widerThanTexts, 0, parent, nullptr, thisModule(), nullptr);
 }
 
 }  // namespace quillet::windows

@@ -8,7 +8,6 @@
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
 #include "windows/ui/make_view.h"
-#include "windows/ui/simple_views.h"
 
 namespace quillet::windows {
 namespace {
@@ -23,6 +22,13 @@ void move(HWND window, RECT& at, const RECT& to) {
   at = to;
   SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
                SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Texts of commands one under the other begin at the left.
+void leadText(HWND button, const Metrics& metrics) {
+  SetWindowLongPtrW(button, GWL_STYLE, GetWindowLongPtrW(button, GWL_STYLE) | BS_LEFT);
+  RECT margin{metrics.step(), 0, metrics.step() / 2, 0};
+  SendMessageW(button, BCM_SETTEXTMARGIN, 0, reinterpret_cast<LPARAM>(&margin));
 }
 
 }  // namespace
@@ -59,8 +65,7 @@ void FormViews::add(const LayoutItem& node, const view::Place& place) {
       placed.view = makeView(*node.control, runner_, window_);
       if (placed.view && metrics_) {
         placed.view->setMetrics(*metrics_);
-        auto* button = dynamic_cast<ButtonView*>(placed.view.get());
-        if (place.inList && button) button->standInList();
+        if (place.inList && view::isButton(node)) leadText(placed.view->window(), *metrics_);
       }
     }
     if (placed.view) {
@@ -161,12 +166,14 @@ Piece FormViews::pieceOf(const LayoutItem& node) const {
   const auto found = views_.find(node.id);
   if (found == views_.end()) return piece;
   const Placed& placed = found->second;
+  const int step = metrics_->step();
   piece.present = node.control->visible();
   piece.labelWidth = placed.label ? metrics_->widthOf(wide(placed.labelText), false) : 0;
-  if (const auto* frame = dynamic_cast<const FrameView*>(placed.view.get())) {
-    constexpr LONG all = 1000;
-    const RECT inside = frame->inside({0, 0, all, all}, *metrics_);
-    piece.inside = {inside.left, inside.top, all - inside.right, all - inside.bottom};
+  if (node.kind == LayoutItem::Kind::frame) {
+    const LONG margin = 3 * step / 2;
+    if (!node.control->caption().empty()) {
+      piece.inside = {margin, metrics_->line() + margin, margin, margin};
+    }
     return piece;
   }
   piece.wanted = piece.least = placed.view->wantedSize(*metrics_);

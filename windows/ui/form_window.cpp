@@ -76,6 +76,8 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
   metrics_ = std::make_unique<Metrics>(dpiOf(window_), font_);
   views_ = std::make_unique<FormViews>(form, windows, window_);
   views_->setMetrics(*metrics_);
+  lists_ = std::make_unique<DropDowns>(form, windows, window_);
+  lists_->setMetrics(*metrics_);
   guarded([&] {
     draw();
     takeSize(place);
@@ -85,6 +87,7 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
 FormWindow::~FormWindow() {
   detach();
   covered_.reset();
+  lists_.reset();
   views_.reset();
   if (window_) DestroyWindow(std::exchange(window_, nullptr));
 }
@@ -92,12 +95,9 @@ FormWindow::~FormWindow() {
 // --- drawing ------------------------------------------------------------------------------------
 
 void FormWindow::refresh() noexcept {
-  if (detached_ || !views_) return;
+  if (detached_ || !lists_) return;
   guarded([&] {
-    if (drawn_ != form_.version()) {
-      draw();
-      place();
-    }
+    if (drawn_ != form_.version()) draw();
     followFocus();
   });
 }
@@ -110,8 +110,11 @@ void FormWindow::draw() {
   if (arranged_ != form_.arrangementVersion()) {
     arranged_ = form_.arrangementVersion();
     views_->arrange();
+    lists_->arrange();
   }
+  place();
   views_->refresh();
+  lists_->refresh(*views_);
 }
 
 void FormWindow::place() {
@@ -133,8 +136,10 @@ void FormWindow::followFocus() {
 void FormWindow::takeFonts() {
   auto metrics = std::make_unique<Metrics>(dpiOf(window_), font_);
   views_->setMetrics(*metrics);
+  lists_->setMetrics(*metrics);
   metrics_ = std::move(metrics);
   place();
+  lists_->refresh(*views_);
 }
 
 // --- size and place -----------------------------------------------------------------------------
@@ -179,6 +184,7 @@ void FormWindow::bound(MINMAXINFO& bounds) const {
 void FormWindow::resized(WPARAM how) {
   if (how == SIZE_MINIMIZED) return;
   place();
+  lists_->refresh(*views_);
   windows_.perform([&] { form_.resized(); });
 }
 
@@ -201,6 +207,7 @@ void FormWindow::cover() {
 
 void FormWindow::detach() {
   detached_ = true;
+  if (lists_) lists_->detach();
   if (views_) views_->detach();
 }
 
@@ -239,7 +246,7 @@ LRESULT CALLBACK FormWindow::receive(HWND window, UINT message, WPARAM wide, LPA
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     if (self) self->guarded([&] { self->destroyed(); });
-  } else if (self && !self->detached_ && self->views_) {
+  } else if (self && !self->detached_ && self->lists_) {
     self->guarded([&] { answer = self->handle(message, wide, longer); });
   }
   return answer ? *answer : DefWindowProcW(window, message, wide, longer);
@@ -249,6 +256,9 @@ std::optional<LRESULT> FormWindow::handle(UINT message, WPARAM wide, LPARAM long
   switch (message) {
     case WM_SIZE:
       resized(wide);
+      return 0;
+    case WM_MOVE:
+      lists_->refresh(*views_);
       return 0;
     case WM_CLOSE:
       windows_.perform([&] { form_.close(); });

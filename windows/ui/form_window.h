@@ -9,6 +9,7 @@
 
 #include "controls/form.h"
 #include "view/access_keys.h"
+#include "windows/ui/drop_downs.h"
 #include "windows/ui/form_views.h"
 #include "windows/ui/form_windows.h"
 #include "windows/ui/keys.h"
@@ -74,6 +75,7 @@ class FormWindow {
   std::unique_ptr<Metrics> metrics_;
   FormMenu menu_;
   std::unique_ptr<FormViews> views_;
+  std::unique_ptr<DropDowns> lists_;
   std::optional<Covered> covered_;
   view::AccessKeys access_;
   KeyReader keys_;
