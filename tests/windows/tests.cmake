@@ -36,3 +36,10 @@ function(windows_test name file)
   set_tests_properties(windows.${name} PROPERTIES
     FIXTURES_REQUIRED wine_prefix LABELS windows TIMEOUT ${limit})
 endfunction()
+
+# The suite beside a program under Wine: its real service object and database, over a port of this
+# machine.
+file(GLOB sources CONFIGURE_DEPENDS ${windows_tests}/server/*.cpp ${windows_tests}/wire/*.cpp)
+add_executable(suite_server ${sources})
+target_include_directories(suite_server PRIVATE ${windows_tests})
+target_link_libraries(suite_server PRIVATE quillet_suite)
