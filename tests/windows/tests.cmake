@@ -1,12 +1,13 @@
 # What the windows preset has built, run under Wine. ./test builds it first; a test whose file is
 # missing fails and says so.
 #
-#   windows_test(NAME FILE [SECONDS n] [REGISTER library...] [ARGUMENTS argument...])
+#   windows_test(NAME FILE [SECONDS n] [BESIDE_SUITE] [REGISTER library...] [ARGUMENTS argument...])
 #
 # FILE is a program that the windows preset builds from tests/windows, "home.exe", or a script for
 # Wine's script host, "home.vbs". A library is named as it stands in the build folder,
 # "windows/PrjQuillet.dll", and is registered before. Each test has a prefix and a display of its
-# own, so that they run beside each other.
+# own, so that they run beside each other. BESIDE_SUITE gives it the suite's objects on a copy of the
+# sample practice.
 set(windows_build ${PROJECT_SOURCE_DIR}/build/windows)
 set(windows_tests ${PROJECT_SOURCE_DIR}/tests/windows)
 set(wine_prefix ${PROJECT_BINARY_DIR}/tests/wine/prefix)
@@ -16,11 +17,19 @@ set_tests_properties(windows.prefix PROPERTIES
   FIXTURES_SETUP wine_prefix LABELS windows TIMEOUT 120)
 
 function(windows_test name file)
-  cmake_parse_arguments(PARSE_ARGV 2 it "" "SECONDS" "REGISTER;ARGUMENTS")
+  cmake_parse_arguments(PARSE_ARGV 2 it "BESIDE_SUITE" "SECONDS" "REGISTER;ARGUMENTS")
   if(NOT it_SECONDS)
     set(it_SECONDS 60)
   endif()
   set(options --seconds ${it_SECONDS})
+  set(fixtures wine_prefix)
+  set(beside)
+  if(it_BESIDE_SUITE)
+    list(APPEND it_REGISTER tests/windows/quillet_test_suite.dll)
+    list(APPEND fixtures sample_practice)
+    set(beside ${windows_tests}/beside_suite $<TARGET_FILE:suite_server> $<TARGET_FILE:quillet>
+               ${CMAKE_CURRENT_BINARY_DIR}/script/sample)
+  endif()
   foreach(library ${it_REGISTER})
     list(APPEND options --register ${windows_build}/${library})
   endforeach()
@@ -30,11 +39,11 @@ function(windows_test name file)
     set(file ${windows_build}/tests/windows/${file})
   endif()
   add_test(NAME windows.${name}
-           COMMAND ${windows_tests}/run ${wine_prefix} ${options} ${file} ${it_ARGUMENTS})
+           COMMAND ${beside} ${windows_tests}/run ${wine_prefix} ${options} ${file} ${it_ARGUMENTS})
   # The runner keeps the time limit and cleans up; ctest's is for the runner itself.
   math(EXPR limit "${it_SECONDS} + 90")
   set_tests_properties(windows.${name} PROPERTIES
-    FIXTURES_REQUIRED wine_prefix LABELS windows TIMEOUT ${limit})
+    FIXTURES_REQUIRED "${fixtures}" LABELS windows TIMEOUT ${limit})
 endfunction()
 
 # The suite beside a program under Wine: its real service object and database, over a port of this
@@ -43,3 +52,5 @@ file(GLOB sources CONFIGURE_DEPENDS ${windows_tests}/server/*.cpp ${windows_test
 add_executable(suite_server ${sources})
 target_include_directories(suite_server PRIVATE ${windows_tests})
 target_link_libraries(suite_server PRIVATE quillet_suite)
+
+windows_test(suite suite.vbs BESIDE_SUITE)

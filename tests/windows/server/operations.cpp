@@ -202,11 +202,11 @@ const std::map<std::string, Operation>& operations() {
       {"vLstSelClCode", lastClient},
       {"GetPart_MastPartId", by(&Host::GetPart_MastPartId)},
       {"GetMax_MastPartId", ledgerId},
-      {"test.rows", tables},
-      {"test.execute", arrange},
-      {"test.statements", statements},
-      {"test.fail", failNext},
-      {"test.log", errorLog},
+      {"test.Rows", tables},
+      {"test.Execute", arrange},
+      {"test.Statements", statements},
+      {"test.Fail", failNext},
+      {"test.Log", errorLog},
   };
   return all;
 }

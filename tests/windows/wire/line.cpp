@@ -62,8 +62,8 @@ void Line::send(const Values& values) {
   const std::string content = packed(values);
   const std::string bytes = packedLength(content.size()) + content;
   for (std::size_t sent = 0; sent < bytes.size();) {
-    const auto count = ::send(socket_, bytes.data() + sent,
-                              static_cast<int>(bytes.size() - sent), sendFlags);
+    const auto count =
+        ::send(socket_, bytes.data() + sent, static_cast<int>(bytes.size() - sent), sendFlags);
     if (count <= 0) throw std::runtime_error("The other side of the line is gone.");
     sent += static_cast<std::size_t>(count);
   }
