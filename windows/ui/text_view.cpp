@@ -32,14 +32,21 @@ TextView::TextView(TextBox& box, view::ActionRunner& runner, HWND parent)
 
 void TextView::draw() {
   showText(window(), wide(box_.text()));
-  const LONG_PTR style = GetWindowLongPtrW(window(), GWL_STYLE);
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
+  if ((style & ES_RIGHT) != alignmentOf(box_)) {
+    SetWindowLongPtrW(window(), GWL_STYLE,
+                      static_cast<LONG_PTR>((style & ~DWORD{ES_RIGHT}) | alignmentOf(box_)));
+    InvalidateRect(window(), nullptr, TRUE);
+  }
   if (((style & ES_READONLY) != 0) != box_.locked()) {
     SendMessageW(window(), EM_SETREADONLY, box_.locked(), 0);
   }
-  if ((static_cast<DWORD>(style) & ES_RIGHT) != alignmentOf(box_)) {
-    SetWindowLongPtrW(window(), GWL_STYLE, (style & ~ES_RIGHT) | alignmentOf(box_));
-    InvalidateRect(window(), nullptr, TRUE);
-  }
+  showSelection();
+}
+
+// A box without the focus shows where its text begins.
+void TextView::showSelection() {
+  if (!hasFocus()) return select({0, 0});
   const std::wstring text = wide(box_.text());
   const std::wstring_view units = text;
   select({static_cast<DWORD>(view::unitsOf(units, box_.selStart())),
@@ -57,7 +64,7 @@ void TextView::select(Selection units) {
   const Selection now = selection();
   if (now.start == units.start && now.end == units.end) return;
   SendMessageW(window(), EM_SETSEL, units.start, static_cast<LPARAM>(units.end));
-  if (hasFocus()) SendMessageW(window(), EM_SCROLLCARET, 0, 0);
+  SendMessageW(window(), EM_SCROLLCARET, 0, 0);
 }
 
 // --- keys ---------------------------------------------------------------------------------------
@@ -174,6 +181,13 @@ std::optional<LRESULT> TextView::received(const WindowMessage& message) {
     case WM_CONTEXTMENU: {
       const LRESULT done = passOn(message);
       followSelection();
+      return done;
+    }
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS: {
+      const auto answer = ControlView::received(message);
+      const LRESULT done = answer ? *answer : passOn(message);
+      if (!detached()) showSelection();
       return done;
     }
     default:

@@ -28,6 +28,7 @@ class TextView : public ControlView {
   };
   Selection selection() const;
   void select(Selection units);
+  void showSelection();
 
   void type(Key key);
   void edit(Key key);
