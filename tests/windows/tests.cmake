@@ -54,3 +54,5 @@ target_include_directories(suite_server PRIVATE ${windows_tests})
 target_link_libraries(suite_server PRIVATE quillet_suite)
 
 windows_test(suite suite.vbs BESIDE_SUITE)
+
+windows_test(ports ports_test.exe REGISTER tests/windows/quillet_test_served.dll)
