@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,8 @@ class Form {
   // that by itself.
   virtual std::string subject() const { return {}; }
   OpenForms& openForms() const { return openForms_; }
+  // Tells whoever keeps it whether the form still exists; it keeps nothing alive.
+  std::weak_ptr<Form> handle() const { return handle_; }
 
   // Opens the form: FORM_LOAD when it is not loaded, then FORM_ACTIVE. An open form comes to the
   // front.
@@ -140,6 +143,7 @@ class Form {
   void report(std::string_view procedure, const std::exception& error) const noexcept;
 
   OpenForms& openForms_;
+  std::shared_ptr<Form> handle_{this, [](Form*) {}};
   std::string name_;
   std::string caption_;
   std::vector<Control*> controls_;
