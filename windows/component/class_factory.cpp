@@ -1,0 +1,65 @@
+#include "windows/component/class_factory.h"
+
+#include "windows/com/errors.h"
+#include "windows/component/classes.h"
+#include "windows/component/module.h"
+
+namespace quillet::windows {
+namespace {
+
+class ClassFactory final : public IClassFactory {
+ public:
+  explicit ClassFactory(MakeObject make) : make_(make) {}
+
+  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
+    if (!object) return E_POINTER;
+    *object = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
+    if (!*object) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() noexcept override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    return outer ? CLASS_E_NOAGGREGATION : make_(iid, object);
+  }
+  STDMETHODIMP LockServer(BOOL locked) noexcept override {
+    module::lock(locked != FALSE);
+    return S_OK;
+  }
+
+ private:
+  ~ClassFactory() = default;
+
+  module::Use use_;
+  MakeObject make_;
+  ULONG references_ = 1;
+};
+
+}  // namespace
+
+HRESULT classObject(REFCLSID clsid, REFIID iid, void** object) noexcept {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  try {
+    for (const CreatableClass& known : creatableClasses()) {
+      if (known.entry.clsid != clsid) continue;
+      auto* factory = new ClassFactory(known.make);
+      const HRESULT result = factory->QueryInterface(iid, object);
+      factory->Release();
+      return result;
+    }
+  } catch (...) {
+    return E_OUTOFMEMORY;
+  }
+  return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+}  // namespace quillet::windows
