@@ -56,3 +56,4 @@ target_link_libraries(suite_server PRIVATE quillet_suite)
 windows_test(suite suite.vbs BESIDE_SUITE)
 
 windows_test(ports ports_test.exe REGISTER tests/windows/quillet_test_served.dll)
+windows_test(frames frames_test.exe)

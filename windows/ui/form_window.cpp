@@ -67,6 +67,9 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
                        const FormWindows::Place& place)
     : form_(form), windows_(windows), class_(Class::get()), menu_(form) {
   font_ = {form.size.font, place.fontPoints, place.fontName};
+  BOOL always = TRUE;
+  SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &always, 0);
+  cuesShown_ = always != FALSE;
   {
     const VisualStyles styles;
     CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
@@ -111,6 +114,7 @@ void FormWindow::draw() {
     arranged_ = form_.arrangementVersion();
     views_->arrange();
     lists_->arrange();
+    showCues(cuesShown_);
   }
   place();
   views_->refresh();
@@ -133,8 +137,8 @@ void FormWindow::followFocus() {
   }
 }
 
-void FormWindow::takeFonts() {
-  auto metrics = std::make_unique<Metrics>(dpiOf(window_), font_);
+void FormWindow::takeFonts(UINT dpi) {
+  auto metrics = std::make_unique<Metrics>(dpi, font_);
   views_->setMetrics(*metrics);
   lists_->setMetrics(*metrics);
   metrics_ = std::move(metrics);
@@ -164,7 +168,7 @@ void FormWindow::moveTo(const FormWindows::Place& place) {
   const Metrics::Wish font{form_.size.font, place.fontPoints, place.fontName};
   if (!(font == font_)) {
     font_ = font;
-    guarded([&] { takeFonts(); });
+    guarded([&] { takeFonts(dpiOf(window_)); });
   }
   if (!place.left && !place.top && !place.width && !place.height) return;
   RECT now{};
@@ -303,7 +307,7 @@ std::optional<LRESULT> FormWindow::system(UINT message, WPARAM wide, LPARAM long
       return 0;
     case WM_DPICHANGED: {
       const auto& wanted = *reinterpret_cast<const RECT*>(longer);
-      takeFonts();
+      takeFonts(HIWORD(wide));
       MoveWindow(window_, wanted.left, wanted.top, wanted.right - wanted.left,
                  wanted.bottom - wanted.top, TRUE);
       return 0;
@@ -313,7 +317,7 @@ std::optional<LRESULT> FormWindow::system(UINT message, WPARAM wide, LPARAM long
       views_->systemChanged(message, wide, longer);
       [[fallthrough]];
     case WM_THEMECHANGED:
-      takeFonts();
+      takeFonts(dpiOf(window_));
       RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return {};
     default:
@@ -354,12 +358,20 @@ bool FormWindow::access(wchar_t character) {
   }
 }
 
+// Access keys are underlined from the first Alt on, or always: as the system is set.
+void FormWindow::showCues(bool shown) {
+  cuesShown_ = shown;
+  const WPARAM how = MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL);
+  SendMessageW(window_, WM_UPDATEUISTATE, how, 0);
+}
+
 bool FormWindow::shortcut(const MSG& message) noexcept {
   if (detached_ || (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN))
     return false;
   bool used = false;
   guarded([&] {
-    if (message.wParam != VK_MENU && message.message == WM_KEYDOWN) access_.forget();
+    if (!cuesShown_ && (message.wParam == VK_MENU || message.wParam == VK_F10)) showCues(true);
+    if (message.message == WM_KEYDOWN) access_.forget();
     Control* command = menu_.shortcut(message.wParam);
     if (!command && message.wParam == VK_F1) command = form_.find("mnuhelp");
     if (!command || !command->clickable()) return;

@@ -61,9 +61,10 @@ class FormWindow {
 
   void draw();
   void place();
-  void takeFonts();
+  void takeFonts(UINT dpi);
   void takeSize(const FormWindows::Place& place);
   void followFocus();
+  void showCues(bool shown);
   template <class Body>
   void guarded(Body&& body) noexcept;
 
@@ -82,6 +83,7 @@ class FormWindow {
   SIZE least_{};  // of the client area
   unsigned drawn_ = 0;
   unsigned arranged_ = 0;
+  bool cuesShown_ = true;
   bool detached_ = false;
 };
 

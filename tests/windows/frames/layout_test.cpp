@@ -1,0 +1,89 @@
+// Where controls stand.
+#include <gtest/gtest.h>
+
+#include "frames/desk.h"
+
+namespace quillet::windows {
+namespace {
+
+struct Found {
+  HWND window;
+  RECT room;
+};
+
+std::vector<Found> shownIn(HWND form) {
+  std::vector<Found> found;
+  for (HWND child = GetWindow(form, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (!IsWindowVisible(child)) continue;
+    RECT room{};
+    GetWindowRect(child, &room);
+    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&room), 2);
+    found.push_back({child, room});
+  }
+  return found;
+}
+
+TEST(Layout, KeepsControlsApartAndInTheWindow) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  const HWND window = desk.show(form);
+  for (const auto& [width, height] : {std::pair{1200, 700}, std::pair{100, 100}}) {
+    MoveWindow(window, 0, 0, width, height, TRUE);
+    RECT inside{};
+    GetClientRect(window, &inside);
+    const std::vector<Found> shown = shownIn(window);
+    EXPECT_EQ(shown.size(), 9U);
+    for (const Found& one : shown) {
+      RECT common{};
+      EXPECT_TRUE(UnionRect(&common, &inside, &one.room) && EqualRect(&common, &inside));
+      for (const Found& other : shown) {
+        EXPECT_TRUE(&one == &other || !IntersectRect(&common, &one.room, &other.room));
+      }
+    }
+  }
+}
+
+TEST(Layout, GivesTheRoomOfAHiddenControlToTheOthers) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  const HWND window = desk.show(form);
+  const auto leftOf = [&](const wchar_t* text) {
+    const HWND button = FindWindowExW(window, nullptr, L"Button", text);
+    RECT room{};
+    GetWindowRect(button, &room);
+    return room.left;
+  };
+  const LONG before = leftOf(L"&Save");
+  desk.windows.perform([&] { form.save.setVisible(false); });
+  EXPECT_EQ(leftOf(L"S&end"), before);
+}
+
+TEST(Place, OfAHostHoldsBeforeAndAfterTheWindowIsThere) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  FormWindows::Place wanted;
+  wanted.left = 40;
+  wanted.top = 30;
+  wanted.width = 900;
+  wanted.height = 600;
+  desk.windows.setPlace(form, wanted);
+  const HWND window = desk.show(form);
+  RECT room{};
+  GetWindowRect(window, &room);
+  EXPECT_EQ(room.left, 40);
+  EXPECT_EQ(room.right, 940);
+  const HWND label = FindWindowExW(window, nullptr, L"Static", L"&Particular");
+  const auto height = [&] {
+    GetWindowRect(label, &room);
+    return room.bottom - room.top;
+  };
+  const LONG before = height();
+  wanted.width.reset();
+  wanted.fontPoints = 18;
+  desk.windows.setPlace(form, wanted);
+  EXPECT_GT(height(), before * 3 / 2);
+  EXPECT_EQ(desk.windows.place(form).width, 900);
+}
+
+}  // namespace
+}  // namespace quillet::windows

@@ -1,0 +1,119 @@
+// Which windows take input, and what is left when they go.
+#include <gtest/gtest.h>
+
+#include "frames/desk.h"
+
+namespace quillet::windows {
+namespace {
+
+TEST(ModalForms, TakeTheInputOfTheOthersAndGiveItBack) {
+  Desk desk;
+  SampleForm below(desk.forms), first(desk.forms, "first"), second(desk.forms, "second");
+  const HWND belowWindow = desk.show(below);
+  const HWND firstWindow = desk.showModal(first);
+  const HWND secondWindow = desk.showModal(second);
+  EXPECT_FALSE(IsWindowEnabled(desk.host()));
+  EXPECT_FALSE(IsWindowEnabled(belowWindow));
+  EXPECT_FALSE(IsWindowEnabled(firstWindow));
+  EXPECT_TRUE(IsWindowEnabled(secondWindow));
+  EXPECT_EQ(GetWindow(firstWindow, GW_OWNER), belowWindow);
+
+  // Out of order: the upper one still has the input for itself.
+  desk.windows.perform([&] { first.close(); });
+  desk.pump();
+  EXPECT_TRUE(IsWindow(secondWindow));
+  EXPECT_FALSE(IsWindowEnabled(belowWindow));
+  EXPECT_EQ(GetActiveWindow(), secondWindow);
+  desk.windows.perform([&] { second.close(); });
+  desk.pump();
+  EXPECT_TRUE(IsWindowEnabled(desk.host()));
+  EXPECT_TRUE(IsWindowEnabled(belowWindow));
+  EXPECT_EQ(GetActiveWindow(), belowWindow);
+}
+
+TEST(ModalForms, LeaveAWindowDisabledThatTheHostDisabled) {
+  Desk desk;
+  EnableWindow(desk.host(), FALSE);
+  SampleForm form(desk.forms);
+  desk.showModal(form);
+  desk.windows.perform([&] { form.close(); });
+  EXPECT_FALSE(IsWindowEnabled(desk.host()));
+}
+
+TEST(RunUntilClosed, EndsWithTheForm) {
+  Desk desk;
+  SampleForm below(desk.forms), form(desk.forms, "form");
+  desk.show(below);
+  const HWND window = desk.show(form);
+  PostMessageW(window, WM_CLOSE, 0, 0);
+  form.refusesToClose = true;
+  bool hostEnabled = true;
+  form.save.Click = [&] {
+    hostEnabled = IsWindowEnabled(desk.host());
+    form.refusesToClose = false;
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  };
+  PostMessageW(window, WM_SYSCHAR, L's', 1 << 29);
+  desk.windows.runUntilClosed(form);
+  EXPECT_FALSE(form.visible());
+  EXPECT_FALSE(hostEnabled);
+  EXPECT_TRUE(IsWindowEnabled(desk.host()));
+  EXPECT_EQ(desk.windows.windowOf(form), nullptr);
+}
+
+TEST(RunUntilClosed, HandsTheEndOfTheProgramOn) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  desk.show(form);
+  PostQuitMessage(7);
+  desk.windows.runUntilClosed(form);
+  EXPECT_TRUE(form.visible());
+  EXPECT_TRUE(IsWindowEnabled(desk.host()));
+  MSG message{};
+  ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+  EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST(RunUntilClosed, EndsWithAWindowThatSomebodyElseDestroys) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  const HWND window = desk.show(form);
+  SetTimer(window, 1, 1, [](HWND self, UINT, UINT_PTR, DWORD) { DestroyWindow(self); });
+  desk.windows.runUntilClosed(form);
+  EXPECT_FALSE(form.visible());
+  EXPECT_TRUE(IsWindowEnabled(desk.host()));
+  EXPECT_TRUE(IsWindow(desk.show(form)));  // and it can be shown again
+}
+
+// --- what is left -------------------------------------------------------------------------------
+
+struct Handles {
+  DWORD user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  DWORD gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  bool operator==(const Handles&) const = default;
+};
+std::ostream& operator<<(std::ostream& out, const Handles& handles) {
+  return out << handles.user << " of the user interface, " << handles.gdi << " for drawing";
+}
+
+void showAndClose() {
+  Desk desk;
+  SampleForm below(desk.forms), form(desk.forms, "form");
+  desk.windows.perform([&] { below.show(); });
+  desk.windows.perform([&] { form.showModal(); });
+  desk.windows.perform([&] { form.close(); });
+  desk.windows.perform([&] { below.close(); });
+}
+
+TEST(Windows, LeaveNothingBehind) {
+  for (int time = 0; time < 5; ++time) showAndClose();
+  const Handles before;
+  for (int time = 0; time < 20; ++time) showAndClose();
+  EXPECT_EQ(Handles(), before);
+  WNDCLASSW known{};
+  EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"QuilletForm", &known));
+}
+
+}  // namespace
+}  // namespace quillet::windows
