@@ -11,6 +11,7 @@
 
 #include "desktop/grid_model.h"
 #include "desktop/theme.h"
+#include "view/cell_look.h"
 
 namespace quillet::desktop {
 namespace {
@@ -25,6 +26,23 @@ Qt::Alignment alignmentOf(const GridColumn& column) {
 QRect roomOf(const QStyleOptionViewItem& option) {
   const int margin = theme::spacing(*option.widget) * 3 / 4;
   return option.rect.adjusted(margin, 0, -margin, 0);
+}
+
+// Invalid where nothing is to be painted.
+QColor colourOf(view::Ground ground, const QPalette& palette) {
+  switch (ground) {
+    case view::Ground::currentInFocus:
+      return palette.color(QPalette::Active, QPalette::Highlight);
+    case view::Ground::current:
+      return theme::selection(palette);
+    case view::Ground::emphasised:
+      return theme::emphasis(palette);
+    case view::Ground::everySecond:
+      return theme::zebra(palette);
+    case view::Ground::plain:
+      break;
+  }
+  return {};
 }
 
 void drawTick(QPainter* painter, const QStyleOptionViewItem& option, bool on) {
@@ -49,20 +67,11 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (row < 1 || row > model_.grid().rows() || index.column() >= model_.grid().cols()) return;
   const GridColumn& column = model_.column(index.column());
   const QPalette& palette = option.palette;
-  const bool selected = option.state & QStyle::State_Selected;
   const bool enabled = option.state & QStyle::State_Enabled;
-  const bool active = enabled && (alwaysActive || (option.widget && option.widget->hasFocus()));
+  const bool inFocus = enabled && option.widget && option.widget->hasFocus();
 
-  QColor ground;
-  if (selected && active) {
-    ground = palette.color(QPalette::Active, QPalette::Highlight);
-  } else if (selected) {
-    ground = theme::selection(palette);
-  } else if (model_.grid().rowEmphasised(row)) {
-    ground = theme::emphasis(palette);
-  } else if (model_.grid().zebra() && index.row() % 2 == 1) {
-    ground = theme::zebra(palette);
-  }
+  const view::Ground behind = view::groundOf(model_.grid(), row, index.row(), inFocus);
+  const QColor ground = colourOf(behind, palette);
   if (ground.isValid()) painter->fillRect(option.rect, ground);
 
   const QString text = index.data(Qt::DisplayRole).toString();
@@ -70,8 +79,8 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QFont font = fontOf(option, index);
   painter->setFont(font);
   const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
-  painter->setPen(
-      palette.color(group, selected && active ? QPalette::HighlightedText : QPalette::Text));
+  const bool highlighted = behind == view::Ground::currentInFocus;
+  painter->setPen(palette.color(group, highlighted ? QPalette::HighlightedText : QPalette::Text));
   const QRect room = roomOf(option);
   const QString fitting =
       QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width(), Qt::TextSingleLine);
@@ -83,7 +92,7 @@ QFont CellPainter::fontOf(const QStyleOptionViewItem& option, const QModelIndex&
     plain_ = option.font;
     figures_ = theme::figures(option.font);
   }
-  QFont font = model_.column(index.column()).align == Align::right ? figures_ : plain_;
+  QFont font = view::holdsFigures(model_.column(index.column())) ? figures_ : plain_;
   font.setBold(model_.grid().rowEmphasised(model_.gridRow(index.row())));
   return font;
 }

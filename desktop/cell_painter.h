@@ -15,8 +15,6 @@ class CellPainter : public QStyledItemDelegate {
 
   // A person finished editing a cell: the grid's row and column, and the text.
   std::function<void(int row, int column, const QString& text)> edited;
-  // A list that never has the focus shows its current row as if it had.
-  bool alwaysActive = false;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;

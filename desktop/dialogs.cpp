@@ -15,6 +15,7 @@
 #include "desktop/form_window.h"
 #include "desktop/text.h"
 #include "desktop/windows.h"
+#include "view/message_texts.h"
 
 namespace quillet::desktop {
 namespace {
@@ -35,18 +36,6 @@ QMessageBox::Icon iconOf(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
-  switch (buttons) {
-    case Buttons::YesNo:
-      return QMessageBox::Yes | QMessageBox::No;
-    case Buttons::YesNoCancel:
-      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case Buttons::OK:
-      break;
-  }
-  return QMessageBox::Ok;
-}
-
 QMessageBox::StandardButton buttonOf(Answer answer) {
   switch (answer) {
     case Answer::Yes:
@@ -61,28 +50,11 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
   return QMessageBox::Ok;
 }
 
-Answer answerOf(int button, Buttons buttons) {
-  switch (button) {
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    case QMessageBox::Ok:
-      return Answer::OK;
-    default:
-      // Closed without a button: the answer that changes nothing.
-      return buttons == Buttons::OK      ? Answer::OK
-             : buttons == Buttons::YesNo ? Answer::No
-                                         : Answer::Cancel;
-  }
-}
-
-// "Excel Files|*.xls|All Files|*.*" as Qt writes it.
+// As Qt writes it.
 QStringList filtersOf(const std::string& filter) {
-  const QStringList parts = toQt(filter).split(u'|', Qt::SkipEmptyParts);
   QStringList filters;
-  for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
-    filters << QStringLiteral("%1 (%2)").arg(parts[at], parts[at + 1]);
+  for (const auto& [name, pattern] : view::fileKinds(filter)) {
+    filters << QStringLiteral("%1 (%2)").arg(toQt(name), toQt(pattern));
   }
   return filters;
 }
@@ -120,16 +92,19 @@ Answer DesktopDialogs::MsgBox(const Message& message) {
   QMessageBox box(prepare());
   likeParent(box);
   box.setObjectName(QStringLiteral("message"));
-  box.setWindowTitle(message.title.empty() ? QApplication::applicationDisplayName()
-                                           : toQt(message.title));
+  box.setWindowTitle(toQt(view::titleOf(message)));
   box.setTextFormat(Qt::PlainText);
-  box.setText(toQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+  box.setText(toQt(view::textOf(message)));
   box.setIcon(iconOf(message.icon));
-  box.setStandardButtons(buttonsOf(message.buttons));
-  box.setDefaultButton(buttonOf(message.defaultAnswer));
+  const std::vector<Answer> answers = view::answersOf(message.buttons);
+  for (const Answer answer : answers) box.addButton(buttonOf(answer));
+  box.setDefaultButton(buttonOf(view::defaultOf(message)));
   scrollLongText(box);
   const int button = box.exec();
-  return answerOf(button, message.buttons);
+  for (const Answer answer : answers) {
+    if (button == buttonOf(answer)) return answer;
+  }
+  return view::whenClosed(message.buttons);
 }
 
 std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,

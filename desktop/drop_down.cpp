@@ -5,7 +5,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "controls/form.h"
 #include "desktop/cell_painter.h"
@@ -13,14 +12,9 @@
 #include "desktop/grid_table.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/drop_down_place.h"
 
 namespace quillet::desktop {
-namespace {
-
-constexpr int mostRows = 9;
-
-}  // namespace
-
 DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
     : QFrame(window), grid_(grid), runner_(runner), table_(new GridTable(grid, this)) {
   setObjectName(toQt(grid.name()));
@@ -31,7 +25,6 @@ DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
   table_->setFocusPolicy(Qt::NoFocus);
   table_->viewport()->installEventFilter(this);
   table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  table_->painter().alwaysActive = true;
   auto* inside = new QVBoxLayout(this);
   inside->setContentsMargins(1, 1, 1, 1);
   inside->addWidget(table_);
@@ -55,25 +48,15 @@ void DropDown::refresh() {
 }
 
 void DropDown::place() {
-  QWidget* window = field_->window();
-  const QPoint under = field_->mapTo(window, QPoint(0, field_->height() + 2));
-  const int rows = std::min(table_->cells().rowCount(), mostRows);
-  int height = table_->heightOf(rows) + 2;
-  int width = 4;
-  for (const GridColumn& column : grid_.columns()) {
-    if (!column.hidden) width += theme::characters(*table_, column.width + 3);
-  }
-  width = std::clamp(width, field_->width(), window->width() - 2 * theme::spacing(*this));
-  int top = under.y();
-  const int below = window->height() - top - 4;
-  const int above = under.y() - field_->height() - 8;
-  if (height > below && above > below) {
-    height = std::min(height, above);
-    top = under.y() - field_->height() - 4 - height;
-  } else {
-    height = std::min(height, below);
-  }
-  const int left = std::clamp(under.x(), 4, std::max(4, window->width() - width - 4));
+  const QWidget* window = field_->window();
+  const QPoint corner = field_->mapTo(window, QPoint(0, 0));
+  constexpr int frame = 1;
+  const view::Size wanted{
+      theme::characters(*table_, view::dropDownCharacters(grid_)) + 4 * frame,
+      table_->heightOf(view::dropDownRows(table_->cells().rowCount())) + 2 * frame};
+  const auto [left, top, width, height] =
+      view::dropDownPlace({corner.x(), corner.y(), field_->width(), field_->height()}, wanted,
+                          {window->width(), window->height()});
   setGeometry(left, top, width, height);
 }
 

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "controls/mask_box.h"
 #include "desktop/field_label.h"
 #include "desktop/flat_style.h"
 #include "desktop/make_view.h"
@@ -17,16 +16,6 @@
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
-namespace {
-
-bool takesRest(const LayoutItem& node, Qt::Orientation direction) {
-  return std::any_of(node.children.begin(), node.children.end(), [&](const LayoutItem& child) {
-    return child.stretch > 0 || grows(child, direction);
-  });
-}
-
-}  // namespace
-
 FormLayout::Box::Box(QBoxLayout* filled) : layout(filled), first(filled ? filled->count() : 0) {}
 
 FormLayout::FormLayout(view::ActionRunner& runner, QWidget& body)
@@ -53,40 +42,11 @@ void FormLayout::enableLayouts(bool enabled) {
   }
 }
 
-// Fields one under the other make one part. What is left over goes to the end, unless a part has a
-// use for it.
-std::vector<FormLayout::Part> FormLayout::partsOf(const LayoutItem& node) {
-  const bool inRow = node.kind == LayoutItem::Kind::row;
-  std::vector<Part> parts;
-  for (const LayoutItem& child : node.children) {
-    if (!hasPlace(child)) continue;
-    if (inRow || child.label.empty()) {
-      parts.push_back({child});
-    } else if (!parts.empty() && parts.back().fields) {
-      parts.back().node.children.push_back(child);
-    } else {
-      parts.push_back({column({child}), true});
-    }
-  }
-  if (!takesRest(node, inRow ? Qt::Horizontal : Qt::Vertical)) parts.push_back({gap(0)});
-  return parts;
-}
-
-FormLayout::Place FormLayout::placeIn(const LayoutItem& node, unsigned frame) {
-  const auto& nodes = node.children;
-  Place place;
-  place.frame = frame;
-  place.inRow = node.kind == LayoutItem::Kind::row;
-  place.besideBoxes = place.inRow && std::any_of(nodes.begin(), nodes.end(), isLine);
-  place.inList = !place.inRow && std::count_if(nodes.begin(), nodes.end(), isButton) >= 3;
-  return place;
-}
-
 // Takes the parts out that are no more, and puts the new ones between those that stay.
 void FormLayout::update(Box& box, const LayoutItem& node, unsigned frame) {
   if (box.node == node) return;
-  const Place place = placeIn(node, frame);
-  const std::vector<Part> parts = partsOf(node);
+  const view::Place place = view::placeIn(node, frame);
+  const std::vector<view::Part> parts = view::partsOf(node);
   std::vector<bool> isNew(parts.size(), true);
   std::vector<bool> stays(box.parts.size(), false);
   std::size_t from = 0;
@@ -111,7 +71,7 @@ void FormLayout::update(Box& box, const LayoutItem& node, unsigned frame) {
   box.parts = parts;
 }
 
-void FormLayout::insert(const Part& part, QBoxLayout& into, int at, Place place) {
+void FormLayout::insert(const view::Part& part, QBoxLayout& into, int at, view::Place place) {
   const LayoutItem& node = part.node;
   if (part.fields) return insertFields(node, into, at, place);
   switch (node.kind) {
@@ -134,12 +94,12 @@ void FormLayout::insertBox(const LayoutItem& node, QBoxLayout& into, int at, uns
                                                        : new QVBoxLayout;
   box->setSpacing(step_);
   into.insertLayout(at, box, node.stretch);
-  const Place place = placeIn(node, frame);
-  for (const Part& part : partsOf(node)) insert(part, *box, -1, place);
+  const view::Place place = view::placeIn(node, frame);
+  for (const view::Part& part : view::partsOf(node)) insert(part, *box, -1, place);
 }
 
 // The labels make a column of their own.
-void FormLayout::insertFields(const LayoutItem& node, QBoxLayout& into, int at, Place place) {
+void FormLayout::insertFields(const LayoutItem& node, QBoxLayout& into, int at, view::Place place) {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(step_ + step_ / 2);
   grid->setVerticalSpacing(step_);
@@ -148,7 +108,7 @@ void FormLayout::insertFields(const LayoutItem& node, QBoxLayout& into, int at, 
   int line = 0;
   for (const LayoutItem& field : node.children) {
     ControlView& view = viewOf(field, place, into.parentWidget());
-    const bool table = isTable(field);
+    const bool table = view::isTable(field);
     const bool keepsWidth = field.width > 0 && field.stretch == 0;
     grid->addWidget(labelFor(field, view, into.parentWidget()), line, 0,
                     table ? Qt::AlignTop : Qt::AlignVCenter);
@@ -161,7 +121,8 @@ void FormLayout::insertFields(const LayoutItem& node, QBoxLayout& into, int at, 
   }
 }
 
-void FormLayout::insertFrame(const LayoutItem& node, QBoxLayout& into, int at, const Place& place) {
+void FormLayout::insertFrame(const LayoutItem& node, QBoxLayout& into, int at,
+                             const view::Place& place) {
   auto& frame = static_cast<FrameView&>(viewOf(node, place, into.parentWidget()));
   Box& box = frames_[node.id];
   if (box.layout != frame.inside()) box = Box(frame.inside());
@@ -213,7 +174,8 @@ void FormLayout::refreshStacks() {
   }
 }
 
-void FormLayout::insertControl(const LayoutItem& node, QBoxLayout& into, int at, Place place) {
+void FormLayout::insertControl(const LayoutItem& node, QBoxLayout& into, int at,
+                               view::Place place) {
   ControlView& view = viewOf(node, place, into.parentWidget());
   if (place.inRow && !node.label.empty()) {
     auto* pair = new QVBoxLayout;
@@ -223,17 +185,16 @@ void FormLayout::insertControl(const LayoutItem& node, QBoxLayout& into, int at,
     pair->addWidget(view.widget());
   } else {
     into.insertWidget(at, view.widget(), node.stretch,
-                      place.inRow && !isTable(node) ? Qt::AlignBottom : Qt::Alignment());
+                      place.inRow && !view::isTable(node) ? Qt::AlignBottom : Qt::Alignment());
   }
 }
 
 // --- widgets ------------------------------------------------------------------------------------
 
-ControlView& FormLayout::viewOf(const LayoutItem& node, Place place, QWidget* parent) {
-  place.width = node.width;
-  place.stretch = node.stretch;
+ControlView& FormLayout::viewOf(const LayoutItem& node, view::Place place, QWidget* parent) {
+  place = view::placeOf(node, place);
   ControlView*& view = views_[node.id];
-  Place& before = places_[node.id];
+  view::Place& before = places_[node.id];
   if (view && before == place) return *view;
   if (view) view->discard();
   view = makeView(*node.control, runner_, parent);
@@ -244,14 +205,10 @@ ControlView& FormLayout::viewOf(const LayoutItem& node, Place place, QWidget* pa
   if (place.besideBoxes && dynamic_cast<Label*>(node.control)) {
     widget.setMinimumHeight(QLineEdit(parent).sizeHint().height());
   }
-  const bool keepsWidth = isLine(node) && node.stretch == 0;
-  int width = node.width;
-  if (width == 0 && dynamic_cast<MaskBox*>(node.control)) width = 11;
-  if (width > 0) {
-    widget.setMinimumWidth(theme::characters(widget, width) + 2 * step_);
-    if (keepsWidth) widget.setMaximumWidth(widget.minimumWidth());
-  } else if (keepsWidth && place.inRow) {
-    widget.setMinimumWidth(theme::characters(widget, 16));
+  const auto [characters, kept] = view::leastWidth(node, place.inRow);
+  if (characters > 0) {
+    widget.setMinimumWidth(theme::characters(widget, characters) + 2 * step_);
+    if (kept) widget.setMaximumWidth(widget.minimumWidth());
   }
   return *view;
 }

@@ -7,6 +7,7 @@
 
 #include "controls/layout.h"
 #include "desktop/control_view.h"
+#include "view/layout_rules.h"
 
 class QBoxLayout;
 class QStackedLayout;
@@ -31,30 +32,14 @@ class FormLayout {
   void refreshStacks();
 
  private:
-  // What a control's widget is made for, besides the control.
-  struct Place {
-    unsigned frame = 0;  // id of the frame around it
-    bool inRow = false;
-    bool besideBoxes = false;  // in a row with boxes of one line
-    bool inList = false;       // in a column of buttons
-    int width = 0;
-    int stretch = 0;
-    bool operator==(const Place&) const = default;
-  };
-  // One item of a box layout.
-  struct Part {
-    LayoutItem node;
-    bool fields = false;  // a column of fields whose labels make a column of their own
-    bool operator==(const Part&) const = default;
-  };
   // A layout that is brought from one arrangement to the next.
   struct Box {
     explicit Box(QBoxLayout* filled = nullptr);
     QBoxLayout* layout;
     int first;  // index of the first part: a frame's heading stands before
-    Place place;
+    view::Place place;
     LayoutItem node;
-    std::vector<Part> parts;
+    std::vector<view::Part> parts;
   };
   struct Stack {
     QWidget* holder = nullptr;
@@ -64,19 +49,17 @@ class FormLayout {
   };
   using StackKey = std::vector<unsigned>;
 
-  static std::vector<Part> partsOf(const LayoutItem& node);
-  static Place placeIn(const LayoutItem& node, unsigned frame);
   static StackKey keyOf(const LayoutItem& stack);
 
   void update(Box& box, const LayoutItem& node, unsigned frame);
-  void insert(const Part& part, QBoxLayout& into, int at, Place place);
+  void insert(const view::Part& part, QBoxLayout& into, int at, view::Place place);
   void insertBox(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame);
-  void insertFields(const LayoutItem& node, QBoxLayout& into, int at, Place place);
-  void insertFrame(const LayoutItem& node, QBoxLayout& into, int at, const Place& place);
+  void insertFields(const LayoutItem& node, QBoxLayout& into, int at, view::Place place);
+  void insertFrame(const LayoutItem& node, QBoxLayout& into, int at, const view::Place& place);
   void insertStack(const LayoutItem& node, QBoxLayout& into, int at, unsigned frame);
-  void insertControl(const LayoutItem& node, QBoxLayout& into, int at, Place place);
+  void insertControl(const LayoutItem& node, QBoxLayout& into, int at, view::Place place);
   Stack makeStack(const LayoutItem& node);
-  ControlView& viewOf(const LayoutItem& node, Place place, QWidget* parent);
+  ControlView& viewOf(const LayoutItem& node, view::Place place, QWidget* parent);
   QWidget* labelFor(const LayoutItem& node, ControlView& view, QWidget* parent);
   void releaseLabels(const LayoutItem& node);
   void enableLayouts(bool enabled);
@@ -88,7 +71,7 @@ class FormLayout {
   QWidget& body_;
   int step_ = 0;
   std::map<unsigned, ControlView*> views_;
-  std::map<unsigned, Place> places_;
+  std::map<unsigned, view::Place> places_;
   // Without a field while the arrangement changes: a heading moves on from line to line.
   std::vector<FieldLabel*> freeLabels_;
   Box root_;

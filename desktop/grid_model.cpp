@@ -1,7 +1,5 @@
 #include "desktop/grid_model.h"
 
-#include <algorithm>
-
 #include "desktop/text.h"
 
 namespace quillet::desktop {
@@ -15,13 +13,8 @@ const GridColumn& GridModel::column(int at) const {
 }
 
 void GridModel::readShape() {
-  shown_.clear();
-  filtered_ = false;
-  for (int row = 1; row <= grid_.rows() && !filtered_; ++row) filtered_ = grid_.rowHidden(row);
-  for (int row = 1; row <= grid_.rows() && filtered_; ++row) {
-    if (!grid_.rowHidden(row)) shown_.push_back(row);
-  }
-  shape_.rows = filtered_ ? static_cast<int>(shown_.size()) : grid_.rows();
+  rows_.read(grid_);
+  shape_.rows = rows_.count();
   shape_.columns = grid_.cols();
 }
 
@@ -51,18 +44,6 @@ void GridModel::refresh() {
     emit dataChanged(index(0, 0), index(after - 1, shape_.columns - 1));
   }
   if (shape_.columns > 0) emit headerDataChanged(Qt::Horizontal, 0, shape_.columns - 1);
-}
-
-int GridModel::gridRow(int shown) const {
-  if (shown < 0 || shown >= shape_.rows) return 0;
-  return filtered_ ? shown_[static_cast<std::size_t>(shown)] : shown + 1;
-}
-
-int GridModel::shownRow(int row) const {
-  if (row < 1) return -1;
-  if (!filtered_) return row <= shape_.rows ? row - 1 : -1;
-  const auto at = std::lower_bound(shown_.begin(), shown_.end(), row);
-  return at != shown_.end() && *at == row ? static_cast<int>(at - shown_.begin()) : -1;
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const {

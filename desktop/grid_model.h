@@ -1,11 +1,11 @@
 // A grid's cells as Qt's views ask for them: read from the grid at each call, nothing is kept but
-// the numbers of the rows that are not hidden, and those only when some are.
+// which rows are hidden.
 #pragma once
 
 #include <QAbstractTableModel>
-#include <vector>
 
 #include "controls/grid.h"
+#include "view/shown_rows.h"
 
 namespace quillet::desktop {
 
@@ -17,8 +17,8 @@ class GridModel : public QAbstractTableModel {
   void refresh();
 
   // Between the grid's rows (from 1) and the shown ones (from 0, -1 when it is not shown).
-  int gridRow(int shown) const;
-  int shownRow(int row) const;
+  int gridRow(int shown) const { return rows_.gridRow(shown); }
+  int shownRow(int row) const { return rows_.shownRow(row); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -37,9 +37,8 @@ class GridModel : public QAbstractTableModel {
   void readShape();
 
   Grid& grid_;
-  Shape shape_;             // as last told to the views
-  std::vector<int> shown_;  // empty when no row is hidden
-  bool filtered_ = false;
+  Shape shape_;  // as last told to the views
+  view::ShownRows rows_;
 };
 
 }  // namespace quillet::desktop

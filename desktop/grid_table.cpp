@@ -39,7 +39,7 @@ GridTable::GridTable(Grid& grid, QWidget* parent)
 
 void GridTable::measure() {
   const int step = theme::spacing(*this);
-  padding_ = 2 * step;
+  metrics_ = {theme::character(*this), 2 * step};
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + step);
   content_ = 0;
 }
@@ -58,39 +58,20 @@ int GridTable::heightOf(int rows) const {
   return head + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
 }
 
-int GridTable::shownWidth(int column) const {
-  const double one = std::max(1, theme::characters(*this, 100)) / 100.0;
-  return std::max(1, qRound((columnWidth(column) - padding_) / one));
-}
-
-int GridTable::wantedWidth(int column) const {
-  const GridColumn& wanted = cells_->column(column);
-  // What a person dragged to stays to the pixel as long as it rounds to the grid's width.
-  if (!wanted.stretch && shownWidth(column) == wanted.width) return columnWidth(column);
-  return theme::characters(*this, wanted.width) + padding_;
-}
+int GridTable::shownWidth(int column) const { return metrics_.characters(columnWidth(column)); }
 
 void GridTable::arrangeColumns() {
   const QSignalBlocker quiet(horizontalHeader());
-  int left = viewport()->width();
-  int stretching = 0;
-  for (int c = 0; c < cells_->columnCount(); ++c) {
-    const GridColumn& column = cells_->column(c);
-    if (isColumnHidden(c) != column.hidden) setColumnHidden(c, column.hidden);
-    if (column.hidden) continue;
-    stretching += column.stretch ? 1 : 0;
-    left -= wantedWidth(c);
-  }
-  for (int c = 0; c < cells_->columnCount(); ++c) {
-    const GridColumn& column = cells_->column(c);
-    if (column.hidden) continue;
-    int width = wantedWidth(c);
-    if (column.stretch && left > 0) {
-      const int share = left / stretching--;
-      left -= share;
-      width += share;
-    }
-    setColumnWidth(c, width);
+  std::vector<int> now;
+  // A handler may be changing the grid just now; the model is told afterwards.
+  const int columns = std::min(cells_->columnCount(), grid_.cols());
+  for (int c = 0; c < columns; ++c) now.push_back(columnWidth(c));
+  const std::vector<int> widths =
+      view::columnWidths(grid_.columns(), now, metrics_, viewport()->width());
+  for (int c = 0; c < columns; ++c) {
+    const bool hidden = cells_->column(c).hidden;
+    if (isColumnHidden(c) != hidden) setColumnHidden(c, hidden);
+    if (!hidden) setColumnWidth(c, widths[static_cast<std::size_t>(c)]);
   }
   // Blocked above: the header tells nobody, so the cells are arranged here.
   updateGeometries();

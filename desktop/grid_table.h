@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "controls/grid.h"
+#include "view/column_widths.h"
 
 namespace quillet::desktop {
 
@@ -29,7 +30,6 @@ class GridTable : public QTableView {
   void changeEvent(QEvent* event) override;
 
  private:
-  int wantedWidth(int column) const;
   void arrangeColumns();
   void showCurrent();
   void measure();
@@ -38,7 +38,7 @@ class GridTable : public QTableView {
   GridModel* cells_;
   CellPainter* painter_;
   unsigned content_ = 0;
-  int padding_ = 0;  // what a cell adds to its characters
+  view::CellMetrics metrics_;
 };
 
 }  // namespace quillet::desktop

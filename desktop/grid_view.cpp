@@ -9,6 +9,7 @@
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
 #include "desktop/text.h"
+#include "view/cell_look.h"
 
 namespace quillet::desktop {
 
@@ -77,7 +78,7 @@ void GridView::popUp() {
 bool GridView::edit(int row, int column) {
   const GridColumn& what = table_->cells().column(column);
   const int shown = table_->cells().shownRow(row);
-  if (shown < 0 || !what.editable || what.tick || what.hidden) return false;
+  if (shown < 0 || !view::isWritten(what)) return false;
   const QModelIndex index = table_->cells().index(shown, column);
   table_->setCurrentIndex(index);
   table_->edit(index);

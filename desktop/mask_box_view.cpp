@@ -9,6 +9,7 @@
 
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/typed_text.h"
 
 namespace quillet::desktop {
 
@@ -43,7 +44,7 @@ bool MaskBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void MaskBoxView::typeText(const QString& text) {
-  for (const Key key : keysOf(text.trimmed())) {
+  for (const Key key : view::pastedKeys(fromQt(text))) {
     if (box_.form().active() != &box_) break;
     press(key);
   }

@@ -10,6 +10,7 @@
 
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/access_keys.h"
 
 namespace quillet::desktop {
 
@@ -106,7 +107,7 @@ FrameView::FrameView(Frame& frame, view::ActionRunner& runner, QWidget* parent)
 }
 
 void FrameView::draw() {
-  if (heading_) heading_->setText(toQt(frame_.caption()).remove(u'&'));
+  if (heading_) heading_->setText(toQt(view::withoutMarks(frame_.caption())));
 }
 
 void FrameView::becomePage() {

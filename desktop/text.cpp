@@ -5,6 +5,9 @@
 #include <array>
 #include <utility>
 
+#include "view/typed_text.h"
+#include "view/utf16_positions.h"
+
 namespace quillet::desktop {
 namespace {
 
@@ -33,6 +36,10 @@ Key namedKey(int code) {
   return found == namedKeys.end() ? keys::none : found->second;
 }
 
+std::u16string_view unitsIn(const QString& text) {
+  return {QStringView(text).utf16(), static_cast<std::size_t>(text.size())};
+}
+
 }  // namespace
 
 QString toQt(std::string_view text) {
@@ -42,21 +49,11 @@ QString toQt(std::string_view text) {
 std::string fromQt(const QString& text) { return text.toStdString(); }
 
 int unitsOf(const QString& text, std::size_t characters) {
-  int units = 0;
-  for (; characters > 0 && units < text.size(); --characters) {
-    const bool pair = text[units].isHighSurrogate() && units + 1 < text.size() &&
-                      text[units + 1].isLowSurrogate();
-    units += pair ? 2 : 1;
-  }
-  return units;
+  return static_cast<int>(view::unitsOf(unitsIn(text), characters));
 }
 
 std::size_t charactersOf(const QString& text, qsizetype units) {
-  std::size_t characters = 0;
-  for (int at = 0; at < units && at < text.size(); ++characters) {
-    at += unitsOf(text.mid(at, 2), 1);
-  }
-  return characters;
+  return view::charactersOf(unitsIn(text), static_cast<std::size_t>(units));
 }
 
 std::vector<Key> keysOf(const QKeyEvent& event) {
@@ -67,22 +64,10 @@ std::vector<Key> keysOf(const QKeyEvent& event) {
       (held & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) && !altGr;
   if (command) return {};
   if (const Key named = namedKey(event.key()); named != keys::none && !altGr) {
-    // With Shift the keys that move the caret select, which is Qt's own; Enter, Tab, Backspace and
-    // Space are typed by hasty fingers with Shift still down.
-    if ((held & Qt::ShiftModifier) && named >= keys::firstNamed && named != keys::BackTab)
-      return {};
+    if ((held & Qt::ShiftModifier) && view::selectsWithShift(named)) return {};
     return {named};
   }
-  return keysOf(event.text());
-}
-
-std::vector<Key> keysOf(const QString& text) {
-  std::vector<Key> typed;
-  for (char32_t character : text.toUcs4()) {
-    if (character == U'\n' || character == U'\t' || character == 0x2028) character = U' ';
-    if (keys::typesText(character)) typed.push_back(character);
-  }
-  return typed;
+  return view::typedKeys(fromQt(event.text()));
 }
 
 }  // namespace quillet::desktop

@@ -25,8 +25,4 @@ std::size_t charactersOf(const QString& text, qsizetype units);
 // What a key event says to a form: one key as a rule, several when an input method sends a whole
 // word, none for shortcuts and for keys that are Qt's own (selecting, copying, function keys).
 std::vector<Key> keysOf(const QKeyEvent& event);
-// A text that is pasted or composed, as if typed: line breaks and tabs become blanks, other
-// controls are left out.
-std::vector<Key> keysOf(const QString& text);
-
 }  // namespace quillet::desktop

@@ -11,6 +11,7 @@
 
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/typed_text.h"
 
 namespace quillet::desktop {
 
@@ -63,7 +64,7 @@ bool TextBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void TextBoxView::typeText(const QString& text) {
-  if (!box_.locked()) typeAll(keysOf(text.trimmed()));
+  if (!box_.locked()) typeAll(view::pastedKeys(fromQt(text)));
 }
 
 void TextBoxView::typeAll(const std::vector<Key>& typed) {
@@ -156,7 +157,7 @@ bool TextBoxView::compose(QInputMethodEvent& event) {
     rest.setCommitString({}, event.replacementStart(), event.replacementLength());
   }
   QCoreApplication::sendEvent(line_, &rest);
-  typeAll(keysOf(typed));
+  typeAll(view::typedKeys(fromQt(typed)));
   return true;
 }
 

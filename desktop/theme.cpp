@@ -115,6 +115,10 @@ int characters(const QFont& font, int count) {
   return qRound(QFontMetricsF(font).horizontalAdvance(u'0') * count);
 }
 
+double character(const QWidget& widget) {
+  return QFontMetricsF(widget.font()).horizontalAdvance(u'0');
+}
+
 int characters(const QWidget& widget, int count) { return characters(widget.font(), count); }
 
 QFont figures(const QFont& font) {

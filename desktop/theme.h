@@ -30,7 +30,8 @@ QColor emphasis(const QPalette& palette);   // rows that stand out: totals
 QFont scaled(const QFont& font, double factor);
 // The distance between widgets of this font: 8 px at the usual size.
 int spacing(const QWidget& widget);
-// The width of that many characters in the widget's font.
+// The width of a digit, and of that many characters, in the widget's font.
+double character(const QWidget& widget);
 int characters(const QWidget& widget, int count);
 int characters(const QFont& font, int count);
 // The same font when its digits are all of one width, else one of the same size whose digits are.

@@ -1,9 +1,6 @@
 #include "desktop/windows.h"
 
-#include <QScopedValueRollback>
 #include <QWindow>
-#include <algorithm>
-#include <optional>
 
 #include "desktop/form_window.h"
 
@@ -11,19 +8,7 @@ namespace quillet::desktop {
 
 Windows::~Windows() { leave(); }
 
-void Windows::follow(OpenForms& openForms) {
-  leave();
-  openForms_ = &openForms;
-  openForms.onOpened = [this](Form& form) { opened(form); };
-  openForms.onClosed = [this](Form& form) { closed(form); };
-  for (Form* form : openForms.open()) opened(*form);
-}
-
-void Windows::leave() {
-  if (!openForms_) return;
-  openForms_->onOpened = {};
-  openForms_->onClosed = {};
-  openForms_ = nullptr;
+void Windows::left() {
   for (const auto& window : windows_) {
     if (!window) continue;
     window->detach();
@@ -40,7 +25,8 @@ FormWindow* Windows::of(const Form& form) const {
 }
 
 FormWindow* Windows::front() const {
-  return openForms_ && openForms_->active() ? of(*openForms_->active()) : nullptr;
+  const Form* form = frontForm();
+  return form ? of(*form) : nullptr;
 }
 
 void Windows::setFootnote(const QString& text) {
@@ -62,7 +48,7 @@ FormWindow& Windows::create(Form& form) {
   auto* window = new FormWindow(form, *this);
   windows_.emplace_back(window);
   window->onActivated = [this, &form] { activated(form); };
-  window->onCovered = [this] { ++interruptions_; };
+  window->onCovered = [this] { interrupted(); };
   window->onHelp = [this, &form] {
     if (onHelp) onHelp(form);
   };
@@ -106,29 +92,6 @@ void Windows::closed(Form& form) {
     next->activateWindow();
   }
   if (windows_.empty() && onLastClosed) onLastClosed();
-}
-
-void Windows::activated(Form& form) {
-  // A window that the program itself raised while it was at work is known already.
-  if (performing() || !openForms_ || openForms_->active() == &form) return;
-  perform([&] { openForms_->bringToFront(form); });
-}
-
-void Windows::perform(const std::function<void()>& action) {
-  {
-    const QScopedValueRollback<int> deeper(depth_, depth_ + 1);
-    std::optional<Act> act;
-    if (openForms_) act.emplace(openForms_->acts);
-    action();
-    if (openForms_ && depth_ == 1) {
-      const std::vector<Form*> open = openForms_->open();
-      for (Form* form : open) {
-        const auto& still = openForms_->open();
-        if (std::find(still.begin(), still.end(), form) != still.end()) form->repairFocus();
-      }
-    }
-  }
-  if (depth_ == 0) refresh();
 }
 
 void Windows::refresh() {

@@ -1,5 +1,4 @@
-// The windows of the open forms. Each open form has one; what a person does in any of them is
-// performed here, after which all are brought up to date.
+// The windows of the open forms on the desktop.
 #pragma once
 
 #include <QPointer>
@@ -9,8 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/open_forms.h"
-#include "view/action_runner.h"
+#include "view/form_windows.h"
 
 class QMenu;
 
@@ -18,17 +16,12 @@ namespace quillet::desktop {
 
 class FormWindow;
 
-class Windows : public view::ActionRunner {
+class Windows : public view::FormWindows {
  public:
   Windows() = default;
   ~Windows() override;
 
-  // Shows the open forms from now on.
-  void follow(OpenForms& openForms);
-  // Takes no more notice of the open forms, which may go.
-  void leave();
-
-  void refresh();
+  void refresh() override;
   // The window in which a person works now, null when there is none.
   FormWindow* front() const;
   FormWindow* of(const Form& form) const;
@@ -45,24 +38,16 @@ class Windows : public view::ActionRunner {
   // The last window was closed.
   std::function<void()> onLastClosed;
 
-  void perform(const std::function<void()>& action) override;
-  int interruptions() const override { return interruptions_; }
-  // An action is being performed right now.
-  bool performing() const { return depth_ > 0; }
-
  private:
-  void opened(Form& form);
-  void closed(Form& form);
-  void activated(Form& form);
+  void opened(Form& form) override;
+  void closed(Form& form) override;
+  void left() override;
   FormWindow& create(Form& form);
 
-  OpenForms* openForms_ = nullptr;
   std::vector<QPointer<FormWindow>> windows_;  // oldest first
   std::multimap<std::string, QMenu*> menus_;   // by the names of forms
   QString footnote_;
   std::vector<std::string> notices_;
-  int depth_ = 0;
-  int interruptions_ = 0;
 };
 
 }  // namespace quillet::desktop
