@@ -28,7 +28,7 @@ class ClassFactory final : public IClassFactory {
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override {
     if (!object) return E_POINTER;
     *object = nullptr;
-    return outer ? CLASS_E_NOAGGREGATION : make_(iid, object);
+    return make_(outer, iid, object);
   }
   STDMETHODIMP LockServer(BOOL locked) noexcept override {
     module::lock(locked != FALSE);

@@ -3,6 +3,8 @@
 #include <quillet_com.h>
 
 #include "windows/component/forms_object.h"
+#include "windows/vtxt/registration_data.h"
+#include "windows/vtxt/vtxt_control.h"
 
 namespace quillet::windows {
 
@@ -15,6 +17,7 @@ const std::vector<CreatableClass>& creatableClasses() {
         L"2.26",
         {}},
        makeFormsObject},
+      {vtxtClass(), VTxtControl::make},
   };
   return classes;
 }
@@ -22,6 +25,7 @@ const std::vector<CreatableClass>& creatableClasses() {
 const std::vector<LibraryEntry>& typeLibraries() {
   static const std::vector<LibraryEntry> libraries = {
       {LIBID_PrjQuillet, 2, 26, 1, L"Quillet trial balance", {{IID__Forms, L"_Forms"}}},
+      vtxtLibrary(),
   };
   return libraries;
 }

@@ -8,7 +8,8 @@
 
 namespace quillet::windows {
 
-using MakeObject = HRESULT (*)(REFIID iid, void** object);
+// `outer` is the object that aggregates the new one, or null.
+using MakeObject = HRESULT (*)(IUnknown* outer, REFIID iid, void** object) noexcept;
 
 struct CreatableClass {
   ClassEntry entry;

@@ -112,7 +112,8 @@ class FormsObject final : public _Forms, public ISupportErrorInfo {
 
 }  // namespace
 
-HRESULT makeFormsObject(REFIID iid, void** object) {
+HRESULT makeFormsObject(IUnknown* outer, REFIID iid, void** object) noexcept {
+  if (outer) return CLASS_E_NOAGGREGATION;
   return guarded(IID__Forms, [&] {
     Component::instance();  // module start-up comes with the first object
     auto* made = new FormsObject;

@@ -6,6 +6,6 @@
 
 namespace quillet::windows {
 
-HRESULT makeFormsObject(REFIID iid, void** object);
+HRESULT makeFormsObject(IUnknown* outer, REFIID iid, void** object) noexcept;
 
 }  // namespace quillet::windows

@@ -2,3 +2,4 @@
 #pragma once
 
 #include <oaidl.h>
+#include <olectl.h>
