@@ -51,11 +51,15 @@ void ComboView::draw() {
 void ComboView::command(WORD code) {
   if (drawing() || detached()) return;
   if (code == CBN_SELENDOK) {
-    const LRESULT at = SendMessageW(window(), CB_GETCURSEL, 0, 0);
-    if (at >= 0) perform([&] { model_.choose(static_cast<int>(at) + 1); });
+    choose();
   } else if (code == CBN_CLOSEUP) {
     redraw();  // given up, the list is where the model is
   }
+}
+
+void ComboView::choose() {
+  const LRESULT at = SendMessageW(window(), CB_GETCURSEL, 0, 0);
+  if (at >= 0) perform([&] { model_.choose(static_cast<int>(at) + 1); });
 }
 
 std::optional<LRESULT> ComboView::received(const WindowMessage& message) {
@@ -71,6 +75,7 @@ std::optional<LRESULT> ComboView::handleOpen(const WindowMessage& message) {
   switch (message.id) {
     case WM_KEYDOWN:
       if (message.wide != VK_TAB) return {};
+      choose();
       SendMessageW(window(), CB_SHOWDROPDOWN, FALSE, 0);
       return 0;
     case WM_CHAR:

@@ -1,5 +1,7 @@
 #include "windows/ui/grid_list.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -214,17 +216,18 @@ void GridList::scrollAcross(int pixels) { ListView_Scroll(window_, pixels, 0); }
 std::optional<LRESULT> GridList::notified(NMHDR& what) {
   switch (what.code) {
     case LVN_GETDISPINFOW:
-      tellText(reinterpret_cast<NMLVDISPINFOW&>(what).item);
+      tellText(what);
       return 0;
     case NM_CUSTOMDRAW:
-      return draw(reinterpret_cast<NMLVCUSTOMDRAW&>(what));
+      return draw(what);
     default:
       return {};
   }
 }
 
 // For those who have the window read to them; what is seen is drawn below.
-void GridList::tellText(LVITEMW& item) const {
+void GridList::tellText(NMHDR& what) const {
+  LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(what).item;
   if (!(item.mask & LVIF_TEXT) || item.cchTextMax < 1) return;
   std::wstring text;
   const int row = rows_.gridRow(item.iItem);
@@ -236,12 +239,13 @@ void GridList::tellText(LVITEMW& item) const {
   lstrcpynW(item.pszText, text.c_str(), item.cchTextMax);
 }
 
-LRESULT GridList::draw(NMLVCUSTOMDRAW& drawing) {
-  switch (drawing.nmcd.dwDrawStage) {
+LRESULT GridList::draw(const NMHDR& what) {
+  const NMCUSTOMDRAW& drawing = reinterpret_cast<const NMLVCUSTOMDRAW&>(what).nmcd;
+  switch (drawing.dwDrawStage) {
     case CDDS_PREPAINT:
       return CDRF_NOTIFYITEMDRAW;
     case CDDS_ITEMPREPAINT:
-      drawRow(drawing.nmcd.hdc, static_cast<int>(drawing.nmcd.dwItemSpec));
+      drawRow(drawing.hdc, static_cast<int>(drawing.dwItemSpec));
       return CDRF_SKIPDEFAULT;
     default:
       return CDRF_DODEFAULT;

@@ -2,7 +2,6 @@
 // Used by the grids of a form and by the lists under text boxes.
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
 
 #include <optional>
@@ -59,9 +58,9 @@ class GridList {
   void showRows();
   void showCurrent();
   void select(int shown);
-  LRESULT draw(NMLVCUSTOMDRAW& drawing);
+  LRESULT draw(const NMHDR& what);
   void drawRow(HDC paper, int shown);
-  void tellText(LVITEMW& item) const;
+  void tellText(NMHDR& what) const;
   int shownColumn(int column) const;
   const GridColumn& column(int at) const { return grid_.columns()[static_cast<std::size_t>(at)]; }
 

@@ -1,5 +1,7 @@
 #include "windows/ui/grid_view.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
 #include "view/cell_look.h"
@@ -42,7 +44,6 @@ void GridView::keysTyped(const std::vector<Key>& typed) {
 
 // Whatever else is pressed is none of the list's: it would choose rows by itself.
 bool GridView::commandKey(WPARAM code) {
-  if (code == VK_APPS) popUp();
   for (int column = 0; code == VK_F2 && column < grid_.cols(); ++column) {
     if (edit({grid_.current(), column})) break;
   }
@@ -129,7 +130,7 @@ std::optional<LRESULT> GridView::received(const WindowMessage& message) {
     case WM_RBUTTONDBLCLK:
       return 0;
     case WM_CONTEXTMENU:
-      if (message.longer == -1) popUp();  // Shift+F10
+      if (message.longer == -1) popUp();  // Shift+F10 or the menu key
       return 0;
     case WM_MOUSEMOVE:
       showTip(placeOf(message));
@@ -159,7 +160,7 @@ std::optional<LRESULT> GridView::received(const WindowMessage& message) {
       const LRESULT done = passOn(message);
       const auto& what = *reinterpret_cast<const NMHDR*>(message.longer);
       if (what.hwndFrom == list_.header() && !drawing() && !detached()) {
-        headingUsed(reinterpret_cast<const NMHEADERW&>(what));
+        headingUsed(what);
       }
       return done;
     }
@@ -174,7 +175,7 @@ std::optional<LRESULT> GridView::notified(NMHDR& what) {
   if (detached()) return {};
   switch (what.code) {
     case LVN_ITEMCHANGED:
-      rowChosen(reinterpret_cast<const NMLISTVIEW&>(what));
+      rowChosen(what);
       return 0;
     case LVN_COLUMNCLICK: {
       endEditing(true);
@@ -188,21 +189,22 @@ std::optional<LRESULT> GridView::notified(NMHDR& what) {
 }
 
 // Keys and mouse go through the model; this comes from those who read the window to somebody.
-void GridView::rowChosen(const NMLISTVIEW& what) {
+void GridView::rowChosen(const NMHDR& told) {
+  const auto& what = reinterpret_cast<const NMLISTVIEW&>(told);
   const bool chosen = (what.uNewState & LVIS_SELECTED) && !(what.uOldState & LVIS_SELECTED);
   const int row = list_.rows().gridRow(what.iItem);
   if (drawing() || !chosen || row < 1 || row == grid_.current()) return;
   perform([&] { grid_.setCurrent(row); });
 }
 
-void GridView::headingUsed(const NMHEADERW& what) {
-  switch (what.hdr.code) {
+void GridView::headingUsed(const NMHDR& what) {
+  switch (what.code) {
     case HDN_BEGINTRACKW:
       endEditing(true);
       break;
     case HDN_ENDTRACKW:
     case HDN_DIVIDERDBLCLICKW: {
-      const int column = list_.gridColumn(what.iItem);
+      const int column = list_.gridColumn(reinterpret_cast<const NMHEADERW&>(what).iItem);
       if (column < 0) break;
       perform([&] { grid_.setColumnWidth(column, list_.shownWidth(column)); });
       break;

@@ -31,8 +31,8 @@ class GridView : public ControlView {
   void popUp();
   void doubleClicked(POINT place);
   void showTip(POINT place);
-  void headingUsed(const NMHEADERW& what);
-  void rowChosen(const NMLISTVIEW& what);
+  void headingUsed(const NMHDR& what);
+  void rowChosen(const NMHDR& told);
   // False when the cell cannot be edited.
   bool edit(GridCell cell);
   void endEditing(bool taken);
