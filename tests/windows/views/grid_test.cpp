@@ -155,18 +155,16 @@ TEST_F(Grids, CarriesARowOn) {
 
 // --- drop-down -----------------------------------------------------------------------------------
 
+BOOL CALLBACK keepDropDown(HWND window, LPARAM result) {
+  const bool is = IsWindowVisible(window) && GetWindow(window, GW_OWNER) &&
+                  (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_NOACTIVATE);
+  if (is) *reinterpret_cast<HWND*>(result) = window;
+  return TRUE;
+}
+
 HWND dropDown() {
   HWND found = nullptr;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM result) {
-        const HWND child = GetWindow(window, GW_CHILD);
-        const bool is = IsWindowVisible(window) && child && GetWindow(window, GW_OWNER) &&
-                        (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_NOACTIVATE);
-        if (is) *reinterpret_cast<HWND*>(result) = window;
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&found));
+  EnumThreadWindows(GetCurrentThreadId(), keepDropDown, reinterpret_cast<LPARAM>(&found));
   return found;
 }
 
