@@ -1,0 +1,97 @@
+-- Plays a journey on the forms themselves, as journey.exe plays it by real keys on their windows:
+-- script play.lua STEPS RECORD. RECORD gets the statements that each step sends; those after an
+-- answer count for the step that brought the question.
+local steps = {}
+for line in io.lines(arg[1]) do
+  local verb, rest = line:match("^(%S+)%s*(.-)%s*$")
+  if verb and verb ~= "#" then steps[#steps + 1] = { verb = verb, rest = rest, line = line } end
+end
+
+local function front()
+  local names = quillet.forms()
+  return assert(quillet.form(names[#names]), "no form is open")
+end
+
+local function control(path)
+  local form, name, index = path:match("^(%w+)%.(%w+)%[?(%d*)%]?$")
+  local found = assert(quillet.form(form), form .. " is not open")[name]
+  return index == "" and found or found[tonumber(index)]
+end
+
+local function equal(actual, expected)
+  if actual ~= expected then
+    error(string.format("expected %q, got %q", expected, tostring(actual)), 0)
+  end
+end
+
+local function rows(sql)
+  local lines = {}
+  for i, row in ipairs(quillet.query(sql)) do
+    local cells = {}
+    for c = 1, #row do cells[c] = tostring(row[c]) end
+    lines[i] = table.concat(cells, " | ")
+  end
+  return lines
+end
+
+local play = {}
+
+function play.show(name) quillet.show(name) end
+
+function play.type(text)
+  for _, code in utf8.codes(text) do front():press(utf8.char(code)) end
+end
+
+function play.press(keys)
+  for key in keys:gmatch("%S+") do front():press(key) end
+end
+
+-- The keys that the window answers to are those of its captions; here it is the control itself.
+function play.command(rest) control(rest:match("^%S+")):click() end
+
+local asked = {}
+function play.answer(rest)
+  local _, text = rest:match("^(%S+) (.*)$")
+  for _, message in ipairs(quillet.messages()) do asked[#asked + 1] = message.text end
+  equal((table.remove(asked, 1) or "none"):gsub("%s+", " "):match("(.*)"), text)
+end
+
+function play.focus(path)
+  local form, name = path:match("^(%w+)%.(.*)$")
+  equal(front().name .. "." .. tostring(front().active), form .. "." .. name)
+end
+
+function play.shows(rest)
+  local path, text = rest:match("^(%S+) ?(.*)$")
+  equal(control(path).text, text)
+end
+
+-- Compared with the lines that follow it, which begin with "|".
+function play.rows(sql, at)
+  local expected = {}
+  while steps[at + 1] and steps[at + 1].verb == "|" do
+    at = at + 1
+    expected[#expected + 1] = steps[at].rest
+  end
+  equal(table.concat(rows(sql), "\n"), table.concat(expected, "\n"))
+end
+
+play["|"] = function() end
+
+function play.forms(names) equal(table.concat(quillet.forms(), " "), names) end
+
+local record = assert(io.open(arg[2], "w"))
+for at, step in ipairs(steps) do
+  -- An answer stands where a person gives it; here it is queued before.
+  local after = at + 1
+  while steps[after] and steps[after].verb == "answer" do
+    if step.verb ~= "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
+    after = after + 1
+  end
+  local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
+  if not ok then error(step.line .. "\n" .. message .. "\nfocus: " .. tostring(front().active), 0) end
+  if step.verb ~= "answer" and step.verb ~= "|" then record:write("- ", step.line, "\n") end
+  for _, sql in ipairs(quillet.statements()) do record:write(sql, "\n") end
+end
+record:close()
+assert(#quillet.log() == 0, "something was trapped: " .. tostring(quillet.log()[1]))

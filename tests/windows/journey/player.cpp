@@ -1,0 +1,170 @@
+#include "journey/player.h"
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+#include "journey/keyboard.h"
+#include "journey/screen.h"
+
+namespace quillet::journey {
+namespace {
+
+using windows::asLong;
+using windows::asObject;
+using windows::asText;
+using windows::asTruth;
+using windows::Late;
+
+// How long a step may take to show what it leads to.
+constexpr unsigned long patienceMs = 15000;
+
+std::string compared(const std::string& actual, const std::string& expected) {
+  if (actual == expected) return {};
+  return "expected \"" + expected + "\", got \"" + actual + "\"";
+}
+
+std::deque<std::string> words(const std::string& text) {
+  std::istringstream stream(text);
+  std::deque<std::string> found;
+  for (std::string word; stream >> word;) found.push_back(word);
+  return found;
+}
+
+}  // namespace
+
+Player::Player(std::vector<Step> steps, const std::string& record)
+    : steps_(std::move(steps)),
+      record_(record, std::ios::binary),
+      forms_(Late::create("PrjQuillet.Forms")),
+      practice_(Late::create("QuilletTest.Practice")) {}
+
+bool Player::next() {
+  if (!failure_.empty() || at_ == steps_.size()) return false;
+  const Step& step = steps_[at_];
+  try {
+    if (!begun_) {
+      begun_ = true;
+      deadline_ = GetTickCount() + patienceMs;
+      begin(step);
+      return true;
+    }
+    if (!keys_.empty()) {
+      const std::string key = keys_.front();
+      keys_.pop_front();
+      press(key);
+      return true;
+    }
+    const std::string difference = this->difference(step);
+    if (difference.empty()) {
+      finish(step);
+    } else if (static_cast<long>(GetTickCount() - deadline_) > 0) {
+      fail(step, difference);
+    }
+  } catch (const std::exception& error) {
+    fail(step, error.what());
+  }
+  return failure_.empty();
+}
+
+void Player::begin(const Step& step) {
+  answered_ = nullptr;
+  if (step.verb == "show") {
+    form(step.rest).call("Show");
+  } else if (step.verb == "type") {
+    for (std::string& chord : chordsTyping(step.rest)) keys_.push_back(std::move(chord));
+  } else if (step.verb == "press") {
+    keys_ = words(step.rest);
+  } else if (step.verb == "command") {
+    // The control is for those who press no keys.
+    keys_ = words(split(step.rest).rest);
+  }
+}
+
+std::string Player::difference(const Step& step) {
+  if (step.verb == "forms") return formsDifference(step.rest);
+  if (step.verb == "focus") return focusDifference(step.rest);
+  if (step.verb == "shows") return textDifference(step.rest);
+  if (step.verb == "rows") return rowsDifference(step);
+  if (step.verb == "answer") return answerDifference(step.rest);
+  for (const char* verb : {"show", "type", "press", "command"}) {
+    if (step.verb == verb) return {};
+  }
+  throw std::runtime_error("There is no such step.");
+}
+
+Late Player::form(const std::string& name) {
+  return forms_.object(name == "third" ? "ObjThird" : "ObjCreate");
+}
+
+// The host does not know the forms that forms open; their windows are counted.
+std::string Player::formsDifference(const std::string& names) {
+  const auto expected = words(names);
+  std::string actual =
+      compared(std::to_string(formWindows().size()), std::to_string(expected.size()));
+  for (const char* known : {"third", "frmcrtb"}) {
+    const bool shown = std::find(expected.begin(), expected.end(), known) != expected.end();
+    if (asTruth(form(known).call("Visible")) == shown) continue;
+    actual += std::string(" ") + known + (shown ? " is not shown" : " is shown");
+  }
+  return actual;
+}
+
+std::string Player::focusDifference(const std::string& path) {
+  const auto [name, control] = split(path, '.');
+  if (name != "third" && name != "frmcrtb") return {};
+  const Late active = form(name).object("ActiveControl");
+  const std::string actual = active ? asText(active.call("Name")) : "nothing";
+  return compared(actual, control);
+}
+
+std::string Player::textDifference(const std::string& rest) {
+  const auto [path, text] = split(rest);
+  const auto [name, control] = split(path, '.');
+  return compared(asText(form(name).object(control).call("Text")), text);
+}
+
+std::string Player::rowsDifference(const Step& step) {
+  std::string actual;
+  const Late rows = practice_.object("Rows", step.rest);
+  const Late fields = rows.object("Fields");
+  for (; !asTruth(rows.call("EOF")); rows.call("MoveNext")) {
+    if (!actual.empty()) actual += '\n';
+    for (long i = 0; i < asLong(fields.call("Count")); ++i) {
+      if (i > 0) actual += " | ";
+      actual += asText(fields.object("Item", i).call("Value"));
+    }
+  }
+  std::string expected;
+  for (const std::string& line : step.expected) {
+    expected += (expected.empty() ? "" : "\n") + line;
+  }
+  return compared(actual, expected);
+}
+
+std::string Player::answerDifference(const std::string& rest) {
+  const MessageBox box = messageBox();
+  // Another one may have come by now.
+  if (answered_) return box.window == answered_ ? "the box is open: " + box.text : std::string();
+  const auto [button, text] = split(rest);
+  if (!box.window) return "there is no message box";
+  if (const std::string wrong = compared(box.text, text); !wrong.empty()) return wrong;
+  if (!answer(box, button)) return "the box has no button " + button;
+  answered_ = box.window;
+  return "the box is open";
+}
+
+// What an answer leads to counts for the step that brought the question.
+void Player::finish(const Step& step) {
+  if (step.verb != "answer") record_ << "- " << step.line << '\n';
+  record_ << asText(practice_.call("Statements"));
+  ++at_;
+  begun_ = false;
+}
+
+void Player::fail(const Step& step, const std::string& why) {
+  failure_ = step.line + "\n" + why + "\n" + allWindows();
+}
+
+}  // namespace quillet::journey
