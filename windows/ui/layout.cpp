@@ -289,7 +289,8 @@ std::vector<int> Layout::share(const std::vector<Box>& boxes, bool across, int r
   int present = 0;
   for (const Box& box : boxes) {
     const bool counts = box.present || box.kind == Kind::gap;
-    sizes.push_back(box.present ? along(box.wanted) : 0);
+    // One with a share in the rest gets no more than that for what it would like.
+    sizes.push_back(box.present ? along(box.stretch > 0 ? box.least : box.wanted) : 0);
     least.push_back(box.present ? along(box.least) : 0);
     stretches.push_back(counts ? box.stretch : 0);
     growing.push_back(counts && (across ? box.growsAcross : box.growsDown) ? 1 : 0);
