@@ -57,7 +57,8 @@ windows_test(suite suite.vbs BESIDE_SUITE)
 
 windows_test(ports ports_test.exe REGISTER tests/windows/quillet_test_served.dll)
 windows_test(frames frames_test.exe)
-windows_test(vtxt vtxt_test.exe REGISTER windows/PrjQuillet.dll)
+windows_test(vtxt vtxt_test.exe
+             REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(views views_test.exe)
 
 # A day's work by keys, on the component's windows and on the forms themselves.

@@ -79,15 +79,19 @@ bool BoxView::tellFirst(WindowMessage& message) const {
   const Events& events = control_.events;
   switch (message.id) {
     case WM_KEYDOWN:
-    case WM_KEYUP: {
+    case WM_SYSKEYDOWN:
+    case WM_KEYUP:
+    case WM_SYSKEYUP: {
       auto code = static_cast<short>(message.wide);
-      message.id == WM_KEYDOWN ? events.KeyDown(code) : events.KeyUp(code);
+      const bool down = message.id == WM_KEYDOWN || message.id == WM_SYSKEYDOWN;
+      down ? events.KeyDown(code) : events.KeyUp(code);
       message.wide = static_cast<WPARAM>(code);
       return code != 0;
     }
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
+      if (!hasFocus()) parent_.takeFocus();  // the focus comes before the press
       events.MouseDown(buttonOf(message.id), mouseAt(message.longer));
       return true;
     case WM_MOUSEMOVE:

@@ -1,7 +1,7 @@
 #include "windows/vtxt/control_window.h"
 
 #include <commctrl.h>
-#include <ocidl.h>
+#include <olectl.h>
 
 #include <utility>
 
@@ -71,6 +71,9 @@ void ControlWindow::update() {
   if (!view_) return;
   // A form that is being designed gets the mouse itself.
   EnableWindow(window(), control_.site.inUse());
+  // Screen readers say what the container calls it, for want of a label.
+  const auto name = control_.site.ambient(DISPID_AMBIENT_DISPLAYNAME);
+  control_.box().setCaption(name && name->vt == VT_BSTR ? fromBstr(name->bstrVal) : std::string());
   view_->restyle();
   view_->redraw();
 }
@@ -101,13 +104,14 @@ void ControlWindow::tell(const std::string& text) {
   const HWND above = window() ? GetAncestor(window(), GA_ROOT) : GetActiveWindow();
   Message message;
   message.text = text;
-  control_.inPlace.allowOtherWindows(false);
+  const auto frame = control_.inPlace.frame();  // kept: the box may outlast the activation
+  if (frame) frame->EnableModeless(FALSE);
   {
     const VisualStyles styles;
     MessageBoxW(above, wide(view::textOf(message)).c_str(), wide(view::titleOf(message)).c_str(),
                 MB_OK);
   }
-  control_.inPlace.allowOtherWindows(true);
+  if (frame) frame->EnableModeless(TRUE);
   if (before && IsWindow(before)) SetFocus(before);
 }
 

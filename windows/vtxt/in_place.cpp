@@ -99,11 +99,6 @@ void InPlace::deactivate() {
   if (site) site->OnInPlaceDeactivate();
 }
 
-void InPlace::allowOtherWindows(bool allowed) {
-  const auto frame = frame_;
-  if (frame) frame->EnableModeless(allowed);
-}
-
 STDMETHODIMP InPlace::InPlaceDeactivate() noexcept {
   const MessageScope scope;
   deactivate();

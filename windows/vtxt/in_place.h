@@ -17,8 +17,8 @@ class InPlace final : public ControlPart<IOleInPlaceObject, IOleInPlaceActiveObj
   HRESULT activate(HWND parent, const RECT* where);
   HRESULT uiActivate();
   void deactivate();
-  // The container's other windows, while a message box is up.
-  void allowOtherWindows(bool allowed);
+  // The container's frame; null while it is not active.
+  const Pointer<IOleInPlaceFrame>& frame() const { return frame_; }
 
   STDMETHODIMP GetWindow(HWND* window) noexcept override;
   STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }

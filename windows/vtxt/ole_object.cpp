@@ -17,6 +17,7 @@ constexpr int unitsOfInch = 2540;
 // --- the site -----------------------------------------------------------------------------------
 
 STDMETHODIMP OleObject::SetClientSite(IOleClientSite* site) noexcept {
+  if (!site) control_.inPlace.deactivate();
   control_.site.set(site);
   control_.appearance.font.ambientChanged();
   return S_OK;
