@@ -56,8 +56,10 @@ void ControlView::redraw() {
   drawState();
   tip_.show(window(), wide(control_.toolTip()));
   const std::wstring name = accessibleName();
-  if (name != name_) setAccessibleName(window(), name_ = name);
+  if (name != name_) tellName(name_ = name);
 }
+
+void ControlView::tellName(const std::wstring& name) { setAccessibleName(window(), name); }
 
 // What the frames around the control change as well, without its version moving on.
 void ControlView::drawState() {
@@ -104,7 +106,7 @@ std::wstring ControlView::accessibleName() const {
   std::string name = label_ ? view::withoutMarks(utf8(textOf(label_))) : std::string();
   if (name.empty()) name = view::withoutMarks(control_.caption());
   if (name.empty()) name = control_.toolTip();
-  return wide(name.empty() ? control_.name() : name);
+  return wide(name.empty() ? ownName() : name);
 }
 
 // --- focus --------------------------------------------------------------------------------------

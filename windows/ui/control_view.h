@@ -61,6 +61,10 @@ class ControlView : public OwnedWindow {
   virtual void draw() = 0;
   virtual void drawVisible(bool visible);
   virtual void metricsChanged() {}
+  // What a control without label and caption is called.
+  virtual std::string ownName() const { return control_.name(); }
+  // To those who read the window to somebody.
+  virtual void tellName(const std::wstring& name);
   // A message to the window of an open form. An answer keeps it from the window.
   virtual std::optional<LRESULT> received(const WindowMessage& message);
   // Keys for the form.
@@ -80,14 +84,13 @@ class ControlView : public OwnedWindow {
   // Null before they were set.
   const Metrics* metrics() const { return metrics_; }
   void setFont(HFONT font);
-  // What a screen reader calls the control.
-  std::wstring accessibleName() const;
 
  private:
   std::optional<LRESULT> handle(const WindowMessage& message) final;
   void failed() noexcept override;
   std::optional<LRESULT> keyMessage(const WindowMessage& message);
   std::optional<LRESULT> mouseMessage(const WindowMessage& message);
+  std::wstring accessibleName() const;
   void focusGiven();
   bool arrive();
   void drawState();

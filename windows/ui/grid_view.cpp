@@ -30,6 +30,23 @@ SIZE GridView::wantedSize(const Metrics& metrics) const {
 
 void GridView::metricsChanged() { list_.setMetrics(*metrics()); }
 
+// Its first headings say what its rows are.
+std::string GridView::ownName() const {
+  std::string name;
+  int told = 0;
+  for (const GridColumn& column : grid_.columns()) {
+    if (column.hidden || column.heading.empty() || told == 2) continue;
+    name += (told++ == 0 ? "" : ", ") + column.heading;
+  }
+  return name.empty() ? ControlView::ownName() : name;
+}
+
+// The text of a list is nowhere to be seen, and many ask for no other name.
+void GridView::tellName(const std::wstring& name) {
+  ControlView::tellName(name);
+  SetWindowTextW(window(), name.c_str());
+}
+
 void GridView::draw() { list_.refresh(); }
 
 // --- keys ---------------------------------------------------------------------------------------

@@ -22,6 +22,8 @@ class GridView : public ControlView {
  protected:
   void draw() override;
   void metricsChanged() override;
+  std::string ownName() const override;
+  void tellName(const std::wstring& name) override;
   std::optional<LRESULT> received(const WindowMessage& message) override;
   void keysTyped(const std::vector<Key>& typed) override;
   bool commandKey(WPARAM code) override;

@@ -51,6 +51,14 @@ TEST_F(Boxes, TypesCharactersAndEditsThem) {
        },
        "a\xC3\xA4x"},
       {"as long as it may be", [] { type(L"12345"); }, "a\xC3\xA4x123"},
+      {"cleared",
+       [&] { SendMessageW(window, EM_SETSEL, 3, -1), SendMessageW(window, WM_CLEAR, 0, 0); },
+       "a\xC3\xA4x"},
+      {"an input method's character", [&] { SendMessageW(window, WM_IME_CHAR, 0xE9, 0); },
+       "a\xC3\xA4x\xC3\xA9"},
+      {"a whole character", [&] { SendMessageW(window, WM_UNICHAR, 0x1F600, 0); },
+       "a\xC3\xA4x\xC3\xA9\xF0\x9F\x98\x80"},
+      {"taken back", [] { key({VK_BACK}), key({VK_BACK}), type(L"123"); }, "a\xC3\xA4x123"},
       {"a control character",
        [] {
          key({VK_CONTROL, 'H'}), key({VK_CONTROL, VK_BACK});
