@@ -104,7 +104,9 @@ class WorkingCopy {
   void fill(const fs::path& source) {
     std::ofstream{path_};
     const fs::perms usual = fs::status(path_).permissions();
-    fs::copy_file(source, path_, fs::copy_options::overwrite_existing);
+    // Not copied over it: some systems cannot tell two files apart and refuse that.
+    fs::remove(path_);
+    fs::copy_file(source, path_);
     fs::permissions(path_, usual);
   }
   void replaceTarget() {
