@@ -12,7 +12,6 @@
 namespace quillet {
 namespace {
 
-constexpr long noSuchTable = 1146;
 // So many selects go into one statement: few statements, none of which opens thousands of tables.
 constexpr std::size_t selectsAtOnce = 200;
 
@@ -21,6 +20,15 @@ std::unordered_set<std::string> tablesThere(ServiceObject& host) {
   const auto rows = host.query("Show Tables");
   for (; !rows->EOF_(); rows->MoveNext()) names.insert(upperCase(rows->text(0)));
   return names;
+}
+
+// Asked after a failure, whose number is the database's own or that of what stands in between.
+bool isMissing(ServiceObject& host, const std::string& table) {
+  try {
+    return !tablesThere(host).contains(upperCase(table));
+  } catch (const RunTimeError&) {
+    return false;
+  }
 }
 
 YearTable tableOf(const std::string& trialBalance, std::string_view prefix) {
@@ -34,9 +42,9 @@ void onTable(ServiceObject& host, const std::string& table, TableNames& missing,
              const std::function<void()>& work) {
   try {
     work();
-  } catch (const RunTimeError& error) {
+  } catch (const RunTimeError&) {
     // The work may ask other tables too.
-    if (error.number() != noSuchTable || tablesThere(host).contains(upperCase(table))) throw;
+    if (!isMissing(host, table)) throw;
     missing.push_back(upperCase(table));
   }
 }

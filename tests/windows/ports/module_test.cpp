@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <fstream>
 
+#include "books/year_tables.h"
 #include "controls/form.h"
+#include "data/errors.h"
 #include "data/paths.h"
 #include "editor/frmcrtb.h"
 #include "ports/practice.h"
@@ -43,6 +45,22 @@ TEST(Module, LogsAHostThatGivesNoRecordset) {
   EXPECT_TRUE(afterTime(lines[0]).starts_with(
       "91\tThe host gave no recordset\tTalBase.ClsMain.RecordsetQuery\tthird\t"))
       << lines[0];
+}
+
+// The number of a missing table is whatever stands between the module and the database makes of it.
+TEST(Module, PassesOverAMissingTableWhateverItsNumber) {
+  Practice practice;
+  TableNames missing;
+  for (const char* table : {"TAB_1", "TAB_2"}) {
+    try {
+      onTable(practice.suite.service(), table, missing,
+              [] { throw RunTimeError(static_cast<LONG>(0x80040E37), "No table", "Driver"); });
+    } catch (const RunTimeError& error) {
+      EXPECT_STREQ(table, "TAB_1") << "it is there";
+      EXPECT_EQ(error.number(), static_cast<LONG>(0x80040E37));
+    }
+  }
+  EXPECT_EQ(missing, TableNames{"TAB_2"});
 }
 
 std::string messageOf(const fs::path& target) {

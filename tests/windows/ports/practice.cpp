@@ -24,6 +24,7 @@ struct Table {
 
 const std::vector<Table>& tables() {
   static const std::vector<Table> all{
+      {"SHOW TABLES", {"Tables_in_suite"}, {{"tab_1"}, {"master"}}},
       {"SUM(", {"sum"}, {}},
       {"'01042008'",
        {"code_no", "f_year_dt", "s_year_dt", "f_yr", "s_yr", "tbl_nm", "d_of_s", "Count"},
@@ -58,7 +59,7 @@ std::optional<std::string> WrittenDialogs::saveFile(const std::string&, const st
   return target.empty() ? std::nullopt : std::optional(textOf(target));
 }
 
-Practice::Practice() : folder(fs::temp_directory_path() / (u8"h\u00f6st" + std::u8string(1, 'a'))) {
+Practice::Practice() : folder(fs::temp_directory_path() / u8"h\u00f6st") {
   fs::remove_all(folder);
   fs::create_directories(folder / "Databases");
   std::ofstream(folder / "Databases" / "ORVO_TB.xls") << "template";

@@ -63,12 +63,6 @@ std::string shown(const VARIANT& value) {
   return reference + typeName(type) + valueOf(Variant::copyOf(value));
 }
 
-std::vector<std::string> Recorder::membersCalled() const {
-  std::vector<std::string> members;
-  for (const std::string& call : calls) members.push_back(call.substr(0, call.find_first_of(" (")));
-  return members;
-}
-
 std::string Recorder::spelling(const std::string& name) const {
   std::string known = MemberTable::spelling(name);
   return std::find(forgotten_.begin(), forgotten_.end(), known) == forgotten_.end() ? known : "";

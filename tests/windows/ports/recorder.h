@@ -15,10 +15,7 @@ class Recorder : public MemberTable {
   void answers(const std::string& member, const Variant& answer) {
     add(member, [answer](const Call&) { return answer; });
   }
-  // Without the arguments.
-  std::vector<std::string> membersCalled() const;
-
-  bool knows(const std::string& member) const { return !spelling(member).empty(); }
+  // It does not know the member any more.
   void forget(const std::string& member) { forgotten_.push_back(member); }
 
  protected:
