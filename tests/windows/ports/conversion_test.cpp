@@ -90,6 +90,11 @@ constexpr SCODE runTime(long number) {
   return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, number);
 }
 
+HRESULT STDAPICALLTYPE fillLater(EXCEPINFO* info) {
+  raise(info, 0, runTime(70), "Filled in later", "Host");
+  return S_OK;
+}
+
 TEST(Errors, OfAHostKeepNumberDescriptionAndSource) {
   const struct {
     Answering::Answer answer;
@@ -114,10 +119,7 @@ TEST(Errors, OfAHostKeepNumberDescriptionAndSource) {
       {[](VARIANT*, EXCEPINFO* e) { return raise(e, 0, runTime(9999), "", ""); },
        {9999, "Automation error 9999", "TalBase.ClsMain.Run"}},
       {[](VARIANT*, EXCEPINFO* e) {
-         e->pfnDeferredFillIn = [](EXCEPINFO* later) -> HRESULT {
-           raise(later, 0, runTime(70), "Filled in later", "Host");
-           return S_OK;
-         };
+         e->pfnDeferredFillIn = fillLater;
          return DISP_E_EXCEPTION;
        },
        {70, "Filled in later", "Host"}},
