@@ -34,7 +34,7 @@ const std::vector<Table>& tables() {
        {}},
       {"MAIN_INFO1", {"nm"}, {{"Asha Traders"}}},
       {"OWNER1", {"f_nm", "m_nm", "l_nm"}, {}},
-      {"PARTICULAR FROM MAST_PART", {"Particular"}, {{"CASH"}, {"SALES"}, {"=1+1"}}},
+      {"PARTICULAR FROM MAST_PART", {"Particular"}, {{"007"}, {"1/2"}, {"=1+1"}}},
       {"MAST_ALLGRP", {"ALLID", "GID", "ALLGRP", "UserGrp"}, {{5, 8, "CASH AND BANK", "N"}}},
       {"FROM TAB_1",
        {"srno", "code_no", "partid", "allid", "amt", "nid"},
@@ -90,7 +90,7 @@ void Practice::answerOperations() {
   host.add("formatgen",
            [](const Call& call) { return Variant(amountText(windows::asNumber(call[0]))); });
   host.add("GetPart_MastPartId", [](const Call& call) {
-    const char* const names[] = {"", "CASH", "SALES", "=1+1"};
+    const char* const names[] = {"", "007", "1/2", "=1+1"};
     return Variant(names[call.integer(0)]);
   });
   const auto progress = Pointer<Recorder>::attach(new Recorder);
