@@ -13,8 +13,8 @@ namespace quillet::desktop {
 void ControlView::adopt(QWidget* widget) {
   widget_ = widget;
   setParent(widget);
-  QString name = toQt(control_.name());
-  if (control_.index() >= 0) name += QString::number(control_.index());
+  QString name = toQt(control().name());
+  if (control().index() >= 0) name += QString::number(control().index());
   widget->setObjectName(name);
   widget->hide();  // until it is drawn
   watch(widget);
@@ -26,24 +26,24 @@ void ControlView::watch(QWidget* part) {
 }
 
 void ControlView::refresh() {
-  if (!detached_ && drawn_ != control_.version()) redraw();
+  if (!detached() && isOutdated()) redraw();
 }
 
 void ControlView::redraw() {
-  if (detached_) return;
-  drawn_ = control_.version();
+  if (detached()) return;
+  markDrawn();
   const QScopedValueRollback<bool> guard(drawing_, true);
-  widget_->setEnabled(control_.enabled());
-  widget_->setToolTip(toQt(control_.toolTip()));
+  widget_->setEnabled(control().enabled());
+  widget_->setToolTip(toQt(control().toolTip()));
   draw();
-  drawVisible(control_.visible());
+  drawVisible(control().visible());
   drawLabel();
 }
 
 void ControlView::drawLabel() {
   if (!label_) return;
-  label_->setVisible(control_.visible());
-  label_->setEnabled(control_.enabled());
+  label_->setVisible(control().visible());
+  label_->setEnabled(control().enabled());
 }
 
 void ControlView::drawVisible(bool visible) { widget_->setVisible(visible); }
@@ -55,8 +55,6 @@ bool ControlView::hasFocus() const {
 }
 
 void ControlView::takeFocus() { widget_->setFocus(Qt::OtherFocusReason); }
-
-void ControlView::detach() { detached_ = true; }
 
 void ControlView::setLabel(QWidget* label) {
   label_ = label;
@@ -72,13 +70,9 @@ void ControlView::discard() {
   }
 }
 
-void ControlView::press(Key key) {
-  perform([&] { control_.form().press(key); });
-}
-
 bool ControlView::keyPressed(QKeyEvent& event) {
   const std::vector<Key> typed = keysOf(event);
-  for (const Key key : typed) press(key);
+  pressAll(typed);
   return !typed.empty();
 }
 
@@ -86,20 +80,11 @@ bool ControlView::mousePressed(QObject*, QMouseEvent&, bool) { return false; }
 
 bool ControlView::otherEvent(QObject*, QEvent&) { return false; }
 
-bool ControlView::arrive() {
-  if (!control_.takesFocus()) return true;
-  bool arrived = false;
-  const int before = runner_.interruptions();
-  perform(
-      [&] { arrived = control_.form().focus(control_) && control_.form().active() == &control_; });
-  return arrived && runner_.interruptions() == before;
-}
-
 bool ControlView::eventFilter(QObject* target, QEvent* event) {
-  if (detached_ || drawing_) return false;
+  if (detached() || drawing_) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress: {
-      const bool before = control_.form().active() == &control_;
+      const bool before = isActive();
       return !arrive() || mousePressed(target, static_cast<QMouseEvent&>(*event), !before);
     }
     case QEvent::KeyPress:

@@ -6,8 +6,7 @@
 #include <QObject>
 #include <utility>
 
-#include "controls/form.h"
-#include "view/action_runner.h"
+#include "view/control_tie.h"
 
 class QKeyEvent;
 class QMouseEvent;
@@ -15,12 +14,11 @@ class QWidget;
 
 namespace quillet::desktop {
 
-class ControlView : public QObject {
+class ControlView : public QObject, public view::ControlTie {
  public:
   // The view belongs to its widget and goes with it.
-  ControlView(Control& control, view::ActionRunner& runner) : control_(control), runner_(runner) {}
+  ControlView(Control& control, view::ActionRunner& runner) : ControlTie(control, runner) {}
 
-  Control& control() const { return control_; }
   // What stands in the form's arrangement.
   QWidget* widget() const { return widget_; }
   // Draws the control when it has changed since it was drawn last.
@@ -33,8 +31,6 @@ class ControlView : public QObject {
   // The label before or above the widget, which comes and goes with it.
   void setLabel(QWidget* label);
   QWidget* takeLabel() { return std::exchange(label_, nullptr); }
-  // The form is closed: nothing is passed on any more.
-  void detach();
   // The control has no place any more: widget and label go as soon as no event is at work in them.
   void discard();
 
@@ -55,23 +51,15 @@ class ControlView : public QObject {
   virtual bool otherEvent(QObject* target, QEvent& event);
 
   bool eventFilter(QObject* target, QEvent* event) override;
-  void perform(const std::function<void()>& action) { runner_.perform(action); }
-  int interruptions() const { return runner_.interruptions(); }
-  void press(Key key);
   // While drawing, signals of the widget are the view's own doing and not a person's.
   bool drawing() const { return drawing_; }
 
  private:
-  bool arrive();
   void drawLabel();
 
-  Control& control_;
-  view::ActionRunner& runner_;
   QWidget* widget_ = nullptr;
   QWidget* label_ = nullptr;
-  unsigned drawn_ = 0;
   bool drawing_ = false;
-  bool detached_ = false;
 };
 
 }  // namespace quillet::desktop

@@ -13,6 +13,8 @@
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "view/drop_down_place.h"
+#include "view/form_controls.h"
+#include "view/grid_acts.h"
 
 namespace quillet::desktop {
 DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
@@ -32,8 +34,7 @@ DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
 }
 
 bool DropDown::wanted() const {
-  return field_ && grid_.visible() && grid_.dropOf()->shown() && field_->isVisible() &&
-         table_->cells().rowCount() > 0;
+  return field_ && view::isDropped(grid_) && field_->isVisible() && table_->cells().rowCount() > 0;
 }
 
 void DropDown::refresh() {
@@ -70,13 +71,7 @@ bool DropDown::eventFilter(QObject* target, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
       const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
-      const int row = table_->cells().gridRow(table_->indexAt(place).row());
-      if (row > 0) {
-        runner_.perform([&] {
-          grid_.setCurrent(row);
-          grid_.form().doubleClick(grid_);
-        });
-      }
+      view::chooseRow(grid_, table_->cells().gridRow(table_->indexAt(place).row()), runner_);
       return true;
     }
     case QEvent::MouseButtonRelease:

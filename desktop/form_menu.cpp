@@ -3,17 +3,14 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <algorithm>
 
 #include "desktop/text.h"
+#include "view/form_controls.h"
 
 namespace quillet::desktop {
 
 void FormMenu::refresh() {
-  std::vector<MenuEntry*> entries;
-  for (Control* control : form_.controls()) {
-    if (auto* entry = dynamic_cast<MenuEntry*>(control)) entries.push_back(entry);
-  }
+  std::vector<MenuEntry*> entries = view::menuEntries(form_);
   if (entries != entries_) {
     entries_ = std::move(entries);
     rebuild();
@@ -40,10 +37,8 @@ void FormMenu::rebuild() {
 }
 
 QAction* FormMenu::addEntry(MenuEntry& entry) {
-  const bool heads = std::any_of(entries_.begin(), entries_.end(),
-                                 [&](const MenuEntry* other) { return other->parent() == &entry; });
   QAction* action = nullptr;
-  if (heads) {
+  if (view::isHeading(entry)) {
     auto* menu = new QMenu(&bar_);
     menu->setFont(bar_.font());
     action = menu->menuAction();

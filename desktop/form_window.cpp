@@ -7,15 +7,13 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <unordered_set>
 #include <utility>
 
-#include "controls/grid.h"
 #include "desktop/drop_down.h"
 #include "desktop/notice_bar.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/form_controls.h"
 
 namespace quillet::desktop {
 
@@ -55,9 +53,7 @@ void FormWindow::arrange() {
 
 void FormWindow::arrangeDropDowns() {
   std::map<unsigned, DropDown*> before = std::exchange(dropDowns_, {});
-  for (Control* control : form_.controls()) {
-    auto* grid = dynamic_cast<Grid*>(control);
-    if (!grid || !grid->dropOf()) continue;
+  for (Grid* grid : view::dropDowns(form_)) {
     const auto known = before.extract(grid->id());
     dropDowns_[grid->id()] = known ? known.mapped() : new DropDown(*grid, runner_, this);
   }
@@ -93,8 +89,7 @@ void FormWindow::refresh() {
 }
 
 void FormWindow::drawControls() {
-  std::unordered_set<unsigned> present;
-  for (const Control* control : form_.controls()) present.insert(control->id());
+  const auto present = view::presentIds(form_);
   for (const auto& [id, view] : layout_.views()) {
     // A control that the form has just removed is not asked any more.
     if (present.contains(id)) {
@@ -115,8 +110,7 @@ void FormWindow::drawControls() {
 
 // Null for a control that has no place, or that the form has removed.
 ControlView* FormWindow::viewOf(const Control* control) const {
-  const auto& controls = form_.controls();
-  if (std::find(controls.begin(), controls.end(), control) == controls.end()) return nullptr;
+  if (!view::isPresent(form_, control)) return nullptr;
   const auto found = layout_.views().find(control->id());
   return found == layout_.views().end() ? nullptr : found->second;
 }

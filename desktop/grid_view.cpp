@@ -9,7 +9,7 @@
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
 #include "desktop/text.h"
-#include "view/cell_look.h"
+#include "view/grid_acts.h"
 
 namespace quillet::desktop {
 
@@ -55,9 +55,7 @@ bool GridView::keyPressed(QKeyEvent& event) {
       popUp();
       return true;
     case Qt::Key_F2:
-      for (int column = 0; column < grid_.cols(); ++column) {
-        if (edit(grid_.current(), column)) return true;
-      }
+      edit(grid_.current(), view::firstWritten(grid_, grid_.current()));
       return true;
     default:
       break;
@@ -76,10 +74,8 @@ void GridView::popUp() {
 }
 
 bool GridView::edit(int row, int column) {
-  const GridColumn& what = table_->cells().column(column);
-  const int shown = table_->cells().shownRow(row);
-  if (shown < 0 || !view::isWritten(what)) return false;
-  const QModelIndex index = table_->cells().index(shown, column);
+  if (!view::isWritten(grid_, row, column)) return false;
+  const QModelIndex index = table_->cells().index(table_->cells().shownRow(row), column);
   table_->setCurrentIndex(index);
   table_->edit(index);
   return true;
@@ -94,30 +90,19 @@ bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
   const int row = table_->cells().gridRow(index.row());
   if (row > 0) {
     const bool wasCurrent = !arrived && row == grid_.current();
-    const GridColumn column = table_->cells().column(index.column());
-    perform([&] {
-      grid_.setCurrent(row);
-      if (column.tick && event.button() == Qt::LeftButton) grid_.tick(row, !grid_.ticked(row));
-    });
-    if (wasCurrent && event.button() == Qt::LeftButton) edit(row, index.column());
+    const bool left = event.button() == Qt::LeftButton;
+    view::pressCell(grid_, row, index.column(), left, runner());
+    if (wasCurrent && left && !detached()) edit(row, index.column());
   }
-  if (event.button() == Qt::RightButton) popUp();
+  if (event.button() == Qt::RightButton && !detached()) popUp();
   return true;
 }
 
 void GridView::doubleClicked(const QPoint& place) {
   const QModelIndex index = table_->indexAt(place);
   const int row = table_->cells().gridRow(index.row());
-  if (row == 0) return;
-  const GridColumn& column = table_->cells().column(index.column());
-  if (column.tick) {
-    perform([&] { grid_.tick(row, !grid_.ticked(row)); });
-  } else if (!edit(row, index.column())) {
-    perform([&] {
-      grid_.setCurrent(row);
-      grid_.form().doubleClick(grid_);
-    });
-  }
+  const auto editing = [&] { return edit(row, index.column()); };
+  view::doubleClickCell(grid_, row, index.column(), editing, runner());
 }
 
 bool GridView::otherEvent(QObject* target, QEvent& event) {

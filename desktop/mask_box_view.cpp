@@ -44,10 +44,7 @@ bool MaskBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void MaskBoxView::typeText(const QString& text) {
-  for (const Key key : view::pastedKeys(fromQt(text))) {
-    if (box_.form().active() != &box_) break;
-    press(key);
-  }
+  typeAll(view::pastedKeys(fromQt(text)), [this](Key key) { pressAll({key}); });
 }
 
 bool MaskBoxView::otherEvent(QObject* target, QEvent& event) {

@@ -36,10 +36,6 @@ Key namedKey(int code) {
   return found == namedKeys.end() ? keys::none : found->second;
 }
 
-std::u16string_view unitsIn(const QString& text) {
-  return {QStringView(text).utf16(), static_cast<std::size_t>(text.size())};
-}
-
 }  // namespace
 
 QString toQt(std::string_view text) {
@@ -47,6 +43,10 @@ QString toQt(std::string_view text) {
 }
 
 std::string fromQt(const QString& text) { return text.toStdString(); }
+
+std::u16string_view unitsIn(const QString& text) {
+  return {QStringView(text).utf16(), static_cast<std::size_t>(text.size())};
+}
 
 int unitsOf(const QString& text, std::size_t characters) {
   return static_cast<int>(view::unitsOf(unitsIn(text), characters));

@@ -17,6 +17,8 @@ namespace quillet::desktop {
 QString toQt(std::string_view text);
 std::string fromQt(const QString& text);
 
+// As long as the text lives.
+std::u16string_view unitsIn(const QString& text);
 // The code units that the first `characters` of the text take.
 int unitsOf(const QString& text, std::size_t characters);
 // The characters that the first `units` code units of the text hold.

@@ -11,6 +11,7 @@
 
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/box_typing.h"
 #include "view/typed_text.h"
 
 namespace quillet::desktop {
@@ -59,44 +60,23 @@ bool TextBoxView::keyPressed(QKeyEvent& event) {
     return true;
   }
   const std::vector<Key> typed = keysOf(event);
-  for (const Key key : typed) type(key);
+  typeEach(typed);
   return !typed.empty();
 }
 
 void TextBoxView::typeText(const QString& text) {
-  if (!box_.locked()) typeAll(view::pastedKeys(fromQt(text)));
+  if (!box_.locked()) typeEach(view::pastedKeys(fromQt(text)));
 }
 
-void TextBoxView::typeAll(const std::vector<Key>& typed) {
-  const int before = interruptions();
-  for (const Key key : typed) {
-    // A handler that sends the focus on ends the paste: the rest belongs to no other box. So does a
-    // message: one that is told why a key was refused is not told so for each key that follows.
-    if (box_.form().active() != &box_ || interruptions() != before) break;
-    type(key);
-  }
-}
-
-void TextBoxView::type(Key key) {
-  perform([&] {
-    const Key left = box_.form().runKeyHandlers(key);
-    if (left == keys::none) {
-      // Discarded; a handler may still have hidden or disabled the box.
-    } else if (box_.form().active() == &box_) {
-      edit(left);
-    } else {
-      box_.form().handleKey(left);
-    }
-    box_.form().repairFocus();
+void TextBoxView::typeEach(const std::vector<Key>& typed) {
+  typeAll(typed, [this](Key key) {
+    perform([&] { view::typeInto(box_, key, [this](Key left) { edit(left); }); });
   });
 }
 
 void TextBoxView::edit(Key key) {
   refresh();  // what the handlers changed comes before what the key does
-  const bool deletes = key == keys::Backspace || key == keys::Delete;
-  if (box_.locked() || !(deletes || keys::typesText(key))) {
-    box_.form().handleKey(key);
-  } else if (key == keys::Backspace) {
+  if (key == keys::Backspace) {
     line_->backspace();
   } else if (key == keys::Delete) {
     line_->del();
@@ -116,10 +96,9 @@ void TextBoxView::followSelection() {
   if (drawing() || !line_->hasFocus() || text != toQt(box_.text())) return;
   const bool some = line_->hasSelectedText();
   const int start = some ? line_->selectionStart() : line_->cursorPosition();
-  const std::size_t first = charactersOf(text, start);
-  const std::size_t last = charactersOf(text, start + (some ? line_->selectionLength() : 0));
-  if (first != box_.selStart() || last - first != box_.selLength())
-    box_.select(first, last - first);
+  const int length = some ? line_->selectionLength() : 0;
+  view::selectUnits(box_, unitsIn(text), static_cast<std::size_t>(start),
+                    static_cast<std::size_t>(start + length));
 }
 
 // --- mouse, input methods, clipboard menu -------------------------------------------------------
@@ -157,7 +136,7 @@ bool TextBoxView::compose(QInputMethodEvent& event) {
     rest.setCommitString({}, event.replacementStart(), event.replacementLength());
   }
   QCoreApplication::sendEvent(line_, &rest);
-  typeAll(view::typedKeys(fromQt(typed)));
+  typeEach(view::typedKeys(fromQt(typed)));
   return true;
 }
 

@@ -24,9 +24,8 @@ class TextBoxView : public ControlView {
  private:
   void drawAlignment();
   void typeText(const QString& text);
-  // Several keys at once, from a paste or an input method.
-  void typeAll(const std::vector<Key>& typed);
-  void type(Key key);
+  // Several keys at once come from a paste or an input method.
+  void typeEach(const std::vector<Key>& typed);
   void edit(Key key);
   void handOver();
   void followSelection();

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "data/text.h"
+#include "view/form_controls.h"
 #include "view/layout_rules.h"
 
 namespace quillet::view {
@@ -32,13 +33,6 @@ Read read(std::string_view caption) {
   return found;
 }
 
-bool leads(const MenuEntry& heading, const Form& form) {
-  return std::any_of(form.controls().begin(), form.controls().end(), [&](const Control* control) {
-    const auto* entry = dynamic_cast<const MenuEntry*>(control);
-    return entry && entry->parent() == &heading;
-  });
-}
-
 void gather(const LayoutItem& node, char32_t key, std::vector<Meaning>& meanings) {
   Control* control = node.control;
   if (control && hasPlace(node)) {
@@ -54,12 +48,9 @@ void gather(const LayoutItem& node, char32_t key, std::vector<Meaning>& meanings
 
 std::vector<Meaning> meaningsOf(const Form& form, char32_t key) {
   std::vector<Meaning> meanings;
-  for (Control* control : form.controls()) {
-    const auto* entry = dynamic_cast<const MenuEntry*>(control);
-    if (!entry || entry->parent() || !entry->clickable() || accessKey(entry->caption()) != key) {
-      continue;
-    }
-    meanings.push_back({leads(*entry, form) ? Deed::openMenu : Deed::click, control});
+  for (MenuEntry* entry : menuEntries(form)) {
+    if (entry->parent() || !entry->clickable() || accessKey(entry->caption()) != key) continue;
+    meanings.push_back({isHeading(*entry) ? Deed::openMenu : Deed::click, entry});
   }
   gather(form.arrangement(), key, meanings);
   return meanings;

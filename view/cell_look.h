@@ -15,9 +15,4 @@ Ground groundOf(const Grid& grid, int row, int shown, bool inFocus);
 // Amounts stand under each other: they are drawn in digits of one width.
 inline bool holdsFigures(const GridColumn& column) { return column.align == Align::right; }
 
-// Whether a person can write into the column's cells; ticks are turned, not written.
-inline bool isWritten(const GridColumn& column) {
-  return column.editable && !column.tick && !column.hidden;
-}
-
 }  // namespace quillet::view

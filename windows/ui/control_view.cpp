@@ -24,7 +24,7 @@ bool usable(const Control& control) {
 }  // namespace
 
 ControlView::ControlView(Control& control, view::ActionRunner& runner, HWND parent)
-    : control_(control), runner_(runner), parent_(parent) {}
+    : ControlTie(control, runner), parent_(parent) {}
 
 ControlView::~ControlView() {
   detach();
@@ -40,8 +40,8 @@ void ControlView::discard(std::unique_ptr<ControlView> view) {
 // --- drawing ------------------------------------------------------------------------------------
 
 void ControlView::refresh() {
-  if (detached_ || !window()) return;
-  if (drawn_ != control_.version()) {
+  if (detached() || !window()) return;
+  if (isOutdated()) {
     redraw();
   } else {
     drawState();
@@ -49,12 +49,12 @@ void ControlView::refresh() {
 }
 
 void ControlView::redraw() {
-  if (detached_ || !window()) return;
-  drawn_ = control_.version();
+  if (detached() || !window()) return;
+  markDrawn();
   const ScopedFlag guard(drawing_);
   draw();
   drawState();
-  tip_.show(window(), wide(control_.toolTip()));
+  tip_.show(window(), wide(control().toolTip()));
   const std::wstring name = accessibleName();
   if (name != name_) tellName(name_ = name);
 }
@@ -63,8 +63,8 @@ void ControlView::tellName(const std::wstring& name) { setAccessibleName(window(
 
 // What the frames around the control change as well, without its version moving on.
 void ControlView::drawState() {
-  const bool enabled = usable(control_);
-  const bool shown = control_.shown();
+  const bool enabled = usable(control());
+  const bool shown = control().shown();
   for (HWND each : {window(), label_}) {
     if (each && IsWindowEnabled(each) != static_cast<BOOL>(enabled)) EnableWindow(each, enabled);
   }
@@ -86,7 +86,7 @@ void ControlView::setMetrics(const Metrics& metrics) {
   metrics_ = &metrics;
   setFont(metrics.font());
   metricsChanged();
-  if (drawn_ != 0) redraw();
+  if (everDrawn()) redraw();
 }
 
 void ControlView::setFont(HFONT font) {
@@ -104,8 +104,8 @@ void ControlView::place(const RECT& where) {
 
 std::wstring ControlView::accessibleName() const {
   std::string name = label_ ? view::withoutMarks(utf8(textOf(label_))) : std::string();
-  if (name.empty()) name = view::withoutMarks(control_.caption());
-  if (name.empty()) name = control_.toolTip();
+  if (name.empty()) name = view::withoutMarks(control().caption());
+  if (name.empty()) name = control().toolTip();
   return wide(name.empty() ? ownName() : name);
 }
 
@@ -124,16 +124,8 @@ void ControlView::takeFocus() {
 // Somebody else gave the window the focus: a screen reader does. While an act is running it is
 // Windows itself, which gives the focus back after a dialog; the form may have sent it on since.
 void ControlView::focusGiven() {
-  if (takingFocus_ || isActive() || control_.form().openForms().acts.running()) return;
-  perform([&] { control_.form().focus(control_); });
-}
-
-bool ControlView::arrive() {
-  if (!control_.takesFocus()) return true;
-  bool arrived = false;
-  const int before = interruptions();
-  perform([&] { arrived = control_.form().focus(control_) && isActive(); });
-  return arrived && interruptions() == before;
+  if (takingFocus_ || isActive() || control().form().openForms().acts.running()) return;
+  perform([&] { control().form().focus(control()); });
 }
 
 // --- messages -----------------------------------------------------------------------------------
@@ -142,12 +134,12 @@ void ControlView::command(WORD) {}
 std::optional<LRESULT> ControlView::notified(NMHDR&) { return {}; }
 
 void ControlView::failed() noexcept {
-  if (!detached_) reportTrapped(control_.form(), "WINDOW");
+  if (!detached()) reportTrapped(control().form(), "WINDOW");
 }
 
 std::optional<LRESULT> ControlView::handle(const WindowMessage& message) {
   if (message.id == WM_DESTROY) forgetAccessibleName(window());
-  if (detached_) return {};
+  if (detached()) return {};
   return received(message);
 }
 
@@ -187,14 +179,11 @@ std::optional<LRESULT> ControlView::keyMessage(const WindowMessage& message) {
   return {};
 }
 
-void ControlView::keysTyped(const std::vector<Key>& typed) {
-  Form& form = control_.form();
-  for (const Key key : typed) perform([&] { form.press(key); });
-}
+void ControlView::keysTyped(const std::vector<Key>& typed) { pressAll(typed); }
 
 std::optional<LRESULT> ControlView::mouseMessage(const WindowMessage& message) {
   const bool before = isActive();
-  if (!arrive() || detached_ || mousePressed(message, !before)) return 0;
+  if (!arrive() || mousePressed(message, !before)) return 0;
   return {};
 }
 

@@ -10,8 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "controls/form.h"
-#include "view/action_runner.h"
+#include "view/control_tie.h"
 #include "windows/ui/keys.h"
 #include "windows/ui/metrics.h"
 #include "windows/ui/owned_window.h"
@@ -19,7 +18,7 @@
 
 namespace quillet::windows {
 
-class ControlView : public OwnedWindow {
+class ControlView : public OwnedWindow, public view::ControlTie {
  public:
   // A child of the form's window, not shown yet.
   ControlView(Control& control, view::ActionRunner& runner, HWND parent);
@@ -27,7 +26,6 @@ class ControlView : public OwnedWindow {
   // The control has no place any more: the window goes as soon as no message is at work in it.
   static void discard(std::unique_ptr<ControlView> view);
 
-  Control& control() const { return control_; }
   HWND parent() const { return parent_; }
 
   // Draws the control when it has changed since it was drawn last.
@@ -42,8 +40,6 @@ class ControlView : public OwnedWindow {
   HWND label() const { return label_; }
   // Its fonts outlive the view, or the next call. Called before the control is drawn first.
   void setMetrics(const Metrics& metrics);
-  // The form is closed: nothing is passed on any more, and the control is not asked.
-  void detach() { detached_ = true; }
 
   // The room that it needs by itself, without label.
   virtual SIZE wantedSize(const Metrics& metrics) const;
@@ -62,7 +58,7 @@ class ControlView : public OwnedWindow {
   virtual void drawVisible(bool visible);
   virtual void metricsChanged() {}
   // What a control without label and caption is called.
-  virtual std::string ownName() const { return control_.name(); }
+  virtual std::string ownName() const { return control().name(); }
   // To those who read the window to somebody.
   virtual void tellName(const std::wstring& name);
   // A message to the window of an open form. An answer keeps it from the window.
@@ -75,12 +71,8 @@ class ControlView : public OwnedWindow {
   // this press brought the focus.
   virtual bool mousePressed(const WindowMessage&, bool) { return false; }
 
-  void perform(const std::function<void()>& action) { runner_.perform(action); }
-  int interruptions() const { return runner_.interruptions(); }
-  bool isActive() const { return control_.form().active() == &control_; }
   // While drawing, what the window tells is the view's own doing and not a person's.
   bool drawing() const { return drawing_; }
-  bool detached() const { return detached_; }
   // Null before they were set.
   const Metrics* metrics() const { return metrics_; }
   void setFont(HFONT font);
@@ -92,21 +84,16 @@ class ControlView : public OwnedWindow {
   std::optional<LRESULT> mouseMessage(const WindowMessage& message);
   std::wstring accessibleName() const;
   void focusGiven();
-  bool arrive();
   void drawState();
 
-  Control& control_;
-  view::ActionRunner& runner_;
   HWND parent_;
   HWND label_ = nullptr;
   const Metrics* metrics_ = nullptr;
   KeyReader keys_;
   ToolTip tip_;
   std::wstring name_;  // as it was given to screen readers
-  unsigned drawn_ = 0;
   bool drawing_ = false;
   bool takingFocus_ = false;
-  bool detached_ = false;
 };
 
 }  // namespace quillet::windows

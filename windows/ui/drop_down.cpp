@@ -2,8 +2,9 @@
 
 #include <commctrl.h>
 
-#include "controls/form.h"
 #include "view/drop_down_place.h"
+#include "view/form_controls.h"
+#include "view/grid_acts.h"
 #include "windows/ui/this_module.h"
 
 namespace quillet::windows {
@@ -71,8 +72,8 @@ void DropDown::setMetrics(const Metrics& metrics) {
 }
 
 bool DropDown::wanted() const {
-  return metrics_ && field_ && grid_.visible() && grid_.dropOf()->shown() &&
-         IsWindowVisible(field_) && rows_->list.rows().count() > 0;
+  return metrics_ && field_ && view::isDropped(grid_) && IsWindowVisible(field_) &&
+         rows_->list.rows().count() > 0;
 }
 
 void DropDown::refresh() {
@@ -102,11 +103,7 @@ void DropDown::place() {
 
 void DropDown::choose(POINT place) {
   const int row = rows_->list.cellAt(place).row;
-  if (detached_ || row == 0) return;
-  runner_.perform([&] {
-    grid_.setCurrent(row);
-    grid_.form().doubleClick(grid_);
-  });
+  if (!detached_) view::chooseRow(grid_, row, runner_);
 }
 
 std::optional<LRESULT> DropDown::handle(const WindowMessage& message) {

@@ -2,15 +2,14 @@
 
 #include <utility>
 
+#include "view/form_controls.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
 
 void DropDowns::arrange() {
   auto before = std::exchange(lists_, {});
-  for (Control* control : form_.controls()) {
-    auto* grid = dynamic_cast<Grid*>(control);
-    if (!grid || !grid->dropOf()) continue;
+  for (Grid* grid : view::dropDowns(form_)) {
     std::shared_ptr<DropDown>& list = lists_[grid->id()];
     const auto known = before.extract(grid->id());
     list = known ? known.mapped() : std::make_shared<DropDown>(*grid, runner_, window_);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "controls/basic_controls.h"
+#include "view/form_controls.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
 #include "windows/ui/make_view.h"
@@ -121,8 +122,7 @@ void FormViews::setMetrics(const Metrics& metrics) {
 }
 
 void FormViews::refresh() {
-  std::set<unsigned> present;
-  for (const Control* control : form_.controls()) present.insert(control->id());
+  const auto present = view::presentIds(form_);
   for (const auto& [id, placed] : views_) {
     // A control that the form has just removed is not asked any more.
     if (present.contains(id)) {
@@ -146,8 +146,7 @@ void FormViews::detach() {
 }
 
 ControlView* FormViews::viewOf(const Control* control) const {
-  const auto& controls = form_.controls();
-  if (std::find(controls.begin(), controls.end(), control) == controls.end()) return nullptr;
+  if (!view::isPresent(form_, control)) return nullptr;
   const auto found = views_.find(control->id());
   return found == views_.end() ? nullptr : found->second.view.get();
 }

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "view/cell_look.h"
+#include "view/grid_acts.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
@@ -61,9 +61,7 @@ void GridView::keysTyped(const std::vector<Key>& typed) {
 
 // Whatever else is pressed is none of the list's: it would choose rows by itself.
 bool GridView::commandKey(WPARAM code) {
-  for (int column = 0; code == VK_F2 && column < grid_.cols(); ++column) {
-    if (edit({grid_.current(), column})) break;
-  }
+  if (code == VK_F2) edit({grid_.current(), view::firstWritten(grid_, grid_.current())});
   return true;
 }
 
@@ -74,13 +72,12 @@ void GridView::popUp() {
 // --- editing a cell -----------------------------------------------------------------------------
 
 bool GridView::edit(GridCell cell) {
-  if (cell.row < 1 || cell.row > grid_.rows() || cell.column < 0 || !metrics()) return false;
-  const GridColumn& what = grid_.columns()[static_cast<std::size_t>(cell.column)];
-  if (!view::isWritten(what) || grid_.rowHidden(cell.row)) return false;
+  if (!view::isWritten(grid_, cell.row, cell.column) || !metrics()) return false;
   endEditing(true);
   edited_ = cell;
-  editor_ = std::make_unique<CellEditor>(window(), what.align, metrics()->font(),
-                                         list_.roomOf(cell), grid_.cell(cell.row, cell.column),
+  const Align align = grid_.columns()[static_cast<std::size_t>(cell.column)].align;
+  editor_ = std::make_unique<CellEditor>(window(), align, metrics()->font(), list_.roomOf(cell),
+                                         grid_.cell(cell.row, cell.column),
                                          [this](bool taken) { endEditing(taken); });
   return true;
 }
@@ -105,27 +102,15 @@ bool GridView::mousePressed(const WindowMessage& message, bool arrived) {
   if (detached() || cell.row == 0) return true;
   const bool left = message.id == WM_LBUTTONDOWN;
   const bool wasCurrent = !arrived && cell.row == grid_.current();
-  const bool ticks =
-      left && cell.column >= 0 && grid_.columns()[static_cast<std::size_t>(cell.column)].tick;
-  perform([&] {
-    grid_.setCurrent(cell.row);
-    if (ticks) grid_.tick(cell.row, !grid_.ticked(cell.row));
-  });
+  view::pressCell(grid_, cell.row, cell.column, left, runner());
   if (wasCurrent && left && !detached()) edit(cell);
   return true;
 }
 
 void GridView::doubleClicked(POINT place) {
   const GridCell cell = list_.cellAt(place);
-  if (cell.row == 0) return;
-  if (cell.column >= 0 && grid_.columns()[static_cast<std::size_t>(cell.column)].tick) {
-    perform([&] { grid_.tick(cell.row, !grid_.ticked(cell.row)); });
-  } else if (!edit(cell)) {
-    perform([&] {
-      grid_.setCurrent(cell.row);
-      grid_.form().doubleClick(grid_);
-    });
-  }
+  const auto editing = [&] { return edit(cell); };
+  view::doubleClickCell(grid_, cell.row, cell.column, editing, runner());
 }
 
 void GridView::showTip(POINT place) {

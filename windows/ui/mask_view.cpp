@@ -29,11 +29,7 @@ void MaskView::showCaret() {
 }
 
 void MaskView::keysTyped(const std::vector<Key>& typed) {
-  Form& form = box_.form();
-  for (const Key key : typed) {
-    if (detached() || form.active() != &box_) break;
-    perform([&] { form.press(key); });
-  }
+  typeAll(typed, [this](Key key) { pressAll({key}); });
 }
 
 bool MaskView::commandKey(WPARAM code) {

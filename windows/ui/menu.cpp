@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "view/form_controls.h"
 #include "view/shortcut.h"
 #include "windows/com/text.h"
 #include "windows/ui/keys.h"
@@ -36,9 +37,8 @@ FormMenu::~FormMenu() {
 
 std::vector<FormMenu::Item> FormMenu::gather() const {
   std::vector<Item> items;
-  for (Control* control : form_.controls()) {
-    auto* entry = dynamic_cast<MenuEntry*>(control);
-    if (!entry || !entry->visible()) continue;
+  for (MenuEntry* entry : view::menuEntries(form_)) {
+    if (!entry->visible()) continue;
     items.push_back({entry, entry->id(), entry->parent() ? entry->parent()->id() : 0, false, true,
                      entry->caption(), entry->shortcut()});
   }

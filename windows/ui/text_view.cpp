@@ -4,8 +4,8 @@
 #include <imm.h>
 
 #include "data/text.h"
+#include "view/box_typing.h"
 #include "view/typed_text.h"
-#include "view/utf16_positions.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
 #include "windows/ui/clipboard.h"
@@ -70,42 +70,17 @@ void TextView::select(Selection units) {
 // --- keys ---------------------------------------------------------------------------------------
 
 void TextView::keysTyped(const std::vector<Key>& typed) {
-  Form& form = box_.form();
-  const int before = interruptions();
-  for (const Key key : typed) {
-    // A handler that sends the focus on ends a paste: the rest belongs to no other box. So does a
-    // message: one that is told why a key was refused is not told so for each key that follows.
-    if (detached() || form.active() != &box_ || interruptions() != before) break;
-    type(key);
-  }
-}
-
-void TextView::type(Key key) {
-  followSelection();
-  Form& form = box_.form();
-  perform([&] {
-    const Key left = form.runKeyHandlers(key);
-    if (left == keys::none) {
-      // Discarded; a handler may still have hidden or disabled the box.
-    } else if (form.active() == &box_) {
-      edit(left);
-    } else {
-      form.handleKey(left);
-    }
-    form.repairFocus();
+  typeAll(typed, [this](Key key) {
+    followSelection();
+    perform([&] { view::typeInto(box_, key, [this](Key left) { edit(left); }); });
   });
 }
 
 void TextView::edit(Key key) {
   refresh();  // what the handlers changed comes before what the key does
-  const bool deletes = key == keys::Backspace || key == keys::Delete;
-  if (box_.locked() || !(deletes || keys::typesText(key))) {
-    box_.form().handleKey(key);
-    return;
-  }
   const std::size_t start = box_.selStart();
   const std::size_t length = box_.selLength();
-  if (!deletes) {
+  if (key != keys::Backspace && key != keys::Delete) {
     std::string typed;
     appendCharacter(typed, key);
     replace(start, length, typed);
@@ -152,11 +127,7 @@ void TextView::followSelection() {
   const std::wstring text = textOf(window());
   if (utf8(text) != box_.text()) return;
   const Selection units = selection();
-  const std::size_t first = view::charactersOf(std::wstring_view(text), units.start);
-  const std::size_t last = view::charactersOf(std::wstring_view(text), units.end);
-  if (first != box_.selStart() || last - first != box_.selLength()) {
-    box_.select(first, last - first);
-  }
+  view::selectUnits(box_, std::wstring_view(text), units.start, units.end);
 }
 
 // --- messages -----------------------------------------------------------------------------------

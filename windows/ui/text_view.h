@@ -30,7 +30,6 @@ class TextView : public ControlView {
   void select(Selection units);
   void showSelection();
 
-  void type(Key key);
   void edit(Key key);
   void replace(std::size_t start, std::size_t length, const std::string& text);
   void handOver();

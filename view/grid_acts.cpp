@@ -1,0 +1,61 @@
+#include "view/grid_acts.h"
+
+#include "controls/form.h"
+
+namespace quillet::view {
+namespace {
+
+const GridColumn* columnAt(const Grid& grid, int column) {
+  if (column < 0 || column >= grid.cols()) return nullptr;
+  return &grid.columns()[static_cast<std::size_t>(column)];
+}
+
+bool isTick(const Grid& grid, int column) {
+  const GridColumn* found = columnAt(grid, column);
+  return found && found->tick;
+}
+
+bool isRow(const Grid& grid, int row) { return row >= 1 && row <= grid.rows(); }
+
+}  // namespace
+
+bool isWritten(const Grid& grid, int row, int column) {
+  const GridColumn* found = columnAt(grid, column);
+  return found && found->editable && !found->tick && !found->hidden && isRow(grid, row) &&
+         !grid.rowHidden(row);
+}
+
+int firstWritten(const Grid& grid, int row) {
+  int column = 0;
+  while (column < grid.cols() && !isWritten(grid, row, column)) ++column;
+  return column < grid.cols() ? column : -1;
+}
+
+void pressCell(Grid& grid, int row, int column, bool left, ActionRunner& runner) {
+  if (!isRow(grid, row)) return;
+  const bool turns = left && isTick(grid, column);
+  runner.perform([&] {
+    grid.setCurrent(row);
+    if (turns && isRow(grid, row)) grid.tick(row, !grid.ticked(row));
+  });
+}
+
+void doubleClickCell(Grid& grid, int row, int column, const std::function<bool()>& edit,
+                     ActionRunner& runner) {
+  if (!isRow(grid, row)) return;
+  if (isTick(grid, column)) {
+    runner.perform([&] { grid.tick(row, !grid.ticked(row)); });
+  } else if (!edit()) {
+    chooseRow(grid, row, runner);
+  }
+}
+
+void chooseRow(Grid& grid, int row, ActionRunner& runner) {
+  if (!isRow(grid, row)) return;
+  runner.perform([&] {
+    grid.setCurrent(row);
+    grid.form().doubleClick(grid);
+  });
+}
+
+}  // namespace quillet::view
