@@ -37,8 +37,8 @@ UINT alignmentOf(const GridColumn& column) {
 
 }  // namespace
 
-RECT CellPainter::textRoom(const RECT& cell, const Metrics& metrics) {
-  const int margin = metrics.step() * 3 / 4;
+RECT CellPainter::textRoom(const RECT& cell) {
+  const int margin = 3 * GetSystemMetrics(SM_CXEDGE);  // as the headings have it
   return {cell.left + margin, cell.top, cell.right - margin, cell.bottom};
 }
 
@@ -58,7 +58,7 @@ void CellPainter::drawCell(int column, const RECT& room) const {
   const std::string& text = grid_.cell(row_, column);
   if (what.tick) return drawTick(room, text == "1");
   if (text.empty()) return;
-  RECT inside = textRoom(room, metrics_);
+  RECT inside = textRoom(room);
   if (inside.right <= inside.left) return;
   const std::wstring shown = wide(text);
   DrawTextW(paper_, shown.c_str(), static_cast<int>(shown.size()), &inside,

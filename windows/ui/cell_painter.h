@@ -19,7 +19,7 @@ class CellPainter {
   void drawCell(int column, const RECT& room) const;
 
   // What a cell's text may take of its room.
-  static RECT textRoom(const RECT& cell, const Metrics& metrics);
+  static RECT textRoom(const RECT& cell);
 
  private:
   void drawTick(const RECT& room, bool on) const;

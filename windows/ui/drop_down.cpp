@@ -36,6 +36,12 @@ class DropDown::Rows : public OwnedWindow {
     switch (message.id) {
       case WM_MOUSEACTIVATE:
         return MA_NOACTIVATE;
+      case WM_NCCALCSIZE: {
+        // A bar at the foot would take the room of a row, and that row then asks for one beside it.
+        const LONG_PTR style = GetWindowLongPtrW(window(), GWL_STYLE);
+        if (style & WS_HSCROLL) SetWindowLongPtrW(window(), GWL_STYLE, style & ~WS_HSCROLL);
+        return {};
+      }
       case WM_LBUTTONDOWN:
       case WM_LBUTTONDBLCLK:
         owner_.choose({static_cast<short>(LOWORD(message.longer)),
@@ -95,6 +101,10 @@ void DropDown::place() {
   const view::Bounds at = view::dropDownPlace(
       boundsOf(field_, formWindow_), wanted,
       {static_cast<int>(client.right), static_cast<int>(client.bottom)}, metrics_->pixels(4));
+  // All but the border, the list's own margin and the bar beside rows that have no room.
+  const bool scrolls = list.heightOf(list.rows().count()) + 2 > at.height;
+  list.setRoom(at.width - 2 - 2 * GetSystemMetrics(SM_CXEDGE) -
+               (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0));
   POINT corner{at.left, at.top};
   ClientToScreen(formWindow_, &corner);
   SetWindowPos(window(), HWND_TOP, corner.x, corner.y, at.width, at.height,
@@ -116,7 +126,6 @@ std::optional<LRESULT> DropDown::handle(const WindowMessage& message) {
     case WM_SIZE:
       if (rows_ && rows_->window()) {
         MoveWindow(rows_->window(), 0, 0, LOWORD(message.longer), HIWORD(message.longer), TRUE);
-        rows_->list.resized();
       }
       return 0;
     default:

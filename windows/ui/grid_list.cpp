@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <numeric>
 
+#include "controls/scoped_flag.h"
 #include "view/column_widths.h"
 #include "windows/com/text.h"
 #include "windows/ui/cell_painter.h"
@@ -113,16 +115,42 @@ void GridList::showRows() {
   InvalidateRect(window_, nullptr, FALSE);
 }
 
+int GridList::room() const {
+  if (room_ > 0) return room_;
+  RECT client{};
+  GetClientRect(window_, &client);
+  return static_cast<int>(client.right);
+}
+
+void GridList::setRoom(int width) {
+  room_ = width;
+  arrangeColumns();
+}
+
+// Scroll bars come and go with the widths, and change the room.
 void GridList::arrangeColumns() {
+  if (arranging_) return;
+  const ScopedFlag guard(arranging_);
+  for (int turn = 0; turn < 2; ++turn) {
+    const int before = room();
+    setWidths(before);
+    if (room() == before) break;
+  }
+}
+
+void GridList::setWidths(int room) {
   std::vector<int> now(static_cast<std::size_t>(grid_.cols()));
   for (std::size_t at = 0; at < columns_.size(); ++at) {
     now[static_cast<std::size_t>(columns_[at])] =
         ListView_GetColumnWidth(window_, static_cast<int>(at));
   }
-  RECT room{};
-  GetClientRect(window_, &room);
-  const std::vector<int> wanted =
-      view::columnWidths(grid_.columns(), now, cellMetrics(*metrics_), room.right);
+  std::vector<int> wanted = view::columnWidths(grid_.columns(), now, cellMetrics(*metrics_), room);
+  // Nobody can widen a column without heading: the last one has what room there is.
+  if (room_ > 0 && !columns_.empty()) {
+    const int all = std::accumulate(wanted.begin(), wanted.end(), 0);
+    int& last = wanted[static_cast<std::size_t>(columns_.back())];
+    last = std::max(1, last + room - all);
+  }
   for (std::size_t at = 0; at < columns_.size(); ++at) {
     const auto from = static_cast<std::size_t>(columns_[at]);
     if (wanted[from] != now[from]) {
@@ -205,7 +233,7 @@ std::wstring GridList::cutText(GridCell cell) const {
   if (!metrics_ || cell.row < 1 || cell.row > grid_.rows() || cell.column < 0) return {};
   if (column(cell.column).tick) return {};
   const std::wstring text = wide(grid_.cell(cell.row, cell.column));
-  const RECT room = CellPainter::textRoom(roomOf(cell), *metrics_);
+  const RECT room = CellPainter::textRoom(roomOf(cell));
   return metrics_->widthOf(text) > room.right - room.left ? text : std::wstring();
 }
 

@@ -36,6 +36,8 @@ class GridList {
   void refresh();
   // After the window's size changed.
   void resized();
+  // The columns share so much width, and no scroll bar lies under them.
+  void setRoom(int width);
   // What the list tells its parent: it asks for texts and is drawn here.
   std::optional<LRESULT> notified(NMHDR& what);
 
@@ -54,7 +56,9 @@ class GridList {
  private:
   void readColumns();
   void drawHeadings();
+  int room() const;
   void arrangeColumns();
+  void setWidths(int room);
   void showRows();
   void showCurrent();
   void select(int shown);
@@ -70,6 +74,8 @@ class GridList {
   view::ShownRows rows_;
   std::vector<int> columns_;  // the grid's numbers of those shown
   unsigned content_ = 0;
+  int room_ = 0;  // 0: the width of the window
+  bool arranging_ = false;
   int current_ = -1;  // the row that is selected on the screen
 };
 

@@ -191,6 +191,7 @@ TEST_F(Grids, DropsAListUnderItsBox) {
   EXPECT_GE(place.right - place.left, field.right - field.left);
   const HWND rows = GetWindow(dropped, GW_CHILD);
   EXPECT_EQ(ListView_GetCountPerPage(rows), 9);
+  EXPECT_FALSE(GetWindowLongPtrW(rows, GWL_STYLE) & WS_HSCROLL);
   EXPECT_EQ(GetFocus(), box);
   EXPECT_EQ(SendMessageW(rows, WM_MOUSEACTIVATE, 0, 0), MA_NOACTIVATE);
 

@@ -13,7 +13,7 @@ TryForm::TryForm(OpenForms& openForms) : Form(openForms, "try") {
   grid.setColumns({{.heading = "", .width = 3, .tick = true},
                    {.heading = "Ledger", .width = 20, .stretch = true},
                    {.heading = "Amount", .align = Align::right, .editable = true}});
-  names.setColumns({{.heading = "Name"}});
+  names.setColumns({{.heading = "Name", .width = 60}});
   names.setDropOf(name);
   names.setVisible(false);
 }
