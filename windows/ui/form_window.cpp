@@ -63,7 +63,7 @@ void FormWindow::guarded(Body&& body) noexcept {
   }
 }
 
-FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
+FormWindow::FormWindow(Form& form, FormWindows& windows, HWND below,
                        const FormWindows::Place& place)
     : form_(form), windows_(windows), class_(Class::get()), menu_(form) {
   font_ = {form.size.font, place.fontPoints, place.fontName};
@@ -73,7 +73,8 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
   {
     const VisualStyles styles;
     CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                    CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, owner, nullptr, thisModule(), this);
+                    CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, form.modal() ? below : nullptr, nullptr,
+                    thisModule(), this);
   }
   if (!window_) return;
   metrics_ = std::make_unique<Metrics>(dpiOf(window_), font_);
@@ -83,7 +84,7 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
   lists_->setMetrics(*metrics_);
   guarded([&] {
     draw();
-    takeSize(place);
+    takeSize(below ? below : window_, place);
   });
 }
 
@@ -148,8 +149,8 @@ void FormWindow::takeFonts(UINT dpi) {
 
 // --- size and place -----------------------------------------------------------------------------
 
-void FormWindow::takeSize(const FormWindows::Place& wanted) {
-  const RECT area = workArea(GetWindow(window_, GW_OWNER));
+void FormWindow::takeSize(HWND beside, const FormWindows::Place& wanted) {
+  const RECT area = workArea(beside);
   const SIZE room{area.right - area.left, area.bottom - area.top};
   place();
   const SIZE border = borders(window_);

@@ -21,8 +21,8 @@ namespace quillet::windows {
 
 class FormWindow {
  public:
-  // Not shown yet. `owner`: what a modal form stands above.
-  FormWindow(Form& form, FormWindows& windows, HWND owner, const FormWindows::Place& place);
+  // Not shown yet. `below`: the window that it appears in front of; a modal form stays there.
+  FormWindow(Form& form, FormWindows& windows, HWND below, const FormWindows::Place& place);
   ~FormWindow();
   FormWindow(const FormWindow&) = delete;
   FormWindow& operator=(const FormWindow&) = delete;
@@ -62,7 +62,7 @@ class FormWindow {
   void draw();
   void place();
   void takeFonts(UINT dpi);
-  void takeSize(const FormWindows::Place& place);
+  void takeSize(HWND beside, const FormWindows::Place& place);
   void followFocus();
   void showCues(bool shown);
   template <class Body>
