@@ -71,3 +71,8 @@ add_test(NAME windows.journey
                  ${windows_build}/tests/windows/journey.exe)
 set_tests_properties(windows.journey PROPERTIES
   FIXTURES_REQUIRED "wine_prefix;sample_practice" LABELS windows TIMEOUT 240)
+
+windows_test(component component_test.exe
+             REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
+windows_test(registration registration_test.exe)
+windows_test(class component/forms_class.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)

@@ -15,7 +15,27 @@ namespace {
 // gone before ours.
 Component* theComponent = nullptr;
 std::atomic<DWORD> itsThread{0};
+HANDLE threadHandle = nullptr;
 bool starting = false;
+
+// A host's thread may end without ending COM, or with COM held by an input method. What the module
+// held of its host went with the thread, so it is left as it is.
+void forgetEndedThread() {
+  if (!threadHandle || WaitForSingleObject(threadHandle, 0) != WAIT_OBJECT_0) return;
+  CloseHandle(std::exchange(threadHandle, nullptr));
+  theComponent = nullptr;
+  itsThread = 0;
+}
+
+void takeThread() {
+  threadHandle = OpenThread(SYNCHRONIZE, FALSE, GetCurrentThreadId());
+  itsThread = GetCurrentThreadId();
+}
+
+void leaveThread() {
+  if (threadHandle) CloseHandle(std::exchange(threadHandle, nullptr));
+  itsThread = 0;
+}
 
 // Told before COM ends on the thread: the host's objects are let go while they still stand.
 class LastCall final : public IInitializeSpy {
@@ -60,21 +80,25 @@ class Starting {
 
 }  // namespace
 
-bool Component::exists() { return itsThread != 0; }
+bool Component::exists() {
+  forgetEndedThread();
+  return itsThread != 0;
+}
 
 bool Component::onItsThread() { return itsThread == 0 || itsThread == GetCurrentThreadId(); }
 
 Component& Component::instance() {
+  forgetEndedThread();
   if (!onItsThread()) throw errorOf(RPC_E_WRONG_THREAD, "PrjQuillet");
   if (theComponent) return *theComponent;
   const Starting guard;
   module::stayLoaded();
   watchThread();
-  itsThread = GetCurrentThreadId();
+  takeThread();
   try {
     theComponent = new Component;
   } catch (...) {
-    itsThread = 0;
+    leaveThread();
     throw;
   }
   return *theComponent;
@@ -82,7 +106,7 @@ Component& Component::instance() {
 
 void Component::end() noexcept {
   delete std::exchange(theComponent, nullptr);
-  itsThread = 0;
+  leaveThread();
 }
 
 Component::Component()

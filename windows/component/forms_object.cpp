@@ -58,6 +58,10 @@ class FormsObject final : public _Forms, public ISupportErrorInfo {
   }
   STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                       EXCEPINFO* error, UINT* argument) noexcept override {
+    if (!parameters) return E_INVALIDARG;
+    // Not every system counts by itself.
+    const bool sets = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (parameters->cArgs != (sets ? 1u : 0u)) return DISP_E_BADPARAMCOUNT;
     Pointer<ITypeInfo> info;
     const HRESULT found = typeInfo(1, IID__Forms, info.put());
     if (FAILED(found)) return found;

@@ -121,6 +121,10 @@ bool unregisterAll(const Root& root) {
     removed = removeTree(root, known.entry.progId) && removed;
   }
   for (const LibraryEntry& library : typeLibraries()) removed = remove(root, library) && removed;
+  // A person who had no classes of their own has none again.
+  for (const wchar_t* index : {L"CLSID", L"Interface", L"TypeLib"}) {
+    if (!hasKeys(root, index)) RegDeleteKeyW(root.hive, (root.path + index).c_str());
+  }
   return removed;
 }
 

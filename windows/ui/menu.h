@@ -15,6 +15,7 @@ namespace quillet::windows {
 class FormMenu {
  public:
   explicit FormMenu(Form& form) : form_(form) {}
+  ~FormMenu();
   FormMenu(const FormMenu&) = delete;
   FormMenu& operator=(const FormMenu&) = delete;
 
@@ -42,7 +43,7 @@ class FormMenu {
   void draw(HWND window);
 
   Form& form_;
-  HMENU bar_ = nullptr;  // goes with the window
+  HMENU bar_ = nullptr;
   std::vector<Item> items_;
 };
 
