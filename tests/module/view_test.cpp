@@ -1,6 +1,7 @@
 // What the views of all toolkits share, without any of them.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,8 +11,11 @@
 #include "controls/text_box.h"
 #include "data/text.h"
 #include "view/access_keys.h"
+#include "view/box_typing.h"
 #include "view/column_widths.h"
+#include "view/control_tie.h"
 #include "view/drop_down_place.h"
+#include "view/grid_acts.h"
 #include "view/message_texts.h"
 #include "view/shortcut.h"
 #include "view/shown_rows.h"
@@ -93,8 +97,8 @@ class KeyedForm : public Form {
  public:
   explicit KeyedForm(OpenForms& openForms) : Form(openForms, "keyed") {}
   LayoutItem layout() override {
-    return column({item(title), field("&Name", name), framed(frame, {item(next), item(save)}),
-                   item(note), item(plain)});
+    return column({item(title), field("&Name", name), item(grid),
+                   framed(frame, {item(next), item(save)}), item(note), item(plain)});
   }
 
   TextBox name{*this, "name"};
@@ -133,6 +137,50 @@ TEST(AccessKeys, ClickAloneAndTakeTurnsInAClash) {
   EXPECT_EQ(pressed(U'N'), "click note") << "alone now";
   form.frame.setVisible(false);
   EXPECT_EQ(pressed(U's'), "nothing");
+}
+
+// --- a view's tie to its control ----------------------------------------------------------------
+
+class CountingRunner : public ActionRunner {
+ public:
+  void perform(const std::function<void()>& action) override { action(); }
+  int interruptions() const override { return shown; }
+  int shown = 0;
+};
+
+struct Tie : ControlTie {
+  using ControlTie::arrive;
+  using ControlTie::ControlTie;
+  using ControlTie::pressAll;
+  using ControlTie::typeAll;
+};
+
+TEST(ControlTie, EndsAPasteThatIsNotForItsControlAnyMore) {
+  OpenForms openForms;
+  KeyedForm form(openForms);
+  form.show();
+  CountingRunner runner;
+  Tie tie(form.name, runner);
+  std::function<void()> atB;
+  form.name.KeyPress = [&](Key& key) {
+    if (key == U'b' && atB) atB();
+  };
+  const auto pasted = [&](std::function<void()> deed) {
+    atB = std::move(deed);
+    form.name.setText("");
+    EXPECT_TRUE(tie.arrive());
+    tie.typeAll(pastedKeys("abc"), [&](Key key) {
+      typeInto(form.name, key, [&](Key left) { form.handleKey(left); });
+    });
+    return form.name.text();
+  };
+  EXPECT_EQ(pasted({}), "abc");
+  EXPECT_EQ(pasted([&] { form.focus(form.save); }), "a");
+  EXPECT_EQ(pasted([&] { ++runner.shown; }), "ab") << "a message is told once";
+  EXPECT_EQ(pasted([&] { tie.detach(); }), "ab") << "its form is closed";
+  EXPECT_FALSE(tie.arrive());
+  tie.pressAll({U'x'});
+  EXPECT_EQ(form.name.text(), "ab");
 }
 
 TEST(MessageTexts, AreThoseOfTheAnswersThatAreShown) {
@@ -201,6 +249,32 @@ TEST(ShownRows, LeaveHiddenOnesOut) {
     for (const int none : {-1, rows.count()}) EXPECT_EQ(rows.gridRow(none), 0);
     for (const int none : {0, 5}) EXPECT_EQ(rows.shownRow(none), -1);
   }
+}
+
+TEST(GridActs, LeaveRowsAloneThatAHandlerTookAway) {
+  OpenForms openForms;
+  KeyedForm form(openForms);
+  form.show();
+  CountingRunner runner;
+  Grid& grid = form.grid;
+  grid.setColumns({{.heading = "In", .tick = true}, {.heading = "Name", .editable = true}});
+  for (const char* name : {"a", "b"}) grid.addRow({"", name});
+  pressCell(grid, 1, 0, false, runner);
+  EXPECT_FALSE(grid.ticked(1)) << "the right button only chooses";
+  pressCell(grid, 2, 0, true, runner);
+  EXPECT_TRUE(grid.ticked(2));
+  EXPECT_EQ(firstWritten(grid, 2), 1);
+  for (const int row : {0, 3}) EXPECT_EQ(firstWritten(grid, row), -1);
+  int carried = 0;
+  grid.DblClick = [&] { ++carried; };
+  for (const bool edits : {true, false}) {
+    doubleClickCell(
+        grid, 1, 1, [&] { return edits; }, runner);
+  }
+  EXPECT_EQ(carried, 1);
+  grid.RowColChange = [&] { grid.clearRows(); };
+  pressCell(grid, 2, 0, true, runner);
+  EXPECT_EQ(grid.rows(), 0);
 }
 
 TEST(ColumnWidths, ShareWhatIsLeftAndKeepWhatWasDragged) {

@@ -185,8 +185,8 @@ Piece FormViews::pieceOf(const LayoutItem& node) const {
 }
 
 SIZE FormViews::place(const RECT& room) {
-  const Layout layout(form_.arrangement(), *metrics_,
-                      [this](const LayoutItem& node) { return pieceOf(node); });
+  const Layout::PieceOf pieces = [this](const LayoutItem& node) { return pieceOf(node); };
+  const Layout layout(form_.arrangement(), *metrics_, pieces);
   for (const Placement& placement : layout.place(room)) put(placement);
   return layout.least();
 }

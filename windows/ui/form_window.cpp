@@ -6,15 +6,10 @@
 
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
-#include "windows/ui/message_scope.h"
-#include "windows/ui/this_module.h"
-#include "windows/ui/visual_styles.h"
 #include "windows/ui/work_area.h"
 
 namespace quillet::windows {
 namespace {
-
-constexpr const wchar_t* className = L"QuilletForm";
 
 // What the window's border, caption and menu add to its inside.
 SIZE borders(HWND window) {
@@ -28,71 +23,42 @@ SIZE borders(HWND window) {
 
 }  // namespace
 
-// Registered with the first window and unregistered with the last one, since the module may be
-// unloaded then.
-class FormWindow::Class {
- public:
-  static std::shared_ptr<Class> get() {
-    static std::weak_ptr<Class> known;
-    std::shared_ptr<Class> found = known.lock();
-    if (!found) known = found = std::make_shared<Class>();
-    return found;
-  }
-  Class() {
-    WNDCLASSEXW wanted{};
-    wanted.cbSize = sizeof wanted;
-    wanted.lpfnWndProc = receive;
-    wanted.hInstance = thisModule();
-    wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    wanted.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    wanted.lpszClassName = className;
-    RegisterClassExW(&wanted);
-  }
-  ~Class() { UnregisterClassW(className, thisModule()); }
-  Class(const Class&) = delete;
-  Class& operator=(const Class&) = delete;
-};
-
 // No exception passes into Windows.
 template <class Body>
 void FormWindow::guarded(Body&& body) noexcept {
   try {
     body();
   } catch (...) {
-    if (!detached_) reportTrapped(form_, "WINDOW");
+    failed();
   }
 }
 
-FormWindow::FormWindow(Form& form, FormWindows& windows, HWND owner,
+void FormWindow::failed() noexcept {
+  if (!detached_) reportTrapped(form_, "WINDOW");
+}
+
+FormWindow::FormWindow(Form& form, FormWindows& windows, HWND below,
                        const FormWindows::Place& place)
-    : form_(form), windows_(windows), class_(Class::get()), menu_(form) {
+    : TopWindow(form.modal() ? below : nullptr), form_(form), windows_(windows), menu_(form) {
   font_ = {form.size.font, place.fontPoints, place.fontName};
   BOOL always = TRUE;
   SystemParametersInfoW(SPI_GETKEYBOARDCUES, 0, &always, 0);
   cuesShown_ = always != FALSE;
-  {
-    const VisualStyles styles;
-    CreateWindowExW(WS_EX_CONTROLPARENT, className, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                    CW_USEDEFAULT, CW_USEDEFAULT, 640, 480, owner, nullptr, thisModule(), this);
-  }
-  if (!window_) return;
-  metrics_ = std::make_unique<Metrics>(dpiOf(window_), font_);
-  views_ = std::make_unique<FormViews>(form, windows, window_);
+  if (!window()) return;
+  metrics_ = std::make_unique<Metrics>(dpiOf(window()), font_);
+  views_ = std::make_unique<FormViews>(form, windows, window());
   views_->setMetrics(*metrics_);
-  lists_ = std::make_unique<DropDowns>(form, windows, window_);
+  lists_ = std::make_unique<DropDowns>(form, windows, window());
   lists_->setMetrics(*metrics_);
   guarded([&] {
     draw();
-    takeSize(place);
+    takeSize(below ? below : window(), place);
   });
 }
 
 FormWindow::~FormWindow() {
   detach();
-  covered_.reset();
-  lists_.reset();
-  views_.reset();
-  if (window_) DestroyWindow(std::exchange(window_, nullptr));
+  release();
 }
 
 // --- drawing ------------------------------------------------------------------------------------
@@ -108,8 +74,8 @@ void FormWindow::refresh() noexcept {
 void FormWindow::draw() {
   drawn_ = form_.version();
   const std::wstring caption = wide(form_.caption());
-  SetWindowTextW(window_, caption.c_str());
-  menu_.refresh(window_);
+  SetWindowTextW(window(), caption.c_str());
+  menu_.refresh(window());
   if (arranged_ != form_.arrangementVersion()) {
     arranged_ = form_.arrangementVersion();
     views_->arrange();
@@ -123,15 +89,15 @@ void FormWindow::draw() {
 
 void FormWindow::place() {
   RECT room{};
-  GetClientRect(window_, &room);
+  GetClientRect(window(), &room);
   least_ = views_->place(room);
 }
 
 void FormWindow::followFocus() {
-  if (GetActiveWindow() != window_) return;
+  if (GetActiveWindow() != window()) return;
   ControlView* active = views_->viewOf(form_.active());
   if (!active) {
-    if (GetFocus() != window_) SetFocus(window_);
+    if (GetFocus() != window()) SetFocus(window());
   } else if (!active->hasFocus()) {
     active->takeFocus();
   }
@@ -148,17 +114,17 @@ void FormWindow::takeFonts(UINT dpi) {
 
 // --- size and place -----------------------------------------------------------------------------
 
-void FormWindow::takeSize(const FormWindows::Place& wanted) {
-  const RECT area = workArea(GetWindow(window_, GW_OWNER));
+void FormWindow::takeSize(HWND beside, const FormWindows::Place& wanted) {
+  const RECT area = workArea(beside);
   const SIZE room{area.right - area.left, area.bottom - area.top};
   place();
-  const SIZE border = borders(window_);
+  const SIZE border = borders(window());
   const auto bounded = [](double share, LONG whole, LONG least) {
     return std::min(whole, std::max(static_cast<LONG>(std::lround(share * whole)), least));
   };
   const LONG width = bounded(form_.size.width, room.cx, least_.cx + border.cx);
   const LONG height = bounded(form_.size.height, room.cy, least_.cy + border.cy);
-  MoveWindow(window_, static_cast<int>(area.left + (room.cx - width) / 2),
+  MoveWindow(window(), static_cast<int>(area.left + (room.cx - width) / 2),
              static_cast<int>(area.top + (room.cy - height) / 2), static_cast<int>(width),
              static_cast<int>(height), FALSE);
   moveTo(wanted);
@@ -168,19 +134,19 @@ void FormWindow::moveTo(const FormWindows::Place& place) {
   const Metrics::Wish font{form_.size.font, place.fontPoints, place.fontName};
   if (!(font == font_)) {
     font_ = font;
-    guarded([&] { takeFonts(dpiOf(window_)); });
+    guarded([&] { takeFonts(dpiOf(window())); });
   }
   if (!place.left && !place.top && !place.width && !place.height) return;
   RECT now{};
-  GetWindowRect(window_, &now);
-  MoveWindow(window_, place.left.value_or(now.left), place.top.value_or(now.top),
+  GetWindowRect(window(), &now);
+  MoveWindow(window(), place.left.value_or(now.left), place.top.value_or(now.top),
              place.width.value_or(now.right - now.left),
              place.height.value_or(now.bottom - now.top), TRUE);
 }
 
 void FormWindow::bound(MINMAXINFO& bounds) const {
-  const RECT area = workArea(window_);
-  const SIZE border = borders(window_);
+  const RECT area = workArea(window());
+  const SIZE border = borders(window());
   bounds.ptMinTrackSize = {std::min(least_.cx + border.cx, area.right - area.left),
                            std::min(least_.cy + border.cy, area.bottom - area.top)};
 }
@@ -195,18 +161,18 @@ void FormWindow::resized(WPARAM how) {
 // --- coming and going ---------------------------------------------------------------------------
 
 void FormWindow::show() {
-  if (!window_) return;
-  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
-  if (GetActiveWindow() != window_ || GetForegroundWindow() != window_) {
-    SetForegroundWindow(window_);
-    SetActiveWindow(window_);
+  if (!window()) return;
+  ShowWindow(window(), IsIconic(window()) ? SW_RESTORE : SW_SHOW);
+  if (GetActiveWindow() != window() || GetForegroundWindow() != window()) {
+    SetForegroundWindow(window());
+    SetActiveWindow(window());
   }
   // A host may take long until it looks for messages again.
-  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  RedrawWindow(window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void FormWindow::cover() {
-  if (!covered_) covered_.emplace(window_);
+  if (!covered_) covered_.emplace(window());
 }
 
 void FormWindow::detach() {
@@ -218,45 +184,26 @@ void FormWindow::detach() {
 void FormWindow::close(HWND next) {
   // First of all: Windows would look for another window to work in, whosever it is.
   covered_.reset();
-  if (!window_) return;
-  const bool active = GetActiveWindow() == window_;
+  if (!window()) return;
+  const bool active = GetActiveWindow() == window();
   if (active && IsWindowVisible(next) && IsWindowEnabled(next)) SetActiveWindow(next);
-  ShowWindow(window_, SW_HIDE);
+  ShowWindow(window(), SW_HIDE);
 }
 
 void FormWindow::forgetOwner(HWND owner) {
-  if (GetWindow(window_, GW_OWNER) != owner) return;
-  SetWindowLongPtrW(window_, GWLP_HWNDPARENT, 0);
+  if (GetWindow(window(), GW_OWNER) != owner) return;
+  SetWindowLongPtrW(window(), GWLP_HWNDPARENT, 0);
 }
 
-// Windows goes before the form does: the host ends, or the window below it went.
-void FormWindow::destroyed() {
-  window_ = nullptr;
+void FormWindow::lost() {
   covered_.reset();
   if (!detached_) windows_.lost(form_);
 }
 
 // --- messages -----------------------------------------------------------------------------------
 
-LRESULT CALLBACK FormWindow::receive(HWND window, UINT message, WPARAM wide, LPARAM longer) {
-  const MessageScope scope;
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<FormWindow*>(reinterpret_cast<CREATESTRUCTW*>(longer)->lpCreateParams);
-    self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  std::optional<LRESULT> answer;
-  if (message == WM_NCDESTROY) {
-    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    if (self) self->guarded([&] { self->destroyed(); });
-  } else if (self && !self->detached_ && self->lists_) {
-    self->guarded([&] { answer = self->handle(message, wide, longer); });
-  }
-  return answer ? *answer : DefWindowProcW(window, message, wide, longer);
-}
-
 std::optional<LRESULT> FormWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
+  if (detached_ || !lists_) return {};
   switch (message) {
     case WM_SIZE:
       resized(wide);
@@ -308,7 +255,7 @@ std::optional<LRESULT> FormWindow::system(UINT message, WPARAM wide, LPARAM long
     case WM_DPICHANGED: {
       const auto& wanted = *reinterpret_cast<const RECT*>(longer);
       takeFonts(HIWORD(wide));
-      MoveWindow(window_, wanted.left, wanted.top, wanted.right - wanted.left,
+      MoveWindow(window(), wanted.left, wanted.top, wanted.right - wanted.left,
                  wanted.bottom - wanted.top, TRUE);
       return 0;
     }
@@ -317,8 +264,8 @@ std::optional<LRESULT> FormWindow::system(UINT message, WPARAM wide, LPARAM long
       views_->systemChanged(message, wide, longer);
       [[fallthrough]];
     case WM_THEMECHANGED:
-      takeFonts(dpiOf(window_));
-      RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      takeFonts(dpiOf(window()));
+      RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
       return {};
     default:
       return {};
@@ -362,7 +309,7 @@ bool FormWindow::access(wchar_t character) {
 void FormWindow::showCues(bool shown) {
   cuesShown_ = shown;
   const WPARAM how = MAKEWPARAM(shown ? UIS_CLEAR : UIS_SET, UISF_HIDEACCEL);
-  SendMessageW(window_, WM_UPDATEUISTATE, how, 0);
+  SendMessageW(window(), WM_UPDATEUISTATE, how, 0);
 }
 
 bool FormWindow::shortcut(const MSG& message) noexcept {

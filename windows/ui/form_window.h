@@ -16,19 +16,18 @@
 #include "windows/ui/menu.h"
 #include "windows/ui/metrics.h"
 #include "windows/ui/modal.h"
+#include "windows/ui/top_window.h"
 
 namespace quillet::windows {
 
-class FormWindow {
+class FormWindow : private TopWindow {
  public:
-  // Not shown yet. `owner`: what a modal form stands above.
-  FormWindow(Form& form, FormWindows& windows, HWND owner, const FormWindows::Place& place);
-  ~FormWindow();
-  FormWindow(const FormWindow&) = delete;
-  FormWindow& operator=(const FormWindow&) = delete;
+  // Not shown yet. `below`: the window that it appears in front of; a modal form stays there.
+  FormWindow(Form& form, FormWindows& windows, HWND below, const FormWindows::Place& place);
+  ~FormWindow() override;
 
   Form& form() const { return form_; }
-  HWND window() const { return window_; }
+  using TopWindow::window;
 
   // Draws what changed since the last time and lets the focus of Windows follow the form's.
   void refresh() noexcept;
@@ -47,14 +46,13 @@ class FormWindow {
   bool shortcut(const MSG& message) noexcept;
 
  private:
-  class Class;
+  std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM longer) override;
+  void lost() override;
+  void failed() noexcept override;
 
-  static LRESULT CALLBACK receive(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  std::optional<LRESULT> handle(UINT message, WPARAM wide, LPARAM longer);
   std::optional<LRESULT> system(UINT message, WPARAM wide, LPARAM longer);
   std::optional<LRESULT> command(WPARAM wide, LPARAM longer);
   std::optional<LRESULT> keys(UINT message, WPARAM wide);
-  void destroyed();
   void resized(WPARAM how);
   void bound(MINMAXINFO& bounds) const;
   bool access(wchar_t character);
@@ -62,7 +60,7 @@ class FormWindow {
   void draw();
   void place();
   void takeFonts(UINT dpi);
-  void takeSize(const FormWindows::Place& place);
+  void takeSize(HWND beside, const FormWindows::Place& place);
   void followFocus();
   void showCues(bool shown);
   template <class Body>
@@ -70,8 +68,6 @@ class FormWindow {
 
   Form& form_;
   FormWindows& windows_;
-  std::shared_ptr<Class> class_;
-  HWND window_ = nullptr;
   Metrics::Wish font_;
   std::unique_ptr<Metrics> metrics_;
   FormMenu menu_;

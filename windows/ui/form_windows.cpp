@@ -68,8 +68,7 @@ FormWindow& FormWindows::create(Form& form) {
   if (!hook_) {
     hook_.emplace([this](const MSG& message) { return dispatchKey(message); });
   }
-  windows_.push_back(
-      std::make_unique<FormWindow>(form, *this, form.modal() ? below : nullptr, place(form)));
+  windows_.push_back(std::make_unique<FormWindow>(form, *this, below, place(form)));
   return *windows_.back();
 }
 

@@ -32,6 +32,7 @@ struct Placement {
 class Layout {
  public:
   using PieceOf = std::function<Piece(const LayoutItem&)>;
+  // All of them outlive the object.
   Layout(const LayoutItem& arrangement, const Metrics& metrics, const PieceOf& pieceOf);
 
   // The least room in which nothing is cut.
@@ -73,7 +74,7 @@ class Layout {
   std::vector<int> share(const std::vector<Box>& boxes, bool across, int room) const;
 
   const Metrics& metrics_;
-  const PieceOf& pieceOf_;  // while boxes are made
+  const PieceOf& pieceOf_;
   Box root_;
 };
 

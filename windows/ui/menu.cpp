@@ -30,11 +30,6 @@ std::string nameOf(WPARAM virtualKey) {
 
 }  // namespace
 
-FormMenu::~FormMenu() {
-  // A menu that still hangs on a window goes with it.
-  if (bar_ && IsMenu(bar_)) DestroyMenu(bar_);
-}
-
 std::vector<FormMenu::Item> FormMenu::gather() const {
   std::vector<Item> items;
   for (MenuEntry* entry : view::menuEntries(form_)) {

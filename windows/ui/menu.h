@@ -15,7 +15,6 @@ namespace quillet::windows {
 class FormMenu {
  public:
   explicit FormMenu(Form& form) : form_(form) {}
-  ~FormMenu();
   FormMenu(const FormMenu&) = delete;
   FormMenu& operator=(const FormMenu&) = delete;
 
@@ -43,7 +42,7 @@ class FormMenu {
   void draw(HWND window);
 
   Form& form_;
-  HMENU bar_ = nullptr;
+  HMENU bar_ = nullptr;  // goes with the window
   std::vector<Item> items_;
 };
 

@@ -21,7 +21,7 @@ int SmallDialog::run(HWND owner, const std::wstring& title) {
   owner_ = owner;
   title_ = title;
   Template empty{};
-  empty.head.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+  empty.head.style = WS_POPUP | WS_VISIBLE | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
   const INT_PTR answer = DialogBoxIndirectParamW(thisModule(), &empty.head, owner, receive,
                                                  reinterpret_cast<LPARAM>(this));
   return answer > 0 ? static_cast<int>(answer) : IDCANCEL;

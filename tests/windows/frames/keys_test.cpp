@@ -61,6 +61,8 @@ TEST(AccessKeys, ClickFocusAndGoFromOneToTheNext) {
   desk.strike({VK_MENU, 'I'});
   EXPECT_EQ(form.active(), &form.start);
   EXPECT_EQ(form.done, Done{"send"});
+  desk.strike({VK_MENU, VK_F4});
+  EXPECT_FALSE(form.visible());
 }
 
 TEST(Menu, ShowsWhatItsEntriesSay) {
@@ -80,7 +82,8 @@ TEST(Menu, ShowsWhatItsEntriesSay) {
   EXPECT_TRUE(GetMenuState(menu, 1, MF_BYPOSITION) & MF_GRAYED);
   desk.windows.perform([&] { form.other.setVisible(false); });
   EXPECT_EQ(GetMenuItemCount(GetSubMenu(GetMenu(window), 0)), 1);
-  // Keys in an open menu are the menu's.
+  // Keys in an open menu are the menu's alone.
+  form.particular.KeyPress = [&](Key&) { form.done.emplace_back("key"); };
   Desk::queue({VK_MENU, 'M'});
   desk.strike({VK_RETURN});
   EXPECT_EQ(form.done, Done{"command"});

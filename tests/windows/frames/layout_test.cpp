@@ -83,6 +83,13 @@ TEST(Place, OfAHostHoldsBeforeAndAfterTheWindowIsThere) {
   desk.windows.setPlace(form, wanted);
   EXPECT_GT(height(), before * 3 / 2);
   EXPECT_EQ(desk.windows.place(form).width, 900);
+
+  // On a monitor with twice the dots, Windows proposes a place.
+  const LONG usual = height();
+  const RECT proposed{10, 10, 1010, 710};
+  SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&proposed));
+  EXPECT_GT(height(), usual * 3 / 2);
+  EXPECT_EQ(desk.windows.place(form).left, 10);
 }
 
 }  // namespace
