@@ -60,19 +60,23 @@ windows_test(frames frames_test.exe)
 windows_test(vtxt vtxt_test.exe
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(views views_test.exe)
-
-# A day's work by keys, on the component's windows and on the forms themselves.
-add_test(NAME windows.journey
-         COMMAND ${windows_tests}/journey/same $<TARGET_FILE:quillet> $<TARGET_FILE:suite_server>
-                 ${CMAKE_CURRENT_BINARY_DIR}/script/sample ${windows_tests}/journey/day.steps
-                 ${windows_tests}/run ${wine_prefix} --seconds 120
-                 --register ${windows_build}/windows/PrjQuillet.dll
-                 --register ${windows_build}/tests/windows/quillet_test_suite.dll
-                 ${windows_build}/tests/windows/journey.exe)
-set_tests_properties(windows.journey PROPERTIES
-  FIXTURES_REQUIRED "wine_prefix;sample_practice" LABELS windows TIMEOUT 240)
-
 windows_test(component component_test.exe
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(registration registration_test.exe)
 windows_test(class component/forms_class.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)
+
+# Journeys by keys, on the component's windows and on the forms themselves: a day's work; every form
+# once, whose pictures stay in the build folder.
+foreach(journey day forms)
+  add_test(NAME windows.journey.${journey}
+           COMMAND ${windows_tests}/journey/same $<TARGET_FILE:quillet> $<TARGET_FILE:suite_server>
+                   ${CMAKE_CURRENT_BINARY_DIR}/script/sample
+                   ${windows_tests}/journey/${journey}.steps
+                   ${PROJECT_BINARY_DIR}/tests/wine/${journey}
+                   ${windows_tests}/run ${wine_prefix} --seconds 120
+                   --register ${windows_build}/windows/PrjQuillet.dll
+                   --register ${windows_build}/tests/windows/quillet_test_suite.dll
+                   ${windows_build}/tests/windows/journey.exe)
+  set_tests_properties(windows.journey.${journey} PROPERTIES
+    FIXTURES_REQUIRED "wine_prefix;sample_practice" LABELS windows TIMEOUT 240)
+endforeach()

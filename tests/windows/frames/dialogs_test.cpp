@@ -23,7 +23,7 @@ class Answering {
       const HWND dialog = GetForegroundWindow();
       wchar_t name[20];
       GetClassNameW(dialog, name, 20);
-      if (std::wstring(name) != L"#32770") return;
+      if (std::wstring(name) != L"#32770" || !IsWindowVisible(dialog)) return;
       KillTimer(nullptr, timer);
       EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(dialog));
       for (HWND child = nullptr; (child = FindWindowExW(dialog, child, L"Button", nullptr));) {

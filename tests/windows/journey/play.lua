@@ -77,20 +77,24 @@ function play.rows(sql, at)
 end
 
 play["|"] = function() end
+play.picture = play["|"]
 
 function play.forms(names) equal(table.concat(quillet.forms(), " "), names) end
+
+-- Steps that may bring a question; the others are done while it stands.
+local function waits(step) return step.verb ~= "answer" and step.verb ~= "picture" end
 
 local record = assert(io.open(arg[2], "w"))
 for at, step in ipairs(steps) do
   -- An answer stands where a person gives it; here it is queued before.
   local after = at + 1
-  while steps[after] and steps[after].verb == "answer" do
-    if step.verb ~= "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
+  while waits(step) and steps[after] and not waits(steps[after]) do
+    if steps[after].verb == "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
     after = after + 1
   end
   local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
   if not ok then error(step.line .. "\n" .. message .. "\nfocus: " .. tostring(front().active), 0) end
-  if step.verb ~= "answer" and step.verb ~= "|" then record:write("- ", step.line, "\n") end
+  if waits(step) and step.verb ~= "|" then record:write("- ", step.line, "\n") end
   for _, sql in ipairs(quillet.statements()) do record:write(sql, "\n") end
 end
 record:close()

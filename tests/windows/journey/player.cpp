@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "journey/keyboard.h"
+#include "journey/picture.h"
 #include "journey/screen.h"
 
 namespace quillet::journey {
@@ -19,6 +20,8 @@ using windows::Late;
 
 // How long a step may take to show what it leads to.
 constexpr unsigned long patienceMs = 15000;
+// What is drawn late, such as a list below a box, has been drawn by then.
+constexpr unsigned long settlingMs = 300;
 
 std::string compared(const std::string& actual, const std::string& expected) {
   if (actual == expected) return {};
@@ -36,6 +39,7 @@ std::deque<std::string> words(const std::string& text) {
 
 Player::Player(std::vector<Step> steps, const std::string& record)
     : steps_(std::move(steps)),
+      folder_(std::filesystem::path(record).parent_path()),
       record_(record, std::ios::binary),
       forms_(Late::create("PrjQuillet.Forms")),
       practice_(Late::create("QuilletTest.Practice")) {}
@@ -88,6 +92,7 @@ std::string Player::difference(const Step& step) {
   if (step.verb == "shows") return textDifference(step.rest);
   if (step.verb == "rows") return rowsDifference(step);
   if (step.verb == "answer") return answerDifference(step.rest);
+  if (step.verb == "picture") return takePicture(step.rest);
   for (const char* verb : {"show", "type", "press", "command"}) {
     if (step.verb == verb) return {};
   }
@@ -155,9 +160,18 @@ std::string Player::answerDifference(const std::string& rest) {
   return "the box is open";
 }
 
+// Of the window in front, beside the record.
+std::string Player::takePicture(const std::string& name) {
+  const std::vector<HWND> windows = formWindows();
+  if (windows.empty()) return "no form is shown";
+  if (GetTickCount() < deadline_ - patienceMs + settlingMs) return "it is being drawn";
+  savePicture(windows.front(), (folder_ / (name + ".bmp")).string());
+  return {};
+}
+
 // What an answer leads to counts for the step that brought the question.
 void Player::finish(const Step& step) {
-  if (step.verb != "answer") record_ << "- " << step.line << '\n';
+  if (step.verb != "answer" && step.verb != "picture") record_ << "- " << step.line << '\n';
   record_ << asText(practice_.call("Statements"));
   ++at_;
   begun_ = false;

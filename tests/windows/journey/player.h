@@ -4,6 +4,7 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <string>
@@ -16,7 +17,7 @@ namespace quillet::journey {
 
 class Player {
  public:
-  // `record` gets the statements that each step sends.
+  // `record` gets the statements that each step sends; pictures go into its folder.
   Player(std::vector<Step> steps, const std::string& record);
 
   // Goes on; false at the end.
@@ -34,11 +35,13 @@ class Player {
   std::string textDifference(const std::string& rest);
   std::string rowsDifference(const Step& step);
   std::string answerDifference(const std::string& rest);
+  std::string takePicture(const std::string& name);
   windows::Late form(const std::string& name);
   void finish(const Step& step);
   void fail(const Step& step, const std::string& why);
 
   std::vector<Step> steps_;
+  std::filesystem::path folder_;
   std::size_t at_ = 0;
   bool begun_ = false;
   HWND answered_ = nullptr;  // the box
