@@ -56,6 +56,8 @@ target_link_libraries(suite_server PRIVATE quillet_suite)
 windows_test(suite suite.vbs BESIDE_SUITE)
 
 windows_test(ports ports_test.exe REGISTER tests/windows/quillet_test_served.dll)
+windows_test(served served.vbs
+             REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(frames frames_test.exe)
 windows_test(vtxt vtxt_test.exe
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
