@@ -1,7 +1,6 @@
 #include "windows/com/array.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "windows/com/errors.h"
@@ -11,12 +10,6 @@ namespace quillet::windows {
 namespace {
 
 constexpr const char* source = "Array";
-
-SAFEARRAY* made(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds) {
-  SAFEARRAY* array = SafeArrayCreate(type, dimensions, bounds);
-  if (!array) throw errorOf(E_OUTOFMEMORY, source);
-  return array;
-}
 
 }  // namespace
 
@@ -33,15 +26,13 @@ ArrayAccess::~ArrayAccess() {
   if (array_) SafeArrayUnaccessData(array_);
 }
 
-Array::Array(VARTYPE type, std::size_t size) : type_(type) {
-  SAFEARRAYBOUND bound{static_cast<ULONG>(size), 0};
-  array_ = made(type, 1, &bound);
-}
-
-Array::Array(VARTYPE type, std::size_t rows, std::size_t columns) : type_(type) {
-  std::array<SAFEARRAYBOUND, 2> bounds{
-      {{static_cast<ULONG>(rows), 1}, {static_cast<ULONG>(columns), 1}}};
-  array_ = made(type, 2, bounds.data());
+Array::Array(VARTYPE type, std::initializer_list<Dimension> dimensions) : type_(type) {
+  std::vector<SAFEARRAYBOUND> bounds;
+  for (const auto& [size, first] : dimensions) {
+    bounds.push_back({static_cast<ULONG>(size), first});
+  }
+  array_ = SafeArrayCreate(type, static_cast<UINT>(bounds.size()), bounds.data());
+  if (!array_) throw errorOf(E_OUTOFMEMORY, source);
 }
 
 Array::~Array() {

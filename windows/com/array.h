@@ -4,6 +4,7 @@
 #include <ole2.h>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -42,9 +43,11 @@ class ArrayView : private ArrayAccess {
 // An array of its own.
 class Array {
  public:
-  Array(VARTYPE type, std::size_t size);
-  // Indexed by row and column from 1, as a range of cells takes it.
-  Array(VARTYPE type, std::size_t rows, std::size_t columns);
+  struct Dimension {
+    std::size_t size;
+    LONG first = 0;  // index of its first element
+  };
+  Array(VARTYPE type, std::initializer_list<Dimension> dimensions);
   ~Array();
   Array(const Array&) = delete;
   Array& operator=(const Array&) = delete;

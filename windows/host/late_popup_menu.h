@@ -17,7 +17,7 @@ class LatePopupMenu : public PopupMenu {
 
   int choose(const std::vector<std::string>& entries) override {
     if (!menu_.has("choose")) return own_.choose(entries);
-    Array texts(VT_VARIANT, entries.size());
+    Array texts(VT_VARIANT, {{entries.size()}});
     fill(texts, entries);
     return static_cast<int>(asLong(menu_.call("choose", texts.release())));
   }

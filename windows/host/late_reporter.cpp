@@ -12,7 +12,8 @@ namespace {
 
 class TextsArgument {
  public:
-  TextsArgument(VARTYPE type, const std::vector<std::string>& texts) : array_(type, texts.size()) {
+  TextsArgument(VARTYPE type, const std::vector<std::string>& texts, LONG first)
+      : array_(type, {{texts.size(), first}}) {
     fill(array_, texts);
   }
   Variant reference() { return array_.reference(); }
@@ -26,7 +27,8 @@ class TextsArgument {
 template <class Element, class Item>
 class NumbersArgument {
  public:
-  NumbersArgument(VARTYPE type, const std::vector<Item>& items) : array_(type, items.size()) {
+  NumbersArgument(VARTYPE type, const std::vector<Item>& items, LONG first)
+      : array_(type, {{items.size(), first}}) {
     const ArrayView<Element> elements(array_.get());
     std::transform(items.begin(), items.end(), elements.begin(),
                    [](Item item) { return static_cast<Element>(item); });
@@ -72,6 +74,7 @@ void LateReporter::NewReport() { reporter_.call("NewReport"); }
 void LateReporter::printtext(const std::string& text) { reporter_.call("printtext", text); }
 
 void LateReporter::CreateTable(int firstColumn, int columns) {
+  firstColumn_ = firstColumn;
   reporter_.call("CreateTable", firstColumn, columns);
 }
 
@@ -79,11 +82,11 @@ void LateReporter::WriteToReport(std::vector<std::string>& values, std::vector<A
                                  std::vector<long>& widths, std::vector<std::string>& before,
                                  std::vector<std::string>& after, bool& heading, std::string& rules,
                                  std::string& emphasis, std::string& last, std::string& printed) {
-  TextsArgument cells(VT_VARIANT, values);
-  NumbersArgument<SHORT, Align> sides(VT_I2, alignments);
-  NumbersArgument<LONG, long> characters(VT_I4, widths);
-  TextsArgument codesBefore(VT_BSTR, before);
-  TextsArgument codesAfter(VT_BSTR, after);
+  TextsArgument cells(VT_VARIANT, values, firstColumn_);
+  NumbersArgument<SHORT, Align> sides(VT_I2, alignments, firstColumn_);
+  NumbersArgument<LONG, long> characters(VT_I4, widths, firstColumn_);
+  TextsArgument codesBefore(VT_BSTR, before, firstColumn_);
+  TextsArgument codesAfter(VT_BSTR, after, firstColumn_);
   TruthArgument repeats(heading);
   TextArgument masks[] = {TextArgument(rules), TextArgument(emphasis), TextArgument(last),
                           TextArgument(printed)};

@@ -15,7 +15,7 @@ class LateReporter : public Reporter {
   void printtext(const std::string& text) override;
   void CreateTable(int firstColumn, int columns) override;
   // All ten go by reference with the types that the reporter declares; what it writes into them
-  // comes back.
+  // comes back. The arrays are indexed as the columns of the table are numbered.
   void WriteToReport(std::vector<std::string>& values, std::vector<Align>& alignments,
                      std::vector<long>& widths, std::vector<std::string>& before,
                      std::vector<std::string>& after, bool& heading, std::string& rules,
@@ -24,6 +24,7 @@ class LateReporter : public Reporter {
 
  private:
   Late reporter_;
+  long firstColumn_ = 1;
 };
 
 }  // namespace quillet::windows

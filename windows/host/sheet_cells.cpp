@@ -59,13 +59,13 @@ bool SheetCells::writeAtOnce(const Late& sheet) const {
     const Late range = sheet.object("Range", address(top, left, bottom, right));
     if (leavesContents(range)) return false;
     formatTexts(sheet);
-    Array values(VT_VARIANT, bottom - top + 1, right - left + 1);
+    const std::size_t rows = bottom - top + 1;
+    const std::size_t columns = right - left + 1;
+    Array values(VT_VARIANT, {{rows, 1}, {columns, 1}});
     {
       const ArrayView<VARIANT> elements(values.get());
       for (const auto& [place, value] : cells_) {
-        const int down = place.first - top;
-        const int across = place.second - left;
-        variantOf(value).moveTo(&elements[across * (bottom - top + 1) + down]);
+        variantOf(value).moveTo(&elements[(place.second - left) * rows + place.first - top]);
       }
     }
     range.put("Value", values.release());

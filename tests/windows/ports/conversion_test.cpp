@@ -189,7 +189,9 @@ TEST(Calls, TakeAnAnswerByReference) {
     *result = Variant::reference(text);
     return S_OK;
   });
-  EXPECT_EQ(windows::asText(host.call("GETTBNAME", 12)), "0012");
+  const Variant answer = host.call("GETTBNAME", 12);
+  SysReAllocString(&text, L"changed");
+  EXPECT_EQ(windows::asText(answer), "0012");
 }
 
 SIZE_T memoryUsed() {

@@ -8,6 +8,7 @@
 #include "controls/form.h"
 #include "controls/open_forms.h"
 #include "fakes/recordset.h"
+#include "ports/busy.h"
 #include "ports/recorder.h"
 #include "ports/suite.h"
 
@@ -159,7 +160,7 @@ TEST(Operations, HandOutTheHostsOwnObjects) {
        [](auto& s) {
          EXPECT_EQ(s.PopupMenuObj().choose({"&Alter", "-"}), 2);
        },
-       "choose(Array of Variant [ '&Alter', '-' ])"},
+       "choose(Array of Variant from 0 [ '&Alter', '-' ])"},
       {"ObjHelp", [](auto& s) { s.ObjHelp().Show(); }, "Show()"},
   };
   for (const Part& part : parts) {
@@ -197,6 +198,21 @@ TEST(Operations, BeyondWhatAHostOffersStayAway) {
       suite.host->forget(object);
     }
   }
+}
+
+// An indicator that fails neither stays nor hides what failed.
+TEST(Operations, HideTheProgressWhateverFails) {
+  Suite suite;
+  suite.host->answers("progress", {});
+  suite.host->answers("objProgress", {});
+  EXPECT_THROW(Busy(suite.service(), "Loading"), RunTimeError);
+  EXPECT_EQ(suite.host->calls.back(), "progress(Boolean 0)");
+  suite.host->add("progress", [](const Call& call) -> Variant {
+    if (call.integer(0) == 0) throw RunTimeError(91, "No indicator", "TalBase");
+    return {};
+  });
+  { const Busy busy(suite.service()); }
+  EXPECT_EQ(suite.host->calls.back(), "progress(Boolean 0)");
 }
 
 TEST(Operations, AskALedgersNameOnceInAnAct) {

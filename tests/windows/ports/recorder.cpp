@@ -39,7 +39,11 @@ std::string valueOf(const VARIANT& value) {
 
 std::string elements(SAFEARRAY* array) {
   std::string all;
-  for (LONG i = 0; i < static_cast<LONG>(windows::lengthOf(array, 1)); ++i) {
+  LONG first = 0;
+  LONG last = -1;
+  SafeArrayGetLBound(array, 1, &first);
+  SafeArrayGetUBound(array, 1, &last);
+  for (LONG i = first; i <= last; ++i) {
     VARTYPE type = VT_EMPTY;
     SafeArrayGetVartype(array, &type);
     Variant element;
@@ -48,7 +52,7 @@ std::string elements(SAFEARRAY* array) {
     if (type != VT_VARIANT) element.vt = type;
     all += (all.empty() ? "" : ",") + valueOf(element);
   }
-  return " [" + all + " ]";
+  return " from " + std::to_string(first) + " [" + all + " ]";
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ class Recorder : public MemberTable {
   std::vector<std::string> forgotten_;
 };
 
-// "Long 5", "ref Boolean 1", "ref Array of String ['a', 'b']".
+// "Long 5", "ref Boolean 1", "ref Array of String from 1 [ 'a', 'b' ]".
 std::string shown(const VARIANT& value);
 
 // From now on the class of that name makes the object; null: it makes none any more.

@@ -59,7 +59,7 @@ Variant writeInto(const Call& call) {
   Variant(2.5).moveTo(&values[0]);
   windows::ArrayView<SHORT>(*call[1].pparray)[0] = 0;
   windows::ArrayView<LONG>(*call[2].pparray)[1] = -1;
-  windows::Array shorter(VT_BSTR, 1);
+  windows::Array shorter(VT_BSTR, {{1, 7}});
   windows::fill(shorter, {"new"});
   Variant given = shorter.release();
   SafeArrayDestroy(std::exchange(*call[3].pparray, given.parray));
@@ -92,10 +92,10 @@ TEST(Report, PassesTenArgumentsByReferenceAndTakesThemBack) {
       "NewReport()",
       "printtext(String 'Trial Balance')",
       "CreateTable(Long 1, Long 5)",
-      "WriteToReport(ref Array of Variant [ '1', 'B\xC3\xA4"
-      "cker' ], ref Array of Integer [ 1, 2 ], ref Array of Long [ 0, 40000 ], "
-      "ref Array of String [ '', '\x1B"
-      "E' ], ref Array of String [ '', '\x1B"
+      "WriteToReport(ref Array of Variant from 1 [ '1', 'B\xC3\xA4"
+      "cker' ], ref Array of Integer from 1 [ 1, 2 ], ref Array of Long from 1 [ 0, 40000 ], "
+      "ref Array of String from 1 [ '', '\x1B"
+      "E' ], ref Array of String from 1 [ '', '\x1B"
       "F' ], ref Boolean 1, ref String '11', ref String '00', ref String '01', ref String '10')",
       "ShowReport()"};
   EXPECT_EQ(reporter->calls, expected);

@@ -116,7 +116,8 @@ Variant FakeSpreadsheet::values(int top, int left, int bottom, int right) {
     return text.empty() ? Variant() : Variant(text);
   };
   if (top == bottom && left == right) return value(top, left);
-  windows::Array all(VT_VARIANT, bottom - top + 1, right - left + 1);
+  windows::Array all(VT_VARIANT, {{static_cast<std::size_t>(bottom - top + 1), 1},
+                                  {static_cast<std::size_t>(right - left + 1), 1}});
   for (LONG row = top; row <= bottom; ++row) {
     for (LONG column = left; column <= right; ++column) {
       LONG place[] = {row - top + 1, column - left + 1};

@@ -38,7 +38,7 @@ Variant decimal(double amount) {
 }
 
 Variant bytes(const std::string& text) {
-  windows::Array array(VT_UI1, text.size());
+  windows::Array array(VT_UI1, {{text.size()}});
   {
     const windows::ArrayView<char> elements(array.get());
     std::copy(text.begin(), text.end(), elements.begin());
