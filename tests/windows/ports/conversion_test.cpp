@@ -195,10 +195,9 @@ TEST(Calls, TakeAnAnswerByReference) {
 }
 
 SIZE_T memoryUsed() {
-  PROCESS_MEMORY_COUNTERS_EX counters{};
-  GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                       sizeof counters);
-  return counters.PrivateUsage;
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+  return counters.PagefileUsage;
 }
 
 TEST(Errors, LeaveNoMemoryBehind) {
