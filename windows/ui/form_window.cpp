@@ -6,6 +6,7 @@
 
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
+#include "windows/ui/window_text.h"
 #include "windows/ui/work_area.h"
 
 namespace quillet::windows {
@@ -73,8 +74,7 @@ void FormWindow::refresh() noexcept {
 
 void FormWindow::draw() {
   drawn_ = form_.version();
-  const std::wstring caption = wide(form_.caption());
-  SetWindowTextW(window(), caption.c_str());
+  showText(window(), wide(form_.caption()));
   menu_.refresh(window());
   if (arranged_ != form_.arrangementVersion()) {
     arranged_ = form_.arrangementVersion();

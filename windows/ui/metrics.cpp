@@ -4,28 +4,12 @@
 #include <cmath>
 #include <cwchar>
 
+#include "view/access_keys.h"
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
 
 namespace quillet::windows {
 namespace {
-
-// A drawing surface to measure on.
-class Paper {
- public:
-  explicit Paper(HFONT font) : dc_(GetDC(nullptr)), before_(SelectObject(dc_, font)) {}
-  ~Paper() {
-    SelectObject(dc_, before_);
-    ReleaseDC(nullptr, dc_);
-  }
-  Paper(const Paper&) = delete;
-  Paper& operator=(const Paper&) = delete;
-  HDC dc() const { return dc_; }
-
- private:
-  HDC dc_;
-  HGDIOBJ before_;
-};
 
 LOGFONTW fontWanted(UINT dpi, const Metrics::Wish& wish) {
   LOGFONTW font = systemMetrics(dpi).lfMessageFont;
@@ -52,31 +36,28 @@ Metrics::Metrics(UINT dpi, const Wish& wish) : dpi_(dpi) {
   other.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * 0.92));
   quiet_ = CreateFontIndirectW(&other);
 
-  const Paper paper(font_);
+  paper_ = CreateCompatibleDC(nullptr);
+  SelectObject(paper_, font_);
   TEXTMETRICW text{};
-  GetTextMetricsW(paper.dc(), &text);
-  SIZE digit{};
-  GetTextExtentPoint32W(paper.dc(), L"0", 1, &digit);
+  GetTextMetricsW(paper_, &text);
+  digit_ = std::max(1, widthOf(L"0"));
   constexpr double usualLine = 15;  // of the system's font at the usual resolution
   line_ = std::max<int>(1, text.tmHeight);
-  digit_ = std::max<int>(1, digit.cx);
   step_ = std::max(4, static_cast<int>(std::lround(8 * line_ / usualLine)));
   box_ = line_ + step_;
   row_ = line_ + std::max(2, step_ * 3 / 4);
 }
 
 Metrics::~Metrics() {
+  DeleteDC(paper_);
   for (const HFONT font : {font_, bold_, quiet_}) DeleteObject(font);
 }
 
 int Metrics::widthOf(std::wstring_view text, bool plain) const {
-  if (text.empty()) return 0;
-  const Paper paper(font_);
-  RECT room{};
-  const UINT marks = plain ? DT_NOPREFIX : 0;
-  DrawTextW(paper.dc(), text.data(), static_cast<int>(text.size()), &room,
-            DT_CALCRECT | DT_SINGLELINE | marks);
-  return room.right;
+  const std::wstring shown = plain ? std::wstring(text) : wide(view::withoutMarks(utf8(text)));
+  SIZE size{};
+  GetTextExtentPoint32W(paper_, shown.data(), static_cast<int>(shown.size()), &size);
+  return static_cast<int>(size.cx);
 }
 
 }  // namespace quillet::windows

@@ -44,6 +44,7 @@ class Metrics {
 
  private:
   UINT dpi_;
+  HDC paper_ = nullptr;  // to measure on
   HFONT font_ = nullptr, bold_ = nullptr, quiet_ = nullptr;
   int step_ = 0, line_ = 0, box_ = 0, row_ = 0, digit_ = 0;
 };
