@@ -1,29 +1,15 @@
 #include "windows/component/class_factory.h"
 
-#include "windows/com/errors.h"
+#include "windows/com/counted.h"
 #include "windows/component/classes.h"
 #include "windows/component/module.h"
 
 namespace quillet::windows {
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public Counted<IClassFactory> {
  public:
   explicit ClassFactory(MakeObject make) : make_(make) {}
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    if (!object) return E_POINTER;
-    *object = iid == IID_IUnknown || iid == IID_IClassFactory ? this : nullptr;
-    if (!*object) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
 
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override {
     if (!object) return E_POINTER;
@@ -36,11 +22,8 @@ class ClassFactory final : public IClassFactory {
   }
 
  private:
-  ~ClassFactory() = default;
-
   module::Use use_;
   MakeObject make_;
-  ULONG references_ = 1;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "windows/component/control_list.h"
 
+#include "windows/component/enumerator.h"
 #include "windows/component/form_object.h"
 #include "windows/component/members.h"
 
@@ -8,64 +9,7 @@ namespace {
 
 enum Id : DISPID { countId = 1, itemId, lowestId, highestId };
 
-// The objects that a list held when it was asked.
-class Enumerator final : public IEnumVARIANT {
- public:
-  explicit Enumerator(std::vector<Variant> items, std::size_t at = 0)
-      : items_(std::move(items)), at_(at) {}
-
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    if (!object) return E_POINTER;
-    *object = iid == IID_IUnknown || iid == IID_IEnumVARIANT ? this : nullptr;
-    if (!*object) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
-  STDMETHODIMP Next(ULONG wanted, VARIANT* items, ULONG* given) noexcept override {
-    if (!items) return E_POINTER;
-    ULONG count = 0;
-    for (; count < wanted && at_ < items_.size(); ++count) {
-      VariantInit(&items[count]);
-      VariantCopy(&items[count], &items_[at_++]);
-    }
-    if (given) *given = count;
-    return count == wanted ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP Skip(ULONG count) noexcept override {
-    const std::size_t left = items_.size() - at_;
-    at_ += std::min<std::size_t>(count, left);
-    return count <= left ? S_OK : S_FALSE;
-  }
-  STDMETHODIMP Reset() noexcept override {
-    at_ = 0;
-    return S_OK;
-  }
-  STDMETHODIMP Clone(IEnumVARIANT** copy) noexcept override {
-    if (!copy) return E_POINTER;
-    *copy = nullptr;
-    try {
-      *copy = new Enumerator(items_, at_);
-      return S_OK;
-    } catch (...) {
-      return E_OUTOFMEMORY;
-    }
-  }
-
- private:
-  ~Enumerator() = default;
-
-  module::Use use_;
-  std::vector<Variant> items_;
-  std::size_t at_;
-  ULONG references_ = 1;
-};
+void handOut(const Variant& object, VARIANT* to) { Variant(object).moveTo(to); }
 
 }  // namespace
 
@@ -112,7 +56,7 @@ Variant ControlList::each() const {
   for (Control* control : controls()) objects.emplace_back(form_->objectOf(*control));
   Variant result;
   result.vt = VT_UNKNOWN;
-  result.punkVal = new Enumerator(std::move(objects));
+  result.punkVal = new Enumerator<IEnumVARIANT, VARIANT, Variant, handOut>(std::move(objects));
   return result;
 }
 

@@ -1,13 +1,12 @@
 // A font as hosts know it: an object with a name and a size, which they read and set.
 #pragma once
 
-#include <ocidl.h>
-#include <olectl.h>
+#include <oaidl.h>
 
 #include <functional>
 #include <string>
 
-#include "windows/com/pointer.h"
+#include "windows/component/ole_font.h"
 
 namespace quillet::windows {
 
@@ -15,7 +14,6 @@ class FontObject {
  public:
   // Starts as the system's font for dialogs. `changed` runs whenever a host changes it.
   explicit FontObject(std::function<void()> changed = {});
-  ~FontObject();
   FontObject(const FontObject&) = delete;
   FontObject& operator=(const FontObject&) = delete;
 
@@ -29,12 +27,8 @@ class FontObject {
   void setPoints(double points);
 
  private:
-  class Sink;
-
   Pointer<IFont> font_;
-  Pointer<Sink> sink_;
-  Pointer<IConnectionPoint> source_;
-  DWORD cookie_ = 0;
+  FontChanges changes_;
 };
 
 }  // namespace quillet::windows

@@ -2,6 +2,7 @@
 
 #include <quillet_com.h>
 
+#include "windows/com/counted.h"
 #include "windows/com/errors.h"
 #include "windows/com/pointer.h"
 #include "windows/com/text.h"
@@ -12,28 +13,8 @@
 namespace quillet::windows {
 namespace {
 
-class FormsObject final : public _Forms, public ISupportErrorInfo {
+class FormsObject final : public Counted<_Forms, ISupportErrorInfo> {
  public:
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    if (!object) return E_POINTER;
-    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID__Forms) {
-      *object = static_cast<_Forms*>(this);
-    } else if (iid == IID_ISupportErrorInfo) {
-      *object = static_cast<ISupportErrorInfo*>(this);
-    } else {
-      *object = nullptr;
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
   STDMETHODIMP InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
     return iid == IID__Forms ? S_OK : S_FALSE;
   }
@@ -95,8 +76,6 @@ class FormsObject final : public _Forms, public ISupportErrorInfo {
   }
 
  private:
-  ~FormsObject() = default;
-
   static Forms& forms() { return Component::instance().forms(); }
 
   // A form that cannot be made is nothing, and no error.
@@ -111,7 +90,6 @@ class FormsObject final : public _Forms, public ISupportErrorInfo {
   }
 
   module::Use use_;
-  ULONG references_ = 1;
 };
 
 }  // namespace

@@ -6,20 +6,6 @@
 
 namespace quillet::windows {
 
-STDMETHODIMP NamedObject::QueryInterface(REFIID iid, void** object) noexcept {
-  if (!object) return E_POINTER;
-  *object = iid == IID_IUnknown || iid == IID_IDispatch ? static_cast<IDispatch*>(this) : nullptr;
-  if (!*object) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
-
-STDMETHODIMP_(ULONG) NamedObject::Release() noexcept {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 STDMETHODIMP NamedObject::GetTypeInfoCount(UINT* count) noexcept {
   if (!count) return E_POINTER;
   *count = 0;

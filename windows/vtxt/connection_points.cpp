@@ -3,10 +3,28 @@
 #include <quillet_vtxt_com.h>
 
 #include "windows/com/errors.h"
-#include "windows/vtxt/enumerator.h"
+#include "windows/component/enumerator.h"
 #include "windows/vtxt/vtxt_control.h"
 
 namespace quillet::windows {
+namespace {
+
+using Point = Pointer<IConnectionPoint>;
+struct Connection {
+  Pointer<IUnknown> sink;
+  DWORD cookie;
+};
+
+void handOutPoint(const Point& point, IConnectionPoint** to) { *to = Point(point).detach(); }
+
+void handOutConnection(const Connection& connection, CONNECTDATA* to) {
+  *to = {Pointer(connection.sink).detach(), connection.cookie};
+}
+
+using Points = Enumerator<IEnumConnectionPoints, IConnectionPoint*, Point, handOutPoint>;
+using Connections = Enumerator<IEnumConnections, CONNECTDATA, Connection, handOutConnection>;
+
+}  // namespace
 
 // --- one point ----------------------------------------------------------------------------------
 
@@ -70,7 +88,7 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) no
   return guarded(iid_, [&] {
     std::vector<Connection> list;
     for (const auto& [cookie, sink] : sinks_) list.push_back({sink, cookie});
-    *connections = new Enumerator<IEnumConnections, CONNECTDATA, Connection>(std::move(list));
+    *connections = new Connections(std::move(list));
   });
 }
 
@@ -85,9 +103,7 @@ STDMETHODIMP ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** poin
   if (!points) return E_POINTER;
   *points = nullptr;
   return guarded(IID_IConnectionPointContainer, [&] {
-    using Point = Pointer<IConnectionPoint>;
-    *points = new Enumerator<IEnumConnectionPoints, IConnectionPoint*, Point>(
-        std::vector<Point>{&events, &properties});
+    *points = new Points(std::vector<Point>{&events, &properties});
   });
 }
 

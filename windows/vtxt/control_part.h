@@ -4,6 +4,8 @@
 
 #include <ole2.h>
 
+#include "windows/com/counted.h"
+
 namespace quillet::windows {
 
 class VTxtControl;
@@ -25,11 +27,7 @@ class ControlPart : public Interfaces... {
   STDMETHODIMP_(ULONG) Release() noexcept final { return identityOf(control_).Release(); }
 
   // Null when the interface is not one of this part.
-  void* find(REFIID iid) noexcept {
-    void* found = nullptr;
-    ((iid == __uuidof(Interfaces) ? void(found = static_cast<Interfaces*>(this)) : void()), ...);
-    return found;
-  }
+  void* find(REFIID iid) noexcept { return interfaceOf<Interfaces...>(*this, iid); }
 
  protected:
   ~ControlPart() = default;

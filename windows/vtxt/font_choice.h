@@ -6,7 +6,7 @@
 
 #include <functional>
 
-#include "windows/com/pointer.h"
+#include "windows/component/ole_font.h"
 #include "windows/vtxt/control_site.h"
 
 namespace quillet::windows {
@@ -15,7 +15,6 @@ class FontChoice {
  public:
   // `changed` runs when somebody changes a property of the font.
   FontChoice(const ControlSite& site, std::function<void()> changed);
-  ~FontChoice();
   FontChoice(const FontChoice&) = delete;
   FontChoice& operator=(const FontChoice&) = delete;
 
@@ -28,16 +27,12 @@ class FontChoice {
   HFONT create(UINT dpi);
 
  private:
-  class Listener;
-
   const Pointer<IFont>& font();
   void keep(IFont* original);
-  void letGo();
 
   const ControlSite& site_;
-  Pointer<Listener> listener_;
   Pointer<IFont> font_;
-  DWORD connection_ = 0;
+  FontChanges changes_;
   bool chosen_ = false;
 };
 

@@ -1,51 +1,24 @@
-// Hands out the members of a list that stays as it is, as COM's enumerators do.
+// Hands out the members of a list as it was when somebody asked for it.
 #pragma once
-
-#include <ocidl.h>
 
 #include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "windows/com/counted.h"
 #include "windows/component/module.h"
 
 namespace quillet::windows {
 
-// How one member of the list is handed out.
-inline void handOut(const Pointer<IConnectionPoint>& point, IConnectionPoint** to) {
-  *to = Pointer(point).detach();
-}
-struct Connection {
-  Pointer<IUnknown> sink;
-  DWORD cookie;
-};
-inline void handOut(const Connection& connection, CONNECTDATA* to) {
-  *to = {Pointer(connection.sink).detach(), connection.cookie};
-}
-
-// `Interface` enumerates `Item`s, each made of one `Member`.
-template <class Interface, class Item, class Member>
-class Enumerator final : public Interface {
+// `Interface` enumerates `Item`s, each of which is made of one `Member`.
+template <class Interface, class Item, class Member, void (*handOut)(const Member&, Item*)>
+class Enumerator final : public Counted<Interface> {
  public:
   explicit Enumerator(std::vector<Member> members, std::size_t at = 0)
       : members_(std::move(members)), at_(at) {}
 
-  STDMETHODIMP QueryInterface(REFIID iid, void** object) noexcept override {
-    if (!object) return E_POINTER;
-    *object = iid == IID_IUnknown || iid == __uuidof(Interface) ? this : nullptr;
-    if (!*object) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() noexcept override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
   STDMETHODIMP Next(ULONG wanted, Item* items, ULONG* given) noexcept override {
-    if (!items || (!given && wanted != 1)) return E_POINTER;
+    if (!items) return E_POINTER;
     const auto count = std::min<std::size_t>(wanted, members_.size() - at_);
     for (std::size_t i = 0; i < count; ++i) handOut(members_[at_++], &items[i]);
     if (given) *given = static_cast<ULONG>(count);
@@ -72,12 +45,11 @@ class Enumerator final : public Interface {
   }
 
  private:
-  ~Enumerator() = default;
+  ~Enumerator() override = default;
 
   module::Use use_;
   std::vector<Member> members_;
   std::size_t at_;
-  ULONG references_ = 1;
 };
 
 }  // namespace quillet::windows
