@@ -238,10 +238,8 @@ std::optional<LRESULT> FormWindow::handle(UINT message, WPARAM wide, LPARAM long
     case WM_CTLCOLORSTATIC:
     case WM_CTLCOLOREDIT:
     case WM_CTLCOLORBTN:
-    case WM_CTLCOLORLISTBOX: {
-      ControlView* view = views_->viewOf(reinterpret_cast<HWND>(longer));
-      return view ? view->coloured(reinterpret_cast<HDC>(wide)) : std::nullopt;
-    }
+    case WM_CTLCOLORLISTBOX:
+      return coloured(reinterpret_cast<HDC>(wide), reinterpret_cast<HWND>(longer));
     default:
       return system(message, wide, longer);
   }
@@ -281,6 +279,14 @@ std::optional<LRESULT> FormWindow::command(WPARAM wide, LPARAM longer) {
     view->command(HIWORD(wide));
   }
   return 0;
+}
+
+std::optional<LRESULT> FormWindow::coloured(HDC paper, HWND part) {
+  if (ControlView* view = views_->viewOf(part)) return view->coloured(paper);
+  // The label of a field.
+  SetTextColor(paper, GetSysColor(COLOR_BTNTEXT));
+  SetBkColor(paper, GetSysColor(COLOR_BTNFACE));
+  return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
 }
 
 // No control has the focus: the form still sees every key.

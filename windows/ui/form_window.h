@@ -52,6 +52,7 @@ class FormWindow : private TopWindow {
 
   std::optional<LRESULT> system(UINT message, WPARAM wide, LPARAM longer);
   std::optional<LRESULT> command(WPARAM wide, LPARAM longer);
+  std::optional<LRESULT> coloured(HDC paper, HWND part);
   std::optional<LRESULT> keys(UINT message, WPARAM wide);
   void resized(WPARAM how);
   void bound(MINMAXINFO& bounds) const;

@@ -9,7 +9,7 @@ SampleForm::SampleForm(OpenForms& openForms, std::string name) : Form(openForms,
   names.setColumns({{.heading = "Name", .stretch = true}});
   names.setRows(20, [](int id) { return std::vector<std::string>{std::to_string(id)}; });
   for (Control* each :
-       std::initializer_list<Control*>{&command, &other, &save, &send, &stop, &start}) {
+       std::initializer_list<Control*>{&command, &other, &help, &save, &send, &stop, &start}) {
     each->Click = [this, each] { done.push_back(each->name()); };
   }
 }

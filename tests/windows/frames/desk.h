@@ -25,6 +25,7 @@ class SampleForm : public Form {
   MenuEntry menu{*this, "menu", "&Menu"};
   MenuEntry command{*this, "command", "&Command", &menu, "F5"};
   MenuEntry other{*this, "other", "&Other", &menu, "Ctrl+P"};
+  MenuEntry help{*this, "mnuhelp", "&Help", &menu};
   TextBox particular{*this, "particular"};
   TextBox amount{*this, "amount"};
   Button save{*this, "save", "&Save"};
