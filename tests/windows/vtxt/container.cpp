@@ -85,6 +85,20 @@ void type(HWND dialog, const std::string& characters) {
   }
 }
 
+void click(HWND dialog, HWND window) {
+  RECT room;
+  GetWindowRect(window, &room);
+  SetCursorPos((room.left + room.right) / 2, (room.top + room.bottom) / 2);
+  pump(dialog);
+  for (const DWORD change : {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = change;
+    SendInput(1, &input, sizeof input);
+  }
+  pump(dialog);
+}
+
 // --- message boxes ------------------------------------------------------------------------------
 
 Messages::Messages() : timer_(SetTimer(nullptr, 0, 20, look)) {}

@@ -25,6 +25,8 @@ void pump(HWND dialog);
 // Real keys, as the keyboard sends them: characters, then the keys by their codes.
 void type(HWND dialog, const std::string& characters);
 void press(HWND dialog, WORD code, bool shift = false);
+// A real click into the middle of a window.
+void click(HWND dialog, HWND window);
 
 // Answers message boxes with Enter and keeps what they said.
 class Messages {

@@ -84,6 +84,14 @@ TEST_F(VTxtPlaced, LeavingByOtherWaysChecksTheText) {
   EXPECT_EQ(GetFocus(), second.inner());
 }
 
+TEST_F(VTxtPlaced, AClickBringsTheFocusFirst) {
+  Sink sink(second.control);
+  first.activate();
+  click(program.window(), second.inner());
+  EXPECT_EQ(sink.heard(), "GotFocus MouseDown MouseUp Click");
+  EXPECT_EQ(GetFocus(), second.inner());
+}
+
 TEST_F(VTxtPlaced, FollowsItsHostsSizeAndGoesWithIt) {
   MoveWindow(first.host, 10, 10, 200, 24, TRUE);
   RECT box;

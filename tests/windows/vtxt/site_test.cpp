@@ -19,6 +19,11 @@ Pointer<IUnknown> newControl(IUnknown* outer = nullptr) {
   return control;
 }
 
+BOOL CALLBACK counted(HWND, LPARAM number) {
+  ++*reinterpret_cast<int*>(number);
+  return TRUE;
+}
+
 Late named(const Pointer<IUnknown>& control) { return {control.query<IDispatch>(), "VTxt"}; }
 
 class VTxtOnSite : public testing::Test {
@@ -144,6 +149,27 @@ TEST_F(VTxtOnSite, TellsOfChangesUntilTheyAreSaved) {
   CreateStreamOnHGlobal(nullptr, TRUE, stream.put());
   EXPECT_EQ(persisted->Save(stream.get(), TRUE), S_OK);
   EXPECT_EQ(persisted->IsDirty(), S_FALSE);
+}
+
+TEST_F(VTxtOnSite, LeavesNoWindowHoweverOftenItIsPlaced) {
+  const auto windows = [&] {
+    int count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), counted, reinterpret_cast<LPARAM>(&count));
+    EnumChildWindows(program.window(), counted, reinterpret_cast<LPARAM>(&count));
+    return count;
+  };
+  const int before = windows();
+  for (int round = 0; round < 100; ++round) {
+    control = newControl();
+    object = control.query<IOleObject>();
+    named(control).put("ToolTipText", "a tip");
+    place();
+    verb(OLEIVERB_UIACTIVATE);
+    ASSERT_GT(windows(), before);
+    object = {};
+    control = {};
+    ASSERT_EQ(windows(), before);
+  }
 }
 
 TEST_F(VTxtOnSite, ListsWhereItCanBeHeard) {
