@@ -46,6 +46,7 @@ void ComboView::draw() {
   if (!metrics()) return;
   const int inside = metrics()->box() - 2 * GetSystemMetrics(SM_CYEDGE) - metrics()->pixels(2);
   SendMessageW(window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), inside);
+  SendMessageW(window(), CB_SETITEMHEIGHT, 0, metrics()->row());
 }
 
 void ComboView::command(WORD code) {

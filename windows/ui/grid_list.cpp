@@ -184,11 +184,20 @@ void GridList::showCurrent() {
 
 // --- places -------------------------------------------------------------------------------------
 
+// The list itself counts its headings only once it has been shown.
 int GridList::heightOf(int rows) const {
-  RECT whole{0, 0, 0, 0};
-  AdjustWindowRectEx(&whole, 0, FALSE, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
-  const DWORD wanted = ListView_ApproximateViewRect(window_, -1, -1, rows);
-  return HIWORD(wanted) + whole.bottom - whole.top;
+  RECT room{0, 0, 1000, 1000};
+  WINDOWPOS place{};
+  HDLAYOUT layout{&room, &place};
+  const bool hasHeadings = !(GetWindowLongPtrW(window_, GWL_STYLE) & LVS_NOCOLUMNHEADER);
+  if (hasHeadings) Header_Layout(header(), &layout);
+  const auto height = [&](int count) {
+    return static_cast<int>(HIWORD(ListView_ApproximateViewRect(window_, -1, -1, count)));
+  };
+  RECT border{};
+  AdjustWindowRectEx(&border, 0, FALSE,
+                     static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
+  return place.cy + rows * (height(1) - height(0)) + border.bottom - border.top;
 }
 
 int GridList::gridColumn(int shown) const {
@@ -201,10 +210,8 @@ int GridList::shownColumn(int column) const {
   return found == columns_.end() ? -1 : static_cast<int>(found - columns_.begin());
 }
 
-int GridList::shownWidth(int column) const {
-  const int shown = shownColumn(column);
-  if (shown < 0 || !metrics_) return 0;
-  return cellMetrics(*metrics_).characters(ListView_GetColumnWidth(window_, shown));
+int GridList::charactersOf(int pixels) const {
+  return metrics_ ? cellMetrics(*metrics_).characters(pixels) : 0;
 }
 
 GridCell GridList::cellAt(POINT place) const {

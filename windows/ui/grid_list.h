@@ -43,8 +43,8 @@ class GridList {
 
   // The height of that many rows, with headings and borders.
   int heightOf(int rows) const;
-  // The width in characters that a column has on the screen, by the grid's number.
-  int shownWidth(int column) const;
+  // What a column of that width holds.
+  int charactersOf(int pixels) const;
   // By the list's number; -1 for none.
   int gridColumn(int shown) const;
   GridCell cellAt(POINT place) const;

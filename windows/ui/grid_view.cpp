@@ -199,21 +199,24 @@ void GridView::rowChosen(const NMHDR& told) {
   perform([&] { grid_.setCurrent(row); });
 }
 
-void GridView::headingUsed(const NMHDR& what) {
-  switch (what.code) {
+void GridView::headingUsed(const NMHDR& told) {
+  const auto& what = reinterpret_cast<const NMHEADERW&>(told);
+  int width = 0;
+  switch (told.code) {
     case HDN_BEGINTRACKW:
-      endEditing(true);
+      return endEditing(true);
+    case HDN_ENDTRACKW:  // the column is about to get the width
+      if (what.pitem && (what.pitem->mask & HDI_WIDTH)) width = what.pitem->cxy;
       break;
-    case HDN_ENDTRACKW:
-    case HDN_DIVIDERDBLCLICKW: {
-      const int column = list_.gridColumn(reinterpret_cast<const NMHEADERW&>(what).iItem);
-      if (column < 0) break;
-      perform([&] { grid_.setColumnWidth(column, list_.shownWidth(column)); });
+    case HDN_DIVIDERDBLCLICKW:  // it has it
+      width = ListView_GetColumnWidth(window(), what.iItem);
       break;
-    }
     default:
       break;
   }
+  const int column = list_.gridColumn(what.iItem);
+  if (width < 1 || column < 0) return;
+  perform([&] { grid_.setColumnWidth(column, list_.charactersOf(width)); });
 }
 
 }  // namespace quillet::windows

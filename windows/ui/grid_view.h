@@ -33,7 +33,7 @@ class GridView : public ControlView {
   void popUp();
   void doubleClicked(POINT place);
   void showTip(POINT place);
-  void headingUsed(const NMHDR& what);
+  void headingUsed(const NMHDR& told);
   void rowChosen(const NMHDR& told);
   // False when the cell cannot be edited.
   bool edit(GridCell cell);

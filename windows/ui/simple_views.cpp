@@ -150,7 +150,8 @@ void FrameView::paint() {
   RECT room{};
   GetClientRect(window(), &room);
   FillRect(paper, &room, GetSysColorBrush(COLOR_BTNFACE));
-  FrameRect(paper, &room, GetSysColorBrush(COLOR_BTNSHADOW));
+  SetDCBrushColor(paper, shade(COLOR_BTNTEXT, COLOR_BTNFACE, highContrast() ? 1 : 0.24));
+  FrameRect(paper, &room, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
   if (metrics()) {
     const HGDIOBJ before = SelectObject(paper, metrics()->bold());
     const int step = metrics()->step();

@@ -99,6 +99,24 @@ TEST_F(Grids, SortsByItsHeadings) {
   EXPECT_EQ(heading.fmt & HDF_JUSTIFYMASK, HDF_RIGHT);
 }
 
+TEST_F(Grids, KeepsAWidthThatAPersonDraggedTo) {
+  fill(10);
+  RECT room{};
+  SendMessageW(header(), HDM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&room));
+  const auto drag = [&](UINT message, LONG x) {
+    SendMessageW(header(), message, MK_LBUTTON, MAKELPARAM(x, 8));
+  };
+  drag(WM_LBUTTONDOWN, room.right - 2);
+  drag(WM_MOUSEMOVE, room.right + 40);
+  drag(WM_LBUTTONUP, room.right + 40);
+  settle();
+  const int wide = ListView_GetColumnWidth(list, 2);
+  EXPECT_GT(wide, room.right - room.left + 30);
+  EXPECT_GT(form.grid.columns()[2].width, 15);
+  windows.perform([&] { form.grid.setCell(1, 1, "Other"); });
+  EXPECT_EQ(ListView_GetColumnWidth(list, 2), wide);
+}
+
 TEST_F(Grids, TicksByClickAndSpace) {
   fill(10);
   press(list, inside(3, 0));
