@@ -21,6 +21,12 @@ bool usable(const Control& control) {
   return true;
 }
 
+// Asks first: showing a window that is shown costs more.
+void setVisible(HWND window, bool visible) {
+  const bool isVisible = GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE;
+  if (visible != isVisible) ShowWindow(window, visible ? SW_SHOWNA : SW_HIDE);
+}
+
 }  // namespace
 
 ControlView::ControlView(Control& control, view::ActionRunner& runner, HWND parent)
@@ -69,13 +75,10 @@ void ControlView::drawState() {
     if (each && IsWindowEnabled(each) != static_cast<BOOL>(enabled)) EnableWindow(each, enabled);
   }
   drawVisible(shown);
-  if (label_) ShowWindow(label_, shown ? SW_SHOWNA : SW_HIDE);
+  if (label_) setVisible(label_, shown);
 }
 
-void ControlView::drawVisible(bool visible) {
-  const bool isVisible = GetWindowLongPtrW(window(), GWL_STYLE) & WS_VISIBLE;
-  if (visible != isVisible) ShowWindow(window(), visible ? SW_SHOWNA : SW_HIDE);
-}
+void ControlView::drawVisible(bool visible) { setVisible(window(), visible); }
 
 void ControlView::setLabel(HWND label) {
   label_ = label;
