@@ -43,12 +43,20 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
   cmdclients.Click = [this] {
     this->form().focus(*this);
     context_.host->ShowClListSelection(status_);
+    dialogShown();
   };
   cmdcolumns.Click = [this] {
     this->form().focus(*this);
     keepWidths();
     context_.host->ShowClListSetup();
+    dialogShown();
   };
+}
+
+// A dialog that is one of our forms is in front now; when it closes, the form of this list comes to
+// the front and reads it anew. A host's own dialog is closed by now, unnoticed.
+void ClGrd::dialogShown() {
+  if (context_.openForms.active() == &form()) form().activate();
 }
 
 // --- the list -----------------------------------------------------------------------------------

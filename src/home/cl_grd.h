@@ -75,6 +75,7 @@ class ClGrd : public Grid {
   // The filter as the list writes it, "" when no client answers to it.
   std::string fillFilter(ComboBox& box, std::size_t column, const std::string& wanted);
   void filterChosen();
+  void dialogShown();
   void typed(Key& key);
   void movedFromSearch(Key& key);
 

@@ -10,6 +10,7 @@
 #include "data/errors.h"
 #include "data/paths.h"
 #include "editor/frmcrtb.h"
+#include "home/third.h"
 #include "ports/practice.h"
 #include "ports/spreadsheet.h"
 
@@ -45,6 +46,20 @@ TEST(Module, LogsAHostThatGivesNoRecordset) {
   EXPECT_TRUE(afterTime(lines[0]).starts_with(
       "91\tThe host gave no recordset\tTalBase.ClsMain.RecordsetQuery\tthird\t"))
       << lines[0];
+}
+
+// The host's own dialog is no form of ours: nothing of ours comes to the front when it closes.
+TEST(Module, ReadsTheClientsAnewAfterADialogOfTheHost) {
+  Practice practice;
+  practice.suite.host->add("ShowClListSelection", [&](const Call&) {
+    practice.clients = 2;
+    return Variant();
+  });
+  auto& home = static_cast<third&>(*practice.forms().ObjThird());
+  home.show();
+  EXPECT_EQ(home.ClGrd1.rows(), 1);
+  home.click(home.ClGrd1.cmdclients);
+  EXPECT_EQ(home.ClGrd1.rows(), 2);
 }
 
 // The number of a missing table is whatever stands between the module and the database makes of it.

@@ -42,7 +42,8 @@ const std::vector<Table>& tables() {
       {"FROM TEMPCLTBL",
        {"CodeNo", "Name", "Status", "Father", "Born", "Address", "GroupCode", "GroupName",
         "Company"},
-       {{"C1", "Asha Traders", "Firm", Variant::null(), "", "Pune", "", "", ""}}},
+       {{"C1", "Asha Traders", "Firm", Variant::null(), "", "Pune", "", "", ""},
+        {"C2", "Birla & Co", "Firm", "", "", 411001, "", "", ""}}},
   };
   return all;
 }
@@ -106,7 +107,9 @@ Variant Practice::rows(const std::string& sql) const {
   }
   for (const Table& table : tables()) {
     if (upperCase(sql).find(table.words) == std::string::npos) continue;
-    return recordset(table.names, table.rows).get();
+    std::vector<Row> found = table.rows;
+    if (table.names.front() == "CodeNo") found.resize(clients);
+    return recordset(table.names, found).get();
   }
   return recordset({"nothing"}, {}).get();
 }

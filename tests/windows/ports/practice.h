@@ -34,6 +34,7 @@ struct Practice : Environment {
   WrittenDialogs boxes;
   std::filesystem::path folder;  // of the host's program; its name has a letter beyond ASCII
   std::string failing;           // a statement that holds this fails
+  std::size_t clients = 1;       // in the register, at most two
 
   // The module, made when it is first asked for.
   Forms& forms();
