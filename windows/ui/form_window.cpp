@@ -6,23 +6,10 @@
 
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
+#include "windows/ui/extents.h"
 #include "windows/ui/window_text.h"
-#include "windows/ui/work_area.h"
 
 namespace quillet::windows {
-namespace {
-
-// What the window's border, caption and menu add to its inside.
-SIZE borders(HWND window) {
-  RECT outside{};
-  RECT inside{};
-  GetWindowRect(window, &outside);
-  GetClientRect(window, &inside);
-  return {outside.right - outside.left - inside.right,
-          outside.bottom - outside.top - inside.bottom};
-}
-
-}  // namespace
 
 // No exception passes into Windows.
 template <class Body>
@@ -118,7 +105,7 @@ void FormWindow::takeSize(HWND beside, const FormWindows::Place& wanted) {
   const RECT area = workArea(beside);
   const SIZE room{area.right - area.left, area.bottom - area.top};
   place();
-  const SIZE border = borders(window());
+  const SIZE border = bordersOf(window());
   const auto bounded = [](double share, LONG whole, LONG least) {
     return std::min(whole, std::max(static_cast<LONG>(std::lround(share * whole)), least));
   };
@@ -146,7 +133,7 @@ void FormWindow::moveTo(const FormWindows::Place& place) {
 
 void FormWindow::bound(MINMAXINFO& bounds) const {
   const RECT area = workArea(window());
-  const SIZE border = borders(window());
+  const SIZE border = bordersOf(window());
   bounds.ptMinTrackSize = {std::min(least_.cx + border.cx, area.right - area.left),
                            std::min(least_.cy + border.cy, area.bottom - area.top)};
 }

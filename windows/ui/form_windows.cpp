@@ -97,6 +97,7 @@ std::unique_ptr<FormWindow> FormWindows::take(const Form& form) {
 
 void FormWindows::closed(Form& form) {
   const MessageScope scope;
+  if (lost_ == &form) lost_ = nullptr;
   std::unique_ptr<FormWindow> window = take(form);
   if (!window) return;
   // Another window of ours that stands above this one stays.
@@ -109,7 +110,10 @@ void FormWindows::closed(Form& form) {
 void FormWindows::lost(Form& form) {
   std::unique_ptr<FormWindow> window = take(form);
   if (window) MessageScope::discard(std::move(window));
+  lost_ = &form;
   perform([&] { form.close(); });
+  // It refused, since something in it is not stored yet.
+  if (lost_) opened(*std::exchange(lost_, nullptr));
 }
 
 void FormWindows::left() {
@@ -124,8 +128,8 @@ void FormWindows::left() {
 // --- for the host -------------------------------------------------------------------------------
 
 void FormWindows::runUntilClosed(Form& form) {
-  if (FormWindow* window = of(form)) window->cover();
-  while (of(form)) {
+  while (FormWindow* window = of(form)) {
+    window->cover();
     MSG message{};
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got <= 0) {

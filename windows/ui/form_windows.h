@@ -49,7 +49,7 @@ class FormWindows : public view::FormWindows {
   // For the windows and dialogs themselves.
   using view::FormWindows::activated;
   using view::FormWindows::interrupted;
-  // Somebody else destroyed the form's window.
+  // Somebody else destroyed the form's window: the form closes, or gets another one.
   void lost(Form& form);
 
  protected:
@@ -67,6 +67,7 @@ class FormWindows : public view::FormWindows {
   std::vector<std::unique_ptr<FormWindow>> windows_;  // oldest first
   std::map<std::string, Place> places_;               // by the names of forms
   std::optional<KeyHook> hook_;                       // while there are windows
+  Form* lost_ = nullptr;                              // its window is gone, and it is closing
   HWND host_ = nullptr;  // the window that was in front before the first of ours
 };
 

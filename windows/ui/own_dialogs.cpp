@@ -5,9 +5,9 @@
 #include "view/message_texts.h"
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
+#include "windows/ui/extents.h"
 #include "windows/ui/small_dialog.h"
 #include "windows/ui/window_text.h"
-#include "windows/ui/work_area.h"
 
 namespace quillet::windows {
 namespace {

@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "windows/ui/dpi.h"
+#include "windows/ui/extents.h"
 #include "windows/ui/this_module.h"
-#include "windows/ui/work_area.h"
 
 namespace quillet::windows {
 namespace {
 
 // A dialog without controls: menu, class and title follow, all empty.
-struct Template {
+struct alignas(4) Template {
   DLGTEMPLATE head;
   WORD menu, windowClass, title;
 };
@@ -70,12 +70,12 @@ void SmallDialog::addButtons(const SIZE& room) {
 }
 
 void SmallDialog::centre(const SIZE& inside) {
-  RECT frame{0, 0, inside.cx, inside.cy};
-  AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                     static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
+  SetWindowPos(window_, nullptr, 0, 0, static_cast<int>(inside.cx), static_cast<int>(inside.cy),
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
+  const SIZE border = bordersOf(window_);
   const RECT room = area();
-  const LONG width = frame.right - frame.left;
-  const LONG height = frame.bottom - frame.top;
+  const LONG width = inside.cx + border.cx;
+  const LONG height = inside.cy + border.cy;
   SetWindowPos(window_, nullptr, static_cast<int>((room.left + room.right - width) / 2),
                static_cast<int>((room.top + room.bottom - height) / 2), static_cast<int>(width),
                static_cast<int>(height), SWP_NOZORDER | SWP_NOACTIVATE);

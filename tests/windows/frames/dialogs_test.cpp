@@ -6,8 +6,8 @@
 #include <fstream>
 
 #include "frames/desk.h"
+#include "windows/ui/extents.h"
 #include "windows/ui/popup_menu.h"
-#include "windows/ui/work_area.h"
 
 namespace quillet::windows {
 namespace {

@@ -84,6 +84,11 @@ TEST(RunUntilClosed, EndsWithAWindowThatSomebodyElseDestroys) {
   EXPECT_FALSE(form.visible());
   EXPECT_TRUE(IsWindowEnabled(desk.host()));
   EXPECT_TRUE(IsWindow(desk.show(form)));  // and it can be shown again
+
+  // A form that does not want to go gets another window.
+  form.refusesToClose = true;
+  DestroyWindow(desk.windows.windowOf(form));
+  EXPECT_TRUE(IsWindowVisible(desk.windows.windowOf(form)));
 }
 
 // --- what is left -------------------------------------------------------------------------------

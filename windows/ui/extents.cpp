@@ -1,4 +1,4 @@
-#include "windows/ui/work_area.h"
+#include "windows/ui/extents.h"
 
 namespace quillet::windows {
 
@@ -11,6 +11,15 @@ RECT workArea(HWND window) {
   RECT area{};
   SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
   return area;
+}
+
+SIZE bordersOf(HWND window) {
+  RECT outside{};
+  RECT inside{};
+  GetWindowRect(window, &outside);
+  GetClientRect(window, &inside);
+  return {outside.right - outside.left - inside.right,
+          outside.bottom - outside.top - inside.bottom};
 }
 
 }  // namespace quillet::windows
