@@ -47,7 +47,7 @@ Left whatIsThere() {
   PROCESS_MEMORY_COUNTERS_EX counters{};
   GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
                        sizeof counters);
-  left.memory = counters.PrivateUsage;
+  left.memory = counters.PagefileUsage;
   return left;
 }
 
