@@ -19,7 +19,7 @@ set_tests_properties(windows.prefix PROPERTIES
 function(windows_test name file)
   cmake_parse_arguments(PARSE_ARGV 2 it "BESIDE_SUITE" "SECONDS" "REGISTER;ARGUMENTS")
   if(NOT it_SECONDS)
-    set(it_SECONDS 60)
+    set(it_SECONDS 120)
   endif()
   set(options --seconds ${it_SECONDS})
   set(fixtures wine_prefix)

@@ -24,6 +24,9 @@ local function equal(actual, expected)
   end
 end
 
+local record = assert(io.open(arg[2], "w"))
+local function keep(line) record:write(line, "\n") end
+
 local function rows(sql)
   local lines = {}
   for i, row in ipairs(quillet.query(sql)) do
@@ -79,12 +82,34 @@ end
 play["|"] = function() end
 play.picture = play["|"]
 
+function play.fail(text) quillet.fail(text) end
+
+-- The lines of the error log since the last time, without the time at their head.
+local logged = 0
+function play.log()
+  local lines = quillet.log()
+  for i = logged + 1, #lines do keep((lines[i]:gsub("^[^\t]*\t", ""))) end
+  logged = #lines
+end
+
+function play.report()
+  local report = quillet.report()
+  for _, heading in ipairs(report.headings) do keep(heading) end
+  for _, row in ipairs(report.rows) do keep(table.concat(row, "\t")) end
+end
+
+-- The closing stock's form is the suite's, and what it sends is not the module's.
+function play.stock(rest)
+  control(rest:match("^%S+ %S+ (%S+)")):click()
+  quillet.statements()
+  front():close()
+end
+
 function play.forms(names) equal(table.concat(quillet.forms(), " "), names) end
 
 -- Steps that may bring a question; the others are done while it stands.
 local function waits(step) return step.verb ~= "answer" and step.verb ~= "picture" end
 
-local record = assert(io.open(arg[2], "w"))
 for at, step in ipairs(steps) do
   -- An answer stands where a person gives it; here it is queued before.
   local after = at + 1
@@ -94,8 +119,8 @@ for at, step in ipairs(steps) do
   end
   local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
   if not ok then error(step.line .. "\n" .. message .. "\nfocus: " .. tostring(front().active), 0) end
-  if waits(step) and step.verb ~= "|" then record:write("- ", step.line, "\n") end
-  for _, sql in ipairs(quillet.statements()) do record:write(sql, "\n") end
+  if waits(step) and step.verb ~= "|" then keep("- " .. step.line) end
+  for _, sql in ipairs(quillet.statements()) do keep(sql) end
 end
 record:close()
-assert(#quillet.log() == 0, "something was trapped: " .. tostring(quillet.log()[1]))
+assert(#quillet.log() == logged, "something was trapped: " .. tostring(quillet.log()[logged + 1]))

@@ -42,7 +42,8 @@ Player::Player(std::vector<Step> steps, const std::string& record)
       folder_(std::filesystem::path(record).parent_path()),
       record_(record, std::ios::binary),
       forms_(Late::create("PrjQuillet.Forms")),
-      practice_(Late::create("QuilletTest.Practice")) {}
+      practice_(Late::create("QuilletTest.Practice")),
+      kept_(Late::create("QuilletTest.Kept")) {}
 
 bool Player::next() {
   if (!failure_.empty() || at_ == steps_.size()) return false;
@@ -83,6 +84,10 @@ void Player::begin(const Step& step) {
   } else if (step.verb == "command") {
     // The control is for those who press no keys.
     keys_ = words(split(step.rest).rest);
+  } else if (step.verb == "stock") {
+    keys_ = words(split(split(split(step.rest).rest).rest).rest);
+  } else if (step.verb == "fail") {
+    practice_.call("Fail", step.rest);
   }
 }
 
@@ -93,7 +98,8 @@ std::string Player::difference(const Step& step) {
   if (step.verb == "rows") return rowsDifference(step);
   if (step.verb == "answer") return answerDifference(step.rest);
   if (step.verb == "picture") return takePicture(step.rest);
-  for (const char* verb : {"show", "type", "press", "command"}) {
+  if (step.verb == "stock") return stockDifference(step.rest);
+  for (const char* verb : {"show", "type", "press", "command", "fail", "log", "report"}) {
     if (step.verb == verb) return {};
   }
   throw std::runtime_error("There is no such step.");
@@ -160,6 +166,24 @@ std::string Player::answerDifference(const std::string& rest) {
   return "the box is open";
 }
 
+// The form of the closing stock, which is the suite's, was shown for that client and table.
+std::string Player::stockDifference(const std::string& rest) {
+  const auto [client, more] = split(rest);
+  return compared(asText(kept_.call("Stock")),
+                  "LoadData " + client + " " + split(more).first + "\nShow 1\n");
+}
+
+// The lines of the error log since the last time, without the time at their head.
+std::string Player::newErrors() {
+  const std::string all = asText(practice_.call("Log"));
+  std::istringstream lines(all.substr(logged_));
+  logged_ = all.size();
+  std::string found;
+  for (std::string line; std::getline(lines, line);)
+    found += trimmed(line.substr(line.find('\t') + 1)) + '\n';
+  return found;
+}
+
 // Of the window in front, beside the record.
 std::string Player::takePicture(const std::string& name) {
   const std::vector<HWND> windows = formWindows();
@@ -171,10 +195,13 @@ std::string Player::takePicture(const std::string& name) {
 
 // What an answer leads to counts for the step that brought the question.
 void Player::finish(const Step& step) {
+  if (step.verb == "log") record_ << newErrors();
+  if (step.verb == "report") record_ << asText(kept_.call("Report"));
   if (step.verb != "answer" && step.verb != "picture") record_ << "- " << step.line << '\n';
   record_ << asText(practice_.call("Statements"));
   ++at_;
   begun_ = false;
+  if (at_ == steps_.size()) failure_ = newErrors();
 }
 
 void Player::fail(const Step& step, const std::string& why) {

@@ -35,6 +35,8 @@ class Player {
   std::string textDifference(const std::string& rest);
   std::string rowsDifference(const Step& step);
   std::string answerDifference(const std::string& rest);
+  std::string stockDifference(const std::string& rest);
+  std::string newErrors();
   std::string takePicture(const std::string& name);
   windows::Late form(const std::string& name);
   void finish(const Step& step);
@@ -49,7 +51,9 @@ class Player {
   std::deque<std::string> keys_;  // to be pressed yet
   std::ofstream record_;
   windows::Late forms_;
-  windows::Late practice_;
+  windows::Late practice_;  // the suite's books and what it recorded
+  windows::Late kept_;      // what its other parts were handed
+  std::size_t logged_ = 0;  // bytes of the error log that were read
   std::string failure_;
 };
 

@@ -1,6 +1,7 @@
 #include "remote/reporter.h"
 
 #include <memory>
+#include <utility>
 
 #include "data/errors.h"
 #include "remote/kept.h"
@@ -23,6 +24,19 @@ constexpr VARTYPE argumentTypes[] = {VT_ARRAY | VT_VARIANT,
                                      VT_BSTR,
                                      VT_BSTR};
 
+// Without the printer's codes, each an Escape and a letter.
+std::string printed(const std::string& cell) {
+  std::string text;
+  for (std::size_t i = 0; i < cell.size(); ++i) {
+    if (cell[i] == '\x1b') {
+      ++i;
+    } else {
+      text += cell[i];
+    }
+  }
+  return text;
+}
+
 std::string rowOf(const Call& call) {
   for (std::size_t i = 0; i < std::size(argumentTypes); ++i) {
     if (call[i].vt != (argumentTypes[i] | VT_BYREF)) {
@@ -31,9 +45,10 @@ std::string rowOf(const Call& call) {
     }
   }
   std::string row;
+  bool first = true;
   for (const VARIANT& cell : windows::ArrayView<VARIANT>(*call[0].pparray)) {
-    if (!row.empty()) row += '\t';
-    row += windows::asText(cell);
+    if (!std::exchange(first, false)) row += '\t';
+    row += printed(windows::asText(cell));
   }
   return row;
 }
@@ -55,7 +70,8 @@ Pointer<IDispatch> makeReporter() {
     return Variant();
   });
   reporter->add("printtext", [lines](const Call& call) {
-    lines->push_back(call.text(0));
+    const std::string line = printed(call.text(0));
+    if (!line.empty()) lines->push_back(line);
     return Variant();
   });
   reporter->add("CreateTable", [](const Call& call) {
