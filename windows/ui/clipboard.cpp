@@ -48,4 +48,10 @@ std::optional<UINT> editingCommand(WPARAM virtualKey) {
   }
 }
 
+bool isEditingKey(WPARAM virtualKey) {
+  if (editingCommand(virtualKey)) return true;
+  const bool deletes = virtualKey == VK_DELETE || virtualKey == VK_BACK;
+  return deletes && isHeld(VK_CONTROL) && !isHeld(VK_MENU);
+}
+
 }  // namespace quillet::windows

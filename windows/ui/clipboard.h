@@ -14,5 +14,7 @@ std::string clipboardText(HWND window);
 // The message that a key with Ctrl or Shift stands for in every box of text: WM_COPY, WM_CUT,
 // WM_PASTE, WM_UNDO, or EM_SETSEL for selecting everything.
 std::optional<UINT> editingCommand(WPARAM virtualKey);
+// Whether a box of text uses the key itself, whatever else the form does with it.
+bool isEditingKey(WPARAM virtualKey);
 
 }  // namespace quillet::windows

@@ -46,6 +46,9 @@ class ControlView : public OwnedWindow, public view::ControlTie {
   // Puts it there, in coordinates of the form's window.
   virtual void place(const RECT& where);
 
+  // Whether the control uses a key with Ctrl itself, which is no shortcut of the form's menu then.
+  virtual bool keepsKey(WPARAM) const { return false; }
+
   // What the window tells its parent, which passes it on: WM_COMMAND, WM_NOTIFY, and the messages
   // that ask for colours (WM_CTLCOLORSTATIC and its like).
   virtual void command(WORD code);

@@ -312,6 +312,8 @@ bool FormWindow::shortcut(const MSG& message) noexcept {
   guarded([&] {
     if (!cuesShown_ && (message.wParam == VK_MENU || message.wParam == VK_F10)) showCues(true);
     if (message.message == WM_KEYDOWN) access_.forget();
+    const ControlView* active = views_->viewOf(form_.active());
+    if (active && active->keepsKey(message.wParam)) return;
     Control* command = menu_.shortcut(message.wParam);
     if (!command && message.wParam == VK_F1) command = form_.find("mnuhelp");
     if (!command || !command->clickable()) return;

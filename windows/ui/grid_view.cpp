@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "view/grid_acts.h"
+#include "windows/ui/clipboard.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
@@ -58,6 +59,8 @@ void GridView::keysTyped(const std::vector<Key>& typed) {
   if (typed.front() == keys::Left) list_.scrollAcross(-across);
   if (typed.front() == keys::Right) list_.scrollAcross(across);
 }
+
+bool GridView::keepsKey(WPARAM code) const { return editor_ && isEditingKey(code); }
 
 // Whatever else is pressed is none of the list's: it would choose rows by itself.
 bool GridView::commandKey(WPARAM code) {

@@ -17,6 +17,7 @@ class GridView : public ControlView {
   GridView(Grid& grid, view::ActionRunner& runner, HWND parent);
 
   SIZE wantedSize(const Metrics& metrics) const override;
+  bool keepsKey(WPARAM code) const override;
   std::optional<LRESULT> notified(NMHDR& what) override;
 
  protected:

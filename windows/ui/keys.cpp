@@ -28,7 +28,7 @@ bool bringsCharacter(WPARAM code) {
 }
 
 KeyReader::Result readKeyDown(WPARAM code) {
-  if (isCommand()) return {};
+  if (isHeld(VK_CONTROL) || isHeld(VK_MENU)) return {};
   if (bringsCharacter(code)) return {{}, true};
   for (const auto& [named, key] : namedKeys) {
     if (named != code) continue;

@@ -1,6 +1,7 @@
 #include "windows/ui/mask_view.h"
 
 #include <commctrl.h>
+#include <imm.h>
 
 #include "view/typed_text.h"
 #include "windows/com/text.h"
@@ -13,6 +14,7 @@ namespace quillet::windows {
 MaskView::MaskView(MaskBox& box, view::ActionRunner& runner, HWND parent)
     : ControlView(box, runner, parent), box_(box) {
   adopt(makeChild(WC_EDITW, parent, ES_AUTOHSCROLL, WS_EX_CLIENTEDGE));
+  ImmAssociateContextEx(window(), nullptr, 0);  // there is nothing to compose in a date
 }
 
 SIZE MaskView::wantedSize(const Metrics& metrics) const {
@@ -31,6 +33,8 @@ void MaskView::showCaret() {
 void MaskView::keysTyped(const std::vector<Key>& typed) {
   typeAll(typed, [this](Key key) { pressAll({key}); });
 }
+
+bool MaskView::keepsKey(WPARAM code) const { return isEditingKey(code); }
 
 bool MaskView::commandKey(WPARAM code) {
   const auto command = editingCommand(code);

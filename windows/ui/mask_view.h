@@ -11,13 +11,14 @@ class MaskView : public ControlView {
   MaskView(MaskBox& box, view::ActionRunner& runner, HWND parent);
 
   SIZE wantedSize(const Metrics& metrics) const override;
+  bool keepsKey(WPARAM code) const override;
 
  protected:
   void draw() override;
-  std::optional<LRESULT> received(const WindowMessage& message) override;
-  void keysTyped(const std::vector<Key>& typed) override;
-  bool commandKey(WPARAM code) override;
   bool mousePressed(const WindowMessage& message, bool arrived) override;
+  bool commandKey(WPARAM code) override;
+  void keysTyped(const std::vector<Key>& typed) override;
+  std::optional<LRESULT> received(const WindowMessage& message) override;
 
  private:
   void showCaret();

@@ -101,6 +101,8 @@ void TextView::replace(std::size_t start, std::size_t length, const std::string&
   SendMessageW(window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(text).c_str()));
 }
 
+bool TextView::keepsKey(WPARAM code) const { return isEditingKey(code); }
+
 bool TextView::commandKey(WPARAM code) {
   const auto command = editingCommand(code);
   if (!command) return false;

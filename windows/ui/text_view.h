@@ -11,6 +11,7 @@ class TextView : public ControlView {
  public:
   TextView(TextBox& box, view::ActionRunner& runner, HWND parent);
 
+  bool keepsKey(WPARAM code) const override;
   void command(WORD code) override;
 
  protected:

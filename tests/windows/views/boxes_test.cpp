@@ -72,6 +72,20 @@ TEST_F(Boxes, TypesCharactersAndEditsThem) {
   EXPECT_EQ(shown(window), L"a\u00e4x123");
 }
 
+TEST_F(Boxes, KeepsTheKeysOfItsTextFromTheMenu) {
+  int removed = 0;
+  form.remove.Click = [&] { ++removed; };
+  form.name.setText("abc");
+  form.name.select(1, 1);
+  focusOn(form.name);
+  key({VK_CONTROL, VK_DELETE});
+  EXPECT_EQ(form.name.text(), "ac");
+  EXPECT_EQ(removed, 0);
+  focusOn(form.ok);
+  key({VK_CONTROL, VK_DELETE});
+  EXPECT_EQ(removed, 1);
+}
+
 TEST_F(Boxes, ShowsCaretAndSelectionOfTheModel) {
   const HWND window = focusOn(form.amount);
   windows.perform([&] {

@@ -24,6 +24,8 @@ class TryForm : public Form {
 
   LayoutItem layout() override;
 
+  MenuEntry lineMenu{*this, "lineMenu", "&Line"};
+  MenuEntry remove{*this, "remove", "&Delete", &lineMenu, "Ctrl+Del"};
   TextBox name{*this, "name"};
   TextBox amount{*this, "amount"};
   MaskBox date{*this, "date"};
