@@ -100,11 +100,6 @@ SIZE ControlView::wantedSize(const Metrics& metrics) const {
   return {metrics.characters(16), metrics.box()};
 }
 
-void ControlView::place(const RECT& where) {
-  SetWindowPos(window(), nullptr, where.left, where.top, where.right - where.left,
-               where.bottom - where.top, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 std::wstring ControlView::accessibleName() const {
   std::string name = label_ ? view::withoutMarks(utf8(textOf(label_))) : std::string();
   if (name.empty()) name = view::withoutMarks(control().caption());

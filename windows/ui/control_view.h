@@ -43,8 +43,6 @@ class ControlView : public OwnedWindow, public view::ControlTie {
 
   // The room that it needs by itself, without label.
   virtual SIZE wantedSize(const Metrics& metrics) const;
-  // Puts it there, in coordinates of the form's window.
-  virtual void place(const RECT& where);
 
   // Whether the control uses a key with Ctrl itself, which is no shortcut of the form's menu then.
   virtual bool keepsKey(WPARAM) const { return false; }

@@ -18,13 +18,6 @@ void collect(const LayoutItem& node, std::set<unsigned>& controls) {
   for (const LayoutItem& child : node.children) collect(child, controls);
 }
 
-void move(HWND window, RECT& at, const RECT& to) {
-  if (EqualRect(&at, &to)) return;
-  at = to;
-  SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top,
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 // Texts of commands one under the other begin at the left.
 void leadText(HWND button, const Metrics& metrics) {
   SetWindowLongPtrW(button, GWL_STYLE, GetWindowLongPtrW(button, GWL_STYLE) | BS_LEFT);
@@ -187,18 +180,38 @@ Piece FormViews::pieceOf(const LayoutItem& node) const {
 SIZE FormViews::place(const RECT& room) {
   const Layout::PieceOf pieces = [this](const LayoutItem& node) { return pieceOf(node); };
   const Layout layout(form_.arrangement(), *metrics_, pieces);
-  for (const Placement& placement : layout.place(room)) put(placement);
+  std::vector<Move> moves;
+  for (const Placement& placement : layout.place(room)) {
+    const auto found = views_.find(placement.control);
+    if (found != views_.end()) put(found->second, placement, moves);
+  }
+  perform(moves);
   return layout.least();
 }
 
-void FormViews::put(const Placement& placement) {
-  const auto found = views_.find(placement.control);
-  if (found == views_.end()) return;
-  Placed& placed = found->second;
-  if (placed.label) move(placed.label, placed.labelAt, placement.label);
-  if (EqualRect(&placed.at, &placement.place)) return;
-  placed.at = placement.place;
-  placed.view->place(placement.place);
+void FormViews::put(Placed& placed, const Placement& placement, std::vector<Move>& moves) {
+  const auto move = [&](HWND window, RECT& at, const RECT& to) {
+    if (!window || EqualRect(&at, &to)) return;
+    at = to;
+    moves.push_back({window, to});
+  };
+  move(placed.label, placed.labelAt, placement.label);
+  move(placed.view->window(), placed.at, placement.place);
+}
+
+// All at once, so that the window is drawn once.
+void FormViews::perform(const std::vector<Move>& moves) {
+  constexpr UINT alone = SWP_NOZORDER | SWP_NOACTIVATE;
+  HDWP together = moves.empty() ? nullptr : BeginDeferWindowPos(static_cast<int>(moves.size()));
+  for (const auto& [window, to] : moves) {
+    if (!together) break;
+    together = DeferWindowPos(together, window, nullptr, to.left, to.top, to.right - to.left,
+                              to.bottom - to.top, alone);
+  }
+  if (together && EndDeferWindowPos(together)) return;
+  for (const auto& [window, to] : moves) {
+    SetWindowPos(window, nullptr, to.left, to.top, to.right - to.left, to.bottom - to.top, alone);
+  }
 }
 
 }  // namespace quillet::windows

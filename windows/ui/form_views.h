@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "controls/form.h"
 #include "view/action_runner.h"
@@ -46,11 +47,17 @@ class FormViews {
     RECT labelAt{};
   };
 
+  struct Move {
+    HWND window;
+    RECT to;
+  };
+
   void add(const LayoutItem& node, const view::Place& place);
+  static void perform(const std::vector<Move>& moves);
   void setLabel(Placed& placed, const std::string& text);
   void order(const LayoutItem& node, HWND& below);
   Piece pieceOf(const LayoutItem& node) const;
-  void put(const Placement& placement);
+  static void put(Placed& placed, const Placement& placement, std::vector<Move>& moves);
 
   Form& form_;
   view::ActionRunner& runner_;

@@ -110,10 +110,10 @@ FrameView::FrameView(Frame& frame, view::ActionRunner& runner, HWND parent)
 }
 
 // The window consists of border and heading only, so that it never draws over what it holds.
-void FrameView::place(const RECT& where) {
-  ControlView::place(where);
+void FrameView::cutOut() {
   if (!bordered_ || !metrics()) return;
-  const RECT whole{0, 0, where.right - where.left, where.bottom - where.top};
+  RECT whole{};
+  GetClientRect(window(), &whole);
   const RECT room{1, metrics()->step() + metrics()->line(), whole.right - 1, whole.bottom - 1};
   const HRGN border = CreateRectRgnIndirect(&whole);
   const HRGN hole = CreateRectRgnIndirect(&room);
@@ -131,6 +131,9 @@ void FrameView::drawVisible(bool visible) { ControlView::drawVisible(visible && 
 
 std::optional<LRESULT> FrameView::received(const WindowMessage& message) {
   switch (message.id) {
+    case WM_SIZE:
+      cutOut();
+      return 0;
     case WM_PAINT:
       paint();
       return 0;

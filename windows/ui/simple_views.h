@@ -66,14 +66,13 @@ class FrameView : public ControlView {
  public:
   FrameView(Frame& frame, view::ActionRunner& runner, HWND parent);
 
-  void place(const RECT& where) override;
-
  protected:
   void draw() override;
   void drawVisible(bool visible) override;
   std::optional<LRESULT> received(const WindowMessage& message) override;
 
  private:
+  void cutOut();
   void paint();
 
   Frame& frame_;

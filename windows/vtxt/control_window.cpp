@@ -168,7 +168,9 @@ void ControlWindow::passFocusOn() {
 std::optional<LRESULT> ControlWindow::handle(const WindowMessage& message) {
   switch (message.id) {
     case WM_SIZE:
-      if (view_) view_->place({0, 0, LOWORD(message.longer), HIWORD(message.longer)});
+      if (view_) {
+        MoveWindow(view_->window(), 0, 0, LOWORD(message.longer), HIWORD(message.longer), TRUE);
+      }
       return {};
     case WM_COMMAND:
       if (view_) view_->command(HIWORD(message.wide));
