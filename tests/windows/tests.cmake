@@ -62,7 +62,7 @@ windows_test(frames frames_test.exe)
 windows_test(vtxt vtxt_test.exe
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(views views_test.exe)
-windows_test(component component_test.exe
+windows_test(component component_test.exe SECONDS 180
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(registration registration_test.exe)
 windows_test(class component/forms_class.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)
