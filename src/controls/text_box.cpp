@@ -56,13 +56,15 @@ void TextBox::replaceSelection(const std::string& text) {
   if (full) Overflow();
 }
 
+// What was put in stands before the caret; of that is left out what the box has no room for. A text
+// that was too long before may stay as long.
 void TextBox::edited(const std::string& text, std::size_t caret) {
-  if (maxLength_ > 0 && lengthOf(text) > maxLength_) {
-    assign(text.substr(0, offsetOf(text, maxLength_)), std::min(caret, maxLength_));
-    Overflow();
-  } else {
-    assign(text, caret);
-  }
+  const std::size_t length = lengthOf(text);
+  const std::size_t limit = maxLength_ == 0 ? length : std::max(maxLength_, lengthOf(text_));
+  const std::size_t excess = length > limit ? length - limit : 0;
+  const std::size_t kept = caret > excess ? caret - excess : 0;
+  assign(text.substr(0, offsetOf(text, kept)) + text.substr(offsetOf(text, kept + excess)), kept);
+  if (excess > 0) Overflow();
 }
 
 void TextBox::erase(bool forward) {

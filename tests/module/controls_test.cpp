@@ -146,6 +146,10 @@ TEST_F(ControlsTest, TextIsEditedByCharacters) {
   form.first.edited("abcdefgh", 8);
   EXPECT_EQ(form.first.text(), "abcd");
   EXPECT_EQ(refused, 2);
+  form.first.edited("ab🙂cd", 3);  // typed into the middle of a full box
+  EXPECT_EQ(form.first.text(), "abcd");
+  EXPECT_EQ(form.first.selStart(), 2u);
+  EXPECT_EQ(refused, 3);
   form.first.setLocked(true);
   type("y");
   EXPECT_EQ(form.first.text(), "abcd");

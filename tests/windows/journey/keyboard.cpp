@@ -72,6 +72,7 @@ void pressCharacter(const std::string& character) {
 }  // namespace
 
 void press(const std::string& chord) {
+  if (chord == "BackTab") return press("Shift+Tab");
   const auto plus = chord.find('+');
   if (plus != std::string::npos && plus > 0) {
     const Held modifier(namedKeys().at(chord.substr(0, plus)));

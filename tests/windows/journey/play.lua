@@ -37,16 +37,30 @@ local function rows(sql)
   return lines
 end
 
+-- The closing stock's form is the suite's, and what it sends is not the module's.
+local function closeStock()
+  if front().name ~= "frmTrade" then return end
+  quillet.statements()
+  front():close()
+end
+
+-- Keys go on when the last form is closed; nobody takes them then.
+local function press(key)
+  if #quillet.forms() == 0 then return end
+  front():press(key)
+  if #quillet.forms() > 0 then closeStock() end
+end
+
 local play = {}
 
 function play.show(name) quillet.show(name) end
 
 function play.type(text)
-  for _, code in utf8.codes(text) do front():press(utf8.char(code)) end
+  for _, code in utf8.codes(text) do press(utf8.char(code)) end
 end
 
 function play.press(keys)
-  for key in keys:gmatch("%S+") do front():press(key) end
+  for key in keys:gmatch("%S+") do press(key) end
 end
 
 -- The keys that the window answers to are those of its captions; here it is the control itself.
@@ -82,6 +96,21 @@ end
 play["|"] = function() end
 play.picture = play["|"]
 
+-- From now on every question is answered by No.
+local refuses = false
+function play.refuse() refuses = true end
+
+-- The texts of controls, for a comparison of the records.
+function play.keep(paths)
+  for path in paths:gmatch("%S+") do
+    local form, name = path:match("^(%w+)%.(.*)$")
+    local known = quillet.form(form)
+    if known and known.visible then
+      keep(path .. "=" .. tostring(name == "active" and known.active or control(path).text))
+    end
+  end
+end
+
 function play.fail(text) quillet.fail(text) end
 
 -- The lines of the error log since the last time, without the time at their head.
@@ -98,11 +127,9 @@ function play.report()
   for _, row in ipairs(report.rows) do keep(table.concat(row, "\t")) end
 end
 
--- The closing stock's form is the suite's, and what it sends is not the module's.
 function play.stock(rest)
   control(rest:match("^%S+ %S+ (%S+)")):click()
-  quillet.statements()
-  front():close()
+  closeStock()
 end
 
 function play.forms(names) equal(table.concat(quillet.forms(), " "), names) end
@@ -117,8 +144,10 @@ for at, step in ipairs(steps) do
     if steps[after].verb == "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
     after = after + 1
   end
+  if refuses then quillet.answer("No", "No", "No") end
   local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
-  if not ok then error(step.line .. "\n" .. message .. "\nfocus: " .. tostring(front().active), 0) end
+  if not ok then error(step.line .. "\n" .. message .. "\nfocus: " ..
+    tostring(#quillet.forms() > 0 and front().active), 0) end
   if waits(step) and step.verb ~= "|" then keep("- " .. step.line) end
   for _, sql in ipairs(quillet.statements()) do keep(sql) end
 end

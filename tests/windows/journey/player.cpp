@@ -49,6 +49,7 @@ bool Player::next() {
   if (!failure_.empty() || at_ == steps_.size()) return false;
   const Step& step = steps_[at_];
   try {
+    if (refuses_ && refused(messageBox())) return true;
     if (!begun_) {
       begun_ = true;
       deadline_ = GetTickCount() + patienceMs;
@@ -86,6 +87,8 @@ void Player::begin(const Step& step) {
     keys_ = words(split(step.rest).rest);
   } else if (step.verb == "stock") {
     keys_ = words(split(split(split(step.rest).rest).rest).rest);
+  } else if (step.verb == "refuse") {
+    refuses_ = true;
   } else if (step.verb == "fail") {
     practice_.call("Fail", step.rest);
   }
@@ -99,7 +102,7 @@ std::string Player::difference(const Step& step) {
   if (step.verb == "answer") return answerDifference(step.rest);
   if (step.verb == "picture") return takePicture(step.rest);
   if (step.verb == "stock") return stockDifference(step.rest);
-  for (const char* verb : {"show", "type", "press", "command", "fail", "log", "report"}) {
+  for (const char* verb : {"show", "type", "press", "command", "fail", "log", "report", "refuse", "keep"}) {
     if (step.verb == verb) return {};
   }
   throw std::runtime_error("There is no such step.");
@@ -193,9 +196,39 @@ std::string Player::takePicture(const std::string& name) {
   return {};
 }
 
+// Whether there is a box; it is answered by No, or as the only answer that it has.
+bool Player::refused(const MessageBox& box) {
+  if (!box.window) {
+    answered_ = nullptr;
+    return false;
+  }
+  // Keys that it has been sent are on their way.
+  if (answered_ != box.window && !answer(box, "No")) answer(box, "OK");
+  answered_ = box.window;
+  return true;
+}
+
+std::string Player::texts(const std::string& paths) {
+  std::string all;
+  for (const std::string& path : words(paths)) {
+    const auto [name, control] = split(path, '.');
+    const Late known = form(name);
+    if (!asTruth(known.call("Visible"))) continue;
+    all += path + "=";
+    if (control != "active") {
+      all += asText(known.object(control).call("Text"));
+    } else if (const Late active = known.object("ActiveControl")) {
+      all += asText(active.call("Name"));
+    }
+    all += '\n';
+  }
+  return all;
+}
+
 // What an answer leads to counts for the step that brought the question.
 void Player::finish(const Step& step) {
   if (step.verb == "log") record_ << newErrors();
+  if (step.verb == "keep") record_ << texts(step.rest);
   if (step.verb == "report") record_ << asText(kept_.call("Report"));
   if (step.verb != "answer" && step.verb != "picture") record_ << "- " << step.line << '\n';
   record_ << asText(practice_.call("Statements"));

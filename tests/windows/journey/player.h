@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "journey/screen.h"
 #include "journey/steps.h"
 #include "windows/com/late.h"
 
@@ -37,6 +38,8 @@ class Player {
   std::string answerDifference(const std::string& rest);
   std::string stockDifference(const std::string& rest);
   std::string newErrors();
+  bool refused(const MessageBox& box);
+  std::string texts(const std::string& paths);
   std::string takePicture(const std::string& name);
   windows::Late form(const std::string& name);
   void finish(const Step& step);
@@ -46,6 +49,7 @@ class Player {
   std::filesystem::path folder_;
   std::size_t at_ = 0;
   bool begun_ = false;
+  bool refuses_ = false;
   HWND answered_ = nullptr;  // the box
   unsigned long deadline_ = 0;
   std::deque<std::string> keys_;  // to be pressed yet
