@@ -16,7 +16,7 @@ namespace quillet::windows {
 namespace {
 
 constexpr DWORD listStyle =
-    LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOLABELWRAP;
+    LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
 
 DWORD headingStyle(GridList::Headings headings) {
   return headings == GridList::Headings::none ? LVS_NOCOLUMNHEADER : 0;
@@ -40,15 +40,22 @@ GridList::GridList(Grid& grid, HWND parent, Headings headings)
   ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER);
 }
 
+GridList::~GridList() {
+  if (!pictures_) return;
+  if (IsWindow(window_)) ListView_SetImageList(window_, nullptr, LVSIL_SMALL);
+  ImageList_Destroy(static_cast<HIMAGELIST>(pictures_));
+}
+
 HWND GridList::header() const { return ListView_GetHeader(window_); }
 
 void GridList::setMetrics(const Metrics& metrics) {
   metrics_ = &metrics;
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(metrics.font()), TRUE);
-  // The list makes its rows as high as its pictures, which it owns; there are none on them.
-  const HIMAGELIST before = ListView_SetImageList(
-      window_, ImageList_Create(1, metrics.row(), ILC_COLOR, 1, 0), LVSIL_SMALL);
-  if (before) ImageList_Destroy(before);
+  // The list makes its rows as high as its pictures; there are none on them.
+  const HIMAGELIST pictures = ImageList_Create(1, metrics.row(), ILC_COLOR, 1, 0);
+  ListView_SetImageList(window_, pictures, LVSIL_SMALL);
+  if (pictures_) ImageList_Destroy(static_cast<HIMAGELIST>(pictures_));
+  pictures_ = pictures;
   content_ = 0;
 }
 

@@ -25,6 +25,9 @@ class GridList {
   enum class Headings { shown, none };
   // Makes the list view; whoever has the parent owns it.
   GridList(Grid& grid, HWND parent, Headings headings);
+  ~GridList();
+  GridList(const GridList&) = delete;
+  GridList& operator=(const GridList&) = delete;
 
   HWND window() const { return window_; }
   HWND header() const;
@@ -71,6 +74,7 @@ class GridList {
   Grid& grid_;
   HWND window_;
   const Metrics* metrics_ = nullptr;
+  void* pictures_ = nullptr;  // an image list
   view::ShownRows rows_;
   std::vector<int> columns_;  // the grid's numbers of those shown
   unsigned content_ = 0;

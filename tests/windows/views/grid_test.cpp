@@ -4,6 +4,9 @@
 #include <chrono>
 
 #include "views/on_screen.h"
+#include "windows/ui/dpi.h"
+#include "windows/ui/make_view.h"
+#include "windows/ui/metrics.h"
 
 namespace quillet::windows {
 namespace {
@@ -169,6 +172,30 @@ TEST_F(Grids, CarriesARowOn) {
   settle();
   key({VK_APPS});
   EXPECT_EQ(done, "chosen 5 menu 6 menu 6 ");
+}
+
+long blocksInUse() {
+  const HANDLE heap = GetProcessHeap();
+  PROCESS_HEAP_ENTRY entry{};
+  long blocks = 0;
+  while (HeapWalk(heap, &entry)) blocks += entry.wFlags & PROCESS_HEAP_ENTRY_BUSY ? 1 : 0;
+  return blocks;
+}
+
+TEST_F(Grids, LeavesNothingBehindWithItsWindow) {
+  fill(3);
+  const Metrics metrics(usualDpi, {});
+  const auto makeAndDestroy = [&](int times) {
+    for (int time = 0; time < times; ++time) {
+      const auto view = makeView(form.grid, windows, windows.windowOf(form));
+      view->setMetrics(metrics);
+      view->redraw();
+      view->detach();
+    }
+    return blocksInUse();
+  };
+  const long before = makeAndDestroy(5);
+  EXPECT_LT(makeAndDestroy(20), before + 20);  // less than one each time
 }
 
 // --- drop-down -----------------------------------------------------------------------------------
