@@ -67,18 +67,30 @@ windows_test(component component_test.exe SECONDS 180
 windows_test(registration registration_test.exe)
 windows_test(class component/forms_class.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)
 
-# Journeys by keys, on the component's windows and on the forms themselves: a day's work; every form
-# once, whose pictures stay in the build folder.
-foreach(journey day forms)
-  add_test(NAME windows.journey.${journey}
+# Journeys by keys, on the component's windows and on the forms themselves: the records of both are
+# the same.
+function(windows_journey name steps labels)
+  add_test(NAME windows.journey.${name}
            COMMAND ${windows_tests}/journey/same $<TARGET_FILE:quillet> $<TARGET_FILE:suite_server>
-                   ${CMAKE_CURRENT_BINARY_DIR}/script/sample
-                   ${windows_tests}/journey/${journey}.steps
-                   ${PROJECT_BINARY_DIR}/tests/wine/${journey}
-                   ${windows_tests}/run ${wine_prefix} --seconds 120
+                   ${CMAKE_CURRENT_BINARY_DIR}/script/sample ${steps}
+                   ${PROJECT_BINARY_DIR}/tests/wine/${name}
+                   ${windows_tests}/run ${wine_prefix} --seconds 300
                    --register ${windows_build}/windows/PrjQuillet.dll
                    --register ${windows_build}/tests/windows/quillet_test_suite.dll
                    ${windows_build}/tests/windows/journey.exe)
-  set_tests_properties(windows.journey.${journey} PROPERTIES
-    FIXTURES_REQUIRED "wine_prefix;sample_practice" LABELS windows TIMEOUT 240)
+  set_tests_properties(windows.journey.${name} PROPERTIES
+    FIXTURES_REQUIRED "wine_prefix;sample_practice" LABELS "${labels}" TIMEOUT 400)
+endfunction()
+
+# A day's work; every form once, whose pictures stay in the build folder.
+foreach(name day forms)
+  windows_journey(${name} ${windows_tests}/journey/${name}.steps windows)
+endforeach()
+
+# Keys as they fall, begun on each form.
+foreach(seed RANGE 1 8)
+  set(steps ${CMAKE_CURRENT_BINARY_DIR}/random.${seed}.steps)
+  execute_process(COMMAND ${Python3_EXECUTABLE} ${windows_tests}/journey/random.py ${seed} 150
+                  OUTPUT_FILE ${steps} COMMAND_ERROR_IS_FATAL ANY)
+  windows_journey(random.${seed} ${steps} "windows;long")
 endforeach()

@@ -39,7 +39,7 @@ end
 
 -- The closing stock's form is the suite's, and what it sends is not the module's.
 local function closeStock()
-  if front().name ~= "frmTrade" then return end
+  if #quillet.forms() == 0 or front().name ~= "frmTrade" then return end
   quillet.statements()
   front():close()
 end
@@ -48,7 +48,7 @@ end
 local function press(key)
   if #quillet.forms() == 0 then return end
   front():press(key)
-  if #quillet.forms() > 0 then closeStock() end
+  closeStock()
 end
 
 local play = {}
@@ -96,9 +96,20 @@ end
 play["|"] = function() end
 play.picture = play["|"]
 
--- From now on every question is answered by No.
-local refuses = false
-function play.refuse() refuses = true end
+-- From now on every question gets this answer.
+local always
+function play.answers(button) always = button end
+
+-- Only when the form is in front and the control can be used.
+function play.try(rest)
+  local path = rest:match("^%S+")
+  local form = path:match("^%w+")
+  if #quillet.forms() == 0 or front().name ~= form then return end
+  local wanted = control(path)
+  if not wanted.enabled or not wanted.visible then return end
+  wanted:click()
+  closeStock()
+end
 
 -- The texts of controls, for a comparison of the records.
 function play.keep(paths)
@@ -144,7 +155,7 @@ for at, step in ipairs(steps) do
     if steps[after].verb == "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
     after = after + 1
   end
-  if refuses then quillet.answer("No", "No", "No") end
+  if always then quillet.answer(always, always, always) end
   local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
   if not ok then error(step.line .. "\n" .. message .. "\nfocus: " ..
     tostring(#quillet.forms() > 0 and front().active), 0) end

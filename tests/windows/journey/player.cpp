@@ -1,6 +1,7 @@
 #include "journey/player.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -49,7 +50,7 @@ bool Player::next() {
   if (!failure_.empty() || at_ == steps_.size()) return false;
   const Step& step = steps_[at_];
   try {
-    if (refuses_ && refused(messageBox())) return true;
+    if (!always_.empty() && answered(messageBox())) return true;
     if (!begun_) {
       begun_ = true;
       deadline_ = GetTickCount() + patienceMs;
@@ -87,8 +88,11 @@ void Player::begin(const Step& step) {
     keys_ = words(split(step.rest).rest);
   } else if (step.verb == "stock") {
     keys_ = words(split(split(split(step.rest).rest).rest).rest);
-  } else if (step.verb == "refuse") {
-    refuses_ = true;
+  } else if (step.verb == "try") {
+    const auto [path, keys] = split(step.rest);
+    if (canBeUsed(path)) keys_ = words(keys);
+  } else if (step.verb == "answers") {
+    always_ = step.rest;
   } else if (step.verb == "fail") {
     practice_.call("Fail", step.rest);
   }
@@ -102,7 +106,8 @@ std::string Player::difference(const Step& step) {
   if (step.verb == "answer") return answerDifference(step.rest);
   if (step.verb == "picture") return takePicture(step.rest);
   if (step.verb == "stock") return stockDifference(step.rest);
-  for (const char* verb : {"show", "type", "press", "command", "fail", "log", "report", "refuse", "keep"}) {
+  for (const char* verb :
+       {"show", "type", "press", "command", "fail", "log", "report", "answers", "try", "keep"}) {
     if (step.verb == verb) return {};
   }
   throw std::runtime_error("There is no such step.");
@@ -110,6 +115,14 @@ std::string Player::difference(const Step& step) {
 
 Late Player::form(const std::string& name) {
   return forms_.object(name == "third" ? "ObjThird" : "ObjCreate");
+}
+
+// "third.txtsearch", "frmcrtb.mnuyrs[2]".
+Late Player::control(const std::string& path) {
+  const auto [name, rest] = split(path, '.');
+  const auto [array, index] = split(rest, '[');
+  if (index.empty()) return form(name).object(array);
+  return form(name).object(array, std::atoi(index.c_str()));
 }
 
 // The host does not know the forms that forms open; their windows are counted.
@@ -135,8 +148,7 @@ std::string Player::focusDifference(const std::string& path) {
 
 std::string Player::textDifference(const std::string& rest) {
   const auto [path, text] = split(rest);
-  const auto [name, control] = split(path, '.');
-  return compared(asText(form(name).object(control).call("Text")), text);
+  return compared(asText(control(path).call("Text")), text);
 }
 
 std::string Player::rowsDifference(const Step& step) {
@@ -196,14 +208,22 @@ std::string Player::takePicture(const std::string& name) {
   return {};
 }
 
-// Whether there is a box; it is answered by No, or as the only answer that it has.
-bool Player::refused(const MessageBox& box) {
+// Whether the form is in front and the control can be used.
+bool Player::canBeUsed(const std::string& path) {
+  const Late owner = form(split(path, '.').first);
+  if (asLong(owner.call("hWnd")) != HandleToLong(GetForegroundWindow())) return false;
+  const Late wanted = control(path);
+  return asTruth(wanted.call("Enabled")) && asTruth(wanted.call("Visible"));
+}
+
+// Whether there is a box; it gets the answer that is always given, or the only one that it has.
+bool Player::answered(const MessageBox& box) {
   if (!box.window) {
     answered_ = nullptr;
     return false;
   }
   // Keys that it has been sent are on their way.
-  if (answered_ != box.window && !answer(box, "No")) answer(box, "OK");
+  if (answered_ != box.window && !answer(box, always_)) answer(box, "OK");
   answered_ = box.window;
   return true;
 }
@@ -216,7 +236,7 @@ std::string Player::texts(const std::string& paths) {
     if (!asTruth(known.call("Visible"))) continue;
     all += path + "=";
     if (control != "active") {
-      all += asText(known.object(control).call("Text"));
+      all += asText(this->control(path).call("Text"));
     } else if (const Late active = known.object("ActiveControl")) {
       all += asText(active.call("Name"));
     }

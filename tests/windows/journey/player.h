@@ -38,10 +38,12 @@ class Player {
   std::string answerDifference(const std::string& rest);
   std::string stockDifference(const std::string& rest);
   std::string newErrors();
-  bool refused(const MessageBox& box);
+  bool canBeUsed(const std::string& path);
+  bool answered(const MessageBox& box);
   std::string texts(const std::string& paths);
   std::string takePicture(const std::string& name);
   windows::Late form(const std::string& name);
+  windows::Late control(const std::string& path);
   void finish(const Step& step);
   void fail(const Step& step, const std::string& why);
 
@@ -49,7 +51,7 @@ class Player {
   std::filesystem::path folder_;
   std::size_t at_ = 0;
   bool begun_ = false;
-  bool refuses_ = false;
+  std::string always_;       // the answer to every question, "" when each is told
   HWND answered_ = nullptr;  // the box
   unsigned long deadline_ = 0;
   std::deque<std::string> keys_;  // to be pressed yet
