@@ -65,6 +65,7 @@ windows_test(views views_test.exe)
 windows_test(component component_test.exe SECONDS 180
              REGISTER windows/PrjQuillet.dll tests/windows/quillet_test_served.dll)
 windows_test(registration registration_test.exe)
+windows_test(macro journey/macro.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)
 windows_test(class component/forms_class.vbs BESIDE_SUITE REGISTER windows/PrjQuillet.dll)
 
 # Journeys by keys, on the component's windows and on the forms themselves: the records of both are
