@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/form.h"
+#include "controls/open_forms.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -49,9 +51,18 @@ int Choice::findData(long data) const {
 }
 
 void Choice::choose(int position) {
+  search_.end();
+  take(position);
+}
+
+void Choice::take(int position) {
   const int before = chosen_;
   setChosen(position);
   if (chosen_ != before) Click();
+}
+
+int Choice::search(Key letter, int from) {
+  return search_.next(letter, items_, from, form().openForms().typingClock());
 }
 
 bool Choice::handleKey(Key key) {
@@ -71,15 +82,13 @@ bool Choice::handleKey(Key key) {
     default:
       break;
   }
-  if (!keys::typesText(key)) return false;
-  for (int step = 1; step <= size(); ++step) {
-    const int position = (chosen_ - 1 + step) % size() + 1;
-    const std::string& entry = items_[static_cast<std::size_t>(position - 1)];
-    std::size_t at = 0;
-    if (!entry.empty() && upperCase(nextCharacter(entry, at)) == upperCase(key)) {
-      choose(position);
-      break;
-    }
+  if (!keys::typesText(key)) {
+    search_.end();
+    return false;
+  }
+  if (const int found = search(key, chosen_)) {
+    take(found);
+    search_.goOn(form().openForms().typingClock());
   }
   return true;
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/letter_search.h"
 
 namespace quillet {
 
@@ -33,13 +34,21 @@ class Choice : public Control {
   // What a person does: chooses and runs Click when the choice changes.
   void choose(int position);
 
-  // Up, Down, Home, End, and a character that begins the next item.
+  // Where the letter leads from a position, after those typed before it; 0 for nowhere. For a view
+  // whose list is open: nothing is chosen yet.
+  int search(Key letter, int from);
+
+  // Up, Down, Home, End, and letters, which search. Any other key and leaving the box end a search.
   bool handleKey(Key key) override;
+  void checkLeft() override { search_.end(); }
 
  private:
+  void take(int position);
+
   std::vector<std::string> items_;
   std::vector<long> data_;
   int chosen_ = 0;
+  LetterSearch search_;
 };
 
 class ComboBox : public Choice {

@@ -2,6 +2,7 @@
 // running program; views and scripts observe it.
 #pragma once
 
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <string>
@@ -33,6 +34,9 @@ class OpenForms {
 
   // What a person does to the forms.
   Acts acts;
+  // Tells letters that are typed in one go from those that begin a new search.
+  std::function<std::chrono::steady_clock::time_point()> typingClock =
+      std::chrono::steady_clock::now;
   // The host took back what the act had changed in the database: every form forgets what it
   // remembered of it and shows what is stored.
   void takenBack();

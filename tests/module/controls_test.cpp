@@ -245,19 +245,44 @@ TEST_F(ModelsTest, AMaskTakesDigitsInItsPlaces) {
   }
 }
 
-TEST_F(ModelsTest, AComboFollowsFirstLetters) {
-  for (const char* name : {"Banks", "Capital", "Cash", "Éclair"}) form.combo.addItem(name, 7);
+TEST_F(ModelsTest, AComboSearchesForTheLettersTypedTogether) {
+  using namespace std::chrono_literals;
+  std::chrono::steady_clock::time_point now{};
+  openForms.typingClock = [&now] { return now; };
+  // What follows a choice may take longer than a person waits between two letters.
+  form.combo.Click = [&] { now += 3s; };
+  for (const char* name :
+       {"Capital", "Cash in Hand", "Éclair", "Sales", "Secured Loans", "SELLING EXPENSES"}) {
+    form.combo.addItem(name, 7);
+  }
+  const struct {
+    std::chrono::milliseconds pause;
+    std::u32string keys;
+    const char* found;
+  } cases[] = {
+      {0s, U"c", "Capital"},
+      {900ms, U"c", "Cash in Hand"},
+      {900ms, U"c", "Capital"},
+      {0s, U"é", "Capital"},  // leads nowhere
+      {1100ms, U"é", "Éclair"},
+      {1100ms, U"sel", "SELLING EXPENSES"},
+      {0s, U"x", "SELLING EXPENSES"},
+      {0s, U"ling e", "SELLING EXPENSES"},
+      {1100ms, U"sxe", "Secured Loans"},
+      {1100ms, {U's', keys::Home, U'c', U'a', U's'}, "Cash in Hand"},
+      {0s, {keys::Enter, U's'}, "Sales"},
+  };
+  for (const auto& c : cases) {
+    now += c.pause;
+    for (const Key key : c.keys) form.combo.handleKey(key);
+    EXPECT_EQ(form.combo.text(), c.found);
+  }
+  form.combo.checkLeft();
   form.combo.handleKey(U'c');
-  EXPECT_EQ(form.combo.text(), "Capital");
-  form.combo.handleKey(U'c');
-  EXPECT_EQ(form.combo.text(), "Cash");
-  form.combo.handleKey(U'c');
-  EXPECT_EQ(form.combo.text(), "Capital");
-  form.combo.handleKey(U'é');
-  EXPECT_EQ(form.combo.text(), "Éclair");
-  EXPECT_EQ(form.combo.find("cASH"), 3);
+  EXPECT_EQ(form.combo.text(), "Capital") << "leaving the box ends the search";
+  EXPECT_EQ(form.combo.find("cASH in hand"), 2);
   form.combo.clearItems();
-  form.combo.handleKey(keys::Down);
+  for (const Key key : {keys::Down, Key(U'c')}) form.combo.handleKey(key);
   EXPECT_EQ(form.combo.chosen(), 0);
 }
 
