@@ -39,13 +39,26 @@ void frmjrnl::showList() {
 void frmjrnl::CMDADD_CLICK() {
   if (!listsAreRead()) return;
   CLEARDATA();
-  const std::string today = context_.host->convertdate(
-      context_.host->formatgen(isoDate(context_.clock.today()), "DD/MM/YYYY"));
-  if (inYear(today)) txtdt.setText(today);
+  txtdt.setText(proposedDate());
   showEntry();
 }
 
+// Today; outside the year, where it would be refused, the date used last or the closing date.
+std::string frmjrnl::proposedDate() const {
+  const auto shown = [&](const Date& date) {
+    return context_.host->convertdate(context_.host->formatgen(isoDate(date), "DD/MM/YYYY"));
+  };
+  for (const auto& date : {std::optional(context_.clock.today()), readDate(list_.lastDate())}) {
+    if (date && year_.holds(shown(*date))) return shown(*date);
+  }
+  return year_.to();
+}
+
 void frmjrnl::VSF_DBLCLICK() {
+  enterSelected([this](long vid) { return LOADVCH(vid); });
+}
+
+void frmjrnl::enterSelected(const std::function<bool(long vid)>& fill) {
   const long vid = vsf.currentId();
   if (vid == 0) {
     tell(context_, noRow);
@@ -53,7 +66,7 @@ void frmjrnl::VSF_DBLCLICK() {
   }
   if (!listsAreRead()) return;
   CLEARDATA();
-  if (LOADVCH(vid)) {
+  if (fill(vid)) {
     showEntry();
   } else {
     LOADGRID();

@@ -1,16 +1,12 @@
 #include "journal/frmjrnl.h"
 
+#include <utility>
+
 #include "books/clients.h"
 #include "data/errors.h"
 #include "data/year.h"
 
 namespace quillet {
-namespace {
-
-// The narration's column holds 65,535 bytes, and a character takes up to four.
-constexpr int narrationLength = 16'000;
-
-}  // namespace
 
 frmjrnl::frmjrnl(Context& context) : Form(context.openForms, "frmjrnl"), context_(context) {
   attachList();
@@ -30,17 +26,27 @@ void frmjrnl::attachList() {
   };
   Check1.setChecked(true);
   Check1.Click = [this] { CHECK1_CLICK(); };
-  cmdadd.Click = [this] { CMDADD_CLICK(); };
-  cmdmodify.Click = [this] { vsf.DblClick(); };
-  Command1.Click = [this] { COMMAND1_CLICK(); };
-  cmdprn.Click = [this] { CMDPRN_CLICK(); };
-  cmdtb.Click = [this] { CMDTB_CLICK(); };
-  cmdexit.Click = [this] { close(); };
-  cmdok.Click = [this] { CMDOK_CLICK(); };
+  command(cmdadd, [this] { CMDADD_CLICK(); });
+  command(cmdmodify, [this] { vsf.DblClick(); });
+  command(cmdcopy, [this] { CMDCOPY_CLICK(); });
+  command(cmdreverse, [this] { CMDREVERSE_CLICK(); });
+  command(Command1, [this] { COMMAND1_CLICK(); });
+  command(cmdprn, [this] { CMDPRN_CLICK(); });
+  command(cmdtb, [this] { CMDTB_CLICK(); });
+  command(cmdexit, [this] { close(); });
+  command(cmdok, [this] { CMDOK_CLICK(); });
   for (auto& box : txtdt1) {
     box->Validate = [this, index = box->index()](bool& cancel) { TXTDT1_VALIDATE(index, cancel); };
   }
   lblstatus.setQuiet(true);
+}
+
+// A command that stays on the list leads back to it, whatever it has shown or asked.
+void frmjrnl::command(Button& button, std::function<void()> procedure) {
+  button.Click = [this, &button, procedure = std::move(procedure)] {
+    procedure();
+    if (active() == &button) focus(vsf);
+  };
 }
 
 void frmjrnl::attachEntry() {
@@ -53,6 +59,7 @@ void frmjrnl::attachEntry() {
   on(txtdt.Validate, "txtdt_VALIDATE", [this](bool& cancel) { txtdt_VALIDATE(cancel); });
   txtdt.GotFocus = [this] { lines_.reveal(0); };
   txtnarr.setMaxLength(narrationLength);
+  txtnarr.LostFocus = [this] { hint(""); };
   txtnarr.Overflow = [this] { hint("A narration holds at most 16,000 characters."); };
   cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
@@ -68,8 +75,9 @@ void frmjrnl::attachEntry() {
 LayoutItem frmjrnl::layout() {
   const LayoutItem period = row({item(lblperiod, 1), field("&From", txtdt1[0], 12),
                                  field("&To", txtdt1[1], 12), item(cmdok)});
-  const LayoutItem commands = row({item(cmdadd), item(cmdmodify), item(Command1), item(Check1),
-                                   gap(), item(cmdprn), item(cmdtb), item(cmdexit)});
+  const LayoutItem commands =
+      row({item(cmdadd), item(cmdmodify), item(cmdcopy), item(cmdreverse), item(Command1),
+           item(Check1), gap(), item(cmdprn), item(cmdtb), item(cmdexit)});
   const LayoutItem list = framed(Frame1, {period, item(vsf, 1), item(lblstatus), commands}, 1);
   const LayoutItem entry = framed(
       Frame2,
@@ -88,12 +96,8 @@ VoucherBook& frmjrnl::book() {
 }
 
 std::string frmjrnl::subject() const {
-  return subjectOf(books_.clientName, books_.clientCode, firstDateKey(firstYear_),
-                   secondDateKey(firstYear_ + 1));
+  return subjectOf(books_.clientName, books_.clientCode, firstDateKey(year_.first),
+                   secondDateKey(year_.first + 1));
 }
-
-std::string frmjrnl::yearFrom() const { return "01/04/" + std::to_string(firstYear_); }
-
-std::string frmjrnl::yearTo() const { return "31/03/" + std::to_string(firstYear_ + 1); }
 
 }  // namespace quillet

@@ -7,6 +7,7 @@
 // own.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,6 +20,8 @@
 #include "controls/mask_box.h"
 #include "controls/text_box.h"
 #include "host/context.h"
+#include "journal/books_year.h"
+#include "journal/line_keys.h"
 #include "journal/line_lookups.h"
 #include "journal/voucher_lines.h"
 #include "journal/voucher_list.h"
@@ -39,9 +42,11 @@ class frmjrnl : public Form {
   CheckBox Check1{*this, "Check1", "Expanded"};
   Button cmdadd{*this, "cmdadd", "&New Voucher"};
   Button cmdmodify{*this, "cmdmodify", "&Modify"};
+  Button cmdcopy{*this, "cmdcopy", "&Copy"};
+  Button cmdreverse{*this, "cmdreverse", "&Reverse"};
   Button Command1{*this, "Command1", "&Delete"};
   Button cmdprn{*this, "cmdprn", "&Print"};
-  Button cmdtb{*this, "cmdtb", "Su&bsidiary Trial Balance"};
+  Button cmdtb{*this, "cmdtb", "&Subsidiary Trial Balance"};
   Button cmdexit{*this, "cmdexit", "&Back"};
   Label lblperiod{*this, "lblperiod"};
   ControlArray<MaskBox> txtdt1{*this, "txtdt1", {"", ""}};  // the period: from, to
@@ -109,6 +114,9 @@ class frmjrnl : public Form {
   // --- entering and saving
   void CMDADD_CLICK();
   void VSF_DBLCLICK();
+  // The selected voucher as a new one, and with its sides exchanged.
+  void CMDCOPY_CLICK();
+  void CMDREVERSE_CLICK();
   void COMMAND1_CLICK();
   void CMDUPDATE_CLICK();
   void CMDCANCEL_CLICK();
@@ -125,6 +133,8 @@ class frmjrnl : public Form {
 
   // --- for the form's parts
   static constexpr int amountWidth = 16;  // in characters
+  // The narration's column holds 65,535 bytes, and a character takes up to four.
+  static constexpr int narrationLength = 16'000;
   Context& context() const { return context_; }
   // Throws where no books were named that can be opened.
   VoucherBook& book();
@@ -135,6 +145,7 @@ class frmjrnl : public Form {
 
  private:
   void attachList();
+  void command(Button& button, std::function<void()> procedure);
   void attachEntry();
 
   // Loading.
@@ -148,13 +159,14 @@ class frmjrnl : public Form {
   void widenPeriod(const std::string& date);
   bool complete() const;
 
-  // Keys.
-  void enterInLine(int line);
-  void enterInAmount(int line);
-  void tabInLine(int line, Key& key);
   void escape();
 
   // Entering and saving.
+  // What `fill` brings onto the entry frame of the selected voucher; false when that failed.
+  void enterSelected(const std::function<bool(long vid)>& fill);
+  bool fillAsNew(long vid, const std::function<void()>& change);
+  std::string reversalNarration() const;
+  std::string proposedDate() const;
   void showEntry();
   void showList();
   void cancelEntry();
@@ -162,9 +174,6 @@ class frmjrnl : public Form {
   void postMissingOnLeaving();
   std::string missingAmounts();
   bool dateIsGood(const char* refusal);
-  bool inYear(const std::string& date) const;
-  std::string yearFrom() const;
-  std::string yearTo() const;
 
   std::string headingOfPeriod(const std::string& what, const std::string& from,
                               const std::string& to) const;
@@ -180,13 +189,14 @@ class frmjrnl : public Form {
     long vid = 0;
   };
   Save lastSave_;
-  int firstYear_ = 0;
+  BooksYear year_;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;
 
   VoucherList list_{vsf, *context_.host};
   VoucherLines lines_{*this};
   LineLookups lookups_{*this, lines_};
+  LineKeys lineKeys_{*this, lines_, lookups_};
 };
 
 }  // namespace quillet

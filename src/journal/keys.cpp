@@ -1,7 +1,5 @@
 // The journal's keys: what Enter, Tab and Escape do on both frames, and the checks made when a date
 // or an amount is left.
-#include <algorithm>
-
 #include "data/dates.h"
 #include "journal/frmjrnl.h"
 #include "journal/messages.h"
@@ -27,11 +25,11 @@ void frmjrnl::FORM_KEYPRESS(Key& key) {
     key = keys::none;
     escape();
   } else if (key == keys::Tab && line >= 0) {
-    tabInLine(line, key);
+    lineKeys_.tab(line, key);
   } else if (key == keys::Enter && isField(active())) {
     key = keys::none;
     if (line >= 0) {
-      enterInLine(line);
+      lineKeys_.enter(line);
     } else {
       focusNext();
     }
@@ -39,57 +37,14 @@ void frmjrnl::FORM_KEYPRESS(Key& key) {
 }
 
 void frmjrnl::FORM_KEYDOWN(Key& key) {
-  const int line = lines_.lineOf(active());
-  const bool amount = line >= 0 && active() == &lines_.amountBox(line);
-  const bool listOpen = lookups_.listOpen();
-  int step = 0;
-  if (amount && key == keys::Up) step = -1;
-  if (amount && key == keys::Down) step = 1;
-  if (line >= 0 && !listOpen && key == keys::PageUp) step = -VoucherLines::inView;
-  if (line >= 0 && !listOpen && key == keys::PageDown) step = VoucherLines::inView;
   // The order goes round to "Cancel", which would be reached without the date's check.
   if (key == keys::BackTab && active() == &txtdt) {
     bool cancel = false;
     txtdt.Validate(cancel);
     if (cancel) key = keys::none;
   }
-  if (step == 0) return;
-  key = keys::none;
-  lines_.moveTo(std::clamp(line + step, 0, lines_.last()));
-}
-
-void frmjrnl::enterInLine(int line) {
-  if (active() == &cboside[line]) {
-    focus(txtledger[line]);
-  } else if (active() == &txtledger[line]) {
-    if (lookups_.enterLedger(line)) focus(txtgroup[line]);
-  } else if (active() == &txtgroup[line]) {
-    lookups_.enterGroup(line);
-  } else {
-    enterInAmount(line);
-  }
-}
-
-void frmjrnl::enterInAmount(int line) {
-  if (line == lines_.last() && lines_.isBlank(line)) {
-    focus(txtnarr);
-    return;
-  }
-  bool cancel = false;
-  active()->Validate(cancel);
-  if (cancel) return;
-  if (line == lines_.last()) LOADCONTROLS();
-  focus(cboside[line + 1]);
-}
-
-void frmjrnl::tabInLine(int line, Key& key) {
-  const bool leavesLast = line > 0 && line == lines_.last() && lines_.isBlank(line);
-  if (leavesLast || (line == lines_.last() && active() == &lines_.amountBox(line))) {
-    key = keys::none;
-    focus(txtnarr);
-  } else if (active() == &txtledger[line] && !lookups_.takeLedger(line)) {
-    key = keys::none;
-  }
+  const int line = lines_.lineOf(active());
+  if (line >= 0) lineKeys_.step(line, key);
 }
 
 void frmjrnl::escape() {
@@ -125,16 +80,13 @@ bool frmjrnl::dateIsGood(const char* refusal) {
   const std::string date = txtdt.text();
   if (!isDate(date)) {
     tell(context_, refusal);
-  } else if (!inYear(date)) {
-    tell(context_, "Please Specify a Valid Date between " + yearFrom() + " and " + yearTo() + ".");
+  } else if (!year_.holds(date)) {
+    tell(context_,
+         "Please Specify a Valid Date between " + year_.from() + " and " + year_.to() + ".");
   } else {
     return true;
   }
   return false;
-}
-
-bool frmjrnl::inYear(const std::string& date) const {
-  return compareDates(date, yearFrom()) >= 0 && compareDates(date, yearTo()) <= 0;
 }
 
 void frmjrnl::TXTDT1_VALIDATE(int index, bool& cancel) {

@@ -117,6 +117,7 @@ void LineLookups::TXTLEDGER_CHANGE(int line) {
 }
 
 void LineLookups::TXTLEDGER_LOSTFOCUS(int line) {
+  hint("");
   ledgers_.hide();
   form_.txtledger[line].select(0, 0);
   const Control* const to = form_.active();
@@ -208,6 +209,7 @@ void LineLookups::TXTGROUP_CHANGE(int line) {
 }
 
 void LineLookups::TXTGROUP_LOSTFOCUS(int line) {
+  hint("");
   groups_.hide();
   form_.txtgroup[line].select(0, 0);
   if (form_.Frame2.visible()) takeGroup(line);

@@ -16,8 +16,8 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
     book_.reset();
     books_ = books;
     book_.emplace(*context_.host, context_.unposted, ClientTable{table, books.clientCode});
-    firstYear_ = yearOf(books.firstDate) - (previousYear ? 1 : 0);
-    setPeriod(yearFrom(), yearTo());
+    year_.first = yearOf(books.firstDate) - (previousYear ? 1 : 0);
+    setPeriod(year_.from(), year_.to());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);
   });

@@ -13,7 +13,7 @@ inline constexpr const char* negativeAmount =
     "An Amount cannot be Negative. Choose \"By\" or \"To\" instead.";
 inline constexpr const char* sharedNumber =
     "The number of this voucher is also that of another client's voucher, and both would be "
-    "deleted. To take it back, please pass a new voucher with its sides exchanged.";
+    "deleted. To take it back, please pass a new one with \"Reverse\".";
 // Shown where a person is after a statement failed in the middle; the error log says why.
 inline constexpr const char* incomplete =
     "Not everything could be stored; the error log says why. Please press \"Update\" again.";

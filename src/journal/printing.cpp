@@ -54,7 +54,7 @@ void frmjrnl::CMDTB_CLICK() {
       tell(context_, noRecords);
     } else {
       printSubsidiary(*context_.host, *context_.reporter,
-                      headingOfPeriod("Subsidiary Trial Balance", yearFrom(), yearTo()), rows);
+                      headingOfPeriod("Subsidiary Trial Balance", year_.from(), year_.to()), rows);
     }
     done = true;
     balance.close();

@@ -85,6 +85,7 @@ void VoucherLines::attachAmount(int line, TextBox& box) {
   box.Overflow = [this] { form_.lblhint.setCaption("An amount holds at most 20 characters."); };
   box.GotFocus = [this, line, &box] {
     arriveAt(line);
+    proposeAmount(line, box);
     box.selectAll();
   };
   box.Change = [this] { form_.GETCURBALS(); };
@@ -177,7 +178,16 @@ bool VoucherLines::isBlank(int line) const {
   return blank(form_.txtledger[line]) && blank(form_.txtgroup[line]) && noAmount;
 }
 
+// What the voucher lacks on the line's side, for typing to replace.
+void VoucherLines::proposeAmount(int line, TextBox& box) {
+  if (!blank(box) || blank(form_.txtledger[line])) return;
+  const VoucherTotals totals = totalsOf(lines());
+  const Money lacking = isDebit(line) ? totals.credit - totals.debit : totals.debit - totals.credit;
+  if (lacking > Money()) box.setText(groupedAmount(*form_.context().host, lacking));
+}
+
 void VoucherLines::leaveAmount(TextBox& box) {
+  form_.lblhint.setCaption("");
   const std::string typed(trimmed(box.text()));
   if (typed.empty()) return;
   if (const auto amount = typedAmount(typed)) {
@@ -197,6 +207,14 @@ void VoucherLines::setSide(int line, bool toDebit) {
   form_.cboside[line].setChosen(toDebit ? by : to);
   form_.txtdramt[line].setEnabled(toDebit);
   form_.txtcramt[line].setEnabled(!toDebit);
+}
+
+void VoucherLines::exchangeSides() {
+  const ScopedFlag ignoring = ignoreChanges();
+  for (int line = 0; line < count(); ++line) {
+    form_.cboside[line].setChosen(isDebit(line) ? to : by);
+    sideChosen(line);
+  }
 }
 
 void VoucherLines::sideChosen(int line) {

@@ -54,6 +54,8 @@ class VoucherLines {
 
   bool isDebit(int line) const;
   void setSide(int line, bool toDebit);
+  // Debits become credits and credits debits.
+  void exchangeSides();
   // The box that takes the line's amount.
   TextBox& amountBox(int line) const;
 
@@ -78,6 +80,7 @@ class VoucherLines {
   void empty(int line);
   void copy(int from, int into);
   void sideChosen(int line);
+  void proposeAmount(int line, TextBox& box);
   void leaveAmount(TextBox& box);
   Money amountIn(const TextBox& box) const;
   VoucherLine read(int line) const;

@@ -84,6 +84,17 @@ int VoucherList::headingOf(int row) const {
   return row;
 }
 
+std::string VoucherList::lastDate() const {
+  long last = 0;
+  std::string date;
+  for (int row = 1; row <= grid_.rows(); ++row) {
+    if (!grid_.rowEmphasised(row) || grid_.rowId(row) <= last) continue;
+    last = grid_.rowId(row);
+    date = grid_.cell(row, 0);
+  }
+  return date;
+}
+
 void VoucherList::select(long vid) {
   if (vid != 0) grid_.setCurrent(grid_.findId(vid));
 }

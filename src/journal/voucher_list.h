@@ -23,6 +23,8 @@ class VoucherList {
   void foldAll(bool folded);
   int headingOf(int row) const;
   void select(long vid);
+  // The date of the voucher that was passed last, as the list shows it; "" when it lists none.
+  std::string lastDate() const;
 
  private:
   void addLine(const Journal::Row& row, bool first);

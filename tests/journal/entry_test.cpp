@@ -19,17 +19,21 @@ TEST_F(JournalEntry, EnterLeadsFromBoxToBox) {
   EXPECT_EQ(form.txtdramt[0].text(), "12.50");
   EXPECT_EQ(form.txtcurbal[0].text(), "512.50Dr");
   EXPECT_EQ(form.cboside[1].text(), "To");
-  for (const char* typed : {"", "rent payable", "", "12.5"}) enter(typed);
+  for (const char* typed : {"", "rent payable", ""}) enter(typed);
+  // What the voucher lacks is proposed.
+  EXPECT_EQ(form.txtcramt[1].text(), "12.50");
+  EXPECT_EQ(form.txtcramt[1].selLength(), 5U);
   EXPECT_EQ(form.txtcurbal[1].text(), "52.50Cr");
-  form.press(keys::Tab);
-  way.push_back(active());
+  for (const char* typed : {"2.5", "", "Cash", "", ""}) enter(typed);
+  EXPECT_EQ(form.txtcramt[2].text(), "10.00");
   for (const char* typed : {"June", ""}) enter(typed);
   EXPECT_EQ(way, (Texts{"txtdt", "cboside0", "txtledger0", "txtgroup0", "txtdramt0", "cboside1",
-                        "txtledger1", "txtgroup1", "txtcramt1", "cboside2", "txtnarr", "cmdupdate",
-                        "vsf"}));
-  EXPECT_EQ(
-      rows("select VID,LSrNo,VDate,Amount,VNar from JRNL_1 order by LSrNo"),
-      (Rows{{"1", "1", "2008-06-15", "12.5", "June"}, {"1", "2", "2008-06-15", "-12.5", "June"}}));
+                        "txtledger1", "txtgroup1", "txtcramt1", "cboside2", "txtledger2",
+                        "txtgroup2", "txtcramt2", "txtnarr", "cmdupdate", "vsf"}));
+  EXPECT_EQ(rows("select VID,LSrNo,VDate,Amount,VNar from JRNL_1 order by LSrNo"),
+            (Rows{{"1", "1", "2008-06-15", "12.5", "June"},
+                  {"1", "2", "2008-06-15", "-2.5", "June"},
+                  {"1", "3", "2008-06-15", "-10", "June"}}));
 }
 
 TEST_F(JournalEntry, TabGoesOnInTheOrderShown) {
@@ -69,17 +73,97 @@ TEST_F(JournalEntry, TakesAGoodDateOnly) {
   }
 }
 
-TEST_F(JournalEntry, ProposesTodayWithinTheYearOnly) {
+TEST_F(JournalEntry, ProposesTheAmountThatIsLackingAndNoOther) {
   frmjrnl& form = journal();
-  for (const auto& [today, proposed] : {std::pair{Date{2008, 3, 31}, "__/__/____"},
-                                        {Date{2008, 4, 1}, "01/04/2008"},
-                                        {Date{2009, 3, 31}, "31/03/2009"},
-                                        {Date{2009, 4, 1}, "__/__/____"}}) {
+  fillVoucher("02062008", {{"Cash", "", "1000"}});
+  form.press(keys::Enter);
+  form.focus(form.txtcramt[1]);
+  EXPECT_EQ(form.txtcramt[1].text(), "") << "the line names no ledger";
+  fillLine(1, {"Rent Payable", "", "400", false});
+  form.press(keys::Enter);
+  // The side that is not short is left alone, and so is an amount that stands.
+  form.press(U'b');
+  type(form.txtledger[2], "Cash");
+  form.focus(form.txtdramt[2]);
+  EXPECT_EQ(form.txtdramt[2].text(), "");
+  form.focus(form.cboside[2]);
+  form.press(keys::Up);
+  form.focus(form.txtcramt[1]);
+  EXPECT_EQ(form.txtcramt[1].text(), "400.00");
+  form.focus(form.txtcramt[2]);
+  EXPECT_EQ(form.txtcramt[2].text(), "600.00");
+  // Down adds a line to what balances, and Enter leads past it while it is blank.
+  form.press(keys::Down);
+  EXPECT_EQ(active(), "cboside3");
+  form.focus(form.txtcramt[2]);
+  form.press(keys::Enter);
+  EXPECT_EQ(active(), "txtnarr");
+  EXPECT_NE(form.lblhint.caption(), "");
+  form.press(keys::Enter);
+  EXPECT_EQ(form.lblhint.caption(), "");
+}
+
+TEST_F(JournalEntry, ProposesTodayOrTheDateUsedLast) {
+  frmjrnl& form = journal();
+  const auto expectProposed = [&](Date today, const char* proposed) {
     giveUp();
     clock.set(today);
     form.click(form.cmdadd);
     EXPECT_EQ(form.txtdt.text(), proposed);
     EXPECT_EQ(active(), "txtdt");
+  };
+  for (const auto& [today, proposed] : {std::pair{Date{2008, 3, 31}, "31/03/2009"},
+                                        {Date{2008, 4, 1}, "01/04/2008"},
+                                        {Date{2009, 3, 31}, "31/03/2009"},
+                                        {Date{2009, 4, 1}, "31/03/2009"}}) {
+    expectProposed(today, proposed);
+  }
+  giveUp();
+  for (const char* date : {"05092008", "01072008"}) {
+    pass(date, {{"Cash", "", "1"}, {"Rent Payable", "", "1", false}});
+  }
+  form.click(form.cmdadd);
+  expectProposed({2009, 4, 1}, "01/07/2008");
+  expectProposed({2008, 4, 2}, "02/04/2008");
+}
+
+TEST_F(JournalEntry, CopiesAndReversesAVoucher) {
+  frmjrnl& form = journal();
+  fillVoucher("02062008", {{"Cash", "", "1234.5"}, {"Rent Payable", "", "1234.5", false}}, "June");
+  form.click(form.cmdupdate);
+  const auto balances = [&] { return rows("select amt,nid from TAB_1 order by srno"); };
+  const Rows passed = balances();
+  pick(1);
+  statements();
+  form.click(form.cmdcopy);
+  EXPECT_EQ(statements(), (Texts{"Select * from JRNL_1 where VID=1 Order by LSrNo"}));
+  EXPECT_EQ(form.txtdt.text(), "15/06/2008");
+  EXPECT_EQ(form.txtnarr.text(), "June");
+  EXPECT_EQ(form.txtcurbal[0].text(), "2,969.00Dr") << "it counts beside the one copied";
+  giveUp();
+  EXPECT_EQ(balances(), passed);
+
+  form.click(form.cmdcopy);
+  form.click(form.cmdupdate);
+  form.click(form.cmdreverse);
+  EXPECT_EQ(form.cboside[0].text() + form.txtcramt[0].text() + form.txtdramt[0].text(),
+            "To1,234.50");
+  EXPECT_EQ(form.txtcurbal[1].text(), "1,274.50Cr");
+  form.click(form.cmdupdate);
+  EXPECT_EQ(balances(), passed);
+  const std::string reversal = "Reversal of the voucher of 15/06/2008 for 1,234.50: June";
+  EXPECT_EQ(rows("select VID,VDate,Amount,VNar from JRNL_1 where LSrNo=1 order by VID"),
+            (Rows{{"1", "2008-06-02", "1234.5", "June"},
+                  {"2", "2008-06-15", "1234.5", "June"},
+                  {"3", "2008-06-15", "-1234.5", reversal}}));
+  // Commands lead back to the list, and a row is asked for.
+  EXPECT_EQ(active(), "vsf");
+  form.vsf.setCurrent(0);
+  messages();
+  for (Button* button : {&form.cmdcopy, &form.cmdreverse}) {
+    form.click(*button);
+    EXPECT_EQ(messages(), Texts{"Please select a Item."});
+    EXPECT_EQ(active(), "vsf");
   }
 }
 
@@ -182,7 +266,7 @@ TEST_F(JournalEntry, ScrollsALongVoucher) {
   form.focus(form.txtdt);
   EXPECT_EQ(view(), "txtdt 0-9...");
   form.focus(form.txtcramt[199]);
-  form.press(keys::Enter);
+  form.press(keys::Down);
   EXPECT_EQ(form.GETROWS(), 201);
   EXPECT_EQ(view(), "cboside200 ...191-200");
 }

@@ -1,0 +1,42 @@
+// A new voucher made from one that stands: a copy, or the reversal that takes it back. Nothing is
+// stored before "Update".
+#include "books/amount.h"
+#include "data/text.h"
+#include "journal/frmjrnl.h"
+
+namespace quillet {
+
+void frmjrnl::CMDCOPY_CLICK() {
+  enterSelected([this](long vid) { return fillAsNew(vid, {}); });
+}
+
+void frmjrnl::CMDREVERSE_CLICK() {
+  enterSelected([this](long vid) {
+    return fillAsNew(vid, [this] {
+      txtnarr.setText(reversalNarration());
+      lines_.exchangeSides();
+    });
+  });
+}
+
+// The voucher that was read stays as it is: the lines are those of one without a number, and its
+// own posting counts in the balances beside them.
+bool frmjrnl::fillAsNew(long vid, const std::function<void()>& change) {
+  if (!LOADVCH(vid)) return false;
+  book().begin();
+  if (change) change();
+  txtdt.setText(proposedDate());
+  GETCURBALS();
+  return true;
+}
+
+// Vouchers are known by what the list shows of them, not by their numbers.
+std::string frmjrnl::reversalNarration() const {
+  std::string text = "Reversal of the voucher of " + txtdt.text() + " for " +
+                     groupedAmount(*context_.host, totalsOf(lines_.lines()).debit);
+  if (!txtnarr.text().empty()) text += ": " + txtnarr.text();
+  text.resize(offsetOf(text, narrationLength));
+  return text;
+}
+
+}  // namespace quillet
