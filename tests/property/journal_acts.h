@@ -28,7 +28,13 @@ class JournalActs : public EditorActs {
       last = std::max(last, each.vouchers.rbegin()->first);
     }
     const Voucher voucher = drawVoucher();
-    journal()->click(journal()->cmdadd);
+    const auto like = drawStored();
+    if (like && draw(3) == 0 && pickVoucher(like->first)) {
+      // Typed over, and still a voucher of its own.
+      journal()->click(draw(2) == 0 ? journal()->cmdcopy : journal()->cmdreverse);
+    } else {
+      journal()->click(journal()->cmdadd);
+    }
     // What could not be read when the journal was opened is read now.
     require(journal()->Frame2.visible(), "no voucher can be begun");
     journalUnloaded_ = false;
