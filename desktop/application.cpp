@@ -9,6 +9,7 @@
 #include <QWindow>
 #include <stdexcept>
 
+#include "controls/letter_search.h"
 #include "desktop/form_window.h"
 #include "desktop/help_topics.h"
 #include "desktop/help_window.h"
@@ -38,6 +39,8 @@ void GuardedApplication::log(const std::exception& error) const noexcept {
 }
 
 Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows_, busy_) {
+  // Letters in an open list search together as long as those in a closed one.
+  QApplication::setKeyboardInputInterval(static_cast<int>(LetterSearch::pause.count()));
   QApplication::setApplicationName(QStringLiteral("quillet"));
   QApplication::setApplicationDisplayName(QStringLiteral("Quillet"));
   QApplication::setDesktopFileName(QStringLiteral("quillet"));

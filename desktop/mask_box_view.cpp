@@ -9,6 +9,7 @@
 
 #include "desktop/text.h"
 #include "desktop/theme.h"
+#include "view/mask_text.h"
 #include "view/typed_text.h"
 
 namespace quillet::desktop {
@@ -23,7 +24,7 @@ MaskBoxView::MaskBoxView(MaskBox& box, view::ActionRunner& runner, QWidget* pare
 }
 
 void MaskBoxView::draw() {
-  const QString text = toQt(box_.text());
+  const QString text = toQt(view::shownText(box_));
   if (line_->text() != text) line_->setText(text);
   line_->deselect();
   line_->setCursorPosition(static_cast<int>(box_.caret()));

@@ -80,11 +80,21 @@ std::optional<LRESULT> ComboView::handleOpen(const WindowMessage& message) {
       SendMessageW(window(), CB_SHOWDROPDOWN, FALSE, 0);
       return 0;
     case WM_CHAR:
+      return search(static_cast<Key>(message.wide));
     case WM_LBUTTONDOWN:
       return {};
     default:
       return ControlView::received(message);
   }
+}
+
+// Letters search as they do in a closed box; nothing is chosen before the list closes.
+std::optional<LRESULT> ComboView::search(Key letter) {
+  if (!keys::typesText(letter)) return {};
+  const auto from = static_cast<int>(SendMessageW(window(), CB_GETCURSEL, 0, 0)) + 1;
+  const int found = model_.search(letter, from);
+  if (found > 0) SendMessageW(window(), CB_SETCURSEL, static_cast<WPARAM>(found - 1), 0);
+  return 0;
 }
 
 // --- list ---------------------------------------------------------------------------------------

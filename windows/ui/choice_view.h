@@ -21,6 +21,7 @@ class ComboView : public ControlView {
  private:
   bool isOpen() const { return SendMessageW(window(), CB_GETDROPPEDSTATE, 0, 0) != 0; }
   void choose();
+  std::optional<LRESULT> search(Key letter);
   std::optional<LRESULT> handleOpen(const WindowMessage& message);
 
   ComboBox& model_;

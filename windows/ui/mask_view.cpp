@@ -3,6 +3,7 @@
 #include <commctrl.h>
 #include <imm.h>
 
+#include "view/mask_text.h"
 #include "view/typed_text.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
@@ -22,7 +23,7 @@ SIZE MaskView::wantedSize(const Metrics& metrics) const {
 }
 
 void MaskView::draw() {
-  showText(window(), wide(box_.text()));
+  showText(window(), wide(view::shownText(box_)));
   showCaret();
 }
 
