@@ -112,6 +112,7 @@ void Component::end() noexcept {
 Component::Component()
     : objects_(windows_), environment_(windows_, objects_), forms_(environment_) {
   environment_.follow(forms_.context().openForms.acts);
+  windows_.onClosed = [this](const Form& form) { objects_.closed(form); };
   windows_.follow(forms_.context().openForms);
 }
 

@@ -1,5 +1,7 @@
 #include "windows/component/form_object.h"
 
+#include <algorithm>
+
 #include "controls/key.h"
 #include "windows/component/control_list.h"
 #include "windows/component/members.h"
@@ -8,6 +10,10 @@ namespace quillet::windows {
 namespace {
 
 using Place = FormWindows::Place;
+
+// Sizes in points with which a form can still be worked in, whatever a host works out.
+constexpr double smallestFont = 6;
+constexpr double largestFont = 72;
 
 // Ids from here on are names of controls.
 constexpr DISPID firstControl = 1000;
@@ -79,8 +85,14 @@ constexpr Member<FormObject> members[] = {
 }  // namespace
 
 FormObject::FormObject(Form& form, FormWindows& windows)
-    : link_(std::make_shared<FormLink>(FormLink{form.handle(), &windows})),
-      font_([this] { takeFont(); }) {}
+    : link_(std::make_shared<FormLink>(FormLink{form.handle(), &windows})) {}
+
+FontObject& FormObject::font() {
+  if (!font_) font_ = std::make_unique<FontObject>([this] { takeFont(); });
+  return *font_;
+}
+
+void FormObject::forgetWishes() { font_.reset(); }
 
 std::optional<DISPID> FormObject::idOf(const std::string& name) {
   if (const auto own = memberId<FormObject>(members, *this, name)) return own;
@@ -165,17 +177,17 @@ double FormObject::place(std::optional<int> Place::*side) {
 }
 
 void FormObject::setPlace(std::optional<int> Place::*side, double wanted) {
-  Place place = link_->windows->place(form());
-  place.*side = pixels(wanted, link_->window());
-  link_->windows->setPlace(form(), place);
+  Place change;
+  change.*side = pixels(wanted, link_->window());
+  link_->windows->setPlace(form(), change);
 }
 
 void FormObject::takeFont() {
   if (!link_->windows || link_->known.expired()) return;
-  Place place = link_->windows->place(form());
-  place.fontPoints = font_.points();
-  place.fontName = font_.name();
-  link_->windows->setPlace(form(), place);
+  Place change;
+  change.fontPoints = std::clamp(font_->points(), smallestFont, largestFont);
+  change.fontName = font_->name();
+  link_->windows->setPlace(form(), change);
 }
 
 }  // namespace quillet::windows

@@ -29,10 +29,13 @@ class FormObject final : public NamedObject {
   void press(const std::string& key);
   Pointer<IDispatch> controls(const Call& call);
   Pointer<IDispatch> activeControl();
-  FontObject& font() { return font_; }
+  FontObject& font();
   // Left, Top, Width or Height, in twips.
   double place(std::optional<int> FormWindows::Place::*side);
   void setPlace(std::optional<int> FormWindows::Place::*side, double twips);
+
+  // The form was closed: when it loads again, a host finds and rescales it as it was designed.
+  void forgetWishes();
 
   // For a host's own notes.
   std::string tag;
@@ -46,7 +49,7 @@ class FormObject final : public NamedObject {
   void takeFont();
 
   std::shared_ptr<FormLink> link_;
-  FontObject font_;
+  std::unique_ptr<FontObject> font_;                    // made when it is asked for
   std::map<unsigned, Pointer<ControlObject>> objects_;  // by the ids of the controls
   std::vector<std::string> names_;                      // of controls that were asked for
 };

@@ -16,6 +16,11 @@ Pointer<IDispatch> FormObjects::of(Control& control) {
   return objectOf(control.form()).objectOf(control);
 }
 
+void FormObjects::closed(const Form& form) {
+  const auto known = objects_.find(&form);
+  if (known != objects_.end()) known->second->forgetWishes();
+}
+
 void FormObjects::letGo() {
   for (const auto& [form, object] : objects_) object->link().windows = nullptr;
   objects_.clear();

@@ -15,6 +15,8 @@ class FormObjects {
 
   Pointer<IDispatch> of(Form& form);
   Pointer<IDispatch> of(Control& control);
+  // The form was closed: a host finds it as it was designed when it opens again.
+  void closed(const Form& form);
   // The module ends: what a host still holds answers with an error from now on.
   void letGo();
 

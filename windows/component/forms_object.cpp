@@ -84,8 +84,13 @@ class FormsObject final : public Counted<_Forms, ISupportErrorInfo> {
     if (!object) return E_POINTER;
     *object = nullptr;
     return guarded(IID__Forms, [&] {
-      Form* form = get();
-      if (form) *object = Component::instance().objects().of(*form).detach();
+      Component& component = Component::instance();
+      try {
+        Form* form = get();
+        if (form) *object = component.objects().of(*form).detach();
+      } catch (const std::exception&) {
+        // Nothing is what the caller gets.
+      }
     });
   }
 

@@ -27,8 +27,10 @@ STDMETHODIMP NamedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCI
     if (id) ids[0] = *id;
     // No argument of ours has a name.
     return id && count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
+  } catch (const std::exception& error) {
+    return resultOf(error);
   } catch (...) {
-    return E_OUTOFMEMORY;
+    return E_UNEXPECTED;
   }
 }
 

@@ -52,22 +52,22 @@ void LateRecordset::read(const Late& recordset) {
   rows_ = names_.empty() ? 0 : cells_.size() / names_.size();
 }
 
-// Some recordsets hand out a part of their rows at a time.
+// Some recordsets hand out a part of their rows at a time. What was handed out once does not come
+// again, so an answer of another shape is an error.
 bool LateRecordset::readAtOnce(const Late& recordset) {
   if (!recordset.has("GetRows")) return false;
-  while (!atEnd(recordset)) {
-    if (!addRows(recordset.call("GetRows"))) return false;
-  }
+  while (!atEnd(recordset)) addRows(recordset.call("GetRows"));
   return true;
 }
 
-// False when the answer is no table of the fields.
-bool LateRecordset::addRows(const VARIANT& rows) {
-  if (rows.vt != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(rows.parray) != 2) return false;
-  if (lengthOf(rows.parray, 1) != names_.size()) return false;
-  const ArrayView<const VARIANT> values(rows.parray);
+void LateRecordset::addRows(const VARIANT& rows) {
+  const bool table = rows.vt == (VT_ARRAY | VT_VARIANT) && SafeArrayGetDim(rows.parray) == 2 &&
+                     lengthOf(rows.parray, 1) == names_.size();
+  const ArrayView<const VARIANT> values(table ? rows.parray : nullptr);
+  if (values.size() == 0) {
+    throw RunTimeError(typeMismatch, "GetRows answered no table of the fields.", source);
+  }
   for (const VARIANT& value : values) add(value);
-  return values.size() > 0;
 }
 
 // A field tells the value of the row that the recordset has come to.

@@ -36,7 +36,7 @@ class LateRecordset : public Recordset {
   void read(const Late& recordset);
   bool readAtOnce(const Late& recordset);
   void readCells(const Late& recordset, const std::vector<Late>& fields);
-  bool addRows(const VARIANT& rows);
+  void addRows(const VARIANT& rows);
   void add(const VARIANT& value);
 
   std::vector<std::string> names_;

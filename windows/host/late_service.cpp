@@ -1,5 +1,6 @@
 #include "windows/host/late_service.h"
 
+#include "data/errors.h"
 #include "data/text.h"
 #include "windows/host/late_recordset.h"
 
@@ -62,7 +63,15 @@ long LateService::GetTbCount() const { return asLong(host_.call("GetTbCount")); 
 // -------------------------------------------------------
 
 std::string LateService::COMPANY_NAME() const { return text("COMPANY_NAME"); }
-std::string LateService::ExePath() const { return folder(text("ExePath")); }
+// The error log lies there: it is wanted most when the host does not answer any more.
+std::string LateService::ExePath() const {
+  try {
+    programFolder_ = folder(text("ExePath"));
+  } catch (const RunTimeError&) {
+    if (programFolder_.empty()) throw;
+  }
+  return programFolder_;
+}
 std::string LateService::DocPath() const { return folder(text("DocPath")); }
 
 std::string LateService::GetSettingINI(const std::string& section, const std::string& key,

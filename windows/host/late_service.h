@@ -111,6 +111,7 @@ class LateService : public ServiceObject {
   // into the ledger master too.
   std::map<long, std::string> ledgerNames_;
   unsigned long namesRead_ = 0;  // the act that read them
+  mutable std::string programFolder_;  // as the host told it last
 };
 
 }  // namespace quillet::windows

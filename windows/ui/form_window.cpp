@@ -103,16 +103,15 @@ void FormWindow::takeFonts(UINT dpi) {
 
 void FormWindow::takeSize(HWND beside, const FormWindows::Place& wanted) {
   const RECT area = workArea(beside);
-  const SIZE room{area.right - area.left, area.bottom - area.top};
   place();
   const SIZE border = bordersOf(window());
-  const auto bounded = [](double share, LONG whole, LONG least) {
-    return std::min(whole, std::max(static_cast<LONG>(std::lround(share * whole)), least));
-  };
-  const LONG width = bounded(form_.size.width, room.cx, least_.cx + border.cx);
-  const LONG height = bounded(form_.size.height, room.cy, least_.cy + border.cy);
-  MoveWindow(window(), static_cast<int>(area.left + (room.cx - width) / 2),
-             static_cast<int>(area.top + (room.cy - height) / 2), static_cast<int>(width),
+  const RECT usual = usualPlace(form_.size, area);
+  const LONG width =
+      std::min(area.right - area.left, std::max(usual.right - usual.left, least_.cx + border.cx));
+  const LONG height =
+      std::min(area.bottom - area.top, std::max(usual.bottom - usual.top, least_.cy + border.cy));
+  MoveWindow(window(), static_cast<int>((area.left + area.right - width) / 2),
+             static_cast<int>((area.top + area.bottom - height) / 2), static_cast<int>(width),
              static_cast<int>(height), FALSE);
   moveTo(wanted);
 }
@@ -126,9 +125,12 @@ void FormWindow::moveTo(const FormWindows::Place& place) {
   if (!place.left && !place.top && !place.width && !place.height) return;
   RECT now{};
   GetWindowRect(window(), &now);
-  MoveWindow(window(), place.left.value_or(now.left), place.top.value_or(now.top),
-             place.width.value_or(now.right - now.left),
-             place.height.value_or(now.bottom - now.top), TRUE);
+  const LONG left = place.left.value_or(now.left);
+  const LONG top = place.top.value_or(now.top);
+  const RECT wanted = withinReach({left, top, left + place.width.value_or(now.right - now.left),
+                                   top + place.height.value_or(now.bottom - now.top)});
+  MoveWindow(window(), wanted.left, wanted.top, wanted.right - wanted.left,
+             wanted.bottom - wanted.top, TRUE);
 }
 
 void FormWindow::bound(MINMAXINFO& bounds) const {

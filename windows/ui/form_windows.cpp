@@ -4,10 +4,23 @@
 #include <utility>
 
 #include "controls/form.h"
+#include "windows/ui/extents.h"
 #include "windows/ui/form_window.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
+namespace {
+
+using Place = FormWindows::Place;
+
+void complete(Place& place, const RECT& rest) {
+  if (!place.width) place.width = rest.right - rest.left;
+  if (!place.height) place.height = rest.bottom - rest.top;
+  if (!place.left) place.left = rest.left;
+  if (!place.top) place.top = rest.top;
+}
+
+}  // namespace
 
 FormWindows::FormWindows() = default;
 FormWindows::~FormWindows() { leave(); }
@@ -97,6 +110,8 @@ std::unique_ptr<FormWindow> FormWindows::take(const Form& form) {
 
 void FormWindows::closed(Form& form) {
   const MessageScope scope;
+  places_.erase(form.name());
+  if (onClosed) onClosed(form);
   if (lost_ == &form) lost_ = nullptr;
   std::unique_ptr<FormWindow> window = take(form);
   if (!window) return;
@@ -148,17 +163,31 @@ FormWindows::Place FormWindows::place(const Form& form) const {
   Place place = kept == places_.end() ? Place{} : kept->second;
   const HWND window = windowOf(form);
   RECT now{};
-  if (!window || !GetWindowRect(window, &now)) return place;
-  place.left = now.left;
-  place.top = now.top;
-  place.width = now.right - now.left;
-  place.height = now.bottom - now.top;
+  if (window && GetWindowRect(window, &now)) {
+    place.left.reset();
+    place.top.reset();
+    place.width.reset();
+    place.height.reset();
+  } else {
+    now = usualPlace(form.size, workArea(window));
+  }
+  complete(place, now);
   return place;
 }
 
-void FormWindows::setPlace(const Form& form, const Place& place) {
-  places_[form.name()] = place;
-  if (FormWindow* window = of(form)) window->moveTo(place);
+void FormWindows::setPlace(const Form& form, const Place& change) {
+  Place& kept = places_[form.name()];
+  for (auto side : {&Place::left, &Place::top, &Place::width, &Place::height}) {
+    if (change.*side) kept.*side = change.*side;
+  }
+  if (change.fontPoints) {
+    kept.fontPoints = change.fontPoints;
+    kept.fontName = change.fontName;
+  }
+  Place wanted = change;
+  wanted.fontPoints = kept.fontPoints;
+  wanted.fontName = kept.fontName;
+  if (FormWindow* window = of(form)) window->moveTo(wanted);
 }
 
 bool FormWindows::dispatchKey(const MSG& message) {

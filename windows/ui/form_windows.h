@@ -36,15 +36,19 @@ class FormWindows : public view::FormWindows {
   // window is gone.
   void runUntilClosed(Form& form);
 
-  // Where a host wants a form, in pixels. Kept before its window exists and applied when it does.
+  // Where a host wants a form, in pixels. Kept from before its window exists until the form closes:
+  // one that opens again is as it was designed, as a host expects that rescales it each time.
   struct Place {
     std::optional<int> left, top, width, height;
     std::optional<double> fontPoints;
     std::string fontName;
   };
-  // What was set; the rest as it stands while the form has a window.
+  // Where the form's window stands, or will by what is known so far.
   Place place(const Form& form) const;
-  void setPlace(const Form& form, const Place& place);
+  // What is not there stays as it is.
+  void setPlace(const Form& form, const Place& change);
+  // A form was closed.
+  std::function<void(const Form&)> onClosed;
 
   // For the windows and dialogs themselves.
   using view::FormWindows::activated;

@@ -1,6 +1,6 @@
 ' The class Forms and the forms by name, as a script uses them that nobody here wrote for.
 Option Explicit
-Dim forms, again, home, control, names, found, failures
+Dim forms, again, home, control, names, found, usual, size, turn, failures
 
 Sub Equal(actual, expected, what)
   Fine "before " & what
@@ -108,8 +108,24 @@ Equal home.Controls("clgrd1") Is home.ClGrd1, True, "control by name"
 Set control = home.Controls(999)
 Refused 9, "Set control = home.Controls(999)"
 
+home.Left = 1000000000
+Equal home.Left < 60000, True, "within reach: " & home.Left
+home.Font.Size = 1000000
 home.Hide
 Equal home.Visible, False, "hidden"
+
+' A host that rescales each time finds the form as it was designed.
+usual = home.Width
+size = home.FontSize
+Equal usual > 9000, True, "width before there is a window: " & usual
+For turn = 1 To 3
+  home.Width = home.Width * 1.1
+  home.FontSize = home.FontSize * 1.25
+  home.Show
+  home.Hide
+Next
+Equal home.Width, usual, "width after rescaling three times"
+Equal home.FontSize, size, "font after rescaling three times"
 Fine "the end"
 
 ' The script host ends a script that fails without a word, hence the count.
