@@ -36,6 +36,8 @@ void frmjrnl::attachList() {
   command(cmdexit, [this] { close(); });
   command(cmdok, [this] { CMDOK_CLICK(); });
   for (auto& box : txtdt1) {
+    // Typing replaces the date that stands.
+    box->GotFocus = [&date = *box] { date.setCaret(0); };
     box->Validate = [this, index = box->index()](bool& cancel) { TXTDT1_VALIDATE(index, cancel); };
   }
   lblstatus.setQuiet(true);
@@ -57,7 +59,10 @@ void frmjrnl::attachEntry() {
   vsf1.tabStop = false;
   vsf1.setFixedRows(1);
   on(txtdt.Validate, "txtdt_VALIDATE", [this](bool& cancel) { txtdt_VALIDATE(cancel); });
-  txtdt.GotFocus = [this] { lines_.reveal(0); };
+  txtdt.GotFocus = [this] {
+    lines_.reveal(0);
+    txtdt.setCaret(0);
+  };
   txtnarr.setMaxLength(narrationLength);
   txtnarr.LostFocus = [this] { hint(""); };
   txtnarr.Overflow = [this] { hint("A narration holds at most 16,000 characters."); };

@@ -13,6 +13,11 @@ bool isField(const Control* control) {
          dynamic_cast<const ComboBox*>(control) || dynamic_cast<const CheckBox*>(control);
 }
 
+// A whole date that is refused is typed anew, one with gaps where it ends.
+void typeOver(MaskBox& date) {
+  if (date.complete()) date.setCaret(0);
+}
+
 }  // namespace
 
 void frmjrnl::FORM_KEYPRESS(Key& key) {
@@ -74,6 +79,7 @@ void frmjrnl::VSF_KEYDOWN(Key& key) {
 void frmjrnl::txtdt_VALIDATE(bool& cancel) {
   if (!txtdt.shown()) return;
   cancel = !dateIsGood("Please Specify a Valid Date.");
+  if (cancel) typeOver(txtdt);
 }
 
 bool frmjrnl::dateIsGood(const char* refusal) {
@@ -91,7 +97,9 @@ bool frmjrnl::dateIsGood(const char* refusal) {
 
 void frmjrnl::TXTDT1_VALIDATE(int index, bool& cancel) {
   cancel = txtdt1[index].shown() && !isDate(txtdt1[index].text());
-  if (cancel) tell(context_, "Please Specify a Valid Date.");
+  if (!cancel) return;
+  tell(context_, "Please Specify a Valid Date.");
+  typeOver(txtdt1[index]);
 }
 
 }  // namespace quillet

@@ -64,6 +64,11 @@ TEST_F(JournalEntry, TakesAGoodDateOnly) {
     EXPECT_EQ(messages(), told) << typed;
     EXPECT_EQ(active(), told.empty() ? "cboside0" : "txtdt") << typed;
   }
+  type(form.txtdt, "31042008");
+  form.press(keys::Enter);
+  for (const char32_t digit : charactersOf("30")) form.press(digit);
+  EXPECT_EQ(form.txtdt.text(), "30/04/2008") << "what is refused is typed over";
+  messages();
   // Backwards the order goes round to "Cancel", which does not ask for a date when it is clicked.
   for (const auto& [typed, told] : {std::pair{"31022008", valid}, {"02062008", {}}}) {
     type(form.txtdt, typed);
@@ -125,6 +130,8 @@ TEST_F(JournalEntry, ProposesTodayOrTheDateUsedLast) {
   form.click(form.cmdadd);
   expectProposed({2009, 4, 1}, "01/07/2008");
   expectProposed({2008, 4, 2}, "02/04/2008");
+  for (const char32_t digit : charactersOf("1607")) form.press(digit);
+  EXPECT_EQ(form.txtdt.text(), "16/07/2008") << "typing replaces it";
 }
 
 TEST_F(JournalEntry, CopiesAndReversesAVoucher) {
