@@ -5,6 +5,18 @@
 #include "journal/frmjrnl.h"
 
 namespace quillet {
+namespace {
+
+// Vouchers are known by what the list shows of them, not by their numbers.
+std::string reversalOf(const std::string& date, const std::string& amount,
+                       const std::string& narration) {
+  std::string text = "Reversal of the voucher of " + date + " for " + amount;
+  if (!narration.empty()) text += ": " + narration;
+  text.resize(offsetOf(text, frmjrnl::narrationLength));
+  return text;
+}
+
+}  // namespace
 
 void frmjrnl::CMDCOPY_CLICK() {
   enterSelected([this](long vid) { return fillAsNew(vid, {}); });
@@ -13,7 +25,9 @@ void frmjrnl::CMDCOPY_CLICK() {
 void frmjrnl::CMDREVERSE_CLICK() {
   enterSelected([this](long vid) {
     return fillAsNew(vid, [this] {
-      txtnarr.setText(reversalNarration());
+      const Money total = totalsOf(lines_.lines()).debit;
+      txtnarr.setText(
+          reversalOf(txtdt.text(), groupedAmount(*context_.host, total), txtnarr.text()));
       lines_.exchangeSides();
     });
   });
@@ -28,15 +42,6 @@ bool frmjrnl::fillAsNew(long vid, const std::function<void()>& change) {
   txtdt.setText(proposedDate());
   GETCURBALS();
   return true;
-}
-
-// Vouchers are known by what the list shows of them, not by their numbers.
-std::string frmjrnl::reversalNarration() const {
-  std::string text = "Reversal of the voucher of " + txtdt.text() + " for " +
-                     groupedAmount(*context_.host, totalsOf(lines_.lines()).debit);
-  if (!txtnarr.text().empty()) text += ": " + txtnarr.text();
-  text.resize(offsetOf(text, narrationLength));
-  return text;
 }
 
 }  // namespace quillet

@@ -165,7 +165,6 @@ class frmjrnl : public Form {
   // What `fill` brings onto the entry frame of the selected voucher; false when that failed.
   void enterSelected(const std::function<bool(long vid)>& fill);
   bool fillAsNew(long vid, const std::function<void()>& change);
-  std::string reversalNarration() const;
   std::string proposedDate() const;
   void showEntry();
   void showList();
