@@ -12,8 +12,9 @@ constexpr int tries = 3;
 
 std::string nameOf(PasswordKind kind) { return kind == PasswordKind::client ? "client" : "right"; }
 
-std::string condition(const Database& database, PasswordKind kind, const std::string& code) {
-  return " where Kind='" + nameOf(kind) + "' and Code='" + database.escape(code) + '\'';
+template <class Executor>
+std::string condition(const Executor& executor, PasswordKind kind, const std::string& code) {
+  return " where Kind='" + nameOf(kind) + "' and Code='" + executor.escape(code) + '\'';
 }
 
 void prepareLibrary() {
@@ -44,18 +45,29 @@ std::string promptFor(PasswordKind kind, const std::string& code, int tried) {
 
 }  // namespace
 
+void Passwords::set(UnitOfWork& unit, PasswordKind kind, const std::string& code,
+                    const std::string& password) {
+  const std::string there = condition(unit, kind, code);
+  if (password.empty()) return unit.execute("delete from SuitePassword" + there);
+  const std::string hash = unit.escape(hashOf(password));
+  // One statement each: a kill leaves the old password or the new one.
+  if (isSet(unit, kind, code)) {
+    unit.execute("update SuitePassword set Hash='" + hash + '\'' + there);
+  } else {
+    unit.execute("insert into SuitePassword(Kind,Code,Hash) values('" + nameOf(kind) + "','" +
+                 unit.escape(code) + "','" + hash + "')");
+  }
+}
+
 void Passwords::set(Database& database, PasswordKind kind, const std::string& code,
                     const std::string& password) {
-  const std::string there = condition(database, kind, code);
-  if (password.empty()) return database.execute("delete from SuitePassword" + there);
-  const std::string hash = database.escape(hashOf(password));
-  // One statement each: a kill leaves the old password or the new one.
-  if (database.query("select 1 from SuitePassword" + there + " limit 1")->EOF_()) {
-    database.execute("insert into SuitePassword(Kind,Code,Hash) values('" + nameOf(kind) + "','" +
-                     database.escape(code) + "','" + hash + "')");
-  } else {
-    database.execute("update SuitePassword set Hash='" + hash + '\'' + there);
-  }
+  UnitOfWork unit(database);
+  set(unit, kind, code, password);
+}
+
+bool Passwords::isSet(UnitOfWork& unit, PasswordKind kind, const std::string& code) {
+  return !unit.query("select 1 from SuitePassword" + condition(unit, kind, code) + " limit 1")
+              ->EOF_();
 }
 
 bool Passwords::ask(PasswordKind kind, const std::string& code) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "suite/database.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
@@ -16,8 +17,11 @@ class Passwords {
   Passwords(Database& database, Dialogs& dialogs) : database_(database), dialogs_(dialogs) {}
 
   // An empty password removes it.
+  static void set(UnitOfWork& unit, PasswordKind kind, const std::string& code,
+                  const std::string& password);
   static void set(Database& database, PasswordKind kind, const std::string& code,
                   const std::string& password);
+  static bool isSet(UnitOfWork& unit, PasswordKind kind, const std::string& code);
 
   // True when there is none, or when a person types it within three tries. Cancelling is false.
   bool ask(PasswordKind kind, const std::string& code);

@@ -1,34 +1,37 @@
-// Statements outside of a form's acts that count together or not at all.
+// Statements that count together or not at all. They are sent to the database itself, or within a
+// form's act through the unit of work, where they are a part of the act's transaction.
 #pragma once
 
-#include "suite/database.h"
+#include <exception>
 
 namespace quillet::suite {
 
+template <class Executor>
 class Transaction {
  public:
-  explicit Transaction(Database& database) : database_(database) {
-    database_.execute("start transaction");
+  explicit Transaction(Executor& executor) : executor_(executor) {
+    executor_.execute("start transaction");
   }
   // Takes back what was not committed.
   ~Transaction() {
     if (committed_) return;
     try {
-      database_.execute("rollback");
+      executor_.execute("rollback");
     } catch (const std::exception&) {
-      // The connection is gone, and what it had not committed with it.
+      // The connection is gone, and what it had not committed with it; or the whole act was taken
+      // back.
     }
   }
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
   void commit() {
-    database_.execute("commit");
+    executor_.execute("commit");
     committed_ = true;
   }
 
  private:
-  Database& database_;
+  Executor& executor_;
   bool committed_ = false;
 };
 

@@ -79,8 +79,8 @@ TEST_F(ClientListTest, RefusesWhatIsNoClient) {
   const std::pair<const char*, std::function<void(Client&)>> cases[] = {
       {"needs a code", [](Client& c) { c.code = "  "; }},
       {"needs a code", [](Client& c) { c.code = "\u200B\uFEFF"; }},
-      {"the code c1 already.", [](Client& c) { c.code = "c1"; }},
-      {": C1.", [](Client& c) { c.code = "Ｃ\u200B１"; }},
+      {"the code c1 already: C1, Asha Traders.", [](Client& c) { c.code = "c1"; }},
+      {": C1, Asha Traders.", [](Client& c) { c.code = "Ｃ\u200B１"; }},
       {"in common", [](Client& c) { c.code = "#?#Common#?#"; }},
       {"in common", [](Client& c) { c.code = "C2", c.groupCode = " #?#COMMON#?# "; }},
       {"needs a name", [](Client& c) { c.code = "C2", c.name = " "; }},
