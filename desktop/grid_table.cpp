@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -9,6 +10,7 @@
 
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
+#include "desktop/text.h"
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
@@ -99,6 +101,16 @@ void GridTable::showCurrent() {
   const int across = horizontalScrollBar()->value();
   scrollTo(index, jumped ? PositionAtTop : EnsureVisible);
   horizontalScrollBar()->setValue(across);
+}
+
+void GridTable::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (grid_.rows() > 0 || grid_.emptyText().empty()) return;
+  QPainter painter(viewport());
+  painter.setPen(theme::dimmed(palette()));
+  const int step = theme::spacing(*this);
+  painter.drawText(viewport()->rect().adjusted(2 * step, 2 * step, -2 * step, -2 * step),
+                   Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, toQt(grid_.emptyText()));
 }
 
 void GridTable::resizeEvent(QResizeEvent* event) {

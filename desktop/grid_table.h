@@ -26,6 +26,7 @@ class GridTable : public QTableView {
   int shownWidth(int column) const;
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 

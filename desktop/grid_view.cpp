@@ -93,6 +93,8 @@ bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
     const bool left = event.button() == Qt::LeftButton;
     view::pressCell(grid_, row, index.column(), left, runner());
     if (wasCurrent && left && !detached()) edit(row, index.column());
+  } else {
+    view::pressEmpty(grid_, event.button() == Qt::LeftButton, runner());
   }
   if (event.button() == Qt::RightButton && !detached()) popUp();
   return true;

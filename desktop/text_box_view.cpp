@@ -32,6 +32,8 @@ void TextBoxView::draw() {
   const QString text = toQt(box_.text());
   if (line_->text() != text) line_->setText(text);
   line_->setReadOnly(box_.locked());
+  const auto echo = box_.secret() ? QLineEdit::Password : QLineEdit::Normal;
+  if (line_->echoMode() != echo) line_->setEchoMode(echo);
   drawAlignment();
   const int start = unitsOf(text, box_.selStart());
   const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;

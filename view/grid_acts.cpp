@@ -40,6 +40,11 @@ void pressCell(Grid& grid, int row, int column, bool left, ActionRunner& runner)
   });
 }
 
+void pressEmpty(Grid& grid, bool left, ActionRunner& runner) {
+  if (!left || grid.rows() > 0 || grid.emptyText().empty()) return;
+  runner.perform([&] { grid.EmptyClick(); });
+}
+
 void doubleClickCell(Grid& grid, int row, int column, const std::function<bool()>& edit,
                      ActionRunner& runner) {
   if (!isRow(grid, row)) return;

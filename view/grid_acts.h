@@ -20,6 +20,8 @@ void pressCell(Grid& grid, int row, int column, bool left, ActionRunner& runner)
 // carries the row on.
 void doubleClickCell(Grid& grid, int row, int column, const std::function<bool()>& edit,
                      ActionRunner& runner);
+// A press beside the rows: on the words of a grid without any.
+void pressEmpty(Grid& grid, bool left, ActionRunner& runner);
 // Makes the row current and carries it on.
 void chooseRow(Grid& grid, int row, ActionRunner& runner);
 

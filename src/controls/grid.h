@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "controls/control.h"
@@ -103,6 +104,10 @@ class Grid : public Control {
   int fixedRows() const { return fixedRows_; }
   void setFixedRows(int rows) { set(fixedRows_, rows); }
 
+  // What the grid says in place of its rows while it has none.
+  const std::string& emptyText() const { return emptyText_; }
+  void setEmptyText(std::string text) { set(emptyText_, std::move(text)); }
+
   bool takesFocus() const override { return dropOf_ == nullptr; }
   // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
   bool handleKey(Key key) override;
@@ -113,6 +118,8 @@ class Grid : public Control {
   Event<> RowColChange{form(), name(), "ROWCOLCHANGE"};
   Event<> AfterSort{form(), name(), "AFTERSORT"};
   Event<int, int> AfterEdit{form(), name(), "AFTEREDIT"};  // row, column
+  // A click on the words of an empty grid.
+  Event<> EmptyClick{form(), name(), "EMPTYCLICK"};
   // The right mouse button or the menu key on the current row.
   Event<> Popup{form(), name(), "POPUP"};
 
@@ -141,6 +148,7 @@ class Grid : public Control {
   Control* dropOf_ = nullptr;
   bool zebra_ = false;
   int fixedRows_ = 0;
+  std::string emptyText_;
 };
 
 }  // namespace quillet

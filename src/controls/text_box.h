@@ -25,6 +25,9 @@ class TextBox : public Control {
   // Can be read and copied but not edited.
   bool locked() const { return locked_; }
   void setLocked(bool locked) { set(locked_, locked); }
+  // A password: what is typed is not shown.
+  bool secret() const { return secret_; }
+  void setSecret(bool secret) { set(secret_, secret); }
   // For a figure that procedures work out: right-aligned, locked, left out of the tab order.
   void makeFigure();
 
@@ -54,6 +57,7 @@ class TextBox : public Control {
   std::size_t maxLength_ = 0;
   bool rightAligned_ = false;
   bool locked_ = false;
+  bool secret_ = false;
 };
 
 }  // namespace quillet

@@ -35,7 +35,7 @@ ClGrd::ClGrd(Form& form, const std::string& name, Context& context)
   txtsearch.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
-    DblClick();
+    choose();
   };
   cbostatus.Click = [this] { filterChosen(); };
   cbogrpcode.Click = [this] { filterChosen(); };
@@ -196,6 +196,9 @@ void ClGrd::showClients(const std::string& current) {
     if (clients_[position][codeColumn] == current) again = rows();
   }
   setCurrent(again > 0 ? again : 1);
+  setEmptyText(clients_.size() == 0 ? emptyRegister_
+               : searching()        ? "No client is found. Esc shows all of them again."
+                                    : "No client has this status and this group.");
   lblcount.setCaption(std::to_string(found.size()) + " of " + std::to_string(clients_.size()) +
                       " clients");
 }
@@ -205,10 +208,38 @@ void ClGrd::search(const std::string& text) { txtsearch.setText(text); }
 void ClGrd::SelectLastClient() {
   const std::string last = context_.host->vLstSelClCode();
   setCurrent(1);
+  setCurrentClient(last);
+}
+
+bool ClGrd::setCurrentClient(const std::string& code) {
   for (int row = 1; row <= rows(); ++row) {
-    if (TextMatrix(row, 0) != last) continue;
+    if (TextMatrix(row, 0) != code) continue;
     setCurrent(row);
-    return;
+    return true;
+  }
+  return false;
+}
+
+void ClGrd::showClient(const std::string& code) {
+  if (code.empty() || setCurrentClient(code)) return;
+  search("");
+  if (setCurrentClient(code)) return;
+  cbostatus.setChosen(1);
+  cbogrpcode.setChosen(1);
+  filterChosen();
+  setCurrentClient(code);
+}
+
+void ClGrd::setEmptyRegisterText(std::string text) {
+  emptyRegister_ = std::move(text);
+  if (rows() == 0) setEmptyText(emptyRegister_);
+}
+
+void ClGrd::choose() {
+  if (clients_.size() == 0) {
+    EmptyClick();
+  } else {
+    DblClick();
   }
 }
 
@@ -220,7 +251,7 @@ std::string ClGrd::TextMatrix(int row, int column) const {
 void ClGrd::typed(Key& key) {
   if (key == keys::Enter) {
     key = keys::none;
-    DblClick();
+    choose();
   } else if (key == keys::Backspace) {
     key = keys::none;
     const std::string text = txtsearch.text();

@@ -39,6 +39,11 @@ class ClGrd : public Grid {
   // "Code" and "Name" are always 0 and 1, whichever columns are shown.
   std::string TextMatrix(int row, int column) const;
 
+  // Puts the cursor on the client. A search or a filter that hides it is dropped.
+  void showClient(const std::string& code);
+  // What is said while the register is empty; Enter and a click then run EmptyClick.
+  void setEmptyRegisterText(std::string text);
+
   // The search text; a new one goes to the first client found.
   void search(const std::string& text);
   // Puts column widths that a person dragged into the settings.
@@ -70,6 +75,8 @@ class ClGrd : public Grid {
   void showList(const std::string& status, const std::string& group, const std::string& current);
   void showColumns();
   void showClients(const std::string& current);
+  bool setCurrentClient(const std::string& code);
+  void choose();
   // Takes the filters that leave any client and says what became of the others.
   void takeFilters(const std::string& status, const std::string& group);
   // The filter as the list writes it, "" when no client answers to it.
@@ -86,6 +93,7 @@ class ClGrd : public Grid {
   std::string status_;
   std::string group_;
   std::string notice_;
+  std::string emptyRegister_ = "There are no clients in the register.";
 };
 
 }  // namespace quillet

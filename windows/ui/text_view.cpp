@@ -41,6 +41,11 @@ void TextView::draw() {
   if (((style & ES_READONLY) != 0) != box_.locked()) {
     SendMessageW(window(), EM_SETREADONLY, box_.locked(), 0);
   }
+  constexpr wchar_t bullet = L'\u25CF';
+  if (const WPARAM mark = box_.secret() ? bullet : 0;
+      static_cast<WPARAM>(SendMessageW(window(), EM_GETPASSWORDCHAR, 0, 0)) != mark) {
+    SendMessageW(window(), EM_SETPASSWORDCHAR, mark, 0);
+  }
   showSelection();
 }
 
