@@ -28,7 +28,9 @@ void fill(const DataFolder& folder, Contents contents) {
   suite::SystemClock clock;
   suite::Practice practice(folder, frontEnd, clock);
   suite::installStarterData(practice.database());
-  if (contents == Contents::sample) suite::installSamplePractice(practice.database());
+  if (contents != Contents::sample) return;
+  suite::installSamplePractice(practice.database());
+  practice.settings().setCompanyName("Sample & Associates");
 }
 
 // In a child process, because the database starts only once in each. Throws what went wrong there.

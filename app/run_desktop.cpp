@@ -7,6 +7,7 @@
 #include "desktop/practice_menu.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
+#include "suite/practice_commands.h"
 #include "suite/standalone_environment.h"
 
 namespace quillet::app {
@@ -27,6 +28,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   if (!firstMessage.empty()) {
     application.dialogs().MsgBox({firstMessage, "Quillet", Buttons::OK, Icon::information});
   }
+  practice.commands().askForFirm();
   const int status = application.run();
   application.leave();
   toRestore = menu.toRestore();

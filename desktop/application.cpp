@@ -16,6 +16,7 @@
 #include "desktop/report_window.h"
 #include "desktop/screenshot.h"
 #include "desktop/text.h"
+#include "suite/preferences.h"
 
 namespace quillet::desktop {
 
@@ -46,7 +47,7 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   QApplication::setDesktopFileName(QStringLiteral("quillet"));
   // OpenForms says when the last form is closed; a help window left open does not keep the program.
   QApplication::setQuitOnLastWindowClosed(false);
-  setTheme(theme::wanted());
+  setTheme(theme::wanted({}));
   // Without an event loop of the program's own, exit() would end that of the next dialog.
   windows_.onLastClosed = [this] {
     if (running_) QCoreApplication::exit(0);
@@ -78,7 +79,16 @@ void Application::leave() {
   windows_.leave();
 }
 
-void Application::setTheme(theme::Scheme scheme) { theme::apply(scheme); }
+void Application::setTheme(theme::Scheme scheme) {
+  scheme_ = scheme;
+  theme::apply(scheme);
+}
+
+void Application::usePreferences(const suite::Settings& settings) {
+  const theme::Scheme scheme = theme::wanted(suite::preferences::theme.in(settings));
+  if (scheme != scheme_) setTheme(scheme);
+  for (QWidget* widget : QApplication::allWidgets()) widget->update();
+}
 
 int Application::run() {
   if (!windows_.front()) return 0;

@@ -36,7 +36,8 @@ class GuardedApplication : public QApplication {
 
 class Application : public suite::FrontEnd {
  public:
-  // argc and argv outlive the application. The theme follows QUILLET_THEME, else the system.
+  // argc and argv outlive the application. The theme follows the system until
+  // preferences are used.
   Application(int& argc, char** argv);
   ~Application() override;
   Application(const Application&) = delete;
@@ -81,11 +82,13 @@ class Application : public suite::FrontEnd {
   std::optional<std::string> openFile(const std::string& filter,
                                       const std::string& folder) override;
   void showReport(const suite::Document& document) override;
+  void usePreferences(const suite::Settings& settings) override;
 
  private:
   void showAbove(QWidget& window);
 
   GuardedApplication qt_;
+  theme::Scheme scheme_ = theme::Scheme::system;
   Windows windows_;
   BusyPanel busy_;
   DesktopDialogs own_;

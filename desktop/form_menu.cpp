@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 
 #include "desktop/text.h"
 #include "view/form_controls.h"
@@ -22,7 +23,7 @@ void FormMenu::refresh() {
 void FormMenu::add(QMenu& menu) {
   added_.push_back(&menu);
   menu.setFont(bar_.font());
-  bar_.addMenu(&menu);
+  place(menu);
   bar_.setVisible(true);
 }
 
@@ -33,13 +34,26 @@ void FormMenu::rebuild() {
     menu->deleteLater();
   }
   for (MenuEntry* entry : entries_) actions_[entry] = addEntry(*entry);
-  for (QMenu* menu : added_) bar_.addMenu(menu);
+  for (QMenu* menu : added_) place(*menu);
+}
+
+void FormMenu::place(QMenu& menu) {
+  const QList<QAction*> headings = bar_.actions();
+  const auto same = std::find_if(headings.begin(), headings.end(), [&](const QAction* heading) {
+    return heading->text() == menu.title() && heading->menu();
+  });
+  if (same == headings.end()) {
+    bar_.addMenu(&menu);
+  } else {
+    (*same)->menu()->addSeparator();
+    (*same)->menu()->addActions(menu.actions());
+  }
 }
 
 QAction* FormMenu::addEntry(MenuEntry& entry) {
   QAction* action = nullptr;
   if (view::isHeading(entry)) {
-    auto* menu = new QMenu(&bar_);
+    auto* menu = new QMenu(toQt(entry.caption()), &bar_);
     menu->setFont(bar_.font());
     action = menu->menuAction();
   } else {

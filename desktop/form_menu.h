@@ -21,11 +21,13 @@ class FormMenu {
       : form_(form), runner_(runner), bar_(bar) {}
 
   void refresh();
-  // A menu that is not the form's stands behind those that are; somebody else owns it.
+  // A menu that is not the form's stands behind those that are, or at the end of the form's menu of
+  // the same title; somebody else owns it.
   void add(QMenu& menu);
 
  private:
   void rebuild();
+  void place(QMenu& menu);
   QAction* addEntry(MenuEntry& entry);
   static void draw(const MenuEntry& entry, QAction& action);
 

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <string>
 
 class QPalette;
 class QWidget;
@@ -12,8 +13,9 @@ namespace quillet::desktop::theme {
 
 enum class Scheme { system, light, dark };
 
-// From the environment variable QUILLET_THEME ("light", "dark"); anything else follows the system.
-Scheme wanted();
+// "light" or "dark"; anything else follows the system. The environment variable QUILLET_THEME comes
+// first: tests have one look everywhere.
+Scheme wanted(const std::string& preferred);
 QPalette palette(bool dark);
 // Sets the style and the palette of the application, and follows the system from then on.
 void apply(Scheme scheme);

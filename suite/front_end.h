@@ -8,6 +8,7 @@
 
 #include "ports/ports.h"
 #include "suite/notices.h"
+#include "suite/settings.h"
 
 namespace quillet::suite {
 
@@ -36,6 +37,8 @@ class FrontEnd {
   virtual std::optional<std::string> openFile(const std::string& filter,
                                               const std::string& folder) = 0;
   virtual void showReport(const Document& document) = 0;
+  // The preferences are those of these settings from now on, in every window that is open.
+  virtual void usePreferences(const Settings& /*settings*/) {}
   // Shown by a line in the windows.
   Notices& notices() { return notices_; }
 

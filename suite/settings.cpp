@@ -12,6 +12,8 @@
 namespace quillet::suite {
 namespace {
 
+constexpr const char* companyNameKey = "CompanyName";
+
 std::string folded(const std::string& text) {
   std::string result = text;
   std::transform(result.begin(), result.end(), result.begin(),
@@ -166,8 +168,10 @@ std::optional<long> Settings::tableCount() const {
   return wanted == 0 ? std::nullopt : std::optional(wanted);
 }
 
+void Settings::setCompanyName(const std::string& name) { set("Suite", companyNameKey, name); }
+
 std::string Settings::companyName() const {
-  return get("Suite", "CompanyName", "Sample & Associates");
+  return get("Suite", companyNameKey);
 }
 
 }  // namespace quillet::suite

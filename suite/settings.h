@@ -36,7 +36,9 @@ class Settings {
 
   // The settings that the suite itself reads.
   std::optional<long> tableCount() const;  // how many trial-balance tables there should be
+  // The firm's name, "" while nobody has told it.
   std::string companyName() const;
+  void setCompanyName(const std::string& name);
 
  private:
   struct Entry {

@@ -4,6 +4,7 @@
 
 #include "suite/client_register.h"
 #include "suite/kept_settings.h"
+#include "suite/practice_commands.h"
 #include "suite/practice_start.h"
 #include "suite/reporter.h"
 #include "suite/schema.h"
@@ -72,6 +73,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
       database_(std::move(database)),
       frontEnd_(frontEnd),
       standalone_(folder_, settings_, *database_, frontEnd, clock) {
+  frontEnd.usePreferences(settings_);
   noticeLostTables(*database_, folder_, policy);
   backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
@@ -97,6 +99,7 @@ Service& Practice::service() { return static_cast<Service&>(*context().host); }
 
 void Practice::restartModule() {
   standalone_.acts().leave();
+  commands_.reset();
   forms_.reset();
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
@@ -106,6 +109,7 @@ void Practice::restartModule() {
     return form ? form->subject() : std::string();
   });
   service().useOpenForms(context().openForms);
+  commands_ = std::make_unique<PracticeCommands>(*this);
 }
 
 }  // namespace quillet::suite

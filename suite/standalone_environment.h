@@ -25,6 +25,8 @@
 
 namespace quillet::suite {
 
+class PracticeCommands;
+
 class StandaloneEnvironment : public Environment {
  public:
   // All of them outlive this object and what it creates.
@@ -44,6 +46,7 @@ class StandaloneEnvironment : public Environment {
   }
 
   ActKeeper& acts() { return acts_; }
+  UnitOfWork& unit() { return unit_; }
 
   // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) { calc_ = std::move(options); }
@@ -89,6 +92,7 @@ class Practice {
   Forms& forms() { return *forms_; }
   Context& context() { return forms_->context(); }
   Service& service();
+  PracticeCommands& commands() { return *commands_; }
 
   // Closes every form and starts the module anew on the same database, for tests.
   void restartModule();
@@ -103,6 +107,7 @@ class Practice {
   FrontEnd& frontEnd_;
   StandaloneEnvironment standalone_;
   std::unique_ptr<Forms> forms_;
+  std::unique_ptr<PracticeCommands> commands_;
 };
 
 }  // namespace quillet::suite

@@ -184,6 +184,18 @@ void third::takeClient(const std::string& code, const std::string& name) {
   logErrors("CLGRD1_DBLCLICK", [&] { context_.host->vLstSelClCode(code); });
 }
 
+std::string third::clientInView() const {
+  return Frame1.visible() ? clientCode_ : ClGrd1.TextMatrix(ClGrd1.Row(), 0);
+}
+
+void third::registerChanged(const std::string& current, const std::string& told) {
+  clientCode_.clear();
+  clientName_.clear();
+  showClients();
+  ClGrd1.showClient(current);
+  status(ClGrd1.notice().empty() ? told : told + ' ' + ClGrd1.notice());
+}
+
 // --- choosing a year ----------------------------------------------------------------------------
 
 void third::showSecondStep(Frame& with, const std::string& task) {

@@ -89,6 +89,13 @@ class third : public Form {
       throw;
     }
   }
+  // The client that a command of the suite is about: the one chosen, or the one that the cursor is
+  // on in the list. "" when there is none.
+  std::string clientInView() const;
+  // The register of clients was changed: shows the list anew with that client current, and tells
+  // what was done. A client that is not there any more is forgotten.
+  void registerChanged(const std::string& current, const std::string& told);
+
   void tellYearIsGone(const std::string& clientName, const YearKeys& year);
 
  protected:

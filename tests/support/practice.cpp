@@ -70,6 +70,7 @@ void resetSettings(suite::Settings& settings) {
   }
   settings.set("Settings", "TBSort", "1");
   settings.set("Settings", "ShLed", "1");
+  settings.setCompanyName("Sample & Associates");
 }
 
 }  // namespace
