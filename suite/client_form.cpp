@@ -14,6 +14,7 @@ namespace {
 constexpr const char* usualStatuses[] = {
     "Individual", "HUF", "Partnership Firm", "LLP", "Company", "AOP/BOI", "Trust", "Society"};
 constexpr const char* emptyDate = "__/__/____";
+constexpr const char* unsaved = "Nothing was saved. Alt+V tries again.";
 constexpr int earliestYear = 1800;
 
 // The boxes hold one line.
@@ -102,6 +103,14 @@ void frmClient::load() {
   showKind();
   vsfstatus.setVisible(false);
   vsfgroup.setVisible(false);
+  // As it stays where the rest cannot be read.
+  txtcode.setLocked(altered_.has_value());
+  hadPassword_ = false;
+  chkpassword.setChecked(false);
+  showPasswordFields();
+  lblhint.setCaption("");
+  untouched_ = typed();
+  fillLists();
   const std::string books =
       altered_ ? booksOf(unit_, *altered_, tableCount_()).text() : std::string();
   txtcode.setLocked(!books.empty());
@@ -109,12 +118,13 @@ void frmClient::load() {
   hadPassword_ = altered_ && Passwords::isSet(unit_, PasswordKind::client, *altered_);
   chkpassword.setChecked(hadPassword_);
   showPasswordFields();
-  fillLists();
   focus(books.empty() ? txtcode : nameBox());
   untouched_ = typed();
 }
 
 void frmClient::fillLists() {
+  statuses_.clear();
+  groups_.clear();
   const auto fill = [&](LookupList& list, const char* column, NameList names) {
     const RecordsetPtr rows = unit_.query(std::string("select distinct ") + column +
                                           " from TempClTbl where " + column + "<>''");
@@ -216,7 +226,7 @@ void frmClient::save() {
     refuse(boxOf(refused.field()), refused.what());
     return;
   } catch (...) {
-    lblhint.setCaption("Nothing was saved. Alt+V tries again.");
+    lblhint.setCaption(unsaved);
     throw;
   }
   const std::string code = cleanedName(client.code);
@@ -293,7 +303,10 @@ Control& frmClient::boxOf(ClientRefused::Field field) {
 }
 
 // The fields hold what was typed; it is stored by the next try.
-void frmClient::takenBack() { lblhint.setCaption("Nothing was saved. Alt+V tries again."); }
+void frmClient::takenBack() {
+  lblhint.setCaption(unsaved);
+  logErrors("TAKENBACK", [&] { fillLists(); });
+}
 
 LayoutItem frmClient::layout() {
   const LayoutItem person =

@@ -1,11 +1,46 @@
 // An arrangement that changes while its form is shown: what stays keeps its widgets.
+#include <unistd.h>
+
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <filesystem>
 
 #include "desktop/desktop_test.h"
 #include "desktop/text.h"
+#include "suite/settings.h"
 
 namespace quillet::desktop {
 namespace {
+
+// The colours that a person prefers are those of the open windows at once, and those of the tests
+// come before them. A menu of the suite joins the form's own of that title.
+TEST_F(DesktopTest, TakesPreferencesAndMenusOfTheSuite) {
+  const std::filesystem::path file =
+      std::filesystem::temp_directory_path() / ("preferences-" + std::to_string(getpid()));
+  suite::Settings settings(file);
+  const auto isDark = [&](const char* fixed) {
+    fixed ? qputenv("QUILLET_THEME", fixed) : qunsetenv("QUILLET_THEME");
+    theApplication().usePreferences(settings);
+    return window()->palette().window().color().lightness() < 128;
+  };
+  settings.set("Settings", "Theme", "DARK");
+  EXPECT_TRUE(isDark(nullptr));
+  EXPECT_FALSE(isDark("light"));
+  settings.set("Settings", "Theme", "light");
+  EXPECT_FALSE(isDark(nullptr));
+  EXPECT_FALSE(isDark("light"));
+  std::filesystem::remove(file);
+
+  QMenu more("&Entry"), other("&Other");
+  const QAction* last = more.addAction("Last");
+  window()->addMenu(more);
+  window()->addMenu(other);
+  const QList<QAction*> headings = window()->menuBar()->actions();
+  ASSERT_EQ(headings.size(), 3);
+  EXPECT_EQ(headings.front()->menu()->actions().last(), last);
+  EXPECT_EQ(headings.last()->menu(), &other);
+}
 
 // Lines of which some are in view, the first of them with a label.
 class LinesForm : public Form {

@@ -120,6 +120,24 @@ TEST_F(GridViews, FollowRowsThatComeAndGo) {
   expectShown(1, "y");
 }
 
+TEST_F(GridViews, AClickOnTheWordsOfAnEmptyGridIsTold) {
+  int clicks = 0;
+  form.vsf.EmptyClick = [&] { ++clicks; };
+  form.vsf.setEmptyText("Nothing is here yet. Click to begin.");
+  clickCell(1, 1);
+  EXPECT_EQ(clicks, 0);
+  form.vsf.clearRows();
+  settle();
+  const QImage said = table()->grab().toImage();
+  click(table()->viewport(), {40, 20});
+  EXPECT_EQ(clicks, 1);
+  form.vsf.setEmptyText("");
+  settle();
+  EXPECT_NE(table()->grab().toImage(), said);
+  click(table()->viewport(), {40, 20});
+  EXPECT_EQ(clicks, 1);
+}
+
 TEST_F(GridViews, ADraggedWidthGoesToTheModelInCharacters) {
   window()->resize(1300, 700);
   settle();
