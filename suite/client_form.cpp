@@ -46,8 +46,8 @@ void frmClient::attach() {
       click(*other);
     };
   }
-  statuses_.attach(txtstatus);
-  groups_.attach(txtgroupcode);
+  attachList(statuses_, txtstatus);
+  attachList(groups_, txtgroupcode);
   txtgroupcode.LostFocus = [this] {
     groups_.hide();
     completeGroup();
@@ -56,6 +56,19 @@ void frmClient::attach() {
   cmdsave.Click = [this] { save(); };
   cmdcancel.Click = [this] { giveUp(); };
   KeyPress = [this](Key& key) { formKey(key); };
+}
+
+// The list opens with the first letter, or by the arrows.
+void frmClient::attachList(LookupList& list, TextBox& box) {
+  list.attach(box);
+  box.GotFocus = [&box] { box.selectAll(); };
+  box.Change = [&list, &box] {
+    if (trimmed(box.text()).empty()) {
+      list.hide();
+    } else {
+      list.follow(box.text());
+    }
+  };
 }
 
 // --- opening ------------------------------------------------------------------------------------
@@ -82,7 +95,7 @@ void frmClient::show(const Client& client, Saved saved) {
 }
 
 void frmClient::load() {
-  size = {0.5, 0.5, size.font};
+  size = {0.5, 0.3, size.font};
   for (const auto& [box, text] : {std::pair{&txtcode, shown_.code},
                                   {&txtname, shown_.name},
                                   {&txtfirst, shown_.first},

@@ -71,6 +71,7 @@ class frmClient : public Form {
   };
 
   void attach();
+  static void attachList(LookupList& list, TextBox& box);
   void show(const Client& client, Saved saved);
   void fillLists();
   void showKind();

@@ -22,7 +22,7 @@ frmFirm::frmFirm(OpenForms& openForms, Settings& settings, Dialogs& dialogs)
 }
 
 void frmFirm::load() {
-  size = {0.4, 0.2, size.font};
+  size = {0.4, 0.15, size.font};
   txtfirm.setText(settings_.companyName());
   focus(txtfirm);
 }

@@ -13,8 +13,7 @@ class frmFirm : public Form {
  public:
   frmFirm(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
 
-  Label lblwhy{*this, "lblwhy",
-               "The name of your firm stands at the head of every report that is printed."};
+  Label lblwhy{*this, "lblwhy", "It stands at the head of every printed report."};
   TextBox txtfirm{*this, "txtfirm"};
   Label lblhint{*this, "lblhint", "It can be changed later: Practice, Settings."};
   Button cmdok{*this, "cmdok", "&OK"};

@@ -27,7 +27,7 @@ std::array<frmSettings::Choice, 3> frmSettings::choices() {
 }
 
 void frmSettings::load() {
-  size = {0.4, 0.3, size.font};
+  size = {0.4, 0.2, size.font};
   txtfirm.setText(settings_.companyName());
   for (const auto& [box, preference] : choices()) {
     box.clearItems();
