@@ -22,6 +22,7 @@ TEST_F(DesktopTest, TakesPreferencesAndMenusOfTheSuite) {
   const auto isDark = [&](const char* fixed) {
     fixed ? qputenv("QUILLET_THEME", fixed) : qunsetenv("QUILLET_THEME");
     theApplication().usePreferences(settings);
+    settle();
     return window()->palette().window().color().lightness() < 128;
   };
   settings.set("Settings", "Theme", "DARK");
