@@ -170,8 +170,6 @@ std::optional<long> Settings::tableCount() const {
 
 void Settings::setCompanyName(const std::string& name) { set("Suite", companyNameKey, name); }
 
-std::string Settings::companyName() const {
-  return get("Suite", companyNameKey);
-}
+std::string Settings::companyName() const { return get("Suite", companyNameKey); }
 
 }  // namespace quillet::suite
