@@ -52,12 +52,13 @@ void DropDown::place() {
   const QWidget* window = field_->window();
   const QPoint corner = field_->mapTo(window, QPoint(0, 0));
   constexpr int frame = 1;
-  const view::Size wanted{
-      theme::characters(*table_, view::dropDownCharacters(grid_)) + 4 * frame,
-      table_->heightOf(view::dropDownRows(table_->cells().rowCount())) + 2 * frame};
-  const auto [left, top, width, height] =
-      view::dropDownPlace({corner.x(), corner.y(), field_->width(), field_->height()}, wanted,
-                          {window->width(), window->height()});
+  const int rows = table_->cells().rowCount();
+  const auto heightOf = [&](int shown) { return table_->heightOf(shown) + 2 * frame; };
+  const view::Size wanted{theme::characters(*table_, view::dropDownCharacters(grid_)) + 4 * frame,
+                          heightOf(view::dropDownRows(rows))};
+  const auto [left, top, width, height] = view::dropDownPlace(
+      {corner.x(), corner.y(), field_->width(), field_->height()}, wanted,
+      heightOf(view::dropDownLeastRows(rows)), {window->width(), window->height()});
   setGeometry(left, top, width, height);
 }
 

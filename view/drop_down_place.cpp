@@ -8,6 +8,8 @@ namespace quillet::view {
 
 int dropDownRows(int rows) { return std::min(rows, 9); }
 
+int dropDownLeastRows(int rows) { return std::min(rows, 3); }
+
 int dropDownCharacters(const Grid& list) {
   constexpr int aroundCell = 3;
   int characters = 0;
@@ -17,14 +19,14 @@ int dropDownCharacters(const Grid& list) {
   return characters;
 }
 
-Bounds dropDownPlace(const Bounds& field, Size wanted, Size window, int gap) {
+Bounds dropDownPlace(const Bounds& field, Size wanted, int least, Size window, int gap) {
   Bounds place;
   place.width = std::min(std::max(wanted.width, field.width), std::max(0, window.width - 2 * gap));
   place.left = std::clamp(field.left, gap, std::max(gap, window.width - place.width - gap));
   const int under = field.top + field.height + gap / 2;
   const int below = window.height - under - gap;
   const int above = field.top - gap / 2 - gap;
-  const bool over = wanted.height > below && above > below;
+  const bool over = std::min(least, wanted.height) > below && above > below;
   place.height = std::clamp(wanted.height, 0, std::max(0, over ? above : below));
   place.top = over ? field.top - gap / 2 - place.height : under;
   return place;

@@ -20,13 +20,16 @@ struct Bounds {
   bool operator==(const Bounds&) const = default;
 };
 
-// As many rows as it shows at once, and the characters that it is wide.
+// As many rows as it shows at once, the fewest of them that are of use, and the characters that it
+// is wide.
 int dropDownRows(int rows);
+int dropDownLeastRows(int rows);
 int dropDownCharacters(const Grid& list);
 
-// Under its field; above it when there is more room and the list does not fit below. At least as
-// wide as the field; neither outgrows the window nor leaves it. `gap` keeps it off the window's
-// edges, half of it off the field.
-Bounds dropDownPlace(const Bounds& field, Size wanted, Size window, int gap = 4);
+// Under its field, where it covers nothing that was entered before, cut to the room there; above it
+// only when not even the height `least` fits below and there is more room above. At least as wide
+// as the field; neither outgrows the window nor leaves it. `gap` keeps it off the window's edges,
+// half of it off the field.
+Bounds dropDownPlace(const Bounds& field, Size wanted, int least, Size window, int gap = 4);
 
 }  // namespace quillet::view

@@ -313,15 +313,16 @@ TEST(DropDown, StaysInTheWindow) {
   } cases[] = {
       {"under its field", {20, 40, 100, 24}, {150, 120}, {20, 66, 150, 120}},
       {"at the right edge", {350, 40, 40, 24}, {150, 120}, {246, 66, 150, 120}},
+      {"hardly room under it", {20, 200, 100, 24}, {150, 120}, {20, 226, 150, 70}},
       {"above", {20, 240, 100, 24}, {150, 120}, {20, 118, 150, 120}},
-      {"cut above", {20, 200, 100, 24}, {150, 500}, {20, 4, 150, 194}},
+      {"cut above", {20, 215, 100, 24}, {150, 500}, {20, 4, 150, 209}},
       {"cut below", {20, 40, 100, 24}, {150, 500}, {20, 66, 150, 230}},
       {"wider than the window", {-30, 40, 600, 24}, {150, 120}, {4, 66, 392, 120}},
   };
   for (const auto& each : cases) {
-    EXPECT_EQ(dropDownPlace(each.field, each.wanted, window), each.place) << each.what;
+    EXPECT_EQ(dropDownPlace(each.field, each.wanted, 60, window), each.place) << each.what;
   }
-  EXPECT_GE(dropDownPlace({0, 0, 50, 24}, {50, 50}, {6, 10}).height, 0) << "hardly a window";
+  EXPECT_GE(dropDownPlace({0, 0, 50, 24}, {50, 50}, 60, {6, 10}).height, 0) << "hardly a window";
 }
 
 }  // namespace

@@ -96,13 +96,14 @@ void DropDown::place() {
   RECT client{};
   GetClientRect(formWindow_, &client);
   GridList& list = rows_->list;
+  const int rows = list.rows().count();
   const view::Size wanted{metrics_->characters(view::dropDownCharacters(grid_)),
-                          list.heightOf(view::dropDownRows(list.rows().count())) + 2};
+                          list.heightOf(view::dropDownRows(rows)) + 2};
   const view::Bounds at = view::dropDownPlace(
-      boundsOf(field_, formWindow_), wanted,
+      boundsOf(field_, formWindow_), wanted, list.heightOf(view::dropDownLeastRows(rows)) + 2,
       {static_cast<int>(client.right), static_cast<int>(client.bottom)}, metrics_->pixels(4));
   // All but the border, the list's own margin and the bar beside rows that have no room.
-  const bool scrolls = list.heightOf(list.rows().count()) + 2 > at.height;
+  const bool scrolls = list.heightOf(rows) + 2 > at.height;
   list.setRoom(at.width - 2 - 2 * GetSystemMetrics(SM_CXEDGE) -
                (scrolls ? GetSystemMetrics(SM_CXVSCROLL) : 0));
   POINT corner{at.left, at.top};
