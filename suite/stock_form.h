@@ -57,8 +57,8 @@ class frmTrade : public Form, public StockForm {
   Answer ask(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::information);
 
   Dialogs& dialogs_;
-  LookupList ledgers_{vsfp, LookupList::Shows::allNames};
-  LookupList groups_{vsfg, LookupList::Shows::allNames};
+  LookupList ledgers_{vsfp};
+  LookupList groups_{vsfg};
   ServiceObject* host_ = nullptr;  // from LoadData on
   std::optional<ClosingStock> stock_;
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1

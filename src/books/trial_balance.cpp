@@ -38,6 +38,12 @@ std::vector<Line> TrialBalance::linesOfGroup(long allId, long side) {
                                 table_ + ".nid=" + sqlNumber(side)));
 }
 
+long TrialBalance::groupOf(long partId) {
+  const auto rows = host_.query("Select AllId From " + table_ + " Where code_no='" + client_ +
+                                "' and PartId=" + sqlNumber(partId) + " Order By srno Limit 1");
+  return rows->EOF_() ? 0 : rows->integer(0);
+}
+
 std::vector<NamedId> TrialBalance::groups() {
   const auto rows =
       host_.query("Select distinct mast_allgrp.allid, mast_allgrp.allgrp from " + table_ +

@@ -30,6 +30,8 @@ class TrialBalance {
   std::vector<Line> lines();
   std::vector<Line> linesOf(LedgerGroup pair, Spelling spelling);
   std::vector<Line> linesOfGroup(long allId, long side);
+  // The group of the ledger's first line, 0 when it has none.
+  long groupOf(long partId);
   // The account groups that the lines use, ordered by name.
   std::vector<NamedId> groups();
   long nextSerial();

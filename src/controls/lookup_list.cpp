@@ -3,11 +3,12 @@
 #include <utility>
 
 #include "controls/form.h"
+#include "controls/scoped_flag.h"
 #include "data/text.h"
 
 namespace quillet {
 
-LookupList::LookupList(Grid& grid, Shows shows) : grid_(grid), shows_(shows) {
+LookupList::LookupList(Grid& grid) : grid_(grid) {
   grid.setColumns({{.heading = "Name", .width = 40, .stretch = true}});
   grid.setVisible(false);
 }
@@ -29,28 +30,25 @@ void LookupList::showRows(std::vector<const NameList::Entry*> rows) {
 }
 
 void LookupList::follow(std::string_view text) {
-  if (shows_ == Shows::allNames) {
-    const NameList::Entry* first = names_.beginning(text);
-    grid_.setCurrent(first ? static_cast<int>(first - names_.entries().data()) + 1 : 0);
-    return;
-  }
+  narrow(text);
+  show();
+}
+
+void LookupList::narrow(std::string_view text) {
   NameList::Matches matches = names_.matching(text);
   // Only a name that begins with what was typed is proposed; the others wait to be chosen.
   const bool proposes = matches.beginning > 0 && !trimmed(text).empty();
   showRows(std::move(matches.entries));
   grid_.setCurrent(proposes ? 1 : 0);
-  show();
 }
 
 void LookupList::attach(TextBox& box) {
   serve(box);
-  grid_.DblClick = [this] { take(); };
+  grid_.DblClick = [this] { takeCurrent(); };
   box.GotFocus = [this] { open(); };
   box.LostFocus = [this] { hide(); };
-  box.Change = [this, &box] { follow(box.text()); };
-  box.KeyDown = [this](Key& key) {
-    if ((key == keys::Up || key == keys::Down) && moveBy(key)) take();
-  };
+  box.Change = [this] { typed(); };
+  box.KeyDown = [this](Key& key) { keyDown(key); };
   box.KeyPress = [&box](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
@@ -58,17 +56,52 @@ void LookupList::attach(TextBox& box) {
   };
 }
 
+// The text is selected, and what goes with it is told by the box's Change; the list stays closed.
 void LookupList::open() {
-  show();
   box().selectAll();
   box().Change();
+  hide();
+}
+
+void LookupList::typed() {
+  if (taking_) return;
+  const std::string text = box().text();
+  narrow(text);
+  const bool wanted = box().form().active() == &box() && !text.empty() && !rows_.empty();
+  grid_.setVisible(wanted);
+}
+
+void LookupList::keyDown(Key& key) {
+  if (key == keys::Up || key == keys::Down) {
+    if (moveBy(key)) takeCurrent();
+    return;
+  }
+  const bool atEnd = box().selLength() == 0 && box().selStart() == lengthOf(box().text());
+  const NameList::Entry* name = key == keys::Right && atEnd ? offered() : nullptr;
+  if (!name) return;
+  key = keys::none;
+  take(name->name);
+  hide();
+}
+
+const NameList::Entry* LookupList::offered() const {
+  const std::string text = box().text();
+  if (trimmed(text).empty()) return nullptr;
+  const NameList::Entry* name = names_.find(text);
+  if (!name) {
+    const NameList::Matches matches = names_.matching(text);
+    if (!matches.entries.empty()) name = matches.entries.front();
+  }
+  return name && name->name != text ? name : nullptr;
 }
 
 bool LookupList::moveBy(Key& key) {
   if (!visible()) {
-    const NameList::Entry* standing = names_.find(box().text());
-    follow("");
-    if (standing) grid_.setCurrent(static_cast<int>(standing - names_.entries().data()) + 1);
+    const std::string text = box().text();
+    const NameList::Entry* standing = names_.find(text);
+    const bool unfinished = !standing && !names_.matching(text).entries.empty();
+    follow(unfinished ? text : "");
+    grid_.setCurrent(standing ? static_cast<int>(standing - names_.entries().data()) + 1 : 0);
   }
   grid_.handleKey(key);
   key = keys::none;
@@ -79,11 +112,15 @@ const NameList::Entry* LookupList::current() const {
   return grid_.current() == 0 ? nullptr : rows_[grid_.currentId() - 1];
 }
 
-void LookupList::take() {
+void LookupList::take(std::string name) {
+  // The list goes on showing what was typed, so that the arrows walk through it.
+  const ScopedFlag taking(taking_);
+  box().setText(std::move(name));
+}
+
+void LookupList::takeCurrent() {
   if (!current()) return;
-  // A copy: the box's Change may make the rows anew.
-  const std::string name = current()->name;
-  box().setText(name);
+  take(current()->name);
   box().selectAll();
 }
 

@@ -14,6 +14,31 @@ bool inWord(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || static_cast<unsigned char>(c) >= 0x80;
 }
 
+// Moves to the next letter or digit. Beyond ASCII the dashes and quotation marks of U+2000 to
+// U+207F are punctuation too.
+void skipMarks(std::string_view key, std::size_t& at) {
+  while (at < key.size() && (!inWord(key[at]) || key.substr(at).starts_with("\xE2\x80") ||
+                             key.substr(at).starts_with("\xE2\x81"))) {
+    at += inWord(key[at]) ? 3 : 1;
+  }
+}
+
+// Whether the key begins with what is wanted when blanks and punctuation do not count, except that
+// one at the end says that the word ends there.
+bool beginsLoosely(std::string_view key, std::string_view wanted) {
+  std::size_t at = 0;
+  std::size_t letters = 0;
+  for (std::size_t i = 0;; ++i, ++at, ++letters) {
+    skipMarks(wanted, i);
+    if (i >= wanted.size()) {
+      const bool wordEnds = at >= key.size() || !inWord(key[at]);
+      return letters > 0 && (inWord(wanted.back()) || wordEnds);
+    }
+    skipMarks(key, at);
+    if (at >= key.size() || key[at] != wanted[i]) return false;
+  }
+}
+
 bool wordBegins(const std::string& key, const std::string& wanted) {
   for (std::size_t at = key.find(wanted, 1); at != std::string::npos;
        at = key.find(wanted, at + 1)) {
@@ -90,11 +115,16 @@ NameList::Matches NameList::matching(std::string_view text) const {
     matches.entries.push_back(&*at);
   }
   matches.beginning = matches.entries.size();
+  std::vector<const Entry*> inside;
   for (const Entry& entry : entries_) {
-    if (!entry.key.starts_with(wanted) && wordBegins(entry.key, wanted)) {
+    if (entry.key.starts_with(wanted)) continue;
+    if (beginsLoosely(entry.key, wanted)) {
       matches.entries.push_back(&entry);
+    } else if (wordBegins(entry.key, wanted)) {
+      inside.push_back(&entry);
     }
   }
+  matches.entries.insert(matches.entries.end(), inside.begin(), inside.end());
   return matches;
 }
 

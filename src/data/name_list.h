@@ -33,8 +33,8 @@ class NameList {
   // The first entry that begins with the text; null when there is none or the text is empty.
   const Entry* beginning(std::string_view text) const;
 
-  // Entries that begin with the text, then those with a word inside that does. An empty text
-  // matches all.
+  // Entries that begin with the text, then those that do so but for blanks and punctuation, then
+  // those with a word inside that does. An empty text matches all.
   struct Matches {
     std::vector<const Entry*> entries;
     std::size_t beginning = 0;  // how many of them begin with the text

@@ -31,20 +31,21 @@ std::string enteredName(const NameList& names, const std::string& typed) {
   return known->name != typed && equalIgnoringCase(known->name, name) ? name : known->name;
 }
 
+std::string takes(const std::string& key, const NameList::Entry& name) {
+  return key + " takes \"" + name.name + '"';
+}
+
 }  // namespace
 
 EntryFields::EntryFields(frmcrtb& form, OpenBooks& books)
-    : form_(form),
-      books_(books),
-      ledgers_(form.vsfp, LookupList::Shows::allNames),
-      groups_(form.vsfg, LookupList::Shows::allNames) {
+    : form_(form), books_(books), ledgers_(form.vsfp), groups_(form.vsfg), lookUp_(form, books) {
   for (TextBox* name : {&form.txtpart, &form.txtgroup}) name->setMaxLength(nameLength);
   ledgers_.attach(form.txtpart);
   groups_.attach(form.txtgroup);
-  form.txtpart.Change = [this] {
-    if (!altered_) form_.hint("");
-    ledgers_.follow(form_.txtpart.text());
-  };
+  form.txtpart.Change = [this] { TXTPART_CHANGE(); };
+  form.txtpart.KeyPress = [this](Key& key) { TXTPART_KEYPRESS(key); };
+  form.txtgroup.Change = [this] { TXTGROUP_CHANGE(); };
+  form.txtgroup.KeyPress = [this](Key& key) { TXTGROUP_KEYPRESS(key); };
   form.txtpart.LostFocus = [this] { TXTPART_LOSTFOCUS(); };
   form.txtgroup.LostFocus = [this] { TXTGROUP_LOSTFOCUS(); };
   form.txtpart.Overflow = [this] { form_.hint("A ledger name holds at most 100 characters."); };
@@ -83,7 +84,13 @@ void EntryFields::empty() {
     box->setText("");
   }
   altered_.reset();
+  lookUp_.forget();
   form_.hint("");
+}
+
+bool EntryFields::untouched() const {
+  const auto empty = [](const std::string& text) { return text.empty(); };
+  return !altered_ && std::ranges::all_of(fields().texts, empty);
 }
 
 EntryFields::Fields EntryFields::fields() const {
@@ -101,6 +108,7 @@ void EntryFields::restore(const Fields& fields) {
   form_.txtdrcr.setText(side);
   altered_ = fields.altered;
   alteredGroup_ = fields.alteredGroup;
+  lookUp_.forget();
 }
 
 void EntryFields::hideLists() {
@@ -111,6 +119,7 @@ void EntryFields::hideLists() {
 void EntryFields::alter(const Entry& entry, const YearLine& line) {
   altered_ = line;
   alteredGroup_ = entry.group;
+  lookUp_.know(entry.particular);
   form_.txtpart.setText(entry.particular);
   form_.txtgroup.setText(entry.group);
   form_.txtamount.setText(plainAmount(books_.host(), line.line.amount));
@@ -126,18 +135,84 @@ bool EntryFields::followAltered() {
   return found != lines.end();
 }
 
+// An altered line keeps its group whatever its ledger is called.
+void EntryFields::lookLedgerUp() {
+  lookUp_.lookUp(enteredName(ledgers_.names(), form_.txtpart.text()), !altered_);
+}
+
+// --- what the hint says -------------------------------------------------------------------------
+
+void EntryFields::say(const std::string& text) { form_.hint(text.empty() ? standingHint() : text); }
+
+// What holds as long as nothing else is to be said.
+std::string EntryFields::standingHint() const {
+  const std::string ledger = form_.txtpart.text();
+  if (lookUp_.isNew(ledger)) {
+    const NameList::Entry* alike = ledgers_.offered();
+    const bool left = form_.active() != &form_.txtpart;
+    return "New ledger \"" + ledger + "\"" + (alike ? " beside \"" + alike->name + "\"" : "") +
+           (left ? ". Shift+Tab goes back to it." : ".");
+  }
+  return altered_ ? "Altering the selected line. Esc leaves it as it was." : "";
+}
+
+void EntryFields::TXTPART_CHANGE() {
+  ledgers_.typed();
+  const NameList::Entry* offered = ledgers_.offered();
+  say(offered ? takes("Right", *offered) + ", Enter keeps what is typed." : "");
+}
+
+void EntryFields::TXTGROUP_CHANGE() {
+  groups_.typed();
+  const NameList::Entry* offered = groups_.offered();
+  const bool begun = groups_.names().beginning(form_.txtgroup.text()) != nullptr;
+  say(offered && !begun ? takes("Right", *offered) + "." : "");
+}
+
+// --- going on -----------------------------------------------------------------------------------
+
+void EntryFields::TXTPART_KEYPRESS(Key& key) {
+  if (key != keys::Enter) return;
+  key = keys::none;
+  lookLedgerUp();
+  if (lookUp_.proposes()) {
+    form_.focus(form_.txtamount);
+  } else {
+    form_.focusNext();
+  }
+}
+
+void EntryFields::takeBack(Key& key) {
+  const bool back = key == keys::BackTab && form_.active() == &form_.txtgroup;
+  if (!back || !lookUp_.isNew(form_.txtpart.text()) || !form_.txtgroup.text().empty()) return;
+  key = keys::none;
+  const ScopedFlag givenUp = leaving();
+  form_.focus(form_.txtpart);
+}
+
+// Enter and Tab lead back to a group that does not exist; whoever clicks elsewhere is let go.
+void EntryFields::TXTGROUP_KEYPRESS(Key& key) {
+  if (key != keys::Enter && key != keys::Tab) return;
+  key = keys::none;
+  form_.focusNext();
+  const std::string typed = form_.txtgroup.text();
+  if (!typed.empty() && !groups_.names().find(typed)) form_.focus(form_.txtgroup);
+}
+
 // --- leaving a field ----------------------------------------------------------------------------
 
 void EntryFields::TXTPART_LOSTFOCUS() {
   ledgers_.hide();
-  if (leaving_) return;
+  if (leaving_ || untouched()) return;
   form_.txtpart.setText(enteredName(ledgers_.names(), form_.txtpart.text()));
   if (form_.txtpart.text().empty()) refuse("Please specify Particulars.");
+  lookLedgerUp();
+  say("");
 }
 
 void EntryFields::TXTGROUP_LOSTFOCUS() {
   groups_.hide();
-  if (leaving_) return;
+  if (leaving_ || untouched()) return;
   form_.txtgroup.setText(enteredName(groups_.names(), form_.txtgroup.text()));
   const std::string typed = form_.txtgroup.text();
   if (typed.empty()) {
@@ -154,7 +229,9 @@ void EntryFields::TXTGROUP_LOSTFOCUS() {
 
 void EntryFields::TXTAMOUNT_LOSTFOCUS() {
   TextBox& box = form_.txtamount;
-  if (leaving_ || trimmed(box.text()).empty()) return;
+  if (leaving_) return;
+  say("");
+  if (trimmed(box.text()).empty()) return;
   if (const auto amount = typedAmount(box.text())) {
     box.setText(plainAmount(books_.host(), *amount));
   } else {
@@ -202,7 +279,7 @@ std::optional<TypedLine> EntryFields::checked() {
     return std::nullopt;
   }
   if (!groups_.names().find(group)) {
-    refuse("Group does not exist.");
+    refuseGroup();
     return std::nullopt;
   }
   const long partId = ledgerId(particular);
@@ -222,6 +299,7 @@ long EntryFields::ledgerId(const std::string& name) {
     form_.hint(chooseAnotherName);
     return 0;
   }
+  lookUp_.know({});
   const std::string known = books_.host().GetPart_MastPartId(id);
   if (!ledgers_.names().find(known)) ledgers_.add(known, id);
   return id;
@@ -231,8 +309,13 @@ long EntryFields::groupId(const std::string& name) {
   for (const long id : groupIds(books_.host(), name)) {
     if (!books_.groups.contains(id) || sameName(books_.groups.name(id), name)) return id;
   }
-  refuse("Group does not exist.");
+  refuseGroup();
   return 0;
+}
+
+void EntryFields::refuseGroup() {
+  refuse("Group does not exist.");
+  form_.focus(form_.txtgroup);
 }
 
 void EntryFields::refuse(const std::string& text) {

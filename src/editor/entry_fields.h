@@ -11,6 +11,7 @@
 #include "controls/lookup_list.h"
 #include "controls/scoped_flag.h"
 #include "data/money.h"
+#include "editor/ledger_look_up.h"
 #include "editor/open_books.h"
 
 namespace quillet {
@@ -33,6 +34,8 @@ class EntryFields {
   void hideLists();
 
   bool contains(const Control* control) const;
+  // Shift+Tab out of an empty group takes a new ledger back; any other key is left.
+  void takeBack(Key& key);
   void enable(bool enabled);
   void empty();
   // While it lives the entry is being given up: fields that are empty are no mistake.
@@ -59,14 +62,23 @@ class EntryFields {
   std::optional<TypedLine> checked();
 
  private:
+  void TXTPART_CHANGE();
+  void TXTPART_KEYPRESS(Key& key);
   void TXTPART_LOSTFOCUS();
+  void TXTGROUP_CHANGE();
+  void TXTGROUP_KEYPRESS(Key& key);
   void TXTGROUP_LOSTFOCUS();
   void TXTAMOUNT_LOSTFOCUS();
   void TXTDRCR_GOTFOCUS();
   void TXTDRCR_VALIDATE(bool& cancel);
+  bool untouched() const;
+  void lookLedgerUp();
+  void say(const std::string& text);
+  std::string standingHint() const;
   long ledgerId(const std::string& name);
   long groupId(const std::string& name);
   void refuse(const std::string& text);
+  void refuseGroup();
 
   frmcrtb& form_;
   OpenBooks& books_;
@@ -74,6 +86,7 @@ class EntryFields {
   LookupList groups_;
   std::optional<YearLine> altered_;
   std::string alteredGroup_;
+  LedgerLookUp lookUp_;
   bool leaving_ = false;
 };
 

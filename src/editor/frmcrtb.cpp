@@ -87,6 +87,7 @@ void frmcrtb::attachLines() {
     if (chosen >= 1 && chosen <= 3) click(*entries[chosen - 1]);
   };
   txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
+  KeyDown = [this](Key& key) { entry_.takeBack(key); };
   KeyPress = [this](Key& key) { formKey(key); };
   lblhint.setQuiet(true);
 }
@@ -135,7 +136,7 @@ LayoutItem frmcrtb::layout() {
   const LayoutItem result =
       column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
                           item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
-  return column({stack({framed(famLines, {item(vsfm, 1), entry, item(lblhint)}, 1),
+  return column({stack({framed(famLines, {item(vsfm, 1), item(lblhint), entry}, 1),
                         framed(famGroups, {groupPage_.arrangement()}, 1),
                         framed(famSummary, {summaryPage_.arrangement()}, 1)}),
                  row({column({totals(0), totals(1)}), gap(), result})});

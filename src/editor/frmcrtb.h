@@ -173,6 +173,7 @@ class frmcrtb : public Form {
   void formKey(Key& key);
 
   void emptyYear();
+  void beginAtLines();
   void emptyLines();
   void chooseLedgers(const std::string& setting);
   void chooseSort(const std::string& setting);

@@ -1,5 +1,6 @@
 #include "editor/line_saver.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "books/amount.h"
@@ -49,9 +50,13 @@ void LineSaver::save() {
 
 void LineSaver::showSaved(const YearLine& saved) {
   const bool altering = entry_.altered().has_value();
+  const int corrected = entry_.altered() ? form_.vsfm.current() : 0;
   entry_.endAltering();
   form_.showStored();
   lines_.select(saved);
+  // The row got a new number and may stand elsewhere; whoever works down the list goes on from
+  // here.
+  if (corrected > 0) form_.vsfm.setCurrent(std::min(corrected, form_.vsfm.rows()));
   if (altering) {
     form_.leaveEntry();
   } else {

@@ -27,7 +27,6 @@ void frmcrtb::MNUALTER_CLICK() {
   leaveEntry();
   entry_.alter(entry, line);
   focus(txtpart);
-  hint("Altering the selected line. Esc leaves it as it was.");
 }
 
 void frmcrtb::MNUDELETE_CLICK() {

@@ -34,9 +34,19 @@ void frmcrtb::FORM_LOAD() {
   chooseLedgers(books_.host().GetSettingINI(settings, "ShLed", "1"));
   chooseSort(books_.host().GetSettingINI(settings, "TBSort", "1"));
   reload();
+  beginAtLines();
   if (books_.years.hasTable()) return;
   GETBALANCE();
   context.MsgBox("Year not selected");
+}
+
+// A year that was just opened: an empty one is to be entered, of a filled one a line can be chosen.
+void frmcrtb::beginAtLines() {
+  if (vsfm.rows() > 0) {
+    if (vsfm.current() == 0) vsfm.setCurrent(1);
+  } else if (books_.years.linesRead()) {
+    focus(txtpart);
+  }
 }
 
 // Whatever statement fails while a year is opened, nothing of the year before is left.
@@ -235,6 +245,7 @@ void frmcrtb::setView(View view) {
 void frmcrtb::MNUYRS_CLICK(int index) {
   leaveEntry();
   showStored(static_cast<View>(index));
+  beginAtLines();
 }
 
 void frmcrtb::chooseLedgers(const std::string& setting) {

@@ -12,10 +12,7 @@
 namespace quillet {
 
 LineLookups::LineLookups(frmjrnl& form, VoucherLines& lines)
-    : form_(form),
-      lines_(lines),
-      ledgers_(form.VSF3, LookupList::Shows::matches),
-      groups_(form.VSF4, LookupList::Shows::matches) {
+    : form_(form), lines_(lines), ledgers_(form.VSF3), groups_(form.VSF4) {
   ledgers_.serve(form.txtledger[0]);
   groups_.serve(form.txtgroup[0]);
   form.VSF3.DblClick = [this] { VSF3_DBLCLICK(); };
