@@ -35,6 +35,10 @@ void LookupList::follow(std::string_view text) {
 }
 
 void LookupList::narrow(std::string_view text) {
+  if (text.empty() && rows_.size() == names_.entries().size()) {
+    grid_.setCurrent(0);
+    return;
+  }
   NameList::Matches matches = names_.matching(text);
   // Only a name that begins with what was typed is proposed; the others wait to be chosen.
   const bool proposes = matches.beginning > 0 && !trimmed(text).empty();

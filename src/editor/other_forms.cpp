@@ -38,7 +38,9 @@ void frmcrtb::MNUNEWGROUP_CLICK() {
     } else {
       reloadPage();
     }
-    if (!form.newGroup().empty()) txtgroup.setText(form.newGroup());
+    if (form.newGroup().empty()) return;
+    txtgroup.setText(form.newGroup());
+    entry_.hideLists();
   });
 }
 
