@@ -10,6 +10,19 @@
 
 namespace quillet {
 
+MergeList::MergeList(third& form, Context& context) : form_(form), context_(context) {
+  form.cmdmerge.Click = [this] {
+    form_.focus(form_.flexgrid2);
+    merge();
+  };
+  setShown(false);
+}
+
+void MergeList::setShown(bool shown) {
+  shown_ = shown;
+  form_.cmdmerge.setVisible(shown);
+}
+
 std::vector<RegisteredYear> MergeList::readSources() {
   const RegisteredYear& year = form_.newYear.year();
   return Registry(*context_.host).others(year.client, year.keys);
@@ -27,7 +40,7 @@ void MergeList::show() {
   Grid& grid = form_.flexgrid2;
   grid.clearRows();
   sources_.clear();
-  shown_ = true;
+  setShown(true);
   const auto years = readSources();
   if (!any(years)) return;
   grid.setColumns({{.heading = "Merge", .align = Align::center, .width = 8, .tick = true},

@@ -13,20 +13,22 @@ class third;
 
 class MergeList {
  public:
-  MergeList(third& form, Context& context) : form_(form), context_(context) {}
+  MergeList(third& form, Context& context);
 
   // Reads the clients that have the year typed, and shows them.
   void show();
   // Whether there are any; says so when there is none.
   bool anySource();
   // The grid holds something else from now on.
-  void clear() { shown_ = false; }
+  void clear() { setShown(false); }
   bool shown() const { return shown_; }
 
   // Merges the ticked ones, the current one when none is ticked, and shows the client's years.
   void merge();
 
  private:
+  void setShown(bool shown);
+
   struct Source {
     RegisteredYear year;
     std::string clientName;

@@ -1,5 +1,6 @@
 #include "home/third.h"
 
+#include <initializer_list>
 #include <utility>
 
 #include "books/ledger_cleanup.h"
@@ -44,8 +45,7 @@ third::third(Context& context)
   mnurefresh.Click = [this] { MNUREFRESH_CLICK(); };
   mnuhelp.Click = [this] { MNUHELP_CLICK(); };
   mnuexit.Click = [this] { MNUEXIT_CLICK(); };
-  lblstatus.setQuiet(true);
-  lblprint.setQuiet(true);
+  for (Label* label : {&lblstatus, &lblprint, &lblproposal}) label->setQuiet(true);
 }
 
 void third::attachCommands() {
@@ -67,12 +67,12 @@ LayoutItem third::layout() {
               item(mnualpha), item(mnusumm), item(mnudet), gap(), item(cmdgrpmas), item(cmdledmas),
               item(mnurefresh), item(mnuhelp), item(mnuexit)});
   const LayoutItem clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
-  const LayoutItem dates = framed(
-      famdates,
-      {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12), gap()}),
-       gap()});
-  const LayoutItem year =
-      framed(Frame1, {item(Label1), stack({dates, framed(famyears, {item(flexgrid2, 1)})})}, 1);
+  const LayoutItem dates =
+      framed(famdates, {row({field("&First date", MaskEdBox1, 12),
+                             field("Second da&te", MaskEdBox2, 12), item(cmdyear), gap()}),
+                        item(lblproposal), item(grdyears, 1)});
+  const LayoutItem list = framed(famyears, {item(flexgrid2, 1), row({gap(), item(cmdmerge)})});
+  const LayoutItem year = framed(Frame1, {item(Label1), stack({dates, list})}, 1);
   return column({row({commands, stack({clients, year})}, 1), item(lblstatus)}, 1);
 }
 
@@ -118,6 +118,8 @@ void third::takenBack() {
       mergeList.show();
     } else if (famyears.visible()) {
       years.showAt(flexgrid2.current());
+    } else {
+      newYear.showYears();
     }
   });
 }
@@ -236,10 +238,22 @@ void third::tellYearIsGone(const std::string& clientName, const YearKeys& year) 
                   Buttons::OK, Icon::information);
 }
 
+// From a command's button to where one goes on.
+void third::focusList() {
+  if (!dynamic_cast<Button*>(active())) return;
+  for (Control* where : std::initializer_list<Control*>{&ClGrd1, &flexgrid2, &MaskEdBox1}) {
+    if (where->focusable()) {
+      focus(*where);
+      return;
+    }
+  }
+}
+
 // --- the other commands -------------------------------------------------------------------------
 
 void third::CMDGRPMAS_CLICK() {
   status("");
+  focusList();
   groupMaster_.showModal([this] {
     if (groupMaster_.groupsChanged()) refreshEditor(context_);
   });
@@ -247,6 +261,7 @@ void third::CMDGRPMAS_CLICK() {
 
 void third::CMDLEDMAS_CLICK() {
   status("");
+  focusList();
   ledgerMaster_.showModal([this] {
     if (ledgerMaster_.changed()) refreshEditor(context_);
   });
@@ -254,6 +269,7 @@ void third::CMDLEDMAS_CLICK() {
 
 void third::MNUREFRESH_CLICK() {
   status("");
+  focusList();
   LedgerCleanup cleanup;
   try {
     const Busy busy(*context_.host);
@@ -268,6 +284,7 @@ void third::MNUREFRESH_CLICK() {
 }
 
 void third::MNUHELP_CLICK() {
+  focusList();
   context_.host->helpid("2-2");
   context_.host->ObjHelp().Show();
 }

@@ -45,9 +45,13 @@ class third : public Form {
   Label Label1{*this, "Label1"};
   Frame famyears{*this, "famyears"};  // the year is chosen there, or typed in the other
   Grid flexgrid2{*this, "flexgrid2"};
+  Button cmdmerge{*this, "cmdmerge", "Merge No&w"};  // what Enter does in the list of a merge
   Frame famdates{*this, "famdates"};
   MaskBox MaskEdBox1{*this, "MaskEdBox1", "", -1, '#'};
   MaskBox MaskEdBox2{*this, "MaskEdBox2", "", -1, '#'};
+  Button cmdyear{*this, "cmdyear"};  // what Enter does in the second date
+  Label lblproposal{*this, "lblproposal"};
+  Grid grdyears{*this, "grdyears"};  // the years that there are
   Label lblstatus{*this, "lblstatus"};
 
   YearList years;
@@ -114,6 +118,7 @@ class third : public Form {
   void showFirstStep();
   void showClients();
   void refreshClients();
+  void focusList();
   void takeClient(const std::string& code, const std::string& name);
 
   Context& context_;

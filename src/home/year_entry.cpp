@@ -1,18 +1,24 @@
 #include "home/year_entry.h"
 
+#include <algorithm>
+
 #include "books/posting.h"
 #include "books/year_rules.h"
 #include "data/dates.h"
+#include "data/year.h"
 #include "home/third.h"
+#include "home/year_table.h"
 #include "host/rights.h"
 
 namespace quillet {
 
 YearEntry::YearEntry(third& form, Context& context)
     : form_(form), context_(context), creation_(*context.host) {
+  form.MaskEdBox1.KeyDown = [this](Key& key) { MASKEDBOX1_KEYDOWN(key); };
   form.MaskEdBox1.KeyPress = [this](Key& key) { MASKEDBOX1_KEYPRESS(key); };
   form.MaskEdBox2.GotFocus = [this] { MASKEDBOX2_GOTFOCUS(); };
   form.MaskEdBox2.KeyPress = [this](Key& key) { MASKEDBOX2_KEYPRESS(key); };
+  form.cmdyear.Click = [this] { CMDYEAR_CLICK(); };
 }
 
 // --- the dates ----------------------------------------------------------------------------------
@@ -22,8 +28,61 @@ void YearEntry::begin() {
   form_.mergeList.clear();
   form_.MaskEdBox1.setText(emptyFirstDate);
   form_.MaskEdBox2.setText(emptySecondDate);
+  form_.cmdyear.setCaption(form_.mode() == "merge" ? "&Other Clients..." : "Create &Year");
+  showYears();
   form_.showSecondStep(form_.famdates, "type the financial year");
   form_.focus(form_.MaskEdBox1);
+}
+
+// After a failure they may not be what was read.
+void YearEntry::forgetYears() {
+  form_.grdyears.clearRows();
+  form_.grdyears.setVisible(false);
+  form_.lblproposal.setCaption("");
+  proposed_.clear();
+}
+
+void YearEntry::showYears() {
+  forgetYears();
+  std::vector<YearFigures> figures;
+  bool read = false;
+  form_.logErrors("YEARFIGURES", [&] {
+    figures = yearFigures(*context_.host, form_.clientCode());
+    read = true;
+  });
+  std::vector<YearKeys> keys;
+  for (const YearFigures& year : figures) keys.push_back(year.keys);
+  fillYearTable(form_.grdyears, *context_.host, keys, figures);
+  form_.grdyears.setCurrent(form_.grdyears.rows());
+  form_.grdyears.setVisible(!keys.empty());
+  if (read) {
+    propose(figures);
+  } else {
+    form_.lblproposal.setCaption("What the years hold could not be read.");
+  }
+}
+
+// The year after the latest one; for a client without years the one that ended last.
+void YearEntry::propose(const std::vector<YearFigures>& years) {
+  int first = 0;
+  for (const YearFigures& year : years) first = std::max(first, yearOf(year.keys.second));
+  const Date today = context_.clock.today();
+  if (years.empty()) first = today.year - (today.month < 4 ? 2 : 1);
+  const std::string date = shownDate(firstDateKey(first));
+  const std::string second = proposedSecondDate(date);
+  if (second.empty() || yearFault(date, second) != YearFault::none) return;
+  proposed_ = date;
+  form_.lblproposal.setCaption("Down takes " + yearText(date, second) +
+                               (years.empty()
+                                    ? ", the year that ended last. The client has none yet."
+                                    : ", the year after the latest one."));
+}
+
+void YearEntry::MASKEDBOX1_KEYDOWN(Key& key) {
+  if (key != keys::Down || proposed_.empty()) return;
+  key = keys::none;
+  form_.MaskEdBox1.setText(proposed_);
+  form_.focus(form_.MaskEdBox2);
 }
 
 void YearEntry::MASKEDBOX1_KEYPRESS(Key& key) {
@@ -46,6 +105,12 @@ void YearEntry::MASKEDBOX2_GOTFOCUS() {
 void YearEntry::MASKEDBOX2_KEYPRESS(Key& key) {
   if (key != keys::Enter) return;
   key = keys::none;
+  if (datesAreValid()) enter();
+}
+
+void YearEntry::CMDYEAR_CLICK() {
+  // Whoever comes from the first date has not been in the second one, which proposes its date.
+  if (!form_.MaskEdBox2.complete()) MASKEDBOX2_GOTFOCUS();
   if (datesAreValid()) enter();
 }
 
@@ -160,6 +225,7 @@ void YearEntry::registerYear(const Context::Year& before) {
     if (!creation_.registered()) context_.setYear(before);
     form_.status("The trial balance of " + year().keys.text() +
                  " was not created in full. Enter begins it again.");
+    forgetYears();
     throw;
   }
 }
@@ -202,6 +268,7 @@ void YearEntry::fill() {
   form_.statusOnFailure(partly, [&] { taken = offerPreviousYear(); });
   if (!taken) {
     form_.status(partly);
+    forgetYears();
     return;
   }
   finish();

@@ -4,8 +4,10 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "books/year_creation.h"
+#include "books/year_figures.h"
 #include "controls/key.h"
 #include "host/context.h"
 
@@ -31,9 +33,14 @@ class YearEntry {
   // Whether the year stands is asked anew.
   void takenBack();
 
+  // Reads the years that the client has, and names the one that comes next.
+  void showYears();
+
+  void MASKEDBOX1_KEYDOWN(Key& key);
   void MASKEDBOX1_KEYPRESS(Key& key);
   void MASKEDBOX2_GOTFOCUS();
   void MASKEDBOX2_KEYPRESS(Key& key);
+  void CMDYEAR_CLICK();
   // Finds the client's lowest free table number and the table of that name; false when there is
   // none.
   bool GETTABLE();
@@ -45,6 +52,8 @@ class YearEntry {
   bool DATA_TRANSFER(const std::string& previousTable);
 
  private:
+  void forgetYears();
+  void propose(const std::vector<YearFigures>& years);
   bool datesAreValid();
   bool mayOverwrite();
   void overwrite(const RegisteredYear& existing);
@@ -58,6 +67,7 @@ class YearEntry {
   third& form_;
   Context& context_;
   YearCreation creation_;
+  std::string proposed_;  // the first date of the year that a key takes, "" for none
 };
 
 }  // namespace quillet

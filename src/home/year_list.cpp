@@ -7,6 +7,7 @@
 #include "editor/frmcrtb.h"
 #include "home/printouts.h"
 #include "home/third.h"
+#include "home/year_table.h"
 #include "host/rights.h"
 
 namespace quillet {
@@ -19,11 +20,13 @@ void YearList::load() {
   form_.status("");
   form_.statusOnFailure("The years could not be read.",
                         [&] { years_ = Registry(*context_.host).keysOf(form_.clientCode()); });
-  grid.setColumns({{.heading = "From", .width = 14}, {.heading = "To", .width = 14}});
-  long id = 0;
-  for (const YearKeys& year : years_) {
-    grid.addRow({shownDate(year.first), shownDate(year.second)}, ++id);
+  std::vector<YearFigures> figures;
+  if (!years_.empty()) {
+    form_.logErrors("YEARFIGURES",
+                    [&] { figures = yearFigures(*context_.host, form_.clientCode()); });
+    if (figures.empty()) form_.status("What the years hold could not be read.");
   }
+  fillYearTable(grid, *context_.host, years_, figures);
   grid.setCurrent(grid.rows());
   form_.showSecondStep(form_.famyears, "choose the year");
   form_.focus(grid);
@@ -33,6 +36,7 @@ void YearList::show() {
   load();
   if (years_.empty()) {
     context_.MsgBox("No entry of this year is available.", Buttons::OK, Icon::information);
+    form_.status("There is no year yet. Create Trial Balance (Alt+C) makes the first one.");
   }
 }
 

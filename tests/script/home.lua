@@ -31,7 +31,8 @@ assert(home.ClGrd1.visible)
 home.ClGrd1:pick("B2")
 home.ClGrd1:press("Enter")
 equal(support.rows(home.flexgrid2),
-  { { "01/04/2008", "31/03/2009" }, { "01/04/2009", "31/03/2010" } })
+  { { "01/04/2008", "31/03/2009", "0", "0.00", "0.00", "", "" },
+    { "01/04/2009", "31/03/2010", "0", "0.00", "0.00", "", "" } })
 assert(not home.ClGrd1.visible and home.flexgrid2.visible)
 home:press("Escape")
 assert(home.ClGrd1.visible and not home.flexgrid2.visible)

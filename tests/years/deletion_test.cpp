@@ -35,6 +35,7 @@ TEST_F(DeletionTest, IsAskedForAndOpensForTheYear) {
   frmdelwhatinTB& box = deletion();
   EXPECT_EQ(box.caption(), "Delete Trial Balance Data");
   EXPECT_EQ(box.lblheading.caption(), "Delete Trial Balance for F.Y. 2008-2009");
+  EXPECT_EQ(box.lblsubject.caption(), "Asha Traders (C1), 01/04/2008 - 31/03/2009");
   EXPECT_TRUE(box.modal());
   EXPECT_FALSE(box.famSchFA.visible());
   box.press(keys::Escape);
@@ -224,8 +225,8 @@ TEST_F(DeletionTest, SendsEveryStatementInItsOrder) {
     return title ? "Flush Tables" : "flush tables";
   };
   const Texts sent = statements();
-  // The year list is read anew afterwards.
-  ASSERT_EQ(sent.size(), 2 * expected.size() + 1);
+  // The year list is read anew afterwards, and what the other years hold.
+  ASSERT_EQ(sent.size(), 2 * expected.size() + 3);
   for (std::size_t i = 0; i < expected.size(); ++i) {
     EXPECT_EQ(sent[2 * i], expected[i]);
     EXPECT_EQ(sent[2 * i + 1], flushAfter(expected[i])) << expected[i];

@@ -63,6 +63,7 @@ class YearsTest : public PracticeTest {
     form.press(keys::Enter);
   }
   std::string tab(long count) { return "TAB_" + host().GETTBNAME(count); }
+  std::string jrnl(long count) { return "JRNL_" + host().GETTBNAME(count); }
   void answer(std::initializer_list<Answer> answers) {
     for (const Answer each : answers) dialogs.queueAnswer(each);
   }

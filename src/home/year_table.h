@@ -1,0 +1,16 @@
+// A list of a client's years as the home form shows it, to choose one from or to see what is there.
+#pragma once
+
+#include <vector>
+
+#include "books/year_figures.h"
+#include "controls/grid.h"
+
+namespace quillet {
+
+// One row for each year, with its position from 1 as the id. A year of which there are no figures
+// is shown without them.
+void fillYearTable(Grid& grid, const ServiceObject& host, const std::vector<YearKeys>& years,
+                   const std::vector<YearFigures>& figures);
+
+}  // namespace quillet
