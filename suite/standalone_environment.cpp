@@ -59,7 +59,7 @@ std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
 }
 
 std::unique_ptr<StockForms> StandaloneEnvironment::createStockForms(OpenForms& openForms) {
-  return std::make_unique<StockComponent>(openForms, dialogs());
+  return std::make_unique<StockComponent>(openForms, dialogs(), clock());
 }
 
 std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {

@@ -4,11 +4,15 @@
 
 #include "books/account_groups.h"
 #include "books/amount.h"
+#include "books/client_years.h"
+#include "books/clients.h"
 #include "controls/open_forms.h"
 #include "data/names.h"
 #include "data/sql.h"
+#include "data/table_names.h"
 #include "data/text.h"
 #include "host/meant_name.h"
+#include "host/saved_text.h"
 #include "suite/schema.h"
 
 namespace quillet::suite {
@@ -18,8 +22,8 @@ constexpr int amountLength = 20;
 
 }  // namespace
 
-frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs)
-    : Form(openForms, "frmTrade"), dialogs_(dialogs) {
+frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock)
+    : Form(openForms, "frmTrade"), dialogs_(dialogs), clock_(clock) {
   setCaption("Closing Stock");
   size = {0.6, 0.6, 1.0};
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
@@ -32,13 +36,16 @@ frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs)
     key = keys::none;
     click(cmddelete);
   };
-  cmddelete.Click = [this] { deleteLine(); };
+  cmddelete.Click = [this] {
+    deleteLine();
+    focus(vsf);
+  };
   cmddelete.causesValidation = false;
   cmdclose.Click = [this] { close(); };
   cmdclose.causesValidation = false;
   KeyPress = [this](Key& key) { formKey(key); };
   txttotal.makeFigure();
-  lblhint.setQuiet(true);
+  for (Label* label : {&lblhint, &lblsubject}) label->setQuiet(true);
   attachEntry();
 }
 
@@ -82,7 +89,8 @@ bool frmTrade::entering() const {
 
 void frmTrade::LoadData(ServiceObject& host, const std::string& client, const std::string& table) {
   host_ = &host;
-  stock_.emplace(host, ClientTable{table, client});
+  books_ = {table, client};
+  stock_.emplace(host, books_);
 }
 
 void frmTrade::Show(int modal, std::function<void()> closed) {
@@ -95,11 +103,24 @@ void frmTrade::Show(int modal, std::function<void()> closed) {
 
 void frmTrade::load() {
   host_->resize_for_resolution(*this);
+  showSubject();
   groups_.fill(stockGroups(*host_));
   ledgers_.fill(stockLedgers(*host_));
   showLines();
   clearEntry();
   focus(vsf.rows() > 0 ? static_cast<Control&>(vsf) : txtpart);
+}
+
+void frmTrade::showSubject() {
+  const auto& [table, client] = books_;
+  lblsubject.setCaption(client);
+  logErrors("SUBJECT", [&] {
+    ClientYears names(*host_);
+    const std::string suffix = replacedAll(upperCase(table), stockTable("TAB_"), "");
+    const YearKeys& year = names.year(client, trialBalanceTable(suffix));
+    if (year.first.empty()) return;
+    lblsubject.setCaption(subjectOf(names.client(client), client, year.first, year.second));
+  });
 }
 
 void frmTrade::showLines() {
@@ -181,6 +202,7 @@ void frmTrade::saveLine() {
   const NameList::Entry* listed = ledgers_.names().find(name);
   if (!listed || listed->name != name) ledgers_.fill(stockLedgers(*host_));
   focus(txtpart);
+  lblhint.setCaption(savedText(clock_));
 }
 
 // An entry that failed is still in its fields and may be saved again. Either way the list shows
@@ -220,7 +242,7 @@ Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {
 }
 
 LayoutItem frmTrade::layout() {
-  return column({item(vsf, 1),
+  return column({item(lblsubject), item(vsf, 1),
                  row({field("&Particulars", txtpart, 32, 1), field("&Group", txtgroup, 28, 1),
                       field("A&mount", txtamount, 18), item(vsfp), item(vsfg)}),
                  item(lblhint),

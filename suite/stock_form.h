@@ -20,8 +20,9 @@ namespace quillet::suite {
 
 class frmTrade : public Form, public StockForm {
  public:
-  frmTrade(OpenForms& openForms, Dialogs& dialogs);
+  frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock);
 
+  Label lblsubject{*this, "lblsubject"};
   Grid vsf{*this, "vsf"};  // "Particulars", "Group", "Amount"
   TextBox txtpart{*this, "txtpart"};
   TextBox txtgroup{*this, "txtgroup"};
@@ -45,6 +46,7 @@ class frmTrade : public Form, public StockForm {
  private:
   void attachEntry();
   void formKey(Key& key);
+  void showSubject();
   void showLines();
   void alterLine();
   void deleteLine();
@@ -57,9 +59,11 @@ class frmTrade : public Form, public StockForm {
   Answer ask(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::information);
 
   Dialogs& dialogs_;
-  LookupList ledgers_{vsfp};
-  LookupList groups_{vsfg};
+  const Clock& clock_;
+  LookupList ledgers_{vsfp, LookupList::Shows::allNames};
+  LookupList groups_{vsfg, LookupList::Shows::allNames};
   ServiceObject* host_ = nullptr;  // from LoadData on
+  ClientTable books_;
   std::optional<ClosingStock> stock_;
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
   std::optional<LedgerGroup> altered_;
@@ -76,7 +80,8 @@ class frmTrade : public Form, public StockForm {
 // The component through which the module comes by the form.
 class StockComponent : public StockForms {
  public:
-  StockComponent(OpenForms& openForms, Dialogs& dialogs) : form_(openForms, dialogs) {}
+  StockComponent(OpenForms& openForms, Dialogs& dialogs, const Clock& clock)
+      : form_(openForms, dialogs, clock) {}
   StockForm& ObjTrade() override { return form_; }
 
  private:

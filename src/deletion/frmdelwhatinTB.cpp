@@ -1,5 +1,6 @@
 #include "deletion/frmdelwhatinTB.h"
 
+#include "books/clients.h"
 #include "data/errors.h"
 #include "host/rights.h"
 
@@ -39,7 +40,7 @@ frmdelwhatinTB::frmdelwhatinTB(Context& context)
       context_(context),
       deletion_(*context.host, context.fileRemover, context.unposted) {
   setCaption("Delete Trial Balance Data");
-  lblhint.setQuiet(true);
+  for (Label* label : {&lblhint, &lblsubject}) label->setQuiet(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
   for (auto& option : optMain) option->Click = [this] { OPTMAIN_CLICK(); };
   for (auto& option : optSchOthData) option->Click = [this] { OPTSCHOTHDATA_CLICK(); };
@@ -54,19 +55,21 @@ LayoutItem frmdelwhatinTB::layout() {
     items.push_back(gap());
     return row(std::move(items));
   };
-  return column({item(lblheading), framed(famMain, {options(optMain)}),
+  return column({item(lblheading), item(lblsubject), framed(famMain, {options(optMain)}),
                  framed(famSchOthData, {options(optSchOthData)}),
                  framed(famSchFA, {options(optSchFA)}), framed(famMiscDet, {options(optMiscDet)}),
                  item(lblhint), gap(), row({gap(), item(cmddelete), item(cmdcancel)})});
 }
 
-bool frmdelwhatinTB::INITDATA(const std::string& mode, const RegisteredYear& year) {
+bool frmdelwhatinTB::INITDATA(const std::string& mode, const RegisteredYear& year,
+                              const std::string& clientName) {
   bool ready = false;
   logErrors("INITDATA", [&] {
     mode_ = mode;
     deleted_ = false;
     problems_.clear();
     lblheading.setCaption(headingOf(mode, year.keys.text()));
+    lblsubject.setCaption(subjectOf(clientName, year.client, year.keys.first, year.keys.second));
     for (auto* options : {&optMain, &optSchOthData, &optSchFA, &optMiscDet}) clear(*options);
     deletion_.open(year);
     famSchFA.setVisible(hasChart());

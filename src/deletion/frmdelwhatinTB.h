@@ -18,7 +18,8 @@ class frmdelwhatinTB : public Form {
 
   // Mode "create", "merge" or "delete". False when the year could not be looked into; the form is
   // not to be shown then.
-  bool INITDATA(const std::string& mode, const RegisteredYear& year);
+  bool INITDATA(const std::string& mode, const RegisteredYear& year,
+                const std::string& clientName = {});
 
   // Whether anything was deleted, if only in a try that failed in the middle.
   bool touched() const { return deletion_.touched(); }
@@ -33,6 +34,7 @@ class frmdelwhatinTB : public Form {
   void takenBack() override;
 
   Label lblheading{*this, "lblheading"};
+  Label lblsubject{*this, "lblsubject"};
   Frame famMain{*this, "famMain", "Delete Other Relevant Data also ?"};
   ControlArray<OptionButton> optMain{*this, "optMain", {"Yes (All)", "No", "Yes (Selected)"}};
   Frame famSchOthData{*this, "famSchOthData",

@@ -6,6 +6,7 @@
 #include "books/amount.h"
 #include "data/sql.h"
 #include "editor/frmcrtb.h"
+#include "host/saved_text.h"
 
 namespace quillet {
 namespace {
@@ -54,9 +55,7 @@ void LineSaver::showSaved(const YearLine& saved) {
   entry_.endAltering();
   form_.showStored();
   lines_.select(saved);
-  // The row got a new number and may stand elsewhere; whoever works down the list goes on from
-  // here.
-  if (corrected > 0) form_.vsfm.setCurrent(std::min(corrected, form_.vsfm.rows()));
+  form_.lblsaved.setCaption(savedText(books_.context.clock));
   if (altering) {
     form_.leaveEntry();
   } else {
@@ -66,6 +65,7 @@ void LineSaver::showSaved(const YearLine& saved) {
 
 // What was typed stays for another attempt.
 void LineSaver::showFailure(TwoYears::Year year) {
+  form_.lblsaved.setCaption("");
   form_.showStored();
   if (books_.years.linesRead()) replacement_.setStanding(books_.years.lines(year));
   form_.hint(complete() ? notSaved : notReplaced);

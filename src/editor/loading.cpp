@@ -55,6 +55,7 @@ void frmcrtb::emptyYear() {
   entry_.empty();
   saver_.putBack();
   setCaption("Trial Balance");
+  lblsaved.setCaption("");
   emptyLines();
   groupPage_.reset();
   summaryPage_.clear();
@@ -75,6 +76,7 @@ void frmcrtb::emptyLines() {
     for (auto& total : *totals) total->setText("");
   }
   for (TextBox* box : {&txtdiff, &txtdifft}) box->setText("");
+  lblagrees.setCaption("");
 }
 
 void frmcrtb::FORM_UNLOAD() {
@@ -167,6 +169,7 @@ void frmcrtb::GETBALANCE() {
       const double difference = totals.debit - totals.credit;
       txtdiff.setText(difference == 0 ? "" : shown(std::fabs(difference)));
       txtdifft.setText(difference == 0 ? "" : difference > 0 ? "Debit" : "Credit");
+      lblagrees.setCaption(difference == 0 && !books_.years.lines(year).empty() ? "Agrees" : "");
     }
   });
 }
@@ -217,6 +220,7 @@ void frmcrtb::takenBack() {
   if (!visible()) return;
   showStored();
   if (!saved) return;
+  lblsaved.setCaption("");
   {
     const ScopedFlag leaving = entry_.leaving();
     focus(txtdrcr);
@@ -239,6 +243,7 @@ void frmcrtb::setView(View view) {
   }
   txtdiff.setVisible(years.inView(current));
   txtdifft.setVisible(years.inView(current));
+  lblagrees.setVisible(years.inView(current));
   SETBUTTONS();
 }
 

@@ -28,11 +28,11 @@ SummaryPage::SummaryPage(frmcrtb& form, OpenBooks& books) : form_(form), books_(
 }
 
 LayoutItem SummaryPage::arrangement() {
-  return column(
-      {item(form_.vsfr, 1), row({field("Closing stock", form_.txtclst[current], figureWidth),
-                                 field("Previous year", form_.txtclst[previous], figureWidth),
-                                 item(form_.cmdprnsumm), gap()})},
-      1);
+  return column({item(form_.lblsummary), item(form_.vsfr, 1),
+                 row({field("Closing stock", form_.txtclst[current], figureWidth),
+                      field("Previous year", form_.txtclst[previous], figureWidth),
+                      item(form_.cmdprnsumm), gap()})},
+                1);
 }
 
 void SummaryPage::MNUSHSUMM_CLICK() {
@@ -51,6 +51,7 @@ void SummaryPage::LOADFIGS() {
     const Busy busy(books_.host());
     // Without them the year before would seem to have no figures.
     form_.readRegisters();
+    form_.lblsummary.setCaption(form_.subject());
     const Figures thisYear = read(current);
     show(thisYear, read(previous));
     form_.vsfr.setCurrent(selected);
@@ -60,6 +61,7 @@ void SummaryPage::LOADFIGS() {
 
 void SummaryPage::clear() {
   form_.vsfr.clearRows();
+  form_.lblsummary.setCaption("");
   for (auto& box : form_.txtclst) box->setText("");
 }
 
@@ -98,6 +100,7 @@ void SummaryPage::CMDCLSTOCK_CLICK(int index) {
   stockForms_ = books_.context.environment.createStockForms(form_.openForms());
   StockForm& stock = stockForms_->ObjTrade();
   stock.LoadData(books_.host(), years.client(), stockTable(years.table(year)));
+  form_.focusList();
   stock.Show(1, [this] { LOADFIGS(); });
 }
 

@@ -15,7 +15,7 @@ void closeEditorOf(Context& context, const std::string& client, const std::strin
 
 void YearRemoval::open(const RegisteredYear& year, Removed removed) {
   form_.status("");
-  if (!deletion_.INITDATA(form_.mode(), year)) {
+  if (!deletion_.INITDATA(form_.mode(), year, form_.clientName())) {
     form_.status("The trial balance of " + year.keys.text() + " could not be looked into.");
     return;
   }

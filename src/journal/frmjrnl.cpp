@@ -12,6 +12,7 @@ frmjrnl::frmjrnl(Context& context) : Form(context.openForms, "frmjrnl"), context
   attachList();
   attachEntry();
   Frame2.setVisible(false);
+  lblsubject.setQuiet(true);
   KeyDown = [this](Key& key) { FORM_KEYDOWN(key); };
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
 }
@@ -90,7 +91,7 @@ LayoutItem frmjrnl::layout() {
        gap(), row({item(lbldiff, 1), item(cmdremove)}), item(vsf1), field("N&arration", txtnarr),
        row({item(lblhint, 1), item(cmdupdate), item(cmdcancel), item(VSF3), item(VSF4)})},
       1);
-  return stack({list, entry});
+  return column({item(lblsubject), stack({list, entry})});
 }
 
 // --- the books ----------------------------------------------------------------------------------

@@ -36,6 +36,8 @@ class frmjrnl : public Form {
   std::string subject() const override;
   void takenBack() override;
 
+  Label lblsubject{*this, "lblsubject"};
+
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};
   Grid vsf{*this, "vsf"};

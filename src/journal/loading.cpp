@@ -15,11 +15,13 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
     forgetLists();
     book_.reset();
     books_ = books;
+    lblsubject.setCaption("");
     book_.emplace(*context_.host, context_.unposted, ClientTable{table, books.clientCode});
     year_.first = yearOf(books.firstDate) - (previousYear ? 1 : 0);
     setPeriod(year_.from(), year_.to());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);
+    lblsubject.setCaption(subject());
   });
   if (!book_) return;
   // A voucher that was left half posted.
@@ -89,7 +91,7 @@ void frmjrnl::LOADGRID() {
              : !complete()         ? halfPosted
              : !unbalanced.empty() ? "Debit and credit of the voucher of " + unbalanced +
                                          " differ; please complete or delete it."
-             : vsf.rows() == 0 ? "No vouchers in this period."
+             : vsf.rows() == 0 ? "No vouchers in this period. New Voucher (Alt+N) passes one."
                                : "";
     loaded = true;
   });

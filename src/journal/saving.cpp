@@ -4,6 +4,7 @@
 
 #include "books/amount.h"
 #include "data/dates.h"
+#include "host/saved_text.h"
 #include "journal/frmjrnl.h"
 #include "journal/messages.h"
 
@@ -74,6 +75,7 @@ void frmjrnl::SAVEVCH() {
   }
   showList();
   list_.select(book().id());
+  if (complete() && lblstatus.caption().empty()) lblstatus.setCaption(savedText(context_.clock));
   if (period != from_ + to_ && complete()) {
     const std::string besides = lblstatus.caption().empty() ? "" : lblstatus.caption() + ' ';
     lblstatus.setCaption(besides + "The period shown was widened to hold the voucher of " +

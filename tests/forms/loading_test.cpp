@@ -27,6 +27,13 @@ TEST_F(LoadingTest, ShowsTheYearsLinesWithTotalsAndDifference) {
   EXPECT_EQ(form.txttotdeb[0].text(), "400.00");
   EXPECT_EQ(form.txtdiff.text(), "600.50");
   EXPECT_EQ(form.txtdifft.text(), "Credit");
+  EXPECT_EQ(form.lblagrees.caption(), "");
+  for (const char* change : {"update {t} set amt=1000.5", "delete from {t}"}) {
+    exec(replacedAll(change, "{t}", table));
+    form.click(form.mnurefresh);
+    EXPECT_EQ(form.txtdiff.text(), "");
+    EXPECT_EQ(form.lblagrees.caption(), form.vsfm.rows() > 0 ? "Agrees" : "");
+  }
   EXPECT_FALSE(form.mnuyropts.enabled());
   EXPECT_FALSE(frontEnd.busy);
 }

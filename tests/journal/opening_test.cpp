@@ -54,6 +54,7 @@ TEST_F(JournalOpening, StaysWithTheEditorsClientAndTheYearInView) {
     auto& form = dynamic_cast<frmjrnl&>(*context().openForms.active());
     EXPECT_TRUE(form.modal());
     EXPECT_EQ(form.lblperiod.caption(), c.period);
+    EXPECT_EQ(form.lblsubject.caption(), editor.subject());
     EXPECT_NE(statements().back().find(c.journal), std::string::npos);
     passCashAndClose(form, c.date);
     EXPECT_EQ(context().openForms.active(), &editor);

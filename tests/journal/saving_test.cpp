@@ -309,12 +309,12 @@ TEST_F(JournalSaving, AVoucherOfAMergedGroupCountsWhereItsLinesStand) {
 
 TEST_F(JournalSaving, ShowsAVoucherDatedOutsideThePeriod) {
   frmjrnl& form = journal();
-  const std::string widened = "The period shown was widened to hold the voucher of ";
+  const std::string widened = "Saved 12:00. The period shown was widened to hold the voucher of ";
   const struct {
     const char *date, *from, *to;
     std::string told;
   } cases[] = {
-      {"15072008", "01/07/2008", "31/07/2008", ""},
+      {"15072008", "01/07/2008", "31/07/2008", "Saved 12:00."},
       {"30062008", "30/06/2008", "31/07/2008", widened + "30/06/2008."},
       {"01082008", "01/07/2008", "01/08/2008", widened + "01/08/2008."},
   };

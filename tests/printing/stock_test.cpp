@@ -58,10 +58,12 @@ class StockTest : public SummaryTest {
 TEST_F(StockTest, IsKeptInTheYearsTableAndChangesTheFigures) {
   frmTrade& form = openStock();
   EXPECT_TRUE(form.modal());
+  EXPECT_EQ(form.lblsubject.caption(), theEditor(context()).subject());
   enter(form, "Rice", "closing", "1,200.5");
   enter(form, "Rice", "CLOSING STOCK", "0.255");
   enter(form, "O'Brien's \\ wheat", "CLOSING STOCK", "99");
   EXPECT_EQ(form.txttotal.text(), "1,299.76");
+  EXPECT_EQ(form.lblhint.caption(), "Saved 12:00.");
   EXPECT_EQ(stock(), (Rows{{"O'Brien's \\ wheat", "99"}, {"Rice", "1200.76"}}));
   EXPECT_EQ(shown(form.vsf).at(1), (Texts{"O'Brien's \\ wheat", "CLOSING STOCK", "99.00"}));
 
