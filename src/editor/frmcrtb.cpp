@@ -89,7 +89,7 @@ void frmcrtb::attachLines() {
   txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
   KeyDown = [this](Key& key) { entry_.takeBack(key); };
   KeyPress = [this](Key& key) { formKey(key); };
-  lblhint.setQuiet(true);
+  for (Label* label : {&lblhint, &lblsaved, &lblsummary}) label->setQuiet(true);
 }
 
 void frmcrtb::attachTotals() {
@@ -108,10 +108,15 @@ void frmcrtb::VSFM_KEYDOWN(Key& key) {
   click(command);
 }
 
-// Escape gives the entry up from any of its fields, and leads back to the lines.
+// Escape gives the entry up from any of its fields, leads back to the lines, and from there to
+// whoever opened the editor.
 void frmcrtb::formKey(Key& key) {
-  if (key != keys::Escape || (!entry_.contains(active()) && famLines.visible())) return;
+  if (key != keys::Escape) return;
   key = keys::none;
+  if (famLines.visible() && !entry_.contains(active())) {
+    close();
+    return;
+  }
   if (famGroups.visible()) mnugroup.Click();
   if (famSummary.visible()) mnushsumm.Click();
   leaveEntry();
@@ -133,19 +138,27 @@ LayoutItem frmcrtb::layout() {
     return row({item(lblyear[year], 0, 14), field("Debit", txttotdeb[year], amountWidth),
                 field("Credit", txttotcr[year], amountWidth), gap()});
   };
-  const LayoutItem result =
-      column({gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
-                          item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
-  return column({stack({framed(famLines, {item(vsfm, 1), item(lblhint), entry}, 1),
-                        framed(famGroups, {groupPage_.arrangement()}, 1),
-                        framed(famSummary, {summaryPage_.arrangement()}, 1)}),
-                 row({column({totals(0), totals(1)}), gap(), result})});
+  const LayoutItem result = column(
+      {gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
+                   item(lblagrees), item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
+  return column(
+      {stack({framed(famLines, {item(vsfm, 1), entry, row({item(lblhint, 1), item(lblsaved)})}, 1),
+              framed(famGroups, {groupPage_.arrangement()}, 1),
+              framed(famSummary, {summaryPage_.arrangement()}, 1)}),
+       row({column({totals(0), totals(1)}), gap(), result})});
 }
 
 void frmcrtb::showPage(Frame& page) {
   for (Frame* frame : {&famLines, &famGroups, &famSummary}) frame->setVisible(frame == &page);
   mnugroup.setChecked(famGroups.visible());
   mnushsumm.setChecked(famSummary.visible());
+}
+
+void frmcrtb::focusList() {
+  if (!dynamic_cast<Button*>(active())) return;
+  for (Grid* list : {&vsfm, &vsf1, &vsfr}) {
+    if (list->focusable()) focus(*list);
+  }
 }
 
 void frmcrtb::hint(const std::string& text) {

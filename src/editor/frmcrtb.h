@@ -85,6 +85,7 @@ class frmcrtb : public Form {
   Grid vsfp{*this, "vsfp"};
   Grid vsfg{*this, "vsfg"};
   Label lblhint{*this, "lblhint"};
+  Label lblsaved{*this, "lblsaved"};  // when a line was saved last
 
   // --- the group view
   Frame famGroups{*this, "famGroups"};
@@ -101,6 +102,7 @@ class frmcrtb : public Form {
 
   // --- the summary figures: 0 current year, 1 previous year
   Frame famSummary{*this, "famSummary"};
+  Label lblsummary{*this, "lblsummary"};  // the client and the year
   Grid vsfr{*this, "vsfr"};
   ControlArray<TextBox> txtclst{*this, "txtclst", {"", ""}};
   Button cmdprnsumm{*this, "cmdprnsumm", "Print S&ummary"};
@@ -111,6 +113,7 @@ class frmcrtb : public Form {
   ControlArray<TextBox> txttotcr{*this, "txttotcr", {"", ""}};
   TextBox txtdiff{*this, "txtdiff"};
   TextBox txtdifft{*this, "txtdifft"};
+  Label lblagrees{*this, "lblagrees"};
   ControlArray<Button> cmdclstock{*this, "cmdclstock", {"Closing &Stock", "Closing Stoc&k (Prev)"}};
 
   Button cmdexport{*this, "cmdexport", "E&xport"};
@@ -148,6 +151,8 @@ class frmcrtb : public Form {
   // --- for the form's parts
   // Shows one of the three: lines, groups, summary.
   void showPage(Frame& page);
+  // From a command's button to the list of the page in view, where one goes on.
+  void focusList();
   // With nothing else to say it tells why there are no lines.
   void hint(const std::string& text);
   // Gives the running entry up, without a message, and leads back to the lines.

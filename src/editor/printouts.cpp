@@ -19,6 +19,7 @@ EditorPrintouts::EditorPrintouts(frmcrtb& form, OpenBooks& books, const LinesGri
 }
 
 void EditorPrintouts::CMDPRNSUMM_CLICK() {
+  form_.focusList();
   if (!form_.famSummary.visible() || form_.vsfr.rows() == 0) summary_.LOADFIGS();
   if (form_.vsfr.rows() > 0) showReport("REPORT_SUMM", [this] { REPORT_SUMM(); });
 }

@@ -128,6 +128,7 @@ WorkbookExport::WorkbookExport(frmcrtb& form, OpenBooks& books, const LinesGrid&
 }
 
 void WorkbookExport::CMDEXPORT_CLICK() {
+  form_.focusList();
   const fs::path source = below(books_.host().ExePath(), "\\Databases\\ORVO_TB.xls");
   if (!fs::exists(source)) {
     tell(books_.context, "Missing Source File.");

@@ -71,12 +71,10 @@ void frmgrpRM::FORM_KEYPRESS(Key& key) {
   key = keys::none;
   if (state_ == State::sorting) {
     if (ask("Do you want to Cancel Changes in Sorting Order?")) CMDCANCELM_CLICK();
-  } else if (editing() && ask("Do you want to Cancel Entry?")) {
-    if (famG.visible()) {
-      CMDCANCELG_CLICK();
-    } else {
-      CMDCANCELM_CLICK();
-    }
+  } else if (!editing()) {
+    click(famG.visible() ? cmdbackG : cmdbackM);
+  } else if (ask("Do you want to Cancel Entry?")) {
+    click(famG.visible() ? cmdcancelG : cmdcancelM);
   }
 }
 

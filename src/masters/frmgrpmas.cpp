@@ -28,7 +28,10 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   cmdadd.Click = [this] { CMDADD_CLICK(); };
   cmdmodify.Click = [this] { CMDMODIFY_CLICK(); };
   cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
-  cmddelete.Click = [this] { CMDDELETE_CLICK(); };
+  cmddelete.Click = [this] {
+    CMDDELETE_CLICK();
+    focus(vsf);
+  };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
   cmdback.Click = [this] { CMDBACK_CLICK(); };
   on(cmdMerge.Click, "cmdMerge_Click", [this] { cmdMerge_Click(); });
@@ -159,7 +162,9 @@ void frmgrpmas::FORM_KEYPRESS(Key& key) {
   key = keys::none;
   if (famMerge.visible()) {
     cmdMergeBack_Click();
-  } else if (editing_ && ask("Do you want to Cancel this Entry?")) {
+  } else if (!editing_) {
+    CMDBACK_CLICK();
+  } else if (ask("Do you want to Cancel this Entry?")) {
     CMDCANCEL_CLICK();
   }
 }

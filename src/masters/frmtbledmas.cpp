@@ -51,7 +51,10 @@ void frmtbledmas::attachCommands() {
   for (auto& option : Option1) option->Click = [this] { OPTION1_CLICK(); };
   cmdadd.Click = [this] { CMDADD_CLICK(); };
   cmdmodify.Click = [this] { CMDMODIFY_CLICK(); };
-  cmddelete.Click = [this] { CMDDELETE_CLICK(); };
+  cmddelete.Click = [this] {
+    CMDDELETE_CLICK();
+    focus(vsf);
+  };
   cmdupdate.Click = [this] { CMDUPDATE_CLICK(); };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
   cmdView.Click = [this] { CMDVIEW_CLICK(); };
@@ -222,8 +225,10 @@ void frmtbledmas::FORM_KEYPRESS(Key& key) {
   key = keys::none;
   if (famC.visible()) {
     CMDBACKC_CLICK();
-  } else if (!editing_ && (!linking() || !txtfind.text().empty())) {
+  } else if (!editing_ && !txtfind.text().empty()) {
     txtfind.setText("");
+  } else if (!editing_ && !linking()) {
+    CMDBACK_CLICK();
   } else if (!entryBegun() || ask("Do you want to Cancel this Entry?")) {
     CMDCANCEL_CLICK();
   }

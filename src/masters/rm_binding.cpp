@@ -24,7 +24,10 @@ void frmgrpRM::attachBinding() {
   for (auto& box : cbogroup) box->KeyPress = [this](Key& key) { enterIsTab(key); };
   cmdaddM.Click = [this] { CMDADDM_CLICK(); };
   cmdmodifyM.Click = [this] { CMDMODIFYM_CLICK(); };
-  cmddeleteM.Click = [this] { CMDDELETEM_CLICK(); };
+  cmddeleteM.Click = [this] {
+    CMDDELETEM_CLICK();
+    focus(vsfM);
+  };
   cmdupdateM.Click = [this] { CMDUPDATEM_CLICK(); };
   cmdcancelM.Click = [this] { CMDCANCELM_CLICK(); };
   cmdsortorder.Click = [this] { CMDSORTORDER_CLICK(); };

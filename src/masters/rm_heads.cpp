@@ -32,7 +32,10 @@ void frmgrpRM::attachHeads() {
   vsfG.KeyPress = [this](Key& key) { searchByTyping(vsfG, headColumn, key); };
   cmdaddG.Click = [this] { CMDADDG_CLICK(); };
   cmdmodifyG.Click = [this] { CMDMODIFYG_CLICK(); };
-  cmddeleteG.Click = [this] { CMDDELETEG_CLICK(); };
+  cmddeleteG.Click = [this] {
+    CMDDELETEG_CLICK();
+    focus(vsfG);
+  };
   cmdupdateG.Click = [this] { CMDUPDATEG_CLICK(); };
   cmdcancelG.Click = [this] { CMDCANCELG_CLICK(); };
   cmdbackG.Click = [this] { CMDBACKG_CLICK(); };

@@ -1,9 +1,6 @@
 // How the masters are reached from the home form and the editor, and what comes back from them.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <initializer_list>
-
 #include "editor/frmcrtb.h"
 #include "home/third.h"
 #include "masters/frmgrpRM.h"
@@ -160,34 +157,6 @@ TEST_F(OpeningTest, AMasterThatChangedNothingLeavesTheEditorBehindAlone) {
   context().openForms.active()->close();
   EXPECT_EQ(form.vsfm.rows(), 1) << "a closed editor is not loaded";
   EXPECT_TRUE(statementsWith("Select * From TAB_1").empty());
-}
-
-// --- access keys --------------------------------------------------------------------------------
-
-// The letters that lead to the controls below the node.
-void gatherAccessKeys(const LayoutItem& node, std::string& letters) {
-  const std::string& caption =
-      node.label.empty() && node.control ? node.control->caption() : node.label;
-  const std::size_t mark = caption.find('&');
-  if (mark != std::string::npos) letters += upperCase(caption.substr(mark + 1, 1));
-  for (const LayoutItem& child : node.children) gatherAccessKeys(child, letters);
-}
-
-TEST_F(OpeningTest, AnAccessKeyLeadsToOneControlOfItsPage) {
-  frmgrpmas groups(context());
-  frmtbledmas ledgers(context());
-  frmgrpRM binding(context());
-  for (Form* form : std::initializer_list<Form*>{&groups, &ledgers, &binding}) {
-    const LayoutItem pages = form->layout();
-    for (const LayoutItem& page : pages.children.at(0).children) {
-      std::string letters;
-      gatherAccessKeys(page, letters);
-      std::sort(letters.begin(), letters.end());
-      EXPECT_EQ(std::adjacent_find(letters.begin(), letters.end()), letters.end())
-          << form->name() << " " << letters;
-      EXPECT_GT(letters.size(), 0U);
-    }
-  }
 }
 
 // --- the binding --------------------------------------------------------------------------------
