@@ -114,9 +114,9 @@ void MergeList::merge() {
         merge.write({year.table, year.client});
       });
   form_.newYear.finish();
-  form_.status(std::to_string(sources.size()) + " merged into " + year.keys.text() + ": " +
-               std::to_string(merge.lines()) + " lines, " + std::to_string(merge.stockLines()) +
-               " of closing stock.");
+  form_.statusFirst(std::to_string(sources.size()) + " merged into " + year.keys.text() + ": " +
+                    std::to_string(merge.lines()) + " lines, " +
+                    std::to_string(merge.stockLines()) + " of closing stock.");
 }
 
 }  // namespace quillet

@@ -83,6 +83,10 @@ class third : public Form {
   // Shows the list or the dates in place of the clients, headed by what is to be done.
   void showSecondStep(Frame& with, const std::string& task);
   void status(const std::string& text) { lblstatus.setCaption(text); }
+  // Before what stands there already.
+  void statusFirst(const std::string& text) {
+    status(lblstatus.caption().empty() ? text : text + ' ' + lblstatus.caption());
+  }
   // Runs the body; a failure is said in the status line and goes on its way.
   template <class Body>
   void statusOnFailure(const std::string& failure, Body&& body) {

@@ -272,7 +272,7 @@ void YearEntry::fill() {
     return;
   }
   finish();
-  form_.status(created + ".");
+  form_.statusFirst(created + ".");
 }
 
 void YearEntry::takenBack() {

@@ -115,10 +115,11 @@ void YearList::remove() {
 void YearList::tellRemoved(const frmdelwhatinTB& deletion, const std::string& year) {
   showAt(form_.flexgrid2.current());
   const std::string files = deletion.filesLeft() ? " Not all of its files could be deleted." : "";
-  form_.status(deletion.registryRowDeleted() ? "Trial balance of " + year + " deleted." + files
-               : deletion.deleted()
-                   ? "What was chosen of " + year + " is deleted. The year itself stays." + files
-                   : "The deletion of " + year + " was not completed. Delete it again.");
+  form_.statusFirst(deletion.registryRowDeleted() ? "Trial balance of " + year + " deleted." + files
+                    : deletion.deleted()
+                        ? "What was chosen of " + year + " is deleted. The year itself stays." +
+                              files
+                        : "The deletion of " + year + " was not completed. Delete it again.");
 }
 
 }  // namespace quillet
