@@ -92,8 +92,8 @@ class frmClient : public Form {
   Dialogs& dialogs_;
   Clock& clock_;
   std::function<long()> tableCount_;
-  LookupList statuses_{vsfstatus, LookupList::Shows::matches};
-  LookupList groups_{vsfgroup, LookupList::Shows::matches};
+  LookupList statuses_{vsfstatus};
+  LookupList groups_{vsfgroup};
   Saved saved_;
   std::optional<std::string> altered_;  // the code of the client that is altered
   bool hadPassword_ = false;

@@ -60,8 +60,8 @@ class frmTrade : public Form, public StockForm {
 
   Dialogs& dialogs_;
   const Clock& clock_;
-  LookupList ledgers_{vsfp, LookupList::Shows::allNames};
-  LookupList groups_{vsfg, LookupList::Shows::allNames};
+  LookupList ledgers_{vsfp};
+  LookupList groups_{vsfg};
   ServiceObject* host_ = nullptr;  // from LoadData on
   ClientTable books_;
   std::optional<ClosingStock> stock_;

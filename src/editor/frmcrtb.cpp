@@ -142,7 +142,7 @@ LayoutItem frmcrtb::layout() {
       {gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
                    item(lblagrees), item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column(
-      {stack({framed(famLines, {item(vsfm, 1), entry, row({item(lblhint, 1), item(lblsaved)})}, 1),
+      {stack({framed(famLines, {item(vsfm, 1), row({item(lblhint, 1), item(lblsaved)}), entry}, 1),
               framed(famGroups, {groupPage_.arrangement()}, 1),
               framed(famSummary, {summaryPage_.arrangement()}, 1)}),
        row({column({totals(0), totals(1)}), gap(), result})});

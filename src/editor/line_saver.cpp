@@ -55,6 +55,9 @@ void LineSaver::showSaved(const YearLine& saved) {
   entry_.endAltering();
   form_.showStored();
   lines_.select(saved);
+  // The row got a new number and may stand elsewhere; whoever works down the list goes on from
+  // here.
+  if (corrected > 0) form_.vsfm.setCurrent(std::min(corrected, form_.vsfm.rows()));
   form_.lblsaved.setCaption(savedText(books_.context.clock));
   if (altering) {
     form_.leaveEntry();

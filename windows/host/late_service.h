@@ -110,7 +110,7 @@ class LateService : public ServiceObject {
   // what was read in an act is not asked again in it. A later act asks anew, since others write
   // into the ledger master too.
   std::map<long, std::string> ledgerNames_;
-  unsigned long namesRead_ = 0;  // the act that read them
+  unsigned long namesRead_ = 0;        // the act that read them
   mutable std::string programFolder_;  // as the host told it last
 };
 
