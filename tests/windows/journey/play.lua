@@ -96,7 +96,7 @@ end
 play["|"] = function() end
 play.picture = play["|"]
 
--- From now on every question gets this answer.
+-- From now on every question gets this answer, and no file is chosen.
 local always
 function play.answers(button) always = button end
 
@@ -155,7 +155,10 @@ for at, step in ipairs(steps) do
     if steps[after].verb == "answer" then quillet.answer(steps[after].rest:match("^%S+")) end
     after = after + 1
   end
-  if always then quillet.answer(always, always, always) end
+  if always then
+    quillet.answer(always, always, always)
+    quillet.file(nil)
+  end
   local ok, message = pcall(assert(play[step.verb], "no such step: " .. step.line), step.rest, at)
   if not ok then error(step.line .. "\n" .. message .. "\nfocus: " ..
     tostring(#quillet.forms() > 0 and front().active), 0) end

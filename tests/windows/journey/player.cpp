@@ -216,14 +216,15 @@ bool Player::canBeUsed(const std::string& path) {
   return asTruth(wanted.call("Enabled")) && asTruth(wanted.call("Visible"));
 }
 
-// Whether there is a box; it gets the answer that is always given, or the only one that it has.
+// Whether there is a box; it gets the answer that is always given, or the only one that it has. A
+// dialog that has neither is left.
 bool Player::answered(const MessageBox& box) {
   if (!box.window) {
     answered_ = nullptr;
     return false;
   }
   // Keys that it has been sent are on their way.
-  if (answered_ != box.window && !answer(box, always_)) answer(box, "OK");
+  if (answered_ != box.window && !answer(box, always_) && !answer(box, "OK")) press("Escape");
   answered_ = box.window;
   return true;
 }
