@@ -22,7 +22,7 @@ using windows::Late;
 // How long a step may take to show what it leads to.
 constexpr unsigned long patienceMs = 15000;
 // What is drawn late, such as a list below a box, has been drawn by then.
-constexpr unsigned long settlingMs = 300;
+constexpr unsigned long settlingMs = 100;
 
 std::string compared(const std::string& actual, const std::string& expected) {
   if (actual == expected) return {};
@@ -80,7 +80,8 @@ void Player::begin(const Step& step) {
   if (step.verb == "show") {
     form(step.rest).call("Show");
   } else if (step.verb == "type") {
-    for (std::string& chord : chordsTyping(step.rest)) keys_.push_back(std::move(chord));
+    // Typed faster than it is taken.
+    for (const std::string& chord : chordsTyping(step.rest)) press(chord);
   } else if (step.verb == "press") {
     keys_ = words(step.rest);
   } else if (step.verb == "command") {
