@@ -45,7 +45,10 @@ bool MaskBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void MaskBoxView::typeText(const QString& text) {
-  typeAll(view::pastedKeys(fromQt(text)), [this](Key key) { pressAll({key}); });
+  typeAll(view::pastedKeys(fromQt(text)), [this](Key key) {
+    pressAll({key});
+    return true;
+  });
 }
 
 bool MaskBoxView::otherEvent(QObject* target, QEvent& event) {

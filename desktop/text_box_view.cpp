@@ -67,13 +67,12 @@ bool TextBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void TextBoxView::typeText(const QString& text) {
-  if (!box_.locked()) typeEach(view::pastedKeys(fromQt(text)));
+  if (!box_.locked()) typeEach(view::pastedKeys(fromQt(text), box_.maxLength()));
 }
 
 void TextBoxView::typeEach(const std::vector<Key>& typed) {
-  typeAll(typed, [this](Key key) {
-    perform([&] { view::typeInto(box_, key, [this](Key left) { edit(left); }); });
-  });
+  typeAll(typed,
+          [this](Key key) { return view::typeInto(box_, key, [this](Key left) { edit(left); }); });
 }
 
 void TextBoxView::edit(Key key) {

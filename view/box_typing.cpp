@@ -1,11 +1,21 @@
 #include "view/box_typing.h"
 
 #include "controls/form.h"
+#include "data/text.h"
 
 namespace quillet::view {
+namespace {
 
-void typeInto(TextBox& box, Key key, const std::function<void(Key)>& edit) {
+bool isFull(const TextBox& box) {
+  return box.maxLength() > 0 && lengthOf(box.text()) - box.selLength() >= box.maxLength();
+}
+
+}  // namespace
+
+bool typeInto(TextBox& box, Key key, const std::function<void(Key)>& edit) {
   Form& form = box.form();
+  const bool wasFull = isFull(box);
+  const std::string before = box.text();
   const Key left = form.runKeyHandlers(key);
   const bool edits = left == keys::Backspace || left == keys::Delete || keys::typesText(left);
   if (left == keys::none) {
@@ -16,6 +26,7 @@ void typeInto(TextBox& box, Key key, const std::function<void(Key)>& edit) {
     form.handleKey(left);
   }
   form.repairFocus();
+  return form.active() != &box || !wasFull || box.text() != before;
 }
 
 }  // namespace quillet::view

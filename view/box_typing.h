@@ -11,8 +11,9 @@
 namespace quillet::view {
 
 // The form's handlers see the key first. `edit` does what is left of a key that changes the text;
-// it begins by showing what the handlers changed.
-void typeInto(TextBox& box, Key key, const std::function<void(Key)>& edit);
+// it begins by showing what the handlers changed. False: the box is full and took nothing, as it
+// would of any key that follows.
+bool typeInto(TextBox& box, Key key, const std::function<void(Key)>& edit);
 
 // Takes over what a person selected in the field, in code units.
 template <class Unit>

@@ -17,12 +17,13 @@ void ControlTie::pressAll(const std::vector<Key>& typed) {
   }
 }
 
-void ControlTie::typeAll(const std::vector<Key>& typed, const std::function<void(Key)>& type) {
+void ControlTie::typeAll(const std::vector<Key>& typed, const std::function<bool(Key)>& type) {
   const int before = interruptions();
-  for (const Key key : typed) {
-    if (detached_ || !isActive() || interruptions() != before) break;
-    type(key);
-  }
+  perform([&] {
+    for (const Key key : typed) {
+      if (detached_ || !isActive() || interruptions() != before || !type(key)) break;
+    }
+  });
 }
 
 }  // namespace quillet::view

@@ -38,10 +38,11 @@ class ControlTie {
   bool arrive();
   // Keys for the form, one after the other.
   void pressAll(const std::vector<Key>& typed);
-  // Keys that are meant for this control alone. A handler that sends the focus on ends a paste: the
-  // rest belongs to no other box. So does a message: one that is told why a key was refused is not
-  // told so for each key that follows.
-  void typeAll(const std::vector<Key>& typed, const std::function<void(Key)>& type);
+  // Keys that are meant for this control alone, as one act: the windows are brought up to date
+  // once. A handler that sends the focus on ends a paste: the rest belongs to no other box. So does
+  // a message: one that is told why a key was refused is not told so for each key that follows. And
+  // so does `type`, with false.
+  void typeAll(const std::vector<Key>& typed, const std::function<bool(Key)>& type);
 
  private:
   Control& control_;

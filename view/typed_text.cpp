@@ -33,10 +33,11 @@ std::vector<Key> typedKeys(std::string_view text) {
   return typed;
 }
 
-std::vector<Key> pastedKeys(std::string_view text) {
+std::vector<Key> pastedKeys(std::string_view text, std::size_t maxLength) {
   std::vector<Key> typed = typedKeys(text);
   typed.erase(std::find_if_not(typed.rbegin(), typed.rend(), isBlank).base(), typed.end());
   typed.erase(typed.begin(), std::find_if_not(typed.begin(), typed.end(), isBlank));
+  typed.resize(std::min(typed.size(), maxLength + 1000));
   return typed;
 }
 

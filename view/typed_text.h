@@ -11,8 +11,10 @@ namespace quillet::view {
 // A text that is composed, or that one key event brings: line breaks and tabs become blanks, other
 // controls are left out.
 std::vector<Key> typedKeys(std::string_view text);
-// The same for a text from the clipboard, without the blanks around it.
-std::vector<Key> pastedKeys(std::string_view text);
+// The same for a text from the clipboard, without the blanks around it. Since the handlers run for
+// each key, no more of it than a box can use: what it holds (0 means any number) and 1,000 more,
+// which the handlers may leave out. Nothing that is searched for is as long as that.
+std::vector<Key> pastedKeys(std::string_view text, std::size_t maxLength = 0);
 
 // Whether a key with Shift is a text box's own: the keys that move the caret then select. Enter,
 // Tab, Backspace and Space are typed by hasty fingers with Shift still down.

@@ -143,8 +143,14 @@ TEST(AccessKeys, ClickAloneAndTakeTurnsInAClash) {
 
 class CountingRunner : public ActionRunner {
  public:
-  void perform(const std::function<void()>& action) override { action(); }
+  void perform(const std::function<void()>& action) override {
+    acts += depth++ == 0;
+    action();
+    --depth;
+  }
   int interruptions() const override { return shown; }
+  int depth = 0;
+  int acts = 0;
   int shown = 0;
 };
 
@@ -155,7 +161,7 @@ struct Tie : ControlTie {
   using ControlTie::typeAll;
 };
 
-TEST(ControlTie, EndsAPasteThatIsNotForItsControlAnyMore) {
+TEST(ControlTie, PastesInOneActUntilTheRestIsNotForItsControl) {
   OpenForms openForms;
   KeyedForm form(openForms);
   form.show();
@@ -165,16 +171,24 @@ TEST(ControlTie, EndsAPasteThatIsNotForItsControlAnyMore) {
   form.name.KeyPress = [&](Key& key) {
     if (key == U'b' && atB) atB();
   };
-  const auto pasted = [&](std::function<void()> deed) {
+  const auto pasted = [&](std::function<void()> deed, std::string_view text = "abc") {
     atB = std::move(deed);
     form.name.setText("");
     EXPECT_TRUE(tie.arrive());
-    tie.typeAll(pastedKeys("abc"), [&](Key key) {
-      typeInto(form.name, key, [&](Key left) { form.handleKey(left); });
+    runner.acts = 0;
+    tie.typeAll(pastedKeys(text, form.name.maxLength()), [&](Key key) {
+      return typeInto(form.name, key, [&](Key left) { form.handleKey(left); });
     });
+    EXPECT_EQ(runner.acts, 1);
     return form.name.text();
   };
   EXPECT_EQ(pasted({}), "abc");
+  EXPECT_EQ(pasted({}, std::string(5000, 'x')).size(), 1000U);
+  int refused = 0;
+  form.name.Overflow = [&] { ++refused; };
+  form.name.setMaxLength(2000);
+  EXPECT_EQ(pasted({}, std::string(5000, 'x')).size(), 2000U);
+  EXPECT_EQ(refused, 1) << "a full box ends it";
   EXPECT_EQ(pasted([&] { form.focus(form.save); }), "a");
   EXPECT_EQ(pasted([&] { ++runner.shown; }), "ab") << "a message is told once";
   EXPECT_EQ(pasted([&] { tie.detach(); }), "ab") << "its form is closed";

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "data/text.h"
+#include "view/typed_text.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
 #include "windows/ui/clipboard.h"
@@ -42,6 +44,9 @@ std::optional<LRESULT> CellEditor::handle(const WindowMessage& message) {
       SendMessageW(window(), *command, 0, *command == EM_SETSEL ? -1 : 0);
       return 0;
     }
+    case WM_PASTE:
+      paste();
+      return 0;
     case WM_CHAR:
       return typed(message.wide);
     case WM_KILLFOCUS: {
@@ -52,6 +57,12 @@ std::optional<LRESULT> CellEditor::handle(const WindowMessage& message) {
     default:
       return {};
   }
+}
+
+void CellEditor::paste() {
+  std::string text;
+  for (const Key key : view::pastedKeys(clipboardText(window()))) appendCharacter(text, key);
+  SendMessageW(window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(text).c_str()));
 }
 
 std::optional<LRESULT> CellEditor::typed(WPARAM character) {

@@ -24,6 +24,7 @@ class CellEditor : public OwnedWindow {
   std::optional<LRESULT> handle(const WindowMessage& message) override;
 
  private:
+  void paste();
   std::optional<LRESULT> typed(WPARAM character);
 
   Ended ended_;

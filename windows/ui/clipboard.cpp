@@ -5,17 +5,36 @@
 
 namespace quillet::windows {
 
-std::string clipboardText(HWND window) {
-  if (!OpenClipboard(window)) return {};
-  std::string text;
-  if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
-    if (const auto* units = static_cast<const wchar_t*>(GlobalLock(data))) {
-      text = utf8(units);
-      GlobalUnlock(data);
-    }
+namespace {
+
+// The clipboard, open for reading.
+class OpenedClipboard {
+ public:
+  explicit OpenedClipboard(HWND window) : opened_(OpenClipboard(window)) {
+    if (opened_) data_ = GetClipboardData(CF_UNICODETEXT);
+    if (data_) units_ = static_cast<const wchar_t*>(GlobalLock(data_));
   }
-  CloseClipboard();
-  return text;
+  ~OpenedClipboard() {
+    if (units_) GlobalUnlock(data_);
+    if (opened_) CloseClipboard();
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+
+  // Null when there is none.
+  const wchar_t* text() const { return units_; }
+
+ private:
+  bool opened_;
+  HANDLE data_ = nullptr;
+  const wchar_t* units_ = nullptr;
+};
+
+}  // namespace
+
+std::string clipboardText(HWND window) {
+  const OpenedClipboard clipboard(window);
+  return clipboard.text() ? utf8(clipboard.text()) : std::string();
 }
 
 std::optional<UINT> editingCommand(WPARAM virtualKey) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
+#include <utility>
 
 #include "controls/scoped_flag.h"
 #include "view/column_widths.h"
@@ -167,12 +168,23 @@ void GridList::setWidths(int room) {
 }
 
 void GridList::select(int shown) {
-  if (current_ >= 0) {
-    ListView_SetItemState(window_, current_, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  const int before = std::exchange(current_, shown);
+  for (const int row : {before, shown}) {
+    if (row < 0) continue;
+    const UINT state = row == shown ? LVIS_SELECTED | LVIS_FOCUSED : 0;
+    ListView_SetItemState(window_, row, state, LVIS_SELECTED | LVIS_FOCUSED);
+    invalidateRow(row);
   }
-  current_ = shown;
-  if (shown < 0) return;
-  ListView_SetItemState(window_, shown, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+// The list itself draws a row anew as far as its columns reach, but rows fill the window.
+void GridList::invalidateRow(int shown) {
+  RECT client{};
+  GetClientRect(window_, &client);
+  RECT row{};
+  if (!ListView_GetItemRect(window_, shown, &row, LVIR_BOUNDS)) return;
+  const RECT whole{client.left, row.top, client.right, row.bottom};
+  InvalidateRect(window_, &whole, FALSE);
 }
 
 void GridList::showCurrent() {

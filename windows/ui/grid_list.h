@@ -65,6 +65,7 @@ class GridList {
   void showRows();
   void showCurrent();
   void select(int shown);
+  void invalidateRow(int shown);
   LRESULT draw(const NMHDR& what);
   void drawRow(HDC paper, int shown);
   void tellText(NMHDR& what) const;

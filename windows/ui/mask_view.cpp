@@ -32,7 +32,10 @@ void MaskView::showCaret() {
 }
 
 void MaskView::keysTyped(const std::vector<Key>& typed) {
-  typeAll(typed, [this](Key key) { pressAll({key}); });
+  typeAll(typed, [this](Key key) {
+    pressAll({key});
+    return true;
+  });
 }
 
 bool MaskView::keepsKey(WPARAM code) const { return isEditingKey(code); }

@@ -3,6 +3,9 @@
 #include <commctrl.h>
 #include <imm.h>
 
+#include <algorithm>
+
+#include "controls/scoped_flag.h"
 #include "data/text.h"
 #include "view/box_typing.h"
 #include "view/typed_text.h"
@@ -75,10 +78,38 @@ void TextView::select(Selection units) {
 // --- keys ---------------------------------------------------------------------------------------
 
 void TextView::keysTyped(const std::vector<Key>& typed) {
-  typeAll(typed, [this](Key key) {
-    followSelection();
-    perform([&] { view::typeInto(box_, key, [this](Key left) { edit(left); }); });
+  followSelection();
+  if (typed.size() > 1) return paste(typed);
+  typeAll(typed,
+          [this](Key key) { return view::typeInto(box_, key, [this](Key left) { edit(left); }); });
+}
+
+// A window is slow at each edit of a long text, so the model takes the keys and the window what
+// came of them, as one edit that can be undone.
+void TextView::paste(const std::vector<Key>& typed) {
+  perform([&] {
+    typeAll(typed, [this](Key key) {
+      return view::typeInto(box_, key, [this](Key left) { box_.handleKey(left); });
+    });
+    if (!detached() && window()) showPasted();
   });
+}
+
+void TextView::showPasted() {
+  const std::wstring before = textOf(window());
+  const std::wstring after = wide(box_.text());
+  if (before == after) return;
+  const std::size_t both = std::min(before.size(), after.size());
+  std::size_t start = 0;
+  while (start < both && before[start] == after[start]) ++start;
+  std::size_t end = 0;
+  while (end < both - start && before[before.size() - 1 - end] == after[after.size() - 1 - end]) {
+    ++end;
+  }
+  const ScopedFlag guard(showingPasted_);
+  select({static_cast<DWORD>(start), static_cast<DWORD>(before.size() - end)});
+  const std::wstring put = after.substr(start, after.size() - start - end);
+  SendMessageW(window(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(put.c_str()));
 }
 
 void TextView::edit(Key key) {
@@ -116,11 +147,10 @@ bool TextView::commandKey(WPARAM code) {
   return true;
 }
 
-// --- what the window edited by itself: cutting, undoing
-// --------------------------------------------
+// --- what the window edited by itself: cutting, undoing ------------------------------------------
 
 void TextView::command(WORD code) {
-  if (code == EN_CHANGE && !drawing() && !detached()) handOver();
+  if (code == EN_CHANGE && !drawing() && !showingPasted_ && !detached()) handOver();
 }
 
 void TextView::handOver() {
@@ -142,7 +172,7 @@ void TextView::followSelection() {
 std::optional<LRESULT> TextView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_PASTE:
-      if (!box_.locked()) keysTyped(view::pastedKeys(clipboardText(window())));
+      if (!box_.locked()) keysTyped(view::pastedKeys(clipboardText(window()), box_.maxLength()));
       return 0;
     case WM_IME_COMPOSITION:
       if (message.longer & GCS_RESULTSTR) return compose(message);

@@ -31,6 +31,8 @@ class TextView : public ControlView {
   void select(Selection units);
   void showSelection();
 
+  void paste(const std::vector<Key>& typed);
+  void showPasted();
   void edit(Key key);
   void replace(std::size_t start, std::size_t length, const std::string& text);
   void handOver();
@@ -39,6 +41,7 @@ class TextView : public ControlView {
   LRESULT compose(const WindowMessage& message);
 
   TextBox& box_;
+  bool showingPasted_ = false;
 };
 
 }  // namespace quillet::windows

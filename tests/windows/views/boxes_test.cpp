@@ -126,6 +126,9 @@ TEST_F(Boxes, PastesKeyByKey) {
   putOnClipboard(L" a1b\t2c\r\n");
   SendMessageW(window, WM_PASTE, 0, 0);
   EXPECT_EQ(form.name.text(), "ab c");
+  EXPECT_EQ(shown(window), L"ab c");
+  key({VK_CONTROL, 'Z'});
+  EXPECT_EQ(form.name.text(), "") << "undone as a whole";
 
   windows.perform([&] { form.name.setText({}); });
   putOnClipboard(L"ab>cd");

@@ -83,6 +83,28 @@ TEST_F(Grids, KeepsItsPlaceAndColumnsWhenCellsChange) {
   EXPECT_STREQ(text, L"Other");
 }
 
+TEST_F(Grids, SelectsOneRowOverTheWholeWidth) {
+  windows.perform([&] {
+    form.grid.setColumns({{.heading = "", .width = 3}, {.heading = "Year"}});
+  });
+  fill(5);
+  RECT client{};
+  GetClientRect(list, &client);
+  ASSERT_LT(cell(1, 1).right, client.right - 8);
+  const HDC screen = GetDC(list);
+  for (const int current : {2, 4, 3}) {
+    windows.perform([&] { form.grid.setCurrent(current); });
+    UpdateWindow(list);
+    for (int row = 1; row <= 5; ++row) {
+      const int y = inside(row, 1).y;
+      const bool selected = GetPixel(screen, client.right - 4, y) !=
+                            GetPixel(screen, client.right - 4, client.bottom - 4);
+      EXPECT_EQ(selected, row == current) << row << " when the current one is " << current;
+    }
+  }
+  ReleaseDC(list, screen);
+}
+
 TEST_F(Grids, SortsByItsHeadings) {
   fill(30);
   RECT room{};
@@ -146,6 +168,13 @@ TEST_F(Grids, EditsACellInPlace) {
     const char* text;
   } steps[] = {
       {"F2 and Enter", [&] { key({VK_F2}), type(L"12.5"), key({VK_RETURN}); }, "12.5"},
+      {"pasted as one line",
+       [&] {
+         putOnClipboard(L" 1\r\n2 ");
+         key({VK_F2}), key({VK_CONTROL, 'V'}), key({VK_RETURN});
+       },
+       "1 2"},
+      {"typed again", [&] { key({VK_F2}), type(L"12.5"), key({VK_RETURN}); }, "12.5"},
       {"Escape", [&] { key({VK_F2}), type(L"7"), key({VK_ESCAPE}); }, "12.5"},
       {"a click on the current row, Tab",
        [&] { press(list, inside(2, 2)), key({VK_END}), type(L"0"), key({VK_TAB}); }, "12.50"},
@@ -157,7 +186,7 @@ TEST_F(Grids, EditsACellInPlace) {
     EXPECT_EQ(form.grid.cell(2, 2), step.text) << step.what;
     EXPECT_EQ(GetWindow(list, GW_CHILD), header()) << step.what;
   }
-  EXPECT_EQ(edited, "2,2=12.5 2,2=12.50 2,2=8 ");
+  EXPECT_EQ(edited, "2,2=12.5 2,2=1 2 2,2=12.5 2,2=12.50 2,2=8 ");
 }
 
 TEST_F(Grids, CarriesARowOn) {
