@@ -9,13 +9,8 @@ namespace {
 
 constexpr const char* section = "Settings";
 
-constexpr Preference::Value groupings[] = {{"none", "None: 1234567.50"},
-                                           {"thousands", "Thousands: 1,234,567.50"},
-                                           {"lakhs", "Lakhs and crores: 12,34,567.50"}};
 constexpr Preference::Value themes[] = {
     {"system", "As the system"}, {"light", "Light"}, {"dark", "Dark"}};
-constexpr Preference::Value orientations[] = {
-    {"automatic", "As the report needs it"}, {"portrait", "Portrait"}, {"landscape", "Landscape"}};
 
 }  // namespace
 
@@ -32,9 +27,7 @@ void Preference::keep(Settings& settings, const std::string& value) const {
 
 namespace preferences {
 
-const Preference grouping{"Grouping", groupings};
 const Preference theme{"Theme", themes};
-const Preference orientation{"PrintOrientation", orientations};
 
 }  // namespace preferences
 

@@ -24,12 +24,8 @@ struct Preference {
 
 namespace preferences {
 
-// How figures are grouped when they are painted: "none", "thousands", "lakhs".
-extern const Preference grouping;
 // "system", "light", "dark".
 extern const Preference theme;
-// How sheets lie: "automatic", "portrait", "landscape".
-extern const Preference orientation;
 
 }  // namespace preferences
 

@@ -1,7 +1,6 @@
-// The settings of the practice: the firm's name, and what a person prefers to see and to print.
+// The settings of the practice: the firm's name, and what a person prefers to see.
 #pragma once
 
-#include <array>
 #include <functional>
 
 #include "controls/basic_controls.h"
@@ -19,9 +18,7 @@ class frmSettings : public Form {
   frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
 
   TextBox txtfirm{*this, "txtfirm"};
-  ComboBox cbogrouping{*this, "cbogrouping"};
   ComboBox cbotheme{*this, "cbotheme"};
-  ComboBox cboorientation{*this, "cboorientation"};
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "Cancel"};
 
@@ -34,11 +31,6 @@ class frmSettings : public Form {
   void load() override;
 
  private:
-  struct Choice {
-    ComboBox& box;
-    const Preference& preference;
-  };
-  std::array<Choice, 3> choices();
   void keep();
 
   Settings& settings_;

@@ -51,7 +51,7 @@ void LineSaver::save() {
 
 void LineSaver::showSaved(const YearLine& saved) {
   const bool altering = entry_.altered().has_value();
-  const int corrected = entry_.altered() ? form_.vsfm.current() : 0;
+  const int corrected = altering ? form_.vsfm.current() : 0;
   entry_.endAltering();
   form_.showStored();
   lines_.select(saved);
