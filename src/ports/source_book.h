@@ -16,10 +16,15 @@ struct SourceCell {
   Kind kind = Kind::empty;
   bool bold = false;
   // Shown with the side "Dr" or "Cr" that stands in the number's format alone: 'D', 'C', else 0.
+  // The number's sign is then the one that is shown: -500 shown as "500.00 Cr" is "500" and 'C'.
   char side = 0;
   int indent = 0;  // steps of the cell's format; blanks before a text stay in the text
+  // Those it covers when it is merged with its neighbours to the right and below.
+  int columns = 1;
+  int rows = 1;
   // In UTF-8. A number as decimal digits with a point ("1234.5", never 1.2345E+03), whatever its
-  // format shows; a date as "2026-03-31"; an error as it is shown ("#REF!"); "TRUE" or "FALSE".
+  // format shows; a date as "2026-03-31"; an error as it is shown ("#REF!"), a formula without a
+  // stored value as "(not calculated)"; "TRUE" or "FALSE". A time of day is a text.
   std::string text;
 };
 
@@ -32,7 +37,10 @@ struct SourceRow {
 struct SourceSheet {
   std::string name;
   bool hidden = false;
-  std::vector<SourceRow> rows;  // blank ones between others included
+  std::vector<int> hiddenColumns;  // from 0, ascending
+  std::vector<SourceRow> rows;     // blank ones between others included
+  // Why there are no rows although the sheet has some, as "has 200 columns, ..."; else empty.
+  std::string refusal;
 };
 
 struct SourceBook {
