@@ -17,6 +17,7 @@
 #include "desktop/screenshot.h"
 #include "desktop/text.h"
 #include "suite/preferences.h"
+#include "view/figure_groups.h"
 
 namespace quillet::desktop {
 
@@ -87,6 +88,8 @@ void Application::setTheme(theme::Scheme scheme) {
 void Application::usePreferences(const suite::Settings& settings) {
   const theme::Scheme scheme = theme::wanted(suite::preferences::theme.in(settings));
   if (scheme != scheme_) setTheme(scheme);
+  view::setGrouping(view::groupingNamed(suite::preferences::grouping.in(settings)));
+  windows_.redraw();
   for (QWidget* widget : QApplication::allWidgets()) widget->update();
 }
 

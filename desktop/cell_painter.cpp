@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include "desktop/grid_model.h"
+#include "desktop/text.h"
 #include "desktop/theme.h"
 #include "view/cell_look.h"
 
@@ -82,8 +83,10 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool highlighted = behind == view::Ground::currentInFocus;
   painter->setPen(palette.color(group, highlighted ? QPalette::HighlightedText : QPalette::Text));
   const QRect room = roomOf(option);
+  const QFontMetrics measure(font);
+  const QString whole = view::holdsFigures(column) ? figuresIn(room.width(), text, measure) : text;
   const QString fitting =
-      QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width(), Qt::TextSingleLine);
+      measure.elidedText(whole, Qt::ElideRight, room.width(), Qt::TextSingleLine);
   painter->drawText(room, static_cast<int>(alignmentOf(column)) | Qt::TextSingleLine, fitting);
 }
 

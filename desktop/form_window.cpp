@@ -108,6 +108,13 @@ void FormWindow::drawControls() {
   }
 }
 
+void FormWindow::redraw() {
+  const auto present = view::presentIds(form_);
+  for (const auto& [id, view] : layout_.views()) {
+    if (present.contains(id)) view->redraw();
+  }
+}
+
 // Null for a control that has no place, or that the form has removed.
 ControlView* FormWindow::viewOf(const Control* control) const {
   if (!view::isPresent(form_, control)) return nullptr;

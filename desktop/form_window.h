@@ -26,6 +26,8 @@ class FormWindow : public QMainWindow {
   Form& form() const { return form_; }
   // Draws what changed since the last time and lets Qt's focus follow the form's.
   void refresh();
+  // Draws every control anew.
+  void redraw();
   // The form is closed: the window takes no more notice of it.
   void detach();
   // A line at the foot of the window.

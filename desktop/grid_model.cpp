@@ -1,6 +1,7 @@
 #include "desktop/grid_model.h"
 
 #include "desktop/text.h"
+#include "view/cell_look.h"
 
 namespace quillet::desktop {
 
@@ -58,7 +59,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   const int row = gridRow(index.row());
   // A handler may be changing the grid just now; the view is told afterwards.
   if (row < 1 || row > grid_.rows() || index.column() >= grid_.cols()) return {};
-  if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+  if (role == Qt::DisplayRole) return toQt(view::shownText(grid_, row, index.column()));
+  if (role != Qt::EditRole) return {};
   return toQt(grid_.cell(row, index.column()));
 }
 

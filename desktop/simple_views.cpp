@@ -11,6 +11,7 @@
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "view/access_keys.h"
+#include "view/figure_groups.h"
 
 namespace quillet::desktop {
 
@@ -24,7 +25,7 @@ LabelView::LabelView(Label& label, view::ActionRunner& runner, QWidget* parent)
 }
 
 void LabelView::draw() {
-  text_->setText(toQt(label_.caption()));
+  text_->setText(toQt(view::groupedWords(label_.caption(), view::grouping())));
   const auto role = label_.quiet() ? QPalette::PlaceholderText : QPalette::WindowText;
   if (text_->foregroundRole() == role) return;
   text_->setForegroundRole(role);

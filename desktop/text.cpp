@@ -1,10 +1,12 @@
 #include "desktop/text.h"
 
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <algorithm>
 #include <array>
 #include <utility>
 
+#include "view/figure_groups.h"
 #include "view/typed_text.h"
 #include "view/utf16_positions.h"
 
@@ -54,6 +56,11 @@ int unitsOf(const QString& text, std::size_t characters) {
 
 std::size_t charactersOf(const QString& text, qsizetype units) {
   return view::charactersOf(unitsIn(text), static_cast<std::size_t>(units));
+}
+
+QString figuresIn(int room, const QString& text, const QFontMetrics& font) {
+  const auto widthOf = [&](const std::string& of) { return font.horizontalAdvance(toQt(of)); };
+  return toQt(view::figuresIn(room, fromQt(text), widthOf));
 }
 
 std::vector<Key> keysOf(const QKeyEvent& event) {

@@ -10,6 +10,7 @@
 
 #include "controls/key.h"
 
+class QFontMetrics;
 class QKeyEvent;
 
 namespace quillet::desktop {
@@ -23,6 +24,9 @@ std::u16string_view unitsIn(const QString& text);
 int unitsOf(const QString& text, std::size_t characters);
 // The characters that the first `units` code units of the text hold.
 std::size_t charactersOf(const QString& text, qsizetype units);
+
+// view::figuresIn by the widths of a font.
+QString figuresIn(int room, const QString& text, const QFontMetrics& font);
 
 // What a key event says to a form: one key as a rule, several when an input method sends a whole
 // word, none for shortcuts and for keys that are Qt's own (selecting, copying, function keys).

@@ -12,9 +12,15 @@
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "view/box_typing.h"
+#include "view/cell_look.h"
 #include "view/typed_text.h"
 
 namespace quillet::desktop {
+namespace {
+
+constexpr int caretRoom = 2;  // beside the text, by the line edit itself
+
+}  // namespace
 
 TextBoxView::TextBoxView(TextBox& box, view::ActionRunner& runner, QWidget* parent)
     : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
@@ -29,12 +35,12 @@ TextBoxView::TextBoxView(TextBox& box, view::ActionRunner& runner, QWidget* pare
 }
 
 void TextBoxView::draw() {
-  const QString text = toQt(box_.text());
+  drawAlignment();
+  const QString text = shownText();
   if (line_->text() != text) line_->setText(text);
   line_->setReadOnly(box_.locked());
   const auto echo = box_.secret() ? QLineEdit::Password : QLineEdit::Normal;
   if (line_->echoMode() != echo) line_->setEchoMode(echo);
-  drawAlignment();
   const int start = unitsOf(text, box_.selStart());
   const int length = unitsOf(text, box_.selStart() + box_.selLength()) - start;
   if (length == 0) {
@@ -43,6 +49,18 @@ void TextBoxView::draw() {
   } else if (line_->selectionStart() != start || line_->selectionLength() != length) {
     line_->setSelection(start, length);
   }
+}
+
+// Figures that are only read.
+QString TextBoxView::shownText() {
+  const bool inFocus = line_->hasFocus();
+  const QString text = toQt(view::shownText(box_, inFocus));
+  if (!box_.locked() || !box_.rightAligned() || inFocus) return text;
+  const QMargins margins = line_->textMargins();
+  const int room = line_->contentsRect().width() - margins.left() - margins.right() - 2 * caretRoom;
+  const QString fitting = figuresIn(room, text, line_->fontMetrics());
+  if (box_.toolTip().empty()) line_->setToolTip(fitting == text ? QString() : text);
+  return fitting;
 }
 
 // Amounts stand under each other, so their figures are of one width.
@@ -113,6 +131,11 @@ bool TextBoxView::otherEvent(QObject* target, QEvent& event) {
   switch (event.type()) {
     case QEvent::InputMethod:
       return compose(static_cast<QInputMethodEvent&>(event));
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::Resize:
+      if (box_.locked()) redraw();
+      return ControlView::otherEvent(target, event);
     case QEvent::ContextMenu:
       showMenu(static_cast<QContextMenuEvent&>(event));
       return true;

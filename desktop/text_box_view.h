@@ -23,6 +23,7 @@ class TextBoxView : public ControlView {
 
  private:
   void drawAlignment();
+  QString shownText();
   void typeText(const QString& text);
   // Several keys at once come from a paste or an input method.
   void typeEach(const std::vector<Key>& typed);

@@ -6,6 +6,12 @@
 
 namespace quillet::desktop {
 
+void Windows::redraw() {
+  for (const auto& window : windows_) {
+    if (window) window->redraw();
+  }
+}
+
 Windows::~Windows() { leave(); }
 
 void Windows::left() {

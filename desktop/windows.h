@@ -22,6 +22,8 @@ class Windows : public view::FormWindows {
   ~Windows() override;
 
   void refresh() override;
+  // Draws everything anew, for preferences that changed.
+  void redraw();
   // The window in which a person works now, null when there is none.
   FormWindow* front() const;
   FormWindow* of(const Form& form) const;

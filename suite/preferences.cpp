@@ -9,6 +9,10 @@ namespace {
 
 constexpr const char* section = "Settings";
 
+constexpr Preference::Value groupings[] = {{"written", "As it is"},
+                                           {"none", "None: 1234567.50"},
+                                           {"thousands", "Thousands: 1,234,567.50"},
+                                           {"lakhs", "Lakhs: 12,34,567.50"}};
 constexpr Preference::Value themes[] = {
     {"system", "As the system"}, {"light", "Light"}, {"dark", "Dark"}};
 
@@ -27,6 +31,7 @@ void Preference::keep(Settings& settings, const std::string& value) const {
 
 namespace preferences {
 
+const Preference grouping{"Grouping", groupings};
 const Preference theme{"Theme", themes};
 
 }  // namespace preferences

@@ -24,6 +24,9 @@ struct Preference {
 
 namespace preferences {
 
+// How figures are divided when they are painted: "written" leaves them as they are, "none",
+// "thousands", "lakhs".
+extern const Preference grouping;
 // "system", "light", "dark".
 extern const Preference theme;
 

@@ -20,28 +20,36 @@ frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dial
   };
 }
 
+std::array<frmSettings::Choice, 2> frmSettings::choices() {
+  return {{{cbogrouping, preferences::grouping}, {cbotheme, preferences::theme}}};
+}
+
 void frmSettings::load() {
   size = {0.4, 0.2, size.font};
   txtfirm.setText(settings_.companyName());
-  cbotheme.clearItems();
-  const std::string kept = preferences::theme.in(settings_);
-  for (const Preference::Value& value : preferences::theme.values) {
-    cbotheme.addItem(value.shown);
-    if (value.kept == kept) cbotheme.setChosen(cbotheme.size());
+  for (const auto& [box, preference] : choices()) {
+    box.clearItems();
+    const std::string kept = preference.in(settings_);
+    for (const Preference::Value& value : preference.values) {
+      box.addItem(value.shown);
+      if (value.kept == kept) box.setChosen(box.size());
+    }
   }
   focus(txtfirm);
 }
 
 void frmSettings::keep() {
   if (!keepFirmName(settings_, dialogs_, txtfirm)) return;
-  const auto& themes = preferences::theme.values;
-  preferences::theme.keep(settings_, themes[static_cast<std::size_t>(cbotheme.chosen() - 1)].kept);
+  for (const auto& [box, preference] : choices()) {
+    preference.keep(settings_, preference.values[static_cast<std::size_t>(box.chosen() - 1)].kept);
+  }
   close();
   if (onKept) onKept();
 }
 
 LayoutItem frmSettings::layout() {
-  return column({field("&Name of the firm", txtfirm, 40, 1), field("&Colours", cbotheme, 30), gap(),
+  return column({field("&Name of the firm", txtfirm, 40, 1), field("&Grouping", cbogrouping, 30),
+                 field("&Colours", cbotheme, 30), gap(),
                  row({gap(), item(cmdok), item(cmdcancel)})});
 }
 

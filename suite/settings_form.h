@@ -1,6 +1,7 @@
 // The settings of the practice: the firm's name, and what a person prefers to see.
 #pragma once
 
+#include <array>
 #include <functional>
 
 #include "controls/basic_controls.h"
@@ -18,6 +19,7 @@ class frmSettings : public Form {
   frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
 
   TextBox txtfirm{*this, "txtfirm"};
+  ComboBox cbogrouping{*this, "cbogrouping"};
   ComboBox cbotheme{*this, "cbotheme"};
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "Cancel"};
@@ -31,6 +33,11 @@ class frmSettings : public Form {
   void load() override;
 
  private:
+  struct Choice {
+    ComboBox& box;
+    const Preference& preference;
+  };
+  std::array<Choice, 2> choices();
   void keep();
 
   Settings& settings_;

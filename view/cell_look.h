@@ -1,7 +1,10 @@
 // How the cells of a grid are told apart, whatever draws them.
 #pragma once
 
+#include <string>
+
 #include "controls/grid.h"
+#include "controls/text_box.h"
 
 namespace quillet::view {
 
@@ -14,5 +17,10 @@ Ground groundOf(const Grid& grid, int row, int shown, bool inFocus);
 
 // Amounts stand under each other: they are drawn in digits of one width.
 inline bool holdsFigures(const GridColumn& column) { return column.align == Align::right; }
+
+// What a cell shows, its figures divided as a person prefers.
+std::string shownText(const Grid& grid, int row, int column);
+// A box that nobody types in shows figures so as well, unless it is read or copied just now.
+std::string shownText(const TextBox& box, bool inFocus);
 
 }  // namespace quillet::view

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTableView>
 #include <filesystem>
 
 #include "desktop/desktop_test.h"
@@ -31,6 +32,28 @@ TEST_F(DesktopTest, TakesPreferencesAndMenusOfTheSuite) {
   settings.set("Settings", "Theme", "light");
   EXPECT_FALSE(isDark(nullptr));
   EXPECT_FALSE(isDark("light"));
+
+  // Amounts are divided where nobody types, and the form knows nothing of it.
+  const auto painted = [&](const char* grouping) {
+    settings.set("Settings", "Grouping", grouping);
+    theApplication().usePreferences(settings);
+    settle();
+    const QStringList texts{widget<QTableView>(form.vsf)->model()->index(2, 3).data().toString(),
+                            widget<QLineEdit>(form.txttotal)->text(),
+                            widget<QLineEdit>(form.txtamount)->text(),
+                            widget<QLabel>(form.lblhint)->text()};
+    return texts.join("|").toStdString();
+  };
+  form.txtamount.setText("123456.00");
+  form.lblhint.setCaption("Difference 123,456.00 Dr");
+  EXPECT_EQ(painted("lakhs"), "10,00,000.00|1,23,456.00|123456.00|Difference 1,23,456.00 Dr");
+  EXPECT_EQ(painted("thousands"), "1,000,000.00|123,456.00|123456.00|Difference 123,456.00 Dr");
+  focus(form.txttotal);
+  EXPECT_EQ(widget<QLineEdit>(form.txttotal)->text(), "1,23,456.00");
+  focus(form.txtamount);
+  EXPECT_EQ(widget<QLineEdit>(form.txttotal)->text(), "123,456.00");
+  EXPECT_EQ(painted("written"), "1000000.00|1,23,456.00|123456.00|Difference 123,456.00 Dr");
+  EXPECT_EQ(form.txttotal.text() + form.vsf.cell(3, 3), "1,23,456.001000000.00");
   std::filesystem::remove(file);
 
   QMenu more("&Entry"), other("&Other");

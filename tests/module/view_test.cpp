@@ -15,6 +15,7 @@
 #include "view/column_widths.h"
 #include "view/control_tie.h"
 #include "view/drop_down_place.h"
+#include "view/figure_groups.h"
 #include "view/grid_acts.h"
 #include "view/message_texts.h"
 #include "view/shortcut.h"
@@ -70,6 +71,48 @@ TEST(Utf16Positions, CountAPairAsOneCharacter) {
   EXPECT_EQ(charactersOf(u"a🙂b"sv, 2), 2U) << "inside the pair";
   const char16_t halves[] = {0xDC00, 0xD800, u'x'};
   EXPECT_EQ(charactersOf(std::u16string_view(halves, 3), 3), 3U);
+}
+
+TEST(Grouping, DividesTheDigitsOfAmountsAndNothingElse) {
+  const struct {
+    const char* text;
+    const char* none;
+    const char* thousands;
+    const char* lakhs;
+  } cases[] = {
+      {"1234567.50", "1234567.50", "1,234,567.50", "12,34,567.50"},
+      {"1,234,567.50", "1234567.50", "1,234,567.50", "12,34,567.50"},
+      {"-123,456.00", "-123456.00", "-123,456.00", "-1,23,456.00"},
+      {"(12,34,56,789.05)", "(123456789.05)", "(123,456,789.05)", "(12,34,56,789.05)"},
+      {"1000.00 Dr", "1000.00 Dr", "1,000.00 Dr", "1,000.00 Dr"},
+      {"100000.00Cr", "100000.00Cr", "100,000.00Cr", "1,00,000.00Cr"},
+      {"100,000.00 Debit", "100000.00 Debit", "100,000.00 Debit", "1,00,000.00 Debit"},
+      {"999.99", "999.99", "999.99", "999.99"},
+      {"0.00", "0.00", "0.00", "0.00"},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(grouped(each.text, Grouping::asWritten), each.text);
+    EXPECT_EQ(grouped(each.text, Grouping::none), each.none);
+    EXPECT_EQ(grouped(each.text, Grouping::thousands), each.thousands);
+    EXPECT_EQ(grouped(each.text, Grouping::lakhs), each.lakhs);
+  }
+  for (const char* other :
+       {"", "1234567", "1234567.5", "1234567.501", "(1234567.50", "1234567.50)", "1,2,345.00",
+        "1,2345.00", "12345,678.00", ",234567.00", ".50", "-.50", "12345.67 Rs", "01/04/2024",
+        "A 1234567.50", "12345.67.89", "1 234.00", "--12345.00"}) {
+    EXPECT_EQ(grouped(other, Grouping::lakhs), other);
+  }
+  EXPECT_EQ(
+      groupedWords("Difference 123,456.00 Dr in 12345 lines, 1234567.00.  No", Grouping::lakhs),
+      "Difference 1,23,456.00 Dr in 12345 lines, 12,34,567.00.  No");
+}
+
+TEST(Figures, AreMarkedRatherThanCut) {
+  const auto widthOf = [](const std::string& text) { return static_cast<int>(text.size()) * 10; };
+  EXPECT_EQ(figuresIn(80, "1,234.00", widthOf), "1,234.00");
+  EXPECT_EQ(figuresIn(79, "1,234.00", widthOf), "#######");
+  EXPECT_EQ(figuresIn(0, "1,234.00", widthOf), "#");
+  EXPECT_EQ(figuresIn(20, "Agrees", widthOf), "Agrees");
 }
 
 TEST(AccessKey, IsTheLetterBehindTheFirstSingleMark) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "view/figure_groups.h"
 #include "windows/com/text.h"
 #include "windows/ui/colours.h"
 
@@ -55,12 +56,15 @@ void CellPainter::beginRow(int row, const RECT& room, view::Ground ground, bool 
 
 void CellPainter::drawCell(int column, const RECT& room) const {
   const GridColumn& what = grid_.columns()[static_cast<std::size_t>(column)];
-  const std::string& text = grid_.cell(row_, column);
+  const std::string text = view::shownText(grid_, row_, column);
   if (what.tick) return drawTick(room, text == "1");
   if (text.empty()) return;
   RECT inside = textRoom(room);
   if (inside.right <= inside.left) return;
-  const std::wstring shown = wide(text);
+  const int width = inside.right - inside.left;
+  const auto widthOf = [&](const std::string& of) { return metrics_.widthOf(wide(of)); };
+  const std::wstring shown =
+      wide(view::holdsFigures(what) ? view::figuresIn(width, text, widthOf) : text);
   DrawTextW(paper_, shown.c_str(), static_cast<int>(shown.size()), &inside,
             alignmentOf(what) | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }

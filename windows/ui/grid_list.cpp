@@ -258,7 +258,7 @@ RECT GridList::roomOf(GridCell cell) const {
 std::wstring GridList::cutText(GridCell cell) const {
   if (!metrics_ || cell.row < 1 || cell.row > grid_.rows() || cell.column < 0) return {};
   if (column(cell.column).tick) return {};
-  const std::wstring text = wide(grid_.cell(cell.row, cell.column));
+  const std::wstring text = wide(view::shownText(grid_, cell.row, cell.column));
   const RECT room = CellPainter::textRoom(roomOf(cell));
   return metrics_->widthOf(text) > room.right - room.left ? text : std::wstring();
 }
@@ -287,7 +287,7 @@ void GridList::tellText(NMHDR& what) const {
   const int row = rows_.gridRow(item.iItem);
   const int at = gridColumn(item.iSubItem);
   if (row >= 1 && row <= grid_.rows() && at >= 0 && at < grid_.cols()) {
-    text = wide(grid_.cell(row, at));
+    text = wide(view::shownText(grid_, row, at));
     if (column(at).tick) text = text == L"1" ? L"checked" : L"not checked";
   }
   lstrcpynW(item.pszText, text.c_str(), item.cchTextMax);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "view/access_keys.h"
+#include "view/figure_groups.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
 #include "windows/ui/colours.h"
@@ -29,7 +30,7 @@ void LabelView::metricsChanged() {
 
 void LabelView::draw() {
   if (metrics()) setFont(label_.quiet() ? metrics()->quiet() : metrics()->font());
-  showText(window(), wide(label_.caption()));
+  showText(window(), wide(view::groupedWords(label_.caption(), view::grouping())));
 }
 
 std::optional<LRESULT> LabelView::coloured(HDC paper) {

@@ -8,6 +8,8 @@
 #include "controls/scoped_flag.h"
 #include "data/text.h"
 #include "view/box_typing.h"
+#include "view/cell_look.h"
+#include "view/figure_groups.h"
 #include "view/typed_text.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
@@ -34,7 +36,7 @@ TextView::TextView(TextBox& box, view::ActionRunner& runner, HWND parent)
 // --- drawing ------------------------------------------------------------------------------------
 
 void TextView::draw() {
-  showText(window(), wide(box_.text()));
+  showText(window(), shownText());
   const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
   if ((style & ES_RIGHT) != alignmentOf(box_)) {
     SetWindowLongPtrW(window(), GWL_STYLE,
@@ -50,6 +52,17 @@ void TextView::draw() {
     SendMessageW(window(), EM_SETPASSWORDCHAR, mark, 0);
   }
   showSelection();
+}
+
+// Figures that are only read are marked where they have no room.
+std::wstring TextView::shownText() const {
+  const std::string text = view::shownText(box_, hasFocus());
+  if (!metrics() || !box_.locked() || !box_.rightAligned() || hasFocus()) return wide(text);
+  RECT room{};
+  SendMessageW(window(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+  return wide(view::figuresIn(room.right - room.left, text, [this](const std::string& of) {
+    return metrics()->widthOf(wide(of));
+  }));
 }
 
 // A box without the focus shows where its text begins.
@@ -184,6 +197,11 @@ std::optional<LRESULT> TextView::received(const WindowMessage& message) {
       const auto used = ControlView::received(message);
       return used.value_or(0);  // the characters of commands are none of the window's
     }
+    case WM_SIZE: {
+      const LRESULT done = passOn(message);
+      if (box_.locked() && !detached()) redraw();
+      return done;
+    }
     case WM_LBUTTONUP:
     case WM_LBUTTONDBLCLK:
     case WM_CONTEXTMENU: {
@@ -195,7 +213,9 @@ std::optional<LRESULT> TextView::received(const WindowMessage& message) {
     case WM_KILLFOCUS: {
       const auto answer = ControlView::received(message);
       const LRESULT done = answer ? *answer : passOn(message);
-      if (!detached()) showSelection();
+      if (detached()) return done;
+      if (box_.locked()) redraw();
+      showSelection();
       return done;
     }
     default:

@@ -29,6 +29,7 @@ class TextView : public ControlView {
   };
   Selection selection() const;
   void select(Selection units);
+  std::wstring shownText() const;
   void showSelection();
 
   void paste(const std::vector<Key>& typed);
