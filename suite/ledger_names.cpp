@@ -1,5 +1,6 @@
 #include "suite/ledger_names.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <string_view>
@@ -40,16 +41,19 @@ bool changesLedgers(std::string_view sql) {
 }  // namespace
 
 void LedgerNames::statementSent(const std::string& sql) {
-  if (changesLedgers(sql)) loaded_ = false;
+  // Taking back a part of an act takes back the ledgers that it made.
+  if (changesLedgers(sql) || equalIgnoringCase(sql, "rollback")) loaded_ = false;
 }
 
 void LedgerNames::load() {
   names_.clear();
+  byKey_.clear();
   // Old data holds several names for one id: the first one counts.
   const RecordsetPtr rows = unit_.query("select PartId, Particular from Mast_Part");
   names_.reserve(rows->RecordCount());
   for (; !rows->EOF_(); rows->MoveNext()) names_.try_emplace(rows->integer(0), rows->text(1));
   loaded_ = true;
+  loadedIn_ = unit_.transaction();
 }
 
 std::string LedgerNames::nameOf(long id) {
@@ -76,14 +80,24 @@ std::optional<NamedId> LedgerNames::find(const std::string& name, const std::str
                   unit_.escape(cleaned) + "','" + unit_.escape(name) + "') order by PartId");
   std::optional<NamedId> found = bestMatch(*rows, "PartId", "Particular", name);
   if (found && sameName(found->name, name)) return found;
-  // The name may be stored in a spelling that the database takes for another one, as with two
-  // blanks.
-  load();
-  const std::string key = nameKey(name);
-  for (const auto& [id, listed] : names_) {
-    if (nameKey(listed) == key) return NamedId{id, listed};
+  const std::optional<NamedId> alike = findAlike(name);
+  return alike ? alike : found;
+}
+
+// The name may be stored in a spelling that the database takes for another one, as with two blanks.
+// Names that other stations change meanwhile are read anew, but not for each of the thousands that
+// one transaction enters.
+std::optional<NamedId> LedgerNames::findAlike(const std::string& name) {
+  if (!loaded_ || unit_.transaction() == 0 || loadedIn_ != unit_.transaction()) load();
+  if (byKey_.empty()) {
+    for (const auto& [id, listed] : names_) {
+      long& lowest = byKey_.try_emplace(nameKey(listed), id).first->second;
+      lowest = std::min(lowest, id);
+    }
   }
-  return found;
+  const auto listed = byKey_.find(nameKey(name));
+  if (listed == byKey_.end()) return std::nullopt;
+  return NamedId{listed->second, names_.at(listed->second)};
 }
 
 long LedgerNames::create(const std::string& name) {
@@ -92,6 +106,7 @@ long LedgerNames::create(const std::string& name) {
                 unit_.escape(name) + "')");
   unit_.execute(flushTables);
   if (loaded_) names_.try_emplace(id, name);
+  if (!byKey_.empty()) byKey_.try_emplace(nameKey(name), id);
   return id;
 }
 

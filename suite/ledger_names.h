@@ -29,10 +29,14 @@ class LedgerNames {
   std::optional<NamedId> find(const std::string& name, const std::string& cleaned);
   long create(const std::string& name);
   void load();
+  std::optional<NamedId> findAlike(const std::string& name);
 
   UnitOfWork& unit_;
   bool loaded_ = false;
+  unsigned long loadedIn_ = 0;  // the transaction that they were read in, 0 for none
   std::unordered_map<long, std::string> names_;
+  // The lowest id of each name; made when it is first asked for.
+  std::unordered_map<std::string, long> byKey_;
 };
 
 }  // namespace quillet::suite

@@ -101,6 +101,7 @@ void UnitOfWork::begin() {
   if (open_) return;
   send("start transaction");
   open_ = true;
+  ++transactions_;
 }
 
 void UnitOfWork::send(const std::string& sql) {

@@ -35,6 +35,9 @@ class UnitOfWork {
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const { return database_.escape(text); }
+  // The number of the transaction that is open, 0 when none is. What is read in one stays true in
+  // it but for its own changes.
+  unsigned long transaction() const { return open_ ? transactions_ : 0; }
 
   // A statement of the act failed: takes the act back if that follows from the error.
   void failed(long error, const std::string& reason) noexcept;
@@ -67,6 +70,7 @@ class UnitOfWork {
   bool committing_ = false;               // until the commit is known to be done
   bool uncertain_ = false;                // the connection went in the commit
   bool open_ = false;                     // a transaction is open
+  unsigned long transactions_ = 0;        // how many were begun
   std::optional<std::string> takenBack_;  // why, until the act is over
 };
 

@@ -1,5 +1,6 @@
 #include "books/closing_stock.h"
 
+#include "books/all_or_nothing.h"
 #include "books/ledger_list.h"
 #include "books/primary_groups.h"
 #include "data/sql.h"
@@ -58,23 +59,9 @@ Sql ClosingStock::rowsOf(LedgerGroup pair) const {
 }
 
 void ClosingStock::change(const std::vector<Sql>& statements) {
-  try {
-    host_.ConQuery("start transaction");
-    for (const Sql& statement : statements) host_.ConQuery(statement);
-    host_.ConQuery("commit");
-  } catch (...) {
-    rollBack();
-    throw;
-  }
-}
-
-// The error that led here is the one that counts.
-void ClosingStock::rollBack() noexcept {
-  try {
-    host_.ConQuery("rollback");
-  } catch (const std::exception&) {
-    // It was rolled back already, with all that the host had begun.
-  }
+  AllOrNothing part(host_);
+  for (const Sql& statement : statements) host_.ConQuery(statement);
+  part.keep();
 }
 
 NameList stockGroups(ServiceObject& host) {

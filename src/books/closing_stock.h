@@ -42,7 +42,6 @@ class ClosingStock {
  private:
   Sql rowsOf(LedgerGroup pair) const;
   void change(const std::vector<Sql>& statements);
-  void rollBack() noexcept;
 
   ServiceObject& host_;
   Sql table_;

@@ -1,0 +1,75 @@
+#include "books/line_import.h"
+
+#include <set>
+#include <stdexcept>
+
+#include "books/all_or_nothing.h"
+#include "books/registry.h"
+
+namespace quillet {
+
+ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen) {
+  AllOrNothing part(host_);
+  const ClientTable& books = year_.books();
+  if (!Registry(host_).has(books.table, books.client)) return ImportEnd::yearGone;
+  standing_ = year_.lines();
+  if (standing_ != seen) return ImportEnd::booksOther;
+  if (!enterAll(lines)) return ImportEnd::stopped;
+  part.keep();
+  host_.ConQuery(flushTables);
+  return ImportEnd::done;
+}
+
+// False when a person stopped it.
+bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
+  serial_ = year_.nextSerial();
+  Balances expected = balancesOf(standing_);
+  std::set<LedgerGroup> entered;
+  host_.objProgress().Max(static_cast<long>(lines.size()));
+  for (const ImportedLine& line : lines) {
+    const LedgerGroup pair = pairOf(line);
+    if (!entered.insert(pair).second) {
+      throw std::runtime_error(line.ledger + " comes twice in one group.");
+    }
+    enter(pair, line.balance);
+    expected[pair] = line.balance;
+    host_.objProgress().update_pg();
+    if (host_.objProgress().stopped()) return false;
+  }
+  std::erase_if(expected, [](const auto& each) { return each.second.isZero(); });
+  if (balancesOf(year_.lines()) != expected) {
+    throw std::runtime_error("The year does not hold what was to be imported.");
+  }
+  return true;
+}
+
+LedgerGroup LineImport::pairOf(const ImportedLine& line) {
+  if (line.partId != 0) return {line.partId, line.allId};
+  const long made = host_.GetMax_MastPartId(line.ledger);
+  if (made == 0) throw std::runtime_error("The ledger \"" + line.ledger + "\" cannot be made.");
+  return {made, line.allId};
+}
+
+void LineImport::enter(LedgerGroup pair, Money balance) {
+  for (const Line& line : year_.linesOf(pair, TrialBalance::Spelling::editor)) {
+    year_.takeOut(line, standing_);
+  }
+  if (balance.isZero()) return;
+  year_.insert({.srno = serial_++,
+                .partId = pair.partId,
+                .allId = pair.allId,
+                .amount = abs(balance).rupees(),
+                .nid = balance < Money() ? credit : debit});
+}
+
+// Of the pairs that have any.
+LineImport::Balances LineImport::balancesOf(const std::vector<Line>& lines) {
+  Balances balances;
+  for (const Line& line : lines) {
+    balances[{line.partId, line.allId}] += Money::rounded(line.balance());
+  }
+  std::erase_if(balances, [](const auto& each) { return each.second.isZero(); });
+  return balances;
+}
+
+}  // namespace quillet

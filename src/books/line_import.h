@@ -1,0 +1,52 @@
+// Enters many lines into a trial balance, all of them or none, by the steps of the editor's save:
+// what stands for a ledger and group is taken out and one line is written.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "books/trial_balance.h"
+#include "data/money.h"
+
+namespace quillet {
+
+// What is to stand for a ledger and group.
+struct ImportedLine {
+  long partId = 0;     // 0: the ledger of that name, which is made when there is none
+  std::string ledger;  // its name, where it has no id yet
+  long allId = 0;
+  Money balance;  // debit positive; zero takes out what stands
+};
+
+enum class ImportEnd {
+  done,
+  stopped,     // by a person
+  booksOther,  // other lines stand by now than those that were compared with
+  yearGone,
+};
+
+class LineImport {
+ public:
+  LineImport(ServiceObject& host, const ClientTable& books) : host_(host), year_(host, books) {}
+
+  // `seen` are the client's lines that `lines` were made from. Tells the host's progress of each
+  // line, and asks it whether to stop. Nothing is stored unless it ends with `done`; it throws when
+  // a statement fails, a ledger cannot be made, a ledger and group comes twice, or the year does
+  // not hold afterwards what it was to hold.
+  ImportEnd run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen);
+
+ private:
+  using Balances = std::map<LedgerGroup, Money>;
+  bool enterAll(const std::vector<ImportedLine>& lines);
+  void enter(LedgerGroup pair, Money balance);
+  LedgerGroup pairOf(const ImportedLine& line);
+  static Balances balancesOf(const std::vector<Line>& lines);
+
+  ServiceObject& host_;
+  TrialBalance year_;
+  std::vector<Line> standing_;
+  long serial_ = 0;
+};
+
+}  // namespace quillet
