@@ -31,7 +31,8 @@ namespace util = com::sun::star::util;
 // The size limits of the file format.
 constexpr int mostRows = 65'536;
 constexpr int mostColumns = 256;
-const std::string filter = "MS Excel 97";
+constexpr const char* exportKind = "MS Excel 97";
+constexpr const char* convertedKind = "Calc MS Excel 2007 XML";
 
 template <class T>
 beans::PropertyValue property(const char* name, const T& value) {
@@ -45,12 +46,15 @@ uno::Sequence<beans::PropertyValue> properties(const std::vector<beans::Property
   return {all.data(), static_cast<sal_Int32>(all.size())};
 }
 
-uno::Reference<sheet_::XSpreadsheetDocument> load(const Office& office, const rtl::OUString& url) {
+uno::Reference<sheet_::XSpreadsheetDocument> load(const Office& office, const rtl::OUString& url,
+                                                  const std::string& kind = {}) {
   constexpr sal_Int16 never = 0;  // no macros, no updates of links
-  const auto how = properties({property("Hidden", true), property("MacroExecutionMode", never),
-                               property("UpdateDocMode", never)});
+  std::vector how{property("Hidden", true), property("MacroExecutionMode", never),
+                  property("UpdateDocMode", never)};
+  if (!kind.empty()) how.push_back(property("FilterName", fromUtf8(kind)));
   const uno::Reference<frame::XComponentLoader> loader(office.desktop(), uno::UNO_QUERY_THROW);
-  const auto component = loader->loadComponentFromURL(url, rtl::OUString("_blank"), 0, how);
+  const auto component =
+      loader->loadComponentFromURL(url, rtl::OUString("_blank"), 0, properties(how));
   uno::Reference<sheet_::XSpreadsheetDocument> document(component, uno::UNO_QUERY);
   if (document.is()) return document;
   const uno::Reference<util::XCloseable> other(component, uno::UNO_QUERY);
@@ -80,7 +84,8 @@ Value valueOf(const uno::Any& any, const SheetRef& sheet, sal_Int32 column, sal_
 
 }  // namespace
 
-Book::Book(const Office& office, const std::string& path) : document_(load(office, urlOf(path))) {}
+Book::Book(const Office& office, const std::string& path, const std::string& kind)
+    : document_(load(office, urlOf(path), kind)) {}
 
 Book::Book(const Office& office)
     : document_(load(office, rtl::OUString("private:factory/scalc"))) {}
@@ -165,8 +170,15 @@ void Book::save() {
 
 void Book::saveAs(const std::string& path) {
   writeGathered();
+  store(path, exportKind);
+}
+
+void Book::convertTo(const std::string& path) { store(path, convertedKind); }
+
+void Book::store(const std::string& path, const char* kind) {
   uno::Reference<frame::XStorable>(document_, uno::UNO_QUERY_THROW)
-      ->storeToURL(urlOf(path), properties({property("FilterName", fromUtf8(filter))}));
+      ->storeToURL(urlOf(path),
+                   properties({property("FilterName", rtl::OUString::createFromAscii(kind))}));
 }
 
 void Book::makeTemplate() {

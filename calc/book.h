@@ -23,8 +23,9 @@ using SheetRef = uno::Reference<com::sun::star::sheet::XSpreadsheet>;
 
 class Book {
  public:
-  // An existing file. Throws std::runtime_error when it is no workbook.
-  Book(const Office& office, const std::string& path);
+  // An existing file, of the kind that LibreOffice calls so, else of the one that it finds out.
+  // Throws std::runtime_error when it is no workbook.
+  Book(const Office& office, const std::string& path, const std::string& kind = {});
   // A new one with one sheet.
   explicit Book(const Office& office);
   ~Book();
@@ -39,6 +40,8 @@ class Book {
 
   void save();
   void saveAs(const std::string& path);
+  // As a workbook of zip and XML, to be read again by us.
+  void convertTo(const std::string& path);
 
   // The template: one sheet with a heading row, its columns ready for names and amounts.
   void makeTemplate();
@@ -46,6 +49,7 @@ class Book {
  private:
   SheetRef sheet(int index) const;
   void writeGathered();
+  void store(const std::string& path, const char* kind);
 
   uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> document_;
   std::map<int, std::map<std::pair<int, int>, Value>> gathered_;  // sheet, row and column

@@ -3,6 +3,9 @@
 //
 //   quillet-calc                   executes the commands on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
+//   quillet-calc --convert PATH NEW [KIND]
+//                                  writes the workbook PATH as one of zip and XML; KIND is the
+//                                  name of LibreOffice's filter. Answers "ok" or "error MESSAGE".
 //   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines; a cell
 //                                  that shows an error is "error ROW COLUMN TEXT"
 
@@ -27,6 +30,20 @@ double numberIn(const std::string& text) {
   double number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
+}
+
+// Prints the answer to what was done.
+template <class Work>
+void tell(const Work& work) {
+  CalcLine reply{"ok"};
+  try {
+    work(reply);
+  } catch (const uno::Exception& error) {
+    reply = {"error", error.Message.isEmpty() ? "LibreOffice failed" : toUtf8(error.Message)};
+  } catch (const std::exception& error) {
+    reply = {"error", error.what()};
+  }
+  std::cout << suite::calcText(reply) << std::flush;
 }
 
 // Executes commands, one a line. Cells are only collected, so they get no answer; saving reports
@@ -55,15 +72,7 @@ class Server {
   }
 
   void answer(const CalcLine& line) {
-    CalcLine reply{"ok"};
-    try {
-      run(line, reply);
-    } catch (const uno::Exception& error) {
-      reply = {"error", error.Message.isEmpty() ? "LibreOffice failed" : toUtf8(error.Message)};
-    } catch (const std::exception& error) {
-      reply = {"error", error.what()};
-    }
-    std::cout << suite::calcText(reply) << std::flush;
+    tell([&](CalcLine& reply) { run(line, reply); });
   }
 
   void run(const CalcLine& line, CalcLine& reply) {
@@ -111,6 +120,14 @@ int makeTemplate(const std::string& path) {
   return 0;
 }
 
+int convert(const std::string& path, const std::string& to, const std::string& kind) {
+  tell([&](CalcLine&) {
+    const Office office;
+    Book(office, path, kind).convertTo(to);
+  });
+  return 0;
+}
+
 CalcLine cellLine(std::size_t row, std::size_t column, const Value& value) {
   CalcLine line{"text", std::to_string(row + 1), std::to_string(column + 1), ""};
   if (const auto* text = std::get_if<std::string>(&value)) line[3] = *text;
@@ -146,7 +163,10 @@ int run(int argc, char** argv) {
   if (argc == 1) return serve();
   if (argc == 3 && option == "--template") return makeTemplate(argv[2]);
   if (argc == 3 && option == "--read") return read(argv[2]);
-  std::cerr << "usage: quillet-calc [--template PATH | --read PATH]\n";
+  if ((argc == 4 || argc == 5) && option == "--convert") {
+    return convert(argv[2], argv[3], argc == 5 ? argv[4] : "");
+  }
+  std::cerr << "usage: quillet-calc [--template PATH | --convert PATH NEW [KIND] | --read PATH]\n";
   return 2;
 }
 

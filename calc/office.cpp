@@ -11,6 +11,7 @@
 #include <cppuhelper/bootstrap.hxx>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <thread>
 
@@ -33,6 +34,25 @@ fs::path newProfile() {
   return pattern;
 }
 
+// Files from anywhere are opened: nothing in them runs, is fetched or reckoned anew.
+constexpr const char* settings = R"(<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting">
+<prop oor:name="DisableMacrosExecution" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Office.Common/Security/Scripting">
+<prop oor:name="BlockUntrustedRefererLinks" oor:op="fuse"><value>true</value></prop></item>
+<item oor:path="/org.openoffice.Office.Calc/Formula/Load">
+<prop oor:name="OOXMLRecalcMode" oor:op="fuse"><value>1</value></prop></item>
+<item oor:path="/org.openoffice.Office.Calc/Formula/Load">
+<prop oor:name="ODFRecalcMode" oor:op="fuse"><value>1</value></prop></item>
+</oor:items>
+)";
+
+void writeSettings(const fs::path& profile) {
+  fs::create_directories(profile / "user");
+  std::ofstream(profile / "user" / "registrymodifications.xcu") << settings;
+}
+
 bool ended(int process) { return waitpid(process, nullptr, WNOHANG) != 0; }
 
 }  // namespace
@@ -42,6 +62,7 @@ Office::Office() {
     throw std::runtime_error("LibreOffice is not installed in " + program.string());
   }
   profile_ = newProfile();
+  writeSettings(profile_);
   const std::string pipe = "quillet" + std::to_string(getpid());
   try {
     start(pipe);

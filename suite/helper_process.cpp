@@ -168,6 +168,12 @@ std::string HelperProcess::receiveLine() {
   }
 }
 
+bool HelperProcess::answersWithin(std::chrono::milliseconds most) {
+  if (!received_.empty()) return true;
+  pollfd wanted{socket_, POLLIN, 0};
+  return poll(&wanted, 1, static_cast<int>(most.count())) > 0;
+}
+
 bool HelperProcess::finish() {
   shutdown(socket_, SHUT_WR);
   const auto end = Clock::now() + limit_;

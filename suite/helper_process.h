@@ -23,6 +23,8 @@ class HelperProcess {
   // Each throws std::runtime_error when the helper takes too long or is gone.
   void send(std::string_view lines);
   std::string receiveLine();
+  // Whether there is something to receive, the helper's end included, before so long has passed.
+  bool answersWithin(std::chrono::milliseconds most);
 
   // Waits for it to end by itself; true when it ended well within the limit. It gets no more lines.
   bool finish();

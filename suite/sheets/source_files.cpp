@@ -1,0 +1,118 @@
+#include "suite/sheets/source_files.h"
+
+#include <fcntl.h>
+#include <sodium.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <new>
+
+#include "import/delimited_text.h"
+#include "import/sheet_builder.h"
+#include "suite/sheets/content_kind.h"
+#include "suite/sheets/office_conversion.h"
+#include "suite/sheets/workbook_file.h"
+
+namespace quillet::suite {
+namespace {
+
+// An open file, for reading only. Nothing is waited for: a pipe would never begin.
+class OpenFile {
+ public:
+  explicit OpenFile(const std::string& path)
+      : file_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)) {
+    if (file_ < 0) refuse(errno);
+    struct stat about {};
+    if (fstat(file_, &about) != 0) refuse(errno);
+    if (S_ISDIR(about.st_mode)) close("is a folder. Choose a file in it.");
+    if (!S_ISREG(about.st_mode))
+      close("is no file but a device. Choose a workbook or a text file.");
+    if (about.st_size > static_cast<off_t>(mostSourceBytes)) close(tooLarge);
+  }
+  ~OpenFile() { ::close(file_); }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  std::string bytes() const {
+    std::string bytes;
+    char piece[65'536];
+    for (;;) {
+      const ssize_t got = read(file_, piece, sizeof piece);
+      if (got < 0 && errno == EINTR) continue;
+      if (got < 0) refuse(errno);
+      if (got == 0) return bytes;
+      bytes.append(piece, static_cast<std::size_t>(got));
+      if (bytes.size() > mostSourceBytes) throw SourceError(tooLarge);
+    }
+  }
+
+ private:
+  static constexpr const char* tooLarge =
+      "is larger than 64 MB, far more than a trial balance. Copy the rows to be imported into a "
+      "new "
+      "workbook and import that.";
+
+  [[noreturn]] static void refuse(int error) {
+    if (error == ENOENT || error == ENOTDIR) {
+      throw SourceError("is not there any more. Choose the file again.");
+    }
+    if (error == EACCES || error == EPERM) {
+      throw SourceError("may not be read by you. Have its owner allow it, or copy it.");
+    }
+    throw SourceError(std::string("cannot be read: ") + std::strerror(error) +
+                      ". Copy it to another place and import that.");
+  }
+  [[noreturn]] void close(const char* why) {
+    ::close(file_);
+    throw SourceError(why);
+  }
+
+  int file_;
+};
+
+std::string fingerprintOf(std::string_view bytes) {
+  unsigned char hash[crypto_generichash_BYTES];
+  crypto_generichash(hash, sizeof hash, reinterpret_cast<const unsigned char*>(bytes.data()),
+                     bytes.size(), nullptr, 0);
+  char text[2 * sizeof hash + 1];
+  sodium_bin2hex(text, sizeof text, hash, sizeof hash);
+  return text;
+}
+
+}  // namespace
+
+SourceBook SourceFiles::file(const std::string& path, const SourceOptions& options,
+                             const std::function<bool(int percent)>& goesOn) {
+  const auto refuse = [&](const std::string& why) {
+    return SourceError("The file " + path + " " + why);
+  };
+  try {
+    const std::string bytes = OpenFile(path).bytes();
+    if (!goesOn(0)) return {};
+    SourceBook book = bookIn(bytes, options, goesOn);
+    book.fingerprint = fingerprintOf(bytes);
+    return book;
+  } catch (const SourceError& error) {
+    throw refuse(error.what());
+  } catch (const std::bad_alloc&) {
+    throw refuse("needs more memory than there is. Close other programs and import it again.");
+  }
+}
+
+SourceBook SourceFiles::bookIn(std::string_view bytes, const SourceOptions& options,
+                               const std::function<bool(int percent)>& goesOn) const {
+  const ContentKind kind = contentKind(bytes);
+  if (kind == ContentKind::text) return delimitedBook(bytes, options);
+  if (kind == ContentKind::workbook) return workbookIn(bytes, goesOn);
+  // The conversion takes most of the time.
+  constexpr int share = 80;
+  const auto converted = convertedWorkbook(
+      bytes, kind, options_, [&](int percent) { return goesOn(percent * share / 100); });
+  if (!converted) return {};
+  return workbookIn(*converted,
+                    [&](int percent) { return goesOn(share + percent * (100 - share) / 100); });
+}
+
+}  // namespace quillet::suite
