@@ -12,8 +12,6 @@ namespace quillet::suite {
 namespace {
 
 constexpr char separator = '|';
-// Of a part that is no list of cells or texts.
-constexpr double largestList = 32 << 20;
 
 std::string_view local(std::string_view name) {
   const auto at = name.rfind(separator);
@@ -118,13 +116,13 @@ bool readXml(const ZipFile& zip, const std::string& part, XmlElements& elements,
   XmlStream stream(elements);
   double read = 0;
   bool whole = true;
-  const bool found = zip.read(part, [&](std::string_view piece, double size) {
+  const auto take = [&](std::string_view piece, double size) {
     stream.feed(piece);
     read += static_cast<double>(piece.size());
-    if (!goesOn && read > largestList) damaged();
     whole = !goesOn || goesOn(size > 0 ? std::min(read / size, 1.0) : 0);
     return whole;
-  });
+  };
+  const bool found = zip.read(part, take, goesOn ? largestSheet : largestList);
   if (found && whole) stream.finish();
   return found && whole;
 }

@@ -13,9 +13,7 @@
 namespace quillet::suite {
 namespace {
 
-// They end a file that was made to fill the memory.
-constexpr std::size_t largestPart = std::size_t{256} << 20;
-constexpr std::size_t largestText = std::size_t{4} << 20;
+// It ends a file that was made to fill the memory, as the sizes of its parts do.
 constexpr int mostParts = 20'000;
 
 [[noreturn]] void damaged() {
@@ -69,7 +67,7 @@ bool ZipFile::has(const std::string& part) const {
   return find(opened(bytes_).get(), part) != nullptr;
 }
 
-bool ZipFile::read(const std::string& part, const Take& take) const {
+bool ZipFile::read(const std::string& part, const Take& take, std::size_t most) const {
   const Archive zip = opened(bytes_);
   archive_entry* entry = find(zip.get(), part);
   if (entry == nullptr) return false;
@@ -88,18 +86,18 @@ bool ZipFile::read(const std::string& part, const Take& take) const {
     if (result == ARCHIVE_EOF) return true;
     if (result != ARCHIVE_OK) damaged();
     total += size;
-    if (total > largestPart) tooLarge();
+    if (total > most) tooLarge();
     if (!take({static_cast<const char*>(piece), size}, whole)) return true;
   }
 }
 
 std::string ZipFile::text(const std::string& part) const {
   std::string text;
-  read(part, [&](std::string_view piece, double) {
+  const auto take = [&](std::string_view piece, double) {
     text += piece;
-    if (text.size() > largestText) tooLarge();
     return true;
-  });
+  };
+  read(part, take, largestList);
   return text;
 }
 

@@ -2,11 +2,16 @@
 // size that no workbook has.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
 
 namespace quillet::suite {
+
+// Of parts that are lists of cells or texts, and of all others.
+inline constexpr std::size_t largestSheet = std::size_t{256} << 20;
+inline constexpr std::size_t largestList = std::size_t{32} << 20;
 
 class ZipFile {
  public:
@@ -18,8 +23,8 @@ class ZipFile {
   // Names are compared without regard to case.
   bool has(const std::string& part) const;
   // Hands on the part piece by piece until `take` answers false; false when there is no such part.
-  // Throws SourceError when the file is damaged, cut or locked.
-  bool read(const std::string& part, const Take& take) const;
+  // Throws SourceError when the file is damaged, cut or locked, or the part larger than `most`.
+  bool read(const std::string& part, const Take& take, std::size_t most) const;
   std::string text(const std::string& part) const;  // "" when there is no such part
 
  private:
