@@ -25,6 +25,9 @@ FoundColumns findColumns(
 FoundColumns findColumns(
     const SourceSheet& sheet,
     const std::function<std::string(const std::string& fingerprint)>& recalled);
+// Under which a mapping is remembered: the same text for sheets with the same headings, or without
+// any and with as many columns.
+std::string headingFingerprint(const SourceSheet& sheet);
 // The roles below headings that a person chose; 0 rows for a sheet without headings.
 Mapping columnsBelow(const SourceSheet& sheet, std::size_t headingRow, std::size_t headingRows);
 

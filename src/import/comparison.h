@@ -1,7 +1,6 @@
 // A source beside the lines that stand in the year: what is new, changed, the same or gone.
 #pragma once
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -23,9 +22,8 @@ struct Difference {
 };
 std::string_view nameOf(Difference::Kind kind);
 
-// `lines` as linesToEnter gives them. In the order of the source, then what vanished in that of
-// the year.
-std::vector<Difference> compareWithYear(const std::vector<ProposedLine>& lines,
-                                        const KnownBooks& books);
+// In the order of the source, then what vanished in that of the year. A line of the source that is
+// not taken is in none of them.
+std::vector<Difference> compareWithYear(const Proposals& proposals, const KnownBooks& books);
 
 }  // namespace quillet

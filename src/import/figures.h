@@ -36,8 +36,7 @@ struct FigureRules {
 
 Figure readFigure(const SourceCell& cell, FigureRules rules);
 
-// What the texts of a column say about its mark; open when they contradict each other or say
-// nothing.
+// What most texts of a column say about its mark; open when they say nothing.
 DecimalMark decimalMarkOf(const std::vector<const SourceCell*>& column);
 
 // Whether a cell of these figures could be an amount, read or not.

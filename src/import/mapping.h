@@ -17,8 +17,8 @@ enum class ColumnRole : std::uint8_t {
   none,
   particulars,
   group,
-  debit,
-  credit,
+  debits,
+  credits,
   amount,  // signed, or with Dr or Cr inside or beside
   side,
   code,      // also a serial number: a row that has one is no sum
@@ -61,9 +61,6 @@ std::string problemOf(const Mapping& mapping);
 std::optional<std::size_t> sheetOf(const SourceBook& book, const Mapping& mapping);
 
 // --- remembered for the client
-
-// The same text for sheets with the same headings, or without any and with as many columns.
-std::string headingFingerprint(const SourceSheet& sheet, const Mapping& mapping);
 
 // One line of text, and back. Nothing for a text that is none.
 std::string textOf(const Mapping& mapping);

@@ -1,7 +1,8 @@
-// Names that are nearly the same: but for case, blanks, punctuation and "and", or but for a letter
-// or two. Made once for tens of thousands of names, then asked for thousands.
+// Names that are nearly the same: but for case, blanks, punctuation and "and", or but for a letter.
+// Made once for tens of thousands of names, then asked for thousands.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -16,7 +17,7 @@ class NearestNames {
   enum class Distance {
     same,   // sameName of data/names.h
     alike,  // but for punctuation, blanks, "and" for "&", "A/c", "M/s"
-    near,   // but for a letter or two
+    near,   // but for a letter
     none
   };
   struct Found {
@@ -30,17 +31,21 @@ class NearestNames {
   Found find(std::string_view name) const;
 
  private:
-  struct Key {
-    std::u32string letters;
-    std::size_t name = 0;
+  // A name with one letter left out, as a number; names that share one differ in a letter.
+  struct Reduced {
+    std::uint64_t hash = 0;
+    std::uint32_t name = 0;
+    auto operator<=>(const Reduced&) const = default;
   };
-  std::vector<std::size_t> candidates(const std::u32string& letters) const;
+  static std::vector<std::uint64_t> reductionsOf(std::u32string_view letters);
 
   std::vector<NamedId> names_;
-  std::vector<std::u32string> letters_;
   std::unordered_map<std::string, std::size_t> same_;
   std::unordered_map<std::string, std::size_t> alike_;
-  std::unordered_map<std::u32string, std::vector<std::size_t>> pieces_;
+  std::vector<Reduced> reduced_;
 };
+
+// The same text for names that are alike.
+std::string alikeKey(std::string_view name);
 
 }  // namespace quillet

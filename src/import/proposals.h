@@ -63,6 +63,7 @@ std::string_view nameOf(GroupState state);
 struct ProposedLine {
   int row = 0;  // the number of the source's row
   bool taken = true;
+  bool unread = false;  // name or amount cannot be read; never entered
   LedgerState ledgerState = LedgerState::isNew;
   std::string ledger;  // the name that is entered: the master's own for a known one
   long partId = 0;     // 0 for a new one
@@ -82,6 +83,8 @@ struct ProposedLine {
 struct Proposals {
   std::vector<ProposedLine> lines;  // of the rows that are ledgers, errors included
   SideTotals source;                // the source's own total, else the sum of its ledgers
+  SideTotals ledgers;               // of the rows that are ledgers
+  bool explained = true;            // they add up to the source's total
   SideTotals entered;               // of what is taken; doubles are added up
   bool balanced() const { return entered.difference().isZero(); }
 };

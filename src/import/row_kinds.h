@@ -10,20 +10,9 @@
 #include <vector>
 
 #include "import/mapping.h"
+#include "import/sums.h"
 
 namespace quillet {
-
-enum class RowKind : std::uint8_t {
-  ledger,
-  heading,  // a name without an amount
-  parent,   // the sum of the rows that follow
-  total,    // the sum of the rows above
-  blank,
-  skipped,
-  error  // an amount or a name that cannot be read, or an amount without a name
-};
-// As it stands in the review: "Ledger", "Heading", "Sum of rows below", ...
-std::string_view nameOf(RowKind kind);
 
 struct ImportRow {
   int number = 0;         // as the source's program counts
@@ -44,19 +33,13 @@ struct ImportRow {
   Money balance() const { return debit - credit; }
 };
 
-// Debit and credit as two columns add up.
-struct SideTotals {
-  Money debit;
-  Money credit;
-  bool operator==(const SideTotals&) const = default;
-  Money difference() const { return debit - credit; }
-};
-
 struct ImportRows {
   std::vector<ImportRow> rows;  // one for each row of the sheet
   // What the source says by itself; nothing when it has no grand total.
   std::optional<SideTotals> stated;
   SideTotals ledgers;  // of the rows that are ledgers
+  // Whether the rows add up to what the source says; true when it says nothing.
+  bool explained = true;
 };
 
 // What the books know of names.
