@@ -1,0 +1,339 @@
+#include "import/made_book.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <random>
+
+namespace quillet::support {
+namespace {
+
+using Kind = SourceCell::Kind;
+using Cells = std::vector<SourceCell>;
+
+constexpr std::array<const char*, shapes> shapeNames{
+    "plain",          "titles and a band", "three bands",    "signed closing",
+    "Dr in the text", "Dr in the format",  "Dr in a column", "codes and signs",
+    "odd amounts",    "indented sums",     "bold sums",      "headings and totals",
+    "group column",   "no headings",       "several sheets", "unmarked sums"};
+
+SourceCell text(const std::string& content) {
+  SourceCell cell;
+  cell.kind = content.empty() ? Kind::empty : Kind::text;
+  cell.text = content;
+  return cell;
+}
+
+SourceCell number(std::int64_t paise) {
+  SourceCell cell;
+  cell.kind = Kind::number;
+  const std::int64_t size = paise < 0 ? -paise : paise;
+  cell.text = (paise < 0 ? "-" : "") + std::to_string(size / 100);
+  if (size % 100 != 0) {
+    cell.text += size % 100 < 10 ? ".0" : ".";
+    cell.text += std::to_string(size % 100 % 10 == 0 ? size % 100 / 10 : size % 100);
+    if (size % 100 < 10) cell.text = cell.text.substr(0, cell.text.size());
+  }
+  return cell;
+}
+
+// 12345678 as "1,23,456.78"; with a mark of thousands and one of decimals.
+std::string grouped(std::int64_t paise, const char* thousands, const char* decimals, bool indian) {
+  std::string whole = std::to_string(paise / 100);
+  for (std::size_t at = whole.size(), step = 3; at > step; step = indian ? 2 : 3) {
+    at -= step;
+    whole.insert(at, thousands);
+  }
+  const std::string cents = std::to_string(paise % 100);
+  return whole + decimals + (cents.size() < 2 ? "0" : "") + cents;
+}
+std::string indian(std::int64_t paise) { return grouped(paise, ",", ".", true); }
+
+struct Ledger {
+  std::string name;
+  std::int64_t balance = 0;
+};
+struct Section {
+  std::string group;
+  std::vector<Ledger> ledgers;
+};
+
+class Maker {
+ public:
+  Maker(int shape, std::uint32_t seed, int rows) : shape_(shape), chance_(seed), rows_(rows) {}
+
+  MadeBook make() {
+    inTexts_ = below(2) == 0;
+    withTotal_ = below(5) > 0;
+    makeSections();
+    made_.book.sheets.emplace_back().name = "TB";
+    for (const Section& section : sections_) made_.groups.push_back(section.group);
+    write();
+    if (shape_ == 14) addSheets();
+    return std::move(made_);
+  }
+
+ private:
+  int below(int limit) { return static_cast<int>(chance_() % static_cast<unsigned>(limit)); }
+
+  // --- what stands in the books
+
+  std::int64_t amount() {
+    constexpr std::int64_t rupee = 100;
+    switch (style_) {
+      case 0:  // few different ones, so that sums and equal amounts come by chance
+        return (below(12) + 1) * 500 * rupee;
+      case 1:
+        return (below(3000) + 1) * rupee;
+      default:
+        return below(90'000'000) + 1;
+    }
+  }
+
+  std::string ledgerName(int index) {
+    constexpr std::array<const char*, 12> first{"Amit",  "Bharat",  "Chandra", "Deepak",
+                                                "Eswar", "Falguni", "Ganesh",  "Harsh",
+                                                "Indra", "Jyoti",   "Kamal",   "Lalit"};
+    constexpr std::array<const char*, 8> second{"Traders", "& Co.",      "Textiles", "Agencies",
+                                                "Motors",  "Industries", "Sales",    "Foods"};
+    if (index == 3) return "Total Quality Services";
+    return first[static_cast<std::size_t>(below(12))] + std::string(" ") +
+           second[static_cast<std::size_t>(below(8))] + ' ' + std::to_string(index);
+  }
+
+  void makeSections() {
+    constexpr std::array<const char*, 16> groups{"CAPITAL ACCOUNT",
+                                                 "TERM LOANS",
+                                                 "SUNDRY CREDITORS",
+                                                 "STATUTORY DUES",
+                                                 "PLANT AND MACHINERY",
+                                                 "FIXED DEPOSITS",
+                                                 "SUNDRY DEBTORS",
+                                                 "CASH IN HAND",
+                                                 "BANK BALANCES",
+                                                 "DEPOSITS",
+                                                 "SALES",
+                                                 "PURCHASES",
+                                                 "FREIGHT",
+                                                 "SALARIES",
+                                                 "RENT",
+                                                 "PRINTING"};
+    style_ = below(3);
+    std::int64_t sum = 0;
+    int left = rows_;
+    for (std::size_t i = 0; i < groups.size() && left > 0; ++i) {
+      Section& section = sections_.emplace_back();
+      section.group = groups[i];
+      const int count = i + 1 == groups.size() ? left : std::min(left, below(2 * rows_ / 16) + 1);
+      for (int n = 0; n < count; ++n) {
+        const bool credit = below(10) == 0 ? i >= 4 && i != 10 : i < 4 || i == 10;
+        section.ledgers.push_back({ledgerName(index_++), credit ? -amount() : amount()});
+        sum += section.ledgers.back().balance;
+      }
+      left -= count;
+    }
+    if (sum != 0) sections_.front().ledgers.push_back({"Suspense", -sum});
+  }
+
+  // --- rows
+
+  SourceSheet& sheet() { return made_.book.sheets.front(); }
+
+  int row(Cells cells) {
+    SourceRow& added = sheet().rows.emplace_back();
+    added.number = static_cast<int>(sheet().rows.size());
+    added.cells = std::move(cells);
+    while (!added.cells.empty() && added.cells.back().kind == Kind::empty) added.cells.pop_back();
+    return added.number;
+  }
+  void texts(const std::vector<std::string>& contents) {
+    Cells cells;
+    for (const std::string& content : contents) cells.push_back(text(content));
+    row(std::move(cells));
+  }
+  SourceCell money(std::int64_t paise) {
+    if (paise == 0) return text("");
+    return inTexts_ ? text(paise < 0 ? '-' + indian(-paise) : indian(paise)) : number(paise);
+  }
+  void sides(Cells& cells, std::int64_t debit, std::int64_t credit) {
+    cells.push_back(money(debit));
+    cells.push_back(money(credit));
+  }
+
+  // The cells after the name, of a balance or of a total of both sides.
+  void amounts(Cells& cells, std::int64_t debit, std::int64_t credit) {
+    const std::int64_t balance = debit - credit;
+    const std::int64_t size = balance < 0 ? -balance : balance;
+    const char side = balance < 0 ? 'C' : 'D';
+    const bool total = debit != 0 && credit != 0;
+    switch (shape_) {
+      case 2: {
+        const std::int64_t opening = below(1000) * 100;
+        sides(cells, opening, 0);
+        sides(cells, below(1000) * 100, below(1000) * 100);
+        return sides(cells, debit, credit);
+      }
+      case 3:
+        cells.push_back(money(below(1000) * 100));
+        sides(cells, below(1000) * 100, below(1000) * 100);
+        return cells.push_back(balance == 0 ? number(0) : money(balance));
+      case 4:
+        return cells.push_back(total ? text("")
+                                     : text(indian(size) + (side == 'D' ? " Dr" : " Cr.")));
+      case 5:
+        cells.push_back(total ? text("") : number(size));
+        cells.back().side = total ? '\0' : side;
+        return;
+      case 6:
+        cells.push_back(total ? money(debit) : money(size));
+        return cells.push_back(text(total ? "" : side == 'D' ? "Dr" : "CR"));
+      case 7:
+        return cells.push_back(number(balance));
+      case 8:
+        return cells.push_back(oddly(balance));
+      default:
+        return sides(cells, debit, credit);
+    }
+  }
+
+  SourceCell oddly(std::int64_t balance) {
+    const std::int64_t size = balance < 0 ? -balance : balance;
+    if (balance == 0) return text("-");
+    if (odd_ == 0) return text(balance < 0 ? '(' + indian(size) + ')' : indian(size));
+    if (odd_ == 1) return text(indian(size) + (balance < 0 ? "-" : ""));
+    return text((balance < 0 ? "-" : "") + grouped(size, ".", ",", false));
+  }
+
+  void ledger(const Ledger& ledger, const std::string& group, int indent) {
+    Cells cells;
+    if (shape_ == 7) cells.push_back(number((100 + serial_++) * 100));
+    if (shape_ == 13) cells.push_back(number(++serial_ * 100));
+    const bool is2008 = shape_ == 13 && serial_ == 7;
+    cells.push_back(is2008 ? number(200'800) : text(ledger.name));
+    cells.back().indent = indent;
+    if (shape_ == 12) cells.push_back(text(group));
+    const std::int64_t debit = std::max<std::int64_t>(ledger.balance, 0);
+    amounts(cells, debit, debit - ledger.balance);
+    const int at = row(std::move(cells));
+    made_.ledgers[at] = {is2008 ? "2008" : ledger.name, shape_ == 12 ? group : "",
+                         Money::ofPaise(ledger.balance)};
+    if (shape_ == 14 && below(10) == 0) row({});
+    if (shape_ == 14 && below(12) == 0) sheet().rows.back().hidden = true;
+  }
+
+  void sum(const std::string& name, std::int64_t debit, std::int64_t credit, bool bold) {
+    Cells cells;
+    if (shape_ == 7 || shape_ == 13) cells.push_back(text(""));
+    cells.push_back(text(name));
+    cells.back().bold = bold;
+    if (shape_ == 12) cells.push_back(text(""));
+    amounts(cells, debit, credit);
+    row(std::move(cells));
+  }
+
+  void headings() {
+    switch (shape_) {
+      case 1:
+        texts({"Chandra & Sons"});
+        texts({"Trial Balance"});
+        texts({"1-Apr-2025 to 31-Mar-2026"});
+        texts({"Particulars", "Closing Balance"});
+        return texts({"", "Debit", "Credit"});
+      case 2:
+        texts({"Particulars", "Opening Balance", "", "Transactions", "", "Closing Balance"});
+        return texts({"", "Debit", "Credit", "Debit", "Credit", "Debit", "Credit"});
+      case 3:
+        return texts({"Account", "Opening", "Debit", "Credit", "Closing"});
+      case 4:
+      case 5:
+        return texts({"Particulars", "Closing Balance"});
+      case 6:
+        return texts({"Ledger", "Amount", "Dr/Cr"});
+      case 8:
+        return texts({"Name of Account", "Balance (Rs.)"});
+      case 12:
+        return texts({"Ledger", "Group", "Debit", "Credit"});
+      case 7:
+      case 13:
+        return;
+      default:
+        return texts({"Particulars", "Debit (Rs.)", "Credit (Rs.)"});
+    }
+  }
+
+  void write() {
+    odd_ = below(3);
+    headings();
+    const bool parents = shape_ == 9 || shape_ == 10 || shape_ == 15;
+    std::int64_t debits = 0;
+    std::int64_t credits = 0;
+    for (const Section& section : sections_) {
+      std::int64_t debit = 0;
+      std::int64_t credit = 0;
+      for (const Ledger& each : section.ledgers) {
+        (each.balance < 0 ? credit : debit) += std::abs(each.balance);
+      }
+      if (parents) sum(section.group, debit, credit, shape_ == 10);
+      if (shape_ == 11) texts({section.group});
+      for (const Ledger& each : section.ledgers) ledger(each, section.group, shape_ == 9 ? 1 : 0);
+      if (shape_ == 11) sum("Total " + section.group, debit, credit, false);
+      debits += debit;
+      credits += credit;
+    }
+    if (shape_ == 12) twice();
+    if (shape_ == 14) bothSides(debits, credits);
+    if (withTotal_) sum(below(2) == 0 ? "Grand Total" : "Total", debits, credits, true);
+  }
+
+  // The first ledger under another group too, without changing the sums.
+  void twice() {
+    const std::string name = sections_.front().ledgers.front().name;
+    for (const auto& [group, amount] : {std::pair(sections_.back().group, 100L)}) {
+      ledger({name, amount}, group, 0);
+      ledger({"Rounding", -amount}, group, 0);
+    }
+    withTotal_ = false;
+  }
+
+  void bothSides(std::int64_t& debits, std::int64_t& credits) {
+    constexpr std::int64_t each = 12'300;
+    const int at = row({text("Both sides"), money(each), money(each + 100)});
+    made_.ledgers[at] = {"Both sides", "", Money::ofPaise(-100)};
+    ledger({"Other side", 100}, "", 0);
+    debits += each + 100;
+    credits += each + 100;
+  }
+
+  void addSheets() {
+    SourceSheet notes;
+    notes.name = "Notes";
+    notes.rows.push_back({1, false, {text("As per our report of even date")}});
+    SourceSheet old = made_.book.sheets.front();
+    old.name = "Old";
+    old.hidden = true;
+    made_.book.sheets.insert(made_.book.sheets.begin(), notes);
+    made_.book.sheets.push_back(old);
+  }
+
+  int shape_;
+  std::mt19937 chance_;
+  int rows_;
+  int style_ = 0;
+  int odd_ = 0;
+  int index_ = 0;
+  int serial_ = 0;
+  bool inTexts_ = false;
+  bool withTotal_ = false;
+  std::vector<Section> sections_;
+  MadeBook made_;
+};
+
+}  // namespace
+
+std::string nameOfShape(int shape) { return shapeNames[static_cast<std::size_t>(shape)]; }
+
+MadeBook madeBook(int shape, std::uint32_t seed, int rows) {
+  return Maker(shape, seed * 31 + static_cast<std::uint32_t>(shape), rows).make();
+}
+
+}  // namespace quillet::support
