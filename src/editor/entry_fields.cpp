@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "books/amount.h"
+#include "books/debit_names.h"
 #include "data/names.h"
 #include "data/text.h"
 #include "editor/frmcrtb.h"
@@ -245,9 +246,14 @@ void EntryFields::TXTDRCR_GOTFOCUS() {
   // A line that stays in its group keeps its side: a debtor in credit is not turned round by
   // altering its amount.
   if (altered_ && equalIgnoringCase(form_.txtgroup.text(), alteredGroup_)) return;
-  const long grandGroup = grandGroupOf(books_.host(), form_.txtgroup.text());
-  if (grandGroup == 1 || grandGroup == 4) side.setText("DR");
-  if (grandGroup == 2 || grandGroup == 3) side.setText("CR");
+  const std::string group = form_.txtgroup.text();
+  const long grandGroup = grandGroupOf(books_.host(), group);
+  const bool isTaken = grandGroup == 2 && isUsuallyDebit(form_.txtpart.text(), group);
+  if (grandGroup == 1 || grandGroup == 4 || isTaken) {
+    side.setText("DR");
+  } else if (grandGroup == 2 || grandGroup == 3) {
+    side.setText("CR");
+  }
   side.selectAll();
 }
 

@@ -7,22 +7,37 @@
 namespace quillet::support {
 namespace {
 
-TEST_F(EntryTest, TheSideIsProposedFromTheGroup) {
+TEST_F(EntryTest, TheSideIsProposedFromTheGroupAndDrawingsAsDebit) {
   group("LOOSE", 99);
   group("O'HARE", 22);
+  group("DRAWINGS", 1);
   open("C1", 2008);
-  for (const auto& [name, side] : {std::pair{"BANKS", "DR"},
-                                   {"RENT", "DR"},
-                                   {"CAPITAL", "CR"},
-                                   {"SALES", "CR"},
-                                   {" RENT ", "DR"},
-                                   {"O'HARE", "DR"},
-                                   {"LOOSE", ""}}) {
+  const struct {
+    const char *ledger, *group, *side;
+  } cases[] = {
+      {"x", "BANKS", "DR"},
+      {"x", "RENT", "DR"},
+      {"x", "CAPITAL", "CR"},
+      {"x", "SALES", "CR"},
+      {"x", " RENT ", "DR"},
+      {"x", "O'HARE", "DR"},
+      {"x", "LOOSE", ""},
+      {"Life Cover, Rao", "drawings", "DR"},
+      {"Drawings", "CAPITAL", "DR"},
+      {"rao's drawing A/c.", "capital", "DR"},
+      {"Rao, Drawing", "CAPITAL", "DR"},
+      {"Income-Tax Paid", "CAPITAL", "DR"},
+      {"Income Tax Paid, Refund", "CAPITAL", "CR"},
+      {"Drawing Room Fund", "CAPITAL", "CR"},
+      {"Redrawings", "CAPITAL", "CR"},
+      {"Drawings of Stock", "SALES", "CR"},
+  };
+  for (const auto& c : cases) {
     form.press(keys::Escape);
-    type(form.txtpart, "x");
-    type(form.txtgroup, name);
+    type(form.txtpart, c.ledger);
+    type(form.txtgroup, c.group);
     form.focus(form.txtdrcr);
-    EXPECT_EQ(form.txtdrcr.text(), side) << name;
+    EXPECT_EQ(form.txtdrcr.text(), c.side) << c.ledger << '|' << c.group;
   }
   enter(form, "x", "O'HARE", "1", "D");
   EXPECT_EQ(stored(), (Rows{{"1", "x", "O'HARE", "1", "1"}}));
