@@ -6,6 +6,7 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/frame/XStorable.hpp>
+#include <com/sun/star/sheet/XCalculatable.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XCellRangeData.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
@@ -174,6 +175,14 @@ void Book::saveAs(const std::string& path) {
 }
 
 void Book::convertTo(const std::string& path) { store(path, convertedKind); }
+
+// While it does not calculate, LibreOffice keeps the values that it has read.
+void Book::convertStored(const std::string& path) {
+  const uno::Reference<sheet_::XCalculatable> calculator(document_, uno::UNO_QUERY_THROW);
+  calculator->enableAutomaticCalculation(false);
+  store(path, convertedKind);
+  calculator->enableAutomaticCalculation(true);
+}
 
 void Book::store(const std::string& path, const char* kind) {
   uno::Reference<frame::XStorable>(document_, uno::UNO_QUERY_THROW)

@@ -42,6 +42,9 @@ class Book {
   void saveAs(const std::string& path);
   // As a workbook of zip and XML, to be read again by us.
   void convertTo(const std::string& path);
+  // The same with the values of formulas as the file has them, to be done first. Stored errors are
+  // lost: they become 0.
+  void convertStored(const std::string& path);
 
   // The template: one sheet with a heading row, its columns ready for names and amounts.
   void makeTemplate();

@@ -3,9 +3,11 @@
 //
 //   quillet-calc                   executes the commands on standard input (suite/calc_lines.h)
 //   quillet-calc --template PATH   makes the template of the export
-//   quillet-calc --convert PATH NEW [KIND]
-//                                  writes the workbook PATH as one of zip and XML; KIND is the
-//                                  name of LibreOffice's filter. Answers "ok" or "error MESSAGE".
+//   quillet-calc --convert PATH NEW STORED KIND
+//                                  writes the workbook PATH as NEW, one of zip and XML, and unless
+//                                  STORED is empty as STORED, where formulas have the values of the
+//                                  file; KIND is the name of LibreOffice's filter or empty. Answers
+//                                  "ok" or "error MESSAGE".
 //   quillet-calc --read PATH       prints every sheet: its name, then its cells as lines; a cell
 //                                  that shows an error is "error ROW COLUMN TEXT"
 
@@ -120,10 +122,13 @@ int makeTemplate(const std::string& path) {
   return 0;
 }
 
-int convert(const std::string& path, const std::string& to, const std::string& kind) {
+int convert(const std::string& path, const std::string& to, const std::string& stored,
+            const std::string& kind) {
   tell([&](CalcLine&) {
     const Office office;
-    Book(office, path, kind).convertTo(to);
+    Book book(office, path, kind);
+    if (!stored.empty()) book.convertStored(stored);
+    book.convertTo(to);
   });
   return 0;
 }
@@ -163,10 +168,9 @@ int run(int argc, char** argv) {
   if (argc == 1) return serve();
   if (argc == 3 && option == "--template") return makeTemplate(argv[2]);
   if (argc == 3 && option == "--read") return read(argv[2]);
-  if ((argc == 4 || argc == 5) && option == "--convert") {
-    return convert(argv[2], argv[3], argc == 5 ? argv[4] : "");
-  }
-  std::cerr << "usage: quillet-calc [--template PATH | --convert PATH NEW [KIND] | --read PATH]\n";
+  if (argc == 6 && option == "--convert") return convert(argv[2], argv[3], argv[4], argv[5]);
+  std::cerr
+      << "usage: quillet-calc [--template PATH | --convert PATH NEW STORED KIND | --read PATH]\n";
   return 2;
 }
 

@@ -1,13 +1,12 @@
 #include "suite/sheets/content_kind.h"
 
-#include <algorithm>
 #include <array>
-#include <cstdint>
 #include <string>
 
 #include "import/sheet_builder.h"
 #include "import/text_encoding.h"
 #include "ports/source_book.h"
+#include "suite/sheets/compound_file.h"
 #include "suite/sheets/zip_file.h"
 
 namespace quillet::suite {
@@ -51,36 +50,14 @@ constexpr std::array<std::string_view, 4> oldRecords{"\x09\x00\x04\x00"sv, "\x09
       "import that.");
 }
 
-// --- compound files: streams in sectors, with a directory of entries of 128 bytes
-
-constexpr std::size_t entrySize = 128;
-
-std::uint32_t littleAt(std::string_view bytes, std::size_t at, std::size_t count) {
-  std::uint32_t number = 0;
-  for (std::size_t i = 0; i < count && at + i < bytes.size(); ++i) {
-    number |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at + i])) << (8 * i);
-  }
-  return number;
-}
-
-// The directory's entry of this name, with its end of text; "" when there is none.
-std::string_view entryOf(std::string_view bytes, std::string_view name) {
-  std::string wide;
-  for (const char c : name) (wide += c) += '\0';
-  wide.append(2, '\0');
-  for (std::size_t at = 512; at + entrySize <= bytes.size(); at += entrySize) {
-    const std::string_view entry = bytes.substr(at, entrySize);
-    if (entry.starts_with(wide) && littleAt(entry, 64, 2) == wide.size()) return entry;
-  }
-  return {};
-}
-
 ContentKind compoundKind(std::string_view bytes) {
-  if (!entryOf(bytes, "EncryptedPackage").empty()) refuseLocked();
-  for (const std::string_view name : {"Workbook", "Book", "WORKBOOK", "BOOK"}) {
-    if (!entryOf(bytes, name).empty()) return ContentKind::oldWorkbook;
+  const CompoundFile file(bytes);
+  if (file.has("EncryptedPackage")) refuseLocked();
+  if (file.isCut()) {
+    throw SourceError("is cut off: its end is missing. Get it anew from where it comes from.");
   }
-  refuse("a document of another program");
+  if (!file.has("Workbook") && !file.has("Book")) refuse("a document of another program");
+  return ContentKind::oldWorkbook;
 }
 
 // --- packed files
@@ -129,21 +106,6 @@ ContentKind contentKind(std::string_view bytes) {
     if (bytes.starts_with(record)) return ContentKind::oldWorkbook;
   }
   return textKind(bytes);
-}
-
-bool saysEncrypted(std::string_view bytes) {
-  constexpr std::uint32_t encryption = 0x2F;
-  constexpr std::uint32_t smallest = 4096;  // of a stream that has sectors of its own
-  std::string_view entry = entryOf(bytes, "Workbook");
-  if (entry.empty()) entry = entryOf(bytes, "Book");
-  if (entry.empty() || littleAt(entry, 120, 4) < smallest) return false;
-  const std::size_t sector = std::size_t{1} << std::min(littleAt(bytes, 30, 2), 12U);
-  const std::size_t begin = (std::size_t{littleAt(entry, 116, 4)} + 1) * sector;
-  const std::size_t end = std::min(begin + sector, bytes.size());
-  for (std::size_t at = begin; at + 4 <= end; at += 4 + littleAt(bytes, at + 2, 2)) {
-    if (littleAt(bytes, at, 2) == encryption) return true;
-  }
-  return false;
 }
 
 }  // namespace quillet::suite

@@ -20,7 +20,4 @@ enum class ContentKind {
 // Throws SourceError for what cannot be imported: a picture, a letter, a file with a password.
 ContentKind contentKind(std::string_view bytes);
 
-// Whether an old workbook says that it is encrypted. Some are with a password that is known.
-bool saysEncrypted(std::string_view bytes);
-
 }  // namespace quillet::suite

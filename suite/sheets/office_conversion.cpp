@@ -8,6 +8,7 @@
 
 #include "ports/source_book.h"
 #include "suite/helper_process.h"
+#include "suite/sheets/compound_file.h"
 
 namespace quillet::suite {
 namespace {
@@ -38,8 +39,9 @@ class PrivateFolder {
 };
 
 struct OfficeKind {
-  const char* ending;  // LibreOffice looks at it, too
-  const char* filter;  // "" where it finds out by itself
+  const char* ending;   // LibreOffice looks at it, too
+  const char* filter;   // "" where it finds out by itself
+  bool stores = false;  // whether it can keep the values of formulas
 };
 
 OfficeKind officeKind(ContentKind kind) {
@@ -47,7 +49,7 @@ OfficeKind officeKind(ContentKind kind) {
     case ContentKind::openDocument:
       return {".ods", "calc8"};
     case ContentKind::binaryZip:
-      return {".xlsb", "Calc MS Excel 2007 Binary"};
+      return {".xlsb", "Calc MS Excel 2007 Binary", true};
     case ContentKind::web:
       return {".html", "HTML (StarCalc)"};
     case ContentKind::xmlWorkbook:
@@ -55,7 +57,7 @@ OfficeKind officeKind(ContentKind kind) {
     case ContentKind::flatDocument:
       return {".fods", "OpenDocument Spreadsheet Flat XML"};
     default:
-      return {".xls", ""};
+      return {".xls", "", true};
   }
 }
 
@@ -100,20 +102,22 @@ bool awaitAnswer(HelperProcess& helper, const CalcOptions& options,
 
 }  // namespace
 
-std::optional<std::string> convertedWorkbook(std::string_view bytes, ContentKind kind,
-                                             const CalcOptions& options,
-                                             const std::function<bool(int percent)>& goesOn) {
+std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, ContentKind kind,
+                                                   const CalcOptions& options,
+                                                   const std::function<bool(int percent)>& goesOn) {
   const PrivateFolder folder;
   const OfficeKind how = officeKind(kind);
   const fs::path from = folder.path() / (std::string("book") + how.ending);
   const fs::path to = folder.path() / "converted.xlsx";
+  const fs::path stored = how.stores ? folder.path() / "stored.xlsx" : fs::path();
   write(from, bytes);
   if (access(options.program.c_str(), X_OK) != 0) {
     helperIsMissing(options.program.string() + " is missing");
   }
   CalcLine answer;
   try {
-    HelperProcess helper(options.program, {"--convert", from.string(), to.string(), how.filter},
+    HelperProcess helper(options.program,
+                         {"--convert", from.string(), to.string(), stored.string(), how.filter},
                          options.limit);
     if (!awaitAnswer(helper, options, goesOn)) return {};
     answer = calcLine(helper.receiveLine());
@@ -122,8 +126,8 @@ std::optional<std::string> convertedWorkbook(std::string_view bytes, ContentKind
   } catch (const std::runtime_error& error) {
     helperIsMissing(error.what());
   }
-  if (answer.front() == "ok") return read(to);
-  if (saysEncrypted(bytes)) {
+  if (answer.front() == "ok") return ConvertedWorkbook{read(to), read(stored)};
+  if (CompoundFile(bytes).saysEncrypted()) {
     throw SourceError(
         "is locked by a password. Open it in a spreadsheet program, save it without a password and "
         "import that.");

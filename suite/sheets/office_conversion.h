@@ -1,6 +1,7 @@
 // Has LibreOffice turn a workbook of another kind into one that we read ourselves, in a process of
-// its own and a private temporary folder. Formulas keep their values, macros do not run and links
-// are not followed.
+// its own and a private temporary folder. Macros do not run and links are not followed. Formulas of
+// old workbooks keep their stored values; those of other kinds LibreOffice may work out anew while
+// it opens them.
 #pragma once
 
 #include <functional>
@@ -13,9 +14,15 @@
 
 namespace quillet::suite {
 
+struct ConvertedWorkbook {
+  std::string bytes;
+  // The same with the stored values of formulas, but 0 for a stored error; may be empty.
+  std::string stored;
+};
+
 // Nothing when `goesOn` ended it. Throws SourceError.
-std::optional<std::string> convertedWorkbook(std::string_view bytes, ContentKind kind,
-                                             const CalcOptions& options,
-                                             const std::function<bool(int percent)>& goesOn);
+std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, ContentKind kind,
+                                                   const CalcOptions& options,
+                                                   const std::function<bool(int percent)>& goesOn);
 
 }  // namespace quillet::suite

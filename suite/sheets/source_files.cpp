@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <new>
@@ -72,6 +73,21 @@ class OpenFile {
   int file_;
 };
 
+// Stored values are the file's own, but of errors only the calculated book knows.
+void keepErrors(SourceBook& stored, const SourceBook& calculated) {
+  for (std::size_t i = 0; i < std::min(stored.sheets.size(), calculated.sheets.size()); ++i) {
+    SourceBudget budget;
+    SheetBuilder sheet(stored.sheets[i], budget);
+    for (const SourceRow& row : calculated.sheets[i].rows) {
+      for (std::size_t column = 0; column < row.cells.size(); ++column) {
+        const SourceCell& cell = row.cells[column];
+        if (cell.kind != SourceCell::Kind::error) continue;
+        sheet.place(row.number - 1, static_cast<int>(column), cell);
+      }
+    }
+  }
+}
+
 std::string fingerprintOf(std::string_view bytes) {
   unsigned char hash[crypto_generichash_BYTES];
   crypto_generichash(hash, sizeof hash, reinterpret_cast<const unsigned char*>(bytes.data()),
@@ -106,13 +122,17 @@ SourceBook SourceFiles::bookIn(std::string_view bytes, const SourceOptions& opti
   const ContentKind kind = contentKind(bytes);
   if (kind == ContentKind::text) return delimitedBook(bytes, options);
   if (kind == ContentKind::workbook) return workbookIn(bytes, goesOn);
+  const auto from = [&](int begin, int share) {
+    return [&goesOn, begin, share](int percent) { return goesOn(begin + percent * share / 100); };
+  };
   // The conversion takes most of the time.
-  constexpr int share = 80;
-  const auto converted = convertedWorkbook(
-      bytes, kind, options_, [&](int percent) { return goesOn(percent * share / 100); });
+  const auto converted = convertedWorkbook(bytes, kind, options_, from(0, 80));
   if (!converted) return {};
-  return workbookIn(*converted,
-                    [&](int percent) { return goesOn(share + percent * (100 - share) / 100); });
+  SourceBook book = workbookIn(converted->bytes, from(80, 10));
+  if (converted->stored.empty() || book.sheets.empty()) return book;
+  SourceBook stored = workbookIn(converted->stored, from(90, 10));
+  keepErrors(stored, book);
+  return stored;
 }
 
 }  // namespace quillet::suite
