@@ -184,23 +184,20 @@ class OfficeFilesTest : public SourceFilesTest {
 
 TEST_F(OfficeFilesTest, WorkbooksOfEveryKindSayTheSame) {
   const std::string flat = write("book.fods", flatDocument);
-  EXPECT_EQ(shown(read(flat, calc_)), sameCells);
   EXPECT_EQ(shown(read(written(flat, "xlsx"))), sameCells);
   EXPECT_EQ(shown(read(written(flat, "ods"), calc_)), sameCells);
-  const std::string old = written(flat, "xls");
-  EXPECT_EQ(shown(read(old, calc_)), sameCells);
 
   // A formula counts by its stored value, even a wrong one.
-  std::string bytes = contentOf(old);
+  std::string bytes = contentOf(written(flat, "xls"));
   const auto binary = [](double number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
   };
   const auto at = bytes.find(binary(1234067.5));
   ASSERT_NE(at, std::string::npos);
   bytes.replace(at, 8, binary(42));
-  const SourceBook book = read(write("changed.xls", bytes), calc_);
-  EXPECT_EQ(book.sheets.at(0).rows.at(3).cells.at(0).text, "42");
-  EXPECT_EQ(cellText(book.sheets.at(0).rows.at(3).cells.at(1)), "e #DIV/0!");
+  std::string changedCells = sameCells;
+  changedCells.replace(changedCells.find("1234067.5"), 9, "42");
+  EXPECT_EQ(shown(read(write("changed.xls", bytes), calc_)), changedCells);
 
   EXPECT_NE(reasonOf(write("cut.xls", bytes.substr(0, bytes.size() - 1024))).find("cut off"),
             std::string::npos);
