@@ -134,7 +134,8 @@ std::optional<std::size_t> nameColumn(const SourceSheet& sheet,
 }
 
 bool mostlySides(const Contents& column) {
-  return column.sides > 0 && column.sides == column.texts && column.figures == 0;
+  constexpr std::size_t tenth = 10;
+  return column.sides > 0 && (column.texts + column.figures - column.sides) * tenth <= column.sides;
 }
 
 void roleByContents(const Contents& column, bool rightOfName, std::size_t rows, ColumnRole& role) {

@@ -7,6 +7,9 @@ namespace {
 
 using Name = SumRow::Name;
 
+// Rows that one which nothing speaks for may sum up: more of them equal anything by chance.
+constexpr std::size_t mostUntold = 2000;
+
 // Of a row's amount and what was added up beside it: in both columns, or as a net amount on one
 // side.
 bool equals(const SumRow& row, const SideTotals& sum, bool net) {
@@ -78,19 +81,22 @@ class ParentSearch {
     if (row.fixed == RowKind::ledger || row.amount.isZero()) return 0;
     const bool told = row.fixed == RowKind::parent || tellsParent(rows_, at);
     if (row.fixed != RowKind::parent && parents_ == SumTree::Parents::none) return 0;
-    if (!told && parents_ != SumTree::Parents::any) return 0;
+    if (!told && parents_ < SumTree::Parents::any) return 0;
+    const std::size_t fewest = parents_ >= SumTree::Parents::anyEqual ? 1 : 2;
+    const bool net = told || parents_ == SumTree::Parents::anyNet;
+    const std::size_t most = told ? nodes_.size() : std::min(nodes_.size(), mostUntold);
     // Deeper rows are all of a sum, or it is none.
     const bool deeper = !nodes_.empty() && rows_[nodes_.back().row].indent > row.indent;
     SideTotals sum;
-    for (std::size_t count = 1; count <= nodes_.size(); ++count) {
+    for (std::size_t count = 1; count <= most; ++count) {
       const Node& node = nodes_[nodes_.size() - count];
       if (rows_[node.row].indent < row.indent) break;
       if (deeper && rows_[node.row].indent <= row.indent) break;
       sum += node.amount;
       const bool last = count == nodes_.size() ||
                         rows_[nodes_[nodes_.size() - count - 1].row].indent <= row.indent;
-      if ((!deeper || last) && (told || count > 1) && equals(row, sum, told)) return count;
-      if (!told && exceeds(sum, row.amount)) break;
+      if ((!deeper || last) && (told || count >= fewest) && equals(row, sum, net)) return count;
+      if (!net && exceeds(sum, row.amount)) break;
     }
     return 0;
   }
@@ -145,13 +151,13 @@ class TotalSearch {
     return {sums_.back().debit - sums_[leaf].debit, sums_.back().credit - sums_[leaf].credit};
   }
 
-  // Equal to all rows since a heading, a total or the beginning.
+  // Equal to all rows since a heading; a total's plain name is enough for those since another total
+  // or the beginning.
   bool isFirm(const SumRow& row) const {
     const bool surely = row.name == Name::total || row.fixed;
     return std::any_of(beginnings_.begin(), beginnings_.end(), [&](const Beginning& each) {
-      const std::size_t count = sums_.size() - 1 - each.leaf;
-      const std::size_t fewest = surely || each.heading ? 1 : 3;
-      return count >= fewest && equals(row, since(each.leaf), true);
+      return (surely || each.heading) && each.leaf + 1 < sums_.size() &&
+             equals(row, since(each.leaf), true);
     });
   }
 
@@ -190,6 +196,16 @@ class TotalSearch {
   std::vector<Beginning> beginnings_;
 };
 
+// Whether rows that are not bold come after this one and others that are.
+bool plainFollows(const std::vector<SumRow>& rows, std::size_t at) {
+  constexpr std::size_t deepest = 10;
+  const std::size_t end = std::min(rows.size(), at + deepest);
+  for (std::size_t next = at + 1; next < end && !isBarrier(rows[next]); ++next) {
+    if (!rows[next].bold) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool tellsParent(const std::vector<SumRow>& rows, std::size_t at) {
@@ -197,8 +213,7 @@ bool tellsParent(const std::vector<SumRow>& rows, std::size_t at) {
   if (row.grouped) return false;
   if (row.name == Name::group) return true;
   if (at + 1 >= rows.size() || isBarrier(rows[at + 1])) return false;
-  const SumRow& next = rows[at + 1];
-  return next.indent > row.indent || (row.bold && !next.bold);
+  return rows[at + 1].indent > row.indent || (row.bold && plainFollows(rows, at));
 }
 
 SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> grand,
@@ -222,12 +237,11 @@ SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> gra
 }
 
 std::size_t plainSum(const std::vector<SumRow>& rows, std::size_t at) {
-  const SumRow& row = rows[at];
   SideTotals sum;
-  for (std::size_t next = at + 1; next < rows.size() && !isBarrier(rows[next]); ++next) {
+  const std::size_t end = std::min(rows.size(), at + 1 + mostUntold);
+  for (std::size_t next = at + 1; next < end && !isBarrier(rows[next]); ++next) {
     sum += rows[next].amount;
-    if (equals(row, sum, false)) return next - at;
-    if (exceeds(sum, row.amount)) return 0;
+    if (equals(rows[at], sum, true)) return next - at;
   }
   return 0;
 }

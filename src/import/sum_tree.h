@@ -12,8 +12,10 @@ struct SumTree {
   // Which rows may be sums of those that follow.
   enum class Parents {
     none,
-    told,  // those that their name, look or place tells
-    any    // every equal sum of two rows and more too
+    told,      // those that their name, look or place tells
+    any,       // every equal sum of two rows and more too
+    anyEqual,  // and every row that equals the next one
+    anyNet     // and every equal net amount
   };
 
   std::vector<RowKind> kinds;
@@ -34,7 +36,8 @@ bool tellsParent(const std::vector<SumRow>& rows, std::size_t at);
 SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> grand,
                  SumTree::Parents parents, bool looseTotals);
 
-// How many rows that follow add up to the row, as they stand; 0 when none do. One row alone counts.
+// How many rows that follow add up to the row or to its net amount, as they stand; 0 when none do.
+// One row alone counts.
 std::size_t plainSum(const std::vector<SumRow>& rows, std::size_t at);
 
 }  // namespace quillet

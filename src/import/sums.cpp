@@ -16,15 +16,15 @@ using Parents = SumTree::Parents;
 constexpr std::array<std::string_view, 7> kindNames{
     "Ledger", "Heading", "Sum of rows below", "Total", "Blank", "Skipped", "Error"};
 
-// The last row with an amount, when it has a total's name or none; what only begins like a total
-// must have both sides.
+// The last row with an amount, when it has a total's name or none; what a ledger could be called
+// too must agree on both sides.
 std::optional<std::size_t> grandTotal(const std::vector<SumRow>& rows) {
   for (std::size_t at = rows.size(); at-- > 0;) {
     const SumRow& row = rows[at];
     if (row.heading) continue;
     if (row.fixed) return row.fixed == RowKind::total ? std::optional(at) : std::nullopt;
-    const bool bothSides = !row.amount.debit.isZero() && !row.amount.credit.isZero();
-    const bool total = row.name == Name::total || (row.name == Name::totalWord && bothSides);
+    const bool agrees = row.amount.debit == row.amount.credit;
+    const bool total = row.name == Name::total || (row.name == Name::totalWord && agrees);
     return total && !row.grouped ? std::optional(at) : std::nullopt;
   }
   return std::nullopt;
@@ -83,12 +83,13 @@ class Explanation {
 
   // The first reading that meets the source's total.
   ExplainedSums byTotal() {
-    for (const Parents parents : {Parents::none, Parents::told, Parents::any}) {
+    for (const Parents parents :
+         {Parents::none, Parents::told, Parents::any, Parents::anyEqual, Parents::anyNet}) {
       for (const bool looseTotals : {false, true}) {
         const SumTree tree = read(parents, looseTotals);
         if (!meets(tree, *stated_, sided_)) continue;
         adopt(tree);
-        if (parents == Parents::any) askUntold(tree);
+        if (parents >= Parents::any) askUntold(tree);
         return {stated_, true};
       }
     }
@@ -99,25 +100,47 @@ class Explanation {
   }
 
   // Without a total: what nothing speaks for is a ledger, and asked about where it could be a sum.
+  // Where all balances, each doubtful row must be what it was taken for, unless some of them
+  // balance among themselves.
   void byBalance() {
-    SumTree tree = read(Parents::told, false);
-    const bool balanced = tree.leaves.difference().isZero();
-    const bool plainBalanced = read(Parents::none, false).leaves.difference().isZero();
+    const SumTree plain = read(Parents::told, false);
+    const SumTree loose = read(Parents::told, true);
+    const bool totals = !balances(plain) && balances(loose);
+    const SumTree& tree = totals ? loose : plain;
     adopt(tree);
+    std::vector<std::size_t> doubtful;
     for (std::size_t at = 0; at < rows_.size(); ++at) {
-      const bool parent = tree.kinds[at] == RowKind::parent && !rows_[at].fixed;
-      if (parent && (tree.children[at] == 1 || (!balanced && plainBalanced))) ask(at);
-      if (tree.kinds[at] == RowKind::ledger && brokenParent(at)) ask(at);
-      const bool doubtful = rows_[at].name == Name::totalWord && tree.kinds[at] != RowKind::total;
-      if (tree.loose[at] || (doubtful && !balanced)) ask(at);
+      const bool ledger = tree.kinds[at] == RowKind::ledger;
+      const bool named = rows_[at].name == Name::totalWord && (ledger || tree.loose[at]);
+      const bool weak = tree.kinds[at] == RowKind::parent && tree.children[at] == 1;
+      if (ledger && brokenParent(at)) ask(at);
+      if ((weak && !goesDeeper(at)) || named) doubtful.push_back(at);
     }
-    askEqualSums(tree, balanced);
+    if (!balances(tree)) askParents(tree);
+    askUnlessSure(doubtful, balances(tree));
+    askEqualSums(tree, balances(tree));
+  }
+
+  static bool balances(const SumTree& tree) { return tree.leaves.difference().isZero(); }
+
+  void askParents(const SumTree& tree) {
+    for (std::size_t at = 0; at < rows_.size(); ++at) {
+      if (tree.kinds[at] == RowKind::parent) ask(at);
+    }
+  }
+
+  void askUnlessSure(const std::vector<std::size_t>& doubtful, bool balanced) {
+    std::vector<Money> amounts;
+    for (const std::size_t at : doubtful) amounts.push_back(rows_[at].amount.difference());
+    if (balanced && !someBalance(amounts)) return;
+    for (const std::size_t at : doubtful) ask(at);
   }
 
   // Ledgers that equal rows below. In books that balance a sum among them would have to be balanced
   // by another one.
   void askEqualSums(const SumTree& tree, bool balanced) {
     const SumTree any = read(Parents::any, false);
+    const SumTree net = read(Parents::anyNet, false);
     std::vector<std::size_t> several;
     std::vector<std::size_t> alone;
     bool parents = false;
@@ -125,17 +148,14 @@ class Explanation {
       parents = parents || tree.kinds[at] == RowKind::parent;
       if (tree.kinds[at] != RowKind::ledger || rows_[at].grouped || rows_[at].fixed) continue;
       const std::size_t count = plainSum(rows_, at);
-      if (count > 1 || any.kinds[at] == RowKind::parent) {
+      if (count > 1 || any.kinds[at] == RowKind::parent || net.children[at] > 1) {
         several.push_back(at);
       } else if (count == 1) {
         alone.push_back(at);
       }
     }
     if (parents || !several.empty()) several.insert(several.end(), alone.begin(), alone.end());
-    std::vector<Money> amounts;
-    for (const std::size_t at : several) amounts.push_back(rows_[at].amount.difference());
-    if (balanced && !someBalance(amounts)) return;
-    for (const std::size_t at : several) ask(at);
+    askUnlessSure(several, balanced);
   }
 
   void askUntold(const SumTree& tree) {
@@ -154,11 +174,12 @@ class Explanation {
     }
   }
 
-  // Deeper rows follow, and do not add up to it.
-  bool brokenParent(std::size_t at) const {
+  bool goesDeeper(std::size_t at) const {
     return at + 1 < rows_.size() && !rows_[at].heading && !rows_[at + 1].heading &&
-           rows_[at + 1].indent > rows_[at].indent && !rows_[at].grouped;
+           rows_[at + 1].indent > rows_[at].indent;
   }
+  // Deeper rows follow, and do not add up to it.
+  bool brokenParent(std::size_t at) const { return goesDeeper(at) && !rows_[at].grouped; }
 
   void adopt(const SumTree& tree) {
     for (std::size_t at = 0; at < rows_.size(); ++at) {

@@ -29,11 +29,8 @@ SourceCell number(std::int64_t paise) {
   cell.kind = Kind::number;
   const std::int64_t size = paise < 0 ? -paise : paise;
   cell.text = (paise < 0 ? "-" : "") + std::to_string(size / 100);
-  if (size % 100 != 0) {
-    cell.text += size % 100 < 10 ? ".0" : ".";
-    cell.text += std::to_string(size % 100 % 10 == 0 ? size % 100 / 10 : size % 100);
-    if (size % 100 < 10) cell.text = cell.text.substr(0, cell.text.size());
-  }
+  const std::string cents = std::to_string(size % 100);
+  if (size % 100 != 0) cell.text += (cents.size() < 2 ? ".0" : ".") + cents;
   return cell;
 }
 
@@ -261,28 +258,79 @@ class Maker {
     }
   }
 
+  struct Sides {
+    std::int64_t debit = 0;
+    std::int64_t credit = 0;
+    void add(const Sides& other) {
+      debit += other.debit;
+      credit += other.credit;
+    }
+  };
+  // As a sum shows them: some programs show the net amount only.
+  Sides shown(const Sides& sides) const {
+    const std::int64_t net = sides.debit - sides.credit;
+    return net_ ? Sides{std::max<std::int64_t>(net, 0), std::max<std::int64_t>(-net, 0)} : sides;
+  }
+  static Sides sidesOf(const Section& section) {
+    Sides sides;
+    for (const Ledger& each : section.ledgers) {
+      (each.balance < 0 ? sides.credit : sides.debit) += std::abs(each.balance);
+    }
+    return sides;
+  }
+  void parent(const std::string& name, const Sides& sides, int indent) {
+    sum(name, shown(sides).debit, shown(sides).credit, shape_ == 10);
+    if (shape_ == 9) sheet().rows.back().cells.front().indent = indent;
+  }
+
   void write() {
     odd_ = below(3);
+    net_ = below(2) == 0;
+    nested_ = below(2) == 0;
     headings();
     const bool parents = shape_ == 9 || shape_ == 10 || shape_ == 15;
-    std::int64_t debits = 0;
-    std::int64_t credits = 0;
-    for (const Section& section : sections_) {
-      std::int64_t debit = 0;
-      std::int64_t credit = 0;
-      for (const Ledger& each : section.ledgers) {
-        (each.balance < 0 ? credit : debit) += std::abs(each.balance);
+    Sides all;
+    Sides tops;
+    for (std::size_t i = 0; i < sections_.size(); ++i) {
+      constexpr std::size_t inOne = 4;
+      const Section& section = sections_[i];
+      const Sides sides = sidesOf(section);
+      if (parents && nested_ && i % inOne == 0) {
+        Sides above;
+        for (std::size_t n = i; n < std::min(i + inOne, sections_.size()); ++n) {
+          above.add(sidesOf(sections_[n]));
+        }
+        made_.groups.push_back("MAIN " + std::to_string(i));
+        parent(made_.groups.back(), above, 0);
+        tops.add(shown(above));
       }
-      if (parents) sum(section.group, debit, credit, shape_ == 10);
+      if (parents) parent(section.group, sides, nested_ ? 1 : 0);
       if (shape_ == 11) texts({section.group});
-      for (const Ledger& each : section.ledgers) ledger(each, section.group, shape_ == 9 ? 1 : 0);
-      if (shape_ == 11) sum("Total " + section.group, debit, credit, false);
-      debits += debit;
-      credits += credit;
+      for (const Ledger& each : section.ledgers) {
+        ledger(each, section.group, shape_ == 9 ? nested_ ? 2 : 1 : 0);
+      }
+      if (shape_ == 11) sum("Total " + section.group, sides.debit, sides.credit, false);
+      if (!parents || !nested_) tops.add(parents ? shown(sides) : sides);
+      all.add(sides);
     }
     if (shape_ == 12) twice();
-    if (shape_ == 14) bothSides(debits, credits);
-    if (withTotal_) sum(below(2) == 0 ? "Grand Total" : "Total", debits, credits, true);
+    if (shape_ == 14) bothSides(all.debit, all.credit);
+    // A program adds up what it shows, or what stands beneath.
+    if (parents && below(2) == 0) all = tops;
+    if (withTotal_) sum(below(2) == 0 ? "Grand Total" : "Total", all.debit, all.credit, true);
+    if (below(8) == 0) spoil();
+  }
+
+  // One ledger's last amount, so that nobody can read it.
+  void spoil() {
+    const auto ledger =
+        std::next(made_.ledgers.begin(), below(static_cast<int>(made_.ledgers.size())));
+    SourceRow& row = sheet().rows[static_cast<std::size_t>(ledger->first - 1)];
+    constexpr std::array<const char*, 6> spoilt{"12.34.5",    "see note", "1.234",
+                                                "01/04/2025", "5 %",      "#REF!"};
+    SourceCell& cell = row.cells.back();
+    cell = text(spoilt[static_cast<std::size_t>(below(6))]);
+    if (cell.text == "#REF!") cell.kind = Kind::error;
   }
 
   // The first ledger under another group too, without changing the sums.
@@ -320,6 +368,8 @@ class Maker {
   int rows_;
   int style_ = 0;
   int odd_ = 0;
+  bool net_ = false;
+  bool nested_ = false;
   int index_ = 0;
   int serial_ = 0;
   bool inTexts_ = false;
