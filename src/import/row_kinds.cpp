@@ -130,6 +130,9 @@ class SheetReading {
       return settle(row, RowKind::total, "A total");
     }
     if (!read.problem.empty()) return settle(row, RowKind::error, read.problem.c_str());
+    if (row.name.empty() && !row.group.empty()) {
+      return settle(row, RowKind::error, "An amount without a name");
+    }
     if (read.hasAmount) return settle(row, RowKind::ledger, "");
     if (read.hasFigure || !row.group.empty()) return settle(row, RowKind::skipped, "No amount");
     settle(row, RowKind::heading, "No amount");
