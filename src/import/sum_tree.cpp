@@ -1,6 +1,8 @@
 #include "import/sum_tree.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <unordered_map>
 
 namespace quillet {
 namespace {
@@ -8,7 +10,8 @@ namespace {
 using Name = SumRow::Name;
 
 // Rows that one which nothing speaks for may sum up: more of them equal anything by chance.
-constexpr std::size_t mostUntold = 2000;
+constexpr std::size_t mostUntold = 300;
+constexpr std::size_t mostPlain = 2000;
 
 // Of a row's amount and what was added up beside it: in both columns, or as a net amount on one
 // side.
@@ -236,14 +239,27 @@ SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> gra
   return tree;
 }
 
-std::size_t plainSum(const std::vector<SumRow>& rows, std::size_t at) {
-  SideTotals sum;
-  const std::size_t end = std::min(rows.size(), at + 1 + mostUntold);
-  for (std::size_t next = at + 1; next < end && !isBarrier(rows[next]); ++next) {
-    sum += rows[next].amount;
-    if (equals(rows[at], sum, true)) return next - at;
+std::vector<std::size_t> plainSums(const std::vector<SumRow>& rows) {
+  std::vector<std::size_t> counts(rows.size(), 0);
+  // Where the net amounts up to and with a row come to what, of the rows below up to a barrier.
+  std::unordered_map<std::int64_t, std::vector<std::size_t>> places;
+  std::vector<std::int64_t> sums(rows.size() + 1, 0);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    sums[i + 1] = sums[i] + rows[i].amount.difference().paise();
   }
-  return 0;
+  for (std::size_t at = rows.size(); at-- > 0;) {
+    if (isBarrier(rows[at])) {
+      places.clear();
+      continue;
+    }
+    const std::int64_t wanted = sums[at + 1] + rows[at].amount.difference().paise();
+    const auto found = places.find(wanted);
+    if (found != places.end() && found->second.back() - at <= mostPlain) {
+      counts[at] = found->second.back() - at;
+    }
+    places[sums[at + 1]].push_back(at);
+  }
+  return counts;
 }
 
 }  // namespace quillet

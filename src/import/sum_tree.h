@@ -1,6 +1,7 @@
 // One reading of a source's rows: which of them are sums, and what the others add up to.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -36,8 +37,8 @@ bool tellsParent(const std::vector<SumRow>& rows, std::size_t at);
 SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> grand,
                  SumTree::Parents parents, bool looseTotals);
 
-// How many rows that follow add up to the row or to its net amount, as they stand; 0 when none do.
+// For each row, how many rows that follow add up to its net amount, as they stand; 0 when none do.
 // One row alone counts.
-std::size_t plainSum(const std::vector<SumRow>& rows, std::size_t at);
+std::vector<std::size_t> plainSums(const std::vector<SumRow>& rows);
 
 }  // namespace quillet

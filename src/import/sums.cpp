@@ -141,13 +141,14 @@ class Explanation {
   void askEqualSums(const SumTree& tree, bool balanced) {
     const SumTree any = read(Parents::any, false);
     const SumTree net = read(Parents::anyNet, false);
+    const std::vector<std::size_t> counts = plainSums(rows_);
     std::vector<std::size_t> several;
     std::vector<std::size_t> alone;
     bool parents = false;
     for (std::size_t at = 0; at < rows_.size(); ++at) {
       parents = parents || tree.kinds[at] == RowKind::parent;
       if (tree.kinds[at] != RowKind::ledger || rows_[at].grouped || rows_[at].fixed) continue;
-      const std::size_t count = plainSum(rows_, at);
+      const std::size_t count = counts[at];
       if (count > 1 || any.kinds[at] == RowKind::parent || net.children[at] > 1) {
         several.push_back(at);
       } else if (count == 1) {
@@ -166,11 +167,12 @@ class Explanation {
 
   void askUnexplained(const SumTree& tree) {
     const SumTree any = read(Parents::any, true);
+    const std::vector<std::size_t> counts = plainSums(rows_);
     for (std::size_t at = 0; at < rows_.size(); ++at) {
       const bool parent = tree.kinds[at] == RowKind::parent || any.kinds[at] == RowKind::parent;
       const bool ledger = tree.kinds[at] == RowKind::ledger;
       const bool doubtful = rows_[at].name == Name::totalWord && at != grand_;
-      if (parent || doubtful || (ledger && (brokenParent(at) || plainSum(rows_, at) > 1))) ask(at);
+      if (parent || doubtful || (ledger && (brokenParent(at) || counts[at] > 1))) ask(at);
     }
   }
 

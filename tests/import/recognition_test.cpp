@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <iostream>
+#include <set>
 
 #include "import/columns.h"
 #include "import/made_book.h"
