@@ -7,12 +7,12 @@ namespace quillet::suite {
 
 enum class ContentKind {
   text,      // or what nobody knows
+  web,       // tables of a web page, whatever they are called
   workbook,  // zip and XML: .xlsx, .xlsm
   // For the spreadsheet program to turn into such a workbook:
   binaryZip,     // .xlsb
   openDocument,  // .ods
   oldWorkbook,   // .xls
-  web,           // tables of a web page, whatever they are called
   xmlWorkbook,   // one XML text
   flatDocument,  // .fods
 };

@@ -50,8 +50,6 @@ OfficeKind officeKind(ContentKind kind) {
       return {".ods", "calc8"};
     case ContentKind::binaryZip:
       return {".xlsb", "Calc MS Excel 2007 Binary", true};
-    case ContentKind::web:
-      return {".html", "HTML (StarCalc)"};
     case ContentKind::xmlWorkbook:
       return {".xml", "MS Excel 2003 XML"};
     case ContentKind::flatDocument:

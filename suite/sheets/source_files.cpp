@@ -12,6 +12,7 @@
 
 #include "import/delimited_text.h"
 #include "import/sheet_builder.h"
+#include "import/web_table.h"
 #include "suite/sheets/content_kind.h"
 #include "suite/sheets/office_conversion.h"
 #include "suite/sheets/workbook_file.h"
@@ -121,6 +122,7 @@ SourceBook SourceFiles::bookIn(std::string_view bytes, const SourceOptions& opti
                                const std::function<bool(int percent)>& goesOn) const {
   const ContentKind kind = contentKind(bytes);
   if (kind == ContentKind::text) return delimitedBook(bytes, options);
+  if (kind == ContentKind::web) return webBook(bytes, options);
   if (kind == ContentKind::workbook) return workbookIn(bytes, goesOn);
   const auto from = [&](int begin, int share) {
     return [&goesOn, begin, share](int percent) { return goesOn(begin + percent * share / 100); };

@@ -17,6 +17,21 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 
+std::string shown(const SourceBook& book) {
+  std::string text;
+  for (const SourceSheet& sheet : book.sheets) {
+    text += sheet.name + (sheet.hidden ? " hidden:" : ":");
+    for (const int column : sheet.hiddenColumns) text += " hidden column " + std::to_string(column);
+    text += '\n';
+    for (const SourceRow& row : sheet.rows) {
+      text += std::to_string(row.number) + (row.hidden ? " hidden" : "");
+      for (const SourceCell& cell : row.cells) text += " [" + cellText(cell) + "]";
+      text += '\n';
+    }
+  }
+  return text;
+}
+
 class SourceFilesTest : public ::testing::Test {
  protected:
   std::string write(const std::string& name, const std::string& bytes) {
@@ -34,6 +49,11 @@ class SourceFilesTest : public ::testing::Test {
       return error.what();
     }
     return "none";
+  }
+
+  static std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
 
   TemporaryFolder folder_;
@@ -57,6 +77,30 @@ TEST_F(SourceFilesTest, TheContentCountsNotTheName) {
   EXPECT_EQ(cellText(read(book).sheets.at(0).rows.at(0).cells.at(0)), "n 1");
   EXPECT_EQ(read(text).fingerprint, read(same).fingerprint);
   EXPECT_NE(read(text).fingerprint, read(book).fingerprint);
+}
+
+TEST_F(SourceFilesTest, AWebPageCalledWorkbookIsReadAsItIsShown) {
+  const std::string page = write(
+      "page.xls",
+      "<html><head><title>no</title><style>td {}</style></head><body><h1>Mehta &amp; Co</h1>"
+      "<!-- <td>no</td> --><TABLE border=1><tr><th>Name</th><th colspan=\"2\">Closing\n Balance"
+      "<tr><td rowspan=2><b>007</b></td><td>&nbsp;&nbsp;1,000.00&#160;Dr<td>=1+1</td></tr>"
+      "<tr style='display: none'><td>1E5<br>x</td></tr></TABLE>"
+      "<p>after</p><table><tr><td>&#x20B9; 5 &unknown;</td></tr></table></body></html>");
+  const SourceBook book = read(page);
+  EXPECT_EQ(
+      shown(book),
+      ":\n1 [t Mehta & Co]\n2 [t Name bold] [t Closing Balance bold columns 2]\n"
+      "3 [t 007 bold rows 2] [t   1,000.00 Dr] [t =1+1]\n4 hidden [-] [t 1E5 x]\n5 [t after]\n"
+      "6 [t ₹ 5 &unknown;]\n");
+  EXPECT_EQ(book.encoding, "UTF-8");
+  // Wherever it is cut it is read or refused.
+  const std::string bytes = contentOf(page);
+  for (std::size_t size = 1; size < bytes.size(); ++size) {
+    EXPECT_FALSE(reasonOf(write("part.xls", bytes.substr(0, size))).empty());
+  }
+  EXPECT_NE(reasonOf(write("cut.xls", "<table><tr><td>Cash</td></tr><tr><td>1")).find("cut off"),
+            std::string::npos);
 }
 
 TEST_F(SourceFilesTest, WhatCannotBeReadIsRefusedWithItsNameAndAReason) {
@@ -148,21 +192,6 @@ const char* const sameCells =
     "2 hidden [t =1+1] [t 007]\n3 [n 1234567.5 side D] [n 500 side C] [d 2026-03-31]\n"
     "4 [n 1234067.5] [e #DIV/0!] [b TRUE] [n 0.3]\nOld hidden:\n1 [t x]\n";
 
-std::string shown(const SourceBook& book) {
-  std::string text;
-  for (const SourceSheet& sheet : book.sheets) {
-    text += sheet.name + (sheet.hidden ? " hidden:" : ":");
-    for (const int column : sheet.hiddenColumns) text += " hidden column " + std::to_string(column);
-    text += '\n';
-    for (const SourceRow& row : sheet.rows) {
-      text += std::to_string(row.number) + (row.hidden ? " hidden" : "");
-      for (const SourceCell& cell : row.cells) text += " [" + cellText(cell) + "]";
-      text += '\n';
-    }
-  }
-  return text;
-}
-
 class OfficeFilesTest : public SourceFilesTest {
  protected:
   // Has LibreOffice itself write a file of another kind.
@@ -174,11 +203,6 @@ class OfficeFilesTest : public SourceFilesTest {
     EXPECT_EQ(std::system(command.c_str()), 0);
     return (folder_.path() / "out" / fs::path(from).filename()).replace_extension(kind).string();
   }
-  static std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
   const suite::CalcOptions calc_{QUILLET_CALC, std::chrono::seconds(120)};
 };
 
