@@ -101,6 +101,7 @@ class SheetReading {
       return settle(row, RowKind::skipped, above ? "Above the headings" : "The headings");
     }
     const ReadRow read = reader_.read(source, row);
+    carryGroup(source, row);
     const auto chosen = chosen_.find(row.number);
     row.chosen = chosen != chosen_.end();
     if (row.chosen) {
@@ -111,6 +112,19 @@ class SheetReading {
       kindAlone(source, read, row);
     }
     takePart(index, read);
+  }
+
+  // A merged cell names the group of all rows that it covers.
+  void carryGroup(const SourceRow& source, ImportRow& row) {
+    const auto column = mapping_.column(ColumnRole::group);
+    if (!column) return;
+    const SourceCell& cell = cellAt(source, *column);
+    if (cell.rows > 1) {
+      merged_ = row.group;
+      mergedEnd_ = row.index + static_cast<std::size_t>(cell.rows);
+    } else if (row.index < mergedEnd_ && row.group.empty() && !row.name.empty()) {
+      row.group = merged_;
+    }
   }
 
   // What the row is by itself; a ledger where sums are to be looked for.
@@ -200,6 +214,8 @@ class SheetReading {
   RowReader reader_;
   ImportRows rows_;
   std::vector<SumRow> sums_;
+  std::string merged_;  // the group of the rows before mergedEnd_
+  std::size_t mergedEnd_ = 0;
   std::vector<std::size_t> places_;  // of the sums among the rows
 };
 

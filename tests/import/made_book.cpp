@@ -5,10 +5,15 @@
 #include <numeric>
 #include <random>
 
+#include "import/made_cells.h"
+#include "import/made_sections.h"
+
 namespace quillet::support {
 namespace {
 
 using Kind = SourceCell::Kind;
+using Ledger = MadeLedger;
+using Section = MadeSection;
 using Cells = std::vector<SourceCell>;
 
 constexpr std::array<const char*, shapes> shapeNames{
@@ -17,44 +22,6 @@ constexpr std::array<const char*, shapes> shapeNames{
     "odd amounts",    "indented sums",     "bold sums",      "headings and totals",
     "group column",   "no headings",       "several sheets", "unmarked sums"};
 
-SourceCell text(const std::string& content) {
-  SourceCell cell;
-  cell.kind = content.empty() ? Kind::empty : Kind::text;
-  cell.text = content;
-  return cell;
-}
-
-SourceCell number(std::int64_t paise) {
-  SourceCell cell;
-  cell.kind = Kind::number;
-  const std::int64_t size = paise < 0 ? -paise : paise;
-  cell.text = (paise < 0 ? "-" : "") + std::to_string(size / 100);
-  const std::string cents = std::to_string(size % 100);
-  if (size % 100 != 0) cell.text += (cents.size() < 2 ? ".0" : ".") + cents;
-  return cell;
-}
-
-// 12345678 as "1,23,456.78"; with a mark of thousands and one of decimals.
-std::string grouped(std::int64_t paise, const char* thousands, const char* decimals, bool indian) {
-  std::string whole = std::to_string(paise / 100);
-  for (std::size_t at = whole.size(), step = 3; at > step; step = indian ? 2 : 3) {
-    at -= step;
-    whole.insert(at, thousands);
-  }
-  const std::string cents = std::to_string(paise % 100);
-  return whole + decimals + (cents.size() < 2 ? "0" : "") + cents;
-}
-std::string indian(std::int64_t paise) { return grouped(paise, ",", ".", true); }
-
-struct Ledger {
-  std::string name;
-  std::int64_t balance = 0;
-};
-struct Section {
-  std::string group;
-  std::vector<Ledger> ledgers;
-};
-
 class Maker {
  public:
   Maker(int shape, std::uint32_t seed, int rows) : shape_(shape), chance_(seed), rows_(rows) {}
@@ -62,7 +29,8 @@ class Maker {
   MadeBook make() {
     inTexts_ = below(2) == 0;
     withTotal_ = below(5) > 0;
-    makeSections();
+    const auto style = static_cast<AmountStyle>(below(3));
+    sections_ = madeSections(chance_, style, rows_);
     made_.book.sheets.emplace_back().name = "TB";
     for (const Section& section : sections_) made_.groups.push_back(section.group);
     write();
@@ -72,65 +40,6 @@ class Maker {
 
  private:
   int below(int limit) { return static_cast<int>(chance_() % static_cast<unsigned>(limit)); }
-
-  // --- what stands in the books
-
-  std::int64_t amount() {
-    constexpr std::int64_t rupee = 100;
-    switch (style_) {
-      case 0:  // few different ones, so that sums and equal amounts come by chance
-        return (below(12) + 1) * 500 * rupee;
-      case 1:
-        return (below(3000) + 1) * rupee;
-      default:
-        return below(90'000'000) + 1;
-    }
-  }
-
-  std::string ledgerName(int index) {
-    constexpr std::array<const char*, 12> first{"Amit",  "Bharat",  "Chandra", "Deepak",
-                                                "Eswar", "Falguni", "Ganesh",  "Harsh",
-                                                "Indra", "Jyoti",   "Kamal",   "Lalit"};
-    constexpr std::array<const char*, 8> second{"Traders", "& Co.",      "Textiles", "Agencies",
-                                                "Motors",  "Industries", "Sales",    "Foods"};
-    if (index == 3) return "Total Quality Services";
-    return first[static_cast<std::size_t>(below(12))] + std::string(" ") +
-           second[static_cast<std::size_t>(below(8))] + ' ' + std::to_string(index);
-  }
-
-  void makeSections() {
-    constexpr std::array<const char*, 16> groups{"CAPITAL ACCOUNT",
-                                                 "TERM LOANS",
-                                                 "SUNDRY CREDITORS",
-                                                 "STATUTORY DUES",
-                                                 "PLANT AND MACHINERY",
-                                                 "FIXED DEPOSITS",
-                                                 "SUNDRY DEBTORS",
-                                                 "CASH IN HAND",
-                                                 "BANK BALANCES",
-                                                 "DEPOSITS",
-                                                 "SALES",
-                                                 "PURCHASES",
-                                                 "FREIGHT",
-                                                 "SALARIES",
-                                                 "RENT",
-                                                 "PRINTING"};
-    style_ = below(3);
-    std::int64_t sum = 0;
-    int left = rows_;
-    for (std::size_t i = 0; i < groups.size() && left > 0; ++i) {
-      Section& section = sections_.emplace_back();
-      section.group = groups[i];
-      const int count = i + 1 == groups.size() ? left : std::min(left, below(2 * rows_ / 16) + 1);
-      for (int n = 0; n < count; ++n) {
-        const bool credit = below(10) == 0 ? i >= 4 && i != 10 : i < 4 || i == 10;
-        section.ledgers.push_back({ledgerName(index_++), credit ? -amount() : amount()});
-        sum += section.ledgers.back().balance;
-      }
-      left -= count;
-    }
-    if (sum != 0) sections_.front().ledgers.push_back({"Suspense", -sum});
-  }
 
   // --- rows
 
@@ -323,6 +232,7 @@ class Maker {
 
   // One ledger's last amount, so that nobody can read it.
   void spoil() {
+    made_.spoilt = true;
     const auto ledger =
         std::next(made_.ledgers.begin(), below(static_cast<int>(made_.ledgers.size())));
     SourceRow& row = sheet().rows[static_cast<std::size_t>(ledger->first - 1)];
@@ -366,11 +276,9 @@ class Maker {
   int shape_;
   std::mt19937 chance_;
   int rows_;
-  int style_ = 0;
   int odd_ = 0;
   bool net_ = false;
   bool nested_ = false;
-  int index_ = 0;
   int serial_ = 0;
   bool inTexts_ = false;
   bool withTotal_ = false;

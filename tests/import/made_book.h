@@ -23,6 +23,7 @@ struct MadeBook {
   SourceBook book;
   std::map<int, TrueLine> ledgers;  // by row; every other row is none
   std::vector<std::string> groups;
+  bool spoilt = false;  // one amount cannot be read
 };
 
 inline constexpr int shapes = 16;  // the last one: sums without any mark

@@ -92,19 +92,21 @@ TEST_P(RecognitionCampaign, NoneIsWrongInSilence) {
     int right = 0;
     int rightAsked = 0;
     int wrongAsked = 0;
+    int spoilt = 0;
     std::string first;
     for (int seed = 1; seed <= runs(); ++seed) {
       const MadeBook made = madeBook(shape, static_cast<std::uint32_t>(seed), 300);
       const Outcome outcome = recognised(made, groupsKnown);
       EXPECT_TRUE(outcome.right || outcome.asked)
           << nameOfShape(shape) << ", seed " << seed << ": " << outcome.first;
-      (!outcome.right ? wrongAsked : outcome.asked ? rightAsked : right)++;
-      if (outcome.asked && first.empty())
+      EXPECT_TRUE(!made.spoilt || outcome.asked) << nameOfShape(shape) << ", seed " << seed;
+      (made.spoilt ? spoilt : !outcome.right ? wrongAsked : outcome.asked ? rightAsked : right)++;
+      if (outcome.asked && !made.spoilt && first.empty())
         first = " e.g. seed " + std::to_string(seed) + ": " + outcome.first;
     }
     std::cout << nameOfShape(shape) << (groupsKnown ? "" : " (groups unknown)") << ": " << right
               << " right, " << rightAsked << " right and asked, " << wrongAsked
-              << " wrong and asked" << first << '\n';
+              << " wrong and asked, " << spoilt << " spoilt" << first << '\n';
   }
 }
 
