@@ -48,7 +48,7 @@ Application::Application(int& argc, char** argv) : qt_(argc, argv), own_(windows
   QApplication::setDesktopFileName(QStringLiteral("quillet"));
   // OpenForms says when the last form is closed; a help window left open does not keep the program.
   QApplication::setQuitOnLastWindowClosed(false);
-  setTheme(theme::wanted({}));
+  setTheme(theme::Scheme::system);
   // Without an event loop of the program's own, exit() would end that of the next dialog.
   windows_.onLastClosed = [this] {
     if (running_) QCoreApplication::exit(0);

@@ -25,10 +25,8 @@ constexpr Colours dark{0xff1f2328, 0xff171a1e, 0xffe3e6ea, 0xff2b3036,
 }  // namespace
 
 Scheme wanted(const std::string& preferred) {
-  const QByteArray fixed = qgetenv("QUILLET_THEME").toLower();
-  const std::string value = fixed.isEmpty() ? preferred : fixed.toStdString();
-  if (value == "light") return Scheme::light;
-  if (value == "dark") return Scheme::dark;
+  if (preferred == "light") return Scheme::light;
+  if (preferred == "dark") return Scheme::dark;
   return Scheme::system;
 }
 

@@ -13,8 +13,7 @@ namespace quillet::desktop::theme {
 
 enum class Scheme { system, light, dark };
 
-// "light" or "dark"; anything else follows the system. The environment variable QUILLET_THEME comes
-// first: tests have one look everywhere.
+// "light" or "dark"; anything else follows the system.
 Scheme wanted(const std::string& preferred);
 QPalette palette(bool dark);
 // Sets the style and the palette of the application, and follows the system from then on.

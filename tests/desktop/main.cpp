@@ -18,6 +18,7 @@ void whenAsked(std::function<void()> answer) { QTimer::singleShot(0, qApp, std::
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   quillet::desktop::Application application(argc, argv);
+  application.setTheme(quillet::desktop::theme::Scheme::light);  // one look everywhere
   quillet::desktop::application = &application;
   return RUN_ALL_TESTS();
 }
