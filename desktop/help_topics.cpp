@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QTextDocument>
 #include <algorithm>
@@ -9,7 +10,7 @@
 #include "desktop/text.h"
 
 // Outside of any namespace, as Qt wants it: pages in a static library are linked only when named.
-static void bindHelpPages() { Q_INIT_RESOURCE(help); }
+static void bindHelpPages() { Q_INIT_RESOURCE(handbook); }
 
 namespace quillet::desktop {
 namespace {
@@ -19,10 +20,13 @@ QString metaOf(const QString& html, const QString& name) {
   return meta.match(html).captured(1);
 }
 
-HelpTopic read(const QString& path) {
+QString contentsOf(const QString& path) {
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  const QString html = QString::fromUtf8(file.readAll());
+  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+HelpTopic read(const QString& path) {
+  const QString html = contentsOf(path);
   QTextDocument page;
   page.setHtml(html);
   return {metaOf(html, QStringLiteral("topic")), metaOf(html, QStringLiteral("form")),
@@ -46,8 +50,13 @@ const std::vector<HelpTopic>& helpTopics() {
     for (const QString& name : folder.entryList({QStringLiteral("*.html")}, QDir::Files)) {
       pages.push_back(read(folder.filePath(name)));
     }
+    // The page of contents names all others, and stands before them.
+    const QString contents = contentsOf(folder.filePath(QStringLiteral("index.html")));
+    const auto place = [&](const HelpTopic& topic) {
+      return contents.indexOf(u'"' + QFileInfo(topic.file).fileName() + u'"');
+    };
     std::sort(pages.begin(), pages.end(),
-              [](const HelpTopic& a, const HelpTopic& b) { return a.id < b.id; });
+              [&](const HelpTopic& a, const HelpTopic& b) { return place(a) < place(b); });
     return pages;
   }();
   return topics;
@@ -59,6 +68,10 @@ const HelpTopic* helpTopic(std::string_view id) {
 
 const HelpTopic* helpOfForm(std::string_view form) {
   return first([&](const HelpTopic& topic) { return topic.form == toQt(form); });
+}
+
+const HelpTopic* helpOfFile(const QString& name) {
+  return first([&](const HelpTopic& topic) { return QFileInfo(topic.file).fileName() == name; });
 }
 
 std::vector<const HelpTopic*> helpWith(const QString& search) {

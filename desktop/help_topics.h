@@ -1,5 +1,5 @@
-// The help pages that are built into the program. Each page says itself which topic it is and which
-// form it belongs to.
+// The pages of the handbook, which are built into the program. Each page says itself which topic it
+// is and which form it belongs to.
 #pragma once
 
 #include <QString>
@@ -16,11 +16,13 @@ struct HelpTopic {
   QString words;  // the page's text, for searching
 };
 
-// In the order of their ids.
+// In the order of the handbook.
 const std::vector<HelpTopic>& helpTopics();
 // Null when there is none.
 const HelpTopic* helpTopic(std::string_view id);
 const HelpTopic* helpOfForm(std::string_view form);
+// As links name it: "2-2-1.html".
+const HelpTopic* helpOfFile(const QString& name);
 // The topics whose title or text has every word of the search, whatever the case.
 std::vector<const HelpTopic*> helpWith(const QString& search);
 

@@ -1,10 +1,12 @@
 #include "desktop/help_window.h"
 
 #include <QFile>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTextBrowser>
 #include <QVBoxLayout>
@@ -13,6 +15,28 @@
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
+namespace {
+
+// Its pictures are never wider than the window shows them.
+class Page : public QTextBrowser {
+ public:
+  using QTextBrowser::QTextBrowser;
+
+ protected:
+  QVariant loadResource(int type, const QUrl& name) override {
+    if (type != QTextDocument::ImageResource) return QTextBrowser::loadResource(type, name);
+    QImage picture(QStringLiteral(":/help/") + name.path());
+    const double ratio = devicePixelRatioF();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    const int room =
+        qRound((width() - 2 * frameWidth() - bar - 2 * document()->documentMargin()) * ratio);
+    if (picture.width() > room) picture = picture.scaledToWidth(room, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+  }
+};
+
+}  // namespace
 
 HelpWindow::HelpWindow() {
   setObjectName(QStringLiteral("help"));
@@ -30,7 +54,7 @@ HelpWindow::HelpWindow() {
   topics_->setWordWrap(true);
   column->addWidget(search_);
   column->addWidget(topics_);
-  page_ = new QTextBrowser(splitter);
+  page_ = new Page(splitter);
   page_->setOpenLinks(false);
   page_->document()->setDocumentMargin(2 * step);
   splitter->setSizes({26 * step, 74 * step});
@@ -45,9 +69,9 @@ HelpWindow::HelpWindow() {
   connect(topics_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0) open(topics_->item(row)->data(Qt::UserRole).toString());
   });
-  // Links between the pages name the file: "2-2-1.html".
-  connect(page_, &QTextBrowser::anchorClicked, this,
-          [this](const QUrl& link) { showTopic(link.path().remove(QStringLiteral(".html"))); });
+  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+    if (const HelpTopic* linked = helpOfFile(link.path())) showTopic(linked->id);
+  });
   const QRect room = screen()->availableGeometry();
   resize(std::min(room.width() * 8 / 10, 120 * step), std::min(room.height() * 9 / 10, 90 * step));
   move(room.center() - rect().center());
@@ -59,7 +83,7 @@ void HelpWindow::dress() {
       QStringLiteral(
           "h1{font-size:x-large;font-weight:600;} h2{font-size:large;font-weight:600;}"
           "p,li{line-height:135%;} a{color:%1;} th{text-align:left;color:%2;}"
-          "td,th{padding:3px 16px 3px 0;} code,kbd{background-color:%3;}")
+          "pre{background-color:%3;} td,th{padding:3px 16px 3px 0;} code,kbd{background-color:%3;}")
           .arg(colours.color(QPalette::Link).name(), theme::dimmed(colours).name(),
                theme::emphasis(colours).name());
   page_->document()->setDefaultStyleSheet(sheet);
@@ -113,6 +137,13 @@ void HelpWindow::markFound() {
     }
   }
   page_->setExtraSelections(marks);
+  if (marks.isEmpty()) return;
+  const auto first = std::min_element(
+      marks.begin(), marks.end(), [](const auto& a, const auto& b) { return a.cursor < b.cursor; });
+  QTextCursor at = first->cursor;
+  at.clearSelection();
+  page_->setTextCursor(at);
+  page_->ensureCursorVisible();
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
@@ -121,6 +152,12 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
   } else {
     QWidget::keyPressEvent(event);
   }
+}
+
+// Now it is known how much room there is for pictures.
+void HelpWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  open(topic());
 }
 
 void HelpWindow::changeEvent(QEvent* event) {

@@ -1,14 +1,17 @@
 // Message boxes, file dialogs, progress and help around the forms.
 #include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
+#include <set>
 
 #include "desktop/desktop_test.h"
 #include "desktop/help_topics.h"
@@ -193,11 +196,28 @@ TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
 
 TEST(HelpPages, AreWholeAndBelongToTheirForms) {
   ASSERT_GE(helpTopics().size(), 2u);
+  const QRegularExpression reference(QStringLiteral("(href|src)=\"([^\"]*)\""));
+  std::set<QString> linked{QStringLiteral("index.html")};
   for (const HelpTopic& topic : helpTopics()) {
-    EXPECT_FALSE(topic.id.isEmpty()) << topic.file.toStdString();
-    EXPECT_FALSE(topic.title.isEmpty()) << topic.file.toStdString();
-    EXPECT_GT(topic.words.size(), 500) << topic.file.toStdString();
+    SCOPED_TRACE(topic.file.toStdString());
+    EXPECT_FALSE(topic.id.isEmpty());
+    EXPECT_FALSE(topic.title.isEmpty());
+    EXPECT_GT(topic.words.size(), 500);
+    QFile page(topic.file);
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString html = QString::fromUtf8(page.readAll());
+    for (auto found = reference.globalMatch(html); found.hasNext();) {
+      const QRegularExpressionMatch one = found.next();
+      const QString name = one.captured(2);
+      const bool isPicture = one.captured(1) == QStringLiteral("src");
+      EXPECT_TRUE(isPicture ? !QImage(QStringLiteral(":/help/") + name).isNull()
+                            : helpOfFile(name) != nullptr)
+          << name.toStdString();
+      if (topic.id == QStringLiteral("contents")) linked.insert(name);
+    }
   }
+  EXPECT_EQ(helpTopics().front().id, QStringLiteral("contents"));
+  EXPECT_EQ(linked.size(), helpTopics().size()) << "the contents name every page";
   const std::pair<const char*, const char*> forms[] = {
       {"third", "2-2"},           {"frmcrtb", "2-2-1"},       {"frmjrnl", "journal"},
       {"frmgrpmas", "groups"},    {"frmtbledmas", "ledgers"}, {"frmgrpRM", "binding"},
