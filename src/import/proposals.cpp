@@ -41,8 +41,9 @@ class Proposing {
     ProposedLine line;
     line.row = row.number;
     line.balance = row.balance();
-    line.taken = choice.taken.value_or(true);
     line.unread = row.kind == RowKind::error;
+    const bool nothing = line.balance.isZero() && !row.bothSides && !line.unread;
+    line.taken = choice.taken.value_or(!nothing);
     name(line, row, choice);
     line.question = questionOf(line, row, choice);
     lines_.push_back(std::move(line));
