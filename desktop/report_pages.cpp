@@ -1,16 +1,12 @@
 #include "desktop/report_pages.h"
 
-#include <QApplication>
 #include <QFontMetricsF>
-#include <QLocale>
 #include <QObject>
 #include <QPainter>
 #include <algorithm>
-#include <cmath>
-#include <numeric>
 
+#include "desktop/cell_text.h"
 #include "desktop/text.h"
-#include "desktop/theme.h"
 
 namespace quillet::desktop {
 namespace {
@@ -19,41 +15,12 @@ using suite::DocumentRow;
 using suite::ReportCell;
 
 constexpr double point = ReportPages::unitsPerInch / 72.0;
-constexpr double margin = 40 * point;
-constexpr double padding = 5 * point;  // at each side of a cell
-constexpr double footHeight = 24 * point;
-constexpr double leastShrink = 0.7;  // small print that still reads
+constexpr double margin = 30 * point;
+constexpr double footHeight = 18 * point;
+constexpr double usualSize = 9 * point;
+constexpr double leastShrink = 0.7;  // of a heading that is too wide
 constexpr int headingFlags = Qt::AlignCenter | Qt::TextWordWrap;
 const QSizeF portraitPage(595.3 * point, 841.9 * point);
-
-QFont sized(double points) {
-  QFont font = theme::figures(QApplication::font());
-  font.setPixelSize(qRound(points * point));
-  font.setHintingPreference(QFont::PreferNoHinting);
-  return font;
-}
-
-// The width that a cell asks for: its text's, but a text that is no amount rather wraps than turns
-// the page or makes the print small.
-double widthOf(const QFont& font, const ReportCell& cell) {
-  constexpr double longest = 48;  // characters
-  const QFontMetricsF metrics(font);
-  const double character = metrics.horizontalAdvance(u'0');
-  double text = metrics.horizontalAdvance(toQt(cell.text));
-  if (cell.align != Align::right) text = std::min(text, longest * character);
-  return std::max(text, character * static_cast<double>(cell.width));
-}
-
-double sum(const std::vector<double>& widths) {
-  return std::accumulate(widths.begin(), widths.end(), 0.0);
-}
-
-int flagsOf(Align align) {
-  const int side = align == Align::right    ? Qt::AlignRight
-                   : align == Align::center ? Qt::AlignHCenter
-                                            : Qt::AlignLeft;
-  return side | Qt::AlignTop | Qt::TextWordWrap;
-}
 
 // Headings and results are set off by black rules; those between one line and the next are there to
 // guide the eye and stay faint.
@@ -64,133 +31,112 @@ bool stands(const DocumentRow& row) {
 
 }  // namespace
 
-ReportPages::ReportPages(const suite::Document& document, const QDate& printed)
+// A row's texts in lines, the first base lines at one height.
+struct ReportPages::SetRow {
+  struct Text {
+    std::size_t cell;
+    CellText lines;
+  };
+  std::vector<Text> texts;
+  double raised = 0;
+
+  double topOf(const CellText& text) const { return raised - text.raised(); }
+};
+
+ReportPages::ReportPages(const suite::Document& document, const QDate& printed,
+                         Orientation orientation)
     : document_(document), headings_(document.pageHeadings()), printed_(printed) {
-  fit();
+  headingRows_.resize(static_cast<std::size_t>(std::max(1, document.tables())));
+  for (std::size_t at = 0; at < document.rows().size(); ++at) {
+    const DocumentRow& row = document.rows()[at];
+    if (row.heading) headingRows_.at(static_cast<std::size_t>(row.table)).push_back(at);
+  }
+  fit(orientation);
+  measureHeights();
   paginate();
 }
 
 QSizeF ReportPages::size() const { return landscape_ ? portraitPage.transposed() : portraitPage; }
 double ReportPages::bodyWidth() const { return size().width() - 2 * margin; }
 double ReportPages::footTop() const { return size().height() - margin - footHeight; }
-double ReportPages::lineHeight() const { return QFontMetricsF(font_).height(); }
-double ReportPages::inset() const { return lineHeight() * 0.175; }
+double ReportPages::inset() const { return font_.plain.pixelSize() * 0.12; }
 
-// --- columns
-// --------------------------------------------------------------------------------------
-
-const ReportPages::Table& ReportPages::tableOf(const DocumentRow& row) const {
-  return tables_.at(static_cast<std::size_t>(row.table));
-}
-
-void ReportPages::measure() {
-  tables_.clear();
-  tables_.resize(static_cast<std::size_t>(std::max(1, document_.tables())));
-  for (std::size_t t = 0; t < tables_.size(); ++t) {
-    tables_[t].widths.assign(document_.columns(static_cast<int>(t)), 0);
-    tables_[t].words.assign(tables_[t].widths.size(), true);
+// Print is made smaller only where the figures would not have room.
+void ReportPages::fit(Orientation orientation) {
+  font_ = ReportFont::ofSize(usualSize);
+  columns_.emplace(document_, font_);
+  landscape_ = orientation == Orientation::landscape ||
+               (orientation == Orientation::automatic && columns_->wanted() > bodyWidth());
+  for (double size = usualSize; columns_->needed() > bodyWidth() && size > 1;) {
+    size = std::min(size - 1, size * bodyWidth() / columns_->needed());
+    font_ = ReportFont::ofSize(size);
+    columns_.emplace(document_, font_);
   }
-  for (std::size_t at = 0; at < document_.rows().size(); ++at) {
-    const DocumentRow& row = document_.rows()[at];
-    Table& table = tables_.at(static_cast<std::size_t>(row.table));
-    if (row.heading) table.headings.push_back(at);
-    for (std::size_t c = 0; c < row.cells.size(); ++c) {
-      if (document_.spanOf(row, c).count > 1) continue;
-      const ReportCell& cell = row.cells[c];
-      const bool bold = cell.emphasised || row.heading;
-      table.widths[c] = std::max(table.widths[c], widthOf(fontFor(bold), cell) + 2 * padding);
-      if (cell.align == Align::right) table.words[c] = false;
-    }
-  }
-}
-
-void ReportPages::fit() {
-  const auto widest = [&] {
-    double width = 0;
-    for (const Table& table : tables_) width = std::max(width, sum(table.widths));
-    return width;
-  };
-  const auto set = [&](double points) {
-    font_ = bold_ = sized(points);
-    bold_.setBold(true);
-    measure();
-  };
-  constexpr double usual = 9.5;
-  set(usual);
-  landscape_ = widest() > bodyWidth();
-  if (widest() > bodyWidth()) set(usual * std::max(leastShrink, bodyWidth() / widest()));
-  for (Table& table : tables_) {
-    squeeze(table, bodyWidth());
-    spread(table, bodyWidth());
-  }
-}
-
-// What is still too wide takes from the widest texts, which then wrap; amounts stay whole.
-void ReportPages::squeeze(Table& table, double room) const {
-  const double least = QFontMetricsF(font_).horizontalAdvance(u'0') * 8 + 2 * padding;
-  std::vector<double*> texts;
-  for (std::size_t c = 0; c < table.widths.size(); ++c) {
-    if (table.words[c]) {
-      texts.push_back(&table.widths[c]);
-    } else {
-      room -= table.widths[c];
-    }
-  }
-  std::sort(texts.begin(), texts.end(), [](const double* a, const double* b) { return *a < *b; });
-  // The narrowest first: what it leaves of its share goes to the wider ones.
-  for (std::size_t left = texts.size(); double* width : texts) {
-    *width = std::min(*width, std::max(least, room / static_cast<double>(left--)));
-    room -= *width;
-  }
-}
-
-// What is left over goes to the widest text column, so that the amounts stand at the right edge.
-void ReportPages::spread(Table& table, double room) {
-  const double left = room - sum(table.widths);
-  std::size_t widest = table.widths.size();
-  for (std::size_t c = 0; c < table.widths.size(); ++c) {
-    const bool wider = widest == table.widths.size() || table.widths[c] > table.widths[widest];
-    if (table.words[c] && wider) widest = c;
-  }
-  if (left > 0 && widest < table.widths.size()) table.widths[widest] += left;
+  columns_->fit(bodyWidth());
 }
 
 QRectF ReportPages::room(const DocumentRow& row, std::size_t cell) const {
-  const auto widths = tableOf(row).widths.begin();
   const suite::Document::Span span = document_.spanOf(row, cell);
-  const auto first = widths + static_cast<std::ptrdiff_t>(span.first);
-  const double left = std::accumulate(widths, first, margin);
-  const double width = std::accumulate(first, first + static_cast<std::ptrdiff_t>(span.count), 0.0);
-  return QRectF(left + padding, 0, width - 2 * padding, 1e6);
+  const double left = margin + columns_->left(row.table, span.first);
+  const double padding = font_.padding();
+  return QRectF(left + padding, 0, columns_->width(row.table, span) - 2 * padding, 0);
+}
+
+// --- rows
+// -----------------------------------------------------------------------------------------
+
+bool ReportPages::onOneLine(std::size_t at, std::size_t cell) const {
+  const DocumentRow& row = document_.rows()[at];
+  const double width = columns_->textWidth(row, at, cell);
+  return width >= 0 && width <= room(row, cell).width() &&
+         CellText::isPlain(toQt(row.cells[cell].text));
+}
+
+ReportPages::SetRow ReportPages::setRow(std::size_t at) const {
+  const DocumentRow& row = document_.rows()[at];
+  SetRow set;
+  for (std::size_t cell = 0; cell < row.cells.size(); ++cell) {
+    const ReportCell& shown = row.cells[cell];
+    if (!shown.printed || shown.text.empty()) continue;
+    const auto wrap = shown.align == Align::right ? CellText::Wrap::never : CellText::Wrap::lines;
+    set.texts.push_back({cell, CellText(toQt(shown.text), font_.of(row, shown),
+                                        room(row, cell).width(), shown.align, wrap)});
+    set.raised = std::max(set.raised, set.texts.back().lines.raised());
+  }
+  return set;
+}
+
+void ReportPages::measureHeights() {
+  const double line = CellText::pitch(font_.plain);
+  for (std::size_t at = 0; at < document_.rows().size(); ++at) {
+    const DocumentRow& row = document_.rows()[at];
+    bool simple = true;
+    for (std::size_t cell = 0; cell < row.cells.size() && simple; ++cell) {
+      simple = !row.cells[cell].printed || onOneLine(at, cell);
+    }
+    double height = line;
+    if (!simple) {
+      const SetRow set = setRow(at);
+      for (const auto& [cell, lines] : set.texts) {
+        height = std::max(height, set.topOf(lines) + lines.height());
+      }
+    }
+    heights_.push_back(height + 2 * inset());
+  }
 }
 
 // --- pages
 // ----------------------------------------------------------------------------------------
 
-double ReportPages::heightOf(std::size_t at) const {
-  const DocumentRow& row = document_.rows()[at];
-  double height = lineHeight();
-  for (std::size_t c = 0; c < row.cells.size(); ++c) {
-    const ReportCell& cell = row.cells[c];
-    if (!cell.printed) continue;
-    const QFontMetricsF metrics(fontFor(cell.emphasised || row.heading));
-    const QString text = toQt(cell.text);
-    const QRectF space = room(row, c);
-    if (metrics.horizontalAdvance(text) <= space.width()) continue;
-    height = std::max(height, metrics.boundingRect(space, flagsOf(cell.align), text).height());
-  }
-  return height + 2 * inset();
-}
-
 double ReportPages::topOfRows() const {
-  double height = headings_.empty() ? 0 : lineHeight() * 0.7;
+  double height = headings_.empty() ? 0 : CellText::pitch(font_.plain) * 0.7;
   for (std::size_t at = 0; at < headings_.size(); ++at) height += headingHeight(at);
   return margin + height;
 }
 
 // The first line stands out; one that is too wide is set smaller.
 QFont ReportPages::headingFont(std::size_t at) const {
-  QFont font = fontFor(headings_[at].emphasised);
+  QFont font = headings_[at].emphasised ? font_.bold : font_.plain;
   if (at == 0) font.setPixelSize(qRound(font.pixelSize() * 1.15));
   const double width = QFontMetricsF(font).horizontalAdvance(toQt(headings_[at].text));
   const double fit = std::clamp(bodyWidth() / std::max(width, 1.0), leastShrink, 1.0);
@@ -203,13 +149,14 @@ double ReportPages::headingHeight(std::size_t at) const {
   const QFontMetricsF metrics(headingFont(at));
   const QRectF room(0, 0, bodyWidth(), 1e6);
   const double text = metrics.boundingRect(room, headingFlags, toQt(headings_[at].text)).height();
-  return lineHeight() * 1.3 + std::max(0.0, text - metrics.height());
+  return CellText::pitch(font_.plain) * 1.2 + std::max(0.0, text - metrics.height());
 }
 
 // The heading rows that a page repeats when it begins with this row.
 std::vector<std::size_t> ReportPages::repeatedAbove(std::size_t row) const {
   std::vector<std::size_t> repeated;
-  for (const std::size_t heading : tableOf(document_.rows()[row]).headings) {
+  for (const std::size_t heading :
+       headingRows_.at(static_cast<std::size_t>(document_.rows()[row].table))) {
     if (heading < row) repeated.push_back(heading);
   }
   return repeated;
@@ -223,17 +170,19 @@ void ReportPages::paginate() {
     pages_.emplace_back();
     used = 0;
     for (const std::size_t heading : repeatedAbove(row)) {
-      pages_.back().push_back({heading, 0, heightOf(heading)});
-      used += heightOf(heading);
+      pages_.back().push_back({heading, 0, heights_[heading]});
+      used += heights_[heading];
     }
   };
   for (std::size_t row = 0; row < document_.rows().size(); ++row) {
-    const double height = heightOf(row);
-    if (used + height > space && !pages_.back().empty()) turnPage(row);
+    const double height = heights_[row];
+    const bool begun =
+        !pages_.back().empty() && !document_.rows()[pages_.back().back().row].heading;
+    if (used + height > space && begun) turnPage(row);
     double from = 0;
     // A row higher than a page goes on overleaf.
     while (used + height - from > space) {
-      const double to = endOfLine(from + space - used);
+      const double to = wholeLines(row, from + space - used);
       if (to <= from) break;
       pages_.back().push_back({row, from, to});
       turnPage(row);
@@ -244,15 +193,18 @@ void ReportPages::paginate() {
   }
 }
 
-// Where the last line of text ends that fits into so much of a row's height.
-double ReportPages::endOfLine(double height) const {
-  // As the painter sets lines, which is not quite the spacing that the font asks for.
-  constexpr int lines = 100;
-  const QFontMetricsF metrics(font_);
-  const QString text = QStringLiteral("x\n").repeated(lines).chopped(1);
-  const double line =
-      metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), flagsOf(Align::left), text).height() / lines;
-  return inset() + std::floor((height - inset()) / line) * line;
+// The greatest part of a row's height within `height` that holds whole lines in every cell.
+double ReportPages::wholeLines(std::size_t row, double height) const {
+  const SetRow set = setRow(row);
+  double whole = height - inset();
+  for (double before = whole + 1; whole < before;) {
+    before = whole;
+    for (const auto& [cell, lines] : set.texts) {
+      const double top = set.topOf(lines);
+      whole = std::min(whole, top + lines.wholeUpTo(before - top));
+    }
+  }
+  return whole <= 0 ? 0 : inset() + whole;
 }
 
 std::vector<std::size_t> ReportPages::rowsOn(int page) const {
@@ -296,32 +248,28 @@ void ReportPages::paintHeadings(QPainter& painter) const {
 
 void ReportPages::paintRow(QPainter& painter, std::size_t at, double top) const {
   const DocumentRow& row = document_.rows()[at];
-  const double height = heightOf(at);
   const QPen ink = painter.pen();
-  const QPen rule = stands(row) ? ink : QPen(QColor(0xB8, 0xB8, 0xB8), point * 0.5);
+  painter.setPen(stands(row) ? ink : QPen(QColor(0xB8, 0xB8, 0xB8), point * 0.5));
+  const double padding = font_.padding();
   for (std::size_t c = 0; c < row.cells.size(); ++c) {
-    const ReportCell& cell = row.cells[c];
-    QRectF space = room(row, c);
-    space.moveTop(top + inset());
-    space.setHeight(height);
-    if (cell.ruled) {
-      painter.setPen(rule);
-      painter.drawLine(QPointF(space.left() - padding, top), QPointF(space.right() + padding, top));
-      painter.setPen(ink);
-    }
-    if (!cell.printed) continue;
-    painter.setFont(fontFor(cell.emphasised || row.heading));
-    painter.drawText(space, flagsOf(cell.align), toQt(cell.text));
+    if (!row.cells[c].ruled) continue;
+    const QRectF space = room(row, c);
+    painter.drawLine(QPointF(space.left() - padding, top), QPointF(space.right() + padding, top));
   }
-  const auto& headings = tableOf(row).headings;
-  if (row.heading && at == headings.back()) {
-    painter.drawLine(QPointF(margin, top + height), QPointF(margin + bodyWidth(), top + height));
+  painter.setPen(ink);
+  const SetRow set = setRow(at);
+  for (const auto& [cell, lines] : set.texts) {
+    lines.paint(painter, QPointF(room(row, cell).left(), top + inset() + set.topOf(lines)));
+  }
+  if (row.heading && at == headingRows_.at(static_cast<std::size_t>(row.table)).back()) {
+    const double bottom = top + heights_[at];
+    painter.drawLine(QPointF(margin, bottom), QPointF(margin + bodyWidth(), bottom));
   }
 }
 
 void ReportPages::paintFoot(QPainter& painter, int page) const {
   const QRectF foot(margin, footTop(), bodyWidth(), footHeight);
-  painter.setFont(sized(8));
+  painter.setFont(ReportFont::ofSize(8 * point).plain);
   painter.setPen(QPen(QColor(0x60, 0x60, 0x60), point * 0.5));
   painter.drawText(
       foot, Qt::AlignLeft | Qt::AlignBottom,

@@ -1,14 +1,15 @@
-// A report laid out on pages of A4: headings and heading rows on every page, portrait, or landscape
-// when the columns need it, one line at the foot. Screen, printer and PDF all paint from here.
+// A report laid out on pages of A4: headings and heading rows on every page, one line at the foot.
+// Texts wrap in their columns, figures stay whole; a row is on one page unless it is higher than
+// that. Screen, printer and PDF all paint from here.
 #pragma once
 
 #include <QDate>
-#include <QFont>
 #include <QSizeF>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
-#include "suite/document.h"
+#include "desktop/report_columns.h"
 
 class QPainter;
 class QRectF;
@@ -20,7 +21,11 @@ class ReportPages {
   // One unit is 1/720 of an inch.
   static constexpr int unitsPerInch = 720;
 
-  ReportPages(const suite::Document& document, const QDate& printed);
+  // As the columns need it: portrait wherever the texts can still be read with ease.
+  enum class Orientation { automatic, portrait, landscape };
+
+  ReportPages(const suite::Document& document, const QDate& printed,
+              Orientation orientation = Orientation::automatic);
 
   int count() const { return static_cast<int>(pages_.size()); }
   bool landscape() const { return landscape_; }
@@ -35,23 +40,16 @@ class ReportPages {
   QRectF room(const suite::DocumentRow& row, std::size_t cell) const;
 
  private:
-  struct Table {
-    std::vector<double> widths;         // of the columns
-    std::vector<bool> words;            // columns of texts, which may be made narrower and wider
-    std::vector<std::size_t> headings;  // its heading rows
-  };
-
   // A row, or what of its height a page has room for.
   struct Piece {
     std::size_t row = 0;
     double from = 0;
     double to = 0;
   };
+  struct SetRow;
 
-  void measure();
-  void fit();
-  void squeeze(Table& table, double room) const;
-  static void spread(Table& table, double room);
+  void fit(Orientation orientation);
+  void measureHeights();
   void paginate();
 
   double bodyWidth() const;
@@ -59,13 +57,11 @@ class ReportPages {
   QFont headingFont(std::size_t at) const;
   double headingHeight(std::size_t at) const;
   double footTop() const;
-  double lineHeight() const;
-  double heightOf(std::size_t row) const;
   double inset() const;  // above and below a row's text
-  double endOfLine(double height) const;
-  const Table& tableOf(const suite::DocumentRow& row) const;
+  bool onOneLine(std::size_t row, std::size_t cell) const;
+  SetRow setRow(std::size_t row) const;
+  double wholeLines(std::size_t row, double height) const;
   std::vector<std::size_t> repeatedAbove(std::size_t row) const;
-  QFont fontFor(bool bold) const { return bold ? bold_ : font_; }
   void paintHeadings(QPainter& painter) const;
   void paintRow(QPainter& painter, std::size_t row, double top) const;
   void paintFoot(QPainter& painter, int page) const;
@@ -73,9 +69,11 @@ class ReportPages {
   const suite::Document& document_;
   std::vector<suite::ReportHeading> headings_;
   QDate printed_;
-  QFont font_, bold_;
   bool landscape_ = false;
-  std::vector<Table> tables_;
+  ReportFont font_;
+  std::optional<ReportColumns> columns_;
+  std::vector<std::vector<std::size_t>> headingRows_;  // of each table
+  std::vector<double> heights_;                        // of the rows
   std::vector<std::vector<Piece>> pages_;
 };
 
