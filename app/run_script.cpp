@@ -29,7 +29,8 @@ int play(script::Session& session, const Options& options) {
 void savePdf(const script::Session& session, const suite::Document& document,
              const fs::path& path) {
   const Date today = session.clock.today();
-  if (!desktop::savePdf(document, toQt(path), QDate(today.year, today.month, today.day))) {
+  const auto style = desktop::ReportStyle::of(session.practice.settings());
+  if (!desktop::savePdf(document, toQt(path), QDate(today.year, today.month, today.day), style)) {
     throw std::runtime_error("cannot write " + path.string());
   }
 }

@@ -90,6 +90,8 @@ void Application::usePreferences(const suite::Settings& settings) {
   if (scheme != scheme_) setTheme(scheme);
   view::setGrouping(view::groupingNamed(suite::preferences::grouping.in(settings)));
   windows_.redraw();
+  reportStyle_ = ReportStyle::of(settings);
+  if (report_) report_->use(reportStyle_);
   for (QWidget* widget : QApplication::allWidgets()) widget->update();
 }
 
@@ -191,7 +193,8 @@ std::optional<std::string> Application::openFile(const std::string& filter,
 
 void Application::showReport(const suite::Document& document) {
   delete report_;
-  report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate());
+  report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate(),
+                             reportStyle_);
   showAbove(*report_);
 }
 

@@ -11,6 +11,7 @@
 
 #include "desktop/busy_panel.h"
 #include "desktop/dialogs.h"
+#include "desktop/report_style.h"
 #include "desktop/theme.h"
 #include "desktop/windows.h"
 #include "suite/front_end.h"
@@ -96,6 +97,7 @@ class Application : public suite::FrontEnd {
   std::unique_ptr<HelpWindow> help_;
   QPointer<ReportWindow> report_;
   QDate printDate_;
+  ReportStyle reportStyle_;
   bool running_ = false;
   std::string unseen_;  // a notice that came when no window was left
 };

@@ -9,8 +9,9 @@
 
 namespace quillet::desktop {
 
-bool savePdf(const suite::Document& document, const QString& path, const QDate& printed) {
-  const ReportPages pages(document, printed);
+bool savePdf(const suite::Document& document, const QString& path, const QDate& printed,
+             const ReportStyle& style) {
+  const ReportPages pages(document, printed, style);
   QSaveFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return false;
   {

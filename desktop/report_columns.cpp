@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "desktop/text.h"
 #include "desktop/theme.h"
 
 namespace quillet::desktop {
@@ -22,17 +21,19 @@ ReportFont ReportFont::ofSize(double units) {
   return both;
 }
 
-ReportColumns::ReportColumns(const suite::Document& document, const ReportFont& font)
+ReportColumns::ReportColumns(const suite::Document& document, const ReportFont& font,
+                             const ReportStyle& style)
     : character_(QFontMetricsF(font.plain).horizontalAdvance(u'0')),
       padding_(font.padding()),
       tables_(static_cast<std::size_t>(std::max(1, document.tables()))) {
   for (std::size_t table = 0; table < tables_.size(); ++table) {
     tables_[table].resize(document.columns(static_cast<int>(table)));
   }
-  measure(document, font);
+  measure(document, font, style);
 }
 
-void ReportColumns::measure(const suite::Document& document, const ReportFont& font) {
+void ReportColumns::measure(const suite::Document& document, const ReportFont& font,
+                            const ReportStyle& style) {
   const QFontMetricsF plain(font.plain);
   const QFontMetricsF bold(font.bold);
   std::vector<std::size_t> rows(tables_.size());
@@ -46,7 +47,7 @@ void ReportColumns::measure(const suite::Document& document, const ReportFont& f
       double& text = column.texts.back();
       text = -1;
       if (document.spanOf(row, at).count > 1) continue;
-      text = (cell.emphasised || row.heading ? bold : plain).horizontalAdvance(toQt(cell.text));
+      text = (cell.emphasised || row.heading ? bold : plain).horizontalAdvance(style.shown(cell));
       const double asked = std::max(text, character_ * static_cast<double>(cell.width));
       column.width = std::max(column.width, asked + 2 * padding_);
       if (cell.align == Align::right) column.figures = true;

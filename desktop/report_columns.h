@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QFont>
-#include <QString>
 #include <cstddef>
 #include <vector>
 
+#include "desktop/report_style.h"
 #include "suite/document.h"
 
 namespace quillet::desktop {
@@ -25,7 +25,7 @@ struct ReportFont {
 
 class ReportColumns {
  public:
-  ReportColumns(const suite::Document& document, const ReportFont& font);
+  ReportColumns(const suite::Document& document, const ReportFont& font, const ReportStyle& style);
 
   // The room that the widest table asks for, its texts wrapped where they can be read with ease,
   // and what it needs.
@@ -52,7 +52,7 @@ class ReportColumns {
   };
   using Table = std::vector<Column>;
 
-  void measure(const suite::Document& document, const ReportFont& font);
+  void measure(const suite::Document& document, const ReportFont& font, const ReportStyle& style);
   double widest(double characters) const;
   bool wraps(const Column& column, double characters) const {
     return !column.figures && column.width > of(characters);

@@ -44,14 +44,14 @@ struct ReportPages::SetRow {
 };
 
 ReportPages::ReportPages(const suite::Document& document, const QDate& printed,
-                         Orientation orientation)
-    : document_(document), headings_(document.pageHeadings()), printed_(printed) {
+                         const ReportStyle& style)
+    : document_(document), headings_(document.pageHeadings()), printed_(printed), style_(style) {
   headingRows_.resize(static_cast<std::size_t>(std::max(1, document.tables())));
   for (std::size_t at = 0; at < document.rows().size(); ++at) {
     const DocumentRow& row = document.rows()[at];
     if (row.heading) headingRows_.at(static_cast<std::size_t>(row.table)).push_back(at);
   }
-  fit(orientation);
+  fit();
   measureHeights();
   paginate();
 }
@@ -62,15 +62,16 @@ double ReportPages::footTop() const { return size().height() - margin - footHeig
 double ReportPages::inset() const { return font_.plain.pixelSize() * 0.12; }
 
 // Print is made smaller only where the figures would not have room.
-void ReportPages::fit(Orientation orientation) {
+void ReportPages::fit() {
+  using Orientation = ReportStyle::Orientation;
   font_ = ReportFont::ofSize(usualSize);
-  columns_.emplace(document_, font_);
-  landscape_ = orientation == Orientation::landscape ||
-               (orientation == Orientation::automatic && columns_->wanted() > bodyWidth());
+  columns_.emplace(document_, font_, style_);
+  landscape_ = style_.orientation == Orientation::landscape ||
+               (style_.orientation == Orientation::automatic && columns_->wanted() > bodyWidth());
   for (double size = usualSize; columns_->needed() > bodyWidth() && size > 1;) {
     size = std::min(size - 1, size * bodyWidth() / columns_->needed());
     font_ = ReportFont::ofSize(size);
-    columns_.emplace(document_, font_);
+    columns_.emplace(document_, font_, style_);
   }
   columns_->fit(bodyWidth());
 }
@@ -89,7 +90,7 @@ bool ReportPages::onOneLine(std::size_t at, std::size_t cell) const {
   const DocumentRow& row = document_.rows()[at];
   const double width = columns_->textWidth(row, at, cell);
   return width >= 0 && width <= room(row, cell).width() &&
-         CellText::isPlain(toQt(row.cells[cell].text));
+         CellText::isPlain(style_.shown(row.cells[cell]));
 }
 
 ReportPages::SetRow ReportPages::setRow(std::size_t at) const {
@@ -99,7 +100,7 @@ ReportPages::SetRow ReportPages::setRow(std::size_t at) const {
     const ReportCell& shown = row.cells[cell];
     if (!shown.printed || shown.text.empty()) continue;
     const auto wrap = shown.align == Align::right ? CellText::Wrap::never : CellText::Wrap::lines;
-    set.texts.push_back({cell, CellText(toQt(shown.text), font_.of(row, shown),
+    set.texts.push_back({cell, CellText(style_.shown(shown), font_.of(row, shown),
                                         room(row, cell).width(), shown.align, wrap)});
     set.raised = std::max(set.raised, set.texts.back().lines.raised());
   }
@@ -205,6 +206,13 @@ double ReportPages::wholeLines(std::size_t row, double height) const {
     }
   }
   return whole <= 0 ? 0 : inset() + whole;
+}
+
+int ReportPages::pageOf(std::size_t row) const {
+  const auto begins = [&](const Piece& piece) { return piece.row == row && piece.from == 0; };
+  const auto found = std::ranges::find_if(
+      pages_, [&](const auto& page) { return std::ranges::any_of(page, begins); });
+  return found == pages_.end() ? 0 : static_cast<int>(found - pages_.begin());
 }
 
 std::vector<std::size_t> ReportPages::rowsOn(int page) const {

@@ -21,11 +21,7 @@ class ReportPages {
   // One unit is 1/720 of an inch.
   static constexpr int unitsPerInch = 720;
 
-  // As the columns need it: portrait wherever the texts can still be read with ease.
-  enum class Orientation { automatic, portrait, landscape };
-
-  ReportPages(const suite::Document& document, const QDate& printed,
-              Orientation orientation = Orientation::automatic);
+  ReportPages(const suite::Document& document, const QDate& printed, const ReportStyle& style = {});
 
   int count() const { return static_cast<int>(pages_.size()); }
   bool landscape() const { return landscape_; }
@@ -33,6 +29,8 @@ class ReportPages {
   // Paints the page, from 0, with its corner at the painter's origin.
   void paint(QPainter& painter, int page) const;
 
+  // The page that a row of the document begins on.
+  int pageOf(std::size_t row) const;
   // The rows of the document on a page, the repeated ones too.
   std::vector<std::size_t> rowsOn(int page) const;
 
@@ -48,7 +46,7 @@ class ReportPages {
   };
   struct SetRow;
 
-  void fit(Orientation orientation);
+  void fit();
   void measureHeights();
   void paginate();
 
@@ -69,6 +67,7 @@ class ReportPages {
   const suite::Document& document_;
   std::vector<suite::ReportHeading> headings_;
   QDate printed_;
+  ReportStyle style_;
   bool landscape_ = false;
   ReportFont font_;
   std::optional<ReportColumns> columns_;

@@ -34,18 +34,24 @@ constexpr double unitsPerPixel = ReportPages::unitsPerInch / screenDpi;
 // The pages one under the other; only those in sight are painted.
 class Paper : public QWidget {
  public:
-  explicit Paper(const ReportPages& pages) : pages_(pages) { setScale(1); }
+  explicit Paper(const ReportPages& pages) : pages_(&pages) { setScale(1); }
 
+  void setPages(const ReportPages& pages) {
+    pages_ = &pages;
+    setScale(scale_);
+  }
   void setScale(double scale) {
     scale_ = scale;
     setFixedSize(qRound(page().width()) + 2 * gap,
-                 qRound((page().height() + gap) * pages_.count()) + gap);
+                 qRound((page().height() + gap) * pages_->count()) + gap);
     update();
   }
-  QSizeF page() const { return pages_.size() / unitsPerPixel * scale_; }
+  QSizeF page() const { return pages_->size() / unitsPerPixel * scale_; }
   int pageAt(int y) const {
-    return std::clamp(static_cast<int>((y - gap) / (page().height() + gap)), 0, pages_.count() - 1);
+    return std::clamp(static_cast<int>((y - gap) / (page().height() + gap)), 0,
+                      pages_->count() - 1);
   }
+  int topOf(int page) const { return qRound((this->page().height() + gap) * page); }
 
  protected:
   void paintEvent(QPaintEvent* event) override {
@@ -61,13 +67,13 @@ class Paper : public QWidget {
       painter.save();
       painter.translate(sheet.topLeft());
       painter.scale(scale_ / unitsPerPixel, scale_ / unitsPerPixel);
-      pages_.paint(painter, number);
+      pages_->paint(painter, number);
       painter.restore();
     }
   }
 
  private:
-  const ReportPages& pages_;
+  const ReportPages* pages_;
   double scale_ = 1;
 };
 
@@ -75,57 +81,103 @@ Paper* paperOf(QWidget* widget) { return static_cast<Paper*>(widget); }
 
 }  // namespace
 
-ReportWindow::ReportWindow(const suite::Document& document, const QDate& printed)
-    : document_(document), pages_(document_, printed), printed_(printed) {
+ReportWindow::ReportWindow(const suite::Document& document, const QDate& printed,
+                           const ReportStyle& style)
+    : document_(document),
+      style_(style),
+      pages_(std::make_unique<ReportPages>(document_, printed, style)),
+      printed_(printed) {
   setObjectName(QStringLiteral("report"));
   setAttribute(Qt::WA_DeleteOnClose);
   const auto& headings = document_.headings();
   setWindowTitle(headings.empty() ? tr("Report") : toQt(headings.back().text));
-  paper_ = new Paper(pages_);
+  paper_ = new Paper(*pages_);
   area_ = new QScrollArea(this);
   area_->setFrameStyle(QFrame::NoFrame);
   area_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   area_->setWidget(paper_);
+  area_->setAccessibleName(tr("Pages"));
   setCentralWidget(area_);
   place_ = new QLabel(this);
   addCommands();
   connect(area_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { tellPage(); });
-  const QRect room = screen()->availableGeometry();
-  resize(std::min(room.width() * 9 / 10, room.height() * (pages_.landscape() ? 14 : 11) / 10),
-         room.height() * 9 / 10);
-  move(room.center() - rect().center());
+  placeOn(screen()->availableGeometry());
+}
+
+// The frame, which is not known yet, has its place on the screen, too.
+void ReportWindow::placeOn(const QRect& room) {
+  const QMargins frame(8, 32, 8, 8);
+  const QRect most = room.marginsRemoved(frame);
+  const int wanted = room.height() * (pages_->landscape() ? 14 : 11) / 10;
+  resize(std::min(most.width(), std::max(wanted, bar_->sizeHint().width())),
+         std::min(most.height(), room.height() * 9 / 10));
+  const QRect whole = rect().marginsAdded(frame);
+  move(room.center() - QRect(QPoint(), whole.size()).center());
+}
+
+QAction* ReportWindow::addCommand(const QString& caption, const QList<QKeySequence>& keys,
+                                  void (ReportWindow::*run)()) {
+  QAction* action = bar_->addAction(caption, this, run);
+  action->setIconText(caption);  // with its access key
+  action->setShortcuts(keys);
+  action->setToolTip(QStringLiteral("%1 (%2)").arg(
+      QString(caption).remove(u'&'), keys.constFirst().toString(QKeySequence::NativeText)));
+  return action;
 }
 
 void ReportWindow::addCommands() {
-  QToolBar* bar = addToolBar(tr("Report"));
-  bar->setMovable(false);
-  bar->setContextMenuPolicy(Qt::PreventContextMenu);
-  const auto add = [&](const QString& caption, const QKeySequence& key, auto run) {
-    QAction* action = bar->addAction(caption, this, run);
-    action->setShortcut(key);
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(QString(caption).remove(u'&'),
-                                                     key.toString(QKeySequence::NativeText)));
-  };
-  add(tr("&Print ..."), QKeySequence::Print, [this] { print(); });
-  add(tr("Save as P&DF ..."), QKeySequence::Save, [this] { saveAs(); });
-  add(tr("Copy &table"), QKeySequence::Copy, [this] { copyTable(); });
-  add(tr("Dot &matrix ..."), QKeySequence(QStringLiteral("Ctrl+M")), [this] { dotMatrix(); });
-  bar->addSeparator();
-  add(tr("Zoom &out"), QKeySequence::ZoomOut, [this] { zoom(1 / 1.25); });
-  add(tr("Zoom &in"), QKeySequence::ZoomIn, [this] { zoom(1.25); });
-  add(tr("Fit &width"), QKeySequence(QStringLiteral("Ctrl+0")), [this] { fitWidth(); });
-  bar->addSeparator();
-  add(tr("&Close"), QKeySequence::Close, [this] { close(); });
-  auto* spring = new QWidget(bar);
+  const auto keys = [](const char* text) { return QKeySequence(QString::fromLatin1(text)); };
+  bar_ = addToolBar(tr("Report"));
+  bar_->setMovable(false);
+  bar_->setContextMenuPolicy(Qt::PreventContextMenu);
+  addCommand(tr("&Print ..."), {QKeySequence::Print}, &ReportWindow::print);
+  addCommand(tr("Save as P&DF ..."), {QKeySequence::Save}, &ReportWindow::saveAs);
+  addCommand(tr("Copy &table"), {QKeySequence::Copy}, &ReportWindow::copyTable);
+  addCommand(tr("Dot &matrix ..."), {keys("Ctrl+M")}, &ReportWindow::dotMatrix);
+  bar_->addSeparator();
+  landscape_ = addCommand(tr("&Landscape"), {keys("Ctrl+L")}, &ReportWindow::turnSheets);
+  landscape_->setCheckable(true);
+  landscape_->setChecked(pages_->landscape());
+  bar_->addSeparator();
+  addCommand(tr("Zoom &out"), {keys("Ctrl+-")}, &ReportWindow::zoomOut);
+  // With and without Shift, which "+" takes on many keyboards.
+  addCommand(tr("Zoom &in"), {keys("Ctrl++"), keys("Ctrl+=")}, &ReportWindow::zoomIn);
+  addCommand(tr("Fit &width"), {keys("Ctrl+0")}, &ReportWindow::fitWidth);
+  bar_->addSeparator();
+  addCommand(tr("&Close"), {QKeySequence::Close}, &ReportWindow::leave);
+  auto* spring = new QWidget(bar_);
   spring->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  bar->addWidget(spring);
-  bar->addWidget(place_);
+  bar_->addWidget(spring);
+  bar_->addWidget(place_);
+}
+
+void ReportWindow::use(const ReportStyle& style) {
+  const std::vector<std::size_t> rows = pages_->rowsOn(pageInView());
+  style_ = style;
+  auto pages = std::make_unique<ReportPages>(document_, printed_, style_);
+  paperOf(paper_)->setPages(*pages);
+  pages_ = std::move(pages);
+  landscape_->setChecked(pages_->landscape());
+  if (fitting_) fitWidth();
+  showPage(rows.empty() ? 0 : pages_->pageOf(rows.back()));
+}
+
+void ReportWindow::turnSheets() {
+  using Orientation = ReportStyle::Orientation;
+  ReportStyle style = style_;
+  style.orientation = pages_->landscape() ? Orientation::portrait : Orientation::landscape;
+  use(style);
 }
 
 void ReportWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   fitWidth();
   area_->setFocus();
+}
+
+void ReportWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (fitting_) fitWidth();
 }
 
 void ReportWindow::setScale(double scale) {
@@ -136,11 +188,20 @@ void ReportWindow::setScale(double scale) {
   tellPage();
 }
 
-void ReportWindow::zoom(double factor) { setScale(scale_ * factor); }
+void ReportWindow::zoom(double factor) {
+  fitting_ = false;
+  setScale(scale_ * factor);
+}
 
 void ReportWindow::fitWidth() {
-  const double room = area_->viewport()->width() - 2 * gap - area_->verticalScrollBar()->width();
-  setScale(std::min(2.0, room * unitsPerPixel / pages_.size().width()));
+  fitting_ = true;
+  const double room = area_->width() - 2 * gap - area_->verticalScrollBar()->sizeHint().width();
+  setScale(std::min(2.0, room * unitsPerPixel / pages_->size().width()));
+}
+
+void ReportWindow::showPage(int page) {
+  area_->verticalScrollBar()->setValue(paperOf(paper_)->topOf(page));
+  tellPage();
 }
 
 int ReportWindow::pageInView() const {
@@ -149,7 +210,7 @@ int ReportWindow::pageInView() const {
 }
 
 void ReportWindow::tellPage() {
-  place_->setText(tr("Page %1 of %2  ").arg(pageInView() + 1).arg(pages_.count()));
+  place_->setText(tr("Page %1 of %2  ").arg(pageInView() + 1).arg(pages_->count()));
 }
 
 void ReportWindow::closeEvent(QCloseEvent* event) {
@@ -159,30 +220,45 @@ void ReportWindow::closeEvent(QCloseEvent* event) {
 }
 
 void ReportWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    close();
-  } else {
-    QMainWindow::keyPressEvent(event);
+  QScrollBar* bar = area_->verticalScrollBar();
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      close();
+      break;
+    case Qt::Key_Home:
+      showPage(0);
+      break;
+    case Qt::Key_End:
+      showPage(pages_->count() - 1);
+      break;
+    case Qt::Key_PageUp:
+      bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+      break;
+    case Qt::Key_PageDown:
+      bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+      break;
+    default:
+      QMainWindow::keyPressEvent(event);
   }
 }
 
 void ReportWindow::print() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageSize(QPageSize(QPageSize::A4));
-  printer.setPageOrientation(pages_.landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
+  printer.setPageOrientation(pages_->landscape() ? QPageLayout::Landscape : QPageLayout::Portrait);
   printer.setFullPage(true);
-  printer.setFromTo(1, pages_.count());
+  printer.setFromTo(1, pages_->count());
   QPrintDialog dialog(&printer, this);
-  dialog.setMinMax(1, pages_.count());
+  dialog.setMinMax(1, pages_->count());
   if (dialog.exec() != QDialog::Accepted) return;
   const int first = std::max(1, printer.fromPage());
-  const int last = printer.toPage() == 0 ? pages_.count() : printer.toPage();
+  const int last = printer.toPage() == 0 ? pages_->count() : printer.toPage();
   QPainter painter(&printer);
   const double scale = printer.resolution() / double{ReportPages::unitsPerInch};
   painter.scale(scale, scale);
   for (int page = first; page <= last; ++page) {
     if (page > first) printer.newPage();
-    pages_.paint(painter, page - 1);
+    pages_->paint(painter, page - 1);
   }
 }
 
@@ -192,10 +268,10 @@ void ReportWindow::saveAs() {
   dialog.setNameFilter(tr("PDF files (*.pdf)"));
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
   dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  dialog.selectFile(tr("Trial balance.pdf"));
+  dialog.selectFile(toQt(document_.fileName() + ".pdf"));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const QString path = dialog.selectedFiles().constFirst();
-  if (!savePdf(document_, path, printed_)) tellUnwritten(path);
+  if (!savePdf(document_, path, printed_, style_)) tellUnwritten(path);
 }
 
 void ReportWindow::copyTable() {

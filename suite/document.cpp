@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "data/paths.h"
+#include "data/text.h"
 #include "suite/printer_codes.h"
 
 namespace quillet::suite {
@@ -40,6 +42,25 @@ std::vector<ReportHeading> Document::pageHeadings() const {
   if (!firm_.empty() && !names(title, firm_)) lines.insert(lines.begin(), {firm_, true});
   if (!subject_.empty()) lines.push_back({subject_});
   return lines;
+}
+
+std::string Document::fileName() const {
+  // What the title says of firm and period does not name the report.
+  std::string title = headings_.empty() ? "Report" : headings_.front().text;
+  for (const char* rest : {" of ", " For the Period"})
+    title.erase(std::min(title.find(rest), title.size()));
+  // Systems take 255 bytes, an ending and a number included.
+  constexpr std::size_t longest = 200;
+  std::string subject = fileSubject_;
+  while (subject.size() + title.size() + 1 > longest) {
+    const std::size_t length = lengthOf(subject);
+    if (length == 0) break;
+    subject.erase(offsetOf(subject, length - 1));
+  }
+  std::string name = asFileName(subject.empty() ? title : subject + " " + title);
+  // A point in front would hide the file.
+  if (name.starts_with('.')) name.front() = '-';
+  return name;
 }
 
 std::size_t Document::columns(int table) const { return at(columns_, table); }

@@ -60,6 +60,11 @@ class Document {
   // Whose books it is about. It stands on every sheet, also where the report's own headings do not
   // name it, so that a loose sheet is not taken for another client's.
   void setSubject(std::string text) { subject_ = std::move(text); }
+  // The client and the year, as a file with the report is named after them.
+  void setFileSubject(std::string text) { fileSubject_ = std::move(text); }
+  // "Asha Traders 2008-09 Trial Balance": the name for a file, without an ending. No text in it
+  // leads out of a folder.
+  std::string fileName() const;
 
   // Called by the reporter.
   void addHeading(const std::string& text);
@@ -78,6 +83,7 @@ class Document {
  private:
   std::string firm_;
   std::string subject_;
+  std::string fileSubject_;
   std::vector<ReportHeading> headings_;
   std::vector<DocumentRow> rows_;
   std::vector<std::size_t> columns_;  // of each table

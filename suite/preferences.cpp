@@ -15,6 +15,8 @@ constexpr Preference::Value groupings[] = {{"written", "As it is"},
                                            {"lakhs", "Lakhs: 12,34,567.50"}};
 constexpr Preference::Value themes[] = {
     {"system", "As the system"}, {"light", "Light"}, {"dark", "Dark"}};
+constexpr Preference::Value orientations[] = {
+    {"automatic", "As the report needs it"}, {"portrait", "Portrait"}, {"landscape", "Landscape"}};
 
 }  // namespace
 
@@ -33,6 +35,7 @@ namespace preferences {
 
 const Preference grouping{"Grouping", groupings};
 const Preference theme{"Theme", themes};
+const Preference orientation{"PrintOrientation", orientations};
 
 }  // namespace preferences
 

@@ -29,6 +29,8 @@ namespace preferences {
 extern const Preference grouping;
 // "system", "light", "dark".
 extern const Preference theme;
+// How printed sheets lie: "automatic", "portrait", "landscape".
+extern const Preference orientation;
 
 }  // namespace preferences
 

@@ -20,8 +20,10 @@ frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dial
   };
 }
 
-std::array<frmSettings::Choice, 2> frmSettings::choices() {
-  return {{{cbogrouping, preferences::grouping}, {cbotheme, preferences::theme}}};
+std::array<frmSettings::Choice, 3> frmSettings::choices() {
+  return {{{cbogrouping, preferences::grouping},
+           {cbotheme, preferences::theme},
+           {cboorientation, preferences::orientation}}};
 }
 
 void frmSettings::load() {
@@ -49,8 +51,8 @@ void frmSettings::keep() {
 
 LayoutItem frmSettings::layout() {
   return column({field("&Name of the firm", txtfirm, 40, 1), field("&Grouping", cbogrouping, 30),
-                 field("&Colours", cbotheme, 30), gap(),
-                 row({gap(), item(cmdok), item(cmdcancel)})});
+                 field("&Colours", cbotheme, 30), field("Printed &sheets", cboorientation, 30),
+                 gap(), row({gap(), item(cmdok), item(cmdcancel)})});
 }
 
 }  // namespace quillet::suite

@@ -21,6 +21,7 @@ class frmSettings : public Form {
   TextBox txtfirm{*this, "txtfirm"};
   ComboBox cbogrouping{*this, "cbogrouping"};
   ComboBox cbotheme{*this, "cbotheme"};
+  ComboBox cboorientation{*this, "cboorientation"};
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "Cancel"};
 
@@ -37,7 +38,7 @@ class frmSettings : public Form {
     ComboBox& box;
     const Preference& preference;
   };
-  std::array<Choice, 2> choices();
+  std::array<Choice, 3> choices();
   void keep();
 
   Settings& settings_;

@@ -53,7 +53,10 @@ std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
   return std::make_unique<DocumentReporter>([this](const Document& document) {
     lastReport_ = document;
     lastReport_->setFirm(settings_.companyName());
-    if (subject_) lastReport_->setSubject(subject_());
+    if (const Form* form = reportingForm_ ? reportingForm_() : nullptr) {
+      lastReport_->setSubject(form->subject());
+      lastReport_->setFileSubject(form->fileSubject());
+    }
     frontEnd_.showReport(*lastReport_);
   });
 }
@@ -104,10 +107,7 @@ void Practice::restartModule() {
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
   standalone_.acts().follow(context());
-  standalone_.reportsAbout([this] {
-    const Form* form = context().openForms.active();
-    return form ? form->subject() : std::string();
-  });
+  standalone_.reportsOf([this] { return context().openForms.active(); });
   service().useOpenForms(context().openForms);
   commands_ = std::make_unique<PracticeCommands>(*this);
 }

@@ -51,8 +51,8 @@ class StandaloneEnvironment : public Environment {
   // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) { calc_ = std::move(options); }
 
-  // What a report that is shown is about.
-  void reportsAbout(std::function<std::string()> subject) { subject_ = std::move(subject); }
+  // The form that shows a report says what it is about.
+  void reportsOf(std::function<const Form*()> form) { reportingForm_ = std::move(form); }
   // The last report shown.
   const std::optional<Document>& lastReport() const { return lastReport_; }
   void forgetReport() { lastReport_.reset(); }
@@ -69,7 +69,7 @@ class StandaloneEnvironment : public Environment {
   DiskWatch disk_;
   ActKeeper acts_;
   CalcOptions calc_ = CalcOptions::standard();
-  std::function<std::string()> subject_;
+  std::function<const Form*()> reportingForm_;
   std::optional<Document> lastReport_;
 };
 

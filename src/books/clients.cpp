@@ -32,4 +32,9 @@ std::string subjectOf(const std::string& name, const std::string& code, const st
          shownDate(secondKey);
 }
 
+std::string fileSubjectOf(const std::string& name, const std::string& code,
+                          const std::string& firstKey) {
+  return (name.empty() ? code : name) + " " + shortYearText(yearOf(firstKey));
+}
+
 }  // namespace quillet

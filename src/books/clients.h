@@ -15,4 +15,8 @@ std::string clientName(ServiceObject& host, const std::string& code);
 std::string subjectOf(const std::string& name, const std::string& code, const std::string& firstKey,
                       const std::string& secondKey);
 
+// "Asha Traders 2008-09", as files are named after them.
+std::string fileSubjectOf(const std::string& name, const std::string& code,
+                          const std::string& firstKey);
+
 }  // namespace quillet

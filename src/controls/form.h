@@ -29,6 +29,8 @@ class Form {
   // Whose books the form is on and for what period, as its reports say it; "" when a report names
   // that by itself.
   virtual std::string subject() const { return {}; }
+  // The client and the year, as a file with such a report is named after them.
+  virtual std::string fileSubject() const { return {}; }
   OpenForms& openForms() const { return openForms_; }
   // Tells whoever keeps it whether the form still exists; it keeps nothing alive.
   std::weak_ptr<Form> handle() const { return handle_; }

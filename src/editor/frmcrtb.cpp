@@ -52,6 +52,11 @@ std::string frmcrtb::subject() const {
   return subjectOf(years.clientName(), years.client(), keys.first, keys.second);
 }
 
+std::string frmcrtb::fileSubject() const {
+  const TwoYears& years = books_.years;
+  return fileSubjectOf(years.clientName(), years.client(), years.keys(years.yearInView()).first);
+}
+
 // --- what the controls do -----------------------------------------------------------------------
 
 void frmcrtb::attachMenus() {

@@ -43,6 +43,7 @@ class frmcrtb : public Form {
 
   LayoutItem layout() override;
   std::string subject() const override;
+  std::string fileSubject() const override;
 
   // --- menus
   MenuEntry mnuentry{*this, "mnuentry", "&Entry"};

@@ -3,6 +3,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "books/clients.h"
 #include "books/ledger_cleanup.h"
 #include "editor/frmcrtb.h"
 #include "ports/busy.h"
@@ -59,6 +60,11 @@ void third::attachCommands() {
       showClients();
     };
   }
+}
+
+std::string third::fileSubject() const {
+  const YearKeys* year = years.chosen();
+  return year ? fileSubjectOf(clientName_, clientCode_, year->first) : std::string();
 }
 
 LayoutItem third::layout() {

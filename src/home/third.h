@@ -22,6 +22,8 @@ class third : public Form {
  public:
   explicit third(Context& context);
 
+  // Of the year that is chosen.
+  std::string fileSubject() const override;
   LayoutItem layout() override;
   void takenBack() override;
 

@@ -25,13 +25,13 @@ class YearList {
   void showAt(int row);
 
   // The chosen year; nothing is done when there is none.
+  const YearKeys* chosen() const;
   void open();
   void print();
   void remove();
 
  private:
   void load();
-  const YearKeys* chosen() const;
   // The registry's row of the chosen year; nothing when somebody deleted it meanwhile.
   std::optional<RegisteredYear> findChosen();
   void tellRemoved(const frmdelwhatinTB& deletion, const std::string& year);

@@ -106,4 +106,8 @@ std::string frmjrnl::subject() const {
                    secondDateKey(year_.first + 1));
 }
 
+std::string frmjrnl::fileSubject() const {
+  return fileSubjectOf(books_.clientName, books_.clientCode, firstDateKey(year_.first));
+}
+
 }  // namespace quillet

@@ -34,6 +34,7 @@ class frmjrnl : public Form {
 
   LayoutItem layout() override;
   std::string subject() const override;
+  std::string fileSubject() const override;
   void takenBack() override;
 
   Label lblsubject{*this, "lblsubject"};
