@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/theme.h"
 
@@ -48,7 +49,7 @@ void BusyPanel::begin(QWidget* over) {
   over_ = over;
   text_.clear();
   done_ = total_ = 0;
-  stoppable_ = stopped_ = false;
+  stoppable_ = stopped_ = waiting_ = false;
   since_.start();
   painted_.invalidate();
   QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -71,7 +72,13 @@ void BusyPanel::setText(const QString& text) {
 void BusyPanel::setBar(long done, long total) {
   done_ = done;
   total_ = total;
+  waiting_ = false;
   step();
+}
+
+void BusyPanel::wait() {
+  waiting_ = true;
+  if (busy_) draw();
 }
 
 bool BusyPanel::stopped() {
@@ -82,15 +89,14 @@ bool BusyPanel::stopped() {
 void BusyPanel::step() {
   if (!busy_ || since_.elapsed() < patienceMs) return;
   if (painted_.isValid() && painted_.elapsed() < frameMs && done_ < total_) return;
+  draw();
+}
+
+void BusyPanel::draw() {
   if (!panel_) build();
   const QString text = text_.isEmpty() ? tr("Please wait ...") : text_;
   label_->setText(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
-  bar_->setVisible(total_ > 0);
-  // The bar counts in thousandths: rows may be more than it can count.
-  bar_->setRange(0, 1000);
-  bar_->setValue(total_ > 0 ? static_cast<int>(1000.0 * static_cast<double>(done_) /
-                                               static_cast<double>(total_))
-                            : 0);
+  setProgress();
   place();
   panel_->show();
   panel_->raise();
@@ -98,6 +104,17 @@ void BusyPanel::step() {
   QCoreApplication::processEvents();
   shield(false);
   painted_.start();
+}
+
+// The bar counts in thousandths: rows may be more than it can count. While nobody knows how long it
+// takes, it fills every two seconds.
+void BusyPanel::setProgress() {
+  constexpr int full = 1000;
+  const double part = static_cast<double>(done_) / static_cast<double>(std::max(total_, 1L));
+  bar_->setVisible(waiting_ || total_ > 0);
+  bar_->setRange(0, full);
+  bar_->setValue(waiting_ ? static_cast<int>(since_.elapsed() / 2 % full)
+                          : static_cast<int>(full * part));
 }
 
 void BusyPanel::build() {

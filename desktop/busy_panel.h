@@ -25,6 +25,8 @@ class BusyPanel : public QObject {
   void setText(const QString& text);
   // `total` 0: no bar.
   void setBar(long done, long total);
+  // Shows at once that something is waited for: the bar moves with each call.
+  void wait();
   // Whether a person pressed Escape. Asked by work that can stop; the panel says then that it can.
   bool stopped();
 
@@ -48,6 +50,8 @@ class BusyPanel : public QObject {
 
  private:
   void step();
+  void draw();
+  void setProgress();
   void build();
   void place();
   void shield(bool on);
@@ -56,6 +60,7 @@ class BusyPanel : public QObject {
   bool shielded_ = false;
   bool stoppable_ = false;
   bool stopped_ = false;
+  bool waiting_ = false;
   QElapsedTimer since_, painted_;
   QString text_;
   long done_ = 0, total_ = 0;

@@ -101,6 +101,7 @@ ReportWindow::ReportWindow(const suite::Document& document, const QDate& printed
   place_ = new QLabel(this);
   addCommands();
   connect(area_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { tellPage(); });
+  tellPage();
   placeOn(screen()->availableGeometry());
 }
 

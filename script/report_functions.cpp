@@ -50,6 +50,8 @@ int report(Call& call) {
   lua_setfield(state, -2, "rows");
   pushRows(state, *document, pushMasks);
   lua_setfield(state, -2, "masks");
+  pushText(state, document->fileName());
+  lua_setfield(state, -2, "file");
   return 1;
 }
 

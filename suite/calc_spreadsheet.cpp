@@ -20,7 +20,11 @@ CalcOptions CalcOptions::standard() {
 }
 
 Workbook& CalcSpreadsheet::Open(const std::string& path) {
-  if (!helper_) helper_.emplace(options_.program, std::vector<std::string>{}, options_.limit);
+  if (!helper_) {
+    if (options_.waiting) options_.waiting();
+    helper_.emplace(options_.program, std::vector<std::string>{}, options_.limit);
+    helper_->whileWaiting(options_.waiting);
+  }
   sheets_ = ask({"open", path});
   return *this;
 }

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,6 +19,8 @@ namespace quillet::suite {
 struct CalcOptions {
   std::filesystem::path program;  // the helper
   std::chrono::milliseconds limit{60'000};
+  // Called before the helper starts and again and again while it keeps us waiting.
+  std::function<void()> waiting = {};
 
   // The helper beside our own program.
   static CalcOptions standard();

@@ -28,6 +28,9 @@ class FrontEnd {
   virtual void showProgress(bool show) = 0;
   virtual void progressText(const std::string& text) = 0;
   virtual void progressBar(long done, long total) = 0;
+  // The work waits for another program: the indicator shows at once, and it moves. Called again and
+  // again.
+  virtual void progressWaits() {}
   // Whether a person wants the work to stop; asked while work runs that can.
   virtual bool progressStopped() { return false; }
   virtual void showClient(const std::string& code, const std::string& name) = 0;

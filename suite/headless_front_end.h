@@ -23,6 +23,7 @@ class HeadlessFrontEnd : public FrontEnd {
   bool busy = false;
   std::string progress;             // the last text
   long done = 0, total = 0;         // the last state of the bar
+  long waits = 0;                   // how often the work said that it waits
   long updates = 0;                 // how often text or bar changed
   std::string client;               // code of the client shown last
   std::vector<std::string> menu;    // entries of the popup menu shown last
@@ -33,6 +34,7 @@ class HeadlessFrontEnd : public FrontEnd {
   void showProgress(bool show) override { busy = show; }
   void progressText(const std::string& text) override;
   void progressBar(long doneSteps, long totalSteps) override;
+  void progressWaits() override { ++waits; }
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;
   void help(const std::string& topic) override { topics.push_back(topic); }

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <csignal>
@@ -19,6 +20,8 @@ namespace quillet::suite {
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds tickTime = 40ms;
 
 [[noreturn]] void gone() { throw std::runtime_error("The spreadsheet program ended unexpectedly"); }
 
@@ -131,9 +134,14 @@ void HelperProcess::waitFor(short event, Clock::time_point end) {
   for (;;) {
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
     pollfd wanted{socket_, event, 0};
-    const int ready = left <= 0ms ? 0 : poll(&wanted, 1, static_cast<int>(left.count()));
+    const auto most = tick_ ? std::min(left, tickTime) : left;
+    const int ready = left <= 0ms ? 0 : poll(&wanted, 1, static_cast<int>(most.count()));
     if (ready > 0) return;
     if (ready < 0 && errno == EINTR) continue;
+    if (left > most) {
+      tick_();
+      continue;
+    }
     const auto seconds = std::chrono::duration<double>(limit_).count();
     throw std::runtime_error("The spreadsheet program did not answer within " +
                              std::to_string(std::lround(seconds)) + " seconds");
@@ -177,6 +185,7 @@ bool HelperProcess::answersWithin(std::chrono::milliseconds most) {
 bool HelperProcess::finish() {
   shutdown(socket_, SHUT_WR);
   const auto end = Clock::now() + limit_;
+  auto next = Clock::now() + tickTime;
   while (process_ > 0 && Clock::now() < end) {
     int status = 0;
     if (waitpid(process_, &status, WNOHANG) == process_) {
@@ -185,6 +194,9 @@ bool HelperProcess::finish() {
       return WIFEXITED(status) && WEXITSTATUS(status) == 0;
     }
     std::this_thread::sleep_for(5ms);
+    if (!tick_ || Clock::now() < next) continue;
+    tick_();
+    next = Clock::now() + tickTime;
   }
   kill();
   return false;

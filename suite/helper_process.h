@@ -5,8 +5,10 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillet::suite {
@@ -19,6 +21,9 @@ class HelperProcess {
   ~HelperProcess();
   HelperProcess(const HelperProcess&) = delete;
   HelperProcess& operator=(const HelperProcess&) = delete;
+
+  // Called again and again while the helper keeps us waiting.
+  void whileWaiting(std::function<void()> tick) { tick_ = std::move(tick); }
 
   // Each throws std::runtime_error when the helper takes too long or is gone.
   void send(std::string_view lines);
@@ -39,6 +44,7 @@ class HelperProcess {
   int process_ = -1;
   int socket_ = -1;
   std::string received_;
+  std::function<void()> tick_;
 };
 
 }  // namespace quillet::suite

@@ -66,7 +66,9 @@ std::unique_ptr<StockForms> StandaloneEnvironment::createStockForms(OpenForms& o
 }
 
 std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
-  return std::make_unique<CalcSpreadsheet>(calc_);
+  CalcOptions options = calc_;
+  options.waiting = [this] { frontEnd_.progressWaits(); };
+  return std::make_unique<CalcSpreadsheet>(std::move(options));
 }
 
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,

@@ -187,6 +187,7 @@ void frmcrtb::SETBUTTON() {
     for (Control* command : std::initializer_list<Control*>{&mnuPreview, &mnuexport, &cmdexport}) {
       command->setEnabled(read);
     }
+    mnuprnvar.setEnabled(read && books_.years.view() == TwoYears::View::both);
     entry_.enable(table);
     groupPage_.setButtons();
   });

@@ -71,6 +71,7 @@ class frmcrtb : public Form {
       *this, "mnuyrs", {"&Current Year", "&Previous Year", "&Both Years"}, &mnuyropts};
   MenuEntry mnuprint{*this, "mnuprint", "Prin&t"};
   MenuEntry mnuPreview{*this, "mnuPreview", "&Trial Balance...", &mnuprint, "Ctrl+P"};
+  MenuEntry mnuprnvar{*this, "mnuprnvar", "Both Years with &Variance...", &mnuprint};
   MenuEntry mnuprnsumm{*this, "mnuprnsumm", "&Summary Figures...", &mnuprint};
   MenuEntry mnuexport{*this, "mnuexport", "&Export to Excel...", &mnuprint, "Ctrl+E"};
   MenuEntry mnuhelpmenu{*this, "mnuhelpmenu", "&Help"};

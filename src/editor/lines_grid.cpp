@@ -81,4 +81,9 @@ LinesGrid::Row LinesGrid::row(int row) const {
   return {entry.particular, entry.group, line ? &*line : nullptr};
 }
 
+const Line* LinesGrid::lineBefore(int row) const {
+  const auto& line = entryOf(row).line[previous];
+  return line ? &*line : nullptr;
+}
+
 }  // namespace quillet

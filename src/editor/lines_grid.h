@@ -33,6 +33,8 @@ class LinesGrid {
     const Line* line;
   };
   Row row(int row) const;
+  // The previous year's line beside it, null when there is none.
+  const Line* lineBefore(int row) const;
 
  private:
   void setColumns();

@@ -8,12 +8,39 @@
 #include "ports/busy.h"
 
 namespace quillet {
+namespace {
+
+constexpr const char* absent = "-";
+
+// An amount of both years, debit positive and credit negative.
+struct Compared {
+  Money now, before;
+
+  void add(const Line* line, const Line* lineBefore) {
+    if (line) now += Money::rounded(line->balance());
+    if (lineBefore) before += Money::rounded(lineBefore->balance());
+  }
+};
+
+// What the balance moved by, and how much of the previous year's that is: it is positive where the
+// balance grew on its own side. Nothing can be said of a year that begins with nothing.
+void addVariance(const ServiceObject& host, std::vector<std::string>& cells,
+                 const Compared& compared) {
+  const Money variance = compared.now - compared.before;
+  const double part = variance.isZero() ? 0 : variance.rupees() / compared.before.rupees() * 100;
+  cells.push_back(plainAmount(host, variance));
+  cells.push_back(compared.before.isZero() ? "" : plainAmount(host, part));
+}
+
+}  // namespace
 
 EditorPrintouts::EditorPrintouts(frmcrtb& form, OpenBooks& books, const LinesGrid& lines,
                                  SummaryPage& summary)
     : form_(form), books_(books), lines_(lines), summary_(summary) {
   frmcrtb::on(form.mnuPreview.Click, "mnuPreview_Click",
               [this] { showReport("PrintTrial", [this] { PrintTrial(); }); });
+  frmcrtb::on(form.mnuprnvar.Click, "mnuprnvar_Click",
+              [this] { showReport("PrintVariance", [this] { PrintVariance(); }); });
   frmcrtb::on(form.mnuprnsumm.Click, "CMDPRNSUMM_CLICK", [this] { CMDPRNSUMM_CLICK(); });
   form.cmdprnsumm.Click = [this] { CMDPRNSUMM_CLICK(); };
 }
@@ -65,6 +92,49 @@ void EditorPrintouts::PrintTrial() {
     return printer::emphasised(plainAmount(books_.host(), amount));
   };
   table.row({"", "Total", "", total(debits), total(credits)});
+}
+
+void EditorPrintouts::PrintVariance() {
+  const Busy busy(books_.host());
+  printTitle("Trial Balance with Variance");
+  ReportTable table(*books_.context.reporter,
+                    {Align::right, Align::left, Align::left, Align::right, Align::center,
+                     Align::right, Align::center, Align::right, Align::right});
+  table.heading({"SN", "Ledger Name", "Group", "Amount (Curr)", "Dr/Cr", "Amount (Prev)", "Dr/Cr",
+                 "Variance", std::string("%") + printer::emphasisOff});
+  const ServiceObject& host = books_.host();
+  Compared debits;
+  Compared credits;
+  for (int row = 1; row <= form_.vsfm.rows(); ++row) {
+    const auto [particular, group, line] = lines_.row(row);
+    const Line* before = lines_.lineBefore(row);
+    std::vector<std::string> cells{std::to_string(row), particular, group};
+    for (const Line* year : {line, before}) {
+      cells.push_back(year ? plainAmount(host, year->amount) : absent);
+      cells.emplace_back(year ? year->side() : absent);
+    }
+    Compared compared;
+    compared.add(line, before);
+    addVariance(host, cells, compared);
+    table.row(std::move(cells));
+    const auto onSide = [](const Line* year, bool ofCredit) {
+      return year && year->isCredit() == ofCredit ? year : nullptr;
+    };
+    debits.add(onSide(line, false), onSide(before, false));
+    credits.add(onSide(line, true), onSide(before, true));
+  }
+  const auto total = [&](const char* name, const char* side, const Compared& sum) {
+    std::vector<std::string> cells{
+        "",  name, "", plainAmount(host, abs(sum.now)), side, plainAmount(host, abs(sum.before)),
+        side};
+    addVariance(host, cells, sum);
+    for (std::string& cell : cells) {
+      if (!cell.empty()) cell = printer::emphasised(cell);
+    }
+    table.row(std::move(cells));
+  };
+  total("Total Debit", "DR", debits);
+  total("Total Credit", "CR", credits);
 }
 
 void EditorPrintouts::REPORT_SUMM() {

@@ -17,6 +17,7 @@ class EditorPrintouts {
  private:
   void CMDPRNSUMM_CLICK();
   void PrintTrial();
+  void PrintVariance();
   void REPORT_SUMM();
   void showReport(const char* procedure, const std::function<void()>& write);
   void printTitle(const std::string& title);

@@ -186,6 +186,9 @@ TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
   settle();
   app.showProgress(true);
   EXPECT_FALSE(app.progressStopped());
+  app.progressWaits();
+  panel = window()->findChild<QWidget*>("busy");
+  EXPECT_TRUE(panel && panel->isVisible()) << "other programs take their time";
   app.showProgress(false);
   EXPECT_EQ(form.txtamount.text(), "");
   EXPECT_EQ(window()->findChild<QWidget*>("busy"), nullptr);

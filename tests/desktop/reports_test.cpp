@@ -31,6 +31,14 @@ suite::Document table(const Rows& rows, const std::vector<Align>& alignments = {
   return document;
 }
 
+// What a program that is not ours reads in the file.
+QByteArray textIn(const QString& pdf) {
+  QProcess reader;
+  reader.start("pdftotext", {"-layout", pdf, "-"});
+  EXPECT_TRUE(reader.waitForFinished());
+  return reader.readAllStandardOutput();
+}
+
 suite::Document report(int ledgers, std::size_t textColumns = 1) {
   std::vector<std::string> cells(textColumns, "PARTICULARS OF THE LEDGER ACCOUNT");
   std::vector<Align> alignments(textColumns, Align::left);
@@ -99,11 +107,62 @@ TEST(Reports, HeadingsOfBlocksStandOverTheirColumns) {
   EXPECT_EQ(room(2, 1).right(), room(1, 4).right());
 }
 
-TEST(Reports, TurnThePageWhenTheColumnsNeedIt) {
+TEST(Reports, TurnThePageWhenTheColumnsNeedItOrAPersonWantsIt) {
+  using enum ReportStyle::Orientation;
   const suite::Document slim = report(3), wide = report(3, 5), empty;
-  EXPECT_FALSE(ReportPages(slim, {}).landscape());
-  EXPECT_TRUE(ReportPages(wide, {}).landscape());
-  EXPECT_EQ(ReportPages(empty, {}).count(), 1);
+  const struct {
+    const suite::Document& document;
+    ReportStyle::Orientation wanted;
+    bool landscape;
+  } cases[] = {{slim, automatic, false},
+               {slim, landscape, true},
+               {wide, automatic, true},
+               {wide, portrait, false},
+               {empty, automatic, false}};
+  for (const auto& [document, wanted, landscape] : cases) {
+    const ReportPages pages(document, {}, {wanted});
+    EXPECT_EQ(pages.landscape(), landscape);
+    EXPECT_EQ(pages.count(), 1);
+    if (document.rows().empty()) continue;
+    const std::size_t last = document.rows()[0].cells.size() - 1;
+    EXPECT_LT(pages.room(document.rows()[1], last).right(), pages.size().width());
+  }
+}
+
+// Long names and the largest figures: 2,000 lines on upright sheets, no row torn, nothing cut.
+TEST(Reports, NamesWrapAndFiguresStayWhole) {
+  const std::string unbroken(90, 'Q');
+  const std::vector<std::string> names{"Salaries", "Elavanti Synthetics", "Bank Charges",
+                                       "Sri Venkateswara Handloom Weavers Society, Kaveripur",
+                                       "कावेरीपुर व्यापार मंडल 😀"};
+  Rows rows{{{"SN", "Ledger Name", "Group", "Amount (Dr)", "Amount (Cr)"}, true}};
+  for (int line = 1; line <= 2'000; ++line) {
+    const std::string& name = line == 7 ? unbroken : names[static_cast<std::size_t>(line) % 5];
+    rows.push_back(
+        {{std::to_string(line), name, "SUNDRY CREDITORS", "9999999999999.99", ""}, false});
+  }
+  const suite::Document document =
+      table(rows, {Align::right, Align::left, Align::left, Align::right, Align::right});
+  const ReportStyle style{ReportStyle::Orientation::automatic, view::Grouping::lakhs};
+  const ReportPages pages(document, QDate(2009, 4, 1), style);
+  EXPECT_FALSE(pages.landscape());
+  EXPECT_LT(pages.count(), 60);
+  std::vector<std::size_t> begun(rows.size());
+  for (int page = 0; page < pages.count(); ++page) {
+    for (const std::size_t row : pages.rowsOn(page)) ++begun[row];
+  }
+  EXPECT_EQ(std::count(begun.begin() + 1, begun.end(), 1U), 2'000);
+  EXPECT_EQ(pages.pageOf(2'000), pages.count() - 1);
+
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("tb.pdf");
+  ASSERT_TRUE(savePdf(document, path, QDate(2009, 4, 1), style));
+  const QByteArray text = textIn(path);
+  EXPECT_EQ(text.count("99,99,99,99,99,999.99"), 2'000);
+  EXPECT_EQ(text.count("Ledger Name"), pages.count());
+  EXPECT_EQ(text.count('Q'), 90);
+  const QByteArray place = "Page 2 of " + QByteArray::number(pages.count());
+  EXPECT_TRUE(text.contains(place)) << place.constData();
 }
 
 TEST(Reports, AreSavedWholeWithAWideTitleOrNotAtAll) {
@@ -114,10 +173,7 @@ TEST(Reports, AreSavedWholeWithAWideTitleOrNotAtAll) {
   EXPECT_FALSE(savePdf(document, folder.filePath("no/such/folder.pdf")));
   const QString path = folder.filePath("tb.pdf");
   ASSERT_TRUE(savePdf(document, path, QDate(2009, 4, 1)));
-  QProcess reader;
-  reader.start("pdftotext", {"-layout", path, "-"});
-  ASSERT_TRUE(reader.waitForFinished());
-  const QByteArray text = reader.readAllStandardOutput();
+  const QByteArray text = textIn(path);
   EXPECT_TRUE(text.contains("that is printed\n")) << text.constData();
   EXPECT_LT(text.indexOf("printed\n"), text.indexOf("SHAH & CO"));
   EXPECT_LT(text.indexOf("SHAH & CO"), text.indexOf("PARTICULARS"));
@@ -136,9 +192,31 @@ TEST_F(ReportsShown, ReportsAreShownPageByPage) {
   auto* shown = dynamic_cast<ReportWindow*>(QApplication::activeWindow());
   ASSERT_TRUE(shown);
   EXPECT_EQ(shown->pageInView(), 0);
+  EXPECT_TRUE(shown->screen()->availableGeometry().contains(shown->frameGeometry()));
+  const auto press = [&](Qt::Key code, Qt::KeyboardModifiers held = {}) {
+    QTest::keyClick(shown->centralWidget(), code, held);
+    settle();
+  };
   const double fitting = shown->scale();
-  shown->zoom(1.25);
-  EXPECT_DOUBLE_EQ(shown->scale(), fitting * 1.25);
+  for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal}) {
+    press(plus, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(shown->scale(), fitting * 1.25);
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(shown->scale(), fitting);
+  }
+  const int last = shown->pages().count() - 1;
+  press(Qt::Key_End);
+  EXPECT_EQ(shown->pageInView(), last);
+  press(Qt::Key_Home);
+  press(Qt::Key_PageDown);
+  press(Qt::Key_PageDown);
+  EXPECT_GT(shown->pageInView(), 0);
+  EXPECT_LT(shown->pageInView(), last);
+  press(Qt::Key_L, Qt::ControlModifier);
+  EXPECT_TRUE(shown->pages().landscape());
+  EXPECT_GT(shown->pageInView(), 0) << "what was read stays in view";
+  press(Qt::Key_L, Qt::ControlModifier);
+  EXPECT_FALSE(shown->pages().landscape());
   EXPECT_FALSE(theApplication().screenshot().isNull());
   QTest::keyClick(shown->centralWidget(), Qt::Key_Escape);
   settle();

@@ -71,6 +71,20 @@ TEST_F(NotedExportTest, SendsTheRowsAndReplacesTheTarget) {
   EXPECT_TRUE(fs::exists(folder_.path() / "BIG.XLS"));
 }
 
+// Before the helper is there, and as long as it makes us wait.
+TEST_F(NotedExportTest, SaysAtOnceThatItExports) {
+  useHelper(
+      "open*) sleep 0.3; printf 'ok\\tTB\\n';; save|close) echo ok;; quit) echo ok; exit 0;;");
+  frmcrtb& form = open("C1", 2008);
+  frontEnd.waits = 0;
+  EXPECT_EQ(run(form, target_), (Texts{exportedTo(target_)}));
+  EXPECT_GT(frontEnd.waits, 4);
+  practice.environment().useCalc({folder_.path() / "nothing", 20s});
+  frontEnd.waits = 0;
+  expectRefused(form);
+  EXPECT_EQ(frontEnd.waits, 1);
+}
+
 TEST_F(NotedExportTest, ARowWithoutASideHasNoAmount) {
   useSheets("TB");
   frmcrtb& form = open("C1", 2008);

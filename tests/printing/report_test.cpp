@@ -70,12 +70,70 @@ TEST_F(ReportTest, PageOrderAndYearAreTheGrids) {
         suite::dotMatrixOf(document(), suite::PaperWidth::columns80).find("Asha Traders (C1)"),
         std::string::npos);
   }
+  EXPECT_EQ(document().fileName(), "Asha Traders 2007-08 Trial Balance");
   // Beside the previous year the current one is printed; what it does not have has no amount.
   form.click(form.mnuyrs[2]);
   form.click(form.mnuPreview);
   const auto old = static_cast<std::size_t>(form.vsfm.find(0, "Old loan"));
   EXPECT_EQ(printed().at(old), (Texts{std::to_string(old), "Old loan", "CAPITAL", "", ""}));
   EXPECT_EQ(printed().back(), cases[0].last);
+}
+
+// What both years differ by: debit positive, credit negative, the per cent positive where a balance
+// grew on its own side, and none of nothing.
+TEST_F(ReportTest, BothYearsWithTheVariance) {
+  addYear("C3", 2007,
+          {{"Cash", "BANKS", 200},
+           {"Rent", "RENT", 100},
+           {"Sales", "SALES", -300},
+           {"Nil", "RENT", 0},
+           {"Old loan", "CAPITAL", -70},
+           {"Same", "RENT", 70}});
+  addYear("C3", 2008,
+          {{"Cash", "BANKS", -50},
+           {"Rent", "RENT", 150},
+           {"Sales", "SALES", -400},
+           {"Nil", "RENT", 5},
+           {"New", "RENT", 225.5},
+           {"Same", "RENT", 70}});
+  frmcrtb& form = open("C3", 2008);
+  EXPECT_FALSE(form.mnuprnvar.enabled());
+  form.click(form.mnuyrs[2]);
+  const Texts told = calls(form, form.mnuprnvar);
+  EXPECT_EQ(told[2], "printtext <ESC E>Trial Balance with Variance<ESC F>");
+  EXPECT_EQ(told[4], "CreateTable 1,9");
+  EXPECT_EQ(told[5],
+            "SN|Ledger Name|Group|Amount (Curr)|Dr/Cr|Amount (Prev)|Dr/Cr|Variance|%<ESC F> "
+            "111111111 111111111 000000001 111111111");
+  Rows rows = printed();
+  rows.erase(rows.begin());
+  EXPECT_EQ(rows,
+            (Rows{{"1", "Cash", "BANKS", "50.00", "CR", "200.00", "DR", "-250.00", "-125.00"},
+                  {"2", "Rent", "RENT", "150.00", "DR", "100.00", "DR", "50.00", "50.00"},
+                  {"3", "Sales", "SALES", "400.00", "CR", "300.00", "CR", "-100.00", "33.33"},
+                  {"4", "Nil", "RENT", "5.00", "DR", "0.00", "DR", "5.00", ""},
+                  {"5", "New", "RENT", "225.50", "DR", "-", "-", "225.50", ""},
+                  {"6", "Same", "RENT", "70.00", "DR", "70.00", "DR", "0.00", "0.00"},
+                  {"7", "Old loan", "CAPITAL", "-", "-", "70.00", "CR", "70.00", "-100.00"},
+                  {"", "Total Debit", "", "450.50", "DR", "370.00", "DR", "80.50", "21.76"},
+                  {"", "Total Credit", "", "450.00", "CR", "370.00", "CR", "-80.00", "21.62"}}));
+  EXPECT_EQ(document().fileName(), "Client C3 2008-09 Trial Balance with Variance");
+}
+
+// A name can be anything, a file's cannot.
+TEST(ReportFileName, LeadsOutOfNoFolderAndIsNotTooLong) {
+  const auto named = [](const std::string& subject) {
+    suite::Document document;
+    document.addHeading("Subsidiary Trial Balance of Rao & Co for the Period from 1/4/2008");
+    document.setFileSubject(subject);
+    return document.fileName();
+  };
+  EXPECT_EQ(named("../../a\\b: \n2008-09"), "-.-..-a-b- -2008-09 Subsidiary Trial Balance");
+  EXPECT_EQ(named(""), "Subsidiary Trial Balance");
+  std::string name;
+  while (name.size() < 400) name += "म";
+  EXPECT_LE(named(name).size(), 200U);
+  EXPECT_TRUE(named(name).ends_with("म Subsidiary Trial Balance"));
 }
 
 // 3,000 lines of odd amounts: the printed total is the sum of what is printed and what the screen

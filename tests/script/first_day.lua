@@ -101,14 +101,15 @@ equal(quillet.query("select (select count(*) from owner1)+(select count(*) from 
 -- The firm's name stands on the settings page, and at the head of a report from then on.
 home.mnusettings:click()
 local settings = quillet.form("frmSettings")
-equal({ settings.txtfirm.text, settings.cbogrouping.text, settings.cbotheme.text },
-  { "", "As it is", "As the system" })
+equal({ settings.txtfirm.text, settings.cbogrouping.text, settings.cbotheme.text,
+  settings.cboorientation.text }, { "", "As it is", "As the system", "As the report needs it" })
 settings.txtfirm:type("Rao & Co")
 settings.cbogrouping:choose("Lakhs: 12,34,567.50")
 settings.cbotheme:choose("Dark")
+settings.cboorientation:choose("Landscape")
 settings.cmdok:click()
 home.mnusettings:click()
-equal({ settings.txtfirm.text, settings.cbogrouping.text, settings.cbotheme.text },
-  { "Rao & Co", "Lakhs: 12,34,567.50", "Dark" })
+equal({ settings.txtfirm.text, settings.cbogrouping.text, settings.cbotheme.text,
+  settings.cboorientation.text }, { "Rao & Co", "Lakhs: 12,34,567.50", "Dark", "Landscape" })
 settings:press("Escape")
 equal(quillet.log(), {})
