@@ -18,6 +18,7 @@ constexpr double point = ReportPages::unitsPerInch / 72.0;
 constexpr double margin = 30 * point;
 constexpr double footHeight = 18 * point;
 constexpr double usualSize = 9 * point;
+constexpr double smallSize = 7 * point;
 constexpr double leastShrink = 0.7;  // of a heading that is too wide
 constexpr int headingFlags = Qt::AlignCenter | Qt::TextWordWrap;
 const QSizeF portraitPage(595.3 * point, 841.9 * point);
@@ -61,17 +62,23 @@ double ReportPages::bodyWidth() const { return size().width() - 2 * margin; }
 double ReportPages::footTop() const { return size().height() - margin - footHeight; }
 double ReportPages::inset() const { return font_.plain.pixelSize() * 0.12; }
 
-// Print is made smaller only where the figures would not have room.
+// Print is made smaller so that texts can be read with ease, and further only where the figures
+// would not have room.
 void ReportPages::fit() {
   using Orientation = ReportStyle::Orientation;
-  font_ = ReportFont::ofSize(usualSize);
-  columns_.emplace(document_, font_, style_);
-  landscape_ = style_.orientation == Orientation::landscape ||
-               (style_.orientation == Orientation::automatic && columns_->wanted() > bodyWidth());
-  for (double size = usualSize; columns_->needed() > bodyWidth() && size > 1;) {
-    size = std::min(size - 1, size * bodyWidth() / columns_->needed());
+  const auto set = [&](double size) {
     font_ = ReportFont::ofSize(size);
     columns_.emplace(document_, font_, style_);
+  };
+  set(usualSize);
+  landscape_ = style_.orientation == Orientation::landscape ||
+               (style_.orientation == Orientation::automatic && columns_->wanted() > bodyWidth());
+  if (columns_->wanted() > bodyWidth()) {
+    set(std::max(smallSize, usualSize * bodyWidth() / columns_->wanted()));
+  }
+  for (double size = smallSize; columns_->needed() > bodyWidth() && size > 1;) {
+    size = std::min(size - 1, size * bodyWidth() / columns_->needed());
+    set(size);
   }
   columns_->fit(bodyWidth());
 }

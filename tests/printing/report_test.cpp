@@ -117,7 +117,7 @@ TEST_F(ReportTest, BothYearsWithTheVariance) {
                   {"7", "Old loan", "CAPITAL", "-", "-", "70.00", "CR", "70.00", "-100.00"},
                   {"", "Total Debit", "", "450.50", "DR", "370.00", "DR", "80.50", "21.76"},
                   {"", "Total Credit", "", "450.00", "CR", "370.00", "CR", "-80.00", "21.62"}}));
-  EXPECT_EQ(document().fileName(), "Client C3 2008-09 Trial Balance with Variance");
+  EXPECT_EQ(document().fileName(), "C3 2008-09 Trial Balance with Variance");
 }
 
 // A name can be anything, a file's cannot.

@@ -71,6 +71,8 @@ heads("Adjustment Entries Passed of Sample & Associates")
 journal.cmdtb:click()
 heads("Subsidiary Trial Balance of Sample & Associates")
 
+journal:close()
+
 -- Sheets lie and amounts are divided as the settings say; the text keeps them as they are.
 home.mnusettings:click()
 quillet.form("frmSettings").cboorientation:choose("Landscape")
