@@ -71,6 +71,7 @@ heads("Adjustment Entries Passed of Sample & Associates")
 journal.cmdtb:click()
 heads("Subsidiary Trial Balance of Sample & Associates")
 
+quillet.answer("Yes")
 journal:close()
 
 -- Sheets lie and amounts are divided as the settings say; the text keeps them as they are.
