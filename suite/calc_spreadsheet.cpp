@@ -15,8 +15,9 @@ constexpr std::size_t batchSize = 65'536;
 
 CalcOptions CalcOptions::standard() {
   std::error_code ignored;
-  const fs::path self = fs::read_symlink("/proc/self/exe", ignored);
-  return {self.parent_path() / "quillet-calc"};
+  const fs::path folder = fs::read_symlink("/proc/self/exe", ignored).parent_path();
+  const fs::path installed = folder.parent_path() / "libexec/quillet/quillet-calc";
+  return {fs::exists(installed, ignored) ? installed : folder / "quillet-calc"};
 }
 
 Workbook& CalcSpreadsheet::Open(const std::string& path) {
