@@ -20,6 +20,10 @@ class DesktopDialogs : public Dialogs {
   std::optional<std::string> saveFile(const std::string& filter,
                                       const std::string& proposed) override;
   std::optional<std::string> openFile(const std::string& filter, const std::string& folder);
+  // In the folder that was used last.
+  std::optional<std::string> openFile(const std::string& filter) override {
+    return openFile(filter, {});
+  }
   std::optional<std::string> password(const std::string& prompt) override;
 
  private:

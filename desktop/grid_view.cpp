@@ -1,5 +1,7 @@
 #include "desktop/grid_view.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -50,6 +52,10 @@ void GridView::widen(int column) {
 // --- keys ---------------------------------------------------------------------------------------
 
 bool GridView::keyPressed(QKeyEvent& event) {
+  if (event.matches(QKeySequence::Paste)) {
+    takesCells(fromQt(QGuiApplication::clipboard()->text()));
+    return true;
+  }
   switch (event.key()) {
     case Qt::Key_Menu:
       popUp();

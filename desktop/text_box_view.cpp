@@ -85,7 +85,8 @@ bool TextBoxView::keyPressed(QKeyEvent& event) {
 }
 
 void TextBoxView::typeText(const QString& text) {
-  if (!box_.locked()) typeEach(view::pastedKeys(fromQt(text), box_.maxLength()));
+  if (box_.locked() || takesCells(fromQt(text))) return;
+  typeEach(view::pastedKeys(fromQt(text), box_.maxLength()));
 }
 
 void TextBoxView::typeEach(const std::vector<Key>& typed) {

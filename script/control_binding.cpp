@@ -6,6 +6,7 @@
 #include "controls/choice.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
+#include "controls/pasted_cells.h"
 #include "controls/text_box.h"
 #include "script/keys.h"
 #include "script/member.h"
@@ -61,6 +62,16 @@ int press(Call& call, Control& control) {
   return call.none();
 }
 
+int paste(Call& call, Control& control) {
+  const std::string text = call.text(2);
+  call.session().act([&] {
+    focusOn(call.session(), control);
+    if (!pasteCells(control, text)) throw Error(describe(control) + " takes no cells of that text");
+    control.form().repairFocus();
+  });
+  return call.none();
+}
+
 constexpr Member common[] = {
     {"name", [](const Call& call, const Control& control) { return call.give(control.name()); }},
     {"text", [](const Call& call, const Control& control) { return call.give(control.text()); }},
@@ -72,6 +83,7 @@ constexpr Member common[] = {
      [](const Call& call, const Control& control) { return call.give(visible(control)); }},
     {"focus", nullptr, focus},
     {"press", nullptr, press},
+    {"paste", nullptr, paste},
 };
 
 // --- text and date boxes ------------------------------------------------------------------------

@@ -79,6 +79,10 @@ std::optional<std::string> QueuedDialogs::saveFile(const std::string&,
   return path;
 }
 
+std::optional<std::string> QueuedDialogs::openFile(const std::string& filter) {
+  return saveFile(filter, {});
+}
+
 std::optional<std::string> QueuedDialogs::password(const std::string& prompt) {
   prompts_.push_back(prompt);
   if (passwords_.empty()) fail("No password is queued for the prompt \"" + prompt + "\".");

@@ -44,6 +44,7 @@ class QueuedDialogs : public Dialogs {
   Answer MsgBox(const Message& message) override;
   std::optional<std::string> saveFile(const std::string& filter,
                                       const std::string& proposed) override;
+  std::optional<std::string> openFile(const std::string& filter) override;
   std::optional<std::string> password(const std::string& prompt) override;
 
  private:

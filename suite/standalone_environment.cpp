@@ -8,6 +8,7 @@
 #include "suite/practice_start.h"
 #include "suite/reporter.h"
 #include "suite/schema.h"
+#include "suite/sheets/source_files.h"
 #include "suite/stock_form.h"
 #include "suite/table_numbers.h"
 
@@ -69,6 +70,11 @@ std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
   CalcOptions options = calc_;
   options.waiting = [this] { frontEnd_.progressWaits(); };
   return std::make_unique<CalcSpreadsheet>(std::move(options));
+}
+
+SourceReader* StandaloneEnvironment::sourceReader() {
+  if (!sourceReader_) sourceReader_ = std::make_unique<SourceFiles>(calc_);
+  return sourceReader_.get();
 }
 
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,

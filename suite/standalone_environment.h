@@ -40,6 +40,7 @@ class StandaloneEnvironment : public Environment {
   std::unique_ptr<Spreadsheet> createSpreadsheet() override;
   Dialogs& dialogs() override { return dialogs_; }
   Clock& clock() override { return clock_; }
+  SourceReader* sourceReader() override;
   FileRemover& fileRemover() override { return fileRemoval_; }
   void trapped(const std::string& where, const std::exception& error) override {
     acts_.trapped(where, error);
@@ -49,7 +50,10 @@ class StandaloneEnvironment : public Environment {
   UnitOfWork& unit() { return unit_; }
 
   // Uses another helper for workbooks than the one in the folder of our program.
-  void useCalc(CalcOptions options) { calc_ = std::move(options); }
+  void useCalc(CalcOptions options) {
+    calc_ = std::move(options);
+    sourceReader_.reset();
+  }
 
   // The form that shows a report says what it is about.
   void reportsOf(std::function<const Form*()> form) { reportingForm_ = std::move(form); }
@@ -71,6 +75,7 @@ class StandaloneEnvironment : public Environment {
   CalcOptions calc_ = CalcOptions::standard();
   std::function<const Form*()> reportingForm_;
   std::optional<Document> lastReport_;
+  std::unique_ptr<SourceReader> sourceReader_;  // made with the first file
 };
 
 // A practice at work: an open data folder with its database, and the module on top. The desktop,

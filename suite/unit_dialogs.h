@@ -28,6 +28,10 @@ class UnitDialogs : public Dialogs {
     waitForAnswer();
     return dialogs_.saveFile(filter, proposed);
   }
+  std::optional<std::string> openFile(const std::string& filter) override {
+    waitForAnswer();
+    return dialogs_.openFile(filter);
+  }
   std::optional<std::string> password(const std::string& prompt) override {
     waitForAnswer();
     return dialogs_.password(prompt);

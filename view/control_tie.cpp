@@ -1,5 +1,7 @@
 #include "view/control_tie.h"
 
+#include "controls/pasted_cells.h"
+
 namespace quillet::view {
 
 bool ControlTie::arrive() {
@@ -15,6 +17,13 @@ void ControlTie::pressAll(const std::vector<Key>& typed) {
     if (detached_) break;
     perform([&] { control_.form().press(key); });
   }
+}
+
+bool ControlTie::takesCells(const std::string& pasted) {
+  if (detached_ || !control_.PasteCells || !isCellRange(pasted)) return false;
+  bool taken = false;
+  perform([&] { taken = pasteCells(control_, pasted); });
+  return taken;
 }
 
 void ControlTie::typeAll(const std::vector<Key>& typed, const std::function<bool(Key)>& type) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "controls/form.h"
@@ -38,6 +39,8 @@ class ControlTie {
   bool arrive();
   // Keys for the form, one after the other.
   void pressAll(const std::vector<Key>& typed);
+  // Hands a pasted range of cells to the control. False: it is pasted as any other text.
+  bool takesCells(const std::string& pasted);
   // Keys that are meant for this control alone, as one act: the windows are brought up to date
   // once. A handler that sends the focus on ends a paste: the rest belongs to no other box. So does
   // a message: one that is told why a key was refused is not told so for each key that follows. And

@@ -86,6 +86,8 @@ class Control {
   // Before the focus leaves; true keeps it.
   Event<bool&> Validate{form_, name_, "VALIDATE"};
   Event<> LostFocus{form_, name_, "LOSTFOCUS"};
+  // A range of cells was pasted; where nothing is attached it is pasted as any other text.
+  Event<const std::string&> PasteCells{form_, name_, "PASTECELLS"};
 
  protected:
   void touch();

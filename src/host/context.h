@@ -11,6 +11,7 @@
 #include "controls/open_forms.h"
 #include "data/sql.h"
 #include "ports/ports.h"
+#include "ports/source_book.h"
 
 namespace quillet {
 
@@ -25,6 +26,8 @@ class Environment {
   virtual std::unique_ptr<Spreadsheet> createSpreadsheet() = 0;
   virtual Dialogs& dialogs() = 0;
   virtual Clock& clock() = 0;
+  // Reads the files of an import; null where the host reads none.
+  virtual SourceReader* sourceReader() { return nullptr; }
   virtual FileRemover& fileRemover() { return removeAtOnce_; }
   // A procedure was ended by an error, which the error log has by now. `where` is what the form is
   // called.

@@ -42,6 +42,12 @@ class Dialogs {
   // "Excel Files|*.xls".
   virtual std::optional<std::string> saveFile(const std::string& filter,
                                               const std::string& proposed) = 0;
+  // The path of a file that a person chose to read; nothing when the dialog was cancelled, and
+  // where a host has no such dialog.
+  virtual std::optional<std::string> openFile(const std::string& filter) {
+    (void)filter;
+    return std::nullopt;
+  }
   // A password typed by a person; nothing when the dialog was cancelled.
   virtual std::optional<std::string> password(const std::string& prompt) = 0;
 };

@@ -64,6 +64,7 @@ bool GridView::keepsKey(WPARAM code) const { return editor_ && isEditingKey(code
 
 // Whatever else is pressed is none of the list's: it would choose rows by itself.
 bool GridView::commandKey(WPARAM code) {
+  if (editingCommand(code) == UINT{WM_PASTE}) takesCells(clipboardText(window()));
   if (code == VK_F2) edit({grid_.current(), view::firstWritten(grid_, grid_.current())});
   return true;
 }

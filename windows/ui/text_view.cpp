@@ -97,6 +97,10 @@ void TextView::keysTyped(const std::vector<Key>& typed) {
           [this](Key key) { return view::typeInto(box_, key, [this](Key left) { edit(left); }); });
 }
 
+void TextView::paste(const std::string& text) {
+  if (!box_.locked() && !takesCells(text)) keysTyped(view::pastedKeys(text, box_.maxLength()));
+}
+
 // A window is slow at each edit of a long text, so the model takes the keys and the window what
 // came of them, as one edit that can be undone.
 void TextView::paste(const std::vector<Key>& typed) {
@@ -185,7 +189,7 @@ void TextView::followSelection() {
 std::optional<LRESULT> TextView::received(const WindowMessage& message) {
   switch (message.id) {
     case WM_PASTE:
-      if (!box_.locked()) keysTyped(view::pastedKeys(clipboardText(window()), box_.maxLength()));
+      paste(clipboardText(window()));
       return 0;
     case WM_IME_COMPOSITION:
       if (message.longer & GCS_RESULTSTR) return compose(message);

@@ -33,6 +33,7 @@ class TextView : public ControlView {
   void showSelection();
 
   void paste(const std::vector<Key>& typed);
+  void paste(const std::string& text);
   void showPasted();
   void edit(Key key);
   void replace(std::size_t start, std::size_t length, const std::string& text);
