@@ -54,6 +54,16 @@ void Journal::eachRow(const std::string& from, const std::string& to,
   }
 }
 
+std::map<LedgerGroup, Money> Journal::posted() const {
+  const auto rows =
+      host_.query("Select PartId,AllId,Amount From " + table_ + " Where code_no='" + client_ + "'");
+  std::map<LedgerGroup, Money> sums;
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    sums[{rows->integer(0), rows->integer(1)}] += Money::rounded(rows->number(2));
+  }
+  return sums;
+}
+
 Voucher Journal::read(long vid, Reading reading) const {
   const Sql from = "Select * from " + table_;
   const auto rows = host_.query(reading == Reading::entry

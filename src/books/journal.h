@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 
 #include "books/voucher.h"
@@ -30,6 +31,9 @@ class Journal {
   // Hands over the rows from one day to another (dd/mm/yyyy), voucher by voucher.
   void eachRow(const std::string& from, const std::string& to,
                const std::function<void(Row row)>& take) const;
+
+  // What the client's vouchers post in all, by the pairs that their lines name.
+  std::map<LedgerGroup, Money> posted() const;
 
   // What a voucher is read for, and how the select is spelt.
   enum class Reading { entry, posting };

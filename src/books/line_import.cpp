@@ -8,13 +8,15 @@
 
 namespace quillet {
 
-ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen) {
+ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen,
+                          const std::function<void()>& besides) {
   AllOrNothing part(host_);
   const ClientTable& books = year_.books();
   if (!Registry(host_).has(books.table, books.client)) return ImportEnd::yearGone;
   standing_ = year_.lines();
   if (standing_ != seen) return ImportEnd::booksOther;
   if (!enterAll(lines)) return ImportEnd::stopped;
+  if (besides) besides();
   part.keep();
   host_.ConQuery(flushTables);
   return ImportEnd::done;
@@ -47,6 +49,11 @@ LedgerGroup LineImport::pairOf(const ImportedLine& line) {
   if (line.partId != 0) return {line.partId, line.allId};
   const long made = host_.GetMax_MastPartId(line.ledger);
   if (made == 0) throw std::runtime_error("The ledger \"" + line.ledger + "\" cannot be made.");
+  const std::string name = host_.GetPart_MastPartId(made);
+  if (!name.empty() && !sameName(name, line.ledger)) {
+    throw std::runtime_error("The database cannot tell the ledger \"" + line.ledger + "\" from \"" +
+                             name + "\". Please write it so in the source.");
+  }
   return {made, line.allId};
 }
 

@@ -2,6 +2,7 @@
 // what stands for a ledger and group is taken out and one line is written.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -32,9 +33,11 @@ class LineImport {
 
   // `seen` are the client's lines that `lines` were made from. Tells the host's progress of each
   // line, and asks it whether to stop. Nothing is stored unless it ends with `done`; it throws when
-  // a statement fails, a ledger cannot be made, a ledger and group comes twice, or the year does
-  // not hold afterwards what it was to hold.
-  ImportEnd run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen);
+  // a statement fails, a ledger cannot be made or told from another, a ledger and group comes
+  // twice, or the year does not hold afterwards what it was to hold. What `besides` writes is
+  // stored with the lines.
+  ImportEnd run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen,
+                const std::function<void()>& besides = {});
 
  private:
   using Balances = std::map<LedgerGroup, Money>;

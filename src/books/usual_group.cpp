@@ -21,6 +21,14 @@ long groupIn(ServiceObject& host, const TwoYears& years, TwoYears::Year year, lo
   return found == lines.end() ? 0 : found->allId;
 }
 
+using LineCounts = std::map<long, long>;  // by group
+
+long mostOf(const LineCounts& lines) {
+  const auto most = std::max_element(
+      lines.begin(), lines.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+  return most == lines.end() ? 0 : most->first;
+}
+
 long commonestGroup(ServiceObject& host, const AccountGroups& groups, long partId) {
   std::vector<Sql> selects;
   for (const std::string& table : Registry(host).tables()) {
@@ -28,13 +36,11 @@ long commonestGroup(ServiceObject& host, const AccountGroups& groups, long partI
     selects.push_back("Select AllId,Count(*) From " + sqlName(table) +
                       " Where PartId=" + sqlNumber(partId) + " Group By AllId");
   }
-  std::map<long, long> lines;
+  LineCounts lines;
   queryAll(host, selects, [&](const Recordset& row) {
     if (groups.contains(row.integer(0))) lines[row.integer(0)] += row.integer(1);
   });
-  const auto most = std::max_element(
-      lines.begin(), lines.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
-  return most == lines.end() ? 0 : most->first;
+  return mostOf(lines);
 }
 
 }  // namespace
@@ -56,6 +62,25 @@ long usualGroup(ServiceObject& host, const TwoYears& years, const AccountGroups&
     if (groups.contains(group)) return group;
   }
   return commonestGroup(host, groups, partId);
+}
+
+std::unordered_map<long, long> usualGroups(ServiceObject& host, const AccountGroups& groups,
+                                           const std::vector<long>& partIds) {
+  std::unordered_map<long, long> usual;
+  if (partIds.empty()) return usual;
+  const IdList ids(partIds);
+  std::vector<Sql> selects;
+  for (const std::string& table : Registry(host).tables()) {
+    if (table.empty()) continue;
+    selects.push_back("Select PartId,AllId,Count(*) From " + sqlName(table) + " Where PartId In (" +
+                      ids.sql() + ") Group By PartId,AllId");
+  }
+  std::unordered_map<long, LineCounts> lines;
+  queryAll(host, selects, [&](const Recordset& row) {
+    if (groups.contains(row.integer(1))) lines[row.integer(0)][row.integer(1)] += row.integer(2);
+  });
+  for (const auto& [partId, counts] : lines) usual[partId] = mostOf(counts);
+  return usual;
 }
 
 }  // namespace quillet

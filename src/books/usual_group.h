@@ -1,6 +1,9 @@
 // The account group that a ledger stands under already: what is proposed when it is entered again.
 #pragma once
 
+#include <unordered_map>
+#include <vector>
+
 #include "books/account_groups.h"
 #include "books/two_years.h"
 #include "ports/ports.h"
@@ -16,5 +19,9 @@ long ledgerNamed(ServiceObject& host, const std::string& name);
 // table asked, by its index on the ledger.
 long usualGroup(ServiceObject& host, const TwoYears& years, const AccountGroups& groups,
                 long partId);
+
+// By ledger, what the last step of that gives for many of them; ledgers without lines are left out.
+std::unordered_map<long, long> usualGroups(ServiceObject& host, const AccountGroups& groups,
+                                           const std::vector<long>& partIds);
 
 }  // namespace quillet
