@@ -27,7 +27,8 @@ frmcrtb::frmcrtb(Context& context)
       groupPage_(*this, books_, saver_),
       summaryPage_(*this, books_),
       printouts_(*this, books_, lines_, summaryPage_),
-      export_(*this, books_, lines_) {
+      export_(*this, books_, lines_),
+      import_(*this, books_, saver_) {
   attachMenus();
   attachLines();
   attachTotals();
@@ -188,6 +189,7 @@ void frmcrtb::SETBUTTON() {
       command->setEnabled(read);
     }
     mnuprnvar.setEnabled(read && books_.years.view() == TwoYears::View::both);
+    import_.setButton();
     entry_.enable(table);
     groupPage_.setButtons();
   });

@@ -17,6 +17,7 @@
 #include "controls/text_box.h"
 #include "editor/entry_fields.h"
 #include "editor/group_page.h"
+#include "editor/import_command.h"
 #include "editor/line_saver.h"
 #include "editor/lines_grid.h"
 #include "editor/open_books.h"
@@ -54,6 +55,7 @@ class frmcrtb : public Form {
   MenuEntry mnunewgroup{*this, "mnunewgroup", "&New Group...", &mnuentry};
   MenuEntry mnujournal{*this, "mnujournal", "Adjustment &Journal...", &mnuentry};
   MenuEntry cmdgrpmanf{*this, "cmdgrpmanf", "Raw-&Material Binding...", &mnuentry};
+  MenuEntry mnuimport{*this, "mnuimport", "Impor&t Lines...", &mnuentry, "Ctrl+I"};
   MenuEntry mnuline2{*this, "mnuline2", "-", &mnuentry};
   MenuEntry mnuexit{*this, "mnuexit", "&Back", &mnuentry, "Ctrl+W"};
   MenuEntry mnuview{*this, "mnuview", "&View"};
@@ -206,6 +208,7 @@ class frmcrtb : public Form {
   SummaryPage summaryPage_;
   EditorPrintouts printouts_;
   WorkbookExport export_;
+  ImportCommand import_;
 
   std::unique_ptr<Form> journal_;  // the one opened last
   std::unique_ptr<Form> master_;   // likewise

@@ -73,10 +73,10 @@ LayoutItem third::layout() {
               item(mnualpha), item(mnusumm), item(mnudet), gap(), item(cmdgrpmas), item(cmdledmas),
               item(mnurefresh), item(mnuhelp), item(mnuexit)});
   const LayoutItem clients = framed(Frame3, {ClGrd1.arrangement()}, 1);
-  const LayoutItem dates =
-      framed(famdates, {row({field("&First date", MaskEdBox1, 12),
-                             field("Second da&te", MaskEdBox2, 12), item(cmdyear), gap()}),
-                        item(lblproposal), item(grdyears, 1)});
+  const LayoutItem dates = framed(
+      famdates, {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12),
+                      item(cmdyear), item(cmdyearimport), gap()}),
+                 item(lblproposal), item(grdyears, 1)});
   const LayoutItem list = framed(famyears, {item(flexgrid2, 1), row({gap(), item(cmdmerge)})});
   const LayoutItem year = framed(Frame1, {item(Label1), stack({dates, list})}, 1);
   return column({row({commands, stack({clients, year})}, 1), item(lblstatus)}, 1);

@@ -52,6 +52,7 @@ class third : public Form {
   MaskBox MaskEdBox1{*this, "MaskEdBox1", "", -1, '#'};
   MaskBox MaskEdBox2{*this, "MaskEdBox2", "", -1, '#'};
   Button cmdyear{*this, "cmdyear"};  // what Enter does in the second date
+  Button cmdyearimport{*this, "cmdyearimport", "Create a&nd Import..."};
   Label lblproposal{*this, "lblproposal"};
   Grid grdyears{*this, "grdyears"};  // the years that there are
   Label lblstatus{*this, "lblstatus"};

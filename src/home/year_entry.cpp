@@ -1,11 +1,13 @@
 #include "home/year_entry.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "books/posting.h"
 #include "books/year_rules.h"
 #include "data/dates.h"
 #include "data/year.h"
+#include "editor/frmcrtb.h"
 #include "home/third.h"
 #include "home/year_table.h"
 #include "host/rights.h"
@@ -19,6 +21,7 @@ YearEntry::YearEntry(third& form, Context& context)
   form.MaskEdBox2.GotFocus = [this] { MASKEDBOX2_GOTFOCUS(); };
   form.MaskEdBox2.KeyPress = [this](Key& key) { MASKEDBOX2_KEYPRESS(key); };
   form.cmdyear.Click = [this] { CMDYEAR_CLICK(); };
+  form.cmdyearimport.Click = [this] { CMDYEARIMPORT_CLICK(); };
 }
 
 // --- the dates ----------------------------------------------------------------------------------
@@ -29,6 +32,9 @@ void YearEntry::begin() {
   form_.MaskEdBox1.setText(emptyFirstDate);
   form_.MaskEdBox2.setText(emptySecondDate);
   form_.cmdyear.setCaption(form_.mode() == "merge" ? "&Other Clients..." : "Create &Year");
+  form_.cmdyearimport.setVisible(form_.mode() == "create" &&
+                                 context_.environment.sourceReader() != nullptr);
+  imports_ = false;
   showYears();
   form_.showSecondStep(form_.famdates, "type the financial year");
   form_.focus(form_.MaskEdBox1);
@@ -105,10 +111,21 @@ void YearEntry::MASKEDBOX2_GOTFOCUS() {
 void YearEntry::MASKEDBOX2_KEYPRESS(Key& key) {
   if (key != keys::Enter) return;
   key = keys::none;
+  imports_ = false;
   if (datesAreValid()) enter();
 }
 
 void YearEntry::CMDYEAR_CLICK() {
+  imports_ = false;
+  createTyped();
+}
+
+void YearEntry::CMDYEARIMPORT_CLICK() {
+  imports_ = true;
+  createTyped();
+}
+
+void YearEntry::createTyped() {
   // Whoever comes from the first date has not been in the second one, which proposes its date.
   if (!form_.MaskEdBox2.complete()) MASKEDBOX2_GOTFOCUS();
   if (datesAreValid()) enter();
@@ -273,6 +290,13 @@ void YearEntry::fill() {
   }
   finish();
   form_.statusFirst(created + ".");
+  if (std::exchange(imports_, false)) importLines();
+}
+
+void YearEntry::importLines() {
+  frmcrtb& editor = theEditor(context_);
+  editor.showYear(form_.clientName());
+  if (editor.visible()) editor.click(editor.mnuimport);
 }
 
 void YearEntry::takenBack() {

@@ -41,6 +41,8 @@ class YearEntry {
   void MASKEDBOX2_GOTFOCUS();
   void MASKEDBOX2_KEYPRESS(Key& key);
   void CMDYEAR_CLICK();
+  // The same, and the editor opens on the year and asks for the file to import.
+  void CMDYEARIMPORT_CLICK();
   // Finds the client's lowest free table number and the table of that name; false when there is
   // none.
   bool GETTABLE();
@@ -54,6 +56,7 @@ class YearEntry {
  private:
   void forgetYears();
   void propose(const std::vector<YearFigures>& years);
+  void createTyped();
   bool datesAreValid();
   bool mayOverwrite();
   void overwrite(const RegisteredYear& existing);
@@ -63,10 +66,12 @@ class YearEntry {
   void select();
   void fill();
   bool offerPreviousYear();
+  void importLines();
 
   third& form_;
   Context& context_;
   YearCreation creation_;
+  bool imports_ = false;  // what is created is filled by an import
   std::string proposed_;  // the first date of the year that a key takes, "" for none
 };
 

@@ -51,6 +51,14 @@ TEST_F(Typing, PastesThroughTheHandlersOnOneLine) {
   focus(form.txtname);
   paste("  rent 12\r\npaid\tnow \n");
   expectShown("RENT  PAID NOW");
+  // A form that takes cells gets a range as it was copied, and a single one as typed text.
+  std::string cells;
+  form.txtname.PasteCells = [&](const std::string& range) { cells = range; };
+  paste("a\tb\n");
+  EXPECT_EQ(cells, "a\tb\n");
+  expectShown("RENT  PAID NOW");
+  paste("cash\n");
+  expectShown("RENT  PAID NOWCASH");
 }
 
 class NumberForm : public Form {

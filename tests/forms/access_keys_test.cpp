@@ -8,6 +8,7 @@
 #include "forms/home_fixture.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
+#include "review/frmimport.h"
 #include "suite/stock_form.h"
 
 namespace quillet::support {
@@ -67,9 +68,10 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   frmtbledmas ledgers(context());
   frmgrpRM binding(context());
   frmdelwhatinTB deletion(context());
+  frmimport import(context());
   suite::frmTrade stock(context().openForms, dialogs, clock);
   for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
-                                                 &binding, &deletion, &stock}) {
+                                                 &binding, &deletion, &import, &stock}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();

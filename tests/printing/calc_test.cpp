@@ -10,6 +10,7 @@
 
 #include "books/amount.h"
 #include "printing/export_fixture.h"
+#include "review/frmimport.h"
 
 namespace quillet::support {
 namespace {
@@ -129,6 +130,37 @@ TEST_F(CalcTest, TwentyThousandLinesComeBackAsTheyWere) {
   EXPECT_EQ(host().formatgen(sums[0], "#,##0.00"), form.txttotdeb[0].text());
   EXPECT_EQ(host().formatgen(sums[1], "#,##0.00"), form.txttotcr[0].text());
   EXPECT_EQ(contentOf(template_), contentOf(realTemplate()));
+}
+
+TEST_F(CalcTest, WhatWasExportedImportsWithoutADifference) {
+  constexpr int lines = 300;
+  const std::string table = addYear("C2", 2008);
+  fill(table, lines, awkwardNames);
+  const std::string select = "select particular,allid,amt,nid from " + table +
+                             " t join Mast_Part p on p.PartId=t.partid" +
+                             " where code_no='C2' order by particular,allid,amt";
+  const Rows before = rows(select);
+  frmcrtb& form = open("C2", 2008);
+  run(form, target_);
+  dialogs.answering = [](const Message&) { return Answer::Yes; };  // the lines need not agree
+  const auto review = [&]() -> frmimport& {
+    dialogs.queueFile(target_.string());
+    form.click(form.mnuimport);
+    return dynamic_cast<frmimport&>(*context().openForms.active());
+  };
+  frmimport& page = review();
+  EXPECT_EQ(page.vsfi.rows(), lines + 1) << "the headings, and nothing is gone";
+  const int state = page.vsfi.columnNamed("State");
+  for (int row = 2; row <= page.vsfi.rows(); ++row) {
+    EXPECT_EQ(page.vsfi.cell(row, state), "Same") << page.vsfi.cell(row, 3);
+  }
+  page.close();
+  exec("delete from " + table + " where code_no='C2'");
+  form.click(form.mnurefresh);
+  frmimport& whole = review();
+  whole.click(whole.cmdimport);
+  EXPECT_EQ(rows(select), before);
+  messages();
 }
 
 TEST_F(CalcTest, AFullDiskLosesNothing) {

@@ -1,0 +1,68 @@
+#include "editor/import_command.h"
+
+#include "editor/frmcrtb.h"
+#include "review/frmimport.h"
+
+namespace quillet {
+namespace {
+
+constexpr const char* files =
+    "Workbooks and Text Files|*.xlsx;*.xlsm;*.xls;*.ods;*.csv;*.txt|All Files|*.*";
+
+}  // namespace
+
+ImportCommand::ImportCommand(frmcrtb& form, OpenBooks& books, LineSaver& saver)
+    : form_(form), books_(books), saver_(saver) {
+  frmcrtb::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
+  for (Control* control : std::initializer_list<Control*>{&form.vsfm, &form.txtpart, &form.txtgroup,
+                                                          &form.txtamount, &form.txtdrcr}) {
+    control->PasteCells = [this](const std::string& text) { pasteCells(text); };
+  }
+}
+
+ImportCommand::~ImportCommand() = default;
+
+void ImportCommand::setButton() {
+  form_.mnuimport.setEnabled(books_.years.hasTable() && form_.famLines.visible() &&
+                             books_.context.environment.sourceReader() != nullptr);
+}
+
+void ImportCommand::MNUIMPORT_CLICK() {
+  if (!mayImport()) return;
+  const auto path = books_.context.dialogs.openFile(files);
+  if (path) review([&](frmimport& form) { return form.OPENFILE(*path); });
+}
+
+void ImportCommand::pasteCells(const std::string& text) {
+  if (mayImport()) review([&](frmimport& form) { return form.OPENCELLS(text); });
+}
+
+bool ImportCommand::mayImport() {
+  if (!books_.years.hasTable()) return false;
+  if (books_.years.view() == TwoYears::View::previous) {
+    books_.context.MsgBox(
+        "Lines are imported into the current year. Please choose it in the menu \"Years\" first.",
+        Buttons::OK, Icon::information);
+    return false;
+  }
+  form_.leaveEntry();
+  return saver_.mayChangeLines();
+}
+
+void ImportCommand::review(const std::function<bool(frmimport& form)>& open) {
+  const TwoYears& years = books_.years;
+  const std::string previous =
+      years.has(TwoYears::previous) ? years.table(TwoYears::previous) : std::string();
+  auto form = std::make_unique<frmimport>(books_.context);
+  form->INITDATA({years.books(TwoYears::current), years.clientName(), years.keys(TwoYears::current),
+                  previous});
+  if (!open(*form)) return;
+  review_ = std::move(form);
+  review_->showModal([this] {
+    if (!review_->imported()) return;
+    form_.LOADPARTICULARS();
+    form_.showStored();
+  });
+}
+
+}  // namespace quillet

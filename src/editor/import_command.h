@@ -1,0 +1,38 @@
+// The editor's ways into the review of an import: the menu's command, and cells pasted into the
+// lines or the fields of an entry.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "editor/open_books.h"
+
+namespace quillet {
+
+class frmcrtb;
+class frmimport;
+class LineSaver;
+
+class ImportCommand {
+ public:
+  ImportCommand(frmcrtb& form, OpenBooks& books, LineSaver& saver);
+  ~ImportCommand();
+
+  // Asks for a file and reviews it.
+  void MNUIMPORT_CLICK();
+  void setButton();
+
+ private:
+  void pasteCells(const std::string& text);
+  // Opens a source in the review, which is shown when that succeeds.
+  void review(const std::function<bool(frmimport& form)>& open);
+  bool mayImport();
+
+  frmcrtb& form_;
+  OpenBooks& books_;
+  LineSaver& saver_;
+  std::unique_ptr<frmimport> review_;  // the one opened last
+};
+
+}  // namespace quillet

@@ -1,0 +1,39 @@
+// What a person decides about the rows of an import: their kind, the ledger and group that they
+// become.
+#pragma once
+
+#include "controls/lookup_list.h"
+#include "review/import_review.h"
+
+namespace quillet {
+
+class frmimport;
+class ReviewRows;
+
+class RowBoxes {
+ public:
+  RowBoxes(frmimport& form, Context& context, ImportReview& review, ReviewRows& rows);
+
+  // The groups that the box offers: those of the books under review.
+  void offerGroups();
+  // Shows what holds for the current row.
+  void show();
+
+ private:
+  void kindChosen();
+  void nextKind();
+  void turnNearest();
+  void confirm();
+  // The group in the box; 0 when it names none, which a message says.
+  long groupTyped();
+  void setGroup(const std::vector<int>& rows);
+  void setKind(RowKind kind);
+
+  frmimport& form_;
+  Context& context_;
+  ImportReview& review_;
+  ReviewRows& rows_;
+  LookupList groups_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,116 @@
+#include "review/source_boxes.h"
+
+#include <array>
+#include <filesystem>
+
+#include "data/paths.h"
+#include "import/delimited_text.h"
+#include "ports/busy.h"
+#include "review/frmimport.h"
+
+namespace quillet {
+namespace {
+
+constexpr std::array<const char*, 4> encodings{"UTF-8", "windows-1252", "UTF-16LE", "UTF-16BE"};
+
+struct Delimiter {
+  char character;
+  const char* name;
+};
+constexpr std::array<Delimiter, 4> delimiters{
+    {{',', "Comma"}, {';', "Semicolon"}, {'\t', "Tab"}, {'|', "Bar"}}};
+
+std::string fileName(const std::string& path) {
+  const std::size_t slash = path.find_last_of("/\\");
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+}  // namespace
+
+SourceBoxes::SourceBoxes(frmimport& form, Context& context, ImportReview& review)
+    : form_(form), context_(context), review_(review) {
+  for (const char* encoding : encodings) form.cboencoding.addItem(encoding);
+  for (const Delimiter& each : delimiters) form.cbodelimiter.addItem(each.name, each.character);
+  form.cbosheet.Click = [this] {
+    review_.chooseSheet(static_cast<std::size_t>(form_.cbosheet.chosen() - 1));
+    form_.reviewed();
+  };
+  for (ComboBox* box : {&form.cboencoding, &form.cbodelimiter}) box->Click = [this] { readAnew(); };
+}
+
+SourceBook SourceBoxes::readFile(const std::string& path) {
+  path_ = path;
+  name_ = fileName(path);
+  options_ = {};
+  return read();
+}
+
+SourceBook SourceBoxes::readCells(const std::string& text) {
+  path_.clear();
+  cells_ = text;
+  name_ = "Pasted cells";
+  options_ = {};
+  return read();
+}
+
+SourceBook SourceBoxes::read() {
+  if (path_.empty()) return pastedBook(cells_);
+  SourceReader* reader = context_.environment.sourceReader();
+  if (!reader) throw SourceError("Files cannot be read here. Copy the cells and paste them.");
+  const Busy busy(*context_.host, "Reading " + name_ + " ....");
+  Progress& progress = context_.host->objProgress();
+  progress.Max(100);
+  int shown = 0;
+  return reader->file(path_, options_, [&](int percent) {
+    for (; shown < percent; ++shown) progress.update_pg();
+    return !progress.stopped();
+  });
+}
+
+// The bytes are read anew; the rows of before are gone, and the choices with them.
+void SourceBoxes::readAnew() {
+  const SourceOptions before = options_;
+  options_ = {form_.cboencoding.text(), static_cast<char>(form_.cbodelimiter.chosenData())};
+  try {
+    SourceBook book = read();
+    if (!book.sheets.empty()) {
+      review_.open(std::move(book), YearBooks(review_.books()));
+    } else {
+      options_ = before;
+    }
+  } catch (const SourceError& error) {
+    options_ = before;
+    context_.MsgBox(error.what(), Buttons::OK, Icon::exclamation);
+  }
+  form_.reviewed();
+}
+
+void SourceBoxes::show() {
+  const SourceBook& book = review_.book();
+  const SourceSheet* sheet = review_.sheet();
+  std::string text = name_;
+  if (sheet) text += ", " + std::to_string(sheet->rows.size()) + " rows";
+  form_.lblsource.setCaption(text);
+  showSheets();
+  const bool isText = !book.encoding.empty() && !path_.empty();
+  for (ComboBox* box : {&form_.cboencoding, &form_.cbodelimiter}) box->setVisible(isText);
+  showOptions();
+}
+
+void SourceBoxes::showSheets() {
+  const SourceBook& book = review_.book();
+  form_.cbosheet.clearItems();
+  for (const SourceSheet& each : book.sheets) {
+    form_.cbosheet.addItem(each.name + (each.hidden ? " (hidden)" : ""));
+  }
+  form_.cbosheet.setChosen(static_cast<int>(review_.sheetIndex()) + 1);
+  form_.cbosheet.setVisible(book.sheets.size() > 1);
+}
+
+void SourceBoxes::showOptions() {
+  const SourceBook& book = review_.book();
+  form_.cboencoding.setChosen(form_.cboencoding.find(book.encoding));
+  form_.cbodelimiter.setChosen(form_.cbodelimiter.findData(book.delimiter));
+}
+
+}  // namespace quillet

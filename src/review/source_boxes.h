@@ -1,0 +1,43 @@
+// The source of an import as a person chose it: a file or pasted cells, which of its sheets, and
+// how a text file is read.
+#pragma once
+
+#include <string>
+
+#include "host/context.h"
+#include "ports/source_book.h"
+
+namespace quillet {
+
+class frmimport;
+class ImportReview;
+
+class SourceBoxes {
+ public:
+  SourceBoxes(frmimport& form, Context& context, ImportReview& review);
+
+  // Throw SourceError. The book has no sheets when a person stopped the reading.
+  SourceBook readFile(const std::string& path);
+  SourceBook readCells(const std::string& text);
+  // As a person calls it.
+  const std::string& name() const { return name_; }
+
+  // Shows what was read.
+  void show();
+
+ private:
+  SourceBook read();
+  void readAnew();
+  void showSheets();
+  void showOptions();
+
+  frmimport& form_;
+  Context& context_;
+  ImportReview& review_;
+  std::string path_;  // "" for cells
+  std::string cells_;
+  std::string name_;
+  SourceOptions options_;
+};
+
+}  // namespace quillet
