@@ -13,16 +13,14 @@ std::string balanceText(const ServiceObject& host, Money balance) {
   return plainAmount(host, abs(balance)) + (balance < Money() ? " CR" : " DR");
 }
 
-std::string leftOut(const ReviewRow& row) {
-  std::string text = "Left out";
-  if (row.row->kind != RowKind::ledger) text += ": " + std::string(nameOf(row.row->kind));
-  if (!row.row->reason.empty()) text += ". " + row.row->reason;
-  return text;
+std::string leftOut(const ImportRow& row) {
+  if (!row.reason.empty()) return "Left out: " + row.reason;
+  return row.kind == RowKind::ledger ? "Left out" : "Left out: " + std::string(nameOf(row.kind));
 }
 
 std::string whatBecame(const ReviewRow& row, bool taken) {
   if (row.isGone()) return taken ? "Taken out" : "Left in the year";
-  if (!row.line || !row.line->taken || row.line->unread) return leftOut(row);
+  if (!row.line || !row.line->taken || row.line->unread) return leftOut(*row.row);
   if (row.line->doubleOf != 0) return "Added to row " + std::to_string(row.line->doubleOf);
   if (!row.difference) return "Nothing to enter";
   if (row.difference->kind == Kind::same) return "The same";
@@ -34,7 +32,7 @@ std::vector<std::string> cellsOf(const ServiceObject& host, const ReviewRow& row
   const std::string before = compared ? balanceText(host, row.difference->before) : "";
   const std::string what = whatBecame(row, taken);
   if (row.isGone()) {
-    return {"", row.difference->ledger, row.difference->group, before, taken ? "" : before, what};
+    return {"", row.difference->ledger, row.difference->group, before, "", what};
   }
   const std::string number = std::to_string(row.row->number);
   if (!row.line)
@@ -51,7 +49,6 @@ void reportImport(ServiceObject& host, Reporter& reporter, const ImportReview& r
   reporter.NewReport();
   reporter.printtext(printer::emphasised("Import of " + source));
   reporter.printtext(printer::control);
-  reporter.printtext(importedText(review));
   ReportTable table(
       reporter, {Align::right, Align::left, Align::left, Align::right, Align::right, Align::left});
   table.heading({"Row", "Ledger", "Group", "Before", "Source",
@@ -60,6 +57,7 @@ void reportImport(ServiceObject& host, Reporter& reporter, const ImportReview& r
     const bool blank = !row.isGone() && row.row->kind == RowKind::blank;
     if (!blank) table.row(cellsOf(host, row, review.takes(row)));
   }
+  table.row({"", importedText(review)});
   reporter.ShowReport();
 }
 

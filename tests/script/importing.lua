@@ -28,7 +28,7 @@ local found = lines(year)
 equal(row(found[1]), { "Cash in Hand", "CASH IN HAND", 1234.5, 1 })
 equal(row(found[2]), { "Iyer's \\ Capital", "CAPITAL ACCOUNT", 1234.5, 2 })
 equal(editor.vsfm.rows, 2)
-equal(#quillet.report().rows, 5)
+equal(#quillet.report().rows, 6)
 editor:close()
 
 -- The next year from a file without groups: they are the ones of last year.
