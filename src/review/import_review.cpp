@@ -114,6 +114,7 @@ void ImportReview::takeGone(LedgerGroup pair, bool taken) {
   } else {
     takenOut_.erase(pair);
   }
+  review();
 }
 
 bool ImportReview::takes(const ReviewRow& row) const {
@@ -137,8 +138,8 @@ void ImportReview::review() {
     // Written as the master has it, by whatever name it was remembered.
     if (line.partId != 0) line.ledger = books_->known.ledgerNames.at(line.partId);
   }
-  refuse();
   compare();
+  refuse();
   collect();
 }
 
@@ -155,6 +156,25 @@ void ImportReview::refuse() {
     Refusal& refusal = refusals_.emplace_back();
     refusal.row = line.row;
     refusal.text = "A ledger's name holds at most 100 characters.";
+  }
+  askAboutMoved();
+}
+
+// A ledger that only came under another group would count twice.
+void ImportReview::askAboutMoved() {
+  std::unordered_map<long, const Difference*> left;
+  for (const Difference& each : differences_) {
+    if (each.kind == Kind::vanished && !writes(each)) left.emplace(each.pair.partId, &each);
+  }
+  for (const Difference& each : differences_) {
+    const auto found = left.find(each.pair.partId);
+    if (each.kind != Kind::isNew || each.pair.partId == 0 || found == left.end()) continue;
+    const auto choice = choices_.find(each.row);
+    if (choice != choices_.end() && choice->second.confirmed) continue;
+    Refusal& refusal = refusals_.emplace_back();
+    refusal.row = each.row;
+    refusal.text = "In the year the ledger stands under \"" + found->second->group +
+                   "\": choose that group, tick that line below to take it out, or confirm both.";
   }
 }
 
@@ -205,7 +225,7 @@ void ImportReview::collect() {
     if (each.row != 0) differences[each.row] = &each;
   }
   for (const Refusal& refusal : refusals_) {
-    if (refusal.row != 0) questions[refusal.row] = &refusal.text;
+    if (refusal.row != 0) questions.emplace(refusal.row, &refusal.text);
   }
   const auto in = [](const auto& map, int key) {
     const auto found = map.find(key);

@@ -89,6 +89,7 @@ class ImportReview {
   void readSheet();
   void review();
   void refuse();
+  void askAboutMoved();
   void compare();
   void addCleared();
   void collect();

@@ -166,6 +166,28 @@ TEST_F(ReviewTest, AgainShowsWhatDiffersAndKeepsVouchersOnTop) {
                              {"Stays", "RENT", "4", "1"}}));
 }
 
+TEST_F(ReviewTest, AsksAboutALedgerThatCameUnderAnotherGroup) {
+  put(table, "1", "Cash", "RENT", "10,1");
+  form.click(form.mnurefresh);
+  const char* const cells =
+      "Particulars\tGroup\tDebit\tCredit\nCash\tBANKS\t10\t\nX\tSALES\t\t10\n";
+  frmimport& page = paste(cells);
+  page.click(page.cmdimport);
+  const Texts told = messages();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find("stands under \"RENT\""), std::string::npos) << told[0];
+  page.vsfi.tick(page.vsfi.find(5, "Gone"), true);
+  EXPECT_EQ(cell(page, "2", "Remark"), "");
+  page.vsfi.tick(page.vsfi.find(5, "Gone"), false);
+  page.click(page.cmdnext);
+  page.click(page.cmdconfirm);
+  EXPECT_EQ(cell(page, "2", "Remark"), "");
+  setGroup(page, "2", "RENT");
+  EXPECT_EQ(cell(page, "2", "State"), "Same");
+  page.click(page.cmdimport);
+  EXPECT_EQ(ledgers(), (Rows{{"Cash", "RENT", "10", "1"}, {"X", "SALES", "10", "2"}}));
+}
+
 TEST_F(ReviewTest, TellsOfTheSameFileAndReadsItOtherwise) {
   const std::string csv = "Particulars;Group;Debit;Credit\nCaf\xE9;SALES;;5,00\nBank;BANKS;5,00;\n";
   frmimport& page = openFile("tb.csv", csv);
