@@ -54,7 +54,8 @@ QMessageBox::StandardButton buttonOf(Answer answer) {
 QStringList filtersOf(const std::string& filter) {
   QStringList filters;
   for (const auto& [name, pattern] : view::fileKinds(filter)) {
-    filters << QStringLiteral("%1 (%2)").arg(toQt(name), toQt(pattern));
+    const QString patterns = toQt(pattern).replace(u';', u' ');
+    filters << QStringLiteral("%1 (%2)").arg(toQt(name), patterns);
   }
   return filters;
 }

@@ -6,6 +6,7 @@
 
 #include "controls/pasted_cells.h"
 #include "forms/editor_fixture.h"
+#include "import/zip_bytes.h"
 #include "journal/frmjrnl.h"
 #include "review/frmimport.h"
 
@@ -213,6 +214,39 @@ TEST_F(ReviewTest, TellsOfTheSameFileAndReadsItOtherwise) {
   form.click(form.mnuimport);
   EXPECT_EQ(shownPage(), nullptr);
   EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(ReviewTest, ReadsTheSheetThatIsChosen) {
+  const auto row = [](const char* name, const char* debit, const char* credit) {
+    std::string cells;
+    for (const char* text : {name, debit, credit}) {
+      cells += std::string("<c t=\"inlineStr\"><is><t>") + text + "</t></is></c>";
+    }
+    return "<row>" + cells + "</row>";
+  };
+  const std::string heading = row("Particulars", "Debit", "Credit");
+  Parts parts = workbookParts(
+      {.rows = heading + row("Cash", "5", "") + row("Sales", "", "5"),
+       .sheets = R"(<sheet name="TB" sheetId="1" r:id="r1"/><sheet name="Old" sheetId="2" )"
+                 R"(state="hidden" r:id="r4"/>)"});
+  for (auto& [name, content] : parts) {
+    content = replacedAll(content, "chartsheets/sheet1.xml", "worksheets/sheet2.xml");
+    content = replacedAll(content, "/chartsheet", "/worksheet");
+  }
+  parts.emplace_back("xl/worksheets/sheet2.xml",
+                     "<worksheet xmlns=\"" + WorkbookXml{}.space + "\"><sheetData>" + heading +
+                         row("Rent", "7", "") + "</sheetData></worksheet>");
+  frmimport& page = openFile("two.xlsx", zipOf(parts));
+  EXPECT_EQ(page.cbosheet.items(), (Texts{"TB", "Old (hidden)"}));
+  EXPECT_EQ(cell(page, "2", "Ledger"), "Cash");
+  setGroup(page, "2", "BANKS");
+  page.cbosheet.choose(2);
+  EXPECT_EQ(cell(page, "2", "Ledger"), "Rent");
+  EXPECT_EQ(cell(page, "2", "Group Is"), "Missing") << "a choice was another row's";
+  page.cbosheet.choose(1);
+  for (const char* number : {"2", "3"}) setGroup(page, number, "BANKS");
+  page.click(page.cmdimport);
+  EXPECT_EQ(ledgers(), (Rows{{"Cash", "BANKS", "5", "1"}, {"Sales", "BANKS", "5", "2"}}));
 }
 
 TEST_F(ReviewTest, AFailureLeavesTheBooksAndThePage) {
