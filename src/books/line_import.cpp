@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "books/all_or_nothing.h"
+#include "books/ledger_or_new.h"
 #include "books/registry.h"
 
 namespace quillet {
@@ -25,7 +26,7 @@ ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vec
 // False when a person stopped it.
 bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
   serial_ = year_.nextSerial();
-  Balances expected = balancesOf(standing_);
+  PairBalances expected = balancesOf(standing_);
   std::set<LedgerGroup> entered;
   host_.objProgress().Max(static_cast<long>(lines.size()));
   for (const ImportedLine& line : lines) {
@@ -47,14 +48,7 @@ bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
 
 LedgerGroup LineImport::pairOf(const ImportedLine& line) {
   if (line.partId != 0) return {line.partId, line.allId};
-  const long made = host_.GetMax_MastPartId(line.ledger);
-  if (made == 0) throw std::runtime_error("The ledger \"" + line.ledger + "\" cannot be made.");
-  const std::string name = host_.GetPart_MastPartId(made);
-  if (!name.empty() && !sameName(name, line.ledger)) {
-    throw std::runtime_error("The database cannot tell the ledger \"" + line.ledger + "\" from \"" +
-                             name + "\". Please write it so in the source.");
-  }
-  return {made, line.allId};
+  return {ledgerOrNew(host_, line.ledger), line.allId};
 }
 
 void LineImport::enter(LedgerGroup pair, Money balance) {
@@ -67,16 +61,6 @@ void LineImport::enter(LedgerGroup pair, Money balance) {
                 .allId = pair.allId,
                 .amount = abs(balance).rupees(),
                 .nid = balance < Money() ? credit : debit});
-}
-
-// Of the pairs that have any.
-LineImport::Balances LineImport::balancesOf(const std::vector<Line>& lines) {
-  Balances balances;
-  for (const Line& line : lines) {
-    balances[{line.partId, line.allId}] += Money::rounded(line.balance());
-  }
-  std::erase_if(balances, [](const auto& each) { return each.second.isZero(); });
-  return balances;
 }
 
 }  // namespace quillet

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -40,11 +39,9 @@ class LineImport {
                 const std::function<void()>& besides = {});
 
  private:
-  using Balances = std::map<LedgerGroup, Money>;
   bool enterAll(const std::vector<ImportedLine>& lines);
   void enter(LedgerGroup pair, Money balance);
   LedgerGroup pairOf(const ImportedLine& line);
-  static Balances balancesOf(const std::vector<Line>& lines);
 
   ServiceObject& host_;
   TrialBalance year_;

@@ -105,6 +105,15 @@ Sql TrialBalance::rowOf(const Line& line, const std::vector<Line>& lines) const 
          " and ifnull(nid,0)=" + sqlNumber(line.nid) + " limit 1";
 }
 
+PairBalances balancesOf(const std::vector<Line>& lines) {
+  PairBalances balances;
+  for (const Line& line : lines) {
+    balances[{line.partId, line.allId}] += Money::rounded(line.balance());
+  }
+  std::erase_if(balances, [](const auto& each) { return each.second.isZero(); });
+  return balances;
+}
+
 Sql lineInsert(const Sql& table, const Sql& client, const Line& line) {
   return "insert into " + table + "(srno,code_no,partid,allid,amt,nid) values(" +
          sqlNumber(line.srno) + "," + client + "," + sqlNumber(line.partId) + "," +

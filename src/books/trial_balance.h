@@ -2,6 +2,7 @@
 // here; the flush after a change is the caller's where more has to be done in between.
 #pragma once
 
+#include <map>
 #include <vector>
 
 #include "books/lines.h"
@@ -59,6 +60,10 @@ class TrialBalance {
   Sql table_;
   Sql client_;
 };
+
+// What stands against each pair of ledger and group that has any.
+using PairBalances = std::map<LedgerGroup, Money>;
+PairBalances balancesOf(const std::vector<Line>& lines);
 
 // The insert that names its columns, as what fills a whole year spells it; `client` is quoted.
 Sql lineInsert(const Sql& table, const Sql& client, const Line& line);

@@ -1,0 +1,20 @@
+#include "books/ledger_or_new.h"
+
+#include <stdexcept>
+
+#include "data/names.h"
+
+namespace quillet {
+
+long ledgerOrNew(ServiceObject& host, const std::string& name) {
+  const long id = host.GetMax_MastPartId(name);
+  if (id == 0) throw std::runtime_error("The ledger \"" + name + "\" cannot be made.");
+  const std::string found = host.GetPart_MastPartId(id);
+  if (!found.empty() && !sameName(found, name)) {
+    throw std::runtime_error("The database cannot tell the ledger \"" + name + "\" from \"" +
+                             found + "\". Please write it so in the source.");
+  }
+  return id;
+}
+
+}  // namespace quillet

@@ -1,0 +1,14 @@
+// The ledger of a name that comes from outside.
+#pragma once
+
+#include <string>
+
+#include "ports/ports.h"
+
+namespace quillet {
+
+// Its id; the ledger is made when there is none. Throws when it cannot be made, or when the
+// database takes the name for that of another ledger.
+long ledgerOrNew(ServiceObject& host, const std::string& name);
+
+}  // namespace quillet
