@@ -24,6 +24,9 @@ struct VoucherTotals {
   Money credit;
 };
 
+// In characters: the column holds 65,535 bytes, and a character takes up to four.
+inline constexpr int longestNarration = 16'000;
+
 struct Voucher {
   std::string date;  // dd/mm/yyyy
   std::string narration;

@@ -2,15 +2,9 @@
 
 #include "editor/frmcrtb.h"
 #include "review/frmimport.h"
+#include "review/frmvchimport.h"
 
 namespace quillet {
-namespace {
-
-constexpr const char* files =
-    "Workbooks and Text Files|*.xlsx;*.xlsm;*.xls;*.ods;*.csv;*.txt|All Files|*.*";
-
-}  // namespace
-
 ImportCommand::ImportCommand(frmcrtb& form, OpenBooks& books, LineSaver& saver)
     : form_(form), books_(books), saver_(saver) {
   frmcrtb::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
@@ -29,7 +23,7 @@ void ImportCommand::setButton() {
 
 void ImportCommand::MNUIMPORT_CLICK() {
   if (!mayImport()) return;
-  const auto path = books_.context.dialogs.openFile(files);
+  const auto path = books_.context.dialogs.openFile(sourceFilter);
   if (path) review([&](frmimport& form) { return form.OPENFILE(*path); });
 }
 
@@ -59,10 +53,25 @@ void ImportCommand::review(const std::function<bool(frmimport& form)>& open) {
   if (!open(*form)) return;
   review_ = std::move(form);
   review_->showModal([this] {
-    if (!review_->imported()) return;
-    form_.LOADPARTICULARS();
-    form_.showStored();
+    if (review_->leadsToVouchers()) {
+      reviewVouchers();
+    } else {
+      showImported(*review_);
+    }
   });
+}
+
+void ImportCommand::reviewVouchers() {
+  auto form = std::make_unique<frmvchimport>(books_.context);
+  form->takeSource(*review_);
+  vouchers_ = std::move(form);
+  vouchers_->showModal([this] { showImported(*vouchers_); });
+}
+
+void ImportCommand::showImported(const SourceForm& review) {
+  if (!review.imported()) return;
+  form_.LOADPARTICULARS();
+  form_.showStored();
 }
 
 }  // namespace quillet

@@ -12,7 +12,9 @@ namespace quillet {
 
 class frmcrtb;
 class frmimport;
+class frmvchimport;
 class LineSaver;
+class SourceForm;
 
 class ImportCommand {
  public:
@@ -27,12 +29,16 @@ class ImportCommand {
   void pasteCells(const std::string& text);
   // Opens a source in the review, which is shown when that succeeds.
   void review(const std::function<bool(frmimport& form)>& open);
+  // The source that was just reviewed for lines.
+  void reviewVouchers();
+  void showImported(const SourceForm& review);
   bool mayImport();
 
   frmcrtb& form_;
   OpenBooks& books_;
   LineSaver& saver_;
   std::unique_ptr<frmimport> review_;  // the one opened last
+  std::unique_ptr<frmvchimport> vouchers_;
 };
 
 }  // namespace quillet

@@ -25,7 +25,8 @@ std::optional<std::string> dateOf(const SourceCell& cell) {
 }
 
 std::string inRow(int row, const std::string& problem) {
-  return "Row " + std::to_string(row) + ": " + problem + '.';
+  const char* const end = problem.ends_with('?') ? "" : ".";
+  return "Row " + std::to_string(row) + ": " + problem + end;
 }
 
 class VoucherReading {

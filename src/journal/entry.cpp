@@ -26,6 +26,7 @@ void put(TextBox& box, const std::string& text) {
 void frmjrnl::showEntry() {
   Frame1.setVisible(false);
   Frame2.setVisible(true);
+  import_.setEntry();
   focus(txtdt);
 }
 
@@ -33,6 +34,7 @@ void frmjrnl::showList() {
   lookups_.hide();
   Frame2.setVisible(false);
   Frame1.setVisible(true);
+  import_.setEntry();
   focus(vsf);
 }
 

@@ -21,12 +21,15 @@
 #include "controls/text_box.h"
 #include "host/context.h"
 #include "journal/books_year.h"
+#include "journal/import_command.h"
 #include "journal/line_keys.h"
 #include "journal/line_lookups.h"
 #include "journal/voucher_lines.h"
 #include "journal/voucher_list.h"
 
 namespace quillet {
+
+struct ReviewedYear;
 
 class frmjrnl : public Form {
  public:
@@ -36,6 +39,9 @@ class frmjrnl : public Form {
   std::string subject() const override;
   std::string fileSubject() const override;
   void takenBack() override;
+
+  MenuEntry mnuvouchers{*this, "mnuvouchers", "&Vouchers"};
+  MenuEntry mnuimport{*this, "mnuimport", "I&mport Vouchers...", &mnuvouchers};
 
   Label lblsubject{*this, "lblsubject"};
 
@@ -136,11 +142,13 @@ class frmjrnl : public Form {
 
   // --- for the form's parts
   static constexpr int amountWidth = 16;  // in characters
-  // The narration's column holds 65,535 bytes, and a character takes up to four.
-  static constexpr int narrationLength = 16'000;
+  static constexpr int narrationLength = longestNarration;
   Context& context() const { return context_; }
   // Throws where no books were named that can be opened.
   VoucherBook& book();
+  // The books as a review of vouchers compares its source with them.
+  ReviewedYear reviewedYear();
+  void showReviewed(bool imported);
 
  protected:
   void load() override { FORM_LOAD(); }
@@ -199,6 +207,7 @@ class frmjrnl : public Form {
   VoucherLines lines_{*this};
   LineLookups lookups_{*this, lines_};
   LineKeys lineKeys_{*this, lines_, lookups_};
+  VoucherImportCommand import_{*this};
 };
 
 }  // namespace quillet

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "data/text.h"
-#include "review/frmimport.h"
+#include "review/source_form.h"
 
 namespace quillet {
 namespace {
@@ -37,10 +37,11 @@ std::string textOfRow(const SourceRow& row) {
 
 }  // namespace
 
-ColumnBoxes::ColumnBoxes(frmimport& form, ImportReview& review) : form_(form), review_(review) {
+ColumnBoxes::ColumnBoxes(SourceForm& form, ImportReview& review, std::vector<ColumnRole> roles)
+    : form_(form), review_(review), roles_(std::move(roles)) {
   for (const char* mark : {"As found", "Point", "Comma"}) form.cbodecimals.addItem(mark);
   form.cboheading.Click = [this] { headingChosen(); };
-  for (std::size_t box = 0; box < roles.size(); ++box) {
+  for (std::size_t box = 0; box < roles_.size(); ++box) {
     form.cbocolumn[static_cast<int>(box)].Click = [this, box] { columnChosen(box); };
   }
   form.cbodecimals.Click = [this] { figuresChosen(); };
@@ -55,8 +56,8 @@ void ColumnBoxes::headingChosen() {
 
 void ColumnBoxes::columnChosen(std::size_t box) {
   const long column = form_.cbocolumn[static_cast<int>(box)].chosenData();
-  review_.setColumn(
-      roles[box], column == 0 ? std::nullopt : std::optional(static_cast<std::size_t>(column - 1)));
+  review_.setColumn(roles_[box], column == 0 ? std::nullopt
+                                             : std::optional(static_cast<std::size_t>(column - 1)));
   form_.reviewed();
 }
 
@@ -70,14 +71,14 @@ void ColumnBoxes::show() {
   showHeadings();
   const Mapping& mapping = review_.mapping();
   const std::vector<std::string> names = columnNames();
-  for (std::size_t box = 0; box < roles.size(); ++box) {
+  for (std::size_t box = 0; box < roles_.size(); ++box) {
     ComboBox& combo = form_.cbocolumn[static_cast<int>(box)];
     combo.clearItems();
     combo.addItem("(none)", 0);
     for (std::size_t at = 0; at < names.size(); ++at) {
       combo.addItem(names[at], static_cast<long>(at) + 1);
     }
-    const auto column = mapping.column(roles[box]);
+    const auto column = mapping.column(roles_[box]);
     combo.setChosen(column ? static_cast<int>(*column) + 2 : 1);
   }
   form_.cbodecimals.setChosen(static_cast<int>(mapping.figures.decimals) + 1);

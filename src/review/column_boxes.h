@@ -1,7 +1,6 @@
 // The boxes that say where a sheet's headings are and what its columns hold.
 #pragma once
 
-#include <array>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,17 +9,13 @@
 
 namespace quillet {
 
-class frmimport;
+class SourceForm;
 class ImportReview;
 
 class ColumnBoxes {
  public:
-  // Those that a person chooses columns for.
-  static constexpr std::array<ColumnRole, 6> roles{ColumnRole::particulars, ColumnRole::group,
-                                                   ColumnRole::debits,      ColumnRole::credits,
-                                                   ColumnRole::amount,      ColumnRole::side};
-
-  ColumnBoxes(frmimport& form, ImportReview& review);
+  // A box for each role.
+  ColumnBoxes(SourceForm& form, ImportReview& review, std::vector<ColumnRole> roles);
 
   void show();
 
@@ -31,8 +26,9 @@ class ColumnBoxes {
   void showHeadings();
   std::vector<std::string> columnNames() const;
 
-  frmimport& form_;
+  SourceForm& form_;
   ImportReview& review_;
+  std::vector<ColumnRole> roles_;
   std::vector<std::pair<std::size_t, std::size_t>> headings_;  // row and rows, by item
 };
 

@@ -9,35 +9,21 @@
 #include <string>
 
 #include "controls/basic_controls.h"
-#include "controls/choice.h"
-#include "controls/control_array.h"
 #include "controls/grid.h"
 #include "controls/text_box.h"
-#include "host/context.h"
-#include "review/column_boxes.h"
-#include "review/import_review.h"
 #include "review/review_rows.h"
 #include "review/row_boxes.h"
-#include "review/source_boxes.h"
+#include "review/source_form.h"
 
 namespace quillet {
 
-class frmimport : public Form {
+class frmimport : public SourceForm {
  public:
   explicit frmimport(Context& context);
 
-  void INITDATA(const ReviewedYear& year);
-  // Read the source. False when it cannot be read, which a message says, or was stopped: the form
-  // is not to be shown then.
-  bool OPENFILE(const std::string& path);
-  bool OPENCELLS(const std::string& text);
-
-  // Whether lines were imported.
-  bool imported() const { return imported_; }
-
   LayoutItem layout() override;
-  std::string subject() const override;
-  void takenBack() override;
+  // Whether it was closed for the review of vouchers, since its source holds such.
+  bool leadsToVouchers() const { return leadsToVouchers_; }
 
   MenuEntry mnulines{*this, "mnulines", "&Lines"};
   MenuEntry mnunext{*this, "mnunext", "Next &Question", &mnulines, "F8"};
@@ -48,17 +34,6 @@ class frmimport : public Form {
   MenuEntry mnuline1{*this, "mnuline1", "-", &mnulines};
   MenuEntry mhelp{*this, "mhelp", "&Help", &mnulines, "F1"};
   MenuEntry mnuback{*this, "mnuback", "&Back", &mnulines, "Ctrl+W"};
-
-  // --- how the source is read
-  Label lblsource{*this, "lblsource"};
-  ComboBox cbosheet{*this, "cbosheet"};
-  ComboBox cboencoding{*this, "cboencoding"};
-  ComboBox cbodelimiter{*this, "cbodelimiter"};
-  ComboBox cboheading{*this, "cboheading"};
-  // In the order of ColumnBoxes::roles.
-  ControlArray<ComboBox> cbocolumn{*this, "cbocolumn", {"", "", "", "", "", ""}};
-  ComboBox cbodecimals{*this, "cbodecimals"};
-  CheckBox chkround{*this, "chkround", "R&ound to paise"};
 
   // --- the rows
   Grid vsfi{*this, "vsfi"};
@@ -76,39 +51,25 @@ class frmimport : public Form {
   Grid vsft{*this, "vsft"};  // of the source, of what is entered, of the year afterwards
   Label lblstate{*this, "lblstate"};
   Button cmdimport{*this, "cmdimport", "&Import"};
+  Button cmdvouchers{*this, "cmdvouchers", "&Vouchers..."};
   Button cmdback{*this, "cmdback", "&Back"};
 
-  void FORM_LOAD();
-  void FORM_UNLOAD(bool& cancel);
-  void FORM_KEYPRESS(Key& key);
   void CMDIMPORT_CLICK();
 
-  // --- for the form's parts
-  // How the source is read, or a choice, changed: shows what follows. The current row stays.
-  void reviewed();
-  // What stands in the way, or that nothing does.
-  void showState(const std::string& text = {});
+  void reviewed() override;
+  void showState(const std::string& text) override;
 
  protected:
-  void load() override { FORM_LOAD(); }
-  void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
+  std::string title() const override { return "Import into the Trial Balance"; }
+  void begin() override;
+  bool leaveBox() override;
+  void offerGroups() override { boxes_.offerGroups(); }
+  void finish() override;
 
  private:
-  bool open(const std::function<SourceBook()>& read);
-  bool tellImported(const SourceBook& book);
   bool mayImport();
-  std::string note() const;
-  void end(ImportEnd how);
-  void compareAnew();
-  void finish();
 
-  Context& context_;
-  ReviewedYear year_;
-  bool imported_ = false;
-
-  ImportReview review_;
-  SourceBoxes source_;
-  ColumnBoxes columns_;
+  bool leadsToVouchers_ = false;
   ReviewRows rows_;
   RowBoxes boxes_;
 };

@@ -127,7 +127,9 @@ bool ImportReview::takes(const ReviewRow& row) const {
 
 void ImportReview::readSheet() {
   rows_ = {};
-  if (sheet()) rows_ = readRows(*sheet(), mapping_, names_, kindsOf(choices_));
+  // Vouchers are not lines.
+  if (sheet() && !mapping_.hasVouchers())
+    rows_ = readRows(*sheet(), mapping_, names_, kindsOf(choices_));
   review();
 }
 
@@ -147,7 +149,7 @@ void ImportReview::refuse() {
   if (mapping_.hasVouchers()) {
     refusals_ = {{0,
                   "The sheet holds adjustment entries: their date and number. Lines of a trial "
-                  "balance have none."}};
+                  "balance have none. \"Vouchers...\" leads to their review."}};
     return;
   }
   refusals_ = refusalsOf(mapping_, rows_, proposals_, true);
@@ -181,11 +183,15 @@ void ImportReview::askAboutMoved() {
 bool ImportReview::askUsualGroups() {
   std::vector<long> unknown;
   for (const ProposedLine& line : proposals_.lines) {
-    if (line.partId == 0 || line.groupState != GroupState::missing) continue;
-    if (asked_.insert(line.partId).second) unknown.push_back(line.partId);
+    if (line.partId != 0 && line.groupState == GroupState::missing) unknown.push_back(line.partId);
   }
-  if (unknown.empty()) return false;
-  const auto found = usual_(unknown);
+  return learnUsualGroups(std::move(unknown));
+}
+
+bool ImportReview::learnUsualGroups(std::vector<long> partIds) {
+  std::erase_if(partIds, [this](long partId) { return !asked_.insert(partId).second; });
+  if (partIds.empty()) return false;
+  const auto found = usual_(partIds);
   books_->known.usualGroups.insert(found.begin(), found.end());
   return !found.empty();
 }

@@ -61,6 +61,9 @@ class ImportReview {
   void setColumn(ColumnRole role, std::optional<std::size_t> column);
   void setFigures(FigureRules figures);
 
+  // Finds out under which groups those ledgers mostly stand, each once. True when that is news.
+  bool learnUsualGroups(std::vector<long> partIds);
+
   // --- choices
 
   const RowChoices& choices() const { return choices_; }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "data/names.h"
 #include "review/frmimport.h"
 
 namespace quillet {
@@ -12,7 +11,6 @@ namespace {
 // Those that a person gives to rows, in the order in which a key goes through them.
 constexpr std::array kinds{RowKind::ledger, RowKind::skipped, RowKind::total, RowKind::heading,
                            RowKind::parent};
-constexpr std::size_t nameLength = 100;
 
 int placeOf(RowKind kind) {
   const auto found = std::find(kinds.begin(), kinds.end(), kind);
@@ -22,10 +20,8 @@ int placeOf(RowKind kind) {
 }  // namespace
 
 RowBoxes::RowBoxes(frmimport& form, Context& context, ImportReview& review, ReviewRows& rows)
-    : form_(form), context_(context), review_(review), rows_(rows), groups_(form.vsfg) {
+    : form_(form), review_(review), rows_(rows), group_(context, form.txtgroup, form.vsfg) {
   for (const RowKind kind : kinds) form.cbokind.addItem(std::string(nameOf(kind)));
-  form.txtgroup.setMaxLength(nameLength);
-  groups_.attach(form.txtgroup);
   form.txtgroup.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
@@ -57,12 +53,7 @@ RowBoxes::RowBoxes(frmimport& form, Context& context, ImportReview& review, Revi
   form.cmdgroupall.Click = [this] { setGroup(rows_.withoutGroup()); };
 }
 
-void RowBoxes::offerGroups() {
-  NameList names;
-  for (const auto& [id, name] : review_.books().known.groupNames) names.append(name, id);
-  names.sort();
-  groups_.fill(std::move(names));
-}
+void RowBoxes::offerGroups() { group_.offer(review_.books().known); }
 
 void RowBoxes::show() {
   const ReviewRow* row = rows_.current();
@@ -71,8 +62,7 @@ void RowBoxes::show() {
   form_.cbokind.setEnabled(ofSource);
   form_.cbokind.setChosen(ofSource ? placeOf(row->row->kind) + 1 : 0);
   form_.txtgroup.setEnabled(isLine);
-  if (form_.active() != &form_.txtgroup) form_.txtgroup.setText(isLine ? row->line->group : "");
-  groups_.hide();
+  group_.show(isLine ? row->line->group : "");
   const auto choice = ofSource ? review_.choices().find(row->row->number) : review_.choices().end();
   const bool usesNearest =
       choice != review_.choices().end() && choice->second.usesNearest.value_or(false);
@@ -118,19 +108,9 @@ void RowBoxes::confirm() {
   form_.reviewed();
 }
 
-long RowBoxes::groupTyped() {
-  const std::string typed = form_.txtgroup.text();
-  const NameList::Entry* group = groups_.names().find(typed);
-  if (!group) group = groups_.names().beginning(typed);
-  if (group) return group->id;
-  context_.MsgBox(cleanedName(typed).empty() ? "Specify a Group." : "Group does not Exist.",
-                  Buttons::OK, Icon::information);
-  return 0;
-}
-
 void RowBoxes::setGroup(const std::vector<int>& rows) {
   if (rows.empty()) return;
-  const long group = groupTyped();
+  const long group = group_.typed();
   if (group == 0) return;
   form_.focus(form_.vsfi);
   review_.choose(rows, [&](RowChoice& choice) { choice.group = group; });

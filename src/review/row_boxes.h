@@ -2,7 +2,7 @@
 // become.
 #pragma once
 
-#include "controls/lookup_list.h"
+#include "review/group_box.h"
 #include "review/import_review.h"
 
 namespace quillet {
@@ -24,16 +24,13 @@ class RowBoxes {
   void nextKind();
   void turnNearest();
   void confirm();
-  // The group in the box; 0 when it names none, which a message says.
-  long groupTyped();
   void setGroup(const std::vector<int>& rows);
   void setKind(RowKind kind);
 
   frmimport& form_;
-  Context& context_;
   ImportReview& review_;
   ReviewRows& rows_;
-  LookupList groups_;
+  GroupBox group_;
 };
 
 }  // namespace quillet

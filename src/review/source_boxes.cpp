@@ -6,7 +6,7 @@
 #include "data/paths.h"
 #include "import/delimited_text.h"
 #include "ports/busy.h"
-#include "review/frmimport.h"
+#include "review/source_form.h"
 
 namespace quillet {
 namespace {
@@ -27,7 +27,7 @@ std::string fileName(const std::string& path) {
 
 }  // namespace
 
-SourceBoxes::SourceBoxes(frmimport& form, Context& context, ImportReview& review)
+SourceBoxes::SourceBoxes(SourceForm& form, Context& context, ImportReview& review)
     : form_(form), context_(context), review_(review) {
   for (const char* encoding : encodings) form.cboencoding.addItem(encoding);
   for (const Delimiter& each : delimiters) form.cbodelimiter.addItem(each.name, each.character);
@@ -51,6 +51,13 @@ SourceBook SourceBoxes::readCells(const std::string& text) {
   name_ = "Pasted cells";
   options_ = {};
   return read();
+}
+
+void SourceBoxes::take(const SourceBoxes& from) {
+  path_ = from.path_;
+  cells_ = from.cells_;
+  name_ = from.name_;
+  options_ = from.options_;
 }
 
 SourceBook SourceBoxes::read() {

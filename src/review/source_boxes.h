@@ -9,16 +9,18 @@
 
 namespace quillet {
 
-class frmimport;
+class SourceForm;
 class ImportReview;
 
 class SourceBoxes {
  public:
-  SourceBoxes(frmimport& form, Context& context, ImportReview& review);
+  SourceBoxes(SourceForm& form, Context& context, ImportReview& review);
 
   // Throw SourceError. The book has no sheets when a person stopped the reading.
   SourceBook readFile(const std::string& path);
   SourceBook readCells(const std::string& text);
+  // The same source as that of another form; what was read of it is the caller's.
+  void take(const SourceBoxes& from);
   // As a person calls it.
   const std::string& name() const { return name_; }
 
@@ -31,7 +33,7 @@ class SourceBoxes {
   void showSheets();
   void showOptions();
 
-  frmimport& form_;
+  SourceForm& form_;
   Context& context_;
   ImportReview& review_;
   std::string path_;  // "" for cells

@@ -9,6 +9,7 @@
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
 #include "review/frmimport.h"
+#include "review/frmvchimport.h"
 #include "suite/stock_form.h"
 
 namespace quillet::support {
@@ -69,9 +70,10 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   frmgrpRM binding(context());
   frmdelwhatinTB deletion(context());
   frmimport import(context());
+  frmvchimport vouchers(context());
   suite::frmTrade stock(context().openForms, dialogs, clock);
   for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
-                                                 &binding, &deletion, &import, &stock}) {
+                                                 &binding, &deletion, &import, &vouchers, &stock}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();

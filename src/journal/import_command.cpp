@@ -1,0 +1,58 @@
+#include "journal/import_command.h"
+
+#include "data/year.h"
+#include "journal/frmjrnl.h"
+#include "review/frmvchimport.h"
+
+namespace quillet {
+
+VoucherImportCommand::VoucherImportCommand(frmjrnl& form) : form_(form) {
+  frmjrnl::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
+  frmjrnl::on(form.vsf.PasteCells, "PASTECELLS", [this](const std::string& text) {
+    review([&](frmvchimport& review) { return review.OPENCELLS(text); });
+  });
+}
+
+VoucherImportCommand::~VoucherImportCommand() = default;
+
+void VoucherImportCommand::setEntry() {
+  const bool reads = form_.context().environment.sourceReader() != nullptr;
+  form_.mnuvouchers.setVisible(reads);
+  form_.mnuimport.setEnabled(reads && form_.Frame1.visible());
+}
+
+void VoucherImportCommand::MNUIMPORT_CLICK() {
+  const auto path = form_.context().dialogs.openFile(sourceFilter);
+  if (path) review([&](frmvchimport& review) { return review.OPENFILE(*path); });
+}
+
+void VoucherImportCommand::review(const std::function<bool(frmvchimport& form)>& open) {
+  auto review = std::make_unique<frmvchimport>(form_.context());
+  review->INITDATA(form_.reviewedYear());
+  if (!open(*review)) return;
+  review_ = std::move(review);
+  review_->showModal([this] { form_.showReviewed(review_->imported()); });
+}
+
+// --- what the journal hands over, and shows afterwards ------------------------------------------
+
+ReviewedYear frmjrnl::reviewedYear() {
+  return {book().books(),
+          books_.clientName,
+          YearKeys{firstDateKey(year_.first), secondDateKey(year_.first + 1)},
+          {}};
+}
+
+// What was half posted before the review is posted by now.
+void frmjrnl::showReviewed(bool imported) {
+  if (!imported) return LOADGRID();
+  const bool widened = from_ != year_.from() || to_ != year_.to();
+  setPeriod(year_.from(), year_.to());
+  readLists();
+  LOADGRID();
+  if (widened && lblstatus.caption().empty()) {
+    lblstatus.setCaption("The period shown was widened to the whole year.");
+  }
+}
+
+}  // namespace quillet
