@@ -197,6 +197,9 @@ bool ImportReview::learnUsualGroups(std::vector<long> partIds) {
 }
 
 void ImportReview::compare() {
+  differences_.clear();
+  // No line of the year is gone because a sheet holds vouchers.
+  if (mapping_.hasVouchers()) return;
   differences_ = compareWithYear(proposals_, books_->known);
   addCleared();
 }

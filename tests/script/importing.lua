@@ -62,6 +62,7 @@ editor = quillet.form("frmcrtb")
 editor.txtpart:paste("Date\tVoucher No\tParticulars\tDebit\tCredit\tNarration\n" ..
   "30/04/2008\t1\tScrap Sold\t25\t\tTo cash\n\t1\tCash in Hand\t\t25\t\n" ..
   "30/04/2008\t2\tCash in Hand\t3\t\t\n")
+equal(quillet.form("frmimport").vsfi.rows, 0)
 quillet.form("frmimport").cmdvouchers:click()
 import = assert(quillet.form("frmvchimport"), "the review of vouchers is not open")
 equal(quillet.form("frmimport"), nil)
