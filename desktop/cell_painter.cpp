@@ -49,8 +49,10 @@ QColor colourOf(view::Ground ground, const QPalette& palette) {
 void drawTick(QPainter* painter, const QStyleOptionViewItem& option, bool on) {
   QStyleOptionButton box;
   box.palette = option.palette;
+  box.fontMetrics = option.fontMetrics;
   box.state = QStyle::State_Enabled | (on ? QStyle::State_On : QStyle::State_Off);
-  const int side = option.widget->style()->pixelMetric(QStyle::PM_IndicatorWidth, &option);
+  const int side =
+      option.widget->style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, option.widget);
   box.rect = QRect(0, 0, side, side);
   box.rect.moveCenter(option.rect.center());
   option.widget->style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter,
@@ -65,7 +67,7 @@ CellPainter::CellPainter(GridModel& model, QWidget* parent)
 void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
   const int row = model_.gridRow(index.row());
-  if (row < 1 || row > model_.grid().rows() || index.column() >= model_.grid().cols()) return;
+  if (row < 1 || row > model_.grid().rows() || !model_.hasColumn(index.column())) return;
   const GridColumn& column = model_.column(index.column());
   const QPalette& palette = option.palette;
   const bool enabled = option.state & QStyle::State_Enabled;
@@ -135,7 +137,8 @@ QWidget* CellPainter::createEditor(QWidget* parent, const QStyleOptionViewItem&,
 void CellPainter::setModelData(QWidget* editor, QAbstractItemModel*,
                                const QModelIndex& index) const {
   if (edited)
-    edited(model_.gridRow(index.row()), index.column(), static_cast<QLineEdit*>(editor)->text());
+    edited(model_.gridRow(index.row()), model_.gridColumn(index.column()),
+           static_cast<QLineEdit*>(editor)->text());
 }
 
 }  // namespace quillet::desktop

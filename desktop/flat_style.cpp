@@ -33,8 +33,10 @@ void button(QPainter* painter, const QStyleOption* option) {
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->setBrush(accent(option));
-  const QRectF side(option->rect.left() + 3, option->rect.top() + 5, 3, option->rect.height() - 10);
-  painter->drawRoundedRect(side, 1.5, 1.5);
+  const double one = unit(option);
+  const QRectF side(option->rect.left() + 3 * one, option->rect.top() + 5 * one, 3 * one,
+                    option->rect.height() - 10 * one);
+  painter->drawRoundedRect(side, 1.5 * one, 1.5 * one);
   painter->restore();
 }
 
@@ -48,7 +50,8 @@ void scrollBar(QPainter* painter, const QStyleOptionSlider& bar, const QRect& th
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->setBrush(theme::blend(bar.palette.color(QPalette::Text), ground, live ? 0.45 : 0.25));
-  const QRectF shape = QRectF(thumb).adjusted(3, 3, -3, -3);
+  const double inset = 3 * unit(&bar);
+  const QRectF shape = QRectF(thumb).adjusted(inset, inset, -inset, -inset);
   const double corner = std::min(shape.width(), shape.height()) / 2;
   painter->drawRoundedRect(shape, corner, corner);
   painter->restore();
@@ -63,18 +66,62 @@ void headerSection(QPainter* painter, const QStyleOption* option) {
   painter->drawLine(rect.topRight() + QPoint(0, 4), rect.bottomRight() - QPoint(0, 4));
 }
 
+void headerArrow(QPainter* painter, const QStyleOption* option) {
+  const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+  if (!header || header->sortIndicator == QStyleOptionHeader::None) return;
+  // The platform's sense: the arrow of an ascending order points down.
+  const bool down = header->sortIndicator == QStyleOptionHeader::SortDown;
+  drawChevron(painter, QRectF(option->rect).adjusted(-2, -2, 2, 2), theme::dimmed(option->palette),
+              down ? Points::down : Points::up);
+}
+
+// How many pixels of the usual font a part of a widget takes; the platform would take pixels of the
+// screen, however large the font is.
+struct Length {
+  QStyle::PixelMetric metric;
+  int pixels;
+};
+constexpr int comboArrow = 20;
+constexpr Length lengths[] = {{QStyle::PM_IndicatorWidth, 14},
+                              {QStyle::PM_IndicatorHeight, 14},
+                              {QStyle::PM_ExclusiveIndicatorWidth, 14},
+                              {QStyle::PM_ExclusiveIndicatorHeight, 14},
+                              {QStyle::PM_CheckBoxLabelSpacing, 5},
+                              {QStyle::PM_RadioButtonLabelSpacing, 5},
+                              {QStyle::PM_HeaderMargin, 6},
+                              {QStyle::PM_HeaderMarkSize, 12},
+                              {QStyle::PM_FocusFrameHMargin, 4},  // before the text of an entry
+                              {QStyle::PM_ScrollBarExtent, 14},
+                              {QStyle::PM_ScrollBarSliderMin, 26},
+                              {QStyle::PM_SplitterWidth, 5},
+                              {QStyle::PM_SmallIconSize, 16},
+                              {QStyle::PM_MessageBoxIconSize, 48},
+                              {QStyle::PM_MenuButtonIndicator, 18},
+                              {QStyle::PM_LayoutLeftMargin, 16},
+                              {QStyle::PM_LayoutTopMargin, 16},
+                              {QStyle::PM_LayoutRightMargin, 16},
+                              {QStyle::PM_LayoutBottomMargin, 16}};
+
+int scaled(int pixels, const QStyleOption* option, const QWidget* widget) {
+  const int line = widget   ? widget->fontMetrics().height()
+                   : option ? option->fontMetrics.height()
+                            : QFontMetrics(QApplication::font()).height();
+  return qRound(pixels * std::max(1.0, line / theme::usualLine));
+}
+
 void progressContents(QPainter* painter, const QStyleOptionProgressBar& bar) {
   QRectF room = QRectF(bar.rect);
+  const double corner = cornerRadius(&bar);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(Qt::NoPen);
   painter->setBrush(
       theme::blend(bar.palette.color(QPalette::Text), bar.palette.window().color(), 0.12));
-  painter->drawRoundedRect(room, cornerRadius, cornerRadius);
+  painter->drawRoundedRect(room, corner, corner);
   const double whole = std::max(1, bar.maximum - bar.minimum);
   room.setWidth(room.width() * std::clamp((bar.progress - bar.minimum) / whole, 0.0, 1.0));
   painter->setBrush(accent(&bar));
-  if (room.width() > 0) painter->drawRoundedRect(room, cornerRadius, cornerRadius);
+  if (room.width() > 0) painter->drawRoundedRect(room, corner, corner);
   painter->restore();
 }
 
@@ -102,15 +149,20 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       if (widget && (widget->inherits("QPushButton") || widget->inherits("QAbstractItemView")))
         return;
       QStyleOption outline(*option);
-      outline.rect = option->rect.adjusted(-2, -1, 2, 1);
+      const int one = qRound(unit(option));
+      outline.rect = option->rect.adjusted(-2 * one, -one, 2 * one, one);
       outline.state |= State_HasFocus;
       return drawArea(painter, &outline, Qt::transparent);
     }
+    case PE_PanelScrollAreaCorner:
+      return painter->fillRect(option->rect, option->palette.color(QPalette::Base));
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
       return drawTickMark(painter, option);
     case PE_IndicatorRadioButton:
       return drawRadioMark(painter, option);
+    case PE_IndicatorHeaderArrow:
+      return headerArrow(painter, option);
     default:
       QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
@@ -172,6 +224,8 @@ QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     size.setHeight(option->fontMetrics.height() + step + step / 4);
     if (type == CT_PushButton) size.setWidth(std::max(contents.width() + 3 * step, 10 * step));
   }
+  if (type == CT_ComboBox && widget)
+    size.rwidth() += scaled(comboArrow, option, widget) - comboArrow;
   if (type == CT_ItemViewItem && widget) size.rheight() += theme::spacing(*widget) / 2;
   if (type == CT_HeaderSection && widget) {
     size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::spacing(*widget)));
@@ -182,6 +236,14 @@ QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 QRect FlatStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl part, const QWidget* widget) const {
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+  if (control == CC_ComboBox && (part == SC_ComboBoxArrow || part == SC_ComboBoxEditField)) {
+    const int arrow = scaled(comboArrow, option, widget);
+    const int margin = scaled(4, option, widget);
+    const QRect& whole = option->rect;
+    const QRect place = part == SC_ComboBoxArrow ? whole.adjusted(whole.width() - arrow, 0, 0, 0)
+                                                 : whole.adjusted(margin, 2, -arrow, -2);
+    return visualRect(option->direction, whole, place);
+  }
   if (control != CC_ScrollBar || !bar) {
     return QProxyStyle::subControlRect(control, option, part, widget);
   }
@@ -239,20 +301,12 @@ int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     case PM_ButtonShiftVertical:
     case PM_ButtonDefaultIndicator:
       return 0;
-    case PM_HeaderMargin:
-      return 6;
-    case PM_FocusFrameHMargin:
-      return 4;  // what stands before the text of a list's entry
-    case PM_ScrollBarExtent:
-      return 14;
-    case PM_LayoutLeftMargin:
-    case PM_LayoutTopMargin:
-    case PM_LayoutRightMargin:
-    case PM_LayoutBottomMargin:
-      return 16;
     default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
+      break;
   }
+  const auto found = std::ranges::find(lengths, metric, &Length::metric);
+  return found == std::end(lengths) ? QProxyStyle::pixelMetric(metric, option, widget)
+                                    : scaled(found->pixels, option, widget);
 }
 
 int FlatStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -17,7 +17,8 @@ namespace quillet::desktop {
 MaskBoxView::MaskBoxView(MaskBox& box, view::ActionRunner& runner, QWidget* parent)
     : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
-  line_->setTextMargins(2, 0, 2, 0);
+  const int margin = theme::spacing(*line_) / 4;
+  line_->setTextMargins(margin, 0, margin, 0);
   line_->setAcceptDrops(false);
   line_->setContextMenuPolicy(Qt::NoContextMenu);
   line_->setFont(theme::figures(line_->font()));

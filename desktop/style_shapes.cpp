@@ -16,33 +16,46 @@ QColor accent(const QStyleOption* option) {
   return option->palette.color(QPalette::Active, QPalette::Highlight);
 }
 
+double unit(const QStyleOption* option) {
+  return std::max(1.0, option->fontMetrics.height() / theme::usualLine);
+}
+
+double cornerRadius(const QStyleOption* option) { return 4 * unit(option); }
+
 namespace {
 
+struct Edge {
+  int width;
+  int side;  // of a corner
+  double radius;
+};
+
 void roundedRect(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& line,
-                 int width) {
+                 const Edge& edge) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(line, width));
+  painter.setPen(QPen(line, edge.width));
   painter.setBrush(fill);
-  const double inset = width / 2.0;
-  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), cornerRadius, cornerRadius);
+  const double inset = edge.width / 2.0;
+  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), edge.radius, edge.radius);
   painter.restore();
 }
 
 // The four corners of a rounded rectangle side by side, from the cache: drawing them anew for every
 // box would take most of the time that a form takes to paint.
-QPixmap corners(const QColor& fill, const QColor& line, int width, int side) {
+QPixmap corners(const QColor& fill, const QColor& line, const Edge& edge) {
+  const int side = edge.side;
   const QString key = QStringLiteral("quillet-corners-%1-%2-%3-%4")
                           .arg(fill.rgba())
                           .arg(line.rgba())
-                          .arg(width)
+                          .arg(edge.width)
                           .arg(side);
   QPixmap picture;
   if (QPixmapCache::find(key, &picture)) return picture;
   picture = QPixmap(2 * side, 2 * side);
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
-  roundedRect(painter, picture.rect(), fill, line, width);
+  roundedRect(painter, picture.rect(), fill, line, edge);
   QPixmapCache::insert(key, picture);
   return picture;
 }
@@ -51,15 +64,17 @@ QPixmap corners(const QColor& fill, const QColor& line, int width, int side) {
 
 void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill) {
   const bool focus = has(option, QStyle::State_HasFocus);
-  const int width = focus ? 2 : 1;
+  const int hairline = qRound(unit(option));
+  const int width = focus ? 2 * hairline : hairline;
   const QColor line = focus ? accent(option) : theme::line(option->palette);
   const QRect& rect = option->rect;
-  constexpr int side = 6;  // of a corner
+  const int side = qRound(6 * unit(option));
+  const Edge edge{width, side, cornerRadius(option)};
   const bool scaled = painter->device()->devicePixelRatioF() != 1;
   if (scaled || rect.width() < 2 * side || rect.height() < 2 * side) {
-    return roundedRect(*painter, rect, fill, line, width);
+    return roundedRect(*painter, rect, fill, line, edge);
   }
-  const QPixmap picture = corners(fill, line, width, side);
+  const QPixmap picture = corners(fill, line, edge);
   const int right = rect.right() - side + 1;
   const int bottom = rect.bottom() - side + 1;
   painter->drawPixmap(rect.left(), rect.top(), picture, 0, 0, side, side);
@@ -79,28 +94,32 @@ void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill)
   painter->fillRect(QRect(rect.right() - width + 1, down.top(), width, down.height()), line);
 }
 
-void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour) {
+void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour, Points points) {
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   const QPointF middle = room.center();
-  const double reach = std::min(room.width(), room.height()) * 0.18;
-  const QPointF corners[] = {middle + QPointF(-reach, -reach / 2), middle + QPointF(0, reach / 2),
-                             middle + QPointF(reach, -reach / 2)};
+  const double reach = std::min(room.width(), room.height()) * 0.2;
+  painter->setPen(
+      QPen(colour, std::max(1.5, reach * 0.4), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const double rise = points == Points::down ? reach / 2 : -reach / 2;
+  const QPointF corners[] = {middle + QPointF(-reach, -rise), middle + QPointF(0, rise),
+                             middle + QPointF(reach, -rise)};
   painter->drawPolyline(corners, 3);
   painter->restore();
 }
 
 void drawTickMark(QPainter* painter, const QStyleOption* option) {
-  const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const double edge = unit(option) / 2;
+  const QRectF box = QRectF(option->rect).adjusted(edge, edge, -edge, -edge);
   const bool on = has(option, QStyle::State_On);
   const bool enabled = has(option, QStyle::State_Enabled);
   const QColor fill = enabled ? accent(option) : theme::dimmed(option->palette);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(on ? fill : theme::dimmed(option->palette));
+  painter->setPen(QPen(on ? fill : theme::dimmed(option->palette), unit(option)));
   painter->setBrush(on ? fill : option->palette.color(QPalette::Base));
-  painter->drawRoundedRect(box, 2.5, 2.5);
+  const double corner = 2.5 * unit(option);
+  painter->drawRoundedRect(box, corner, corner);
   if (on) {
     painter->setPen(QPen(option->palette.color(QPalette::HighlightedText), box.width() / 8,
                          Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -114,13 +133,14 @@ void drawTickMark(QPainter* painter, const QStyleOption* option) {
 }
 
 void drawRadioMark(QPainter* painter, const QStyleOption* option) {
-  const QRectF circle = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  const double edge = unit(option) / 2;
+  const QRectF circle = QRectF(option->rect).adjusted(edge, edge, -edge, -edge);
   const bool on = has(option, QStyle::State_On);
   const QColor ring =
       on && has(option, QStyle::State_Enabled) ? accent(option) : theme::dimmed(option->palette);
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(ring);
+  painter->setPen(QPen(ring, unit(option)));
   painter->setBrush(option->palette.color(QPalette::Base));
   painter->drawEllipse(circle);
   if (on) {

@@ -9,15 +9,19 @@ class QStyleOption;
 
 namespace quillet::desktop {
 
-inline constexpr double cornerRadius = 4;
+// What one pixel of the usual font is in this one: every shape grows with the font beside it.
+double unit(const QStyleOption* option);
+double cornerRadius(const QStyleOption* option);
 
 bool has(const QStyleOption* option, QStyle::StateFlag flag);
 QColor accent(const QStyleOption* option);
 
-// A rounded area; the border is the accent and two pixels wide where the focus is.
+// A rounded area; the border is the accent and twice as wide where the focus is.
 void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill);
-// The arrow of a combo box.
-void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour);
+// The arrow of a combo box or of a heading.
+enum class Points { down, up };
+void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour,
+                 Points points = Points::down);
 void drawTickMark(QPainter* painter, const QStyleOption* option);
 void drawRadioMark(QPainter* painter, const QStyleOption* option);
 // The mark of a message box: a sign on a disc.

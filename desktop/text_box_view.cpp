@@ -25,7 +25,8 @@ constexpr int caretRoom = 2;  // beside the text, by the line edit itself
 TextBoxView::TextBoxView(TextBox& box, view::ActionRunner& runner, QWidget* parent)
     : ControlView(box, runner), box_(box), line_(new QLineEdit(parent)) {
   adopt(line_);
-  line_->setTextMargins(2, 0, 2, 0);
+  const int margin = theme::spacing(*line_) / 4;
+  line_->setTextMargins(margin, 0, margin, 0);
   line_->setAcceptDrops(false);  // the key handlers would not see dropped text
   line_->setAttribute(Qt::WA_InputMethodEnabled);
   drawAlignment();

@@ -106,7 +106,6 @@ QFont scaled(const QFont& font, double factor) {
 }
 
 int spacing(const QWidget& widget) {
-  constexpr double usualLine = 18;  // pixels that a line of the usual font takes
   return std::max(4, qRound(8 * QFontMetricsF(widget.font()).height() / usualLine));
 }
 

@@ -29,6 +29,8 @@ QColor zebra(const QPalette& palette);      // every second row
 QColor emphasis(const QPalette& palette);   // rows that stand out: totals
 
 QFont scaled(const QFont& font, double factor);
+// The pixels that a line of the usual font takes.
+inline constexpr double usualLine = 18;
 // The distance between widgets of this font: 8 px at the usual size.
 int spacing(const QWidget& widget);
 // The width of a digit, and of that many characters, in the widget's font.
