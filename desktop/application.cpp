@@ -20,6 +20,12 @@
 #include "view/figure_groups.h"
 
 namespace quillet::desktop {
+namespace {
+
+constexpr const char* helpPlace = "Help";
+constexpr const char* reportPlace = "Report";
+
+}  // namespace
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   try {
@@ -77,6 +83,7 @@ void Application::follow(OpenForms& openForms) {
 
 void Application::leave() {
   qt_.logTo(nullptr);
+  keepOwnPlaces();
   windows_.leave();
 }
 
@@ -176,12 +183,17 @@ void Application::showAbove(QWidget& window) {
     window.windowHandle()->setTransientParent(front->windowHandle());
   }
   window.show();
+  KeptPlaces::shown(window);
   window.raise();
   window.activateWindow();
 }
 
 void Application::help(const std::string& topic) {
-  if (!help_) help_ = std::make_unique<HelpWindow>();
+  if (!help_) {
+    help_ = std::make_unique<HelpWindow>();
+    windows_.places().restore(*help_, helpPlace);
+    if (const auto share = windows_.places().divider(helpPlace)) help_->divide(*share);
+  }
   help_->showTopic(toQt(topic));
   showAbove(*help_);
 }
@@ -192,10 +204,20 @@ std::optional<std::string> Application::openFile(const std::string& filter,
 }
 
 void Application::showReport(const suite::Document& document) {
+  if (report_) windows_.places().keep(*report_, reportPlace);
   delete report_;
   report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate(),
                              reportStyle_);
+  windows_.places().restore(*report_, reportPlace);
   showAbove(*report_);
+}
+
+// Of the windows that are no form's.
+void Application::keepOwnPlaces() {
+  if (report_) windows_.places().keep(*report_, reportPlace);
+  if (!help_) return;
+  windows_.places().keep(*help_, helpPlace);
+  windows_.places().keepDivider(helpPlace, help_->division());
 }
 
 void Application::whenReportIsRead(std::function<void()> action) {

@@ -85,9 +85,11 @@ class Application : public suite::FrontEnd {
                                       const std::string& folder) override;
   void showReport(const suite::Document& document) override;
   void usePreferences(const suite::Settings& settings) override;
+  void keepPlacesIn(suite::Settings* settings) override { windows_.places().use(settings); }
 
  private:
   void showAbove(QWidget& window);
+  void keepOwnPlaces();
 
   GuardedApplication qt_;
   theme::Scheme scheme_ = theme::Scheme::system;

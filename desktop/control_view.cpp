@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "desktop/text.h"
+#include "view/spoken_name.h"
 
 namespace quillet::desktop {
 
@@ -36,8 +37,14 @@ void ControlView::redraw() {
   widget_->setEnabled(control().enabled());
   widget_->setToolTip(toQt(control().toolTip()));
   draw();
+  drawName();
   drawVisible(control().visible());
   drawLabel();
+}
+
+void ControlView::drawName() {
+  const QString name = toQt(view::spokenName(control()));
+  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
 }
 
 void ControlView::drawLabel() {

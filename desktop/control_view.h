@@ -55,6 +55,7 @@ class ControlView : public QObject, public view::ControlTie {
   bool drawing() const { return drawing_; }
 
  private:
+  void drawName();
   void drawLabel();
 
   QWidget* widget_ = nullptr;

@@ -15,6 +15,7 @@
 #include "view/drop_down_place.h"
 #include "view/form_controls.h"
 #include "view/grid_acts.h"
+#include "view/spoken_name.h"
 
 namespace quillet::desktop {
 DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
@@ -39,13 +40,25 @@ bool DropDown::wanted() const {
 
 void DropDown::refresh() {
   table_->refresh();
-  if (!wanted()) {
+  table_->setAccessibleName(toQt(view::spokenName(grid_)));
+  const bool shown = wanted();
+  tellCurrent(shown);
+  if (!shown) {
     hide();
     return;
   }
   place();
   show();
   raise();
+}
+
+// The focus stays in the field: a screen reader hears of the current name through the field's
+// description.
+void DropDown::tellCurrent(bool shown) {
+  if (!field_) return;
+  const bool chosen = shown && grid_.current() > 0 && grid_.cols() > 0;
+  const QString current = chosen ? toQt(grid_.cell(grid_.current(), 0)) : QString();
+  if (field_->accessibleDescription() != current) field_->setAccessibleDescription(current);
 }
 
 void DropDown::place() {
@@ -56,9 +69,10 @@ void DropDown::place() {
   const auto heightOf = [&](int shown) { return table_->heightOf(shown) + 2 * frame; };
   const view::Size wanted{theme::characters(*table_, view::dropDownCharacters(grid_)) + 4 * frame,
                           heightOf(view::dropDownRows(rows))};
-  const auto [left, top, width, height] = view::dropDownPlace(
-      {corner.x(), corner.y(), field_->width(), field_->height()}, wanted,
-      heightOf(view::dropDownLeastRows(rows)), {window->width(), window->height()});
+  const auto [left, top, width, height] =
+      view::dropDownPlace({corner.x(), corner.y(), field_->width(), field_->height()}, wanted,
+                          heightOf(view::dropDownLeastRows(rows)),
+                          {window->width(), window->height()}, 4, heightOf(1) - heightOf(0));
   setGeometry(left, top, width, height);
 }
 

@@ -31,6 +31,7 @@ class DropDown : public QFrame {
  private:
   bool wanted() const;
   void place();
+  void tellCurrent(bool shown);
 
   Grid& grid_;
   view::ActionRunner& runner_;

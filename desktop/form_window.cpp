@@ -10,6 +10,8 @@
 #include <utility>
 
 #include "desktop/drop_down.h"
+#include "desktop/grid_view.h"
+#include "desktop/kept_places.h"
 #include "desktop/notice_bar.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
@@ -17,13 +19,18 @@
 
 namespace quillet::desktop {
 
-FormWindow::FormWindow(Form& form, view::ActionRunner& runner)
-    : form_(form), runner_(runner), menu_(form, runner, *menuBar()), layout_(runner, makeBody()) {
+FormWindow::FormWindow(Form& form, view::ActionRunner& runner, KeptPlaces& places)
+    : form_(form),
+      runner_(runner),
+      places_(places),
+      menu_(form, runner, *menuBar()),
+      layout_(runner, makeBody()) {
   setObjectName(toQt(form.name()));
   menuBar()->setFont(font());
   menuBar()->setNativeMenuBar(false);
   refresh();
   takeSize();
+  places_.restore(*this, form.name());
 }
 
 FormWindow::~FormWindow() = default;
@@ -48,6 +55,9 @@ QWidget& FormWindow::makeBody() {
 void FormWindow::arrange() {
   arranged_ = form_.arrangementVersion();
   layout_.arrange(form_.arrangement());
+  for (const auto& [id, view] : layout_.views()) {
+    if (auto* grid = dynamic_cast<GridView*>(view)) grid->keepWidthsIn(places_);
+  }
   arrangeDropDowns();
 }
 

@@ -16,11 +16,12 @@ class QLabel;
 namespace quillet::desktop {
 
 class DropDown;
+class KeptPlaces;
 class NoticeBar;
 
 class FormWindow : public QMainWindow {
  public:
-  FormWindow(Form& form, view::ActionRunner& runner);
+  FormWindow(Form& form, view::ActionRunner& runner, KeptPlaces& places);
   ~FormWindow() override;
 
   Form& form() const { return form_; }
@@ -58,6 +59,7 @@ class FormWindow : public QMainWindow {
 
   Form& form_;
   view::ActionRunner& runner_;
+  KeptPlaces& places_;
   // Before the menu: making it sends the window its first events.
   bool detached_ = false;
   NoticeBar* notices_ = nullptr;  // made with the body

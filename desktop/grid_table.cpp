@@ -52,7 +52,27 @@ void GridTable::refresh() {
     cells_->refresh();
   }
   arrangeColumns();
+  showWholeRows();
   showCurrent();
+}
+
+// A row is shown whole or not at all: what is left over stays outside the frame.
+void GridTable::showWholeRows() {
+  const int row = verticalHeader()->defaultSectionSize();
+  QMargins margins = contentsMargins();
+  const QScrollBar* bar = horizontalScrollBar();
+  const int room = height() - 2 * frameWidth() - viewportMargins().top() -
+                   (bar->isVisibleTo(this) ? bar->sizeHint().height() : 0);
+  const int bottom = frameWidth() + (room > row ? room % row : 0);
+  if (bottom == margins.bottom()) return;
+  margins.setBottom(bottom);
+  setContentsMargins(margins);
+}
+
+bool GridTable::event(QEvent* event) {
+  const bool done = QTableView::event(event);
+  if (event->type() == QEvent::Resize) showWholeRows();
+  return done;
 }
 
 int GridTable::heightOf(int rows) const {
@@ -60,21 +80,20 @@ int GridTable::heightOf(int rows) const {
   return head + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
 }
 
-int GridTable::shownWidth(int column) const { return metrics_.characters(columnWidth(column)); }
+int GridTable::shownWidth(int shown) const { return metrics_.characters(columnWidth(shown)); }
 
 void GridTable::arrangeColumns() {
   const QSignalBlocker quiet(horizontalHeader());
-  std::vector<int> now;
-  // A handler may be changing the grid just now; the model is told afterwards.
-  const int columns = std::min(cells_->columnCount(), grid_.cols());
-  for (int c = 0; c < columns; ++c) now.push_back(columnWidth(c));
+  std::vector<int> now(grid_.columns().size());
+  const auto eachShown = [&](const auto& act) {
+    for (int shown = 0; shown < cells_->columnCount(); ++shown) {
+      if (cells_->hasColumn(shown)) act(shown, static_cast<std::size_t>(cells_->gridColumn(shown)));
+    }
+  };
+  eachShown([&](int shown, std::size_t column) { now[column] = columnWidth(shown); });
   const std::vector<int> widths =
       view::columnWidths(grid_.columns(), now, metrics_, viewport()->width());
-  for (int c = 0; c < columns; ++c) {
-    const bool hidden = cells_->column(c).hidden;
-    if (isColumnHidden(c) != hidden) setColumnHidden(c, hidden);
-    if (!hidden) setColumnWidth(c, widths[static_cast<std::size_t>(c)]);
-  }
+  eachShown([&](int shown, std::size_t column) { setColumnWidth(shown, widths[column]); });
   // Blocked above: the header tells nobody, so the cells are arranged here.
   updateGeometries();
   viewport()->update();
@@ -86,9 +105,7 @@ void GridTable::showCurrent() {
     selectionModel()->clear();
     return;
   }
-  int column = 0;
-  while (column + 1 < cells_->columnCount() && isColumnHidden(column)) ++column;
-  const QModelIndex index = cells_->index(row, column);
+  const QModelIndex index = cells_->index(row, 0);
   const bool moved = currentIndex().row() != row;
   // What typing finds far down a list is shown with the names that follow it.
   const bool jumped = grid_.dropOf() && std::abs(currentIndex().row() - row) > 1 &&
@@ -105,7 +122,7 @@ void GridTable::showCurrent() {
 
 void GridTable::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
-  if (grid_.rows() > 0 || grid_.emptyText().empty()) return;
+  if (cells_->rowCount() > 0 || grid_.emptyText().empty()) return;
   QPainter painter(viewport());
   painter.setPen(theme::dimmed(palette()));
   const int step = theme::spacing(*this);

@@ -23,9 +23,10 @@ class GridTable : public QTableView {
   // The height of that many rows, with headings and frame.
   int heightOf(int rows) const;
   // The width in characters that a column has on the screen.
-  int shownWidth(int column) const;
+  int shownWidth(int shown) const;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -33,6 +34,7 @@ class GridTable : public QTableView {
  private:
   void arrangeColumns();
   void showCurrent();
+  void showWholeRows();
   void measure();
 
   Grid& grid_;

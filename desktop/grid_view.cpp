@@ -10,6 +10,7 @@
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
+#include "desktop/kept_places.h"
 #include "desktop/text.h"
 #include "view/grid_acts.h"
 
@@ -26,27 +27,44 @@ GridView::GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent)
   QHeaderView* header = table_->horizontalHeader();
   header->setSectionsClickable(true);
   connect(header, &QHeaderView::sectionClicked, this,
-          [this](int column) { perform([&] { grid_.sortBy(column); }); });
-  connect(header, &QHeaderView::sectionResized, this, [this](int column) { widen(column); });
+          [this](int shown) { perform([&] { grid_.sortBy(table_->cells().gridColumn(shown)); }); });
+  connect(header, &QHeaderView::sectionResized, this, [this](int shown) { widen(shown); });
 }
 
 void GridView::draw() {
+  takeKeptWidths();
   QHeaderView* header = table_->horizontalHeader();
-  header->setSortIndicatorShown(grid_.sortColumn() >= 0);
-  header->setSortIndicator(grid_.sortColumn(),
-                           grid_.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
   const int rows = grid_.fixedRows();
   table_->setMinimumHeight(table_->heightOf(rows > 0 ? rows : 3));
   table_->setMaximumHeight(rows > 0 ? table_->minimumHeight() : QWIDGETSIZE_MAX);
   table_->refresh();
+  const int sorted = table_->cells().shownColumn(grid_.sortColumn());
+  header->setSortIndicatorShown(sorted >= 0);
+  header->setSortIndicator(sorted,
+                           grid_.sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
 }
 
-void GridView::widen(int column) {
-  if (drawing() || table_->isColumnHidden(column)) return;
-  const int width = table_->shownWidth(column);
-  if (width != table_->cells().column(column).width) {
-    perform([&] { grid_.setColumnWidth(column, width); });
+void GridView::widen(int shown) {
+  if (drawing() || !table_->cells().hasColumn(shown)) return;
+  const int width = table_->shownWidth(shown);
+  const GridColumn& column = table_->cells().column(shown);
+  if (width == column.width) return;
+  // One that stretches takes what the others leave.
+  if (places_ && !column.stretch && !grid_.keepsWidths()) places_->setWidth(keyOf(column), width);
+  perform([&] { grid_.setColumnWidth(table_->cells().gridColumn(shown), width); });
+}
+
+void GridView::takeKeptWidths() {
+  for (int at = 0; places_ && !grid_.keepsWidths() && at < grid_.cols(); ++at) {
+    const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
+    if (column.stretch) continue;
+    const auto kept = places_->width(keyOf(column));
+    if (kept && *kept != column.width) grid_.setColumnWidth(at, *kept);
   }
+}
+
+std::string GridView::keyOf(const GridColumn& column) const {
+  return grid_.form().name() + '.' + grid_.name() + '.' + column.heading;
 }
 
 // --- keys ---------------------------------------------------------------------------------------
@@ -81,7 +99,8 @@ void GridView::popUp() {
 
 bool GridView::edit(int row, int column) {
   if (!view::isWritten(grid_, row, column)) return false;
-  const QModelIndex index = table_->cells().index(table_->cells().shownRow(row), column);
+  const GridModel& cells = table_->cells();
+  const QModelIndex index = cells.index(cells.shownRow(row), cells.shownColumn(column));
   table_->setCurrentIndex(index);
   table_->edit(index);
   return true;
@@ -97,8 +116,9 @@ bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
   if (row > 0) {
     const bool wasCurrent = !arrived && row == grid_.current();
     const bool left = event.button() == Qt::LeftButton;
-    view::pressCell(grid_, row, index.column(), left, runner());
-    if (wasCurrent && left && !detached()) edit(row, index.column());
+    const int column = table_->cells().gridColumn(index.column());
+    view::pressCell(grid_, row, column, left, runner());
+    if (wasCurrent && left && !detached()) edit(row, column);
   } else {
     view::pressEmpty(grid_, event.button() == Qt::LeftButton, runner());
   }
@@ -109,8 +129,9 @@ bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
 void GridView::doubleClicked(const QPoint& place) {
   const QModelIndex index = table_->indexAt(place);
   const int row = table_->cells().gridRow(index.row());
-  const auto editing = [&] { return edit(row, index.column()); };
-  view::doubleClickCell(grid_, row, index.column(), editing, runner());
+  const int column = table_->cells().gridColumn(index.column());
+  const auto editing = [&] { return edit(row, column); };
+  view::doubleClickCell(grid_, row, column, editing, runner());
 }
 
 bool GridView::otherEvent(QObject* target, QEvent& event) {

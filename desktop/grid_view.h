@@ -10,10 +10,13 @@ class QPoint;
 namespace quillet::desktop {
 
 class GridTable;
+class KeptPlaces;
 
 class GridView : public ControlView {
  public:
   GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent);
+  // Columns are as wide as a person left them, in this run or an earlier one.
+  void keepWidthsIn(KeptPlaces& places) { places_ = &places; }
 
  protected:
   void draw() override;
@@ -25,10 +28,13 @@ class GridView : public ControlView {
   void doubleClicked(const QPoint& place);
   void popUp();
   bool edit(int row, int column);
-  void widen(int column);
+  void widen(int shown);
+  void takeKeptWidths();
+  std::string keyOf(const GridColumn& column) const;
 
   Grid& grid_;
   GridTable* table_;
+  KeptPlaces* places_ = nullptr;
 };
 
 }  // namespace quillet::desktop

@@ -42,8 +42,8 @@ HelpWindow::HelpWindow() {
   setObjectName(QStringLiteral("help"));
   setWindowTitle(tr("Help"));
   const int step = theme::spacing(*this);
-  auto* splitter = new QSplitter(this);
-  auto* left = new QWidget(splitter);
+  splitter_ = new QSplitter(this);
+  auto* left = new QWidget(splitter_);
   auto* column = new QVBoxLayout(left);
   column->setContentsMargins(0, 0, step, 0);
   column->setSpacing(step);
@@ -54,15 +54,15 @@ HelpWindow::HelpWindow() {
   topics_->setWordWrap(true);
   column->addWidget(search_);
   column->addWidget(topics_);
-  page_ = new Page(splitter);
+  page_ = new Page(splitter_);
   page_->setOpenLinks(false);
   page_->document()->setDocumentMargin(2 * step);
-  splitter->setSizes({26 * step, 74 * step});
-  splitter->setCollapsible(0, false);
-  splitter->setCollapsible(1, false);
+  divide(26);
+  splitter_->setCollapsible(0, false);
+  splitter_->setCollapsible(1, false);
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(step, step, step, step);
-  whole->addWidget(splitter);
+  whole->addWidget(splitter_);
   dress();
   list();
   connect(search_, &QLineEdit::textChanged, this, [this] { list(); });
@@ -75,6 +75,15 @@ HelpWindow::HelpWindow() {
   const QRect room = screen()->availableGeometry();
   resize(std::min(room.width() * 8 / 10, 120 * step), std::min(room.height() * 9 / 10, 90 * step));
   move(room.center() - rect().center());
+}
+
+int HelpWindow::division() const {
+  const QList<int> sizes = splitter_->sizes();
+  return qRound(100.0 * sizes.first() / std::max(1, sizes.first() + sizes.last()));
+}
+
+void HelpWindow::divide(int percent) {
+  splitter_->setSizes({100 * percent, 100 * (100 - percent)});
 }
 
 void HelpWindow::dress() {

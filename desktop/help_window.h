@@ -5,6 +5,7 @@
 
 class QLineEdit;
 class QListWidget;
+class QSplitter;
 class QTextBrowser;
 
 namespace quillet::desktop {
@@ -16,6 +17,9 @@ class HelpWindow : public QWidget {
   // Brings up the topic; an id without a page brings up the first one.
   void showTopic(const QString& id);
   QString topic() const;
+  // The share of the list of topics, in per cent.
+  int division() const;
+  void divide(int percent);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -28,6 +32,7 @@ class HelpWindow : public QWidget {
   void markFound();
   void dress();
 
+  QSplitter* splitter_;
   QLineEdit* search_;
   QListWidget* topics_;
   QTextBrowser* page_;

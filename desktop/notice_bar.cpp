@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "desktop/announce.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 
@@ -16,7 +17,6 @@ NoticeBar::NoticeBar(QWidget& window) : QFrame(&window), text_(new QLabel(this))
   // What a notice says may come from a table.
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
-  text_->setAccessibleName(tr("Notice"));
   auto* close = new QPushButton(tr("Close (Shift+Esc)"), this);
   // A bar that takes the focus would take it from the entry.
   close->setFocusPolicy(Qt::NoFocus);
@@ -39,7 +39,9 @@ void NoticeBar::show(const std::vector<std::string>& notices) {
     QString text = toQt(notices.back());
     const auto more = static_cast<int>(notices.size()) - 1;
     if (more > 0) text += tr(" (And %1 more before it.)").arg(more);
+    const bool news = text_->text() != text || !isVisible();
     text_->setText(text);
+    if (news) announce(*text_);
     QString all;
     for (const std::string& notice : notices) all += toQt(notice) + '\n';
     setToolTip(

@@ -8,6 +8,7 @@
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 
+#include "desktop/announce.h"
 #include "desktop/text.h"
 #include "desktop/theme.h"
 #include "view/access_keys.h"
@@ -25,7 +26,10 @@ LabelView::LabelView(Label& label, view::ActionRunner& runner, QWidget* parent)
 }
 
 void LabelView::draw() {
-  text_->setText(toQt(view::groupedWords(label_.caption(), view::grouping())));
+  const QString text = toQt(view::groupedWords(label_.caption(), view::grouping()));
+  const bool news = text_->text() != text && text_->isVisible();
+  text_->setText(text);
+  if (news) announce(*text_);
   const auto role = label_.quiet() ? QPalette::PlaceholderText : QPalette::WindowText;
   if (text_->foregroundRole() == role) return;
   text_->setForegroundRole(role);

@@ -17,6 +17,7 @@ Windows::~Windows() { leave(); }
 void Windows::left() {
   for (const auto& window : windows_) {
     if (!window) continue;
+    keepPlaces(*window);
     window->detach();
     delete window;
   }
@@ -51,7 +52,7 @@ void Windows::setNotices(const std::vector<std::string>& notices) {
 
 FormWindow& Windows::create(Form& form) {
   FormWindow* below = windows_.empty() ? nullptr : windows_.back().data();
-  auto* window = new FormWindow(form, *this);
+  auto* window = new FormWindow(form, *this, places_);
   windows_.emplace_back(window);
   window->onActivated = [this, &form] { activated(form); };
   window->onCovered = [this] { interrupted(); };
@@ -80,16 +81,25 @@ void Windows::opened(Form& form) {
   FormWindow& window = known ? *known : create(form);
   window.refresh();
   window.show();
+  KeptPlaces::shown(window);
   if (!window.isActiveWindow()) {
     window.raise();
     window.activateWindow();
   }
 }
 
+void Windows::keepPlaces(FormWindow& window) {
+  window.form().logErrors("KEEPPLACES", [&] {
+    places_.keep(window, window.form().name());
+    places_.keepWidths();
+  });
+}
+
 void Windows::closed(Form& form) {
   FormWindow* window = of(form);
   if (!window) return;
   std::erase(windows_, window);
+  keepPlaces(*window);
   window->detach();
   window->hide();
   window->deleteLater();

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/kept_places.h"
 #include "view/form_windows.h"
 
 class QMenu;
@@ -33,6 +34,8 @@ class Windows : public view::FormWindows {
   // A menu of the suite in the bar of the form of that name; it outlives the windows.
   void addMenu(const std::string& form, QMenu& menu) { menus_.emplace(form, &menu); }
 
+  KeptPlaces& places() { return places_; }
+
   // A person asked for help in a form.
   std::function<void(Form&)> onHelp;
   // A person has read the notices.
@@ -45,7 +48,9 @@ class Windows : public view::FormWindows {
   void closed(Form& form) override;
   void left() override;
   FormWindow& create(Form& form);
+  void keepPlaces(FormWindow& window);
 
+  KeptPlaces places_;                          // outlives the windows
   std::vector<QPointer<FormWindow>> windows_;  // oldest first
   std::multimap<std::string, QMenu*> menus_;   // by the names of forms
   QString footnote_;

@@ -326,18 +326,19 @@ LayoutItem frmClient::layout() {
       framed(famperson,
              {row({field("&First name", txtfirst, 16, 1), field("&Middle name", txtmiddle, 16, 1),
                    field("&Last name", txtlast, 16, 1)})});
-  return column({row({field("&Code", txtcode, 16), item(optfirm), item(optperson), gap()}),
-                 stack({framed(famfirm, {row({field("&Name", txtname, 50, 1)})}), person}, 0),
-                 row({field("&Status", txtstatus, 24, 1), item(vsfstatus),
-                      field("&Date of birth or incorporation", mskborn, 12)}),
-                 row({field("Fat&her or husband", txtfather, 24, 1),
-                      field("Compan&y name", txtcompany, 24, 1)}),
-                 row({field("&Address", txtaddress, 50, 1)}),
-                 row({field("&Group code", txtgroupcode, 14), item(vsfgroup),
-                      field("Gro&up name", txtgroupname, 24, 1)}),
-                 row({item(chkpassword), field("Passwo&rd", txtpassword, 14, 1),
-                      field("Aga&in", txtagain, 14, 1)}),
-                 item(lblhint), gap(), row({gap(), item(cmdsave), item(cmdcancel)})});
+  return column(
+      {row({field("&Code", txtcode, 16), item(optfirm), item(optperson), gap()}),
+       stack({framed(famfirm, {row({field("&Name", txtname, 50, 1)})}), person}, 0),
+       row({field("&Status", txtstatus, 24, 1), named("Statuses that match", item(vsfstatus)),
+            field("&Date of birth or incorporation", mskborn, 12)}),
+       row({field("Fat&her or husband", txtfather, 24, 1),
+            field("Compan&y name", txtcompany, 24, 1)}),
+       row({field("&Address", txtaddress, 50, 1)}),
+       row({field("&Group code", txtgroupcode, 14), named("Groups that match", item(vsfgroup)),
+            field("Gro&up name", txtgroupname, 24, 1)}),
+       row({item(chkpassword), field("Passwo&rd", txtpassword, 14, 1),
+            named("Password again", field("Aga&in", txtagain, 14, 1))}),
+       item(lblhint), gap(), row({gap(), item(cmdsave), item(cmdcancel)})});
 }
 
 }  // namespace quillet::suite

@@ -42,6 +42,9 @@ class FrontEnd {
   virtual void showReport(const Document& document) = 0;
   // The preferences are those of these settings from now on, in every window that is open.
   virtual void usePreferences(const Settings& /*settings*/) {}
+  // Where windows stand and how wide columns are is kept in these settings until it is told
+  // otherwise; null keeps nothing.
+  virtual void keepPlacesIn(Settings* /*settings*/) {}
   // Shown by a line in the windows.
   Notices& notices() { return notices_; }
 

@@ -85,6 +85,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
       frontEnd_(frontEnd),
       standalone_(folder_, settings_, *database_, frontEnd, clock) {
   frontEnd.usePreferences(settings_);
+  frontEnd.keepPlacesIn(&settings_);
   noticeLostTables(*database_, folder_, policy);
   backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
@@ -99,6 +100,7 @@ Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
 
 Practice::~Practice() {
   standalone_.acts().leave();
+  frontEnd_.keepPlacesIn(nullptr);
   try {
     KeptSettings(folder_).keep(settings_);
   } catch (const std::exception&) {

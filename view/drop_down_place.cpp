@@ -19,7 +19,7 @@ int dropDownCharacters(const Grid& list) {
   return characters;
 }
 
-Bounds dropDownPlace(const Bounds& field, Size wanted, int least, Size window, int gap) {
+Bounds dropDownPlace(const Bounds& field, Size wanted, int least, Size window, int gap, int row) {
   Bounds place;
   place.width = std::min(std::max(wanted.width, field.width), std::max(0, window.width - 2 * gap));
   place.left = std::clamp(field.left, gap, std::max(gap, window.width - place.width - gap));
@@ -27,7 +27,9 @@ Bounds dropDownPlace(const Bounds& field, Size wanted, int least, Size window, i
   const int below = window.height - under - gap;
   const int above = field.top - gap / 2 - gap;
   const bool over = std::min(least, wanted.height) > below && above > below;
-  place.height = std::clamp(wanted.height, 0, std::max(0, over ? above : below));
+  const int room = std::clamp(wanted.height, 0, std::max(0, over ? above : below));
+  const int rowsCut = (wanted.height - room + row - 1) / row;
+  place.height = std::max(0, wanted.height - rowsCut * row);
   place.top = over ? field.top - gap / 2 - place.height : under;
   return place;
 }

@@ -108,6 +108,9 @@ class Grid : public Control {
   const std::string& emptyText() const { return emptyText_; }
   void setEmptyText(std::string text) { set(emptyText_, std::move(text)); }
 
+  // The grid itself remembers how wide a person made its columns.
+  virtual bool keepsWidths() const { return false; }
+
   bool takesFocus() const override { return dropOf_ == nullptr; }
   // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
   bool handleKey(Key key) override;

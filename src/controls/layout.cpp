@@ -58,6 +58,11 @@ LayoutItem field(std::string label, Control& control, int width, int stretch) {
   return node;
 }
 
+LayoutItem named(std::string name, LayoutItem control) {
+  control.name = std::move(name);
+  return control;
+}
+
 LayoutItem gap(int stretch) { return box(LayoutItem::Kind::gap, {}, stretch); }
 
 }  // namespace quillet

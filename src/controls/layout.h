@@ -22,8 +22,9 @@ struct LayoutItem {
   Control* control = nullptr;
   unsigned id = 0;    // the control's
   std::string label;  // may carry an access key for the control: "&Group"
-  int stretch = 0;    // share of the room that is left over; 0 keeps to its own size
-  int width = 0;      // preferred width in characters; 0 leaves it to the control
+  std::string name;  // what a screen reader calls the control in place of its label, marked like it
+  int stretch = 0;   // share of the room that is left over; 0 keeps to its own size
+  int width = 0;     // preferred width in characters; 0 leaves it to the control
   std::vector<LayoutItem> children;
   bool operator==(const LayoutItem&) const = default;
 };
@@ -36,6 +37,8 @@ LayoutItem stack(std::vector<LayoutItem> children, int stretch = 1);
 LayoutItem item(Control& control, int stretch = 0, int width = 0);
 // A control under or beside its label.
 LayoutItem field(std::string label, Control& control, int width = 0, int stretch = 0);
+// A control that has no label, or shares its label with others.
+LayoutItem named(std::string name, LayoutItem control);
 LayoutItem gap(int stretch = 1);
 
 }  // namespace quillet

@@ -284,7 +284,7 @@ void ClGrd::keepWidths() {
 LayoutItem ClGrd::arrangement() {
   return column({row({field("&Find", txtsearch, 30, 1), field("S&tatus", cbostatus, 14),
                       field("Gro&up", cbogrpcode, 14), item(cmdclients), item(cmdcolumns)}),
-                 item(*this, 1), item(lblcount)},
+                 named("Clients", item(*this, 1)), item(lblcount)},
                 1);
 }
 

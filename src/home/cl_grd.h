@@ -50,6 +50,7 @@ class ClGrd : public Grid {
   void keepWidths();
   bool searching() const { return !txtsearch.text().empty(); }
 
+  bool keepsWidths() const override { return true; }
   LayoutItem arrangement();
 
   TextBox txtsearch;

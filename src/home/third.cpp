@@ -76,8 +76,9 @@ LayoutItem third::layout() {
   const LayoutItem dates = framed(
       famdates, {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12),
                       item(cmdyear), item(cmdyearimport), gap()}),
-                 item(lblproposal), item(grdyears, 1)});
-  const LayoutItem list = framed(famyears, {item(flexgrid2, 1), row({gap(), item(cmdmerge)})});
+                 item(lblproposal), named("Years that there are", item(grdyears, 1))});
+  const LayoutItem list =
+      framed(famyears, {named("Years", item(flexgrid2, 1)), row({gap(), item(cmdmerge)})});
   const LayoutItem year = framed(Frame1, {item(Label1), stack({dates, list})}, 1);
   return column({row({commands, stack({clients, year})}, 1), item(lblstatus)}, 1);
 }

@@ -84,12 +84,15 @@ LayoutItem frmjrnl::layout() {
   const LayoutItem commands =
       row({item(cmdadd), item(cmdmodify), item(cmdcopy), item(cmdreverse), item(Command1),
            item(Check1), gap(), item(cmdprn), item(cmdtb), item(cmdexit)});
-  const LayoutItem list = framed(Frame1, {period, item(vsf, 1), item(lblstatus), commands}, 1);
+  const LayoutItem list =
+      framed(Frame1, {period, named("Vouchers", item(vsf, 1)), item(lblstatus), commands}, 1);
   const LayoutItem entry = framed(
       Frame2,
       {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, lines_.layout()),
-       gap(), row({item(lbldiff, 1), item(cmdremove)}), item(vsf1), field("N&arration", txtnarr),
-       row({item(lblhint, 1), item(cmdupdate), item(cmdcancel), item(VSF3), item(VSF4)})},
+       gap(), row({item(lbldiff, 1), item(cmdremove)}),
+       named("Totals of the voucher", item(vsf1)), field("N&arration", txtnarr),
+       row({item(lblhint, 1), item(cmdupdate), item(cmdcancel),
+            named("Ledgers that match", item(VSF3)), named("Groups that match", item(VSF4))})},
       1);
   return column({item(lblsubject), stack({list, entry})});
 }

@@ -237,8 +237,9 @@ std::vector<LayoutItem> VoucherLines::layout() {
     std::vector<LayoutItem> boxes;
     for (const auto& [heading, width, stretch, box] : columns) {
       // The headings stand once, above the first line in view.
-      boxes.push_back(line == top_ ? field(heading, box(form_, line), width, stretch)
-                                   : item(box(form_, line), stretch, width));
+      const std::string name = heading + (", line " + std::to_string(line + 1));
+      boxes.push_back(named(name, line == top_ ? field(heading, box(form_, line), width, stretch)
+                                               : item(box(form_, line), stretch, width)));
     }
     rows.push_back(row(std::move(boxes)));
   }

@@ -1,9 +1,11 @@
 // An arrangement that changes while its form is shown: what stays keeps its widgets.
 #include <unistd.h>
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTableView>
 #include <filesystem>
 
@@ -60,6 +62,60 @@ TEST_F(DesktopTest, TakesPreferencesAndMenusOfTheSuite) {
   ASSERT_EQ(headings.size(), 3);
   EXPECT_EQ(headings.front()->menu()->actions().last(), last);
   EXPECT_EQ(headings.last()->menu(), &other);
+}
+
+// What a person arranged is there again in the next run, as far as the screen has room.
+TEST_F(DesktopTest, WindowsAndColumnsStayAsAPersonLeftThem) {
+  const std::filesystem::path file =
+      std::filesystem::temp_directory_path() / ("places-" + std::to_string(getpid()));
+  suite::Settings settings(file);
+  theApplication().keepPlacesIn(&settings);
+  const auto again = [&] {
+    form.close();
+    settle();
+    form.fillGrid();
+    form.show();
+    settle();
+  };
+  const QSize given = window()->size();
+  const QSize arranged(given.width() + 20, given.height() - 40);
+  again();
+  EXPECT_EQ(settings.get("Windows", form.name()), "") << "nobody changed it";
+  window()->resize(arranged);
+  window()->move(30, 20);
+  auto* header = widget<QTableView>(form.vsf)->horizontalHeader();
+  header->resizeSection(3, header->sectionSize(3) * 2);
+  const int wide = form.vsf.columns()[3].width;
+  settle();
+  EXPECT_EQ(settings.get("Columns", "demo.vsf.Amount"), "") << "written when the window closes";
+  again();
+  EXPECT_EQ(window()->size(), arranged);
+  EXPECT_EQ(window()->pos(), QPoint(30, 20));
+  EXPECT_EQ(form.vsf.columns()[3].width, wide);
+
+  const QRect room = window()->screen()->availableGeometry();
+  for (const char* kept : {"9000x8000+0+0", "640x480+5000-3000", "640x480+5000-3000 maximized"}) {
+    settings.set("Windows", form.name(), kept);
+    // What the window closes with is kept in its place.
+    form.close();
+    settings.set("Windows", form.name(), kept);
+    form.show();
+    settle();
+    EXPECT_TRUE(room.contains(QRect(window()->pos(), window()->size()))) << kept;
+  }
+  for (const char* kept : {"", "x", "0x0+0+0", "640x480", "640x-480+1+1", "1e9x1e9+0+0"}) {
+    window()->showNormal();
+    form.close();
+    settings.set("Windows", form.name(), kept);
+    settings.set("Columns", "demo.vsf.Amount", kept);
+    form.fillGrid();
+    form.show();
+    settle();
+    EXPECT_EQ(window()->size(), given) << kept;
+    EXPECT_EQ(form.vsf.columns()[3].width, 16) << kept;
+  }
+  theApplication().keepPlacesIn(nullptr);
+  std::filesystem::remove(file);
 }
 
 // Lines of which some are in view, the first of them with a label.

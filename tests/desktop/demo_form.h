@@ -22,6 +22,7 @@ class DemoForm : public Form {
   explicit DemoForm(OpenForms& openForms, std::string name = "demo");
 
   LayoutItem layout() override;
+  void fillGrid();
 
   MenuEntry mnufile{*this, "mnufile", "&Entry"};
   MenuEntry mnunew{*this, "mnunew", "&New Line", &mnufile, "Ins"};
@@ -58,7 +59,6 @@ class DemoForm : public Form {
 
  private:
   void note(std::string what) { events.push_back(std::move(what)); }
-  void fillGrid();
   void follow(Control& control);
 };
 

@@ -95,10 +95,43 @@ TEST_F(GridViews, HiddenRowsAndColumnsAreNotShown) {
   EXPECT_EQ(shown(0, 1), "Bank of India");
   EXPECT_EQ(shown(1, 1), "Salaries");
   EXPECT_EQ(selectedRow(), 1);
-  EXPECT_TRUE(table()->isColumnHidden(2));
-  EXPECT_TRUE(table()->isColumnHidden(4));
+  ASSERT_EQ(table()->model()->columnCount(), 3);
+  EXPECT_EQ(shown(0, 2), "250000.50");
   clickCell(0, 1);
   EXPECT_EQ(form.vsf.current(), 2);
+}
+
+TEST_F(GridViews, ARowIsShownWholeOrNotAtAll) {
+  for (int row = 0; row < 60; ++row) form.vsf.addRow({"", "Ledger"});
+  const int height = table()->verticalHeader()->defaultSectionSize();
+  for (int more = 0; more < height; more += 5) {
+    window()->resize(1300, 500 + more);
+    for (const int row : {60, 7, 33, 1}) {
+      form.vsf.setCurrent(row);
+      settle();
+      EXPECT_EQ(table()->viewport()->height() % height, 0) << more;
+      EXPECT_EQ(table()->rowViewportPosition(table()->rowAt(0)), 0) << more << ' ' << row;
+      EXPECT_LE(table()->visualRect(table()->currentIndex()).bottom(),
+                table()->viewport()->height());
+    }
+    EXPECT_LT(table()->geometry().bottom() - table()->frameRect().bottom(), 2 * height);
+  }
+}
+
+// Without screens to scale them the shapes beside the text grow with its font.
+TEST_F(GridViews, ShapesGrowWithTheFont) {
+  QFont large = table()->font();
+  large.setPointSizeF(large.pointSizeF() * 2);
+  QWidget plain, grown;
+  grown.setFont(large);
+  for (const auto metric :
+       {QStyle::PM_IndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight, QStyle::PM_ScrollBarExtent,
+        QStyle::PM_HeaderMarkSize, QStyle::PM_SplitterWidth, QStyle::PM_SmallIconSize}) {
+    const auto lengthOn = [&](const QWidget& on) {
+      return on.style()->pixelMetric(metric, nullptr, &on);
+    };
+    EXPECT_GT(lengthOn(grown), lengthOn(plain) * 17 / 10) << metric;
+  }
 }
 
 TEST_F(GridViews, FollowRowsThatComeAndGo) {

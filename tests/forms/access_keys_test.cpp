@@ -10,6 +10,9 @@
 #include "masters/frmgrpRM.h"
 #include "review/frmimport.h"
 #include "review/frmvchimport.h"
+#include "suite/client_form.h"
+#include "suite/firm_form.h"
+#include "suite/settings_form.h"
 #include "suite/stock_form.h"
 
 namespace quillet::support {
@@ -72,8 +75,13 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   frmimport import(context());
   frmvchimport vouchers(context());
   suite::frmTrade stock(context().openForms, dialogs, clock);
+  suite::frmClient client(context().openForms, practice.environment().unit(), dialogs, clock,
+                          [] { return 6L; });
+  suite::frmSettings settings(context().openForms, practice.settings(), dialogs);
+  suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
   for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
-                                                 &binding, &deletion, &import, &vouchers, &stock}) {
+                                                 &binding, &deletion, &import, &vouchers, &stock,
+                                                 &client, &settings, &firm}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();

@@ -22,6 +22,7 @@
 #include "view/shown_rows.h"
 #include "view/typed_text.h"
 #include "view/utf16_positions.h"
+#include "view/window_place.h"
 
 namespace quillet::view {
 namespace {
@@ -380,6 +381,33 @@ TEST(DropDown, StaysInTheWindow) {
     EXPECT_EQ(dropDownPlace(each.field, each.wanted, 60, window), each.place) << each.what;
   }
   EXPECT_GE(dropDownPlace({0, 0, 50, 24}, {50, 50}, 60, {6, 10}).height, 0) << "hardly a window";
+  // Five rows of 22 with a border of 2: whole ones are left, above the field at its edge.
+  const auto cut = [&](const Bounds& field) {
+    return dropDownPlace(field, {150, 112}, 68, window, 4, 22);
+  };
+  EXPECT_EQ(cut({20, 200, 100, 24}), (Bounds{20, 226, 150, 68}));
+  EXPECT_EQ(cut({20, 100, 100, 190}), (Bounds{20, 8, 150, 90}));
+}
+
+TEST(WindowPlaces, AreKeptAsTextAndComeBackOnTheScreen) {
+  for (const char* text : {"1200x700+80+30", "1200x700-80+0 maximized"}) {
+    const auto place = windowPlaceIn(text);
+    ASSERT_TRUE(place) << text;
+    EXPECT_EQ(textOf(*place), text);
+  }
+  for (const char* text : {"", "1200", "1200x700", "0x0+0+0", "99x700+0+0", "-500x700+0+0",
+                           "1200x700+80+30 maximised", "1200x700+80+30+5", " 1200x700+80+30",
+                           "9999999x700+0+0", "1200x700+999999+0", "ax700+0+0"}) {
+    EXPECT_FALSE(windowPlaceIn(text)) << text;
+  }
+  const Bounds screen{100, 0, 1024, 600};
+  const struct {
+    Bounds kept, place;
+  } cases[] = {{{200, 50, 800, 400}, {200, 50, 800, 400}},
+               {{3000, 2000, 800, 400}, {324, 200, 800, 400}},
+               {{-3000, -20, 800, 400}, {100, 0, 800, 400}},
+               {{0, 0, 3840, 2160}, {100, 0, 1024, 600}}};
+  for (const auto& each : cases) EXPECT_EQ(within(each.kept, screen), each.place);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include "controls/basic_controls.h"
 #include "controls/open_forms.h"
 #include "controls/scoped_flag.h"
-#include "view/access_keys.h"
+#include "view/spoken_name.h"
 #include "windows/com/text.h"
 #include "windows/ui/accessible_name.h"
 #include "windows/ui/message_scope.h"
@@ -101,9 +101,7 @@ SIZE ControlView::wantedSize(const Metrics& metrics) const {
 }
 
 std::wstring ControlView::accessibleName() const {
-  std::string name = label_ ? view::withoutMarks(utf8(textOf(label_))) : std::string();
-  if (name.empty()) name = view::withoutMarks(control().caption());
-  if (name.empty()) name = control().toolTip();
+  const std::string name = view::spokenName(control());
   return wide(name.empty() ? ownName() : name);
 }
 

@@ -101,7 +101,8 @@ void DropDown::place() {
                           list.heightOf(view::dropDownRows(rows)) + 2};
   const view::Bounds at = view::dropDownPlace(
       boundsOf(field_, formWindow_), wanted, list.heightOf(view::dropDownLeastRows(rows)) + 2,
-      {static_cast<int>(client.right), static_cast<int>(client.bottom)}, metrics_->pixels(4));
+      {static_cast<int>(client.right), static_cast<int>(client.bottom)}, metrics_->pixels(4),
+      list.heightOf(1) - list.heightOf(0));
   // All but the border, the list's own margin and the bar beside rows that have no room.
   const bool scrolls = list.heightOf(rows) + 2 > at.height;
   list.setRoom(at.width - 2 - 2 * GetSystemMetrics(SM_CXEDGE) -
