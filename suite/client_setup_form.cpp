@@ -27,7 +27,7 @@ frmClSetup::frmClSetup(OpenForms& openForms, Settings& settings)
   setCaption("Columns of the Client List");
   size = {0.4, 0.5, 1.0};
   vsf.setColumns({{.heading = "Show", .width = 6, .tick = true},
-                  {.heading = "Column", .width = 24, .stretch = true},
+                  {.heading = "Column", .width = 16, .stretch = true},
                   {.heading = "Width", .align = Align::right, .width = 8, .editable = true}});
   vsf.AfterEdit = [this](int row, int column) { edited(row, column); };
   vsf.RowColChange = [this] { enableMoves(); };
@@ -97,9 +97,10 @@ void frmClSetup::save() {
 }
 
 LayoutItem frmClSetup::layout() {
-  return column(
-      {row({item(vsf, 1), column({item(cmdup), item(cmddown), item(cmddefault), gap()})}, 1),
-       row({gap(), item(cmdok), item(cmdcancel)})});
+  return column({row({named("Columns", item(vsf, 1)),
+                      column({item(cmdup), item(cmddown), item(cmddefault), gap()})},
+                     1),
+                 row({gap(), item(cmdok), item(cmdcancel)})});
 }
 
 }  // namespace quillet::suite

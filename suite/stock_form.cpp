@@ -29,6 +29,7 @@ frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock)
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
                   {.heading = "Group", .width = 32},
                   {.heading = "Amount", .align = Align::right, .width = 18, .numeric = true}});
+  vsf.setEmptyText("Type a particular, its group and the amount of its closing stock below.");
   vsf.DblClick = [this] { alterLine(); };
   vsf.RowColChange = [this] { cmddelete.setEnabled(vsf.current() > 0); };
   vsf.KeyDown = [this](Key& key) {
@@ -242,9 +243,10 @@ Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {
 }
 
 LayoutItem frmTrade::layout() {
-  return column({item(lblsubject), item(vsf, 1),
+  return column({item(lblsubject), named("Closing stock", item(vsf, 1)),
                  row({field("&Particulars", txtpart, 32, 1), field("&Group", txtgroup, 28, 1),
-                      field("A&mount", txtamount, 18), item(vsfp), item(vsfg)}),
+                      field("A&mount", txtamount, 18), named("Ledgers that match", item(vsfp)),
+                      named("Groups that match", item(vsfg))}),
                  item(lblhint),
                  row({item(cmddelete), item(cmdclose), gap(), field("Total", txttotal, 18)})});
 }

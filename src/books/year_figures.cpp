@@ -5,11 +5,16 @@
 namespace quillet {
 
 std::vector<YearFigures> yearFigures(ServiceObject& host, const std::string& client) {
-  const Sql ofClient = " Where Code_No=" + host.quoted(client);
+  return yearFigures(host, Registry(host).yearsOf(client));
+}
+
+std::vector<YearFigures> yearFigures(ServiceObject& host,
+                                     const std::vector<RegisteredYear>& years) {
   std::vector<YearFigures> figures;
   Sql selects;
-  for (const RegisteredYear& year : Registry(host).yearsOf(client)) {
+  for (const RegisteredYear& year : years) {
     if (!year.table.empty()) {
+      const Sql ofClient = " Where Code_No=" + host.quoted(year.client);
       if (!selects.empty()) selects += " Union All ";
       selects += "Select " + sqlNumber(static_cast<long>(figures.size())) +
                  ",Count(*),Sum(If(Nid=1,Amt,0)),Sum(If(Nid=2,Amt,0)),(Select Max(VDate) From " +

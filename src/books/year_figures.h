@@ -18,8 +18,10 @@ struct YearFigures {
   std::string lastVoucher{};  // as the journal's table writes days; "" without a voucher
 };
 
-// The client's years in their order; one without a table holds nothing. Two statements, however
-// many years there are.
+// Those of the client's years, in their order; one without a table holds nothing. Two statements,
+// however many years there are.
 std::vector<YearFigures> yearFigures(ServiceObject& host, const std::string& client);
+// The same for years that were read already, of whatever clients, by one statement.
+std::vector<YearFigures> yearFigures(ServiceObject& host, const std::vector<RegisteredYear>& years);
 
 }  // namespace quillet

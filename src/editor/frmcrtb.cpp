@@ -82,6 +82,8 @@ void frmcrtb::attachMenus() {
 
 void frmcrtb::attachLines() {
   vsfm.setZebra(true);
+  vsfm.setEmptyText(
+      "Type a ledger, its group and its amount below; Enter in the last field saves the line.");
   vsfm.AfterSort = [this] { SETBUTTON(); };
   vsfm.RowColChange = [this] { SETBUTTON(); };
   vsfm.KeyDown = [this](Key& key) { VSFM_KEYDOWN(key); };
@@ -138,20 +140,26 @@ void frmcrtb::MHELP_CLICK() {
 LayoutItem frmcrtb::layout() {
   const LayoutItem entry =
       row({field("&Particulars", txtpart, 36, 3), field("&Group", txtgroup, 28, 2),
-           field("A&mount", txtamount, amountWidth), field("D&r/Cr", txtdrcr, 5), item(vsfp),
-           item(vsfg)});
+           field("A&mount", txtamount, amountWidth), field("D&r/Cr", txtdrcr, 5),
+           named("Ledgers that match", item(vsfp)), named("Groups that match", item(vsfg))});
   const auto totals = [this](int year) {
-    return row({item(lblyear[year], 0, 14), field("Debit", txttotdeb[year], amountWidth),
-                field("Credit", txttotcr[year], amountWidth), gap()});
+    const std::string which = year == 0 ? "" : ", previous year";
+    return row({item(lblyear[year], 0, 12),
+                named("Total debit" + which, field("Debit", txttotdeb[year], amountWidth)),
+                named("Total credit" + which, field("Credit", txttotcr[year], amountWidth)),
+                gap()});
   };
-  const LayoutItem result = column(
-      {gap(), row({field("Difference", txtdiff, amountWidth), item(txtdifft, 0, 10),
-                   item(lblagrees), item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
-  return column(
-      {stack({framed(famLines, {item(vsfm, 1), row({item(lblhint, 1), item(lblsaved)}), entry}, 1),
-              framed(famGroups, {groupPage_.arrangement()}, 1),
-              framed(famSummary, {summaryPage_.arrangement()}, 1)}),
-       row({column({totals(0), totals(1)}), gap(), result})});
+  const LayoutItem result =
+      column({gap(), row({field("Difference", txtdiff, amountWidth),
+                          named("Side of the difference", item(txtdifft, 0, 6)), item(lblagrees),
+                          item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
+  return column({stack({framed(famLines,
+                               {named("Lines of the trial balance", item(vsfm, 1)),
+                                row({item(lblhint, 1), item(lblsaved)}), entry},
+                               1),
+                        framed(famGroups, {groupPage_.arrangement()}, 1),
+                        framed(famSummary, {summaryPage_.arrangement()}, 1)}),
+                 row({column({totals(0), totals(1)}), gap(), result})});
 }
 
 void frmcrtb::showPage(Frame& page) {

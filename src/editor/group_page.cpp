@@ -17,6 +17,9 @@ GroupPage::GroupPage(frmcrtb& form, OpenBooks& books, LineSaver& saver)
          {.heading = "Amount (Rs.)", .align = Align::right, .width = 18, .numeric = true},
          {.heading = "Dr/Cr", .width = 6}});
   }
+  form.vsf1.setEmptyText("Debit lines of the groups chosen above stand here.");
+  form.vsf2.setEmptyText("Credit lines of the groups chosen above stand here.");
+  form.vsf3.setEmptyText("Choose a group above: its lines stand here to be moved.");
   form.mnugroup.Click = [this] { MNUGROUP_CLICK(); };
   form.cbogroup.Click = [this] { showGroups(1); };
   form.cmdok.Click = [this] { form_.REFRESHTB(); };
@@ -29,10 +32,15 @@ LayoutItem GroupPage::arrangement() {
   const LayoutItem choice = row({field("&Group", form_.cbogroup, 40), item(form_.lblgroup, 1),
                                  item(form_.cmdadd), item(form_.cmdless), item(form_.cmdok)});
   const LayoutItem move =
-      row({item(form_.vsf3, 1),
+      row({named("Lines to move", item(form_.vsf3, 1)),
            column({field("T&o Group", form_.cbotgroup, 40), item(form_.cmdupdate), gap()}, 1)},
           1);
-  return column({choice, row({item(form_.vsf1, 1), item(form_.vsf2, 1)}, 2), move}, 1);
+  return column(
+      {choice,
+       row({named("Debit lines", item(form_.vsf1, 1)), named("Credit lines", item(form_.vsf2, 1))},
+           2),
+       move},
+      1);
 }
 
 void GroupPage::setButtons() {

@@ -28,9 +28,10 @@ SummaryPage::SummaryPage(frmcrtb& form, OpenBooks& books) : form_(form), books_(
 }
 
 LayoutItem SummaryPage::arrangement() {
-  return column({item(form_.lblsummary), item(form_.vsfr, 1),
+  return column({item(form_.lblsummary), named("Summary", item(form_.vsfr, 1)),
                  row({field("Closing stock", form_.txtclst[current], figureWidth),
-                      field("Previous year", form_.txtclst[previous], figureWidth),
+                      named("Closing stock, previous year",
+                            field("Previous year", form_.txtclst[previous], figureWidth)),
                       item(form_.cmdprnsumm), gap()})},
                 1);
 }

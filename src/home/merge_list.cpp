@@ -6,6 +6,7 @@
 #include "books/posting.h"
 #include "books/year_merge.h"
 #include "home/third.h"
+#include "home/year_table.h"
 #include "ports/busy.h"
 
 namespace quillet {
@@ -39,23 +40,42 @@ bool MergeList::anySource() { return any(readSources()); }
 void MergeList::show() {
   Grid& grid = form_.flexgrid2;
   grid.clearRows();
+  grid.setEmptyText("No other client has this year. Escape goes back to its dates.");
   sources_.clear();
   setShown(true);
   const auto years = readSources();
   if (!any(years)) return;
-  grid.setColumns({{.heading = "Merge", .align = Align::center, .width = 8, .tick = true},
-                   {.heading = "Code", .width = 14},
-                   {.heading = "Name", .width = 40, .stretch = true}});
-  long id = 0;
   for (const RegisteredYear& year : years) {
     sources_.push_back({year, clientName(*context_.host, year.client)});
-    grid.addRow({"", year.client, sources_.back().clientName}, ++id);
   }
+  std::vector<YearFigures> figures;
+  form_.logErrors("YEARFIGURES", [&] { figures = yearFigures(*context_.host, years); });
+  fill(figures);
   grid.setCurrent(1);
   form_.showSecondStep(form_.famyears,
                        "choose what to merge into " + form_.newYear.year().keys.text());
-  form_.status("Space ticks a client, Enter merges the ticked ones.");
+  form_.status((figures.empty() ? "What the years hold could not be read. " : "") +
+               std::string("Space ticks a client, Enter merges the ticked ones."));
   form_.focus(grid);
+}
+
+// Without figures where they could not be read.
+void MergeList::fill(const std::vector<YearFigures>& figures) {
+  std::vector<GridColumn> columns{
+      {.heading = "Merge", .align = Align::center, .width = 6, .tick = true},
+      {.heading = "Code", .width = 8},
+      {.heading = "Name", .width = 14, .stretch = true}};
+  for (GridColumn& column : figureColumns()) columns.push_back(std::move(column));
+  form_.flexgrid2.setColumns(std::move(columns));
+  for (std::size_t at = 0; at < sources_.size(); ++at) {
+    std::vector<std::string> cells{"", sources_[at].year.client, sources_[at].clientName};
+    if (!figures.empty()) {
+      for (std::string& cell : figureCells(*context_.host, figures[at])) {
+        cells.push_back(std::move(cell));
+      }
+    }
+    form_.flexgrid2.addRow(std::move(cells), static_cast<long>(at) + 1);
+  }
 }
 
 MergeList::Sources MergeList::chosen() const {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "books/registry.h"
+#include "books/year_figures.h"
 #include "host/context.h"
 
 namespace quillet {
@@ -28,6 +29,7 @@ class MergeList {
 
  private:
   void setShown(bool shown);
+  void fill(const std::vector<YearFigures>& figures);
 
   struct Source {
     RegisteredYear year;

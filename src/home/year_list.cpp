@@ -16,6 +16,7 @@ void YearList::load() {
   Grid& grid = form_.flexgrid2;
   years_.clear();
   grid.clearRows();
+  grid.setEmptyText("\"Create Trial Balance\" makes a year for the client.");
   form_.mergeList.clear();
   form_.status("");
   form_.statusOnFailure("The years could not be read.",

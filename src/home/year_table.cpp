@@ -16,28 +16,35 @@ std::string differenceText(const ServiceObject& host, const YearFigures& year) {
 
 }  // namespace
 
+std::vector<GridColumn> figureColumns() {
+  const auto amount = [](const char* heading) {
+    return GridColumn{.heading = heading, .align = Align::right, .width = 15, .numeric = true};
+  };
+  return {{.heading = "Lines", .align = Align::right, .width = 7, .numeric = true},
+          amount("Debit"),
+          amount("Credit"),
+          {.heading = "Difference", .align = Align::right, .width = 20}};
+}
+
+std::vector<std::string> figureCells(const ServiceObject& host, const YearFigures& year) {
+  return {std::to_string(year.lines), groupedAmount(host, year.debit),
+          groupedAmount(host, year.credit), differenceText(host, year)};
+}
+
 void fillYearTable(Grid& grid, const ServiceObject& host, const std::vector<YearKeys>& years,
                    const std::vector<YearFigures>& figures) {
-  const auto amount = [](const char* heading) {
-    return GridColumn{.heading = heading, .align = Align::right, .width = 16, .numeric = true};
-  };
-  grid.setColumns({{.heading = "From", .width = 12},
-                   {.heading = "To", .width = 12},
-                   {.heading = "Lines", .align = Align::right, .width = 7, .numeric = true},
-                   amount("Debit"),
-                   amount("Credit"),
-                   {.heading = "Difference", .align = Align::right, .width = 22},
-                   {.heading = "Last Voucher", .width = 13, .stretch = true}});
+  std::vector<GridColumn> columns{{.heading = "From", .width = 12}, {.heading = "To", .width = 12}};
+  for (GridColumn& column : figureColumns()) columns.push_back(std::move(column));
+  columns.push_back({.heading = "Last Voucher", .width = 13, .stretch = true});
+  grid.setColumns(std::move(columns));
   long id = 0;
   for (const YearKeys& keys : years) {
     std::vector<std::string> cells{shownDate(keys.first), shownDate(keys.second)};
     const auto year = std::ranges::find(figures, keys, &YearFigures::keys);
     if (year != figures.end()) {
-      cells.insert(
-          cells.end(),
-          {std::to_string(year->lines), groupedAmount(host, year->debit),
-           groupedAmount(host, year->credit), differenceText(host, *year),
-           year->lastVoucher.empty() ? "" : host.formatgen(year->lastVoucher, "DD/MM/YYYY")});
+      for (std::string& cell : figureCells(host, *year)) cells.push_back(std::move(cell));
+      const std::string& last = year->lastVoucher;
+      cells.push_back(last.empty() ? "" : host.formatgen(last, "DD/MM/YYYY"));
     }
     grid.addRow(std::move(cells), ++id);
   }

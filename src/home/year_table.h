@@ -13,4 +13,8 @@ namespace quillet {
 void fillYearTable(Grid& grid, const ServiceObject& host, const std::vector<YearKeys>& years,
                    const std::vector<YearFigures>& figures);
 
+// What a year holds, for lists with other columns before: lines, debit, credit, difference.
+std::vector<GridColumn> figureColumns();
+std::vector<std::string> figureCells(const ServiceObject& host, const YearFigures& year);
+
 }  // namespace quillet

@@ -5,18 +5,21 @@
 namespace quillet {
 namespace {
 
-constexpr int groupWidth = 28;
+constexpr int groupWidth = 20;  // at least
 constexpr const char* none = "(None)";
 
 }  // namespace
 
 frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
   vsfM.setColumns({{.heading = "Raw Material Group", .width = groupWidth, .stretch = true},
-                   {.heading = lblgrp[0].caption(), .width = groupWidth},
-                   {.heading = lblgrp[1].caption(), .width = groupWidth},
-                   {.heading = lblgrp[2].caption(), .width = groupWidth}});
+                   {.heading = lblgrp[0].caption(), .width = groupWidth, .stretch = true},
+                   {.heading = lblgrp[1].caption(), .width = groupWidth, .stretch = true},
+                   {.heading = lblgrp[2].caption(), .width = groupWidth, .stretch = true}});
   vsfG.setColumns({{.heading = "Heading", .width = groupWidth, .stretch = true},
                    {.heading = "Type", .width = groupWidth}});
+  vsfM.setEmptyText(
+      "\"Add Item\" binds groups to a heading, \"Group Heads...\" makes the headings.");
+  vsfG.setEmptyText("\"Add Head\" makes a heading.");
   vsfM.setZebra(true);
   vsfG.setZebra(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
@@ -25,9 +28,12 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
 }
 
 LayoutItem frmgrpRM::layout() {
-  std::vector<LayoutItem> choices{column({item(lblhead), item(cbohead, 0, groupWidth)}, 1)};
+  std::vector<LayoutItem> choices{
+      column({item(lblhead), named("Heading of the group", item(cbohead, 1, groupWidth))}, 1)};
   for (int i = 0; i < lblgrp.size(); ++i) {
-    choices.push_back(column({item(lblgrp[i]), item(cbogroup[i], 0, groupWidth)}, 1));
+    choices.push_back(column({item(lblgrp[i]), named("Group of " + lblgrp[i].caption(),
+                                                     item(cbogroup[i], 1, groupWidth))},
+                             1));
   }
   choices.push_back(gap());
   choices.push_back(item(cmdupdateM));
@@ -40,9 +46,14 @@ LayoutItem frmgrpRM::layout() {
            item(cmdupdateG), item(cmdcancelG)});
   const LayoutItem headCommands =
       row({item(cmdaddG), item(cmdmodifyG), item(cmddeleteG), gap(), item(cmdbackG)});
-  return column({stack({framed(famM, {item(vsfM, 1), row(std::move(choices)), commands}, 1),
-                        framed(famG, {item(vsfG, 1), head, item(lblhint), headCommands}, 1)}),
-                 item(lblstatus)});
+  return column(
+      {stack(
+           {framed(famM,
+                   {named("Raw material groups", item(vsfM, 1)), row(std::move(choices)), commands},
+                   1),
+            framed(famG, {named("Headings", item(vsfG, 1)), head, item(lblhint), headCommands},
+                   1)}),
+       item(lblstatus)});
 }
 
 void frmgrpRM::INITDATA(const BoundYear& year) {

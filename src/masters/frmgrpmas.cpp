@@ -7,6 +7,8 @@ namespace quillet {
 frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   setCaption("Group Master");
   setColumns();
+  vsf.setEmptyText("\"Add Group\" makes a group.");
+  vsM.setEmptyText("Only groups that were added can be merged into others.");
   for (Grid* grid : {&vsf, &vsM, &vsMW}) {
     grid->KeyPress = [grid](Key& key) { searchByTyping(*grid, nameColumn, key); };
     grid->setZebra(true);
@@ -44,8 +46,8 @@ void frmgrpmas::setColumns() {
                   {.heading = "Under Group", .width = 30},
                   {.heading = "User Group", .align = Align::center, .width = 10}});
   // The two grids of the merge page share its width.
-  const std::vector<GridColumn> narrow = {{.heading = "Group", .width = 24, .stretch = true},
-                                          {.heading = "Under Group", .width = 16}};
+  const std::vector<GridColumn> narrow = {{.heading = "Group", .width = 20, .stretch = true},
+                                          {.heading = "Under Group", .width = 16, .stretch = true}};
   vsMW.setColumns(narrow);
   auto withTicks = narrow;
   withTicks.push_back({.heading = "Merge", .align = Align::center, .width = 7, .tick = true});
@@ -58,11 +60,12 @@ LayoutItem frmgrpmas::layout() {
            item(cmdupdate), item(cmdcancel)});
   const LayoutItem commands =
       row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge), gap(), item(cmdback)});
-  const LayoutItem merge = row(
-      {column({item(lblmerge), item(vsM, 1)}, 1), column({item(lblmergewith), item(vsMW, 1)}, 1)},
-      1);
+  const LayoutItem merge =
+      row({column({item(lblmerge), named("Groups to merge", item(vsM, 1))}, 1),
+           column({item(lblmergewith), named("Group to merge with", item(vsMW, 1))}, 1)},
+          1);
   return column(
-      {stack({framed(famMain, {item(vsf, 1), fields, item(lblhint), commands}, 1),
+      {stack({framed(famMain, {named("Groups", item(vsf, 1)), fields, item(lblhint), commands}, 1),
               framed(famMerge, {merge, row({gap(), item(cmdMergeGroup), item(cmdMergeBack)})}, 1)}),
        item(lblstatus)});
 }

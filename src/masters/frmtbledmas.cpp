@@ -17,6 +17,10 @@ frmtbledmas::frmtbledmas(Context& context) : MasterForm(context, "frmtbledmas") 
   vsf.setColumns({{.heading = "Particulars", .stretch = true},
                   {.heading = "In Use", .align = Align::center},
                   {.heading = "Link", .hidden = true, .tick = true}});
+  vsf.setEmptyText(
+      "Ledgers that the search and the choice above leave stand here. \"Add Item\" makes a new "
+      "one.");
+  vsfC.setEmptyText("The years in which the ledger is used stand here.");
   vsfC.setColumns({{.heading = "Client", .width = 40, .stretch = true},
                    {.heading = "F.Y.", .width = 20},
                    {.heading = "Used In", .width = 18}});
@@ -70,11 +74,15 @@ LayoutItem frmtbledmas::layout() {
       row({field("&Particulars", VTxt1, 40, 1), item(cmdupdate), item(cmdcancel)});
   const LayoutItem commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdView),
                                    item(cmdlink), gap(), item(cmdback)});
-  return column(
-      {stack(
-           {framed(famMain, {top, item(lbllink), item(vsf, 1), entry, item(lblhint), commands}, 1),
-            framed(famC, {item(lblheadC), item(vsfC, 1), row({gap(), item(cmdbackC)})}, 1)}),
-       item(lblstatus)});
+  return column({stack({framed(famMain,
+                               {top, item(lbllink), named("Ledgers", item(vsf, 1)), entry,
+                                item(lblhint), commands},
+                               1),
+                        framed(famC,
+                               {item(lblheadC), named("Clients of the ledger", item(vsfC, 1)),
+                                row({gap(), item(cmdbackC)})},
+                               1)}),
+                 item(lblstatus)});
 }
 
 // --- loading ------------------------------------------------------------------------------------

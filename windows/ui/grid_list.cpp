@@ -12,6 +12,7 @@
 #include "windows/com/text.h"
 #include "windows/ui/cell_painter.h"
 #include "windows/ui/child_window.h"
+#include "windows/ui/colours.h"
 
 namespace quillet::windows {
 namespace {
@@ -71,6 +72,7 @@ void GridList::refresh() {
     drawHeadings();
     showRows();
   }
+  if (rows_.count() == 0) InvalidateRect(window_, nullptr, TRUE);  // its words may be others
   arrangeColumns();
   showCurrent();
 }
@@ -297,13 +299,35 @@ LRESULT GridList::draw(const NMHDR& what) {
   const NMCUSTOMDRAW& drawing = reinterpret_cast<const NMLVCUSTOMDRAW&>(what).nmcd;
   switch (drawing.dwDrawStage) {
     case CDDS_PREPAINT:
-      return CDRF_NOTIFYITEMDRAW;
+      return rows_.count() == 0 ? CDRF_NOTIFYPOSTPAINT : CDRF_NOTIFYITEMDRAW;
+    case CDDS_POSTPAINT:
+      drawEmpty(drawing.hdc);
+      return CDRF_DODEFAULT;
     case CDDS_ITEMPREPAINT:
       drawRow(drawing.hdc, static_cast<int>(drawing.dwItemSpec));
       return CDRF_SKIPDEFAULT;
     default:
       return CDRF_DODEFAULT;
   }
+}
+
+// What the grid says in place of its rows.
+void GridList::drawEmpty(HDC paper) {
+  if (!metrics_ || grid_.emptyText().empty()) return;
+  RECT room{};
+  GetClientRect(window_, &room);
+  RECT headings{};
+  if (IsWindowVisible(header())) GetClientRect(header(), &headings);
+  InflateRect(&room, -2 * metrics_->step(), 0);
+  room.top += headings.bottom + 2 * metrics_->step();
+  const int saved = SaveDC(paper);
+  SelectObject(paper, metrics_->font());
+  SetBkMode(paper, TRANSPARENT);
+  SetTextColor(paper, shade(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.62));
+  const std::wstring text = wide(grid_.emptyText());
+  DrawTextW(paper, text.c_str(), static_cast<int>(text.size()), &room,
+            DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
+  RestoreDC(paper, saved);
 }
 
 void GridList::drawRow(HDC paper, int shown) {

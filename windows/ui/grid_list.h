@@ -68,6 +68,7 @@ class GridList {
   void invalidateRow(int shown);
   LRESULT draw(const NMHDR& what);
   void drawRow(HDC paper, int shown);
+  void drawEmpty(HDC paper);
   void tellText(NMHDR& what) const;
   int shownColumn(int column) const;
   const GridColumn& column(int at) const { return grid_.columns()[static_cast<std::size_t>(at)]; }
