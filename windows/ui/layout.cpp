@@ -41,8 +41,8 @@ void enlarge(std::vector<int>& sizes, std::vector<int> shares, int room) {
   }
 }
 
-// Takes what is missing from those that can do with less.
-void reduce(std::vector<int>& sizes, const std::vector<int>& least, int missing) {
+// Takes what is missing from those that can do with less; what is missing then.
+int reduce(std::vector<int>& sizes, const std::vector<int>& least, int missing) {
   int spare = 0;
   for (std::size_t at = 0; at < sizes.size(); ++at) spare += sizes[at] - least[at];
   for (std::size_t at = 0; at < sizes.size() && spare > 0; ++at) {
@@ -52,6 +52,13 @@ void reduce(std::vector<int>& sizes, const std::vector<int>& least, int missing)
     missing -= taken;
     spare -= own;
   }
+  return missing;
+}
+
+// Names can be read in a narrow box, figures hardly, and a button not at all.
+LONG bareWidth(const LayoutItem& node, LONG least) {
+  if (node.stretch > 0 || view::isTable(node)) return least / 3;
+  return view::isLine(node) ? least * 3 / 4 : least;
 }
 
 }  // namespace
@@ -114,6 +121,7 @@ Layout::Box Layout::makeControl(const LayoutItem& node, const view::Place& place
     box.least.cx = pixels;
   }
   box.kept = width.kept;
+  box.bare = bareWidth(node, box.least.cx);
   // Texts beside boxes stand on one line with theirs.
   if (place.besideBoxes && !box.table)
     box.wanted.cy = std::max<LONG>(box.wanted.cy, metrics_.box());
@@ -162,6 +170,7 @@ void Layout::measure(Box& box) const {
     if (box.kind == Kind::stack) {
       box.wanted = {std::max(box.wanted.cx, child.wanted.cx),
                     std::max(box.wanted.cy, child.wanted.cy)};
+      box.bare = std::max(box.bare, child.bare);
       box.least = {std::max(box.least.cx, child.least.cx), std::max(box.least.cy, child.least.cy)};
     } else {
       unite(box, child, inRow, several ? metrics_.step() : 0);
@@ -175,6 +184,7 @@ void Layout::measure(Box& box) const {
     size->cx += labels + inside.left + inside.right;
     size->cy += inside.top + inside.bottom;
   }
+  box.bare += labels + inside.left + inside.right;
 }
 
 void Layout::unite(Box& box, const Box& child, bool inRow, int spacing) {
@@ -187,6 +197,7 @@ void Layout::unite(Box& box, const Box& child, bool inRow, int spacing) {
   };
   add(box.wanted, child.wanted);
   add(box.least, child.least);
+  box.bare = inRow ? box.bare + child.bare + spacing : std::max(box.bare, child.bare);
 }
 
 // The width of the labels and of the room behind them.
@@ -283,6 +294,7 @@ std::vector<int> Layout::share(const std::vector<Box>& boxes, bool across, int r
   };
   std::vector<int> sizes;
   std::vector<int> least;
+  std::vector<int> bare;
   std::vector<int> stretches;
   std::vector<int> growing;
   int used = 0;
@@ -292,6 +304,7 @@ std::vector<int> Layout::share(const std::vector<Box>& boxes, bool across, int r
     // One with a share in the rest gets no more than that for what it would like.
     sizes.push_back(box.present ? along(box.stretch > 0 ? box.least : box.wanted) : 0);
     least.push_back(box.present ? along(box.least) : 0);
+    bare.push_back(across && box.present ? static_cast<int>(box.bare) : least.back());
     stretches.push_back(counts ? box.stretch : 0);
     growing.push_back(counts && (across ? box.growsAcross : box.growsDown) ? 1 : 0);
     used += sizes.back();
@@ -299,7 +312,7 @@ std::vector<int> Layout::share(const std::vector<Box>& boxes, bool across, int r
   }
   const int spacing = std::max(0, present - 1) * metrics_.step();
   if (used > room) {
-    reduce(sizes, least, used - room);
+    reduce(sizes, bare, reduce(sizes, least, used - room));
   } else {
     const bool shares =
         std::any_of(stretches.begin(), stretches.end(), [](int s) { return s > 0; });

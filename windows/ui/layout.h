@@ -55,6 +55,7 @@ class Layout {
     int stretch = 0;
     SIZE wanted{};
     SIZE least{};
+    LONG bare = 0;  // the width below least on a screen that is too narrow for all of them
     std::vector<Box> children;
   };
   using Placements = std::vector<Placement>;
