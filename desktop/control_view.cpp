@@ -44,7 +44,10 @@ void ControlView::redraw() {
 
 void ControlView::drawName() {
   const QString name = toQt(view::spokenName(control()));
-  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  if (widget_->accessibleName() == name) return;
+  widget_->setAccessibleName(name);
+  // The toolkit calls a combo by its choice.
+  if (widget_->inherits("QComboBox")) widget_->setAccessibleDescription(name);
 }
 
 void ControlView::drawLabel() {

@@ -10,6 +10,7 @@ namespace {
 using enum TwoYears::Year;
 
 constexpr int amountWidth = 18;
+constexpr int totalWidth = 15;
 
 }  // namespace
 
@@ -145,12 +146,11 @@ LayoutItem frmcrtb::layout() {
   const auto totals = [this](int year) {
     const std::string which = year == 0 ? "" : ", previous year";
     return row({item(lblyear[year], 0, 12),
-                named("Total debit" + which, field("Debit", txttotdeb[year], amountWidth)),
-                named("Total credit" + which, field("Credit", txttotcr[year], amountWidth)),
-                gap()});
+                named("Total debit" + which, field("Debit", txttotdeb[year], totalWidth)),
+                named("Total credit" + which, field("Credit", txttotcr[year], totalWidth)), gap()});
   };
   const LayoutItem result =
-      column({gap(), row({field("Difference", txtdiff, amountWidth),
+      column({gap(), row({field("Difference", txtdiff, totalWidth),
                           named("Side of the difference", item(txtdifft, 0, 6)), item(lblagrees),
                           item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column({stack({framed(famLines,

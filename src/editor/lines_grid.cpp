@@ -34,8 +34,8 @@ void LinesGrid::clear() {
 }
 
 void LinesGrid::setColumns() {
-  std::vector<GridColumn> columns{{.heading = "Particulars", .width = 40, .stretch = true},
-                                  {.heading = "Group", .width = 40}};
+  std::vector<GridColumn> columns{{.heading = "Particulars", .width = 30, .stretch = true},
+                                  {.heading = "Group", .width = 36}};
   for (const TwoYears::Year year : years_) {
     const char* heading = years_.size() == 1 ? "Amount"
                           : year == current  ? "Amount (Curr)"

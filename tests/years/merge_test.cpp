@@ -67,7 +67,9 @@ TEST_F(MergeTest, ListsTheOtherClientsOfTheYear) {
             "select *  from master where f_yr ='01042008' and s_yr ='31032009' And code_no <> "
             "'C1' order by code_no");
   EXPECT_EQ(shown(form.flexgrid2),
-            (Rows{{"", "c'4", "Fourth"}, {"", "C3", "Third's"}, {"", "P1", "Meera R Shah"}}));
+            (Rows{{"", "c'4", "Fourth", "1", "0.10", "0.00", "0.10 Debit"},
+                  {"", "C3", "Third's", "3", "100.10", "70.30", "29.80 Debit"},
+                  {"", "P1", "Meera R Shah", "5", "30.50", "80.00", "49.50 Credit"}}));
   EXPECT_EQ(form.active(), &form.flexgrid2);
   form.press(keys::Escape);
   EXPECT_TRUE(form.ClGrd1.shown());

@@ -324,8 +324,7 @@ void GridList::drawEmpty(HDC paper) {
   SelectObject(paper, metrics_->font());
   SetBkMode(paper, TRANSPARENT);
   SetTextColor(paper, shade(COLOR_WINDOWTEXT, COLOR_WINDOW, 0.62));
-  const std::wstring text = wide(grid_.emptyText());
-  DrawTextW(paper, text.c_str(), static_cast<int>(text.size()), &room,
+  DrawTextW(paper, wide(grid_.emptyText()).c_str(), -1, &room,
             DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
   RestoreDC(paper, saved);
 }
