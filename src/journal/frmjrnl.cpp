@@ -89,8 +89,8 @@ LayoutItem frmjrnl::layout() {
   const LayoutItem entry = framed(
       Frame2,
       {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, lines_.layout()),
-       gap(), row({item(lbldiff, 1), item(cmdremove)}),
-       named("Totals of the voucher", item(vsf1)), field("N&arration", txtnarr),
+       gap(), row({item(lbldiff, 1), item(cmdremove)}), named("Totals of the voucher", item(vsf1)),
+       field("N&arration", txtnarr),
        row({item(lblhint, 1), item(cmdupdate), item(cmdcancel),
             named("Ledgers that match", item(VSF3)), named("Groups that match", item(VSF4))})},
       1);
