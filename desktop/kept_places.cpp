@@ -1,5 +1,6 @@
 #include "desktop/kept_places.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QVariant>
@@ -61,8 +62,11 @@ void KeptPlaces::restore(QWidget& window, const std::string& name) const {
 
 void KeptPlaces::shown(QWidget& window) {
   if (window.property(givenSize).isValid()) return;
-  window.setProperty(givenSize, window.size());
+  // Its layouts come to rest.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  window.setProperty(givenSize, window.size().expandedTo(window.minimumSizeHint()));
   if (window.isMaximized()) return;
+  window.resize(window.property(givenSize).toSize());
   const view::Bounds now = boundsOf(QRect(window.pos(), window.size()));
   const view::Bounds inside = view::within(now, roomOn(*window.screen()));
   if (inside.left != now.left || inside.top != now.top) window.move(inside.left, inside.top);
@@ -70,7 +74,8 @@ void KeptPlaces::shown(QWidget& window) {
 
 void KeptPlaces::keep(const QWidget& window, const std::string& name) {
   const bool known = !kept(windows, name).empty();
-  const bool moved = window.isMaximized() || window.property(givenSize).toSize() != window.size();
+  const QVariant given = window.property(givenSize);
+  const bool moved = window.isMaximized() || (given.isValid() && given.toSize() != window.size());
   if (window.isMinimized() || (!known && !moved)) return;
   const QRect rect =
       window.isMaximized() ? window.normalGeometry() : QRect(window.pos(), window.size());

@@ -78,11 +78,11 @@ TEST_F(DesktopTest, WindowsAndColumnsStayAsAPersonLeftThem) {
     settle();
   };
   const QSize given = window()->size();
-  const QSize arranged(given.width() + 20, given.height() - 40);
+  const QSize arranged(given.width() + 10, given.height() - 40);
   again();
   EXPECT_EQ(settings.get("Windows", form.name()), "") << "nobody changed it";
   window()->resize(arranged);
-  window()->move(30, 20);
+  window()->move(15, 20);
   auto* header = widget<QTableView>(form.vsf)->horizontalHeader();
   header->resizeSection(3, header->sectionSize(3) * 2);
   const int wide = form.vsf.columns()[3].width;
@@ -90,7 +90,7 @@ TEST_F(DesktopTest, WindowsAndColumnsStayAsAPersonLeftThem) {
   EXPECT_EQ(settings.get("Columns", "demo.vsf.Amount"), "") << "written when the window closes";
   again();
   EXPECT_EQ(window()->size(), arranged);
-  EXPECT_EQ(window()->pos(), QPoint(30, 20));
+  EXPECT_EQ(window()->pos(), QPoint(15, 20));
   EXPECT_EQ(form.vsf.columns()[3].width, wide);
 
   const QRect room = window()->screen()->availableGeometry();
