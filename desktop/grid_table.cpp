@@ -115,8 +115,17 @@ void GridTable::showCurrent() {
         index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
   if (!moved) return;
+  reveal(index, jumped ? PositionAtTop : EnsureVisible);
+}
+
+void GridTable::reveal(int row) {
+  reveal(cells_->index(cells_->shownRow(row), currentIndex().column()), EnsureVisible);
+}
+
+// Across, the table stays where it is.
+void GridTable::reveal(const QModelIndex& index, ScrollHint where) {
   const int across = horizontalScrollBar()->value();
-  scrollTo(index, jumped ? PositionAtTop : EnsureVisible);
+  scrollTo(index, where);
   horizontalScrollBar()->setValue(across);
 }
 

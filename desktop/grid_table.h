@@ -20,6 +20,8 @@ class GridTable : public QTableView {
   void refresh();
   GridModel& cells() const { return *cells_; }
   CellPainter& painter() const { return *painter_; }
+  // Scrolls to a row of the grid.
+  void reveal(int row);
   // The height of that many rows, with headings and frame.
   int heightOf(int rows) const;
   // The width in characters that a column has on the screen.
@@ -35,6 +37,7 @@ class GridTable : public QTableView {
   void arrangeColumns();
   void showCurrent();
   void showWholeRows();
+  void reveal(const QModelIndex& index, ScrollHint where);
   void measure();
 
   Grid& grid_;

@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include "controls/row_text.h"
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
@@ -25,7 +26,6 @@ GridView::GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent)
     perform([&] { grid_.edit(row, column, fromQt(text)); });
   };
   QHeaderView* header = table_->horizontalHeader();
-  header->setSectionsClickable(true);
   connect(header, &QHeaderView::sectionClicked, this,
           [this](int shown) { perform([&] { grid_.sortBy(table_->cells().gridColumn(shown)); }); });
   connect(header, &QHeaderView::sectionResized, this, [this](int shown) { widen(shown); });
@@ -34,6 +34,7 @@ GridView::GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent)
 void GridView::draw() {
   takeKeptWidths();
   QHeaderView* header = table_->horizontalHeader();
+  header->setSectionsClickable(grid_.sortable);
   const int rows = grid_.fixedRows();
   table_->setMinimumHeight(table_->heightOf(rows > 0 ? rows : 3));
   table_->setMaximumHeight(rows > 0 ? table_->minimumHeight() : QWIDGETSIZE_MAX);
@@ -74,6 +75,7 @@ bool GridView::keyPressed(QKeyEvent& event) {
     takesCells(fromQt(QGuiApplication::clipboard()->text()));
     return true;
   }
+  if (selectionKey(event)) return true;
   switch (event.key()) {
     case Qt::Key_Menu:
       popUp();
@@ -91,6 +93,27 @@ bool GridView::keyPressed(QKeyEvent& event) {
     bar->setValue(bar->value() + (event.key() == Qt::Key_Left ? -40 : 40));
   }
   return used;
+}
+
+// Selecting and copying rows, and ordering them without the mouse.
+bool GridView::selectionKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+  if (event.matches(QKeySequence::Copy)) {
+    QGuiApplication::clipboard()->setText(toQt(copiedRows(grid_)));
+    return true;
+  }
+  if (event.matches(QKeySequence::SelectAll)) {
+    view::selectAllRows(grid_, runner());
+    return true;
+  }
+  if (held == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
+    view::sortByShown(grid_, event.key() - Qt::Key_0, runner());
+    return true;
+  }
+  if (held != Qt::ShiftModifier) return false;
+  const int end = view::extendSelection(grid_, namedKey(event.key()), runner());
+  if (end > 0 && !detached()) table_->reveal(end);
+  return end > 0;
 }
 
 void GridView::popUp() {
@@ -113,6 +136,12 @@ bool GridView::mousePressed(QObject* target, QMouseEvent& event, bool arrived) {
   table_->setFocus(Qt::MouseFocusReason);  // ends the editing of a cell
   const QModelIndex index = table_->indexAt(event.position().toPoint());
   const int row = table_->cells().gridRow(index.row());
+  const bool upTo = event.modifiers() & Qt::ShiftModifier;
+  if (row > 0 && event.button() == Qt::LeftButton &&
+      (upTo || event.modifiers() & Qt::ControlModifier)) {
+    view::selectRow(grid_, row, upTo, runner());
+    return true;
+  }
   if (row > 0) {
     const bool wasCurrent = !arrived && row == grid_.current();
     const bool left = event.button() == Qt::LeftButton;

@@ -26,6 +26,7 @@ class GridView : public ControlView {
 
  private:
   void doubleClicked(const QPoint& place);
+  bool selectionKey(const QKeyEvent& event);
   void popUp();
   bool edit(int row, int column);
   void widen(int shown);

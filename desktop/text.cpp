@@ -32,12 +32,6 @@ constexpr std::array<std::pair<int, Key>, 16> namedKeys{{
     {Qt::Key_Space, keys::Space},
 }};
 
-Key namedKey(int code) {
-  const auto found = std::find_if(namedKeys.begin(), namedKeys.end(),
-                                  [&](const auto& entry) { return entry.first == code; });
-  return found == namedKeys.end() ? keys::none : found->second;
-}
-
 }  // namespace
 
 QString toQt(std::string_view text) {
@@ -63,12 +57,21 @@ QString figuresIn(int room, const QString& text, const QFontMetrics& font) {
   return toQt(view::figuresIn(room, fromQt(text), widthOf));
 }
 
+Key namedKey(int code) {
+  const auto found = std::find_if(namedKeys.begin(), namedKeys.end(),
+                                  [&](const auto& entry) { return entry.first == code; });
+  return found == namedKeys.end() ? keys::none : found->second;
+}
+
 std::vector<Key> keysOf(const QKeyEvent& event) {
   const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
   // Ctrl and Alt together are AltGr on keyboards that type with it.
   const bool altGr = held & Qt::ControlModifier && held & Qt::AltModifier;
   const bool command =
       (held & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) && !altGr;
+  if (held == Qt::ControlModifier && event.key() == Qt::Key_F) return {keys::Find};
+  if (event.key() == Qt::Key_F3 && held == Qt::NoModifier) return {keys::FindNext};
+  if (event.key() == Qt::Key_F3 && held == Qt::ShiftModifier) return {keys::FindPrevious};
   if (command) return {};
   if (const Key named = namedKey(event.key()); named != keys::none && !altGr) {
     if ((held & Qt::ShiftModifier) && view::selectsWithShift(named)) return {};

@@ -28,6 +28,8 @@ std::size_t charactersOf(const QString& text, qsizetype units);
 // view::figuresIn by the widths of a font.
 QString figuresIn(int room, const QString& text, const QFontMetrics& font);
 
+// The key that a code of Qt's names, keys::none for any other.
+Key namedKey(int code);
 // What a key event says to a form: one key as a rule, several when an input method sends a whole
 // word, none for shortcuts and for keys that are Qt's own (selecting, copying, function keys).
 std::vector<Key> keysOf(const QKeyEvent& event);

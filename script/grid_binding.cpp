@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "controls/grid.h"
+#include "controls/row_text.h"
 #include "data/text.h"
 #include "script/member.h"
 #include "script/session.h"
@@ -129,6 +130,31 @@ int doubleClick(Call& call, Control& control) {
   return call.none();
 }
 
+int sort(Call& call, Control& control) {
+  Grid& list = grid(control);
+  call.session().act([&] {
+    pointInto(call.session(), list);
+    if (!list.sortable) throw Error(describe(list) + " keeps its order");
+    list.sortBy(columnAt(call, 2, list));
+  });
+  return call.none();
+}
+
+int select(Call& call, Control& control) {
+  Grid& list = grid(control);
+  call.session().act([&] {
+    pointInto(call.session(), list);
+    if (call.isNumber(2)) {
+      list.selection.extendTo(shownRow(list, call.integer(2)));
+    } else {
+      list.selection.selectAll();
+    }
+  });
+  return call.none();
+}
+
+int copy(Call& call, Control& control) { return call.give(copiedRows(grid(control))); }
+
 int tick(Call& call, Control& control) {
   Grid& list = grid(control);
   call.session().act([&] {
@@ -175,6 +201,9 @@ constexpr Member members[] = {
     {"hidden", nullptr, hidden},
     {"pick", nullptr, pick},
     {"dblclick", nullptr, doubleClick},
+    {"sort", nullptr, sort},
+    {"select", nullptr, select},
+    {"copy", nullptr, copy},
     {"tick", nullptr, tick},
     {"ticked", nullptr, ticked},
     {"set", nullptr, set},

@@ -29,6 +29,7 @@ frmClSetup::frmClSetup(OpenForms& openForms, Settings& settings)
   vsf.setColumns({{.heading = "Show", .width = 6, .tick = true},
                   {.heading = "Column", .width = 16, .stretch = true},
                   {.heading = "Width", .align = Align::right, .width = 8, .editable = true}});
+  vsf.sortable = false;  // the order of the columns is what is set up
   vsf.AfterEdit = [this](int row, int column) { edited(row, column); };
   vsf.RowColChange = [this] { enableMoves(); };
   cmdup.Click = [this] { move(-1); };

@@ -1,5 +1,9 @@
 #include "view/grid_acts.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "controls/form.h"
 
 namespace quillet::view {
@@ -52,6 +56,38 @@ void doubleClickCell(Grid& grid, int row, int column, const std::function<bool()
     runner.perform([&] { grid.tick(row, !grid.ticked(row)); });
   } else if (!edit()) {
     chooseRow(grid, row, runner);
+  }
+}
+
+void selectRow(Grid& grid, int row, bool upTo, ActionRunner& runner) {
+  if (!isRow(grid, row)) return;
+  runner.perform([&] { upTo ? grid.selection.extendTo(row) : grid.selection.toggle(row); });
+}
+
+int extendSelection(Grid& grid, Key key, ActionRunner& runner) {
+  constexpr int page = 15;
+  const std::pair<Key, int> steps[] = {{keys::Up, -1},
+                                       {keys::Down, 1},
+                                       {keys::PageUp, -page},
+                                       {keys::PageDown, page},
+                                       {keys::Home, -grid.rows()},
+                                       {keys::End, grid.rows()}};
+  const auto* step = std::ranges::find(steps, key, &std::pair<Key, int>::first);
+  if (step == std::end(steps)) return 0;
+  int end = 0;
+  runner.perform([&] { end = grid.selection.extendBy(step->second); });
+  return end;
+}
+
+void selectAllRows(Grid& grid, ActionRunner& runner) {
+  runner.perform([&] { grid.selection.selectAll(); });
+}
+
+void sortByShown(Grid& grid, int position, ActionRunner& runner) {
+  for (int column = 0; column < grid.cols(); ++column) {
+    if (columnAt(grid, column)->hidden || --position > 0) continue;
+    runner.perform([&] { grid.sortBy(column); });
+    return;
   }
 }
 

@@ -22,6 +22,14 @@ void doubleClickCell(Grid& grid, int row, int column, const std::function<bool()
                      ActionRunner& runner);
 // A press beside the rows: on the words of a grid without any.
 void pressEmpty(Grid& grid, bool left, ActionRunner& runner);
+// A press with Shift selects the rows up to this one, one with Ctrl takes it in or out; the current
+// row stays.
+void selectRow(Grid& grid, int row, bool upTo, ActionRunner& runner);
+// The same by a key with Shift. Returns the row where the selection ends, 0 for any other key.
+int extendSelection(Grid& grid, Key key, ActionRunner& runner);
+void selectAllRows(Grid& grid, ActionRunner& runner);
+// Orders by the first column shown, or the second and so on.
+void sortByShown(Grid& grid, int position, ActionRunner& runner);
 // Makes the row current and carries it on.
 void chooseRow(Grid& grid, int row, ActionRunner& runner);
 

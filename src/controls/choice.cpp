@@ -62,7 +62,8 @@ void Choice::take(int position) {
 }
 
 int Choice::search(Key letter, int from) {
-  return search_.next(letter, items_, from, form().openForms().typingClock());
+  const auto text = [this](int position) -> std::string_view { return items_[position - 1]; };
+  return search_.next(letter, {size(), text}, from, form().openForms().typingClock());
 }
 
 bool Choice::handleKey(Key key) {

@@ -1,46 +1,10 @@
 #include "controls/grid.h"
 
 #include <algorithm>
-#include <charconv>
-#include <numeric>
 
 #include "data/text.h"
 
 namespace quillet {
-namespace {
-
-constexpr int pageRows = 15;
-
-// The value of a shown number; brackets and a leading minus make it negative.
-double valueOf(const std::string& shown) {
-  std::string digits;
-  for (const char c : shown) {
-    if ((c >= '0' && c <= '9') || c == '.') digits += c;
-  }
-  double value = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  const bool negative = !shown.empty() && (shown.front() == '-' || shown.front() == '(');
-  return negative ? -value : value;
-}
-
-template <class T>
-void permute(std::vector<T>& items, const std::vector<int>& order) {
-  std::vector<T> sorted;
-  sorted.reserve(items.size());
-  for (const int from : order) sorted.push_back(std::move(items[static_cast<std::size_t>(from)]));
-  items = std::move(sorted);
-}
-
-template <class Keys>
-void orderBy(std::vector<int>& order, const Keys& sortKeys, bool ascending) {
-  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
-    const auto& left = sortKeys[static_cast<std::size_t>(a)];
-    const auto& right = sortKeys[static_cast<std::size_t>(b)];
-    return ascending ? left < right : right < left;
-  });
-}
-
-}  // namespace
 
 Grid::Row& Grid::at(int row) { return rows_.at(static_cast<std::size_t>(row - 1)); }
 const Grid::Row& Grid::at(int row) const { return rows_.at(static_cast<std::size_t>(row - 1)); }
@@ -233,83 +197,6 @@ void Grid::setCurrent(int row) {
   current_ = next;
   touch();
   RowColChange();
-}
-
-void Grid::clearSort() {
-  sortColumn_ = -1;
-  sortAscending_ = true;
-}
-
-void Grid::sortBy(int column) {
-  sortAscending_ = column != sortColumn_ || !sortAscending_;
-  sortColumn_ = column;
-  std::vector<int> order(rows_.size());
-  std::iota(order.begin(), order.end(), 0);
-  const auto cells = static_cast<std::size_t>(column);
-  if (columns_.at(cells).numeric) {
-    std::vector<double> values(rows_.size());
-    std::transform(rows_.begin(), rows_.end(), values.begin(),
-                   [&](const Row& row) { return valueOf(cellsOf(row)[cells]); });
-    orderBy(order, values, sortAscending_);
-  } else {
-    std::vector<std::string> texts(rows_.size());
-    std::transform(rows_.begin(), rows_.end(), texts.begin(),
-                   [&](const Row& row) { return upperCase(cellsOf(row)[cells]); });
-    orderBy(order, texts, sortAscending_);
-  }
-  permute(rows_, order);
-  if (current_ > 0) {
-    current_ =
-        static_cast<int>(std::find(order.begin(), order.end(), current_ - 1) - order.begin()) + 1;
-  }
-  changed();
-  AfterSort();
-}
-
-void Grid::sortAgain() {
-  if (sortColumn_ < 0) return;
-  sortAscending_ = !sortAscending_;
-  sortBy(sortColumn_);
-}
-
-void Grid::moveBy(int steps) {
-  const int direction = steps < 0 ? -1 : 1;
-  int target = current_;
-  for (int r = current_ + direction; r >= 1 && r <= rows() && steps != 0; r += direction) {
-    if (rowHidden(r)) continue;
-    target = r;
-    steps -= direction;
-  }
-  setCurrent(target);
-}
-
-bool Grid::handleKey(Key key) {
-  switch (key) {
-    case keys::Up:
-      moveBy(-1);
-      return true;
-    case keys::Down:
-      moveBy(1);
-      return true;
-    case keys::PageUp:
-      moveBy(-pageRows);
-      return true;
-    case keys::PageDown:
-      moveBy(pageRows);
-      return true;
-    case keys::Home:
-      moveBy(-rows());
-      return true;
-    case keys::End:
-      moveBy(rows());
-      return true;
-    case keys::Space:
-      if (current_ == 0 || tickColumn() < 0) return false;
-      tick(current_, !ticked(current_));
-      return true;
-    default:
-      return false;
-  }
 }
 
 }  // namespace quillet

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/letter_search.h"
+#include "controls/row_selection.h"
 #include "data/align.h"
 
 namespace quillet {
@@ -24,6 +26,7 @@ struct GridColumn {
   bool editable = false;
   bool tick = false;     // the cell is a tick: "1" or ""
   bool numeric = false;  // sorts by value
+  bool dated = false;    // sorts by day; a cell is written day, month, year
 };
 
 class Grid : public Control {
@@ -91,6 +94,11 @@ class Grid : public Control {
   void sortAgain();
   int sortColumn() const { return sortColumn_; }
   bool sortAscending() const { return sortAscending_; }
+  // Whether a person may order the rows: not where their order says something.
+  bool sortable = true;
+  // An outline: rows that are not emphasised stay with the emphasised one above them, which is
+  // ordered by its own text or by the sum of all their figures.
+  bool outline = false;
   // Forgets the order, for a grid that was filled anew.
   void clearSort();
 
@@ -112,8 +120,16 @@ class Grid : public Control {
   virtual bool keepsWidths() const { return false; }
 
   bool takesFocus() const override { return dropOf_ == nullptr; }
-  // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden.
+  // Up, Down, Page Up, Page Down, Home, End move the current row over the rows not hidden, letters
+  // to one that begins with them. The blank turns the tick; without ticks it goes on with the
+  // letters.
   bool handleKey(Key key) override;
+  void checkLeft() override { search_.end(); }
+  // The text of a row that letters are compared with, in place of a cell.
+  std::function<std::string_view(int row)> searchedText;
+
+  // The rows that a person chose to copy.
+  RowSelection selection{*this};
 
   // Moves on whenever rows, cells or columns change; not when only the current row does.
   unsigned contentVersion() const { return contentVersion_; }
@@ -127,6 +143,7 @@ class Grid : public Control {
   Event<> Popup{form(), name(), "POPUP"};
 
  private:
+  friend class RowSelection;
   struct Row {
     mutable std::vector<std::string> cells;
     mutable bool made = true;  // the cells were given, or asked for
@@ -137,6 +154,7 @@ class Grid : public Control {
   std::vector<std::string>& cellsOf(const Row& row) const;
   void changed();
   void moveBy(int rows);
+  bool searchFor(Key letter);
   int tickColumn() const;
   Row& at(int row);
   const Row& at(int row) const;
@@ -147,6 +165,7 @@ class Grid : public Control {
   int current_ = 0;
   int sortColumn_ = -1;
   bool sortAscending_ = true;
+  LetterSearch search_;
   unsigned contentVersion_ = 1;
   Control* dropOf_ = nullptr;
   bool zebra_ = false;

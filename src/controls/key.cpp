@@ -8,24 +8,17 @@
 namespace quillet::keys {
 
 std::optional<Key> named(std::string_view name) {
-  static constexpr std::array<std::pair<std::string_view, Key>, 17> names{{
-      {"Enter", Enter},
-      {"Return", Enter},
-      {"Tab", Tab},
-      {"BackTab", BackTab},
-      {"Escape", Escape},
-      {"Backspace", Backspace},
-      {"Delete", Delete},
-      {"Up", Up},
-      {"Down", Down},
-      {"Left", Left},
-      {"Right", Right},
-      {"Home", Home},
-      {"End", End},
-      {"PageUp", PageUp},
-      {"PageDown", PageDown},
-      {"Space", Space},
-      {"Esc", Escape},
+  static constexpr std::array<std::pair<std::string_view, Key>, 20> names{{
+      {"Enter", Enter},       {"Return", Enter},
+      {"Tab", Tab},           {"BackTab", BackTab},
+      {"Escape", Escape},     {"Backspace", Backspace},
+      {"Delete", Delete},     {"Up", Up},
+      {"Down", Down},         {"Left", Left},
+      {"Right", Right},       {"Home", Home},
+      {"End", End},           {"PageUp", PageUp},
+      {"PageDown", PageDown}, {"Space", Space},
+      {"Esc", Escape},        {"Ctrl+F", Find},
+      {"F3", FindNext},       {"Shift+F3", FindPrevious},
   }};
   for (const auto& [known, key] : names) {
     if (equalIgnoringCase(known, name)) return key;

@@ -27,6 +27,9 @@ inline constexpr Key PageUp = firstNamed + 6;
 inline constexpr Key PageDown = firstNamed + 7;
 inline constexpr Key Delete = firstNamed + 8;
 inline constexpr Key BackTab = firstNamed + 9;
+inline constexpr Key Find = firstNamed + 10;  // Ctrl+F
+inline constexpr Key FindNext = firstNamed + 11;
+inline constexpr Key FindPrevious = firstNamed + 12;
 
 // Whether the key writes something into a text.
 constexpr bool typesText(Key key) { return key >= 32 && key != 127 && key < firstNamed; }

@@ -65,6 +65,9 @@ void frmcrtb::attachMenus() {
   mnuinsert.Click = [this] { MNUINSERT_CLICK(); };
   mnualter.Click = [this] { MNUALTER_CLICK(); };
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
+  mnufind.Click = [this] { findBar.open(); };
+  mnufindnext.Click = [this] { findBar.next(); };
+  mnufindprevious.Click = [this] { findBar.previous(); };
   mnuexit.Click = [this] { close(); };
   mnujournal.Click = [this] { MNUJOURNAL_CLICK(); };
   mnunewgroup.Click = [this] { MNUNEWGROUP_CLICK(); };
@@ -96,7 +99,10 @@ void frmcrtb::attachLines() {
     if (chosen >= 1 && chosen <= 3) click(*entries[chosen - 1]);
   };
   txtdrcr.KeyPress = [this](Key& key) { TXTDRCR_KEYPRESS(key); };
-  KeyDown = [this](Key& key) { entry_.takeBack(key); };
+  KeyDown = [this](Key& key) {
+    entry_.takeBack(key);
+    findBar.key(key);
+  };
   KeyPress = [this](Key& key) { formKey(key); };
   for (Label* label : {&lblhint, &lblsaved, &lblsummary}) label->setQuiet(true);
 }
@@ -123,7 +129,7 @@ void frmcrtb::formKey(Key& key) {
   if (key != keys::Escape) return;
   key = keys::none;
   if (famLines.visible() && !entry_.contains(active())) {
-    close();
+    findBar.isOpen() ? findBar.close() : static_cast<void>(close());
     return;
   }
   if (famGroups.visible()) mnugroup.Click();
@@ -153,13 +159,14 @@ LayoutItem frmcrtb::layout() {
       column({gap(), row({field("Difference", txtdiff, totalWidth),
                           named("Side of the difference", item(txtdifft, 0, 6)), item(lblagrees),
                           item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
-  return column({stack({framed(famLines,
-                               {named("Lines of the trial balance", item(vsfm, 1)),
-                                row({item(lblhint, 1), item(lblsaved)}), entry},
-                               1),
-                        framed(famGroups, {groupPage_.arrangement()}, 1),
-                        framed(famSummary, {summaryPage_.arrangement()}, 1)}),
-                 row({column({totals(0), totals(1)}), gap(), result})});
+  return column(
+      {stack({framed(famLines,
+                     {named("Lines of the trial balance", item(vsfm, 1)), findBar.arrangement(),
+                      row({item(lblhint, 1), item(lblsaved)}), entry},
+                     1),
+              framed(famGroups, {groupPage_.arrangement()}, 1),
+              framed(famSummary, {summaryPage_.arrangement()}, 1)}),
+       row({column({totals(0), totals(1)}), gap(), result})});
 }
 
 void frmcrtb::showPage(Frame& page) {
@@ -185,7 +192,9 @@ void frmcrtb::SETBUTTON() {
     const bool table = books_.years.hasTable();
     const bool lines = table && famLines.visible();
     const bool selected = lines && vsfm.current() > 0;
-    mnuinsert.setEnabled(lines);
+    for (MenuEntry* command : {&mnuinsert, &mnufind, &mnufindnext, &mnufindprevious}) {
+      command->setEnabled(lines);
+    }
     mnualter.setEnabled(selected);
     mnudelete.setEnabled(selected);
     for (Control* command : std::initializer_list<Control*>{

@@ -13,6 +13,7 @@
 #include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
+#include "controls/find_bar.h"
 #include "controls/grid.h"
 #include "controls/text_box.h"
 #include "editor/entry_fields.h"
@@ -51,6 +52,10 @@ class frmcrtb : public Form {
   MenuEntry mnuinsert{*this, "mnuinsert", "&Insert Line", &mnuentry, "Ins"};
   MenuEntry mnualter{*this, "mnualter", "&Alter Line", &mnuentry, "F2"};
   MenuEntry mnudelete{*this, "mnudelete", "&Delete Line", &mnuentry, "Ctrl+Del"};
+  MenuEntry mnuline0{*this, "mnuline0", "-", &mnuentry};
+  MenuEntry mnufind{*this, "mnufind", "&Find...", &mnuentry, "Ctrl+F"};
+  MenuEntry mnufindnext{*this, "mnufindnext", "Find Ne&xt", &mnuentry, "F3"};
+  MenuEntry mnufindprevious{*this, "mnufindprevious", "Find Pre&vious", &mnuentry, "Shift+F3"};
   MenuEntry mnuline1{*this, "mnuline1", "-", &mnuentry};
   MenuEntry mnunewgroup{*this, "mnunewgroup", "&New Group...", &mnuentry};
   MenuEntry mnujournal{*this, "mnujournal", "Adjustment &Journal...", &mnuentry};
@@ -82,6 +87,7 @@ class frmcrtb : public Form {
   // --- the lines, and the fields for one of them
   Frame famLines{*this, "famLines"};
   Grid vsfm{*this, "vsfm"};
+  FindBar findBar{*this, vsfm};
   TextBox txtpart{*this, "txtpart"};
   TextBox txtgroup{*this, "txtgroup"};
   TextBox txtamount{*this, "txtamount"};

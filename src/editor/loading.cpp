@@ -31,6 +31,7 @@ void frmcrtb::FORM_LOAD() {
   books_.host().resize_for_resolution(*this);
   books_.years.open({context.table, context.clientCode}, {context.firstDate, context.secondDate});
   emptyYear();
+  findBar.reset();
   chooseLedgers(books_.host().GetSettingINI(settings, "ShLed", "1"));
   chooseSort(books_.host().GetSettingINI(settings, "TBSort", "1"));
   reload();

@@ -17,6 +17,7 @@ constexpr int figureWidth = 22;
 }  // namespace
 
 SummaryPage::SummaryPage(frmcrtb& form, OpenBooks& books) : form_(form), books_(books) {
+  form.vsfr.sortable = false;  // a sheet of figures
   form.vsfr.setColumns({{.heading = "Particulars", .width = 30, .stretch = true},
                         {.heading = "Amount(Curr)", .align = Align::right, .width = figureWidth},
                         {.heading = "Amount(Prev)", .align = Align::right, .width = figureWidth}});

@@ -12,7 +12,6 @@ namespace {
 namespace cc = client_columns;
 
 constexpr char everyClient[] = "select * from TempClTbl order by Name,CodeNo";
-constexpr std::size_t codeColumn = 0;
 constexpr std::size_t statusColumn = 2;
 constexpr std::size_t groupColumn = 6;
 
@@ -183,19 +182,17 @@ void ClGrd::showColumns() {
 }
 
 void ClGrd::showClients(const std::string& current) {
-  clearSort();
   clearRows();
   const auto found = clients_.matching(txtsearch.text(), columns_, status_, group_);
   reserve(static_cast<int>(found.size()));
-  int again = 0;
   for (const std::size_t position : found) {
     std::vector<std::string> cells;
     cells.reserve(columns_.size());
     for (const cc::Shown& shown : columns_) cells.push_back(clients_[position][shown.column]);
     addRow(std::move(cells), static_cast<long>(position));
-    if (clients_[position][codeColumn] == current) again = rows();
   }
-  setCurrent(again > 0 ? again : 1);
+  sortAgain();
+  if (!setCurrentClient(current)) setCurrent(1);
   setEmptyText(clients_.size() == 0 ? emptyRegister_
                : searching()        ? "No client is found. Esc shows all of them again."
                                     : "No client has this status and this group.");

@@ -134,6 +134,7 @@ void third::takenBack() {
 void third::FORM_UNLOAD() { ClGrd1.keepWidths(); }
 
 void third::FORM_KEYDOWN(Key& key) {
+  if (key == keys::Find && focus(ClGrd1.txtsearch)) key = keys::none;
   if (key != keys::Escape) return;
   key = keys::none;
   if (Frame1.visible()) {
@@ -177,6 +178,8 @@ void third::CLGRD1_DBLCLICK() {
   const std::string code = ClGrd1.TextMatrix(row, 0);
   if (!context_.host->CheckClpass(code)) return;
   takeClient(code, ClGrd1.TextMatrix(row, 1));
+  // The search has led to its choice; the next letters begin another one.
+  ClGrd1.search("");
   if (mode_ == "create" || mode_ == "merge") {
     newYear.begin();
   } else {

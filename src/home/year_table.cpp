@@ -23,7 +23,7 @@ std::vector<GridColumn> figureColumns() {
   return {{.heading = "Lines", .align = Align::right, .width = 7, .numeric = true},
           amount("Debit"),
           amount("Credit"),
-          {.heading = "Difference", .align = Align::right, .width = 20}};
+          {.heading = "Difference", .align = Align::right, .width = 20, .numeric = true}};
 }
 
 std::vector<std::string> figureCells(const ServiceObject& host, const YearFigures& year) {
@@ -33,9 +33,10 @@ std::vector<std::string> figureCells(const ServiceObject& host, const YearFigure
 
 void fillYearTable(Grid& grid, const ServiceObject& host, const std::vector<YearKeys>& years,
                    const std::vector<YearFigures>& figures) {
-  std::vector<GridColumn> columns{{.heading = "From", .width = 12}, {.heading = "To", .width = 12}};
+  std::vector<GridColumn> columns{{.heading = "From", .width = 12, .dated = true},
+                                  {.heading = "To", .width = 12, .dated = true}};
   for (GridColumn& column : figureColumns()) columns.push_back(std::move(column));
-  columns.push_back({.heading = "Last Voucher", .width = 13, .stretch = true});
+  columns.push_back({.heading = "Last Voucher", .width = 13, .stretch = true, .dated = true});
   grid.setColumns(std::move(columns));
   long id = 0;
   for (const YearKeys& keys : years) {

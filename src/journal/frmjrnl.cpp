@@ -20,11 +20,7 @@ frmjrnl::frmjrnl(Context& context) : Form(context.openForms, "frmjrnl"), context
 void frmjrnl::attachList() {
   vsf.DblClick = [this] { VSF_DBLCLICK(); };
   vsf.KeyDown = [this](Key& key) { VSF_KEYDOWN(key); };
-  // A voucher's rows belong together, so the outline keeps its order.
-  vsf.AfterSort = [this] {
-    vsf.clearSort();
-    LOADGRID();
-  };
+  findBar.reveal = [this](int row) { list_.fold(list_.headingOf(row), false); };
   Check1.setChecked(true);
   Check1.Click = [this] { CHECK1_CLICK(); };
   command(cmdadd, [this] { CMDADD_CLICK(); });
@@ -58,6 +54,7 @@ void frmjrnl::attachEntry() {
        {.heading = "Debit Amount", .align = Align::right, .width = amountWidth, .numeric = true},
        {.heading = "Credit Amount", .align = Align::right, .width = amountWidth, .numeric = true}});
   vsf1.tabStop = false;
+  vsf1.sortable = false;
   vsf1.setFixedRows(1);
   on(txtdt.Validate, "txtdt_VALIDATE", [this](bool& cancel) { txtdt_VALIDATE(cancel); });
   txtdt.GotFocus = [this] {
@@ -84,8 +81,10 @@ LayoutItem frmjrnl::layout() {
   const LayoutItem commands =
       row({item(cmdadd), item(cmdmodify), item(cmdcopy), item(cmdreverse), item(Command1),
            item(Check1), gap(), item(cmdprn), item(cmdtb), item(cmdexit)});
-  const LayoutItem list =
-      framed(Frame1, {period, named("Vouchers", item(vsf, 1)), item(lblstatus), commands}, 1);
+  const LayoutItem list = framed(
+      Frame1,
+      {period, named("Vouchers", item(vsf, 1)), findBar.arrangement(), item(lblstatus), commands},
+      1);
   const LayoutItem entry = framed(
       Frame2,
       {row({field("&Date", txtdt, 12), gap(), item(lblrows)}), framed(picbase, lines_.layout()),

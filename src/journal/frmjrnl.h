@@ -16,6 +16,7 @@
 #include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
+#include "controls/find_bar.h"
 #include "controls/grid.h"
 #include "controls/mask_box.h"
 #include "controls/text_box.h"
@@ -48,6 +49,7 @@ class frmjrnl : public Form {
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};
   Grid vsf{*this, "vsf"};
+  FindBar findBar{*this, vsf};
   CheckBox Check1{*this, "Check1", "Expanded"};
   Button cmdadd{*this, "cmdadd", "&New Voucher"};
   Button cmdmodify{*this, "cmdmodify", "&Modify"};

@@ -48,6 +48,7 @@ void frmjrnl::FORM_KEYDOWN(Key& key) {
     txtdt.Validate(cancel);
     if (cancel) key = keys::none;
   }
+  findBar.key(key);
   const int line = lines_.lineOf(active());
   if (line >= 0) lineKeys_.step(line, key);
 }
@@ -55,6 +56,8 @@ void frmjrnl::FORM_KEYDOWN(Key& key) {
 void frmjrnl::escape() {
   if (Frame2.visible()) {
     cancelEntry();
+  } else if (findBar.isOpen()) {
+    findBar.close();
   } else {
     close();
   }

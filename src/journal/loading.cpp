@@ -56,6 +56,7 @@ void frmjrnl::FORM_LOAD() {
   context_.host->resize_for_resolution(*this);
   Check1.setChecked(true);
   CLEARDATA();
+  findBar.reset();
   vsf.setCurrent(0);
   LOADGRID();
   showList();
@@ -81,6 +82,7 @@ void frmjrnl::LOADGRID() {
   const long selected = vsf.currentId();
   bool loaded = false;
   vsf.clearRows();
+  vsf.clearSort();
   logErrors("LOADGRID", [&] {
     const Busy busy(*context_.host);
     const std::string unbalanced = list_.show(book().journal(), from_, to_);

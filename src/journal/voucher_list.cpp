@@ -1,5 +1,7 @@
 #include "journal/voucher_list.h"
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "books/amount.h"
@@ -7,13 +9,27 @@
 
 namespace quillet {
 
+namespace {
+
+constexpr int particularsColumn = 1;
+constexpr std::size_t sideLength = 3;  // "By ", "To "
+
+}  // namespace
+
 VoucherList::VoucherList(Grid& grid, ServiceObject& host) : grid_(grid), host_(host) {
   // What addLine and addNarration fill, and the printout shows.
   grid.setColumns(
-      {{.heading = "Date", .width = 12},
+      {{.heading = "Date", .width = 12, .dated = true},
        {.heading = "Particulars", .width = 50, .stretch = true},
        {.heading = "Debit Amount", .align = Align::right, .width = 18, .numeric = true},
        {.heading = "Credit Amount", .align = Align::right, .width = 18, .numeric = true}});
+  grid.outline = true;
+  // Letters look for the name, without the word that tells its side and a narration's indent.
+  grid.searchedText = [&grid](int row) {
+    const std::string_view text = grid.cell(row, particularsColumn);
+    const std::size_t start = text.starts_with(' ') ? text.find_first_not_of(' ') : sideLength;
+    return text.substr(std::min(start, text.size()));
+  };
 }
 
 std::string VoucherList::show(const Journal& journal, const std::string& from,

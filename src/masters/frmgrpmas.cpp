@@ -9,10 +9,7 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   setColumns();
   vsf.setEmptyText("\"Add Group\" makes a group.");
   vsM.setEmptyText("Only groups that were added can be merged into others.");
-  for (Grid* grid : {&vsf, &vsM, &vsMW}) {
-    grid->KeyPress = [grid](Key& key) { searchByTyping(*grid, nameColumn, key); };
-    grid->setZebra(true);
-  }
+  for (Grid* grid : {&vsf, &vsM, &vsMW}) grid->setZebra(true);
   Text1.setMaxLength(nameLength);
   Text1.Overflow = [this] { lblhint.setCaption("A group name holds at most 100 characters."); };
   Text1.Change = [this] { lblhint.setCaption(""); };

@@ -39,6 +39,9 @@ frmtbledmas::frmtbledmas(Context& context) : MasterForm(context, "frmtbledmas") 
 
 void frmtbledmas::attachCommands() {
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
+  KeyDown = [this](Key& key) {
+    if (key == keys::Find && focus(txtfind)) key = keys::none;
+  };
   txtfind.Change = [this] { SETROWSHIDDEN(); };
   txtfind.KeyDown = [this](Key& key) {
     if (key != keys::Up && key != keys::Down) return;
@@ -260,6 +263,7 @@ void frmtbledmas::CMDMODIFY_CLICK() {
   command("CMDMODIFY_CLICK", [&] {
     if (!particularSelected()) return;
     adding_ = false;
+    txtfind.setText("");  // the search has led to its choice; the next letters begin another one
     LOADDATA();
     SETBUTTON(true);
     focus(VTxt1);

@@ -26,6 +26,7 @@ void frmtbledmas::CMDLINK_CLICK() {
     LINKPARTICULARS();
   } else if (rowSelected(vsf, "Please Select a Paritculars.")) {
     lblstatus.setCaption("");
+    txtfind.setText("");
     setLinkView(true);
     SETBUTTON(false);
     SETROWSHIDDEN();

@@ -1,22 +1,9 @@
 #include "masters/ledger_rows.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 namespace quillet {
-
-WordSearch::WordSearch(std::string_view text) {
-  std::istringstream words(nameKey(text));
-  for (std::string word; words >> word;) words_.push_back(word);
-}
-
-bool WordSearch::finds(std::string_view text) const {
-  if (words_.empty()) return true;
-  const std::string key = nameKey(text);
-  return std::all_of(words_.begin(), words_.end(),
-                     [&](const std::string& word) { return key.find(word) != std::string::npos; });
-}
 
 void LedgerRows::setTarget(long id) {
   target_ = id;

@@ -10,18 +10,9 @@
 
 #include "controls/grid.h"
 #include "data/names.h"
+#include "data/word_search.h"
 
 namespace quillet {
-
-// The words of a search: a text that holds them all is found, in capitals or not.
-class WordSearch {
- public:
-  explicit WordSearch(std::string_view text);
-  bool finds(std::string_view text) const;
-
- private:
-  std::vector<std::string> words_;
-};
 
 class LedgerRows {
  public:

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "data/names.h"
-#include "data/text.h"
 
 namespace quillet {
 namespace {
@@ -135,22 +134,6 @@ std::vector<long> MasterForm::alike(const Grid& grid, int column, const std::str
     if (id != except && nameKey(grid.cell(row, column)) == key) ids.push_back(id);
   }
   return ids;
-}
-
-void MasterForm::searchByTyping(Grid& grid, int column, Key& key) {
-  // The blank is for ticking.
-  if (!keys::typesText(key) || key == keys::Space || grid.rows() == 0) return;
-  const char32_t wanted = upperCase(key);
-  key = keys::none;
-  for (int step = 1; step <= grid.rows(); ++step) {
-    const int row = (grid.current() + step - 1) % grid.rows() + 1;
-    const std::string& cell = grid.cell(row, column);
-    std::size_t at = 0;
-    if (cell.empty() || grid.rowHidden(row)) continue;
-    if (upperCase(nextCharacter(cell, at)) != wanted) continue;
-    grid.setCurrent(row);
-    return;
-  }
 }
 
 void MasterForm::makeCurrent(Grid& grid, int row) {

@@ -121,8 +121,6 @@ class MasterForm : public Form {
   // The ids of the rows that are listed under the same name, without that of `except`.
   static std::vector<long> alike(const Grid& grid, int column, const std::string& name,
                                  long except);
-  // Moves on to the next shown row whose cell begins with the character, which is used up.
-  static void searchByTyping(Grid& grid, int column, Key& key);
   // Runs RowColChange in any case: under the same number the row may be another one.
   static void makeCurrent(Grid& grid, int row);
   // Enter moves on from an entry field.

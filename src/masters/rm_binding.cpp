@@ -5,11 +5,6 @@
 #include "masters/frmgrpRM.h"
 
 namespace quillet {
-namespace {
-
-constexpr int headColumn = 0;
-
-}  // namespace
 
 void frmgrpRM::attachBinding() {
   vsfM.RowColChange = [this] {
@@ -19,7 +14,6 @@ void frmgrpRM::attachBinding() {
   vsfM.DblClick = [this] {
     if (cmdmodifyM.enabled()) CMDMODIFYM_CLICK();
   };
-  vsfM.KeyPress = [this](Key& key) { searchByTyping(vsfM, headColumn, key); };
   cbohead.KeyPress = [this](Key& key) { enterIsTab(key); };
   for (auto& box : cbogroup) box->KeyPress = [this](Key& key) { enterIsTab(key); };
   cmdaddM.Click = [this] { CMDADDM_CLICK(); };

@@ -29,7 +29,6 @@ void frmgrpRM::attachHeads() {
   vsfG.DblClick = [this] {
     if (cmdmodifyG.enabled()) CMDMODIFYG_CLICK();
   };
-  vsfG.KeyPress = [this](Key& key) { searchByTyping(vsfG, headColumn, key); };
   cmdaddG.Click = [this] { CMDADDG_CLICK(); };
   cmdmodifyG.Click = [this] { CMDMODIFYG_CLICK(); };
   cmddeleteG.Click = [this] {

@@ -1,4 +1,5 @@
 // Grids: the cells are read on demand, mouse and keys go through the model.
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QTableView>
@@ -76,6 +77,48 @@ TEST_F(GridViews, AHeadingSortsAndShowsTheOrder) {
   click(header->viewport(), amount);
   EXPECT_EQ(shown(0, 1), "Total");
   EXPECT_EQ(header->sortIndicatorOrder(), Qt::DescendingOrder);
+}
+
+TEST_F(GridViews, RowsAreSelectedAndCopiedByKeysAndMouse) {
+  const auto copied = [&] {
+    key(Qt::Key_C, Qt::ControlModifier);
+    return QGuiApplication::clipboard()->text().toStdString();
+  };
+  const std::string bank = "\tBank of India\tBank Accounts\t250000.50";
+  const std::string capital = "\tCapital\tCapital Account\t1000000.00";
+  focus(form.vsf);
+  EXPECT_EQ(copied(), bank);
+  key(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(form.vsf.current(), 2) << "commands act on the same row";
+  EXPECT_EQ(copied(), bank + '\n' + capital);
+  const QImage selected = table()->grab().toImage();
+  key(Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(copied(), bank);
+  EXPECT_NE(table()->grab().toImage(), selected);
+  QTest::mouseClick(table()->viewport(), Qt::LeftButton, Qt::ControlModifier, cellAt(2, 1));
+  EXPECT_EQ(copied(), bank + '\n' + capital);
+  QTest::mouseClick(table()->viewport(), Qt::LeftButton, Qt::ShiftModifier, cellAt(4, 1));
+  EXPECT_EQ(form.vsf.selection.rows(), (std::vector<int>{2, 3, 4, 5}));
+  key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(form.vsf.selection.rows().size(), 5U);
+  key(Qt::Key_Down);
+  EXPECT_EQ(copied(), capital);
+  key(Qt::Key_4, Qt::ControlModifier);
+  EXPECT_EQ(form.vsf.sortColumn(), 3) << "the fourth that is shown";
+}
+
+TEST_F(GridViews, FiguresAreMarkedRatherThanCut) {
+  table()->horizontalHeader()->resizeSection(3, 60);
+  settle();
+  const auto painted = [&] {
+    return table()->viewport()->grab(table()->visualRect(table()->model()->index(2, 3))).toImage();
+  };
+  const QImage marks = painted();
+  form.vsf.setCell(3, 3, "9876543.21");
+  settle();
+  EXPECT_EQ(painted(), marks);
+  table()->horizontalHeader()->resizeSection(3, 200);
+  EXPECT_NE(painted(), marks);
 }
 
 TEST_F(GridViews, RightClickAndMenuKeyAskForThePopup) {

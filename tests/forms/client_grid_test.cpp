@@ -48,6 +48,8 @@ TEST_F(ClientGridTest, TheRegisterIsReadWheneverTheListIsShown) {
                                         [&] {
                                           form.doubleClick(form.ClGrd1);
                                           form.press(keys::Escape);
+                                          EXPECT_EQ(form.ClGrd1.txtsearch.text(), "");
+                                          press(form, "asha");
                                         },
                                         [&] {
                                           form.click(form.cmdgrpmas);

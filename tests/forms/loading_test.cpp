@@ -113,6 +113,53 @@ TEST_F(LoadingTest, SortsAsTheSettingSaysAndKeepsIt) {
   EXPECT_EQ(order() + ' ' + form.vsfm.cell(4, 0), "Alpha Gamma beta Old") << "even behind nothing";
 }
 
+TEST_F(LoadingTest, FindsWordsAndAmountsInTheLines) {
+  addYear("C1", 2008,
+          {{"State Bank", "BANKS", 123456}, {"Rent", "RENT", 40.5}, {"Bank Charges", "RENT", 99}});
+  frmcrtb& form = open("C1", 2008);
+  form.vsfm.setCurrent(2);
+  form.focus(form.txtpart);
+  form.click(form.mnufind);
+  ASSERT_EQ(form.active(), &form.findBar.txtfind);
+  const auto found = [&] {
+    const int row = form.vsfm.current();
+    return form.vsfm.cell(row, 0) + ", " + form.findBar.lblfound.caption();
+  };
+  const struct {
+    const char* text;
+    const char* first;
+    const char* second;
+  } cases[] = {{"bank", "Bank Charges, 2 of 2", "State Bank, 1 of 2"},
+               {"rent ch", "Bank Charges, 1 of 1", "Bank Charges, 1 of 1"},
+               {"1,23,456", "State Bank, 1 of 1", "State Bank, 1 of 1"},
+               {"40.50", "Rent, 1 of 1", "Rent, 1 of 1"},
+               {"dr", "Rent, Not found", "Rent, Not found"},
+               {"", "Rent, ", "Rent, "}};
+  for (const auto& each : cases) {
+    type(form.findBar.txtfind, each.text);
+    EXPECT_EQ(found(), each.first) << each.text;
+    form.press(keys::Enter);
+    EXPECT_EQ(found(), each.second) << each.text;
+  }
+  type(form.findBar.txtfind, "ban");
+  form.click(form.mnufindprevious);
+  EXPECT_EQ(found(), "State Bank, 1 of 2");
+  form.press(keys::Escape);
+  EXPECT_FALSE(form.findBar.famfind.visible());
+  EXPECT_EQ(form.active(), &form.vsfm);
+  form.click(form.mnufindnext);
+  EXPECT_EQ(found(), "Bank Charges, 2 of 2") << "also while the bar is closed";
+  form.press(keys::Find);
+  form.focus(form.vsfm);
+  form.press(keys::Escape);
+  EXPECT_TRUE(form.visible() && !form.findBar.isOpen());
+  form.click(form.mnugroup);
+  EXPECT_FALSE(form.mnufind.clickable());
+  // Another year is another search.
+  form.close();
+  EXPECT_EQ(open("C1", 2008).findBar.txtfind.text(), "");
+}
+
 TEST_F(LoadingTest, OffersTheClientsLedgersOrAll) {
   addYear("C1", 2008, {{"Mine", "SALES", -3}});
   addYear("C2", 2008, {{"Theirs", "SALES", -3}});

@@ -105,8 +105,23 @@ TEST_F(JournalLoading, ListsVouchersAsAnOutline) {
   EXPECT_EQ(hidden(), "+++++++++");
 
   // A click on a heading does not tear the vouchers apart.
-  form.vsf.sortBy(1);
-  EXPECT_EQ(shown(form.vsf), expected);
+  form.vsf.sortBy(0);
+  form.vsf.sortBy(0);
+  Rows turned(expected.begin() + 6, expected.end());
+  turned.insert(turned.end(), expected.begin(), expected.begin() + 6);
+  EXPECT_EQ(shown(form.vsf), turned);
+
+  // What is looked for is unfolded.
+  form.click(form.Check1);
+  form.focus(form.vsf);
+  form.press(keys::Find);
+  EXPECT_EQ(form.active(), &form.findBar.txtfind);
+  type(form.findBar.txtfind, "interest 10");
+  EXPECT_EQ(form.vsf.cell(form.vsf.current(), 1), "By Interest");
+  EXPECT_FALSE(form.vsf.rowHidden(form.vsf.current()));
+  form.press(keys::Escape);
+  EXPECT_EQ(form.active(), &form.vsf);
+  form.click(form.Check1);
 
   // A period of its own.
   type(form.txtdt1[0], "01072008");

@@ -1,5 +1,7 @@
 #include "windows/ui/clipboard.h"
 
+#include <cstring>
+
 #include "windows/com/text.h"
 #include "windows/ui/keys.h"
 
@@ -35,6 +37,21 @@ class OpenedClipboard {
 std::string clipboardText(HWND window) {
   const OpenedClipboard clipboard(window);
   return clipboard.text() ? utf8(clipboard.text()) : std::string();
+}
+
+void setClipboardText(HWND window, const std::string& text) {
+  const std::wstring units = wide(text);
+  const std::size_t bytes = (units.size() + 1) * sizeof(wchar_t);
+  if (!OpenClipboard(window)) return;
+  EmptyClipboard();
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  if (void* place = memory ? GlobalLock(memory) : nullptr) {
+    std::memcpy(place, units.c_str(), bytes);
+    GlobalUnlock(memory);
+    // The system owns the memory from then on.
+    if (!SetClipboardData(CF_UNICODETEXT, memory)) GlobalFree(memory);
+  }
+  CloseClipboard();
 }
 
 std::optional<UINT> editingCommand(WPARAM virtualKey) {

@@ -11,6 +11,8 @@ namespace quillet::windows {
 // The clipboard's text, "" when it holds none.
 std::string clipboardText(HWND window);
 
+void setClipboardText(HWND window, const std::string& text);
+
 // The message that a key with Ctrl or Shift stands for in every box of text: WM_COPY, WM_CUT,
 // WM_PASTE, WM_UNDO, or EM_SETSEL for selecting everything.
 std::optional<UINT> editingCommand(WPARAM virtualKey);

@@ -75,7 +75,10 @@ void GridList::refresh() {
   if (rows_.count() == 0) InvalidateRect(window_, nullptr, TRUE);  // its words may be others
   arrangeColumns();
   showCurrent();
+  InvalidateRect(window_, nullptr, FALSE);  // rows may have been selected
 }
+
+void GridList::reveal(int row) { ListView_EnsureVisible(window_, rows_.shownRow(row), FALSE); }
 
 void GridList::resized() {
   if (!metrics_) return;

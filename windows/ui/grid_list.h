@@ -37,6 +37,8 @@ class GridList {
   void setMetrics(const Metrics& metrics);
   // Shows what changed in the grid.
   void refresh();
+  // Scrolls to a row of the grid.
+  void reveal(int row);
   // After the window's size changed.
   void resized();
   // The columns share so much width, and no scroll bar lies under them.

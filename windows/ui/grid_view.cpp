@@ -4,8 +4,10 @@
 
 #include <utility>
 
+#include "controls/row_text.h"
 #include "view/grid_acts.h"
 #include "windows/ui/clipboard.h"
+#include "windows/ui/keys.h"
 #include "windows/ui/message_scope.h"
 
 namespace quillet::windows {
@@ -60,13 +62,48 @@ void GridView::keysTyped(const std::vector<Key>& typed) {
   if (typed.front() == keys::Right) list_.scrollAcross(across);
 }
 
-bool GridView::keepsKey(WPARAM code) const { return editor_ && isEditingKey(code); }
+bool GridView::keepsKey(WPARAM code) const {
+  if (editor_) return isEditingKey(code);
+  const auto command = editingCommand(code);
+  return command == WM_COPY || command == EM_SETSEL;
+}
 
 // Whatever else is pressed is none of the list's: it would choose rows by itself.
 bool GridView::commandKey(WPARAM code) {
   if (editingCommand(code) == UINT{WM_PASTE}) takesCells(clipboardText(window()));
-  if (code == VK_F2) edit({grid_.current(), view::firstWritten(grid_, grid_.current())});
+  if (code == VK_F2) {
+    edit({grid_.current(), view::firstWritten(grid_, grid_.current())});
+  } else {
+    selectionKey(code);
+  }
   return true;
+}
+
+// Selecting and copying rows, and ordering them without the mouse.
+void GridView::selectionKey(WPARAM code) {
+  if (isHeld(VK_MENU)) return;
+  const auto command = editingCommand(code);
+  if (command == WM_COPY) {
+    setClipboardText(window(), spreadsheetText());
+  } else if (command == EM_SETSEL) {
+    view::selectAllRows(grid_, runner());
+  } else if (isHeld(VK_CONTROL)) {
+    if (code >= '1' && code <= '9')
+      view::sortByShown(grid_, static_cast<int>(code - '0'), runner());
+  } else if (isHeld(VK_SHIFT)) {
+    const int end = view::extendSelection(grid_, namedKey(code), runner());
+    if (end > 0 && !detached()) list_.reveal(end);
+  }
+}
+
+// The rows that are copied, their lines ended as the system ends them.
+std::string GridView::spreadsheetText() const {
+  std::string text;
+  for (const char c : copiedRows(grid_)) {
+    if (c == '\n' && !text.ends_with('\r')) text += '\r';
+    text += c;
+  }
+  return text;
 }
 
 void GridView::popUp() {
@@ -105,6 +142,11 @@ bool GridView::mousePressed(const WindowMessage& message, bool arrived) {
   const GridCell cell = list_.cellAt(placeOf(message));
   if (detached() || cell.row == 0) return true;
   const bool left = message.id == WM_LBUTTONDOWN;
+  const bool upTo = message.wide & MK_SHIFT;
+  if (left && (upTo || message.wide & MK_CONTROL)) {
+    view::selectRow(grid_, cell.row, upTo, runner());
+    return true;
+  }
   const bool wasCurrent = !arrived && cell.row == grid_.current();
   view::pressCell(grid_, cell.row, cell.column, left, runner());
   if (wasCurrent && left && !detached()) edit(cell);

@@ -31,6 +31,8 @@ class GridView : public ControlView {
   bool mousePressed(const WindowMessage& message, bool arrived) override;
 
  private:
+  void selectionKey(WPARAM code);
+  std::string spreadsheetText() const;
   void popUp();
   void doubleClicked(POINT place);
   void showTip(POINT place);

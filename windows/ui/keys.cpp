@@ -28,17 +28,25 @@ bool bringsCharacter(WPARAM code) {
 }
 
 KeyReader::Result readKeyDown(WPARAM code) {
-  if (isHeld(VK_CONTROL) || isHeld(VK_MENU)) return {};
-  if (bringsCharacter(code)) return {{}, true};
-  for (const auto& [named, key] : namedKeys) {
-    if (named != code) continue;
-    if (isHeld(VK_SHIFT) && view::selectsWithShift(key)) return {};
-    return {{key}, true};
+  if (code == 'F' && isHeld(VK_CONTROL) && !isHeld(VK_MENU) && !isHeld(VK_SHIFT)) {
+    return {{keys::Find}, true};
   }
-  return {};
+  if (isHeld(VK_CONTROL) || isHeld(VK_MENU)) return {};
+  if (code == VK_F3) return {{isHeld(VK_SHIFT) ? keys::FindPrevious : keys::FindNext}, true};
+  if (bringsCharacter(code)) return {{}, true};
+  const Key key = namedKey(code);
+  if (key == keys::none || (isHeld(VK_SHIFT) && view::selectsWithShift(key))) return {};
+  return {{key}, true};
 }
 
 }  // namespace
+
+Key namedKey(WPARAM code) {
+  for (const auto& [named, key] : namedKeys) {
+    if (named == code) return key;
+  }
+  return keys::none;
+}
 
 bool isHeld(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 

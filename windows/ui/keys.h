@@ -9,6 +9,8 @@
 
 namespace quillet::windows {
 
+// The key that comes without a character, keys::none for any other.
+Key namedKey(WPARAM code);
 // Whether the key is held down, as of the message that is being handled.
 bool isHeld(int virtualKey);
 // Ctrl or Alt makes a key a command. Both together are AltGr on keyboards that type with it.
