@@ -19,7 +19,6 @@ ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vec
   if (!enterAll(lines)) return ImportEnd::stopped;
   if (besides) besides();
   part.keep();
-  host_.ConQuery(flushTables);
   return ImportEnd::done;
 }
 

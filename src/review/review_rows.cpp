@@ -120,9 +120,12 @@ void ReviewRows::restore(int place) {
 // --- moving -------------------------------------------------------------------------------------
 
 std::vector<int> ReviewRows::chosen() const {
-  const ReviewRow* row = current();
-  if (!row || row->isGone()) return {};
-  return {row->row->number};
+  std::vector<int> numbers;
+  for (const int at : form_.vsfi.selection.rows()) {
+    const ReviewRow& row = rowAt(at);
+    if (!row.isGone()) numbers.push_back(row.row->number);
+  }
+  return numbers;
 }
 
 std::vector<int> ReviewRows::withoutGroup() const {

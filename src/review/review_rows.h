@@ -24,7 +24,8 @@ class ReviewRows {
   void arrived();
   // The current row, null when there is none.
   const ReviewRow* current() const;
-  // Those that a person means: the numbers of the source's rows.
+  // Those that a person means, the selected ones or the current one: the numbers of the source's
+  // rows.
   std::vector<int> chosen() const;
   // All that are listed and lack a group.
   std::vector<int> withoutGroup() const;

@@ -95,16 +95,22 @@ void RowBoxes::nextKind() {
   setKind(kinds.at(static_cast<std::size_t>(place + 1) % kinds.size()));
 }
 
-// The nearest known ledger first, then a new one.
+// The nearest known ledger first, then a new one; of several rows the first decides.
 void RowBoxes::turnNearest() {
-  review_.choose(rows_.chosen(), [](RowChoice& choice) {
-    choice.usesNearest = !choice.usesNearest.value_or(false);
+  std::optional<bool> uses;
+  review_.choose(rows_.chosen(), [&](RowChoice& choice) {
+    if (!uses) uses = !choice.usesNearest.value_or(false);
+    choice.usesNearest = uses;
   });
   form_.reviewed();
 }
 
 void RowBoxes::confirm() {
-  review_.choose(rows_.chosen(), [](RowChoice& choice) { choice.confirmed = !choice.confirmed; });
+  std::optional<bool> confirmed;
+  review_.choose(rows_.chosen(), [&](RowChoice& choice) {
+    if (!confirmed) confirmed = !choice.confirmed;
+    choice.confirmed = *confirmed;
+  });
   form_.reviewed();
 }
 

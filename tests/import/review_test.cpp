@@ -134,6 +134,19 @@ TEST_F(ReviewTest, AsksWhatItCannotKnow) {
   EXPECT_EQ(context().openForms.active(), &form);
 }
 
+TEST_F(ReviewTest, SelectedRowsAreChangedTogether) {
+  frmimport& page = paste("Particulars\tDebit\tCredit\nOne\t1\t\nTwo\t2\t\nThree\t\t3\n");
+  goTo(page, "2");
+  page.vsfi.selection.extendTo(page.vsfi.find(1, "3"));
+  page.click(page.mnugroup);
+  type(page.txtgroup, "RENT");
+  page.press(keys::Enter);
+  EXPECT_EQ(cell(page, "2", "Group") + cell(page, "3", "Group") + cell(page, "4", "Group"),
+            "RENTRENT");
+  dialogs.queueAnswer(Answer::Yes);
+  page.press(keys::Escape);
+}
+
 TEST_F(ReviewTest, AgainShowsWhatDiffersAndKeepsVouchersOnTop) {
   paste(book);
   shownPage()->click(shownPage()->cmdimport);
