@@ -91,8 +91,8 @@ void GridTable::arrangeColumns() {
     }
   };
   eachShown([&](int shown, std::size_t column) { now[column] = columnWidth(shown); });
-  const std::vector<int> widths =
-      view::columnWidths(grid_.columns(), now, metrics_, viewport()->width());
+  arrangedFor_ = viewport()->width();
+  const std::vector<int> widths = view::columnWidths(grid_.columns(), now, metrics_, arrangedFor_);
   eachShown([&](int shown, std::size_t column) { setColumnWidth(shown, widths[column]); });
   // Blocked above: the header tells nobody, so the cells are arranged here.
   updateGeometries();
@@ -142,6 +142,13 @@ void GridTable::paintEvent(QPaintEvent* event) {
 void GridTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   arrangeColumns();
+  // A scroll bar that the arrangement makes come or go changes the room once more.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (arrangedFor_ != viewport()->width()) arrangeColumns();
+      },
+      Qt::QueuedConnection);
   if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 

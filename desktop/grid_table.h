@@ -44,6 +44,7 @@ class GridTable : public QTableView {
   GridModel* cells_;
   CellPainter* painter_;
   unsigned content_ = 0;
+  int arrangedFor_ = 0;  // the width that the columns share
   view::CellMetrics metrics_;
 };
 

@@ -67,9 +67,11 @@ void KeptPlaces::shown(QWidget& window) {
   window.setProperty(givenSize, window.size().expandedTo(window.minimumSizeHint()));
   if (window.isMaximized()) return;
   window.resize(window.property(givenSize).toSize());
-  const view::Bounds now = boundsOf(QRect(window.pos(), window.size()));
-  const view::Bounds inside = view::within(now, roomOn(*window.screen()));
-  if (inside.left != now.left || inside.top != now.top) window.move(inside.left, inside.top);
+  // The window manager has placed it, and may not have put its frame around it yet.
+  const QRect now(window.pos(), window.size());
+  if (window.screen()->availableGeometry().contains(now)) return;
+  const view::Bounds inside = view::within(boundsOf(now), roomOn(*window.screen()));
+  window.move(inside.left, inside.top);
 }
 
 void KeptPlaces::keep(const QWidget& window, const std::string& name) {

@@ -6,7 +6,9 @@ namespace quillet::view {
 
 Ground groundOf(const Grid& grid, int row, int shown, bool inFocus) {
   if (row == grid.current()) {
-    return inFocus || grid.dropOf() ? Ground::currentInFocus : Ground::current;
+    // Among selected rows the one that commands act on stands out, wherever the focus is.
+    const bool standsOut = inFocus || grid.dropOf() || grid.selection.any();
+    return standsOut ? Ground::currentInFocus : Ground::current;
   }
   if (grid.selection.has(row)) return Ground::current;
   if (grid.rowEmphasised(row)) return Ground::emphasised;

@@ -32,7 +32,7 @@ bool areGroups(std::string_view whole) {
 
 bool isSide(std::string_view text) {
   if (text.starts_with(' ')) text.remove_prefix(1);
-  constexpr std::array sides{"Dr", "Cr", "Debit", "Credit"};
+  constexpr std::array sides{"Dr", "Cr", "DR", "CR", "Debit", "Credit"};
   return std::ranges::find(sides, text) != sides.end();
 }
 

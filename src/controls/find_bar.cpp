@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 #include "controls/form.h"
 #include "controls/row_text.h"
@@ -33,6 +34,7 @@ FindBar::FindBar(Form& form, Grid& grid)
 
 void FindBar::open() {
   if (!grid_.shown()) return;
+  if (!isOpen()) back_ = isSideStep && isSideStep() ? txtfind.form().active() : nullptr;
   famfind.setVisible(true);
   txtfind.form().focus(txtfind);
   txtfind.selectAll();
@@ -41,9 +43,12 @@ void FindBar::open() {
 void FindBar::close() {
   const bool hadFocus = txtfind.form().active() == &txtfind;
   famfind.setVisible(false);
+  // The rows may be others when it opens again.
+  lblfound.setCaption("");
   keys_.clear();
   content_ = 0;
-  if (hadFocus) txtfind.form().focus(grid_);
+  Control* back = std::exchange(back_, nullptr);
+  if (hadFocus) txtfind.form().focus(back && back->focusable() ? *back : grid_);
 }
 
 void FindBar::reset() {

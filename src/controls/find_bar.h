@@ -30,6 +30,9 @@ class FindBar {
   // Forgets what was looked for, for a grid of other books.
   void reset();
 
+  // Whether something goes on where the focus is, so that closing leads back there; otherwise it
+  // leads to the row that was found.
+  std::function<bool()> isSideStep;
   // Before a row that is hidden becomes the current one.
   std::function<void(int row)> reveal;
 
@@ -52,6 +55,7 @@ class FindBar {
   std::string keyOf(int row) const;
 
   Grid& grid_;
+  Control* back_ = nullptr;        // where closing leads to; null for the grid
   std::vector<std::string> keys_;  // what is looked through, by row
   unsigned content_ = 0;           // of the grid when they were read
 };

@@ -1,6 +1,7 @@
-// The rows of a grid that a person selected to copy them. Commands act on the current row alone,
-// which a selection leaves where it is. The selection lapses by itself as soon as the current row
-// moves or the grid holds something else.
+// The rows of a grid that a person selected, to copy them or to choose something for all of them in
+// a review. Every other command acts on the current row alone, which a selection leaves where it
+// is. The selection lapses by itself as soon as the current row moves or the grid holds something
+// else.
 #pragma once
 
 #include <vector>
@@ -22,6 +23,8 @@ class RowSelection {
   void selectAll();
 
   bool has(int row) const;
+  // Whether a person has selected rows.
+  bool any() const { return !chosen_.empty() && holds(); }
   // The selected rows that are not hidden, from the top; the current one when none was chosen.
   std::vector<int> rows() const;
 

@@ -202,9 +202,14 @@ void EntryFields::TXTGROUP_KEYPRESS(Key& key) {
 
 // --- leaving a field ----------------------------------------------------------------------------
 
+// A side-step, such as to the bar that finds lines, checks nothing: the entry goes on afterwards.
+bool EntryFields::leftForGood() const {
+  return !leaving_ && !untouched() && form_.active() && form_.active()->causesValidation;
+}
+
 void EntryFields::TXTPART_LOSTFOCUS() {
   ledgers_.hide();
-  if (leaving_ || untouched()) return;
+  if (!leftForGood()) return;
   form_.txtpart.setText(enteredName(ledgers_.names(), form_.txtpart.text()));
   if (form_.txtpart.text().empty()) refuse("Please specify Particulars.");
   lookLedgerUp();
@@ -213,7 +218,7 @@ void EntryFields::TXTPART_LOSTFOCUS() {
 
 void EntryFields::TXTGROUP_LOSTFOCUS() {
   groups_.hide();
-  if (leaving_ || untouched()) return;
+  if (!leftForGood()) return;
   form_.txtgroup.setText(enteredName(groups_.names(), form_.txtgroup.text()));
   const std::string typed = form_.txtgroup.text();
   if (typed.empty()) {

@@ -34,6 +34,8 @@ class EntryFields {
   void hideLists();
 
   bool contains(const Control* control) const;
+  // Whether nothing is being entered or altered.
+  bool untouched() const;
   // Shift+Tab out of an empty group takes a new ledger back; any other key is left.
   void takeBack(Key& key);
   void enable(bool enabled);
@@ -71,7 +73,7 @@ class EntryFields {
   void TXTAMOUNT_LOSTFOCUS();
   void TXTDRCR_GOTFOCUS();
   void TXTDRCR_VALIDATE(bool& cancel);
-  bool untouched() const;
+  bool leftForGood() const;
   void lookLedgerUp();
   void say(const std::string& text);
   std::string standingHint() const;

@@ -65,6 +65,7 @@ void frmcrtb::attachMenus() {
   mnuinsert.Click = [this] { MNUINSERT_CLICK(); };
   mnualter.Click = [this] { MNUALTER_CLICK(); };
   mnudelete.Click = [this] { MNUDELETE_CLICK(); };
+  findBar.isSideStep = [this] { return !entry_.untouched(); };
   mnufind.Click = [this] { findBar.open(); };
   mnufindnext.Click = [this] { findBar.next(); };
   mnufindprevious.Click = [this] { findBar.previous(); };
@@ -129,8 +130,8 @@ void frmcrtb::formKey(Key& key) {
   if (key != keys::Escape) return;
   key = keys::none;
   if (famLines.visible() && !entry_.contains(active())) {
-    findBar.isOpen() ? findBar.close() : static_cast<void>(close());
-    return;
+    if (findBar.isOpen()) return findBar.close();
+    if (entry_.untouched()) return static_cast<void>(close());
   }
   if (famGroups.visible()) mnugroup.Click();
   if (famSummary.visible()) mnushsumm.Click();

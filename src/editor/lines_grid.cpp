@@ -17,6 +17,9 @@ constexpr int amountWidth = 18;
 
 void LinesGrid::show(std::vector<Entry> entries, const TwoYears& years) {
   const auto selected = selectedLine();
+  const int columns = grid_.cols();
+  const int ordered = grid_.sortColumn();
+  const bool ascending = grid_.sortAscending();
   years_.clear();
   for (const TwoYears::Year year : {current, previous}) {
     if (years.inView(year)) years_.push_back(year);
@@ -25,6 +28,11 @@ void LinesGrid::show(std::vector<Entry> entries, const TwoYears& years) {
   entries_ = std::move(entries);
   grid_.setRows(static_cast<int>(entries_.size()),
                 [this](int id) { return cellsOf(entries_[id - 1]); });
+  // The order that a person gave them stays while the columns do.
+  if (ordered >= 0 && columns == grid_.cols()) {
+    grid_.sortBy(ordered);
+    if (!ascending) grid_.sortBy(ordered);
+  }
   if (selected) select(*selected);
 }
 
@@ -35,7 +43,7 @@ void LinesGrid::clear() {
 
 void LinesGrid::setColumns() {
   std::vector<GridColumn> columns{{.heading = "Particulars", .width = 30, .stretch = true},
-                                  {.heading = "Group", .width = 36}};
+                                  {.heading = "Group", .width = years_.size() == 1 ? 44 : 36}};
   for (const TwoYears::Year year : years_) {
     const char* heading = years_.size() == 1 ? "Amount"
                           : year == current  ? "Amount (Curr)"

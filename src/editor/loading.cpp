@@ -262,6 +262,7 @@ void frmcrtb::chooseLedgers(const std::string& setting) {
 void frmcrtb::chooseSort(const std::string& setting) {
   const int option = setting.size() == 1 && setting >= "1" && setting <= "4" ? setting[0] - '0' : 1;
   sort_ = static_cast<SortOption>(option);
+  vsfm.clearSort();
   for (auto& entry : mnusortopt) entry->setChecked(entry->index() == option - 1);
 }
 

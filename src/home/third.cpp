@@ -76,7 +76,9 @@ LayoutItem third::layout() {
   const LayoutItem dates = framed(
       famdates, {row({field("&First date", MaskEdBox1, 12), field("Second da&te", MaskEdBox2, 12),
                       item(cmdyear), item(cmdyearimport), gap()}),
-                 item(lblproposal), named("Years that there are", item(grdyears, 1))});
+                 item(lblproposal), named("Years that there are", item(grdyears, 1)),
+                 // Takes the room where there are none.
+                 gap(0)});
   const LayoutItem list =
       framed(famyears, {named("Years", item(flexgrid2, 1)), row({gap(), item(cmdmerge)})});
   const LayoutItem year = framed(Frame1, {item(Label1), stack({dates, list})}, 1);

@@ -172,6 +172,10 @@ void amountsByContents(const SourceSheet& sheet, const std::vector<std::size_t>&
   if (!named && figures.size() > 1 && areSides(sheet, figures[figures.size() - 2], last)) {
     mapping.roles[figures[figures.size() - 2]] = ColumnRole::debits;
     mapping.roles[last] = ColumnRole::credits;
+    if (figures.size() > 2) {
+      doubts.emplace_back(
+          "Several columns hold amounts; the last two are read as debit and credit.");
+    }
   } else {
     mapping.roles[last] = ColumnRole::amount;
     if (figures.size() > 1) {
@@ -280,6 +284,8 @@ Mapping columnsBelow(const SourceSheet& sheet, std::size_t headingRow, std::size
 FoundColumns findColumns(const SourceSheet& sheet,
                          const std::function<std::string(const std::string&)>& recalled) {
   const Headings headings = findHeadings(sheet);
+  // Without headings nothing tells that it is the same kind of sheet.
+  if (headings.rows == 0) return columnsOfSheet(sheet, headings);
   const auto stored = mappingOf(recalled(fingerprintOf(sheet, headings)));
   if (!stored) return columnsOfSheet(sheet, headings);
   FoundColumns found{*stored, {}};
@@ -287,6 +293,9 @@ FoundColumns findColumns(const SourceSheet& sheet,
   // The titles above may have grown; other headings than those found are a person's.
   if (stored->headingRows == headings.rows) found.mapping.headingRow = headings.row;
   if (found.mapping.firstRow() > sheet.rows.size()) return columnsOfSheet(sheet, headings);
+  // How the amounts are written is this sheet's own affair.
+  found.mapping.figures = {};
+  findDecimals(sheet, found.mapping);
   return found;
 }
 

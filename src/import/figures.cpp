@@ -161,6 +161,11 @@ Figure textFigure(const SourceCell& cell, FigureRules rules) {
   if (!problem.empty()) return unread(cell, problem);
   const auto digits = digitsOf(parts.digits, mark);
   if (!digits) return unread(cell, readDate(text) ? "is a date" : "is not an amount");
+  // What a comma that was not quoted has cut off an amount begins so.
+  const std::string& written = parts.digits;
+  if (written.size() > 1 && written[0] == '0' && written[1] >= '0' && written[1] <= '9') {
+    return unread(cell, "begins with zeros: it may be the rest of another amount");
+  }
   const Read read = paiseOf(*digits, false, rules.rounds);
   if (!read.problem.empty()) return unread(cell, read.problem);
   return shownFigure(cell, read.amount, parts.negative, parts.side);

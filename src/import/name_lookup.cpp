@@ -52,15 +52,16 @@ FoundGroup GroupLookup::find(const FoundLedger& ledger, const std::string& sourc
       books_.groupNames.contains(remembered->second)) {
     return {GroupState::remembered, remembered->second, false};
   }
+  if (named.distance == Distance::alike) return {GroupState::proposed, named.name.id, false};
+  // A group that the source names and nobody knows is asked about, not replaced.
+  if (!sourceGroup.empty()) return {};
   const NearestNames::Found heading = books_.groups.find(section);
   if (heading.distance == Distance::same) return {GroupState::fromHeading, heading.name.id, false};
   const auto usual = books_.usualGroups.find(ledger.partId);
   if (usual != books_.usualGroups.end() && books_.groupNames.contains(usual->second)) {
     return {GroupState::proposed, usual->second, false};
   }
-  for (const NearestNames::Found& alike : {named, heading}) {
-    if (alike.distance == Distance::alike) return {GroupState::proposed, alike.name.id, false};
-  }
+  if (heading.distance == Distance::alike) return {GroupState::proposed, heading.name.id, false};
   return {};
 }
 

@@ -1,5 +1,7 @@
 #include "import/row_reading.h"
 
+#include <algorithm>
+
 #include "data/names.h"
 #include "data/text.h"
 #include "import/headings.h"
@@ -29,6 +31,10 @@ std::string firstProblem(const std::string& first, const std::string& second) {
 }  // namespace
 
 RowReader::RowReader(const SourceSheet& sheet, const Mapping& mapping) : mapping_(mapping) {
+  for (std::size_t i = mapping.headingRow; i < std::min(mapping.firstRow(), sheet.rows.size());
+       ++i) {
+    columns_ = std::max(columns_, sheet.rows[i].cells.size());
+  }
   for (std::size_t i = mapping.firstRow(); i < sheet.rows.size(); ++i) look(sheet.rows[i]);
   signedSides_ = signedSides_ && credits_;
   negativeCredits_ = negativeCredits_ && creditFigures_ > 1;
@@ -79,7 +85,19 @@ ReadRow RowReader::read(const SourceRow& source, ImportRow& row) const {
     readSides(source, row, read);
   }
   read.hasAmount = !row.debit.isZero() || !row.credit.isZero();
+  if (read.hasAmount && hasMoreFields(source)) {
+    read.problem = firstProblem(
+        read.problem, "There are more fields than headings: is an amount cut by a comma?");
+  }
   return read;
+}
+
+// Of a text file: in a workbook a cell may stand beside the table.
+bool RowReader::hasMoreFields(const SourceRow& row) const {
+  for (std::size_t i = columns_; columns_ > 0 && i < row.cells.size(); ++i) {
+    if (row.cells[i].kind == SourceCell::Kind::text && looksLikeFigure(row.cells[i])) return true;
+  }
+  return false;
 }
 
 void RowReader::readSides(const SourceRow& source, ImportRow& row, ReadRow& read) const {

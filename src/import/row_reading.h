@@ -34,6 +34,7 @@ class RowReader {
   std::optional<std::size_t> column(ColumnRole role) const { return mapping_.column(role); }
   const SourceCell& cell(const SourceRow& row, ColumnRole role) const;
   void look(const SourceRow& row);
+  bool hasMoreFields(const SourceRow& row) const;
   void readSides(const SourceRow& source, ImportRow& row, ReadRow& read) const;
   void readAmount(const SourceRow& source, ImportRow& row, ReadRow& read) const;
 
@@ -41,6 +42,7 @@ class RowReader {
   bool debits_ = false;  // amounts of the one column that say so
   bool credits_ = false;
   bool signedSides_ = true;      // the column of sides repeats what the signs say
+  std::size_t columns_ = 0;      // that the headings stand over, 0 when there are none
   bool negativeCredits_ = true;  // the column of credits writes all of them below zero
   int creditFigures_ = 0;
 };

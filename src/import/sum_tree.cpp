@@ -180,6 +180,7 @@ class TotalSearch {
     const bool firm = isFirm(row);
     const bool loose = !firm && isLoose(row);
     tree_.loose[at] = loose;
+    tree_.named[at] = surely && !row.fixed && !firm && !loose;
     if (firm || surely || (loose && (looseTotals_ || row.unnamed))) {
       tree_.kinds[at] = RowKind::total;
       begin(false);
@@ -226,6 +227,7 @@ SumTree readTree(const std::vector<SumRow>& rows, std::optional<std::size_t> gra
   tree.parentOf.resize(rows.size());
   tree.children.assign(rows.size(), 0);
   tree.loose.assign(rows.size(), false);
+  tree.named.assign(rows.size(), false);
   ParentSearch(rows, parents, tree).run();
   TotalSearch(rows, grand, looseTotals, tree).run();
   // What turned out to be a total is nobody's part.

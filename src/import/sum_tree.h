@@ -23,6 +23,7 @@ struct SumTree {
   std::vector<std::optional<std::size_t>> parentOf;
   std::vector<std::size_t> children;  // how many nodes the row sums up; 0 for one that is no parent
   std::vector<bool> loose;            // a total by its amount alone
+  std::vector<bool> named;            // a total by its name alone
   SideTotals leaves;
   SideTotals tops;  // sums in place of what they sum up
 

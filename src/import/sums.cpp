@@ -113,7 +113,7 @@ class Explanation {
       const bool ledger = tree.kinds[at] == RowKind::ledger;
       const bool named = rows_[at].name == Name::totalWord && (ledger || tree.loose[at]);
       const bool weak = tree.kinds[at] == RowKind::parent && tree.children[at] == 1;
-      if (ledger && brokenParent(at)) ask(at);
+      if ((ledger && brokenParent(at)) || tree.named[at]) ask(at);
       if ((weak && !goesDeeper(at)) || named) doubtful.push_back(at);
     }
     if (!balances(tree)) askParents(tree);
@@ -172,7 +172,8 @@ class Explanation {
       const bool parent = tree.kinds[at] == RowKind::parent || any.kinds[at] == RowKind::parent;
       const bool ledger = tree.kinds[at] == RowKind::ledger;
       const bool doubtful = rows_[at].name == Name::totalWord && at != grand_;
-      if (parent || doubtful || (ledger && (brokenParent(at) || counts[at] > 1))) ask(at);
+      if (parent || doubtful || tree.named[at] || (ledger && (brokenParent(at) || counts[at] > 1)))
+        ask(at);
     }
   }
 
@@ -194,7 +195,7 @@ class Explanation {
       } else if (at == grand_) {
         row.reason = "The source's total";
       } else if (row.kind == RowKind::total) {
-        row.reason = "The sum of the rows above";
+        row.reason = tree.named[at] ? "A total by its name" : "The sum of the rows above";
       } else if (row.kind == RowKind::error) {
         row.reason = "An amount without a name";
       }

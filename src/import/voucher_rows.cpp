@@ -29,6 +29,18 @@ std::string inRow(int row, const std::string& problem) {
   return "Row " + std::to_string(row) + ": " + problem + end;
 }
 
+// Of "04/30/2008" the first two numbers; nothing for a date that begins otherwise.
+std::optional<std::pair<int, int>> firstNumbers(const SourceCell& cell) {
+  if (cell.kind != SourceCell::Kind::text) return std::nullopt;
+  const std::string text = cleanedName(cell.text);
+  const auto firstEnd = text.find_first_not_of("0123456789");
+  if (firstEnd == std::string::npos || firstEnd < 1 || firstEnd > 2) return std::nullopt;
+  const std::string rest = text.substr(firstEnd + 1);
+  const auto secondEnd = std::min(rest.find_first_not_of("0123456789"), rest.size());
+  if (secondEnd < 1 || secondEnd > 2) return std::nullopt;
+  return std::pair(std::stoi(text), std::stoi(rest));
+}
+
 class VoucherReading {
  public:
   VoucherReading(const SourceSheet& sheet, const Mapping& mapping, const KnownBooks& books,
@@ -42,6 +54,10 @@ class VoucherReading {
         groups_(books) {}
 
   std::vector<ImportedVoucher> run() {
+    for (const SourceRow& row : sheet_.rows) {
+      const auto numbers = firstNumbers(cell(row, ColumnRole::date));
+      monthFirst_ = monthFirst_ || (numbers && numbers->first <= 12 && numbers->second > 12);
+    }
     for (std::size_t i = mapping_.firstRow(); i < sheet_.rows.size(); ++i) readRow(sheet_.rows[i]);
     for (ImportedVoucher& voucher : vouchers_) judge(voucher);
     return std::move(vouchers_);
@@ -100,7 +116,10 @@ class VoucherReading {
     const SourceCell& dateCell = cell(source, ColumnRole::date);
     if (cleanedName(dateCell.text).empty()) return;
     const auto date = dateOf(dateCell);
-    if (!date) {
+    if (monthFirst_ && firstNumbers(dateCell)) {
+      fault(voucher, source.number,
+            "dates of this column have the month first: write them as day/month/year");
+    } else if (!date) {
       fault(voucher, source.number, '"' + cleanedName(dateCell.text) + "\" is not a date");
     } else if (voucher.date.empty()) {
       voucher.date = *date;
@@ -175,6 +194,7 @@ class VoucherReading {
   const Mapping& mapping_;
   const KnownBooks& books_;
   const YearDates& year_;
+  bool monthFirst_ = false;  // some date of the column can be read so only
   const RowChoices& choices_;
   RowReader reader_;
   GroupLookup groups_;

@@ -87,9 +87,10 @@ bool frmimport::mayImport() {
                     Buttons::OK, Icon::information);
     return false;
   }
-  const std::string difference = review_.difference();
-  if (difference.empty()) return true;
-  return context_.MsgBox(difference + "\r\nDo you want to import it all the same?", Buttons::YesNo,
+  std::string asked = review_.difference();
+  for (const std::string& doubt : review_.doubts()) asked += (asked.empty() ? "" : " ") + doubt;
+  if (asked.empty()) return true;
+  return context_.MsgBox(asked + "\r\nDo you want to import it all the same?", Buttons::YesNo,
                          Icon::question, Answer::No) == Answer::Yes;
 }
 

@@ -119,12 +119,17 @@ void ReviewRows::restore(int place) {
 
 // --- moving -------------------------------------------------------------------------------------
 
+std::vector<const ReviewRow*> ReviewRows::chosenRows() const {
+  std::vector<const ReviewRow*> rows;
+  for (const int at : form_.vsfi.selection.rows()) {
+    if (!rowAt(at).isGone()) rows.push_back(&rowAt(at));
+  }
+  return rows;
+}
+
 std::vector<int> ReviewRows::chosen() const {
   std::vector<int> numbers;
-  for (const int at : form_.vsfi.selection.rows()) {
-    const ReviewRow& row = rowAt(at);
-    if (!row.isGone()) numbers.push_back(row.row->number);
-  }
+  for (const ReviewRow* row : chosenRows()) numbers.push_back(row->row->number);
   return numbers;
 }
 

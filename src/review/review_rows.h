@@ -27,6 +27,8 @@ class ReviewRows {
   // Those that a person means, the selected ones or the current one: the numbers of the source's
   // rows.
   std::vector<int> chosen() const;
+  // The same rows; until the next choice.
+  std::vector<const ReviewRow*> chosenRows() const;
   // All that are listed and lack a group.
   std::vector<int> withoutGroup() const;
   // To the next row with a question, from the top again; false when there is none.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <optional>
 
 #include "review/frmimport.h"
 
@@ -105,12 +107,24 @@ void RowBoxes::turnNearest() {
   form_.reviewed();
 }
 
+// A row that may be a sum becomes what it was taken for; of the others the first decides.
 void RowBoxes::confirm() {
+  std::map<RowKind, std::vector<int>> doubtful;
+  std::vector<int> others;
+  for (const ReviewRow* row : rows_.chosenRows()) {
+    const bool asked = !row->row->question.empty();
+    (asked ? doubtful[row->row->kind] : others).push_back(row->row->number);
+  }
+  for (const auto& [kind, rows] : doubtful) {
+    review_.choose(rows, [&](RowChoice& choice) { choice.kind = kind; });
+  }
   std::optional<bool> confirmed;
-  review_.choose(rows_.chosen(), [&](RowChoice& choice) {
-    if (!confirmed) confirmed = !choice.confirmed;
-    choice.confirmed = *confirmed;
-  });
+  if (!others.empty()) {
+    review_.choose(others, [&](RowChoice& choice) {
+      if (!confirmed) confirmed = !choice.confirmed;
+      choice.confirmed = *confirmed;
+    });
+  }
   form_.reviewed();
 }
 

@@ -153,6 +153,16 @@ TEST_F(LoadingTest, FindsWordsAndAmountsInTheLines) {
   form.focus(form.vsfm);
   form.press(keys::Escape);
   EXPECT_TRUE(form.visible() && !form.findBar.isOpen());
+  // A side-step from an entry, which goes on afterwards.
+  type(form.txtpart, "Zeta");
+  form.press(keys::Enter);
+  form.press(keys::Find);
+  form.press(keys::Escape);
+  EXPECT_EQ(messages(), Texts{});
+  EXPECT_EQ(form.active(), &form.txtgroup);
+  form.press(keys::Escape);
+  EXPECT_TRUE(form.visible());
+  EXPECT_EQ(form.txtpart.text(), "");
   form.click(form.mnugroup);
   EXPECT_FALSE(form.mnufind.clickable());
   // Another year is another search.

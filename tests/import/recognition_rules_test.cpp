@@ -101,6 +101,9 @@ TEST(Figures, AreReadAsTheyAreWritten) {
                {"~1234567.8899999999", "123456789"},
                {"~33.333333333333336", "?"},
                {"~12.345", "?"},
+               {"000", "?"},
+               {"012.50", "?"},
+               {"0.50", "50"},
                {"~1000000000000000", "?"}};
   for (const auto& each : cases) {
     EXPECT_EQ(shown(readFigure(cellOf(each.text), {each.decimals, false})), each.shown)
@@ -171,6 +174,14 @@ TEST(Columns, AreRememberedByTheirHeadings) {
       sheetOf({{"A title"}, {"Particulars", "Debit", "Credit"}, {"Bank", "7", ""}});
   const Mapping found = findColumns(later, recalled).mapping;
   EXPECT_EQ(found.roles, corrected.roles);
+  // How amounts are written is found anew, and nothing is remembered of a sheet without headings.
+  corrected.figures = {DecimalMark::point, true};
+  const SourceSheet thousands =
+      sheetOf({{"Particulars", "Debit", "Credit"}, {"Bank", "25.000", ""}});
+  EXPECT_EQ(findColumns(thousands, recalled).mapping.figures.decimals, DecimalMark::open);
+  const SourceSheet bare = sheetOf({{"Cash", "100", ""}, {"Capital", "", "100"}});
+  const auto always = [&](const std::string&) { return textOf(corrected); };
+  EXPECT_EQ(findColumns(bare, always).mapping.roles, mappingOf(bare).roles);
   EXPECT_EQ(found.firstRow(), 2U);
   for (const char* broken : {"", "1", "1|x|1|open|exact|Debit,|TB", "2|0|1|open|exact|Debit,|TB",
                              "1|0|1|open|exact|Debit,Debit,|TB", "1|0|1|open|exact|Nonsense,|TB"}) {
@@ -260,6 +271,8 @@ TEST(Proposals, WhatIsOpenIsAskedAndAnswered) {
                {{"Cash", "CASH IN HAND", "", "500"}, "The ledger stands in row 2 too", confirmed},
                {{"New one", "SALES", "", "see note"}, "\"see note\" is not an amount", left},
                {{"New one", "SALES", "", "#REF!"}, "\"#REF!\" is an error", left},
+               {{"New one", "SALES", "5", "000.00"}, "\"000.00\" begins with zeros", left},
+               {{"New one", "SALES", "", "1", "23", "456.00"}, "There are more fields", left},
                {{"", "SALES", "", "500"}, "An amount without a name", left}};
   for (const auto& each : cases) {
     const Texts rows{headings, {"Cash", "CASH IN HAND", "500"}, each.row};
@@ -289,7 +302,16 @@ TEST(Vouchers, ThatDoNotHoldStayOutWithTheReason) {
                {"5", "31/03/2026", "00123", "", "3"},
                {"6", "soon", "Cash", "4"},
                {"6", "", "00123", "", "4"}});
+  const SourceSheet american = sheetOf({{"Voucher No", "Date", "Particulars", "Debit", "Credit"},
+                                        {"1", "05/06/2025", "Cash", "5", ""},
+                                        {"1", "05/06/2025", "00123", "", "5"},
+                                        {"2", "04/30/2025", "Cash", "5", ""},
+                                        {"2", "04/30/2025", "00123", "", "5"}});
   const KnownBooks books = someBooks();
+  for (const ImportedVoucher& voucher :
+       readVouchers(american, mappingOf(american), books, {"01/04/2025", "31/03/2026"}, {})) {
+    EXPECT_NE(voucher.reason.find("month first"), std::string::npos) << voucher.number;
+  }
   std::string told;
   for (const ImportedVoucher& voucher :
        readVouchers(sheet, mappingOf(sheet), books, {"01/04/2025", "31/03/2026"}, {})) {

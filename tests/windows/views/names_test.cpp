@@ -79,7 +79,7 @@ TEST(Names, AreTheLabelsOrCaptions) {
                        {"ComboBox", "S&tatus"},
                        {"ComboBox", "Gro&up"},
                        {"Edit", "Find"},
-                       {"SysListView32", "Code, Name"}};
+                       {"SysListView32", "Clients"}};
   EXPECT_EQ(names, expected);
 }
 
