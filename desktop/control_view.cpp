@@ -1,7 +1,9 @@
 #include "desktop/control_view.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
@@ -90,6 +92,15 @@ bool ControlView::mousePressed(QObject*, QMouseEvent&, bool) { return false; }
 
 bool ControlView::otherEvent(QObject*, QEvent&) { return false; }
 
+// A key that an open menu has no use for, and Alt with a letter that is no access key: the control
+// behind is not meant.
+bool ControlView::isNobodys(const QKeyEvent& key) {
+  if (qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr) return true;
+  const Qt::KeyboardModifiers held = key.modifiers();
+  return held & Qt::AltModifier && !(held & Qt::ControlModifier) && !key.text().isEmpty() &&
+         namedKey(key.key()) == keys::none;
+}
+
 bool ControlView::eventFilter(QObject* target, QEvent* event) {
   if (detached() || drawing_) return false;
   switch (event->type()) {
@@ -97,8 +108,10 @@ bool ControlView::eventFilter(QObject* target, QEvent* event) {
       const bool before = isActive();
       return !arrive() || mousePressed(target, static_cast<QMouseEvent&>(*event), !before);
     }
-    case QEvent::KeyPress:
-      return keyPressed(static_cast<QKeyEvent&>(*event));
+    case QEvent::KeyPress: {
+      auto& key = static_cast<QKeyEvent&>(*event);
+      return isNobodys(key) || keyPressed(key);
+    }
     default:
       return otherEvent(target, *event);
   }

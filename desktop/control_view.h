@@ -51,6 +51,7 @@ class ControlView : public QObject, public view::ControlTie {
   virtual bool otherEvent(QObject* target, QEvent& event);
 
   bool eventFilter(QObject* target, QEvent* event) override;
+  static bool isNobodys(const QKeyEvent& key);
   // While drawing, signals of the widget are the view's own doing and not a person's.
   bool drawing() const { return drawing_; }
 

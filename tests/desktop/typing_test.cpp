@@ -42,6 +42,8 @@ TEST_F(Typing, EditsLikeAnyTextBox) {
   EXPECT_EQ(form.txtname.selLength(), 2u);
   type("q");
   expectShown("QD");
+  key(Qt::Key_J, Qt::AltModifier);
+  expectShown("QD");  // no access key, and no letter either
   key(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_NE(form.txtname.text(), "QD") << "undo reaches the model";
   EXPECT_EQ(fromQt(name()->text()), form.txtname.text());
