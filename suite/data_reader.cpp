@@ -28,7 +28,8 @@ std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'
 
 }  // namespace
 
-DataReader::DataReader(std::string_view file) : DataReader(file, dataFile(file)) {}
+DataReader::DataReader(std::string_view file)
+    : DataReader("suite/data/" + std::string(file), dataFile(file)) {}
 
 DataReader::DataReader(std::string_view file, std::string_view text) : file_(file), rest_(text) {
   columns_ = nextFields();
@@ -52,6 +53,10 @@ std::vector<std::string_view> DataReader::nextFields() {
   return {};
 }
 
+bool DataReader::has(std::string_view column) const {
+  return std::find(columns_.begin(), columns_.end(), column) != columns_.end();
+}
+
 std::string_view DataReader::field(std::string_view column) const {
   const auto found = std::find(columns_.begin(), columns_.end(), column);
   if (found == columns_.end()) fail("there is no column " + quoted(column));
@@ -73,8 +78,7 @@ void DataReader::refuse(std::string_view column) const {
 }
 
 void DataReader::fail(const std::string& message) const {
-  throw std::runtime_error("suite/data/" + file_ + ", line " + std::to_string(line_) + ": " +
-                           message);
+  throw std::runtime_error(file_ + ", line " + std::to_string(line_) + ": " + message);
 }
 
 }  // namespace quillet::suite

@@ -12,12 +12,12 @@
 namespace quillet::suite {
 
 // Whatever is wrong with the file throws std::runtime_error with a message that names file and
-// line.
+// line. The reader goes on with the next line then.
 class DataReader {
  public:
   // A file below suite/data.
   explicit DataReader(std::string_view file);
-  // The text has to outlive the reader.
+  // Any text of that form, named by its file. It has to outlive the reader.
   DataReader(std::string_view file, std::string_view text);
 
   // Goes to the next row, at first to the first one; false when there is none.
@@ -34,6 +34,9 @@ class DataReader {
     }
     refuse(column);
   }
+  bool has(std::string_view column) const;
+  // Refuses the row.
+  [[noreturn]] void fail(const std::string& message) const;
   // For a field that names something that is not there.
   [[noreturn]] void refuse(std::string_view column) const;
 
@@ -41,7 +44,6 @@ class DataReader {
   // The fields of the next line that is no comment; none at the end.
   std::vector<std::string_view> nextFields();
   std::string_view field(std::string_view column) const;
-  [[noreturn]] void fail(const std::string& message) const;
 
   std::string file_;
   std::string_view rest_;

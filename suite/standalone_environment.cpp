@@ -42,7 +42,8 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       dialogs_(unit_, frontEnd.dialogs()),
       fileRemoval_(unit_, folder.documents()),
       disk_(database.schemaFolder().parent_path()),
-      acts_(unit_, fileRemoval_, disk_, frontEnd.notices(), clock) {}
+      acts_(unit_, fileRemoval_, disk_, frontEnd.notices(), clock),
+      statutoryHeads_(folder.statutoryHeads()) {}
 
 StandaloneEnvironment::~StandaloneEnvironment() = default;
 

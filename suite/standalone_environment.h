@@ -20,6 +20,7 @@
 #include "suite/service_object.h"
 #include "suite/settings.h"
 #include "suite/start_policy.h"
+#include "suite/statutory_heads.h"
 #include "suite/unit_dialogs.h"
 #include "suite/unit_of_work.h"
 
@@ -41,6 +42,7 @@ class StandaloneEnvironment : public Environment {
   Dialogs& dialogs() override { return dialogs_; }
   Clock& clock() override { return clock_; }
   SourceReader* sourceReader() override;
+  StatutoryHeads* statutoryHeads() override { return &statutoryHeads_; }
   FileRemover& fileRemover() override { return fileRemoval_; }
   void trapped(const std::string& where, const std::exception& error) override {
     acts_.trapped(where, error);
@@ -76,6 +78,7 @@ class StandaloneEnvironment : public Environment {
   std::function<const Form*()> reportingForm_;
   std::optional<Document> lastReport_;
   std::unique_ptr<SourceReader> sourceReader_;  // made with the first file
+  PracticeHeads statutoryHeads_;
 };
 
 // A practice at work: an open data folder with its database, and the module on top. The desktop,

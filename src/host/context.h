@@ -12,6 +12,7 @@
 #include "data/sql.h"
 #include "ports/ports.h"
 #include "ports/source_book.h"
+#include "ports/statutory_heads.h"
 
 namespace quillet {
 
@@ -28,6 +29,8 @@ class Environment {
   virtual Clock& clock() = 0;
   // Reads the files of an import; null where the host reads none.
   virtual SourceReader* sourceReader() { return nullptr; }
+  // The heads that account groups are mapped to; null where the host has none.
+  virtual StatutoryHeads* statutoryHeads() { return nullptr; }
   virtual FileRemover& fileRemover() { return removeAtOnce_; }
   // A procedure was ended by an error, which the error log has by now. `where` is what the form is
   // called.

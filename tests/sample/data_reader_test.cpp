@@ -45,7 +45,7 @@ TEST(DataReader, ADamagedFileIsNamedWithTheLine) {
       sample::readAccounts({"a.tsv", text});
       ADD_FAILURE() << "was taken";
     } catch (const std::runtime_error& error) {
-      EXPECT_EQ(error.what(), "suite/data/a.tsv, line 3: " + std::string(message));
+      EXPECT_EQ(error.what(), "a.tsv, line 3: " + std::string(message));
     }
   }
   DataReader other("b.tsv", "id\n1\n");
