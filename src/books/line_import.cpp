@@ -12,14 +12,19 @@ namespace quillet {
 ImportEnd LineImport::run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen,
                           const std::function<void()>& besides) {
   AllOrNothing part(host_);
+  const ImportEnd end = enter(lines, seen);
+  if (end != ImportEnd::done) return end;
+  if (besides) besides();
+  part.keep();
+  return end;
+}
+
+ImportEnd LineImport::enter(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen) {
   const ClientTable& books = year_.books();
   if (!Registry(host_).has(books.table, books.client)) return ImportEnd::yearGone;
   standing_ = year_.lines();
   if (standing_ != seen) return ImportEnd::booksOther;
-  if (!enterAll(lines)) return ImportEnd::stopped;
-  if (besides) besides();
-  part.keep();
-  return ImportEnd::done;
+  return enterAll(lines) ? ImportEnd::done : ImportEnd::stopped;
 }
 
 // False when a person stopped it.
@@ -33,7 +38,7 @@ bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
     if (!entered.insert(pair).second) {
       throw std::runtime_error(line.ledger + " comes twice in one group.");
     }
-    enter(pair, line.balance);
+    replace(pair, line);
     expected[pair] = line.balance;
     host_.objProgress().update_pg();
     if (host_.objProgress().stopped()) return false;
@@ -50,16 +55,19 @@ LedgerGroup LineImport::pairOf(const ImportedLine& line) {
   return {ledgerOrNew(host_, line.ledger), line.allId};
 }
 
-void LineImport::enter(LedgerGroup pair, Money balance) {
-  for (const Line& line : year_.linesOf(pair, TrialBalance::Spelling::editor)) {
-    year_.takeOut(line, standing_);
+void LineImport::replace(LedgerGroup pair, const ImportedLine& line) {
+  for (const Line& standing : year_.linesOf(pair, TrialBalance::Spelling::editor)) {
+    year_.takeOut(standing, standing_);
   }
-  if (balance.isZero()) return;
+  const Money balance = line.balance;
+  if (balance.isZero() && line.zeroSide == 0) return;
   year_.insert({.srno = serial_++,
                 .partId = pair.partId,
                 .allId = pair.allId,
                 .amount = abs(balance).rupees(),
-                .nid = balance < Money() ? credit : debit});
+                .nid = balance.isZero()    ? line.zeroSide
+                       : balance < Money() ? credit
+                                           : debit});
 }
 
 }  // namespace quillet

@@ -16,7 +16,8 @@ struct ImportedLine {
   long partId = 0;     // 0: the ledger of that name, which is made when there is none
   std::string ledger;  // its name, where it has no id yet
   long allId = 0;
-  Money balance;  // debit positive; zero takes out what stands
+  Money balance;      // debit positive; zero takes out what stands
+  long zeroSide = 0;  // the side on which a line stands even at zero; 0: none does
 };
 
 enum class ImportEnd {
@@ -37,10 +38,12 @@ class LineImport {
   // stored with the lines.
   ImportEnd run(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen,
                 const std::function<void()>& besides = {});
+  // The same within a part of an act that the caller begins, and keeps where it ends with `done`.
+  ImportEnd enter(const std::vector<ImportedLine>& lines, const std::vector<Line>& seen);
 
  private:
   bool enterAll(const std::vector<ImportedLine>& lines);
-  void enter(LedgerGroup pair, Money balance);
+  void replace(LedgerGroup pair, const ImportedLine& line);
   LedgerGroup pairOf(const ImportedLine& line);
 
   ServiceObject& host_;

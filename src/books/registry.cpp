@@ -30,6 +30,10 @@ YearKeys YearKeys::before() const {
   return {firstDateKey(yearOf(first) - 1), secondDateKey(yearOf(second) - 1)};
 }
 
+YearKeys YearKeys::after() const {
+  return {firstDateKey(yearOf(first) + 1), secondDateKey(yearOf(second) + 1)};
+}
+
 std::string YearKeys::text() const { return yearText(first, second); }
 
 // --- reading ------------------------------------------------------------------------------------

@@ -16,6 +16,7 @@ struct YearKeys {
   std::string second;
 
   YearKeys before() const;   // the keys of the year before
+  YearKeys after() const;    // of the year after
   std::string text() const;  // "2008-2009"
   bool operator==(const YearKeys&) const = default;
 };

@@ -47,17 +47,26 @@ bool YearCreation::takeFreeTable() {
 
 // --- the registry -------------------------------------------------------------------------------
 
-void YearCreation::registerYear() {
+RegisteredYear YearCreation::normalised() const {
   RegisteredYear row = year_;
   row.firstDate = host_.date_prob_handle(year_.firstDate);
   row.secondDate = host_.date_prob_handle(year_.secondDate);
+  return row;
+}
+
+void YearCreation::insertRow() {
+  registry_.insert(normalised());
+  registered_ = true;
+}
+
+void YearCreation::registerYear() {
   if (!registered_) {
-    registry_.insert(row);
-    registered_ = true;
+    insertRow();
     host_.ConQuery(flushTables);
-  } else if (row.firstDate != keptDates_[0] || row.secondDate != keptDates_[1]) {
-    registry_.setDates(row);
+    return;
   }
+  const RegisteredYear row = normalised();
+  if (row.firstDate != keptDates_[0] || row.secondDate != keptDates_[1]) registry_.setDates(row);
 }
 
 // --- the year before ----------------------------------------------------------------------------

@@ -33,6 +33,8 @@ class YearCreation {
   // Writes the year's row. One that stands stays, with the annexure that hangs on it; dates that
   // differ are updated. From the insert on the year is registered, even if the flush fails.
   void registerYear();
+  // Writes the row of a year that is not registered; the flush after it is the caller's.
+  void insertRow();
 
   // The latest year that ends before this one; years may have gaps.
   std::optional<RegisteredYear> previous() const;
@@ -40,6 +42,7 @@ class YearCreation {
   void copyLines(const std::string& previousTable, bool figures);
 
  private:
+  RegisteredYear normalised() const;
   long lastSerial(const Sql& table) const;
 
   ServiceObject& host_;

@@ -6,8 +6,7 @@
 
 #include "books/account_groups.h"
 #include "books/import_memory.h"
-#include "books/journal.h"
-#include "books/merged_groups.h"
+#include "books/posted_amounts.h"
 #include "books/posting.h"
 #include "books/trial_balance.h"
 
@@ -46,17 +45,6 @@ std::vector<NamedId> groupsOf(const AccountGroups& groups) {
     names.push_back({group.id, group.name});
   }
   return names;
-}
-
-// Lines of a group that was merged away stand under the one that it went into.
-std::map<LedgerGroup, Money> postedIn(ServiceObject& host, const ClientTable& books) {
-  std::map<LedgerGroup, Money> posted;
-  const MergedGroups merged(host);
-  for (const auto& [pair, amount] : Journal(host, books).posted()) {
-    posted[{pair.partId, merged.successor(pair.allId)}] += amount;
-  }
-  std::erase_if(posted, [](const auto& each) { return each.second.isZero(); });
-  return posted;
 }
 
 Line lineOf(LedgerGroup pair, Money balance, long srno) {
@@ -113,7 +101,7 @@ YearBooks readYearBooks(Context& context, const ReviewedYear& year) {
   }
   YearBooks books{{ledgersOf(host, memory, {&standing, &previous}), groupsOf(groups)},
                   std::move(standing),
-                  postedIn(host, year.books)};
+                  postedAmounts(host, year.books)};
   books.known.previous = std::move(previous);
   setOriginals(books);
   books.known.rememberedGroups = memory.groups();
