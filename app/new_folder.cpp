@@ -53,12 +53,11 @@ void makeFolder(const fs::path& path, Contents contents, bool replace) {
   const DataFolder folder = DataFolder::create(
       path, replace ? DataFolder::Existing::replace : DataFolder::Existing::refuse);
   std::ofstream(marker(folder.root())) << "This data folder is not complete yet.\n";
-  // LibreOffice makes the template meanwhile. Without LibreOffice there is no template, and the
-  // export says so.
-  suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
-                                      folder.program() / suite::exportTemplate);
+  // LibreOffice makes the templates meanwhile. Without LibreOffice there are none, and the exports
+  // say so.
+  suite::TemplateMaker templates(suite::CalcOptions::standard(), folder.program());
   fillInChild(folder, contents);
-  exportTemplate.finish();
+  templates.finish();
   fs::remove(marker(folder.root()));
 }
 

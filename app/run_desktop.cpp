@@ -17,10 +17,9 @@ namespace {
 int runApplication(desktop::Application& application, const suite::DataFolder& folder,
                    const std::string& firstMessage, std::filesystem::path& toRestore) {
   suite::SystemClock clock;
-  // A folder without the template, made without LibreOffice for instance, gets it while a person
+  // A folder without the templates, made without LibreOffice for instance, gets them while a person
   // works.
-  suite::TemplateMaker exportTemplate(suite::CalcOptions::standard(),
-                                      folder.program() / suite::exportTemplate);
+  suite::TemplateMaker templates(suite::CalcOptions::standard(), folder.program());
   suite::Practice practice(folder, application, clock, askingPolicy(application.dialogs()));
   desktop::PracticeMenu menu(practice, application);
   application.follow(practice.context().openForms);
@@ -32,7 +31,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   const int status = application.run();
   application.leave();
   toRestore = menu.toRestore();
-  exportTemplate.finish();
+  templates.finish();
   return status;
 }
 

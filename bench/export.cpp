@@ -20,8 +20,8 @@ void exportYear(benchmark::State& state) {
   const BenchYear& year = yearOf(static_cast<int>(state.range(0)));
   const suite::CalcOptions calc{QUILLET_CALC};
   const fs::path program = practice().folder().program();
-  if (!suite::TemplateMaker(calc, program / suite::exportTemplate).finish()) {
-    state.SkipWithError("LibreOffice made no template");
+  if (!suite::TemplateMaker(calc, program).finish()) {
+    state.SkipWithError("LibreOffice made no templates");
     return;
   }
   practice().environment().useCalc(calc);

@@ -190,38 +190,39 @@ void Book::store(const std::string& path, const char* kind) {
                    properties({property("FilterName", rtl::OUString::createFromAscii(kind))}));
 }
 
-void Book::makeTemplate() {
-  constexpr struct {
-    const char* heading;
-    sal_Int32 width;  // hundredths of a millimetre
-    bool amount;
-  } columns[] = {{"S. No.", 1'600, false},
-                 {"Particulars", 8'500, false},
-                 {"Group", 6'500, false},
-                 {"Amount (Dr)", 3'800, true},
-                 {"Amount (Cr)", 3'800, true}};
-  const SheetRef tb = sheet(0);
-  uno::Reference<container::XNamed>(tb, uno::UNO_QUERY_THROW)->setName(rtl::OUString("TB"));
+void Book::makeSheets(const std::vector<TemplateSheet>& sheets) {
   const uno::Reference<util::XNumberFormatsSupplier> formats(document_, uno::UNO_QUERY_THROW);
-  const rtl::OUString amountFormat("#,##0.00");
+  const rtl::OUString shown("#,##0.00");
   const auto known = formats->getNumberFormats();
-  sal_Int32 amounts = known->queryKey(amountFormat, {}, false);
-  if (amounts < 0) amounts = known->addNew(amountFormat, {});
-  const auto sheetColumns =
-      uno::Reference<table::XColumnRowRange>(tb, uno::UNO_QUERY_THROW)->getColumns();
-  for (int i = 0; i < static_cast<int>(std::size(columns)); ++i) {
-    const uno::Reference<beans::XPropertySet> column(sheetColumns->getByIndex(i),
-                                                     uno::UNO_QUERY_THROW);
-    column->setPropertyValue(rtl::OUString("Width"), uno::Any(columns[i].width));
-    if (columns[i].amount) {
-      column->setPropertyValue(rtl::OUString("NumberFormat"), uno::Any(amounts));
+  sal_Int32 amounts = known->queryKey(shown, {}, false);
+  if (amounts < 0) amounts = known->addNew(shown, {});
+  for (int i = 0; i < static_cast<int>(sheets.size()); ++i) {
+    const rtl::OUString name = rtl::OUString::createFromAscii(sheets[i].name);
+    if (i == 0) {
+      uno::Reference<container::XNamed>(sheet(0), uno::UNO_QUERY_THROW)->setName(name);
+    } else {
+      document_->getSheets()->insertNewByName(name, static_cast<sal_Int16>(i));
     }
-    const uno::Reference<beans::XPropertySet> heading(tb->getCellByPosition(i, 0),
-                                                      uno::UNO_QUERY_THROW);
-    constexpr float bold = 150;
-    heading->setPropertyValue(rtl::OUString("CharWeight"), uno::Any(bold));
-    set(0, 1, i + 1, std::string(columns[i].heading));
+    for (int c = 0; c < static_cast<int>(sheets[i].columns.size()); ++c) {
+      formatColumn(sheet(i), c, sheets[i].columns[c], amounts);
+      set(i, 1, c + 1, std::string(sheets[i].columns[c].heading));
+    }
   }
+}
+
+void Book::formatColumn(const SheetRef& sheet, int index, const TemplateColumn& column,
+                        sal_Int32 amountFormat) {
+  const uno::Reference<beans::XPropertySet> all(
+      uno::Reference<table::XColumnRowRange>(sheet, uno::UNO_QUERY_THROW)
+          ->getColumns()
+          ->getByIndex(index),
+      uno::UNO_QUERY_THROW);
+  all->setPropertyValue(rtl::OUString("Width"), uno::Any(column.width));
+  if (column.amount) all->setPropertyValue(rtl::OUString("NumberFormat"), uno::Any(amountFormat));
+  const uno::Reference<beans::XPropertySet> heading(sheet->getCellByPosition(index, 0),
+                                                    uno::UNO_QUERY_THROW);
+  constexpr float bold = 150;
+  heading->setPropertyValue(rtl::OUString("CharWeight"), uno::Any(bold));
 }
 
 }  // namespace quillet::calc

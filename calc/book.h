@@ -18,6 +18,16 @@ namespace quillet::calc {
 struct CellError {
   std::string shown;
 };
+// What a template is made of. A column without headings has them written with its cells.
+struct TemplateColumn {
+  const char* heading;
+  sal_Int32 width;  // hundredths of a millimetre
+  bool amount = false;
+};
+struct TemplateSheet {
+  const char* name;
+  std::vector<TemplateColumn> columns;
+};
 using Value = std::variant<std::monostate, double, std::string, CellError>;
 using SheetRef = uno::Reference<com::sun::star::sheet::XSpreadsheet>;
 
@@ -46,11 +56,13 @@ class Book {
   // lost: they become 0.
   void convertStored(const std::string& path);
 
-  // The template: one sheet with a heading row, its columns ready for names and amounts.
-  void makeTemplate();
+  // The sheets of a template: their columns are ready for names and amounts.
+  void makeSheets(const std::vector<TemplateSheet>& sheets);
 
  private:
   SheetRef sheet(int index) const;
+  void formatColumn(const SheetRef& sheet, int index, const TemplateColumn& column,
+                    sal_Int32 amountFormat);
   void writeGathered();
   void store(const std::string& path, const char* kind);
 

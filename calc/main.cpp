@@ -2,7 +2,8 @@
 // not need LibreOffice to start and survives its crash.
 //
 //   quillet-calc                   executes the commands on standard input (suite/calc_lines.h)
-//   quillet-calc --template PATH   makes the template of the export
+//   quillet-calc --templates LINES STATEMENTS
+//                                  makes the templates of the exports, each unless it is there
 //   quillet-calc --convert PATH NEW STORED KIND
 //                                  writes the workbook PATH as NEW, one of zip and XML, and unless
 //                                  STORED is empty as STORED, where formulas have the values of the
@@ -13,6 +14,7 @@
 
 #include <charconv>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -114,11 +116,33 @@ int serve() {
   return 0;
 }
 
-int makeTemplate(const std::string& path) {
+std::vector<TemplateSheet> linesTemplate() {
+  return {{"TB",
+           {{"S. No.", 1'600},
+            {"Particulars", 8'500},
+            {"Group", 6'500},
+            {"Amount (Dr)", 3'800, true},
+            {"Amount (Cr)", 3'800, true}}}};
+}
+
+std::vector<TemplateSheet> statementsTemplate() {
+  const std::vector<TemplateColumn> columns{
+      {"Particulars", 11'000}, {"Note", 1'600}, {"", 4'200, true}, {"", 4'200, true}};
+  return {{"Balance Sheet", columns},
+          {"Profit and Loss", columns},
+          {"Income Tax", columns},
+          {"Notes", columns}};
+}
+
+int makeTemplates(const std::string& lines, const std::string& statements) {
   const Office office;
-  Book book(office);
-  book.makeTemplate();
-  book.saveAs(path);
+  for (const auto& [path, sheets] :
+       {std::pair{lines, linesTemplate()}, {statements, statementsTemplate()}}) {
+    if (std::filesystem::exists(path)) continue;
+    Book book(office);
+    book.makeSheets(sheets);
+    book.saveAs(path);
+  }
   return 0;
 }
 
@@ -166,11 +190,12 @@ int read(const std::string& path) {
 int run(int argc, char** argv) {
   const std::string option = argc > 1 ? argv[1] : "";
   if (argc == 1) return serve();
-  if (argc == 3 && option == "--template") return makeTemplate(argv[2]);
+  if (argc == 4 && option == "--templates") return makeTemplates(argv[2], argv[3]);
   if (argc == 3 && option == "--read") return read(argv[2]);
   if (argc == 6 && option == "--convert") return convert(argv[2], argv[3], argv[4], argv[5]);
   std::cerr
-      << "usage: quillet-calc [--template PATH | --convert PATH NEW STORED KIND | --read PATH]\n";
+      << "usage: quillet-calc [--templates LINES STATEMENTS | --convert PATH NEW STORED KIND |"
+         " --read PATH]\n";
   return 2;
 }
 

@@ -67,20 +67,22 @@ std::vector<std::string> CalcSpreadsheet::ask(const CalcLine& command) {
   return answer;
 }
 
-TemplateMaker::TemplateMaker(const CalcOptions& options, const fs::path& path) : path_(path) {
-  if (fs::exists(path_)) return;
+TemplateMaker::TemplateMaker(const CalcOptions& options, const fs::path& program)
+    : lines_(program / exportTemplate), statements_(program / statementsTemplate) {
+  if (fs::exists(lines_) && fs::exists(statements_)) return;
   try {
-    helper_.emplace(options.program, std::vector<std::string>{"--template", path_.string()},
+    helper_.emplace(options.program,
+                    std::vector<std::string>{"--templates", lines_.string(), statements_.string()},
                     options.limit);
   } catch (const std::runtime_error&) {
-    // Without the helper there is no template; finish() says so.
+    // Without the helper there are no templates; finish() says so.
   }
 }
 
 bool TemplateMaker::finish() {
   if (helper_) helper_->finish();
   helper_.reset();
-  return fs::exists(path_);
+  return fs::exists(lines_) && fs::exists(statements_);
 }
 
 }  // namespace quillet::suite

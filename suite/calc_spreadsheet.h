@@ -51,19 +51,21 @@ class CalcSpreadsheet : public Spreadsheet, private Workbook {
   std::string gathered_;
 };
 
-// Makes the template of the export while other things go on. A file that is there stays.
+// Makes the templates of the exports while other things go on. A file that is there stays.
 class TemplateMaker {
  public:
-  TemplateMaker(const CalcOptions& options, const std::filesystem::path& path);
-  // Whether the template is there now.
+  TemplateMaker(const CalcOptions& options, const std::filesystem::path& program);
+  // Whether the templates are there now.
   bool finish();
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path lines_;
+  std::filesystem::path statements_;
   std::optional<HelperProcess> helper_;
 };
 
-// Where the template is kept, below the program folder.
+// Where the templates are kept, below the program folder.
 inline constexpr const char* exportTemplate = "Databases/ORVO_TB.xls";
+inline constexpr const char* statementsTemplate = "Databases/ORVO_FS.xls";
 
 }  // namespace quillet::suite

@@ -1,9 +1,6 @@
 // The editor's export: the lines that the grid shows, written into a copy of a template workbook.
 #pragma once
 
-#include <filesystem>
-#include <string>
-
 #include "editor/lines_grid.h"
 #include "editor/open_books.h"
 
@@ -17,7 +14,6 @@ class WorkbookExport {
 
  private:
   void CMDEXPORT_CLICK();
-  std::string exportTo(const std::filesystem::path& source, const std::filesystem::path& target);
   void writeRows(Workbook& workbook, int sheet);
 
   frmcrtb& form_;

@@ -28,9 +28,9 @@ const CalcOptions calc{QUILLET_CALC, std::chrono::seconds(180)};
 const fs::path& realTemplate() {
   static TemporaryFolder folder;
   static const fs::path path = [] {
-    fs::path made = folder.path() / "ORVO_TB.xls";
-    if (!suite::TemplateMaker(calc, made).finish()) throw std::runtime_error("no template made");
-    return made;
+    fs::create_directory(folder.path() / "Databases");
+    if (!suite::TemplateMaker(calc, folder.path()).finish()) throw std::runtime_error("none made");
+    return folder.path() / suite::exportTemplate;
   }();
   return path;
 }
