@@ -25,7 +25,8 @@ constexpr std::pair<std::string_view, HeadKind> kindNames[] = {{"liability", Hea
 constexpr std::pair<std::string_view, HeadRole> roleNames[] = {
     {"result", HeadRole::result},
     {"closing stock", HeadRole::closingStock},
-    {"raw material stock", HeadRole::rawMaterialStock}};
+    {"raw material stock", HeadRole::rawMaterialStock},
+    {"work-in-progress stock", HeadRole::workInProgressStock}};
 
 // What the table of mappings holds of a name.
 constexpr std::size_t nameLength = 100;
@@ -99,8 +100,11 @@ int nearness(const StatutoryHead& a, const StatutoryHead& b) {
 
 void put(Heads& heads, const StatutoryHead& head) {
   for (StatutoryHead& other : heads) {
-    // There is one for each role.
-    if (other.scheme == head.scheme && other.role == head.role) other.role = HeadRole::none;
+    // There is one for each role, in the balance sheet and in the statement of profit and loss.
+    const bool beside = inBalanceSheet(other.kind) == inBalanceSheet(head.kind);
+    if (other.scheme == head.scheme && other.role == head.role && beside) {
+      other.role = HeadRole::none;
+    }
   }
   const auto before = find(heads, head);
   if (before != heads.end() && nearness(*before, head) == 4) {

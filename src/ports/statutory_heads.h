@@ -14,13 +14,20 @@ inline constexpr Scheme schemes[] = {Scheme::schedule6, Scheme::incomeTax};
 // The first two stand in the balance sheet, the others in the statement of profit and loss.
 enum class HeadKind : std::uint8_t { liability, asset, income, expense };  // capital: liability
 
-// What a head takes that no ledger carries.
+// What a head takes that no ledger carries. In the balance sheet a role of stock says what kind of
+// stock is mapped there; in the statement of profit and loss, what takes it off the costs.
 enum class HeadRole : std::uint8_t {
   none,
-  result,           // the result of the year, in the balance sheet
-  closingStock,     // stock at the year's end, in the statement of profit and loss
-  rawMaterialStock  // of raw material
+  result,        // the result of the year, in the balance sheet
+  closingStock,  // stock at the year's end, of whatever no other head takes
+  rawMaterialStock,
+  workInProgressStock
 };
+
+// In the balance sheet, or in the statement of profit and loss.
+inline bool inBalanceSheet(HeadKind kind) {
+  return kind == HeadKind::liability || kind == HeadKind::asset;
+}
 
 struct StatutoryHead {
   long id = 0;  // never 0, one of a kind within its scheme
