@@ -5,7 +5,7 @@
 #include "suite/format.h"
 #include "suite/passwords.h"
 #include "suite/schema.h"
-#include "suite/transaction.h"
+#include "data/transaction.h"
 
 namespace quillet::suite {
 namespace {

@@ -1,34 +1,26 @@
-// Several statements that are stored together or not at all. Within an act of the suite this is a
-// part of the act's transaction.
+// Several statements of the books that are stored together or not at all.
 #pragma once
 
+#include "data/transaction.h"
 #include "ports/ports.h"
 
 namespace quillet {
 
 class AllOrNothing {
  public:
-  explicit AllOrNothing(ServiceObject& host) : host_(host) { host_.ConQuery("start transaction"); }
-  // What was not kept is taken back.
-  ~AllOrNothing() {
-    if (kept_) return;
-    try {
-      host_.ConQuery("rollback");
-    } catch (const std::exception&) {
-      // It was rolled back already, with all that the host had begun.
-    }
-  }
-  AllOrNothing(const AllOrNothing&) = delete;
-  AllOrNothing& operator=(const AllOrNothing&) = delete;
+  explicit AllOrNothing(ServiceObject& host) : statements_{host}, transaction_(statements_) {}
 
-  void keep() {
-    host_.ConQuery("commit");
-    kept_ = true;
-  }
+  // What was not kept is taken back.
+  void keep() { transaction_.commit(); }
 
  private:
-  ServiceObject& host_;
-  bool kept_ = false;
+  struct Statements {
+    ServiceObject& host;
+    void execute(const Sql& sql) { host.ConQuery(sql); }
+  };
+
+  Statements statements_;
+  Transaction<Statements> transaction_;
 };
 
 }  // namespace quillet

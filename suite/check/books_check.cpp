@@ -9,7 +9,7 @@
 #include "suite/check/masters.h"
 #include "suite/check/registered_years.h"
 #include "suite/check/year_tables.h"
-#include "suite/transaction.h"
+#include "data/transaction.h"
 
 namespace quillet::suite::check {
 namespace {

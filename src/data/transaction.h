@@ -1,11 +1,12 @@
-// Statements that count together or not at all. They are sent to the database itself, or within a
-// form's act through the unit of work, where they are a part of the act's transaction.
+// Statements that count together or not at all. Within an act they are a part of the act's own
+// transaction.
 #pragma once
 
 #include <exception>
 
-namespace quillet::suite {
+namespace quillet {
 
+// `Executor` sends a statement with execute().
 template <class Executor>
 class Transaction {
  public:
@@ -35,4 +36,4 @@ class Transaction {
   bool committed_ = false;
 };
 
-}  // namespace quillet::suite
+}  // namespace quillet
