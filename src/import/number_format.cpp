@@ -88,6 +88,7 @@ NumberFormat::Shows shownBy(const Parts& parts) {
     return !b.empty() && b.find_first_not_of("hHmMsS") == std::string::npos;
   });
   if (elapsed) return Shows::time;
+  if (has("%")) return Shows::percent;
   if (parts.places.find("general") != std::string::npos || has("#?")) return Shows::number;
   if (has("0") && !has(":")) return Shows::number;
   if (has("yd")) return Shows::date;
@@ -165,6 +166,8 @@ std::string decimalText(double number) {
   const auto end = std::to_chars(std::begin(text), std::end(text), kept, std::chars_format::fixed);
   return {text, end.ptr};
 }
+
+std::string percentText(double number) { return decimalText(number * 100) + '%'; }
 
 std::string dayText(double serial, bool from1904) {
   constexpr double lastDay = 2'958'465;  // of the year 9999

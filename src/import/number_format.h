@@ -10,7 +10,7 @@ namespace quillet {
 
 class NumberFormat {
  public:
-  enum class Shows : std::uint8_t { number, date, time };
+  enum class Shows : std::uint8_t { number, percent, date, time };
 
   // As a workbook stores it: 0.00" Dr";0.00" Cr"
   explicit NumberFormat(std::string_view code);
@@ -42,6 +42,8 @@ class NumberFormat {
 std::string decimalText(double number);
 // Of the day that a workbook counts: "2026-03-31"; empty when there is none. Some count from 1904.
 std::string dayText(double serial, bool from1904);
+// "12.5%" of 0.125.
+std::string percentText(double number);
 // The time of the day, "13:45:00".
 std::string timeText(double serial);
 

@@ -5,16 +5,17 @@
 namespace quillet::suite {
 namespace {
 
-// Those that need not be written in a file, as far as they show days or times.
+// Those that need not be written in a file, as far as they show no plain numbers.
 struct BuiltIn {
   int first, last;
   const char* code;
 };
-constexpr BuiltIn builtIns[] = {
-    {0, 0, "General"},         {14, 17, "dd-mm-yy"},   {18, 21, "h:mm"},
-    {22, 22, "dd-mm-yy h:mm"}, {27, 31, "yyyy-mm-dd"}, {32, 33, "h:mm"},
-    {34, 36, "yyyy-mm-dd"},    {45, 47, "mm:ss"},      {50, 54, "yyyy-mm-dd"},
-    {55, 56, "yyyy-mm-dd"},    {57, 58, "yyyy-mm-dd"}};
+constexpr BuiltIn builtIns[] = {{0, 0, "General"},         {9, 10, "0%"},
+                                {14, 17, "dd-mm-yy"},      {18, 21, "h:mm"},
+                                {22, 22, "dd-mm-yy h:mm"}, {27, 31, "yyyy-mm-dd"},
+                                {32, 33, "h:mm"},          {34, 36, "yyyy-mm-dd"},
+                                {45, 47, "mm:ss"},         {50, 54, "yyyy-mm-dd"},
+                                {55, 56, "yyyy-mm-dd"},    {57, 58, "yyyy-mm-dd"}};
 
 }  // namespace
 

@@ -186,6 +186,10 @@ void Worksheet::readNumber(SourceCell& cell) {
       cell.text = dayText(*number, content_.parts.from1904);
       if (cell.text.empty()) fail(cell, "#####");
       break;
+    case NumberFormat::Shows::percent:
+      cell.kind = Kind::text;
+      cell.text = percentText(*number);
+      break;
     case NumberFormat::Shows::time:
       cell.kind = Kind::text;
       cell.text = timeText(*number);

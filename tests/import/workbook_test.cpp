@@ -45,7 +45,8 @@ const std::string styles = R"(<numFmts count="4">
 <fonts><font><sz val="11"/></font><font><b/></font><font><b val="0"/></font></fonts>
 <cellStyleXfs><xf numFmtId="14" fontId="1"/></cellStyleXfs>
 <cellXfs><xf/><xf fontId="1"/><xf fontId="2"><alignment indent="3"/></xf><xf numFmtId="164"/>
-<xf numFmtId="165"/><xf numFmtId="14"/><xf numFmtId="166"/><xf numFmtId="167"/></cellXfs>
+<xf numFmtId="165"/><xf numFmtId="14"/><xf numFmtId="166"/><xf numFmtId="167"/>
+<xf numFmtId="10"/></cellXfs>
 <dxfs><dxf><font><b/></font></dxf></dxfs>)";
 
 struct Case {
@@ -80,10 +81,12 @@ const Case cases[] = {
      {.rows = R"(<row><c s="3"><v>500</v></c><c s="3"><v>-500</v></c><c s="6"><v>-500</v></c>
               <c s="4"><v>46112</v></c><c s="5"><v>59</v></c><c s="7"><v>0.5</v></c>
               <c s="5"><v>-1</v></c><c t="d"><v>2026-03-31T10:00:00</v></c>
-              <c s="1"><v>1</v></c><c s="2"><v>2</v></c><c s="99"><v>3</v></c></row>)",
+              <c s="1"><v>1</v></c><c s="2"><v>2</v></c><c s="99"><v>3</v></c>
+              <c s="8"><v>0.125</v></c></row>)",
       .styles = styles},
      "1 [n 500 side D] [n 500 side C] [n -500 side D] [d 2026-03-31] [d 1900-02-28] [t 12:00:00] "
-     "[e #####] [d 2026-03-31] [n 1 bold] [n 2 indent 3] [n 3]\n"},
+     "[e #####] [d 2026-03-31] [n 1 bold] [n 2 indent 3] [n 3] "
+     "[t 12.5%]\n"},
     {"days from 1904",
      {.rows = R"(<row><c s="5"><v>44650</v></c></row>)",
       .styles = styles,
