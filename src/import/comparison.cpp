@@ -32,6 +32,8 @@ std::vector<Difference> compareWithYear(const Proposals& proposals, const KnownB
   for (const ProposedLine& line : linesToEnter(proposals)) {
     const auto found = line.partId == 0 ? standing.end() : standing.find(line.pair());
     const bool stands = found != standing.end();
+    // What comes to nothing changes only what stands.
+    if (!stands && line.balance.isZero()) continue;
     const Money before = stands ? found->second : Money();
     const Kind kind = !stands ? Kind::isNew : before == line.balance ? Kind::same : Kind::changed;
     differences.push_back({kind, line.row, line.ledger, line.group, line.pair(), before,

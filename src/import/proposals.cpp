@@ -42,8 +42,7 @@ class Proposing {
     line.row = row.number;
     line.balance = row.balance();
     line.unread = row.kind == RowKind::error;
-    const bool nothing = line.balance.isZero() && !row.bothSides && !line.unread;
-    line.taken = choice.taken.value_or(!nothing);
+    line.taken = choice.taken.value_or(true);
     name(line, row, choice);
     line.question = questionOf(line, row, choice);
     lines_.push_back(std::move(line));
@@ -177,7 +176,6 @@ std::vector<ProposedLine> linesToEnter(const Proposals& proposals) {
       lines[place->second].balance += line.balance;
     }
   }
-  std::erase_if(lines, [](const ProposedLine& line) { return line.balance.isZero(); });
   return lines;
 }
 

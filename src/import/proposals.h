@@ -91,8 +91,8 @@ struct Proposals {
 
 Proposals propose(const ImportRows& rows, const KnownBooks& books, const RowChoices& choices);
 
-// What is to be written, in the order of the source: taken lines, those of the same ledger and
-// group as one, none with an amount of zero.
+// What is to stand, in the order of the source: taken lines, those of the same ledger and group as
+// one. An amount of zero is to leave nothing.
 std::vector<ProposedLine> linesToEnter(const Proposals& proposals);
 
 }  // namespace quillet

@@ -14,7 +14,7 @@ std::string sideOf(Money balance) { return balance < Money() ? " CR" : " DR"; }
 
 std::string lackingIn(const ProposedLine& line) {
   if (!line.question.empty()) return line.question;
-  if (line.groupState != GroupState::missing) return {};
+  if (line.groupState != GroupState::missing || line.balance.isZero()) return {};
   return line.sourceGroup.empty() ? "Choose the group of \"" + line.ledger + "\"."
                                   : "Choose the group of \"" + line.ledger + "\": there is no \"" +
                                         line.sourceGroup + "\", or the ledger has several.";

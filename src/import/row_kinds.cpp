@@ -100,8 +100,11 @@ class SheetReading {
       const bool above = mapping_.headingRows == 0 || index < mapping_.headingRow;
       return settle(row, RowKind::skipped, above ? "Above the headings" : "The headings");
     }
-    const ReadRow read = reader_.read(source, row);
+    ReadRow read = reader_.read(source, row);
     carryGroup(source, row);
+    if (isUnderMergedAmount(source, row) && read.problem.empty() && !row.name.empty()) {
+      read.problem = "One amount is merged over this row and the one above";
+    }
     const auto chosen = chosen_.find(row.number);
     row.chosen = chosen != chosen_.end();
     if (row.chosen) {
@@ -127,6 +130,17 @@ class SheetReading {
     }
   }
 
+  bool isUnderMergedAmount(const SourceRow& source, const ImportRow& row) {
+    const bool under = row.index < amountEnd_;
+    for (const ColumnRole role : {ColumnRole::debits, ColumnRole::credits, ColumnRole::amount}) {
+      const auto column = mapping_.column(role);
+      if (!column || cellAt(source, *column).rows == 1) continue;
+      const auto rows = static_cast<std::size_t>(cellAt(source, *column).rows);
+      amountEnd_ = std::max(amountEnd_, row.index + rows);
+    }
+    return under;
+  }
+
   // What the row is by itself; a ledger where sums are to be looked for.
   void kindAlone(const SourceRow& source, const ReadRow& read, ImportRow& row) const {
     const bool figures =
@@ -148,6 +162,10 @@ class SheetReading {
       return settle(row, RowKind::error, "An amount without a name");
     }
     if (read.hasAmount) return settle(row, RowKind::ledger, "");
+    // The year may have an amount of it.
+    if (read.hasFigure && known_.isLedger && known_.isLedger(row.name)) {
+      return settle(row, RowKind::ledger, "No amount");
+    }
     if (read.hasFigure || !row.group.empty()) return settle(row, RowKind::skipped, "No amount");
     settle(row, RowKind::heading, "No amount");
   }
@@ -216,6 +234,7 @@ class SheetReading {
   std::vector<SumRow> sums_;
   std::string merged_;  // the group of the rows before mergedEnd_
   std::size_t mergedEnd_ = 0;
+  std::size_t amountEnd_ = 0;        // of the rows under an amount that is merged over them
   std::vector<std::size_t> places_;  // of the sums among the rows
 };
 
