@@ -135,6 +135,8 @@ class Grid : public Control {
   unsigned contentVersion() const { return contentVersion_; }
 
   Event<> RowColChange{form(), name(), "ROWCOLCHANGE"};
+  // A person selected other rows; not when the selection only lapses.
+  Event<> SelChange{form(), name(), "SELCHANGE"};
   Event<> AfterSort{form(), name(), "AFTERSORT"};
   Event<int, int> AfterEdit{form(), name(), "AFTEREDIT"};  // row, column
   // A click on the words of an empty grid.

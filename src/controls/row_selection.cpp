@@ -16,7 +16,10 @@ void RowSelection::begin() {
   current_ = end_ = grid_.current();
 }
 
-void RowSelection::changed() { grid_.touch(); }
+void RowSelection::changed() {
+  grid_.touch();
+  grid_.SelChange();
+}
 
 void RowSelection::extendTo(int row) {
   begin();

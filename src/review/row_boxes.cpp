@@ -34,6 +34,7 @@ RowBoxes::RowBoxes(frmimport& form, Context& context, ImportReview& review, Revi
     rows_.arrived();
     show();
   };
+  form.vsfi.SelChange = [this] { show(); };
   form.vsfi.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
@@ -57,24 +58,31 @@ RowBoxes::RowBoxes(frmimport& form, Context& context, ImportReview& review, Revi
 
 void RowBoxes::offerGroups() { group_.offer(review_.books().known); }
 
+bool RowBoxes::isNear(const ReviewRow& row) const {
+  if (!row.line) return false;
+  const auto choice = review_.choices().find(row.row->number);
+  const bool used = choice != review_.choices().end() && choice->second.usesNearest.value_or(false);
+  return used || row.line->nearest.id != 0;
+}
+
+// Text and kind are those of the current row; a command is there for any of the rows it is for.
 void RowBoxes::show() {
   const ReviewRow* row = rows_.current();
   const bool ofSource = row && !row->isGone();
-  const bool isLine = ofSource && row->line;
-  form_.cbokind.setEnabled(ofSource);
+  const auto chosen = rows_.chosenRows();
+  const auto any = [&](const auto& is) { return std::any_of(chosen.begin(), chosen.end(), is); };
+  const bool anyLine = any([](const ReviewRow* each) { return each->line != nullptr; });
+  const bool anyNear = any([this](const ReviewRow* each) { return isNear(*each); });
+  form_.cbokind.setEnabled(!chosen.empty());
   form_.cbokind.setChosen(ofSource ? placeOf(row->row->kind) + 1 : 0);
-  form_.txtgroup.setEnabled(isLine);
-  group_.show(isLine ? row->line->group : "");
-  const auto choice = ofSource ? review_.choices().find(row->row->number) : review_.choices().end();
-  const bool usesNearest =
-      choice != review_.choices().end() && choice->second.usesNearest.value_or(false);
-  const bool near = isLine && (row->line->nearest.id != 0 || usesNearest);
-  form_.cmdnearest.setEnabled(near);
-  form_.mnunearest.setEnabled(near);
-  form_.cmdconfirm.setEnabled(isLine);
-  form_.mnuconfirm.setEnabled(isLine);
-  form_.mnukind.setEnabled(ofSource);
-  form_.mnugroup.setEnabled(isLine);
+  form_.mnukind.setEnabled(!chosen.empty());
+  form_.txtgroup.setEnabled(anyLine);
+  form_.mnugroup.setEnabled(anyLine);
+  group_.show(ofSource && row->line ? row->line->group : "");
+  form_.cmdnearest.setEnabled(anyNear);
+  form_.mnunearest.setEnabled(anyNear);
+  form_.cmdconfirm.setEnabled(anyLine);
+  form_.mnuconfirm.setEnabled(anyLine);
   form_.lblquestion.setCaption(row ? form_.vsfi.cell(form_.vsfi.current(), form_.vsfi.cols() - 1)
                                    : "");
 }
@@ -90,17 +98,21 @@ void RowBoxes::kindChosen() {
 }
 
 void RowBoxes::nextKind() {
-  const ReviewRow* row = rows_.current();
-  if (!row || row->isGone()) return;
+  const auto chosen = rows_.chosenRows();
+  if (chosen.empty()) return;
   // What cannot be read is skipped first.
-  const int place = std::max(0, placeOf(row->row->kind));
+  const int place = std::max(0, placeOf(chosen.front()->row->kind));
   setKind(kinds.at(static_cast<std::size_t>(place + 1) % kinds.size()));
 }
 
 // The nearest known ledger first, then a new one; of several rows the first decides.
 void RowBoxes::turnNearest() {
+  std::vector<int> near;
+  for (const ReviewRow* row : rows_.chosenRows()) {
+    if (isNear(*row)) near.push_back(row->row->number);
+  }
   std::optional<bool> uses;
-  review_.choose(rows_.chosen(), [&](RowChoice& choice) {
+  review_.choose(near, [&](RowChoice& choice) {
     if (!uses) uses = !choice.usesNearest.value_or(false);
     choice.usesNearest = uses;
   });

@@ -20,6 +20,8 @@ class RowBoxes {
   void show();
 
  private:
+  // Whether it has a nearest known name, used or not.
+  bool isNear(const ReviewRow& row) const;
   void kindChosen();
   void nextKind();
   void turnNearest();
