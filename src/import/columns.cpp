@@ -276,9 +276,10 @@ std::string headingFingerprint(const SourceSheet& sheet) {
   return fingerprintOf(sheet, findHeadings(sheet));
 }
 
-Mapping columnsBelow(const SourceSheet& sheet, std::size_t headingRow, std::size_t headingRows) {
+FoundColumns columnsBelow(const SourceSheet& sheet, std::size_t headingRow,
+                          std::size_t headingRows) {
   const std::size_t row = std::min(headingRow, sheet.rows.size());
-  return columnsOfSheet(sheet, {row, std::min(headingRows, sheet.rows.size() - row), 0}).mapping;
+  return columnsOfSheet(sheet, {row, std::min(headingRows, sheet.rows.size() - row), 0});
 }
 
 FoundColumns findColumns(const SourceSheet& sheet,

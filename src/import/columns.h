@@ -29,6 +29,7 @@ FoundColumns findColumns(
 // any and with as many columns.
 std::string headingFingerprint(const SourceSheet& sheet);
 // The roles below headings that a person chose; 0 rows for a sheet without headings.
-Mapping columnsBelow(const SourceSheet& sheet, std::size_t headingRow, std::size_t headingRows);
+FoundColumns columnsBelow(const SourceSheet& sheet, std::size_t headingRow,
+                          std::size_t headingRows);
 
 }  // namespace quillet

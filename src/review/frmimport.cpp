@@ -67,7 +67,7 @@ void frmimport::showState(const std::string& text) {
     state += first.text;
   }
   if (state.empty()) state = review_.difference();
-  for (const std::string& doubt : review_.doubts()) state += (state.empty() ? "" : " ") + doubt;
+  state = withDoubts(std::move(state));
   lblstate.setCaption(state.empty() ? "Nothing stands in the way." : state);
 }
 
@@ -87,8 +87,7 @@ bool frmimport::mayImport() {
                     Buttons::OK, Icon::information);
     return false;
   }
-  std::string asked = review_.difference();
-  for (const std::string& doubt : review_.doubts()) asked += (asked.empty() ? "" : " ") + doubt;
+  const std::string asked = withDoubts(review_.difference());
   if (asked.empty()) return true;
   return context_.MsgBox(asked + "\r\nDo you want to import it all the same?", Buttons::YesNo,
                          Icon::question, Answer::No) == Answer::Yes;

@@ -119,7 +119,7 @@ void frmvchimport::showState(const std::string& text) {
       break;
     }
   }
-  for (const std::string& doubt : review_.doubts()) state += (state.empty() ? "" : " ") + doubt;
+  state = withDoubts(std::move(state));
   lblstate.setCaption(state.empty() ? "Nothing stands in the way." : state);
 }
 
@@ -153,10 +153,12 @@ bool frmvchimport::mayImport() {
     context_.MsgBox("There is no voucher to enter.", Buttons::OK, Icon::information);
     return false;
   }
-  const int left = leftWithReason();
-  if (left == 0) return true;
-  return context_.MsgBox(lblstate.caption() + "\r\nDo you want to import the others?",
-                         Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
+  const bool all = leftWithReason() == 0;
+  if (all && review_.doubts().empty()) return true;
+  const char* const question =
+      all ? "Do you want to import it all the same?" : "Do you want to import the others?";
+  return context_.MsgBox(lblstate.caption() + "\r\n" + question, Buttons::YesNo, Icon::question,
+                         Answer::No) == Answer::Yes;
 }
 
 void frmvchimport::CMDIMPORT_CLICK() {

@@ -3,17 +3,10 @@
 #include <map>
 
 #include "data/names.h"
-#include "data/text.h"
 
 namespace quillet {
 
 using Kind = Difference::Kind;
-
-namespace {
-
-constexpr std::size_t nameLength = 100;
-
-}  // namespace
 
 // --- source and books ---------------------------------------------------------------------------
 
@@ -57,6 +50,12 @@ const SourceSheet* ImportReview::sheet() const {
   return sheet_ < book_.sheets.size() ? &book_.sheets[sheet_] : nullptr;
 }
 
+std::string ImportReview::doubts() const {
+  std::string text;
+  for (const std::string& doubt : doubts_) text += (text.empty() ? "" : " ") + doubt;
+  return text;
+}
+
 // --- how it is read -----------------------------------------------------------------------------
 
 // Row numbers of another sheet mean other rows.
@@ -74,8 +73,10 @@ void ImportReview::chooseSheet(std::size_t index) {
 void ImportReview::chooseHeadings(std::size_t row, std::size_t rows) {
   if (!sheet()) return;
   const std::string name = mapping_.sheet;
-  mapping_ = columnsBelow(*sheet(), row, rows);
+  FoundColumns found = columnsBelow(*sheet(), row, rows);
+  mapping_ = std::move(found.mapping);
   mapping_.sheet = name;
+  doubts_ = std::move(found.doubts);
   touched_ = true;
   readSheet();
 }
@@ -83,6 +84,8 @@ void ImportReview::chooseHeadings(std::size_t row, std::size_t rows) {
 void ImportReview::setColumn(ColumnRole role, std::optional<std::size_t> column) {
   if (const auto before = mapping_.column(role)) mapping_.setRole(*before, ColumnRole::none);
   if (column) mapping_.setRole(*column, role);
+  // A person has looked at them.
+  doubts_.clear();
   touched_ = true;
   readSheet();
 }
@@ -119,8 +122,7 @@ void ImportReview::takeGone(LedgerGroup pair, bool taken) {
 
 bool ImportReview::takes(const ReviewRow& row) const {
   if (row.isGone()) return takenOut_.contains(row.difference->pair);
-  if (!row.line || !row.line->taken || row.line->unread) return false;
-  return !row.difference || row.difference->kind != Kind::same;
+  return row.difference && row.difference->kind != Kind::same;
 }
 
 // --- what follows -------------------------------------------------------------------------------
@@ -153,12 +155,6 @@ void ImportReview::refuse() {
     return;
   }
   refusals_ = refusalsOf(mapping_, rows_, proposals_, true);
-  for (const ProposedLine& line : proposals_.lines) {
-    if (!line.taken || line.partId != 0 || lengthOf(line.ledger) <= nameLength) continue;
-    Refusal& refusal = refusals_.emplace_back();
-    refusal.row = line.row;
-    refusal.text = "A ledger's name holds at most 100 characters.";
-  }
   askAboutMoved();
 }
 
@@ -201,28 +197,6 @@ void ImportReview::compare() {
   // No line of the year is gone because a sheet holds vouchers.
   if (mapping_.hasVouchers()) return;
   differences_ = compareWithYear(proposals_, books_->known);
-  addCleared();
-}
-
-// What the source has with nothing, and the year with an amount.
-void ImportReview::addCleared() {
-  std::map<LedgerGroup, Money> standing;
-  for (const Line& line : books_->known.current) {
-    standing[{line.partId, line.allId}] += Money::rounded(line.balance());
-  }
-  std::map<LedgerGroup, Money> sums;
-  for (const ProposedLine& line : proposals_.lines) {
-    if (line.taken && !line.unread && line.partId != 0) sums[line.pair()] += line.balance;
-  }
-  std::set<LedgerGroup> added;
-  for (const ProposedLine& line : proposals_.lines) {
-    const auto sum = sums.find(line.pair());
-    const auto stands = standing.find(line.pair());
-    const bool cleared = sum != sums.end() && sum->second.isZero() && stands != standing.end();
-    if (!cleared || !line.taken || !added.insert(line.pair()).second) continue;
-    differences_.push_back({Kind::changed, line.row, line.ledger, line.group, line.pair(),
-                            stands->second, Money(), true});
-  }
 }
 
 void ImportReview::collect() {

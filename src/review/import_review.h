@@ -49,7 +49,8 @@ class ImportReview {
   // Null for a book without sheets.
   const SourceSheet* sheet() const;
   std::size_t sheetIndex() const { return sheet_; }
-  const std::vector<std::string>& doubts() const { return doubts_; }
+  // What a person should look at before, as sentences; "" when nothing.
+  std::string doubts() const;
   const YearBooks& books() const { return *books_; }
 
   // --- how it is read
@@ -94,7 +95,6 @@ class ImportReview {
   void refuse();
   void askAboutMoved();
   void compare();
-  void addCleared();
   void collect();
   bool askUsualGroups();
   bool writes(const Difference& difference) const;

@@ -159,6 +159,12 @@ LayoutItem SourceForm::sourceLayout() {
 
 // --- importing ----------------------------------------------------------------------------------
 
+std::string SourceForm::withDoubts(std::string text) const {
+  const std::string doubts = review_.doubts();
+  if (!text.empty() && !doubts.empty()) text += ' ';
+  return std::move(text) + doubts;
+}
+
 std::string SourceForm::note() const {
   return source_.name() + ", " + context_.clock.now().substr(0, 16);
 }

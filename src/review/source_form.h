@@ -82,6 +82,8 @@ class SourceForm : public Form {
   bool open(const std::function<SourceBook()>& read);
   // All or nothing; what is to be remembered is kept by `run`.
   void enter(const std::function<ImportEnd()>& run);
+  // The text with what a person should look at before.
+  std::string withDoubts(std::string text) const;
   std::string note() const;
   void showSource();
   LayoutItem sourceLayout();

@@ -221,5 +221,19 @@ TEST_F(VoucherReviewTest, OtherEndsAreSaid) {
   EXPECT_EQ(log(), Texts{});
 }
 
+TEST_F(VoucherReviewTest, DoubtsAboutColumnsAreAsked) {
+  ASSERT_TRUE(pasteCells(journal().vsf,
+                         "Date\tVoucher No\tParticulars\tDebit\tCredit\tDebit\tCredit\n"
+                         "01/05/2008\t7\tCash\t9\t\t5\t\n\t7\tAmit & Co.\t\t9\t\t5\n"));
+  frmvchimport& page = *shownPage();
+  const Rows before = journalRows();
+  dialogs.queueAnswer(Answer::No);
+  page.click(page.cmdimport);
+  const Texts told = messages();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find("More than one column"), std::string::npos) << told[0];
+  EXPECT_EQ(journalRows(), before);
+}
+
 }  // namespace
 }  // namespace quillet::support
