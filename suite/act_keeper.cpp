@@ -3,6 +3,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/error_log.h"
+
 namespace quillet::suite {
 namespace {
 
@@ -43,10 +45,13 @@ void ActKeeper::leave() {
 }
 
 void ActKeeper::trapped(const std::string& where, const std::exception& error) {
-  const std::string text = (where.empty() ? std::string() : where + ": ") +
-                           "what was asked for was not done, or not wholly. " +
-                           sentence(error.what()) +
-                           " Please look at what is stored before you enter it again." + inLog;
+  const bool nothing = dynamic_cast<const NothingDone*>(&error) != nullptr;
+  const std::string text =
+      (where.empty() ? std::string() : where + ": ") +
+      (nothing ? "nothing was entered, everything is as it was before. "
+               : "what was asked for was not done, or not wholly. ") +
+      sentence(error.what()) +
+      (nothing ? "" : " Please look at what is stored before you enter it again.") + inLog;
   if (context_ == nullptr || !context_->openForms.acts.running()) return tell(text);
   if (trapped_.empty()) trapped_ = text;
 }

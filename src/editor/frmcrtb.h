@@ -35,6 +35,8 @@ class frmcrtb : public Form {
   // Shows the year of the context for the client of that name; an editor that is open leaves the
   // year it has.
   void showYear(const std::string& clientName);
+  // Reviews a file for the current year.
+  void IMPORTFILE(SourceFile file) { import_.importFile(std::move(file)); }
   // Whether it is open on that table of the client, as the current or as the previous year.
   bool shows(const std::string& clientCode, const std::string& table) const;
   // Shows names and groups anew after a master that another form opened; a running entry is given

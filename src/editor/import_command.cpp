@@ -5,6 +5,7 @@
 #include "review/frmvchimport.h"
 
 namespace quillet {
+
 ImportCommand::ImportCommand(frmcrtb& form, OpenBooks& books, LineSaver& saver)
     : form_(form), books_(books), saver_(saver) {
   frmcrtb::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
@@ -23,8 +24,18 @@ void ImportCommand::setButton() {
 
 void ImportCommand::MNUIMPORT_CLICK() {
   if (!mayImport()) return;
-  const auto path = books_.context.dialogs.openFile(sourceFilter);
-  if (path) review([&](frmimport& form) { return form.OPENFILE(*path); });
+  if (auto file = askForSource(books_.context)) openFile(std::move(*file));
+}
+
+void ImportCommand::importFile(SourceFile file) {
+  if (mayImport()) openFile(std::move(file));
+}
+
+void ImportCommand::openFile(SourceFile file) {
+  review([&](frmimport& form) {
+    form.OPENFILE(std::move(file));
+    return true;
+  });
 }
 
 void ImportCommand::pasteCells(const std::string& text) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "editor/open_books.h"
+#include "review/source_reading.h"
 
 namespace quillet {
 
@@ -23,10 +24,12 @@ class ImportCommand {
 
   // Asks for a file and reviews it.
   void MNUIMPORT_CLICK();
+  void importFile(SourceFile file);
   void setButton();
 
  private:
   void pasteCells(const std::string& text);
+  void openFile(SourceFile file);
   // Opens a source in the review, which is shown when that succeeds.
   void review(const std::function<bool(frmimport& form)>& open);
   // The source that was just reviewed for lines.

@@ -34,7 +34,7 @@ void YearEntry::begin() {
   form_.cmdyear.setCaption(form_.mode() == "merge" ? "&Other Clients..." : "Create &Year");
   form_.cmdyearimport.setVisible(form_.mode() == "create" &&
                                  context_.environment.sourceReader() != nullptr);
-  imports_ = false;
+  source_.reset();
   showYears();
   form_.showSecondStep(form_.famdates, "type the financial year");
   form_.focus(form_.MaskEdBox1);
@@ -111,24 +111,27 @@ void YearEntry::MASKEDBOX2_GOTFOCUS() {
 void YearEntry::MASKEDBOX2_KEYPRESS(Key& key) {
   if (key != keys::Enter) return;
   key = keys::none;
-  imports_ = false;
+  source_.reset();
   if (datesAreValid()) enter();
 }
 
 void YearEntry::CMDYEAR_CLICK() {
-  imports_ = false;
-  createTyped();
+  source_.reset();
+  if (datesAreTyped()) enter();
 }
 
+// No year is created for a file that nobody chose or that cannot be read.
 void YearEntry::CMDYEARIMPORT_CLICK() {
-  imports_ = true;
-  createTyped();
+  source_.reset();
+  if (!datesAreTyped()) return;
+  source_ = askForSource(context_);
+  if (source_) enter();
 }
 
-void YearEntry::createTyped() {
+bool YearEntry::datesAreTyped() {
   // Whoever comes from the first date has not been in the second one, which proposes its date.
   if (!form_.MaskEdBox2.complete()) MASKEDBOX2_GOTFOCUS();
-  if (datesAreValid()) enter();
+  return datesAreValid();
 }
 
 bool YearEntry::datesAreValid() {
@@ -290,13 +293,13 @@ void YearEntry::fill() {
   }
   finish();
   form_.statusFirst(created + ".");
-  if (std::exchange(imports_, false)) importLines();
+  if (auto file = std::exchange(source_, std::nullopt)) importLines(std::move(*file));
 }
 
-void YearEntry::importLines() {
+void YearEntry::importLines(SourceFile file) {
   frmcrtb& editor = theEditor(context_);
   editor.showYear(form_.clientName());
-  if (editor.visible()) editor.click(editor.mnuimport);
+  if (editor.visible()) editor.IMPORTFILE(std::move(file));
 }
 
 void YearEntry::takenBack() {

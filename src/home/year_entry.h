@@ -10,6 +10,7 @@
 #include "books/year_figures.h"
 #include "controls/key.h"
 #include "host/context.h"
+#include "review/source_reading.h"
 
 namespace quillet {
 
@@ -41,7 +42,7 @@ class YearEntry {
   void MASKEDBOX2_GOTFOCUS();
   void MASKEDBOX2_KEYPRESS(Key& key);
   void CMDYEAR_CLICK();
-  // The same, and the editor opens on the year and asks for the file to import.
+  // Asks for a file and reads it, then the same, and the editor opens on the year for its import.
   void CMDYEARIMPORT_CLICK();
   // Finds the client's lowest free table number and the table of that name; false when there is
   // none.
@@ -56,7 +57,7 @@ class YearEntry {
  private:
   void forgetYears();
   void propose(const std::vector<YearFigures>& years);
-  void createTyped();
+  bool datesAreTyped();
   bool datesAreValid();
   bool mayOverwrite();
   void overwrite(const RegisteredYear& existing);
@@ -66,13 +67,13 @@ class YearEntry {
   void select();
   void fill();
   bool offerPreviousYear();
-  void importLines();
+  void importLines(SourceFile file);
 
   third& form_;
   Context& context_;
   YearCreation creation_;
-  bool imports_ = false;  // what is created is filled by an import
-  std::string proposed_;  // the first date of the year that a key takes, "" for none
+  std::optional<SourceFile> source_;  // what is created is filled from it
+  std::string proposed_;              // the first date of the year that a key takes, "" for none
 };
 
 }  // namespace quillet

@@ -2,7 +2,6 @@
 
 #include <fstream>
 
-#include "data/errors.h"
 #include "data/paths.h"
 #include "host/context.h"
 

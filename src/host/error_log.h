@@ -5,6 +5,8 @@
 #include <exception>
 #include <string>
 
+#include "data/errors.h"
+
 namespace quillet {
 
 struct Context;
@@ -18,6 +20,16 @@ struct TrappedError {
 // Number, description and source of an exception; one without a number of its own gets 5, that of
 // an invalid call.
 TrappedError trapped(const std::exception& error);
+
+// An error that left nothing of what was begun.
+class NothingDone : public RunTimeError {
+ public:
+  explicit NothingDone(const std::exception& reason) : NothingDone(trapped(reason)) {}
+
+ private:
+  explicit NothingDone(const TrappedError& reason)
+      : RunTimeError(reason.number, reason.description, reason.source) {}
+};
 
 // Appends date and time, number, description, source and the context's error location, separated by
 // tabs. Writes nothing for number 0. What contains line breaks or tabs stays on its one line.

@@ -27,6 +27,8 @@ class Fields {
   // The next field; afterwards endsRow() tells whether it is the last one of its row.
   std::string next();
   bool endsRow() const { return endsRow_; }
+  // How much of the text has been read.
+  int percent() const { return static_cast<int>(at_ * 100 / text_.size()); }
 
  private:
   bool isEnd(std::size_t at) const {
@@ -124,12 +126,14 @@ char likelyDelimiter(std::string_view text) {
   return best;
 }
 
-SourceSheet sheetOf(std::string_view text, char delimiter) {
+// Nothing when `goesOn` ended it.
+std::optional<SourceSheet> sheetOf(std::string_view text, char delimiter, const GoesOn& goesOn) {
   SourceSheet sheet;
   SourceBudget budget;
   SheetBuilder builder(sheet, budget);
   int row = 0;
   int column = 0;
+  int told = 0;
   for (Fields fields(text, delimiter); !fields.atEnd();) {
     SourceCell cell;
     cell.kind = SourceCell::Kind::text;
@@ -137,14 +141,24 @@ SourceSheet sheetOf(std::string_view text, char delimiter) {
     builder.place(row, column, std::move(cell));
     row += fields.endsRow() ? 1 : 0;
     column = fields.endsRow() ? 0 : column + 1;
+    if (fields.percent() == told) continue;
+    told = fields.percent();
+    if (!goesOn(told)) return {};
   }
   builder.finish();
   return sheet;
 }
 
+void addSheet(SourceBook& book, std::optional<SourceSheet> sheet) {
+  if (!sheet) return;
+  book.sheets.push_back(std::move(*sheet));
+  requireReadable(book);
+}
+
 }  // namespace
 
-SourceBook delimitedBook(std::string_view bytes, const SourceOptions& options) {
+SourceBook delimitedBook(std::string_view bytes, const SourceOptions& options,
+                         const GoesOn& goesOn) {
   SourceBook book;
   book.encoding = options.encoding.empty() ? encodingOf(bytes) : options.encoding;
   const std::string whole = decoded(bytes, book.encoding);
@@ -159,15 +173,13 @@ SourceBook delimitedBook(std::string_view bytes, const SourceOptions& options) {
   book.delimiter = options.delimiter != 0 ? options.delimiter
                    : named != 0           ? named
                                           : likelyDelimiter(text);
-  book.sheets.push_back(sheetOf(text, book.delimiter));
-  requireReadable(book);
+  addSheet(book, sheetOf(text, book.delimiter, goesOn));
   return book;
 }
 
-SourceBook pastedBook(std::string_view text) {
+SourceBook pastedBook(std::string_view text, const GoesOn& goesOn) {
   SourceBook book;
-  book.sheets.push_back(sheetOf(text, '\t'));
-  requireReadable(book);
+  addSheet(book, sheetOf(text, '\t', goesOn));
   return book;
 }
 

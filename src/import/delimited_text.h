@@ -10,9 +10,10 @@ namespace quillet {
 
 // What the options leave open is found out: the delimiter is the one that gives the most rows the
 // same number of fields. Throws SourceError.
-SourceBook delimitedBook(std::string_view bytes, const SourceOptions& options);
+SourceBook delimitedBook(std::string_view bytes, const SourceOptions& options,
+                         const GoesOn& goesOn);
 
 // The text that a spreadsheet puts on the clipboard, in UTF-8: tabs between the cells.
-SourceBook pastedBook(std::string_view text);
+SourceBook pastedBook(std::string_view text, const GoesOn& goesOn);
 
 }  // namespace quillet

@@ -96,7 +96,8 @@ class Page {
  public:
   Page(std::string_view text, SourceSheet& sheet, SourceBudget& budget)
       : text_(text), sheet_(sheet), builder_(sheet, budget) {}
-  void read();
+  // False when `goesOn` ended it.
+  bool read(const GoesOn& goesOn);
 
  private:
   void obey(const Tag& tag);
@@ -118,7 +119,9 @@ class Page {
   std::map<int, int> covered_;  // columns: the first row that is free below a cell of several
 };
 
-void Page::read() {
+bool Page::read(const GoesOn& goesOn) {
+  const std::size_t whole = text_.size();
+  int told = 0;
   while (!text_.empty()) {
     const auto tag = text_.find('<');
     written_ += text_.substr(0, tag);
@@ -132,11 +135,16 @@ void Page::read() {
     const Tag found(text_.substr(0, end));
     skipTo(">");
     obey(found);
+    const int percent = static_cast<int>((whole - text_.size()) * 100 / whole);
+    if (percent == told) continue;
+    told = percent;
+    if (!goesOn(told)) return false;
   }
   endText();
   if (isOpen_) throw SourceError("is cut off: its end is missing. Get it anew.");
   builder_.finish();
   if (sheet_.rows.empty() && sheet_.refusal.empty()) throw SourceError("holds no table.");
+  return true;
 }
 
 void Page::skipTo(std::string_view end) {
@@ -215,12 +223,12 @@ void Page::endText() {
 
 }  // namespace
 
-SourceBook webBook(std::string_view bytes, const SourceOptions& options) {
+SourceBook webBook(std::string_view bytes, const SourceOptions& options, const GoesOn& goesOn) {
   SourceBook book;
   book.encoding = options.encoding.empty() ? encodingOf(bytes) : options.encoding;
   const std::string text = decoded(bytes, book.encoding);
   SourceBudget budget;
-  Page(text, book.sheets.emplace_back(), budget).read();
+  if (!Page(text, book.sheets.emplace_back(), budget).read(goesOn)) return {};
   requireReadable(book);
   return book;
 }

@@ -9,6 +9,6 @@
 namespace quillet {
 
 // Texts outside the tables stand in rows of their own. Throws SourceError.
-SourceBook webBook(std::string_view bytes, const SourceOptions& options);
+SourceBook webBook(std::string_view bytes, const SourceOptions& options, const GoesOn& goesOn);
 
 }  // namespace quillet

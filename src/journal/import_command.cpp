@@ -22,8 +22,12 @@ void VoucherImportCommand::setEntry() {
 }
 
 void VoucherImportCommand::MNUIMPORT_CLICK() {
-  const auto path = form_.context().dialogs.openFile(sourceFilter);
-  if (path) review([&](frmvchimport& review) { return review.OPENFILE(*path); });
+  auto file = askForSource(form_.context());
+  if (!file) return;
+  review([&](frmvchimport& review) {
+    review.OPENFILE(std::move(*file));
+    return true;
+  });
 }
 
 void VoucherImportCommand::review(const std::function<bool(frmvchimport& form)>& open) {

@@ -62,13 +62,15 @@ struct SourceError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Reads what the host can read. `goesOn` is told how far it is, from 0 to 100, and ends the reading
-// by answering false; the book is then without sheets.
+// Told how far a reading is, from 0 to 100; false ends it, and the book is then without sheets.
+using GoesOn = std::function<bool(int percent)>;
+
+// Reads what the host can read.
 class SourceReader {
  public:
   virtual ~SourceReader() = default;
   virtual SourceBook file(const std::string& path, const SourceOptions& options,
-                          const std::function<bool(int percent)>& goesOn) = 0;
+                          const GoesOn& goesOn) = 0;
 };
 
 }  // namespace quillet

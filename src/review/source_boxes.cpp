@@ -1,11 +1,8 @@
 #include "review/source_boxes.h"
 
 #include <array>
-#include <filesystem>
 
-#include "data/paths.h"
 #include "import/delimited_text.h"
-#include "ports/busy.h"
 #include "review/source_form.h"
 
 namespace quillet {
@@ -20,11 +17,6 @@ struct Delimiter {
 constexpr std::array<Delimiter, 4> delimiters{
     {{',', "Comma"}, {';', "Semicolon"}, {'\t', "Tab"}, {'|', "Bar"}}};
 
-std::string fileName(const std::string& path) {
-  const std::size_t slash = path.find_last_of("/\\");
-  return slash == std::string::npos ? path : path.substr(slash + 1);
-}
-
 }  // namespace
 
 SourceBoxes::SourceBoxes(SourceForm& form, Context& context, ImportReview& review)
@@ -38,11 +30,10 @@ SourceBoxes::SourceBoxes(SourceForm& form, Context& context, ImportReview& revie
   for (ComboBox* box : {&form.cboencoding, &form.cbodelimiter}) box->Click = [this] { readAnew(); };
 }
 
-SourceBook SourceBoxes::readFile(const std::string& path) {
+void SourceBoxes::takeFile(const std::string& path) {
   path_ = path;
   name_ = fileName(path);
   options_ = {};
-  return read();
 }
 
 SourceBook SourceBoxes::readCells(const std::string& text) {
@@ -61,17 +52,9 @@ void SourceBoxes::take(const SourceBoxes& from) {
 }
 
 SourceBook SourceBoxes::read() {
-  if (path_.empty()) return pastedBook(cells_);
-  SourceReader* reader = context_.environment.sourceReader();
-  if (!reader) throw SourceError("Files cannot be read here. Copy the cells and paste them.");
-  const Busy busy(*context_.host, "Reading " + name_ + " ....");
-  Progress& progress = context_.host->objProgress();
-  progress.Max(100);
-  int shown = 0;
-  return reader->file(path_, options_, [&](int percent) {
-    for (; shown < percent; ++shown) progress.update_pg();
-    return !progress.stopped();
-  });
+  if (!path_.empty()) return readSourceFile(context_, path_, options_);
+  return readSource(context_, name_,
+                    [this](const GoesOn& goesOn) { return pastedBook(cells_, goesOn); });
 }
 
 // The bytes are read anew; the rows of before are gone, and the choices with them.

@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "host/context.h"
-#include "ports/source_book.h"
+#include "review/source_reading.h"
 
 namespace quillet {
 
@@ -16,8 +15,9 @@ class SourceBoxes {
  public:
   SourceBoxes(SourceForm& form, Context& context, ImportReview& review);
 
-  // Throw SourceError. The book has no sheets when a person stopped the reading.
-  SourceBook readFile(const std::string& path);
+  // A file that was read.
+  void takeFile(const std::string& path);
+  // Throws SourceError. The book has no sheets when a person stopped the reading.
   SourceBook readCells(const std::string& text);
   // The same source as that of another form; what was read of it is the caller's.
   void take(const SourceBoxes& from);

@@ -5,6 +5,7 @@
 #include "books/clients.h"
 #include "books/usual_group.h"
 #include "data/year.h"
+#include "host/error_log.h"
 #include "ports/busy.h"
 
 namespace quillet {
@@ -60,27 +61,33 @@ std::string SourceForm::subject() const {
 
 // --- opening ------------------------------------------------------------------------------------
 
-bool SourceForm::OPENFILE(const std::string& path) {
-  return open([&] { return source_.readFile(path); });
+void SourceForm::OPENFILE(SourceFile file) {
+  source_.takeFile(file.path);
+  open(std::move(file.book));
 }
 
 bool SourceForm::OPENCELLS(const std::string& text) {
-  return open([&] { return source_.readCells(text); });
-}
-
-bool SourceForm::open(const std::function<SourceBook()>& read) {
-  imported_ = false;
-  review_.forget();
   try {
-    SourceBook book = read();
-    if (book.sheets.empty() || !tellImported(book)) return false;
-    const Busy busy(*context_.host, "Comparing with the year ....");
-    review_.open(std::move(book), readBooks());
+    SourceBook book = source_.readCells(text);
+    if (book.sheets.empty()) return false;
+    open(std::move(book));
     return true;
   } catch (const SourceError& error) {
     context_.MsgBox(error.what(), Buttons::OK, Icon::exclamation);
     return false;
   }
+}
+
+void SourceForm::open(SourceBook book) {
+  imported_ = false;
+  review_.forget();
+  if (const auto before = memory().imported(book.fingerprint)) {
+    context_.MsgBox("This was imported into the year before: " + *before +
+                        ".\r\nWhat stands there already is not entered again.",
+                    Buttons::OK, Icon::information);
+  }
+  const Busy busy(*context_.host, "Comparing with the year ....");
+  review_.open(std::move(book), readBooks());
 }
 
 void SourceForm::takeSource(const SourceForm& from) {
@@ -91,25 +98,6 @@ void SourceForm::takeSource(const SourceForm& from) {
   review_.open(from.review_.book(), readBooks());
   const std::size_t sheet = from.review_.sheetIndex();
   if (sheet != review_.sheetIndex()) review_.chooseSheet(sheet);
-}
-
-// False for a book of which no sheet can be read.
-bool SourceForm::tellImported(const SourceBook& book) {
-  std::string refusals;
-  for (const SourceSheet& sheet : book.sheets) {
-    if (!sheet.rows.empty()) {
-      if (const auto before = memory().imported(book.fingerprint)) {
-        context_.MsgBox("This was imported into the year before: " + *before +
-                            ".\r\nWhat stands there already is not entered again.",
-                        Buttons::OK, Icon::information);
-      }
-      return true;
-    }
-    if (!sheet.refusal.empty()) refusals += "\r\n" + sheet.name + ": " + sheet.refusal;
-  }
-  context_.MsgBox(source_.name() + " has no rows to import." + refusals, Buttons::OK,
-                  Icon::exclamation);
-  return false;
 }
 
 void SourceForm::FORM_LOAD() {
@@ -176,7 +164,8 @@ void SourceForm::enter(const std::function<ImportEnd()>& run) {
     how = run();
   } catch (const std::exception& error) {
     showState(std::string(notImported) + ' ' + error.what());
-    throw;
+    // All of it was taken back.
+    throw NothingDone(error);
   }
   end(*how);
 }

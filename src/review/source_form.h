@@ -17,16 +17,12 @@
 
 namespace quillet {
 
-// What the dialog for a source shows.
-inline constexpr const char* sourceFilter =
-    "Workbooks and Text Files|*.xlsx;*.xlsm;*.xls;*.ods;*.csv;*.txt|All Files|*.*";
-
 class SourceForm : public Form {
  public:
   void INITDATA(const ReviewedYear& year) { year_ = year; }
-  // Read the source. False when it cannot be read, which a message says, or was stopped: the form
+  void OPENFILE(SourceFile file);
+  // False when the cells cannot be read, which a message says, or the reading was stopped: the form
   // is not to be shown then.
-  bool OPENFILE(const std::string& path);
   bool OPENCELLS(const std::string& text);
   // The year and the source of another review.
   void takeSource(const SourceForm& from);
@@ -79,7 +75,6 @@ class SourceForm : public Form {
   virtual void finish() = 0;
 
   void attachCommands(MenuEntry& help, MenuEntry& back, Button& backButton);
-  bool open(const std::function<SourceBook()>& read);
   // All or nothing; what is to be remembered is kept by `run`.
   void enter(const std::function<ImportEnd()>& run);
   // The text with what a person should look at before.
@@ -96,7 +91,7 @@ class SourceForm : public Form {
   SourceBoxes source_;
 
  private:
-  bool tellImported(const SourceBook& book);
+  void open(SourceBook book);
   void end(ImportEnd how);
   void compareAnew();
 

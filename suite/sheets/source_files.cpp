@@ -101,7 +101,7 @@ std::string fingerprintOf(std::string_view bytes) {
 }  // namespace
 
 SourceBook SourceFiles::file(const std::string& path, const SourceOptions& options,
-                             const std::function<bool(int percent)>& goesOn) {
+                             const GoesOn& goesOn) {
   const auto refuse = [&](const std::string& why) {
     return SourceError("The file " + path + " " + why);
   };
@@ -119,10 +119,10 @@ SourceBook SourceFiles::file(const std::string& path, const SourceOptions& optio
 }
 
 SourceBook SourceFiles::bookIn(std::string_view bytes, const SourceOptions& options,
-                               const std::function<bool(int percent)>& goesOn) const {
+                               const GoesOn& goesOn) const {
   const ContentKind kind = contentKind(bytes);
-  if (kind == ContentKind::text) return delimitedBook(bytes, options);
-  if (kind == ContentKind::web) return webBook(bytes, options);
+  if (kind == ContentKind::text) return delimitedBook(bytes, options, goesOn);
+  if (kind == ContentKind::web) return webBook(bytes, options, goesOn);
   if (kind == ContentKind::workbook) return workbookIn(bytes, goesOn);
   const auto from = [&](int begin, int share) {
     return [&goesOn, begin, share](int percent) { return goesOn(begin + percent * share / 100); };

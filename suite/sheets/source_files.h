@@ -12,11 +12,11 @@ class SourceFiles : public SourceReader {
   explicit SourceFiles(CalcOptions options) : options_(std::move(options)) {}
 
   SourceBook file(const std::string& path, const SourceOptions& options,
-                  const std::function<bool(int percent)>& goesOn) override;
+                  const GoesOn& goesOn) override;
 
  private:
   SourceBook bookIn(std::string_view bytes, const SourceOptions& options,
-                    const std::function<bool(int percent)>& goesOn) const;
+                    const GoesOn& goesOn) const;
 
   CalcOptions options_;
 };

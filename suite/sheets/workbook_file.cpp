@@ -9,7 +9,7 @@ constexpr std::size_t mostSheets = 500;
 
 }  // namespace
 
-SourceBook workbookIn(std::string_view bytes, const std::function<bool(int percent)>& goesOn) {
+SourceBook workbookIn(std::string_view bytes, const GoesOn& goesOn) {
   const ZipFile zip(bytes);
   WorkbookContent content{workbookParts(zip), {}, {}};
   const WorkbookParts& parts = content.parts;

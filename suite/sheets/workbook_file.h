@@ -9,6 +9,6 @@
 namespace quillet::suite {
 
 // Throws SourceError. The book is without sheets when `goesOn` ended the reading.
-SourceBook workbookIn(std::string_view bytes, const std::function<bool(int percent)>& goesOn);
+SourceBook workbookIn(std::string_view bytes, const GoesOn& goesOn);
 
 }  // namespace quillet::suite

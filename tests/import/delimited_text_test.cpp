@@ -10,6 +10,8 @@ namespace {
 
 using namespace std::string_literals;
 
+bool toTheEnd(int) { return true; }
+
 struct Case {
   const char* name;
   std::string bytes;
@@ -64,7 +66,7 @@ const Case cases[] = {
 TEST(DelimitedText, IsReadAsItWasWritten) {
   for (const Case& file : cases) {
     SCOPED_TRACE(file.name);
-    const SourceBook book = delimitedBook(file.bytes, file.options);
+    const SourceBook book = delimitedBook(file.bytes, file.options, toTheEnd);
     ASSERT_EQ(book.sheets.size(), 1U);
     EXPECT_EQ(sheetText(book.sheets.front()), file.cells);
     EXPECT_EQ(book.encoding, file.encoding);
@@ -75,7 +77,7 @@ TEST(DelimitedText, IsReadAsItWasWritten) {
 TEST(DelimitedText, IsRefusedWithAReason) {
   const auto reason = [](const std::string& bytes, const SourceOptions& options = {}) {
     try {
-      delimitedBook(bytes, options);
+      delimitedBook(bytes, options, toTheEnd);
     } catch (const SourceError& error) {
       return std::string(error.what());
     }
@@ -87,9 +89,17 @@ TEST(DelimitedText, IsRefusedWithAReason) {
   EXPECT_NE(reason("a,b\n", {"EBCDIC", 0}).find("EBCDIC"), std::string::npos);
 }
 
+TEST(DelimitedText, CanBeEnded) {
+  int told = 0;
+  const auto half = [&](int percent) { return (told = percent) < 50; };
+  EXPECT_TRUE(delimitedBook("a,b\nc,d\ne,f\ng,h\n", {}, half).sheets.empty());
+  EXPECT_EQ(told, 50);
+  EXPECT_TRUE(pastedBook("a\tb\nc\td\n", half).sheets.empty());
+}
+
 TEST(DelimitedText, PastedRangesAreSeparatedByTabs) {
-  const SourceBook book =
-      pastedBook("Rent, Rates\t1,000.00 Dr\r\n\"Two\nlines \"\"x\"\"\"\t\"5\r\n\tonly\r\n");
+  const SourceBook book = pastedBook(
+      "Rent, Rates\t1,000.00 Dr\r\n\"Two\nlines \"\"x\"\"\"\t\"5\r\n\tonly\r\n", toTheEnd);
   EXPECT_EQ(sheetText(book.sheets.at(0)), "Rent, Rates|1,000.00 Dr\nTwo\nlines \"x\"|\"5\n|only\n");
 }
 

@@ -312,7 +312,12 @@ TEST_F(ReviewTest, AFailureLeavesTheBooksAndThePage) {
                                }}},
                      .place = "frmimport",
                      .stops = false,
-                     .behind = static_cast<std::size_t>(sent.end() - commit) - 1});
+                     .behind = static_cast<std::size_t>(sent.end() - commit) - 1,
+                     .check =
+                         [&] {
+                           const Texts told = frontEnd.notices().open();
+                           EXPECT_NE(told.at(0).find("nothing was entered"), std::string::npos);
+                         }});
 }
 
 TEST_F(ReviewTest, OtherEndsAreSaid) {
