@@ -6,9 +6,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "ports/source_book.h"
 #include "suite/helper_process.h"
 #include "suite/sheets/compound_file.h"
+#include "suite/sheets/stored_values.h"
 
 namespace quillet::suite {
 namespace {
@@ -84,8 +84,7 @@ std::string read(const fs::path& path) {
 }
 
 // False when `goesOn` ended it.
-bool awaitAnswer(HelperProcess& helper, const CalcOptions& options,
-                 const std::function<bool(int percent)>& goesOn) {
+bool awaitAnswer(HelperProcess& helper, const CalcOptions& options, const GoesOn& goesOn) {
   // Nobody knows how long it takes; the indicator nears its end ever more slowly.
   constexpr auto usual = 4'000ms;
   const auto begin = std::chrono::steady_clock::now();
@@ -102,13 +101,13 @@ bool awaitAnswer(HelperProcess& helper, const CalcOptions& options,
 
 std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, ContentKind kind,
                                                    const CalcOptions& options,
-                                                   const std::function<bool(int percent)>& goesOn) {
+                                                   const GoesOn& goesOn) {
   const PrivateFolder folder;
   const OfficeKind how = officeKind(kind);
   const fs::path from = folder.path() / (std::string("book") + how.ending);
   const fs::path to = folder.path() / "converted.xlsx";
   const fs::path stored = how.stores ? folder.path() / "stored.xlsx" : fs::path();
-  write(from, bytes);
+  write(from, how.stores ? std::string(bytes) : withStoredValues(bytes, kind));
   if (access(options.program.c_str(), X_OK) != 0) {
     helperIsMissing(options.program.string() + " is missing");
   }

@@ -1,14 +1,13 @@
 // Has LibreOffice turn a workbook of another kind into one that we read ourselves, in a process of
-// its own and a private temporary folder. Macros do not run and links are not followed. Formulas of
-// old workbooks keep their stored values; those of other kinds LibreOffice may work out anew while
-// it opens them.
+// its own and a private temporary folder. Macros do not run and links are not followed. Formulas
+// keep their stored values.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "ports/source_book.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/sheets/content_kind.h"
 
@@ -23,6 +22,6 @@ struct ConvertedWorkbook {
 // Nothing when `goesOn` ended it. Throws SourceError.
 std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, ContentKind kind,
                                                    const CalcOptions& options,
-                                                   const std::function<bool(int percent)>& goesOn);
+                                                   const GoesOn& goesOn);
 
 }  // namespace quillet::suite

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <new>
+#include <utility>
 
 #include "data/text.h"
 #include "ports/source_book.h"
@@ -61,16 +63,7 @@ archive_entry* find(archive* zip, const std::string& part) {
   return nullptr;
 }
 
-}  // namespace
-
-bool ZipFile::has(const std::string& part) const {
-  return find(opened(bytes_).get(), part) != nullptr;
-}
-
-bool ZipFile::read(const std::string& part, const Take& take, std::size_t most) const {
-  const Archive zip = opened(bytes_);
-  archive_entry* entry = find(zip.get(), part);
-  if (entry == nullptr) return false;
+void readEntry(archive* zip, archive_entry* entry, const ZipFile::Take& take, std::size_t most) {
   if (archive_entry_is_encrypted(entry) != 0) {
     throw SourceError(
         "is locked by a password. Save it without one in the program that made it and import "
@@ -82,13 +75,60 @@ bool ZipFile::read(const std::string& part, const Take& take, std::size_t most) 
     const void* piece = nullptr;
     std::size_t size = 0;
     std::int64_t offset = 0;
-    const int result = archive_read_data_block(zip.get(), &piece, &size, &offset);
-    if (result == ARCHIVE_EOF) return true;
+    const int result = archive_read_data_block(zip, &piece, &size, &offset);
+    if (result == ARCHIVE_EOF) return;
     if (result != ARCHIVE_OK) damaged();
     total += size;
     if (total > most) tooLarge();
-    if (!take({static_cast<const char*>(piece), size}, whole)) return true;
+    if (!take({static_cast<const char*>(piece), size}, whole)) return;
   }
+}
+
+// Writes a zip file into a text, its parts unpacked: it is read at once.
+class ZipWriter {
+ public:
+  ZipWriter() : zip_(archive_write_new(), &archive_write_free) {
+    archive_write_set_format_zip(zip_.get());
+    archive_write_zip_set_compression_store(zip_.get());
+    archive_write_set_bytes_in_last_block(zip_.get(), 1);
+    archive_write_open(zip_.get(), &bytes_, nullptr, &append, nullptr);
+  }
+  void add(const std::string& name, std::string_view content) {
+    const std::unique_ptr<archive_entry, decltype(&archive_entry_free)> entry(archive_entry_new(),
+                                                                              &archive_entry_free);
+    archive_entry_set_pathname_utf8(entry.get(), name.c_str());
+    archive_entry_set_filetype(entry.get(), name.ends_with('/') ? AE_IFDIR : AE_IFREG);
+    archive_entry_set_size(entry.get(), static_cast<la_int64_t>(content.size()));
+    archive_write_header(zip_.get(), entry.get());
+    archive_write_data(zip_.get(), content.data(), content.size());
+  }
+  std::string take() {
+    if (archive_write_close(zip_.get()) != ARCHIVE_OK) throw std::bad_alloc();
+    return std::move(bytes_);
+  }
+
+ private:
+  static la_ssize_t append(archive*, void* to, const void* from, std::size_t size) {
+    static_cast<std::string*>(to)->append(static_cast<const char*>(from), size);
+    return static_cast<la_ssize_t>(size);
+  }
+
+  std::string bytes_;
+  std::unique_ptr<archive, decltype(&archive_write_free)> zip_;
+};
+
+}  // namespace
+
+bool ZipFile::has(const std::string& part) const {
+  return find(opened(bytes_).get(), part) != nullptr;
+}
+
+bool ZipFile::read(const std::string& part, const Take& take, std::size_t most) const {
+  const Archive zip = opened(bytes_);
+  archive_entry* entry = find(zip.get(), part);
+  if (entry == nullptr) return false;
+  readEntry(zip.get(), entry, take, most);
+  return true;
 }
 
 std::string ZipFile::text(const std::string& part) const {
@@ -99,6 +139,26 @@ std::string ZipFile::text(const std::string& part) const {
   };
   read(part, take, largestList);
   return text;
+}
+
+std::string ZipFile::with(const std::string& part,
+                          const std::function<std::string(std::string_view)>& change) const {
+  const Archive zip = opened(bytes_);
+  ZipWriter written;
+  std::size_t total = 0;
+  for (int count = 0; archive_entry* entry = nextEntry(zip.get()); ++count) {
+    if (count > mostParts || total > largestSheet) tooLarge();
+    const std::string name = nameOf(entry);
+    std::string content;
+    const auto take = [&](std::string_view piece, double) {
+      content += piece;
+      return true;
+    };
+    readEntry(zip.get(), entry, take, largestSheet);
+    total += content.size();
+    written.add(name, equalIgnoringCase(name, part) ? change(content) : content);
+  }
+  return written.take();
 }
 
 }  // namespace quillet::suite

@@ -26,6 +26,9 @@ class ZipFile {
   // Throws SourceError when the file is damaged, cut or locked, or the part larger than `most`.
   bool read(const std::string& part, const Take& take, std::size_t most) const;
   std::string text(const std::string& part) const;  // "" when there is no such part
+  // The bytes of the same file in which one part is changed.
+  std::string with(const std::string& part,
+                   const std::function<std::string(std::string_view)>& change) const;
 
  private:
   std::string_view bytes_;

@@ -7,8 +7,10 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "data/text.h"
 #include "import/sheet_text.h"
 #include "import/zip_bytes.h"
+#include "suite/sheets/zip_file.h"
 #include "support/practice.h"
 
 namespace quillet::support {
@@ -179,7 +181,8 @@ const std::string flatDocument = R"(<?xml version="1.0" encoding="UTF-8"?>
 <table:table-cell table:style-name="day" office:value-type="date" office:date-value="2026-03-31"/>
 </table:table-row><table:table-row>
 <table:table-cell table:formula="of:=[.A3]+[.B3]" office:value-type="float" office:value="1234067.5"/>
-<table:table-cell table:formula="of:=1/0" office:value-type="float" office:value="0"/>
+<table:table-cell table:formula="of:=1/0" office:value-type="float" office:value="0">
+<text:p>#DIV/0!</text:p></table:table-cell>
 <table:table-cell office:value-type="boolean" office:boolean-value="true"/>
 <table:table-cell office:value-type="float" office:value="0.30000000000000004"/>
 </table:table-row></table:table>
@@ -201,29 +204,42 @@ class OfficeFilesTest : public SourceFilesTest {
                                 kind + " --outdir " + folder_.path().string() + "/out " + from +
                                 " >/dev/null 2>&1";
     EXPECT_EQ(std::system(command.c_str()), 0);
-    return (folder_.path() / "out" / fs::path(from).filename()).replace_extension(kind).string();
+    return (folder_.path() / "out" / fs::path(from).filename())
+        .replace_extension(kind.substr(0, kind.find(':')))
+        .string();
   }
   const suite::CalcOptions calc_{QUILLET_CALC, std::chrono::seconds(120)};
 };
 
 TEST_F(OfficeFilesTest, WorkbooksOfEveryKindSayTheSame) {
   const std::string flat = write("book.fods", flatDocument);
+  const std::string document = written(flat, "ods");
   EXPECT_EQ(shown(read(written(flat, "xlsx"))), sameCells);
-  EXPECT_EQ(shown(read(written(flat, "ods"), calc_)), sameCells);
+  EXPECT_EQ(shown(read(document, calc_)), sameCells);
 
   // A formula counts by its stored value, even a wrong one.
-  std::string bytes = contentOf(written(flat, "xls"));
   const auto binary = [](double number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
   };
-  const auto at = bytes.find(binary(1234067.5));
-  ASSERT_NE(at, std::string::npos);
-  bytes.replace(at, 8, binary(42));
-  std::string changedCells = sameCells;
-  changedCells.replace(changedCells.find("1234067.5"), 9, "42");
-  EXPECT_EQ(shown(read(write("changed.xls", bytes), calc_)), changedCells);
-
-  EXPECT_NE(reasonOf(write("cut.xls", bytes.substr(0, bytes.size() - 1024))).find("cut off"),
+  const auto changed = [](std::string_view bytes) {
+    const std::string text = replacedAll(std::string(bytes), "\"1234067.5\"", "\"42\"");
+    return replacedAll(text, ">1234067.5<", ">42<");
+  };
+  const std::string old = contentOf(written(flat, "xls"));
+  const std::string changedOld = replacedAll(old, binary(1234067.5), binary(42));
+  const std::string changedCells = replacedAll(sameCells, "1234067.5", "42");
+  const std::string files[] = {
+      write("changed.xls", changedOld),
+      write("changed.ods", suite::ZipFile(contentOf(document)).with("content.xml", changed)),
+      write("changed.fods", changed(flatDocument))};
+  for (const std::string& file : files) {
+    EXPECT_EQ(shown(read(file, calc_)), changedCells) << file;
+  }
+  // It is written without formats.
+  const std::string xml = changed(contentOf(written(flat, "xml:'MS Excel 2003 XML'")));
+  const std::string cells = shown(read(write("changed.xml", xml), calc_));
+  EXPECT_NE(cells.find("4 [n 42] [e #"), std::string::npos) << cells;
+  EXPECT_NE(reasonOf(write("cut.xls", old.substr(0, old.size() - 1024))).find("cut off"),
             std::string::npos);
 }
 
