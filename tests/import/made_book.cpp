@@ -7,6 +7,7 @@
 
 #include "import/made_cells.h"
 #include "import/made_sections.h"
+#include "import/odd_book.h"
 
 namespace quillet::support {
 namespace {
@@ -288,9 +289,22 @@ class Maker {
 
 }  // namespace
 
-std::string nameOfShape(int shape) { return shapeNames[static_cast<std::size_t>(shape)]; }
+std::string nameOfShape(int shape) {
+  return shape < shapes ? shapeNames[static_cast<std::size_t>(shape)]
+                        : nameOfOddity(shape - shapes);
+}
 
 MadeBook madeBook(int shape, std::uint32_t seed, int rows) {
+  if (shape >= shapes) {
+    constexpr std::uint32_t another = 10'000;
+    MadeBook made = madeBook(shapeBefore(shape - shapes), seed, rows);
+    for (auto other = seed + another; made.spoilt; other += another) {
+      made = madeBook(shapeBefore(shape - shapes), other, rows);
+    }
+    std::mt19937 chance(seed);
+    makeOdd(shape - shapes, made, chance);
+    return made;
+  }
   return Maker(shape, seed * 31 + static_cast<std::uint32_t>(shape), rows).make();
 }
 

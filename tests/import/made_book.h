@@ -23,10 +23,13 @@ struct MadeBook {
   SourceBook book;
   std::map<int, TrueLine> ledgers;  // by row; every other row is none
   std::vector<std::string> groups;
-  bool spoilt = false;  // one amount cannot be read
+  bool spoilt = false;  // one amount cannot be read, or no sum is right
+  // An earlier one, and the mapping that a person chose for it.
+  SourceBook before;
+  std::string remembered;
 };
 
-inline constexpr int shapes = 16;  // the last one: sums without any mark
+inline constexpr int shapes = 16;  // the last one: sums without any mark; oddities come behind
 
 std::string nameOfShape(int shape);
 // `rows` ledgers, more or less.

@@ -271,6 +271,7 @@ TEST(Proposals, WhatIsOpenIsAskedAndAnswered) {
                {{"Cash", "CASH IN HAND", "", "500"}, "The ledger stands in row 2 too", confirmed},
                {{"New one", "SALES", "", "see note"}, "\"see note\" is not an amount", left},
                {{"New one", "SALES", "", "#REF!"}, "\"#REF!\" is an error", left},
+               {{"New one", "SALES", "", "50%"}, "\"50%\" is a percentage", left},
                {{"New one", "SALES", "5", "000.00"}, "\"000.00\" begins with zeros", left},
                {{"New one", "SALES", "", "1", "23", "456.00"}, "There are more fields", left},
                {{"", "SALES", "", "500"}, "An amount without a name", left}};
