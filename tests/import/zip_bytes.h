@@ -76,6 +76,16 @@ inline Parts workbookParts(const WorkbookXml& xml) {
       {"xl/styles.xml", head + "<styleSheet" + main + ">" + xml.styles + "</styleSheet>"}};
 }
 
+// With a second sheet, "r4" by its relation, where a chart stands otherwise.
+inline std::string workbookOfTwo(const WorkbookXml& xml, const std::string& secondRows) {
+  Parts parts = workbookParts(xml);
+  std::string& relations = parts[3].second;
+  relations.replace(relations.find("/chartsheet\""), 12, "/worksheet\"");
+  parts.emplace_back("xl/chartsheets/sheet1.xml",
+                     "<worksheet><sheetData>" + secondRows + "</sheetData></worksheet>");
+  return zipOf(parts);
+}
+
 inline std::string workbookOf(const WorkbookXml& xml) { return zipOf(workbookParts(xml)); }
 
 }  // namespace quillet::support
