@@ -157,7 +157,7 @@ int Application::popup(const std::vector<std::string>& entries) {
   if (exchanged_) return 0;
   windows_.refresh();
   QMenu menu;
-  if (const FormWindow* front = windows_.front()) menu.setFont(front->font());
+  menu.setFont(formFont());
   int position = 0;
   for (const std::string& entry : entries) {
     ++position;
@@ -176,6 +176,12 @@ int Application::popup(const std::vector<std::string>& entries) {
   return chosen ? chosen->data().toInt() : 0;
 }
 
+// What stands beside a form is read with the same eyes.
+QFont Application::formFont() const {
+  const FormWindow* front = windows_.front();
+  return front ? front->font() : QFont();
+}
+
 // Above the window in front, and usable while that one is modal.
 void Application::showAbove(QWidget& window) {
   window.winId();
@@ -190,7 +196,7 @@ void Application::showAbove(QWidget& window) {
 
 void Application::help(const std::string& topic) {
   if (!help_) {
-    help_ = std::make_unique<HelpWindow>();
+    help_ = std::make_unique<HelpWindow>(formFont());
     windows_.places().restore(*help_, helpPlace);
     if (const auto share = windows_.places().divider(helpPlace)) help_->divide(*share);
   }
@@ -207,7 +213,7 @@ void Application::showReport(const suite::Document& document) {
   if (report_) windows_.places().keep(*report_, reportPlace);
   delete report_;
   report_ = new ReportWindow(document, printDate_.isValid() ? printDate_ : QDate::currentDate(),
-                             reportStyle_);
+                             reportStyle_, formFont());
   windows_.places().restore(*report_, reportPlace);
   showAbove(*report_);
 }

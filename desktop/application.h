@@ -88,6 +88,7 @@ class Application : public suite::FrontEnd {
   void keepPlacesIn(suite::Settings* settings) override { windows_.places().use(settings); }
 
  private:
+  QFont formFont() const;
   void showAbove(QWidget& window);
   void keepOwnPlaces();
 

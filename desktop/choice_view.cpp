@@ -24,7 +24,7 @@ bool sameItems(const Choice& model, int count, const Shown& shown) {
 // As wide as the form says, however long its items are.
 class FormCombo : public QComboBox {
  public:
-  explicit FormCombo(QWidget* parent) : QComboBox(parent) { setMinimumContentsLength(12); }
+  explicit FormCombo(QWidget* parent) : QComboBox(parent) { setMinimumContentsLength(8); }
   QSize sizeHint() const override { return minimumSizeHint(); }
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLayout>
@@ -10,15 +11,20 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTreeView>
 
 #include "desktop/busy_panel.h"
 #include "desktop/form_window.h"
 #include "desktop/text.h"
+#include "desktop/theme.h"
 #include "desktop/windows.h"
 #include "view/message_texts.h"
 
 namespace quillet::desktop {
 namespace {
+
+// Of a message. Qt would break what is wider than 500 pixels with the icon, and only that.
+constexpr int usualTextWidth = 450;
 
 QMessageBox::Icon iconOf(Icon icon) {
   switch (icon) {
@@ -60,14 +66,24 @@ QStringList filtersOf(const std::string& filter) {
   return filters;
 }
 
-// A dialog is a window of its own and takes no font from its parent by itself.
-void likeParent(QWidget& dialog) {
-  if (dialog.parentWidget()) dialog.setFont(dialog.parentWidget()->font());
+QLabel* textOf(const QMessageBox& box) {
+  return box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+}
+
+// Qt breaks the lines at so many pixels of the screen, however large the font is, and leaves the
+// title no room.
+void widen(QMessageBox& box) {
+  QLabel* text = textOf(box);
+  if (!text) return;
+  const QString title =
+      box.windowTitle() + QStringLiteral(" \u2014 ") + qApp->applicationDisplayName();
+  const int wanted = std::max(text->sizeHint().width(), box.fontMetrics().horizontalAdvance(title));
+  text->setMinimumWidth(std::min(wanted, theme::pixels(box, usualTextWidth)));
 }
 
 // A text too long for the screen is read by scrolling, so that the buttons stay in sight.
 void scrollLongText(QMessageBox& box) {
-  auto* text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  QLabel* text = textOf(box);
   const int most = box.screen()->availableSize().height() / 2;
   if (!text || !box.layout() || text->sizeHint().height() <= most) return;
   auto* area = new QScrollArea(&box);
@@ -81,6 +97,15 @@ void scrollLongText(QMessageBox& box) {
 
 }  // namespace
 
+void fit(QFileDialog& dialog) {
+  theme::likeParent(dialog);
+  const QSize wanted(theme::pixels(dialog, 640), theme::pixels(dialog, 420));
+  dialog.resize(wanted.boundedTo(dialog.screen()->availableSize() * 9 / 10));
+  if (const auto* files = dialog.findChild<QTreeView*>()) {
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  }
+}
+
 QWidget* DesktopDialogs::prepare() {
   // A person answers by what the windows show, so they show how things stand now.
   windows_.refresh();
@@ -91,7 +116,7 @@ QWidget* DesktopDialogs::prepare() {
 Answer DesktopDialogs::MsgBox(const Message& message) {
   const BusyPanel::Pause pause(busy_);
   QMessageBox box(prepare());
-  likeParent(box);
+  theme::likeParent(box);
   box.setObjectName(QStringLiteral("message"));
   box.setWindowTitle(toQt(view::titleOf(message)));
   box.setTextFormat(Qt::PlainText);
@@ -100,6 +125,7 @@ Answer DesktopDialogs::MsgBox(const Message& message) {
   const std::vector<Answer> answers = view::answersOf(message.buttons);
   for (const Answer answer : answers) box.addButton(buttonOf(answer));
   box.setDefaultButton(buttonOf(view::defaultOf(message)));
+  widen(box);
   scrollLongText(box);
   const int button = box.exec();
   for (const Answer answer : answers) {
@@ -112,7 +138,7 @@ std::optional<std::string> DesktopDialogs::saveFile(const std::string& filter,
                                                     const std::string& proposed) {
   const BusyPanel::Pause pause(busy_);
   QFileDialog dialog(prepare(), QObject::tr("Save as"));
-  likeParent(dialog);
+  fit(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   // Whether a file that is there may be overwritten is the form's own question.
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -129,7 +155,7 @@ std::optional<std::string> DesktopDialogs::openFile(const std::string& filter,
                                                     const std::string& folder) {
   const BusyPanel::Pause pause(busy_);
   QFileDialog dialog(prepare(), QObject::tr("Open"));
-  likeParent(dialog);
+  fit(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters(filtersOf(filter));
   if (QFileInfo(toQt(folder)).isDir()) dialog.setDirectory(toQt(folder));
@@ -140,7 +166,7 @@ std::optional<std::string> DesktopDialogs::openFile(const std::string& filter,
 std::optional<std::string> DesktopDialogs::password(const std::string& prompt) {
   const BusyPanel::Pause pause(busy_);
   QInputDialog dialog(prepare());
-  likeParent(dialog);
+  theme::likeParent(dialog);
   dialog.setWindowTitle(QObject::tr("Password"));
   dialog.setLabelText(toQt(prompt).toHtmlEscaped());
   dialog.setTextEchoMode(QLineEdit::Password);

@@ -5,12 +5,16 @@
 
 #include "ports/ports.h"
 
+class QFileDialog;
 class QWidget;
 
 namespace quillet::desktop {
 
 class BusyPanel;
 class Windows;
+
+// In its parent's font, with whole names of files in sight.
+void fit(QFileDialog& dialog);
 
 class DesktopDialogs : public Dialogs {
  public:

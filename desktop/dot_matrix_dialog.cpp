@@ -9,6 +9,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "desktop/theme.h"
+
 namespace quillet::desktop {
 namespace {
 
@@ -23,11 +25,12 @@ bool lastWide = false;
 DotMatrixDialog::DotMatrixDialog(QWidget* parent) : QDialog(parent) {
   setWindowTitle(tr("Dot matrix"));
   setObjectName(QStringLiteral("dotmatrix"));
+  theme::likeParent(*this);
   narrow_ = new QRadioButton(tr("&80 columns"), this);
   wide_ = new QRadioButton(tr("&132 columns"), this);
   (lastWide ? wide_ : narrow_)->setChecked(true);
   target_ = new QLineEdit(lastTarget, this);
-  target_->setMinimumWidth(320);
+  target_->setMinimumWidth(theme::pixels(*this, 320));
   auto* label = new QLabel(tr("Device or &file"), this);
   label->setBuddy(target_);
   auto* other = new QPushButton(tr("&Browse ..."), this);

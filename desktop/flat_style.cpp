@@ -9,6 +9,7 @@
 
 #include "desktop/style_shapes.h"
 #include "desktop/theme.h"
+#include "desktop/usual_pixels.h"
 
 namespace quillet::desktop {
 namespace {
@@ -66,6 +67,15 @@ void headerSection(QPainter* painter, const QStyleOption* option) {
   painter->drawLine(rect.topRight() + QPoint(0, 4), rect.bottomRight() - QPoint(0, 4));
 }
 
+// Between the entries of a menu.
+void menuLine(QPainter* painter, const QStyleOption* option) {
+  const int thick = qRound(unit(option));
+  const int inset = 4 * thick;
+  const QRect& rect = option->rect;
+  painter->fillRect(rect.left() + inset, rect.center().y(), rect.width() - 2 * inset, thick,
+                    theme::line(option->palette));
+}
+
 void headerArrow(QPainter* painter, const QStyleOption* option) {
   const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
   if (!header || header->sortIndicator == QStyleOptionHeader::None) return;
@@ -75,32 +85,7 @@ void headerArrow(QPainter* painter, const QStyleOption* option) {
               down ? Points::down : Points::up);
 }
 
-// How many pixels of the usual font a part of a widget takes; the platform would take pixels of the
-// screen, however large the font is.
-struct Length {
-  QStyle::PixelMetric metric;
-  int pixels;
-};
 constexpr int comboArrow = 20;
-constexpr Length lengths[] = {{QStyle::PM_IndicatorWidth, 14},
-                              {QStyle::PM_IndicatorHeight, 14},
-                              {QStyle::PM_ExclusiveIndicatorWidth, 14},
-                              {QStyle::PM_ExclusiveIndicatorHeight, 14},
-                              {QStyle::PM_CheckBoxLabelSpacing, 5},
-                              {QStyle::PM_RadioButtonLabelSpacing, 5},
-                              {QStyle::PM_HeaderMargin, 6},
-                              {QStyle::PM_HeaderMarkSize, 12},
-                              {QStyle::PM_FocusFrameHMargin, 4},  // before the text of an entry
-                              {QStyle::PM_ScrollBarExtent, 14},
-                              {QStyle::PM_ScrollBarSliderMin, 26},
-                              {QStyle::PM_SplitterWidth, 5},
-                              {QStyle::PM_SmallIconSize, 16},
-                              {QStyle::PM_MessageBoxIconSize, 48},
-                              {QStyle::PM_MenuButtonIndicator, 18},
-                              {QStyle::PM_LayoutLeftMargin, 16},
-                              {QStyle::PM_LayoutTopMargin, 16},
-                              {QStyle::PM_LayoutRightMargin, 16},
-                              {QStyle::PM_LayoutBottomMargin, 16}};
 
 int scaled(int pixels, const QStyleOption* option, const QWidget* widget) {
   const int line = widget   ? widget->fontMetrics().height()
@@ -142,7 +127,11 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       if (frame && frame->lineWidth == 0) return painter->fillRect(option->rect, fill);
       return drawArea(painter, option, fill);
     }
+    case PE_PanelMenu:
+      painter->fillRect(option->rect, option->palette.color(QPalette::Base));
+      return drawFrame(painter, option);
     case PE_Frame:
+      if (widget && widget->inherits("QAbstractScrollArea")) return drawFrame(painter, option);
       return drawArea(painter, option, Qt::transparent);
     case PE_FrameFocusRect: {
       // Buttons and tables show the focus in their border.
@@ -182,6 +171,11 @@ void FlatStyle::drawControl(ControlElement element, const QStyleOption* option, 
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, option->palette,
                    has(option, State_Enabled), label->text, QPalette::ButtonText);
       return;
+    }
+    case CE_MenuItem: {
+      const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+      if (!entry || entry->menuItemType != QStyleOptionMenuItem::Separator) break;
+      return menuLine(painter, option);
     }
     case CE_ProgressBarGroove:
       return;
@@ -226,6 +220,8 @@ QSize FlatStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
   }
   if (type == CT_ComboBox && widget)
     size.rwidth() += scaled(comboArrow, option, widget) - comboArrow;
+  // Fusion leaves room for a tick of 21 pixels, and draws it as high as the entry.
+  if (type == CT_MenuItem) size.rwidth() += std::max(0, qRound(size.height() * 0.79) - 21);
   if (type == CT_ItemViewItem && widget) size.rheight() += theme::spacing(*widget) / 2;
   if (type == CT_HeaderSection && widget) {
     size.setHeight(std::max(size.height(), option->fontMetrics.height() + theme::spacing(*widget)));
@@ -304,9 +300,8 @@ int FlatStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     default:
       break;
   }
-  const auto found = std::ranges::find(lengths, metric, &Length::metric);
-  return found == std::end(lengths) ? QProxyStyle::pixelMetric(metric, option, widget)
-                                    : scaled(found->pixels, option, widget);
+  const std::optional<int> usual = usualPixels(metric);
+  return usual ? scaled(*usual, option, widget) : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int FlatStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

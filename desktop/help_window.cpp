@@ -38,7 +38,8 @@ class Page : public QTextBrowser {
 
 }  // namespace
 
-HelpWindow::HelpWindow() {
+HelpWindow::HelpWindow(const QFont& font) {
+  setFont(font);
   setObjectName(QStringLiteral("help"));
   setWindowTitle(tr("Help"));
   const int step = theme::spacing(*this);

@@ -12,7 +12,7 @@ namespace quillet::desktop {
 
 class HelpWindow : public QWidget {
  public:
-  HelpWindow();
+  explicit HelpWindow(const QFont& font = {});
 
   // Brings up the topic; an id without a page brings up the first one.
   void showTopic(const QString& id);

@@ -19,9 +19,11 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "desktop/dialogs.h"
 #include "desktop/dot_matrix_dialog.h"
 #include "desktop/pdf.h"
 #include "desktop/text.h"
+#include "desktop/theme.h"
 #include "suite/text_report.h"
 
 namespace quillet::desktop {
@@ -82,13 +84,14 @@ Paper* paperOf(QWidget* widget) { return static_cast<Paper*>(widget); }
 }  // namespace
 
 ReportWindow::ReportWindow(const suite::Document& document, const QDate& printed,
-                           const ReportStyle& style)
+                           const ReportStyle& style, const QFont& font)
     : document_(document),
       style_(style),
       pages_(std::make_unique<ReportPages>(document_, printed, style)),
       printed_(printed) {
   setObjectName(QStringLiteral("report"));
   setAttribute(Qt::WA_DeleteOnClose);
+  setFont(font);
   const auto& headings = document_.headings();
   setWindowTitle(headings.empty() ? tr("Report") : toQt(headings.back().text));
   paper_ = new Paper(*pages_);
@@ -129,6 +132,7 @@ QAction* ReportWindow::addCommand(const QString& caption, const QList<QKeySequen
 void ReportWindow::addCommands() {
   const auto keys = [](const char* text) { return QKeySequence(QString::fromLatin1(text)); };
   bar_ = addToolBar(tr("Report"));
+  bar_->setFont(font());
   bar_->setMovable(false);
   bar_->setContextMenuPolicy(Qt::PreventContextMenu);
   addCommand(tr("&Print ..."), {QKeySequence::Print}, &ReportWindow::print);
@@ -197,7 +201,8 @@ void ReportWindow::zoom(double factor) {
 void ReportWindow::fitWidth() {
   fitting_ = true;
   const double room = area_->width() - 2 * gap - area_->verticalScrollBar()->sizeHint().width();
-  setScale(std::min(2.0, room * unitsPerPixel / pages_->size().width()));
+  setScale(
+      std::min(theme::pixels(*this, 200) / 100.0, room * unitsPerPixel / pages_->size().width()));
 }
 
 void ReportWindow::showPage(int page) {
@@ -251,6 +256,7 @@ void ReportWindow::print() {
   printer.setFromTo(1, pages_->count());
   QPrintDialog dialog(&printer, this);
   dialog.setMinMax(1, pages_->count());
+  theme::likeParent(dialog);
   if (dialog.exec() != QDialog::Accepted) return;
   const int first = std::max(1, printer.fromPage());
   const int last = printer.toPage() == 0 ? pages_->count() : printer.toPage();
@@ -265,6 +271,7 @@ void ReportWindow::print() {
 
 void ReportWindow::saveAs() {
   QFileDialog dialog(this, tr("Save as PDF"));
+  fit(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setNameFilter(tr("PDF files (*.pdf)"));
   dialog.setDefaultSuffix(QStringLiteral("pdf"));
@@ -293,6 +300,7 @@ void ReportWindow::dotMatrix() {
 void ReportWindow::tellUnwritten(const QString& path) {
   QMessageBox box(QMessageBox::Warning, windowTitle(),
                   tr("The file cannot be written:\n%1").arg(path), QMessageBox::Ok, this);
+  theme::likeParent(box);
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }

@@ -16,7 +16,8 @@ namespace quillet::desktop {
 
 class ReportWindow : public QMainWindow {
  public:
-  ReportWindow(const suite::Document& document, const QDate& printed, const ReportStyle& style);
+  ReportWindow(const suite::Document& document, const QDate& printed, const ReportStyle& style,
+               const QFont& font = {});
 
   // Lays the pages out anew; what was in view stays there.
   void use(const ReportStyle& style);

@@ -62,6 +62,15 @@ QPixmap corners(const QColor& fill, const QColor& line, const Edge& edge) {
 
 }  // namespace
 
+void drawFrame(QPainter* painter, const QStyleOption* option) {
+  const int hairline = qRound(unit(option));
+  const bool focus = has(option, QStyle::State_HasFocus);
+  const QRect& rect = option->rect;
+  const QRect inside = rect.adjusted(hairline, hairline, -hairline, -hairline);
+  const QColor line = focus ? accent(option) : theme::line(option->palette);
+  for (const QRect& side : QRegion(rect).subtracted(inside)) painter->fillRect(side, line);
+}
+
 void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill) {
   const bool focus = has(option, QStyle::State_HasFocus);
   const int hairline = qRound(unit(option));

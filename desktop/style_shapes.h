@@ -18,6 +18,8 @@ QColor accent(const QStyleOption* option);
 
 // A rounded area; the border is the accent and twice as wide where the focus is.
 void drawArea(QPainter* painter, const QStyleOption* option, const QColor& fill);
+// The border of what scrolls: its contents fill the corners.
+void drawFrame(QPainter* painter, const QStyleOption* option);
 // The arrow of a combo box or of a heading.
 enum class Points { down, up };
 void drawChevron(QPainter* painter, const QRectF& room, const QColor& colour,

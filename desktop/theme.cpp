@@ -105,6 +105,14 @@ QFont scaled(const QFont& font, double factor) {
   return other;
 }
 
+void likeParent(QWidget& dialog) {
+  if (dialog.parentWidget()) dialog.setFont(dialog.parentWidget()->font());
+}
+
+int pixels(const QWidget& widget, int usual) {
+  return qRound(usual * std::max(1.0, QFontMetricsF(widget.font()).height() / usualLine));
+}
+
 int spacing(const QWidget& widget) {
   return std::max(4, qRound(8 * QFontMetricsF(widget.font()).height() / usualLine));
 }

@@ -29,8 +29,12 @@ QColor zebra(const QPalette& palette);      // every second row
 QColor emphasis(const QPalette& palette);   // rows that stand out: totals
 
 QFont scaled(const QFont& font, double factor);
+// A dialog is a window of its own and takes no font from its parent by itself.
+void likeParent(QWidget& dialog);
 // The pixels that a line of the usual font takes.
 inline constexpr double usualLine = 18;
+// So many pixels of the usual font in this one; no fewer in a smaller one.
+int pixels(const QWidget& widget, int usual);
 // The distance between widgets of this font: 8 px at the usual size.
 int spacing(const QWidget& widget);
 // The width of a digit, and of that many characters, in the widget's font.

@@ -154,12 +154,14 @@ LayoutItem frmcrtb::layout() {
     const std::string which = year == 0 ? "" : ", previous year";
     return row({item(lblyear[year], 0, 12),
                 named("Total debit" + which, field("Debit", txttotdeb[year], totalWidth)),
-                named("Total credit" + which, field("Credit", txttotcr[year], totalWidth)), gap()});
+                named("Total credit" + which, field("Credit", txttotcr[year], totalWidth))});
   };
-  const LayoutItem result =
-      column({gap(), row({field("Difference", txtdiff, totalWidth),
-                          named("Side of the difference", item(txtdifft, 0, 6)), item(lblagrees),
-                          item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
+  // Only the current year has a difference.
+  const LayoutItem current =
+      row({totals(0), field("Difference", txtdiff, totalWidth),
+           named("Side of the difference", item(txtdifft, 0, 6)), item(lblagrees), gap()});
+  const LayoutItem commands =
+      column({gap(), row({item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column(
       {stack({framed(famLines,
                      {named("Lines of the trial balance", item(vsfm, 1)), findBar.arrangement(),
@@ -167,7 +169,7 @@ LayoutItem frmcrtb::layout() {
                      1),
               framed(famGroups, {groupPage_.arrangement()}, 1),
               framed(famSummary, {summaryPage_.arrangement()}, 1)}),
-       row({column({totals(0), totals(1)}), gap(), result})});
+       row({column({current, row({totals(1), gap()})}), gap(), commands})});
 }
 
 void frmcrtb::showPage(Frame& page) {

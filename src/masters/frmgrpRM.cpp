@@ -21,6 +21,7 @@ frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
       "\"Add Item\" binds groups to a heading, \"Group Heads...\" makes the headings.");
   vsfG.setEmptyText("\"Add Head\" makes a heading.");
   vsfM.setZebra(true);
+  vsfM.sortable = false;  // its order is kept by hand, and stored
   vsfG.setZebra(true);
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
   attachBinding();

@@ -11,7 +11,7 @@
 namespace quillet {
 namespace {
 
-constexpr int columnWidth = 17;
+constexpr int columnWidth = 12;
 constexpr const char* notImported =
     "Nothing was imported, everything is as it was before. Import tries again.";
 

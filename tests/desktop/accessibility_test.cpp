@@ -1,5 +1,5 @@
 // What a screen reader finds in the windows: every control has a name, tables tell what is shown
-// and nothing else, and what is new is told.
+// and nothing else, and what is new is told. Every page fits a small screen.
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
@@ -15,6 +15,8 @@
 #include "forms/home_fixture.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
+#include "review/frmimport.h"
+#include "review/frmvchimport.h"
 #include "suite/client_form.h"
 #include "suite/firm_form.h"
 #include "suite/settings_form.h"
@@ -62,6 +64,9 @@ class Accessibility : public support::HomeTest {
       if (edits && !editable.insert(name).second) faults.insert("twice: " + what);
     }
     for (Control* control : form.controls()) examineTable(*window, *control, faults);
+    // A screen of 1024 x 600 but for a frame and a title bar.
+    const QSize least = window->minimumSizeHint();
+    if (least.width() > 1016 || least.height() > 560) faults.insert("too large: " + form.name());
     ++pages;
   }
   static void examineTable(FormWindow& window, const Control& control,
@@ -106,7 +111,7 @@ class Accessibility : public support::HomeTest {
   int pages = 0;
 };
 
-TEST_F(Accessibility, EveryControlOfEveryPageHasANameAndTablesTellWhatIsShown) {
+TEST_F(Accessibility, EveryPageFitsAndNamesItsControlsAndTablesTellWhatIsShown) {
   const std::string table = addYear("C1", 2008, {{"Asha", "CAPITAL", -6}});
   select("C1", 2008);
   // On the heap: the database bounds the stack on which it works.
@@ -118,6 +123,8 @@ TEST_F(Accessibility, EveryControlOfEveryPageHasANameAndTablesTellWhatIsShown) {
       std::make_unique<frmtbledmas>(context()),
       std::make_unique<frmgrpRM>(context()),
       std::make_unique<frmdelwhatinTB>(context()),
+      std::make_unique<frmimport>(context()),
+      std::make_unique<frmvchimport>(context()),
       std::make_unique<suite::frmTrade>(context().openForms, dialogs, clock),
       std::make_unique<suite::frmSettings>(context().openForms, practice.settings(), dialogs),
       std::make_unique<suite::frmFirm>(context().openForms, practice.settings(), dialogs),
@@ -125,7 +132,7 @@ TEST_F(Accessibility, EveryControlOfEveryPageHasANameAndTablesTellWhatIsShown) {
                                          dialogs, clock, [] { return 6L; })};
   dialogs.answering = [](const Message&) { return Answer::No; };
   theApplication().follow(context().openForms);
-  static_cast<suite::frmTrade&>(*forms[7]).LoadData(host(), "C1", table);
+  static_cast<suite::frmTrade&>(*forms[9]).LoadData(host(), "C1", table);
   // Named by the mode in which the page is opened.
   static_cast<third&>(*forms[0]).cmdyear.setCaption("Create &Year");
   for (const auto& form : forms) {
