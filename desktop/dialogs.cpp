@@ -91,8 +91,8 @@ void scrollLongText(QMessageBox& box) {
   area->setFrameShape(QFrame::NoFrame);
   delete box.layout()->replaceWidget(text, area);
   area->setWidget(text);
-  area->setMinimumSize(text->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(),
-                       most);
+  const int width = std::max(text->sizeHint().width(), text->minimumWidth());
+  area->setMinimumSize(width + area->verticalScrollBar()->sizeHint().width(), most);
 }
 
 }  // namespace

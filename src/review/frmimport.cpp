@@ -119,8 +119,9 @@ LayoutItem frmimport::layout() {
   const LayoutItem chosen = row({field("Sho&w", cboshow, 14), field("&Kind", cbokind, 18),
                                  item(cmdnearest), field("Gro&up of the line", txtgroup, 18, 1),
                                  item(vsfg), item(cmdgroupall), item(cmdconfirm), item(cmdnext)});
-  return column({sourceLayout(), item(vsfi, 1), item(lblquestion), chosen, item(lblstate),
-                 row({item(vsft, 1),
+  return column({sourceLayout(), named("Rows of the source", item(vsfi, 1)), item(lblquestion),
+                 chosen, item(lblstate),
+                 row({named("Totals", item(vsft, 1)),
                       column({gap(), row({item(cmdvouchers), item(cmdimport), item(cmdback)})})})});
 }
 

@@ -190,8 +190,9 @@ LayoutItem frmvchimport::layout() {
                                  field("Gro&up of the ledger", txtgroup, 30, 1), item(vsfg),
                                  item(cmdgroupall), item(cmdnext)});
   const LayoutItem end = row({item(cmdimport), item(cmdback)});
-  return column({sourceLayout(), item(vsfi, 1), item(lblquestion), chosen, item(lblstate),
-                 row({item(vsft, 1), column({gap(), end})})});
+  return column({sourceLayout(), named("Vouchers of the source", item(vsfi, 1)), item(lblquestion),
+                 chosen, item(lblstate),
+                 row({named("Totals", item(vsft, 1)), column({gap(), end})})});
 }
 
 }  // namespace quillet

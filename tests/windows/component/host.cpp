@@ -123,7 +123,9 @@ DWORD WINAPI MessageBoxReader::watch(void* object) {
   auto& reader = *static_cast<MessageBoxReader*>(object);
   while (WaitForSingleObject(reader.done_, 20) == WAIT_TIMEOUT) {
     const HWND box = FindWindowW(L"#32770", nullptr);
-    const std::string text = box ? longestLabel(box) : std::string();
+    // One that is shown has all its parts.
+    const bool shown = box && IsWindowVisible(box);
+    const std::string text = shown ? longestLabel(box) : std::string();
     if (text.empty()) continue;
     reader.text_ = text;
     PostMessageW(box, WM_COMMAND, IDOK, 0);

@@ -23,7 +23,9 @@ class Answering {
       const HWND dialog = GetForegroundWindow();
       wchar_t name[20];
       GetClassNameW(dialog, name, 20);
-      if (std::wstring(name) != L"#32770" || !IsWindowVisible(dialog)) return;
+      const bool shown = std::wstring(name) == L"#32770" && IsWindowVisible(dialog);
+      // Keys that come before the focus is in the dialog are lost.
+      if (!shown || !IsChild(dialog, GetFocus())) return;
       KillTimer(nullptr, timer);
       EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(dialog));
       for (HWND child = nullptr; (child = FindWindowExW(dialog, child, L"Button", nullptr));) {
