@@ -1,87 +1,19 @@
 // The embedded database on its folder: what it does when the folder is new, held by another
-// process, not ours, not writable or damaged, and after a process was killed. Every opening happens
-// in a child process.
-#include <gtest/gtest.h>
-#include <sys/resource.h>
+// process, not ours, not writable or damaged, and after a process was killed.
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <map>
-#include <string>
-#include <utility>
 #include <vector>
 
+#include "database/folder_fixture.h"
 #include "suite/backup/restore.h"
-#include "suite/database.h"
 #include "suite/private_files.h"
-#include "suite/schema.h"
 #include "suite/standalone_environment.h"
-#include "support/child.h"
-#include "support/practice.h"
 
 namespace quillet::suite {
 namespace {
-
-namespace fs = std::filesystem;
-using support::inChild;
-
-// Every file with its size and the time of its last change.
-std::map<std::string, std::pair<std::uintmax_t, fs::file_time_type>> snapshot(
-    const fs::path& folder) {
-  std::map<std::string, std::pair<std::uintmax_t, fs::file_time_type>> files;
-  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-    if (entry.is_directory()) continue;
-    files[entry.path().string()] = {entry.file_size(), entry.last_write_time()};
-  }
-  return files;
-}
-
-void overwrite(const fs::path& file, std::streamoff at, std::size_t bytes) {
-  std::string noise;
-  for (std::size_t i = 0; i < bytes; ++i) noise += static_cast<char>(i * 131 + 7);
-  std::fstream stream(file, std::ios::binary | std::ios::in | std::ios::out);
-  stream.seekp(at).write(noise.data(), static_cast<std::streamsize>(noise.size()));
-}
-
-std::string make(const fs::path& folder) {
-  return inChild([&] {
-    const auto database = Database::openEmbedded(folder);
-    completeSchema(*database, 1);
-    database->execute("insert into Mast_Part values(1,'Cash')");
-    return std::string("made");
-  });
-}
-
-std::string ledgers(const fs::path& folder, const ExaminationPolicy& policy = {}) {
-  return inChild([&] {
-    const auto database = Database::openEmbedded(folder, policy);
-    return database->query("select group_concat(Particular) from Mast_Part")->text(0);
-  });
-}
-
-class FolderTest : public ::testing::Test {
- protected:
-  // Made once: the tests copy it.
-  static void SetUpTestSuite() {
-    master = new support::TemporaryFolder();
-    ASSERT_EQ(make(master->path() / "made"), "made");
-  }
-  static void TearDownTestSuite() { delete master; }
-
-  const fs::path& copy() {
-    fs::remove_all(folder);
-    fs::copy(master->path() / "made", folder, fs::copy_options::recursive);
-    return folder;
-  }
-
-  static inline support::TemporaryFolder* master = nullptr;
-  support::TemporaryFolder temporary;
-  fs::path folder = temporary.path() / "database";
-};
 
 // Copied without its file times.
 TEST_F(FolderTest, KeepsWhatWasWrittenAndOpensAgain) {
@@ -159,109 +91,6 @@ TEST_F(FolderTest, TellsThatItIsDamagedAndLeavesItUntouched) {
     EXPECT_NE(told.find(folder.string()), std::string::npos) << what << ": " << told;
     EXPECT_TRUE(snapshot(folder) == before) << what << " changed the folder";
   }
-}
-
-using Choice = ExaminationPolicy::Choice;
-using Obstacle = ExaminationPolicy::Obstacle;
-
-// Tells why it could not be examined.
-ExaminationPolicy leaving() {
-  ExaminationPolicy policy;
-  policy.undecided = [](const Obstacle&) { return Choice::leave; };
-  return policy;
-}
-
-template <class Resource>
-void limit(Resource resource, rlim_t most) {
-  const rlimit both{most, most};
-  setrlimit(resource, &both);
-}
-
-// Sends a signal to the process that examines the folder.
-void signalExaminer(int signal) {
-  std::ifstream children("/proc/self/task/" + std::to_string(getpid()) + "/children");
-  for (pid_t child = 0; children >> child;) kill(child, signal);
-}
-
-TEST_F(FolderTest, SoundFilesAreNotCalledDamagedForLackOfTimeMemoryOrRoom) {
-  ExaminationPolicy killing = leaving();
-  killing.patience = std::chrono::milliseconds(1);
-  killing.undecided = [](const Obstacle& obstacle) {
-    if (obstacle.reason.find("end yet") == std::string::npos) return Choice::leave;
-    signalExaminer(SIGKILL);
-    return Choice::wait;
-  };
-  ExaminationPolicy hasty = leaving();
-  hasty.patience = {};
-  const auto files = [](rlim_t most) {
-    return [most] {
-      signal(SIGXFSZ, SIG_IGN);
-      limit(RLIMIT_FSIZE, most);
-    };
-  };
-  [[maybe_unused]] const auto memory = [](rlim_t most) {
-    return [most] { limit(RLIMIT_AS, most << 20); };
-  };
-  struct Case {
-    const char* what;
-    ExaminationPolicy policy;
-    std::function<void()> arrange;
-  };
-  std::vector<Case> cases{{"no time", hasty, [] {}},
-                          {"killed", killing, [] {}},
-                          {"no room for a copy", leaving(), files(1 << 20)},
-                          {"no room to work", leaving(), files(12U << 20)},
-                          {"no files", leaving(), [] { limit(RLIMIT_NOFILE, 12); }}};
-#ifndef __SANITIZE_ADDRESS__
-  // The examination succeeds from some 340 on, depending on how many of its threads run at once.
-  for (const rlim_t most : {160, 220, 280}) cases.push_back({"memory", leaving(), memory(most)});
-#endif
-  for (const auto& [what, policy, arrange] : cases) {
-    copy();
-    fs::remove(folder / "sealed");
-    const auto before = snapshot(folder);
-    const std::string told = inChild([&, &arranged = arrange, &chosen = policy] {
-      arranged();
-      return Database::openEmbedded(folder, chosen) ? std::string("opened") : std::string();
-    });
-    EXPECT_NE(told.find("not examined to the end"), std::string::npos) << what << ": " << told;
-    EXPECT_TRUE(snapshot(folder) == before) << what << " changed the folder";
-    EXPECT_FALSE(fs::exists(folder.string() + ".trial")) << what;
-    EXPECT_EQ(ledgers(folder), "Cash") << what;
-  }
-}
-
-TEST_F(FolderTest, APersonMayWaitForAnExaminationOrGoOnWithout) {
-  for (const Choice choice : {Choice::wait, Choice::openUnexamined}) {
-    copy();
-    fs::remove(folder / "sealed");
-    ExaminationPolicy policy;
-    policy.patience = {};
-    policy.undecided = [&](const Obstacle&) { return choice; };
-    EXPECT_EQ(ledgers(folder, policy), "Cash");
-  }
-}
-
-TEST_F(FolderTest, AStartKilledWhileItExaminesLeavesNothingBehind) {
-  copy();
-  fs::remove(folder / "sealed");
-  support::Reporting start([&](const support::Reporting::Tell& tell) {
-    ExaminationPolicy policy;
-    policy.patience = std::chrono::milliseconds(1);
-    policy.undecided = [&](const Obstacle&) {
-      if (!fs::exists(folder.string() + ".trial")) return Choice::wait;
-      signalExaminer(SIGSTOP);
-      tell("examining");
-      pause();
-      return Choice::wait;
-    };
-    Database::openEmbedded(folder, policy);
-  });
-  ASSERT_EQ(start.next(), "examining");
-  start.kill();
-  ASSERT_TRUE(fs::exists(folder.string() + ".trial"));
-  EXPECT_EQ(ledgers(folder), "Cash");
-  EXPECT_FALSE(fs::exists(folder.string() + ".trial"));
 }
 
 TEST_F(FolderTest, ItsFilesAreTheOwnersAlone) {
