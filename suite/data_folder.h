@@ -3,9 +3,10 @@
 //
 //   database/      the embedded database
 //   program/       the suite's program folder: the error log, Databases/ with the export template
+//   and
+//                  the practice's own statutory heads, when it has some
 //   documents/     report files, annexures, exports
 //   settings.ini   settings; its presence marks the folder as ours
-//   statutory_heads.tsv the practice's own heads of statements prescribed by law, when it has some
 //   settings.kept.ini   the settings of the last start, by which lost ones are noticed
 #pragma once
 
@@ -39,7 +40,9 @@ class DataFolder {
   std::filesystem::path program() const { return root_ / "program"; }
   std::filesystem::path documents() const { return root_ / "documents"; }
   std::filesystem::path settings() const { return root_ / "settings.ini"; }
-  std::filesystem::path statutoryHeads() const { return root_ / "statutory_heads.tsv"; }
+  std::filesystem::path statutoryHeads() const {
+    return program() / "Databases" / "statutory_heads.tsv";
+  }
   std::filesystem::path keptSettings() const { return root_ / "settings.kept.ini"; }
 
  private:

@@ -123,7 +123,7 @@ void put(Heads& heads, const StatutoryHead& head) {
 }
 
 // Without what an editor adds: the mark at the beginning, the other system's line ends, blank
-// lines. Lines keep their numbers.
+// lines. Tabs at the end, which it takes away, are put back. Lines keep their numbers.
 std::string plain(const std::string& text) {
   std::string lines;
   std::size_t at = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
@@ -132,7 +132,12 @@ std::string plain(const std::string& text) {
     std::string line = text.substr(at, end - at);
     at = end + 1;
     if (line.ends_with('\r')) line.pop_back();
-    lines += (line.find_first_not_of("\t ") == std::string::npos ? "#" : line) + '\n';
+    if (line.find_first_not_of("\t ") == std::string::npos) line = "#";
+    const auto tabs = static_cast<std::size_t>(std::count(line.begin(), line.end(), '\t'));
+    if (!line.starts_with('#') && tabs + 1 < std::size(columns)) {
+      line.append(std::size(columns) - 1 - tabs, '\t');
+    }
+    lines += line + '\n';
   }
   return lines;
 }

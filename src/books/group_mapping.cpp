@@ -65,6 +65,25 @@ void GroupMapper::save(long group, const GroupMapping& mapping) {
                flushed);
 }
 
+void GroupMapper::map(const std::vector<long>& groups, const ChosenHeads& chosen, bool own) {
+  const GroupMappings common = this->common();
+  const GroupMappings owned = own ? this->own() : GroupMappings();
+  for (const long group : groups) {
+    const bool hides = own && common.contains(group);
+    GroupMapping mapping;
+    if (const auto row = common.find(group); row != common.end()) mapping = row->second;
+    if (const auto row = owned.find(group); row != owned.end()) mapping = row->second;
+    mapping.own = own;
+    if (chosen.schedule6) mapping.schedule6 = *chosen.schedule6;
+    if (chosen.incomeTax) mapping.incomeTax = *chosen.incomeTax;
+    if (mapping.schedule6.id != 0 || mapping.incomeTax.id != 0 || hides) {
+      save(group, mapping);
+    } else {
+      remove(group, own);
+    }
+  }
+}
+
 void GroupMapper::clear(const std::vector<long>& groups, bool own) {
   for (const long group : groups) remove(group, own);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,11 @@ struct GroupMapping {
   const NamedId& head(Scheme scheme) const {
     return scheme == Scheme::schedule6 ? schedule6 : incomeTax;
   }
+};
+// What a person chose: nothing for a head that stays as it is, one with the number 0 for none.
+struct ChosenHeads {
+  std::optional<NamedId> schedule6{};
+  std::optional<NamedId> incomeTax{};
 };
 using GroupMappings = std::map<long, GroupMapping>;  // by the ids of the groups
 
@@ -44,6 +50,9 @@ class GroupMapper {
 
   // Replaces the row of a group, among the client's own or the common ones as `own` says.
   void save(long group, const GroupMapping& mapping);
+  // Gives all the groups what was chosen, over what holds now. A common row that names no head
+  // goes; a client's own stays where it hides a common one.
+  void map(const std::vector<long>& groups, const ChosenHeads& chosen, bool own);
   // Takes the rows of groups out: the client's own, on which the common ones hold again, or the
   // common ones.
   void clear(const std::vector<long>& groups, bool own);

@@ -1,5 +1,6 @@
 #include "books/group_merge.h"
 
+#include "books/group_mapping.h"
 #include "books/merged_groups.h"
 #include "books/posting.h"
 #include "ports/busy.h"
@@ -34,6 +35,8 @@ void mergeGroups(ServiceObject& host, UnpostedChanges& unposted, const std::vect
   MergedGroups(host).keep(ids, target);
   const Sql list = IdList(ids).sql();
   replaceInAllYears(host, list, target, missing);
+  // Before the groups: what fails here can be done again while they are there.
+  removeMappings(host, ids);
   host.ConQuery("Delete from Mast_AllGrp where ALLID in (" + list + ")");
 }
 

@@ -61,10 +61,6 @@ std::string yearTableWithGroup(ServiceObject& host, long groupId, TableNames& mi
   return found;
 }
 
-bool groupIsMapped(ServiceObject& host, long groupId) {
-  return standsIn(host, groupMapping, "AllId=" + sqlNumber(groupId));
-}
-
 std::vector<std::string> carriersOf(ServiceObject& host, const std::vector<long>& groupIds,
                                     TableNames& missing) {
   IdList ids(groupIds);

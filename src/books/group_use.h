@@ -15,9 +15,6 @@ long highestGroupInUse(ServiceObject& host, TableNames& missing);
 // The first year's table in which the group stands, or one that was merged into it: what carries
 // such a group comes back to it when it is touched. "" when there is none.
 std::string yearTableWithGroup(ServiceObject& host, long groupId, TableNames& missing);
-// Whether the group is mapped to a group of another scheme, in the table groupMapping.
-inline constexpr char groupMapping[] = "AllGrp_Map";
-bool groupIsMapped(ServiceObject& host, long groupId);
 
 // Whose journals and closing stocks carry one of the groups, or one that was merged into them, a
 // line each: "Asha Traders, 01/04/2008 - 31/03/2009: Adj. Entries, Closing Stock".

@@ -29,6 +29,7 @@ void frmcrtb::MNUJOURNAL_CLICK() {
 void frmcrtb::MNUNEWGROUP_CLICK() {
   auto groups = std::make_unique<frmgrpmas>(books_.context);
   frmgrpmas& form = *groups;
+  form.INITDATA(books_.years.client());
   master_ = std::move(groups);
   form.showModal([this, &form] {
     if (!form.groupsChanged()) return;

@@ -266,6 +266,7 @@ void third::focusList() {
 void third::CMDGRPMAS_CLICK() {
   status("");
   focusList();
+  groupMaster_.INITDATA(Frame1.visible() ? clientCode_ : std::string());
   groupMaster_.showModal([this] {
     if (groupMaster_.groupsChanged()) refreshEditor(context_);
   });

@@ -1,6 +1,7 @@
 #include "masters/frmgrpmas.h"
 
 #include <initializer_list>
+#include <utility>
 
 namespace quillet {
 
@@ -33,15 +34,14 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
   cmdback.Click = [this] { CMDBACK_CLICK(); };
+  attachPages();
   on(cmdMerge.Click, "cmdMerge_Click", [this] { cmdMerge_Click(); });
   cmdMergeGroup.Click = [this] { cmdMergeGroup_Click(); };
   cmdMergeBack.Click = [this] { cmdMergeBack_Click(); };
 }
 
 void frmgrpmas::setColumns() {
-  vsf.setColumns({{.heading = "Group", .width = 36, .stretch = true},
-                  {.heading = "Under Group", .width = 30},
-                  {.heading = "User Group", .align = Align::center, .width = 10}});
+  columns_.setColumns();
   // The two grids of the merge page share its width.
   const std::vector<GridColumn> narrow = {{.heading = "Group", .width = 20, .stretch = true},
                                           {.heading = "Under Group", .width = 16, .stretch = true}};
@@ -55,15 +55,20 @@ LayoutItem frmgrpmas::layout() {
   const LayoutItem fields =
       row({field("Group &Name", Text1, 40, 3), field("Under Gr&oup", Combo1, 30, 2),
            item(cmdupdate), item(cmdcancel)});
-  const LayoutItem commands =
-      row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge), gap(), item(cmdback)});
+  const LayoutItem commands = row({item(cmdadd), item(cmdmodify), item(cmddelete), item(cmdMerge),
+                                   item(cmdMap), item(cmdShow), gap(), item(cmdback)});
   const LayoutItem merge =
       row({column({item(lblmerge), named("Groups to merge", item(vsM, 1))}, 1),
            column({item(lblmergewith), named("Group to merge with", item(vsMW, 1))}, 1)},
           1);
   return column(
       {stack({framed(famMain, {named("Groups", item(vsf, 1)), fields, item(lblhint), commands}, 1),
-              framed(famMerge, {merge, row({gap(), item(cmdMergeGroup), item(cmdMergeBack)})}, 1)}),
+              framed(famMerge, {merge, row({gap(), item(cmdMergeGroup), item(cmdMergeBack)})}, 1),
+              mappingPage(),
+              framed(famCols,
+                     {item(lblCols), named("Columns of the group master", item(vsCols, 1)),
+                      row({gap(), item(cmdShowBack)})},
+                     1)}),
        item(lblstatus)});
 }
 
@@ -79,7 +84,10 @@ void frmgrpmas::FORM_LOAD() {
   vsf.clearSort();
   vsf.sortBy(nameColumn);
   CLEARDATA();
+  client_ = givenClient_.value_or(context_.clientCode);
+  mapped_.clear();
   showPage(famMain);
+  LOADSETUP();
   LOADGROUPS();
   LOADGRID(0);
 }
@@ -104,12 +112,19 @@ bool frmgrpmas::primaryGroupsThere() {
 // The grids show a primary group by its name, as the combo box lists it.
 MasterForm::ListedRow frmgrpmas::listed(const AccountGroup& group) {
   primaryGroups_[group.id] = group.primaryGroup;
-  return {group.id, {group.name, nameIn(Combo1, group.primaryGroup), group.user}};
+  std::vector<std::string> cells{group.name, nameIn(Combo1, group.primaryGroup), group.user};
+  if (const auto found = shownMappings_.find(group.id); found != shownMappings_.end()) {
+    for (std::string& cell : mappingCells(headList_, found->second)) {
+      cells.push_back(std::move(cell));
+    }
+  }
+  return {group.id, std::move(cells)};
 }
 
 void frmgrpmas::LOADGRID(long groupId) {
   showRows("LOADGRID", vsf, groupId, [&](long id) {
     std::vector<ListedRow> rows;
+    shownMappings_ = columns_.showMapping() ? mapper().effective() : GroupMappings();
     for (const AccountGroup& group : master_.groups(id)) rows.push_back(listed(group));
     return rows;
   });
@@ -118,6 +133,7 @@ void frmgrpmas::LOADGRID(long groupId) {
 void frmgrpmas::reread() {
   LOADGRID(0);
   if (famMerge.visible()) LoadMergeGrid();
+  if (famMap.visible()) LOADMAPGRID();
   if (!editing_ || entryStands(vsf, adding_)) return;
   SETBUTTON(false);
   LOADDATA();
@@ -144,8 +160,8 @@ void frmgrpmas::CLEARDATA() {
 void frmgrpmas::SETBUTTON(bool edit) {
   logErrors("SETBUTTON", [&] {
     editing_ = edit;
-    for (Control* browse : std::initializer_list<Control*>{&vsf, &cmdadd, &cmdmodify, &cmddelete,
-                                                           &cmdMerge, &cmdback}) {
+    for (Control* browse : std::initializer_list<Control*>{
+             &vsf, &cmdadd, &cmdmodify, &cmddelete, &cmdMerge, &cmdMap, &cmdShow, &cmdback}) {
       browse->setEnabled(!edit);
     }
     for (Control* entry : std::initializer_list<Control*>{&Combo1, &cmdupdate, &cmdcancel}) {
@@ -162,6 +178,10 @@ void frmgrpmas::FORM_KEYPRESS(Key& key) {
   key = keys::none;
   if (famMerge.visible()) {
     cmdMergeBack_Click();
+  } else if (famMap.visible()) {
+    CMDMAPBACK_CLICK();
+  } else if (famCols.visible()) {
+    CMDSHOWBACK_CLICK();
   } else if (!editing_) {
     CMDBACK_CLICK();
   } else if (ask("Do you want to Cancel this Entry?")) {

@@ -1,6 +1,7 @@
 // The group master: the account groups of all clients and years, each under its primary group.
 // Groups are added, renamed, moved, deleted while nothing uses them, and merged; predefined ones
-// are protected. Modal; the opener reads what came of it when it has closed.
+// are protected. On a page of its own groups are mapped to the heads of statutory statements.
+// Modal; the opener reads what came of it when it has closed.
 #pragma once
 
 #include <map>
@@ -11,6 +12,9 @@
 #include "books/group_master.h"
 #include "controls/basic_controls.h"
 #include "controls/choice.h"
+#include "controls/control_array.h"
+#include "masters/group_columns.h"
+#include "masters/mapped_groups.h"
 #include "masters/master_form.h"
 
 namespace quillet {
@@ -18,6 +22,9 @@ namespace quillet {
 class frmgrpmas : public MasterForm {
  public:
   explicit frmgrpmas(Context& context);
+
+  // Whose own mapping may be edited; without it that of the client at work, "" for none.
+  void INITDATA(const std::string& client);
 
   // Whether groups may have been written since the form was shown, and whether lines may stand
   // under those that were: a group that was only added has no lines.
@@ -40,6 +47,8 @@ class frmgrpmas : public MasterForm {
   Button cmdmodify{*this, "cmdmodify", "&Modify Group"};
   Button cmddelete{*this, "cmddelete", "&Delete Group"};
   Button cmdMerge{*this, "cmdMerge", "Mer&ge Groups"};
+  Button cmdMap{*this, "cmdMap", "Ma&pping"};
+  Button cmdShow{*this, "cmdShow", "Co&lumns"};
   Button cmdback{*this, "cmdback", "Bac&k"};
 
   // --- the merge page
@@ -50,6 +59,28 @@ class frmgrpmas : public MasterForm {
   Grid vsMW{*this, "vsMW"};
   Button cmdMergeGroup{*this, "cmdMergeGroup", "&Merge"};
   Button cmdMergeBack{*this, "cmdMergeBack", "&Back"};
+
+  // --- the mapping page
+  Frame famMap{*this, "famMap"};
+  ControlArray<OptionButton> optMap{
+      *this, "optMap", {"C&ommon to all clients", "The client's o&wn"}};
+  Label lblMapClient{*this, "lblMapClient"};
+  ComboBox cboMapShow{*this, "cboMapShow"};
+  Label lblMapCount{*this, "lblMapCount"};
+  Grid vsMap{*this, "vsMap"};
+  ComboBox cboSVI{*this, "cboSVI"};
+  ComboBox cboIT{*this, "cboIT"};
+  Button cmdMapSet{*this, "cmdMapSet", "&Map"};
+  Button cmdMapTick{*this, "cmdMapTick", "&Tick All"};
+  Button cmdMapClear{*this, "cmdMapClear", "C&lear"};
+  Button cmdMapCopy{*this, "cmdMapCopy", "&Copy Common to Client"};
+  Button cmdMapBack{*this, "cmdMapBack", "&Back"};
+
+  // --- the column page
+  Frame famCols{*this, "famCols"};
+  Label lblCols{*this, "lblCols", "Columns of the group master"};
+  Grid vsCols{*this, "vsCols"};
+  Button cmdShowBack{*this, "cmdShowBack", "&Back"};
 
   void FORM_LOAD();
   void FORM_KEYPRESS(Key& key);
@@ -73,6 +104,21 @@ class frmgrpmas : public MasterForm {
   void LoadMergeGrid();
   void cmdMergeGroup_Click();
   void cmdMergeBack_Click();
+  void CMDMAP_CLICK();
+  // What is stored and the heads there are, anew.
+  void LOADMAPGRID();
+  void OPTMAP_CLICK(bool own);
+  // Gives the ticked groups, else the current one, the chosen heads.
+  void CMDMAPSET_CLICK();
+  void CMDMAPTICK_CLICK();
+  void CMDMAPCLEAR_CLICK();
+  // The common mapping of the ticked groups, else of all, becomes the client's own.
+  void CMDMAPCOPY_CLICK();
+  void CMDMAPBACK_CLICK();
+  void LOADSETUP();
+  void CMDSHOW_CLICK();
+  void VSCOLS_AFTEREDIT();
+  void CMDSHOWBACK_CLICK();
 
  protected:
   void load() override { FORM_LOAD(); }
@@ -84,6 +130,8 @@ class frmgrpmas : public MasterForm {
   enum Column { nameColumn, underColumn, userColumn };
 
   void setColumns();
+  void attachPages();
+  LayoutItem mappingPage();
   ListedRow listed(const AccountGroup& group);
   bool primaryGroupsThere();
   bool predefined() const;
@@ -105,7 +153,19 @@ class frmgrpmas : public MasterForm {
   bool carriersAgree(const Merge& merge);
   void carryOut(const Merge& merge);
 
+  GroupMapper mapper() { return GroupMapper(*context_.host, client_); }
+  // The groups that a command of the mapping page is for; tells when there are none.
+  std::vector<long> groupsToMap();
+  bool leaveCopied(std::vector<long>& groups);
+
   GroupMaster master_{*context_.host};
+  MappedGroups mapped_{vsMap, cboSVI, cboIT, cboMapShow};
+  GroupColumns columns_{vsf, vsCols};
+  StatutoryHeads* heads_ = context_.environment.statutoryHeads();
+  std::optional<std::string> givenClient_;
+  std::string client_;  // "" for none
+  StatutoryHeadList headList_;
+  GroupMappings shownMappings_;         // of the column of the master, while it has them
   std::map<long, long> primaryGroups_;  // of the groups that were listed, by their ids
   bool primaryGroupsRead_ = false;
   bool adding_ = false;

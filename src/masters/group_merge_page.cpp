@@ -8,7 +8,7 @@
 namespace quillet {
 
 void frmgrpmas::showPage(Frame& page) {
-  for (Frame* each : {&famMain, &famMerge}) each->setVisible(each == &page);
+  for (Frame* each : {&famMain, &famMerge, &famMap, &famCols}) each->setVisible(each == &page);
 }
 
 void frmgrpmas::cmdMerge_Click() {
@@ -30,7 +30,7 @@ void frmgrpmas::LoadMergeGrid() {
         for (const AccountGroup& group : groups) {
           if (!predefinedToo && group.user != "Y") continue;
           auto cells = listed(group).cells;
-          cells.pop_back();
+          cells.resize(2);
           grid.addRow(std::move(cells), group.id);
         }
       });

@@ -1,6 +1,7 @@
 // The group master's changes of single groups: adding, renaming, moving, deleting.
 #include <algorithm>
 
+#include "books/group_mapping.h"
 #include "books/group_use.h"
 #include "data/names.h"
 #include "host/meant_name.h"
@@ -112,13 +113,9 @@ std::optional<bool> frmgrpmas::CHECKEXISTS(long groupId) {
   std::optional<bool> used;
   logErrors("CHECKEXISTS", [&] {
     TableNames missing;
-    std::string table = yearTableWithGroup(*context_.host, groupId, missing);
+    const std::string table = yearTableWithGroup(*context_.host, groupId, missing);
     if (!table.empty()) status("It stands in " + table + ".");
     tellMissing(missing);
-    if (table.empty() && groupIsMapped(*context_.host, groupId)) {
-      table = groupMapping;
-      status("It stands in " + table + ".");
-    }
     used = !table.empty();
   });
   return used;
@@ -147,6 +144,9 @@ void frmgrpmas::CMDDELETE_CLICK() {
       return;
     }
     noteChange();
+    // First: after a failure it can be done again while the group is there.
+    removeMappings(*context_.host, {vsf.currentId()});
+    flush();
     master_.remove(vsf.currentId());
     vsf.removeRow(row);
     makeCurrent(vsf, std::min(row, vsf.rows()));

@@ -134,8 +134,15 @@ TEST_F(GroupMasterTest, AGroupThatAnyTableUsesCannotBeDeleted) {
   const struct {
     std::string table, column;
     std::size_t selects;
-  } cases[] = {{"TAB_2", "AllId", 6},      {"JRNL_1", "AllId", 3},    {"TRADE_2", "AllId", 8},
-               {"RMGRP_2", "SalGrpId", 9}, {"RMGRP_1", "CsGrpId", 5}, {"AllGrp_Map", "AllId", 10}};
+  } cases[] = {{"TAB_2", "AllId", 6},
+               {"JRNL_1", "AllId", 3},
+               {"TRADE_2", "AllId", 8},
+               {"RMGRP_2", "SalGrpId", 9},
+               {"RMGRP_1", "CsGrpId", 5}};
+  for (const std::string& mapped : {post, rent}) {
+    exec("insert into AllGrp_Map(Code_No,AllId) values('C1'," + mapped + "),('#?#COMMON#?#'," +
+         mapped + ")");
+  }
   open();
   for (const auto& each : cases) {
     exec("insert into " + each.table + "(Code_No," + each.column + ") values('C1'," + post + ")");
@@ -158,8 +165,10 @@ TEST_F(GroupMasterTest, AGroupThatAnyTableUsesCannotBeDeleted) {
                    "Select * from JRNL_1" + where, "Select * from TRADE_1" + where,
                    "Select * from RMGRP_1" + bound, "Select * from TAB_2" + where,
                    "Select * from JRNL_2" + where, "Select * from TRADE_2" + where,
-                   "Select * from RMGRP_2" + bound, "Select * from AllGrp_Map" + where,
+                   "Select * from RMGRP_2" + bound,
+                   "Delete from AllGrp_Map Where AllId in (" + post + ")", "Flush Tables",
                    "Delete from Mast_AllGrp Where ALLID=" + post, "Flush Tables"}));
+  EXPECT_EQ(rows("select distinct AllId from AllGrp_Map"), (Rows{{rent}})) << "of all clients";
   press(form.cmddelete);
   EXPECT_EQ(stored().size(), 3U) << "lines stand under it";
   exec("delete from TAB_1");

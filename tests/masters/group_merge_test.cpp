@@ -35,6 +35,7 @@ TEST_F(GroupMasterTest, MergeRefusesInItsOrder) {
 TEST_F(GroupMasterTest, MergeRewritesTrialBalancesOnly) {
   use("JRNL_1", "1", rent);
   use("TAB_1", "1", post);
+  exec("insert into AllGrp_Map(Code_No,AllId) values('C1'," + rent + "),('C1'," + post + ")");
   open();
   beginMerge({"FARES", "RENT"}, "POSTAGE");
   answer({yes});
@@ -45,13 +46,16 @@ TEST_F(GroupMasterTest, MergeRewritesTrialBalancesOnly) {
     expected.push_back("Update tab_" + host().GETTBNAME(i) + " set ALLID=" + post +
                        " where ALLID in (" + fares + "," + rent + ")");
   }
-  expected.push_back("Delete from Mast_AllGrp where ALLID in (" + fares + "," + rent + ")");
+  for (const std::string table : {"AllGrp_Map Where AllId", "Mast_AllGrp where ALLID"}) {
+    expected.push_back("Delete from " + table + " in (" + fares + "," + rent + ")");
+  }
   EXPECT_EQ(changes(), expected);
   EXPECT_EQ(messages().back(), "Merge Successfully.");
   EXPECT_EQ(rows("select allid,amt from TAB_1 order by amt"),
             (Rows{{post, "NULL"}, {post, "100"}, {post, "300"}}))
       << "two rows of one pair stay two until the pair is saved again";
   EXPECT_EQ(rows("select AllId from JRNL_1"), (Rows{{rent}})) << "the journal keeps what it said";
+  EXPECT_EQ(rows("select AllId from AllGrp_Map"), (Rows{{post}}));
   EXPECT_EQ(shown(form.vsM), (Rows{{"POSTAGE", "EXPENSES", ""}}));
   press(form.cmdMergeBack);
   EXPECT_EQ(form.vsf.rows(), 2);
@@ -190,26 +194,38 @@ TEST_F(GroupMasterTest, AfterAFailureTheGridShowsWhatIsStored) {
     if (form.famMerge.visible()) answer({yes});
     act();
   };
+  const auto mapping = [&] {
+    press(form.cmdMap);
+    for (const char* name : {"POSTAGE", "RENT"}) form.vsMap.tick(form.vsMap.find(0, name), true);
+    choose(form.cboSVI, "Other expenses");
+  };
   const Deed deeds[] = {
       {"adding", add, form.cmdupdate, 0},
       {"renaming", rename, form.cmdupdate, 0},
       {"deleting", [&] { pickGroup("POSTAGE"); }, form.cmddelete},
       {"merging", merging, form.cmdMergeGroup, 0, 2, mergeAgain},
+      {"mapping", mapping, form.cmdMapSet, 0, 2},
   };
   const auto result = [&] {
     Rows all = rows("select * from Mast_AllGrp order by ALLID");
     for (auto& row : rows("select allid from TAB_1")) all.push_back(row);
+    for (auto& row : rows("select * from AllGrp_Map order by 1,2")) all.push_back(row);
     for (auto& row : shown(form.vsf)) all.push_back(row);
     all.push_back({form.cmdupdate.enabled() ? "editing" : "browsing", form.Text1.text()});
     return all;
   };
-  keep({"Mast_AllGrp", "TAB_1", "SuiteMisc"});
+  exec("insert into AllGrp_Map values('C1'," + rent + ",35,'Other expenses',1,'Capital')");
+  keep({"Mast_AllGrp", "TAB_1", "SuiteMisc", "AllGrp_Map"});
   for (const Deed& deed : deeds) {
     failEach(deed, result, [&] {
       EXPECT_EQ(shown(form.vsf), rows("select ALLGRP,Gunder,UserGrp from Mast_AllGrp join "
                                       "Mast_Gunder using(GId) order by ALLGRP"));
       if (form.famMerge.visible()) {
         EXPECT_TRUE(form.vsM.ticked(form.vsM.find(0, "RENT"))) << "the choice stays";
+      } else if (form.famMap.visible() && form.vsMap.rows() > 0) {
+        EXPECT_EQ(form.vsMap.cell(form.vsMap.find(0, "RENT"), 2) != "",
+                  value("select count(*) from AllGrp_Map where AllId=" + rent +
+                        " and Code_No<>'C1'") == "1");
       } else if (form.cmdupdate.enabled()) {
         EXPECT_EQ(form.Text1.text().substr(0, 2), "A ") << "and what was typed";
         EXPECT_NE(status(), "");

@@ -47,6 +47,18 @@ quillet.answer("Yes")
 groups.cmddelete:click()
 equal(support.messages(), { "Do you want to delele the Group [CANTEEN] ?" })
 equal(named("select * from Mast_AllGrp where ALLGRP='CANTEEN'"), 0)
+
+-- Mapping, and a column that shows it.
+groups.cmdMap:click()
+for _, name in ipairs { "RENT", "AUDIT FEES" } do groups.vsMap:tick(groups.vsMap:pick(name)) end
+groups.cboSVI:choose("Other expenses")
+groups.cmdMapSet:click()
+equal(named("select * from AllGrp_Map where Code_No='#?#COMMON#?#' and SVIMapId=35"), 2)
+groups.cmdMapBack:click()
+groups.cmdShow:click()
+groups.vsCols:tick(groups.vsCols:pick("Schedule VI"))
+groups.cmdShowBack:click()
+equal(groups.vsf:cell(groups.vsf:pick("RENT"), "Schedule VI"), "Other expenses")
 groups.cmdback:click()
 equal(quillet.forms(), { "third" })
 

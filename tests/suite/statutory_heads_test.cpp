@@ -42,7 +42,7 @@ TEST(StatutoryHeads, APracticeChangesAndAddsHeads) {
   const std::size_t before = list.heads.size();
   extendHeads(list, "own.tsv",
               std::string("\xEF\xBB\xBF") + columns +
-                  "\r\nSchedule VI\t23\t\t\t\tBook debts\t\t\r\n"
+                  "\r\nSchedule VI\t23\t\t\t\tBook debts\r\n"
                   "Schedule VI\t1000\tasset\tNon-current assets\tFixed assets\tLeased assets\t9\t\n"
                   "Schedule VI\t1\tliability\tOwner's funds\t\t\t\tresult");
   EXPECT_EQ(list.refused, Texts());
@@ -70,8 +70,10 @@ TEST(StatutoryHeads, ALineThatCannotBeTakenIsNamedAndTheOthersAre) {
       {"", ": its first row does not name the column \"scheme\"."},
       {std::string(columns) + "Income Tax\t1000\tasset\tS\t\tN\xFF\t\t",
        " is not in UTF-8. Please save it as a text in UTF-8."},
-      {std::string(columns) + "Income Tax\t1000\tasset\tS\t\tName",
-       ", line 2: fields: 6 instead of 8."},
+      {std::string(columns) + "Income Tax\t1000\tasset\tS\t\tName\t\t\t",
+       ", line 2: fields: 9 instead of 8."},
+      {std::string(columns) + "Income Tax\t1000\tasset\tS",
+       ", line 2: a new head needs a section and a name."},
       {std::string(columns) + "Form 3CD\t1000\tasset\tS\t\tN\t\t",
        ", line 2: there is no such scheme: \"Form 3CD\"."},
       {std::string(columns) + "Income Tax\t-1\tasset\tS\t\tN\t\t",
