@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/names.h"
@@ -36,6 +37,8 @@ class GroupMapper {
  public:
   // Of the common mapping alone when there is no client.
   explicit GroupMapper(ServiceObject& host, std::string client = {});
+  void setClient(std::string client) { client_ = std::move(client); }
+  const std::string& client() const { return client_; }
 
   // Whether mapping changes the common rows, as a practice begins, or those of the client at work.
   // Always the common ones when there is no client.

@@ -34,7 +34,12 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   };
   cmdcancel.Click = [this] { CMDCANCEL_CLICK(); };
   cmdback.Click = [this] { CMDBACK_CLICK(); };
-  attachPages();
+  attachMappingPage();
+  cmdShow.Click = [this] { CMDSHOW_CLICK(); };
+  vsCols.AfterEdit = [this](int, int) { VSCOLS_AFTEREDIT(); };
+  cmdShowBack.Click = [this] { CMDSHOWBACK_CLICK(); };
+  // Where the host has no heads, there is nothing to map to and nothing of it to show.
+  for (Button* page : {&cmdMap, &cmdShow}) page->setVisible(heads_ != nullptr);
   on(cmdMerge.Click, "cmdMerge_Click", [this] { cmdMerge_Click(); });
   cmdMergeGroup.Click = [this] { cmdMergeGroup_Click(); };
   cmdMergeBack.Click = [this] { cmdMergeBack_Click(); };
@@ -84,7 +89,7 @@ void frmgrpmas::FORM_LOAD() {
   vsf.clearSort();
   vsf.sortBy(nameColumn);
   CLEARDATA();
-  client_ = givenClient_.value_or(context_.clientCode);
+  mapper_.setClient(givenClient_.value_or(context_.clientCode));
   mapped_.clear();
   showPage(famMain);
   LOADSETUP();
@@ -124,7 +129,7 @@ MasterForm::ListedRow frmgrpmas::listed(const AccountGroup& group) {
 void frmgrpmas::LOADGRID(long groupId) {
   showRows("LOADGRID", vsf, groupId, [&](long id) {
     std::vector<ListedRow> rows;
-    shownMappings_ = columns_.showMapping() ? mapper().effective() : GroupMappings();
+    shownMappings_ = columns_.showMapping() ? mapper_.effective() : GroupMappings();
     for (const AccountGroup& group : master_.groups(id)) rows.push_back(listed(group));
     return rows;
   });

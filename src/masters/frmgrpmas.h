@@ -130,7 +130,7 @@ class frmgrpmas : public MasterForm {
   enum Column { nameColumn, underColumn, userColumn };
 
   void setColumns();
-  void attachPages();
+  void attachMappingPage();
   LayoutItem mappingPage();
   ListedRow listed(const AccountGroup& group);
   bool primaryGroupsThere();
@@ -153,7 +153,6 @@ class frmgrpmas : public MasterForm {
   bool carriersAgree(const Merge& merge);
   void carryOut(const Merge& merge);
 
-  GroupMapper mapper() { return GroupMapper(*context_.host, client_); }
   // The groups that a command of the mapping page is for; tells when there are none.
   std::vector<long> groupsToMap();
   bool leaveCopied(std::vector<long>& groups);
@@ -163,7 +162,7 @@ class frmgrpmas : public MasterForm {
   GroupColumns columns_{vsf, vsCols};
   StatutoryHeads* heads_ = context_.environment.statutoryHeads();
   std::optional<std::string> givenClient_;
-  std::string client_;  // "" for none
+  GroupMapper mapper_{*context_.host};
   StatutoryHeadList headList_;
   GroupMappings shownMappings_;         // of the column of the master, while it has them
   std::map<long, long> primaryGroups_;  // of the groups that were listed, by their ids

@@ -1,5 +1,5 @@
-// The group master's pages beside the groups: the mapping to the heads of statutory statements, and
-// the columns that the master shows.
+// The group master's mapping page: groups are given the heads of statutory statements that they
+// stand under.
 #include <algorithm>
 
 #include "books/clients.h"
@@ -15,10 +15,10 @@ std::string groupsInWords(std::size_t count) {
 
 }  // namespace
 
-void frmgrpmas::attachPages() {
+void frmgrpmas::attachMappingPage() {
   mapped_.setColumns();
   vsMap.setZebra(true);
-  vsMap.setEmptyText("No group is without such a head.");
+  vsMap.setEmptyText("The groups that are asked for stand here.");
   for (Label* label : {&lblMapCount, &lblMapClient}) label->setQuiet(true);
   optMap[0].Click = [this] { OPTMAP_CLICK(false); };
   optMap[1].Click = [this] { OPTMAP_CLICK(true); };
@@ -44,11 +44,6 @@ void frmgrpmas::attachPages() {
   cmdMapClear.Click = [this] { CMDMAPCLEAR_CLICK(); };
   cmdMapCopy.Click = [this] { CMDMAPCOPY_CLICK(); };
   cmdMapBack.Click = [this] { CMDMAPBACK_CLICK(); };
-  cmdShow.Click = [this] { CMDSHOW_CLICK(); };
-  vsCols.AfterEdit = [this](int, int) { VSCOLS_AFTEREDIT(); };
-  cmdShowBack.Click = [this] { CMDSHOWBACK_CLICK(); };
-  // Where the host has no heads, there is nothing to map to and nothing of it to show.
-  for (Button* page : {&cmdMap, &cmdShow}) page->setVisible(heads_ != nullptr);
 }
 
 LayoutItem frmgrpmas::mappingPage() {
@@ -72,16 +67,16 @@ void frmgrpmas::CMDMAP_CLICK() {
   command("CMDMAP_CLICK", [&] {
     mapped_.clear();
     lblMapClient.setCaption("");
-    optMap[1].setEnabled(!client_.empty());
-    cmdMapCopy.setEnabled(!client_.empty());
+    optMap[1].setEnabled(!mapper_.client().empty());
+    cmdMapCopy.setEnabled(!mapper_.client().empty());
     showPage(famMap);
     LOADMAPGRID();
     if (vsMap.rows() > 0) vsMap.setCurrent(1);
     focus(vsMap);
     for (const std::string& line : headList_.refused) status(line);
-    lblMapClient.setCaption(client_.empty()
+    lblMapClient.setCaption(mapper_.client().empty()
                                 ? "A client that is chosen can have a mapping of its own."
-                                : clientName(*context_.host, client_));
+                                : clientName(*context_.host, mapper_.client()));
   });
 }
 
@@ -89,12 +84,12 @@ void frmgrpmas::LOADMAPGRID() {
   fillGrids("LOADMAPGRID", {&vsMap}, [&] {
     headList_ = heads_->read();
     mapped_.offer(headList_);
-    const bool common = mapper().mapsCommon();
+    const bool common = mapper_.mapsCommon();
     optMap[common ? 0 : 1].setChecked(true);
     if (common) {
-      mapped_.setMappings(mapper().common(), mapper().own());
+      mapped_.setMappings(mapper_.common(), mapper_.own());
     } else {
-      mapped_.setMappings(mapper().effective(), {});
+      mapped_.setMappings(mapper_.effective(), {});
     }
     const auto groups = master_.groupsByName();
     refill(vsMap, [&] {
@@ -109,7 +104,7 @@ void frmgrpmas::LOADMAPGRID() {
 
 void frmgrpmas::OPTMAP_CLICK(bool own) {
   command("OPTMAP_CLICK", [&] {
-    mapper().mapCommon(!own);
+    mapper_.mapCommon(!own);
     LOADMAPGRID();
     focus(vsMap);
   });
@@ -134,7 +129,7 @@ void frmgrpmas::CMDMAPSET_CLICK() {
       focus(cboSVI);
       return;
     }
-    mapper().map(groups, heads, optMap[1].checked());
+    mapper_.map(groups, heads, optMap[1].checked());
     mapped_.untick();
     mapped_.forgetHeads();
     LOADMAPGRID();
@@ -152,14 +147,14 @@ void frmgrpmas::CMDMAPCLEAR_CLICK() {
     std::vector<long> groups = groupsToMap();
     if (groups.empty()) return;
     const bool own = optMap[1].checked();
-    const GroupMappings there = own ? mapper().own() : mapper().common();
+    const GroupMappings there = own ? mapper_.own() : mapper_.common();
     std::erase_if(groups, [&](long group) { return !there.contains(group); });
     if (groups.empty()) {
       status(own ? "The client has no mapping of its own there." : "Nothing is mapped there.");
     } else if (ask("Clear the " + std::string(own ? "client's own" : "common") + " mapping of " +
                    groupsInWords(groups.size()) + " ?" +
                    (own ? "\r\n\r\nThe common one holds again." : ""))) {
-      mapper().clear(groups, own);
+      mapper_.clear(groups, own);
       mapped_.untick();
       LOADMAPGRID();
     }
@@ -174,7 +169,7 @@ void frmgrpmas::CMDMAPCOPY_CLICK() {
       for (int row = 1; row <= vsMap.rows(); ++row) groups.push_back(vsMap.rowId(row));
     }
     if (leaveCopied(groups)) {
-      mapper().copyCommon(groups);
+      mapper_.copyCommon(groups);
       mapped_.untick();
       LOADMAPGRID();
       status(groupsInWords(groups.size()) + " copied.");
@@ -186,8 +181,8 @@ void frmgrpmas::CMDMAPCOPY_CLICK() {
 // Leaves the groups that have a common mapping, and of those with one of the client's own none that
 // is to stay.
 bool frmgrpmas::leaveCopied(std::vector<long>& groups) {
-  const GroupMappings common = mapper().common();
-  const GroupMappings own = mapper().own();
+  const GroupMappings common = mapper_.common();
+  const GroupMappings own = mapper_.own();
   std::erase_if(groups, [&](long group) { return !common.contains(group); });
   const auto isOwn = [&](long group) { return own.contains(group); };
   const auto owned = std::count_if(groups.begin(), groups.end(), isOwn);
@@ -206,38 +201,6 @@ bool frmgrpmas::leaveCopied(std::vector<long>& groups) {
 void frmgrpmas::CMDMAPBACK_CLICK() {
   showPage(famMain);
   if (columns_.showMapping()) LOADGRID(0);
-  focus(vsf);
-}
-
-// --- columns ------------------------------------------------------------------------------------
-
-void frmgrpmas::LOADSETUP() {
-  columns_.showUsual();
-  headList_ = {};
-  if (!heads_) return;
-  logErrors("LOADSETUP", [&] {
-    columns_.read(*context_.host);
-    if (columns_.showMapping()) headList_ = heads_->read();
-  });
-}
-
-void frmgrpmas::CMDSHOW_CLICK() {
-  lblstatus.setCaption("");
-  columns_.list();
-  showPage(famCols);
-  focus(vsCols);
-}
-
-void frmgrpmas::VSCOLS_AFTEREDIT() {
-  command("VSCOLS_AFTEREDIT", [&] { columns_.take(*context_.host); });
-}
-
-void frmgrpmas::CMDSHOWBACK_CLICK() {
-  showPage(famMain);
-  if (columns_.showMapping()) {
-    headList_ = heads_->read();
-    LOADGRID(0);
-  }
   focus(vsf);
 }
 
