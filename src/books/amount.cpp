@@ -81,6 +81,11 @@ std::string groupedAmount(const ServiceObject& host, double rupees) {
   return host.formatgen(rupees, "#,##0.00");
 }
 
+std::string groupedBalance(const ServiceObject& host, Money balance) {
+  if (balance.isZero()) return {};
+  return groupedAmount(host, abs(balance)) + (balance < Money() ? " CR" : " DR");
+}
+
 Money shownAmount(std::string_view text) {
   const std::string digits = replacedAll(std::string(text), ",", "");
   double rupees = 0;

@@ -28,6 +28,8 @@ std::string groupedAmount(const ServiceObject& host, double rupees);
 inline std::string groupedAmount(const ServiceObject& host, Money amount) {
   return groupedAmount(host, amount.rupees());
 }
+// "1,234.50 DR" with its side, debit positive; nothing ("") for none.
+std::string groupedBalance(const ServiceObject& host, Money balance);
 
 // The amount that a text of one of these forms says, nothing (0) for any other text. What is added
 // from such texts agrees with what a person adds up on screen or paper.

@@ -42,7 +42,7 @@ class OpeningBuilder {
     opening_.lastDifference += line.balance;
     if (isProfitAndLoss(line.primary)) {
       opening_.profit -= line.balance;
-      opened.reason = "Profit and loss: begins at nothing";
+      opened.reason = "Profit and loss: begins at zero";
     } else {
       opened.opening = line.balance;
       opened.reason = line.primary == 0 ? "Its group is not in the master: carried as it stands"

@@ -73,6 +73,7 @@ void frmcrtb::attachMenus() {
   mnujournal.Click = [this] { MNUJOURNAL_CLICK(); };
   mnunewgroup.Click = [this] { MNUNEWGROUP_CLICK(); };
   cmdgrpmanf.Click = [this] { CMDGRPMANF_CLICK(); };
+  on(mnuopening.Click, "MNUOPENING_CLICK", [this] { MNUOPENING_CLICK(); });
   on(mnurefresh.Click, "REFRESHTB", [this] { REFRESHTB(); });
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };
@@ -200,8 +201,9 @@ void frmcrtb::SETBUTTON() {
     }
     mnualter.setEnabled(selected);
     mnudelete.setEnabled(selected);
-    for (Control* command : std::initializer_list<Control*>{
-             &mnugroup, &mnushsumm, &mnuprnsumm, &mnujournal, &mnunewgroup, &cmdgrpmanf}) {
+    for (Control* command :
+         std::initializer_list<Control*>{&mnugroup, &mnushsumm, &mnuprnsumm, &mnujournal,
+                                         &mnunewgroup, &cmdgrpmanf, &mnuopening}) {
       command->setEnabled(table);
     }
     const bool read = table && books_.years.linesRead() && groupsRead_;

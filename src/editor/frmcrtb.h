@@ -69,6 +69,7 @@ class frmcrtb : public Form {
   MenuEntry mnurefresh{*this, "mnurefresh", "&Refresh", &mnuview, "F5"};
   MenuEntry mnugroup{*this, "mnugroup", "&Group View", &mnuview, "Ctrl+G"};
   MenuEntry mnushsumm{*this, "mnushsumm", "Summary &Figures", &mnuview, "F6"};
+  MenuEntry mnuopening{*this, "mnuopening", "&Opening Agrees with Last Closing...", &mnuview};
   MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
   ControlArray<MenuEntry> mnusortopt{
       *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
@@ -157,6 +158,7 @@ class frmcrtb : public Form {
   void MNUJOURNAL_CLICK();
   void MNUNEWGROUP_CLICK();
   void CMDGRPMANF_CLICK();
+  void MNUOPENING_CLICK();
 
   void LOADFIGS() { summaryPage_.LOADFIGS(); }
 

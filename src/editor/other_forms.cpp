@@ -5,6 +5,7 @@
 #include "masters/frmgrpRM.h"
 #include "masters/frmgrpmas.h"
 #include "ports/busy.h"
+#include "yearend/opening_report.h"
 
 namespace quillet {
 
@@ -54,6 +55,13 @@ void frmcrtb::CMDGRPMANF_CLICK() {
       {years.client(), years.clientName(), years.table(year), keys.first, keys.second});
   master_ = std::move(binding);
   master_->showModal();
+}
+
+void frmcrtb::MNUOPENING_CLICK() {
+  const TwoYears& years = books_.years;
+  if (years.hasTable()) {
+    reportOpening(books_.context, years.client(), years.keys(years.yearInView()));
+  }
 }
 
 void frmcrtb::mastersChanged() {

@@ -32,6 +32,7 @@ third::third(Context& context)
       newYear(*this, context),
       mergeList(*this, context),
       removal(*this, context),
+      yearEnd(*this, context),
       context_(context),
       groupMaster_(context),
       ledgerMaster_(context) {

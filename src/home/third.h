@@ -9,6 +9,7 @@
 #include "controls/mask_box.h"
 #include "home/cl_grd.h"
 #include "home/merge_list.h"
+#include "home/year_end_commands.h"
 #include "home/year_entry.h"
 #include "home/year_list.h"
 #include "home/year_removal.h"
@@ -27,6 +28,9 @@ class third : public Form {
   LayoutItem layout() override;
   void takenBack() override;
 
+  MenuEntry mnubooks{*this, "mnubooks", "Boo&ks"};
+  MenuEntry mnubringfwd{*this, "mnubringfwd", "&Bring Forward...", &mnubooks};
+  MenuEntry mnuopening{*this, "mnuopening", "&Opening Agrees with Last Closing...", &mnubooks};
   Button mnucreate{*this, "mnucreate", "&Create Trial Balance"};
   Button mnualter{*this, "mnualter", "&Alter/View Trial Balance"};
   Button mnudelete{*this, "mnudelete", "&Delete Trial Balance"};
@@ -61,6 +65,7 @@ class third : public Form {
   YearEntry newYear;
   MergeList mergeList;
   YearRemoval removal;
+  YearEndCommands yearEnd;
 
   void FORM_LOAD();
   void FORM_ACTIVATE();

@@ -26,14 +26,15 @@ class YearList {
 
   // The chosen year; nothing is done when there is none.
   const YearKeys* chosen() const;
+  // The registry's row of the chosen year; nothing when somebody deleted it meanwhile, which a
+  // message says.
+  std::optional<RegisteredYear> findChosen();
   void open();
   void print();
   void remove();
 
  private:
   void load();
-  // The registry's row of the chosen year; nothing when somebody deleted it meanwhile.
-  std::optional<RegisteredYear> findChosen();
   void tellRemoved(const frmdelwhatinTB& deletion, const std::string& year);
 
   third& form_;

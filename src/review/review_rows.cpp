@@ -190,14 +190,9 @@ std::string ReviewRows::shownAmount(Money amount) const {
   return amount.isZero() ? std::string() : groupedAmount(host_, amount);
 }
 
-std::string ReviewRows::shownBalance(Money balance) const {
-  if (balance.isZero()) return {};
-  return groupedAmount(host_, abs(balance)) + (balance < Money() ? " CR" : " DR");
-}
-
 std::vector<std::string> ReviewRows::cellsOf(const ReviewRow& row) const {
   const std::string tick = review_.takes(row) ? "1" : "";
-  const std::string before = row.difference ? shownBalance(row.difference->before) : "";
+  const std::string before = row.difference ? groupedBalance(host_, row.difference->before) : "";
   if (row.isGone()) {
     const Difference& gone = *row.difference;
     return {tick, "", "In the year", "",           gone.ledger, stateOf(row), gone.group, "",
@@ -241,7 +236,7 @@ std::string ReviewRows::remarkOf(const ReviewRow& row) const {
   }
   if (row.difference) {
     const Money posted = review_.books().postedOn(row.difference->pair);
-    if (!posted.isZero()) add("Vouchers of " + shownBalance(posted) + " come on top.");
+    if (!posted.isZero()) add("Vouchers of " + groupedBalance(host_, posted) + " come on top.");
   }
   return remark;
 }
@@ -251,7 +246,8 @@ void ReviewRows::showTotals() {
   if (!review_.isOpen()) return;
   const auto add = [&](const char* what, const SideTotals& totals) {
     form_.vsft.addRow({what, groupedAmount(host_, totals.debit),
-                       groupedAmount(host_, totals.credit), shownBalance(totals.difference())});
+                       groupedAmount(host_, totals.credit),
+                       groupedBalance(host_, totals.difference())});
   };
   add("Source", review_.proposals().source);
   add("Entered or the same", review_.proposals().entered);

@@ -49,7 +49,6 @@ class ReviewRows {
   std::string stateOf(const ReviewRow& row) const;
   std::string remarkOf(const ReviewRow& row) const;
   std::string shownAmount(Money amount) const;
-  std::string shownBalance(Money balance) const;
   const ReviewRow& rowAt(int row) const;
 
   frmimport& form_;

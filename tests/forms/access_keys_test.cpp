@@ -14,6 +14,7 @@
 #include "suite/firm_form.h"
 #include "suite/settings_form.h"
 #include "suite/stock_form.h"
+#include "yearend/frmbringfwd.h"
 
 namespace quillet::support {
 namespace {
@@ -74,14 +75,15 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   frmdelwhatinTB deletion(context());
   frmimport import(context());
   frmvchimport vouchers(context());
+  frmbringfwd forward(context());
   suite::frmTrade stock(context().openForms, dialogs, clock);
   suite::frmClient client(context().openForms, practice.environment().unit(), dialogs, clock,
                           [] { return 6L; });
   suite::frmSettings settings(context().openForms, practice.settings(), dialogs);
   suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
   for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
-                                                 &binding, &deletion, &import, &vouchers, &stock,
-                                                 &client, &settings, &firm}) {
+                                                 &binding, &deletion, &import, &vouchers, &forward,
+                                                 &stock, &client, &settings, &firm}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();
