@@ -122,6 +122,11 @@ editor.mnuPreview:click()
 picture("preview")
 editor:close()
 
+-- What the next year would begin with.
+home.mnubringfwd:click()
+picture("forward")
+quillet.form("frmbringfwd"):close()
+
 -- The next year, with the figures carried forward, beside this one.
 home:press("Escape")
 home.mnucreate:click()

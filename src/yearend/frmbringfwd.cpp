@@ -84,11 +84,11 @@ void frmbringfwd::FORM_LOAD() {
 void frmbringfwd::FORM_KEYPRESS(Key& key) {
   if (key != keys::Escape) return;
   key = keys::none;
-  if (active() == &vsfl) {
-    close();
-  } else {
+  if (dynamic_cast<TextBox*>(active())) {
+    shares_.restore();
     focus(vsfl);
-    shares_.show();
+  } else {
+    close();
   }
 }
 

@@ -65,7 +65,10 @@ ShareBoxes::ShareBoxes(frmbringfwd& form, Context& context, ForwardReview& revie
   form.txtpercent.KeyPress = [this](Key& key) {
     if (key != keys::Enter) return;
     key = keys::none;
-    takePercent();
+    percentTyped();
+  };
+  form.txtpercent.LostFocus = [this] {
+    if (form_.txtpercent.text() != percentInList() && !takePercent()) restore();
   };
   form.cmdcapital.Click = [this] { addLedger(); };
 }
@@ -123,20 +126,32 @@ void ShareBoxes::show() {
     box->setEnabled(hasStock);
   }
   form_.cbostock.setChosen(form_.cbostock.findData(choices.stock.allId));
-  if (form_.active() != &form_.txtstock) {
-    form_.txtstock.setText(choices.stock.partId == 0
-                               ? choices.stockLedger
-                               : context_.host->GetPart_MastPartId(choices.stock.partId));
-    stockLedgers_.hide();
-  }
   showShares();
   const int row = form_.vsfs.current();
   const bool hasProfit = !review_.opening().profit.isZero();
   form_.txtpercent.setEnabled(hasProfit && row != 0);
   form_.mnushares.setEnabled(hasProfit && row != 0);
-  if (form_.active() != &form_.txtpercent) {
-    form_.txtpercent.setText(row == 0 ? "" : form_.vsfs.cell(row, 2));
-  }
+  // A box in which a person types keeps its text.
+  if (form_.active() != &form_.txtpercent) form_.txtpercent.setText(percentInList());
+  if (form_.active() != &form_.txtstock) showStockLedger();
+}
+
+void ShareBoxes::showStockLedger() {
+  const OpeningChoices& choices = review_.choices();
+  form_.txtstock.setText(choices.stock.partId == 0
+                             ? choices.stockLedger
+                             : context_.host->GetPart_MastPartId(choices.stock.partId));
+  stockLedgers_.hide();
+}
+
+void ShareBoxes::restore() {
+  form_.txtpercent.setText(percentInList());
+  showStockLedger();
+}
+
+std::string ShareBoxes::percentInList() const {
+  const int row = form_.vsfs.current();
+  return row == 0 ? "" : form_.vsfs.cell(row, 2);
 }
 
 void ShareBoxes::showShares() {
@@ -185,16 +200,24 @@ void ShareBoxes::takeStock() {
   form_.reviewed();
 }
 
-void ShareBoxes::takePercent() {
+// Goes on with the next one.
+void ShareBoxes::percentTyped() {
+  if (!takePercent()) return form_.txtpercent.selectAll();
+  form_.focus(form_.vsfs);
   const int row = form_.vsfs.current();
-  if (row == 0) return;
+  if (row < form_.vsfs.rows()) form_.vsfs.setCurrent(row + 1);
+}
+
+// False for a text that is no per cent, which a message says.
+bool ShareBoxes::takePercent() {
+  const int row = form_.vsfs.current();
+  if (row == 0) return true;
   const std::string typed = form_.txtpercent.text();
   const auto millionths = cleanedName(typed).empty() ? 0L : typedPercent(typed);
   if (!millionths) {
     context_.MsgBox("'" + typed + "' is no per cent. Type a number from 0 to 100, such as 33.3333.",
                     Buttons::OK, Icon::information);
-    form_.txtpercent.selectAll();
-    return;
+    return false;
   }
   ProfitShare share = capital_.at(static_cast<std::size_t>(row - 1));
   share.millionths = *millionths;
@@ -209,9 +232,8 @@ void ShareBoxes::takePercent() {
              capital_.begin();
     });
   });
-  form_.focus(form_.vsfs);
   form_.reviewed();
-  if (row < form_.vsfs.rows()) form_.vsfs.setCurrent(row + 1);
+  return true;
 }
 
 void ShareBoxes::addLedger() {

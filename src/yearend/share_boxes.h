@@ -21,12 +21,17 @@ class ShareBoxes {
   // Of a review that was just opened: what there is to choose from.
   void begin();
   void show();
+  // What is being typed is given up.
+  void restore();
 
  private:
   void offerCapital();
   void showShares();
+  void showStockLedger();
   void takeStock();
-  void takePercent();
+  bool takePercent();
+  void percentTyped();
+  std::string percentInList() const;
   void addLedger();
   long ledgerNamed(const std::string& name);
   std::vector<std::string> cellsOf(const ProfitShare& share) const;
