@@ -5,6 +5,7 @@
 #include "books/amount.h"
 #include "controls/scoped_flag.h"
 #include "review/frmimport.h"
+#include "review/totals_table.h"
 
 namespace quillet {
 
@@ -26,12 +27,7 @@ ReviewRows::ReviewRows(frmimport& form, const ServiceObject& host, ImportReview&
                         {.heading = "Remark", .width = 26, .stretch = true}});
   form.vsfi.setZebra(true);
   form.vsfi.AfterEdit = [this](int row, int) { tickChanged(row); };
-  form.vsft.setColumns({{.heading = "Totals", .width = 20},
-                        {.heading = "Debit", .align = Align::right, .width = 16},
-                        {.heading = "Credit", .align = Align::right, .width = 16},
-                        {.heading = "Difference", .align = Align::right, .width = 18}});
-  form.vsft.setFixedRows(3);
-  form.vsft.tabStop = false;
+  arrangeTotals(form.vsft, 20, 16);
   for (const char* shown : {"All rows", "To be entered", "Questions", "Left out"}) {
     form.cboshow.addItem(shown);
   }
@@ -244,14 +240,9 @@ std::string ReviewRows::remarkOf(const ReviewRow& row) const {
 void ReviewRows::showTotals() {
   form_.vsft.clearRows();
   if (!review_.isOpen()) return;
-  const auto add = [&](const char* what, const SideTotals& totals) {
-    form_.vsft.addRow({what, groupedAmount(host_, totals.debit),
-                       groupedAmount(host_, totals.credit),
-                       groupedBalance(host_, totals.difference())});
-  };
-  add("Source", review_.proposals().source);
-  add("Entered or the same", review_.proposals().entered);
-  add("Year afterwards", review_.afterwards());
+  addTotals(form_.vsft, host_, "Source", review_.proposals().source);
+  addTotals(form_.vsft, host_, "Entered or the same", review_.proposals().entered);
+  addTotals(form_.vsft, host_, "Year afterwards", review_.afterwards());
 }
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "books/amount.h"
+#include "review/totals_table.h"
 #include "yearend/frmbringfwd.h"
 
 namespace quillet {
@@ -11,8 +12,8 @@ namespace {
 // Shown only where the new year holds lines already.
 constexpr const char* ofStandingYear[] = {"In the Year", "Afterwards", "State"};
 
-GridColumn balanceColumn(const char* heading, int width = 16) {
-  return {.heading = heading, .align = Align::right, .width = width};
+GridColumn balanceColumn(const char* heading) {
+  return {.heading = heading, .align = Align::right, .width = 16};
 }
 
 }  // namespace
@@ -33,12 +34,7 @@ ForwardRows::ForwardRows(frmbringfwd& form, ServiceObject& host, ForwardReview& 
     review_.take(placeOf(row), form_.vsfl.ticked(row));
     form_.reviewed();
   };
-  form.vsft.setColumns({{.heading = "Totals", .width = 14},
-                        balanceColumn("Debit", 13),
-                        balanceColumn("Credit", 13),
-                        balanceColumn("Difference", 15)});
-  form.vsft.setFixedRows(3);
-  form.vsft.tabStop = false;
+  arrangeTotals(form.vsft, 14, 13);
   for (const char* shown : {"All lines", "To be written", "Offered", "Left"}) {
     form.cboshow.addItem(shown);
   }
@@ -136,14 +132,9 @@ std::vector<std::string> ForwardRows::cellsOf(const ForwardReview::Row& row) con
 void ForwardRows::showTotals() {
   form_.vsft.clearRows();
   if (!review_.isOpen()) return;
-  const auto add = [&](const char* what, const SideTotals& totals) {
-    form_.vsft.addRow({what, groupedAmount(host_, totals.debit),
-                       groupedAmount(host_, totals.credit),
-                       groupedBalance(host_, totals.difference())});
-  };
-  add("Old year", review_.last());
-  add("Brought forward", review_.brought());
-  add("New year", review_.afterwards());
+  addTotals(form_.vsft, host_, "Old year", review_.last());
+  addTotals(form_.vsft, host_, "Brought forward", review_.brought());
+  addTotals(form_.vsft, host_, "New year", review_.afterwards());
 }
 
 }  // namespace quillet
