@@ -27,9 +27,10 @@ void fill(const DataFolder& folder, Contents contents) {
   suite::HeadlessFrontEnd frontEnd(dialogs);
   suite::SystemClock clock;
   suite::Practice practice(folder, frontEnd, clock);
-  suite::installStarterData(practice.database());
+  suite::ActLog& log = practice.environment().actLog();
+  log.alone("Starter groups", [&] { suite::installStarterData(practice.database()); });
   if (contents != Contents::sample) return;
-  suite::installSamplePractice(practice.database());
+  log.alone("Sample practice", [&] { suite::installSamplePractice(practice.database()); });
   practice.settings().setCompanyName("Sample & Associates");
 }
 

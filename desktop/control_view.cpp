@@ -1,3 +1,4 @@
+#include "controls/spoken_name.h"
 #include "desktop/control_view.h"
 
 #include <QApplication>
@@ -9,7 +10,6 @@
 #include <QWidget>
 
 #include "desktop/text.h"
-#include "view/spoken_name.h"
 
 namespace quillet::desktop {
 
@@ -45,7 +45,7 @@ void ControlView::redraw() {
 }
 
 void ControlView::drawName() {
-  const QString name = toQt(view::spokenName(control()));
+  const QString name = toQt(spokenName(control()));
   if (widget_->accessibleName() == name) return;
   widget_->setAccessibleName(name);
   // The toolkit calls a combo by its choice.

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "controls/form.h"
+#include "controls/spoken_name.h"
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
@@ -15,7 +16,6 @@
 #include "view/drop_down_place.h"
 #include "view/form_controls.h"
 #include "view/grid_acts.h"
-#include "view/spoken_name.h"
 
 namespace quillet::desktop {
 DropDown::DropDown(Grid& grid, view::ActionRunner& runner, QWidget* window)
@@ -40,7 +40,7 @@ bool DropDown::wanted() const {
 
 void DropDown::refresh() {
   table_->refresh();
-  table_->setAccessibleName(toQt(view::spokenName(grid_)));
+  table_->setAccessibleName(toQt(spokenName(grid_)));
   const bool shown = wanted();
   tellCurrent(shown);
   if (!shown) {

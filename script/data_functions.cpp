@@ -113,8 +113,14 @@ int query(Call& call) {
 
 int exec(Call& call) {
   const std::string sql = call.text(1);
-  call.session().practice.database().execute(sql);
-  call.session().practice.service().executedElsewhere(sql);
+  suite::Practice& practice = call.session().practice;
+  // In the middle of an act it is a part of that act, however it ends.
+  if (practice.context().openForms.acts.running()) {
+    practice.database().execute(sql);
+  } else {
+    practice.environment().unit().execute(sql);
+  }
+  practice.service().executedElsewhere(sql);
   return call.none();
 }
 

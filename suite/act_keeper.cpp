@@ -18,9 +18,9 @@ std::string sentence(std::string text) {
 
 }  // namespace
 
-ActKeeper::ActKeeper(UnitOfWork& unit, FileRemoval& removal, DiskWatch& disk, Notices& notices,
-                     Clock& clock)
-    : unit_(unit), removal_(removal), disk_(disk), notices_(notices), clock_(clock) {}
+ActKeeper::ActKeeper(UnitOfWork& unit, ActLog& log, FileRemoval& removal, DiskWatch& disk,
+                     Notices& notices, Clock& clock)
+    : unit_(unit), log_(log), removal_(removal), disk_(disk), notices_(notices), clock_(clock) {}
 
 ActKeeper::~ActKeeper() { leave(); }
 
@@ -34,11 +34,26 @@ void ActKeeper::follow(Context& context) {
     context.kept();
   };
   acts.onEnded = [this] { ended(); };
+  log_.cause = [this] { return cause(); };
+  log_.onClockBehind = [this](const std::string& text) { tell(text); };
+}
+
+ActCause ActKeeper::cause() const {
+  const Acts& acts = context_->openForms.acts;
+  ActCause cause;
+  cause.form = acts.running() ? acts.name().form : std::string();
+  cause.command = acts.running() ? acts.name().command : std::string();
+  cause.client = context_->clientCode;
+  cause.table = context_->table;
+  cause.secondDate = context_->secondDate;
+  return cause;
 }
 
 void ActKeeper::leave() {
   if (context_ == nullptr) return;
   context_->openForms.acts.onEnded = {};
+  log_.cause = {};
+  log_.onClockBehind = {};
   context_ = nullptr;
   unit_.follow([] { return false; });
   unit_.onKept = {};

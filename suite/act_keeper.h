@@ -15,7 +15,7 @@ namespace quillet::suite {
 
 class ActKeeper {
  public:
-  ActKeeper(UnitOfWork& unit, FileRemoval& removal, DiskWatch& disk, Notices& notices,
+  ActKeeper(UnitOfWork& unit, ActLog& log, FileRemoval& removal, DiskWatch& disk, Notices& notices,
             Clock& clock);
   ~ActKeeper();
   ActKeeper(const ActKeeper&) = delete;
@@ -28,6 +28,7 @@ class ActKeeper {
   void trapped(const std::string& where, const std::exception& error);
 
  private:
+  ActCause cause() const;
   void ended() noexcept;
   void endAct();
   void endUnit();
@@ -37,6 +38,7 @@ class ActKeeper {
   void tell(const std::string& text);
 
   UnitOfWork& unit_;
+  ActLog& log_;
   FileRemoval& removal_;
   DiskWatch& disk_;
   Notices& notices_;

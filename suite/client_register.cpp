@@ -2,10 +2,10 @@
 
 #include "data/names.h"
 #include "data/text.h"
+#include "data/transaction.h"
 #include "suite/format.h"
 #include "suite/passwords.h"
 #include "suite/schema.h"
-#include "data/transaction.h"
 
 namespace quillet::suite {
 namespace {

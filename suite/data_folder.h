@@ -2,10 +2,10 @@
 // backed up.
 //
 //   database/      the embedded database
-//   program/       the suite's program folder: the error log, Databases/ with the export template
-//   and
+//   program/       the suite's program folder: the error log; in Databases/ the export template and
 //                  the practice's own statutory heads, when it has some
-//   documents/     report files, annexures, exports
+//   documents/     report files, annexures, exports; in Deleted/ the files of deleted years, for
+//                  90 days
 //   settings.ini   settings; its presence marks the folder as ours
 //   settings.kept.ini   the settings of the last start, by which lost ones are noticed
 #pragma once
@@ -39,6 +39,7 @@ class DataFolder {
   std::filesystem::path database() const { return root_ / "database"; }
   std::filesystem::path program() const { return root_ / "program"; }
   std::filesystem::path documents() const { return root_ / "documents"; }
+  std::filesystem::path keptFiles() const { return documents() / "Deleted"; }
   std::filesystem::path settings() const { return root_ / "settings.ini"; }
   std::filesystem::path statutoryHeads() const {
     return program() / "Databases" / "statutory_heads.tsv";

@@ -149,6 +149,15 @@ class Database::Impl {
         " was lost a moment ago, the server frees the database by: kill " +
         *holder);
   }
+  bool keepsHistory() const { return keepsHistory_; }
+  // Instants are the same on every station and through the year. A table with a history takes
+  // further columns.
+  void prepareHistory() {
+    send("set session time_zone='+00:00'");
+    send("show variables like 'system_versioning_alter_history'");
+    keepsHistory_ = !rows()->EOF_();
+    if (keepsHistory_) send("set session system_versioning_alter_history=keep");
+  }
   bool hasTables() {
     send("select exists(select 1 from information_schema.tables where table_schema=database())");
     return rows()->integer(0) == 1;
@@ -204,6 +213,7 @@ class Database::Impl {
   std::optional<Server> remote_;
   MYSQL* connection_ = nullptr;
   std::string own_;  // the last connection that held the schema
+  bool keepsHistory_ = false;
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -218,6 +228,7 @@ void Database::Impl::connectWithin() {
                              " does not answer: " + mysql_error(connection_));
   }
   useSchema(ownSchema);
+  prepareHistory();
 }
 
 void Database::Impl::connectTo(const Server& server) {
@@ -256,6 +267,7 @@ void Database::Impl::connectTo(const Server& server) {
                              " settings.ini.");
   }
   useSchema(server.schema);
+  prepareHistory();
 }
 
 void Database::Impl::renew() {
@@ -296,6 +308,7 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
 }
 
 void Database::renewConnection() { impl_->renew(); }
+bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
 void Database::execute(const std::string& sql) {
   impl_->send(sql);

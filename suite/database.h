@@ -51,6 +51,9 @@ class Database : public Connection {
   // std::runtime_error as connect() does.
   void renewConnection();
 
+  // Whether its tables can keep the rows that were changed or deleted.
+  bool keepsHistory() const;
+
   // Where an embedded database keeps the definitions of its tables; empty for a server.
   std::filesystem::path schemaFolder() const;
 

@@ -1,6 +1,7 @@
 // Removes files together with what an act changes in the database: they go when the act's
-// transaction stands. Until then, and while one cannot be removed, a row of the table SuiteRemoval
-// names it; what is left there is tried again at the next start.
+// transaction stands, into a folder beside, where they are kept for 90 days. When the act is taken
+// back they come back. A row of the table SuiteRemoval names each of them, so that what was begun
+// is completed at the next start.
 #pragma once
 
 #include <filesystem>
@@ -14,17 +15,26 @@ namespace quillet::suite {
 
 class FileRemoval : public FileRemover {
  public:
-  // Files below that folder alone are removed.
-  FileRemoval(UnitOfWork& unit, std::filesystem::path documents);
+  // Files below that folder alone are removed; they are kept in `kept`.
+  FileRemoval(UnitOfWork& unit, std::filesystem::path documents, std::filesystem::path kept);
 
   bool remove(const std::filesystem::path& file) override;
-  // Outside of a transaction: removes the files that are named. Returns those that could not be, as
+  // Within the act that takes that one back.
+  void bringBack(Instant act);
+  // Outside of a transaction: moves the files that are named. Returns those that could not be, as
   // paths below the folder.
   std::vector<std::string> carryOut();
+  // Outside of a transaction: removes for good what was kept long enough.
+  void removeOld();
 
  private:
+  bool move(const std::filesystem::path& from, const std::filesystem::path& to) const;
+  std::vector<std::string> putAway();
+  std::vector<std::string> putBack();
+
   UnitOfWork& unit_;
   std::filesystem::path documents_;
+  std::filesystem::path kept_;
   bool asked_ = true;  // rows may be there: at the start those of the last run
 };
 

@@ -11,7 +11,7 @@
 
 namespace quillet::suite::folder_format {
 
-inline constexpr long current = 1;
+inline constexpr long current = 2;
 
 // Throw std::runtime_error when a newer program has made the books. `place` is told.
 void refuseNewer(const Settings& settings, const std::filesystem::path& place);

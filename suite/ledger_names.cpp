@@ -1,48 +1,18 @@
 #include "suite/ledger_names.h"
 
 #include <algorithm>
-#include <array>
-#include <cctype>
-#include <string_view>
 
 #include "data/errors.h"
 #include "data/sql.h"
 #include "data/text.h"
+#include "suite/history/written_table.h"
 #include "suite/schema.h"
 
 namespace quillet::suite {
-namespace {
-
-// A statement changes the table whose name is the first word after the command.
-bool changesLedgers(std::string_view sql) {
-  constexpr std::array<std::string_view, 15> commandWords{
-      "insert", "into", "update", "delete", "from",   "replace",      "truncate", "table",
-      "drop",   "if",   "exists", "alter",  "ignore", "low_priority", "quick"};
-  std::string word;
-  const auto isCommand = [&] {
-    for (const std::string_view known : commandWords) {
-      if (word == known) return true;
-    }
-    return false;
-  };
-  for (std::size_t i = 0; i <= sql.size(); ++i) {
-    const char c = i < sql.size() ? sql[i] : ' ';
-    if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_') {
-      word += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-      continue;
-    }
-    if (word.empty()) continue;
-    if (!isCommand()) return word == "mast_part";
-    word.clear();
-  }
-  return false;
-}
-
-}  // namespace
 
 void LedgerNames::statementSent(const std::string& sql) {
   // Taking back a part of an act takes back the ledgers that it made.
-  if (changesLedgers(sql) || equalIgnoringCase(sql, "rollback")) loaded_ = false;
+  if (writtenTable(sql) == "mast_part" || equalIgnoringCase(sql, "rollback")) loaded_ = false;
 }
 
 void LedgerNames::load() {

@@ -59,12 +59,40 @@ std::string columnText(const ColumnDefinition& column) {
 const std::string rowId =
     std::string(rowIdColumn) + " bigint not null auto_increment primary key invisible";
 
+constexpr const char* rowFrom = "row_from timestamp(6) generated always as row start invisible";
+constexpr const char* rowTill = "row_till timestamp(6) generated always as row end invisible";
+constexpr const char* period = "period for system_time(row_from,row_till)";
+
+// Each index of a versioned table holds the rows' end behind its first column: what stands is then
+// found as quickly however often it was changed.
+std::string indexed(const TableDefinition& table, const std::string& index) {
+  if (!table.versioned) return index;
+  const std::size_t first = std::min(index.find(','), index.size());
+  return index.substr(0, first) + ",row_till" + index.substr(first);
+}
+
 std::string creation(const TableDefinition& table) {
   std::string sql = "create table if not exists `" + table.name + "` (";
   for (const ColumnDefinition& column : table.columns) sql += columnText(column) + ", ";
   sql += rowId;
-  for (const std::string& index : table.indexes) sql += ", index (" + index + ')';
-  return sql + ") engine=InnoDB";
+  if (table.versioned) sql += std::string(", ") + rowFrom + ", " + rowTill + ", " + period;
+  for (const std::string& index : table.indexes) sql += ", index (" + indexed(table, index) + ')';
+  sql += ") engine=InnoDB";
+  return table.versioned ? sql + " with system versioning" : sql;
+}
+
+// A table of books that were kept without a history: each index is made anew with the rows' end.
+void addHistory(const TableDefinition& table, const Present& present,
+                std::vector<std::string>& changes) {
+  for (const auto& [name, columns] : present.indexes) {
+    const bool ours = std::ranges::any_of(
+        table.indexes, [&](const std::string& index) { return lower(index) == columns; });
+    if (ours) changes.push_back("drop index `" + name + '`');
+  }
+  changes.push_back(std::string("add column ") + rowFrom);
+  changes.push_back(std::string("add column ") + rowTill);
+  changes.push_back(std::string("add ") + period);
+  changes.push_back("add system versioning");
 }
 
 // "" when nothing is missing.
@@ -78,20 +106,25 @@ std::string repair(const TableDefinition& table, const Present& present) {
     place = "after `" + column.name + '`';
   }
   if (!present.columns.contains(rowIdColumn)) changes.push_back("add column " + rowId);
+  if (table.versioned && !present.columns.contains("row_from")) {
+    addHistory(table, present, changes);
+  }
   for (const std::string& index : table.indexes) {
-    if (!hasIndex(present, index)) changes.push_back("add index (" + index + ')');
+    const std::string columns = indexed(table, index);
+    if (!hasIndex(present, columns)) changes.push_back("add index (" + columns + ')');
   }
   std::string sql;
   for (const std::string& change : changes) sql += (sql.empty() ? "" : ", ") + change;
   return sql.empty() ? sql : "alter table `" + table.name + "` " + sql;
 }
 
-std::vector<TableDefinition> allTables(long tableCount) {
+std::vector<TableDefinition> allTables(long tableCount, bool versioned) {
   std::vector<TableDefinition> tables = sharedTables();
   for (long n = 1; n <= tableCount; ++n) {
     std::vector<TableDefinition> year = yearTables(tableSuffix(n));
     std::move(year.begin(), year.end(), std::back_inserter(tables));
   }
+  for (TableDefinition& table : tables) table.versioned = table.versioned && versioned;
   return tables;
 }
 
@@ -116,7 +149,7 @@ std::vector<std::string> missingStatements(const std::vector<TableDefinition>& t
 
 long completeSchema(Database& database, long tableCount,
                     const std::function<void(long done, long total)>& progress) {
-  const std::vector<TableDefinition> tables = allTables(tableCount);
+  const std::vector<TableDefinition> tables = allTables(tableCount, database.keepsHistory());
   const std::string wanted = wantedText(tables);
   const std::string state = schema_state::current(database, wanted);
   if (!state.empty() && state == schema_state::stored(database)) return 0;

@@ -80,7 +80,8 @@ std::vector<TableDefinition> clientRegister() {
         {"GroupCode", code},
         {"GroupName", name},
         {"Company", name}},
-       {"CodeNo"}},
+       {"CodeNo"},
+       false},
   };
 }
 
@@ -106,15 +107,39 @@ std::vector<TableDefinition> tablesByYear() {
 }
 
 std::vector<TableDefinition> suitesOwn() {
-  return {
+  std::vector<TableDefinition> tables = {
       {"SuitePassword",
        {{"Kind", "varchar(10)"}, {"Code", "varchar(50)"}, {"Hash", "varchar(128)"}},
        {"Kind,Code"}},
       {"SuiteMisc",
        {{"Section", name}, {"Name", name}, {"Value", anyText}, {"Client", code}, {"Yr", dateText}},
        {"Section,Name"}},
-      {"SuiteRemoval", {{"File", anyText}, {"Identity", name}}, {}},
+      // Files of deleted years: to be moved (''), "kept", or to come "back". `At` is when the act
+      // happened.
+      {"SuiteRemoval",
+       {{"File", anyText},
+        {"Identity", name},
+        {"At", "timestamp(6) not null default current_timestamp(6)"},
+        {"State", "varchar(4) not null default ''"}},
+       {"At"}},
+      // The acts that changed versioned tables. `At` is when their rows begin and end.
+      {"SuiteAct",
+       {{"At", "timestamp(6) not null default current_timestamp(6)"},
+        {"Station", anyText},
+        {"Person", anyText},
+        {"Form", anyText},
+        {"Command", anyText},
+        {"Client", code},
+        {"Yr", yearKey},
+        {"Reason", anyText},
+        {"Tables", anyText},
+        {"TakesBack", "timestamp(6) null default null"},
+        {"Digest", "char(64)"},
+        {"Hash", "char(64)"}},
+       {"At", "Client,Yr,At"}},
   };
+  for (TableDefinition& table : tables) table.versioned = false;
+  return tables;
 }
 
 }  // namespace

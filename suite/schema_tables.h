@@ -15,6 +15,7 @@ struct TableDefinition {
   std::string name;
   std::vector<ColumnDefinition> columns;
   std::vector<std::string> indexes;  // the columns of each: "code_no,srno"
+  bool versioned = true;             // the server keeps the rows that were changed or deleted
 };
 
 // Every table carries it as its primary key; designed inserts and `select *` do not see it.

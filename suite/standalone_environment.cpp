@@ -38,11 +38,12 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       database_(database),
       frontEnd_(frontEnd),
       clock_(clock),
-      unit_(database),
+      log_(database),
+      unit_(database, &log_),
       dialogs_(unit_, frontEnd.dialogs()),
-      fileRemoval_(unit_, folder.documents()),
+      fileRemoval_(unit_, folder.documents(), folder.keptFiles()),
       disk_(database.schemaFolder().parent_path()),
-      acts_(unit_, fileRemoval_, disk_, frontEnd.notices(), clock),
+      acts_(unit_, log_, fileRemoval_, disk_, frontEnd.notices(), clock),
       statutoryHeads_(folder.statutoryHeads()) {}
 
 StandaloneEnvironment::~StandaloneEnvironment() = default;
@@ -90,6 +91,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
   noticeLostTables(*database_, folder_, policy);
   backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
+  standalone_.actLog().open();
   completeClientList(*database_);
   noteStart(*database_, folder_, settings_);
   restartModule();

@@ -50,6 +50,7 @@ class StandaloneEnvironment : public Environment {
 
   ActKeeper& acts() { return acts_; }
   UnitOfWork& unit() { return unit_; }
+  ActLog& actLog() { return log_; }
 
   // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) {
@@ -69,6 +70,7 @@ class StandaloneEnvironment : public Environment {
   Database& database_;
   FrontEnd& frontEnd_;
   Clock& clock_;
+  ActLog log_;
   UnitOfWork unit_;
   UnitDialogs dialogs_;
   FileRemoval fileRemoval_;

@@ -7,6 +7,7 @@
 
 #include "data/errors.h"
 #include "data/text.h"
+#include "suite/history/written_table.h"
 
 namespace quillet::suite {
 namespace {
@@ -77,15 +78,32 @@ std::string withinAct(const std::string& sql) {
 
 }  // namespace
 
-UnitOfWork::UnitOfWork(Database& database)
-    : database_(database), shared_(database.schemaFolder().empty()) {}
+UnitOfWork::UnitOfWork(Database& database, ActLog* log)
+    : database_(database), log_(log), shared_(database.schemaFolder().empty()) {}
 
 void UnitOfWork::execute(const std::string& sql) {
   refuseAfterTakingBack();
   if (isFlush(sql)) return;
-  if (!actRuns_()) return database_.execute(sql);
+  if (!actRuns_()) return executeAlone(sql);
   begin();
   send(withinAct(sql));
+}
+
+void UnitOfWork::executeAlone(const std::string& sql) {
+  if (log_ == nullptr) return database_.execute(sql);
+  if (equalIgnoringCase(sql, "start transaction")) return begin();
+  if (equalIgnoringCase(sql, "commit")) return commit();
+  if (equalIgnoringCase(sql, "rollback")) return undo();
+  if (open_) return send(sql);
+  if (!isVersioned(writtenTable(sql))) return database_.execute(sql);
+  try {
+    begin();
+    send(sql);
+    commit();
+  } catch (...) {
+    undo();
+    throw;
+  }
 }
 
 RecordsetPtr UnitOfWork::query(const std::string& sql) {
@@ -106,6 +124,7 @@ void UnitOfWork::begin() {
 
 void UnitOfWork::send(const std::string& sql) {
   try {
+    if (log_ != nullptr) log_->sending(sql);
     database_.execute(sql);
   } catch (const RunTimeError& error) {
     failed(error.number(), error.what());
@@ -127,13 +146,18 @@ void UnitOfWork::failed(long error, const std::string& reason) noexcept {
 }
 
 void UnitOfWork::takeBack(const std::string& reason) noexcept {
-  open_ = false;
   takenBack_ = reason;
+  undo();
+}
+
+void UnitOfWork::undo() noexcept {
+  open_ = false;
   try {
     database_.execute("rollback");
   } catch (const std::exception&) {
     // The connection is gone, and the server takes back by itself what was not committed.
   }
+  if (log_ != nullptr) log_->ended(false);
   if (onTakenBack) onTakenBack();
 }
 
@@ -144,12 +168,25 @@ void UnitOfWork::refuseAfterTakingBack() const {
                      "Unit of work");
 }
 
+void UnitOfWork::logAct() {
+  if (log_ == nullptr || !log_->changed()) return;
+  if (onCommitting) onCommitting(*log_);
+  try {
+    log_->write();
+  } catch (const RunTimeError& error) {
+    failed(error.number(), error.what());
+    throw;
+  }
+}
+
 void UnitOfWork::commit() {
   if (!open_) return;
+  logAct();
   committing_ = true;
   send("commit");
   committing_ = false;
   open_ = false;
+  if (log_ != nullptr) log_->ended(true);
   if (onKept) onKept();
 }
 

@@ -6,6 +6,9 @@
 // in effect. A deadlock, a lost connection, a storage error and a failing commit take the whole act
 // back: the rest of its changes is refused, and end() tells why. What is read then is what is
 // stored.
+//
+// What changes versioned tables is logged as one act with the transaction. Outside of acts each
+// such statement, or each transaction that is sent as statements, is one by itself.
 #pragma once
 
 #include <functional>
@@ -13,20 +16,25 @@
 #include <string>
 
 #include "suite/database.h"
+#include "suite/history/act_log.h"
 
 namespace quillet::suite {
 
 class UnitOfWork {
  public:
-  explicit UnitOfWork(Database& database);
+  // Without a log nothing is logged: for what changes no versioned table.
+  explicit UnitOfWork(Database& database, ActLog* log = nullptr);
   UnitOfWork(const UnitOfWork&) = delete;
   UnitOfWork& operator=(const UnitOfWork&) = delete;
 
-  // Whether an act is running. Without this, and outside of acts, every statement counts by itself.
+  // Whether an act is running. Without this, and outside of acts, every statement counts by itself,
+  // unless a transaction is sent.
   void follow(std::function<bool()> actRuns) { actRuns_ = std::move(actRuns); }
   // What the act changed so far stands for good; or it was taken back. Must not throw.
   std::function<void()> onKept;
   std::function<void()> onTakenBack;
+  // Ahead of each commit of a logged act; what it throws takes the act back.
+  std::function<void(const ActLog& act)> onCommitting;
   // The database is shared with other stations, which wait for what the transaction has locked.
   bool shared() const { return shared_; }
 
@@ -61,10 +69,14 @@ class UnitOfWork {
  private:
   void begin();
   void commit();
+  void logAct();
+  void executeAlone(const std::string& sql);
+  void undo() noexcept;
   void send(const std::string& sql);
   void takeBack(const std::string& reason) noexcept;
 
   Database& database_;
+  ActLog* log_;
   const bool shared_;
   std::function<bool()> actRuns_ = [] { return false; };
   bool committing_ = false;               // until the commit is known to be done

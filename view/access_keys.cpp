@@ -13,26 +13,6 @@ namespace {
 using Deed = AccessKeys::Deed;
 using Meaning = AccessKeys::Meaning;
 
-// The character behind each single mark, and what remains of the caption.
-struct Read {
-  char32_t key = 0;
-  std::string text;
-};
-
-Read read(std::string_view caption) {
-  Read found;
-  for (std::size_t at = 0; at < caption.size();) {
-    char32_t character = nextCharacter(caption, at);
-    if (character == U'&') {
-      if (at == caption.size()) break;
-      character = nextCharacter(caption, at);
-      if (character != U'&' && found.key == 0) found.key = upperCase(character);
-    }
-    appendCharacter(found.text, character);
-  }
-  return found;
-}
-
 void gather(const LayoutItem& node, char32_t key, std::vector<Meaning>& meanings) {
   Control* control = node.control;
   if (control && hasPlace(node)) {
@@ -57,10 +37,6 @@ std::vector<Meaning> meaningsOf(const Form& form, char32_t key) {
 }
 
 }  // namespace
-
-char32_t accessKey(std::string_view caption) { return read(caption).key; }
-
-std::string withoutMarks(std::string_view caption) { return read(caption).text; }
 
 Meaning AccessKeys::press(const Form& form, char32_t character) {
   const char32_t key = upperCase(character);

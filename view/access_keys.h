@@ -1,18 +1,14 @@
-// Access keys: the letter behind "&" in a caption, pressed with Alt. "&&" stands for the character
-// itself. Captions of a form's labels are texts and carry none.
+// Access keys: the marked letter of a caption, pressed with Alt. Captions of a form's labels are
+// texts and carry none.
 #pragma once
 
-#include <string>
-#include <string_view>
-
+#include "controls/caption_marks.h"
 #include "controls/form.h"
 
 namespace quillet::view {
 
-// The access key of a caption, a capital where there is one; 0 for none.
-char32_t accessKey(std::string_view caption);
-// The caption as it is read: without marks.
-std::string withoutMarks(std::string_view caption);
+using quillet::accessKey;
+using quillet::withoutMarks;
 
 // What Alt and a character mean on a form.
 //

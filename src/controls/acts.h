@@ -5,12 +5,21 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 namespace quillet {
+
+// What a person did, in words.
+struct ActName {
+  std::string form;     // its title
+  std::string command;  // "Save", "Enter in Credit Amount"
+};
 
 class Acts {
  public:
   bool running() const { return depth_ > 0; }
+  // Of the running act; empty when it has none.
+  const ActName& name() const { return name_; }
   // The number of the running act. It moves on when the host keeps for good what the act has done
   // so far: what follows can be taken back by itself.
   unsigned long number() const { return number_; }
@@ -25,6 +34,7 @@ class Acts {
   friend class Act;
   int depth_ = 0;
   unsigned long number_ = 0;
+  ActName name_;
 };
 
 // An act runs for as long as this object lives.
@@ -33,6 +43,11 @@ class Act {
   explicit Act(Acts& acts) : acts_(acts) {
     if (acts_.depth_ == 0) begin();
     ++acts_.depth_;
+  }
+  // `name` makes an ActName; the first one within an act that has a command counts.
+  template <class Name>
+  Act(Acts& acts, Name name) : Act(acts) {
+    if (acts_.name_.command.empty()) acts_.name_ = name();
   }
   ~Act() {
     if (acts_.depth_ == 1 && acts_.onEnded) acts_.onEnded();
@@ -45,6 +60,7 @@ class Act {
   // An act that cannot begin leaves none running.
   void begin() {
     ++acts_.number_;
+    acts_.name_ = {};
     if (acts_.onBegun) acts_.onBegun();
   }
 

@@ -7,6 +7,7 @@
 
 #include "controls/open_forms.h"
 #include "controls/scoped_flag.h"
+#include "controls/spoken_name.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -205,10 +206,20 @@ void Form::repairFocus() {
   if (next) moveFocus(next);
 }
 
+// --- acts ---------------------------------------------------------------------------------------
+
+// A button is told by its caption alone, whichever way it was pressed.
+ActName Form::nameOf(const Control* control, Key key) const {
+  std::string command = control == nullptr ? std::string() : spokenName(*control);
+  const std::string pressed(keys::nameOf(key));
+  if (!pressed.empty()) command = pressed + (command.empty() ? "" : " in " + command);
+  return {caption_, command};
+}
+
 // --- keys and clicks ----------------------------------------------------------------------------
 
 Key Form::runKeyHandlers(Key key) {
-  const Act act(openForms_.acts);
+  const Act act(openForms_.acts, [&] { return nameOf(active_, key); });
   const auto each = [&](const Event<Key&>& handler) {
     if (key != keys::none) handler(key);
   };
@@ -224,7 +235,7 @@ Key Form::runKeyHandlers(Key key) {
 }
 
 void Form::handleKey(Key key) {
-  const Act act(openForms_.acts);
+  const Act act(openForms_.acts, [&] { return nameOf(active_, key); });
   if (key == keys::Tab || key == keys::BackTab) {
     focusNext(key == keys::BackTab);
   } else if (active_ && active_->enabled()) {
@@ -233,14 +244,14 @@ void Form::handleKey(Key key) {
 }
 
 void Form::press(Key key) {
-  const Act act(openForms_.acts);
+  const Act act(openForms_.acts, [&] { return nameOf(active_, key); });
   const Key left = runKeyHandlers(key);
   if (left != keys::none) handleKey(left);
   repairFocus();
 }
 
 bool Form::click(Control& control) {
-  const Act act(openForms_.acts);
+  const Act act(openForms_.acts, [&] { return nameOf(&control, keys::none); });
   if (!control.clickable()) return false;
   if (control.takesFocus() && !focus(control)) return false;
   control.clicked();
@@ -249,7 +260,7 @@ bool Form::click(Control& control) {
 }
 
 void Form::doubleClick(Control& control) {
-  const Act act(openForms_.acts);
+  const Act act(openForms_.acts, [&] { return nameOf(&control, keys::none); });
   if (!control.enabled() || !control.shown()) return;
   if (control.takesFocus() && !focus(control)) return;
   control.DblClick();

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/acts.h"
 #include "controls/control.h"
 #include "controls/layout.h"
 
@@ -141,6 +142,7 @@ class Form {
   unsigned adopt(Control& control);
   void disown(Control& control);
   void moveFocus(Control* to);
+  ActName nameOf(const Control* control, Key key) const;
   Control* nextFocusable(Control* from, bool backwards) const;
   void report(std::string_view procedure, const std::exception& error) const noexcept;
 

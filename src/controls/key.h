@@ -38,6 +38,8 @@ constexpr bool isPressed(Key key) { return key < firstNamed; }
 
 // The key called "Enter", "Tab", "Up" and so on, or the one character that the name consists of.
 std::optional<Key> named(std::string_view name);
+// What a key that writes nothing is called; "" for the others.
+std::string_view nameOf(Key key);
 }  // namespace keys
 
 }  // namespace quillet

@@ -29,13 +29,14 @@ local function cells(row)
 end
 
 -- Every row of every table and every file that belongs to a year, in one order; without what the
--- suite notes of the tables' definitions, and what only fills the disk.
+-- suite notes of the tables' definitions, when it happened, and what only fills the disk.
 local left_out = { SchemaState = true, filling = true }
 local function books()
   local lines = {}
   local columns = quillet.query("select table_name, group_concat('ifnull(`', column_name, " ..
     "'`,\\'-\\')' order by ordinal_position) from information_schema.columns where " ..
-    "table_schema=database() and extra not like '%auto_increment%' group by table_name")
+    "table_schema=database() and extra not like '%auto_increment%' and column_name not in " ..
+    "('row_from','row_till','At','Hash') group by table_name")
   for _, each in ipairs(columns) do
     for _, row in ipairs(quillet.query("select " .. each[2] .. " from `" .. each[1] .. "`")) do
       if not left_out[row[2]] then lines[#lines + 1] = each[1] .. ": " .. cells(row) end
@@ -44,7 +45,7 @@ local function books()
   for _, each in ipairs(quillet.check()) do
     lines[#lines + 1] = "unsound: " .. each.client .. " " .. each.year .. ": " .. each.what
   end
-  local files = assert(io.popen("cd '" .. quillet.paths.doc .. "' && find . -type f"))
+  local files = assert(io.popen("cd '" .. quillet.paths.doc .. "' && find . -type f -not -path './Deleted/*'"))
   for name in files:lines() do lines[#lines + 1] = "file " .. name end
   files:close()
   table.sort(lines)

@@ -128,16 +128,28 @@ TEST_F(ActsTest, FilesGoWhenTheActStands) {
   EXPECT_TRUE(fs::exists(file));
   act(remove);
   EXPECT_FALSE(fs::exists(file));
-  EXPECT_EQ(value("select count(*) from SuiteRemoval"), "0");
+  EXPECT_EQ(value("select State from SuiteRemoval"), "kept");
   notices();
+  const auto at = suite::instantFrom(value("select At from SuiteRemoval"));
+  EXPECT_EQ(value("select count(*) from SuiteAct where Tables='mast_part' and At='" +
+                  suite::instantText(at) + '\''),
+            "1");
+  suite::UnitOfWork unit(practice.database());
+  suite::FileRemoval removal(unit, practice.folder().documents(), practice.folder().keptFiles());
+  removal.removeOld();
+  removal.bringBack(at);
+  EXPECT_TRUE(removal.carryOut().empty());
+  EXPECT_TRUE(fs::exists(file)) << "it comes back with the act";
+  EXPECT_EQ(value("select count(*) from SuiteRemoval"), "0");
 
   // A file of that name that was made since, and a name that leads elsewhere.
   write("a new one");
   exec(
       "insert into SuiteRemoval(File,Identity) values('Annex_1.rtf','1 3 0 0'),"
       "('../settings.ini','')");
-  suite::UnitOfWork unit(practice.database());
-  EXPECT_TRUE(suite::FileRemoval(unit, practice.folder().documents()).carryOut().empty());
+  EXPECT_TRUE(suite::FileRemoval(unit, practice.folder().documents(), practice.folder().keptFiles())
+                  .carryOut()
+                  .empty());
   EXPECT_TRUE(fs::exists(file));
   EXPECT_TRUE(fs::exists(practice.folder().settings()));
   fs::remove(file);

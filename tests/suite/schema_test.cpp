@@ -53,13 +53,35 @@ TEST_F(SchemaTest, CompletesWhatIsMissingAndKeepsRows) {
   exec("drop table BANK_" + tableSuffix(1));
   exec("alter table " + table + " drop column partid, drop column nid");
   exec("alter table Mast_Part drop index PartId");
-  exec("alter table owner1 drop column row_id");
+  exec("alter table TempClTbl drop column row_id");
 
   EXPECT_EQ(complete(), 4);
   EXPECT_EQ(columns(table), whole) << "columns stand where they were";
   EXPECT_EQ(value("select amt from " + table), "5");
   EXPECT_EQ(value("select count(*) from BANK_" + tableSuffix(1)), "0");
   EXPECT_EQ(complete(), 0);
+}
+
+// Books of a time when nothing was kept of what was changed.
+TEST_F(SchemaTest, AddsTheHistoryToATableThatHasNone) {
+  const std::string indexes =
+      "select group_concat(distinct index_name,'.',seq_in_index,'.',column_name order by 1) from"
+      " information_schema.statistics where table_schema=database() and table_name='RMGRP_1'"
+      " and column_name<>'row_id' and index_name<>'PRIMARY'";
+  exec("insert into RMGRP_1 values('C1',1,2,3,4,5,6,7)");
+  const std::string before = value(indexes);
+  exec("alter table RMGRP_1 drop system versioning, drop period for system_time,"
+       " drop column row_from, drop column row_till,"
+       " drop index Code_No, drop index GrpSr, add index(Code_No,SrNo), add index(GrpSr)");
+  EXPECT_EQ(complete(), 1);
+  EXPECT_EQ(value(indexes), before);
+  EXPECT_EQ(value("select GrpOrder from RMGRP_1"), "7");
+  exec("delete from RMGRP_1");
+  EXPECT_EQ(value("select count(*) from RMGRP_1 for system_time all"), "1");
+  exec("alter table RMGRP_1 add column more int");
+  EXPECT_EQ(value("select count(*) from RMGRP_1 for system_time all"), "1")
+      << "a further column leaves the history as it is";
+  exec("alter table RMGRP_1 drop column more");
 }
 
 TEST_F(SchemaTest, TheStatementsFiltersAreIndexed) {

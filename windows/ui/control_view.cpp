@@ -3,7 +3,7 @@
 #include "controls/basic_controls.h"
 #include "controls/open_forms.h"
 #include "controls/scoped_flag.h"
-#include "view/spoken_name.h"
+#include "controls/spoken_name.h"
 #include "windows/com/text.h"
 #include "windows/ui/accessible_name.h"
 #include "windows/ui/message_scope.h"
@@ -101,7 +101,7 @@ SIZE ControlView::wantedSize(const Metrics& metrics) const {
 }
 
 std::wstring ControlView::accessibleName() const {
-  const std::string name = view::spokenName(control());
+  const std::string name = spokenName(control());
   return wide(name.empty() ? ownName() : name);
 }
 

@@ -1,9 +1,9 @@
-#include "view/spoken_name.h"
+#include "controls/spoken_name.h"
 
+#include "controls/caption_marks.h"
 #include "controls/form.h"
-#include "view/access_keys.h"
 
-namespace quillet::view {
+namespace quillet {
 namespace {
 
 const LayoutItem* placeOf(const Control& control, const LayoutItem& node) {
@@ -25,4 +25,4 @@ std::string spokenName(const Control& control) {
   return caption.empty() ? control.toolTip() : caption;
 }
 
-}  // namespace quillet::view
+}  // namespace quillet

@@ -1,0 +1,176 @@
+#include "suite/history/act_log.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "data/text.h"
+#include "suite/history/act_row.h"
+#include "suite/history/written_table.h"
+
+namespace quillet::suite {
+namespace {
+
+// A clock that is so far behind is wrong; less may be its daily correction.
+constexpr Instant noticed = 60LL * 1'000'000;
+
+std::string stationName() {
+  std::array<char, 256> name{};
+  if (gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
+
+std::string accountName() {
+  const passwd* account = getpwuid(getuid());
+  return account == nullptr ? std::to_string(getuid()) : account->pw_name;
+}
+
+// Half a microsecond more, since the server cuts what its number does not hold exactly.
+std::string timestampNumber(Instant instant) {
+  std::string fraction = std::to_string(instant % 1'000'000);
+  fraction.insert(0, 6 - fraction.size(), '0');
+  return std::to_string(instant / 1'000'000) + '.' + fraction + '5';
+}
+
+}  // namespace
+
+ActLog::ActLog(Database& database)
+    : database_(database),
+      keeps_(database.keepsHistory()),
+      shared_(database.schemaFolder().empty()) {}
+
+void ActLog::open() {
+  if (!keeps_) return;
+  readLast();
+  if (last_ == 0) alone("The history begins", [] {});
+}
+
+void ActLog::sending(const std::string& sql) {
+  if (!keeps_) return;
+  std::string table = writtenTable(sql);
+  // A file that goes with the act is noted under its instant.
+  if (instant_ == 0 && sql.starts_with("insert into SuiteRemoval")) begin();
+  if (!isVersioned(table)) return;
+  if (instant_ == 0) begin();
+  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || !namesClient(sql);
+  tables_.insert(std::move(table));
+  digest_.add(sql);
+}
+
+// What is changed for one client names it.
+bool ActLog::namesClient(const std::string& sql) const {
+  const std::string client = cause ? cause().client : std::string();
+  return !client.empty() && sql.find('\'' + database_.escape(client) + '\'') != std::string::npos;
+}
+
+void ActLog::note(std::string reason, Instant takesBack) {
+  reason_ = std::move(reason);
+  takesBack_ = takesBack;
+}
+
+void ActLog::begin() {
+  readLast();
+  const Instant clock = now();
+  if (clock + noticed < last_ && !std::exchange(toldOfClock_, true) && onClockBehind) {
+    onClockBehind("The clock of this computer stands at " + localTime(clock) +
+                  ", before the last change of the books at " + localTime(last_) +
+                  ". Changes are logged in their right order, but with that time. Please set the"
+                  " clock.");
+  }
+  instant_ = std::max(clock, last_ + 1);
+  tables_.clear();
+  digest_ = Digest();
+  database_.execute("set timestamp=" + timestampNumber(instant_));
+}
+
+// Other stations of a server may have gone on.
+void ActLog::readLast() {
+  if (last_ >= 0 && !shared_) return;
+  const RecordsetPtr row =
+      database_.query("select At, Hash from SuiteAct order by At desc limit 1");
+  last_ = row->EOF_() ? 0 : instantFrom(row->text(0));
+  lastHash_ = row->EOF_() ? std::string() : row->text(1);
+}
+
+// What changes the books of several years is nobody's in particular.
+ActCause ActLog::describe() const {
+  ActCause told = cause ? cause() : ActCause{};
+  std::set<std::string> years;
+  for (const std::string& table : tables_) {
+    if (const std::string suffix = yearSuffix(table); !suffix.empty()) years.insert(suffix);
+  }
+  if (years.size() != 1 || othersToo_) {
+    if (!years.empty() || !tables_.contains("master")) told.client.clear();
+    told.secondDate.clear();
+  } else if (!equalIgnoringCase(told.table, "TAB_" + *years.begin())) {
+    told.secondDate = yearOf(told.client, *years.begin());
+  }
+  return told;
+}
+
+// The year may be gone by now.
+std::string ActLog::yearOf(const std::string& client, const std::string& suffix) const {
+  const RecordsetPtr row = database_.query(
+      "select s_yr from master for system_time all where code_no='" + database_.escape(client) +
+      "' and tbl_nm='TAB_" + suffix + "' order by row_till desc limit 1");
+  return row->EOF_() ? std::string() : row->text(0);
+}
+
+void ActLog::write() {
+  if (instant_ != 0) insert(describe());
+}
+
+void ActLog::insert(const ActCause& told) {
+  ActRow row;
+  row.at = instant_;
+  row.station = stationName();
+  row.person = shared_ ? database_.query("select current_user()")->text(0) : accountName();
+  row.form = told.form;
+  row.command = told.command;
+  row.client = told.client;
+  row.secondDate = told.secondDate;
+  row.reason = reason_;
+  for (const std::string& table : tables_) row.tables += (row.tables.empty() ? "" : ",") + table;
+  row.takesBack = takesBack_;
+  row.digest = digest_.hex();
+  hash_ = row.hashAfter(lastHash_);
+  database_.execute(row.insertion(database_, hash_));
+}
+
+void ActLog::ended(bool kept) noexcept {
+  if (instant_ == 0) return;
+  if (kept) {
+    last_ = instant_;
+    lastHash_ = hash_;
+  }
+  instant_ = 0;
+  reason_.clear();
+  takesBack_ = 0;
+  othersToo_ = false;
+  try {
+    database_.execute("set timestamp=default");
+  } catch (const std::exception&) {
+    // The connection is gone, and its time with it.
+  }
+}
+
+void ActLog::alone(const std::string& command, const std::function<void()>& work) {
+  if (!keeps_) return work();
+  begin();
+  try {
+    work();
+    ActCause told;
+    told.command = command;
+    insert(told);
+  } catch (...) {
+    // What was done so far stands, and later changes lie after it.
+    ended(true);
+    throw;
+  }
+  ended(true);
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,90 @@
+// The log of acts. Each act that changes versioned tables happens at one instant of its own and
+// leaves one row in SuiteAct: when, at which station, who, by which command, on whose books, and a
+// hash over that and the row before. The rows that the act began or ended carry its instant, so
+// that the log says of every version who made it.
+//
+// Instants rise whatever the clock of the computer does: a row that began later than it ends would
+// leave no history.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "suite/database.h"
+#include "suite/history/digest.h"
+#include "suite/history/instant.h"
+
+namespace quillet::suite {
+
+// What an act is told by.
+struct ActCause {
+  std::string form;        // "Trial Balance Generation"
+  std::string command;     // "Save", "Enter in Credit Amount"
+  std::string client;      // its code, "" for what all clients share
+  std::string table;       // of the year that is being worked on: "TAB_2"
+  std::string secondDate;  // and its end: "31032009"
+};
+
+class ActLog {
+ public:
+  explicit ActLog(Database& database);
+
+  // Once the tables are there: the first act of all says since when there is a history.
+  void open();
+
+  // False on a server that keeps no history: nothing is logged then.
+  bool keeps() const { return keeps_; }
+
+  // Asked for each act. What the act changed decides which year it is.
+  std::function<ActCause()> cause;
+  // Told once when the clock of the computer stands well before the last act.
+  std::function<void(const std::string& text)> onClockBehind;
+
+  // To be called ahead of each statement of a transaction; the first one that changes a versioned
+  // table fixes the instant.
+  void sending(const std::string& sql);
+  // Whether the transaction that is open has changed versioned tables.
+  bool changed() const { return instant_ != 0; }
+  Instant instant() const { return instant_; }
+  // In small letters.
+  const std::set<std::string>& tables() const { return tables_; }
+  // What the transaction that is open, or the next one, is told by besides its cause.
+  void note(std::string reason, Instant takesBack = 0);
+  // Writes the row, ahead of the commit.
+  void write();
+  // The transaction was committed, or taken back.
+  void ended(bool kept) noexcept;
+
+  // Runs work that changes many rows outside of acts, as one that counts by itself. What happened
+  // is logged under that command, but cannot be taken back as one act.
+  void alone(const std::string& command, const std::function<void()>& work);
+
+  // The time comes from here.
+  std::function<Instant()> now = instantNow;
+
+ private:
+  void begin();
+  void readLast();
+  bool namesClient(const std::string& sql) const;
+  ActCause describe() const;
+  void insert(const ActCause& told);
+  std::string yearOf(const std::string& client, const std::string& suffix) const;
+
+  Database& database_;
+  const bool keeps_;
+  const bool shared_;
+  Instant last_ = -1;     // of the last act, -1 when not read yet
+  std::string lastHash_;  // and its hash
+  bool toldOfClock_ = false;
+  Instant instant_ = 0;  // of the transaction that is open
+  std::string hash_;
+  std::string reason_;
+  Instant takesBack_ = 0;
+  bool othersToo_ = false;  // it changed books of other clients than the one in work
+  std::set<std::string> tables_;
+  Digest digest_;
+};
+
+}  // namespace quillet::suite

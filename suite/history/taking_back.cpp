@@ -1,0 +1,72 @@
+#include "suite/history/taking_back.h"
+
+#include <set>
+
+#include "suite/history/act_inverse.h"
+
+namespace quillet::suite {
+namespace {
+
+// A person goes back a few steps; the log may have tens of thousands.
+constexpr long steps = 500;
+
+}  // namespace
+
+std::string wordsFor(const ActRow& act) {
+  std::string text = act.command.empty() ? "A change outside of the forms" : act.command;
+  if (!act.form.empty()) text += " (" + act.form + ')';
+  return text + ", " + localTime(act.at) + ", " + act.person;
+}
+
+// Seen from the newest: what an act in effect takes back is not in effect.
+std::vector<LoggedAct> TakingBack::read(const std::string& where, long most) const {
+  std::vector<LoggedAct> found;
+  std::set<Instant> undone;
+  const RecordsetPtr rows =
+      unit_.query(std::string("select ") + ActRow::columns + " from SuiteAct" + where +
+                  " order by At desc limit " + std::to_string(most));
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    LoggedAct act{ActRow::from(*rows)};
+    act.takenBack = undone.contains(act.row.at);
+    if (!act.takenBack && act.row.takesBack != 0) undone.insert(act.row.takesBack);
+    found.push_back(std::move(act));
+  }
+  return found;
+}
+
+std::vector<LoggedAct> TakingBack::acts(const std::string& client, long most) const {
+  return read(client.empty() ? "" : " where Client in ('','" + unit_.escape(client) + "')", most);
+}
+
+std::optional<ActRow> TakingBack::last(const std::string& client,
+                                       const std::string& secondDate) const {
+  for (const LoggedAct& act : read(" where Client='" + unit_.escape(client) + "' and Yr='" +
+                                       unit_.escape(secondDate) + '\'',
+                                   steps)) {
+    if (act.takenBack || act.row.takesBack != 0) continue;
+    if (!ActInverse(unit_, act.row).empty()) return act.row;
+  }
+  return std::nullopt;
+}
+
+std::string TakingBack::whatItChanged(const ActRow& act) const {
+  return ActInverse(unit_, act).words();
+}
+
+std::vector<std::string> TakingBack::conflicts(const ActRow& act) const {
+  const ActInverse inverse(unit_, act);
+  if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
+  return inverse.conflicts();
+}
+
+std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
+  const ActInverse inverse(unit_, act);
+  if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
+  if (auto conflicts = inverse.conflicts(); !conflicts.empty()) return conflicts;
+  log_.note("Takes back: " + wordsFor(act), act.at);
+  inverse.send();
+  if (onTakenBack) onTakenBack(act);
+  return {};
+}
+
+}  // namespace quillet::suite

@@ -1,0 +1,51 @@
+// Takes acts back, one by one or a chosen one: each is a new act, which is logged and can be taken
+// back itself.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "suite/history/act_row.h"
+#include "suite/unit_of_work.h"
+
+namespace quillet::suite {
+
+// An act as the log has it, newest first.
+struct LoggedAct {
+  ActRow row;
+  bool takenBack = false;  // by a later act that is in effect itself
+};
+
+// "Save, 22/11/2026 14:05:10, anita"
+std::string wordsFor(const ActRow& act);
+
+class TakingBack {
+ public:
+  TakingBack(UnitOfWork& unit, ActLog& log) : unit_(unit), log_(log) {}
+
+  // The last acts on that client's books, of all clients for "", as many as are asked for.
+  std::vector<LoggedAct> acts(const std::string& client, long most) const;
+  // The last act on that year's books that is in effect, takes none back and can be taken back.
+  std::optional<ActRow> last(const std::string& client, const std::string& secondDate) const;
+
+  // "The line of Rent under EXPENSES (client C1), and 3 more rows."
+  std::string whatItChanged(const ActRow& act) const;
+  // What stands in the way of taking it back; nothing when it can be.
+  std::vector<std::string> conflicts(const ActRow& act) const;
+  // Within an act. Nothing is changed when something stands in the way, which is told.
+  std::vector<std::string> takeBack(const ActRow& act);
+
+  // Told after an act was taken back: what it changed must be read anew, and the files that it
+  // removed come back.
+  std::function<void(const ActRow& act)> onTakenBack;
+
+ private:
+  std::vector<LoggedAct> read(const std::string& where, long most) const;
+
+  UnitOfWork& unit_;
+  ActLog& log_;
+};
+
+}  // namespace quillet::suite
