@@ -18,7 +18,7 @@ namespace quillet::calc {
 struct CellError {
   std::string shown;
 };
-// What a template is made of. A column without headings has them written with its cells.
+// What a template is made of. A column without a heading gets it with its cells.
 struct TemplateColumn {
   const char* heading;
   sal_Int32 width;  // hundredths of a millimetre

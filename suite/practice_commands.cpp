@@ -1,5 +1,8 @@
 #include "suite/practice_commands.h"
 
+#include <algorithm>
+
+#include "host/rights.h"
 #include "suite/standalone_environment.h"
 #include "suite/table_numbers.h"
 
@@ -20,16 +23,19 @@ PracticeCommands::PracticeCommands(Practice& practice)
       mnualterclient_(home_, "mnualterclient", "&Alter Client...", &mnupractice_, "F2"),
       mnudeleteclient_(home_, "mnudeleteclient", "&Delete Client...", &mnupractice_),
       mnuline_(home_, "mnupracticeline", "-", &mnupractice_),
+      mnustatements_(home_, "mnustatements", "S&tatements by Head...", &mnupractice_, "F7"),
       mnusettings_(home_, "mnusettings", "&Settings...", &mnupractice_),
       client_(practice.context().openForms, practice.environment().unit(),
               practice.environment().dialogs(), practice.environment().clock(),
               [&practice] { return tableNumbers(practice.settings(), practice.database()); }),
       settings_(practice.context().openForms, practice.settings(),
                 practice.environment().dialogs()),
-      firm_(practice.context().openForms, practice.settings(), practice.environment().dialogs()) {
+      firm_(practice.context().openForms, practice.settings(), practice.environment().dialogs()),
+      statements_(practice.context()) {
   mnunewclient_.Click = [this] { newClient(); };
   mnualterclient_.Click = [this] { alterClient(); };
   mnudeleteclient_.Click = [this] { deleteClient(); };
+  mnustatements_.Click = [this] { showStatements(); };
   mnusettings_.Click = [this] { showSettings(); };
   settings_.onKept = [this] { practice_.frontEnd().usePreferences(practice_.settings()); };
   home_.ClGrd1.setEmptyRegisterText(
@@ -46,6 +52,24 @@ void PracticeCommands::askForFirm() {
 void PracticeCommands::showSettings() {
   practice_.service().resize_for_resolution(settings_);
   settings_.showModal();
+}
+
+void PracticeCommands::showStatements() {
+  const std::optional<Client> client = clientToChange();
+  if (!client) return;
+  const auto years = Registry(practice_.service()).yearsOf(client->code);
+  const bool listed = home_.Frame1.visible() && home_.famyears.visible();
+  const YearKeys* chosen = listed && !home_.mergeList.shown() ? home_.years.chosen() : nullptr;
+  const auto year = chosen ? std::ranges::find(years, *chosen, &RegisteredYear::keys)
+                           : years.end() - (years.empty() ? 0 : 1);
+  if (year == years.end() || year->table.empty()) {
+    home_.status(called(*client) + ", has no year to draw statements of.");
+    return;
+  }
+  if (year->isSigned && !practice_.service().CheckPass(right::open)) return;
+  home_.status("");
+  statements_.INITDATA({year->table, client->code}, client->displayName(), year->keys);
+  statements_.showModal();
 }
 
 // --- clients ------------------------------------------------------------------------------------

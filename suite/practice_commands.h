@@ -1,11 +1,12 @@
-// What the suite adds to the home form: a menu for the practice as a whole, with its clients and
-// its settings, and the words of a list without clients.
+// What the suite adds to the home form: a menu for the practice as a whole, with its clients,
+// their statements and its settings, and the words of a list without clients.
 #pragma once
 
 #include <string>
 
 #include "controls/basic_controls.h"
 #include "home/third.h"
+#include "statements/frmstatements.h"
 #include "suite/client_form.h"
 #include "suite/firm_form.h"
 #include "suite/settings_form.h"
@@ -30,6 +31,8 @@ class PracticeCommands {
   void changed(const std::string& code, const std::string& told);
   // The client in view, once its password was given. Nothing when there is none.
   std::optional<Client> clientToChange();
+  // Of the year chosen in the list of years, or else of the client's last one.
+  void showStatements();
   void showSettings();
 
   Practice& practice_;
@@ -39,10 +42,12 @@ class PracticeCommands {
   MenuEntry mnualterclient_;
   MenuEntry mnudeleteclient_;
   MenuEntry mnuline_;
+  MenuEntry mnustatements_;
   MenuEntry mnusettings_;
   frmClient client_;
   frmSettings settings_;
   frmFirm firm_;
+  frmstatements statements_;
 };
 
 }  // namespace quillet::suite

@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "books/clients.h"
+#include "statements/frmstatements.h"
 
 namespace quillet {
 namespace {
@@ -74,6 +75,8 @@ void frmcrtb::attachMenus() {
   mnunewgroup.Click = [this] { MNUNEWGROUP_CLICK(); };
   cmdgrpmanf.Click = [this] { CMDGRPMANF_CLICK(); };
   on(mnuopening.Click, "MNUOPENING_CLICK", [this] { MNUOPENING_CLICK(); });
+  mnustatements.Click = [this] { MNUSTATEMENTS_CLICK(); };
+  mnustatements.setVisible(frmstatements::offered(books_.context));
   on(mnurefresh.Click, "REFRESHTB", [this] { REFRESHTB(); });
   mnuall.Click = [this] { MNUALL_CLICK(); };
   mnuclonly.Click = [this] { MNUCLONLY_CLICK(); };
@@ -202,8 +205,8 @@ void frmcrtb::SETBUTTON() {
     mnualter.setEnabled(selected);
     mnudelete.setEnabled(selected);
     for (Control* command :
-         std::initializer_list<Control*>{&mnugroup, &mnushsumm, &mnuprnsumm, &mnujournal,
-                                         &mnunewgroup, &cmdgrpmanf, &mnuopening}) {
+         std::initializer_list<Control*>{&mnugroup, &mnushsumm, &mnustatements, &mnuprnsumm,
+                                         &mnujournal, &mnunewgroup, &cmdgrpmanf, &mnuopening}) {
       command->setEnabled(table);
     }
     const bool read = table && books_.years.linesRead() && groupsRead_;

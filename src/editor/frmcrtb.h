@@ -70,6 +70,7 @@ class frmcrtb : public Form {
   MenuEntry mnugroup{*this, "mnugroup", "&Group View", &mnuview, "Ctrl+G"};
   MenuEntry mnushsumm{*this, "mnushsumm", "Summary &Figures", &mnuview, "F6"};
   MenuEntry mnuopening{*this, "mnuopening", "&Opening Agrees with Last Closing...", &mnuview};
+  MenuEntry mnustatements{*this, "mnustatements", "State&ments by Head...", &mnuview, "F7"};
   MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
   ControlArray<MenuEntry> mnusortopt{
       *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
@@ -159,6 +160,7 @@ class frmcrtb : public Form {
   void MNUNEWGROUP_CLICK();
   void CMDGRPMANF_CLICK();
   void MNUOPENING_CLICK();
+  void MNUSTATEMENTS_CLICK();
 
   void LOADFIGS() { summaryPage_.LOADFIGS(); }
 

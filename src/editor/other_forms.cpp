@@ -1,10 +1,11 @@
 // The editor's ways to other forms: the journal, a new group while a line is entered, the
-// raw-material binding.
+// raw-material binding, the statements.
 #include "editor/frmcrtb.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
 #include "masters/frmgrpmas.h"
 #include "ports/busy.h"
+#include "statements/frmstatements.h"
 #include "yearend/opening_report.h"
 
 namespace quillet {
@@ -62,6 +63,17 @@ void frmcrtb::MNUOPENING_CLICK() {
   if (years.hasTable()) {
     reportOpening(books_.context, years.client(), years.keys(years.yearInView()));
   }
+}
+
+void frmcrtb::MNUSTATEMENTS_CLICK() {
+  leaveEntry();
+  if (!saver_.mayChangeLines()) return;
+  const TwoYears& years = books_.years;
+  const TwoYears::Year year = years.yearInView();
+  auto statements = std::make_unique<frmstatements>(books_.context);
+  statements->INITDATA(years.books(year), years.clientName(), years.keys(year));
+  master_ = std::move(statements);
+  master_->showModal();
 }
 
 void frmcrtb::mastersChanged() {

@@ -221,10 +221,14 @@ TEST(HelpPages, AreWholeAndBelongToTheirForms) {
   }
   EXPECT_EQ(helpTopics().front().id, QStringLiteral("contents"));
   EXPECT_EQ(linked.size(), helpTopics().size()) << "the contents name every page";
-  const std::pair<const char*, const char*> forms[] = {
-      {"third", "2-2"},           {"frmcrtb", "2-2-1"},       {"frmjrnl", "journal"},
-      {"frmgrpmas", "groups"},    {"frmtbledmas", "ledgers"}, {"frmgrpRM", "binding"},
-      {"frmdelwhatinTB", "years"}};
+  const std::pair<const char*, const char*> forms[] = {{"third", "2-2"},
+                                                       {"frmcrtb", "2-2-1"},
+                                                       {"frmjrnl", "journal"},
+                                                       {"frmgrpmas", "groups"},
+                                                       {"frmtbledmas", "ledgers"},
+                                                       {"frmgrpRM", "binding"},
+                                                       {"frmdelwhatinTB", "years"},
+                                                       {"frmstatements", "statements"}};
   for (const auto& [form, topic] : forms) {
     ASSERT_TRUE(helpOfForm(form)) << form;
     EXPECT_EQ(helpOfForm(form)->id, topic);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
@@ -11,6 +12,7 @@
 #include "books/amount.h"
 #include "printing/export_fixture.h"
 #include "review/frmimport.h"
+#include "statements/frmstatements.h"
 
 namespace quillet::support {
 namespace {
@@ -51,7 +53,7 @@ class Variable {
   std::optional<std::string> before_;
 };
 
-// Texts, numbers and errors of the only sheet, by row and column.
+// Texts, numbers and errors of a sheet, by row and column.
 using Place = std::pair<int, int>;
 struct Read {
   std::map<Place, std::string> texts, errors;
@@ -72,17 +74,21 @@ class CalcTest : public ExportTest {
     EXPECT_EQ(std::system(command.c_str()), 0);
     Read read;
     std::istringstream lines(contentOf(dump));
+    bool found = false, here = false;
     for (std::string text; std::getline(lines, text);) {
       const suite::CalcLine line = suite::calcLine(text);
       if (line[0] == "sheet") {
-        EXPECT_EQ(line[1], sheet);
+        here = line[1] == sheet;
+        found = found || here;
         continue;
       }
+      if (!here) continue;
       const Place at{std::stoi(line[1]), std::stoi(line[2])};
       if (line[0] == "text") read.texts[at] = line[3];
       if (line[0] == "error") read.errors[at] = line[3];
       if (line[0] == "number") read.numbers[at] = shownAmount(line[3]).rupees();
     }
+    EXPECT_TRUE(found) << sheet;
     return read;
   }
   // What LibreOffice itself makes of the file: the new one stands in the tests' folder.
@@ -161,6 +167,46 @@ TEST_F(CalcTest, WhatWasExportedImportsWithoutADifference) {
   whole.click(whole.cmdimport);
   EXPECT_EQ(rows(select), before);
   messages();
+}
+
+// The statement on its sheet is what the form shows, and the schedules stand on the sheet of notes.
+TEST_F(CalcTest, StatementsComeBackAsTheyWere) {
+  const fs::path own = practice.folder().program() / suite::statementsTemplate;
+  fs::copy_file(realTemplate().parent_path() / own.filename(), own,
+                fs::copy_options::overwrite_existing);
+  group("=SUM(C1:C9)", 12);
+  addYear(
+      "C2", 2008,
+      {{"=1+1", "=SUM(C1:C9)", -12'345.67}, {"@Shop", "RENT", 345.67}, {"Cash", "BANKS", 11'990}});
+  frmcrtb& editor = open("C2", 2008);
+  editor.click(editor.mnustatements);
+  auto& form = dynamic_cast<frmstatements&>(*context().openForms.active());
+  dialogs.queueFile(target_.string());
+  form.click(form.cmdexport);
+  EXPECT_EQ(messages(), (Texts{exportedTo(target_)}));
+  EXPECT_EQ(dialogs.takePrompts(),
+            (Texts{(practice.folder().documents() / "C2 2008-09 Statements.xls").string()}));
+  const Read sheet = readBack("Balance Sheet");
+  constexpr int above = 4;
+  for (int row = 1; row <= form.vsfh.rows(); ++row) {
+    EXPECT_EQ(sheet.texts.at({row + above, 1}), form.vsfh.cell(row, 0));
+    const auto amount = sheet.numbers.find({row + above, 3});
+    EXPECT_EQ(amount == sheet.numbers.end()
+                  ? ""
+                  : statementAmount(host(), Money::rounded(amount->second)),
+              form.vsfh.cell(row, 2));
+  }
+  EXPECT_EQ(sheet.texts.at({1, 1}) + sheet.texts.at({1, 4}), "Particulars31/03/2008");
+  const Read notes = readBack("Notes");
+  const auto formula =
+      std::ranges::find(notes.texts, "    =1+1", &std::pair<const Place, std::string>::second);
+  ASSERT_NE(formula, notes.texts.end());
+  EXPECT_EQ(notes.numbers.at({formula->first.first, 3}), 12'345.67);
+  EXPECT_TRUE(notes.errors.empty());
+  // By a program that is not ours; of several sheets it converts the first.
+  const std::string text = contentOf(converted(target_, "csv"));
+  EXPECT_NE(text.find("Total assets,,11990,0"), std::string::npos) << text;
+  fs::remove(own);
 }
 
 TEST_F(CalcTest, AFullDiskLosesNothing) {
