@@ -127,7 +127,7 @@ std::vector<TemplateSheet> linesTemplate() {
 
 std::vector<TemplateSheet> statementsTemplate() {
   const std::vector<TemplateColumn> columns{
-      {"", 11'000}, {"", 1'600}, {"", 4'200, true}, {"", 4'200, true}};
+      {"", 9'000}, {"", 1'400}, {"", 3'200, true}, {"", 3'200, true}};
   return {{"Balance Sheet", columns},
           {"Profit and Loss", columns},
           {"Income Tax", columns},

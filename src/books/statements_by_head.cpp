@@ -85,8 +85,8 @@ class Placing {
 
  private:
   struct Place {
-    HeadKind kind;
-    const StatutoryHead* head;  // null: mapped to none
+    HeadKind kind = HeadKind::asset;
+    const StatutoryHead* head = nullptr;  // mapped to none
     std::string lostHead = {};
   };
   // By the key of the name, so that they are in their order; several may have one name.
@@ -102,9 +102,12 @@ class Placing {
     return found == mappings_.end() ? nullptr : heads_.find(scheme, found->second.head(scheme).id);
   }
 
-  Place placeOf(long group) {
-    if (const StatutoryHead* head = mappedTo(group, scheme_)) return {head->kind, head};
-    return {unmappedKind(group), nullptr, lostHead(group)};
+  const Place& placeOf(long group) {
+    const auto known = places_.find(group);
+    if (known != places_.end()) return known->second;
+    const StatutoryHead* head = mappedTo(group, scheme_);
+    return places_[group] = head ? Place{head->kind, head}
+                                 : Place{unmappedKind(group), nullptr, lostHead(group)};
   }
 
   // A group of no known side counts where this year's balance has it, or else last year's.
@@ -247,6 +250,7 @@ class Placing {
   const GroupMappings& mappings_;
   const StatutoryHeadList& heads_;
   const Scheme scheme_;
+  std::map<long, Place> places_;  // by group
   std::array<std::map<const StatutoryHead*, GatheredGroups>, 4> gathered_;
 };
 
