@@ -15,12 +15,9 @@
 #include "forms/home_fixture.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
-<<<<<<< HEAD
 #include "review/frmimport.h"
 #include "review/frmvchimport.h"
-=======
 #include "statements/frmstatements.h"
->>>>>>> 02e14b9 (Show, print and export the statements by head)
 #include "suite/client_form.h"
 #include "suite/firm_form.h"
 #include "suite/settings_form.h"
@@ -137,12 +134,8 @@ TEST_F(Accessibility, EveryPageFitsAndNamesItsControlsAndTablesTellWhatIsShown) 
       std::make_unique<frmstatements>(context())};
   dialogs.answering = [](const Message&) { return Answer::No; };
   theApplication().follow(context().openForms);
-<<<<<<< HEAD
   static_cast<suite::frmTrade&>(*forms[9]).LoadData(host(), "C1", table);
-=======
-  static_cast<suite::frmTrade&>(*forms[7]).LoadData(host(), "C1", table);
-  static_cast<frmstatements&>(*forms[11]).INITDATA({table, "C1"}, "Asha", {"01042008", "31032009"});
->>>>>>> 02e14b9 (Show, print and export the statements by head)
+  static_cast<frmstatements&>(*forms[13]).INITDATA({table, "C1"}, "Asha", {"01042008", "31032009"});
   // Named by the mode in which the page is opened.
   static_cast<third&>(*forms[0]).cmdyear.setCaption("Create &Year");
   for (const auto& form : forms) {
