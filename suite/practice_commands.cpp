@@ -24,6 +24,7 @@ PracticeCommands::PracticeCommands(Practice& practice)
       mnudeleteclient_(home_, "mnudeleteclient", "&Delete Client...", &mnupractice_),
       mnuline_(home_, "mnupracticeline", "-", &mnupractice_),
       mnustatements_(home_, "mnustatements", "S&tatements by Head...", &mnupractice_, "F7"),
+      mnutakeback_(home_, "mnutakeback", "Take &Back...", &mnupractice_),
       mnusettings_(home_, "mnusettings", "&Settings...", &mnupractice_),
       client_(practice.context().openForms, practice.environment().unit(),
               practice.environment().dialogs(), practice.environment().clock(),
@@ -32,11 +33,16 @@ PracticeCommands::PracticeCommands(Practice& practice)
                 practice.environment().dialogs()),
       firm_(practice.context().openForms, practice.settings(), practice.environment().dialogs()),
       statements_(practice.context()) {
+      takeBack_(practice.context().openForms, practice.environment().takingBack(),
+                practice.environment().dialogs()) {
   mnunewclient_.Click = [this] { newClient(); };
   mnualterclient_.Click = [this] { alterClient(); };
   mnudeleteclient_.Click = [this] { deleteClient(); };
   mnustatements_.Click = [this] { showStatements(); };
   mnusettings_.Click = [this] { showSettings(); };
+  mnutakeback_.setVisible(practice.environment().actLog().keeps());
+  mnutakeback_.Click = [this] { showTakeBack(); };
+  takeBack_.onTakenBack = [this] { tookBack(); };
   settings_.onKept = [this] { practice_.frontEnd().usePreferences(practice_.settings()); };
   home_.ClGrd1.setEmptyRegisterText(
       "There are no clients yet. Press Enter or click here to enter the first one.");
@@ -71,6 +77,15 @@ void PracticeCommands::showStatements() {
   statements_.INITDATA({year->table, client->code}, client->displayName(), year->keys);
   statements_.showModal();
 }
+
+// --- taking back --------------------------------------------------------------------------------
+
+void PracticeCommands::showTakeBack() {
+  practice_.service().resize_for_resolution(takeBack_);
+  takeBack_.openFor(home_.clientInView());
+}
+
+void PracticeCommands::tookBack() { home_.registerChanged(home_.clientInView(), "Taken back."); }
 
 // --- clients ------------------------------------------------------------------------------------
 

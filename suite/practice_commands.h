@@ -9,6 +9,7 @@
 #include "statements/frmstatements.h"
 #include "suite/client_form.h"
 #include "suite/firm_form.h"
+#include "suite/history/take_back_form.h"
 #include "suite/settings_form.h"
 
 namespace quillet::suite {
@@ -34,6 +35,8 @@ class PracticeCommands {
   // Of the year chosen in the list of years, or else of the client's last one.
   void showStatements();
   void showSettings();
+  void showTakeBack();
+  void tookBack();
 
   Practice& practice_;
   third& home_;
@@ -43,11 +46,13 @@ class PracticeCommands {
   MenuEntry mnudeleteclient_;
   MenuEntry mnuline_;
   MenuEntry mnustatements_;
+  MenuEntry mnutakeback_;
   MenuEntry mnusettings_;
   frmClient client_;
   frmSettings settings_;
   frmFirm firm_;
   frmstatements statements_;
+  frmTakeBack takeBack_;
 };
 
 }  // namespace quillet::suite

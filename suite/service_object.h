@@ -33,6 +33,7 @@ class Service : public ServiceObject {
   StatementInterceptor& statements() { return statements_; }
   // Told of a statement that was not sent through here, so that look-ups read anew.
   void executedElsewhere(const std::string& sql) { ledgers_.statementSent(sql); }
+  void ledgersChanged() { ledgers_.forget(); }
   // The next call of "CheckPass" or "CheckClpass" is refused; throws for any other operation.
   void refuse(const std::string& operation);
   // Stops the next work that can be stopped, after so many steps.

@@ -40,6 +40,7 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       clock_(clock),
       log_(database),
       unit_(database, &log_),
+      takingBack_(unit_, log_),
       dialogs_(unit_, frontEnd.dialogs()),
       fileRemoval_(unit_, folder.documents(), folder.keptFiles()),
       disk_(database.schemaFolder().parent_path()),
@@ -93,6 +94,7 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
   standalone_.actLog().open();
   completeClientList(*database_);
+  standalone_.removeOldFiles();
   noteStart(*database_, folder_, settings_);
   restartModule();
 }
@@ -111,6 +113,27 @@ Practice::~Practice() {
   }
 }
 
+// Ledgers may have come or gone, and so may the year in work.
+void Practice::tookBack(const ActRow& act) {
+  standalone_.bringBackFiles(act.at);
+  service().ledgersChanged();
+  Context& context = this->context();
+  const auto quoted = [&](const std::string& text) {
+    return '\'' + database_->escape(text) + '\'';
+  };
+  const bool there =
+      !database_
+           ->query("select 1 from master where code_no=" + quoted(context.clientCode) +
+                   " and tbl_nm=" + quoted(context.table) +
+                   " and s_yr=" + quoted(context.secondDate))
+           ->EOF_();
+  if (!there && !context.table.empty()) {
+    context.forgetYear();
+    if (context.editorForm) context.editorForm->close();
+  }
+  context.openForms.takenBack();
+}
+
 Service& Practice::service() { return static_cast<Service&>(*context().host); }
 
 void Practice::restartModule() {
@@ -122,6 +145,7 @@ void Practice::restartModule() {
   standalone_.acts().follow(context());
   standalone_.reportsOf([this] { return context().openForms.active(); });
   service().useOpenForms(context().openForms);
+  standalone_.takingBack().onTakenBack = [this](const ActRow& act) { tookBack(act); };
   commands_ = std::make_unique<PracticeCommands>(*this);
 }
 

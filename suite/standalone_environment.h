@@ -17,6 +17,7 @@
 #include "suite/document.h"
 #include "suite/file_removal.h"
 #include "suite/front_end.h"
+#include "suite/history/taking_back.h"
 #include "suite/service_object.h"
 #include "suite/settings.h"
 #include "suite/start_policy.h"
@@ -51,6 +52,10 @@ class StandaloneEnvironment : public Environment {
   ActKeeper& acts() { return acts_; }
   UnitOfWork& unit() { return unit_; }
   ActLog& actLog() { return log_; }
+  TakingBack& takingBack() { return takingBack_; }
+  // The files that an act removed come back when the act that is running stands.
+  void bringBackFiles(Instant act) { fileRemoval_.bringBack(act); }
+  void removeOldFiles() { fileRemoval_.removeOld(); }
 
   // Uses another helper for workbooks than the one in the folder of our program.
   void useCalc(CalcOptions options) {
@@ -72,6 +77,7 @@ class StandaloneEnvironment : public Environment {
   Clock& clock_;
   ActLog log_;
   UnitOfWork unit_;
+  TakingBack takingBack_;
   UnitDialogs dialogs_;
   FileRemoval fileRemoval_;
   DiskWatch disk_;
@@ -108,6 +114,7 @@ class Practice {
   void restartModule();
 
  private:
+  void tookBack(const ActRow& act);
   Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd, Clock& clock,
            const StartPolicy& policy);
 

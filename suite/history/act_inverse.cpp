@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "suite/history/written_table.h"
-#include "suite/schema.h"
+#include "suite/schema_tables.h"
 
 namespace quillet::suite {
 namespace {
@@ -165,8 +165,9 @@ std::string ActInverse::words() const {
 std::vector<std::string> ActInverse::conflicts() const {
   std::vector<std::string> found;
   for (const Change& change : changes_) {
+    const std::size_t before = found.size();
     addChangedLater(change, found);
-    addMadeAgain(change, found);
+    if (found.size() == before) addMadeAgain(change, found);
     addLostYears(change, found);
     addLostNames(change, found);
     addUsedNames(change, found);
@@ -174,16 +175,28 @@ std::vector<std::string> ActInverse::conflicts() const {
   return found;
 }
 
+// A row that stands as the act left it; a number that was given anew does not count.
+std::string ActInverse::standsUnchanged(const Change& change) const {
+  const Kind* kind = kindOf(change.table);
+  std::string text = "exists(select 1 from " + change.table + " s where s.row_id=t.row_id";
+  for (const std::string& column : change.columns) {
+    if (kind == nullptr || column != kind->numbered) text += " and s." + column + "<=>t." + column;
+  }
+  return text + ')';
+}
+
 // What the act began was changed or deleted since.
 void ActInverse::addChangedLater(const Change& change, std::vector<std::string>& found) const {
   if (change.begun == 0 || keepsNewNames(change)) return;
   const Kind* kind = kindOf(change.table);
   const std::string name = kind ? std::string(kind->name) : "'rows of " + change.table + '\'';
+  const std::string last = "(select max(if(x." + std::string(stands) +
+                           ",x.row_from,x.row_till)) from " + change.table +
+                           " for system_time all x where x.row_id=t.row_id)";
   const RecordsetPtr rows =
-      unit_.query("select distinct " + name +
-                  ",t.row_till,(select concat(a.Command,', by ',a.Person) from SuiteAct a where"
-                  " a.At=t.row_till)" +
-                  begunRows(change) + " and not t." + stands + some);
+      unit_.query("select distinct " + name + ',' + last +
+                  ",(select concat(a.Command,', by ',a.Person) from SuiteAct a where a.At=" + last +
+                  ')' + begunRows(change) + " and not " + standsUnchanged(change) + some);
   for (; !rows->EOF_(); rows->MoveNext()) {
     const std::string by = rows->text(2);
     found.push_back(sentence(rows->text(0) + " was changed since, at " +
@@ -197,11 +210,14 @@ void ActInverse::addMadeAgain(const Change& change, std::vector<std::string>& fo
   const Kind* kind = kindOf(change.table);
   // A voucher comes back under another number, a year's rows in other tables.
   const bool elsewhere = change.into != change.table || prefixOf(change.table) == "jrnl_";
-  if (change.ended == 0 || kind == nullptr || elsewhere) return;
+  if (change.ended == 0 || kind == nullptr) return;
+  const std::string same = elsewhere ? "s.row_id=t.row_id" : sameKeys(kind->keys);
   const RecordsetPtr rows =
       unit_.query("select distinct " + std::string(kind->name) + endedRows(change) +
-                  " and exists(select 1 from " + change.table + " s where " + sameKeys(kind->keys) +
-                  " and s.row_from<>" + at_ + ')' + some);
+                  " and exists(select 1 from " + change.table + " s where " + same +
+                  " and not exists(select 1 from " + change.table +
+                  " for system_time all b where b.row_id=s.row_id and b.row_from=" + at_ +
+                  " and b.row_till>" + at_ + "))" + some);
   for (; !rows->EOF_(); rows->MoveNext()) {
     found.push_back(sentence(rows->text(0) + " was made again since"));
   }
@@ -307,7 +323,10 @@ void ActInverse::addUsedNames(const Change& change, std::vector<std::string>& fo
 void ActInverse::send() const {
   for (const Change& change : changes_) {
     if (change.begun == 0 || keepsNewNames(change)) continue;
-    unit_.execute("delete from " + change.table + " where row_from=" + at_);
+    std::string ids;
+    const RecordsetPtr rows = unit_.query("select t.row_id" + begunRows(change));
+    for (; !rows->EOF_(); rows->MoveNext()) ids += (ids.empty() ? "" : ",") + rows->text(0);
+    unit_.execute("delete from " + change.table + " where row_id in (" + ids + ')');
   }
   for (const Change& change : changes_) {
     if (change.ended != 0) restore(change);
@@ -332,12 +351,14 @@ std::string ActInverse::restoredColumn(const Change& change, const std::string& 
   return "t." + column;
 }
 
+// Rows keep their ids, by which later acts on them are told from earlier ones; in another table
+// they are new.
 void ActInverse::restore(const Change& change) const {
+  std::vector<std::string> columns = change.columns;
+  if (change.into == change.table) columns.push_back(rowIdColumn);
   std::vector<std::string> values;
-  for (const std::string& column : change.columns) {
-    values.push_back(restoredColumn(change, column));
-  }
-  unit_.execute("insert into " + change.into + '(' + joined(change.columns) + ") select " +
+  for (const std::string& column : columns) values.push_back(restoredColumn(change, column));
+  unit_.execute("insert into " + change.into + '(' + joined(columns) + ") select " +
                 joined(values) + endedRows(change) + " order by t.row_id");
 }
 

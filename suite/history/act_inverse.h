@@ -39,6 +39,7 @@ class ActInverse {
   void findOtherTables();
   std::string begunRows(const Change& change) const;
   std::string endedRows(const Change& change) const;
+  std::string standsUnchanged(const Change& change) const;
   bool keepsNewNames(const Change& change) const;
   void addChangedLater(const Change& change, std::vector<std::string>& found) const;
   void addMadeAgain(const Change& change, std::vector<std::string>& found) const;

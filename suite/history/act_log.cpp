@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "data/text.h"
-#include "suite/history/act_row.h"
 #include "suite/history/written_table.h"
 
 namespace quillet::suite {
@@ -66,9 +65,11 @@ bool ActLog::namesClient(const std::string& sql) const {
   return !client.empty() && sql.find('\'' + database_.escape(client) + '\'') != std::string::npos;
 }
 
-void ActLog::note(std::string reason, Instant takesBack) {
-  reason_ = std::move(reason);
-  takesBack_ = takesBack;
+void ActLog::note(std::string reason) { reason_ = std::move(reason); }
+
+void ActLog::noteTakingBack(const ActRow& act, std::string reason) {
+  note(std::move(reason));
+  takesBack_ = act;
 }
 
 void ActLog::begin() {
@@ -134,7 +135,11 @@ void ActLog::insert(const ActCause& told) {
   row.secondDate = told.secondDate;
   row.reason = reason_;
   for (const std::string& table : tables_) row.tables += (row.tables.empty() ? "" : ",") + table;
-  row.takesBack = takesBack_;
+  if (takesBack_) {
+    row.takesBack = takesBack_->at;
+    row.client = takesBack_->client;
+    row.secondDate = takesBack_->secondDate;
+  }
   row.digest = digest_.hex();
   hash_ = row.hashAfter(lastHash_);
   database_.execute(row.insertion(database_, hash_));
@@ -148,7 +153,7 @@ void ActLog::ended(bool kept) noexcept {
   }
   instant_ = 0;
   reason_.clear();
-  takesBack_ = 0;
+  takesBack_.reset();
   othersToo_ = false;
   try {
     database_.execute("set timestamp=default");

@@ -13,6 +13,7 @@
 #include <string>
 
 #include "suite/database.h"
+#include "suite/history/act_row.h"
 #include "suite/history/digest.h"
 #include "suite/history/instant.h"
 
@@ -50,8 +51,10 @@ class ActLog {
   Instant instant() const { return instant_; }
   // In small letters.
   const std::set<std::string>& tables() const { return tables_; }
-  // What the transaction that is open, or the next one, is told by besides its cause.
-  void note(std::string reason, Instant takesBack = 0);
+  // Why the transaction that is open, or the next one, changes what it does.
+  void note(std::string reason);
+  // It takes that act back, and is about the same books.
+  void noteTakingBack(const ActRow& act, std::string reason);
   // Writes the row, ahead of the commit.
   void write();
   // The transaction was committed, or taken back.
@@ -81,7 +84,7 @@ class ActLog {
   Instant instant_ = 0;  // of the transaction that is open
   std::string hash_;
   std::string reason_;
-  Instant takesBack_ = 0;
+  std::optional<ActRow> takesBack_;
   bool othersToo_ = false;  // it changed books of other clients than the one in work
   std::set<std::string> tables_;
   Digest digest_;

@@ -116,8 +116,7 @@ void frmTakeBack::takeBack() {
     return;
   }
   if (const auto conflicts = takingBack_.takeBack(row); !conflicts.empty()) {
-    box("Nothing was changed:\r\n" + joined(conflicts), Buttons::OK, Icon::information,
-        Answer::OK);
+    box("Nothing was changed:\r\n" + joined(conflicts), Buttons::OK, Icon::information, Answer::OK);
     return;
   }
   changed_ = true;

@@ -63,7 +63,7 @@ std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
   const ActInverse inverse(unit_, act);
   if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
   if (auto conflicts = inverse.conflicts(); !conflicts.empty()) return conflicts;
-  log_.note("Takes back: " + wordsFor(act), act.at);
+  log_.noteTakingBack(act, "Takes back: " + wordsFor(act));
   inverse.send();
   if (onTakenBack) onTakenBack(act);
   return {};
