@@ -54,15 +54,17 @@ void ActLog::sending(const std::string& sql) {
   if (instant_ == 0 && sql.starts_with("insert into SuiteRemoval")) begin();
   if (!isVersioned(table)) return;
   if (instant_ == 0) begin();
-  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || !namesClient(sql);
+  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || changesOthers(sql);
   tables_.insert(std::move(table));
   digest_.add(sql);
 }
 
-// What is changed for one client names it.
-bool ActLog::namesClient(const std::string& sql) const {
+// A master moves the lines of all clients. Else a statement names the client, or a voucher, whose
+// number is no other client's.
+bool ActLog::changesOthers(const std::string& sql) const {
+  if (!equalIgnoringCase(std::string_view(sql).substr(0, 6), "update")) return false;
   const std::string client = cause ? cause().client : std::string();
-  return !client.empty() && sql.find('\'' + database_.escape(client) + '\'') != std::string::npos;
+  return client.empty() || sql.find('\'' + database_.escape(client) + '\'') == std::string::npos;
 }
 
 void ActLog::note(std::string reason) { reason_ = std::move(reason); }

@@ -53,6 +53,7 @@ class Deeds : public Screen {
     if (failed && deed.saves && !kept) draft_.reset();
     if (deed.unloaded) *deed.unloaded = failed;
     if (failed) failed_ = {deed, candidates[0]};
+    remember(stood);
     look();
   }
 

@@ -56,6 +56,7 @@ class PropertyTest : public JournalActs {
     try {
       for (const unsigned act : day) perform(act, seed % 4 > 0);
       finishVouchers();
+      checkMoments();
       examine(seed % 4 > 0);
     } catch (const std::runtime_error& mismatch) {
       complaint = mismatch.what();
@@ -106,6 +107,10 @@ class PropertyTest : public JournalActs {
            host().TruncVarSQL(codes[where.client]) + "',1,1," + (made.stock < 0 ? "-" : "") +
            plain(made.stock) + ")");
     }
+    done_.clear();
+    moments_.clear();
+    const RecordsetPtr last = practice.database().query("select max(At) from SuiteAct");
+    seen_ = suite::instantFrom(last->text(0));
     draft_.reset();
     failed_.reset();
     halfPosted_.clear();
@@ -116,6 +121,27 @@ class PropertyTest : public JournalActs {
     dialogs.clear();
   }
 
+  // The last act on the year in view is taken back, and others may be after it.
+  void takeBack() {
+    auto& done = done_[where_];
+    if (done.empty() || undone_ || draft_ || failed_ || !halfPosted_.empty()) return;
+    const auto last = practice.environment().takingBack().last(
+        codes[where_.client], "3103" + std::to_string(where_.year + 1));
+    require(last && last->at == done.back().act.at, "another act is the last one");
+    transcript_ += "  takes back: " + suite::wordsFor(*last) + '\n';
+    {
+      const quillet::Act running(context().openForms.acts);
+      const Texts conflicts = practice.environment().takingBack().takeBack(*last);
+      require(conflicts.empty(), "it cannot be taken back: " + ::testing::PrintToString(conflicts));
+    }
+    World wanted = world_;
+    wanted[where_] = done.back().before;
+    done.pop_back();
+    checkTables(world_, {wanted}, Deed{.what = "takes back"}, false);
+    remember(world_);
+    look();
+  }
+
   // The frequent ones stand there several times.
   Act drawAct(bool inJournal) {
     using T = PropertyTest;
@@ -123,11 +149,13 @@ class PropertyTest : public JournalActs {
         &T::passVoucher,  &T::passVoucher,  &T::passVoucher,  &T::modifyVoucher, &T::modifyVoucher,
         &T::eraseVoucher, &T::eraseVoucher, &T::printJournal, &T::closeJournal,  &T::closeJournal};
     static const std::vector<Act> atEditor{
-        &T::enter,      &T::enter,       &T::enter,      &T::enter,      &T::enter,   &T::enter,
-        &T::changeView, &T::changeView,  &T::changeView, &T::changeView, &T::alter,   &T::alter,
-        &T::alter,      &T::remove,      &T::remove,     &T::refresh,    &T::refresh, &T::save,
-        &T::save,       &T::turnPage,    &T::turnPage,   &T::open,       &T::fill,    &T::transfer,
-        &T::toLines,    &T::openJournal, &T::openJournal};
+        &T::enter,       &T::enter,       &T::enter,      &T::enter,      &T::enter,
+        &T::enter,       &T::changeView,  &T::changeView, &T::changeView, &T::changeView,
+        &T::alter,       &T::alter,       &T::alter,      &T::remove,     &T::remove,
+        &T::refresh,     &T::refresh,     &T::save,       &T::save,       &T::turnPage,
+        &T::turnPage,    &T::open,        &T::fill,       &T::transfer,   &T::toLines,
+        &T::openJournal, &T::openJournal, &T::takeBack,   &T::takeBack,   &T::takeBack,
+        &T::takeBack};
     return oneOf(inJournal ? atJournal : atEditor);
   }
 

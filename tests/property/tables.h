@@ -21,6 +21,8 @@
 #include <stdexcept>
 
 #include "property/books.h"
+#include "suite/history/act_inverse.h"
+#include "suite/history/taking_back.h"
 #include "support/practice.h"
 
 namespace quillet::support {
@@ -104,18 +106,79 @@ class Tables : public PracticeTest {
   }
   bool openPairs(const Where& where) const { return halfPosted_.contains(where); }
 
+  // Takes note of what the tables hold as of the last act, which began with those books.
+  void remember(const World& before) {
+    std::map<Where, int> acts;
+    std::map<Where, suite::ActRow> last;
+    const RecordsetPtr rows = practice.database().query(
+        std::string("select ") + suite::ActRow::columns + " from SuiteAct where At>'" +
+        suite::instantText(seen_) + "' order by At");
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      const suite::ActRow act = suite::ActRow::from(*rows);
+      seen_ = act.at;
+      // A ledger that is made while it is typed is nobody's.
+      if (act.takesBack != 0 || act.tables == "mast_part" ||
+          suite::ActInverse(practice.environment().unit(), act).empty()) {
+        continue;
+      }
+      const auto at =
+          std::ranges::find(codes, act.client, [](const char* c) { return std::string(c); });
+      require(at != std::end(codes) && act.secondDate.size() == 8,
+              "an act is nobody's: " + suite::wordsFor(act) + ' ' + act.tables);
+      const Where where{static_cast<int>(at - codes), std::stoi(act.secondDate.substr(4)) - 1};
+      ++acts[where];
+      last[where] = act;
+    }
+    if (rows->RecordCount() == 0) return;
+    moments_.push_back({seen_, world_});
+    for (const auto& [where, count] : acts) {
+      auto& done = done_[where];
+      // What lay between two acts of one deed is not known.
+      if (count > 1) done.clear();
+      if (count == 1) done.push_back({last[where], before.at(where)});
+    }
+  }
+
+  // The books as of each act were those that were seen then.
+  void checkMoments() {
+    const World now = world_;
+    for (std::size_t i = 0; i < moments_.size(); i += 3) {
+      const auto& [at, world] = moments_[i];
+      world_ = world;
+      const World then =
+          stored(" for system_time as of timestamp'" + suite::instantText(at) + "' ");
+      for (const auto& [where, book] : world) {
+        same("the lines of " + said(where) + " as of " + suite::instantText(at), rowsOf(book.lines),
+             rowsOf(then.at(where).lines));
+        require(book.vouchers == then.at(where).vouchers,
+                "the vouchers as of " + suite::instantText(at) + " are other ones");
+      }
+    }
+    world_ = now;
+  }
+
+  // The last act on each book that can be taken back, and what it held before.
+  struct Done {
+    suite::ActRow act;
+    Book before;
+  };
+  std::map<Where, std::vector<Done>> done_;
+  std::vector<std::pair<suite::Instant, World>> moments_;
+  suite::Instant seen_ = 0;
+
   World world_;
   // Of the pairs that are open: what they hold apart from the vouchers.
   std::map<Where, std::map<Pair, Paise>> halfPosted_;
   std::optional<World> undone_;  // the books before the save that failed
 
  private:
-  World stored() {
+  // `asOf` goes with every table.
+  World stored(const std::string& asOf = " ") {
     World all;
     for (const auto& [where, known] : world_) {
-      const std::string table = host().GETTBNAME(tableOf(where)) +
-                                " t left join Mast_Part p on p.partid=t.partid left join "
-                                "Mast_AllGrp g on g.allid=t.allid where code_no='" +
+      const std::string table = host().GETTBNAME(tableOf(where)) + asOf + "t left join Mast_Part" +
+                                asOf + "p on p.partid=t.partid left join Mast_AllGrp" + asOf +
+                                "g on g.allid=t.allid where code_no='" +
                                 host().TruncVarSQL(codes[where.client]) + "'";
       Book& book = all[where];
       book.stock = known.stock;
