@@ -91,7 +91,7 @@ constexpr const char* some = " limit 5";
 
 ActInverse::ActInverse(UnitOfWork& unit, ActRow act)
     : unit_(unit), act_(std::move(act)), at_("timestamp'" + instantText(act_.at) + '\'') {
-  for (const std::string& table : split(act_.tables)) {
+  for (const std::string& table : act_.changedTables()) {
     if (isVersioned(table)) read(table);
   }
   findOtherTables();

@@ -54,17 +54,18 @@ void ActLog::sending(const std::string& sql) {
   if (instant_ == 0 && sql.starts_with("insert into SuiteRemoval")) begin();
   if (!isVersioned(table)) return;
   if (instant_ == 0) begin();
-  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || changesOthers(sql);
+  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || changesOthers(sql, table);
   tables_.insert(std::move(table));
   digest_.add(sql);
 }
 
-// A master moves the lines of all clients. Else a statement names the client, or a voucher, whose
-// number is no other client's.
-bool ActLog::changesOthers(const std::string& sql) const {
-  if (!equalIgnoringCase(std::string_view(sql).substr(0, 6), "update")) return false;
+// What is changed for the client in work names it, or a voucher, whose number no other client has.
+bool ActLog::changesOthers(const std::string& sql, const std::string& table) const {
   const std::string client = cause ? cause().client : std::string();
-  return client.empty() || sql.find('\'' + database_.escape(client) + '\'') == std::string::npos;
+  const bool named =
+      !client.empty() && sql.find('\'' + database_.escape(client) + '\'') != std::string::npos;
+  const bool voucher = table.starts_with("jrnl_") && sql.find(" where VId=") != std::string::npos;
+  return !named && !voucher;
 }
 
 void ActLog::note(std::string reason) { reason_ = std::move(reason); }
@@ -98,15 +99,16 @@ void ActLog::readLast() {
   lastHash_ = row->EOF_() ? std::string() : row->text(1);
 }
 
-// What changes the books of several years is nobody's in particular.
+// What changes the books of several clients is nobody's in particular, what changes several years
+// no year's.
 ActCause ActLog::describe() const {
   ActCause told = cause ? cause() : ActCause{};
   std::set<std::string> years;
   for (const std::string& table : tables_) {
     if (const std::string suffix = yearSuffix(table); !suffix.empty()) years.insert(suffix);
   }
+  if (othersToo_ || (years.empty() && !tables_.contains("master"))) told.client.clear();
   if (years.size() != 1 || othersToo_) {
-    if (!years.empty() || !tables_.contains("master")) told.client.clear();
     told.secondDate.clear();
   } else if (!equalIgnoringCase(told.table, "TAB_" + *years.begin())) {
     told.secondDate = yearOf(told.client, *years.begin());

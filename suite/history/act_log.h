@@ -70,7 +70,7 @@ class ActLog {
  private:
   void begin();
   void readLast();
-  bool changesOthers(const std::string& sql) const;
+  bool changesOthers(const std::string& sql, const std::string& table) const;
   ActCause describe() const;
   void insert(const ActCause& told);
   std::string yearOf(const std::string& client, const std::string& suffix) const;

@@ -1,5 +1,7 @@
 #include "suite/history/act_row.h"
 
+#include <sstream>
+
 #include "suite/history/digest.h"
 
 namespace quillet::suite {
@@ -24,6 +26,13 @@ ActRow ActRow::from(const Recordset& rows) {
   row.digest = rows.text(10);
   row.hash = rows.text(11);
   return row;
+}
+
+std::vector<std::string> ActRow::changedTables() const {
+  std::vector<std::string> found;
+  std::istringstream listed(tables);
+  for (std::string table; std::getline(listed, table, ',');) found.push_back(table);
+  return found;
 }
 
 std::string ActRow::hashAfter(const std::string& before) const {

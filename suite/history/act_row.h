@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "data/recordset.h"
 #include "suite/database.h"
@@ -22,6 +23,9 @@ struct ActRow {
   Instant takesBack = 0;
   std::string digest;  // of its statements
   std::string hash;
+
+  // Each of those tables.
+  std::vector<std::string> changedTables() const;
 
   // The columns that from() reads, for a select.
   static constexpr const char* columns =

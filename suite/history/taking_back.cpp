@@ -1,14 +1,23 @@
 #include "suite/history/taking_back.h"
 
+#include <algorithm>
 #include <set>
 
 #include "suite/history/act_inverse.h"
+#include "suite/history/written_table.h"
 
 namespace quillet::suite {
 namespace {
 
 // A person goes back a few steps; the log may have tens of thousands.
 constexpr long steps = 500;
+
+bool changesYear(const ActRow& act, const std::string& table) {
+  const std::string suffix = yearSuffix(table);
+  return std::ranges::any_of(act.changedTables(), [&](const std::string& changed) {
+    return !suffix.empty() && yearSuffix(changed) == suffix;
+  });
+}
 
 }  // namespace
 
@@ -38,12 +47,18 @@ std::vector<LoggedAct> TakingBack::acts(const std::string& client, long most) co
   return read(client.empty() ? "" : " where Client in ('','" + unit_.escape(client) + "')", most);
 }
 
+// An act on several years of the client is one on this year when it changed its tables.
 std::optional<ActRow> TakingBack::last(const std::string& client,
                                        const std::string& secondDate) const {
-  for (const LoggedAct& act : read(" where Client='" + unit_.escape(client) + "' and Yr='" +
-                                       unit_.escape(secondDate) + '\'',
-                                   steps)) {
+  const std::string whose = " where code_no='" + unit_.escape(client) + '\'';
+  const std::string year = unit_.escape(secondDate);
+  const RecordsetPtr registered =
+      unit_.query("select lower(tbl_nm) from master" + whose + " and s_yr='" + year + '\'');
+  const std::string table = registered->EOF_() ? "" : registered->text(0);
+  for (const LoggedAct& act :
+       read(" where Client='" + unit_.escape(client) + "' and Yr in ('','" + year + "')", steps)) {
     if (act.takenBack || act.row.takesBack != 0) continue;
+    if (act.row.secondDate.empty() && !changesYear(act.row, table)) continue;
     if (!ActInverse(unit_, act.row).empty()) return act.row;
   }
   return std::nullopt;

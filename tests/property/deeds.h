@@ -27,6 +27,7 @@ class Deeds : public Screen {
   // Carries out the deed, with the statement of the act's number failing, and compares.
   void carryOut(const Deed& deed) {
     transcript_ += "  " + deed.what;
+    const bool mayPutBack = undone_.has_value();
     const World before = undone_.value_or(world_), stood = world_;
     const Sent sent = send(deed);
     const bool failed = sent.failed;
@@ -53,7 +54,7 @@ class Deeds : public Screen {
     if (failed && deed.saves && !kept) draft_.reset();
     if (deed.unloaded) *deed.unloaded = failed;
     if (failed) failed_ = {deed, candidates[0]};
-    remember(stood);
+    remember(stood, mayPutBack);
     look();
   }
 

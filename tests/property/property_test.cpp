@@ -125,6 +125,8 @@ class PropertyTest : public JournalActs {
   void takeBack() {
     auto& done = done_[where_];
     if (done.empty() || undone_ || draft_ || failed_ || !halfPosted_.empty()) return;
+    // What is being typed would be looked for in vain.
+    if (!editor().txtpart.text().empty()) return;
     const auto last = practice.environment().takingBack().last(
         codes[where_.client], "3103" + std::to_string(where_.year + 1));
     require(last && last->at == done.back().act.at, "another act is the last one");

@@ -106,8 +106,9 @@ class Tables : public PracticeTest {
   }
   bool openPairs(const Where& where) const { return halfPosted_.contains(where); }
 
-  // Takes note of what the tables hold as of the last act, which began with those books.
-  void remember(const World& before) {
+  // Takes note of what the tables hold as of the last act, which began with those books. What puts
+  // a line of another client back is nobody's act.
+  void remember(const World& before, bool mayPutBack = false) {
     std::map<Where, int> acts;
     std::map<Where, suite::ActRow> last;
     const RecordsetPtr rows = practice.database().query(
@@ -123,8 +124,12 @@ class Tables : public PracticeTest {
       }
       const auto at =
           std::ranges::find(codes, act.client, [](const char* c) { return std::string(c); });
-      require(at != std::end(codes) && act.secondDate.size() == 8,
+      require(at != std::end(codes) || mayPutBack,
               "an act is nobody's: " + suite::wordsFor(act) + ' ' + act.tables);
+      if (act.secondDate.empty()) {
+        for (auto& [where, done] : done_) done.clear();
+        continue;
+      }
       const Where where{static_cast<int>(at - codes), std::stoi(act.secondDate.substr(4)) - 1};
       ++acts[where];
       last[where] = act;
