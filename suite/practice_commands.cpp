@@ -32,7 +32,7 @@ PracticeCommands::PracticeCommands(Practice& practice)
       settings_(practice.context().openForms, practice.settings(),
                 practice.environment().dialogs()),
       firm_(practice.context().openForms, practice.settings(), practice.environment().dialogs()),
-      statements_(practice.context()) {
+      statements_(practice.context()),
       takeBack_(practice.context().openForms, practice.environment().takingBack(),
                 practice.environment().dialogs()) {
   mnunewclient_.Click = [this] { newClient(); };
