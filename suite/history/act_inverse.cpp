@@ -25,10 +25,12 @@ struct Kind {
   std::string_view name;      // of the row t, as SQL
 };
 
+// The last name that the ledger and the group had.
 constexpr std::string_view pairName =
-    "concat('the line of ',ifnull((select max(p.Particular) from Mast_Part for system_time all p"
-    " where p.PartId=t.partid),t.partid),' under ',ifnull((select max(g.ALLGRP) from Mast_AllGrp"
-    " for system_time all g where g.ALLID=t.allid),t.allid),' (client ',t.code_no,')')";
+    "concat('the line of ',ifnull((select p.Particular from Mast_Part for system_time all p"
+    " where p.PartId=t.partid order by p.row_till desc limit 1),t.partid),' under ',"
+    "ifnull((select g.ALLGRP from Mast_AllGrp for system_time all g where g.ALLID=t.allid"
+    " order by g.row_till desc limit 1),t.allid),' (client ',t.code_no,')')";
 
 constexpr std::array kinds{
     Kind{"tab_", "code_no,partid,allid", "srno", pairName},
@@ -271,11 +273,12 @@ void ActInverse::addLostNames(const Change& change, std::vector<std::string>& fo
                   " for system_time all b where b." + id + "=t." + name.column +
                   " and b.row_till=" + at_ + " and b.row_from<" + at_ + ')'
             : "";
-    const RecordsetPtr lost = unit_.query(
-        std::string("select distinct ifnull((select max(h.") + name.text + ") from " + name.table +
-        " for system_time all h where h." + id + "=t." + name.column + "),t." + name.column + ')' +
-        endedRows(change) + " and not exists(select 1 from " + name.table + " s where s." + id +
-        "=t." + name.column + ')' + comesBack + some);
+    const RecordsetPtr lost =
+        unit_.query(std::string("select distinct ifnull((select h.") + name.text + " from " +
+                    name.table + " for system_time all h where h." + id + "=t." + name.column +
+                    " order by h.row_till desc limit 1),t." + name.column + ')' +
+                    endedRows(change) + " and not exists(select 1 from " + name.table +
+                    " s where s." + id + "=t." + name.column + ')' + comesBack + some);
     for (; !lost->EOF_(); lost->MoveNext()) {
       found.push_back(std::string("The ") + name.word + ' ' + lost->text(0) +
                       " is not there any more.");
