@@ -34,6 +34,8 @@ int run(const Options& options) {
       return 0;
     case Options::Command::check:
       return quillet::app::runCheck(options);
+    case Options::Command::prune:
+      return quillet::app::runPrune(options);
     case Options::Command::backup:
       return quillet::app::runBackup(options);
     case Options::Command::restore:

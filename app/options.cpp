@@ -45,6 +45,12 @@ Options parseOptions(int argc, const char* const* argv) {
   restore->add_flag("--force", options.force, "Also in place of a practice, which is kept beside");
   restore->add_flag("--open", options.open, "Opens the window afterwards")->group("");
 
+  CLI::App* prune = app.add_subcommand(
+      "prune", "Writes the history before a day to a file and removes it from the practice");
+  prune->add_option("--before", options.before, "A day at least eight years ago: 2018-03-31")
+      ->required();
+  prune->add_option("FILE", options.file, "Gets what is removed")->required();
+
   CLI::App* script = app.add_subcommand(
       "script", "Runs a Lua script against the forms: script [--show] FILE.lua [ARG...]");
   script->add_flag("--show", options.show, "Plays on the real windows");
@@ -62,6 +68,7 @@ Options parseOptions(int argc, const char* const* argv) {
   if (*check) options.command = Options::Command::check;
   if (*backup) options.command = Options::Command::backup;
   if (*restore) options.command = Options::Command::restore;
+  if (*prune) options.command = Options::Command::prune;
   if (*script) {
     options.command = Options::Command::script;
     takeScript(*script, options);

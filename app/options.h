@@ -9,7 +9,7 @@
 namespace quillet::app {
 
 struct Options {
-  enum class Command { open, init, check, backup, restore, script };
+  enum class Command { open, init, check, backup, restore, prune, script };
   Command command = Command::open;
 
   std::filesystem::path data;  // empty: the folder in the user's data home
@@ -20,6 +20,8 @@ struct Options {
 
   bool mend = false;  // check: mends what can be mended
   bool yes = false;   // check: without asking first
+
+  std::string before;  // prune: "2018-03-31"
 
   bool show = false;  // script: plays on the real windows
   std::filesystem::path file;

@@ -11,6 +11,7 @@
 #include "suite/check/check_report.h"
 #include "suite/clocks.h"
 #include "suite/headless_front_end.h"
+#include "suite/history/pruning.h"
 #include "suite/queued_dialogs.h"
 #include "suite/text_report.h"
 
@@ -115,6 +116,25 @@ int checkFolder(const Options& options) {
 int runCheck(const Options& options) {
   try {
     return checkFolder(options);
+  } catch (const std::exception& error) {
+    std::cerr << "quillet: " << error.what() << '\n';
+    return impossible;
+  }
+}
+
+int runPrune(const Options& options) {
+  try {
+    const std::optional<Date> before = readDate(options.before);
+    if (!before) throw std::runtime_error("\"" + options.before + "\" is no day: 2018-03-31");
+    suite::QueuedDialogs dialogs;
+    suite::HeadlessFrontEnd frontEnd(dialogs);
+    suite::SystemClock clock;
+    suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock);
+    const suite::Pruned pruned = suite::pruneHistory(
+        practice.database(), practice.environment().actLog(), clock.today(), *before, options.file);
+    std::cout << pruned.rows << " rows and " << pruned.acts << " acts went to "
+              << options.file.string() << ".\n";
+    return sound;
   } catch (const std::exception& error) {
     std::cerr << "quillet: " << error.what() << '\n';
     return impossible;

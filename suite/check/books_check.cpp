@@ -4,6 +4,7 @@
 #include <exception>
 #include <tuple>
 
+#include "suite/check/act_log_rules.h"
 #include "suite/check/amounts.h"
 #include "suite/check/master_rules.h"
 #include "suite/check/masters.h"
@@ -67,6 +68,7 @@ Examination examineBooks(Practice& practice, const Steps& steps) {
   Examined examined;
   examineMasters(database, masters, examined);
   years.examine(examined);
+  examineActLog(database, examined);
   examineUnposted(practice, masters, years, examined);
   Examination examination{.findings = {}, .clients = years.clients(), .years = years.years()};
   for (long done = 0; done < total && examination.complete; ++done) {

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "suite/history/act_inverse.h"
+#include "suite/history/pruning.h"
 #include "support/practice.h"
 
 namespace quillet::support {
@@ -198,6 +201,39 @@ TEST_F(TakingBackTest, WhatCannotBeLoggedIsNotDone) {
   EXPECT_EQ(frontEnd.notices().open().size(), 1U);
   frontEnd.notices().close();
   log();
+}
+
+TEST_F(TakingBackTest, OldHistoryIsPrunedIntoAFile) {
+  const TemporaryFolder folder;
+  suite::Database& database = practice.database();
+  const auto prune = [&](Date before, const char* name) {
+    return suite::pruneHistory(database, practice.environment().actLog(), {2026, 5, 1}, before,
+                               folder.path() / name);
+  };
+  suite::ActLog& log = practice.environment().actLog();
+  exec("set timestamp=1400000000");
+  exec("insert into TAB_2 values(1,'C1',1,1,5,1)");
+  exec("set timestamp=1500000000");
+  exec("update TAB_2 set amt=6");
+  exec("insert into SuiteAct(At,Command,Tables,Hash) values(now(6),'Old\tone','tab_2','x')");
+  exec("set timestamp=default");
+  act({"delete from TAB_2"});
+  EXPECT_THROW(prune({2018, 5, 2}, "young"), std::runtime_error);
+  std::ofstream(folder.path() / "there") << "x";
+  EXPECT_THROW(prune({2018, 5, 1}, "there"), std::runtime_error);
+  EXPECT_THROW(prune({2018, 5, 1}, "no/folder"), std::runtime_error);
+  EXPECT_EQ(value("select count(*) from TAB_2 for system_time all where amt in (5,6)"), "2");
+
+  EXPECT_EQ(prune({2018, 5, 1}, "removed").acts, 1);
+  EXPECT_EQ(value("select amt from TAB_2 for system_time all where amt in (5,6)"), "6")
+      << "it stood after that day";
+  std::ifstream file(folder.path() / "removed");
+  const std::string text{std::istreambuf_iterator<char>(file), {}};
+  EXPECT_NE(text.find("\ntab_2\t1\tC1\t1\t1\t5\t1\t"), std::string::npos) << text;
+  EXPECT_NE(text.find("\tOld\\tone\t"), std::string::npos) << text;
+  EXPECT_EQ(lastAct().command, "Prune the history");
+  EXPECT_NE(lastAct().reason.find("1 acts before 2018-05-01"), std::string::npos);
+  EXPECT_TRUE(log.keeps());
 }
 
 }  // namespace
