@@ -1,0 +1,25 @@
+// What a host may offer that keeps every version of the books: windows on what was changed and on
+// how the books stood.
+#pragma once
+
+#include <string>
+
+namespace quillet {
+
+// A client's financial year; it may have been deleted.
+struct YearOfClient {
+  std::string client;
+  std::string clientName;
+  std::string firstDate;   // "01042008"
+  std::string secondDate;  // "31032009"
+};
+
+class BooksHistory {
+ public:
+  virtual ~BooksHistory() = default;
+  // The forms below take no input until it closes.
+  virtual void showChanges(const YearOfClient& year) = 0;
+  virtual void showAsItStood(const YearOfClient& year) = 0;
+};
+
+}  // namespace quillet
