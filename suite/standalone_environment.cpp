@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "suite/client_register.h"
+#include "suite/history/history_forms.h"
 #include "suite/kept_settings.h"
 #include "suite/practice_commands.h"
 #include "suite/practice_start.h"
@@ -139,6 +140,8 @@ Service& Practice::service() { return static_cast<Service&>(*context().host); }
 void Practice::restartModule() {
   standalone_.acts().leave();
   commands_.reset();
+  standalone_.offerHistory(nullptr);
+  history_.reset();
   forms_.reset();
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
@@ -146,6 +149,10 @@ void Practice::restartModule() {
   standalone_.reportsOf([this] { return context().openForms.active(); });
   service().useOpenForms(context().openForms);
   standalone_.takingBack().onTakenBack = [this](const ActRow& act) { tookBack(act); };
+  if (standalone_.actLog().keeps()) {
+    history_ = std::make_unique<HistoryForms>(context(), standalone_.unit());
+    standalone_.offerHistory(history_.get());
+  }
   commands_ = std::make_unique<PracticeCommands>(*this);
 }
 

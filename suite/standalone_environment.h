@@ -27,6 +27,7 @@
 
 namespace quillet::suite {
 
+class HistoryForms;
 class PracticeCommands;
 
 class StandaloneEnvironment : public Environment {
@@ -44,6 +45,7 @@ class StandaloneEnvironment : public Environment {
   Clock& clock() override { return clock_; }
   SourceReader* sourceReader() override;
   StatutoryHeads* statutoryHeads() override { return &statutoryHeads_; }
+  BooksHistory* history() override { return history_; }
   FileRemover& fileRemover() override { return fileRemoval_; }
   void trapped(const std::string& where, const std::exception& error) override {
     acts_.trapped(where, error);
@@ -63,6 +65,8 @@ class StandaloneEnvironment : public Environment {
     sourceReader_.reset();
   }
 
+  // Null when there is none.
+  void offerHistory(BooksHistory* history) { history_ = history; }
   // The form that shows a report says what it is about.
   void reportsOf(std::function<const Form*()> form) { reportingForm_ = std::move(form); }
   // The last report shown.
@@ -82,6 +86,7 @@ class StandaloneEnvironment : public Environment {
   FileRemoval fileRemoval_;
   DiskWatch disk_;
   ActKeeper acts_;
+  BooksHistory* history_ = nullptr;
   CalcOptions calc_ = CalcOptions::standard();
   std::function<const Form*()> reportingForm_;
   std::optional<Document> lastReport_;
@@ -124,6 +129,7 @@ class Practice {
   FrontEnd& frontEnd_;
   StandaloneEnvironment standalone_;
   std::unique_ptr<Forms> forms_;
+  std::unique_ptr<HistoryForms> history_;
   std::unique_ptr<PracticeCommands> commands_;
 };
 

@@ -30,7 +30,8 @@ frmcrtb::frmcrtb(Context& context)
       summaryPage_(*this, books_),
       printouts_(*this, books_, lines_, summaryPage_),
       export_(*this, books_, lines_),
-      import_(*this, books_, saver_) {
+      import_(*this, books_, saver_),
+      history_(*this, books_) {
   attachMenus();
   attachLines();
   attachTotals();
@@ -215,6 +216,7 @@ void frmcrtb::SETBUTTON() {
     }
     mnuprnvar.setEnabled(read && books_.years.view() == TwoYears::View::both);
     import_.setButton();
+    history_.setButtons();
     entry_.enable(table);
     groupPage_.setButtons();
   });

@@ -18,6 +18,7 @@
 #include "controls/text_box.h"
 #include "editor/entry_fields.h"
 #include "editor/group_page.h"
+#include "editor/history_commands.h"
 #include "editor/import_command.h"
 #include "editor/line_saver.h"
 #include "editor/lines_grid.h"
@@ -74,6 +75,8 @@ class frmcrtb : public Form {
   MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
   ControlArray<MenuEntry> mnusortopt{
       *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
+  MenuEntry mnuchanges{*this, "mnuchanges", "&Changes...", &mnuview, "F7"};
+  MenuEntry mnuasof{*this, "mnuasof", "&As It Stood...", &mnuview, "F8"};
   MenuEntry mnushled{*this, "mnushled", "&Ledger List", &mnuview};
   MenuEntry mnuall{*this, "mnuall", "&All Ledgers", &mnushled};
   MenuEntry mnuclonly{*this, "mnuclonly", "Ledgers of this &Client", &mnushled};
@@ -221,6 +224,7 @@ class frmcrtb : public Form {
   EditorPrintouts printouts_;
   WorkbookExport export_;
   ImportCommand import_;
+  HistoryCommands history_;
 
   std::unique_ptr<Form> journal_;  // the one opened last
   std::unique_ptr<Form> master_;   // likewise

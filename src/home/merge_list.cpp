@@ -22,6 +22,7 @@ MergeList::MergeList(third& form, Context& context) : form_(form), context_(cont
 void MergeList::setShown(bool shown) {
   shown_ = shown;
   form_.cmdmerge.setVisible(shown);
+  form_.years.offerHistory(!shown);
 }
 
 std::vector<RegisteredYear> MergeList::readSources() {

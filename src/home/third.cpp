@@ -81,7 +81,8 @@ LayoutItem third::layout() {
                  // Takes the room where there are none.
                  gap(0)});
   const LayoutItem list =
-      framed(famyears, {named("Years", item(flexgrid2, 1)), row({gap(), item(cmdmerge)})});
+      framed(famyears, {named("Years", item(flexgrid2, 1)),
+                        row({item(cmdchanges), item(cmdasof), gap(), item(cmdmerge)})});
   const LayoutItem year = framed(Frame1, {item(Label1), stack({dates, list})}, 1);
   return column({row({commands, stack({clients, year})}, 1), item(lblstatus)}, 1);
 }

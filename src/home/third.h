@@ -52,6 +52,8 @@ class third : public Form {
   Frame famyears{*this, "famyears"};  // the year is chosen there, or typed in the other
   Grid flexgrid2{*this, "flexgrid2"};
   Button cmdmerge{*this, "cmdmerge", "Merge No&w"};  // what Enter does in the list of a merge
+  Button cmdchanges{*this, "cmdchanges", "Cha&nges..."};
+  Button cmdasof{*this, "cmdasof", "As It St&ood..."};
   Frame famdates{*this, "famdates"};
   MaskBox MaskEdBox1{*this, "MaskEdBox1", "", -1, '#'};
   MaskBox MaskEdBox2{*this, "MaskEdBox2", "", -1, '#'};

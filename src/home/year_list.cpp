@@ -12,6 +12,13 @@
 
 namespace quillet {
 
+YearList::YearList(third& form, Context& context) : form_(form), context_(context) {
+  third::on(form.cmdchanges.Click, "CMDCHANGES_CLICK",
+            [this] { showHistory(&BooksHistory::showChanges); });
+  third::on(form.cmdasof.Click, "CMDASOF_CLICK",
+            [this] { showHistory(&BooksHistory::showAsItStood); });
+}
+
 void YearList::load() {
   Grid& grid = form_.flexgrid2;
   years_.clear();
@@ -111,6 +118,22 @@ void YearList::remove() {
       form_.logErrors("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
     });
   }
+}
+
+void YearList::offerHistory(bool offered) {
+  const bool kept = context_.environment.history() != nullptr;
+  for (Button* command : {&form_.cmdchanges, &form_.cmdasof}) {
+    command->setVisible(offered && kept);
+  }
+}
+
+// Without a year chosen, those that were deleted can still be looked at.
+void YearList::showHistory(void (BooksHistory::*window)(const YearOfClient& year)) {
+  BooksHistory* const history = context_.environment.history();
+  if (!history) return;
+  const YearKeys keys = chosen() ? *chosen() : YearKeys{};
+  form_.focus(form_.flexgrid2);
+  (history->*window)({form_.clientCode(), form_.clientName(), keys.first, keys.second});
 }
 
 void YearList::tellRemoved(const frmdelwhatinTB& deletion, const std::string& year) {

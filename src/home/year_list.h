@@ -16,7 +16,7 @@ class third;
 
 class YearList {
  public:
-  YearList(third& form, Context& context) : form_(form), context_(context) {}
+  YearList(third& form, Context& context);
 
   // Reads the years and shows them, the last one chosen; without any, says so.
   void show();
@@ -32,8 +32,11 @@ class YearList {
   void open();
   void print();
   void remove();
+  // The commands on the history of the chosen year, where the host keeps one.
+  void offerHistory(bool offered);
 
  private:
+  void showHistory(void (BooksHistory::*window)(const YearOfClient& year));
   void load();
   void tellRemoved(const frmdelwhatinTB& deletion, const std::string& year);
 

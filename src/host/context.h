@@ -10,6 +10,7 @@
 #include "controls/form.h"
 #include "controls/open_forms.h"
 #include "data/sql.h"
+#include "ports/books_history.h"
 #include "ports/ports.h"
 #include "ports/source_book.h"
 #include "ports/statutory_heads.h"
@@ -31,6 +32,8 @@ class Environment {
   virtual SourceReader* sourceReader() { return nullptr; }
   // The heads that account groups are mapped to; null where the host has none.
   virtual StatutoryHeads* statutoryHeads() { return nullptr; }
+  // Null where the host keeps no history of the books.
+  virtual BooksHistory* history() { return nullptr; }
   virtual FileRemover& fileRemover() { return removeAtOnce_; }
   // A procedure was ended by an error, which the error log has by now. `where` is what the form is
   // called.

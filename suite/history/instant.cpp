@@ -58,6 +58,25 @@ std::string localTime(Instant instant) {
   return text;
 }
 
+std::string localDay(Instant instant) {
+  const std::string time = localTime(instant);
+  return time.substr(8, 2) + '/' + time.substr(5, 2) + '/' + time.substr(0, 4);
+}
+
+Instant localInstant(Date day, int hour, int minute, int seconds) {
+  std::tm local{};
+  local.tm_year = day.year - 1900;
+  local.tm_mon = day.month - 1;
+  local.tm_mday = day.day;
+  local.tm_hour = hour;
+  local.tm_min = minute;
+  local.tm_sec = seconds;
+  local.tm_isdst = -1;
+  return static_cast<Instant>(std::mktime(&local)) * second;
+}
+
+Instant dayAfter(Date day) { return localInstant({day.year, day.month, day.day + 1}); }
+
 Instant instantNow() {
   const auto now = std::chrono::system_clock::now().time_since_epoch();
   return std::chrono::duration_cast<microseconds>(now).count();

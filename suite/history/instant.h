@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "data/dates.h"
+
 namespace quillet::suite {
 
 using Instant = std::int64_t;
@@ -15,6 +17,12 @@ std::string instantText(Instant instant);
 Instant instantFrom(const std::string& text);
 // As a person reads it, by the clock of this computer: "2026-03-31 14:45:00".
 std::string localTime(Instant instant);
+// "31/03/2026", the day of it.
+std::string localDay(Instant instant);
+// The instant of a time by the clock of this computer.
+Instant localInstant(Date day, int hour = 0, int minute = 0, int second = 0);
+// The first instant of the day after.
+Instant dayAfter(Date day);
 // By the computer's clock.
 Instant instantNow();
 

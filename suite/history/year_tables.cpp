@@ -33,6 +33,18 @@ std::optional<std::string> tablesAt(const std::vector<YearTables>& over, Instant
   return std::nullopt;
 }
 
+std::vector<YearEver> yearsEver(UnitOfWork& unit, const std::string& client) {
+  const RecordsetPtr rows = unit.query(
+      "select f_yr,s_yr,max(row_till>now(6)) from master for system_time all where"
+      " code_no='" +
+      unit.escape(client) + "' group by f_yr,s_yr order by substr(s_yr,5)");
+  std::vector<YearEver> years;
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    years.push_back({rows->text(0), rows->text(1), rows->integer(2) != 0});
+  }
+  return years;
+}
+
 Instant historyBegins(UnitOfWork& unit) {
   const RecordsetPtr first = unit.query("select min(At) from SuiteAct");
   return instantFrom(first->text(0));

@@ -28,6 +28,14 @@ std::vector<YearTables> tablesOver(UnitOfWork& unit, const ClientYear& year);
 // The suffix of its tables at an instant; nothing when the year was not there.
 std::optional<std::string> tablesAt(const std::vector<YearTables>& over, Instant at);
 
+// The client's years, those that were deleted among them, in their order.
+struct YearEver {
+  std::string firstDate;  // "01042008"
+  std::string secondDate;
+  bool isThere = false;
+};
+std::vector<YearEver> yearsEver(UnitOfWork& unit, const std::string& client);
+
 // The instant before which there is no history, 0 when there is none at all.
 Instant historyBegins(UnitOfWork& unit);
 

@@ -12,6 +12,7 @@
 #include "review/frmvchimport.h"
 #include "suite/client_form.h"
 #include "suite/firm_form.h"
+#include "suite/history/history_forms.h"
 #include "suite/settings_form.h"
 #include "suite/stock_form.h"
 #include "yearend/frmbringfwd.h"
@@ -81,9 +82,11 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
                           [] { return 6L; });
   suite::frmSettings settings(context().openForms, practice.settings(), dialogs);
   suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
-  for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
-                                                 &binding, &deletion, &import, &vouchers, &forward,
-                                                 &stock, &client, &settings, &firm}) {
+  suite::frmchanges changes(context(), practice.environment().unit(), {});
+  suite::frmasof asOf(context(), practice.environment().unit());
+  for (Form* form : std::initializer_list<Form*>{
+           &home, &editor, &journal, &groups, &ledgers, &binding, &deletion, &import, &vouchers,
+           &forward, &stock, &client, &settings, &firm, &changes, &asOf}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();
@@ -118,9 +121,13 @@ TEST_F(AccessKeysTest, EscapeLeadsBackFromEveryForm) {
                {&editor, &editor.mnujournal, &editor.vsfm},
                {&editor, &editor.mnunewgroup, &editor.vsfm},
                {&editor, &editor.cmdgrpmanf, &editor.vsfm},
+               {&editor, &editor.mnuchanges, &editor.vsfm},
+               {&editor, &editor.mnuasof, &editor.vsfm},
                {&home, nullptr, &home.flexgrid2},  // the editor itself
                {&home, &home.cmdgrpmas, &home.flexgrid2},
                {&home, &home.cmdledmas, &home.flexgrid2},
+               {&home, &home.cmdchanges, &home.flexgrid2},
+               {&home, &home.cmdasof, &home.flexgrid2},
                {&home, nullptr, &home.ClGrd1},
                {&home, &home.cmdgrpmas, &home.ClGrd1}};
   editor.focus(editor.vsfm);

@@ -1,0 +1,24 @@
+// The windows on the history of the books.
+#pragma once
+
+#include "suite/history/as_of_form.h"
+#include "suite/history/changes_form.h"
+
+namespace quillet::suite {
+
+class HistoryForms : public BooksHistory {
+ public:
+  HistoryForms(Context& context, UnitOfWork& unit)
+      : asOf_(context, unit), changes_(context, unit, [this](const YearOfClient& year, Instant at) {
+          asOf_.showYear(year, at);
+        }) {}
+
+  void showChanges(const YearOfClient& year) override { changes_.showYear(year); }
+  void showAsItStood(const YearOfClient& year) override { asOf_.showYear(year); }
+
+ private:
+  frmasof asOf_;
+  frmchanges changes_;
+};
+
+}  // namespace quillet::suite
