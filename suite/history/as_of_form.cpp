@@ -154,15 +154,10 @@ void frmasof::showMoment() {
 }
 
 void frmasof::step(bool later) {
-  const std::string own = "select " + std::string(later ? "min" : "max") +
-                          "(At) from SuiteAct where Client='" + unit_.escape(year_.client) +
-                          "' and Yr='" + unit_.escape(year_.secondDate) + "' and At" +
-                          (later ? ">'" : "<'") + instantText(at_) + '\'';
-  const RecordsetPtr row = unit_.query(own);
-  const Instant act = instantFrom(row->text(0));
+  const Instant act = nearestAct(unit_, {year_.client, year_.secondDate}, at_, later);
   if (act == 0) {
-    lblstate.setCaption(later ? "There is no later act on this year."
-                              : "There is no earlier act on this year.");
+    lblstate.setCaption(later ? "No later act changed these lines."
+                              : "No earlier act changed these lines.");
     return;
   }
   at_ = act;

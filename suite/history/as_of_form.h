@@ -51,7 +51,7 @@ class frmasof : public Form {
   void attach();
   void formKey(Key& key);
   std::optional<Instant> typedMoment();
-  // To the act of the year before or after the moment.
+  // To the act before or after the moment that changed the lines.
   void step(bool later);
   void showMoment();
   void showBooks();

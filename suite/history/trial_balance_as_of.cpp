@@ -81,4 +81,24 @@ TrialBalanceAsOf trialBalanceAsOf(UnitOfWork& unit, const ClientYear& year, Inst
   return result;
 }
 
+Instant nearestAct(UnitOfWork& unit, const ClientYear& year, Instant to, bool after) {
+  const Instant begins = historyBegins(unit);
+  Instant nearest = 0;
+  for (const YearTables& tables : tablesOver(unit, year)) {
+    const Period asked{std::max(after ? to + 1 : 0, std::max(tables.from, begins + 1)),
+                       std::min(after ? endOfTime : to, std::min(tables.till + 1, endOfTime))};
+    if (asked.from >= asked.till) continue;
+    const RecordsetPtr rows =
+        unit.query(versionsOf("%f,%t from TAB_" + tables.suffix) + " and code_no='" +
+                   unit.escape(year.client) + '\'' + changedIn(asked));
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      for (const Instant at : {Instant{rows->integer(0)}, Instant{rows->integer(1)}}) {
+        if (!asked.has(at)) continue;
+        nearest = nearest == 0 ? at : after ? std::min(nearest, at) : std::max(nearest, at);
+      }
+    }
+  }
+  return nearest;
+}
+
 }  // namespace quillet::suite

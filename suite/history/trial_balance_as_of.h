@@ -31,4 +31,8 @@ struct TrialBalanceAsOf {
 // `then` may be any instant; one that is still to come shows today's lines.
 TrialBalanceAsOf trialBalanceAsOf(UnitOfWork& unit, const ClientYear& year, Instant then);
 
+// The nearest act before or after the instant that changed the lines of the year; 0 when there is
+// none.
+Instant nearestAct(UnitOfWork& unit, const ClientYear& year, Instant to, bool after);
+
 }  // namespace quillet::suite

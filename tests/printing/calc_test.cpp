@@ -13,6 +13,7 @@
 #include "printing/export_fixture.h"
 #include "review/frmimport.h"
 #include "statements/frmstatements.h"
+#include "suite/history/changes_form.h"
 
 namespace quillet::support {
 namespace {
@@ -207,6 +208,27 @@ TEST_F(CalcTest, StatementsComeBackAsTheyWere) {
   const std::string text = contentOf(converted(target_, "csv"));
   EXPECT_NE(text.find("Total assets,,11990,0"), std::string::npos) << text;
   fs::remove(own);
+}
+
+TEST_F(CalcTest, ChangesComeBackAsTheyWere) {
+  practice.environment().actLog().alone("The history begins", [] {});
+  fill(addYear("C2", 2008), static_cast<int>(awkwardNames.size()), awkwardNames);
+  practice.environment().history()->showChanges({"C2", "Neighbour & Co", "01042008", "31032009"});
+  auto& form = dynamic_cast<suite::frmchanges&>(*context().openForms.active());
+  dialogs.queueFile(target_.string());
+  EXPECT_TRUE(form.click(form.cmdexport));
+  EXPECT_EQ(messages(), (Texts{exportedTo(target_)}));
+  const Read read = readBack();
+  EXPECT_TRUE(read.errors.empty()) << read.errors.begin()->second;
+  ASSERT_EQ(form.vsf.rows(), std::ssize(awkwardNames) + 1);
+  for (int row = 1; row < form.vsf.rows(); ++row) {
+    ASSERT_EQ(read.texts.at({row + 1, 2}), form.vsf.cell(row, 3));
+    ASSERT_EQ(read.texts.at({row + 1, 9}), "Added");
+    const std::string shown = read.texts.at({row + 1, 7});
+    EXPECT_EQ(host().formatgen(read.numbers.at({row + 1, 5}), "###0.00") + ' ' + shown,
+              form.vsf.cell(row, 6));
+  }
+  form.close();
 }
 
 TEST_F(CalcTest, AFullDiskLosesNothing) {
