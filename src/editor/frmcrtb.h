@@ -75,8 +75,8 @@ class frmcrtb : public Form {
   MenuEntry mnusort{*this, "mnusort", "&Sort", &mnuview};
   ControlArray<MenuEntry> mnusortopt{
       *this, "mnusortopt", {"As &Entered", "By &Particular", "By &Group", "By &Amount"}, &mnusort};
-  MenuEntry mnuchanges{*this, "mnuchanges", "&Changes...", &mnuview, "F7"};
-  MenuEntry mnuasof{*this, "mnuasof", "&As It Stood...", &mnuview, "F8"};
+  MenuEntry mnuchanges{*this, "mnuchanges", "&Changes...", &mnuview, "F8"};
+  MenuEntry mnuasof{*this, "mnuasof", "&As It Stood...", &mnuview, "F9"};
   MenuEntry mnushled{*this, "mnushled", "&Ledger List", &mnuview};
   MenuEntry mnuall{*this, "mnuall", "&All Ledgers", &mnushled};
   MenuEntry mnuclonly{*this, "mnuclonly", "Ledgers of this &Client", &mnushled};

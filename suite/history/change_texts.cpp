@@ -81,9 +81,7 @@ ChangeTexts textsOf(const ServiceObject& host, Changes& changes, const Change& c
   texts.what = change.what();
   texts.of = subjectOf(change);
   if (row.partId != 0) texts.ledger = changes.names.ledger(row.partId, change.at);
-  if (row.allId != 0 && change.of != Of::binding) {
-    texts.group = changes.names.group(row.allId, change.at);
-  }
+  if (row.allId != 0) texts.group = changes.names.group(row.allId, change.at);
   if (before && after && before->allId != after->allId) {
     texts.oldGroup = changes.names.group(before->allId, change.at);
   }

@@ -34,11 +34,17 @@ BookRow voucherLineOf(const Recordset& columns) {
   return row;
 }
 
-BookRow nameOf(long partId, long allId, std::string name) {
+// Rows of masters are paired by their ids alone.
+BookRow masterRow(long id, std::string says) {
   BookRow row;
-  row.partId = partId;
-  row.allId = allId;
-  row.details = std::move(name);
+  row.voucher = id;
+  row.details = std::move(says);
+  return row;
+}
+
+BookRow groupRow(long id, std::string says) {
+  BookRow row = masterRow(id, std::move(says));
+  row.allId = id;
   return row;
 }
 
@@ -63,8 +69,7 @@ class YearReading {
                    ofLedger, part, voucherLineOf);
       events_.read(Of::stock, "%f,%t,partid,allid,amt,0,0 from TRADE_" + tables.suffix, ofLedger,
                    part, lineOf);
-      if (ledger_ != 0) continue;
-      readBinding(tables, own, part);
+      if (ledger_ == 0) readBinding(tables, own, part);
     }
     if (ledger_ == 0) readRegistry(over);
     return events_.take();
@@ -72,7 +77,7 @@ class YearReading {
 
  private:
   void readRegistry(const std::vector<YearTables>& over) {
-    const BookRow registered = nameOf(0, 0, shownDate(year_.secondDate));
+    const BookRow registered = masterRow(0, shownDate(year_.secondDate));
     for (const YearTables& tables : over) {
       events_.add(tables.from, Of::year, true, registered);
       events_.add(tables.till, Of::year, false, registered);
@@ -83,7 +88,7 @@ class YearReading {
   void readBinding(const YearTables& tables, const std::string& own, const Period& part) {
     events_.read(
         Of::binding,
-        "%f,%t,GrpSr,GrpOrder,OsGrpId,PurGrpId,SalGrpId,CsGrpId,(select max(GrpHead) from"
+        "%f,%t,SrNo,GrpOrder,OsGrpId,PurGrpId,SalGrpId,CsGrpId,(select max(GrpHead) from"
         " RawMatGrpM where GrpId=GrpSr) from RMGRP_" +
             tables.suffix,
         own, part, [this](const Recordset& columns) {
@@ -95,7 +100,7 @@ class YearReading {
             if (group == 0) continue;
             text += std::string("; ") + kinds[kind] + ' ' + names_.group(group, at);
           }
-          BookRow row = nameOf(0, columns.integer(2), text);
+          BookRow row = masterRow(columns.integer(2), text);
           row.order = columns.integer(3);
           return row;
         });
@@ -124,32 +129,31 @@ Changes changesOfMasters(UnitOfWork& unit, const Period& asked, long ledger) {
   VersionEvents events(unit, period);
   NamesAsOf names(unit);
   const std::string ofLedger = ledger == 0 ? "" : " and PartId=" + std::to_string(ledger);
-  events.read(
-      Of::ledger, "%f,%t,PartId,Particular from Mast_Part", ofLedger, period,
-      [](const Recordset& columns) { return nameOf(columns.integer(2), 0, columns.text(3)); });
+  events.read(Of::ledger, "%f,%t,PartId,Particular from Mast_Part", ofLedger, period,
+              [](const Recordset& columns) {
+                BookRow row = masterRow(columns.integer(2), columns.text(3));
+                row.partId = row.voucher;
+                return row;
+              });
   if (ledger != 0) return events.take();
   events.read(Of::group, "%f,%t,AllId,AllGrp,GID from Mast_AllGrp", "", period,
               [&](const Recordset& columns) {
                 const std::string& under =
                     names.primaryGroup(columns.integer(4), columns.integer(0));
-                return nameOf(0, columns.integer(2), columns.text(3) + " (under " + under + ')');
+                return groupRow(columns.integer(2), columns.text(3) + " (under " + under + ')');
               });
   events.read(Of::mapping, "%f,%t,AllId,Code_No,SVIMapName,ITMapName from AllGrp_Map", "", period,
               [](const Recordset& columns) {
                 const std::string code = columns.text(3);
-                BookRow row =
-                    nameOf(0, columns.integer(2),
-                           "Schedule VI: " + columns.text(4) + "; income tax: " + columns.text(5));
+                BookRow row = groupRow(columns.integer(2), "Schedule VI: " + columns.text(4) +
+                                                               "; income tax: " + columns.text(5));
                 // The rows that all clients share carry a mark in place of a code.
                 row.date = code.starts_with('#') ? "" : code;
                 return row;
               });
-  events.read(Of::head, "%f,%t,GrpId,GrpHead from RawMatGrpM", "", period,
-              [](const Recordset& columns) {
-                BookRow row = nameOf(0, 0, columns.text(3));
-                row.voucher = columns.integer(2);
-                return row;
-              });
+  events.read(
+      Of::head, "%f,%t,GrpId,GrpHead from RawMatGrpM", "", period,
+      [](const Recordset& columns) { return masterRow(columns.integer(2), columns.text(3)); });
   return events.take();
 }
 

@@ -182,6 +182,17 @@ TEST_F(ChangesTest, MastersChangeBooksAndNames) {
   EXPECT_EQ(told(changesOfMasters(unit(), {merged, merged + 1})),
             (Rows{{"Deleted", "Group", "", "RENT", "RENT (under Expenses)", ""}}));
   EXPECT_EQ(changed(entered), (Rows{{"Added", "Line", "Fares", "RENT", "", "10.00 DR"}}));
+  const Instant bound = act([&] {
+    host().ConQuery("insert into RawMatGrpM values(1,'Cotton',1)");
+    host().ConQuery("insert into RMGRP_1 values('C1',1,1," + sqlNumber(banks) + ",0,0,0,1)");
+    host().ConQuery("insert into AllGrp_Map values('#?#COMMON#?#'," + sqlNumber(banks) +
+                    ",1,'Cash',2,'Bank')");
+  });
+  EXPECT_EQ(changed(bound),
+            (Rows{{"Added", "Binding", "", "", "", "Cotton; opening stock BANKS"}}));
+  EXPECT_EQ(told(changesOfMasters(unit(), {bound, bound + 1})),
+            (Rows{{"Added", "Mapping", "", "BANKS", "", "Schedule VI: Cash; income tax: Bank"},
+                  {"Added", "Binding head", "", "", "", "Cotton"}}));
   EXPECT_EQ(stood(entered), (Rows{{"Fares", "RENT", "10.00 DR", "10.00 DR", "Changed"}}));
 }
 
