@@ -55,10 +55,10 @@ frmasof::frmasof(Context& context, UnitOfWork& unit)
   for (TextBox* total : {&txtthendr, &txtthencr, &txtnowdr, &txtnowcr}) total->makeFigure();
   for (Label* label : {&lblsubject, &lblstate}) label->setQuiet(true);
   txttime.setMaxLength(8);
-  attach();
+  attachCommands();
 }
 
-void frmasof::attach() {
+void frmasof::attachCommands() {
   for (Control* box : {static_cast<Control*>(&mskdate), static_cast<Control*>(&txttime)}) {
     box->KeyPress = [this](Key& key) {
       if (key != keys::Enter) return;

@@ -39,16 +39,16 @@ class frmasof : public Form {
   void showYear(const YearOfClient& year, Instant at = 0);
 
   LayoutItem layout() override;
+  void takenBack() override;
   std::string subject() const override;
   std::string fileSubject() const override;
-  void takenBack() override;
 
  protected:
   void load() override;
   void unload(bool& cancel) override;
 
  private:
-  void attach();
+  void attachCommands();
   void formKey(Key& key);
   std::optional<Instant> typedMoment();
   // To the act before or after the moment that changed the lines.

@@ -110,7 +110,9 @@ void frmchanges::load() {
   txtledger.setText("");
   fillYears();
   fillLedgers();
-  const Instant now = instantNow();
+  // The clock may have been set back since.
+  const YearOfClient year = yearInView();
+  const Instant now = std::max(instantNow(), lastChange(unit_, {year.client, year.secondDate}));
   msktill.setText(localDay(now));
   const Date month = monthBefore(*readDate(localDay(now)));
   mskfrom.setText(localDay(localInstant(month)));

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
 #include "books/group_merge.h"
 #include "books/ledger_master.h"
 #include "books/voucher_book.h"
@@ -220,6 +223,56 @@ TEST_F(ChangesTest, ADeletedYearCanBeLookedAt) {
   EXPECT_FALSE(trialBalanceAsOf(unit(), year, lastAct()).isThere);
   EXPECT_TRUE(trialBalanceAsOf(unit(), next, lastAct()).wasThere);
   EXPECT_FALSE(trialBalanceAsOf(unit(), next, entered).wasThere);
+}
+
+// As of each act, and by what each act is told to have changed, the books are what they were.
+TEST_F(ChangesTest, AnyActCanBeLookedBackAt) {
+  using Books = std::map<std::pair<long, long>, Money>;
+  std::mt19937 dice(7);
+  const auto below = [&](unsigned limit) { return static_cast<long>(dice() % limit); };
+  Books books;
+  std::vector<std::pair<Instant, Books>> stood{{begin_, books}};
+  for (int i = 0; i < 150; ++i) {
+    const Instant at = edit([&] {
+      const Act running(context().openForms.acts);
+      for (long lines = below(4); lines >= 0; --lines) {
+        const std::pair pair{1 + below(6), below(2) == 0 ? group("BANKS") : group("RENT")};
+        const Sql where = " where code_no='C1' and partid=" + sqlNumber(pair.first) +
+                          " and allid=" + sqlNumber(pair.second);
+        host().ConQuery("delete from TAB_1" + where);
+        books.erase(pair);
+        if (below(4) == 0) continue;
+        const Money amount = Money::ofPaise(1 + below(9'999));
+        const long side = 1 + below(2);
+        host().ConQuery("insert into TAB_1 values(" + sqlNumber(below(50)) + ",'C1'," +
+                        sqlNumber(pair.first) + "," + sqlNumber(pair.second) + "," +
+                        sqlNumber(amount.rupees()) + "," + sqlNumber(side) + ")");
+        books[pair] = side == 2 ? -amount : amount;
+      }
+    });
+    stood.emplace_back(at, books);
+  }
+  const Changes changes = changesOfYear(unit(), year, {0, endOfTime});
+  auto change = changes.list.rbegin();
+  Books replayed;
+  for (const auto& [at, expected] : stood) {
+    Books then;
+    for (const LineAsOf& line : trialBalanceAsOf(unit(), year, at).lines) {
+      const auto& row = line.rows.before;
+      if (row) then[{row->partId, row->allId}] = row->balance;
+    }
+    ASSERT_EQ(then, expected);
+    for (const int step : {0, 1}) {
+      for (auto each = change; each != changes.list.rend() && each->at == at; ++each) {
+        const auto& row = step == 0 ? each->rows.before : each->rows.after;
+        if (row && step == 0) replayed.erase({row->partId, row->allId});
+        if (row && step == 1) replayed[{row->partId, row->allId}] = row->balance;
+      }
+    }
+    while (change != changes.list.rend() && change->at == at) ++change;
+    ASSERT_EQ(replayed, expected);
+  }
+  EXPECT_EQ(change, changes.list.rend());
 }
 
 TEST_F(ChangesTest, TakenBackActsAreMarked) {
