@@ -150,7 +150,8 @@ void Practice::restartModule() {
   service().useOpenForms(context().openForms);
   standalone_.takingBack().onTakenBack = [this](const ActRow& act) { tookBack(act); };
   if (standalone_.actLog().keeps()) {
-    history_ = std::make_unique<HistoryForms>(context(), standalone_.unit());
+    history_ =
+        std::make_unique<HistoryForms>(context(), standalone_.unit(), standalone_.takingBack());
     standalone_.offerHistory(history_.get());
   }
   commands_ = std::make_unique<PracticeCommands>(*this);

@@ -31,7 +31,7 @@ frmcrtb::frmcrtb(Context& context)
       printouts_(*this, books_, lines_, summaryPage_),
       export_(*this, books_, lines_),
       import_(*this, books_, saver_),
-      history_(*this, books_) {
+      history_(*this, books_, entry_) {
   attachMenus();
   attachLines();
   attachTotals();

@@ -55,6 +55,7 @@ class frmcrtb : public Form {
   MenuEntry mnuinsert{*this, "mnuinsert", "&Insert Line", &mnuentry, "Ins"};
   MenuEntry mnualter{*this, "mnualter", "&Alter Line", &mnuentry, "F2"};
   MenuEntry mnudelete{*this, "mnudelete", "&Delete Line", &mnuentry, "Ctrl+Del"};
+  MenuEntry mnutakeback{*this, "mnutakeback", "Ta&ke Back", &mnuentry, "Ctrl+Z"};
   MenuEntry mnuline0{*this, "mnuline0", "-", &mnuentry};
   MenuEntry mnufind{*this, "mnufind", "&Find...", &mnuentry, "Ctrl+F"};
   MenuEntry mnufindnext{*this, "mnufindnext", "Find Ne&xt", &mnuentry, "F3"};

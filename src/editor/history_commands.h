@@ -5,19 +5,23 @@
 
 namespace quillet {
 
+class EntryFields;
 class frmcrtb;
 
 class HistoryCommands {
  public:
-  HistoryCommands(frmcrtb& form, OpenBooks& books);
+  HistoryCommands(frmcrtb& form, OpenBooks& books, EntryFields& entry);
 
   void setButtons();
 
  private:
+  YearOfClient yearInView() const;
+  void MNUTAKEBACK_CLICK();
   void show(void (BooksHistory::*window)(const YearOfClient& year));
 
   frmcrtb& form_;
   OpenBooks& books_;
+  EntryFields& entry_;
 };
 
 }  // namespace quillet

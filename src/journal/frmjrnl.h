@@ -42,6 +42,7 @@ class frmjrnl : public Form {
   void takenBack() override;
 
   MenuEntry mnuvouchers{*this, "mnuvouchers", "&Vouchers"};
+  MenuEntry mnutakeback{*this, "mnutakeback", "Ta&ke Back", &mnuvouchers, "Ctrl+Z"};
   MenuEntry mnuimport{*this, "mnuimport", "I&mport Vouchers...", &mnuvouchers};
 
   Label lblsubject{*this, "lblsubject"};

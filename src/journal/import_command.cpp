@@ -1,6 +1,7 @@
 #include "journal/import_command.h"
 
 #include "data/year.h"
+#include "host/take_back.h"
 #include "journal/frmjrnl.h"
 #include "review/frmvchimport.h"
 
@@ -8,6 +9,7 @@ namespace quillet {
 
 VoucherImportCommand::VoucherImportCommand(frmjrnl& form) : form_(form) {
   frmjrnl::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
+  frmjrnl::on(form.mnutakeback.Click, "MNUTAKEBACK_CLICK", [this] { takeBack(); });
   frmjrnl::on(form.vsf.PasteCells, "PASTECELLS", [this](const std::string& text) {
     review([&](frmvchimport& review) { return review.OPENCELLS(text); });
   });
@@ -17,8 +19,12 @@ VoucherImportCommand::~VoucherImportCommand() = default;
 
 void VoucherImportCommand::setEntry() {
   const bool reads = form_.context().environment.sourceReader() != nullptr;
-  form_.mnuvouchers.setVisible(reads);
-  form_.mnuimport.setEnabled(reads && form_.Frame1.visible());
+  const bool takesBack = form_.context().environment.history() != nullptr;
+  form_.mnuvouchers.setVisible(reads || takesBack);
+  form_.mnuimport.setVisible(reads);
+  form_.mnuimport.setEnabled(form_.Frame1.visible());
+  form_.mnutakeback.setVisible(takesBack);
+  form_.mnutakeback.setEnabled(form_.Frame1.visible());
 }
 
 void VoucherImportCommand::MNUIMPORT_CLICK() {
@@ -28,6 +34,13 @@ void VoucherImportCommand::MNUIMPORT_CLICK() {
     review.OPENFILE(std::move(*file));
     return true;
   });
+}
+
+void VoucherImportCommand::takeBack() {
+  const ReviewedYear year = form_.reviewedYear();
+  const auto told = takeBackLast(
+      form_.context(), {year.books.client, year.clientName, year.keys.first, year.keys.second});
+  if (told) form_.lblstatus.setCaption(*told);
 }
 
 void VoucherImportCommand::review(const std::function<bool(frmvchimport& form)>& open) {

@@ -20,6 +20,7 @@ class VoucherImportCommand {
   void setEntry();
 
  private:
+  void takeBack();
   void MNUIMPORT_CLICK();
   void review(const std::function<bool(frmvchimport& form)>& open);
 

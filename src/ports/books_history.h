@@ -1,5 +1,5 @@
 // What a host may offer that keeps every version of the books: windows on what was changed and on
-// how the books stood.
+// how the books stood, and taking back what was done last.
 #pragma once
 
 #include <string>
@@ -20,6 +20,13 @@ class BooksHistory {
   // The forms below take no input until it closes.
   virtual void showChanges(const YearOfClient& year) = 0;
   virtual void showAsItStood(const YearOfClient& year) = 0;
+  // Takes the last act on the year's books back that is in effect, and tells what that was, or why
+  // it cannot be. Nothing is changed then.
+  struct TakenBack {
+    bool done = false;
+    std::string told;
+  };
+  virtual TakenBack takeBackLast(const YearOfClient& year) = 0;
 };
 
 }  // namespace quillet

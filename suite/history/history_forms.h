@@ -3,20 +3,26 @@
 
 #include "suite/history/as_of_form.h"
 #include "suite/history/changes_form.h"
+#include "suite/history/taking_back.h"
 
 namespace quillet::suite {
 
 class HistoryForms : public BooksHistory {
  public:
-  HistoryForms(Context& context, UnitOfWork& unit)
-      : asOf_(context, unit), changes_(context, unit, [this](const YearOfClient& year, Instant at) {
-          asOf_.showYear(year, at);
-        }) {}
+  HistoryForms(Context& context, UnitOfWork& unit, TakingBack& takingBack)
+      : takingBack_(takingBack),
+        asOf_(context, unit),
+        changes_(context, unit,
+                 [this](const YearOfClient& year, Instant at) { asOf_.showYear(year, at); }) {}
 
   void showChanges(const YearOfClient& year) override { changes_.showYear(year); }
   void showAsItStood(const YearOfClient& year) override { asOf_.showYear(year); }
+  TakenBack takeBackLast(const YearOfClient& year) override {
+    return takingBack_.takeBackLast(year.client, year.secondDate);
+  }
 
  private:
+  TakingBack& takingBack_;
   frmasof asOf_;
   frmchanges changes_;
 };

@@ -59,6 +59,8 @@ std::optional<ActRow> TakingBack::last(const std::string& client,
        read(" where Client='" + unit_.escape(client) + "' and Yr in ('','" + year + "')", steps)) {
     if (act.takenBack || act.row.takesBack != 0) continue;
     if (act.row.secondDate.empty() && !changesYear(act.row, table)) continue;
+    // The year itself is made and deleted from elsewhere.
+    if (act.row.tables.find("master") != std::string::npos) return std::nullopt;
     if (!ActInverse(unit_, act.row).empty()) return act.row;
   }
   return std::nullopt;
@@ -82,6 +84,19 @@ std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
   inverse.send();
   if (onTakenBack) onTakenBack(act);
   return {};
+}
+
+BooksHistory::TakenBack TakingBack::takeBackLast(const std::string& client,
+                                                 const std::string& secondDate) {
+  const std::optional<ActRow> act = last(client, secondDate);
+  if (!act) return {false, "There is nothing left in this year that could be taken back."};
+  const std::string what = whatItChanged(*act);
+  std::string told = wordsFor(*act);
+  const std::vector<std::string> conflicts = takeBack(*act);
+  if (conflicts.empty()) return {true, "Taken back: " + told + ". " + what};
+  told += " cannot be taken back:";
+  for (const std::string& conflict : conflicts) told += "\r\n" + conflict;
+  return {false, told};
 }
 
 }  // namespace quillet::suite

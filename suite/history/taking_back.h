@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ports/books_history.h"
 #include "suite/history/act_row.h"
 #include "suite/unit_of_work.h"
 
@@ -36,6 +37,9 @@ class TakingBack {
   std::vector<std::string> conflicts(const ActRow& act) const;
   // Within an act. Nothing is changed when something stands in the way, which is told.
   std::vector<std::string> takeBack(const ActRow& act);
+
+  // The last one on that year.
+  BooksHistory::TakenBack takeBackLast(const std::string& client, const std::string& secondDate);
 
   // Told after an act was taken back: what it changed must be read anew, and the files that it
   // removed come back.

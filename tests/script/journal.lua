@@ -22,15 +22,7 @@ local journal = assert(quillet.form("frmjrnl"), "the journal is not open")
 equal(journal.lblperiod.caption, "Period: 01/04/2008 - 31/03/2009")
 equal(journal.vsf.rows, 0)
 
-local function line(i, side, ledger, group, amount)
-  journal.cboside[i]:choose(side)
-  journal.txtledger[i]:type(ledger)
-  journal.txtledger[i]:press("Tab")
-  if group then journal.txtgroup[i]:type(group) end
-  local box = side == "By" and journal.txtdramt[i] or journal.txtcramt[i]
-  box:type(amount)
-  box:press("Enter")
-end
+local function line(...) support.voucher_line(journal, ...) end
 local function vouchers()
   local found = {}
   for i, row in ipairs(quillet.query("select code_no,VID,LSrNo,VDate,Amount from JRNL_1 " ..

@@ -67,6 +67,17 @@ function support.enter(editor, particular, group, amount, side)
   editor.txtdrcr:press("Enter")
 end
 
+-- A line of the voucher that is being entered; without a group the one proposed stays.
+function support.voucher_line(journal, i, side, ledger, group, amount)
+  journal.cboside[i]:choose(side)
+  journal.txtledger[i]:type(ledger)
+  journal.txtledger[i]:press("Tab")
+  if group then journal.txtgroup[i]:type(group) end
+  local box = side == "By" and journal.txtdramt[i] or journal.txtcramt[i]
+  box:type(amount)
+  box:press("Enter")
+end
+
 function support.rows(grid)
   local rows = {}
   for r = 1, grid.rows do rows[r] = grid:row(r) end

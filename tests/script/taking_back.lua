@@ -1,0 +1,72 @@
+-- What was done last is taken back, in the editor, in the journal and from the home form.
+local support = require("support")
+local equal, rows = support.equal, support.rows
+
+quillet.add_client { code = "C1", name = "Rao Textiles" }
+support.year("C1", 2008, 1)
+local editor = support.open("C1", 2008)
+support.enter(editor, "Cash", "BANK BALANCES", "100", "DR")
+support.enter(editor, "Capital", "CAPITAL ACCOUNT", "100", "CR")
+local function lines() return rows(editor.vsfm) end
+local two = lines()
+equal(#two, 2)
+
+-- A line is altered, one is deleted: both come back, one by one, and then the first two go.
+editor.vsfm:pick("Cash")
+editor.mnualter:click()
+editor.txtamount:type("250")
+editor.txtamount:press("Enter")
+editor.txtdrcr:press("Enter")
+equal(editor.txttotdeb[0].text, "250.00")
+editor.vsfm:pick("Capital")
+quillet.answer("Yes")
+editor.mnudelete:click()
+equal(#lines(), 1)
+editor.mnutakeback:click()
+equal(#lines(), 2)
+assert(editor.lblhint.text:find("^Taken back: Delete Line"), editor.lblhint.text)
+assert(editor.lblhint.text:find("The line of Capital under CAPITAL ACCOUNT", 1, true), editor.lblhint.text)
+editor.mnutakeback:click()
+equal(lines(), two)
+equal(editor.txttotdeb[0].text, "100.00")
+
+-- Nothing is taken back under an entry.
+editor.txtpart:type("Ren")
+editor.mnutakeback:click()
+equal(editor.lblhint.text, "Save the line or press Esc before something is taken back.")
+equal(lines(), two)
+editor:press("Escape")
+quillet.messages()
+
+-- A voucher goes with what it posted; the list shows it at once.
+editor.mnujournal:click()
+local journal = assert(quillet.form("frmjrnl"))
+journal.cmdadd:click()
+support.voucher_line(journal, 0, "By", "Cash", nil, "10")
+support.voucher_line(journal, 1, "To", "Capital", nil, "10")
+journal.cmdupdate:click()
+equal(journal.vsf.rows > 0, true)
+journal.mnutakeback:click()
+equal(journal.vsf.rows, 0)
+assert(journal.lblstatus.text:find("Taken back", 1, true), journal.lblstatus.text)
+quillet.answer("Yes")
+journal:press("Escape")
+quillet.messages()
+equal(lines(), two)
+editor.mnutakeback:click()
+editor.mnutakeback:click()
+equal(#lines(), 0)
+editor.mnutakeback:click()
+equal(support.messages(), { "There is nothing left in this year that could be taken back." })
+
+-- From the home form: what was taken back is brought back.
+editor:press("Escape")
+local home = quillet.show("third")
+home.mnutakeback:click()
+local list = assert(quillet.form("frmTakeBack"))
+equal(list.vsf:row(1)[8], "takes back")
+quillet.answer("Yes")
+list.cmdtakeback:click()
+list:press("Escape")
+editor = support.open("C1", 2008)
+equal(#lines(), 1)
