@@ -139,6 +139,14 @@ std::vector<TableDefinition> suitesOwn() {
        {"At", "Client,Yr,At"}},
   };
   for (TableDefinition& table : tables) table.versioned = false;
+  // Locking a year and unlocking it are acts themselves.
+  tables.push_back({"SuiteYearLock",
+                    {{"Code_No", code},
+                     {"Yr", yearKey},
+                     {"Reason", anyText},
+                     {"Person", anyText},
+                     {"Since", dateText}},
+                    {"Code_No,Yr"}});
   return tables;
 }
 

@@ -1,11 +1,22 @@
 #include "suite/settings_form.h"
 
+#include <utility>
+
+#include "host/rights.h"
 #include "suite/firm_name.h"
+#include "suite/passwords.h"
 
 namespace quillet::suite {
 
-frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs)
-    : Form(openForms, "frmSettings"), settings_(settings), dialogs_(dialogs) {
+frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs,
+                         UnitOfWork& unit, std::function<bool()> mayUnlock)
+    : Form(openForms, "frmSettings"),
+      settings_(settings),
+      dialogs_(dialogs),
+      unit_(unit),
+      mayUnlock_(std::move(mayUnlock)) {
+  for (TextBox* box : {&txtunlock, &txtagain}) box->setSecret(true);
+  chkunlock.Click = [this] { showPasswordFields(); };
   setCaption("Settings");
   cmdok.Click = [this] { keep(); };
   cmdcancel.Click = [this] { close(); };
@@ -37,11 +48,14 @@ void frmSettings::load() {
       if (value.kept == kept) box.setChosen(box.size());
     }
   }
+  hadPassword_ = Passwords::isSet(unit_, PasswordKind::right, right::unlockYear);
+  chkunlock.setChecked(hadPassword_);
+  showPasswordFields();
   focus(txtfirm);
 }
 
 void frmSettings::keep() {
-  if (!keepFirmName(settings_, dialogs_, txtfirm)) return;
+  if (!keepPassword() || !keepFirmName(settings_, dialogs_, txtfirm)) return;
   for (const auto& [box, preference] : choices()) {
     preference.keep(settings_, preference.values[static_cast<std::size_t>(box.chosen() - 1)].kept);
   }
@@ -49,9 +63,43 @@ void frmSettings::keep() {
   if (onKept) onKept();
 }
 
+void frmSettings::showPasswordFields() {
+  for (TextBox* box : {&txtunlock, &txtagain}) {
+    box->setText("");
+    box->setEnabled(chkunlock.checked());
+  }
+  chkunlock.setToolTip(hadPassword_ ? "The password stays while no other one is typed." : "");
+}
+
+bool frmSettings::refuse(const std::string& text) {
+  dialogs_.MsgBox({text, caption(), Buttons::OK, Icon::information, Answer::OK});
+  focus(txtunlock);
+  return false;
+}
+
+// Whoever changes the password or takes it away must know it.
+bool frmSettings::keepPassword() {
+  const bool wanted = chkunlock.checked();
+  const std::string password = txtunlock.text();
+  if (password != txtagain.text()) {
+    return refuse("The two passwords differ. Please type the same one in both boxes.");
+  }
+  if (wanted ? hadPassword_ && password.empty() : !hadPassword_) return true;
+  if (wanted && password.empty()) {
+    return refuse(
+        "Please type a password twice, or take the tick off \"Unlock years with a"
+        " password\".");
+  }
+  if (!mayUnlock_()) return false;
+  Passwords::set(unit_, PasswordKind::right, right::unlockYear, password);
+  return true;
+}
+
 LayoutItem frmSettings::layout() {
   return column({field("&Name of the firm", txtfirm, 40, 1), field("&Grouping", cbogrouping, 30),
                  field("&Colours", cbotheme, 30), field("Printed &sheets", cboorientation, 30),
+                 row({item(chkunlock), named("Password that unlocks years", item(txtunlock, 1, 14)),
+                      named("Password again", field("Aga&in", txtagain, 14, 1))}),
                  gap(), row({gap(), item(cmdok), item(cmdcancel)})});
 }
 

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <functional>
+#include <string>
 
 #include "controls/basic_controls.h"
 #include "controls/choice.h"
@@ -11,17 +12,23 @@
 #include "ports/ports.h"
 #include "suite/preferences.h"
 #include "suite/settings.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
 class frmSettings : public Form {
  public:
-  frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
+  // `mayUnlock` asks a person for the password that unlocks years.
+  frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs, UnitOfWork& unit,
+              std::function<bool()> mayUnlock);
 
   TextBox txtfirm{*this, "txtfirm"};
   ComboBox cbogrouping{*this, "cbogrouping"};
   ComboBox cbotheme{*this, "cbotheme"};
   ComboBox cboorientation{*this, "cboorientation"};
+  CheckBox chkunlock{*this, "chkunlock", "Unlock years with a pass&word"};
+  TextBox txtunlock{*this, "txtunlock"};
+  TextBox txtagain{*this, "txtagain"};
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "Cancel"};
 
@@ -40,9 +47,15 @@ class frmSettings : public Form {
   };
   std::array<Choice, 3> choices();
   void keep();
+  void showPasswordFields();
+  bool keepPassword();
+  bool refuse(const std::string& text);
 
   Settings& settings_;
   Dialogs& dialogs_;
+  UnitOfWork& unit_;
+  std::function<bool()> mayUnlock_;
+  bool hadPassword_ = false;
 };
 
 }  // namespace quillet::suite

@@ -41,7 +41,8 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       clock_(clock),
       log_(database),
       unit_(database, &log_),
-      takingBack_(unit_, log_),
+      locks_(database, unit_, log_, clock),
+      takingBack_(unit_, log_, locks_),
       dialogs_(unit_, frontEnd.dialogs()),
       fileRemoval_(unit_, folder.documents(), folder.keptFiles()),
       disk_(database.schemaFolder().parent_path()),
@@ -67,7 +68,7 @@ std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
 }
 
 std::unique_ptr<StockForms> StandaloneEnvironment::createStockForms(OpenForms& openForms) {
-  return std::make_unique<StockComponent>(openForms, dialogs(), clock());
+  return std::make_unique<StockComponent>(openForms, dialogs(), clock(), yearLocks());
 }
 
 std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
@@ -79,6 +80,12 @@ std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {
 SourceReader* StandaloneEnvironment::sourceReader() {
   if (!sourceReader_) sourceReader_ = std::make_unique<SourceFiles>(calc_);
   return sourceReader_.get();
+}
+
+void StandaloneEnvironment::follow(Context* context) {
+  acts_.leave();
+  locks_.follow(context ? &context->openForms.acts : nullptr);
+  if (context) acts_.follow(*context);
 }
 
 Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontEnd& frontEnd,
@@ -105,7 +112,7 @@ Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
     : Practice(folder, openPractice(folder, frontEnd, policy), frontEnd, clock, policy) {}
 
 Practice::~Practice() {
-  standalone_.acts().leave();
+  standalone_.follow(nullptr);
   frontEnd_.keepPlacesIn(nullptr);
   try {
     KeptSettings(folder_).keep(settings_);
@@ -138,14 +145,14 @@ void Practice::tookBack(const ActRow& act) {
 Service& Practice::service() { return static_cast<Service&>(*context().host); }
 
 void Practice::restartModule() {
-  standalone_.acts().leave();
+  standalone_.follow(nullptr);
   commands_.reset();
   standalone_.offerHistory(nullptr);
   history_.reset();
   forms_.reset();
   standalone_.forgetReport();
   forms_ = std::make_unique<Forms>(standalone_);
-  standalone_.acts().follow(context());
+  standalone_.follow(&context());
   standalone_.reportsOf([this] { return context().openForms.active(); });
   service().useOpenForms(context().openForms);
   standalone_.takingBack().onTakenBack = [this](const ActRow& act) { tookBack(act); };

@@ -18,6 +18,7 @@
 #include "suite/file_removal.h"
 #include "suite/front_end.h"
 #include "suite/history/taking_back.h"
+#include "suite/history/year_locks.h"
 #include "suite/service_object.h"
 #include "suite/settings.h"
 #include "suite/start_policy.h"
@@ -47,11 +48,15 @@ class StandaloneEnvironment : public Environment {
   StatutoryHeads* statutoryHeads() override { return &statutoryHeads_; }
   BooksHistory* history() override { return history_; }
   FileRemover& fileRemover() override { return fileRemoval_; }
+  // On a server that keeps no history nothing could hold a station to them.
+  YearLocks* yearLocks() override { return log_.keeps() ? &locks_ : nullptr; }
   void trapped(const std::string& where, const std::exception& error) override {
     acts_.trapped(where, error);
   }
 
   ActKeeper& acts() { return acts_; }
+  // Keeps the acts on the forms of that context from now on; null: none.
+  void follow(Context* context);
   UnitOfWork& unit() { return unit_; }
   ActLog& actLog() { return log_; }
   TakingBack& takingBack() { return takingBack_; }
@@ -81,6 +86,7 @@ class StandaloneEnvironment : public Environment {
   Clock& clock_;
   ActLog log_;
   UnitOfWork unit_;
+  YearLockTable locks_;
   TakingBack takingBack_;
   UnitDialogs dialogs_;
   FileRemoval fileRemoval_;

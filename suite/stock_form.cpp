@@ -6,6 +6,7 @@
 #include "books/amount.h"
 #include "books/client_years.h"
 #include "books/clients.h"
+#include "books/locked_years.h"
 #include "controls/open_forms.h"
 #include "data/names.h"
 #include "data/sql.h"
@@ -22,8 +23,8 @@ constexpr int amountLength = 20;
 
 }  // namespace
 
-frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock)
-    : Form(openForms, "frmTrade"), dialogs_(dialogs), clock_(clock) {
+frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks)
+    : Form(openForms, "frmTrade"), dialogs_(dialogs), clock_(clock), locks_(locks) {
   setCaption("Closing Stock");
   size = {0.6, 0.6, 1.0};
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
@@ -105,23 +106,40 @@ void frmTrade::Show(int modal, std::function<void()> closed) {
 void frmTrade::load() {
   host_->resize_for_resolution(*this);
   showSubject();
+  showLock();
   groups_.fill(stockGroups(*host_));
   ledgers_.fill(stockLedgers(*host_));
   showLines();
   clearEntry();
-  focus(vsf.rows() > 0 ? static_cast<Control&>(vsf) : txtpart);
+  focus(vsf.rows() > 0 || !txtpart.enabled() ? static_cast<Control&>(vsf) : txtpart);
 }
 
 void frmTrade::showSubject() {
   const auto& [table, client] = books_;
-  lblsubject.setCaption(client);
+  keys_ = {};
+  subject_ = client;
   logErrors("SUBJECT", [&] {
     ClientYears names(*host_);
     const std::string suffix = replacedAll(upperCase(table), stockTable("TAB_"), "");
     const YearKeys& year = names.year(client, trialBalanceTable(suffix));
     if (year.first.empty()) return;
-    lblsubject.setCaption(subjectOf(names.client(client), client, year.first, year.second));
+    keys_ = year;
+    subject_ = subjectOf(names.client(client), client, year.first, year.second);
   });
+  lblsubject.setCaption(subject_);
+}
+
+void frmTrade::showLock() {
+  const auto lock = locks_ ? locks_->find(books_.client, keys_.second) : std::nullopt;
+  lbllock.setCaption(lock ? "Locked: " + lockText(*lock) : "");
+  lbllock.setVisible(lock.has_value());
+  for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setEnabled(!lock);
+}
+
+bool frmTrade::refusesChange() {
+  const auto lock = locks_ ? locks_->find(books_.client, keys_.second) : std::nullopt;
+  if (lock) ask(lockedText(subject_, *lock));
+  return lock.has_value();
 }
 
 void frmTrade::showLines() {
@@ -151,7 +169,7 @@ void frmTrade::clearEntry() {
 }
 
 void frmTrade::alterLine() {
-  if (vsf.current() == 0) return;
+  if (vsf.current() == 0 || refusesChange()) return;
   const ClosingStock::Line& line = lines_[vsf.currentId() - 1];
   altered_ = line.pair;
   txtpart.setText(vsf.cell(vsf.current(), 0));
@@ -162,7 +180,7 @@ void frmTrade::alterLine() {
 }
 
 void frmTrade::deleteLine() {
-  if (vsf.current() == 0) return;
+  if (vsf.current() == 0 || refusesChange()) return;
   const LedgerGroup pair = lines_[vsf.currentId() - 1].pair;
   const Answer answer =
       ask("Do you want to delete the selected record?", Buttons::YesNo, Icon::none);
@@ -175,6 +193,7 @@ const NameList::Entry* frmTrade::typedGroup() const {
 }
 
 void frmTrade::saveLine() {
+  if (refusesChange()) return;
   const std::string name = cleanedName(txtpart.text());
   const auto amount = typedAmount(txtamount.text());
   if (name.empty() || trimmed(txtgroup.text()).empty() || !amount || *amount <= Money()) {
@@ -227,7 +246,9 @@ void frmTrade::takenBack() {
     ledgers_.fill(stockLedgers(*host_));
     showLines();
   });
+  logErrors("TAKENBACK", [&] { showLock(); });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
+  if (!txtamount.enabled()) return clearEntry();
   if (lastSave_.act != openForms().acts.number()) return;
   focus(txtamount);
   txtpart.setText(lastSave_.ledger);
@@ -243,7 +264,7 @@ Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {
 }
 
 LayoutItem frmTrade::layout() {
-  return column({item(lblsubject), named("Closing stock", item(vsf, 1)),
+  return column({item(lblsubject), item(lbllock), named("Closing stock", item(vsf, 1)),
                  row({field("&Particulars", txtpart, 32, 1), field("&Group", txtgroup, 28, 1),
                       field("A&mount", txtamount, 18), named("Ledgers that match", item(vsfp)),
                       named("Groups that match", item(vsfg))}),

@@ -9,21 +9,25 @@
 #include <vector>
 
 #include "books/closing_stock.h"
+#include "books/registry.h"
 #include "controls/basic_controls.h"
 #include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/lookup_list.h"
 #include "controls/text_box.h"
 #include "ports/ports.h"
+#include "ports/year_locks.h"
 
 namespace quillet::suite {
 
 class frmTrade : public Form, public StockForm {
  public:
-  frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock);
+  // Without locks no year is locked.
+  frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks = nullptr);
 
   Label lblsubject{*this, "lblsubject"};
-  Grid vsf{*this, "vsf"};  // "Particulars", "Group", "Amount"
+  Label lbllock{*this, "lbllock"};  // why the year takes no changes
+  Grid vsf{*this, "vsf"};           // "Particulars", "Group", "Amount"
   TextBox txtpart{*this, "txtpart"};
   TextBox txtgroup{*this, "txtgroup"};
   TextBox txtamount{*this, "txtamount"};
@@ -47,6 +51,9 @@ class frmTrade : public Form, public StockForm {
   void attachEntry();
   void formKey(Key& key);
   void showSubject();
+  void showLock();
+  // True, and a person was told, when the year is locked by now.
+  bool refusesChange();
   void showLines();
   void alterLine();
   void deleteLine();
@@ -60,10 +67,13 @@ class frmTrade : public Form, public StockForm {
 
   Dialogs& dialogs_;
   const Clock& clock_;
+  YearLocks* locks_;
   LookupList ledgers_{vsfp};
   LookupList groups_{vsfg};
   ServiceObject* host_ = nullptr;  // from LoadData on
   ClientTable books_;
+  YearKeys keys_;        // both "" for a year that the registry does not have
+  std::string subject_;  // client and year
   std::optional<ClosingStock> stock_;
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
   std::optional<LedgerGroup> altered_;
@@ -80,8 +90,8 @@ class frmTrade : public Form, public StockForm {
 // The component through which the module comes by the form.
 class StockComponent : public StockForms {
  public:
-  StockComponent(OpenForms& openForms, Dialogs& dialogs, const Clock& clock)
-      : form_(openForms, dialogs, clock) {}
+  StockComponent(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks)
+      : form_(openForms, dialogs, clock, locks) {}
   StockForm& ObjTrade() override { return form_; }
 
  private:

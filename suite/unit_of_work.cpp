@@ -170,11 +170,22 @@ void UnitOfWork::refuseAfterTakingBack() const {
 
 void UnitOfWork::logAct() {
   if (log_ == nullptr || !log_->changed()) return;
-  if (onCommitting) onCommitting(*log_);
+  askForCommit();
   try {
     log_->write();
   } catch (const RunTimeError& error) {
     failed(error.number(), error.what());
+    throw;
+  }
+}
+
+// The rest of an act that is refused is not sent any more.
+void UnitOfWork::askForCommit() {
+  if (!onCommitting) return;
+  try {
+    onCommitting(*log_);
+  } catch (const std::exception& error) {
+    if (actRuns_()) takeBack(error.what());
     throw;
   }
 }

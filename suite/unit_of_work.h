@@ -70,6 +70,7 @@ class UnitOfWork {
   void begin();
   void commit();
   void logAct();
+  void askForCommit();
   void executeAlone(const std::string& sql);
   void undo() noexcept;
   void send(const std::string& sql);

@@ -168,7 +168,8 @@ LayoutItem frmcrtb::layout() {
   const LayoutItem commands =
       column({gap(), row({item(cmdclstock[0]), item(cmdclstock[1]), item(cmdexport)})});
   return column(
-      {stack({framed(famLines,
+      {item(lbllock),
+       stack({framed(famLines,
                      {named("Lines of the trial balance", item(vsfm, 1)), findBar.arrangement(),
                       row({item(lblhint, 1), item(lblsaved)}), entry},
                      1),
@@ -217,7 +218,7 @@ void frmcrtb::SETBUTTON() {
     mnuprnvar.setEnabled(read && books_.years.view() == TwoYears::View::both);
     import_.setButton();
     history_.setButtons();
-    entry_.enable(table);
+    entry_.enable(table && !books_.locked(books_.years.yearInView()));
     groupPage_.setButtons();
   });
 }

@@ -92,6 +92,8 @@ class frmcrtb : public Form {
   MenuEntry mnuhelpmenu{*this, "mnuhelpmenu", "&Help"};
   MenuEntry mhelp{*this, "mhelp", "&Trial Balance Editor", &mnuhelpmenu, "F1"};
 
+  Label lbllock{*this, "lbllock"};  // why a year in view takes no changes
+
   // --- the lines, and the fields for one of them
   Frame famLines{*this, "famLines"};
   Grid vsfm{*this, "vsfm"};
@@ -185,7 +187,7 @@ class frmcrtb : public Form {
   void showStored() { showStored(books_.years.view()); }
 
  protected:
-  void activated() override { SETBUTTON(); }
+  void activated() override;
   void load() override { FORM_LOAD(); }
   void unload(bool& /*cancel*/) override { FORM_UNLOAD(); }
 

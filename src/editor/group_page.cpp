@@ -146,7 +146,7 @@ void GroupPage::listForTransfer() {
 
 void GroupPage::CMDUPDATE_CLICK() {
   saver_.putBack();
-  if (!saver_.mayChangeLines()) return;
+  if (!saver_.mayChangeLines() || books_.refusesChange(books_.years.yearInView())) return;
   const long target = form_.cbotgroup.chosenData();
   if (target == 0 || target == form_.cbogroup.chosenData()) {
     books_.context.MsgBox("Please select a different Group.", Buttons::OK, Icon::information);

@@ -51,7 +51,7 @@ bool ImportCommand::mayImport() {
     return false;
   }
   form_.leaveEntry();
-  return saver_.mayChangeLines();
+  return saver_.mayChangeLines() && !books_.refusesChange(TwoYears::current);
 }
 
 void ImportCommand::review(const std::function<bool(frmimport& form)>& open) {

@@ -15,6 +15,7 @@ void frmcrtb::leaveEntry() {
 
 void frmcrtb::MNUINSERT_CLICK() {
   leaveEntry();
+  if (books_.refusesChange(books_.years.yearInView())) return;
   focus(txtpart);
 }
 
@@ -25,6 +26,7 @@ void frmcrtb::MNUALTER_CLICK() {
   const Entry entry = *selected;
   const YearLine line = *lines_.selectedLine();
   leaveEntry();
+  if (books_.refusesChange(line.year)) return;
   entry_.alter(entry, line);
   focus(txtpart);
 }
@@ -33,6 +35,9 @@ void frmcrtb::MNUDELETE_CLICK() {
   const int row = vsfm.current();
   if (row == 0) return;
   const Entry entry = *lines_.selected();
+  for (const TwoYears::Year year : {TwoYears::current, TwoYears::previous}) {
+    if (entry.line[year] && books_.refusesChange(year)) return;
+  }
   const Answer answer = books_.context.MsgBox("Do you want to delete the selected record?",
                                               Buttons::YesNo, Icon::none, Answer::No, "Delete");
   if (answer != Answer::Yes) return;

@@ -64,6 +64,7 @@ void frmcrtb::emptyYear() {
   entry_.offerLedgers({});
   entry_.offerGroups({});
   books_.groups.clear();
+  books_.locks = {};
   mnuyropts.setEnabled(false);
   setView(View::current);
   showPage(famLines);
@@ -89,6 +90,13 @@ void frmcrtb::FORM_UNLOAD() {
 void frmcrtb::readRegisters() {
   books_.years.readRegisters();
   mnuyropts.setEnabled(books_.years.hasTable() && books_.years.has(previous));
+  books_.readLocks(lbllock);
+}
+
+// The home form or another station may have locked a year or unlocked it.
+void frmcrtb::activated() {
+  logErrors("FORM_ACTIVATE", [&] { books_.readLocks(lbllock); });
+  SETBUTTON();
 }
 
 // --- ledgers and groups -------------------------------------------------------------------------
@@ -129,7 +137,8 @@ void frmcrtb::LOADTRIALBAL() {
                shownDate(years.keys(current).second) + ofYears);
     SETBUTTONS();
     std::function<bool()> offerImport;
-    if (saver_.complete() && !takingBack_) offerImport = [this] { return importPreviousYear(); };
+    const bool mayImport = saver_.complete() && !takingBack_ && !books_.locked(current);
+    if (mayImport) offerImport = [this] { return importPreviousYear(); };
     TwoYears::Lines lines = years.read(offerImport);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
     fillNames(entries, books_.host(), books_.groups);
@@ -220,7 +229,8 @@ void frmcrtb::takenBack() {
   ledgersRead_ = groupsRead_ = false;
   if (!visible()) return;
   showStored();
-  if (!saved) return;
+  const auto year = saved && saved->altered ? saved->altered->year : books_.years.yearInView();
+  if (!saved || books_.locked(year)) return;
   lblsaved.setCaption("");
   {
     const ScopedFlag leaving = entry_.leaving();

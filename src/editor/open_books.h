@@ -1,9 +1,14 @@
 // The books that the editor is open on, which its parts share.
 #pragma once
 
+#include <array>
+#include <optional>
+
 #include "books/account_groups.h"
 #include "books/two_years.h"
+#include "controls/basic_controls.h"
 #include "host/context.h"
+#include "ports/year_locks.h"
 
 namespace quillet {
 
@@ -11,10 +16,16 @@ struct OpenBooks {
   explicit OpenBooks(Context& opened) : context(opened), years(*opened.host) {}
 
   ServiceObject& host() const { return *context.host; }
+  // Asks whether the years are locked, and says on the label which of those in view are.
+  void readLocks(Label& shown);
+  bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
+  // True, and a person was told, when the year is locked by now.
+  bool refusesChange(TwoYears::Year year) const;
 
   Context& context;
   TwoYears years;
   AccountGroups groups;
+  std::array<std::optional<YearLock>, 2> locks;  // by year, as they were read last
 };
 
 }  // namespace quillet

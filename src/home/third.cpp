@@ -33,6 +33,7 @@ third::third(Context& context)
       mergeList(*this, context),
       removal(*this, context),
       yearEnd(*this, context),
+      yearLock(*this, context),
       context_(context),
       groupMaster_(context),
       ledgerMaster_(context) {

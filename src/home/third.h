@@ -12,6 +12,7 @@
 #include "home/year_end_commands.h"
 #include "home/year_entry.h"
 #include "home/year_list.h"
+#include "home/year_lock_commands.h"
 #include "home/year_removal.h"
 #include "host/context.h"
 #include "masters/frmgrpmas.h"
@@ -31,6 +32,8 @@ class third : public Form {
   MenuEntry mnubooks{*this, "mnubooks", "Boo&ks"};
   MenuEntry mnubringfwd{*this, "mnubringfwd", "&Bring Forward...", &mnubooks};
   MenuEntry mnuopening{*this, "mnuopening", "&Opening Agrees with Last Closing...", &mnubooks};
+  MenuEntry mnulockyear{*this, "mnulockyear", "&Lock Year...", &mnubooks};
+  MenuEntry mnuunlockyear{*this, "mnuunlockyear", "&Unlock Year...", &mnubooks};
   Button mnucreate{*this, "mnucreate", "&Create Trial Balance"};
   Button mnualter{*this, "mnualter", "&Alter/View Trial Balance"};
   Button mnudelete{*this, "mnudelete", "&Delete Trial Balance"};
@@ -68,6 +71,7 @@ class third : public Form {
   MergeList mergeList;
   YearRemoval removal;
   YearEndCommands yearEnd;
+  YearLockCommands yearLock;
 
   void FORM_LOAD();
   void FORM_ACTIVATE();

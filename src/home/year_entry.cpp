@@ -11,6 +11,7 @@
 #include "home/third.h"
 #include "home/year_table.h"
 #include "host/rights.h"
+#include "host/year_lock.h"
 
 namespace quillet {
 
@@ -58,7 +59,9 @@ void YearEntry::showYears() {
   });
   std::vector<YearKeys> keys;
   for (const YearFigures& year : figures) keys.push_back(year.keys);
-  fillYearTable(form_.grdyears, *context_.host, keys, figures);
+  std::vector<std::string> locks;
+  form_.logErrors("YEARLOCKS", [&] { locks = lockTexts(context_, form_.clientCode(), keys); });
+  fillYearTable(form_.grdyears, *context_.host, keys, figures, locks);
   form_.grdyears.setCurrent(form_.grdyears.rows());
   form_.grdyears.setVisible(!keys.empty());
   if (read) {
@@ -161,7 +164,7 @@ void YearEntry::enter() {
   creation_.begin(form_.clientCode(), form_.MaskEdBox1.text(), form_.MaskEdBox2.text());
   const bool merging = form_.mode() == "merge";
   if (const auto existing = creation_.existing()) {
-    if (!mayOverwrite()) return;
+    if (refusedAsLocked(context_, existing->client, existing->keys) || !mayOverwrite()) return;
     // Nothing is deleted for a merge of which nothing would come.
     if (!merging || form_.mergeList.anySource()) overwrite(*existing);
   } else if (merging) {

@@ -9,6 +9,7 @@
 #include "home/third.h"
 #include "home/year_table.h"
 #include "host/rights.h"
+#include "host/year_lock.h"
 
 namespace quillet {
 
@@ -34,7 +35,9 @@ void YearList::load() {
                     [&] { figures = yearFigures(*context_.host, form_.clientCode()); });
     if (figures.empty()) form_.status("What the years hold could not be read.");
   }
-  fillYearTable(grid, *context_.host, years_, figures);
+  std::vector<std::string> locks;
+  form_.logErrors("YEARLOCKS", [&] { locks = lockTexts(context_, form_.clientCode(), years_); });
+  fillYearTable(grid, *context_.host, years_, figures, locks);
   grid.setCurrent(grid.rows());
   form_.showSecondStep(form_.famyears, "choose the year");
   form_.focus(grid);
@@ -108,7 +111,7 @@ void YearList::print() {
 }
 
 void YearList::remove() {
-  if (!chosen()) return;
+  if (!chosen() || refusedAsLocked(context_, form_.clientCode(), *chosen())) return;
   const std::string text = "Do you really want to Delete Trial Balance of '" + form_.clientName() +
                            "' for F.Y. " + chosen()->text() + " ?\r\n\r\nConfirm Delete ?";
   if (context_.MsgBox(text, Buttons::YesNo, Icon::question, Answer::No) != Answer::Yes) return;

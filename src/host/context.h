@@ -14,6 +14,7 @@
 #include "ports/ports.h"
 #include "ports/source_book.h"
 #include "ports/statutory_heads.h"
+#include "ports/year_locks.h"
 
 namespace quillet {
 
@@ -34,6 +35,8 @@ class Environment {
   virtual StatutoryHeads* statutoryHeads() { return nullptr; }
   // Null where the host keeps no history of the books.
   virtual BooksHistory* history() { return nullptr; }
+  // Null where the host locks no years.
+  virtual YearLocks* yearLocks() { return nullptr; }
   virtual FileRemover& fileRemover() { return removeAtOnce_; }
   // A procedure was ended by an error, which the error log has by now. `where` is what the form is
   // called.

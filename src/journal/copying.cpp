@@ -19,10 +19,12 @@ std::string reversalOf(const std::string& date, const std::string& amount,
 }  // namespace
 
 void frmjrnl::CMDCOPY_CLICK() {
+  if (lock.refuses()) return;
   enterSelected([this](long vid) { return fillAsNew(vid, {}); });
 }
 
 void frmjrnl::CMDREVERSE_CLICK() {
+  if (lock.refuses()) return;
   enterSelected([this](long vid) {
     return fillAsNew(vid, [this] {
       const Money total = totalsOf(lines_.lines()).debit;

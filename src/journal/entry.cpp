@@ -1,5 +1,6 @@
 // The journal's entry frame: a new voucher or a stored one on it, its lines, balances and totals.
 #include <algorithm>
+#include <initializer_list>
 
 #include "books/amount.h"
 #include "data/dates.h"
@@ -27,7 +28,17 @@ void frmjrnl::showEntry() {
   Frame1.setVisible(false);
   Frame2.setVisible(true);
   import_.setEntry();
-  focus(txtdt);
+  const bool locked = lock.locked();
+  lines_.setLocked(locked);
+  txtnarr.setLocked(locked);
+  for (Control* control : std::initializer_list<Control*>{&txtdt, &cmdupdate, &cmdremove}) {
+    control->setEnabled(!locked);
+  }
+  if (locked) {
+    focus(txtledger[0]);
+  } else {
+    focus(txtdt);
+  }
 }
 
 void frmjrnl::showList() {
@@ -39,7 +50,7 @@ void frmjrnl::showList() {
 }
 
 void frmjrnl::CMDADD_CLICK() {
-  if (!listsAreRead()) return;
+  if (lock.refuses() || !listsAreRead()) return;
   CLEARDATA();
   txtdt.setText(proposedDate());
   showEntry();
@@ -104,7 +115,7 @@ bool frmjrnl::LOADVCH(long vid) {
 void frmjrnl::CMDCANCEL_CLICK() { cancelEntry(); }
 
 void frmjrnl::cancelEntry() {
-  if (confirmed(context_, "Do you want to Cancel Entry?")) showList();
+  if (lock.locked() || confirmed(context_, "Do you want to Cancel Entry?")) showList();
 }
 
 void frmjrnl::CLEARDATA() {

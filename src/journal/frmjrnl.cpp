@@ -8,7 +8,8 @@
 
 namespace quillet {
 
-frmjrnl::frmjrnl(Context& context) : Form(context.openForms, "frmjrnl"), context_(context) {
+frmjrnl::frmjrnl(Context& context)
+    : Form(context.openForms, "frmjrnl"), lock(lbllock, context), context_(context) {
   attachList();
   attachEntry();
   Frame2.setVisible(false);
@@ -93,7 +94,7 @@ LayoutItem frmjrnl::layout() {
        row({item(lblhint, 1), item(cmdupdate), item(cmdcancel),
             named("Ledgers that match", item(VSF3)), named("Groups that match", item(VSF4))})},
       1);
-  return column({item(lblsubject), stack({list, entry})});
+  return column({item(lblsubject), item(lbllock), stack({list, entry})});
 }
 
 // --- the books ----------------------------------------------------------------------------------

@@ -21,6 +21,7 @@
 #include "controls/mask_box.h"
 #include "controls/text_box.h"
 #include "host/context.h"
+#include "host/lock_note.h"
 #include "journal/books_year.h"
 #include "journal/import_command.h"
 #include "journal/line_keys.h"
@@ -46,6 +47,8 @@ class frmjrnl : public Form {
   MenuEntry mnuimport{*this, "mnuimport", "I&mport Vouchers...", &mnuvouchers};
 
   Label lblsubject{*this, "lblsubject"};
+  Label lbllock{*this, "lbllock"};  // why the year takes no changes
+  LockNote lock;
 
   // --- the list of vouchers
   Frame Frame1{*this, "Frame1"};

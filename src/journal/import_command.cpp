@@ -11,6 +11,7 @@ VoucherImportCommand::VoucherImportCommand(frmjrnl& form) : form_(form) {
   frmjrnl::on(form.mnuimport.Click, "MNUIMPORT_CLICK", [this] { MNUIMPORT_CLICK(); });
   frmjrnl::on(form.mnutakeback.Click, "MNUTAKEBACK_CLICK", [this] { takeBack(); });
   frmjrnl::on(form.vsf.PasteCells, "PASTECELLS", [this](const std::string& text) {
+    if (form_.lock.refuses()) return;
     review([&](frmvchimport& review) { return review.OPENCELLS(text); });
   });
 }
@@ -28,6 +29,7 @@ void VoucherImportCommand::setEntry() {
 }
 
 void VoucherImportCommand::MNUIMPORT_CLICK() {
+  if (form_.lock.refuses()) return;
   auto file = askForSource(form_.context());
   if (!file) return;
   review([&](frmvchimport& review) {

@@ -29,11 +29,11 @@ void frmjrnl::FORM_KEYPRESS(Key& key) {
   } else if (key == keys::Escape) {
     key = keys::none;
     escape();
-  } else if (key == keys::Tab && line >= 0) {
+  } else if (key == keys::Tab && line >= 0 && !lock.locked()) {
     lineKeys_.tab(line, key);
   } else if (key == keys::Enter && isField(active())) {
     key = keys::none;
-    if (line >= 0) {
+    if (line >= 0 && !lock.locked()) {
       lineKeys_.enter(line);
     } else {
       focusNext();

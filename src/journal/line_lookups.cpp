@@ -73,7 +73,7 @@ void LineLookups::follow(TextBox& box, LookupList& list) {
 void LineLookups::move(LookupList& list, Key& key) {
   const bool moves =
       key == keys::Up || key == keys::Down || key == keys::PageUp || key == keys::PageDown;
-  if (!moves) return;
+  if (!moves || list.box().locked()) return;
   if (!list.visible()) hint("");
   if (!list.moveBy(key)) return;
   takeCurrent(list);

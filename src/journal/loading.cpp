@@ -18,6 +18,7 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
     lblsubject.setCaption("");
     book_.emplace(*context_.host, context_.unposted, ClientTable{table, books.clientCode});
     year_.first = yearOf(books.firstDate) - (previousYear ? 1 : 0);
+    lock.open(books.clientCode, {firstDateKey(year_.first), secondDateKey(year_.first + 1)});
     setPeriod(year_.from(), year_.to());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);
@@ -84,6 +85,7 @@ void frmjrnl::LOADGRID() {
   vsf.clearRows();
   vsf.clearSort();
   logErrors("LOADGRID", [&] {
+    lock.read();
     const Busy busy(*context_.host);
     const std::string unbalanced = list_.show(book().journal(), from_, to_);
     if (!Check1.checked()) CHECK1_CLICK();
@@ -93,8 +95,9 @@ void frmjrnl::LOADGRID() {
              : !complete()         ? halfPosted
              : !unbalanced.empty() ? "Debit and credit of the voucher of " + unbalanced +
                                          " differ; please complete or delete it."
-             : vsf.rows() == 0 ? "No vouchers in this period. New Voucher (Alt+N) passes one."
-                               : "";
+             : vsf.rows() > 0 ? ""
+             : lock.locked()  ? "No vouchers in this period."
+                              : "No vouchers in this period. New Voucher (Alt+N) passes one.";
     loaded = true;
   });
   if (!loaded) vsf.clearRows();

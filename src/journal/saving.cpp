@@ -16,6 +16,7 @@ bool frmjrnl::complete() const { return !book_ || book_->posting().complete(); }
 // --- checks -------------------------------------------------------------------------------------
 
 void frmjrnl::CMDUPDATE_CLICK() {
+  if (lock.refuses()) return;
   if (!dateIsGood("Please specify a Valid Date.")) {
     focus(txtdt);
     return;
@@ -106,7 +107,8 @@ void frmjrnl::COMMAND1_CLICK() {
   const long vid = vsf.currentId();
   if (vid == 0) {
     tell(context_, noRow);
-  } else if (confirmed(context_, "Do you want to Delete the Selected Entry?", Answer::No)) {
+  } else if (!lock.refuses() &&
+             confirmed(context_, "Do you want to Delete the Selected Entry?", Answer::No)) {
     const int row = list_.headingOf(vsf.current());
     const Removal removal = DELETEVCH(vid);
     LOADGRID();
@@ -131,6 +133,8 @@ void frmjrnl::takenBack() {
   lookups_.forgetUnknown();
   LOADGRID();
   if (!saving) return;
+  // Another station may have locked the year.
+  if (lock.locked()) return showList();
   showEntry();
   hint("The voucher was not saved. Update tries again.");
 }

@@ -209,6 +209,15 @@ void VoucherLines::setSide(int line, bool toDebit) {
   form_.txtcramt[line].setEnabled(!toDebit);
 }
 
+void VoucherLines::setLocked(bool locked) {
+  for (int line = 0; line < count(); ++line) {
+    form_.cboside[line].setEnabled(!locked);
+    for (const auto boxes : textBoxes) {
+      if (boxes != &frmjrnl::txtcurbal) (form_.*boxes)[line].setLocked(locked);
+    }
+  }
+}
+
 void VoucherLines::exchangeSides() {
   const ScopedFlag ignoring = ignoreChanges();
   for (int line = 0; line < count(); ++line) {

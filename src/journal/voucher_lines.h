@@ -49,6 +49,8 @@ class VoucherLines {
   // The lines that make up the voucher. A last line that names nothing is there to be filled and is
   // no part of it, and a blank box names nothing.
   std::vector<VoucherLine> toSave() const;
+  // The lines can be read and copied, not altered.
+  void setLocked(bool locked);
   // Neither names nor an amount.
   bool isBlank(int line) const;
 

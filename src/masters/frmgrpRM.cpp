@@ -48,7 +48,8 @@ LayoutItem frmgrpRM::layout() {
   const LayoutItem headCommands =
       row({item(cmdaddG), item(cmdmodifyG), item(cmddeleteG), gap(), item(cmdbackG)});
   return column(
-      {stack(
+      {item(lbllock),
+       stack(
            {framed(famM,
                    {named("Raw material groups", item(vsfM, 1)), row(std::move(choices)), commands},
                    1),
@@ -58,6 +59,7 @@ LayoutItem frmgrpRM::layout() {
 }
 
 void frmgrpRM::INITDATA(const BoundYear& year) {
+  lock.open(year.client, {year.firstDate, year.secondDate});
   logErrors("INITDATA", [&] {
     binding_.open(year.client, year.table, {year.firstDate, year.secondDate});
     setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +
@@ -73,9 +75,10 @@ void frmgrpRM::FORM_LOAD() {
   CLEARDATAM();
   showPage(famM);
   LOADLIST();
+  logErrors("FORM_LOAD", [&] { lock.read(); });
   const bool read = LOADGRIDM(0);
   // Only a year that has no binding takes the previous one's.
-  if (read && vsfM.rows() == 0) IMPORTFROMPREVYR();
+  if (read && vsfM.rows() == 0 && !lock.locked()) IMPORTFROMPREVYR();
 }
 
 void frmgrpRM::FORM_KEYPRESS(Key& key) {

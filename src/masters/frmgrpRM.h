@@ -16,6 +16,7 @@
 #include "controls/basic_controls.h"
 #include "controls/choice.h"
 #include "controls/control_array.h"
+#include "host/lock_note.h"
 #include "masters/master_form.h"
 
 namespace quillet {
@@ -35,6 +36,9 @@ class frmgrpRM : public MasterForm {
   void INITDATA(const BoundYear& year);
 
   LayoutItem layout() override;
+
+  Label lbllock{*this, "lbllock"};  // why the year takes no changes
+  LockNote lock{lbllock, context_};
 
   // --- the binding
   Frame famM{*this, "famM"};

@@ -4,6 +4,7 @@
 #include "books/group_merge.h"
 #include "books/group_use.h"
 #include "masters/frmgrpmas.h"
+#include "masters/locked_uses.h"
 
 namespace quillet {
 
@@ -59,7 +60,10 @@ void frmgrpmas::cmdMergeGroup_Click() {
   // Logged under the name by which error logs have always known it.
   command("CMDMODIFY_CLICK", [&] {
     const Merge merge = chosenMerge();
-    if (mergeHolds(merge) && confirmed(merge) && carriersAgree(merge)) carryOut(merge);
+    if (mergeHolds(merge) && confirmed(merge) && carriersAgree(merge) &&
+        mayMergeGroups(context_, merge.ids)) {
+      carryOut(merge);
+    }
   });
 }
 

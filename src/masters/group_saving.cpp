@@ -6,6 +6,7 @@
 #include "data/names.h"
 #include "host/meant_name.h"
 #include "masters/frmgrpmas.h"
+#include "masters/locked_uses.h"
 
 namespace quillet {
 namespace {
@@ -47,6 +48,8 @@ void frmgrpmas::CMDUPDATE_CLICK() {
   command("CMDUPDATE_CLICK", [&] {
     AccountGroup group = entered();
     if (!nameHolds(group)) return;
+    const bool moves = !adding_ && primaryGroups_.at(group.id) != group.primaryGroup;
+    if (moves && !mayMoveGroup(context_, group.id)) return;
     if (adding_) {
       insertGroup(group);
     } else {

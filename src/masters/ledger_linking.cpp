@@ -1,6 +1,7 @@
 // The ledger master's replacements: particulars become another one in every client's every year.
 #include "books/ledger_use.h"
 #include "masters/frmtbledmas.h"
+#include "masters/locked_uses.h"
 
 namespace quillet {
 
@@ -63,7 +64,7 @@ void frmtbledmas::LINKPARTICULARS() {
       tell("Please select a Partiuclar.");
       return;
     }
-    if (!ask(linkQuestion()) || !targetStands()) return;
+    if (!ask(linkQuestion()) || !targetStands() || !mayReplaceLedgers(context_, ids)) return;
     changed_ = true;
     TableNames missing;
     replaceLedgers(*context_.host, context_.unposted, ids, rows_.target(), missing);

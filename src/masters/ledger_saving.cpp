@@ -2,6 +2,7 @@
 #include "data/names.h"
 #include "host/meant_name.h"
 #include "masters/frmtbledmas.h"
+#include "masters/locked_uses.h"
 
 namespace quillet {
 
@@ -76,7 +77,8 @@ void frmtbledmas::offerExisting(const std::string& name, const NamedId& existing
   if (!ask("Can't create Duplicate Particulars!!" + whyTaken(name, existing.name) +
            "\r\n\r\nDo you want to use the existing Particulars?") ||
       !ask("It will delete the existing particulars '" + oldName + "' and will replace with '" +
-           existing.name + "'.\r\n\r\nConfirm ?")) {
+           existing.name + "'.\r\n\r\nConfirm ?") ||
+      !mayReplaceLedgers(context_, {oldId})) {
     return;
   }
   endEntry();

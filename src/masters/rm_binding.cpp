@@ -103,7 +103,7 @@ void frmgrpRM::SETBUTTONSM() {
 
 void frmgrpRM::CMDADDM_CLICK() {
   command("CMDADDM_CLICK", [&] {
-    if (!listsThere()) return;
+    if (lock.refuses() || !listsThere()) return;
     addedId_ = 0;
     CLEARDATAM();
     setStateM(State::adding);
@@ -113,7 +113,7 @@ void frmgrpRM::CMDADDM_CLICK() {
 
 void frmgrpRM::CMDMODIFYM_CLICK() {
   command("CMDMODIFYM_CLICK", [&] {
-    if (!itemSelected(vsfM) || !listsThere()) return;
+    if (!itemSelected(vsfM) || lock.refuses() || !listsThere()) return;
     LOADDATAM();
     setStateM(State::modifying);
     focus(cbohead);
@@ -144,6 +144,7 @@ void frmgrpRM::CMDBACKM_CLICK() { close(); }
 
 void frmgrpRM::CMDUPDATEM_CLICK() {
   command("CMDUPDATEM_CLICK", [&] {
+    if (lock.refuses()) return;
     if (state_ == State::sorting) {
       UPDATESORTNOS();
       return;
@@ -199,7 +200,7 @@ bool frmgrpRM::groupsFree(const BoundItem& item) {
 
 void frmgrpRM::CMDDELETEM_CLICK() {
   command("CMDDELETEM_CLICK", [&] {
-    if (!itemSelected(vsfM) ||
+    if (!itemSelected(vsfM) || lock.refuses() ||
         !ask("Do you want to delele the Selected Item ?", "Delete Confirmation")) {
       return;
     }

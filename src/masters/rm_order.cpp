@@ -9,7 +9,7 @@ void frmgrpRM::CMDSORTORDER_CLICK() {
   command("CMDSORTORDER_CLICK", [&] {
     if (state_ == State::sorting) {
       UPDATESORTNOS();
-    } else {
+    } else if (!lock.refuses()) {
       setStateM(State::sorting);
       focus(vsfM);
     }

@@ -9,6 +9,7 @@
 #include "books/year_rules.h"
 #include "data/year.h"
 #include "host/rights.h"
+#include "host/year_lock.h"
 #include "ports/busy.h"
 
 namespace quillet {
@@ -60,6 +61,7 @@ bool frmbringfwd::INITDATA(const RegisteredYear& last, const std::string& client
     context_.MsgBox("No year follows " + last.keys.text() + ".", Buttons::OK, Icon::information);
     return false;
   }
+  if (refusedAsLocked(context_, last.client, next)) return false;
   review_.open(readBooks());
   const auto& standing = review_.books().next;
   return !standing || !standing->isSigned || context_.host->CheckPass(right::open);
@@ -154,6 +156,7 @@ void frmbringfwd::showState(const std::string& text) {
 // --- bringing forward ---------------------------------------------------------------------------
 
 bool frmbringfwd::mayBring() {
+  if (refusedAsLocked(context_, last_.client, last_.keys.after())) return false;
   const std::string& question = review_.opening().question;
   if (!question.empty()) {
     context_.MsgBox(question, Buttons::OK, Icon::information);

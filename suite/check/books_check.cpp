@@ -4,13 +4,13 @@
 #include <exception>
 #include <tuple>
 
+#include "data/transaction.h"
 #include "suite/check/act_log_rules.h"
 #include "suite/check/amounts.h"
 #include "suite/check/master_rules.h"
 #include "suite/check/masters.h"
 #include "suite/check/registered_years.h"
 #include "suite/check/year_tables.h"
-#include "data/transaction.h"
 
 namespace quillet::suite::check {
 namespace {
@@ -36,15 +36,17 @@ void examineUnposted(Practice& practice, const Masters& masters, const Registere
 
 // Mends what `examine` finds. `figures` are the same afterwards, or nothing is changed.
 template <class Examine, class Figures>
-void mend(Database& database, const std::string& what, Examine examine, Figures figures,
-          Mending& mending) {
+void mend(StandaloneEnvironment& environment, const std::string& what, Examine examine,
+          Figures figures, Mending& mending) {
   try {
-    Transaction transaction(database);
+    UnitOfWork& unit = environment.unit();
+    Transaction transaction(unit);
     Examined examined;
     examine(examined);
     if (examined.changes.empty()) return;
     const std::string before = figures();
-    for (const std::string& change : examined.changes) database.execute(change);
+    environment.actLog().note({.command = "Mend the Books"});
+    for (const std::string& change : examined.changes) unit.execute(change);
     if (figures() != before) throw std::runtime_error("its sums would not stay as they are");
     transaction.commit();
     mending.mended += mendableIn(examined.findings);
@@ -91,12 +93,13 @@ Mending mendBooks(Practice& practice, const std::function<std::string()>& backup
   }
   Mending mending{.backup = backup(), .mended = 0, .complete = true, .failed = {}};
   Database& database = practice.database();
+  StandaloneEnvironment& environment = practice.environment();
   mend(
-      database, "The registry of years",
+      environment, "The registry of years",
       [&](Examined& examined) { RegisteredYears(database, practice.service()).examine(examined); },
       [] { return std::string(); }, mending);
   mend(
-      database, "The masters",
+      environment, "The masters",
       [&](Examined& examined) {
         examineMasters(database, Masters(database, practice.service()), examined);
       },
@@ -110,7 +113,7 @@ Mending mendBooks(Practice& practice, const std::function<std::string()>& backup
   for (const std::string& table : tables) {
     YearTables books(database, years, masters, table, true);
     mend(
-        database, "The table " + table, [&](Examined& examined) { books.examine(examined); },
+        environment, "The table " + table, [&](Examined& examined) { books.examine(examined); },
         [&] { return books.figures(); }, mending);
     if (steps && !steps(++done, static_cast<long>(tables.size()))) {
       mending.complete = false;

@@ -18,6 +18,8 @@ class ActInverse {
 
   // The act left nothing that could be taken back.
   bool empty() const { return changes_.empty(); }
+  // A year comes back in tables of another number.
+  bool movesYear() const { return !numbers_.empty(); }
   // What it changed: "The line of Rent under EXPENSES (client C1), and 3 more rows."
   std::string words() const;
   // What later acts have done that stands in the way, one sentence each. Nothing is to be sent

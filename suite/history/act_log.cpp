@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "data/text.h"
+#include "suite/history/act_row.h"
 #include "suite/history/written_table.h"
 
 namespace quillet::suite {
@@ -68,13 +69,6 @@ bool ActLog::changesOthers(const std::string& sql, const std::string& table) con
   return !named && !voucher;
 }
 
-void ActLog::note(std::string reason) { reason_ = std::move(reason); }
-
-void ActLog::noteTakingBack(const ActRow& act, std::string reason) {
-  note(std::move(reason));
-  takesBack_ = act;
-}
-
 void ActLog::begin() {
   readLast();
   const Instant clock = now();
@@ -124,6 +118,10 @@ std::string ActLog::yearOf(const std::string& client, const std::string& suffix)
   return row->EOF_() ? std::string() : row->text(0);
 }
 
+std::string ActLog::person() const {
+  return shared_ ? database_.query("select current_user()")->text(0) : accountName();
+}
+
 void ActLog::write() {
   if (instant_ != 0) insert(describe());
 }
@@ -132,17 +130,17 @@ void ActLog::insert(const ActCause& told) {
   ActRow row;
   row.at = instant_;
   row.station = stationName();
-  row.person = shared_ ? database_.query("select current_user()")->text(0) : accountName();
+  row.person = person();
   row.form = told.form;
-  row.command = told.command;
+  row.command = note_.command.empty() ? told.command : note_.command;
   row.client = told.client;
   row.secondDate = told.secondDate;
-  row.reason = reason_;
+  row.reason = note_.reason;
   for (const std::string& table : tables_) row.tables += (row.tables.empty() ? "" : ",") + table;
-  if (takesBack_) {
-    row.takesBack = takesBack_->at;
-    row.client = takesBack_->client;
-    row.secondDate = takesBack_->secondDate;
+  if (note_.takesBack != 0 || !note_.client.empty()) {
+    row.takesBack = note_.takesBack;
+    row.client = note_.client;
+    row.secondDate = note_.secondDate;
   }
   row.digest = digest_.hex();
   hash_ = row.hashAfter(lastHash_);
@@ -150,14 +148,13 @@ void ActLog::insert(const ActCause& told) {
 }
 
 void ActLog::ended(bool kept) noexcept {
+  note_ = {};
   if (instant_ == 0) return;
   if (kept) {
     last_ = instant_;
     lastHash_ = hash_;
   }
   instant_ = 0;
-  reason_.clear();
-  takesBack_.reset();
   othersToo_ = false;
   try {
     database_.execute("set timestamp=default");

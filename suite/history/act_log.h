@@ -11,9 +11,9 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "suite/database.h"
-#include "suite/history/act_row.h"
 #include "suite/history/digest.h"
 #include "suite/history/instant.h"
 
@@ -26,6 +26,16 @@ struct ActCause {
   std::string client;      // its code, "" for what all clients share
   std::string table;       // of the year that is being worked on: "TAB_2"
   std::string secondDate;  // and its end: "31032009"
+};
+
+// What whoever changes the books adds to that.
+struct ActRemark {
+  std::string command{};  // where no command of a form is running
+  std::string reason{};
+  Instant takesBack = 0;  // the act that it takes back
+  // Whose books, where what is changed does not say so.
+  std::string client{};
+  std::string secondDate{};
 };
 
 class ActLog {
@@ -51,14 +61,16 @@ class ActLog {
   Instant instant() const { return instant_; }
   // In small letters.
   const std::set<std::string>& tables() const { return tables_; }
-  // Why the transaction that is open, or the next one, changes what it does.
-  void note(std::string reason);
-  // It takes that act back, and is about the same books.
-  void noteTakingBack(const ActRow& act, std::string reason);
+  // What the transaction that is open, or the next one, is told by besides its cause.
+  void note(ActRemark remark) { note_ = std::move(remark); }
+  bool takesBack() const { return note_.takesBack != 0; }
   // Writes the row, ahead of the commit.
   void write();
   // The transaction was committed, or taken back.
   void ended(bool kept) noexcept;
+
+  // Who works at this station: on a server its account there.
+  std::string person() const;
 
   // Runs work that changes many rows outside of acts, as one that counts by itself. What happened
   // is logged under that command, but cannot be taken back as one act.
@@ -83,8 +95,7 @@ class ActLog {
   bool toldOfClock_ = false;
   Instant instant_ = 0;  // of the transaction that is open
   std::string hash_;
-  std::string reason_;
-  std::optional<ActRow> takesBack_;
+  ActRemark note_;
   bool othersToo_ = false;  // it changed books of other clients than the one in work
   std::set<std::string> tables_;
   Digest digest_;

@@ -91,8 +91,8 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
   pruned.acts = writeRows(part, "SuiteAct", *acts);
   part.synchronise();
   part.finish();
-  log.note(std::to_string(pruned.rows) + " rows and " + std::to_string(pruned.acts) +
-           " acts before " + textOf(before) + " went to " + file.filename().string());
+  log.note({.reason = std::to_string(pruned.rows) + " rows and " + std::to_string(pruned.acts) +
+                      " acts before " + textOf(before) + " went to " + file.filename().string()});
   log.alone("Prune the history", [&] {
     for (const std::string& table : tables) {
       database.execute("delete history from " + table + " before system_time " + instant);

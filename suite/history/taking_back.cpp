@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "suite/history/act_inverse.h"
 #include "suite/history/written_table.h"
@@ -58,6 +59,7 @@ std::optional<ActRow> TakingBack::last(const std::string& client,
   for (const LoggedAct& act :
        read(" where Client='" + unit_.escape(client) + "' and Yr in ('','" + year + "')", steps)) {
     if (act.takenBack || act.row.takesBack != 0) continue;
+    if (YearLockTable::isChangeOfLock(act.row)) continue;
     if (act.row.secondDate.empty() && !changesYear(act.row, table)) continue;
     // The year itself is made and deleted from elsewhere.
     if (act.row.tables.find("master") != std::string::npos) return std::nullopt;
@@ -70,17 +72,26 @@ std::string TakingBack::whatItChanged(const ActRow& act) const {
   return ActInverse(unit_, act).words();
 }
 
-std::vector<std::string> TakingBack::conflicts(const ActRow& act) const {
-  const ActInverse inverse(unit_, act);
+std::vector<std::string> TakingBack::inTheWay(const ActRow& act, const ActInverse& inverse) const {
+  if (YearLockTable::isChangeOfLock(act)) return {"Lock and unlock by their own commands."};
   if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
-  return inverse.conflicts();
+  std::vector<std::string> found = inverse.conflicts();
+  if (inverse.movesYear()) return found;
+  if (std::string locked = locks_.against(act); !locked.empty()) found.push_back(std::move(locked));
+  return found;
+}
+
+std::vector<std::string> TakingBack::conflicts(const ActRow& act) const {
+  return inTheWay(act, ActInverse(unit_, act));
 }
 
 std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
   const ActInverse inverse(unit_, act);
-  if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
-  if (auto conflicts = inverse.conflicts(); !conflicts.empty()) return conflicts;
-  log_.noteTakingBack(act, "Takes back: " + wordsFor(act));
+  if (auto found = inTheWay(act, inverse); !found.empty()) return found;
+  log_.note({.reason = "Takes back: " + wordsFor(act),
+             .takesBack = act.at,
+             .client = act.client,
+             .secondDate = act.secondDate});
   inverse.send();
   if (onTakenBack) onTakenBack(act);
   return {};

@@ -9,6 +9,7 @@
 
 #include "ports/books_history.h"
 #include "suite/history/act_row.h"
+#include "suite/history/year_locks.h"
 #include "suite/unit_of_work.h"
 
 namespace quillet::suite {
@@ -22,9 +23,12 @@ struct LoggedAct {
 // "Save, 22/11/2026 14:05:10, anita"
 std::string wordsFor(const ActRow& act);
 
+class ActInverse;
+
 class TakingBack {
  public:
-  TakingBack(UnitOfWork& unit, ActLog& log) : unit_(unit), log_(log) {}
+  TakingBack(UnitOfWork& unit, ActLog& log, YearLockTable& locks)
+      : unit_(unit), log_(log), locks_(locks) {}
 
   // The last acts on that client's books, of all clients for "", as many as are asked for.
   std::vector<LoggedAct> acts(const std::string& client, long most) const;
@@ -46,10 +50,12 @@ class TakingBack {
   std::function<void(const ActRow& act)> onTakenBack;
 
  private:
+  std::vector<std::string> inTheWay(const ActRow& act, const ActInverse& inverse) const;
   std::vector<LoggedAct> read(const std::string& where, long most) const;
 
   UnitOfWork& unit_;
   ActLog& log_;
+  YearLockTable& locks_;
 };
 
 }  // namespace quillet::suite

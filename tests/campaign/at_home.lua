@@ -115,5 +115,20 @@ return function(kit)
     act(merge, "C4", { 4 }, "Yes")
   end
 
+  function scenarios.locks()
+    local function lock(command, client, reason)
+      local home = choose("mnualter", client)
+      home[command]:click()
+      local form = assert(quillet.form("frmlock"), "the form is not open")
+      form.txtreason:type(reason)
+      form.cmdok:click()
+    end
+    quillet.show("third")
+    begin()
+    act(lock, "mnulockyear", "C1", "Audited")
+    act(lock, "mnulockyear", "C2", "Audited")
+    act(lock, "mnuunlockyear", "C1", "Late invoice")
+  end
+
   return scenarios
 end

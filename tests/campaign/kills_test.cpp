@@ -52,7 +52,7 @@ TEST_P(Kills, LeaveEveryActWholeOrNotThere) {
 INSTANTIATE_TEST_SUITE_P(Acts, Kills,
                          ::testing::Values("lines", "vouchers", "creations", "deletions", "merges",
                                            "groups", "links", "replacements", "import", "binding",
-                                           "large"),
+                                           "locks", "large"),
                          [](const auto& each) { return std::string(each.param); });
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "desktop/desktop_test.h"
 #include "desktop/text.h"
 #include "forms/home_fixture.h"
+#include "home/frmlock.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
 #include "review/frmimport.h"
@@ -127,16 +128,19 @@ TEST_F(Accessibility, EveryPageFitsAndNamesItsControlsAndTablesTellWhatIsShown) 
       std::make_unique<frmimport>(context()),
       std::make_unique<frmvchimport>(context()),
       std::make_unique<suite::frmTrade>(context().openForms, dialogs, clock),
-      std::make_unique<suite::frmSettings>(context().openForms, practice.settings(), dialogs),
+      std::make_unique<suite::frmSettings>(context().openForms, practice.settings(), dialogs,
+                                           practice.environment().unit(), [] { return true; }),
       std::make_unique<suite::frmFirm>(context().openForms, practice.settings(), dialogs),
       std::make_unique<suite::frmClient>(context().openForms, practice.environment().unit(),
                                          dialogs, clock, [] { return 6L; }),
-      std::make_unique<frmstatements>(context())};
+      std::make_unique<frmstatements>(context()),
+      std::make_unique<frmlock>(context())};
   dialogs.answering = [](const Message&) { return Answer::No; };
   theApplication().follow(context().openForms);
   static_cast<suite::frmTrade&>(*forms[9]).LoadData(host(), "C1", table);
   static_cast<frmstatements&>(*forms[13]).INITDATA({table, "C1"}, "Asha", {"01042008", "31032009"});
   // Named by the mode in which the page is opened.
+  static_cast<frmlock&>(*forms[14]).INITDATA("C1", "Asha", {"01042008", "31032009"});
   static_cast<third&>(*forms[0]).cmdyear.setCaption("Create &Year");
   for (const auto& form : forms) {
     EXPECT_EQ(faultsOf(*form), std::set<std::string>());

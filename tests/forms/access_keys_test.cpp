@@ -6,6 +6,7 @@
 
 #include "deletion/frmdelwhatinTB.h"
 #include "forms/home_fixture.h"
+#include "home/frmlock.h"
 #include "journal/frmjrnl.h"
 #include "masters/frmgrpRM.h"
 #include "review/frmimport.h"
@@ -80,13 +81,15 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   suite::frmTrade stock(context().openForms, dialogs, clock);
   suite::frmClient client(context().openForms, practice.environment().unit(), dialogs, clock,
                           [] { return 6L; });
-  suite::frmSettings settings(context().openForms, practice.settings(), dialogs);
+  suite::frmSettings settings(context().openForms, practice.settings(), dialogs,
+                              practice.environment().unit(), [] { return true; });
+  frmlock lock(context());
   suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
   suite::frmchanges changes(context(), practice.environment().unit(), {});
   suite::frmasof asOf(context(), practice.environment().unit());
   for (Form* form : std::initializer_list<Form*>{
            &home, &editor, &journal, &groups, &ledgers, &binding, &deletion, &import, &vouchers,
-           &forward, &stock, &client, &settings, &firm, &changes, &asOf}) {
+           &forward, &stock, &client, &settings, &lock, &firm, &changes, &asOf}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();

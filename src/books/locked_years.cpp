@@ -1,0 +1,66 @@
+#include "books/locked_years.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "books/clients.h"
+#include "data/text.h"
+
+namespace quillet {
+namespace {
+
+// "2026-11-22 16:45:00" as "22/11/2026 16:45".
+std::string shownMoment(const std::string& moment) {
+  if (moment.size() < 16) return moment;
+  return moment.substr(8, 2) + '/' + moment.substr(5, 2) + '/' + moment.substr(0, 4) +
+         moment.substr(10, 6);
+}
+
+}  // namespace
+
+std::string lockText(const YearLock& lock) {
+  return lock.reason + (lock.person.empty() ? "" : ", by " + lock.person) +
+         (lock.since.empty() ? "" : ", since " + shownMoment(lock.since));
+}
+
+std::string lockedSentence(const std::string& subject, const YearLock& lock) {
+  return "The trial balance of " + subject + " is locked: " + lockText(lock) + '.';
+}
+
+std::string lockedText(const std::string& subject, const YearLock& lock) {
+  return lockedSentence(subject, lock) +
+         "\r\n\r\nNothing of the year can be changed. Whoever may do so unlocks it on the home "
+         "form: choose the year there, then \"Unlock Year...\".";
+}
+
+std::string subjectOf(ServiceObject& host, const LockedYear& year) {
+  return subjectOf(clientName(host, year.client), year.client, year.firstDate, year.secondDate);
+}
+
+std::vector<LockedYear> lockedWith(ServiceObject& host, const std::vector<LockedYear>& locked,
+                                   const TablePrefixes& prefixes, const Sql& condition,
+                                   const Sql& bindingCondition) {
+  std::set<std::string> names;
+  for (const LockedYear& year : locked) names.insert(upperCase(year.table));
+  if (names.empty()) return {};
+  TableNames missing;
+  std::vector<Sql> selects;
+  for (const YearTable& table : yearTables(host, prefixes, missing)) {
+    if (!names.contains(upperCase(table.trialBalance))) continue;
+    selects.push_back("Select Distinct Code_No," + host.quoted(table.trialBalance) + " from " +
+                      table.sql() + " Where " +
+                      (table.prefix == "RMGRP_" ? bindingCondition : condition));
+  }
+  std::set<std::pair<std::string, std::string>> found;
+  queryAll(host, selects, [&](const Recordset& row) {
+    found.emplace(upperCase(row.text(0)), upperCase(row.text(1)));
+  });
+  std::vector<LockedYear> carrying;
+  std::ranges::copy_if(locked, std::back_inserter(carrying), [&](const LockedYear& year) {
+    return found.contains({upperCase(year.client), upperCase(year.table)});
+  });
+  return carrying;
+}
+
+}  // namespace quillet

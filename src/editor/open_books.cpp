@@ -1,0 +1,29 @@
+#include "editor/open_books.h"
+
+#include "books/locked_years.h"
+#include "host/year_lock.h"
+
+namespace quillet {
+
+using enum TwoYears::Year;
+
+void OpenBooks::readLocks(Label& shown) {
+  locks = {};
+  std::string text;
+  for (const TwoYears::Year year : {current, previous}) {
+    if (!years.has(year)) continue;
+    locks[year] = lockOf(context, years.client(), years.keys(year).second);
+    if (!locked(year) || !years.inView(year)) continue;
+    text += (text.empty() ? "" : ". ") +
+            std::string(year == previous ? "The previous year is locked: " : "Locked: ") +
+            lockText(*locks[year]);
+  }
+  shown.setCaption(text);
+  shown.setVisible(!text.empty());
+}
+
+bool OpenBooks::refusesChange(TwoYears::Year year) const {
+  return years.hasTable() && refusedAsLocked(context, years.client(), years.keys(year));
+}
+
+}  // namespace quillet

@@ -1,0 +1,23 @@
+#include "host/lock_note.h"
+
+#include "books/locked_years.h"
+#include "host/year_lock.h"
+
+namespace quillet {
+
+void LockNote::open(const std::string& client, const YearKeys& keys) {
+  client_ = client;
+  keys_ = keys;
+  lock_.reset();
+  label_.setVisible(false);
+}
+
+void LockNote::read() {
+  lock_ = lockOf(context_, client_, keys_.second);
+  label_.setCaption(lock_ ? "Locked: " + lockText(*lock_) : "");
+  label_.setVisible(locked());
+}
+
+bool LockNote::refuses() const { return refusedAsLocked(context_, client_, keys_); }
+
+}  // namespace quillet

@@ -1,0 +1,35 @@
+// The line of a form that says why its year takes no changes, and what the form asks before one.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "books/registry.h"
+#include "controls/basic_controls.h"
+#include "host/context.h"
+#include "ports/year_locks.h"
+
+namespace quillet {
+
+class LockNote {
+ public:
+  LockNote(Label& label, Context& context) : label_(label), context_(context) {}
+
+  // Another year; nothing is known of its lock.
+  void open(const std::string& client, const YearKeys& keys);
+  // Asks whether the year is locked, and shows it.
+  void read();
+  // As it was read last.
+  bool locked() const { return lock_.has_value(); }
+  // True, and a person was told, when the year is locked by now.
+  bool refuses() const;
+
+ private:
+  Label& label_;
+  Context& context_;
+  std::string client_;
+  YearKeys keys_;
+  std::optional<YearLock> lock_;
+};
+
+}  // namespace quillet

@@ -1,0 +1,46 @@
+#include "host/year_lock.h"
+
+#include "books/clients.h"
+#include "books/locked_years.h"
+#include "host/rights.h"
+
+namespace quillet {
+
+std::optional<YearLock> lockOf(Context& context, const std::string& client,
+                               const std::string& secondDate) {
+  YearLocks* const locks = context.environment.yearLocks();
+  return locks ? locks->find(client, secondDate) : std::nullopt;
+}
+
+bool refusedAsLocked(Context& context, const std::string& client, const YearKeys& keys) {
+  const auto lock = lockOf(context, client, keys.second);
+  if (!lock) return false;
+  const std::string name = clientName(*context.host, client);
+  context.MsgBox(lockedText(subjectOf(name, client, keys.first, keys.second), *lock), Buttons::OK,
+                 Icon::information);
+  return true;
+}
+
+std::vector<LockedYear> lockedYears(Context& context) {
+  YearLocks* const locks = context.environment.yearLocks();
+  return locks ? locks->all() : std::vector<LockedYear>();
+}
+
+bool mayChangeLocked(Context& context, const std::vector<LockedYear>& years,
+                     const std::string& what) {
+  if (years.empty()) return true;
+  std::string names;
+  for (const LockedYear& year : years) {
+    names += "\r\n - " + subjectOf(*context.host, year) + ": " + lockText(year.lock);
+  }
+  const Answer answer = context.MsgBox(
+      what + " changes years that are locked:\r\n" + names +
+          "\r\n\r\nIt needs the right to unlock years, and the years stay locked.\r\n\r\n"
+          "Change them all the same ?",
+      Buttons::YesNo, Icon::exclamation, Answer::No);
+  if (answer != Answer::Yes || !context.host->CheckPass(right::unlockYear)) return false;
+  context.environment.yearLocks()->permit(years, what + " changes locked years:" + names);
+  return true;
+}
+
+}  // namespace quillet

@@ -1,0 +1,45 @@
+// The locks of years that are closed for good. A year is locked with a reason; from then on nothing
+// changes its figures, at whatever station, until it is unlocked with a reason.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillet {
+
+struct YearLock {
+  std::string reason;
+  std::string person;
+  std::string since;  // "2026-11-22 16:45:00", local time
+};
+
+struct LockedYear {
+  std::string client;
+  std::string firstDate;  // keys, "01042008"
+  std::string secondDate;
+  std::string table;  // the trial balance's
+  long number = 0;    // in the registry
+  YearLock lock;
+};
+
+class YearLocks {
+ public:
+  virtual ~YearLocks() = default;
+
+  virtual std::optional<YearLock> find(const std::string& client,
+                                       const std::string& secondDate) = 0;
+  virtual std::vector<LockedYear> all() = 0;
+
+  // Neither asks for the right to unlock.
+  virtual void lock(const std::string& client, const std::string& secondDate,
+                    const std::string& reason) = 0;
+  virtual void unlock(const std::string& client, const std::string& secondDate,
+                      const std::string& reason) = 0;
+
+  // What the running act changes of these years passes, and is logged with the reason. To be called
+  // after the last question to a person.
+  virtual void permit(const std::vector<LockedYear>& years, const std::string& reason) = 0;
+};
+
+}  // namespace quillet
