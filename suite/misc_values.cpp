@@ -20,12 +20,16 @@ std::string get(UnitOfWork& unit, const std::string& section, const std::string&
 void set(UnitOfWork& unit, const std::string& section, const std::string& name,
          const std::string& value, const std::string& client, const std::string& year) {
   const auto quoted = [&](const std::string& text) { return '\'' + unit.escape(text) + '\''; };
+  std::string old;
+  const RecordsetPtr rows =
+      unit.query("select row_id from SuiteMisc" + condition(unit, section, name) +
+                 " and Client=" + quoted(client) + " and Yr=" + quoted(year));
+  for (; !rows->EOF_(); rows->MoveNext()) old += (old.empty() ? "" : ",") + rows->text(0);
   unit.execute("insert into SuiteMisc(Section,Name,Value,Client,Yr) values(" + quoted(section) +
                ',' + quoted(name) + ',' + quoted(value) + ',' + quoted(client) + ',' +
                quoted(year) + ')');
   // The old value is deleted last, so that a value is there whatever happens in between.
-  unit.execute("delete from SuiteMisc" + condition(unit, section, name) + " and Client=" +
-               quoted(client) + " and Yr=" + quoted(year) + " and row_id<last_insert_id()");
+  if (!old.empty()) unit.execute("delete from SuiteMisc where row_id in (" + old + ')');
 }
 
 }  // namespace quillet::suite::misc_values

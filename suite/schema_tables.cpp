@@ -138,7 +138,11 @@ std::vector<TableDefinition> suitesOwn() {
         {"Hash", "char(64)"}},
        {"At", "Client,Yr,At"}},
   };
-  for (TableDefinition& table : tables) table.versioned = false;
+  // What the forms keep there belongs to the books: where a merged group went, what was brought
+  // forward.
+  for (TableDefinition& table : tables) {
+    table.versioned = table.name == "SuiteMisc";
+  }
   // Locking a year and unlocking it are acts themselves.
   tables.push_back({"SuiteYearLock",
                     {{"Code_No", code},

@@ -100,4 +100,9 @@ void ForwardMemory::keep(const BroughtForward& brought) {
   host_.SetMiscOthInf(section, keyOf(head), kept.stored(), client_, year_);
 }
 
+void ForwardMemory::forget() {
+  if (host_.GetMiscOthInf(section, keyOf(head), "").empty()) return;
+  host_.SetMiscOthInf(section, keyOf(head), "", client_, year_);
+}
+
 }  // namespace quillet

@@ -19,6 +19,8 @@ class ForwardMemory {
   // a group that was merged away count for the one that it went into.
   std::optional<BroughtForward> read() const;
   void keep(const BroughtForward& brought);
+  // The lines of the year are gone.
+  void forget();
 
  private:
   std::string keyOf(const std::string& what) const;

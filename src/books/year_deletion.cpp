@@ -1,5 +1,6 @@
 #include "books/year_deletion.h"
 
+#include "books/forward_memory.h"
 #include "books/year_files.h"
 #include "data/table_names.h"
 #include "data/year.h"
@@ -109,7 +110,10 @@ void YearDeletion::send(std::span<const DeletionStatement> statements, bool& sen
   }
 }
 
-void YearDeletion::deleteTrialBalance() { send(trialBalance, touched_); }
+void YearDeletion::deleteTrialBalance() {
+  send(trialBalance, touched_);
+  ForwardMemory(host_, year_.client, year_.keys).forget();
+}
 
 void YearDeletion::deleteSchedules(bool withChart) {
   send(schedulesBeforeChart, touched_);

@@ -238,6 +238,26 @@ void findDecimals(const SourceSheet& sheet, Mapping& mapping) {
   mapping.figures.decimals = decimalMarkOf(cells);
 }
 
+// Amounts that are written in thousands or lakhs would be entered as rupees.
+void doubtUnit(const SourceSheet& sheet, FoundColumns& found) {
+  constexpr std::size_t titles = 10;
+  const std::size_t end = found.mapping.headingRows > 0 ? found.mapping.firstRow() : titles;
+  for (std::size_t row = 0; row < std::min(end, sheet.rows.size()); ++row) {
+    for (const SourceCell& cell : sheet.rows[row].cells) {
+      const std::string words = ' ' + plainWords(cell.text) + ' ';
+      constexpr std::array units{" thousand", " lakh",    " lac ", " lacs ",
+                                 " crore",    " million", " 000 ", " 000s "};
+      if (std::ranges::none_of(
+              units, [&](const char* unit) { return words.find(unit) != std::string::npos; })) {
+        continue;
+      }
+      found.doubts.push_back("\"" + std::string(trimmed(cell.text)) +
+                             "\": amounts are read as rupees, as they are written.");
+      return;
+    }
+  }
+}
+
 FoundColumns columnsOfSheet(const SourceSheet& sheet, const Headings& headings) {
   FoundColumns found;
   found.mapping.sheet = sheet.name;
@@ -250,6 +270,7 @@ FoundColumns columnsOfSheet(const SourceSheet& sheet, const Headings& headings) 
     rolesByContents(sheet, found.mapping, found.doubts);
   }
   findDecimals(sheet, found.mapping);
+  doubtUnit(sheet, found);
   return found;
 }
 
@@ -297,6 +318,7 @@ FoundColumns findColumns(const SourceSheet& sheet,
   // How the amounts are written is this sheet's own affair.
   found.mapping.figures = {};
   findDecimals(sheet, found.mapping);
+  doubtUnit(sheet, found);
   return found;
 }
 

@@ -7,47 +7,18 @@
 #include <string_view>
 #include <utility>
 
+#include "suite/history/row_kinds.h"
 #include "suite/history/written_table.h"
 #include "suite/schema_tables.h"
 
 namespace quillet::suite {
 namespace {
 
+using row_kinds::Kind;
+using row_kinds::kinds;
+
 // Rows that stand end here.
 constexpr const char* stands = "row_till>'2038-01-01'";
-
-// What a row is known by, and what it is called. Of tables that are not listed whole sets of rows
-// come and go, as schedules do.
-struct Kind {
-  std::string_view table;
-  std::string_view keys;
-  std::string_view numbered;  // given anew where another row has the number by now
-  std::string_view name;      // of the row t, as SQL
-};
-
-// The last name that the ledger and the group had.
-constexpr std::string_view pairName =
-    "concat('the line of ',ifnull((select p.Particular from Mast_Part for system_time all p"
-    " where p.PartId=t.partid order by p.row_till desc limit 1),t.partid),' under ',"
-    "ifnull((select g.ALLGRP from Mast_AllGrp for system_time all g where g.ALLID=t.allid"
-    " order by g.row_till desc limit 1),t.allid),' (client ',t.code_no,')')";
-
-constexpr std::array kinds{
-    Kind{"tab_", "code_no,partid,allid", "srno", pairName},
-    Kind{"trade_", "code_no,partid,allid", "", pairName},
-    Kind{"jrnl_", "code_no,VID,LSrNo", "VID",
-         "concat('voucher ',t.VID,' of ',date_format(t.VDate,'%d/%m/%Y'),' (client ',t.code_no,"
-         "')')"},
-    Kind{"rmgrp_", "Code_No,SrNo", "", "concat('the binding of stock groups of ',t.Code_No)"},
-    Kind{"master", "code_no,s_yr", "",
-         "concat('the year ',t.f_year_dt,' to ',t.s_year_dt,' of client ',t.code_no)"},
-    Kind{"mast_part", "PartId", "", "concat('the ledger ',t.Particular)"},
-    Kind{"mast_allgrp", "ALLID", "", "concat('the group ',t.ALLGRP)"},
-    Kind{"allgrp_map", "Code_No,AllId", "", "'the mapping of a group'"},
-    Kind{"rmschsetup", "Code_No,FYr", "", "concat('the stock schedule of ',t.Code_No)"},
-    Kind{"main_info1", "code_no", "", "concat('client ',t.code_no)"},
-    Kind{"owner1", "code", "", "concat('client ',t.code)"},
-};
 
 std::string prefixOf(const std::string& table) {
   return table.substr(0, table.size() - yearSuffix(table).size());
@@ -59,13 +30,6 @@ const Kind* kindOf(const std::string& table) {
   return found == kinds.end() ? nullptr : &*found;
 }
 
-std::vector<std::string> split(std::string_view text) {
-  std::vector<std::string> parts;
-  std::istringstream stream{std::string(text)};
-  for (std::string part; std::getline(stream, part, ',');) parts.push_back(part);
-  return parts;
-}
-
 std::string joined(const std::vector<std::string>& parts) {
   std::string text;
   for (const std::string& part : parts) text += (text.empty() ? "" : ",") + part;
@@ -75,11 +39,14 @@ std::string joined(const std::vector<std::string>& parts) {
 // "s.code_no=t.code_no and s.partid=t.partid"
 std::string sameKeys(std::string_view keys) {
   std::string text;
-  for (const std::string& key : split(keys)) {
+  std::istringstream each{std::string(keys)};
+  for (std::string key; std::getline(each, key, ',');) {
     text += (text.empty() ? "s." : " and s.") + key + "=t." + key;
   }
   return text;
 }
+
+bool isValue(const std::string& table) { return table == "suitemisc"; }
 
 std::string sentence(std::string text) {
   if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] -= 'a' - 'A';
@@ -149,6 +116,7 @@ std::string ActInverse::words() const {
   long rows = 0;
   const Change* named = nullptr;
   for (const Change& change : changes_) {
+    if (keepsNewNames(change) || isValue(change.table)) continue;
     rows += std::max(change.begun, change.ended);
     const bool better = named == nullptr || change.table == "master" ||
                         (prefixOf(change.table) == "jrnl_" && named->table != "master");
@@ -158,7 +126,9 @@ std::string ActInverse::words() const {
   const std::string name(kindOf(named->table)->name);
   const RecordsetPtr first = unit_.query(
       "select " + name + (named->ended != 0 ? endedRows(*named) : begunRows(*named)) + " limit 1");
-  const std::string more = rows > 1 ? ", and " + std::to_string(rows - 1) + " more rows" : "";
+  const std::string more = rows < 2    ? ""
+                           : rows == 2 ? ", and 1 more row"
+                                       : ", and " + std::to_string(rows - 1) + " more rows";
   return sentence(first->text(0) + more);
 }
 
@@ -167,6 +137,8 @@ std::string ActInverse::words() const {
 std::vector<std::string> ActInverse::conflicts() const {
   std::vector<std::string> found;
   for (const Change& change : changes_) {
+    // A value that was set again since stays as it is.
+    if (isValue(change.table)) continue;
     const std::size_t before = found.size();
     addChangedLater(change, found);
     if (found.size() == before) addMadeAgain(change, found);
@@ -327,9 +299,11 @@ void ActInverse::send() const {
   for (const Change& change : changes_) {
     if (change.begun == 0 || keepsNewNames(change)) continue;
     std::string ids;
-    const RecordsetPtr rows = unit_.query("select t.row_id" + begunRows(change));
+    const RecordsetPtr rows =
+        unit_.query("select t.row_id" + begunRows(change) + " and " + standsUnchanged(change));
     for (; !rows->EOF_(); rows->MoveNext()) ids += (ids.empty() ? "" : ",") + rows->text(0);
-    unit_.execute("delete from " + change.table + " where row_id in (" + ids + ')');
+    if (!ids.empty())
+      unit_.execute("delete from " + change.table + " where row_id in (" + ids + ')');
   }
   for (const Change& change : changes_) {
     if (change.ended != 0) restore(change);
@@ -340,8 +314,11 @@ void ActInverse::send() const {
 std::string ActInverse::restoredColumn(const Change& change, const std::string& column) const {
   const Kind* kind = kindOf(change.table);
   if (kind != nullptr && column == kind->numbered) {
-    const std::string others = " from " + change.into + " s where s.code_no=t.code_no";
-    const std::string window = " over (partition by t.code_no";
+    // Line numbers are a client's own, voucher numbers those of all who share the table.
+    const bool own = column == "srno";
+    const std::string others =
+        " from " + change.into + " s where " + (own ? "s.code_no=t.code_no" : "true");
+    const std::string window = own ? " over (partition by t.code_no" : " over (";
     return "if(exists(select 1" + others + " and s." + column + "=t." + column +
            "),greatest((select max(s." + column + ')' + others + "),max(t." + column + ')' +
            window + "))+dense_rank()" + window + " order by t." + column + "),t." + column + ')';
@@ -362,7 +339,12 @@ void ActInverse::restore(const Change& change) const {
   std::vector<std::string> values;
   for (const std::string& column : columns) values.push_back(restoredColumn(change, column));
   unit_.execute("insert into " + change.into + '(' + joined(columns) + ") select " +
-                joined(values) + endedRows(change) + " order by t.row_id");
+                joined(values) + endedRows(change) +
+                (isValue(change.table)
+                     ? " and not exists(select 1 from " + change.into + " s where " +
+                           sameKeys(kindOf(change.table)->keys) + ')'
+                     : "") +
+                " order by t.row_id");
 }
 
 }  // namespace quillet::suite

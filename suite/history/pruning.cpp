@@ -76,7 +76,7 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
     throw std::runtime_error(file.string() +
                              " exists already. Name another file for what is removed.");
   }
-  const std::string instant = "timestamp'" + textOf(before) + " 00:00:00'";
+  const std::string instant = "timestamp'" + instantText(localInstant(before)) + '\'';
   const std::vector<std::string> tables = versionedTables(database);
   Pruned pruned;
   backup::PartFile part(file);

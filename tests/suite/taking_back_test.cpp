@@ -111,10 +111,27 @@ TEST_F(TakingBackTest, NumbersThatWentToOthersAreGivenAnew) {
   };
   act({voucher("10")});
   const ActRow erased = act({"delete from JRNL_1 where code_no='C1' and VID=5"});
-  act({voucher("20")});
+  act({voucher("20"), "update JRNL_1 set code_no='C2'"});
   EXPECT_TRUE(takeBack(erased).empty());
   EXPECT_EQ(rows("select VID,LSrNo,Amount from JRNL_1 order by VID,LSrNo"),
-            (Rows{{"5", "1", "20"}, {"5", "2", "-20"}, {"6", "1", "10"}, {"6", "2", "-10"}}));
+            (Rows{{"5", "1", "20"}, {"5", "2", "-20"}, {"6", "1", "10"}, {"6", "2", "-10"}}))
+      << "vouchers of all clients are numbered together";
+
+  // A value that a form keeps goes back with the act, unless it was set again.
+  const auto keep = [&](const char* text) {
+    const Act running(context().openForms.acts);
+    host().SetMiscOthInf("S", "N", text, "C1", "");
+  };
+  keep("first");
+  keep("second");
+  const ActRow second = lastAct();
+  EXPECT_TRUE(takeBack(second).empty());
+  EXPECT_EQ(host().GetMiscOthInf("S", "N", ""), "first");
+  keep("third");
+  const ActRow third = lastAct();
+  keep("fourth");
+  EXPECT_TRUE(takeBack(third).empty());
+  EXPECT_EQ(host().GetMiscOthInf("S", "N", ""), "fourth");
 }
 
 TEST_F(TakingBackTest, ADeletedYearComesBackUnderAFreeNumber) {
@@ -147,6 +164,7 @@ TEST_F(TakingBackTest, LedgersAndGroupsComeAndGoWithTheirUse) {
   EXPECT_TRUE(takeBack(entered).empty());
   EXPECT_EQ(lines(), before_);
   EXPECT_EQ(host().GetPart_MastPartId(77), "New") << "a ledger without lines stays";
+  EXPECT_EQ(takingBack().whatItChanged(entered), "The line of New under BANKS (client C1).");
 
   const ActRow made = act({"insert into Mast_Part values(78,'Alone')"});
   act({line(3, "78,1,5,1")});

@@ -1,0 +1,44 @@
+// What the rows of versioned tables are known by and called.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace quillet::suite::row_kinds {
+
+// What a row is known by, and what it is called. Of tables that are not listed whole sets of rows
+// come and go, as schedules do.
+struct Kind {
+  std::string_view table;
+  std::string_view keys;
+  std::string_view numbered;  // given anew where another row has the number by now
+  std::string_view name;      // of the row t, as SQL
+};
+
+// The last name that the ledger and the group had.
+inline constexpr std::string_view pairName =
+    "concat('the line of ',ifnull((select p.Particular from Mast_Part for system_time all p"
+    " where p.PartId=t.partid order by p.row_till desc limit 1),t.partid),' under ',"
+    "ifnull((select g.ALLGRP from Mast_AllGrp for system_time all g where g.ALLID=t.allid"
+    " order by g.row_till desc limit 1),t.allid),' (client ',t.code_no,')')";
+
+inline constexpr std::array kinds{
+    Kind{"tab_", "code_no,partid,allid", "srno", pairName},
+    Kind{"trade_", "code_no,partid,allid", "", pairName},
+    Kind{"jrnl_", "code_no,VID,LSrNo", "VID",
+         "concat('voucher ',t.VID,' of ',date_format(t.VDate,'%d/%m/%Y'),' (client ',t.code_no,"
+         "')')"},
+    // A form's own value, which nobody reads by name.
+    Kind{"suitemisc", "Section,Name,Client,Yr", "", ""},
+    Kind{"rmgrp_", "Code_No,SrNo", "", "concat('the binding of stock groups of ',t.Code_No)"},
+    Kind{"master", "code_no,s_yr", "",
+         "concat('the year ',t.f_year_dt,' to ',t.s_year_dt,' of client ',t.code_no)"},
+    Kind{"mast_part", "PartId", "", "concat('the ledger ',t.Particular)"},
+    Kind{"mast_allgrp", "ALLID", "", "concat('the group ',t.ALLGRP)"},
+    Kind{"allgrp_map", "Code_No,AllId", "", "'the mapping of a group'"},
+    Kind{"rmschsetup", "Code_No,FYr", "", "concat('the stock schedule of ',t.Code_No)"},
+    Kind{"main_info1", "code_no", "", "concat('client ',t.code_no)"},
+    Kind{"owner1", "code", "", "concat('client ',t.code)"},
+};
+
+}  // namespace quillet::suite::row_kinds
