@@ -1,4 +1,3 @@
-#include "controls/spoken_name.h"
 #include "desktop/control_view.h"
 
 #include <QApplication>
@@ -9,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QWidget>
 
+#include "controls/spoken_name.h"
 #include "desktop/text.h"
 
 namespace quillet::desktop {

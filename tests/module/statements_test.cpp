@@ -9,7 +9,6 @@ namespace {
 using Rows = std::vector<std::vector<std::string>>;
 using enum HeadKind;
 
-
 const StatutoryHeadList& list() {
   static const StatutoryHeadList made = [] {
     StatutoryHeadList heads;

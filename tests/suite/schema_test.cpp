@@ -70,9 +70,10 @@ TEST_F(SchemaTest, AddsTheHistoryToATableThatHasNone) {
       " and column_name<>'row_id' and index_name<>'PRIMARY'";
   exec("insert into RMGRP_1 values('C1',1,2,3,4,5,6,7)");
   const std::string before = value(indexes);
-  exec("alter table RMGRP_1 drop system versioning, drop period for system_time,"
-       " drop column row_from, drop column row_till,"
-       " drop index Code_No, drop index GrpSr, add index(Code_No,SrNo), add index(GrpSr)");
+  exec(
+      "alter table RMGRP_1 drop system versioning, drop period for system_time,"
+      " drop column row_from, drop column row_till,"
+      " drop index Code_No, drop index GrpSr, add index(Code_No,SrNo), add index(GrpSr)");
   EXPECT_EQ(complete(), 1);
   EXPECT_EQ(value(indexes), before);
   EXPECT_EQ(value("select GrpOrder from RMGRP_1"), "7");
