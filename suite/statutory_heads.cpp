@@ -58,6 +58,9 @@ void readInto(StatutoryHead& head, const DataReader& row) {
 
 void check(const StatutoryHead& head, const Heads& heads, const DataReader& row) {
   if (head.name.empty() || head.section.empty()) row.fail("a new head needs a section and a name");
+  if (head.kind == HeadKind::asset && head.role == HeadRole::result) {
+    row.fail("the result of a year stands under a liability");
+  }
   for (const std::string& text : {head.name, head.section, head.heading}) {
     if (lengthOf(text) > nameLength) row.fail("a name holds at most 100 characters");
   }
@@ -100,8 +103,9 @@ int nearness(const StatutoryHead& a, const StatutoryHead& b) {
 
 void put(Heads& heads, const StatutoryHead& head) {
   for (StatutoryHead& other : heads) {
-    // There is one for each role, in the balance sheet and in the statement of profit and loss.
-    const bool beside = inBalanceSheet(other.kind) == inBalanceSheet(head.kind);
+    // There is one for each role, but several assets may be the same kind of stock.
+    const bool beside = head.kind != HeadKind::asset && other.kind != HeadKind::asset &&
+                        inBalanceSheet(other.kind) == inBalanceSheet(head.kind);
     if (other.scheme == head.scheme && other.role == head.role && beside) {
       other.role = HeadRole::none;
     }

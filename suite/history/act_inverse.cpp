@@ -149,7 +149,7 @@ std::vector<std::string> ActInverse::conflicts() const {
   return found;
 }
 
-// A row that stands as the act left it; a number that was given anew does not count.
+// It stands as the act left it, but for a number that was given anew.
 std::string ActInverse::standsUnchanged(const Change& change) const {
   const Kind* kind = kindOf(change.table);
   std::string text = "exists(select 1 from " + change.table + " s where s.row_id=t.row_id";
@@ -223,7 +223,7 @@ void ActInverse::addLostYears(const Change& change, std::vector<std::string>& fo
   }
 }
 
-// Lines do not come back without their ledger and group.
+// Lines do not come back without their ledger and group; a later one may have the same number.
 void ActInverse::addLostNames(const Change& change, std::vector<std::string>& found) const {
   const std::string prefix = prefixOf(change.table);
   if (change.ended == 0 || (prefix != "tab_" && prefix != "jrnl_" && prefix != "trade_")) return;
@@ -245,12 +245,14 @@ void ActInverse::addLostNames(const Change& change, std::vector<std::string>& fo
                   " for system_time all b where b." + id + "=t." + name.column +
                   " and b.row_till=" + at_ + " and b.row_from<" + at_ + ')'
             : "";
-    const RecordsetPtr lost =
-        unit_.query(std::string("select distinct ifnull((select h.") + name.text + " from " +
-                    name.table + " for system_time all h where h." + id + "=t." + name.column +
-                    " order by h.row_till desc limit 1),t." + name.column + ')' +
-                    endedRows(change) + " and not exists(select 1 from " + name.table +
-                    " s where s." + id + "=t." + name.column + ')' + comesBack + some);
+    const RecordsetPtr lost = unit_.query(
+        std::string("select distinct ifnull((select h.") + name.text + " from " + name.table +
+        " for system_time all h where h." + id + "=t." + name.column +
+        " and h.row_from<t.row_till order by h.row_till desc limit 1),t." + name.column + ')' +
+        endedRows(change) + " and not exists(select 1 from " + name.table + " s where s." + id +
+        "=t." + name.column + " and exists(select 1 from " + name.table +
+        " for system_time all o where o.row_id=s.row_id and o.row_from<t.row_till))" + comesBack +
+        some);
     for (; !lost->EOF_(); lost->MoveNext()) {
       found.push_back(std::string("The ") + name.word + ' ' + lost->text(0) +
                       " is not there any more.");

@@ -15,12 +15,14 @@ struct Kind {
   std::string_view name;      // of the row t, as SQL
 };
 
-// The last name that the ledger and the group had.
+// The last name that the ledger and the group had while the row stood.
 inline constexpr std::string_view pairName =
     "concat('the line of ',ifnull((select p.Particular from Mast_Part for system_time all p"
-    " where p.PartId=t.partid order by p.row_till desc limit 1),t.partid),' under ',"
+    " where p.PartId=t.partid and p.row_from<t.row_till order by p.row_till desc limit "
+    "1),t.partid),' under ',"
     "ifnull((select g.ALLGRP from Mast_AllGrp for system_time all g where g.ALLID=t.allid"
-    " order by g.row_till desc limit 1),t.allid),' (client ',t.code_no,')')";
+    " and g.row_from<t.row_till order by g.row_till desc limit 1),t.allid),' (client "
+    "',t.code_no,')')";
 
 inline constexpr std::array kinds{
     Kind{"tab_", "code_no,partid,allid", "srno", pairName},

@@ -97,6 +97,9 @@ TEST_F(TakingBackTest, WhatLaterActsHaveDoneStandsInTheWay) {
   act({"delete from TAB_1 where code_no='C1' and partid=1",
        "delete from Mast_Part where PartId=1"});
   EXPECT_EQ(takeBack(deleted), Texts{"The ledger Cash is not there any more."});
+  act({"insert into Mast_Part values(1,'Another')"});
+  EXPECT_EQ(takeBack(deleted), Texts{"The ledger Cash is not there any more."})
+      << "its number went to another one";
 }
 
 TEST_F(TakingBackTest, NumbersThatWentToOthersAreGivenAnew) {
