@@ -24,7 +24,7 @@ PracticeCommands::PracticeCommands(Practice& practice)
       mnudeleteclient_(home_, "mnudeleteclient", "&Delete Client...", &mnupractice_),
       mnuline_(home_, "mnupracticeline", "-", &mnupractice_),
       mnustatements_(home_, "mnustatements", "S&tatements by Head...", &mnupractice_, "F7"),
-      mnutakeback_(home_, "mnutakeback", "Take &Back...", &mnupractice_),
+      mnutakeback_(home_, "mnutakeback", "Ta&ke Back...", &mnupractice_),
       mnusettings_(home_, "mnusettings", "&Settings...", &mnupractice_),
       client_(practice.context().openForms, practice.environment().unit(),
               practice.environment().dialogs(), practice.environment().clock(),

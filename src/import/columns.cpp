@@ -240,8 +240,7 @@ void findDecimals(const SourceSheet& sheet, Mapping& mapping) {
 
 // Amounts that are written in thousands or lakhs would be entered as rupees.
 void doubtUnit(const SourceSheet& sheet, FoundColumns& found) {
-  constexpr std::size_t titles = 10;
-  const std::size_t end = found.mapping.headingRows > 0 ? found.mapping.firstRow() : titles;
+  const std::size_t end = found.mapping.headingRows > 0 ? found.mapping.firstRow() : 10;
   for (std::size_t row = 0; row < std::min(end, sheet.rows.size()); ++row) {
     for (const SourceCell& cell : sheet.rows[row].cells) {
       const std::string words = ' ' + plainWords(cell.text) + ' ';

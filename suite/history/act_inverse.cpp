@@ -216,8 +216,7 @@ void ActInverse::addLostYears(const Change& change, std::vector<std::string>& fo
     const bool comesBack = std::ranges::any_of(
         changes_, [](const Change& each) { return each.table == "master" && each.ended != 0; });
     const RecordsetPtr today = unit_.query("select s_yr from master" + whose);
-    const bool there = !today->EOF_() && today->text(0) == then->text(0);
-    if (there || (today->EOF_() && comesBack)) continue;
+    if (today->EOF_() ? comesBack : today->text(0) == then->text(0)) continue;
     found.push_back("The year to " + then->text(1) + " of client " + clients->text(0) +
                     " is not there any more; bring it back first.");
   }
