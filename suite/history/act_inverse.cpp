@@ -15,20 +15,11 @@ namespace quillet::suite {
 namespace {
 
 using row_kinds::Kind;
-using row_kinds::kinds;
+using row_kinds::kindOf;
+using row_kinds::prefixOf;
 
 // Rows that stand end here.
 constexpr const char* stands = "row_till>'2038-01-01'";
-
-std::string prefixOf(const std::string& table) {
-  return table.substr(0, table.size() - yearSuffix(table).size());
-}
-
-const Kind* kindOf(const std::string& table) {
-  const std::string prefix = prefixOf(table);
-  const auto found = std::ranges::find(kinds, prefix, &Kind::table);
-  return found == kinds.end() ? nullptr : &*found;
-}
 
 std::string joined(const std::vector<std::string>& parts) {
   std::string text;
@@ -179,7 +170,8 @@ void ActInverse::addChangedLater(const Change& change, std::vector<std::string>&
   }
 }
 
-// What the act ended stands again, from elsewhere.
+// What the act ended stands again, from elsewhere; another row that stood beside it before the act
+// does not count.
 void ActInverse::addMadeAgain(const Change& change, std::vector<std::string>& found) const {
   const Kind* kind = kindOf(change.table);
   // A voucher comes back under another number, a year's rows in other tables.
@@ -190,8 +182,9 @@ void ActInverse::addMadeAgain(const Change& change, std::vector<std::string>& fo
       unit_.query("select distinct " + std::string(kind->name) + endedRows(change) +
                   " and exists(select 1 from " + change.table + " s where " + same +
                   " and not exists(select 1 from " + change.table +
-                  " for system_time all b where b.row_id=s.row_id and b.row_from=" + at_ +
-                  " and b.row_till>" + at_ + "))" + some);
+                  " for system_time all b where b.row_id=s.row_id and ((b.row_from=" + at_ +
+                  " and b.row_till>" + at_ + ") or (s.row_id<>t.row_id and b.row_from<" + at_ +
+                  " and b.row_till>=" + at_ + "))))" + some);
   for (; !rows->EOF_(); rows->MoveNext()) {
     found.push_back(sentence(rows->text(0) + " was made again since"));
   }

@@ -1,8 +1,12 @@
 // What the rows of versioned tables are known by and called.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
+
+#include "suite/history/written_table.h"
 
 namespace quillet::suite::row_kinds {
 
@@ -42,5 +46,17 @@ inline constexpr std::array kinds{
     Kind{"main_info1", "code_no", "", "concat('client ',t.code_no)"},
     Kind{"owner1", "code", "", "concat('client ',t.code)"},
 };
+
+// "tab_" of "tab_3".
+inline std::string prefixOf(const std::string& table) {
+  return table.substr(0, table.size() - yearSuffix(table).size());
+}
+
+// Null for a table whose rows are known by nothing.
+inline const Kind* kindOf(const std::string& table) {
+  const std::string prefix = prefixOf(table);
+  const auto found = std::ranges::find(kinds, prefix, &Kind::table);
+  return found == kinds.end() ? nullptr : &*found;
+}
 
 }  // namespace quillet::suite::row_kinds

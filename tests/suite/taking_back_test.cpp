@@ -177,7 +177,7 @@ TEST_F(TakingBackTest, LedgersAndGroupsComeAndGoWithTheirUse) {
   EXPECT_EQ(host().GetPart_MastPartId(78), "");
 
   // A merge touches the books of several clients.
-  exec("insert into TAB_1 values(1,'C2',1,2,8,1)");
+  exec("insert into TAB_1 values(1,'C2',1,2,8,1),(2,'C2',1,1,9,1)");
   const Rows stood = rows("select * from TAB_1 order by code_no,srno");
   const ActRow merged =
       act({"update TAB_1 set allid=1 where allid=2", "delete from Mast_AllGrp where ALLID=2"});
@@ -185,6 +185,7 @@ TEST_F(TakingBackTest, LedgersAndGroupsComeAndGoWithTheirUse) {
   EXPECT_TRUE(takeBack(merged).empty());
   EXPECT_EQ(rows("select * from TAB_1 order by code_no,srno"), stood);
   EXPECT_EQ(value("select ALLGRP from Mast_AllGrp where ALLID=2"), "RENT");
+  EXPECT_EQ(takeBack(lastAct()), Texts{}) << "the other row of the pair stood all the time";
 }
 
 // An act of a time before the last one is logged behind it all the same.
