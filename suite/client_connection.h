@@ -1,0 +1,63 @@
+// One connection to a database server: that within this process, or one elsewhere. Errors are
+// RunTimeError with the number and text of the server or of the client library.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "data/recordset.h"
+
+struct st_mysql;
+
+namespace quillet::suite {
+
+struct ClientLibrary;
+
+// Where a connection goes and how long it may take.
+struct ServerEntrance {
+  std::string host{};
+  unsigned port = 0;
+  std::string socket{};  // on this machine, in place of host and port
+  std::string user{};
+  std::string password{};
+  bool encrypted = false;       // with the certificate and the name of the server checked
+  std::string authority{};      // the file with the certificates to trust; "": the system's
+  unsigned connectSeconds = 0;  // 0: no limit
+  unsigned answerSeconds = 0;   // for each wait within a statement
+};
+
+class ClientConnection {
+ public:
+  // To the server within this process, or prepared for one elsewhere.
+  ClientConnection();
+  static ClientConnection remote();
+  ~ClientConnection();
+  ClientConnection(ClientConnection&& other) noexcept;
+  ClientConnection& operator=(ClientConnection&& other) noexcept;
+
+  void open();
+  void open(const ServerEntrance& entrance);
+
+  // Text that is not UTF-8 is refused before it becomes SQL.
+  void send(const std::string& sql);
+  RecordsetPtr rows();
+  void execute(const std::string& sql);
+  RecordsetPtr query(const std::string& sql);
+  std::string escape(const std::string& text) const;
+  // "'text'"
+  std::string quoted(const std::string& text) const { return '\'' + escape(text) + '\''; }
+
+  // By which the server knows it.
+  unsigned long number() const;
+  bool answers();
+
+ private:
+  explicit ClientConnection(const ClientLibrary& library);
+  [[noreturn]] void fail() const;
+  [[noreturn]] void failStatement() const;
+
+  const ClientLibrary* library_;
+  st_mysql* connection_;
+};
+
+}  // namespace quillet::suite
