@@ -11,9 +11,9 @@
 #include "desktop/cell_painter.h"
 #include "desktop/grid_model.h"
 #include "desktop/grid_table.h"
-#include "desktop/kept_places.h"
 #include "desktop/text.h"
 #include "view/grid_acts.h"
+#include "view/kept_places.h"
 
 namespace quillet::desktop {
 
@@ -32,7 +32,7 @@ GridView::GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent)
 }
 
 void GridView::draw() {
-  takeKeptWidths();
+  if (places_) places_->restoreWidths(grid_);
   QHeaderView* header = table_->horizontalHeader();
   header->setSectionsClickable(grid_.sortable);
   const int rows = grid_.fixedRows();
@@ -48,24 +48,10 @@ void GridView::draw() {
 void GridView::widen(int shown) {
   if (drawing() || !table_->cells().hasColumn(shown)) return;
   const int width = table_->shownWidth(shown);
-  const GridColumn& column = table_->cells().column(shown);
-  if (width == column.width) return;
-  // One that stretches takes what the others leave.
-  if (places_ && !column.stretch && !grid_.keepsWidths()) places_->setWidth(keyOf(column), width);
-  perform([&] { grid_.setColumnWidth(table_->cells().gridColumn(shown), width); });
-}
-
-void GridView::takeKeptWidths() {
-  for (int at = 0; places_ && !grid_.keepsWidths() && at < grid_.cols(); ++at) {
-    const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
-    if (column.stretch) continue;
-    const auto kept = places_->width(keyOf(column));
-    if (kept && *kept != column.width) grid_.setColumnWidth(at, *kept);
-  }
-}
-
-std::string GridView::keyOf(const GridColumn& column) const {
-  return grid_.form().name() + '.' + grid_.name() + '.' + column.heading;
+  if (width == table_->cells().column(shown).width) return;
+  const int at = table_->cells().gridColumn(shown);
+  if (places_) places_->changeWidth(grid_, at, width);
+  perform([&] { grid_.setColumnWidth(at, width); });
 }
 
 // --- keys ---------------------------------------------------------------------------------------

@@ -7,16 +7,19 @@
 
 class QPoint;
 
+namespace quillet::view {
+class KeptPlaces;
+}
+
 namespace quillet::desktop {
 
 class GridTable;
-class KeptPlaces;
 
 class GridView : public ControlView {
  public:
   GridView(Grid& grid, view::ActionRunner& runner, QWidget* parent);
   // Columns are as wide as a person left them, in this run or an earlier one.
-  void keepWidthsIn(KeptPlaces& places) { places_ = &places; }
+  void keepWidthsIn(view::KeptPlaces& places) { places_ = &places; }
 
  protected:
   void draw() override;
@@ -30,12 +33,10 @@ class GridView : public ControlView {
   void popUp();
   bool edit(int row, int column);
   void widen(int shown);
-  void takeKeptWidths();
-  std::string keyOf(const GridColumn& column) const;
 
   Grid& grid_;
   GridTable* table_;
-  KeptPlaces* places_ = nullptr;
+  view::KeptPlaces* places_ = nullptr;
 };
 
 }  // namespace quillet::desktop

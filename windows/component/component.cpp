@@ -7,6 +7,7 @@
 
 #include "windows/com/errors.h"
 #include "windows/component/module.h"
+#include "windows/host/kept_settings.h"
 
 namespace quillet::windows {
 namespace {
@@ -112,6 +113,7 @@ void Component::end() noexcept {
 Component::Component()
     : objects_(windows_), environment_(windows_, objects_), forms_(environment_) {
   environment_.follow(forms_.context().openForms.acts);
+  windows_.keptPlaces().use(keptSettings(*forms_.context().host));
   windows_.onClosed = [this](const Form& form) { objects_.closed(form); };
   windows_.follow(forms_.context().openForms);
 }

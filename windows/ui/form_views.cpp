@@ -8,6 +8,7 @@
 #include "view/form_controls.h"
 #include "windows/com/text.h"
 #include "windows/ui/child_window.h"
+#include "windows/ui/grid_view.h"
 #include "windows/ui/make_view.h"
 
 namespace quillet::windows {
@@ -57,6 +58,7 @@ void FormViews::add(const LayoutItem& node, const view::Place& place) {
     Placed& placed = views_[node.id];
     if (!placed.view) {
       placed.view = makeView(*node.control, runner_, window_);
+      if (auto* grid = dynamic_cast<GridView*>(placed.view.get())) grid->keepWidthsIn(kept_);
       if (placed.view && metrics_) {
         placed.view->setMetrics(*metrics_);
         if (place.inList && view::isButton(node)) leadText(placed.view->window(), *metrics_);

@@ -10,6 +10,7 @@
 
 #include "controls/form.h"
 #include "view/action_runner.h"
+#include "view/kept_places.h"
 #include "windows/ui/control_view.h"
 #include "windows/ui/layout.h"
 #include "windows/ui/metrics.h"
@@ -18,8 +19,8 @@ namespace quillet::windows {
 
 class FormViews {
  public:
-  FormViews(Form& form, view::ActionRunner& runner, HWND window)
-      : form_(form), runner_(runner), window_(window) {}
+  FormViews(Form& form, view::ActionRunner& runner, view::KeptPlaces& kept, HWND window)
+      : form_(form), runner_(runner), kept_(kept), window_(window) {}
   ~FormViews();
   FormViews(const FormViews&) = delete;
   FormViews& operator=(const FormViews&) = delete;
@@ -61,6 +62,7 @@ class FormViews {
 
   Form& form_;
   view::ActionRunner& runner_;
+  view::KeptPlaces& kept_;
   HWND window_;
   const Metrics* metrics_ = nullptr;
   std::map<unsigned, Placed> views_;  // by the id of their controls

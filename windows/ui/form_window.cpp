@@ -7,6 +7,7 @@
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
 #include "windows/ui/extents.h"
+#include "windows/ui/kept_window.h"
 #include "windows/ui/window_text.h"
 
 namespace quillet::windows {
@@ -34,13 +35,14 @@ FormWindow::FormWindow(Form& form, FormWindows& windows, HWND below,
   cuesShown_ = always != FALSE;
   if (!window()) return;
   metrics_ = std::make_unique<Metrics>(dpiOf(window()), font_);
-  views_ = std::make_unique<FormViews>(form, windows, window());
+  views_ = std::make_unique<FormViews>(form, windows, windows.keptPlaces(), window());
   views_->setMetrics(*metrics_);
   lists_ = std::make_unique<DropDowns>(form, windows, window());
   lists_->setMetrics(*metrics_);
   guarded([&] {
     draw();
     takeSize(below ? below : window(), place);
+    restore();
   });
 }
 
@@ -131,6 +133,25 @@ void FormWindow::moveTo(const FormWindows::Place& place) {
                                    top + place.height.value_or(now.bottom - now.top)});
   MoveWindow(window(), wanted.left, wanted.top, wanted.right - wanted.left,
              wanted.bottom - wanted.top, TRUE);
+  if (const auto reached = placeOf(window())) given_ = reached->bounds;
+}
+
+void FormWindow::restore() {
+  if (const auto place = placeOf(window())) given_ = place->bounds;
+  const auto kept = windows_.keptPlaces().place(form_.name());
+  if (!kept) return;
+  restorePlace(window(), *kept);
+  maximizes_ = kept->maximized;
+}
+
+void FormWindow::keepPlace() noexcept {
+  guarded([&] {
+    view::KeptPlaces& kept = windows_.keptPlaces();
+    const auto now = placeOf(window());
+    const bool moved = now && (now->maximized || now->bounds != given_);
+    if (now && (moved || kept.isKept(form_.name()))) kept.keepPlace(form_.name(), *now);
+    kept.keepWidths();
+  });
 }
 
 void FormWindow::bound(MINMAXINFO& bounds) const {
@@ -151,7 +172,8 @@ void FormWindow::resized(WPARAM how) {
 
 void FormWindow::show() {
   if (!window()) return;
-  ShowWindow(window(), IsIconic(window()) ? SW_RESTORE : SW_SHOW);
+  const bool maximizes = std::exchange(maximizes_, false);
+  ShowWindow(window(), maximizes ? SW_SHOWMAXIMIZED : IsIconic(window()) ? SW_RESTORE : SW_SHOW);
   if (GetActiveWindow() != window() || GetForegroundWindow() != window()) {
     SetForegroundWindow(window());
     SetActiveWindow(window());

@@ -41,6 +41,8 @@ class FormWindow : private TopWindow {
   void close(HWND next);
   void forgetOwner(HWND owner);
   void moveTo(const FormWindows::Place& place);
+  // Keeps where a person left it and how wide columns were made.
+  void keepPlace() noexcept;
 
   // True when the key is a command's shortcut, which has run.
   bool shortcut(const MSG& message) noexcept;
@@ -62,6 +64,7 @@ class FormWindow : private TopWindow {
   void place();
   void takeFonts(UINT dpi);
   void takeSize(HWND beside, const FormWindows::Place& place);
+  void restore();
   void followFocus();
   void showCues(bool shown);
   template <class Body>
@@ -77,9 +80,11 @@ class FormWindow : private TopWindow {
   std::optional<Covered> covered_;
   view::AccessKeys access_;
   KeyReader keys_;
-  SIZE least_{};  // of the client area
+  SIZE least_{};        // of the client area
+  view::Bounds given_;  // where it was put before a person came to it
   unsigned drawn_ = 0;
   unsigned arranged_ = 0;
+  bool maximizes_ = false;  // when it is shown first
   bool cuesShown_ = true;
   bool detached_ = false;
 };

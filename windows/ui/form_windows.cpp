@@ -110,6 +110,7 @@ std::unique_ptr<FormWindow> FormWindows::take(const Form& form) {
 
 void FormWindows::closed(Form& form) {
   const MessageScope scope;
+  if (FormWindow* window = of(form)) window->keepPlace();
   places_.erase(form.name());
   if (onClosed) onClosed(form);
   if (lost_ == &form) lost_ = nullptr;
@@ -134,6 +135,7 @@ void FormWindows::lost(Form& form) {
 void FormWindows::left() {
   hook_.reset();
   for (auto& window : std::exchange(windows_, {})) {
+    window->keepPlace();
     window->detach();
     MessageScope::discard(std::move(window));
   }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "view/form_windows.h"
+#include "view/kept_places.h"
 #include "windows/ui/key_hook.h"
 
 namespace quillet::windows {
@@ -37,7 +38,8 @@ class FormWindows : public view::FormWindows {
   void runUntilClosed(Form& form);
 
   // Where a host wants a form, in pixels. Kept from before its window exists until the form closes:
-  // one that opens again is as it was designed, as a host expects that rescales it each time.
+  // one that opens again is as it was designed, as a host expects that rescales it each time. It
+  // opens where a person left it all the same.
   struct Place {
     std::optional<int> left, top, width, height;
     std::optional<double> fontPoints;
@@ -47,6 +49,8 @@ class FormWindows : public view::FormWindows {
   Place place(const Form& form) const;
   // What is not there stays as it is.
   void setPlace(const Form& form, const Place& change);
+  // Where persons left the forms, and how wide they made columns.
+  view::KeptPlaces& keptPlaces() { return kept_; }
   // A form was closed.
   std::function<void(const Form&)> onClosed;
 
@@ -68,6 +72,7 @@ class FormWindows : public view::FormWindows {
   bool isOurs(HWND window) const;
   bool dispatchKey(const MSG& message);
 
+  view::KeptPlaces kept_;                             // outlives the windows
   std::vector<std::unique_ptr<FormWindow>> windows_;  // oldest first
   std::map<std::string, Place> places_;               // by the names of forms
   std::optional<KeyHook> hook_;                       // while there are windows

@@ -223,6 +223,13 @@ int GridList::heightOf(int rows) const {
   return place.cy + rows * (height(1) - height(0)) + border.bottom - border.top;
 }
 
+int GridList::wholeRows(int height) const {
+  const int row = heightOf(1) - heightOf(0);
+  const bool hasBar = GetWindowLongPtrW(window_, GWL_STYLE) & WS_HSCROLL;
+  const int room = height - heightOf(0) - (hasBar ? GetSystemMetrics(SM_CYHSCROLL) : 0);
+  return row > 0 && room > row ? height - room % row : height;
+}
+
 int GridList::gridColumn(int shown) const {
   if (shown < 0 || shown >= static_cast<int>(columns_.size())) return -1;
   return columns_[static_cast<std::size_t>(shown)];

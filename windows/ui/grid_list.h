@@ -48,6 +48,8 @@ class GridList {
 
   // The height of that many rows, with headings and borders.
   int heightOf(int rows) const;
+  // As much of that height as shows whole rows.
+  int wholeRows(int height) const;
   // What a column of that width holds.
   int charactersOf(int pixels) const;
   // By the list's number; -1 for none.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "controls/row_text.h"
+#include "controls/scoped_flag.h"
 #include "view/grid_acts.h"
 #include "windows/ui/clipboard.h"
 #include "windows/ui/keys.h"
@@ -50,7 +51,23 @@ void GridView::tellName(const std::wstring& name) {
   SetWindowTextW(window(), name.c_str());
 }
 
-void GridView::draw() { list_.refresh(); }
+void GridView::draw() {
+  if (kept_) kept_->restoreWidths(grid_);
+  list_.refresh();
+  fitRows();
+}
+
+// A row is shown whole or not at all: what is left over of the height stays outside the list. A
+// scroll bar that comes or goes changes how much that is.
+void GridView::fitRows() {
+  if (fitting_ || given_ == 0) return;
+  const ScopedFlag guard(fitting_);
+  RECT room{};
+  GetWindowRect(window(), &room);
+  if (room.bottom - room.top == list_.wholeRows(given_)) return;
+  SetWindowPos(window(), nullptr, 0, 0, static_cast<int>(room.right - room.left), given_,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
 
 // --- keys ---------------------------------------------------------------------------------------
 
@@ -202,7 +219,15 @@ std::optional<LRESULT> GridView::received(const WindowMessage& message) {
       endEditing(true);
       const LRESULT done = passOn(message);
       list_.resized();
+      fitRows();
       return done;
+    }
+    case WM_WINDOWPOSCHANGING: {
+      auto& wanted = *reinterpret_cast<WINDOWPOS*>(message.longer);
+      if (wanted.flags & SWP_NOSIZE) return {};
+      given_ = wanted.cy;
+      wanted.cy = list_.wholeRows(given_);
+      return {};
     }
     case WM_NOTIFY: {
       const LRESULT done = passOn(message);
@@ -262,7 +287,11 @@ void GridView::headingUsed(const NMHDR& told) {
   }
   const int column = list_.gridColumn(what.iItem);
   if (width < 1 || column < 0) return;
-  perform([&] { grid_.setColumnWidth(column, list_.charactersOf(width)); });
+  const int characters = list_.charactersOf(width);
+  if (kept_ && characters != grid_.columns()[static_cast<std::size_t>(column)].width) {
+    kept_->changeWidth(grid_, column, characters);
+  }
+  perform([&] { grid_.setColumnWidth(column, characters); });
 }
 
 }  // namespace quillet::windows

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "controls/grid.h"
+#include "view/kept_places.h"
 #include "windows/ui/cell_editor.h"
 #include "windows/ui/control_view.h"
 #include "windows/ui/grid_list.h"
@@ -15,6 +16,8 @@ namespace quillet::windows {
 class GridView : public ControlView {
  public:
   GridView(Grid& grid, view::ActionRunner& runner, HWND parent);
+  // Columns are as wide as a person left them, in this run or an earlier one.
+  void keepWidthsIn(view::KeptPlaces& kept) { kept_ = &kept; }
 
   SIZE wantedSize(const Metrics& metrics) const override;
   bool keepsKey(WPARAM code) const override;
@@ -38,6 +41,7 @@ class GridView : public ControlView {
   void showTip(POINT place);
   void headingUsed(const NMHDR& told);
   void rowChosen(const NMHDR& told);
+  void fitRows();
   // False when the cell cannot be edited.
   bool edit(GridCell cell);
   void endEditing(bool taken);
@@ -48,6 +52,9 @@ class GridView : public ControlView {
   GridCell tipped_;  // the cell that the tip is for
   GridCell edited_;
   std::unique_ptr<CellEditor> editor_;
+  view::KeptPlaces* kept_ = nullptr;
+  int given_ = 0;  // the height that it was given
+  bool fitting_ = false;
 };
 
 }  // namespace quillet::windows

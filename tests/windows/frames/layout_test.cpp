@@ -1,6 +1,8 @@
 // Where controls stand.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "frames/desk.h"
 
 namespace quillet::windows {
@@ -90,6 +92,53 @@ TEST(Place, OfAHostHoldsBeforeAndAfterTheWindowIsThere) {
   SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&proposed));
   EXPECT_GT(height(), usual * 3 / 2);
   EXPECT_EQ(desk.windows.place(form).left, 10);
+}
+
+TEST(Place, WhereAPersonLeftAFormItOpensAgain) {
+  Desk desk;
+  std::map<std::string, std::string> kept;
+  desk.windows.keptPlaces().use(
+      {[&](const auto&, const auto& key) { return kept[key]; },
+       [&](const auto&, const auto& key, const auto& value) { kept[key] = value; }});
+  SampleForm form(desk.forms);
+  const auto opened = [&] {
+    FormWindows::Place rescaled;
+    rescaled.left = 40;
+    rescaled.width = 900;
+    desk.windows.setPlace(form, rescaled);
+    RECT room{};
+    GetWindowRect(desk.show(form), &room);
+    return room;
+  };
+  const auto close = [&] { desk.windows.perform([&] { form.close(); }); };
+  const RECT designed = opened();
+  EXPECT_EQ(designed.right, 940);
+  close();
+  EXPECT_EQ(kept["sample"], "") << "nobody moved it";
+
+  opened();
+  MoveWindow(desk.windows.windowOf(form), 50, 60, 800, 500, TRUE);
+  close();
+  EXPECT_EQ(kept["sample"], "800x500+50+60");
+  const RECT again = opened();
+  const RECT left{50, 60, 850, 560};
+  EXPECT_TRUE(EqualRect(&again, &left));
+  ShowWindow(desk.windows.windowOf(form), SW_SHOWMAXIMIZED);
+  close();
+  EXPECT_EQ(kept["sample"], "800x500+50+60 maximized");
+  opened();
+  EXPECT_TRUE(IsZoomed(desk.windows.windowOf(form)));
+  close();
+
+  kept["sample"] = "9000x8000+5000-3000";
+  const RECT fitted = opened();
+  RECT screen{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+  EXPECT_TRUE(EqualRect(&fitted, &screen));
+  close();
+  kept["sample"] = "x";
+  const RECT usual = opened();
+  EXPECT_TRUE(EqualRect(&usual, &designed));
 }
 
 }  // namespace

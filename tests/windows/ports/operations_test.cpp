@@ -11,6 +11,7 @@
 #include "ports/busy.h"
 #include "ports/recorder.h"
 #include "ports/suite.h"
+#include "windows/host/kept_settings.h"
 
 namespace quillet::fakes {
 namespace {
@@ -197,6 +198,31 @@ TEST(Operations, BeyondWhatAHostOffersStayAway) {
     for (const char* object : {"MainPageObj", "PopupMenuObj", "vLstSelClCode"}) {
       suite.host->forget(object);
     }
+  }
+}
+
+// Where windows stand is the host's to keep; without one that keeps settings it lasts for the
+// session.
+TEST(Operations, KeepPlacesWithTheHostOrForTheSession) {
+  Suite suite;
+  suite.host->answers("GetSettingINI", "640x480+1+2");
+  suite.host->answers("SaveSettingINI", {});
+  for (const bool keeps : {true, false}) {
+    SCOPED_TRACE(keeps);
+    const auto service = suite.newService();
+    const view::KeptPlaces::Store store = windows::keptSettings(*service);
+    for (int time = 0; time < 2; ++time) {
+      EXPECT_EQ(store.get("Windows", "third"), keeps ? "640x480+1+2" : "");
+    }
+    store.set("Windows", "third", "700x500+3+4");
+    EXPECT_EQ(store.get("Windows", "third"), "700x500+3+4");
+    const std::vector<std::string> calls{
+        "GetSettingINI(String 'QuilletWindows', String 'third', String '')",
+        "SaveSettingINI(String 'QuilletWindows', String 'third', String '700x500+3+4')"};
+    if (keeps) {
+      EXPECT_EQ(suite.host->calls, calls);
+    }
+    for (const char* member : {"GetSettingINI", "SaveSettingINI"}) suite.host->forget(member);
   }
 }
 

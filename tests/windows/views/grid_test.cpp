@@ -2,6 +2,7 @@
 #include <commctrl.h>
 
 #include <chrono>
+#include <map>
 
 #include "views/on_screen.h"
 #include "windows/ui/dpi.h"
@@ -129,6 +130,11 @@ TEST_F(Grids, SortsByItsHeadings) {
 }
 
 TEST_F(Grids, KeepsAWidthThatAPersonDraggedTo) {
+  static std::map<std::string, std::string> kept;  // until the windows are left
+  windows.keptPlaces().use(
+      {[&](const auto&, const auto& key) { return kept[key]; },
+       [&](const auto&, const auto& key, const auto& value) { kept[key] = value; }});
+  const auto columns = form.grid.columns();
   fill(10);
   RECT room{};
   SendMessageW(header(), HDM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&room));
@@ -144,6 +150,33 @@ TEST_F(Grids, KeepsAWidthThatAPersonDraggedTo) {
   EXPECT_GT(form.grid.columns()[2].width, 15);
   windows.perform([&] { form.grid.setCell(1, 1, "Other"); });
   EXPECT_EQ(ListView_GetColumnWidth(list, 2), wide);
+
+  const int given = form.grid.columns()[2].width;
+  windows.perform([&] { form.close(); });
+  EXPECT_EQ(kept["try.grid.Amount"], std::to_string(given));
+  form.grid.setColumns(columns);
+  windows.perform([&] { form.show(); });
+  EXPECT_EQ(form.grid.columns()[2].width, given);
+}
+
+TEST_F(Grids, ShowsWholeRowsAlone) {
+  fill(100);
+  const HWND window = windows.windowOf(form);
+  RECT whole{};
+  GetWindowRect(window, &whole);
+  for (int cut = 0; cut < 30; cut += 4) {
+    // The second time the columns are wider than the list, which gets a bar at its foot.
+    for (const int width : {20, 200}) {
+      windows.perform([&] { form.grid.setColumnWidth(2, width); });
+      SetWindowPos(window, nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top - cut,
+                   SWP_NOMOVE | SWP_NOZORDER);
+      settle();
+      RECT client{};
+      GetClientRect(list, &client);
+      EXPECT_EQ(client.bottom, cell(ListView_GetCountPerPage(list), 1).bottom)
+          << cut << " less, " << width;
+    }
+  }
 }
 
 TEST_F(Grids, TicksByClickAndSpace) {
