@@ -5,6 +5,7 @@
 #include "app/run_backup.h"
 #include "app/start_questions.h"
 #include "desktop/practice_menu.h"
+#include "desktop/station_watch.h"
 #include "suite/calc_spreadsheet.h"
 #include "suite/clocks.h"
 #include "suite/practice_commands.h"
@@ -22,6 +23,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   suite::TemplateMaker templates(suite::CalcOptions::standard(), folder.program());
   suite::Practice practice(folder, application, clock, askingPolicy(application.dialogs()));
   desktop::PracticeMenu menu(practice, application);
+  const desktop::StationWatch watch(practice, application);
   application.follow(practice.context().openForms);
   practice.forms().ObjThird()->show();
   if (!firstMessage.empty()) {

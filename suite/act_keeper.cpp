@@ -3,7 +3,9 @@
 #include <stdexcept>
 #include <utility>
 
+#include "data/errors.h"
 #include "host/error_log.h"
+#include "suite/stations/writing_procedures.h"
 
 namespace quillet::suite {
 namespace {
@@ -34,6 +36,11 @@ void ActKeeper::follow(Context& context) {
     context.kept();
   };
   acts.onEnded = [this] { ended(); };
+  if (unit_.turns() != nullptr) {
+    acts.onProcedure = [this](const std::string& form, const std::string& procedure) {
+      begins(form, procedure);
+    };
+  }
   log_.cause = [this] { return cause(); };
   log_.onClockBehind = [this](const std::string& text) { tell(text); };
 }
@@ -52,12 +59,55 @@ ActCause ActKeeper::cause() const {
 void ActKeeper::leave() {
   if (context_ == nullptr) return;
   context_->openForms.acts.onEnded = {};
+  context_->openForms.acts.onProcedure = {};
   log_.cause = {};
   log_.onClockBehind = {};
   context_ = nullptr;
   unit_.follow([] { return false; });
   unit_.onKept = {};
 }
+
+// --- other stations ------------------------------------------------------------------------------
+
+void ActKeeper::begins(const std::string& form, const std::string& procedure) {
+  if (!context_->openForms.acts.running() || !isWriting(form, procedure)) return;
+  unit_.beginWriting();
+  showMovement();
+}
+
+void ActKeeper::showMovement() {
+  const StationTurns::Movement movement = unit_.turns()->movement();
+  if (movement.any) context_->openForms.booksMoved(movement.masters);
+}
+
+void ActKeeper::look() {
+  if (context_ == nullptr || unit_.turns() == nullptr) return;
+  Acts& acts = context_->openForms.acts;
+  if (acts.running()) return;
+  const Act act(acts);
+  try {
+    unit_.turns()->look();
+    lost_ = false;
+  } catch (const RunTimeError& error) {
+    lookAgain(error.what());
+  }
+}
+
+void ActKeeper::lookAgain(const std::string& reason) {
+  try {
+    unit_.renewConnection();
+    unit_.turns()->look();
+    tell("The connection to the database server was lost, and is open again.");
+    lost_ = false;
+  } catch (const std::exception& error) {
+    if (std::exchange(lost_, true)) return;
+    context_->openForms.onError("suite\tCONNECTION", std::runtime_error(reason));
+    tell("The connection to the database server is lost. " + sentence(error.what()) +
+         " It is tried again by and by, and with whatever is done next.");
+  }
+}
+
+// --- the end of an act ---------------------------------------------------------------------------
 
 void ActKeeper::trapped(const std::string& where, const std::exception& error) {
   const bool nothing = dynamic_cast<const NothingDone*>(&error) != nullptr;
@@ -86,6 +136,8 @@ void ActKeeper::endAct() {
     endUnit();
     removeFiles();
     unit_.end();
+    if (unit_.turns() != nullptr) showMovement();
+    unit_.end();
     watchDisk();
   } catch (const std::exception& error) {
     context_->openForms.onError("suite\tACT_ENDED", error);
@@ -96,23 +148,32 @@ void ActKeeper::endUnit() {
   const bool keptPart = keptPart_;
   const auto takenBack = unit_.end();
   if (!takenBack) return;
-  tellTakenBack(*takenBack, keptPart);
-  try {
-    unit_.renewConnection();
-  } catch (const std::exception& error) {
-    tell(sentence(error.what()) + " Whatever is done next tries to connect again.");
-  }
+  const std::optional<bool> stored = connectAgain(*takenBack);
+  tellTakenBack(*takenBack, stored, keptPart);
   // Nobody is to enter twice what may stand: nothing is shown again to be saved.
-  if (takenBack->uncertain) context_->kept();
+  if (stored.value_or(takenBack->uncertain)) context_->kept();
   context_->takenBack();
   unit_.end();
 }
 
-void ActKeeper::tellTakenBack(const UnitOfWork::TakenBack& takenBack, bool keptPart) {
+// Whether the act is stored all the same, when that is known.
+std::optional<bool> ActKeeper::connectAgain(const UnitOfWork::TakenBack& takenBack) {
+  try {
+    unit_.renewConnection();
+  } catch (const std::exception& error) {
+    tell(sentence(error.what()) + " Whatever is done next tries to connect again.");
+    return takenBack.uncertain ? std::nullopt : std::optional(false);
+  }
+  return takenBack.uncertain ? unit_.wasStored() : std::optional(false);
+}
+
+void ActKeeper::tellTakenBack(const UnitOfWork::TakenBack& takenBack, std::optional<bool> stored,
+                              bool keptPart) {
   context_->openForms.onError("suite\tACT_TAKEN_BACK", std::runtime_error(takenBack.reason));
   // What the act's procedures trapped follows from this.
   trapped_.clear();
-  tell((takenBack.uncertain
+  tell((stored.value_or(false) ? "The last step was stored, though its answer was lost. "
+        : !stored
             ? "It is not known whether the last step was stored. Please look before you enter it "
               "again. "
         : keptPart ? "What followed the last message or question was not stored; what came before "

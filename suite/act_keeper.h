@@ -3,6 +3,7 @@
 #pragma once
 
 #include <exception>
+#include <optional>
 #include <string>
 
 #include "host/context.h"
@@ -24,15 +25,23 @@ class ActKeeper {
   // Keeps the acts on the context's forms; it outlives this object's use of it.
   void follow(Context& context);
   void leave();
+  // Between acts, on a server: looks for what other stations have stored, and shows it. A connection
+  // that is lost is opened again.
+  void look();
   // An error ended a procedure of the form that is called `where`.
   void trapped(const std::string& where, const std::exception& error);
 
  private:
   ActCause cause() const;
+  void lookAgain(const std::string& reason);
+  void begins(const std::string& form, const std::string& procedure);
+  void showMovement();
   void ended() noexcept;
   void endAct();
   void endUnit();
-  void tellTakenBack(const UnitOfWork::TakenBack& takenBack, bool keptPart);
+  std::optional<bool> connectAgain(const UnitOfWork::TakenBack& takenBack);
+  void tellTakenBack(const UnitOfWork::TakenBack& takenBack, std::optional<bool> stored,
+                     bool keptPart);
   void removeFiles();
   void watchDisk();
   void tell(const std::string& text);
@@ -44,6 +53,7 @@ class ActKeeper {
   Notices& notices_;
   Clock& clock_;
   Context* context_ = nullptr;
+  bool lost_ = false;      // the connection, and a person was told
   bool stored_ = true;     // something was since the disk was looked at
   bool keptPart_ = false;  // a part of the running act stands, told or asked about
   std::string trapped_;    // what the first error of the running act was, "" when there was none

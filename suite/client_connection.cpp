@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <new>
 #include <optional>
 #include <utility>
@@ -64,6 +65,24 @@ class StoredRows : public Recordset {
   bool numeric(int column) const override {
     checkColumn(column);
     return IS_NUM(fields_[column].type);
+  }
+  // Of all rows; the first one is the current one afterwards.
+  std::size_t digest() {
+    auto digest = static_cast<std::size_t>(count_);
+    const auto add = [&](std::size_t value) {
+      digest ^= value + 0x9e3779b97f4a7c15U + (digest << 6U) + (digest >> 2U);
+    };
+    for (; !EOF_(); MoveNext()) {
+      for (int column = 0; column < fieldCount_; ++column) {
+        const auto value = field(column);
+        add(value ? std::hash<std::string_view>()(*value) : 0);
+      }
+    }
+    if (count_ > 0) {
+      library_.toRow(result_, 0);
+      fetch();
+    }
+    return digest;
   }
 
  private:
@@ -170,6 +189,13 @@ void ClientConnection::execute(const std::string& sql) {
 RecordsetPtr ClientConnection::query(const std::string& sql) {
   send(sql);
   return rows();
+}
+
+RecordsetPtr ClientConnection::query(const std::string& sql, std::size_t& answer) {
+  send(sql);
+  auto rows = this->rows();
+  answer = static_cast<StoredRows&>(*rows).digest();
+  return rows;
 }
 
 std::string ClientConnection::escape(const std::string& text) const {

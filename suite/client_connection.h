@@ -43,6 +43,8 @@ class ClientConnection {
   RecordsetPtr rows();
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
+  // `answer` is the same number for the same rows, and hardly ever for others.
+  RecordsetPtr query(const std::string& sql, std::size_t& answer);
   std::string escape(const std::string& text) const;
   // "'text'"
   std::string quoted(const std::string& text) const { return '\'' + escape(text) + '\''; }

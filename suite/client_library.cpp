@@ -60,6 +60,7 @@ ClientLibrary load() {
   loader.take(library.countFields, "mysql_num_fields");
   loader.take(library.fields, "mysql_fetch_fields");
   loader.take(library.nextRow, "mysql_fetch_row");
+  loader.take(library.toRow, "mysql_data_seek");
   loader.take(library.lengths, "mysql_fetch_lengths");
   loader.take(library.escape, "mysql_real_escape_string");
   loader.take(library.errorNumber, "mysql_errno");
@@ -86,6 +87,7 @@ const ClientLibrary& embeddedClient() {
       mysql_num_fields,
       mysql_fetch_fields,
       mysql_fetch_row,
+      mysql_data_seek,
       mysql_fetch_lengths,
       mysql_real_escape_string,
       mysql_errno,

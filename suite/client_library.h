@@ -24,6 +24,7 @@ struct ClientLibrary {
   decltype(&mysql_num_fields) countFields;
   decltype(&mysql_fetch_fields) fields;
   decltype(&mysql_fetch_row) nextRow;
+  decltype(&mysql_data_seek) toRow;
   decltype(&mysql_fetch_lengths) lengths;
   decltype(&mysql_real_escape_string) escape;
   decltype(&mysql_errno) errorNumber;

@@ -58,23 +58,17 @@ class Database::Impl {
     }
   }
 
-  // A lock of the server's, which goes with the connection. A server that has not noticed yet that
-  // our last connection is lost is told so.
+  // One station after the other opens the books, which may have to be completed. The lock goes with
+  // the connection, at the latest.
   void holdSchema(const std::string& schema) {
-    auto holder = holderOf(schema, 0);
-    if (holder && numbered(*holder) == own_) {
-      connection_.execute("kill " + *holder);
-      holder = holderOf(schema, 2);
-    }
-    if (!holder) {
-      own_ = numbered(std::to_string(connection_.number()));
-      return;
-    }
-    throw std::runtime_error(
-        "Another station works with the database " + schema + " (" + numbered(*holder) +
-        "). Close Quillet there first. If that station is gone without an end, or its connection"
-        " was lost a moment ago, the server frees the database by: kill " +
-        *holder);
+    lock_ = "lower('quillet." + schema + "')";
+    if (connection_.query("select get_lock(" + lock_ + ",60)")->integer(0) == 1) return;
+    throw std::runtime_error("Another station has been opening the database " + schema +
+                             " for more than a minute. Please try again.");
+  }
+  void share() {
+    if (!lock_.empty()) connection_.execute("do release_lock(" + lock_ + ')');
+    lock_.clear();
   }
   bool keepsHistory() const { return keepsHistory_; }
   // Instants are the same on every station and through the year. A table with a history takes
@@ -104,22 +98,6 @@ class Database::Impl {
   void renew();
 
  private:
-  // Takes the lock, or tells the number of the connection that has it after so many seconds.
-  std::optional<std::string> holderOf(const std::string& schema, int seconds) {
-    const std::string lock = "lower('quillet." + schema + "')";
-    const RecordsetPtr held =
-        connection_.query("select get_lock(" + lock + ',' + std::to_string(seconds) +
-                          "), is_used_lock(" + lock + ")");
-    return held->integer(0) == 1 ? std::nullopt : std::optional(held->text(1));
-  }
-  // "user@host:port, connection 7"
-  std::string numbered(const std::string& number) {
-    const RecordsetPtr station = connection_.query(
-        "select concat_ws('@',user,nullif(host,'')) from information_schema.processlist where "
-        "id='" +
-        number + '\'');
-    return (station->EOF_() ? "" : station->text(0) + ", ") + "connection " + number;
-  }
   // Without a server of our own there is one elsewhere.
   ClientConnection makeConnection() const {
     return server_ ? ClientConnection() : ClientConnection::remote();
@@ -146,7 +124,7 @@ class Database::Impl {
   std::unique_ptr<EmbeddedServer> server_;  // outlives the connection
   std::optional<Server> remote_;
   ClientConnection connection_;
-  std::string own_;  // the last connection that held the schema
+  std::string lock_;  // on the schema, "" when it is not held
   bool keepsHistory_ = false;
 };
 
@@ -186,7 +164,7 @@ void Database::Impl::connectTo(const Server& server) {
       "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
       " session wait_timeout=2147483,"  // a practice stays open for days
       // Stations that wait for each other see what the other one has committed.
-      " session tx_isolation='READ-COMMITTED'");
+      " session tx_isolation='READ-COMMITTED', session innodb_lock_wait_timeout=30");
   holdSchema(server.schema);
   openBooks(server);
   prepareHistory();
@@ -214,6 +192,7 @@ void Database::Impl::renew() {
   connection_ = makeConnection();
   if (remote_) {
     connectTo(*remote_);
+    share();
   } else {
     connectWithin();
   }
@@ -243,6 +222,7 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
   return std::unique_ptr<Database>(new Database(std::move(impl)));
 }
 
+void Database::share() { impl_->share(); }
 void Database::renewConnection() { impl_->renew(); }
 bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
@@ -251,6 +231,10 @@ void Database::execute(const std::string& sql) { impl_->connection().execute(sql
 RecordsetPtr Database::query(const std::string& sql) {
   // A server may be of a kind that does not know this.
   return impl_->connection().query(impl_->server() == nullptr ? sql : comparingLists(sql));
+}
+
+RecordsetPtr Database::query(const std::string& sql, std::size_t& answer) {
+  return impl_->connection().query(sql, answer);
 }
 
 std::string Database::escape(const std::string& text) const {

@@ -45,7 +45,12 @@ class Database : public Connection {
   void execute(const std::string& sql);
   // A select, or any statement that returns rows.
   RecordsetPtr query(const std::string& sql);
+  // The same; `answer` is the same number for the same rows, and hardly ever for others.
+  RecordsetPtr query(const std::string& sql, std::size_t& answer);
   std::string escape(const std::string& text) const;
+
+  // The books are complete: other stations may open them from now on. Nothing for an embedded one.
+  void share();
 
   // Opens the connection again when it was lost; what was not committed is gone. Throws
   // std::runtime_error as connect() does.

@@ -137,6 +137,16 @@ std::vector<TableDefinition> suitesOwn() {
         {"Digest", "char(64)"},
         {"Hash", "char(64)"}},
        {"At", "Client,Yr,At"}},
+      // Whose turn it is among the stations of a server, and which years they have open.
+      {"SuiteTurn", {{"Id", number}, {"Acts", number}, {"Masters", number}}, {"Id"}},
+      {"SuitePresence",
+       {{"Code_No", code},
+        {"Yr", yearKey},
+        {"Station", name},
+        {"Person", anyText},
+        {"Since", "timestamp(6) not null default current_timestamp(6)"},
+        {"Heard", "timestamp(6) not null default current_timestamp(6)"}},
+       {"Code_No,Yr"}},
   };
   // What the forms keep there belongs to the books: where a merged group went, what was brought
   // forward.

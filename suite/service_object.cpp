@@ -39,9 +39,13 @@ Service::Service(const DataFolder& folder, Settings& settings, Database& databas
       frontEndPorts_(frontEnd),
       clientListDialogs_(database, settings) {
   unit.onTakenBack = [this] { ledgers_.forget(); };
+  if (unit.turns() != nullptr) unit.turns()->onMoved = [this] { ledgers_.forget(); };
 }
 
-Service::~Service() { unit_.onTakenBack = {}; }
+Service::~Service() {
+  unit_.onTakenBack = {};
+  if (unit_.turns() != nullptr) unit_.turns()->onMoved = {};
+}
 
 bool Service::CheckDllsVersion(bool) { return true; }
 

@@ -82,6 +82,15 @@ SourceReader* StandaloneEnvironment::sourceReader() {
   return sourceReader_.get();
 }
 
+void StandaloneEnvironment::lookAround() {
+  acts_.look();
+  try {
+    locks_.presence().beat();
+  } catch (const std::exception&) {
+    // The connection is lost; the next look opens it again.
+  }
+}
+
 void StandaloneEnvironment::follow(Context* context) {
   acts_.leave();
   locks_.follow(context ? &context->openForms.acts : nullptr);
@@ -101,6 +110,8 @@ Practice::Practice(DataFolder folder, std::unique_ptr<Database> database, FrontE
   backUpOlder(*database_, folder_, clock);
   completeWithProgress(*database_, tableNumbers(settings_, *database_), frontEnd);
   standalone_.actLog().open();
+  standalone_.unit().takeTurns();
+  database_->share();
   completeClientList(*database_);
   standalone_.removeOldFiles();
   noteStart(*database_, folder_, settings_);

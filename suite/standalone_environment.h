@@ -55,6 +55,9 @@ class StandaloneEnvironment : public Environment {
   }
 
   ActKeeper& acts() { return acts_; }
+  // To be called every few seconds, and when a person comes back to the program: shows what other
+  // stations have stored, and tells them that this one is there.
+  void lookAround();
   // Keeps the acts on the forms of that context from now on; null: none.
   void follow(Context* context);
   UnitOfWork& unit() { return unit_; }

@@ -130,8 +130,8 @@ void frmTrade::showSubject() {
 }
 
 void frmTrade::showLock() {
-  const auto lock = locks_ ? locks_->find(books_.client, keys_.second) : std::nullopt;
-  lbllock.setCaption(lock ? "Locked: " + lockText(*lock) : "");
+  const auto lock = hold_.enter(locks_, dialogs_, subject_, books_.client, keys_.second);
+  lbllock.setCaption(lock ? lockCaption(*lock) : "");
   lbllock.setVisible(lock.has_value());
   for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setEnabled(!lock);
 }
@@ -256,6 +256,14 @@ void frmTrade::takenBack() {
   txtamount.setText(lastSave_.amount);
   altered_ = lastSave_.altered;
   lblhint.setCaption("The line was not saved. Enter tries again.");
+}
+
+void frmTrade::booksMoved(bool masters) {
+  logErrors("BOOKSMOVED", [&] {
+    if (masters) ledgers_.fill(stockLedgers(*host_));
+    if (!txtamount.enabled()) showLines();
+    showLock();
+  });
 }
 
 Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {

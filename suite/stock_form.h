@@ -15,6 +15,7 @@
 #include "controls/grid.h"
 #include "controls/lookup_list.h"
 #include "controls/text_box.h"
+#include "host/year_hold.h"
 #include "ports/ports.h"
 #include "ports/year_locks.h"
 
@@ -43,9 +44,11 @@ class frmTrade : public Form, public StockForm {
 
   LayoutItem layout() override;
   void takenBack() override;
+  void booksMoved(bool masters) override;
 
  protected:
   void load() override;
+  void unload(bool&) override { hold_.leave(); }
 
  private:
   void attachEntry();
@@ -68,6 +71,7 @@ class frmTrade : public Form, public StockForm {
   Dialogs& dialogs_;
   const Clock& clock_;
   YearLocks* locks_;
+  YearHold hold_;
   LookupList ledgers_{vsfp};
   LookupList groups_{vsfg};
   ServiceObject* host_ = nullptr;  // from LoadData on

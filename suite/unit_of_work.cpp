@@ -39,12 +39,23 @@ constexpr std::array takingBack{
     2006L,  // the connection is gone
     2013L,  // the connection was lost during the statement
     2055L,  // the same, with the system's reason
+    changedMeanwhile,
 };
+
+constexpr long waitedTooLong = 1205;
+constexpr long deadlock = 1213;
 
 bool losesConnection(long error) { return error == 2006 || error == 2013 || error == 2055; }
 
 bool takesBack(long error) {
   return std::find(takingBack.begin(), takingBack.end(), error) != takingBack.end();
+}
+
+// What the server says of another station, for a person.
+std::string reasonOf(long error, const std::string& reason) {
+  if (error == waitedTooLong) return "Another station kept the books busy for too long.";
+  if (error == deadlock) return "The books were changed by somebody else at the same moment.";
+  return reason;
 }
 
 bool isFlush(const std::string& sql) { return equalIgnoringCase(sql, flushTables); }
@@ -81,12 +92,40 @@ std::string withinAct(const std::string& sql) {
 UnitOfWork::UnitOfWork(Database& database, ActLog* log)
     : database_(database), log_(log), shared_(database.schemaFolder().empty()) {}
 
+// Runs work, once more after the server took the act back in favour of another station's. Any other
+// error of the database may take the act back.
+template <class Work>
+auto UnitOfWork::settled(Work work) {
+  constexpr int most = 5;
+  for (int tries = 1;; ++tries) {
+    try {
+      return work();
+    } catch (const RunTimeError& error) {
+      if (error.number() == deadlock && tries < most && again()) continue;
+      failed(error.number(), reasonOf(error.number(), error.what()));
+      throw;
+    }
+  }
+}
+
 void UnitOfWork::execute(const std::string& sql) {
   refuseAfterTakingBack();
   if (isFlush(sql)) return;
   if (!actRuns_()) return executeAlone(sql);
   begin();
-  send(withinAct(sql));
+  const std::string within = withinAct(sql);
+  settled([&] { send(within); });
+  wrote_ = true;
+  if (turns_) turns_->wrote(within);
+}
+
+void UnitOfWork::takeTurns() {
+  if (shared_) turns_.emplace(database_);
+}
+
+void UnitOfWork::beginWriting() {
+  refuseAfterTakingBack();
+  if (turns_) begin();
 }
 
 void UnitOfWork::executeAlone(const std::string& sql) {
@@ -94,10 +133,12 @@ void UnitOfWork::executeAlone(const std::string& sql) {
   if (equalIgnoringCase(sql, "start transaction")) return begin();
   if (equalIgnoringCase(sql, "commit")) return commit();
   if (equalIgnoringCase(sql, "rollback")) return undo();
+  wrote_ = true;
   if (open_) return send(sql);
   if (!isVersioned(writtenTable(sql))) return database_.execute(sql);
   try {
     begin();
+    wrote_ = true;
     send(sql);
     commit();
   } catch (...) {
@@ -107,28 +148,35 @@ void UnitOfWork::executeAlone(const std::string& sql) {
 }
 
 RecordsetPtr UnitOfWork::query(const std::string& sql) {
-  try {
-    return database_.query(sql);
-  } catch (const RunTimeError& error) {
-    failed(error.number(), error.what());
-    throw;
-  }
+  return settled([&] {
+    return turns_ && actRuns_() && !takenBack_ ? turns_->query(sql) : database_.query(sql);
+  });
 }
 
 void UnitOfWork::begin() {
   if (open_) return;
-  send("start transaction");
+  settled([&] { database_.execute("start transaction"); });
   open_ = true;
+  wrote_ = false;
   ++transactions_;
+  if (turns_) settled([&] { turns_->take(); });
 }
 
 void UnitOfWork::send(const std::string& sql) {
+  if (log_ != nullptr) log_->sending(sql);
+  database_.execute(sql);
+}
+
+// Does again what the act has done so far. False when what it has read is not so any more.
+bool UnitOfWork::again() noexcept {
+  if (!turns_ || !open_ || !actRuns_() || takenBack_) return false;
   try {
-    if (log_ != nullptr) log_->sending(sql);
-    database_.execute(sql);
-  } catch (const RunTimeError& error) {
-    failed(error.number(), error.what());
-    throw;
+    database_.execute("rollback");
+    if (log_ != nullptr) log_->again();
+    database_.execute("start transaction");
+    return turns_->takeAgain([&](const std::string& sql) { send(sql); });
+  } catch (const std::exception&) {
+    return false;
   }
 }
 
@@ -152,6 +200,7 @@ void UnitOfWork::takeBack(const std::string& reason) noexcept {
 
 void UnitOfWork::undo() noexcept {
   open_ = false;
+  if (turns_) turns_->ended();
   try {
     database_.execute("rollback");
   } catch (const std::exception&) {
@@ -171,12 +220,13 @@ void UnitOfWork::refuseAfterTakingBack() const {
 void UnitOfWork::logAct() {
   if (log_ == nullptr || !log_->changed()) return;
   askForCommit();
-  try {
-    log_->write();
-  } catch (const RunTimeError& error) {
-    failed(error.number(), error.what());
-    throw;
-  }
+  log_->write();
+}
+
+bool UnitOfWork::changesMasters() const {
+  return log_ != nullptr && std::ranges::any_of(log_->tables(), [](const std::string& table) {
+           return yearSuffix(table).empty();
+         });
 }
 
 // The rest of an act that is refused is not sent any more.
@@ -192,11 +242,16 @@ void UnitOfWork::askForCommit() {
 
 void UnitOfWork::commit() {
   if (!open_) return;
-  logAct();
-  committing_ = true;
-  send("commit");
+  settled([&] {
+    committing_ = false;
+    logAct();
+    if (turns_ && wrote_) turns_->pass(changesMasters());
+    committing_ = true;
+    database_.execute("commit");
+  });
   committing_ = false;
   open_ = false;
+  if (turns_) turns_->stored();
   if (log_ != nullptr) log_->ended(true);
   if (onKept) onKept();
 }
@@ -204,6 +259,20 @@ void UnitOfWork::commit() {
 void UnitOfWork::keep() {
   refuseAfterTakingBack();
   commit();
+}
+
+// The lost connection may still be at it; its turn ends with it.
+std::optional<bool> UnitOfWork::wasStored() noexcept {
+  if (!turns_ || log_ == nullptr || !log_->keeps()) return std::nullopt;
+  try {
+    database_.execute("start transaction");
+    turns_->take();
+    const bool stored = log_->wasWritten();
+    database_.execute("rollback");
+    return stored;
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
 }
 
 std::optional<UnitOfWork::TakenBack> UnitOfWork::end() noexcept {
@@ -214,6 +283,7 @@ std::optional<UnitOfWork::TakenBack> UnitOfWork::end() noexcept {
     if (!takenBack_) takeBack(error.what());
   }
   committing_ = false;
+  if (turns_) turns_->ended();
   const bool uncertain = std::exchange(uncertain_, false);
   const auto reason = std::exchange(takenBack_, std::nullopt);
   if (!reason) return std::nullopt;

@@ -7,6 +7,9 @@
 // back: the rest of its changes is refused, and end() tells why. What is read then is what is
 // stored.
 //
+// On a server that other stations use, an act takes the stations' turn with its transaction, and
+// one that the server took back in favour of another station's is done again where it can be.
+//
 // What changes versioned tables is logged as one act with the transaction. Outside of acts each
 // such statement, or each transaction that is sent as statements, is one by itself.
 #pragma once
@@ -17,6 +20,7 @@
 
 #include "suite/database.h"
 #include "suite/history/act_log.h"
+#include "suite/stations/station_turns.h"
 
 namespace quillet::suite {
 
@@ -37,6 +41,12 @@ class UnitOfWork {
   std::function<void(const ActLog& act)> onCommitting;
   // The database is shared with other stations, which wait for what the transaction has locked.
   bool shared() const { return shared_; }
+  // From now on acts take turns with those of other stations; the tables are there. Null on a
+  // database of our own.
+  void takeTurns();
+  StationTurns* turns() { return turns_ ? &*turns_ : nullptr; }
+  // What the act does from here on writes: its turn begins before it reads anything.
+  void beginWriting();
 
   // Throws RunTimeError as Database does. A flush is not sent: it would commit, and what it is for
   // does not exist here. The scratch tables are temporary ones, whose definition does not commit.
@@ -58,16 +68,23 @@ class UnitOfWork {
   void renewConnection() { database_.renewConnection(); }
   struct TakenBack {
     std::string reason;
-    bool uncertain = false;  // the connection was lost in the commit, which a server may have done
+    // The connection was lost in the commit, which a server may have done; wasStored() tells.
+    bool uncertain = false;
   };
   // The end of an act: commits what remains, and lets statements pass again. Nothing when the act
   // stands.
   std::optional<TakenBack> end() noexcept;
+  // Whether the server has done a commit whose answer was lost; nothing when it cannot be told.
+  std::optional<bool> wasStored() noexcept;
   // Throws when the act was taken back.
   void refuseAfterTakingBack() const;
 
  private:
   void begin();
+  template <class Work>
+  auto settled(Work work);
+  bool again() noexcept;
+  bool changesMasters() const;
   void commit();
   void logAct();
   void askForCommit();
@@ -79,6 +96,8 @@ class UnitOfWork {
   Database& database_;
   ActLog* log_;
   const bool shared_;
+  std::optional<StationTurns> turns_;
+  bool wrote_ = false;  // the transaction that is open
   std::function<bool()> actRuns_ = [] { return false; };
   bool committing_ = false;               // until the commit is known to be done
   bool uncertain_ = false;                // the connection went in the commit

@@ -20,15 +20,25 @@ std::string shownMoment(const std::string& moment) {
 }  // namespace
 
 std::string lockText(const YearLock& lock) {
-  return lock.reason + (lock.person.empty() ? "" : ", by " + lock.person) +
+  return (lock.station.empty() ? lock.reason : "open at " + lock.station) + (lock.person.empty() ? "" : ", by " + lock.person) +
          (lock.since.empty() ? "" : ", since " + shownMoment(lock.since));
 }
 
+std::string lockCaption(const YearLock& lock) {
+  if (lock.station.empty()) return "Locked: " + lockText(lock);
+  return 'O' + lockText(lock).substr(1) + "; here it can be read";
+}
+
 std::string lockedSentence(const std::string& subject, const YearLock& lock) {
-  return "The trial balance of " + subject + " is locked: " + lockText(lock) + '.';
+  return "The trial balance of " + subject + (lock.station.empty() ? " is locked: " : " is ") + lockText(lock) + '.';
 }
 
 std::string lockedText(const std::string& subject, const YearLock& lock) {
+  if (!lock.station.empty()) {
+    return lockedSentence(subject, lock) +
+           "\r\n\r\nNothing of it can be changed here meanwhile. Close it there; or open it here "
+           "anew, and take it over.";
+  }
   return lockedSentence(subject, lock) +
          "\r\n\r\nNothing of the year can be changed. Whoever may do so unlocks it on the home "
          "form: choose the year there, then \"Unlock Year...\".";

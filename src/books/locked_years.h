@@ -12,6 +12,8 @@ namespace quillet {
 
 // "Audited, by asha, since 22/11/2026 16:45"
 std::string lockText(const YearLock& lock);
+// The same as a form shows it of its year: "Locked: ..." or "Open at DESK2, ...".
+std::string lockCaption(const YearLock& lock);
 // Why nothing of the year can be changed. The subject names client and year.
 std::string lockedSentence(const std::string& subject, const YearLock& lock);
 // The same, and what to do.

@@ -25,6 +25,8 @@ class Acts {
   unsigned long number() const { return number_; }
   void kept() { ++number_; }
 
+  // A procedure of a form begins, "TXTDRCR_KEYPRESS"; an error ends it before it has done anything.
+  std::function<void(const std::string& form, const std::string& procedure)> onProcedure;
   // The outermost act begins.
   std::function<void()> onBegun;
   // The outermost act is done; it still counts as running. Must not throw.

@@ -10,6 +10,10 @@ namespace quillet {
 
 class Form;
 
+// A procedure of the form begins: the one attached under a name, or that of the owner's event. What
+// it throws ends the procedure.
+void procedureBegins(const Form& form, const std::string& owner, const char* name);
+void procedureBegins(const Form& form, const char* procedure);
 // The error becomes one line of the error log, under the name of the form and "OWNER_NAME" in
 // capitals.
 void reportTrapped(const Form& form, const std::string& owner, const char* name,
@@ -48,6 +52,11 @@ class Event {
   void operator()(Args... args) const noexcept {
     if (!handler_) return;
     try {
+      if (procedure_) {
+        procedureBegins(form_, procedure_);
+      } else {
+        procedureBegins(form_, owner_, name_);
+      }
       handler_(static_cast<Args>(args)...);
     } catch (...) {
       if (procedure_) {

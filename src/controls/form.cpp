@@ -47,6 +47,17 @@ void Form::report(std::string_view procedure, const std::exception& error) const
   }
 }
 
+void Form::begins(std::string_view procedure) const {
+  if (openForms_.acts.onProcedure) openForms_.acts.onProcedure(name_, std::string(procedure));
+}
+
+void procedureBegins(const Form& form, const std::string& owner, const char* name) {
+  // The name is made only for whoever wants it.
+  if (form.openForms().acts.onProcedure) form.begins(upperCase(owner) + '_' + name);
+}
+
+void procedureBegins(const Form& form, const char* procedure) { form.begins(procedure); }
+
 void reportTrapped(const Form& form, const std::string& owner, const char* name,
                    const std::exception& error) noexcept {
   form.report(upperCase(owner) + '_' + name, error);

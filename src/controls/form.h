@@ -91,6 +91,10 @@ class Form {
   // of it and shows what is stored.
   virtual void takenBack() {}
 
+  // Other stations have changed the books, or the masters too: the form shows what is stored, and
+  // keeps what is being typed.
+  virtual void booksMoved(bool masters) { (void)masters; }
+
   // Wanted size as a share of the screen, and the factor for the font; set by the service object's
   // resize_for_resolution.
   struct Size {
@@ -109,6 +113,7 @@ class Form {
   template <class Body>
   void logErrors(std::string_view procedure, Body&& body) {
     try {
+      begins(procedure);
       body();
     } catch (const std::exception& error) {
       report(procedure, error);
@@ -144,6 +149,9 @@ class Form {
   void moveFocus(Control* to);
   ActName nameOf(const Control* control, Key key) const;
   Control* nextFocusable(Control* from, bool backwards) const;
+  friend void procedureBegins(const Form& form, const std::string& owner, const char* name);
+  friend void procedureBegins(const Form& form, const char* procedure);
+  void begins(std::string_view procedure) const;
   void report(std::string_view procedure, const std::exception& error) const noexcept;
 
   OpenForms& openForms_;

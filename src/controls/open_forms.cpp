@@ -45,11 +45,21 @@ bool OpenForms::bringToFront(Form& form) {
   return true;
 }
 
-void OpenForms::takenBack() {
+// A form may close others.
+template <class Tell>
+void OpenForms::tellAll(Tell tell) {
   const std::vector<Form*> forms = open_;
   for (Form* form : forms) {
-    if (std::find(open_.begin(), open_.end(), form) != open_.end()) form->takenBack();
+    if (std::find(open_.begin(), open_.end(), form) != open_.end()) tell(*form);
   }
+}
+
+void OpenForms::takenBack() {
+  tellAll([](Form& form) { form.takenBack(); });
+}
+
+void OpenForms::booksMoved(bool masters) {
+  tellAll([&](Form& form) { form.booksMoved(masters); });
 }
 
 }  // namespace quillet

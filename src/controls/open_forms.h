@@ -41,6 +41,9 @@ class OpenForms {
   // remembered of it and shows what is stored.
   void takenBack();
 
+  // Other stations have changed the books, or what all years share too.
+  void booksMoved(bool masters);
+
   // A view's hooks: a form was opened or brought to the front; a form was closed.
   std::function<void(Form&)> onOpened;
   std::function<void(Form&)> onClosed;
@@ -48,6 +51,9 @@ class OpenForms {
   std::function<void(const std::string& location, const std::exception& error)> onError;
 
  private:
+  template <class Tell>
+  void tellAll(Tell tell);
+
   std::vector<Form*> open_;
   Form* front_ = nullptr;
 };

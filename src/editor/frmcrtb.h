@@ -45,6 +45,7 @@ class frmcrtb : public Form {
   void mastersChanged();
 
   void takenBack() override;
+  void booksMoved(bool masters) override;
 
   LayoutItem layout() override;
   std::string subject() const override;

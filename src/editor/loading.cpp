@@ -85,6 +85,7 @@ void frmcrtb::FORM_UNLOAD() {
   entry_.empty();
   saver_.close();
   entry_.hideLists();
+  books_.leave();
 }
 
 void frmcrtb::readRegisters() {
@@ -238,6 +239,17 @@ void frmcrtb::takenBack() {
   }
   entry_.restore(*saved);
   hint("The line was not saved. Enter tries again.");
+}
+
+void frmcrtb::booksMoved(bool masters) {
+  if (masters) ledgersRead_ = groupsRead_ = false;
+  if (!visible()) return;
+  if (masters) {
+    LOADPARTICULARS();
+    LOADGROUPS();
+  }
+  // Where nobody else may change the lines, only their names can have changed.
+  if (masters || books_.locked(books_.years.yearInView())) refreshShownLines();
 }
 
 // --- views and settings -------------------------------------------------------------------------

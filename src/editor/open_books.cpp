@@ -12,14 +12,22 @@ void OpenBooks::readLocks(Label& shown) {
   std::string text;
   for (const TwoYears::Year year : {current, previous}) {
     if (!years.has(year)) continue;
-    locks[year] = lockOf(context, years.client(), years.keys(year).second);
+    if (years.inView(year)) {
+      locks[year] = enterYear(holds_[year], context, years.client(), years.keys(year));
+    } else {
+      holds_[year].leave();
+      locks[year] = lockOf(context, years.client(), years.keys(year).second);
+    }
     if (!locked(year) || !years.inView(year)) continue;
-    text += (text.empty() ? "" : ". ") +
-            std::string(year == previous ? "The previous year is locked: " : "Locked: ") +
-            lockText(*locks[year]);
+    text += (text.empty() ? "" : ". ") + std::string(year == previous ? "The previous year: " : "") +
+            lockCaption(*locks[year]);
   }
   shown.setCaption(text);
   shown.setVisible(!text.empty());
+}
+
+void OpenBooks::leave() {
+  for (YearHold& hold : holds_) hold.leave();
 }
 
 bool OpenBooks::refusesChange(TwoYears::Year year) const {

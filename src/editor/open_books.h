@@ -8,6 +8,7 @@
 #include "books/two_years.h"
 #include "controls/basic_controls.h"
 #include "host/context.h"
+#include "host/year_hold.h"
 #include "ports/year_locks.h"
 
 namespace quillet {
@@ -16,8 +17,10 @@ struct OpenBooks {
   explicit OpenBooks(Context& opened) : context(opened), years(*opened.host) {}
 
   ServiceObject& host() const { return *context.host; }
-  // Asks whether the years are locked, and says on the label which of those in view are.
+  // Asks whether the years are locked, and says on the label which of those in view are. This
+  // station has the others in view until leave().
   void readLocks(Label& shown);
+  void leave();
   bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
   // True, and a person was told, when the year is locked by now.
   bool refusesChange(TwoYears::Year year) const;
@@ -26,6 +29,9 @@ struct OpenBooks {
   TwoYears years;
   AccountGroups groups;
   std::array<std::optional<YearLock>, 2> locks;  // by year, as they were read last
+
+ private:
+  std::array<YearHold, 2> holds_;
 };
 
 }  // namespace quillet

@@ -124,16 +124,29 @@ void third::takenBack() {
   if (openForms().active() == this) status("");
   logErrors("TAKENBACK", [&] { newYear.takenBack(); });
   logErrors("TAKENBACK", [&] {
-    if (Frame3.visible()) {
-      refreshClients();
-    } else if (mergeList.shown()) {
+    if (mergeList.shown()) {
       mergeList.show();
-    } else if (famyears.visible()) {
-      years.showAt(flexgrid2.current());
     } else {
-      newYear.showYears();
+      showAnew();
     }
   });
+}
+
+// What is ticked to be merged stays; the merge reads it once more.
+void third::booksMoved(bool) {
+  logErrors("BOOKSMOVED", [&] {
+    if (!mergeList.shown()) showAnew();
+  });
+}
+
+void third::showAnew() {
+  if (Frame3.visible()) {
+    refreshClients();
+  } else if (famyears.visible()) {
+    years.showAt(flexgrid2.current());
+  } else {
+    newYear.showYears();
+  }
 }
 
 void third::FORM_UNLOAD() { ClGrd1.keepWidths(); }

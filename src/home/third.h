@@ -28,6 +28,7 @@ class third : public Form {
   std::string fileSubject() const override;
   LayoutItem layout() override;
   void takenBack() override;
+  void booksMoved(bool masters) override;
 
   MenuEntry mnubooks{*this, "mnubooks", "Boo&ks"};
   MenuEntry mnubringfwd{*this, "mnubringfwd", "&Bring Forward...", &mnubooks};
@@ -136,6 +137,7 @@ class third : public Form {
   void showFirstStep();
   void showClients();
   void refreshClients();
+  void showAnew();
   void focusList();
   void takeClient(const std::string& code, const std::string& name);
 

@@ -31,6 +31,10 @@ void YearLockCommands::open(bool unlocks) {
   const auto year = form_.years.findChosen();
   if (!year) return;
   const auto lock = lockOf(context_, year->client, year->keys.second);
+  if (lock && !lock->station.empty()) {
+    refusedAsLocked(context_, year->client, year->keys);
+    return;
+  }
   if (lock.has_value() != unlocks) {
     form_.years.showAt(year->keys);
     form_.status("The year " + year->keys.text() +

@@ -9,12 +9,13 @@ void LockNote::open(const std::string& client, const YearKeys& keys) {
   client_ = client;
   keys_ = keys;
   lock_.reset();
+  hold_.leave();
   label_.setVisible(false);
 }
 
 void LockNote::read() {
-  lock_ = lockOf(context_, client_, keys_.second);
-  label_.setCaption(lock_ ? "Locked: " + lockText(*lock_) : "");
+  lock_ = enterYear(hold_, context_, client_, keys_);
+  label_.setCaption(lock_ ? lockCaption(*lock_) : "");
   label_.setVisible(locked());
 }
 

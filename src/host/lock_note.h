@@ -7,6 +7,7 @@
 #include "books/registry.h"
 #include "controls/basic_controls.h"
 #include "host/context.h"
+#include "host/year_hold.h"
 #include "ports/year_locks.h"
 
 namespace quillet {
@@ -15,10 +16,11 @@ class LockNote {
  public:
   LockNote(Label& label, Context& context) : label_(label), context_(context) {}
 
-  // Another year; nothing is known of its lock.
+  // Another year; nothing is known of its lock, and nothing held.
   void open(const std::string& client, const YearKeys& keys);
-  // Asks whether the year is locked, and shows it.
+  // Asks whether the year is locked, and shows it. If not, this station has it until close().
   void read();
+  void close() { hold_.leave(); }
   // As it was read last.
   bool locked() const { return lock_.has_value(); }
   // True, and a person was told, when the year is locked by now.
@@ -30,6 +32,7 @@ class LockNote {
   std::string client_;
   YearKeys keys_;
   std::optional<YearLock> lock_;
+  YearHold hold_;
 };
 
 }  // namespace quillet

@@ -12,6 +12,15 @@ std::optional<YearLock> lockOf(Context& context, const std::string& client,
   return locks ? locks->find(client, secondDate) : std::nullopt;
 }
 
+std::optional<YearLock> enterYear(YearHold& hold, Context& context, const std::string& client,
+                                  const YearKeys& keys) {
+  YearLocks* const locks = context.environment.yearLocks();
+  if (locks == nullptr) return std::nullopt;
+  const std::string subject =
+      subjectOf(clientName(*context.host, client), client, keys.first, keys.second);
+  return hold.enter(locks, context.dialogs, subject, client, keys.second);
+}
+
 bool refusedAsLocked(Context& context, const std::string& client, const YearKeys& keys) {
   const auto lock = lockOf(context, client, keys.second);
   if (!lock) return false;
@@ -29,6 +38,12 @@ std::vector<LockedYear> lockedYears(Context& context) {
 bool mayChangeLocked(Context& context, const std::vector<LockedYear>& years,
                      const std::string& what) {
   if (years.empty()) return true;
+  for (const LockedYear& year : years) {
+    if (year.lock.station.empty()) continue;
+    context.MsgBox(lockedText(subjectOf(*context.host, year), year.lock), Buttons::OK,
+                   Icon::information);
+    return false;
+  }
   std::string names;
   for (const LockedYear& year : years) {
     names += "\r\n - " + subjectOf(*context.host, year) + ": " + lockText(year.lock);

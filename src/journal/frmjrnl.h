@@ -41,6 +41,7 @@ class frmjrnl : public Form {
   std::string subject() const override;
   std::string fileSubject() const override;
   void takenBack() override;
+  void booksMoved(bool masters) override;
 
   MenuEntry mnuvouchers{*this, "mnuvouchers", "&Vouchers"};
   MenuEntry mnutakeback{*this, "mnutakeback", "Ta&ke Back", &mnuvouchers, "Ctrl+Z"};

@@ -139,6 +139,15 @@ void frmjrnl::takenBack() {
   hint("The voucher was not saved. Update tries again.");
 }
 
+void frmjrnl::booksMoved(bool masters) {
+  if (!book_) return;
+  if (masters) {
+    readLists();
+    lookups_.forgetUnknown();
+  }
+  if (masters || lock.locked()) LOADGRID();
+}
+
 // --- closing ------------------------------------------------------------------------------------
 
 void frmjrnl::FORM_UNLOAD(bool& cancel) {
@@ -146,6 +155,7 @@ void frmjrnl::FORM_UNLOAD(bool& cancel) {
   cancel = true;
   if (!complete()) postMissingOnLeaving();
   cancel = !confirmed(context_, "Do you want to Exit?");
+  if (!cancel) lock.close();
 }
 
 // Other forms show the table as it stands, so that what is missing is posted before they do.

@@ -115,7 +115,10 @@ void frmgrpRM::reread() {
   }
 }
 
-void frmgrpRM::FORM_UNLOAD(bool& cancel) { cancel = !ask("Do you want to Exit?"); }
+void frmgrpRM::FORM_UNLOAD(bool& cancel) {
+  cancel = !ask("Do you want to Exit?");
+  if (!cancel) lock.close();
+}
 
 void frmgrpRM::showPage(Frame& page) {
   for (Frame* each : {&famM, &famG}) each->setVisible(each == &page);

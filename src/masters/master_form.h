@@ -27,6 +27,9 @@ class MasterForm : public Form {
   // Asks before an entry that was begun is lost.
   void FORM_UNLOAD(bool& cancel);
   void takenBack() override { reread(); }
+  void booksMoved(bool masters) override {
+    if (masters) reread();
+  }
 
  protected:
   MasterForm(Context& context, std::string name);

@@ -1,5 +1,6 @@
-// The locks of years that are closed for good. A year is locked with a reason; from then on nothing
-// changes its figures, at whatever station, until it is unlocked with a reason.
+// Why nothing of a year can be changed. A year that is closed for good is locked with a reason; from
+// then on nothing changes its figures, at whatever station, until it is unlocked with a reason. And
+// where several stations work on the same books, one of them writes in a year and the others read.
 #pragma once
 
 #include <optional>
@@ -12,6 +13,8 @@ struct YearLock {
   std::string reason;
   std::string person;
   std::string since;  // "2026-11-22 16:45:00", local time
+  // The station that has the year open, without a reason then; "" for a lock.
+  std::string station{};
 };
 
 struct LockedYear {
@@ -30,6 +33,12 @@ class YearLocks {
   virtual std::optional<YearLock> find(const std::string& client,
                                        const std::string& secondDate) = 0;
   virtual std::vector<LockedYear> all() = 0;
+
+  // This station has the year open for writing; calls are counted.
+  virtual void enter(const std::string& client, const std::string& secondDate) = 0;
+  virtual void leave(const std::string& client, const std::string& secondDate) = 0;
+  // The station that has it reads from now on.
+  virtual void takeOver(const std::string& client, const std::string& secondDate) = 0;
 
   // Neither asks for the right to unlock.
   virtual void lock(const std::string& client, const std::string& secondDate,

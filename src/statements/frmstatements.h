@@ -30,6 +30,7 @@ class frmstatements : public Form {
   std::string subject() const override;
   std::string fileSubject() const override;
   void takenBack() override;
+  void booksMoved(bool) override { takenBack(); }
 
   MenuEntry mnustatement{*this, "mnustatement", "&Statement"};
   MenuEntry mnurefresh{*this, "mnurefresh", "&Refresh", &mnustatement, "F5"};

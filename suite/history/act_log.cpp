@@ -17,12 +17,6 @@ namespace {
 // A clock that is so far behind is wrong; less may be its daily correction.
 constexpr Instant noticed = 60LL * 1'000'000;
 
-std::string stationName() {
-  std::array<char, 256> name{};
-  if (gethostname(name.data(), name.size() - 1) != 0) return {};
-  return name.data();
-}
-
 std::string accountName() {
   const passwd* account = getpwuid(getuid());
   return account == nullptr ? std::to_string(getuid()) : account->pw_name;
@@ -36,6 +30,12 @@ std::string timestampNumber(Instant instant) {
 }
 
 }  // namespace
+
+std::string stationName() {
+  std::array<char, 256> name{};
+  if (gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
 
 ActLog::ActLog(Database& database)
     : database_(database),
@@ -119,7 +119,9 @@ std::string ActLog::yearOf(const std::string& client, const std::string& suffix)
 }
 
 std::string ActLog::person() const {
-  return shared_ ? database_.query("select current_user()")->text(0) : accountName();
+  if (!shared_) return accountName();
+  if (person_.empty()) person_ = database_.query("select current_user()")->text(0);
+  return person_;
 }
 
 void ActLog::write() {
@@ -145,6 +147,17 @@ void ActLog::insert(const ActCause& told) {
   row.digest = digest_.hex();
   hash_ = row.hashAfter(lastHash_);
   database_.execute(row.insertion(database_, hash_));
+}
+
+bool ActLog::wasWritten() const {
+  return !hash_.empty() &&
+         !database_.query("select 1 from SuiteAct where Hash='" + hash_ + '\'')->EOF_();
+}
+
+void ActLog::again() {
+  instant_ = 0;
+  othersToo_ = false;
+  tables_.clear();
 }
 
 void ActLog::ended(bool kept) noexcept {

@@ -19,6 +19,9 @@
 
 namespace quillet::suite {
 
+// What this computer is called.
+std::string stationName();
+
 // What an act is told by.
 struct ActCause {
   std::string form;        // "Trial Balance Generation"
@@ -66,6 +69,10 @@ class ActLog {
   bool takesBack() const { return note_.takesBack != 0; }
   // Writes the row, ahead of the commit.
   void write();
+  // Whether the row that was written last is there.
+  bool wasWritten() const;
+  // The transaction was taken back by the server, and is done again under a later instant.
+  void again();
   // The transaction was committed, or taken back.
   void ended(bool kept) noexcept;
 
@@ -92,6 +99,7 @@ class ActLog {
   const bool shared_;
   Instant last_ = -1;     // of the last act, -1 when not read yet
   std::string lastHash_;  // and its hash
+  mutable std::string person_;  // once it was asked of a server
   bool toldOfClock_ = false;
   Instant instant_ = 0;  // of the transaction that is open
   std::string hash_;

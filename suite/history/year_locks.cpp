@@ -29,7 +29,12 @@ bool sameYear(const LockedYear& year, const std::string& client, const std::stri
 }  // namespace
 
 YearLockTable::YearLockTable(Database& database, UnitOfWork& unit, ActLog& log, const Clock& clock)
-    : database_(database), unit_(unit), log_(log), clock_(clock), shared_(unit.shared()) {
+    : database_(database),
+      unit_(unit),
+      log_(log),
+      clock_(clock),
+      shared_(unit.shared()),
+      presence_(database, shared_) {
   unit_.onCommitting = [this](const ActLog& act) { check(act); };
 }
 
@@ -63,11 +68,15 @@ const std::vector<LockedYear>& YearLockTable::current() {
   return *known_;
 }
 
-std::vector<LockedYear> YearLockTable::all() { return current(); }
+std::vector<LockedYear> YearLockTable::all() {
+  std::vector<LockedYear> years = current();
+  if (shared_) std::ranges::move(presence_.others(), std::back_inserter(years));
+  return years;
+}
 
 std::optional<YearLock> YearLockTable::find(const std::string& client,
                                             const std::string& secondDate) {
-  for (const LockedYear& year : current()) {
+  for (const LockedYear& year : shared_ ? all() : current()) {
     if (sameYear(year, client, secondDate)) return year.lock;
   }
   return std::nullopt;
@@ -134,6 +143,7 @@ void YearLockTable::check(const ActLog& act) {
       });
     });
   }
+  if (shared_) std::ranges::move(presence_.others(), std::back_inserter(locked));
   if (locked.empty()) return;
   for (const std::string& table : act.tables()) {
     // What is taken back stands again under its old ids.

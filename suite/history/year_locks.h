@@ -16,6 +16,7 @@
 #include "suite/database.h"
 #include "suite/history/act_log.h"
 #include "suite/history/act_row.h"
+#include "suite/stations/year_presence.h"
 #include "suite/unit_of_work.h"
 
 namespace quillet::suite {
@@ -36,11 +37,22 @@ class YearLockTable : public YearLocks {
 
   std::optional<YearLock> find(const std::string& client, const std::string& secondDate) override;
   std::vector<LockedYear> all() override;
+  void enter(const std::string& client, const std::string& secondDate) override {
+    presence_.enter(client, secondDate, log_.person());
+  }
+  void leave(const std::string& client, const std::string& secondDate) override {
+    presence_.leave(client, secondDate);
+  }
+  void takeOver(const std::string& client, const std::string& secondDate) override {
+    presence_.takeOver(client, secondDate, log_.person());
+  }
   void lock(const std::string& client, const std::string& secondDate,
             const std::string& reason) override;
   void unlock(const std::string& client, const std::string& secondDate,
               const std::string& reason) override;
   void permit(const std::vector<LockedYear>& years, const std::string& reason) override;
+
+  YearPresence& presence() { return presence_; }
 
   // An act that locked a year or unlocked it.
   static bool isChangeOfLock(const ActRow& act);
@@ -72,6 +84,7 @@ class YearLockTable : public YearLocks {
   ActLog& log_;
   const Clock& clock_;
   const bool shared_;
+  YearPresence presence_;
   const Acts* acts_ = nullptr;
   std::optional<Sanction> sanction_;
   // As they are stored; nothing when they have to be read.

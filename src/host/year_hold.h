@@ -1,0 +1,34 @@
+// A form's hold on the year that it is open on, where several stations work on the same books: this
+// station writes in it as long as the form is open, and the others read.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "books/registry.h"
+#include "host/context.h"
+#include "ports/year_locks.h"
+
+namespace quillet {
+
+class YearHold {
+ public:
+  YearHold() = default;
+  ~YearHold() { leave(); }
+  YearHold(const YearHold&) = delete;
+  YearHold& operator=(const YearHold&) = delete;
+
+  // Why nothing of the year can be changed: it is locked, or another station has it. Else this one
+  // has it from now on. Once for each opening a person is asked whether to take it over.
+  std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs, const std::string& subject,
+                                const std::string& client, const std::string& secondDate);
+  void leave();
+
+ private:
+  YearLocks* locks_ = nullptr;  // null while no year is known
+  std::string client_, secondDate_;
+  bool held_ = false;
+  bool asked_ = false;
+};
+
+}  // namespace quillet

@@ -1,0 +1,38 @@
+// The turn of a station on books that several stations share. An act that writes holds one row from
+// before its first read to its commit, so that stations act one after the other; the row counts
+// what they did.
+//
+// Readers do not wait. The count tells them whether anything changed since they looked.
+#pragma once
+
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+// How many acts have changed the books.
+struct TurnCount {
+  long acts = 0;
+  long masters = 0;  // those of them that changed what all years share
+  bool operator==(const TurnCount&) const = default;
+};
+
+class Turn {
+ public:
+  explicit Turn(Database& database) : database_(database) {}
+
+  // Makes the row where it is missing.
+  void open();
+  // As the other stations have committed it.
+  TurnCount read() { return count(""); }
+  // Within a transaction: waits until no other station has the turn, and keeps it to the end.
+  TurnCount take() { return count(" for update"); }
+  // Ahead of the commit.
+  void pass(bool masters);
+
+ private:
+  TurnCount count(const char* lock);
+
+  Database& database_;
+};
+
+}  // namespace quillet::suite

@@ -1,0 +1,52 @@
+// Which station has a year open for writing, in the table SuitePresence: one row for each station
+// and year, heard of again every half minute. The lowest row that was heard of lately has the year;
+// a station that is gone loses it by silence.
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ports/year_locks.h"
+#include "suite/database.h"
+
+namespace quillet::suite {
+
+class YearPresence {
+ public:
+  // Nobody is asked, and nothing is told, on a database of our own.
+  YearPresence(Database& database, bool shared);
+  ~YearPresence();
+  YearPresence(const YearPresence&) = delete;
+  YearPresence& operator=(const YearPresence&) = delete;
+
+  // Calls are counted.
+  void enter(const std::string& client, const std::string& secondDate, const std::string& person);
+  void leave(const std::string& client, const std::string& secondDate);
+  // Whoever had the year has it no more.
+  void takeOver(const std::string& client, const std::string& secondDate,
+                const std::string& person);
+
+  // The years that other stations have.
+  std::vector<LockedYear> others() const;
+
+  // Tells the other stations that this one is still there, when it is time to.
+  void beat();
+
+ private:
+  using Year = std::pair<std::string, std::string>;  // client, second date
+  std::string conditionOf(const Year& year) const;
+  void insert(const Year& year);
+  void remove(const Year& year) noexcept;
+
+  Database& database_;
+  const bool shared_;
+  const std::string station_;  // "DESK2:4711"
+  std::string person_;
+  std::map<Year, int> held_;
+  std::chrono::steady_clock::time_point heard_;
+};
+
+}  // namespace quillet::suite
