@@ -261,7 +261,7 @@ void frmTrade::takenBack() {
 void frmTrade::booksMoved(bool masters) {
   logErrors("BOOKSMOVED", [&] {
     if (masters) ledgers_.fill(stockLedgers(*host_));
-    if (!txtamount.enabled()) showLines();
+    if (!entering()) showLines();
     showLock();
   });
 }

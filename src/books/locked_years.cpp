@@ -26,6 +26,7 @@ std::string lockText(const YearLock& lock) {
 
 std::string lockCaption(const YearLock& lock) {
   if (lock.station.empty()) return "Locked: " + lockText(lock);
+  if (!lock.reason.empty()) return lock.reason + ". F5 shows what is stored now.";
   return 'O' + lockText(lock).substr(1) + "; here it can be read";
 }
 
@@ -34,6 +35,10 @@ std::string lockedSentence(const std::string& subject, const YearLock& lock) {
 }
 
 std::string lockedText(const std::string& subject, const YearLock& lock) {
+  if (!lock.station.empty() && !lock.reason.empty()) {
+    return "The trial balance of " + subject + ": another station has changed it meanwhile. What is "
+           "shown after this is as it is stored; please look, and do it again.";
+  }
   if (!lock.station.empty()) {
     return lockedSentence(subject, lock) +
            "\r\n\r\nNothing of it can be changed here meanwhile. Close it there; or open it here "

@@ -96,7 +96,7 @@ void frmcrtb::readRegisters() {
 
 // The home form or another station may have locked a year or unlocked it.
 void frmcrtb::activated() {
-  logErrors("FORM_ACTIVATE", [&] { books_.readLocks(lbllock); });
+  logErrors("FORM_ACTIVATE", [&] { books_.lookAtLocks(lbllock); });
   SETBUTTON();
 }
 

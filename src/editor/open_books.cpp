@@ -7,17 +7,15 @@ namespace quillet {
 
 using enum TwoYears::Year;
 
-void OpenBooks::readLocks(Label& shown) {
+void OpenBooks::showLocks(Label& shown, bool entering) {
   locks = {};
   std::string text;
   for (const TwoYears::Year year : {current, previous}) {
     if (!years.has(year)) continue;
-    if (years.inView(year)) {
-      locks[year] = enterYear(holds_[year], context, years.client(), years.keys(year));
-    } else {
-      holds_[year].leave();
-      locks[year] = lockOf(context, years.client(), years.keys(year).second);
-    }
+    if (!years.inView(year)) holds_[year].leave();
+    locks[year] = entering && years.inView(year)
+                      ? enterYear(holds_[year], context, years.client(), years.keys(year))
+                      : lockOf(context, years.client(), years.keys(year).second);
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") + std::string(year == previous ? "The previous year: " : "") +
             lockCaption(*locks[year]);

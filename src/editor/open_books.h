@@ -19,8 +19,10 @@ struct OpenBooks {
   ServiceObject& host() const { return *context.host; }
   // Asks whether the years are locked, and says on the label which of those in view are. This
   // station has the others in view until leave().
-  void readLocks(Label& shown);
+  void readLocks(Label& shown) { showLocks(shown, true); }
   void leave();
+  // The same without having them: what is shown was read before.
+  void lookAtLocks(Label& shown) { showLocks(shown, false); }
   bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
   // True, and a person was told, when the year is locked by now.
   bool refusesChange(TwoYears::Year year) const;
@@ -31,6 +33,8 @@ struct OpenBooks {
   std::array<std::optional<YearLock>, 2> locks;  // by year, as they were read last
 
  private:
+  void showLocks(Label& shown, bool entering);
+
   std::array<YearHold, 2> holds_;
 };
 

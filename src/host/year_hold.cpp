@@ -14,6 +14,10 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
     client_ = client;
     secondDate_ = secondDate;
   }
+  if (held_ && locks->lost(client, secondDate)) {
+    locks->leave(client, secondDate);
+    held_ = false;
+  }
   auto lock = locks->find(client, secondDate);
   if (lock && !lock->station.empty() && !asked_) {
     asked_ = true;

@@ -19,7 +19,8 @@ class YearHold {
   YearHold& operator=(const YearHold&) = delete;
 
   // Why nothing of the year can be changed: it is locked, or another station has it. Else this one
-  // has it from now on. Once for each opening a person is asked whether to take it over.
+  // has it from now on, and what is stored is to be read after this. Once for each opening a person
+  // is asked whether to take it over.
   std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs, const std::string& subject,
                                 const std::string& client, const std::string& secondDate);
   void leave();

@@ -36,6 +36,8 @@ class YearLocks {
 
   // This station has the year open for writing; calls are counted.
   virtual void enter(const std::string& client, const std::string& secondDate) = 0;
+  // It has it no more, because another station took it over or it was silent for too long.
+  virtual bool lost(const std::string& client, const std::string& secondDate) = 0;
   virtual void leave(const std::string& client, const std::string& secondDate) = 0;
   // The station that has it reads from now on.
   virtual void takeOver(const std::string& client, const std::string& secondDate) = 0;

@@ -40,6 +40,9 @@ class YearLockTable : public YearLocks {
   void enter(const std::string& client, const std::string& secondDate) override {
     presence_.enter(client, secondDate, log_.person());
   }
+  bool lost(const std::string& client, const std::string& secondDate) override {
+    return shared_ && presence_.lost(client, secondDate);
+  }
   void leave(const std::string& client, const std::string& secondDate) override {
     presence_.leave(client, secondDate);
   }

@@ -50,7 +50,11 @@ void YearPresence::enter(const std::string& client, const std::string& secondDat
                          const std::string& person) {
   if (!shared_) return;
   person_ = person;
-  if (++held_[{client, secondDate}] == 1) insert({client, secondDate});
+  const Year year{client, secondDate};
+  if (++held_[year] > 1 && !lost(client, secondDate)) return;
+  // Whoever was not heard of for so long comes back to a year that is not theirs.
+  database_.execute("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
+  insert(year);
 }
 
 void YearPresence::leave(const std::string& client, const std::string& secondDate) {
@@ -69,44 +73,72 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
   if (held_.contains(year)) insert(year);
 }
 
+// Those in which this station is present.
+std::set<YearPresence::Year> YearPresence::present() const {
+  std::set<Year> years;
+  const RecordsetPtr rows = database_.query("select Code_No,Yr from SuitePresence where Station='" +
+                                            database_.escape(station_) + '\'');
+  for (; !rows->EOF_(); rows->MoveNext()) years.emplace(rows->text(0), rows->text(1));
+  return years;
+}
+
+bool YearPresence::lost(const std::string& client, const std::string& secondDate) const {
+  const Year year{client, secondDate};
+  return held_.contains(year) && !present().contains(year);
+}
+
 std::vector<LockedYear> YearPresence::others() const {
   std::vector<LockedYear> years;
   if (!shared_) return years;
-  const std::string row = std::string("select min(row_id) from SuitePresence where ") + lately +
-                          " group by Code_No,Yr";
   const RecordsetPtr rows = database_.query(
       "select p.Code_No,p.Yr,m.tbl_nm,m.count,p.Station,p.Person,date_format(p.Since,'%Y-%m-%d "
-      "%H:%i:%s') from SuitePresence as p left join master as m on m.code_no=p.Code_No and "
-      "m.s_yr=p.Yr where p.row_id in (" +
-      row + ") and p.Station<>'" + database_.escape(station_) + '\'');
+      "%H:%i:%s'),p.Station='" +
+      database_.escape(station_) +
+      "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
+      "where p." +
+      lately + " or p.Station='" + database_.escape(station_) + "' order by p.row_id");
+  std::set<Year> seen;
+  std::set<Year> present;
   for (; !rows->EOF_(); rows->MoveNext()) {
-    const std::string secondDate = rows->text(1);
+    const Year year{rows->text(0), rows->text(1)};
+    const bool own = rows->integer(7) == 1;
+    if (own) present.insert(year);
+    if (!seen.insert(year).second || own) continue;
     const std::string station = rows->text(4);
-    years.push_back({rows->text(0),
-                     firstDateKey(yearOf(secondDate) - 1),
-                     secondDate,
+    years.push_back({year.first,
+                     firstDateKey(yearOf(year.second) - 1),
+                     year.second,
                      rows->text(2),
                      rows->integer(3),
                      {"", rows->text(5), rows->text(6), station.substr(0, station.find(':'))}});
   }
+  for (const auto& [year, count] : held_) {
+    if (!present.contains(year) && !seen.contains(year)) years.push_back(hadMeanwhile(year));
+  }
   return years;
 }
 
-// A row that went with an act that was taken back is written again, unless somebody has the year by
-// now.
+// The table that it lies in, which its changes are told by.
+LockedYear YearPresence::hadMeanwhile(const Year& year) const {
+  const RecordsetPtr row =
+      database_.query("select tbl_nm,count from master where code_no='" +
+                      database_.escape(year.first) + "' and s_yr='" + year.second + '\'');
+  LockedYear had{year.first, firstDateKey(yearOf(year.second) - 1), year.second, {}, 0, {}};
+  if (!row->EOF_()) {
+    had.table = row->text(0);
+    had.number = row->integer(1);
+  }
+  had.lock.reason = "Another station has changed the year meanwhile";
+  had.lock.station = "another station";
+  return had;
+}
+
 void YearPresence::beat() {
   const auto now = std::chrono::steady_clock::now();
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
-  for (const auto& [year, count] : held_) {
-    const std::string mine =
-        conditionOf(year) + " and Station='" + database_.escape(station_) + '\'';
-    database_.execute("update SuitePresence set Heard=sysdate(6) where " + mine);
-    if (database_.query("select 1 from SuitePresence where " + conditionOf(year) + " and " + lately)
-            ->EOF_()) {
-      insert(year);
-    }
-  }
+  database_.execute("update SuitePresence set Heard=sysdate(6) where Station='" +
+                    database_.escape(station_) + '\'');
 }
 
 }  // namespace quillet::suite

@@ -1,10 +1,12 @@
 // Which station has a year open for writing, in the table SuitePresence: one row for each station
 // and year, heard of again every half minute. The lowest row that was heard of lately has the year;
-// a station that is gone loses it by silence.
+// a station that is gone loses it by silence. One that lost it so, or was taken over, has to read
+// the year anew before it writes again.
 #pragma once
 
 #include <chrono>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,8 +31,10 @@ class YearPresence {
   void takeOver(const std::string& client, const std::string& secondDate,
                 const std::string& person);
 
-  // The years that other stations have.
+  // The years that this station must not change: others have them, or had them meanwhile.
   std::vector<LockedYear> others() const;
+  // Whether this station has the year no more, though it did not leave it.
+  bool lost(const std::string& client, const std::string& secondDate) const;
 
   // Tells the other stations that this one is still there, when it is time to.
   void beat();
@@ -38,6 +42,8 @@ class YearPresence {
  private:
   using Year = std::pair<std::string, std::string>;  // client, second date
   std::string conditionOf(const Year& year) const;
+  std::set<Year> present() const;
+  LockedYear hadMeanwhile(const Year& year) const;
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 
