@@ -39,6 +39,12 @@ int file(Call& call) {
   return call.none();
 }
 
+int unanswered(Call& call) {
+  lua_pushinteger(call.state(),
+                  static_cast<lua_Integer>(call.session().dialogs.dropAnswers()));
+  return 1;
+}
+
 int refuse(Call& call) {
   call.session().practice.service().refuse(call.text(1));
   return call.none();
@@ -54,7 +60,8 @@ int stop(Call& call) {
 void addDialogFunctions(lua_State* state) {
   const luaL_Reg functions[] = {{"answer", entry<answer>}, {"messages", entry<messages>},
                                 {"file", entry<file>},     {"refuse", entry<refuse>},
-                                {"stop", entry<stop>},     {nullptr, nullptr}};
+                                {"stop", entry<stop>},     {"unanswered", entry<unanswered>},
+                                {nullptr, nullptr}};
   luaL_setfuncs(state, functions, 0);
 }
 

@@ -101,6 +101,14 @@ std::optional<std::string> QueuedDialogs::takeFailure() {
   return std::exchange(failure_, std::nullopt);
 }
 
+std::size_t QueuedDialogs::dropAnswers() {
+  const std::size_t dropped = left();
+  answers_.clear();
+  files_.clear();
+  passwords_.clear();
+  return dropped;
+}
+
 void QueuedDialogs::clear() { *this = QueuedDialogs(); }
 
 std::optional<Answer> answerNamed(std::string_view name) {

@@ -38,6 +38,8 @@ class QueuedDialogs : public Dialogs {
   std::optional<std::string> takeFailure();
   // Answers not used yet.
   std::size_t left() const { return answers_.size() + files_.size() + passwords_.size(); }
+  // Forgets the answers not used yet, and returns how many they were.
+  std::size_t dropAnswers();
   // Forgets answers, messages and failures.
   void clear();
 

@@ -130,7 +130,8 @@ void frmTrade::showSubject() {
 }
 
 void frmTrade::showLock() {
-  const auto lock = hold_.enter(locks_, dialogs_, subject_, books_.client, keys_.second);
+  const auto lock = hold_.enter(
+      locks_, dialogs_, [this] { return subject_; }, books_.client, keys_.second);
   lbllock.setCaption(lock ? lockCaption(*lock) : "");
   lbllock.setVisible(lock.has_value());
   for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setEnabled(!lock);

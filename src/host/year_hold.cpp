@@ -5,8 +5,8 @@
 namespace quillet {
 
 std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
-                                        const std::string& subject, const std::string& client,
-                                        const std::string& secondDate) {
+                                        const std::function<std::string()>& subject,
+                                        const std::string& client, const std::string& secondDate) {
   if (locks == nullptr) return std::nullopt;
   if (locks != locks_ || client != client_ || secondDate != secondDate_) {
     leave();
@@ -22,7 +22,7 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
   if (lock && !lock->station.empty() && !asked_) {
     asked_ = true;
     const Answer answer = dialogs.MsgBox(
-        {lockedSentence(subject, *lock) + "\r\n\r\nWhat is being entered there would not be stored "
+        {lockedSentence(subject(), *lock) + "\r\n\r\nWhat is being entered there would not be stored "
                                           "any more.\r\n\r\nTake it over ? (No opens it to read.)",
          "", Buttons::YesNo, Icon::question, Answer::No});
     if (answer == Answer::Yes) {

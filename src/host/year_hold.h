@@ -2,6 +2,7 @@
 // station writes in it as long as the form is open, and the others read.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -20,8 +21,9 @@ class YearHold {
 
   // Why nothing of the year can be changed: it is locked, or another station has it. Else this one
   // has it from now on, and what is stored is to be read after this. Once for each opening a person
-  // is asked whether to take it over.
-  std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs, const std::string& subject,
+  // is asked whether to take it over; `subject` names client and year for that.
+  std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs,
+                                const std::function<std::string()>& subject,
                                 const std::string& client, const std::string& secondDate);
   void leave();
 

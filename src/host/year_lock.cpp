@@ -16,8 +16,9 @@ std::optional<YearLock> enterYear(YearHold& hold, Context& context, const std::s
                                   const YearKeys& keys) {
   YearLocks* const locks = context.environment.yearLocks();
   if (locks == nullptr) return std::nullopt;
-  const std::string subject =
-      subjectOf(clientName(*context.host, client), client, keys.first, keys.second);
+  const auto subject = [&] {
+    return subjectOf(clientName(*context.host, client), client, keys.first, keys.second);
+  };
   return hold.enter(locks, context.dialogs, subject, client, keys.second);
 }
 

@@ -11,6 +11,7 @@
 #include "data/year.h"
 #include "suite/client_register.h"
 #include "suite/history/year_rows.h"
+#include "suite/stations/dead_names.h"
 
 namespace quillet::suite {
 namespace {
@@ -143,7 +144,10 @@ void YearLockTable::check(const ActLog& act) {
       });
     });
   }
-  if (shared_) std::ranges::move(presence_.others(), std::back_inserter(locked));
+  if (shared_) {
+    refuseDeadNames(database_, act);
+    std::ranges::move(presence_.others(), std::back_inserter(locked));
+  }
   if (locked.empty()) return;
   for (const std::string& table : act.tables()) {
     // What is taken back stands again under its old ids.

@@ -1,0 +1,14 @@
+// A form may remember a ledger or a group that another station has deleted since, or linked to
+// another one.
+#pragma once
+
+#include "suite/database.h"
+#include "suite/history/act_log.h"
+
+namespace quillet::suite {
+
+// Ahead of a commit: throws RunTimeError when what the act has entered names a ledger or a group
+// that is not there.
+void refuseDeadNames(Database& database, const ActLog& act);
+
+}  // namespace quillet::suite

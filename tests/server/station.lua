@@ -1,0 +1,274 @@
+-- One of several stations on the same books: random days, each deed that the program acknowledged
+-- noted with the instant of its act. `station.lua day NUMBER SEED ACTS LOG` works,
+-- `station.lua arrange` makes the clients, `station.lua verify LOG...` plays all deeds in the order
+-- of their instants and holds the tables against that.
+package.path = arg[0]:match("^(.*)/") .. "/../script/?.lua;" .. package.path
+local support = require "support"
+
+local clients = { "P1", "P2", "P3", "P4", "P5" }
+local years = { 2007, 2008 }
+local groups = { "BANK BALANCES", "RENT", "CAPITAL ACCOUNT", "SALARIES AND BONUS" }
+local function any(list) return list[math.random(#list)] end
+local function ledger() return "Ledger " .. math.random(30) end
+
+local function arrange()
+  for number, code in ipairs(clients) do
+    quillet.add_client { code = code, name = "Practice " .. number }
+    for count, year in ipairs(years) do support.year(code, year, count) end
+  end
+end
+
+-- --- what was acknowledged --------------------------------------------------------------------
+
+local log
+local function last_act()
+  local person = "substring_index(current_user(),'@',1)"
+  local row = quillet.query("select max(At) as at from SuiteAct where " ..
+    "substring_index(Person,'@',1)=" .. person)[1]
+  return row.at or ""
+end
+
+local counts = {}
+local function count(what) counts[what] = (counts[what] or 0) + 1 end
+
+-- Runs a deed; its changes are noted when an act of ours is there, and the form says that it is done.
+local function deed(name, changes, work, says)
+  local before = last_act()
+  local done, problem = pcall(work)
+  local at = last_act()
+  if not done then count("error: " .. tostring(problem):sub(1, 200)) end
+  if at == before or (says and not says()) then return count(name .. " refused") end
+  count(name)
+  for _, change in ipairs(changes) do
+    log:write(at, "\t", table.concat(change, "\t"), "\n")
+  end
+  log:flush()
+end
+
+-- --- in the editor ------------------------------------------------------------------------------
+
+local function lines_of(editor)
+  local lines = {}
+  for row = 1, editor.vsfm.rows do
+    lines[row] = { ledger = editor.vsfm:cell(row, 1), group = editor.vsfm:cell(row, 2) }
+  end
+  return lines
+end
+
+local function enter(editor, client, year)
+  local name, group, paise = ledger(), any(groups), math.random(100000)
+  local side = any { "D", "C" }
+  deed("enter", { { "add", client, year, name, group, side == "D" and paise or -paise } },
+    function()
+      support.enter(editor, name, group, string.format("%.2f", paise / 100), side)
+    end)
+end
+
+local function alter(editor, client, year)
+  if editor.vsfm.rows == 0 then return end
+  local row = math.random(editor.vsfm.rows)
+  local line = lines_of(editor)[row]
+  local paise = math.random(100000)
+  deed("alter", { { "set", client, year, line.ledger, line.group, paise } }, function()
+    editor.vsfm:pick(row)
+    editor.vsfm:dblclick()
+    editor.txtamount:type(string.format("%.2f", paise / 100))
+    editor.txtdrcr:type("D")
+    editor.txtdrcr:press("Enter")
+  end)
+end
+
+local function delete(editor, client, year)
+  if editor.vsfm.rows == 0 then return end
+  local row = math.random(editor.vsfm.rows)
+  local line = lines_of(editor)[row]
+  deed("delete", { { "set", client, year, line.ledger, line.group, 0 } }, function()
+    editor.vsfm:pick(row)
+    quillet.answer("Yes")
+    editor.mnudelete:click()
+  end)
+end
+
+local function voucher(editor, client, year)
+  editor.mnujournal:click()
+  local journal = quillet.form("frmjrnl")
+  if not journal then return count("no journal") end
+  local debit, credit = ledger(), ledger()
+  while credit == debit do credit = ledger() end
+  local paise = math.random(100000)
+  local group = any(groups)
+  local function pass()
+    local amount = string.format("%.2f", paise / 100)
+    journal.cmdadd:click()
+    quillet.answer("Yes", "Yes", "Yes", "Yes")
+    support.voucher_line(journal, 0, "By", debit, group, amount)
+    support.voucher_line(journal, 1, "To", credit, group, amount)
+    journal.txtnarr:type("by station")
+    journal.cmdupdate:click()
+  end
+  deed("voucher", { { "add", client, year, debit, group, paise },
+    { "add", client, year, credit, group, -paise } }, pass,
+    function() return not journal.cmdcancel.visible end)
+  quillet.unanswered()
+  if journal.cmdcancel.visible then
+    quillet.answer("Yes")
+    journal.cmdcancel:click()
+    quillet.unanswered()
+  end
+  quillet.answer("Yes")
+  journal:close()
+  quillet.unanswered()
+end
+
+local function year_day(acts)
+  local client, year = any(clients), any(years)
+  quillet.answer(math.random(10) == 1 and "Yes" or "No")
+  local editor = support.open(client, year)
+  quillet.unanswered()
+  for _ = 1, acts do
+    if editor.lbllock.caption ~= "" then
+      count("reads")
+      break
+    end
+    any { enter, enter, enter, alter, delete, voucher }(editor, client, year)
+  end
+  editor:close()
+end
+
+-- --- in the masters -------------------------------------------------------------------------------
+
+-- Whether the list shows the name; it is current then.
+local function picks(grid, name) return (pcall(grid.pick, grid, name)) end
+
+local function link_in(form)
+  local away, into = ledger(), ledger()
+  if away == into or not picks(form.vsf, away) or not picks(form.vsf, into) then return end
+  deed("link", { { "link", away, into } }, function()
+    form.cmdlink:click()
+    form.vsf:tick(form.vsf:pick(away), true)
+    quillet.answer("Yes")
+    form.cmdlink:click()
+  end)
+end
+
+local function link()
+  local home = quillet.show("third")
+  home.cmdledmas:click()
+  local form = quillet.form("frmtbledmas")
+  local ok, problem = pcall(link_in, form)
+  quillet.unanswered()
+  quillet.answer("Yes", "Yes")
+  form:close()
+  quillet.unanswered()
+  if not ok then error(problem) end
+end
+
+local function day(number, seed, acts, path)
+  math.randomseed(seed, number)
+  log = assert(io.open(path, "a"))
+  local left = acts
+  while left > 0 do
+    local some = math.random(8)
+    left = left - some
+    local ok, problem = pcall(math.random(6) == 1 and link or year_day, some)
+    if not ok then count("error: " .. tostring(problem):sub(1, 200)) end
+    quillet.unanswered()
+    quillet.messages()
+    quillet.notices()
+  end
+  local names = {}
+  for name in pairs(counts) do names[#names + 1] = name end
+  table.sort(names)
+  for _, name in ipairs(names) do print(number, counts[name], name) end
+end
+
+-- --- the model --------------------------------------------------------------------------------------
+
+local function deeds_of(paths)
+  local deeds = {}
+  for _, path in ipairs(paths) do
+    for line in io.lines(path) do
+      local parts = {}
+      for part in (line .. "\t"):gmatch("(.-)\t") do parts[#parts + 1] = part end
+      parts.order = #deeds
+      deeds[#deeds + 1] = parts
+    end
+  end
+  table.sort(deeds, function(a, b)
+    if a[1] ~= b[1] then return a[1] < b[1] end
+    return a.order < b.order
+  end)
+  return deeds
+end
+
+local function play(deeds)
+  local balances = {}
+  local function key(...) return table.concat({ ... }, "\t"):upper() end
+  for _, each in ipairs(deeds) do
+    local kind = each[2]
+    if kind == "link" then
+      local moved = {}
+      for pair, amount in pairs(balances) do
+        local client, year, name, group = pair:match("^(.-)\t(.-)\t(.-)\t(.*)$")
+        if name == each[3]:upper() then
+          balances[pair] = nil
+          moved[#moved + 1] = { key(client, year, each[4], group), amount }
+        end
+      end
+      for _, move in ipairs(moved) do balances[move[1]] = (balances[move[1]] or 0) + move[2] end
+    else
+      local pair = key(each[3], each[4], each[5], each[6])
+      local amount = math.tointeger(tonumber(each[7]))
+      balances[pair] = kind == "set" and amount or (balances[pair] or 0) + amount
+    end
+  end
+  return balances
+end
+
+local function stored()
+  local balances = {}
+  for count, year in ipairs(years) do
+    for _, row in ipairs(quillet.query("select t.code_no as client, p.Particular as name, " ..
+      "g.ALLGRP as grp, round(100*sum(if(t.nid=2,-t.amt,t.amt))) as paise from TAB_" .. count ..
+      " t left join Mast_Part p on p.PartId=t.partid left join Mast_AllGrp g on g.ALLID=t.allid " ..
+      "where t.code_no like 'P_' group by t.code_no, t.partid, t.allid")) do
+      local pair = table.concat({ row.client, year, row.name or "?", row.grp or "?" }, "\t"):upper()
+      balances[pair] = (balances[pair] or 0) + math.tointeger(tonumber(row.paise))
+    end
+  end
+  return balances
+end
+
+local function verify(paths)
+  local deeds = deeds_of(paths)
+  local expected, actual = play(deeds), stored()
+  local wrong, all = 0, 0
+  for pair in pairs(expected) do
+    all = all + 1
+    if (actual[pair] or 0) ~= expected[pair] then
+      wrong = wrong + 1
+      print("wrong", pair, "expected", expected[pair], "stored", actual[pair])
+    end
+  end
+  for pair, amount in pairs(actual) do
+    if expected[pair] == nil and amount ~= 0 then
+      wrong = wrong + 1
+      print("not expected", pair, amount)
+    end
+  end
+  for _, finding in ipairs(quillet.check()) do
+    -- Links and merges leave several lines of a pair.
+    if finding.rule ~= "pair" then wrong = wrong + 1 end
+    print("finding", finding.client, finding.rule, finding.what)
+  end
+  print(#deeds .. " deeds, " .. all .. " balances, " .. wrong .. " wrong")
+  assert(wrong == 0)
+end
+
+if arg[1] == "arrange" then
+  arrange()
+elseif arg[1] == "day" then
+  day(tonumber(arg[2]), tonumber(arg[3]), tonumber(arg[4]), arg[5])
+else
+  verify({ table.unpack(arg, 2) })
+end
