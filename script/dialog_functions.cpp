@@ -40,8 +40,7 @@ int file(Call& call) {
 }
 
 int unanswered(Call& call) {
-  lua_pushinteger(call.state(),
-                  static_cast<lua_Integer>(call.session().dialogs.dropAnswers()));
+  lua_pushinteger(call.state(), static_cast<lua_Integer>(call.session().dialogs.dropAnswers()));
   return 1;
 }
 

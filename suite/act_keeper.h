@@ -25,8 +25,8 @@ class ActKeeper {
   // Keeps the acts on the context's forms; it outlives this object's use of it.
   void follow(Context& context);
   void leave();
-  // Between acts, on a server: looks for what other stations have stored, and shows it. A connection
-  // that is lost is opened again.
+  // Between acts, on a server: looks for what other stations have stored, and shows it. A
+  // connection that is lost is opened again.
   void look();
   // An error ended a procedure of the form that is called `where`.
   void trapped(const std::string& where, const std::exception& error);

@@ -72,26 +72,13 @@ ClientLibrary load() {
 
 const ClientLibrary& embeddedClient() {
   static constexpr ClientLibrary library{
-      mysql_init,
-      mysql_options,
-      mysql_ssl_set,
-      mysql_get_ssl_cipher,
-      mysql_real_connect,
-      mysql_close,
-      mysql_ping,
-      mysql_thread_id,
-      mysql_real_query,
-      mysql_store_result,
-      mysql_free_result,
-      mysql_num_rows,
-      mysql_num_fields,
-      mysql_fetch_fields,
-      mysql_fetch_row,
-      mysql_data_seek,
-      mysql_fetch_lengths,
-      mysql_real_escape_string,
-      mysql_errno,
-      mysql_error,
+      mysql_init,           mysql_options,       mysql_ssl_set,
+      mysql_get_ssl_cipher, mysql_real_connect,  mysql_close,
+      mysql_ping,           mysql_thread_id,     mysql_real_query,
+      mysql_store_result,   mysql_free_result,   mysql_num_rows,
+      mysql_num_fields,     mysql_fetch_fields,  mysql_fetch_row,
+      mysql_data_seek,      mysql_fetch_lengths, mysql_real_escape_string,
+      mysql_errno,          mysql_error,
   };
   return library;
 }

@@ -32,10 +32,9 @@ class Database : public Connection {
     std::string schema = "quillet";
     bool mayBeNew = true;  // false: a database without tables has been lost
   };
-  // Holds the database until this object goes: no other station opens it meanwhile. A connection
-  // that is lost is lost with that hold, until it is renewed. Throws std::runtime_error that tells
-  // who holds it, that there are no books where there should be, or what the server is to be set
-  // to.
+  // No other station opens the database until share() or until this object goes. Throws
+  // std::runtime_error that tells that there are no books where there should be, or what the server
+  // is to be set to.
   static std::unique_ptr<Database> connect(const Server& server);
 
   ~Database() override;

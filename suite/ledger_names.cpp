@@ -38,7 +38,10 @@ long LedgerNames::idOf(const std::string& name, bool create) {
   try {
     const std::optional<NamedId> found = find(name, cleaned);
     if (found) return found->id;
-    return create ? this->create(cleaned) : 0;
+    if (!create) return 0;
+    // The number is nobody else's.
+    unit_.beginWriting();
+    return this->create(cleaned);
   } catch (const RunTimeError&) {
     return 0;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <string_view>
 #include <utility>
 
@@ -76,7 +77,12 @@ constexpr std::array<Replacement, 5> replacements{{
 }};
 
 // A table of this connection alone, which no other station waits for.
-bool changesScratch(const std::string& sql) { return sql.find("ledger_temp") != std::string::npos; }
+bool changesScratch(const std::string& sql) {
+  constexpr std::string_view scratch = "ledger_temp";
+  return std::ranges::search(sql, scratch, {}, [](unsigned char c) {
+           return std::tolower(c);
+         }).begin() != sql.end();
+}
 
 bool beginsWith(const std::string& sql, std::string_view start) {
   return equalIgnoringCase(std::string_view(sql).substr(0, start.size()), start);
@@ -131,7 +137,7 @@ void UnitOfWork::takeTurns() {
 
 void UnitOfWork::beginWriting() {
   refuseAfterTakingBack();
-  if (turns_) begin();
+  if (turns_ && actRuns_()) begin();
 }
 
 void UnitOfWork::executeAlone(const std::string& sql) {

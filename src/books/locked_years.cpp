@@ -20,7 +20,8 @@ std::string shownMoment(const std::string& moment) {
 }  // namespace
 
 std::string lockText(const YearLock& lock) {
-  return (lock.station.empty() ? lock.reason : "open at " + lock.station) + (lock.person.empty() ? "" : ", by " + lock.person) +
+  return (lock.station.empty() ? lock.reason : "open at " + lock.station) +
+         (lock.person.empty() ? "" : ", by " + lock.person) +
          (lock.since.empty() ? "" : ", since " + shownMoment(lock.since));
 }
 
@@ -31,12 +32,14 @@ std::string lockCaption(const YearLock& lock) {
 }
 
 std::string lockedSentence(const std::string& subject, const YearLock& lock) {
-  return "The trial balance of " + subject + (lock.station.empty() ? " is locked: " : " is ") + lockText(lock) + '.';
+  return "The trial balance of " + subject + (lock.station.empty() ? " is locked: " : " is ") +
+         lockText(lock) + '.';
 }
 
 std::string lockedText(const std::string& subject, const YearLock& lock) {
   if (!lock.station.empty() && !lock.reason.empty()) {
-    return "The trial balance of " + subject + ": another station has changed it meanwhile. What is "
+    return "The trial balance of " + subject +
+           ": another station has changed it meanwhile. What is "
            "shown after this is as it is stored; please look, and do it again.";
   }
   if (!lock.station.empty()) {

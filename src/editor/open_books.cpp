@@ -17,8 +17,8 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
                       ? enterYear(holds_[year], context, years.client(), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
     if (!locked(year) || !years.inView(year)) continue;
-    text += (text.empty() ? "" : ". ") + std::string(year == previous ? "The previous year: " : "") +
-            lockCaption(*locks[year]);
+    text += (text.empty() ? "" : ". ") +
+            std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);
   }
   shown.setCaption(text);
   shown.setVisible(!text.empty());

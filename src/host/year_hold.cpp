@@ -21,10 +21,11 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
   auto lock = locks->find(client, secondDate);
   if (lock && !lock->station.empty() && !asked_) {
     asked_ = true;
-    const Answer answer = dialogs.MsgBox(
-        {lockedSentence(subject(), *lock) + "\r\n\r\nWhat is being entered there would not be stored "
-                                          "any more.\r\n\r\nTake it over ? (No opens it to read.)",
-         "", Buttons::YesNo, Icon::question, Answer::No});
+    const Answer answer =
+        dialogs.MsgBox({lockedSentence(subject(), *lock) +
+                            "\r\n\r\nWhat is being entered there would not be stored "
+                            "any more.\r\n\r\nTake it over ? (No opens it to read.)",
+                        "", Buttons::YesNo, Icon::question, Answer::No});
     if (answer == Answer::Yes) {
       locks->takeOver(client, secondDate);
       lock.reset();
@@ -32,7 +33,8 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
   }
   if (lock || held_) return lock;
   locks->enter(client, secondDate);
-  held_ = true;
+  // Who takes the year over later is told, not asked.
+  held_ = asked_ = true;
   // Another station may have been quicker.
   return locks->find(client, secondDate);
 }

@@ -1,6 +1,7 @@
-// Why nothing of a year can be changed. A year that is closed for good is locked with a reason; from
-// then on nothing changes its figures, at whatever station, until it is unlocked with a reason. And
-// where several stations work on the same books, one of them writes in a year and the others read.
+// Why nothing of a year can be changed. A year that is closed for good is locked with a reason;
+// from then on nothing changes its figures, at whatever station, until it is unlocked with a
+// reason. And where several stations work on the same books, one of them writes in a year and the
+// others read.
 #pragma once
 
 #include <optional>

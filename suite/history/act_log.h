@@ -97,8 +97,8 @@ class ActLog {
   Database& database_;
   const bool keeps_;
   const bool shared_;
-  Instant last_ = -1;     // of the last act, -1 when not read yet
-  std::string lastHash_;  // and its hash
+  Instant last_ = -1;           // of the last act, -1 when not read yet
+  std::string lastHash_;        // and its hash
   mutable std::string person_;  // once it was asked of a server
   bool toldOfClock_ = false;
   Instant instant_ = 0;  // of the transaction that is open

@@ -16,7 +16,9 @@ class ActTape {
   bool running() const { return !statements_.empty(); }
   bool hasWritten() const { return written_ > 0; }
 
-  void read(const std::string& sql, std::size_t answer) { statements_.push_back({sql, answer, false}); }
+  void read(const std::string& sql, std::size_t answer) {
+    statements_.push_back({sql, answer, false});
+  }
   void wrote(const std::string& sql) {
     statements_.push_back({sql, 0, true});
     ++written_;

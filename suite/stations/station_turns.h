@@ -1,6 +1,6 @@
 // How the acts of this station go with those of others on the same books. What an act reads and
-// writes is recorded; when it takes its turn, and somebody else has stored something since its first
-// read, everything that it has read is asked again and has to be the same.
+// writes is recorded; when it takes its turn, and somebody else has stored something since its
+// first read, everything that it has read is asked again and has to be the same.
 #pragma once
 
 #include <functional>
@@ -57,7 +57,7 @@ class StationTurns {
   Database& database_;
   Turn turn_;
   ActTape tape_;
-  TurnCount known_;       // of the last look
+  TurnCount known_;  // of the last look
   Movement movement_;
   bool passing_ = false;  // the own act counts when it is committed
   TurnCount passed_;

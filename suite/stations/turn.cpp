@@ -8,7 +8,8 @@ namespace quillet::suite {
 // number.
 void Turn::open() {
   database_.execute(
-      "insert into SuiteTurn(Id,Acts,Masters) select 1,0,0 from dual where not exists(select 1 from "
+      "insert into SuiteTurn(Id,Acts,Masters) select 1,0,0 from dual where not exists(select 1 "
+      "from "
       "SuiteTurn)");
 }
 

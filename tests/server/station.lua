@@ -15,6 +15,14 @@ local function arrange()
   for number, code in ipairs(clients) do
     quillet.add_client { code = code, name = "Practice " .. number }
     for count, year in ipairs(years) do support.year(code, year, count) end
+    -- An empty year would ask whether to import the previous one.
+    for _, year in ipairs(years) do
+      quillet.answer("No")
+      local editor = support.open(code, year)
+      quillet.unanswered()
+      support.enter(editor, "Opening", "RENT", "0.01", "D")
+      editor:close()
+    end
   end
 end
 
@@ -47,12 +55,14 @@ end
 
 -- --- in the editor ------------------------------------------------------------------------------
 
-local function lines_of(editor)
-  local lines = {}
-  for row = 1, editor.vsfm.rows do
-    lines[row] = { ledger = editor.vsfm:cell(row, 1), group = editor.vsfm:cell(row, 2) }
-  end
-  return lines
+-- A line as it is shown; its amount in paise, negative for credit.
+local function any_line(editor)
+  if editor.vsfm.rows == 0 then return end
+  local row = math.random(editor.vsfm.rows)
+  local ledger, group, amount, side = table.unpack(editor.vsfm:row(row))
+  if ledger == "Opening" then return end
+  local paise = math.tointeger((amount:gsub("[.,]", "")))
+  return { row = row, ledger = ledger, group = group, paise = side == "CR" and -paise or paise }
 end
 
 local function enter(editor, client, year)
@@ -65,12 +75,11 @@ local function enter(editor, client, year)
 end
 
 local function alter(editor, client, year)
-  if editor.vsfm.rows == 0 then return end
-  local row = math.random(editor.vsfm.rows)
-  local line = lines_of(editor)[row]
+  local line = any_line(editor)
+  if not line then return end
   local paise = math.random(100000)
-  deed("alter", { { "set", client, year, line.ledger, line.group, paise } }, function()
-    editor.vsfm:pick(row)
+  deed("alter", { { "add", client, year, line.ledger, line.group, paise - line.paise } }, function()
+    editor.vsfm:pick(line.row)
     editor.vsfm:dblclick()
     editor.txtamount:type(string.format("%.2f", paise / 100))
     editor.txtdrcr:type("D")
@@ -79,11 +88,10 @@ local function alter(editor, client, year)
 end
 
 local function delete(editor, client, year)
-  if editor.vsfm.rows == 0 then return end
-  local row = math.random(editor.vsfm.rows)
-  local line = lines_of(editor)[row]
-  deed("delete", { { "set", client, year, line.ledger, line.group, 0 } }, function()
-    editor.vsfm:pick(row)
+  local line = any_line(editor)
+  if not line then return end
+  deed("delete", { { "add", client, year, line.ledger, line.group, -line.paise } }, function()
+    editor.vsfm:pick(line.row)
     quillet.answer("Yes")
     editor.mnudelete:click()
   end)
@@ -218,8 +226,7 @@ local function play(deeds)
       for _, move in ipairs(moved) do balances[move[1]] = (balances[move[1]] or 0) + move[2] end
     else
       local pair = key(each[3], each[4], each[5], each[6])
-      local amount = math.tointeger(tonumber(each[7]))
-      balances[pair] = kind == "set" and amount or (balances[pair] or 0) + amount
+      balances[pair] = (balances[pair] or 0) + math.tointeger(tonumber(each[7]))
     end
   end
   return balances
@@ -231,7 +238,7 @@ local function stored()
     for _, row in ipairs(quillet.query("select t.code_no as client, p.Particular as name, " ..
       "g.ALLGRP as grp, round(100*sum(if(t.nid=2,-t.amt,t.amt))) as paise from TAB_" .. count ..
       " t left join Mast_Part p on p.PartId=t.partid left join Mast_AllGrp g on g.ALLID=t.allid " ..
-      "where t.code_no like 'P_' group by t.code_no, t.partid, t.allid")) do
+      "where t.code_no like 'P_' and p.Particular<>'Opening' group by t.code_no, t.partid, t.allid")) do
       local pair = table.concat({ row.client, year, row.name or "?", row.grp or "?" }, "\t"):upper()
       balances[pair] = (balances[pair] or 0) + math.tointeger(tonumber(row.paise))
     end
