@@ -169,7 +169,7 @@ void UnitOfWork::begin() {
   if (open_) return;
   settled([&] { database_.execute("start transaction"); });
   open_ = true;
-  wrote_ = false;
+  wrote_ = wroteLog_ = false;
   ++transactions_;
   if (turns_) settled([&] { turns_->take(); });
 }
@@ -233,6 +233,7 @@ void UnitOfWork::logAct() {
   if (log_ == nullptr || !log_->changed()) return;
   askForCommit();
   log_->write();
+  wroteLog_ = true;
 }
 
 bool UnitOfWork::changesMasters() const {
@@ -256,8 +257,10 @@ void UnitOfWork::commit() {
   if (!open_) return;
   settled([&] {
     committing_ = false;
+    // An act that took its turn and changed nothing.
+    if (turns_ && !wrote_) return database_.execute("rollback");
     logAct();
-    if (turns_ && wrote_) turns_->pass(changesMasters());
+    if (turns_) turns_->pass(changesMasters());
     committing_ = true;
     database_.execute("commit");
   });
@@ -275,7 +278,7 @@ void UnitOfWork::keep() {
 
 // The lost connection may still be at it; its turn ends with it.
 std::optional<bool> UnitOfWork::wasStored() noexcept {
-  if (!turns_ || log_ == nullptr || !log_->keeps()) return std::nullopt;
+  if (!turns_ || !wroteLog_) return std::nullopt;
   try {
     database_.execute("start transaction");
     turns_->take();

@@ -97,7 +97,8 @@ class UnitOfWork {
   ActLog* log_;
   const bool shared_;
   std::optional<StationTurns> turns_;
-  bool wrote_ = false;  // the transaction that is open
+  bool wrote_ = false;     // the transaction that is open, or the last one
+  bool wroteLog_ = false;  // its row in the log
   std::function<bool()> actRuns_ = [] { return false; };
   bool committing_ = false;               // until the commit is known to be done
   bool uncertain_ = false;                // the connection went in the commit

@@ -71,6 +71,7 @@ bool ActLog::changesOthers(const std::string& sql, const std::string& table) con
 
 void ActLog::begin() {
   readLast();
+  hash_.clear();
   const Instant clock = now();
   if (clock + noticed < last_ && !std::exchange(toldOfClock_, true) && onClockBehind) {
     onClockBehind("The clock of this computer stands at " + localTime(clock) +
@@ -150,8 +151,7 @@ void ActLog::insert(const ActCause& told) {
 }
 
 bool ActLog::wasWritten() const {
-  return !hash_.empty() &&
-         !database_.query("select 1 from SuiteAct where Hash='" + hash_ + '\'')->EOF_();
+  return !database_.query("select 1 from SuiteAct where Hash='" + hash_ + '\'')->EOF_();
 }
 
 void ActLog::again() {

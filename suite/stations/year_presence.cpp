@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <atomic>
+
 #include "data/text.h"
 #include "data/year.h"
 #include "suite/history/act_log.h"
@@ -13,12 +15,18 @@ constexpr auto interval = std::chrono::seconds(30);
 // The clock of the server, whatever the session's timestamp is set to. Five beats may be missed.
 constexpr const char* lately = "Heard>sysdate(6)-interval 150 second";
 
+// Of one connection of one process.
+std::string ownName() {
+  static std::atomic<int> connections = 0;
+  return stationName() + ':' + std::to_string(getpid()) + '.' + std::to_string(++connections);
+}
+
 }  // namespace
 
 YearPresence::YearPresence(Database& database, bool shared)
     : database_(database),
       shared_(shared),
-      station_(stationName() + ':' + std::to_string(getpid())),
+      station_(ownName()),
       heard_(std::chrono::steady_clock::now()) {}
 
 YearPresence::~YearPresence() {

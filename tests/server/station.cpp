@@ -1,0 +1,74 @@
+#include "server/station.h"
+
+#include "suite/starter_data.h"
+
+namespace quillet::support {
+namespace {
+
+suite::DataFolder folderFor(const std::filesystem::path& path, unsigned port,
+                            const std::string& account) {
+  suite::DataFolder folder = suite::DataFolder::create(path);
+  suite::Settings settings(folder.settings());
+  settings.set("Suite", "TableCount", std::to_string(tableNumbers));
+  settings.set("Server", "Host", "127.0.0.1");
+  settings.set("Server", "Port", std::to_string(port));
+  settings.set("Server", "User", account);
+  settings.set("Server", "Password", account);
+  settings.set("Server", "Database", "quillet");
+  return folder;
+}
+
+}  // namespace
+
+Station::Station(unsigned port, const std::string& account)
+    : practice_(std::make_unique<suite::Practice>(
+          folderFor(folder_.path() / "practice", port, account), frontEnd_, clock_)) {
+  suite::Database& database = practice_->database();
+  if (database.query("select 1 from Mast_AllGrp limit 1")->EOF_()) {
+    practice_->environment().actLog().alone("Starter groups",
+                                            [&] { suite::installStarterData(database); });
+  }
+}
+
+std::string Station::value(const std::string& sql) {
+  const RecordsetPtr found = practice_->database().query(sql);
+  return found->EOF_() ? std::string() : found->text(0);
+}
+
+void Station::addYear(const std::string& client, int firstYear) {
+  const std::string first = std::to_string(firstYear);
+  const std::string second = std::to_string(firstYear + 1);
+  const std::string table = "TAB_" + std::to_string(firstYear - 2006);
+  change("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
+         client + "','01/04/" + first + "','31/03/" + second + "','" + table + "'," +
+         std::to_string(firstYear - 2006) + ",'0104" + first + "','3103" + second + "')");
+}
+
+frmcrtb& Station::open(const std::string& client, int firstYear) {
+  editor_.reset();
+  context().setYear({client, "TAB_" + std::to_string(firstYear - 2006),
+                     "0104" + std::to_string(firstYear), "3103" + std::to_string(firstYear + 1)});
+  editor_ = std::make_unique<frmcrtb>(context());
+  editor_->show();
+  return *editor_;
+}
+
+void Station::enter(const std::string& ledger, const std::string& group,
+                    const std::string& amount) {
+  struct Keys : PracticeTest {
+    using PracticeTest::press;
+    using PracticeTest::type;
+  };
+  Keys::type(editor_->txtpart, ledger + '\r');
+  Keys::type(editor_->txtgroup, group + '\r');
+  Keys::type(editor_->txtamount, amount + '\r');
+  Keys::type(editor_->txtdrcr, "D\r");
+}
+
+std::vector<std::string> Station::notices() {
+  std::vector<std::string> texts = frontEnd_.notices().open();
+  frontEnd_.notices().close();
+  return texts;
+}
+
+}  // namespace quillet::support

@@ -1,0 +1,53 @@
+// A station of its own: a practice whose settings name a real server.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "editor/frmcrtb.h"
+#include "server/real_server.h"
+#include "support/practice.h"
+
+namespace quillet::support {
+
+class Station {
+ public:
+  // Opens the books on the server, which are made when there are none, as that account.
+  Station(const RealServer& server, const std::string& account) : Station(server.port(), account) {}
+  // The same through a line to it.
+  Station(unsigned port, const std::string& account);
+
+  suite::Practice& practice() { return *practice_; }
+  Context& context() { return practice_->context(); }
+  suite::UnitOfWork& unit() { return practice_->environment().unit(); }
+  Answers dialogs;
+
+  // What a person does at once.
+  void act(const std::function<void()>& steps) {
+    const Act running(context().openForms.acts);
+    steps();
+  }
+  void change(const std::string& sql) {
+    act([&] { unit().execute(sql); });
+  }
+  std::string value(const std::string& sql);
+
+  void addYear(const std::string& client, int firstYear);
+  // Shows the editor on that year.
+  frmcrtb& editor() { return *editor_; }
+  void leave() { editor_.reset(); }
+  frmcrtb& open(const std::string& client, int firstYear);
+  void enter(const std::string& ledger, const std::string& group, const std::string& amount);
+  std::vector<std::string> notices();
+
+ private:
+  TemporaryFolder folder_;
+  suite::HeadlessFrontEnd frontEnd_{dialogs};
+  suite::SystemClock clock_;
+  std::unique_ptr<suite::Practice> practice_;
+  std::unique_ptr<frmcrtb> editor_;
+};
+
+}  // namespace quillet::support
