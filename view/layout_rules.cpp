@@ -30,6 +30,8 @@ bool isTable(const LayoutItem& node) { return isOneOf<Grid, ListBox>(node); }
 
 bool isLine(const LayoutItem& node) { return isOneOf<TextBox, MaskBox, ComboBox>(node); }
 
+bool isCombo(const LayoutItem& node) { return isOneOf<ComboBox>(node); }
+
 bool hasFixedHeight(const LayoutItem& node) {
   const auto* grid = dynamic_cast<const Grid*>(node.control);
   return grid && grid->fixedRows() > 0;

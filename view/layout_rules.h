@@ -17,6 +17,8 @@ bool isButton(const LayoutItem& node);
 bool isTable(const LayoutItem& node);
 // A box of one line.
 bool isLine(const LayoutItem& node);
+// One of them with a list of its own behind an arrow.
+bool isCombo(const LayoutItem& node);
 // A grid that always holds few rows.
 bool hasFixedHeight(const LayoutItem& node);
 // Whether the node makes use of more room than it needs.

@@ -18,8 +18,8 @@ ImportCommand::ImportCommand(frmcrtb& form, OpenBooks& books, LineSaver& saver)
 ImportCommand::~ImportCommand() = default;
 
 void ImportCommand::setButton() {
-  form_.mnuimport.setEnabled(books_.years.hasTable() && form_.famLines.visible() &&
-                             books_.context.environment.sourceReader() != nullptr);
+  form_.mnuimport.setVisible(books_.context.environment.sourceReader() != nullptr);
+  form_.mnuimport.setEnabled(books_.years.hasTable() && form_.famLines.visible());
 }
 
 void ImportCommand::MNUIMPORT_CLICK() {

@@ -34,7 +34,7 @@ ForwardRows::ForwardRows(frmbringfwd& form, ServiceObject& host, ForwardReview& 
     review_.take(placeOf(row), form_.vsfl.ticked(row));
     form_.reviewed();
   };
-  arrangeTotals(form.vsft, 14, 13);
+  arrangeTotals(form.vsft, 16, 13);
   for (const char* shown : {"All lines", "To be written", "Offered", "Left"}) {
     form.cboshow.addItem(shown);
   }

@@ -116,7 +116,8 @@ Layout::Box Layout::makeControl(const LayoutItem& node, const view::Place& place
   box.least = box.piece.least;
   const view::LeastWidth width = view::leastWidth(node, place.inRow);
   if (width.characters > 0) {
-    const LONG pixels = metrics_.characters(width.characters) + 2 * metrics_.step();
+    const LONG pixels = metrics_.characters(width.characters) + 2 * metrics_.step() +
+                        (view::isCombo(node) ? metrics_.pixels(17) : 0);  // its arrow
     box.wanted.cx = width.kept ? pixels : std::max(box.wanted.cx, pixels);
     box.least.cx = pixels;
   }

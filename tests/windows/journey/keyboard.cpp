@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cctype>
+#include <cstring>
 #include <map>
 #include <stdexcept>
 
@@ -17,7 +18,8 @@ const std::map<std::string, WORD>& namedKeys() {
       {"Down", VK_DOWN},     {"Left", VK_LEFT},      {"Right", VK_RIGHT},   {"Home", VK_HOME},
       {"End", VK_END},       {"PageUp", VK_PRIOR},   {"PageDown", VK_NEXT}, {"Insert", VK_INSERT},
       {"Delete", VK_DELETE}, {"Backspace", VK_BACK}, {"Space", VK_SPACE},   {"F1", VK_F1},
-      {"F2", VK_F2},         {"F5", VK_F5},          {"F6", VK_F6},         {"F10", VK_F10},
+      {"F2", VK_F2},         {"F3", VK_F3},          {"F5", VK_F5},         {"F6", VK_F6},
+      {"F7", VK_F7},         {"F8", VK_F8},          {"F9", VK_F9},         {"F10", VK_F10},
       {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL},   {"Shift", VK_SHIFT}};
   return keys;
 }
@@ -84,6 +86,18 @@ void press(const std::string& chord) {
   const auto named = namedKeys().find(chord);
   if (named == namedKeys().end()) return pressCharacter(chord);
   const Held held(named->second);
+}
+
+void putOnClipboard(const std::string& text) {
+  const std::wstring units = windows::wide(text);
+  const std::size_t bytes = (units.size() + 1) * sizeof(wchar_t);
+  if (!OpenClipboard(nullptr)) throw std::runtime_error("The clipboard is in use.");
+  EmptyClipboard();
+  const HGLOBAL data = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  std::memcpy(GlobalLock(data), units.c_str(), bytes);
+  GlobalUnlock(data);
+  SetClipboardData(CF_UNICODETEXT, data);
+  CloseClipboard();
 }
 
 std::vector<std::string> chordsTyping(const std::string& text) {

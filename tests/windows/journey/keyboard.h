@@ -12,4 +12,7 @@ void press(const std::string& chord);
 // The chords that type a text; a character that no key has goes as itself.
 std::vector<std::string> chordsTyping(const std::string& text);
 
+// What Ctrl+V will paste.
+void putOnClipboard(const std::string& text);
+
 }  // namespace quillet::journey

@@ -59,6 +59,12 @@ function play.type(text)
   for _, code in utf8.codes(text) do press(utf8.char(code)) end
 end
 
+-- "\t" stands between cells, "\n" between rows.
+function play.paste(rest)
+  local path, cells = rest:match("^(%S+) (.*)$")
+  control(path):paste((cells:gsub("\\n", "\r\n"):gsub("\\t", "\t")))
+end
+
 function play.press(keys)
   for key in keys:gmatch("%S+") do press(key) end
 end

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -34,6 +35,16 @@ std::deque<std::string> words(const std::string& text) {
   std::deque<std::string> found;
   for (std::string word; stream >> word;) found.push_back(word);
   return found;
+}
+
+// "\t" stands between cells, "\n" between rows.
+std::string cellsIn(std::string text) {
+  for (const auto& [mark, end] : {std::pair{"\\n", "\r\n"}, std::pair{"\\t", "\t"}}) {
+    for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
+      text.replace(at, std::strlen(mark), end);
+    }
+  }
+  return text;
 }
 
 }  // namespace
@@ -82,6 +93,9 @@ void Player::begin(const Step& step) {
   } else if (step.verb == "type") {
     // Typed faster than it is taken.
     for (const std::string& chord : chordsTyping(step.rest)) press(chord);
+  } else if (step.verb == "paste") {
+    putOnClipboard(cellsIn(split(step.rest).rest));
+    keys_ = {"Ctrl+V"};
   } else if (step.verb == "press") {
     keys_ = words(step.rest);
   } else if (step.verb == "command") {
@@ -107,8 +121,8 @@ std::string Player::difference(const Step& step) {
   if (step.verb == "answer") return answerDifference(step.rest);
   if (step.verb == "picture") return takePicture(step.rest);
   if (step.verb == "stock") return stockDifference(step.rest);
-  for (const char* verb :
-       {"show", "type", "press", "command", "fail", "log", "report", "answers", "try", "keep"}) {
+  for (const char* verb : {"show", "type", "press", "paste", "command", "fail", "log", "report",
+                           "answers", "try", "keep"}) {
     if (step.verb == verb) return {};
   }
   throw std::runtime_error("There is no such step.");
