@@ -110,7 +110,7 @@ auto UnitOfWork::settled(Work work) {
     try {
       return work();
     } catch (const RunTimeError& error) {
-      if (error.number() == deadlock && tries < most && again()) continue;
+      if (error.number() == deadlock && tries < most && (nothingIsOpen() || again())) continue;
       failed(error.number(), reasonOf(error.number(), error.what()));
       throw;
     }
@@ -165,6 +165,14 @@ RecordsetPtr UnitOfWork::query(const std::string& sql) {
   });
 }
 
+RecordsetPtr UnitOfWork::queryAside(const std::string& sql) {
+  return settled([&] { return database_.query(sql); });
+}
+
+void UnitOfWork::executeAside(const std::string& sql) {
+  settled([&] { database_.execute(sql); });
+}
+
 void UnitOfWork::begin() {
   if (open_) return;
   settled([&] { database_.execute("start transaction"); });
@@ -178,6 +186,9 @@ void UnitOfWork::send(const std::string& sql) {
   if (log_ != nullptr) log_->sending(sql);
   database_.execute(sql);
 }
+
+// A statement by itself gave way.
+bool UnitOfWork::nothingIsOpen() const { return turns_ && !open_ && !takenBack_; }
 
 // Does again what the act has done so far. False when what it has read is not so any more.
 bool UnitOfWork::again() noexcept {
@@ -248,7 +259,9 @@ void UnitOfWork::askForCommit() {
   try {
     onCommitting(*log_);
   } catch (const std::exception& error) {
-    if (actRuns_()) takeBack(error.what());
+    const auto* const ofServer = dynamic_cast<const RunTimeError*>(&error);
+    const bool gaveWay = ofServer != nullptr && ofServer->number() == deadlock;
+    if (actRuns_() && !gaveWay) takeBack(error.what());
     throw;
   }
 }

@@ -53,6 +53,10 @@ class UnitOfWork {
   void execute(const std::string& sql);
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const { return database_.escape(text); }
+  // The suite's own statements amid an act, of which they are no part: whether they still hold does
+  // not matter to it.
+  RecordsetPtr queryAside(const std::string& sql);
+  void executeAside(const std::string& sql);
   // The number of the transaction that is open, 0 when none is. What is read in one stays true in
   // it but for its own changes.
   unsigned long transaction() const { return open_ ? transactions_ : 0; }
@@ -83,6 +87,7 @@ class UnitOfWork {
   void begin();
   template <class Work>
   auto settled(Work work);
+  bool nothingIsOpen() const;
   bool again() noexcept;
   bool changesMasters() const;
   void commit();

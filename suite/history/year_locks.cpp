@@ -35,14 +35,14 @@ YearLockTable::YearLockTable(Database& database, UnitOfWork& unit, ActLog& log, 
       log_(log),
       clock_(clock),
       shared_(unit.shared()),
-      presence_(database, shared_) {
+      presence_(unit) {
   unit_.onCommitting = [this](const ActLog& act) { check(act); };
 }
 
 // --- reading ------------------------------------------------------------------------------------
 
 std::vector<LockedYear> YearLockTable::read(const std::string& which) const {
-  const RecordsetPtr rows = database_.query(
+  const RecordsetPtr rows = unit_.queryAside(
       "select l.Code_No,l.Yr,m.tbl_nm,m.count,l.Reason,l.Person,l.Since from SuiteYearLock" +
       which);
   std::vector<LockedYear> years;

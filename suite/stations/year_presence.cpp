@@ -23,9 +23,9 @@ std::string ownName() {
 
 }  // namespace
 
-YearPresence::YearPresence(Database& database, bool shared)
-    : database_(database),
-      shared_(shared),
+YearPresence::YearPresence(UnitOfWork& unit)
+    : unit_(unit),
+      shared_(unit.shared()),
       station_(ownName()),
       heard_(std::chrono::steady_clock::now()) {}
 
@@ -34,21 +34,20 @@ YearPresence::~YearPresence() {
 }
 
 std::string YearPresence::conditionOf(const Year& year) const {
-  return "Code_No='" + database_.escape(year.first) + "' and Yr='" + database_.escape(year.second) +
-         '\'';
+  return "Code_No='" + unit_.escape(year.first) + "' and Yr='" + unit_.escape(year.second) + '\'';
 }
 
 void YearPresence::insert(const Year& year) {
-  database_.execute("insert into SuitePresence(Code_No,Yr,Station,Person,Since,Heard) values('" +
-                    database_.escape(year.first) + "','" + database_.escape(year.second) + "','" +
-                    database_.escape(station_) + "','" + database_.escape(person_) +
-                    "',sysdate(6),sysdate(6))");
+  unit_.executeAside("insert into SuitePresence(Code_No,Yr,Station,Person,Since,Heard) values('" +
+                     unit_.escape(year.first) + "','" + unit_.escape(year.second) + "','" +
+                     unit_.escape(station_) + "','" + unit_.escape(person_) +
+                     "',sysdate(6),sysdate(6))");
 }
 
 void YearPresence::remove(const Year& year) noexcept {
   try {
-    database_.execute("delete from SuitePresence where Station='" + database_.escape(station_) +
-                      "' and " + conditionOf(year));
+    unit_.executeAside("delete from SuitePresence where Station='" + unit_.escape(station_) +
+                       "' and " + conditionOf(year));
   } catch (const std::exception&) {
     // It is heard of no more, and so the year is free before long.
   }
@@ -61,7 +60,7 @@ void YearPresence::enter(const std::string& client, const std::string& secondDat
   const Year year{client, secondDate};
   if (++held_[year] > 1 && !lost(client, secondDate)) return;
   // Whoever was not heard of for so long comes back to a year that is not theirs.
-  database_.execute("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
+  unit_.executeAside("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
   insert(year);
 }
 
@@ -77,15 +76,15 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
   if (!shared_) return;
   person_ = person;
   const Year year{client, secondDate};
-  database_.execute("delete from SuitePresence where " + conditionOf(year));
+  unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
   if (held_.contains(year)) insert(year);
 }
 
 // Those in which this station is present.
 std::set<YearPresence::Year> YearPresence::present() const {
   std::set<Year> years;
-  const RecordsetPtr rows = database_.query("select Code_No,Yr from SuitePresence where Station='" +
-                                            database_.escape(station_) + '\'');
+  const RecordsetPtr rows = unit_.queryAside(
+      "select Code_No,Yr from SuitePresence where Station='" + unit_.escape(station_) + '\'');
   for (; !rows->EOF_(); rows->MoveNext()) years.emplace(rows->text(0), rows->text(1));
   return years;
 }
@@ -98,13 +97,13 @@ bool YearPresence::lost(const std::string& client, const std::string& secondDate
 std::vector<LockedYear> YearPresence::others() const {
   std::vector<LockedYear> years;
   if (!shared_) return years;
-  const RecordsetPtr rows = database_.query(
+  const RecordsetPtr rows = unit_.queryAside(
       "select p.Code_No,p.Yr,m.tbl_nm,m.count,p.Station,p.Person,date_format(p.Since,'%Y-%m-%d "
       "%H:%i:%s'),p.Station='" +
-      database_.escape(station_) +
+      unit_.escape(station_) +
       "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
       "where p." +
-      lately + " or p.Station='" + database_.escape(station_) + "' order by p.row_id");
+      lately + " or p.Station='" + unit_.escape(station_) + "' order by p.row_id");
   std::set<Year> seen;
   std::set<Year> present;
   for (; !rows->EOF_(); rows->MoveNext()) {
@@ -129,8 +128,8 @@ std::vector<LockedYear> YearPresence::others() const {
 // The table that it lies in, which its changes are told by.
 LockedYear YearPresence::hadMeanwhile(const Year& year) const {
   const RecordsetPtr row =
-      database_.query("select tbl_nm,count from master where code_no='" +
-                      database_.escape(year.first) + "' and s_yr='" + year.second + '\'');
+      unit_.queryAside("select tbl_nm,count from master where code_no='" +
+                       unit_.escape(year.first) + "' and s_yr='" + year.second + '\'');
   LockedYear had{year.first, firstDateKey(yearOf(year.second) - 1), year.second, {}, 0, {}};
   if (!row->EOF_()) {
     had.table = row->text(0);
@@ -145,8 +144,8 @@ void YearPresence::beat() {
   const auto now = std::chrono::steady_clock::now();
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
-  database_.execute("update SuitePresence set Heard=sysdate(6) where Station='" +
-                    database_.escape(station_) + '\'');
+  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where Station='" +
+                     unit_.escape(station_) + '\'');
 }
 
 }  // namespace quillet::suite

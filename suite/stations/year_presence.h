@@ -12,14 +12,14 @@
 #include <vector>
 
 #include "ports/year_locks.h"
-#include "suite/database.h"
+#include "suite/unit_of_work.h"
 
 namespace quillet::suite {
 
 class YearPresence {
  public:
   // Nobody is asked, and nothing is told, on a database of our own.
-  YearPresence(Database& database, bool shared);
+  explicit YearPresence(UnitOfWork& unit);
   ~YearPresence();
   YearPresence(const YearPresence&) = delete;
   YearPresence& operator=(const YearPresence&) = delete;
@@ -47,7 +47,7 @@ class YearPresence {
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 
-  Database& database_;
+  UnitOfWork& unit_;
   const bool shared_;
   const std::string station_;  // "DESK2:4711"
   std::string person_;
