@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "data/errors.h"
+#include "journal/frmjrnl.h"
 #include "server/long_line.h"
 #include "server/station.h"
 
@@ -189,6 +190,47 @@ TEST_F(StationsTest, ACommitWhoseAnswerIsLostIsToldAsWhatItWas) {
     far.enter("Far", "RENT", "5");
     EXPECT_EQ(std::stoi(balance("A1", "Far")), std::stoi(before) + (stored ? 6 : 5));
   }
+}
+
+TEST_F(StationsTest, RequestsOfADay) {
+  LongLine line(books().server.port());
+  Station far(line.port(), "ben");
+  const auto counted = [&](const char* what, const auto& work) {
+    const long before = line.requests();
+    work();
+    std::cout << what << ' ' << line.requests() - before << "\n";
+  };
+  counted("open", [&] { far.open("A1", 2008); });
+  counted("enter", [&] { far.enter("Far", "RENT", "10"); });
+  counted("enter new", [&] { far.enter("Far away", "RENT", "10"); });
+  counted("look", [&] { far.practice().environment().lookAround(); });
+  frmcrtb& editor = far.editor();
+  counted("journal", [&] { editor.click(editor.mnujournal); });
+  auto& journal = dynamic_cast<frmjrnl&>(*far.context().openForms.find("frmjrnl"));
+  far.dialogs.answering = [](const Message&) { return Answer::Yes; };
+  counted("new voucher", [&] { journal.click(journal.cmdadd); });
+  struct Keys : PracticeTest {
+    using PracticeTest::type;
+  };
+  for (int i = 0; i < 10; ++i) {
+    counted("line", [&] {
+      if (i > 0) journal.press(keys::Down);
+      journal.focus(journal.cboside[i]);
+      journal.press(i % 2 == 0 ? U'B' : U'T');
+      Keys::type(journal.txtledger[i], "Of voucher " + std::to_string(i));
+      journal.press(keys::Tab);
+      Keys::type(journal.txtgroup[i], "RENT");
+      journal.press(keys::Tab);
+      Keys::type(dynamic_cast<TextBox&>(*journal.active()), "100");
+    });
+  }
+  for (int i = 0; i < 10; ++i) std::cout << journal.cboside[i].text() << journal.txtdramt[i].text() << '|' << journal.txtcramt[i].text() << ' ';
+  counted("post", [&] { journal.click(journal.cmdupdate); });
+  std::cout << journal.lblstatus.caption() << journal.lblhint.caption() << "\n";
+  for (const auto& n : far.notices()) std::cout << n << "\n";
+  for (const auto& m : far.dialogs.takeMessages()) std::cout << m.message.text << "\n";
+  journal.close();
+  counted("close", [&] { far.leave(); });
 }
 
 }  // namespace
