@@ -162,7 +162,7 @@ void ClientConnection::open(const ServerEntrance& entrance) {
   }
   if (library_->connect(connection_, orNull(entrance.host), orNull(entrance.user),
                         entrance.password.c_str(), nullptr, entrance.port, orNull(entrance.socket),
-                        0) == nullptr) {
+                        CLIENT_MULTI_STATEMENTS) == nullptr) {
     fail();
   }
   if (entrance.encrypted && library_->cipher(connection_) == nullptr) {
@@ -172,7 +172,35 @@ void ClientConnection::open(const ServerEntrance& entrance) {
 
 void ClientConnection::send(const std::string& sql) {
   if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+  if (!later_.empty()) return sendAfterLater(sql);
   if (library_->send(connection_, sql.data(), sql.size()) != 0) failStatement();
+}
+
+void ClientConnection::executeLater(const std::string& sql) {
+  // What a server takes in one request is limited.
+  constexpr std::size_t most = 256 * 1024;
+  if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+  if (later_.empty()) laterSize_ = 0;
+  later_.push_back(sql);
+  laterSize_ += sql.size();
+  if (laterSize_ > most) execute("do 0");
+}
+
+void ClientConnection::sendAfterLater(const std::string& sql) {
+  const std::vector<std::string> before = std::exchange(later_, {});
+  std::string all;
+  for (const std::string& each : before) all += each + ';';
+  all += sql;
+  bool failed = library_->send(connection_, all.data(), all.size()) != 0;
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (failed) {
+      throw LaterFailed(static_cast<long>(library_->errorNumber(connection_)),
+                        library_->errorText(connection_), source);
+    }
+    library_->freeRows(library_->storeRows(connection_));
+    failed = library_->nextRows(connection_) != 0;
+  }
+  if (failed) failStatement();
 }
 
 RecordsetPtr ClientConnection::rows() {

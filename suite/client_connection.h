@@ -4,7 +4,9 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "data/errors.h"
 #include "data/recordset.h"
 
 struct st_mysql;
@@ -26,6 +28,12 @@ struct ServerEntrance {
   unsigned answerSeconds = 0;   // for each wait within a statement
 };
 
+// A statement that was to be sent with the next one.
+class LaterFailed : public RunTimeError {
+ public:
+  using RunTimeError::RunTimeError;
+};
+
 class ClientConnection {
  public:
   // To the server within this process, or prepared for one elsewhere.
@@ -42,6 +50,10 @@ class ClientConnection {
   void send(const std::string& sql);
   RecordsetPtr rows();
   void execute(const std::string& sql);
+  // With the next statement, in one request. An error of it is thrown then, as LaterFailed; what
+  // follows it is not sent.
+  void executeLater(const std::string& sql);
+  void forgetLater() { later_.clear(); }
   RecordsetPtr query(const std::string& sql);
   // `answer` is the same number for the same rows, and hardly ever for others.
   RecordsetPtr query(const std::string& sql, std::size_t& answer);
@@ -57,9 +69,12 @@ class ClientConnection {
   explicit ClientConnection(const ClientLibrary& library);
   [[noreturn]] void fail() const;
   [[noreturn]] void failStatement() const;
+  void sendAfterLater(const std::string& sql);
 
   const ClientLibrary* library_;
   st_mysql* connection_;
+  std::vector<std::string> later_;
+  std::size_t laterSize_ = 0;
 };
 
 }  // namespace quillet::suite

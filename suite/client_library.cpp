@@ -55,6 +55,7 @@ ClientLibrary load() {
   loader.take(library.connectionNumber, "mysql_thread_id");
   loader.take(library.send, "mysql_real_query");
   loader.take(library.storeRows, "mysql_store_result");
+  loader.take(library.nextRows, "mysql_next_result");
   loader.take(library.freeRows, "mysql_free_result");
   loader.take(library.countRows, "mysql_num_rows");
   loader.take(library.countFields, "mysql_num_fields");
@@ -72,13 +73,27 @@ ClientLibrary load() {
 
 const ClientLibrary& embeddedClient() {
   static constexpr ClientLibrary library{
-      mysql_init,           mysql_options,       mysql_ssl_set,
-      mysql_get_ssl_cipher, mysql_real_connect,  mysql_close,
-      mysql_ping,           mysql_thread_id,     mysql_real_query,
-      mysql_store_result,   mysql_free_result,   mysql_num_rows,
-      mysql_num_fields,     mysql_fetch_fields,  mysql_fetch_row,
-      mysql_data_seek,      mysql_fetch_lengths, mysql_real_escape_string,
-      mysql_errno,          mysql_error,
+      mysql_init,
+      mysql_options,
+      mysql_ssl_set,
+      mysql_get_ssl_cipher,
+      mysql_real_connect,
+      mysql_close,
+      mysql_ping,
+      mysql_thread_id,
+      mysql_real_query,
+      mysql_store_result,
+      mysql_next_result,
+      mysql_free_result,
+      mysql_num_rows,
+      mysql_num_fields,
+      mysql_fetch_fields,
+      mysql_fetch_row,
+      mysql_data_seek,
+      mysql_fetch_lengths,
+      mysql_real_escape_string,
+      mysql_errno,
+      mysql_error,
   };
   return library;
 }

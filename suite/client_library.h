@@ -19,6 +19,7 @@ struct ClientLibrary {
   decltype(&mysql_thread_id) connectionNumber;
   decltype(&mysql_real_query) send;
   decltype(&mysql_store_result) storeRows;
+  decltype(&mysql_next_result) nextRows;
   decltype(&mysql_free_result) freeRows;
   decltype(&mysql_num_rows) countRows;
   decltype(&mysql_num_fields) countFields;

@@ -226,6 +226,11 @@ void Database::share() { impl_->share(); }
 void Database::renewConnection() { impl_->renew(); }
 bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
+void Database::executeLater(const std::string& sql) {
+  if (impl_->server() != nullptr) return execute(sql);
+  impl_->connection().executeLater(sql);
+}
+void Database::forgetLater() { impl_->connection().forgetLater(); }
 void Database::execute(const std::string& sql) { impl_->connection().execute(sql); }
 
 RecordsetPtr Database::query(const std::string& sql) {

@@ -42,6 +42,11 @@ class Database : public Connection {
   // Executes a statement; throws RunTimeError with the server's number and text. Text that is not
   // UTF-8 is refused before it becomes SQL.
   void execute(const std::string& sql);
+  // On a server: with the next statement, in one request. An error of it is thrown then as
+  // LaterFailed. An embedded one executes it at once.
+  void executeLater(const std::string& sql);
+  // Does not send what was to be sent later.
+  void forgetLater();
   // A select, or any statement that returns rows.
   RecordsetPtr query(const std::string& sql);
   // The same; `answer` is the same number for the same rows, and hardly ever for others.

@@ -8,6 +8,7 @@
 
 #include "data/errors.h"
 #include "data/text.h"
+#include "suite/client_connection.h"
 #include "suite/history/written_table.h"
 
 namespace quillet::suite {
@@ -15,6 +16,7 @@ namespace {
 
 // Of the module's own kind: the server never sends it.
 constexpr long refusedAfterTakingBack = 20001;
+constexpr long laterFailed = 20004;
 
 // The storage is full or fails, another station stands in the way, the connection is gone: what the
 // act has done so far cannot be trusted to be completed.
@@ -41,6 +43,7 @@ constexpr std::array takingBack{
     2013L,  // the connection was lost during the statement
     2055L,  // the same, with the system's reason
     changedMeanwhile,
+    laterFailed,
 };
 
 constexpr long waitedTooLong = 1205;
@@ -111,7 +114,9 @@ auto UnitOfWork::settled(Work work) {
       return work();
     } catch (const RunTimeError& error) {
       if (error.number() == deadlock && tries < most && (nothingIsOpen() || again())) continue;
-      failed(error.number(), reasonOf(error.number(), error.what()));
+      // What came after the statement is not sent: nothing of the act can stand.
+      const bool later = dynamic_cast<const LaterFailed*>(&error) != nullptr;
+      failed(later ? laterFailed : error.number(), reasonOf(error.number(), error.what()));
       throw;
     }
   }
@@ -175,7 +180,7 @@ void UnitOfWork::executeAside(const std::string& sql) {
 
 void UnitOfWork::begin() {
   if (open_) return;
-  settled([&] { database_.execute("start transaction"); });
+  settled([&] { database_.executeLater("start transaction"); });
   open_ = true;
   wrote_ = wroteLog_ = false;
   ++transactions_;
@@ -184,7 +189,7 @@ void UnitOfWork::begin() {
 
 void UnitOfWork::send(const std::string& sql) {
   if (log_ != nullptr) log_->sending(sql);
-  database_.execute(sql);
+  database_.executeLater(sql);
 }
 
 // A statement by itself gave way.
@@ -194,9 +199,10 @@ bool UnitOfWork::nothingIsOpen() const { return turns_ && !open_ && !takenBack_;
 bool UnitOfWork::again() noexcept {
   if (!turns_ || !open_ || !actRuns_() || takenBack_) return false;
   try {
+    database_.forgetLater();
     database_.execute("rollback");
     if (log_ != nullptr) log_->again();
-    database_.execute("start transaction");
+    database_.executeLater("start transaction");
     return turns_->takeAgain([&](const std::string& sql) { send(sql); });
   } catch (const std::exception&) {
     return false;
@@ -224,6 +230,7 @@ void UnitOfWork::takeBack(const std::string& reason) noexcept {
 void UnitOfWork::undo() noexcept {
   open_ = false;
   if (turns_) turns_->ended();
+  database_.forgetLater();
   try {
     database_.execute("rollback");
   } catch (const std::exception&) {

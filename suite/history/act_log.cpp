@@ -82,7 +82,7 @@ void ActLog::begin() {
   instant_ = std::max(clock, last_ + 1);
   tables_.clear();
   digest_ = Digest();
-  database_.execute("set timestamp=" + timestampNumber(instant_));
+  database_.executeLater("set timestamp=" + timestampNumber(instant_));
 }
 
 // Other stations of a server may have gone on.
@@ -147,7 +147,7 @@ void ActLog::insert(const ActCause& told) {
   }
   row.digest = digest_.hex();
   hash_ = row.hashAfter(lastHash_);
-  database_.execute(row.insertion(database_, hash_));
+  database_.executeLater(row.insertion(database_, hash_));
 }
 
 bool ActLog::wasWritten() const {
@@ -170,7 +170,7 @@ void ActLog::ended(bool kept) noexcept {
   instant_ = 0;
   othersToo_ = false;
   try {
-    database_.execute("set timestamp=default");
+    database_.executeLater("set timestamp=default");
   } catch (const std::exception&) {
     // The connection is gone, and its time with it.
   }

@@ -20,7 +20,7 @@ TurnCount Turn::count(const char* lock) {
 }
 
 void Turn::pass(bool masters) {
-  database_.execute(std::string("update SuiteTurn set Acts=Acts+1") +
+  database_.executeLater(std::string("update SuiteTurn set Acts=Acts+1") +
                     (masters ? ",Masters=Masters+1" : "") + " where Id=1");
 }
 

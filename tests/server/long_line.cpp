@@ -43,8 +43,8 @@ bool pass(int to, std::string_view bytes) {
   return true;
 }
 
-// A packet of the client with that statement alone: length, number, command, text.
-bool isCommit(std::string_view bytes) { return bytes.size() > 5 && bytes.substr(5) == "commit"; }
+// A packet of the client that ends with that statement.
+bool isCommit(std::string_view bytes) { return bytes.size() > 5 && bytes.ends_with("commit"); }
 
 }  // namespace
 
@@ -113,8 +113,10 @@ void LongLine::serve(int client, int server) {
       }
       goesOn = pass(server, read);
       if (breaks) {
-        // The server has done it when it answers.
-        recv(server, bytes.data(), bytes.size(), 0);
+        // The server has done it when it has answered.
+        for (pollfd answer{server, POLLIN, 0}; poll(&answer, 1, 200) == 1;) {
+          if (recv(server, bytes.data(), bytes.size(), 0) <= 0) break;
+        }
         goesOn = false;
       }
     }

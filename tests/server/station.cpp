@@ -53,16 +53,19 @@ frmcrtb& Station::open(const std::string& client, int firstYear) {
   return *editor_;
 }
 
-void Station::enter(const std::string& ledger, const std::string& group,
-                    const std::string& amount) {
+void Station::type(TextBox& box, const std::string& keys) {
   struct Keys : PracticeTest {
-    using PracticeTest::press;
     using PracticeTest::type;
   };
-  Keys::type(editor_->txtpart, ledger + '\r');
-  Keys::type(editor_->txtgroup, group + '\r');
-  Keys::type(editor_->txtamount, amount + '\r');
-  Keys::type(editor_->txtdrcr, "D\r");
+  Keys::type(box, keys);
+}
+
+void Station::enter(const std::string& ledger, const std::string& group,
+                    const std::string& amount) {
+  type(editor_->txtpart, ledger + '\r');
+  type(editor_->txtgroup, group + '\r');
+  type(editor_->txtamount, amount + '\r');
+  type(editor_->txtdrcr, "D\r");
 }
 
 std::vector<std::string> Station::notices() {

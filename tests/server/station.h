@@ -39,6 +39,7 @@ class Station {
   frmcrtb& editor() { return *editor_; }
   void leave() { editor_.reset(); }
   frmcrtb& open(const std::string& client, int firstYear);
+  static void type(TextBox& box, const std::string& keys);
   void enter(const std::string& ledger, const std::string& group, const std::string& amount);
   std::vector<std::string> notices();
 
