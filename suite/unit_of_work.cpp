@@ -116,7 +116,8 @@ auto UnitOfWork::settled(Work work) {
       if (error.number() == deadlock && tries < most && (nothingIsOpen() || again())) continue;
       // What came after the statement is not sent: nothing of the act can stand.
       const bool later = dynamic_cast<const LaterFailed*>(&error) != nullptr;
-      failed(later ? laterFailed : error.number(), reasonOf(error.number(), error.what()));
+      failed(later && !takesBack(error.number()) ? laterFailed : error.number(),
+             reasonOf(error.number(), error.what()));
       throw;
     }
   }

@@ -13,9 +13,7 @@ local function ledger() return "Ledger " .. math.random(30) end
 
 local function arrange()
   for number, code in ipairs(clients) do
-    quillet.add_client {
-  code = code, name = "Practice "..number
-}
+    quillet.add_client { code = code, name = "Practice " .. number }
     for count, year in ipairs(years) do support.year(code, year, count) end
     -- An empty year would ask whether to import the previous one.
     for _, year in ipairs(years) do
@@ -41,9 +39,8 @@ end
 local counts = {}
 local function count(what) counts[what] = (counts[what] or 0) + 1 end
 
--- Runs a deed;
-    its changes are noted when an act of ours is there,
-        and the form says that it is done.local function deed(name, changes, work, says)
+-- Runs a deed; its changes are noted when an act of ours is there, and the form says that it is done.
+local function deed(name, changes, work, says)
   local before = last_act()
   local done, problem = pcall(work)
   local at = last_act()
@@ -69,56 +66,69 @@ local function any_line(editor)
 end
 
 local function enter(editor, client, year)
-  local name, group,
-      paise = ledger(), any(groups),
-      math.random(100000) local side = any{"D", "C"} deed(
-          "enter", {{"add", client, year, name, group, side == "D" and paise or -paise}},
-          function() support.enter(editor, name, group, string.format("%.2f", paise / 100), side)
-              end) end
+  local name, group, paise = ledger(), any(groups), math.random(100000)
+  local side = any { "D", "C" }
+  deed("enter", { { "add", client, year, name, group, side == "D" and paise or -paise } },
+    function()
+      support.enter(editor, name, group, string.format("%.2f", paise / 100), side)
+    end)
+end
 
-      local function alter(editor, client, year)
-  local line = any_line(editor) if not line then return end local paise =
-      math.random(100000)
-          deed("alter", {{"add", client, year, line.ledger, line.group, paise - line.paise}},
-               function() editor.vsfm
-               : pick(line.row) editor.vsfm
-               : dblclick() editor.txtamount
-               : type(string.format("%.2f", paise / 100)) editor.txtdrcr
-               : type("D") editor.txtdrcr
-               : press("Enter") end) end
+local function alter(editor, client, year)
+  local line = any_line(editor)
+  if not line then return end
+  local paise = math.random(100000)
+  deed("alter", { { "add", client, year, line.ledger, line.group, paise - line.paise } }, function()
+    editor.vsfm:pick(line.row)
+    editor.vsfm:dblclick()
+    editor.txtamount:type(string.format("%.2f", paise / 100))
+    editor.txtdrcr:type("D")
+    editor.txtdrcr:press("Enter")
+  end)
+end
 
-              local function delete (editor, client, year)local line =
-          any_line(editor) if not line then return end deed(
-              "delete", {{"add", client, year, line.ledger, line.group, -line.paise}},
-              function() editor.vsfm
-              : pick(line.row) quillet.answer("Yes") editor.mnudelete
-              : click() end) end
+local function delete(editor, client, year)
+  local line = any_line(editor)
+  if not line then return end
+  deed("delete", { { "add", client, year, line.ledger, line.group, -line.paise } }, function()
+    editor.vsfm:pick(line.row)
+    quillet.answer("Yes")
+    editor.mnudelete:click()
+  end)
+end
 
-              local function
-              voucher(editor, client, year) editor.mnujournal
-      : click()
-            local journal = quillet.form("frmjrnl") if not journal then return count("no journal")
-                                end local debit,
-        credit = ledger(),
-        ledger() while credit == debit do credit = ledger() end local paise =
-            math.random(100000) local group = any(groups) local function
-        pass() local amount = string.format("%.2f", paise / 100) journal.cmdadd
-      : click() quillet.answer("Yes", "Yes", "Yes", "Yes") support
-            .voucher_line(journal, 0, "By", debit, group, amount) support
-            .voucher_line(journal, 1, "To", credit, group,
-                          amount) journal.txtnarr : type("by station") journal
-            .cmdupdate
-      : click() end
-        deed("voucher",
-             {{"add", client, year, debit, group, paise},
-              {"add", client, year, credit, group, -paise}},
-             pass,
-             function() return not journal.cmdcancel.visible end) quillet.unanswered() if journal
-            .cmdcancel.visible then quillet.answer("Yes") journal.cmdcancel
-      : click() quillet.unanswered() end quillet.answer("Yes") journal
-      : close() quillet.unanswered() end
+local function voucher(editor, client, year)
+  editor.mnujournal:click()
+  local journal = quillet.form("frmjrnl")
+  if not journal then return count("no journal") end
+  local debit, credit = ledger(), ledger()
+  while credit == debit do credit = ledger() end
+  local paise = math.random(100000)
+  local group = any(groups)
+  local function pass()
+    local amount = string.format("%.2f", paise / 100)
+    journal.cmdadd:click()
+    quillet.answer("Yes", "Yes", "Yes", "Yes")
+    support.voucher_line(journal, 0, "By", debit, group, amount)
+    support.voucher_line(journal, 1, "To", credit, group, amount)
+    journal.txtnarr:type("by station")
+    journal.cmdupdate:click()
+  end
+  deed("voucher", { { "add", client, year, debit, group, paise },
+    { "add", client, year, credit, group, -paise } }, pass,
+    function() return not journal.cmdcancel.visible end)
+  quillet.unanswered()
+  if journal.cmdcancel.visible then
+    quillet.answer("Yes")
+    journal.cmdcancel:click()
+    quillet.unanswered()
+  end
+  quillet.answer("Yes")
+  journal:close()
+  quillet.unanswered()
+end
 
-        local function year_day(acts)
+local function year_day(acts)
   local client, year = any(clients), any(years)
   quillet.answer(math.random(10) == 1 and "Yes" or "No")
   local editor = support.open(client, year)
@@ -135,25 +145,30 @@ end
 
 -- --- in the masters -------------------------------------------------------------------------------
 
--- Whether the list shows the name;
-  it is current then.local function picks(grid, name) return (pcall(grid.pick, grid, name))end
+-- Whether the list shows the name; it is current then.
+local function picks(grid, name) return (pcall(grid.pick, grid, name)) end
 
-      local function link_in(form)
-  local away,
-      into = ledger(),
-      ledger() if away == into or not picks(form.vsf, away) or
-          not picks(form.vsf, into) then return end
-          deed("link", {{"link", away, into}}, function() form.cmdlink
-               : click() form.vsf
-               : tick(form.vsf
-                      : pick(away), true) quillet.answer("Yes") form.cmdlink
-               : click() end) end
+local function link_in(form)
+  local away, into = ledger(), ledger()
+  if away == into or not picks(form.vsf, away) or not picks(form.vsf, into) then return end
+  deed("link", { { "link", away, into } }, function()
+    form.cmdlink:click()
+    form.vsf:tick(form.vsf:pick(away), true)
+    quillet.answer("Yes")
+    form.cmdlink:click()
+  end)
+end
 
-          local function link() local home = quillet.show("third") home.cmdledmas
-      : click() local form = quillet.form("frmtbledmas") local ok,
-      problem = pcall(link_in,
-                      form) quillet.unanswered() quillet.answer("Yes", "Yes") form
-      : close() quillet.unanswered() if not ok then error(problem) end
+local function link()
+  local home = quillet.show("third")
+  home.cmdledmas:click()
+  local form = quillet.form("frmtbledmas")
+  local ok, problem = pcall(link_in, form)
+  quillet.unanswered()
+  quillet.answer("Yes", "Yes")
+  form:close()
+  quillet.unanswered()
+  if not ok then error(problem) end
 end
 
 local function day(number, seed, acts, path)
