@@ -19,7 +19,8 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
     held_ = false;
   }
   auto lock = locks->find(client, secondDate);
-  if (lock && !lock->station.empty() && !asked_) {
+  const bool elsewhere = lock && !lock->station.empty() && lock->reason.empty();
+  if (elsewhere && !asked_) {
     asked_ = true;
     const Answer answer =
         dialogs.MsgBox({lockedSentence(subject(), *lock) +

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -33,30 +34,9 @@ std::string contents(const fs::path& file) {
   return text.str();
 }
 
-// Runs a program whose output goes to the end of a file; it does not outlive us.
-int startProgram(const std::vector<std::string>& words, const fs::path& output) {
-  std::vector<char*> arguments;
-  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  const int parent = getpid();
-  const int process = fork();
-  if (process < 0) throw std::runtime_error("no process can be made");
-  if (process > 0) return process;
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (getppid() != parent) _exit(1);
-  const int file = open(output.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-  dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
-  dup2(file, STDOUT_FILENO);
-  dup2(file, STDERR_FILENO);
-  closefrom(STDERR_FILENO + 1);
-  execvp(arguments.front(), arguments.data());
-  _exit(127);
-}
-
 void run(const std::vector<std::string>& words, const fs::path& output) {
-  int status = 0;
-  waitpid(startProgram(words, output), &status, 0);
-  if (status != 0) throw std::runtime_error(words.front() + ": " + contents(output));
+  if (waitFor(startProgram(words, output)) != 0)
+    throw std::runtime_error(words.front() + ": " + contents(output));
 }
 
 bool isInstalled(const std::string& program) {
@@ -86,6 +66,31 @@ const fs::path& emptyData() {
 }
 
 }  // namespace
+
+int startProgram(const std::vector<std::string>& words, const fs::path& output) {
+  std::vector<char*> arguments;
+  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
+  arguments.push_back(nullptr);
+  const int parent = getpid();
+  const int process = fork();
+  if (process < 0) throw std::runtime_error("no process can be made");
+  if (process > 0) return process;
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != parent) _exit(1);
+  const int file = open(output.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+  dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+  dup2(file, STDOUT_FILENO);
+  dup2(file, STDERR_FILENO);
+  closefrom(STDERR_FILENO + 1);
+  execvp(arguments.front(), arguments.data());
+  _exit(127);
+}
+
+int waitFor(int process) {
+  int status = 0;
+  waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+}
 
 unsigned freePort() {
   const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -189,6 +194,11 @@ void RealServer::start() {
        "--innodb-fast-shutdown=2", "--key-buffer-size=8192", "--aria-pagecache-buffer-size=1M"});
   if (getuid() == 0) words.emplace_back("--user=root");
   words.insert(words.end(), options_.begin(), options_.end());
+  // What belongs to root may be of no use to the account that the server runs as.
+  if (std::ranges::find(options_, "--user=mysql") != options_.end()) {
+    run({"chown", "-R", "mysql", folder_.path().string()}, folder_.path() / "log");
+    run({"chmod", "755", folder_.path().string(), data().string()}, folder_.path() / "log");
+  }
   process_ = startProgram(words, folder_.path() / "log");
   waitUntilReady();
 }

@@ -95,6 +95,12 @@ class RealServer {
   std::unique_ptr<suite::ClientConnection> root_;
 };
 
+// Runs a program whose output goes to the end of a file; it does not outlive us. Returns its
+// process.
+int startProgram(const std::vector<std::string>& words, const std::filesystem::path& output);
+// Its exit status, once it has ended.
+int waitFor(int process);
+
 // A port of the loopback address that is free now.
 unsigned freePort();
 

@@ -3,10 +3,8 @@
 #include "suite/starter_data.h"
 
 namespace quillet::support {
-namespace {
-
-suite::DataFolder folderFor(const std::filesystem::path& path, unsigned port,
-                            const std::string& account) {
+suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned port,
+                                  const std::string& account) {
   suite::DataFolder folder = suite::DataFolder::create(path);
   suite::Settings settings(folder.settings());
   settings.set("Suite", "TableCount", std::to_string(tableNumbers));
@@ -18,11 +16,9 @@ suite::DataFolder folderFor(const std::filesystem::path& path, unsigned port,
   return folder;
 }
 
-}  // namespace
-
 Station::Station(unsigned port, const std::string& account)
     : practice_(std::make_unique<suite::Practice>(
-          folderFor(folder_.path() / "practice", port, account), frontEnd_, clock_)) {
+          folderOfStation(folder_.path() / "practice", port, account), frontEnd_, clock_)) {
   suite::Database& database = practice_->database();
   if (database.query("select 1 from Mast_AllGrp limit 1")->EOF_()) {
     practice_->environment().actLog().alone("Starter groups",

@@ -1,6 +1,7 @@
 // A station of its own: a practice whose settings name a real server.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,6 +12,11 @@
 #include "support/practice.h"
 
 namespace quillet::support {
+
+// A data folder whose settings name the server on that port and the account, which is its own
+// password.
+suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned port,
+                                  const std::string& account);
 
 class Station {
  public:

@@ -7,11 +7,18 @@ local support = require "support"
 
 local clients = { "P1", "P2", "P3", "P4", "P5" }
 local years = { 2007, 2008 }
-local groups = { "BANK BALANCES", "RENT", "CAPITAL ACCOUNT", "SALARIES AND BONUS" }
+local groups = { "BANK BALANCES", "RENT", "CAPITAL ACCOUNT", "SALARIES AND BONUS",
+  "Own Group 1", "Own Group 2", "Own Group 3" }
+-- Whether the list shows the name; it is current then.
+local function picks(grid, name) return (pcall(grid.pick, grid, name)) end
 local function any(list) return list[math.random(#list)] end
 local function ledger() return "Ledger " .. math.random(30) end
 
 local function arrange()
+  for i = 1, 3 do
+    quillet.exec("insert into Mast_AllGrp(ALLID,GID,ALLGRP,UserGrp) select max(ALLID)+1,22," ..
+      "'Own Group " .. i .. "','Y' from Mast_AllGrp")
+  end
   for number, code in ipairs(clients) do
     quillet.add_client { code = code, name = "Practice " .. number }
     for count, year in ipairs(years) do support.year(code, year, count) end
@@ -128,11 +135,24 @@ local function voucher(editor, client, year)
   quillet.unanswered()
 end
 
+local function choose(command, client)
+  local home = quillet.show("third")
+  home:press("Escape")
+  home[command]:click()
+  home.ClGrd1:pick(client)
+  home.ClGrd1:dblclick()
+  return home
+end
+
 local function year_day(acts)
-  local client, year = any(clients), any(years)
-  quillet.answer(math.random(10) == 1 and "Yes" or "No")
-  local editor = support.open(client, year)
+  local client, year = any(clients), any { 2007, 2008, 2008, 2009 }
+  local home = choose("mnualter", client)
+  if not picks(home.flexgrid2, "01/04/" .. year) then return end
+  -- An empty year asks whether to import the one before.
+  quillet.answer(year < 2009 and math.random(10) == 1 and "Yes" or "No", "No")
+  home.flexgrid2:dblclick()
   quillet.unanswered()
+  local editor = quillet.form("frmcrtb")
   for _ = 1, acts do
     if editor.lbllock.caption ~= "" then
       count("reads")
@@ -145,9 +165,6 @@ end
 
 -- --- in the masters -------------------------------------------------------------------------------
 
--- Whether the list shows the name; it is current then.
-local function picks(grid, name) return (pcall(grid.pick, grid, name)) end
-
 local function link_in(form)
   local away, into = ledger(), ledger()
   if away == into or not picks(form.vsf, away) or not picks(form.vsf, into) then return end
@@ -159,16 +176,74 @@ local function link_in(form)
   end)
 end
 
-local function link()
+local function merge_in(form)
+  local away, into = "Own Group " .. math.random(3), groups[math.random(4)]
+  form.cmdMerge:click()
+  if not picks(form.vsM, away) or not picks(form.vsMW, into) then return end
+  deed("merge", { { "merge", away, into } }, function()
+    form.vsM:tick(form.vsM:pick(away), true)
+    quillet.answer("Yes", "Yes")
+    form.cmdMergeGroup:click()
+  end)
+end
+
+-- A group that was merged away comes back, for the lines to come.
+local function add_in(form)
+  local name = "Own Group " .. math.random(3)
+  if picks(form.vsf, name) then return end
+  deed("new group", {}, function()
+    form.cmdadd:click()
+    form.Text1:type(name)
+    form.Combo1:choose(1)
+    form.cmdupdate:click()
+  end)
+end
+
+local function master(command, name, work)
   local home = quillet.show("third")
-  home.cmdledmas:click()
-  local form = quillet.form("frmtbledmas")
-  local ok, problem = pcall(link_in, form)
-  quillet.unanswered()
-  quillet.answer("Yes", "Yes")
-  form:close()
+  home[command]:click()
+  local form = quillet.form(name)
+  local ok, problem = pcall(work, form)
+  for _ = 1, 3 do
+    if not form.visible then break end
+    quillet.unanswered()
+    quillet.answer("Yes", "Yes")
+    pcall(form.press, form, "Escape")
+    if form.visible then pcall(form.close, form) end
+  end
   quillet.unanswered()
   if not ok then error(problem) end
+end
+
+local function link() master("cmdledmas", "frmtbledmas", link_in) end
+
+local function of_groups() master("cmdgrpmas", "frmgrpmas", any { merge_in, add_in, add_in }) end
+
+local function create()
+  local client = any(clients)
+  local home = choose("mnucreate", client)
+  deed("create", {}, function()
+    quillet.answer("No", "No")
+    home.MaskEdBox1:type("01042009")
+    home.MaskEdBox1:press("Enter")
+    home.MaskEdBox2:press("Enter")
+  end)
+end
+
+local function remove()
+  local client = any(clients)
+  local home = choose("mnudelete", client)
+  if not picks(home.flexgrid2, "01/04/2009") then return end
+  deed("remove", { { "remove", client, 2009 } }, function()
+    quillet.answer("Yes")
+    home.flexgrid2:dblclick()
+    local form = quillet.form("frmdelwhatinTB")
+    form.optMain[0]:click()
+    quillet.answer("Yes")
+    form.cmddelete:click()
+  end)
+  local form = quillet.form("frmdelwhatinTB")
+  if form and form.visible then form:close() end
 end
 
 local function day(number, seed, acts, path)
@@ -178,7 +253,8 @@ local function day(number, seed, acts, path)
   while left > 0 do
     local some = math.random(8)
     left = left - some
-    local ok, problem = pcall(math.random(6) == 1 and link or year_day, some)
+    local rare = any { link, of_groups, create, remove }
+    local ok, problem = pcall(math.random(4) == 1 and rare or year_day, some)
     if not ok then count("error: " .. tostring(problem):sub(1, 200)) end
     quillet.unanswered()
     quillet.messages()
@@ -214,16 +290,23 @@ local function play(deeds)
   local function key(...) return table.concat({ ... }, "\t"):upper() end
   for _, each in ipairs(deeds) do
     local kind = each[2]
-    if kind == "link" then
+    if kind == "link" or kind == "merge" then
       local moved = {}
       for pair, amount in pairs(balances) do
         local client, year, name, group = pair:match("^(.-)\t(.-)\t(.-)\t(.*)$")
-        if name == each[3]:upper() then
+        local old = kind == "link" and name or group
+        if old == each[3]:upper() then
           balances[pair] = nil
-          moved[#moved + 1] = { key(client, year, each[4], group), amount }
+          local new = kind == "link" and key(client, year, each[4], group)
+            or key(client, year, name, each[4])
+          moved[#moved + 1] = { new, amount }
         end
       end
       for _, move in ipairs(moved) do balances[move[1]] = (balances[move[1]] or 0) + move[2] end
+    elseif kind == "remove" then
+      for pair in pairs(balances) do
+        if pair:find(key(each[3], each[4], ""), 1, true) == 1 then balances[pair] = nil end
+      end
     else
       local pair = key(each[3], each[4], each[5], each[6])
       balances[pair] = (balances[pair] or 0) + math.tointeger(tonumber(each[7]))
@@ -234,12 +317,15 @@ end
 
 local function stored()
   local balances = {}
-  for count, year in ipairs(years) do
-    for _, row in ipairs(quillet.query("select t.code_no as client, p.Particular as name, " ..
-      "g.ALLGRP as grp, round(100*sum(if(t.nid=2,-t.amt,t.amt))) as paise from TAB_" .. count ..
+  for _, of in ipairs(quillet.query("select code_no as client, f_yr as first, tbl_nm as tab " ..
+    "from master where code_no like 'P_'")) do
+    for _, row in ipairs(quillet.query("select p.Particular as name, g.ALLGRP as grp, " ..
+      "round(100*sum(if(t.nid=2,-t.amt,t.amt))) as paise from " .. of.tab ..
       " t left join Mast_Part p on p.PartId=t.partid left join Mast_AllGrp g on g.ALLID=t.allid " ..
-      "where t.code_no like 'P_' and p.Particular<>'Opening' group by t.code_no, t.partid, t.allid")) do
-      local pair = table.concat({ row.client, year, row.name or "?", row.grp or "?" }, "\t"):upper()
+      "where t.code_no='" .. of.client .. "' and p.Particular<>'Opening' " ..
+      "group by t.partid, t.allid")) do
+      local pair = table.concat({ of.client, of.first:sub(5), row.name or "?", row.grp or "?" },
+        "\t"):upper()
       balances[pair] = (balances[pair] or 0) + math.tointeger(tonumber(row.paise))
     end
   end
