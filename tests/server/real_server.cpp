@@ -192,12 +192,12 @@ void RealServer::start() {
        "--lower-case-table-names=1", "--innodb-flush-log-at-trx-commit=2",
        "--innodb-buffer-pool-dump-at-shutdown=0", "--innodb-buffer-pool-load-at-startup=0",
        "--innodb-fast-shutdown=2", "--key-buffer-size=8192", "--aria-pagecache-buffer-size=1M"});
-  if (getuid() == 0) words.emplace_back("--user=root");
   words.insert(words.end(), options_.begin(), options_.end());
-  // What belongs to root may be of no use to the account that the server runs as.
   if (std::ranges::find(options_, "--user=mysql") != options_.end()) {
+    // What belongs to root is of no use to the account that the server runs as.
     run({"chown", "-R", "mysql", folder_.path().string()}, folder_.path() / "log");
-    run({"chmod", "755", folder_.path().string(), data().string()}, folder_.path() / "log");
+  } else if (getuid() == 0) {
+    words.emplace_back("--user=root");
   }
   process_ = startProgram(words, folder_.path() / "log");
   waitUntilReady();
