@@ -89,10 +89,9 @@ void addHistory(const TableDefinition& table, const Present& present,
         table.indexes, [&](const std::string& index) { return lower(index) == columns; });
     if (ours) changes.push_back("drop index `" + name + '`');
   }
-  changes.push_back(std::string("add column ") + rowFrom);
-  changes.push_back(std::string("add column ") + rowTill);
-  changes.push_back(std::string("add ") + period);
-  changes.push_back("add system versioning");
+  const std::string column = "add column ";
+  changes.insert(changes.end(), {column + rowFrom, column + rowTill, std::string("add ") + period,
+                                 "add system versioning"});
 }
 
 // "" when nothing is missing.
