@@ -1,6 +1,8 @@
 -- Counts the keys that 24 lines take: a client's new year, typed key by key with the help that the
 -- editor offers: what it proposes for the beginning of a name, or what stands two steps below it at
 -- most in the list. On a sample practice, which it changes (README.md, "count keys").
+package.path = package.path .. ";" .. arg[0]:match("^(.*)/") .. "/../tests/script/?.lua"
+local support = require("support")
 local client, year, year_table = "TAV01", 2008, "TAB_4"
 
 -- Ledgers of the client's year before, of other clients, and new ones. The amounts are those of the
@@ -33,15 +35,8 @@ local lines = {
 }
 
 quillet.exec("delete from " .. year_table .. " where code_no='" .. client .. "'")
-local home = quillet.show("third")
-home:press("Escape")
-home.mnualter:click()
-home.ClGrd1:pick(client)
-home.ClGrd1:dblclick()
-home.flexgrid2:pick("01/04/" .. year)
 quillet.answer("No")
-home.flexgrid2:dblclick()
-local editor = assert(quillet.form("frmcrtb"), "the editor did not open")
+local editor = support.open(client, year)
 if editor.active ~= "txtpart" then editor.mnuinsert:click() end
 
 local counts = { ledger = 0, group = 0, amount = 0, ["end"] = 0 }

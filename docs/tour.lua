@@ -1,5 +1,7 @@
 -- The guided tour: what a day with Quillet looks like, on the sample practice. Pictures and results
 -- go to the folder given: quillet --data DIR script --show docs/tour.lua FOLDER
+package.path = package.path .. ";" .. arg[0]:match("^(.*)/") .. "/../tests/script/?.lua"
+local support = require("support")
 local folder = arg[1] or "."
 local pictures = 0
 
@@ -104,17 +106,8 @@ editor.mnujournal:click()
 local journal = assert(quillet.form("frmjrnl"), "the journal did not open")
 journal.cmdadd:click()
 journal.txtdt:type("31032009")
-local function enter(line, side, ledger, group, amount)
-  journal.cboside[line]:choose(side)
-  journal.txtledger[line]:type(ledger)
-  journal.txtledger[line]:press("Tab")
-  journal.txtgroup[line]:type(group)
-  local box = side == "By" and journal.txtdramt[line] or journal.txtcramt[line]
-  box:type(amount)
-  box:press("Enter")
-end
-enter(0, "By", "Audit Fees", "AUDIT FEES", "15000")
-enter(1, "To", "Audit Fees Payable", "EXPENSES PAYABLE", "15000")
+support.voucher_line(journal, 0, "By", "Audit Fees", "AUDIT FEES", "15000")
+support.voucher_line(journal, 1, "To", "Audit Fees Payable", "EXPENSES PAYABLE", "15000")
 journal.txtnarr:type("Audit fee of the year provided for")
 picture("voucher")
 journal.cmdupdate:click()

@@ -1,5 +1,7 @@
 -- The pictures of the handbook, made on an empty practice: from the first client to the printed year.
 -- docs/handbook/pictures runs it: quillet --data DIR script --show docs/handbook/pictures.lua FOLDER
+package.path = package.path .. ";" .. arg[0]:match("^(.*)/") .. "/../../tests/script/?.lua"
+local support = require("support")
 local folder = arg[1]
 
 local function picture(name) quillet.screenshot(folder .. "/" .. name .. ".png") end
@@ -9,11 +11,6 @@ local function fill(form, texts)
     form[text[1]]:type(text[2])
     if text[3] then form[text[1]]:press("Enter") end
   end
-end
-
-local function enter(editor, ledger, group, amount, side)
-  fill(editor, { { "txtpart", ledger, true }, { "txtgroup", group, true }, { "txtamount", amount, true },
-    { "txtdrcr", side, true } })
 end
 
 quillet.today("2009-06-15")
@@ -37,21 +34,8 @@ client.cmdsave:click()
 picture("clients")
 
 -- The first year, and its lines.
-home.mnucreate:click()
-home.ClGrd1:pick("A1")
-home.ClGrd1:dblclick()
-home.MaskEdBox1:type("01042007")
-home.MaskEdBox1:press("Enter")
-picture("new-year")
-home.MaskEdBox2:type("31032008")
-home.MaskEdBox2:press("Enter")
-home:press("Escape")
-home.mnualter:click()
-home.ClGrd1:pick("A1")
-home.ClGrd1:dblclick()
-home.flexgrid2:pick(1)
-home.flexgrid2:dblclick()
-local editor = quillet.form("frmcrtb")
+support.create_year("A1", 2007, function() picture("new-year") end)
+local editor = support.open("A1", 2007)
 local lines = {
   { "Capital, Asha", "CAPITAL ACCOUNT", 412000, "C" },
   { "Drawings, Asha", "CAPITAL ACCOUNT", 96000, "D" },
@@ -69,7 +53,7 @@ local known = {}
 for _, row in ipairs(quillet.query("select allgrp from mast_allgrp")) do known[row[1]] = true end
 for _, line in ipairs(lines) do
   assert(known[line[2]], "there is no group " .. line[2])
-  enter(editor, line[1], line[2], string.format("%.2f", line[3]), line[4])
+  support.enter(editor, line[1], line[2], string.format("%.2f", line[3]), line[4])
 end
 editor.txtpart:type("elavanti pharm")
 picture("entry")
@@ -97,19 +81,9 @@ editor.mnujournal:click()
 local journal = quillet.form("frmjrnl")
 journal.cmdadd:click()
 journal.txtdt:type("31032008")
-local function voucher(line, side, ledger, group, amount)
-  journal.cboside[line]:choose(side)
-  fill(journal, { { "txtdt", "31032008" } })
-  journal.txtledger[line]:type(ledger)
-  journal.txtledger[line]:press("Tab")
-  journal.txtgroup[line]:type(group)
-  local box = side == "By" and journal.txtdramt[line] or journal.txtcramt[line]
-  box:type(amount)
-  box:press("Enter")
-end
 quillet.answer("Yes", "Yes")
-voucher(0, "By", "Audit Fees", "AUDIT FEES", "15000")
-voucher(1, "To", "Audit Fees Payable", "EXPENSES PAYABLE", "15000")
+support.voucher_line(journal, 0, "By", "Audit Fees", "AUDIT FEES", "15000")
+support.voucher_line(journal, 1, "To", "Audit Fees Payable", "EXPENSES PAYABLE", "15000")
 journal.txtnarr:type("Audit fee of the year provided for")
 picture("voucher")
 journal.cmdupdate:click()
@@ -128,19 +102,9 @@ picture("forward")
 quillet.form("frmbringfwd"):close()
 
 -- The next year, with the figures carried forward, beside this one.
-home:press("Escape")
-home.mnucreate:click()
-home.ClGrd1:pick("A1")
-home.ClGrd1:dblclick()
 quillet.answer("Yes", "Yes")
-home.MaskEdBox1:type("01042008")
-home.MaskEdBox1:press("Enter")
-home.MaskEdBox2:type("31032009")
-home.MaskEdBox2:press("Enter")
-home:press("Escape")
-home.mnualter:click()
-home.ClGrd1:pick("A1")
-home.ClGrd1:dblclick()
+support.create_year("A1", 2008)
+support.list_years("A1")
 picture("home")
 home.flexgrid2:pick(2)
 home.flexgrid2:dblclick()

@@ -2,11 +2,7 @@
 local support = require("support")
 local equal, rows = support.equal, support.rows
 
-quillet.add_client { code = "C1", name = "Rao Textiles" }
-support.year("C1", 2008, 1)
-local editor = support.open("C1", 2008)
-support.enter(editor, "Cash", "BANK BALANCES", "100", "DR")
-support.enter(editor, "Capital", "CAPITAL ACCOUNT", "100", "CR")
+local editor = support.two_lines()
 
 -- What was changed of late is there at once; Enter leads to how it stood after the act.
 editor.mnuchanges:click()

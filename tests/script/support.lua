@@ -44,13 +44,34 @@ function support.year(client, first, number)
   return name
 end
 
--- From the home form to the editor, as a person goes.
-function support.open(client, first)
+-- The client's year that begins on 1 April, as a person makes it. `between` is called when its first
+-- date was entered.
+function support.create_year(client, first, between)
+  local home = quillet.show("third")
+  home:press("Escape")
+  home.mnucreate:click()
+  home.ClGrd1:pick(client)
+  home.ClGrd1:dblclick()
+  home.MaskEdBox1:type("0104" .. first)
+  home.MaskEdBox1:press("Enter")
+  if between then between() end
+  home.MaskEdBox2:type("3103" .. first + 1)
+  home.MaskEdBox2:press("Enter")
+end
+
+-- The client's years, to be opened.
+function support.list_years(client)
   local home = quillet.show("third")
   home:press("Escape")
   home.mnualter:click()
   home.ClGrd1:pick(client)
   home.ClGrd1:dblclick()
+  return home
+end
+
+-- From the home form to the editor, as a person goes.
+function support.open(client, first)
+  local home = support.list_years(client)
   home.flexgrid2:pick("01/04/" .. first)
   home.flexgrid2:dblclick()
   return assert(quillet.form("frmcrtb"), "the editor is not open")
@@ -76,6 +97,16 @@ function support.voucher_line(journal, i, side, ledger, group, amount)
   local box = side == "By" and journal.txtdramt[i] or journal.txtcramt[i]
   box:type(amount)
   box:press("Enter")
+end
+
+-- A client with the year 2008 of two lines, open in the editor.
+function support.two_lines()
+  quillet.add_client { code = "C1", name = "Rao Textiles" }
+  support.year("C1", 2008, 1)
+  local editor = support.open("C1", 2008)
+  support.enter(editor, "Cash", "BANK BALANCES", "100", "DR")
+  support.enter(editor, "Capital", "CAPITAL ACCOUNT", "100", "CR")
+  return editor
 end
 
 function support.rows(grid)
