@@ -51,16 +51,24 @@ bool CompoundFile::isCut() const {
   return false;
 }
 
+// Small streams lie one behind the other in that of the root, the first entry of the directory.
+std::size_t CompoundFile::beginOfStream(std::string_view entry) const {
+  constexpr std::uint32_t smallest = 4096;  // of a stream that has sectors of its own
+  constexpr std::size_t smallSector = 64;
+  const auto at = static_cast<std::size_t>(entry.data() - bytes_.data());
+  const std::uint32_t first = numberAt(at + 116, 4);
+  if (numberAt(at + 120, 4) >= smallest) return beginOf(first);
+  const std::size_t root = beginOf(numberAt(48, 4));
+  return beginOf(numberAt(root + 116, 4)) + std::size_t{first} * smallSector;
+}
+
 // One of the first records of an encrypted workbook says so.
 bool CompoundFile::saysEncrypted() const {
   constexpr std::uint32_t encryption = 0x2F;
-  constexpr std::uint32_t smallest = 4096;  // of a stream that has sectors of its own
   std::string_view entry = entryOf("Workbook");
   if (entry.empty()) entry = entryOf("Book");
   if (entry.empty()) return false;
-  const auto at = static_cast<std::size_t>(entry.data() - bytes_.data());
-  if (numberAt(at + 120, 4) < smallest) return false;
-  const std::size_t begin = beginOf(numberAt(at + 116, 4));
+  const std::size_t begin = beginOfStream(entry);
   const std::size_t end = std::min(begin + sector_, bytes_.size());
   for (std::size_t record = begin; record + 4 <= end; record += 4 + numberAt(record + 2, 2)) {
     if (numberAt(record, 2) == encryption) return true;

@@ -20,6 +20,7 @@ class CompoundFile {
 
  private:
   std::string_view entryOf(std::string_view name) const;
+  std::size_t beginOfStream(std::string_view entry) const;
   std::size_t beginOf(std::uint32_t sector) const { return (std::size_t{sector} + 1) * sector_; }
   std::uint32_t numberAt(std::size_t at, std::size_t bytes) const;
 

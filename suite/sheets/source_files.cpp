@@ -15,6 +15,7 @@
 #include "import/web_table.h"
 #include "suite/sheets/content_kind.h"
 #include "suite/sheets/office_conversion.h"
+#include "suite/sheets/stored_values.h"
 #include "suite/sheets/workbook_file.h"
 
 namespace quillet::suite {
@@ -74,6 +75,17 @@ class OpenFile {
   int file_;
 };
 
+// An error of LibreOffice's own comes as the text that it shows.
+void markOwnErrors(SourceBook& book) {
+  for (SourceSheet& sheet : book.sheets) {
+    for (SourceRow& row : sheet.rows) {
+      for (SourceCell& cell : row.cells) {
+        if (isOwnError(cell.text)) cell.kind = SourceCell::Kind::error;
+      }
+    }
+  }
+}
+
 // Stored values are the file's own, but of errors only the calculated book knows.
 void keepErrors(SourceBook& stored, const SourceBook& calculated) {
   for (std::size_t i = 0; i < std::min(stored.sheets.size(), calculated.sheets.size()); ++i) {
@@ -131,6 +143,7 @@ SourceBook SourceFiles::bookIn(std::string_view bytes, const SourceOptions& opti
   const auto converted = convertedWorkbook(bytes, kind, options_, from(0, 80));
   if (!converted) return {};
   SourceBook book = workbookIn(converted->bytes, from(80, 10));
+  markOwnErrors(book);
   if (converted->stored.empty() || book.sheets.empty()) return book;
   SourceBook stored = workbookIn(converted->stored, from(90, 10));
   keepErrors(stored, book);

@@ -73,13 +73,18 @@ std::string shownIn(std::string_view content) {
   return first == text.npos ? "" : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
 }
 
+bool isOfValue(const Attribute& attribute) {
+  return attribute.name.ends_with("value") || attribute.name.ends_with("value-type");
+}
+
 // The error that the cell of a formula shows; "" when it has a value.
-std::string_view errorOf(const std::vector<Attribute>& attributes, std::string_view content) {
+std::string errorOf(const std::vector<Attribute>& attributes, std::string_view content) {
   const std::string shown = shownIn(content);
   for (const std::string_view error : errors) {
-    if (shown == error) return error;
+    if (shown == error) return shown;
   }
-  bool fails = shown.starts_with("Err:");
+  if (isOwnError(shown)) return shown;
+  bool fails = false;
   // An empty text has a type alone.
   bool stored = !shown.empty() || content.find(":Type=") != content.npos;
   for (const Attribute& each : attributes) {
@@ -93,13 +98,17 @@ std::string_view errorOf(const std::vector<Attribute>& attributes, std::string_v
 // The tag of a cell without its formula, given what stands in the cell.
 std::string withoutFormula(std::string_view tag, std::string_view content) {
   const std::vector<Attribute> attributes = attributesOf(tag);
-  const std::string_view error = errorOf(attributes, content);
+  const std::string error = errorOf(attributes, content);
+  const bool own = isOwnError(error);
   std::string result(tag);
   for (const Attribute& each : attributes) {
     const bool formula = isOne(each.name, formulaNames);
-    if (!formula && !isOne(each.name, areaNames)) continue;
+    if (!formula && !isOne(each.name, areaNames) && !(own && isOfValue(each))) continue;
     std::string kept;
-    if (formula && !error.empty()) {
+    if (formula && own) {
+      // No formula gives it: what is shown stays as a text.
+      kept = " office:value-type=\"string\"";
+    } else if (formula && !error.empty()) {
       // Which language it is in stands before it: "of:=1/0".
       const std::string language(each.value.substr(0, each.value.find('=')));
       kept = " "s.append(each.name).append("=\"").append(language).append("=").append(error) + '"';
@@ -140,6 +149,12 @@ std::string inUtf8(std::string_view bytes) {
 }
 
 }  // namespace
+
+bool isOwnError(std::string_view text) {
+  constexpr std::string_view begin = "Err:";
+  return text.starts_with(begin) && text.size() > begin.size() &&
+         text.find_first_not_of("0123456789", begin.size()) == text.npos;
+}
 
 std::string withStoredValues(std::string_view bytes, ContentKind kind) {
   if (kind != ContentKind::openDocument) return xmlWithStoredValues(inUtf8(bytes));

@@ -44,9 +44,10 @@ class SourceFilesTest : public ::testing::Test {
   static SourceBook read(const std::string& path, const suite::CalcOptions& calc = {"/no/helper"}) {
     return suite::SourceFiles(calc).file(path, {}, [](int) { return true; });
   }
-  static std::string reasonOf(const std::string& path) {
+  static std::string reasonOf(const std::string& path,
+                              const suite::CalcOptions& calc = {"/no/helper"}) {
     try {
-      read(path);
+      read(path, calc);
     } catch (const SourceError& error) {
       return error.what();
     }
@@ -217,30 +218,37 @@ TEST_F(OfficeFilesTest, WorkbooksOfEveryKindSayTheSame) {
   EXPECT_EQ(shown(read(written(flat, "xlsx"))), sameCells);
   EXPECT_EQ(shown(read(document, calc_)), sameCells);
 
-  // A formula counts by its stored value, even a wrong one.
+  // A formula counts by its stored value, even a wrong one, and by an error of LibreOffice's own.
   const auto binary = [](double number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
   };
   const auto changed = [](std::string_view bytes) {
     const std::string text = replacedAll(std::string(bytes), "\"1234067.5\"", "\"42\"");
-    return replacedAll(text, ">1234067.5<", ">42<");
+    return replacedAll(replacedAll(text, ">1234067.5<", ">42<"), ">#DIV/0!<", ">Err:522<");
   };
   const std::string old = contentOf(written(flat, "xls"));
   const std::string changedOld = replacedAll(old, binary(1234067.5), binary(42));
   const std::string changedCells = replacedAll(sameCells, "1234067.5", "42");
+  EXPECT_EQ(shown(read(write("changed.xls", changedOld), calc_)), changedCells);
   const std::string files[] = {
-      write("changed.xls", changedOld),
       write("changed.ods", suite::ZipFile(contentOf(document)).with("content.xml", changed)),
       write("changed.fods", changed(flatDocument))};
   for (const std::string& file : files) {
-    EXPECT_EQ(shown(read(file, calc_)), changedCells) << file;
+    EXPECT_EQ(shown(read(file, calc_)), replacedAll(changedCells, "#DIV/0!", "Err:522")) << file;
   }
   // It is written without formats.
   const std::string xml = changed(contentOf(written(flat, "xml:'MS Excel 2003 XML'")));
   const std::string cells = shown(read(write("changed.xml", xml), calc_));
-  EXPECT_NE(cells.find("4 [n 42] [e #"), std::string::npos) << cells;
+  EXPECT_NE(cells.find("4 [n 42] [e Err:522]"), std::string::npos) << cells;
   EXPECT_NE(reasonOf(write("cut.xls", old.substr(0, old.size() - 1024))).find("cut off"),
             std::string::npos);
+  // The second record of a locked one says so, with what the password is compared with.
+  std::string locked = old;
+  const auto second = old.find("\xE1\0\x02\0"s);
+  ASSERT_NE(second, std::string::npos);
+  locked.replace(second, 58, "\x2F\0\x36\0\1\0\1\0\1\0"s + std::string(48, 'x'));
+  const std::string reason = reasonOf(write("locked.xls", locked), calc_);
+  EXPECT_NE(reason.find("is locked by a password"), std::string::npos) << reason;
 }
 
 TEST_F(OfficeFilesTest, AnEndedConversionLeavesNothingBehind) {
