@@ -1,7 +1,7 @@
 // Entering many lines at once: all of them or none.
 #include "books/line_import.h"
 
-#include <chrono>
+#include <ctime>
 
 #include "controls/acts.h"
 #include "data/errors.h"
@@ -91,10 +91,11 @@ TEST_F(LineImportTest, EntersThousandsOfNewLedgersInSeconds) {
   for (int i = 0; i < 5000; ++i) {
     lines.push_back({0, "Ledger " + std::to_string(i), banks_, Money::ofPaise(i + 1)});
   }
-  const auto before = std::chrono::steady_clock::now();
+  // Of the processor, so that other programs do not count.
+  const std::clock_t before = std::clock();
   EXPECT_EQ(run(lines), ImportEnd::done);
   // Quadratic work takes minutes.
-  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(20));
+  EXPECT_LT(std::clock() - before, 20 * CLOCKS_PER_SEC);
   EXPECT_EQ(value("select count(*) from " + table_ + " where code_no='C1'"), "5003");
 }
 
