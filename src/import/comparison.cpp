@@ -29,15 +29,17 @@ std::vector<Difference> compareWithYear(const Proposals& proposals, const KnownB
     if (isFirst) order.push_back(pair);
   }
   std::vector<Difference> differences;
-  for (const ProposedLine& line : linesToEnter(proposals)) {
+  for (const LineToEnter& entered : proposals.toEnter) {
+    const ProposedLine& line = proposals.lines[entered.line];
+    const Money after = entered.balance;
     const auto found = line.partId == 0 ? standing.end() : standing.find(line.pair());
     const bool stands = found != standing.end();
     // What comes to nothing changes only what stands.
-    if (!stands && line.balance.isZero()) continue;
+    if (!stands && after.isZero()) continue;
     const Money before = stands ? found->second : Money();
-    const Kind kind = !stands ? Kind::isNew : before == line.balance ? Kind::same : Kind::changed;
-    differences.push_back({kind, line.row, line.ledger, line.group, line.pair(), before,
-                           line.balance, kind != Kind::same});
+    const Kind kind = !stands ? Kind::isNew : before == after ? Kind::same : Kind::changed;
+    differences.push_back(
+        {kind, line.row, line.ledger, line.group, line.pair(), before, after, kind != Kind::same});
   }
   std::set<LedgerGroup> inSource;
   for (const ProposedLine& line : proposals.lines) inSource.insert(line.pair());

@@ -77,12 +77,19 @@ NearestNames::NearestNames(std::vector<NamedId> names) : names_(std::move(names)
 }
 
 NearestNames::Found NearestNames::find(std::string_view name) const {
+  const auto [asked, isNew] = asked_.try_emplace(std::string(name));
+  if (isNew) asked->second = search(name);
+  const Place place = asked->second;
+  return place.distance == Distance::none ? Found{} : Found{place.distance, names_[place.name]};
+}
+
+NearestNames::Place NearestNames::search(std::string_view name) const {
   if (const auto same = same_.find(nameKey(name)); same != same_.end()) {
-    return {Distance::same, names_[same->second]};
+    return {Distance::same, same->second};
   }
   const std::string key = alikeKey(name);
   if (const auto alike = alike_.find(key); alike != alike_.end()) {
-    return {Distance::alike, names_[alike->second]};
+    return {Distance::alike, alike->second};
   }
   const std::u32string letters = charactersOf(key);
   if (letters.size() < shortest) return {};
@@ -91,8 +98,7 @@ NearestNames::Found NearestNames::find(std::string_view name) const {
   for (const std::uint64_t hash : reductionsOf(letters)) {
     auto at = std::lower_bound(reduced_.begin(), reduced_.end(), Reduced{hash, 0});
     for (; at != reduced_.end() && at->hash == hash; ++at) {
-      const NamedId& found = names_[at->name];
-      if (digitsIn(found.name) == digits) return {Distance::near, found};
+      if (digitsIn(names_[at->name].name) == digits) return {Distance::near, at->name};
     }
   }
   return {};

@@ -27,7 +27,8 @@ class NearestNames {
 
   explicit NearestNames(std::vector<NamedId> names);
 
-  // The one written just so first, then the first of the nearest.
+  // The one written just so first, then the first of the nearest. What was asked is kept: each
+  // choice in a review asks for the same names again.
   Found find(std::string_view name) const;
 
  private:
@@ -39,10 +40,17 @@ class NearestNames {
   };
   static std::vector<std::uint64_t> reductionsOf(std::u32string_view letters);
 
+  struct Place {
+    Distance distance = Distance::none;
+    std::size_t name = 0;
+  };
+  Place search(std::string_view name) const;
+
   std::vector<NamedId> names_;
   std::unordered_map<std::string, std::size_t> same_;
   std::unordered_map<std::string, std::size_t> alike_;
   std::vector<Reduced> reduced_;
+  mutable std::unordered_map<std::string, Place> asked_;
 };
 
 // The same text for names that are alike.

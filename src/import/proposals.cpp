@@ -108,6 +108,23 @@ class Proposing {
   std::unordered_map<std::string, std::pair<std::string, int>> newNames_;
 };
 
+std::vector<LineToEnter> linesToEnter(const std::vector<ProposedLine>& lines) {
+  std::vector<LineToEnter> entered;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const ProposedLine& line = lines[i];
+    if (!line.taken || line.unread) continue;
+    if (line.doubleOf == 0) {
+      entered.push_back({i, line.balance});
+      continue;
+    }
+    const auto first = std::lower_bound(
+        entered.begin(), entered.end(), line.doubleOf,
+        [&](const LineToEnter& each, int row) { return lines[each.line].row < row; });
+    first->balance += line.balance;
+  }
+  return entered;
+}
+
 }  // namespace
 
 KnownBooks::KnownBooks(std::vector<NamedId> ledgerList, std::vector<NamedId> groupList)
@@ -157,26 +174,12 @@ Proposals propose(const ImportRows& rows, const KnownBooks& books, const RowChoi
   proposals.ledgers = rows.ledgers;
   proposals.source = rows.stated.value_or(rows.ledgers);
   proposals.explained = rows.explained;
-  for (const ProposedLine& line : linesToEnter(proposals)) {
+  proposals.toEnter = linesToEnter(proposals.lines);
+  for (const LineToEnter& line : proposals.toEnter) {
     (line.balance < Money() ? proposals.entered.credit : proposals.entered.debit) +=
         abs(line.balance);
   }
   return proposals;
-}
-
-std::vector<ProposedLine> linesToEnter(const Proposals& proposals) {
-  std::vector<ProposedLine> lines;
-  std::unordered_map<std::string, std::size_t> places;
-  for (const ProposedLine& line : proposals.lines) {
-    if (!line.taken || line.unread) continue;
-    const auto [place, isFirst] = places.emplace(pairKey(line), lines.size());
-    if (isFirst) {
-      lines.push_back(line);
-    } else {
-      lines[place->second].balance += line.balance;
-    }
-  }
-  return lines;
 }
 
 }  // namespace quillet

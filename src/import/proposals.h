@@ -80,19 +80,23 @@ struct ProposedLine {
   LedgerGroup pair() const { return {partId, allId}; }
 };
 
+// What is to stand of a ledger in a group; doubles are added up.
+struct LineToEnter {
+  std::size_t line = 0;  // the first of them among the proposed ones
+  Money balance;
+};
+
 struct Proposals {
   std::vector<ProposedLine> lines;  // of the rows that are ledgers, errors included
-  SideTotals source;                // the source's own total, else the sum of its ledgers
-  SideTotals ledgers;               // of the rows that are ledgers
-  bool explained = true;            // they add up to the source's total
-  SideTotals entered;               // of what is taken; doubles are added up
+  // In the order of the source. An amount of zero is to leave nothing.
+  std::vector<LineToEnter> toEnter;
+  SideTotals source;      // the source's own total, else the sum of its ledgers
+  SideTotals ledgers;     // of the rows that are ledgers
+  bool explained = true;  // they add up to the source's total
+  SideTotals entered;     // of what is to be entered
   bool balanced() const { return entered.difference().isZero(); }
 };
 
 Proposals propose(const ImportRows& rows, const KnownBooks& books, const RowChoices& choices);
-
-// What is to stand, in the order of the source: taken lines, those of the same ledger and group as
-// one. An amount of zero is to leave nothing.
-std::vector<ProposedLine> linesToEnter(const Proposals& proposals);
 
 }  // namespace quillet

@@ -49,7 +49,7 @@ std::vector<Refusal> refusalsOf(const Mapping& mapping, const ImportRows& rows,
                                 const Proposals& proposals, bool differenceConfirmed) {
   if (const std::string problem = problemOf(mapping); !problem.empty()) return {{0, problem}};
   std::vector<Refusal> refusals;
-  if (linesToEnter(proposals).empty()) refusals.push_back({0, "There is nothing to import."});
+  if (proposals.toEnter.empty()) refusals.push_back({0, "There is nothing to import."});
   const std::string difference = differenceOf(proposals);
   if (!difference.empty() && !differenceConfirmed) refusals.push_back({0, difference});
   auto line = proposals.lines.begin();
