@@ -155,32 +155,39 @@ ControlView* FormViews::viewOf(HWND window) const {
 
 // --- their places -------------------------------------------------------------------------------
 
-Piece FormViews::pieceOf(const LayoutItem& node) const {
+Piece FormViews::pieceOf(const LayoutItem& node, const Metrics& metrics) const {
   Piece piece;
   const auto found = views_.find(node.id);
   if (found == views_.end()) return piece;
   const Placed& placed = found->second;
-  const int step = metrics_->step();
+  const int step = metrics.step();
   piece.present = node.control->visible();
-  piece.labelWidth = placed.label ? metrics_->widthOf(wide(placed.labelText), false) : 0;
+  piece.labelWidth = placed.label ? metrics.widthOf(wide(placed.labelText), false) : 0;
   if (node.kind == LayoutItem::Kind::frame) {
     const LONG margin = 3 * step / 2;
     if (!node.control->caption().empty()) {
-      piece.inside = {margin, metrics_->line() + margin, margin, margin};
+      piece.inside = {margin, metrics.line() + margin, margin, margin};
     }
     return piece;
   }
-  piece.wanted = piece.least = placed.view->wantedSize(*metrics_);
+  piece.wanted = piece.least = placed.view->wantedSize(metrics);
   if (dynamic_cast<const Label*>(node.control)) {
     piece.least.cx = 0;  // a long text is cut rather than widening the window
   } else if (view::isTable(node) && !view::hasFixedHeight(node)) {
-    piece.least.cy = std::min<LONG>(piece.wanted.cy, 4 * metrics_->row());
+    piece.least.cy = std::min<LONG>(piece.wanted.cy, 4 * metrics.row());
   }
   return piece;
 }
 
-SIZE FormViews::place(const RECT& room) {
-  const Layout::PieceOf pieces = [this](const LayoutItem& node) { return pieceOf(node); };
+SIZE FormViews::bare(const Metrics& metrics) const {
+  const Layout::PieceOf pieces = [&](const LayoutItem& node) { return pieceOf(node, metrics); };
+  return Layout(form_.arrangement(), metrics, pieces).bare();
+}
+
+FormViews::Needs FormViews::place(const RECT& room) {
+  const Layout::PieceOf pieces = [this](const LayoutItem& node) {
+    return pieceOf(node, *metrics_);
+  };
   const Layout layout(form_.arrangement(), *metrics_, pieces);
   std::vector<Move> moves;
   for (const Placement& placement : layout.place(room)) {
@@ -188,7 +195,7 @@ SIZE FormViews::place(const RECT& room) {
     if (found != views_.end()) put(found->second, placement, moves);
   }
   perform(moves);
-  return layout.least();
+  return {layout.least(), layout.bare()};
 }
 
 void FormViews::put(Placed& placed, const Placement& placement, std::vector<Move>& moves) {

@@ -29,8 +29,14 @@ class FormViews {
   void arrange();
   void setMetrics(const Metrics& metrics);
   void refresh();
-  // Puts all that is shown where it belongs; returns the least room in which nothing is cut.
-  SIZE place(const RECT& room);
+  struct Needs {
+    SIZE least{};  // nothing is cut
+    SIZE bare{};   // names are narrower than they should be
+  };
+  // Puts all that is shown where it belongs, and tells what room that needs.
+  Needs place(const RECT& room);
+  // The least room that it could do with in these fonts.
+  SIZE bare(const Metrics& metrics) const;
   // Controls of Windows are told by their parent that colours or fonts of the system changed.
   void systemChanged(UINT message, WPARAM wide, LPARAM longer);
   void detach();
@@ -57,7 +63,7 @@ class FormViews {
   static void perform(const std::vector<Move>& moves);
   void setLabel(Placed& placed, const std::string& text);
   void order(const LayoutItem& node, HWND& below);
-  Piece pieceOf(const LayoutItem& node) const;
+  Piece pieceOf(const LayoutItem& node, const Metrics& metrics) const;
   static void put(Placed& placed, const Placement& placement, std::vector<Move>& moves);
 
   Form& form_;

@@ -6,21 +6,9 @@
 
 #include "windows/com/text.h"
 #include "windows/ui/dpi.h"
-#include "windows/ui/extents.h"
-#include "windows/ui/kept_window.h"
 #include "windows/ui/window_text.h"
 
 namespace quillet::windows {
-
-// No exception passes into Windows.
-template <class Body>
-void FormWindow::guarded(Body&& body) noexcept {
-  try {
-    body();
-  } catch (...) {
-    failed();
-  }
-}
 
 void FormWindow::failed() noexcept {
   if (!detached_) reportTrapped(form_, "WINDOW");
@@ -72,6 +60,7 @@ void FormWindow::draw() {
     showCues(cuesShown_);
   }
   place();
+  fitFonts();
   views_->refresh();
   lists_->refresh(*views_);
 }
@@ -79,7 +68,7 @@ void FormWindow::draw() {
 void FormWindow::place() {
   RECT room{};
   GetClientRect(window(), &room);
-  least_ = views_->place(room);
+  needs_ = views_->place(room);
 }
 
 void FormWindow::followFocus() {
@@ -90,82 +79,6 @@ void FormWindow::followFocus() {
   } else if (!active->hasFocus()) {
     active->takeFocus();
   }
-}
-
-void FormWindow::takeFonts(UINT dpi) {
-  auto metrics = std::make_unique<Metrics>(dpi, font_);
-  views_->setMetrics(*metrics);
-  lists_->setMetrics(*metrics);
-  metrics_ = std::move(metrics);
-  place();
-  lists_->refresh(*views_);
-}
-
-// --- size and place -----------------------------------------------------------------------------
-
-void FormWindow::takeSize(HWND beside, const FormWindows::Place& wanted) {
-  const RECT area = workArea(beside);
-  place();
-  const SIZE border = bordersOf(window());
-  const RECT usual = usualPlace(form_.size, area);
-  const LONG width =
-      std::min(area.right - area.left, std::max(usual.right - usual.left, least_.cx + border.cx));
-  const LONG height =
-      std::min(area.bottom - area.top, std::max(usual.bottom - usual.top, least_.cy + border.cy));
-  MoveWindow(window(), static_cast<int>((area.left + area.right - width) / 2),
-             static_cast<int>((area.top + area.bottom - height) / 2), static_cast<int>(width),
-             static_cast<int>(height), FALSE);
-  moveTo(wanted);
-}
-
-void FormWindow::moveTo(const FormWindows::Place& place) {
-  const Metrics::Wish font{form_.size.font, place.fontPoints, place.fontName};
-  if (!(font == font_)) {
-    font_ = font;
-    guarded([&] { takeFonts(dpiOf(window())); });
-  }
-  if (!place.left && !place.top && !place.width && !place.height) return;
-  RECT now{};
-  GetWindowRect(window(), &now);
-  const LONG left = place.left.value_or(now.left);
-  const LONG top = place.top.value_or(now.top);
-  const RECT wanted = withinReach({left, top, left + place.width.value_or(now.right - now.left),
-                                   top + place.height.value_or(now.bottom - now.top)});
-  MoveWindow(window(), wanted.left, wanted.top, wanted.right - wanted.left,
-             wanted.bottom - wanted.top, TRUE);
-  if (const auto reached = placeOf(window())) given_ = reached->bounds;
-}
-
-void FormWindow::restore() {
-  if (const auto place = placeOf(window())) given_ = place->bounds;
-  const auto kept = windows_.keptPlaces().place(form_.name());
-  if (!kept) return;
-  restorePlace(window(), *kept);
-  maximizes_ = kept->maximized;
-}
-
-void FormWindow::keepPlace() noexcept {
-  guarded([&] {
-    view::KeptPlaces& kept = windows_.keptPlaces();
-    const auto now = placeOf(window());
-    const bool moved = now && (now->maximized || now->bounds != given_);
-    if (now && (moved || kept.isKept(form_.name()))) kept.keepPlace(form_.name(), *now);
-    kept.keepWidths();
-  });
-}
-
-void FormWindow::bound(MINMAXINFO& bounds) const {
-  const RECT area = workArea(window());
-  const SIZE border = bordersOf(window());
-  bounds.ptMinTrackSize = {std::min(least_.cx + border.cx, area.right - area.left),
-                           std::min(least_.cy + border.cy, area.bottom - area.top)};
-}
-
-void FormWindow::resized(WPARAM how) {
-  if (how == SIZE_MINIMIZED) return;
-  place();
-  lists_->refresh(*views_);
-  windows_.perform([&] { form_.resized(); });
 }
 
 // --- coming and going ---------------------------------------------------------------------------

@@ -63,6 +63,8 @@ class FormWindow : private TopWindow {
   void draw();
   void place();
   void takeFonts(UINT dpi);
+  void fitFonts();
+  SIZE mostRoom() const;
   void takeSize(HWND beside, const FormWindows::Place& place);
   void restore();
   void followFocus();
@@ -80,13 +82,23 @@ class FormWindow : private TopWindow {
   std::optional<Covered> covered_;
   view::AccessKeys access_;
   KeyReader keys_;
-  SIZE least_{};        // of the client area
-  view::Bounds given_;  // where it was put before a person came to it
+  FormViews::Needs needs_;  // of the client area
+  view::Bounds given_;      // where it was put before a person came to it
   unsigned drawn_ = 0;
   unsigned arranged_ = 0;
   bool maximizes_ = false;  // when it is shown first
   bool cuesShown_ = true;
   bool detached_ = false;
 };
+
+// No exception passes into Windows.
+template <class Body>
+void FormWindow::guarded(Body&& body) noexcept {
+  try {
+    body();
+  } catch (...) {
+    failed();
+  }
+}
 
 }  // namespace quillet::windows

@@ -29,7 +29,10 @@ GridView::GridView(Grid& grid, view::ActionRunner& runner, HWND parent)
 
 SIZE GridView::wantedSize(const Metrics& metrics) const {
   const int rows = grid_.fixedRows();
-  return {metrics.characters(20), list_.heightOf(rows > 0 ? rows : 3)};
+  const int height = list_.heightOf(rows > 0 ? rows : 3);
+  const bool other = this->metrics() && this->metrics()->row() != metrics.row();
+  return {metrics.characters(20),
+          other ? MulDiv(height, metrics.row(), this->metrics()->row()) : height};
 }
 
 void GridView::metricsChanged() { list_.setMetrics(*metrics()); }

@@ -71,6 +71,8 @@ SIZE Layout::least() const {
   return {root_.least.cx + 4 * step, root_.least.cy + 7 * step / 2};
 }
 
+SIZE Layout::bare() const { return {root_.bare + 4 * metrics_.step(), least().cy}; }
+
 std::vector<Placement> Layout::place(const RECT& room) const {
   const int step = metrics_.step();
   std::vector<Placement> placed;

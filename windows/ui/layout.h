@@ -37,6 +37,8 @@ class Layout {
 
   // The least room in which nothing is cut.
   SIZE least() const;
+  // The least that it can be squeezed to, its names narrower than they should be.
+  SIZE bare() const;
   // From the first control to the last; those that are not shown are left out.
   std::vector<Placement> place(const RECT& room) const;
 

@@ -18,6 +18,7 @@ LOGFONTW fontWanted(UINT dpi, const Metrics::Wish& wish) {
   } else {
     font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * wish.factor));
   }
+  font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * wish.shrunk));
   if (font.lfHeight == 0) font.lfHeight = -1;
   const std::wstring name = wide(wish.name);
   if (!name.empty() && name.size() < LF_FACESIZE) std::wcscpy(font.lfFaceName, name.c_str());

@@ -16,6 +16,7 @@ class Metrics {
     double factor = 1;             // the form's
     std::optional<double> points;  // the host's
     std::string name;              // the host's, "" for the system's font
+    double shrunk = 1;             // on a monitor that has no room for it
     bool operator==(const Wish&) const = default;
   };
   Metrics(UINT dpi, const Wish& wish);

@@ -2,6 +2,7 @@
 
 #include <dispex.h>
 
+#include "windows/com/counted.h"
 #include "windows/com/variant.h"
 
 namespace quillet::fakes {
@@ -9,23 +10,10 @@ namespace {
 
 using windows::Pointer;
 
-class ScriptObject : public IDispatch {
+class ScriptObject final : public windows::Counted<IDispatch> {
  public:
   explicit ScriptObject(Pointer<IDispatchEx> object) : object_(std::move(object)) {}
 
-  STDMETHODIMP QueryInterface(REFIID interfaceId, void** object) override {
-    const bool known = interfaceId == IID_IUnknown || interfaceId == IID_IDispatch;
-    *object = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {
     *count = 0;
     return S_OK;
@@ -48,9 +36,7 @@ class ScriptObject : public IDispatch {
   }
 
  private:
-  virtual ~ScriptObject() = default;
   Pointer<IDispatchEx> object_;
-  ULONG references_ = 1;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 
+#include "windows/com/counted.h"
 #include "windows/com/errors.h"
 
 namespace quillet::fakes {
@@ -13,23 +14,10 @@ namespace {
 
 using windows::Pointer;
 
-class Factory : public IClassFactory {
+class Factory final : public windows::Counted<IClassFactory> {
  public:
   explicit Factory(const Class& made) : made_(made) {}
 
-  STDMETHODIMP QueryInterface(REFIID interfaceId, void** object) override {
-    const bool known = interfaceId == IID_IUnknown || interfaceId == IID_IClassFactory;
-    *object = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID interfaceId, void** object) override {
     *object = nullptr;
     if (outer) return CLASS_E_NOAGGREGATION;
@@ -41,9 +29,7 @@ class Factory : public IClassFactory {
   STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
  private:
-  virtual ~Factory() = default;
   const Class& made_;
-  ULONG references_ = 1;
 };
 
 std::wstring textOf(REFGUID id) {

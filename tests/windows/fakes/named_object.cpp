@@ -14,22 +14,6 @@ VARIANT& Call::operator[](std::size_t i) const {
   return *arguments[i];
 }
 
-STDMETHODIMP NamedObject::QueryInterface(REFIID interfaceId, void** object) {
-  const bool known = interfaceId == IID_IUnknown || interfaceId == IID_IDispatch;
-  *object = known ? this : nullptr;
-  if (!known) return E_NOINTERFACE;
-  AddRef();
-  return S_OK;
-}
-
-STDMETHODIMP_(ULONG) NamedObject::AddRef() { return ++references_; }
-
-STDMETHODIMP_(ULONG) NamedObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
-
 STDMETHODIMP NamedObject::GetTypeInfoCount(UINT* count) {
   *count = 0;
   return S_OK;

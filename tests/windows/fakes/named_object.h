@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "windows/com/counted.h"
 #include "windows/com/variant.h"
 
 namespace quillet::fakes {
@@ -29,29 +30,20 @@ struct Call {
   long integer(std::size_t i) const { return windows::asLong((*this)[i]); }
 };
 
-class NamedObject : public IDispatch {
+class NamedObject : public windows::Counted<IDispatch> {
  public:
-  STDMETHODIMP QueryInterface(REFIID interfaceId, void** object) override;
-  STDMETHODIMP_(ULONG) AddRef() override;
-  STDMETHODIMP_(ULONG) Release() override;
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
   STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override;
   STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
   STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
                       EXCEPINFO* exception, UINT*) override;
 
-  NamedObject() = default;
-  NamedObject(const NamedObject&) = delete;
-  NamedObject& operator=(const NamedObject&) = delete;
-
  protected:
-  virtual ~NamedObject() = default;
   // The member's own spelling of a name in any; "" when there is no such member.
   virtual std::string spelling(const std::string& name) const = 0;
   virtual Variant called(const Call& call) = 0;
 
  private:
-  ULONG references_ = 1;
   std::vector<std::string> asked_;  // an id is a position here, from 1
 };
 

@@ -60,6 +60,48 @@ TEST(Layout, GivesTheRoomOfAHiddenControlToTheOthers) {
   EXPECT_EQ(leftOf(L"S&end"), before);
 }
 
+bool showsItsText(HWND button) {
+  wchar_t text[40]{};
+  GetWindowTextW(button, text, 40);
+  const HDC paper = GetDC(button);
+  SelectObject(paper, reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0)));
+  RECT wanted{};
+  DrawTextW(paper, text, -1, &wanted, DT_CALCRECT | DT_SINGLELINE);
+  ReleaseDC(button, paper);
+  RECT room{};
+  GetClientRect(button, &room);
+  return wanted.right < room.right && wanted.bottom < room.bottom;
+}
+
+TEST(Layout, MakesLettersSmallerOnAMonitorWithoutRoomForThem) {
+  Desk desk;
+  SampleForm form(desk.forms);
+  const HWND window = desk.show(form);
+  const HWND label = FindWindowExW(window, nullptr, L"Static", L"&Particular");
+  const auto lettersAt = [&](WORD dpi) {
+    const RECT all{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&all));
+    RECT inside{};
+    GetClientRect(window, &inside);
+    for (const Found& one : shownIn(window)) {
+      RECT common{};
+      EXPECT_TRUE(UnionRect(&common, &inside, &one.room) && EqualRect(&common, &inside)) << dpi;
+    }
+    for (const wchar_t* text : {L"&Save", L"S&end", L"Stop &it", L"Start &it"}) {
+      EXPECT_TRUE(showsItsText(FindWindowExW(window, nullptr, L"Button", text))) << dpi;
+    }
+    RECT room{};
+    GetClientRect(label, &room);
+    return room.bottom;
+  };
+  const LONG usual = lettersAt(96);
+  EXPECT_NEAR(lettersAt(144), usual * 3 / 2, 3);
+  const LONG crowded = lettersAt(480);
+  EXPECT_GT(crowded, usual);
+  EXPECT_LT(crowded, usual * 4);
+  EXPECT_EQ(lettersAt(96), usual);
+}
+
 TEST(Place, OfAHostHoldsBeforeAndAfterTheWindowIsThere) {
   Desk desk;
   SampleForm form(desk.forms);
