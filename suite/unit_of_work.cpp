@@ -289,7 +289,7 @@ void UnitOfWork::commit() {
   open_ = false;
   if (turns_) turns_->stored();
   if (log_ != nullptr) log_->ended(true);
-  if (onKept) onKept();
+  if (onKept && (wrote_ || !turns_)) onKept();
 }
 
 void UnitOfWork::keep() {

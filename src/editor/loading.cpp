@@ -248,6 +248,8 @@ void frmcrtb::booksMoved(bool masters) {
     LOADPARTICULARS();
     LOADGROUPS();
   }
+  logErrors("BOOKSMOVED", [&] { books_.lookAtLocks(lbllock); });
+  SETBUTTON();
   // Where nobody else may change the lines, only their names can have changed.
   if (masters || books_.locked(books_.years.yearInView())) refreshShownLines();
 }

@@ -43,7 +43,7 @@ bool StationTurns::stillTrue() {
 void StationTurns::take() {
   const TurnCount before = known_;
   note(turn_.take());
-  if (before != known_ && !stillTrue()) {
+  if (before.acts != known_.acts && !stillTrue()) {
     throw RunTimeError(changedMeanwhile,
                        "The books were changed by somebody else at the same moment. What is shown "
                        "now is as they stand; please look, and do it again.",
@@ -58,7 +58,7 @@ bool StationTurns::takeAgain(const std::function<void(const std::string& sql)>& 
 
 void StationTurns::pass(bool masters) {
   turn_.pass(masters);
-  passed_ = {known_.acts + 1, known_.masters + (masters ? 1 : 0)};
+  passed_ = {known_.acts + 1, known_.masters + (masters ? 1 : 0), known_.presence};
   passing_ = true;
 }
 

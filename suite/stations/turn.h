@@ -2,7 +2,8 @@
 // before its first read to its commit, so that stations act one after the other; the row counts
 // what they did.
 //
-// Readers do not wait. The count tells them whether anything changed since they looked.
+// Readers do not wait. The count tells them whether anything changed since they looked. A second
+// row counts what happened to the presence of stations, which waits for nobody either.
 #pragma once
 
 #include "suite/database.h"
@@ -12,7 +13,8 @@ namespace quillet::suite {
 // How many acts have changed the books.
 struct TurnCount {
   long acts = 0;
-  long masters = 0;  // those of them that changed what all years share
+  long masters = 0;   // those of them that changed what all years share
+  long presence = 0;  // how often a station left a year or took one over
   bool operator==(const TurnCount&) const = default;
 };
 
@@ -26,6 +28,8 @@ class Turn {
   TurnCount read() { return count(""); }
   // Within a transaction: waits until no other station has the turn, and keeps it to the end.
   TurnCount take() { return count(" for update"); }
+  // A station left a year, or took it over.
+  static constexpr const char* stir = "update SuiteTurn set Acts=Acts+1 where Id=2";
   // Ahead of the commit.
   void pass(bool masters);
 

@@ -48,6 +48,7 @@ void YearPresence::remove(const Year& year) noexcept {
   try {
     unit_.executeAside("delete from SuitePresence where Station='" + unit_.escape(station_) +
                        "' and " + conditionOf(year));
+    unit_.executeAside(Turn::stir);
   } catch (const std::exception&) {
     // It is heard of no more, and so the year is free before long.
   }
@@ -78,6 +79,7 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
   const Year year{client, secondDate};
   unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
   if (held_.contains(year)) insert(year);
+  unit_.executeAside(Turn::stir);
 }
 
 // Those in which this station is present.
