@@ -19,6 +19,25 @@ void FormWindow::fitFonts() {
   if (fittingPart(*views_, mostRoom(), dpi, font_) != before) takeFonts(dpi);
 }
 
+// It shows more than its window has room for: both years, another page.
+void FormWindow::grow() {
+  const auto now = placeOf(window());
+  if (!now || now->maximized) return;
+  const SIZE border = bordersOf(window());
+  const RECT area = workArea(window());
+  const view::Bounds room{area.left, area.top, area.right - area.left, area.bottom - area.top};
+  view::Bounds wanted = now->bounds;
+  wanted.width =
+      std::max<int>(wanted.width, std::min<int>(room.width, needs_.least.cx + border.cx));
+  wanted.height =
+      std::max<int>(wanted.height, std::min<int>(room.height, needs_.least.cy + border.cy));
+  if (wanted.width == now->bounds.width && wanted.height == now->bounds.height) return;
+  wanted = view::within(wanted, room);
+  // Nobody moved it: it opens again as it was designed.
+  if (now->bounds == given_) given_ = wanted;
+  MoveWindow(window(), wanted.left, wanted.top, wanted.width, wanted.height, TRUE);
+}
+
 // What its monitor has for the inside of the window.
 SIZE FormWindow::mostRoom() const {
   const RECT area = workArea(window());

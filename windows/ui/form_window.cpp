@@ -61,6 +61,7 @@ void FormWindow::draw() {
   }
   place();
   fitFonts();
+  grow();
   views_->refresh();
   lists_->refresh(*views_);
 }

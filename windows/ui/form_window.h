@@ -64,6 +64,7 @@ class FormWindow : private TopWindow {
   void place();
   void takeFonts(UINT dpi);
   void fitFonts();
+  void grow();
   SIZE mostRoom() const;
   void takeSize(HWND beside, const FormWindows::Place& place);
   void restore();

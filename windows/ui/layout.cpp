@@ -55,10 +55,9 @@ int reduce(std::vector<int>& sizes, const std::vector<int>& least, int missing) 
   return missing;
 }
 
-// Names can be read in a narrow box, figures hardly, and a button not at all.
+// Names can be read in a narrow box, figures and buttons not at all.
 LONG bareWidth(const LayoutItem& node, LONG least) {
-  if (node.stretch > 0 || view::isTable(node)) return least / 3;
-  return view::isLine(node) ? least * 3 / 4 : least;
+  return node.stretch > 0 || view::isTable(node) ? least / 3 : least;
 }
 
 }  // namespace

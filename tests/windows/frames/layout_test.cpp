@@ -58,6 +58,17 @@ TEST(Layout, GivesTheRoomOfAHiddenControlToTheOthers) {
   const LONG before = leftOf(L"&Save");
   desk.windows.perform([&] { form.save.setVisible(false); });
   EXPECT_EQ(leftOf(L"S&end"), before);
+
+  // A window without room for it grows with it.
+  MoveWindow(window, 0, 0, 100, 100, TRUE);
+  desk.windows.perform([&] { form.save.setVisible(true); });
+  RECT inside{};
+  GetClientRect(window, &inside);
+  EXPECT_EQ(shownIn(window).size(), 9U);
+  for (const Found& one : shownIn(window)) {
+    RECT common{};
+    EXPECT_TRUE(UnionRect(&common, &inside, &one.room) && EqualRect(&common, &inside));
+  }
 }
 
 bool showsItsText(HWND button) {
