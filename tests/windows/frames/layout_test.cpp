@@ -61,7 +61,10 @@ TEST(Layout, GivesTheRoomOfAHiddenControlToTheOthers) {
 
   // A window without room for it grows with it.
   MoveWindow(window, 0, 0, 100, 100, TRUE);
-  desk.windows.perform([&] { form.save.setVisible(true); });
+  desk.windows.perform([&] {
+    form.save.setCaption(std::string(80, 'm'));
+    form.save.setVisible(true);
+  });
   RECT inside{};
   GetClientRect(window, &inside);
   EXPECT_EQ(shownIn(window).size(), 9U);
