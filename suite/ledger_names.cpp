@@ -73,8 +73,12 @@ std::optional<NamedId> LedgerNames::findAlike(const std::string& name) {
   return NamedId{listed->second, names_.at(listed->second)};
 }
 
+// The number of a ledger that was deleted is not given again: the history, and what is remembered
+// of earlier years, means that one by it.
 long LedgerNames::create(const std::string& name) {
-  const long id = unit_.query("select max(PartId) from Mast_Part")->integer(0) + 1;
+  const char* const ever = unit_.keepsHistory() ? " for system_time all" : "";
+  const long id =
+      unit_.query(std::string("select max(PartId) from Mast_Part") + ever)->integer(0) + 1;
   unit_.execute("insert into Mast_Part(PartId,Particular) values(" + std::to_string(id) + ",'" +
                 unit_.escape(name) + "')");
   unit_.execute(flushTables);

@@ -18,7 +18,8 @@ class LedgerNames {
   // "" when there is none.
   std::string nameOf(long id);
   // The id of that name, else of a name that the database takes for the same. When there is
-  // neither, the ledger is created, if asked for, with the highest id plus one. 0 when that fails.
+  // neither, the ledger is created, if asked for, with the highest id that there ever was plus
+  // one. 0 when that fails.
   long idOf(const std::string& name, bool create);
   // To be called with every statement that the module executes.
   void statementSent(const std::string& sql);

@@ -47,6 +47,8 @@ class UnitOfWork {
   StationTurns* turns() { return turns_ ? &*turns_ : nullptr; }
   // What the act does from here on writes: its turn begins before it reads anything.
   void beginWriting();
+  // Former versions of rows can be read.
+  bool keepsHistory() const { return log_ != nullptr && log_->keeps(); }
 
   // Throws RunTimeError as Database does. A flush is not sent: it would commit, and what it is for
   // does not exist here. The scratch tables are temporary ones, whose definition does not commit.

@@ -12,6 +12,8 @@ constexpr const char* usualStockLedger = "Opening Stock";
 bool isUnder(int primary, PrimaryGroup group) { return primary == static_cast<int>(group); }
 
 class OpeningBuilder {
+  using Choice = Opening::Choice;
+
  public:
   OpeningBuilder(const ClosingBalances& closing, const OpeningChoices& choices)
       : closing_(closing), choices_(choices) {}
@@ -25,13 +27,15 @@ class OpeningBuilder {
       line.stands = !line.opening.isZero() || choices_.keepsZero;
       opening_.difference += line.opening;
     }
-    if (opening_.lines.empty()) ask("The old year has nothing to bring forward.");
+    if (opening_.lines.empty()) ask("The old year has nothing to bring forward.", Choice::none);
     return std::move(opening_);
   }
 
  private:
-  void ask(const std::string& question) {
-    if (opening_.question.empty()) opening_.question = question;
+  void ask(const std::string& question, Opening::Choice choice) {
+    if (!opening_.question.empty()) return;
+    opening_.question = question;
+    opening_.asked = choice;
   }
 
   void addLine(const ClosingLine& line) {
@@ -87,9 +91,11 @@ class OpeningBuilder {
   }
 
   void addUnboundStock() {
-    if (choices_.stock.allId == 0) return ask("Choose the group of the opening stock.");
+    if (choices_.stock.allId == 0) {
+      return ask("Choose the group of the opening stock.", Choice::stockGroup);
+    }
     if (choices_.stock.partId == 0 && choices_.stockLedger.empty()) {
-      return ask("Type the ledger of the opening stock.");
+      return ask("Type the ledger of the opening stock.", Choice::stockLedger);
     }
     add(lineOf(choices_.stock, choices_.stockLedger), opening_.unboundStock,
         "Closing stock of the old year");
@@ -99,11 +105,14 @@ class OpeningBuilder {
     const Money profit = opening_.profit;
     if (profit.isZero()) return;
     const std::string what = profit < Money() ? "loss" : "profit";
-    if (choices_.shares.empty()) return ask("Choose whose capital takes the " + what + '.');
+    if (choices_.shares.empty()) {
+      return ask("Choose whose capital takes the " + what + '.', Choice::shares);
+    }
     const long sum = sumOf(choices_.shares);
     if (sum != wholeShare) {
       return ask("The shares of the " + what + " come to " + percentText(sum) +
-                 " per cent. They have to come to 100.");
+                     " per cent. They have to come to 100.",
+                 Choice::shares);
     }
     const std::vector<Money> amounts = amountsOf(profit, choices_.shares);
     for (std::size_t at = 0; at < amounts.size(); ++at) {

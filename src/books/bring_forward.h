@@ -34,12 +34,14 @@ struct OpeningLine {
 };
 
 struct Opening {
+  enum class Choice { none, stockGroup, stockLedger, shares };
   std::vector<OpeningLine> lines;  // every one of the old year, then those that it does not have
   Money profit;                    // of the old year; a loss is negative
   Money unboundStock;
   Money lastDifference;  // debit positive
   Money difference;
   std::string question;  // what has to be chosen first, "" for nothing
+  Choice asked = Choice::none;
 };
 
 Opening openingOf(const ClosingBalances& closing, const OpeningChoices& choices);

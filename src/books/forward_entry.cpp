@@ -129,9 +129,11 @@ void ForwardEntry::remember(const std::vector<Taken>& lines, OpeningChoices choi
   BroughtForward brought{.when = when, .choices = std::move(choices)};
   if (seen_.year.brought && !seen_.year.isEmpty()) brought.amounts = seen_.year.brought->amounts;
   for (const auto& [change, taken] : lines) {
+    const LedgerGroup pair = change.line.pair;
     // What is left is offered again.
-    if (change.offered ? !taken : change.state == OpeningState::leftOut) continue;
-    brought.amounts[change.line.pair] = change.line.opening;
+    if (change.offered && !taken) continue;
+    if (change.state == OpeningState::leftOut && !brought.amounts.contains(pair)) continue;
+    brought.amounts[pair] = change.line.opening;
   }
   ForwardMemory(host_, year_.client, year_.keys).keep(brought);
 }

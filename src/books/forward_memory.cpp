@@ -1,8 +1,10 @@
 #include "books/forward_memory.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "books/import_memory.h"
+#include "books/linked_ledgers.h"
 #include "books/merged_groups.h"
 
 namespace quillet {
@@ -34,16 +36,16 @@ LedgerGroup pairIn(std::string_view text) {
 class KnownPairs {
  public:
   explicit KnownPairs(ServiceObject& host)
-      : host_(host), merged_(host), groups_(primaryGroups(host)) {}
+      : linked_(host), merged_(host), groups_(primaryGroups(host)) {}
   LedgerGroup operator()(std::string_view text) const {
     LedgerGroup pair = pairIn(text);
+    pair.partId = linked_.successor(pair.partId);
     pair.allId = merged_.successor(pair.allId);
-    if (!groups_.contains(pair.allId) || host_.GetPart_MastPartId(pair.partId).empty()) return {};
-    return pair;
+    return pair.partId != 0 && groups_.contains(pair.allId) ? pair : LedgerGroup{};
   }
 
  private:
-  ServiceObject& host_;
+  LinkedLedgers linked_;
   MergedGroups merged_;
   std::map<long, int> groups_;
 };
@@ -66,8 +68,15 @@ std::optional<BroughtForward> ForwardMemory::read() const {
     if (!key.starts_with("share ")) continue;
     const LedgerGroup pair = known(std::string_view(key).substr(6));
     if (pair.partId == 0) continue;
-    brought.choices.shares.push_back(
-        {.pair = pair, .millionths = static_cast<long>(numberIn(text))});
+    const auto millionths = static_cast<long>(numberIn(text));
+    auto& shares = brought.choices.shares;
+    // Two that shared may be one by now.
+    const auto same = std::ranges::find(shares, pair, &ProfitShare::pair);
+    if (same == shares.end()) {
+      shares.push_back({.pair = pair, .millionths = millionths});
+    } else {
+      same->millionths += millionths;
+    }
   }
   const auto parts = numberIn(kept.find("parts").value_or(""));
   for (std::int64_t part = 1; part <= parts; ++part) {

@@ -15,8 +15,8 @@ class ForwardMemory {
   ForwardMemory(ServiceObject& host, std::string client, const YearKeys& year)
       : host_(host), client_(std::move(client)), year_(year.first) {}
 
-  // Nothing when none was. Ledgers and groups that are gone from the masters are left out; those of
-  // a group that was merged away count for the one that it went into.
+  // Nothing when none was. Ledgers and groups that are gone from the masters are left out; what
+  // was merged or replaced counts for what it went into.
   std::optional<BroughtForward> read() const;
   void keep(const BroughtForward& brought);
   // The lines of the year are gone.

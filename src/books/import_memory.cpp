@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <charconv>
 
+#include "books/linked_ledgers.h"
+#include "books/merged_groups.h"
+
 namespace quillet {
 namespace {
 
@@ -89,11 +92,17 @@ std::string ImportMemory::mapping(const std::string& headings) const {
 }
 
 std::unordered_map<std::string, long> ImportMemory::groups() const {
-  return idsOf(read(keyOf(chosenGroups)));
+  auto ids = idsOf(read(keyOf(chosenGroups)));
+  const MergedGroups merged(host_);
+  for (auto& [name, id] : ids) id = merged.successor(id);
+  return ids;
 }
 
 std::unordered_map<std::string, long> ImportMemory::ledgers() const {
-  return idsOf(read(keyOf(meantLedgers)));
+  auto ids = idsOf(read(keyOf(meantLedgers)));
+  const LinkedLedgers linked(host_);
+  for (auto& [name, id] : ids) id = linked.successor(id);
+  return ids;
 }
 
 std::optional<std::string> ImportMemory::imported(const std::string& file) const {

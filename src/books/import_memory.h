@@ -37,7 +37,8 @@ class ImportMemory {
 
   // The text of the mapping for headings of that fingerprint, "" when there is none.
   std::string mapping(const std::string& headings) const;
-  // Ids by nameKey; of ledgers and groups that may be gone by now.
+  // Ids by nameKey; of ledgers and groups that may be gone by now, but for those that were merged
+  // or replaced.
   std::unordered_map<std::string, long> groups() const;
   std::unordered_map<std::string, long> ledgers() const;
   // What was noted of the file when it was imported into the year; nothing when it was not.

@@ -1,6 +1,7 @@
 #include "books/ledger_use.h"
 
 #include "books/client_years.h"
+#include "books/linked_ledgers.h"
 #include "books/posting.h"
 
 namespace quillet {
@@ -20,9 +21,10 @@ const char* kindOf(const YearTable& table) {
                                    : "Closing Stock";
 }
 
-void replaceInAllYears(ServiceObject& host, UnpostedChanges& unposted, const Sql& condition,
-                       long by, TableNames& missing) {
+void replaceInAllYears(ServiceObject& host, UnpostedChanges& unposted, const std::vector<long>& ids,
+                       const Sql& condition, long by, TableNames& missing) {
   postAllMissing(host, unposted);
+  LinkedLedgers(host).keep(ids, by);
   const Sql change = " Set PartId=" + sqlNumber(by) + " Where PartId" + condition;
   walkYearTables(host, "Replacing Ledgers....", placesOfUse(), missing,
                  [&](const YearTable& table) {
@@ -79,12 +81,12 @@ std::vector<LedgerUse> usesOf(ServiceObject& host, const std::vector<long>& ids,
 
 void replaceLedger(ServiceObject& host, UnpostedChanges& unposted, long id, long by,
                    TableNames& missing) {
-  replaceInAllYears(host, unposted, "=" + sqlNumber(id), by, missing);
+  replaceInAllYears(host, unposted, {id}, "=" + sqlNumber(id), by, missing);
 }
 
 void replaceLedgers(ServiceObject& host, UnpostedChanges& unposted, const std::vector<long>& ids,
                     long by, TableNames& missing) {
-  replaceInAllYears(host, unposted, " In (" + IdList(ids).sql() + ")", by, missing);
+  replaceInAllYears(host, unposted, ids, " In (" + IdList(ids).sql() + ")", by, missing);
 }
 
 }  // namespace quillet

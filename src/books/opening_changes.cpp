@@ -15,6 +15,8 @@ class Comparison {
  public:
   explicit Comparison(const NewYear& year) : year_(year), balances_(balancesOf(year.standing)) {
     for (const Line& line : year.standing) rows_.insert({line.partId, line.allId});
+    for (const LedgerGroup pair : rows_) ledgers_.insert(pair.partId);
+    for (const auto& [pair, amount] : year.posted) ledgers_.insert(pair.partId);
   }
 
   OpeningChange compare(const OpeningLine& line) const {
@@ -24,7 +26,7 @@ class Comparison {
     const std::optional<Money> before = brought(line.pair);
     const Money original = change.standing - of(year_.posted, line.pair);
     const bool asBrought = original == before.value_or(Money());
-    change.after = change.standing + line.opening - before.value_or(original);
+    change.after = change.standing + line.opening - there(line, original, before);
     const bool adds = !stands && !before && line.stands;
     // The opening of a ledger that has none is not what it stands at during the year.
     const bool ownFigure = !before && stands && line.opening.isZero();
@@ -45,6 +47,13 @@ class Comparison {
   }
 
  private:
+  // What of the opening the year holds already. What stands there counts before what is remembered
+  // of it; of a ledger that stands nowhere any more nothing does.
+  Money there(const OpeningLine& line, Money original, std::optional<Money> before) const {
+    if (!before || original == line.opening) return original;
+    return ledgers_.contains(line.pair.partId) ? *before : Money();
+  }
+
   // A year without lines begins anew, whatever was brought into it before.
   std::optional<Money> brought(LedgerGroup pair) const {
     if (!year_.brought || year_.isEmpty()) return std::nullopt;
@@ -55,6 +64,7 @@ class Comparison {
   const NewYear& year_;
   PairBalances balances_;
   std::set<LedgerGroup> rows_;
+  std::set<long> ledgers_;
 };
 
 }  // namespace

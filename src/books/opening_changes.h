@@ -4,7 +4,7 @@
 // A year that was brought forward before is offered what changed in the old year since: the
 // difference, on top of what stands by now. Where the year's own line was changed by hand, or
 // nothing was brought forward and lines stand, a person takes each of them; nothing is taken by
-// itself.
+// itself. What stands at its opening, but for vouchers, is never offered.
 #pragma once
 
 #include <optional>

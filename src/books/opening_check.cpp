@@ -1,6 +1,7 @@
 #include "books/opening_check.h"
 
-#include <set>
+#include <map>
+#include <utility>
 
 #include "books/account_groups.h"
 #include "books/forward_entry.h"
@@ -15,25 +16,27 @@ class Checker {
     groups_.load(host);
   }
 
-  std::vector<OpeningDifference> compareBrought() {
-    const PairBalances& brought = books_.year.brought->amounts;
+  OpeningCheck compareBrought() {
+    check_.basis = OpeningCheck::Basis::broughtForward;
+    check_.when = books_.year.brought->when;
+    PairBalances brought = books_.year.brought->amounts;
+    const PairBalances standing = originals();
     const Opening opening = openingOf(books_.closing, books_.choices);
-    std::set<LedgerGroup> seen;
     for (const OpeningLine& line : opening.lines) {
-      const auto found = brought.find(line.pair);
-      seen.insert(line.pair);
-      add(line.ledger, line.pair, line.opening, found == brought.end() ? Money() : found->second);
+      compare(line, of(brought, line.pair), of(standing, line.pair));
+      brought.erase(line.pair);
     }
     for (const auto& [pair, amount] : brought) {
-      if (!seen.contains(pair)) add("", pair, Money(), amount);
+      compare({.pair = pair}, amount, of(standing, pair));
     }
     // Stock or profit that nobody chose a ledger for.
     const Money open = opening.lastDifference - opening.difference;
-    if (!open.isZero()) found_.push_back({"Not chosen: " + opening.question, "", open, Money()});
-    return std::move(found_);
+    if (!open.isZero()) tell("Not chosen: " + opening.question, "", open, Money());
+    return std::move(check_);
   }
 
-  std::vector<OpeningDifference> compareStock() {
+  OpeningCheck compareStock() {
+    check_.basis = OpeningCheck::Basis::stockAlone;
     std::map<long, Money> closing;  // by the group of opening stock; 0: not bound
     for (const ClosingStockLine& line : books_.closing.stock) {
       const auto bound = books_.closing.openingGroups.find(line.pair.allId);
@@ -44,26 +47,44 @@ class Checker {
     for (const auto& [group, amount] : opening) {
       const Money stock = closing[group];
       if (stock == amount) continue;
-      found_.push_back({"Opening stock", group == 0 ? "" : groups_.name(group), stock, amount});
+      tell("Opening stock", group == 0 ? "" : groups_.name(group), stock, amount);
     }
-    return std::move(found_);
+    return std::move(check_);
   }
 
  private:
-  void add(const std::string& newLedger, LedgerGroup pair, Money closing, Money opening) {
-    if (closing == opening) return;
-    found_.push_back({pair.partId == 0 ? newLedger : host_.GetPart_MastPartId(pair.partId),
-                      groups_.name(pair.allId), closing, opening});
+  static Money of(const PairBalances& balances, LedgerGroup pair) {
+    const auto found = balances.find(pair);
+    return found == balances.end() ? Money() : found->second;
   }
 
-  // The year's lines of opening stock before the vouchers, those of groups that nothing is bound to
-  // together.
-  std::map<long, Money> openingStock(const std::map<long, Money>& bound) const {
+  void tell(const std::string& ledger, const std::string& group, Money closing, Money opening) {
+    check_.differences.push_back({ledger, group, closing, opening});
+  }
+
+  // A line that stands at its opening agrees, whatever was brought forward.
+  void compare(const OpeningLine& line, Money brought, Money standing) {
+    if (standing == line.opening) return;
+    if (brought != line.opening) {
+      tell(line.pair.partId == 0 ? line.ledger : host_.GetPart_MastPartId(line.pair.partId),
+           groups_.name(line.pair.allId), line.opening, brought);
+    } else if (!brought.isZero()) {
+      ++check_.changedSince;
+    }
+  }
+
+  // The year's lines before the vouchers.
+  PairBalances originals() const {
     PairBalances originals = balancesOf(books_.year.standing);
     for (const auto& [pair, amount] : books_.year.posted) originals[pair] -= amount;
+    return originals;
+  }
+
+  // Its lines of opening stock, those of groups that nothing is bound to together.
+  std::map<long, Money> openingStock(const std::map<long, Money>& bound) const {
     const auto primary = primaryGroups(host_);
     std::map<long, Money> opening;
-    for (const auto& [pair, amount] : originals) {
+    for (const auto& [pair, amount] : originals()) {
       const auto group = primary.find(pair.allId);
       if (group == primary.end() || group->second != static_cast<int>(PrimaryGroup::openingStock)) {
         continue;
@@ -76,7 +97,7 @@ class Checker {
   ServiceObject& host_;
   const ForwardBooks& books_;
   AccountGroups groups_;
-  std::vector<OpeningDifference> found_;
+  OpeningCheck check_;
 };
 
 }  // namespace
@@ -86,11 +107,8 @@ OpeningCheck checkOpening(ServiceObject& host, const std::string& client, const 
   if (!last || last->table.empty()) return {};
   const ForwardBooks books = readForwardBooks(host, *last);
   Checker checker(host, books);
-  if (books.year.brought && !books.year.isEmpty()) {
-    return {OpeningCheck::Basis::broughtForward, books.year.brought->when,
-            checker.compareBrought()};
-  }
-  return {OpeningCheck::Basis::stockAlone, "", checker.compareStock()};
+  const bool begun = books.year.brought && !books.year.isEmpty();
+  return begun ? checker.compareBrought() : checker.compareStock();
 }
 
 }  // namespace quillet

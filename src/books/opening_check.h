@@ -2,9 +2,10 @@
 //
 // A trial balance holds what stands at its end, so its opening is what was brought forward:
 // compared with the closing balances of the year before as they stand now, reckoned by the same
-// choices. In a year that was not begun so only the stock tells opening from movement: the lines of
-// opening stock, as they were before the vouchers, are compared with the closing stock, group by
-// group where the raw-material binding says which.
+// choices. What the year's lines were changed by since is its movement, which is counted. In a year
+// that was not begun so only the stock tells opening from movement: the lines of opening stock, as
+// they were before the vouchers, are compared with the closing stock, group by group where the
+// raw-material binding says which.
 #pragma once
 
 #include <string>
@@ -26,7 +27,10 @@ struct OpeningCheck {
   enum class Basis { noYearBefore, broughtForward, stockAlone };
   Basis basis = Basis::noYearBefore;
   std::string when;  // it was brought forward
-  std::vector<OpeningDifference> differences;
+  std::vector<OpeningDifference> differences{};
+  // Lines that agree as they were brought forward and stand at something else by now, by no
+  // voucher.
+  std::size_t changedSince = 0;
 };
 
 // What earlier failures left unposted has to be posted before.

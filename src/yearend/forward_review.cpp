@@ -64,6 +64,15 @@ bool ForwardReview::leavesAny() const {
                              [](const Row& row) { return row.change.offered && !row.taken; });
 }
 
+bool ForwardReview::remembersOther() const {
+  const auto& brought = books_.year.brought;
+  return brought && std::ranges::any_of(rows_, [&](const Row& row) {
+           const auto found = brought->amounts.find(row.change.line.pair);
+           return !row.change.offered && found != brought->amounts.end() &&
+                  found->second != row.change.line.opening;
+         });
+}
+
 SideTotals ForwardReview::last() const {
   SideTotals totals;
   for (const ClosingLine& line : books_.closing.lines) add(totals, line.balance);

@@ -33,6 +33,8 @@ class ForwardReview {
   bool beginsYear() const { return books_.year.isEmpty(); }
   bool takesAny() const;
   bool leavesAny() const;  // of what is offered
+  // What stands there is not what is remembered to have been brought.
+  bool remembersOther() const;
 
   void choose(const std::function<void(OpeningChoices& choices)>& change);
   // A row that is not offered stays as it is.

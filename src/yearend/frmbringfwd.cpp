@@ -160,10 +160,12 @@ bool frmbringfwd::mayBring() {
   const std::string& question = review_.opening().question;
   if (!question.empty()) {
     context_.MsgBox(question, Buttons::OK, Icon::information);
+    shares_.focusAsked();
     return false;
   }
   // What stands there already may be remembered as the year's opening.
-  if (!review_.takesAny() && (review_.leavesAny() || review_.books().year.brought)) {
+  const bool remembered = review_.books().year.brought && !review_.remembersOther();
+  if (!review_.takesAny() && (review_.leavesAny() || remembered)) {
     context_.MsgBox(review_.leavesAny()
                         ? "There is nothing to write: no line is taken."
                         : "There is nothing to write: the year was brought forward before, and "

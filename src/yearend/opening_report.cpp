@@ -15,13 +15,23 @@ constexpr const char* stockAlone =
     "The year was not begun by bringing forward: only its opening stock can be compared with the "
     "closing stock.";
 
+std::string changedSince(const OpeningCheck& check, const YearKeys& year) {
+  if (check.changedSince == 0) return {};
+  return "Lines that were changed in " + year.text() +
+         " since they were brought forward, by no voucher: " + std::to_string(check.changedSince) +
+         '.';
+}
+
 std::string agreement(const OpeningCheck& check, const YearKeys& year) {
   if (check.basis == Basis::noYearBefore) {
     return "There is no year before " + year.text() + " to compare its opening with.";
   }
   const std::string years =
       year.text() + " agrees with the closing of " + year.before().text() + '.';
-  if (check.basis == Basis::broughtForward) return "The opening of " + years;
+  if (check.basis == Basis::broughtForward) {
+    const std::string changed = changedSince(check, year);
+    return "The opening of " + years + (changed.empty() ? "" : "\r\n" + changed);
+  }
   return "The opening stock of " + years + "\r\n" + stockAlone;
 }
 
@@ -46,6 +56,7 @@ void report(Context& context, const OpeningCheck& check, const YearKeys& year) {
   table.row({"Total", "", "", "", groupedBalance(host, sum)});
   table.row(
       {check.basis == Basis::stockAlone ? stockAlone : "Brought forward on " + check.when + '.'});
+  if (check.changedSince != 0) table.row({changedSince(check, year)});
   reporter.ShowReport();
 }
 

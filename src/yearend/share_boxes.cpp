@@ -52,9 +52,11 @@ ShareBoxes::ShareBoxes(frmbringfwd& form, Context& context, ForwardReview& revie
   };
   form.vsfs.RowColChange = [this] { show(); };
   form.vsfs.KeyPress = [this](Key& key) {
-    if (key != keys::Enter) return;
-    key = keys::none;
+    const bool typed = (key >= U'0' && key <= U'9') || key == U'.';
+    if (key != keys::Enter && !typed) return;
     form_.mnushares.Click();
+    if (typed && form_.active() == &form_.txtpercent) form_.handleKey(key);
+    key = keys::none;
   };
   form.vsfs.DblClick = [this] { form_.mnushares.Click(); };
   form.mnushares.Click = [this] {
@@ -147,6 +149,13 @@ void ShareBoxes::showStockLedger() {
 void ShareBoxes::restore() {
   form_.txtpercent.setText(percentInList());
   showStockLedger();
+}
+
+void ShareBoxes::focusAsked() {
+  const Opening::Choice asked = review_.opening().asked;
+  if (asked == Opening::Choice::stockGroup) form_.focus(form_.cbostock);
+  if (asked == Opening::Choice::stockLedger) form_.focus(form_.txtstock);
+  if (asked == Opening::Choice::shares) form_.focus(form_.vsfs);
 }
 
 std::string ShareBoxes::percentInList() const {

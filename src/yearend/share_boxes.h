@@ -21,6 +21,8 @@ class ShareBoxes {
   // Of a review that was just opened: what there is to choose from.
   void begin();
   void show();
+  // To where what the opening asks for is chosen.
+  void focusAsked();
   // What is being typed is given up.
   void restore();
 

@@ -65,6 +65,16 @@ TEST_F(BringForwardFormTest, ShowsEveryLineAndWritesWhatIsChosen) {
                    "Closing stock of the old year"}}));
   form.click(form.cmdbring);
   EXPECT_EQ(messages(), Texts{"Choose whose capital takes the profit."});
+  // Digits in the list are those of the per cent, one partner after the other.
+  EXPECT_EQ(form.active(), &form.vsfs);
+  form.vsfs.setCurrent(1);
+  press(form, "40\r35\r");
+  EXPECT_EQ(form.vsfs.cell(1, 2) + '|' + form.vsfs.cell(2, 2), "40|35");
+  form.click(form.cmdbring);
+  EXPECT_EQ(messages().size(), 1U);
+  EXPECT_EQ(form.active(), &form.vsfs);
+  form.vsfs.setCurrent(1);
+  press(form, "0\r0\r");
   // A third partner, who is new, and a per cent that is none.
   type(form.txtcapital, "Meena");
   form.click(form.cmdcapital);

@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "books/forward_entry.h"
+#include "books/ledger_master.h"
+#include "books/ledger_use.h"
 #include "books/opening_check.h"
 #include "controls/acts.h"
 #include "data/errors.h"
@@ -294,6 +296,72 @@ TEST_F(BringForwardTest, MakesTheYearAndOffersWhatChangesLater) {
   exec("delete from JRNL" + table.substr(3));
   EXPECT_EQ(offered().size(), 4U);
   EXPECT_EQ(offered()[1], (Texts{"Bank", "New", "0", "160010", "taken"}));
+}
+
+// What was brought forward goes the way of the ledger, and back.
+TEST_F(BringForwardTest, FollowsLedgersThatWereReplaced) {
+  oldYear({{"Asha", "CAPITAL", -60},
+           {"Ravi", "CAPITAL", -60},
+           {"Cash", "BANKS", 100},
+           {"Kash", "BANKS", 25},
+           {"Sales", "SALES", -5}});
+  ForwardBooks books = read();
+  for (const char* name : {"Asha", "Ravi"}) {
+    books.choices.shares.push_back(
+        {.pair = {ledger(name), group("CAPITAL")}, .millionths = wholeShare / 2});
+  }
+  EXPECT_EQ(bring(books), ForwardEnd::done);
+  const auto agrees = [&](std::size_t partners) {
+    EXPECT_EQ(offered(), Rows{});
+    EXPECT_EQ(check(), Rows{});
+    EXPECT_EQ(read().choices.shares.size(), partners);
+  };
+  const long kash = ledger("Kash");
+  suite::TakingBack& takingBack = practice.environment().takingBack();
+  {
+    const Act act(context().openForms.acts);
+    TableNames missing;
+    replaceLedger(host(), context().unposted, kash, ledger("Cash"), missing);
+    replaceLedger(host(), context().unposted, ledger("Ravi"), ledger("Asha"), missing);
+    LedgerMaster(host()).deleteAll({kash, ledger("Ravi")});
+  }
+  const auto replaced = takingBack.acts("", 1).front().row;
+  agrees(1);
+  {
+    const Act act(context().openForms.acts);
+    exec("delete from Mast_Part where PartId=" + std::to_string(host().GetMax_MastPartId("Last")));
+    EXPECT_EQ(host().GetMax_MastPartId("Meena"), ledger("Sales") + 2) << "no number twice";
+  }
+  {
+    const Act act(context().openForms.acts);
+    EXPECT_EQ(takingBack.takeBack(takingBack.inverseOf(replaced)), Texts{});
+  }
+  agrees(2);
+}
+
+// What a person mended in both years is not offered once more; what is lost is, but not by itself.
+TEST_F(BringForwardTest, ComparesWithWhatStands) {
+  const std::string old =
+      oldYear({{"Asha", "CAPITAL", -100}, {"Bank", "BANKS", 70}, {"Cash", "BANKS", 30}});
+  EXPECT_EQ(bring(read()), ForwardEnd::done);
+  const std::string table = value("select tbl_nm from master where f_yr='01042008'");
+  const auto changedSince = [&] {
+    return checkOpening(host(), "C1", {"01042008", "31032009"}).changedSince;
+  };
+  for (const std::string& each : {old, table}) set(each, "Bank", "75");
+  EXPECT_EQ(offered(), Rows{});
+  EXPECT_EQ(check(), Rows{});
+  EXPECT_EQ(changedSince(), 0U);
+  set(table, "Cash", "80");
+  EXPECT_EQ(offered(), Rows{}) << "a movement of the year";
+  EXPECT_EQ(changedSince(), 1U);
+  exec("delete from " + table + " where partid=" + std::to_string(ledger("Cash")));
+  EXPECT_EQ(offered(), (Rows{{"Cash", "Differs here", "0", "3000", ""}}));
+  EXPECT_EQ(changedSince(), 1U);
+  // What stands is what is remembered from now on.
+  EXPECT_EQ(bring(read()), ForwardEnd::done);
+  set(old, "Bank", "80");
+  EXPECT_EQ(offered()[0], (Texts{"Bank", "Old year changed", "7500", "8000", "taken"}));
 }
 
 TEST_F(BringForwardTest, TakesNothingByItselfOverAYearThatWasMadeOtherwise) {
