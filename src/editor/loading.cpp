@@ -180,7 +180,8 @@ void frmcrtb::GETBALANCE() {
       const double difference = totals.debit - totals.credit;
       txtdiff.setText(difference == 0 ? "" : shown(std::fabs(difference)));
       txtdifft.setText(difference == 0 ? "" : difference > 0 ? "Debit" : "Credit");
-      lblagrees.setCaption(difference == 0 && !books_.years.lines(year).empty() ? "Agrees" : "");
+      const bool agrees = Money::rounded(difference).isZero() && !books_.years.lines(year).empty();
+      lblagrees.setCaption(agrees ? "Agrees" : "");
     }
   });
 }

@@ -99,6 +99,11 @@ void frmstatements::LOADSTATEMENTS() {
   logErrors("LOADSTATEMENTS", [&] {
     ServiceObject& host = *context_.host;
     const Busy busy(host);
+    const auto year = Registry(host).year(books_.client, year_, YearSelect::home);
+    if (!year || year->table != books_.table) {
+      lblstatus.setCaption("The year is no longer there.");
+      return;
+    }
     // What a voucher left half posted is not to be seen as the year's figures.
     logErrors("LOADSTATEMENTS", [&] { postAllMissing(host, context_.unposted); });
     years_.setClient(books_.client, clientName_);

@@ -158,6 +158,10 @@ TEST_F(StatementsFormTest, WhatCannotBeReadIsNotShown) {
     EXPECT_TRUE(form.cmdprint.enabled());
     EXPECT_EQ(form.lblstatus.caption(), "");
   }
+  exec("delete from master where code_no='C1' and tbl_nm='" + table + '\'');
+  form.click(form.mnurefresh);
+  EXPECT_EQ(form.vsfh.rows(), 0);
+  EXPECT_EQ(form.lblstatus.caption(), "The year is no longer there.");
 }
 
 TEST_F(StatementsFormTest, TheHomeFormShowsTheYearChosenOrTheLastOne) {
