@@ -52,6 +52,13 @@ void FileRemoval::bringBack(Instant act) {
   asked_ = true;
 }
 
+void FileRemoval::removeAgain(Instant act) {
+  unit_.execute(
+      "update SuiteRemoval set State='',At=now(6) where State in ('here','back') and At='" +
+      instantText(act) + '\'');
+  asked_ = true;
+}
+
 std::vector<std::string> FileRemoval::carryOut() {
   if (!std::exchange(asked_, false)) return {};
   std::vector<std::string> left = putAway();
@@ -104,13 +111,14 @@ std::vector<std::string> FileRemoval::putBack() {
       left.push_back(rows->text(0));
       unit_.execute("update SuiteRemoval set State='kept' where row_id=" + rows->text(1));
     } else {
-      unit_.execute("delete from SuiteRemoval where row_id=" + rows->text(1));
+      unit_.execute("update SuiteRemoval set State='here' where row_id=" + rows->text(1));
     }
   }
   return left;
 }
 
 void FileRemoval::removeOld() {
+  unit_.execute("delete from SuiteRemoval where State='here' and At<now(6)-interval 90 day");
   const RecordsetPtr rows = unit_.query(
       "select row_id from SuiteRemoval where State='kept' and At<now(6)-interval 90 day");
   for (; !rows->EOF_(); rows->MoveNext()) {

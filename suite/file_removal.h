@@ -1,7 +1,7 @@
 // Removes files together with what an act changes in the database: they go when the act's
 // transaction stands, into a folder beside, where they are kept for 90 days. When the act is taken
-// back they come back. A row of the table SuiteRemoval names each of them, so that what was begun
-// is completed at the next start.
+// back they come back, and go once more when that is taken back itself. A row of the table
+// SuiteRemoval names each of them, so that what was begun is completed at the next start.
 #pragma once
 
 #include <filesystem>
@@ -21,6 +21,8 @@ class FileRemoval : public FileRemover {
   bool remove(const std::filesystem::path& file) override;
   // Within the act that takes that one back.
   void bringBack(Instant act);
+  // Within the act that takes a bringing back of that one's files back.
+  void removeAgain(Instant act);
   // Outside of a transaction: moves the files that are named. Returns those that could not be, as
   // paths below the folder.
   std::vector<std::string> carryOut();

@@ -77,8 +77,10 @@ std::optional<NamedId> LedgerNames::findAlike(const std::string& name) {
 // of earlier years, means that one by it.
 long LedgerNames::create(const std::string& name) {
   const char* const ever = unit_.keepsHistory() ? " for system_time all" : "";
-  const long id =
-      unit_.query(std::string("select max(PartId) from Mast_Part") + ever)->integer(0) + 1;
+  // The end of the index, which max() does not find among versions.
+  const RecordsetPtr highest = unit_.query(std::string("select PartId from Mast_Part") + ever +
+                                           " order by PartId desc limit 1");
+  const long id = (highest->EOF_() ? 0 : highest->integer(0)) + 1;
   unit_.execute("insert into Mast_Part(PartId,Particular) values(" + std::to_string(id) + ",'" +
                 unit_.escape(name) + "')");
   unit_.execute(flushTables);

@@ -114,15 +114,16 @@ std::vector<TableDefinition> suitesOwn() {
       {"SuiteMisc",
        {{"Section", name}, {"Name", name}, {"Value", anyText}, {"Client", code}, {"Yr", dateText}},
        {"Section,Name"}},
-      // Files of deleted years: to be moved (''), "kept", or to come "back". `At` is when the act
-      // happened.
+      // Files of deleted years: to be moved (''), "kept", to come "back", or "here" again. `At` is
+      // when the act happened.
       {"SuiteRemoval",
        {{"File", anyText},
         {"Identity", name},
         {"At", "timestamp(6) not null default current_timestamp(6)"},
         {"State", "varchar(4) not null default ''"}},
        {"At"}},
-      // The acts that changed versioned tables. `At` is when their rows begin and end.
+      // The acts that changed versioned tables. `At` is when their rows begin and end. No act of
+      // the log is ever changed: its own versions tell when somebody did.
       {"SuiteAct",
        {{"At", "timestamp(6) not null default current_timestamp(6)"},
         {"Station", anyText},
@@ -151,7 +152,7 @@ std::vector<TableDefinition> suitesOwn() {
   // What the forms keep there belongs to the books: where a merged group went, what was brought
   // forward.
   for (TableDefinition& table : tables) {
-    table.versioned = table.name == "SuiteMisc";
+    table.versioned = table.name == "SuiteMisc" || table.name == "SuiteAct";
   }
   // Locking a year and unlocking it are acts themselves.
   tables.push_back({"SuiteYearLock",

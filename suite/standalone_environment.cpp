@@ -132,9 +132,14 @@ Practice::~Practice() {
   }
 }
 
+void StandaloneEnvironment::bringBackFiles(const ActRow& act) {
+  fileRemoval_.bringBack(act.at);
+  if (act.takesBack != 0) fileRemoval_.removeAgain(act.takesBack);
+}
+
 // Ledgers may have come or gone, and so may the year in work.
 void Practice::tookBack(const ActRow& act) {
-  standalone_.bringBackFiles(act.at);
+  standalone_.bringBackFiles(act);
   service().ledgersChanged();
   Context& context = this->context();
   const auto quoted = [&](const std::string& text) {

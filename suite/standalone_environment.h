@@ -63,8 +63,9 @@ class StandaloneEnvironment : public Environment {
   UnitOfWork& unit() { return unit_; }
   ActLog& actLog() { return log_; }
   TakingBack& takingBack() { return takingBack_; }
-  // The files that an act removed come back when the act that is running stands.
-  void bringBackFiles(Instant act) { fileRemoval_.bringBack(act); }
+  // When the act that is running, which takes that one back, stands, the files that it removed come
+  // back, and those go that it brought back.
+  void bringBackFiles(const ActRow& act);
   void removeOldFiles() { fileRemoval_.removeOld(); }
 
   // Uses another helper for workbooks than the one in the folder of our program.

@@ -25,8 +25,11 @@ class ActInverse {
   // What later acts have done that stands in the way, one sentence each. Nothing is to be sent
   // then.
   std::vector<std::string> conflicts() const;
+  // Other stations may have made years since the act was read.
+  void chooseNumbers();
   // Sends the statements, within an act or a transaction.
   void send() const;
+  const ActRow& act() const { return act_; }
 
  private:
   struct Change {
@@ -38,7 +41,6 @@ class ActInverse {
   };
 
   void read(const std::string& table);
-  void findOtherTables();
   std::string begunRows(const Change& change) const;
   std::string endedRows(const Change& change) const;
   std::string standsUnchanged(const Change& change) const;

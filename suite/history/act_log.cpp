@@ -62,9 +62,8 @@ void ActLog::sending(const std::string& sql) {
 
 // What is changed for the client in work names it, or a voucher, whose number no other client has.
 bool ActLog::changesOthers(const std::string& sql, const std::string& table) const {
-  const std::string client = cause ? cause().client : std::string();
   const bool named =
-      !client.empty() && sql.find('\'' + database_.escape(client) + '\'') != std::string::npos;
+      !client_.empty() && sql.find('\'' + database_.escape(client_) + '\'') != std::string::npos;
   const bool voucher = table.starts_with("jrnl_") && sql.find(" where VId=") != std::string::npos;
   return !named && !voucher;
 }
@@ -82,6 +81,7 @@ void ActLog::begin() {
   instant_ = std::max(clock, last_ + 1);
   tables_.clear();
   digest_ = Digest();
+  client_ = cause ? cause().client : std::string();
   database_.executeLater("set timestamp=" + timestampNumber(instant_));
 }
 

@@ -104,6 +104,7 @@ class ActLog {
   Instant instant_ = 0;  // of the transaction that is open
   std::string hash_;
   ActRemark note_;
+  std::string client_;      // in work when it began
   bool othersToo_ = false;  // it changed books of other clients than the one in work
   std::set<std::string> tables_;
   Digest digest_;

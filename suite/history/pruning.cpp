@@ -93,7 +93,7 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
   part.finish();
   log.note({.reason = std::to_string(pruned.rows) + " rows and " + std::to_string(pruned.acts) +
                       " acts before " + textOf(before) + " went to " + file.filename().string()});
-  log.alone("Prune the history", [&] {
+  log.alone(pruningCommand, [&] {
     for (const std::string& table : tables) {
       database.execute("delete history from " + table + " before system_time " + instant);
     }

@@ -13,6 +13,8 @@ namespace quillet::suite {
 // Accounts are kept for so many years, and so is who changed them.
 inline constexpr int yearsKept = 8;
 
+inline constexpr const char* pruningCommand = "Prune the history";
+
 struct Pruned {
   long rows = 0;
   long acts = 0;

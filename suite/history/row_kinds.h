@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -57,6 +58,25 @@ inline const Kind* kindOf(const std::string& table) {
   const std::string prefix = prefixOf(table);
   const auto found = std::ranges::find(kinds, prefix, &Kind::table);
   return found == kinds.end() ? nullptr : &*found;
+}
+
+// The forms' own values.
+inline bool isValue(const std::string& table) { return table == "suitemisc"; }
+
+// That the rows s and t are the same: "s.code_no=t.code_no and s.partid=t.partid".
+inline std::string sameKeys(const Kind& kind) {
+  std::string text;
+  std::istringstream each{std::string(kind.keys)};
+  for (std::string key; std::getline(each, key, ',');) {
+    text += (text.empty() ? "s." : " and s.") + key + "=t." + key;
+  }
+  return text;
+}
+
+// What a row is called, with more behind it, as a sentence.
+inline std::string sentence(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] -= 'a' - 'A';
+  return text + '.';
 }
 
 }  // namespace quillet::suite::row_kinds

@@ -91,7 +91,7 @@ const LoggedAct* frmTakeBack::chosen() const {
 void frmTakeBack::showChosen() {
   const LoggedAct* act = chosen();
   cmdtakeback.setEnabled(act != nullptr && !act->takenBack);
-  std::string what = act == nullptr ? "" : takingBack_.whatItChanged(act->row);
+  std::string what = act == nullptr ? "" : takingBack_.inverseOf(act->row).words();
   if (act != nullptr && !act->row.reason.empty()) {
     what += (what.empty() ? "" : " ") + act->row.reason;
   }
@@ -105,17 +105,17 @@ void frmTakeBack::takeBack() {
   const auto box = [&](const std::string& text, Buttons buttons, Icon icon, Answer answer) {
     return dialogs_.MsgBox({text, caption(), buttons, icon, answer});
   };
-  const ActRow row = act->row;
-  if (const auto conflicts = takingBack_.conflicts(row); !conflicts.empty()) {
+  const ActInverse inverse = takingBack_.inverseOf(act->row);
+  if (const auto conflicts = takingBack_.conflicts(inverse); !conflicts.empty()) {
     box("This cannot be taken back:\r\n" + joined(conflicts), Buttons::OK, Icon::information,
         Answer::OK);
     return;
   }
-  if (box("Take back \"" + wordsFor(row) + "\"?\r\n" + takingBack_.whatItChanged(row),
-          Buttons::YesNo, Icon::question, Answer::No) != Answer::Yes) {
+  if (box("Take back \"" + wordsFor(inverse.act()) + "\"?\r\n" + inverse.words(), Buttons::YesNo,
+          Icon::question, Answer::No) != Answer::Yes) {
     return;
   }
-  if (const auto conflicts = takingBack_.takeBack(row); !conflicts.empty()) {
+  if (const auto conflicts = takingBack_.takeBack(inverse); !conflicts.empty()) {
     box("Nothing was changed:\r\n" + joined(conflicts), Buttons::OK, Icon::information, Answer::OK);
     return;
   }

@@ -4,7 +4,6 @@
 #include <set>
 #include <utility>
 
-#include "suite/history/act_inverse.h"
 #include "suite/history/written_table.h"
 
 namespace quillet::suite {
@@ -49,8 +48,8 @@ std::vector<LoggedAct> TakingBack::acts(const std::string& client, long most) co
 }
 
 // An act on several years of the client is one on this year when it changed its tables.
-std::optional<ActRow> TakingBack::last(const std::string& client,
-                                       const std::string& secondDate) const {
+std::optional<ActInverse> TakingBack::lastInverse(const std::string& client,
+                                                  const std::string& secondDate) const {
   const std::string whose = " where code_no='" + unit_.escape(client) + '\'';
   const std::string year = unit_.escape(secondDate);
   const RecordsetPtr registered =
@@ -63,16 +62,19 @@ std::optional<ActRow> TakingBack::last(const std::string& client,
     if (act.row.secondDate.empty() && !changesYear(act.row, table)) continue;
     // The year itself is made and deleted from elsewhere.
     if (act.row.tables.find("master") != std::string::npos) return std::nullopt;
-    if (!ActInverse(unit_, act.row).empty()) return act.row;
+    if (ActInverse inverse = inverseOf(act.row); !inverse.empty()) return inverse;
   }
   return std::nullopt;
 }
 
-std::string TakingBack::whatItChanged(const ActRow& act) const {
-  return ActInverse(unit_, act).words();
+std::optional<ActRow> TakingBack::last(const std::string& client,
+                                       const std::string& secondDate) const {
+  const auto inverse = lastInverse(client, secondDate);
+  return inverse ? std::optional(inverse->act()) : std::nullopt;
 }
 
-std::vector<std::string> TakingBack::inTheWay(const ActRow& act, const ActInverse& inverse) const {
+std::vector<std::string> TakingBack::conflicts(const ActInverse& inverse) const {
+  const ActRow& act = inverse.act();
   if (YearLockTable::isChangeOfLock(act)) return {"Lock and unlock by their own commands."};
   if (inverse.empty()) return {"There is nothing in this act that could be taken back."};
   std::vector<std::string> found = inverse.conflicts();
@@ -81,13 +83,10 @@ std::vector<std::string> TakingBack::inTheWay(const ActRow& act, const ActInvers
   return found;
 }
 
-std::vector<std::string> TakingBack::conflicts(const ActRow& act) const {
-  return inTheWay(act, ActInverse(unit_, act));
-}
-
-std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
-  const ActInverse inverse(unit_, act);
-  if (auto found = inTheWay(act, inverse); !found.empty()) return found;
+std::vector<std::string> TakingBack::takeBack(ActInverse inverse) {
+  inverse.chooseNumbers();
+  if (auto found = conflicts(inverse); !found.empty()) return found;
+  const ActRow& act = inverse.act();
   log_.note({.reason = "Takes back: " + wordsFor(act),
              .takesBack = act.at,
              .client = act.client,
@@ -99,14 +98,14 @@ std::vector<std::string> TakingBack::takeBack(const ActRow& act) {
 
 BooksHistory::TakenBack TakingBack::takeBackLast(const std::string& client,
                                                  const std::string& secondDate) {
-  const std::optional<ActRow> act = last(client, secondDate);
-  if (!act) return {false, "There is nothing left in this year that could be taken back."};
-  const std::string what = whatItChanged(*act);
-  std::string told = wordsFor(*act);
-  const std::vector<std::string> conflicts = takeBack(*act);
-  if (conflicts.empty()) return {true, "Taken back: " + told + ". " + what};
+  const auto inverse = lastInverse(client, secondDate);
+  if (!inverse) return {false, "There is nothing left in this year that could be taken back."};
+  const std::string what = inverse->words();
+  std::string told = wordsFor(inverse->act());
+  const std::vector<std::string> found = takeBack(*inverse);
+  if (found.empty()) return {true, "Taken back: " + told + ". " + what};
   told += " cannot be taken back:";
-  for (const std::string& conflict : conflicts) told += "\r\n" + conflict;
+  for (const std::string& conflict : found) told += "\r\n" + conflict;
   return {false, told};
 }
 

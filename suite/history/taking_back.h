@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "ports/books_history.h"
-#include "suite/history/act_row.h"
+#include "suite/history/act_inverse.h"
 #include "suite/history/year_locks.h"
 #include "suite/unit_of_work.h"
 
@@ -23,8 +23,6 @@ struct LoggedAct {
 // "Save, 22/11/2026 14:05:10, anita"
 std::string wordsFor(const ActRow& act);
 
-class ActInverse;
-
 class TakingBack {
  public:
   TakingBack(UnitOfWork& unit, ActLog& log, YearLockTable& locks)
@@ -35,12 +33,12 @@ class TakingBack {
   // The last act on that year's books that is in effect, takes none back and can be taken back.
   std::optional<ActRow> last(const std::string& client, const std::string& secondDate) const;
 
-  // "The line of Rent under EXPENSES (client C1), and 3 more rows."
-  std::string whatItChanged(const ActRow& act) const;
-  // What stands in the way of taking it back; nothing when it can be.
-  std::vector<std::string> conflicts(const ActRow& act) const;
+  // What would take it back, for a person to look at first.
+  ActInverse inverseOf(const ActRow& act) const { return {unit_, act}; }
+  // What stands in the way; nothing when it can be taken back.
+  std::vector<std::string> conflicts(const ActInverse& inverse) const;
   // Within an act. Nothing is changed when something stands in the way, which is told.
-  std::vector<std::string> takeBack(const ActRow& act);
+  std::vector<std::string> takeBack(ActInverse inverse);
 
   // The last one on that year.
   BooksHistory::TakenBack takeBackLast(const std::string& client, const std::string& secondDate);
@@ -50,7 +48,8 @@ class TakingBack {
   std::function<void(const ActRow& act)> onTakenBack;
 
  private:
-  std::vector<std::string> inTheWay(const ActRow& act, const ActInverse& inverse) const;
+  std::optional<ActInverse> lastInverse(const std::string& client,
+                                        const std::string& secondDate) const;
   std::vector<LoggedAct> read(const std::string& where, long most) const;
 
   UnitOfWork& unit_;

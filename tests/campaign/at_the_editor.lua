@@ -1,7 +1,7 @@
 -- Lines, vouchers, the import of a previous year, the raw-material binding.
 return function(kit)
   local act, begin, support = kit.act, kit.begin, kit.support
-  local enter = support.enter
+  local enter, line = support.enter, support.voucher_line
   local scenarios = {}
 
   local function editor_of_two_years()
@@ -19,19 +19,10 @@ return function(kit)
     editor.mnujournal:click()
     return assert(quillet.form("frmjrnl"), "the journal is not open")
   end
-  local function line(journal, i, side, ledger, amount, group)
-    journal.cboside[i]:choose(side)
-    journal.txtledger[i]:type(ledger)
-    journal.txtledger[i]:press("Tab")
-    if group then journal.txtgroup[i]:type(group) end
-    local box = side == "By" and journal.txtdramt[i] or journal.txtcramt[i]
-    box:type(amount)
-    box:press("Enter")
-  end
   local function pass(journal, amount, narration)
     journal.cmdadd:click()
-    line(journal, 0, "By", "Rent Paid", amount)
-    line(journal, 1, "To", "Bank", amount)
+    line(journal, 0, "By", "Rent Paid", nil, amount)
+    line(journal, 1, "To", "Bank", nil, amount)
     journal.txtnarr:type(narration)
     journal.cmdupdate:click()
   end
@@ -151,10 +142,10 @@ return function(kit)
     book.cmdadd:click()
     act(function()
       quillet.answer("Yes")
-      line(book, 0, "By", "A Ledger's \\ Name", "3", "RENT")
+      line(book, 0, "By", "A Ledger's \\ Name", "RENT", "3")
     end)
     act(function()
-      line(book, 1, "To", "Bank", "3")
+      line(book, 1, "To", "Bank", nil, "3")
       book.cmdupdate:click()
     end)
   end

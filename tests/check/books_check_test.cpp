@@ -40,6 +40,24 @@ TEST_F(BooksCheckTest, TheSamplePracticeIsSound) {
   EXPECT_FALSE(examineBooks(practice, [](long, long) { return false; }).clean());
 }
 
+TEST_F(BooksCheckTest, AnAlteredLogIsNoticed) {
+  for (const char* alteration :
+       {"delete from SuiteAct order by At desc limit 1", "delete from SuiteAct",
+        "update SuiteAct set Person='nobody' order by At limit 1"}) {
+    SCOPED_TRACE(alteration);
+    exec("delete from SuiteAct");
+    exec("delete history from SuiteAct");
+    for (const char* made : {"Cash", "Bank"}) {
+      host().GetMax_MastPartId(made);
+      exec("delete from Mast_Part");
+    }
+    EXPECT_EQ(found(), std::vector<std::string>{});
+    exec(alteration);
+    EXPECT_EQ(found(), std::vector<std::string>{"log"});
+    EXPECT_NE(report().find("altered or taken out"), std::string::npos);
+  }
+}
+
 // Two clients who share the tables of a number.
 class DamagedBooksTest : public BooksCheckTest {
  protected:
@@ -50,6 +68,7 @@ class DamagedBooksTest : public BooksCheckTest {
           "TRADE_2", "RMGRP_1", "RMGRP_2"}) {
       exec("delete from " + std::string(table));
     }
+    exec("delete history from Mast_Part");  // its numbers begin anew
     exec("insert into Mast_Gunder values (1,'ASSETS',1)");
     addClient("C1", "Asha Traders");
     addClient("C2", "Neighbour & Co");

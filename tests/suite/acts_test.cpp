@@ -78,13 +78,14 @@ TEST_F(ActsTest, ALostConnectionTakesTheActBackAndIsRenewed) {
       },
   };
   for (const Steps& steps : breaks) {
+    long made = 0;
     act([&] {
-      EXPECT_EQ(host().GetMax_MastPartId("Brand New"), 1);
+      made = host().GetMax_MastPartId("Brand New");
       host().ConQuery("delete from Mast_Part");
       steps();
     });
     EXPECT_EQ(ledgers(), "0");
-    EXPECT_EQ(host().GetPart_MastPartId(1), "") << "the name is forgotten";
+    EXPECT_EQ(host().GetPart_MastPartId(made), "") << "the name is forgotten";
     const Texts told = notices();
     ASSERT_EQ(told.size(), 1U);
     EXPECT_NE(told[0].find("Nothing of the last step was stored"), std::string::npos) << told[0];
@@ -140,7 +141,16 @@ TEST_F(ActsTest, FilesGoWhenTheActStands) {
   removal.bringBack(at);
   EXPECT_TRUE(removal.carryOut().empty());
   EXPECT_TRUE(fs::exists(file)) << "it comes back with the act";
+  removal.removeAgain(at);
+  EXPECT_TRUE(removal.carryOut().empty());
+  EXPECT_FALSE(fs::exists(file)) << "it goes once more when that is taken back";
+  removal.bringBack(suite::instantFrom(value("select At from SuiteRemoval")));
+  EXPECT_TRUE(removal.carryOut().empty());
+  EXPECT_TRUE(fs::exists(file));
+  exec("update SuiteRemoval set At=now(6)-interval 91 day");
+  removal.removeOld();
   EXPECT_EQ(value("select count(*) from SuiteRemoval"), "0");
+  EXPECT_TRUE(fs::exists(file));
 
   // A file of that name that was made since, and a name that leads elsewhere.
   write("a new one");

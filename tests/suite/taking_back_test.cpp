@@ -5,6 +5,7 @@
 
 #include <fstream>
 
+#include "suite/check/act_log_rules.h"
 #include "suite/history/act_inverse.h"
 #include "suite/history/pruning.h"
 #include "support/practice.h"
@@ -38,7 +39,7 @@ class TakingBackTest : public PracticeTest {
   suite::TakingBack& takingBack() { return practice.environment().takingBack(); }
   Texts takeBack(const ActRow& which) {
     const Act running(context().openForms.acts);
-    return takingBack().takeBack(which);
+    return takingBack().takeBack(takingBack().inverseOf(which));
   }
   std::string lastToTakeBack() {
     const auto last = takingBack().last("C1", "31032009");
@@ -167,7 +168,7 @@ TEST_F(TakingBackTest, LedgersAndGroupsComeAndGoWithTheirUse) {
   EXPECT_TRUE(takeBack(entered).empty());
   EXPECT_EQ(lines(), before_);
   EXPECT_EQ(host().GetPart_MastPartId(77), "New") << "a ledger without lines stays";
-  EXPECT_EQ(takingBack().whatItChanged(entered), "The line of New under BANKS (client C1).");
+  EXPECT_EQ(takingBack().inverseOf(entered).words(), "The line of New under BANKS (client C1).");
 
   const ActRow made = act({"insert into Mast_Part values(78,'Alone')"});
   act({line(3, "78,1,5,1")});
@@ -175,6 +176,11 @@ TEST_F(TakingBackTest, LedgersAndGroupsComeAndGoWithTheirUse) {
   act({"delete from TAB_1 where code_no='C1' and partid=78"});
   EXPECT_TRUE(takeBack(made).empty());
   EXPECT_EQ(host().GetPart_MastPartId(78), "");
+
+  act({"insert into Mast_AllGrp values(3,1,'Spare','Y')"});
+  const ActRow spare = act({"delete from Mast_AllGrp where ALLID=3"});
+  act({"insert into Mast_AllGrp values(3,1,'Theirs','Y')"});
+  EXPECT_EQ(takeBack(spare), Texts{"The number of the group Spare now belongs to Theirs."});
 
   // A merge touches the books of several clients.
   exec("insert into TAB_1 values(1,'C2',1,2,8,1),(2,'C2',1,1,9,1)");
@@ -256,6 +262,9 @@ TEST_F(TakingBackTest, OldHistoryIsPrunedIntoAFile) {
   EXPECT_EQ(lastAct().command, "Prune the history");
   EXPECT_NE(lastAct().reason.find("1 acts before 2018-05-01"), std::string::npos);
   EXPECT_TRUE(log.keeps());
+  suite::check::Examined examined;
+  suite::check::examineActLog(database, examined);
+  EXPECT_TRUE(examined.findings.empty()) << "of what was pruned";
 }
 
 }  // namespace

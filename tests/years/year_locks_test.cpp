@@ -273,11 +273,11 @@ TEST_F(YearLocksTest, NothingIsTakenBackInALockedYear) {
   act("delete from TAB_1 where code_no='C1'");
   const suite::ActRow deletion = newest();
   lock();
-  EXPECT_EQ(takingBack.conflicts(newest()), ownCommands);
+  EXPECT_EQ(takingBack.conflicts(takingBack.inverseOf(newest())), ownCommands);
   const Rows before = books();
   {
     const Act running(context().openForms.acts);
-    const Texts conflicts = takingBack.takeBack(deletion);
+    const Texts conflicts = takingBack.takeBack(takingBack.inverseOf(deletion));
     ASSERT_EQ(conflicts.size(), 1U);
     EXPECT_TRUE(names(conflicts[0])) << conflicts[0];
   }
@@ -295,10 +295,10 @@ TEST_F(YearLocksTest, NothingIsTakenBackInALockedYear) {
   log();
 
   locks().unlock("C1", "31032009", "Late invoice");
-  EXPECT_EQ(takingBack.conflicts(newest()), ownCommands);
+  EXPECT_EQ(takingBack.conflicts(takingBack.inverseOf(newest())), ownCommands);
   ASSERT_TRUE(takingBack.last("C1", "31032009"));
   EXPECT_EQ(takingBack.last("C1", "31032009")->at, deletion.at) << "the locks are passed over";
-  EXPECT_EQ(takingBack.conflicts(deletion), Texts());
+  EXPECT_EQ(takingBack.conflicts(takingBack.inverseOf(deletion)), Texts());
 }
 
 TEST_F(YearLocksTest, NothingIsBroughtForwardOrMendedInALockedYear) {
