@@ -2,6 +2,8 @@
 
 #include <iostream>
 
+#include "suite/server_password.h"
+
 namespace quillet::app {
 namespace {
 
@@ -38,6 +40,11 @@ suite::StartPolicy askingPolicy(Dialogs& dialogs) {
     return dialogs.MsgBox({loss + "\n\nGo on without, with empty tables in their place?", "Quillet",
                            Buttons::YesNo, Icon::exclamation, Answer::No}) == Answer::Yes;
   };
+  policy.askPassword = [&dialogs](const std::string& prompt) { return dialogs.password(prompt); };
+  policy.mayKeepPassword = [&dialogs](const std::string& whose) {
+    return dialogs.MsgBox({"Keep the password of " + whose + " in the keyring of this desktop?",
+                           "Quillet", Buttons::YesNo, Icon::question, Answer::Yes}) == Answer::Yes;
+  };
   policy.putSettingsBack = [&dialogs](const std::string& loss) {
     return dialogs.MsgBox({loss + "\n\nThe books were not touched. Take the settings of the last"
                                   " start?",
@@ -48,6 +55,7 @@ suite::StartPolicy askingPolicy(Dialogs& dialogs) {
 
 suite::StartPolicy scriptPolicy() {
   suite::StartPolicy policy;
+  policy.askPassword = suite::askAtTerminal;
   policy.examination.undecided = [](const Examination::Obstacle& obstacle) {
     if (!obstacle.mayOpen) return Choice::leave;
     std::cerr << "quillet: The database is opened without having been examined to the end: "

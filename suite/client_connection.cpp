@@ -10,6 +10,7 @@
 #include "data/errors.h"
 #include "data/text.h"
 #include "suite/client_library.h"
+#include "suite/server_errors.h"
 
 namespace quillet::suite {
 namespace {
@@ -237,8 +238,11 @@ bool ClientConnection::answers() { return library_->ping(connection_) == 0; }
 
 void ClientConnection::failStatement() const {
   const auto number = static_cast<long>(library_->errorNumber(connection_));
-  if (std::find(lostAsWell.begin(), lostAsWell.end(), number) == lostAsWell.end()) fail();
-  throw RunTimeError(connectionLost, library_->errorText(connection_), source);
+  const std::string text = library_->errorText(connection_);
+  if (library_ == &embeddedClient()) throw RunTimeError(number, text, source);
+  const bool lost = std::find(lostAsWell.begin(), lostAsWell.end(), number) != lostAsWell.end();
+  const long meant = lost ? connectionLost : number;
+  throw RunTimeError(meant, explained(meant, text), source);
 }
 
 void ClientConnection::fail() const {

@@ -1,11 +1,14 @@
 #include "suite/database.h"
 
+#include <chrono>
 #include <optional>
 #include <stdexcept>
+#include <thread>
 
 #include "data/errors.h"
 #include "suite/client_connection.h"
 #include "suite/embedded_server.h"
+#include "suite/server_login.h"
 
 namespace quillet::suite {
 namespace {
@@ -13,13 +16,10 @@ namespace {
 constexpr const char* ownSchema = "quillet";
 constexpr const char* charset = "utf8mb4";
 // Names are the same that differ in case or in blanks at the end; accents, the signs of Indian
-// scripts and emoji tell them apart, as they do in the module. A server that does not know this
-// collation gets the one that every server has, which ignores accents and takes all emoji for the
-// same.
-constexpr const char* collation = "utf8mb4_uca1400_as_ci";
-constexpr const char* simpleCollation = "utf8mb4_general_ci";
-constexpr long unknownCollation = 1273;
+// scripts and emoji tell them apart, as they do in the module.
+constexpr const char* withCollation = " character set utf8mb4 collate utf8mb4_uca1400_as_ci";
 constexpr long unknownDatabase = 1049;
+constexpr long accessDenied = 1044;
 
 // The server makes a table of a long list of values. That helps where rows are looked up by the
 // list; where each row is compared with it, the list as it stands is faster.
@@ -28,12 +28,6 @@ std::string comparingLists(const std::string& sql) {
   constexpr std::size_t longList = 4'000;
   if (sql.size() < longList || sql.find(excluding) == std::string::npos) return sql;
   return "set statement in_predicate_conversion_threshold=0 for " + sql;
-}
-
-bool isPlainName(const std::string& name) {
-  return !name.empty() && name.find_first_not_of(
-                              "abcdefghijklmnopqrstuvwxyz"
-                              "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_") == std::string::npos;
 }
 
 }  // namespace
@@ -50,11 +44,11 @@ class Database::Impl {
   // that is there keeps the collation it has.
   void useSchema(const std::string& schema) {
     if (!isThere(schema)) {
-      setCollation("create database if not exists " + schema);
+      connection_.execute("create database if not exists " + schema + withCollation);
       connection_.execute("use " + schema);
     }
     if (connection_.query("select @@character_set_database")->text(0) != charset) {
-      setCollation("alter database " + schema);
+      connection_.execute("alter database " + schema + withCollation);
     }
   }
 
@@ -111,15 +105,6 @@ class Database::Impl {
       return false;
     }
   }
-  void setCollation(const std::string& sql) {
-    const std::string with = sql + " character set " + charset + " collate ";
-    try {
-      connection_.execute(with + collation);
-    } catch (const RunTimeError& error) {
-      if (error.number() != unknownCollation) throw;
-      connection_.execute(with + simpleCollation);
-    }
-  }
 
   std::unique_ptr<EmbeddedServer> server_;  // outlives the connection
   std::optional<Server> remote_;
@@ -145,56 +130,53 @@ void Database::Impl::connectWithin() {
 }
 
 void Database::Impl::connectTo(const Server& server) {
-  try {
-    connection_.open({.host = server.host,
-                      .port = server.port,
-                      .socket = server.socket,
-                      .user = server.user,
-                      .password = server.password});
-  } catch (const RunTimeError& error) {
-    throw std::runtime_error("The database server " + server.host +
-                             " cannot be reached: " + error.what());
-  }
-  if (connection_.query("select @@lower_case_table_names")->integer(0) == 0) {
-    throw std::runtime_error("The database server " + server.host +
-                             " tells upper from lower case in table names. Set "
-                             "lower_case_table_names=1 in its configuration and restart it.");
-  }
-  connection_.execute(
-      "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
-      " session wait_timeout=2147483,"  // a practice stays open for days
-      // Stations that wait for each other see what the other one has committed.
-      " session tx_isolation='READ-COMMITTED', session innodb_lock_wait_timeout=30");
-  holdSchema(server.schema);
+  const ServerAddress& address = server.address;
+  connection_ = logIn(address, server.password);
+  holdSchema(address.database);
   openBooks(server);
   prepareHistory();
 }
 
 void Database::Impl::openBooks(const Server& server) {
+  const ServerAddress& address = server.address;
+  const std::string told = "the database " + address.database + " on the server " + address.place();
   bool there = false;
   try {
-    there = isThere(server.schema);
+    there = isThere(address.database);
   } catch (const RunTimeError& error) {
-    throw std::runtime_error("The database " + server.schema + " on the server " + server.host +
-                             " cannot be opened: " + error.what());
+    if (error.number() != accessDenied) throw;
+  }
+  const auto missing = missingRights(connection_, address.database);
+  if (!missing.empty()) {
+    throw std::runtime_error("The account " + address.user + " lacks rights on " + told + ": " +
+                             listed(missing) +
+                             ". Whoever keeps the server gives them with: quillet server-account");
   }
   if (!server.mayBeNew && (!there || !hasTables())) {
-    throw std::runtime_error("The books of the practice are gone: the database " + server.schema +
-                             " on the server " + server.host +
+    throw std::runtime_error("The books of the practice are gone: " + told +
                              " has no tables. Restore it there, or correct the section [Server] of"
                              " settings.ini.");
   }
-  useSchema(server.schema);
+  useSchema(address.database);
 }
 
 void Database::Impl::renew() {
-  if (connection_.answers()) return;
-  connection_ = makeConnection();
-  if (remote_) {
-    connectTo(*remote_);
-    share();
-  } else {
-    connectWithin();
+  if (!remote_) {
+    if (connection_.answers()) return;
+    connection_ = makeConnection();
+    return connectWithin();
+  }
+  if (isReady(connection_)) return;
+  // Another host takes some seconds to become the one that works.
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (true) {
+    try {
+      connectTo(*remote_);
+      return share();
+    } catch (const std::runtime_error&) {
+      if (std::chrono::steady_clock::now() > end) throw;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
   }
 }
 
@@ -211,10 +193,6 @@ std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& fo
 }
 
 std::unique_ptr<Database> Database::connect(const Server& server) {
-  if (!isPlainName(server.schema)) {
-    throw std::runtime_error("\"" + server.schema +
-                             "\" cannot name a database; use letters, digits and underscores.");
-  }
   auto impl = std::make_unique<Impl>(nullptr);
   impl->connectTo(server);
   // Its books are known to be there from now on.
@@ -234,8 +212,7 @@ void Database::forgetLater() { impl_->connection().forgetLater(); }
 void Database::execute(const std::string& sql) { impl_->connection().execute(sql); }
 
 RecordsetPtr Database::query(const std::string& sql) {
-  // A server may be of a kind that does not know this.
-  return impl_->connection().query(impl_->server() == nullptr ? sql : comparingLists(sql));
+  return impl_->connection().query(comparingLists(sql));
 }
 
 RecordsetPtr Database::query(const std::string& sql, std::size_t& answer) {

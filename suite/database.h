@@ -10,6 +10,7 @@
 #include "data/recordset.h"
 #include "ports/ports.h"
 #include "suite/folder_examination.h"
+#include "suite/server_address.h"
 
 namespace quillet::suite {
 
@@ -24,17 +25,13 @@ class Database : public Connection {
                                                 const ExaminationPolicy& policy = {});
 
   struct Server {
-    std::string host = "localhost";
-    unsigned port = 0;
-    std::string socket;
-    std::string user;
+    ServerAddress address;
     std::string password;
-    std::string schema = "quillet";
     bool mayBeNew = true;  // false: a database without tables has been lost
   };
   // No other station opens the database until share() or until this object goes. Throws
   // std::runtime_error that tells that there are no books where there should be, or what the server
-  // is to be set to.
+  // is to be set to; WrongPassword.
   static std::unique_ptr<Database> connect(const Server& server);
 
   ~Database() override;
@@ -56,7 +53,8 @@ class Database : public Connection {
   // The books are complete: other stations may open them from now on. Nothing for an embedded one.
   void share();
 
-  // Opens the connection again when it was lost; what was not committed is gone. Throws
+  // Opens the connection again when it was lost, or when its server takes no changes any more: to
+  // the first host that does. What was not committed is gone. Waits a while for one. Throws
   // std::runtime_error as connect() does.
   void renewConnection();
 

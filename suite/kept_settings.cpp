@@ -11,8 +11,8 @@ namespace {
 namespace fs = std::filesystem;
 using State = Settings::State;
 
-std::string placeOf(const Database::Server& server) {
-  return (server.socket.empty() ? server.host : server.socket) + ", database " + server.schema;
+std::string placeOf(const ServerAddress& server) {
+  return server.place() + ", database " + server.database;
 }
 
 }  // namespace

@@ -7,9 +7,11 @@
 
 #include "suite/backup/backup.h"
 #include "suite/backup/backup_place.h"
+#include "suite/copy/copy_practice.h"
 #include "suite/folder_format.h"
 #include "suite/kept_settings.h"
 #include "suite/lost_tables.h"
+#include "suite/server_password.h"
 #include "suite/server_settings.h"
 
 namespace quillet::suite {
@@ -50,9 +52,12 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
   const Settings settings(folder.settings());
   folder_format::refuseNewer(settings, folder.root());
   std::unique_ptr<Database> database;
-  if (auto server = serverIn(settings)) {
-    server->mayBeNew = !kept.nameServer();
-    database = Database::connect(*server);
+  if (const auto server = serverIn(settings)) {
+    refusePassword(settings);
+    const auto connect = [&](const std::string& password) {
+      database = Database::connect({*server, password, !kept.nameServer()});
+    };
+    withPassword(*server, policy.askPassword, connect, policy.mayKeepPassword);
   } else {
     ExaminationPolicy examination = policy.examination;
     examination.mayBeNew = !kept.exist() && settings.areUnused();
@@ -60,6 +65,7 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
     examination.working = [&] { waiting.step(); };
     database = Database::openEmbedded(folder.database(), examination);
   }
+  refuseHalfCopied(*database);
   folder_format::refuseNewer(*database, folder);
   return database;
 }

@@ -264,9 +264,8 @@ void RealServer::addAccount(const std::string& user, const std::string& password
 suite::Database::Server RealServer::entrance(const std::string& user,
                                              const std::string& password) const {
   suite::Database::Server server;
-  server.host = "127.0.0.1";
-  server.port = port_;
-  server.user = user;
+  server.address.hosts = {{"127.0.0.1", port_}};
+  server.address.user = user;
   server.password = password;
   return server;
 }

@@ -1,5 +1,7 @@
 #include "server/station.h"
 
+#include <fstream>
+
 #include "suite/starter_data.h"
 
 namespace quillet::support {
@@ -11,7 +13,10 @@ suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned po
   settings.set("Server", "Host", "127.0.0.1");
   settings.set("Server", "Port", std::to_string(port));
   settings.set("Server", "User", account);
-  settings.set("Server", "Password", account);
+  const std::filesystem::path password = path.parent_path() / "password";
+  std::ofstream(password) << account;
+  std::filesystem::permissions(password, std::filesystem::perms::owner_read);
+  settings.set("Server", "PasswordFile", password.string());
   settings.set("Server", "Database", "quillet");
   return folder;
 }

@@ -73,12 +73,14 @@ TEST_F(SettingsTest, NamesAServerOnlyWhenAsked) {
   EXPECT_FALSE(serverIn(settings).has_value());
   settings.set("Server", "User", "practice");
   EXPECT_FALSE(serverIn(settings).has_value());
-  settings.set("Server", "Host", "db.office");
+  settings.set("Server", "Host", "db.office, db2.office:3308");
   settings.set("Server", "Port", "3307");
-  const auto server = serverIn(settings);
-  ASSERT_TRUE(server.has_value());
-  EXPECT_EQ(server->host + ' ' + server->user + ' ' + server->schema, "db.office practice quillet");
-  EXPECT_EQ(server->port, 3307U);
+  EXPECT_EQ(serverIn(settings).value().url(),
+            "mariadb://practice@db.office:3308,db2.office:3308/quillet");
+  const ServerAddress other =
+      parseServerUrl("mariadb://a%40b@[::1],c:1/d?ca=/x%20y&password-file=/p&answer-seconds=5");
+  keepServer(settings, other);
+  EXPECT_EQ(serverIn(Settings(file)), other);
 }
 
 TEST_F(SettingsTest, AFailedWriteChangesNothing) {
