@@ -16,11 +16,26 @@
 #include "app/run_check.h"
 #include "app/run_desktop.h"
 #include "app/run_script.h"
+#include "app/run_server.h"
 #include "suite/data_folder.h"
 
 namespace {
 
 using quillet::app::Options;
+
+// What a server was named for is done in the data folder of this station.
+Options atStation(Options options) {
+  using Command = Options::Command;
+  const bool keepers =
+      options.command == Command::serverInit || options.command == Command::serverAccount;
+  if (options.server.empty() || keepers) return options;
+  for (const Command command : {Command::open, Command::script, Command::check, Command::prune}) {
+    if (command != options.command) continue;
+    options.data = quillet::app::folderForServer(options.data, options.server);
+    return options;
+  }
+  throw quillet::app::ExitRequest(2, "--server: this command is for data folders");
+}
 
 int run(const Options& options) {
   quillet::app::prepareLastWords(options.command == Options::Command::open &&
@@ -42,6 +57,12 @@ int run(const Options& options) {
       return quillet::app::runRestore(options);
     case Options::Command::script:
       return quillet::app::runScript(options);
+    case Options::Command::serverInit:
+      return quillet::app::runServerInit(options);
+    case Options::Command::serverAccount:
+      return quillet::app::runServerAccount(options);
+    case Options::Command::copy:
+      return quillet::app::runCopy(options);
     case Options::Command::open:
       break;
   }
@@ -61,7 +82,7 @@ int main(int argc, char** argv) {
     if (argc == 2 && argv[1] == std::string_view(quillet::app::lastWordsOption)) {
       return quillet::app::showLastWords();
     }
-    return run(quillet::app::parseOptions(argc, argv));
+    return run(atStation(quillet::app::parseOptions(argc, argv)));
   } catch (const quillet::app::ExitRequest& request) {
     (request.status() == 0 ? std::cout : std::cerr)
         << (request.status() == 0 ? "" : "quillet: ") << request.what() << '\n';

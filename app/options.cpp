@@ -16,6 +16,36 @@ void takeScript(const CLI::App& command, Options& options) {
   options.arguments.assign(rest.begin() + 1, rest.end());
 }
 
+void addServer(CLI::App& command, Options& options) {
+  command.add_option("URL", options.server, "mariadb://administrator@host/database")->required();
+  command
+      .add_option("--account-password-file", options.passwordFile,
+                  "Holds the password of a new account, and only you can read it")
+      ->type_name("FILE");
+}
+
+void addServerCommands(CLI::App& app, Options& options) {
+  const auto add = [&](const char* name, Options::Command command, const char* description) {
+    CLI::App* added = app.add_subcommand(name, description);
+    added->callback([&options, command] { options.command = command; });
+    return added;
+  };
+  CLI::App* init = add("server-init", Options::Command::serverInit,
+                       "Makes a practice on a database server, as its keeper");
+  addServer(*init, options);
+  init->add_option("--account", options.account, "The first person's account");
+  CLI::App* account =
+      add("server-account", Options::Command::serverAccount,
+          "Gives a person an account on a database server, or the rights that it lacks");
+  addServer(*account, options);
+  account->add_option("NAME", options.account)->required();
+  CLI::App* copy = add("copy", Options::Command::copy,
+                       "Copies a practice to a database server, or back to a folder");
+  copy->add_option("FROM", options.from, "A data folder or mariadb://user@host/database")
+      ->required();
+  copy->add_option("TO", options.to, "The other one, which holds nothing yet")->required();
+}
+
 std::string firstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
 
 }  // namespace
@@ -27,6 +57,9 @@ Options parseOptions(int argc, const char* const* argv) {
   app.set_version_flag("--version", "quillet " QUILLET_VERSION);
   app.add_option("--data", data, "The data folder; without it the one in your data home")
       ->type_name("DIR");
+  app.add_option("--server", options.server,
+                 "The database server: mariadb://user@host[,host2...]:port/database")
+      ->type_name("URL");
   app.require_subcommand(0, 1);
 
   CLI::App* init = app.add_subcommand("init", "Creates a data folder with the sample practice");
@@ -50,6 +83,8 @@ Options parseOptions(int argc, const char* const* argv) {
   prune->add_option("--before", options.before, "A day at least eight years ago: 2018-03-31")
       ->required();
   prune->add_option("FILE", options.file, "Gets what is removed")->required();
+
+  addServerCommands(app, options);
 
   CLI::App* script = app.add_subcommand(
       "script", "Runs a Lua script against the forms: script [--show] FILE.lua [ARG...]");

@@ -9,10 +9,22 @@
 namespace quillet::app {
 
 struct Options {
-  enum class Command { open, init, check, backup, restore, prune, script };
+  enum class Command {
+    open,
+    init,
+    check,
+    backup,
+    restore,
+    prune,
+    script,
+    serverInit,
+    serverAccount,
+    copy
+  };
   Command command = Command::open;
 
   std::filesystem::path data;  // empty: the folder in the user's data home
+  std::string server;          // mariadb://user@host/database; "": the data folder names it, if any
   bool empty = false;          // init: the starter groups only
   bool force = false;          // init, restore: replaces a data folder that exists
 
@@ -20,6 +32,10 @@ struct Options {
 
   bool mend = false;  // check: mends what can be mended
   bool yes = false;   // check: without asking first
+
+  std::string account;                 // server-init, server-account: the station's
+  std::filesystem::path passwordFile;  // and the file with its password
+  std::string from, to;                // copy: a data folder and a server
 
   std::string before;  // prune: "2018-03-31"
 

@@ -129,7 +129,8 @@ int runPrune(const Options& options) {
     suite::QueuedDialogs dialogs;
     suite::HeadlessFrontEnd frontEnd(dialogs);
     suite::SystemClock clock;
-    suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock);
+    suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock,
+                             scriptPolicy());
     const suite::Pruned pruned = suite::pruneHistory(
         practice.database(), practice.environment().actLog(), clock.today(), *before, options.file);
     std::cout << pruned.rows << " rows and " << pruned.acts << " acts went to "

@@ -15,7 +15,8 @@ keyboard, totals and difference, summary figures, adjustment vouchers that
 post straight into the trial balance, account groups and ledgers shared by
 all clients, printouts, and the export to a workbook.
 .
-The database is part of the program; there is no server to set up.")
+The database is part of the program; there is no server to set up. Several
+stations can share the books on a MariaDB server.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)

@@ -58,6 +58,7 @@ void PracticeCommands::askForFirm() {
 
 void PracticeCommands::showSettings() {
   practice_.service().resize_for_resolution(settings_);
+  practice_.service().resize_for_resolution(settings_.serverForm());
   settings_.showModal();
 }
 

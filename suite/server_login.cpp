@@ -22,9 +22,8 @@ constexpr long smallestPacket = 16L << 20;
 constexpr long notReady = 1047;
 
 std::string lower(std::string text) {
-  std::ranges::transform(text, text.begin(), [](unsigned char c) {
-    return static_cast<char>(std::tolower(c));
-  });
+  std::ranges::transform(text, text.begin(),
+                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return text;
 }
 

@@ -14,7 +14,9 @@ frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dial
       settings_(settings),
       dialogs_(dialogs),
       unit_(unit),
-      mayUnlock_(std::move(mayUnlock)) {
+      mayUnlock_(std::move(mayUnlock)),
+      server_(openForms, settings, dialogs) {
+  cmdserver.Click = [this] { server_.showModal(); };
   for (TextBox* box : {&txtunlock, &txtagain}) box->setSecret(true);
   chkunlock.Click = [this] { showPasswordFields(); };
   setCaption("Settings");
@@ -24,7 +26,8 @@ frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dial
     if (key == keys::Escape) {
       key = keys::none;
       close();
-    } else if (key == keys::Enter && active() != &cmdok && active() != &cmdcancel) {
+    } else if (key == keys::Enter && active() != &cmdok && active() != &cmdcancel &&
+               active() != &cmdserver) {
       key = keys::none;
       focusNext();
     }
@@ -100,7 +103,7 @@ LayoutItem frmSettings::layout() {
                  field("&Colours", cbotheme, 30), field("Printed &sheets", cboorientation, 30),
                  row({item(chkunlock), named("Password that unlocks years", item(txtunlock, 1, 14)),
                       named("Password again", field("Aga&in", txtagain, 14, 1))}),
-                 gap(), row({gap(), item(cmdok), item(cmdcancel)})});
+                 gap(), row({item(cmdserver), gap(), item(cmdok), item(cmdcancel)})});
 }
 
 }  // namespace quillet::suite

@@ -11,6 +11,7 @@
 #include "controls/text_box.h"
 #include "ports/ports.h"
 #include "suite/preferences.h"
+#include "suite/server_form.h"
 #include "suite/settings.h"
 #include "suite/unit_of_work.h"
 
@@ -29,11 +30,15 @@ class frmSettings : public Form {
   CheckBox chkunlock{*this, "chkunlock", "Unlock years with a pass&word"};
   TextBox txtunlock{*this, "txtunlock"};
   TextBox txtagain{*this, "txtagain"};
+  Button cmdserver{*this, "cmdserver", "&Database Server..."};
   Button cmdok{*this, "cmdok", "&OK"};
   Button cmdcancel{*this, "cmdcancel", "Cancel"};
 
   // The settings are others than before.
   std::function<void()> onKept;
+
+  // Opened from here.
+  Form& serverForm() { return server_; }
 
   LayoutItem layout() override;
 
@@ -55,6 +60,7 @@ class frmSettings : public Form {
   Dialogs& dialogs_;
   UnitOfWork& unit_;
   std::function<bool()> mayUnlock_;
+  frmServer server_;
   bool hadPassword_ = false;
 };
 

@@ -87,9 +87,10 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
   suite::frmchanges changes(context(), practice.environment().unit(), {});
   suite::frmasof asOf(context(), practice.environment().unit());
-  for (Form* form : std::initializer_list<Form*>{
-           &home, &editor, &journal, &groups, &ledgers, &binding, &deletion, &import, &vouchers,
-           &forward, &stock, &client, &settings, &lock, &firm, &changes, &asOf}) {
+  for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,
+                                                 &binding, &deletion, &import, &vouchers, &forward,
+                                                 &stock, &client, &settings, &settings.serverForm(),
+                                                 &lock, &firm, &changes, &asOf}) {
     EXPECT_EQ(clashes(*form), std::set<std::string>());
   }
   third& shown = this->home();

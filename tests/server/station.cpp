@@ -13,7 +13,7 @@ suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned po
   settings.set("Server", "Host", "127.0.0.1");
   settings.set("Server", "Port", std::to_string(port));
   settings.set("Server", "User", account);
-  const std::filesystem::path password = path.parent_path() / "password";
+  const std::filesystem::path password = path.string() + ".password";
   std::ofstream(password) << account;
   std::filesystem::permissions(password, std::filesystem::perms::owner_read);
   settings.set("Server", "PasswordFile", password.string());
