@@ -10,6 +10,7 @@ namespace {
 // Error numbers of a path that cannot be used and of a bad file name.
 constexpr long pathAccessError = 75;
 constexpr long badFileName = 52;
+constexpr long yearIsGone = 3021;  // there is no current record
 
 enum MainOption { all = 0, none = 1, selected = 2 };
 enum YesNoOption { yes = 0, no = 1 };
@@ -212,6 +213,19 @@ void frmdelwhatinTB::takenBack() {
     deleted_ = false;
     deletion_.open(RegisteredYear(deletion_.year()));
   });
+}
+
+// Another station may have deleted the year, and its tables may be another year's by now.
+void frmdelwhatinTB::booksMoved(bool masters) {
+  if (!masters || !visible() || deleted_) return;
+  const RegisteredYear& shown = deletion_.year();
+  const auto year = Registry(*context_.host).year(shown.client, shown.keys, YearSelect::home);
+  if (year && year->table == shown.table && year->number == shown.number) return;
+  close();
+  throw RunTimeError(
+      yearIsGone,
+      "Another station has deleted the year meanwhile, or made it anew. Nothing was deleted here.",
+      "Quillet");
 }
 
 void frmdelwhatinTB::CMDCANCEL_CLICK() { close(); }

@@ -32,6 +32,7 @@ class frmdelwhatinTB : public Form {
 
   LayoutItem layout() override;
   void takenBack() override;
+  void booksMoved(bool masters) override;
 
   Label lblheading{*this, "lblheading"};
   Label lblsubject{*this, "lblsubject"};

@@ -98,6 +98,7 @@ void frmcrtb::readRegisters() {
 void frmcrtb::activated() {
   logErrors("FORM_ACTIVATE", [&] { books_.lookAtLocks(lbllock); });
   SETBUTTON();
+  if (books_.mustBeReadAnew()) showStored();
 }
 
 // --- ledgers and groups -------------------------------------------------------------------------
@@ -252,6 +253,7 @@ void frmcrtb::booksMoved(bool masters) {
   logErrors("BOOKSMOVED", [&] { books_.lookAtLocks(lbllock); });
   SETBUTTON();
   // Where nobody else may change the lines, only their names can have changed.
+  if (books_.mustBeReadAnew()) return showStored();
   if (masters || books_.locked(books_.years.yearInView())) refreshShownLines();
 }
 

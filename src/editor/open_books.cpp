@@ -1,5 +1,7 @@
 #include "editor/open_books.h"
 
+#include <utility>
+
 #include "books/locked_years.h"
 #include "host/year_lock.h"
 
@@ -8,7 +10,8 @@ namespace quillet {
 using enum TwoYears::Year;
 
 void OpenBooks::showLocks(Label& shown, bool entering) {
-  locks = {};
+  const auto before = std::exchange(locks, {});
+  if (entering) freed_ = false;
   std::string text;
   for (const TwoYears::Year year : {current, previous}) {
     if (!years.has(year)) continue;
@@ -16,6 +19,7 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
     locks[year] = entering && years.inView(year)
                       ? enterYear(holds_[year], context, years.client(), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
+    freed_ = freed_ || (!entering && before[year] && !locked(year));
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") +
             std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);

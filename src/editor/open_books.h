@@ -23,6 +23,9 @@ struct OpenBooks {
   void leave();
   // The same without having them: what is shown was read before.
   void lookAtLocks(Label& shown) { showLocks(shown, false); }
+  // A year that was locked, or open elsewhere, is free by now: its lines may not be those that are
+  // shown.
+  bool mustBeReadAnew() const { return freed_; }
   bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
   // True, and a person was told, when the year is locked by now.
   bool refusesChange(TwoYears::Year year) const;
@@ -36,6 +39,7 @@ struct OpenBooks {
   void showLocks(Label& shown, bool entering);
 
   std::array<YearHold, 2> holds_;
+  bool freed_ = false;
 };
 
 }  // namespace quillet

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "data/errors.h"
+#include "suite/history/written_table.h"
 #include "suite/stations/station_turns.h"
 
 namespace quillet::suite {
@@ -10,8 +11,10 @@ namespace {
 
 constexpr Instant day = 24LL * 3600 * 1'000'000;
 
-bool namesLines(const std::string& table) {
-  return table.starts_with("tab_") || table.starts_with("jrnl_") || table.starts_with("trade_");
+// Of a year: what its rows name.
+bool namesLedgers(const std::string& table) {
+  return !yearSuffix(table).empty() &&
+         (table.starts_with("tab_") || table.starts_with("jrnl_") || table.starts_with("trade_"));
 }
 
 }  // namespace
@@ -19,7 +22,7 @@ bool namesLines(const std::string& table) {
 // What was inserted has higher numbers than what stood there a day ago; no more is looked at.
 void refuseDeadNames(Database& database, const ActLog& act) {
   for (const std::string& table : act.tables()) {
-    if (!namesLines(table)) continue;
+    if (!namesLedgers(table)) continue;
     const bool dead =
         !database
              .query("select 1 from `" + table + "` as s where s.row_from='" +
@@ -28,12 +31,14 @@ void refuseDeadNames(Database& database, const ActLog& act) {
                     "` where row_from<'" + instantText(act.instant() - day) +
                     "' order by row_id desc limit 1),0)) and (not exists(select 1 from Mast_Part "
                     "as p where p.PartId=s.PartId) or not exists(select 1 from Mast_AllGrp as g "
-                    "where g.ALLID=s.AllId)) limit 1")
+                    "where g.ALLID=s.AllId) or not exists(select 1 from master as m where "
+                    "m.code_no=s.code_no and m.tbl_nm='TAB_" +
+                    yearSuffix(table) + "')) limit 1")
              ->EOF_();
     if (dead) {
       throw RunTimeError(changedMeanwhile,
-                         "A ledger or a group of this entry was deleted or merged at another "
-                         "station meanwhile. Please look at the lists, and enter it again.",
+                         "The year, a ledger or a group of this entry was deleted or merged at "
+                         "another station meanwhile. Please look at the lists, and enter it again.",
                          "Stations");
     }
   }

@@ -1,5 +1,5 @@
-// A form may remember a ledger or a group that another station has deleted since, or linked to
-// another one.
+// A form may remember a year, a ledger or a group that another station has deleted since, or linked
+// to another one.
 #pragma once
 
 #include "suite/database.h"
@@ -7,8 +7,8 @@
 
 namespace quillet::suite {
 
-// Ahead of a commit: throws RunTimeError when what the act has entered names a ledger or a group
-// that is not there.
+// Ahead of a commit: throws RunTimeError when what the act has entered names a year, a ledger
+// or a group that is not there.
 void refuseDeadNames(Database& database, const ActLog& act);
 
 }  // namespace quillet::suite

@@ -25,6 +25,7 @@ constexpr std::array procedures{
     Procedure{"frmjrnl", "MNUTAKEBACK_CLICK"},
     Procedure{"third", "GETTABLE"},
     Procedure{"third", "COMP_DT"},
+    Procedure{"frmdelwhatinTB", "CMDDELETE_CLICK"},
     Procedure{"frmgrpmas", "CMDUPDATE_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPSET_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPCLEAR_CLICK"},

@@ -1,6 +1,6 @@
 // The procedures of the forms that write: on a server a station takes its turn before they read
-// anything. What begins with a question is not among them, and neither is what opens a form; they
-// take it with their first change.
+// anything, and the forms show what others have stored. Over a question they give it away. What
+// opens a form is not among them.
 #pragma once
 
 #include <string_view>

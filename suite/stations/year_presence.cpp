@@ -85,8 +85,9 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
 // Those in which this station is present.
 std::set<YearPresence::Year> YearPresence::present() const {
   std::set<Year> years;
-  const RecordsetPtr rows = unit_.queryAside(
-      "select Code_No,Yr from SuitePresence where Station='" + unit_.escape(station_) + '\'');
+  const RecordsetPtr rows =
+      unit_.queryAside(std::string("select Code_No,Yr from SuitePresence where ") + lately +
+                       " and Station='" + unit_.escape(station_) + '\'');
   for (; !rows->EOF_(); rows->MoveNext()) years.emplace(rows->text(0), rows->text(1));
   return years;
 }
@@ -105,7 +106,7 @@ std::vector<LockedYear> YearPresence::others() const {
       unit_.escape(station_) +
       "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
       "where p." +
-      lately + " or p.Station='" + unit_.escape(station_) + "' order by p.row_id");
+      lately + " order by p.row_id");
   std::set<Year> seen;
   std::set<Year> present;
   for (; !rows->EOF_(); rows->MoveNext()) {
@@ -146,8 +147,9 @@ void YearPresence::beat() {
   const auto now = std::chrono::steady_clock::now();
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
-  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where Station='" +
-                     unit_.escape(station_) + '\'');
+  // One that was silent for too long may have lost the year and does not know it.
+  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where " + std::string(lately) +
+                     " and Station='" + unit_.escape(station_) + '\'');
 }
 
 }  // namespace quillet::suite

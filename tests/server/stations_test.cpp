@@ -64,10 +64,12 @@ TEST_F(StationsTest, OneWritesInAYearAndTheOtherReads) {
   ben().practice().environment().lookAround();
   EXPECT_EQ(reading.vsfm.cell(1, 2), "150.00");
 
-  // Once nobody has the year, whoever reads it can write.
+  // Once nobody has the year, whoever reads it can write, and sees what was stored last.
+  anna().enter("Bank", "BANK BALANCES", "3");
   writing.close();
   ben().practice().environment().lookAround();
   EXPECT_EQ(reading.lbllock.caption(), "");
+  EXPECT_EQ(reading.vsfm.rows(), 2);
   ben().enter("Cash", "BANK BALANCES", "7");
   EXPECT_EQ(balance("A1", "Cash"), "157");
   reading.close();
@@ -168,6 +170,28 @@ TEST_F(StationsTest, ALedgerThatWasDeletedMeanwhileIsNotEntered) {
   ben().change("insert into TAB_2 values(99,'B1',777,1,5,1)");
   EXPECT_EQ(anna().value("select count(*) from TAB_2 where partid=777"), "0");
   EXPECT_EQ(ben().notices().size(), 1U);
+}
+
+TEST_F(StationsTest, AYearThatIsGoneTakesNoLines) {
+  anna().change("insert into TAB_2 values(98,'Z9',1,1,5,1)");
+  EXPECT_EQ(anna().value("select count(*) from TAB_2 where code_no='Z9'"), "0");
+  EXPECT_EQ(anna().notices().size(), 1U);
+  // The tables of the registry's schedules have other columns.
+  anna().change("insert into Trade_Details(code_no) values('A1')");
+  EXPECT_TRUE(anna().notices().empty());
+}
+
+TEST_F(StationsTest, WhoWasSilentForTooLongReadsAnew) {
+  anna().open("A1", 2008);
+  anna().enter("Asleep", "RENT", "1");
+  anna().practice().database().execute(
+      "update SuitePresence set Heard=sysdate(6)-interval 200 second");
+  ben().open("A1", 2008);
+  ben().enter("Asleep", "RENT", "2");
+  ben().leave();
+  EXPECT_TRUE(anna().practice().environment().yearLocks()->lost("A1", "31032009"));
+  anna().enter("Asleep", "RENT", "4");
+  EXPECT_EQ(balance("A1", "Asleep"), "7");
 }
 
 // --- lines to the server ------------------------------------------------------------------------
