@@ -262,8 +262,8 @@ void frmTrade::takenBack() {
 void frmTrade::booksMoved(bool masters) {
   logErrors("BOOKSMOVED", [&] {
     if (masters) ledgers_.fill(stockLedgers(*host_));
-    if (!entering()) showLines();
     showLock();
+    if (!entering()) showLines();
   });
 }
 

@@ -14,10 +14,7 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
     client_ = client;
     secondDate_ = secondDate;
   }
-  if (held_ && locks->lost(client, secondDate)) {
-    locks->leave(client, secondDate);
-    held_ = false;
-  }
+  if (held_ && locks->lost(client, secondDate)) locks->regain(client, secondDate);
   auto lock = locks->find(client, secondDate);
   const bool elsewhere = lock && !lock->station.empty() && lock->reason.empty();
   if (elsewhere && !asked_) {

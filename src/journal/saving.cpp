@@ -145,7 +145,10 @@ void frmjrnl::booksMoved(bool masters) {
     readLists();
     lookups_.forgetUnknown();
   }
-  if (masters || lock.locked()) LOADGRID();
+  const bool reading = lock.locked();
+  if (masters || reading || Frame1.visible()) LOADGRID();
+  // The voucher that is shown may not be the stored one.
+  if (reading && !lock.locked() && Frame2.visible()) showList();
 }
 
 // --- closing ------------------------------------------------------------------------------------

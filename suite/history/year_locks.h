@@ -43,6 +43,9 @@ class YearLockTable : public YearLocks {
   bool lost(const std::string& client, const std::string& secondDate) override {
     return shared_ && presence_.lost(client, secondDate);
   }
+  void regain(const std::string& client, const std::string& secondDate) override {
+    presence_.regain(client, secondDate);
+  }
   void leave(const std::string& client, const std::string& secondDate) override {
     presence_.leave(client, secondDate);
   }

@@ -30,14 +30,16 @@ YearPresence::YearPresence(UnitOfWork& unit)
       heard_(std::chrono::steady_clock::now()) {}
 
 YearPresence::~YearPresence() {
-  for (const auto& [year, count] : held_) remove(year);
+  for (const auto& [year, hold] : held_) remove(year);
 }
 
 std::string YearPresence::conditionOf(const Year& year) const {
   return "Code_No='" + unit_.escape(year.first) + "' and Yr='" + unit_.escape(year.second) + '\'';
 }
 
+// Whoever was not heard of for too long comes back to a year that is not theirs.
 void YearPresence::insert(const Year& year) {
+  unit_.executeAside("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
   unit_.executeAside("insert into SuitePresence(Code_No,Yr,Station,Person,Since,Heard) values('" +
                      unit_.escape(year.first) + "','" + unit_.escape(year.second) + "','" +
                      unit_.escape(station_) + "','" + unit_.escape(person_) +
@@ -54,20 +56,33 @@ void YearPresence::remove(const Year& year) noexcept {
   }
 }
 
+YearPresence::Place YearPresence::placeOf(const Year& year) const {
+  const RecordsetPtr row = unit_.queryAside("select tbl_nm,count from master where code_no='" +
+                                            unit_.escape(year.first) + "' and s_yr='" +
+                                            unit_.escape(year.second) + '\'');
+  return row->EOF_() ? Place{} : Place{row->text(0), row->integer(1)};
+}
+
 void YearPresence::enter(const std::string& client, const std::string& secondDate,
                          const std::string& person) {
   if (!shared_) return;
   person_ = person;
   const Year year{client, secondDate};
-  if (++held_[year] > 1 && !lost(client, secondDate)) return;
-  // Whoever was not heard of for so long comes back to a year that is not theirs.
-  unit_.executeAside("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
+  Hold& hold = held_[year];
+  if (++hold.count > 1) return;
+  hold.place = placeOf(year);
   insert(year);
+}
+
+void YearPresence::regain(const std::string& client, const std::string& secondDate) {
+  const Year year{client, secondDate};
+  const auto held = held_.find(year);
+  if (held != held_.end() && placeOf(year) == held->second.place) insert(year);
 }
 
 void YearPresence::leave(const std::string& client, const std::string& secondDate) {
   const auto held = held_.find({client, secondDate});
-  if (held == held_.end() || --held->second > 0) return;
+  if (held == held_.end() || --held->second.count > 0) return;
   remove(held->first);
   held_.erase(held);
 }
@@ -122,32 +137,27 @@ std::vector<LockedYear> YearPresence::others() const {
                      rows->integer(3),
                      {"", rows->text(5), rows->text(6), station.substr(0, station.find(':'))}});
   }
-  for (const auto& [year, count] : held_) {
-    if (!present.contains(year) && !seen.contains(year)) years.push_back(hadMeanwhile(year));
+  for (const auto& [year, hold] : held_) {
+    if (!present.contains(year) && !seen.contains(year)) years.push_back(hadMeanwhile(year, hold));
   }
   return years;
 }
 
-// The table that it lies in, which its changes are told by.
-LockedYear YearPresence::hadMeanwhile(const Year& year) const {
-  const RecordsetPtr row =
-      unit_.queryAside("select tbl_nm,count from master where code_no='" +
-                       unit_.escape(year.first) + "' and s_yr='" + year.second + '\'');
-  LockedYear had{year.first, firstDateKey(yearOf(year.second) - 1), year.second, {}, 0, {}};
-  if (!row->EOF_()) {
-    had.table = row->text(0);
-    had.number = row->integer(1);
-  }
-  had.lock.reason = "Another station has changed the year meanwhile";
-  had.lock.station = "another station";
-  return had;
+LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
+  return {
+      year.first,
+      firstDateKey(yearOf(year.second) - 1),
+      year.second,
+      hold.place.table,
+      hold.place.number,
+      {"Another station has changed the year meanwhile, or deleted it", "", "", "another station"}};
 }
 
+// One that was silent for too long may have lost the year and does not know it.
 void YearPresence::beat() {
   const auto now = std::chrono::steady_clock::now();
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
-  // One that was silent for too long may have lost the year and does not know it.
   unit_.executeAside("update SuitePresence set Heard=sysdate(6) where " + std::string(lately) +
                      " and Station='" + unit_.escape(station_) + '\'');
 }

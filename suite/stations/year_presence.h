@@ -27,6 +27,8 @@ class YearPresence {
   // Calls are counted.
   void enter(const std::string& client, const std::string& secondDate, const std::string& person);
   void leave(const std::string& client, const std::string& secondDate);
+  // What was lost, where the year is still in the same table.
+  void regain(const std::string& client, const std::string& secondDate);
   // Whoever had the year has it no more.
   void takeOver(const std::string& client, const std::string& secondDate,
                 const std::string& person);
@@ -41,9 +43,20 @@ class YearPresence {
 
  private:
   using Year = std::pair<std::string, std::string>;  // client, second date
+  // Where the registry had the year when it was entered.
+  struct Place {
+    std::string table;
+    long number = 0;
+    bool operator==(const Place&) const = default;
+  };
+  struct Hold {
+    int count = 0;
+    Place place;
+  };
+  Place placeOf(const Year& year) const;
   std::string conditionOf(const Year& year) const;
   std::set<Year> present() const;
-  LockedYear hadMeanwhile(const Year& year) const;
+  static LockedYear hadMeanwhile(const Year& year, const Hold& hold);
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 
@@ -51,7 +64,7 @@ class YearPresence {
   const bool shared_;
   const std::string station_;  // "DESK2:4711"
   std::string person_;
-  std::map<Year, int> held_;
+  std::map<Year, Hold> held_;
   std::chrono::steady_clock::time_point heard_;
 };
 
