@@ -6,18 +6,9 @@
 
 #include "books/clients.h"
 #include "data/text.h"
+#include "data/year.h"
 
 namespace quillet {
-namespace {
-
-// "2026-11-22 16:45:00" as "22/11/2026 16:45".
-std::string shownMoment(const std::string& moment) {
-  if (moment.size() < 16) return moment;
-  return moment.substr(8, 2) + '/' + moment.substr(5, 2) + '/' + moment.substr(0, 4) +
-         moment.substr(10, 6);
-}
-
-}  // namespace
 
 std::string lockText(const YearLock& lock) {
   return (lock.station.empty() ? lock.reason : "open at " + lock.station) +

@@ -26,7 +26,7 @@ struct GridColumn {
   bool editable = false;
   bool tick = false;     // the cell is a tick: "1" or ""
   bool numeric = false;  // sorts by value
-  bool dated = false;    // sorts by day; a cell is written day, month, year
+  bool dated = false;    // sorts by day and time; a cell is written day, month, year
 };
 
 class Grid : public Control {

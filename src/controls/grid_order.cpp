@@ -22,17 +22,20 @@ double valueOf(const std::string& shown) {
   return negative ? -value : value;
 }
 
-// The days of "1/4/2024" and "01-04-2024" in their order; what is no date comes first.
-long dayOf(const std::string& shown) {
-  long parts[3] = {};
+// The moments of "1/4/2024", "01-04-2024" and "01/04/2024 16:45" in their order; what is no date
+// comes first.
+long momentOf(const std::string& shown) {
+  long parts[5] = {};
   const char* at = shown.data();
   const char* end = at + shown.size();
-  for (long& part : parts) {
-    const auto [next, error] = std::from_chars(at, end, part);
-    if (error != std::errc()) return 0;
+  int read = 0;
+  for (; read < 5 && at != end; ++read) {
+    const auto [next, error] = std::from_chars(at, end, parts[read]);
+    if (error != std::errc()) break;
     at = next == end ? end : next + 1;
   }
-  return (parts[2] * 100 + parts[1]) * 100 + parts[0];
+  const auto& [day, month, year, hour, minute] = parts;
+  return read < 3 ? 0 : (((year * 100 + month) * 100 + day) * 100 + hour) * 100 + minute;
 }
 
 template <class T>
@@ -90,7 +93,7 @@ void Grid::sortBy(int column) {
   if (columns_.at(at).numeric) {
     orderByKeys(valueOf);
   } else if (columns_[at].dated) {
-    orderByKeys(dayOf);
+    orderByKeys(momentOf);
   } else {
     orderByKeys([](const std::string& text) { return upperCase(text); });
   }

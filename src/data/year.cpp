@@ -42,6 +42,12 @@ std::string shownDate(std::string_view key) {
          std::string(key.substr(4));
 }
 
+std::string shownMoment(const std::string& moment) {
+  if (moment.size() < 16) return moment;
+  return moment.substr(8, 2) + '/' + moment.substr(5, 2) + '/' + moment.substr(0, 4) +
+         moment.substr(10, 6);
+}
+
 std::string dateKey(std::string_view shown) { return replacedAll(std::string(shown), "/", ""); }
 
 }  // namespace quillet

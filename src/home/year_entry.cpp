@@ -59,9 +59,8 @@ void YearEntry::showYears() {
   });
   std::vector<YearKeys> keys;
   for (const YearFigures& year : figures) keys.push_back(year.keys);
-  std::vector<std::string> locks;
-  form_.logErrors("YEARLOCKS", [&] { locks = lockTexts(context_, form_.clientCode(), keys); });
-  fillYearTable(form_.grdyears, *context_.host, keys, figures, locks);
+  fillYearTable(form_.grdyears, *context_.host, keys, figures,
+                readYearNotes(form_, context_, form_.clientCode(), keys));
   form_.grdyears.setCurrent(form_.grdyears.rows());
   form_.grdyears.setVisible(!keys.empty());
   if (read) {

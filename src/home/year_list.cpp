@@ -35,9 +35,8 @@ void YearList::load() {
                     [&] { figures = yearFigures(*context_.host, form_.clientCode()); });
     if (figures.empty()) form_.status("What the years hold could not be read.");
   }
-  std::vector<std::string> locks;
-  form_.logErrors("YEARLOCKS", [&] { locks = lockTexts(context_, form_.clientCode(), years_); });
-  fillYearTable(grid, *context_.host, years_, figures, locks);
+  fillYearTable(grid, *context_.host, years_, figures,
+                readYearNotes(form_, context_, form_.clientCode(), years_));
   grid.setCurrent(grid.rows());
   form_.showSecondStep(form_.famyears, "choose the year");
   form_.focus(grid);

@@ -21,12 +21,12 @@ std::string differenceText(const ServiceObject& host, const YearFigures& year) {
 
 std::vector<GridColumn> figureColumns() {
   const auto amount = [](const char* heading) {
-    return GridColumn{.heading = heading, .align = Align::right, .width = 15, .numeric = true};
+    return GridColumn{.heading = heading, .align = Align::right, .width = 14, .numeric = true};
   };
-  return {{.heading = "Lines", .align = Align::right, .width = 7, .numeric = true},
+  return {{.heading = "Lines", .align = Align::right, .width = 6, .numeric = true},
           amount("Debit"),
           amount("Credit"),
-          {.heading = "Difference", .align = Align::right, .width = 20, .numeric = true}};
+          {.heading = "Difference", .align = Align::right, .width = 18, .numeric = true}};
 }
 
 std::vector<std::string> figureCells(const ServiceObject& host, const YearFigures& year) {
@@ -35,41 +35,60 @@ std::vector<std::string> figureCells(const ServiceObject& host, const YearFigure
 }
 
 void fillYearTable(Grid& grid, const ServiceObject& host, const std::vector<YearKeys>& years,
-                   const std::vector<YearFigures>& figures, const std::vector<std::string>& locks) {
-  std::vector<GridColumn> columns{{.heading = "From", .width = 12, .dated = true},
-                                  {.heading = "To", .width = 12, .dated = true}};
+                   const std::vector<YearFigures>& figures, const YearNotes& notes) {
+  const bool anyLocked =
+      std::ranges::any_of(notes.locks, [](const auto& lock) { return !lock.empty(); });
+  std::vector<GridColumn> columns{{.heading = "From", .width = 11, .dated = true},
+                                  {.heading = "To", .width = 11, .dated = true}};
   for (GridColumn& column : figureColumns()) columns.push_back(std::move(column));
-  const bool anyLocked = std::ranges::any_of(locks, [](const auto& lock) { return !lock.empty(); });
-  columns.push_back({.heading = "Last Voucher", .width = 13, .stretch = !anyLocked, .dated = true});
-  if (anyLocked) columns.push_back({.heading = "Locked", .width = 24, .stretch = true});
+  columns.push_back({.heading = notes.changes ? "Last Change" : "Last Voucher",
+                     .width = notes.changes ? 16 : 13,
+                     .stretch = !anyLocked,
+                     .dated = true});
+  if (anyLocked) columns.push_back({.heading = "Locked", .width = 8, .stretch = true});
   grid.setColumns(std::move(columns));
-  const std::size_t shownColumns = 3 + figureColumns().size();
-  long id = 0;
-  for (const YearKeys& keys : years) {
+  for (std::size_t at = 0; at < years.size(); ++at) {
+    const YearKeys& keys = years[at];
     std::vector<std::string> cells{shownDate(keys.first), shownDate(keys.second)};
     const auto year = std::ranges::find(figures, keys, &YearFigures::keys);
     if (year != figures.end()) {
       for (std::string& cell : figureCells(host, *year)) cells.push_back(std::move(cell));
-      const std::string& last = year->lastVoucher;
+    }
+    cells.resize(2 + figureColumns().size());
+    if (notes.changes) {
+      cells.push_back(notes.changes->at(at));
+    } else {
+      const std::string last = year == figures.end() ? "" : year->lastVoucher;
       cells.push_back(last.empty() ? "" : host.formatgen(last, "DD/MM/YYYY"));
     }
-    if (anyLocked) {
-      cells.resize(shownColumns);
-      cells.push_back(locks[static_cast<std::size_t>(id)]);
-    }
-    grid.addRow(std::move(cells), ++id);
+    if (anyLocked) cells.push_back(notes.locks[at]);
+    grid.addRow(std::move(cells), static_cast<long>(at) + 1);
   }
 }
 
-std::vector<std::string> lockTexts(Context& context, const std::string& client,
-                                   const std::vector<YearKeys>& years) {
-  std::vector<std::string> texts(years.size());
-  for (const LockedYear& locked : lockedYears(context)) {
-    if (!equalIgnoringCase(locked.client, client)) continue;
-    const auto year = std::ranges::find(years, locked.secondDate, &YearKeys::second);
-    if (year != years.end()) texts[year - years.begin()] = lockText(locked.lock);
-  }
-  return texts;
+YearNotes readYearNotes(Form& form, Context& context, const std::string& client,
+                        const std::vector<YearKeys>& years) {
+  YearNotes notes;
+  form.logErrors("YEARLOCKS", [&] {
+    std::vector<std::string> locks(years.size());
+    for (const LockedYear& locked : lockedYears(context)) {
+      if (!equalIgnoringCase(locked.client, client)) continue;
+      const auto year = std::ranges::find(years, locked.secondDate, &YearKeys::second);
+      if (year != years.end()) locks[year - years.begin()] = lockText(locked.lock);
+    }
+    notes.locks = std::move(locks);
+  });
+  form.logErrors("YEARCHANGES", [&] {
+    BooksHistory* const history = context.environment.history();
+    if (!history || years.empty()) return;
+    const auto times = history->lastChanges(client);
+    notes.changes.emplace();
+    for (const YearKeys& year : years) {
+      const auto time = times.find(year.second);
+      notes.changes->push_back(time == times.end() ? "" : shownMoment(time->second));
+    }
+  });
+  return notes;
 }
 
 }  // namespace quillet

@@ -2,6 +2,7 @@
 // how the books stood, and taking back what was done last.
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace quillet {
@@ -27,6 +28,10 @@ class BooksHistory {
     std::string told;
   };
   virtual TakenBack takeBackLast(const YearOfClient& year) = 0;
+
+  // When the client's years were changed last, "2026-11-22 16:45:00" by the clock of this computer,
+  // by their second dates. A year that nothing changed since the history began is not there.
+  virtual std::map<std::string, std::string> lastChanges(const std::string& client) = 0;
 };
 
 }  // namespace quillet

@@ -164,4 +164,20 @@ Instant lastChange(UnitOfWork& unit, const ClientYear& year) {
   return instantFrom(last->text(0));
 }
 
+// The last entry of each year in the index on client, year and instant: its maximum would read all
+// of them.
+std::map<std::string, std::string> lastChanges(UnitOfWork& unit, const std::string& client) {
+  const std::string code = '\'' + unit.escape(client) + '\'';
+  const RecordsetPtr years = unit.query(
+      "select m.s_yr,(select a.At from SuiteAct a where a.Client=" + code +
+      " and a.Yr=m.s_yr order by a.At desc limit 1) from master m where m.code_no=" + code);
+  std::map<std::string, std::string> times;
+  for (; !years->EOF_(); years->MoveNext()) {
+    if (const Instant last = instantFrom(years->text(1)); last != 0) {
+      times[years->text(0)] = localTime(last);
+    }
+  }
+  return times;
+}
+
 }  // namespace quillet::suite

@@ -2,6 +2,7 @@
 // share.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -43,5 +44,7 @@ Changes changesOfMasters(UnitOfWork& unit, const Period& period, long ledger = 0
 
 // The last act that changed the books of the year; 0 when none did since the history began.
 Instant lastChange(UnitOfWork& unit, const ClientYear& year);
+// The same of all years of the client, by their second dates, as a person reads it.
+std::map<std::string, std::string> lastChanges(UnitOfWork& unit, const std::string& client);
 
 }  // namespace quillet::suite

@@ -10,7 +10,8 @@ namespace quillet::suite {
 class HistoryForms : public BooksHistory {
  public:
   HistoryForms(Context& context, UnitOfWork& unit, TakingBack& takingBack)
-      : takingBack_(takingBack),
+      : unit_(unit),
+        takingBack_(takingBack),
         asOf_(context, unit),
         changes_(context, unit,
                  [this](const YearOfClient& year, Instant at) { asOf_.showYear(year, at); }) {}
@@ -20,8 +21,12 @@ class HistoryForms : public BooksHistory {
   TakenBack takeBackLast(const YearOfClient& year) override {
     return takingBack_.takeBackLast(year.client, year.secondDate);
   }
+  std::map<std::string, std::string> lastChanges(const std::string& client) override {
+    return suite::lastChanges(unit_, client);
+  }
 
  private:
+  UnitOfWork& unit_;
   TakingBack& takingBack_;
   frmasof asOf_;
   frmchanges changes_;
