@@ -95,9 +95,8 @@ void BusyPanel::step() {
 void BusyPanel::draw() {
   if (!panel_) build();
   const QString text = text_.isEmpty() ? tr("Please wait ...") : text_;
-  label_->setText(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
   setProgress();
-  place();
+  place(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
   panel_->show();
   panel_->raise();
   shield(true);
@@ -136,11 +135,17 @@ void BusyPanel::build() {
   inside->addWidget(bar_);
 }
 
-void BusyPanel::place() {
+// A text that is wider than the window loses its middle: the name of a file ends with what tells
+// it.
+void BusyPanel::place(const QString& text) {
+  const QRect room = over_ ? over_->rect() : QGuiApplication::primaryScreen()->availableGeometry();
+  const QMargins margins = panel_->layout()->contentsMargins();
+  const int beside = margins.left() + margins.right() + 2 * panel_->frameWidth();
+  label_->setText(
+      label_->fontMetrics().elidedText(text, Qt::ElideMiddle, room.width() - 2 * beside));
   // As wide from the first text to the last, so that it does not jump.
   const int width = theme::characters(*panel_, 44);
-  panel_->resize(std::max(width, label_->sizeHint().width()), panel_->sizeHint().height());
-  const QRect room = over_ ? over_->rect() : QGuiApplication::primaryScreen()->availableGeometry();
+  panel_->resize(std::max(width, label_->sizeHint().width() + beside), panel_->sizeHint().height());
   panel_->move(room.center() - panel_->rect().center());
 }
 

@@ -53,7 +53,7 @@ class BusyPanel : public QObject {
   void draw();
   void setProgress();
   void build();
-  void place();
+  void place(const QString& text);
   void shield(bool on);
 
   bool busy_ = false;

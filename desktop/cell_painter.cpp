@@ -46,9 +46,23 @@ QColor colourOf(view::Ground ground, const QPalette& palette) {
   return {};
 }
 
-void drawTick(QPainter* painter, const QStyleOptionViewItem& option, bool on) {
+// On the highlighted row the colours change places, or a ticked box would be one with the row.
+QPalette tickColours(QPalette palette, bool highlighted) {
+  if (!highlighted) return palette;
+  const QColor ground = palette.color(QPalette::Active, QPalette::Highlight);
+  const QColor mark = palette.color(QPalette::Active, QPalette::HighlightedText);
+  for (const auto role : {QPalette::Highlight, QPalette::PlaceholderText}) {
+    palette.setColor(role, mark);
+  }
+  for (const auto role : {QPalette::HighlightedText, QPalette::Base}) {
+    palette.setColor(role, ground);
+  }
+  return palette;
+}
+
+void drawTick(QPainter* painter, const QStyleOptionViewItem& option, bool on, bool highlighted) {
   QStyleOptionButton box;
-  box.palette = option.palette;
+  box.palette = tickColours(option.palette, highlighted);
   box.fontMetrics = option.fontMetrics;
   box.state = QStyle::State_Enabled | (on ? QStyle::State_On : QStyle::State_Off);
   const int side =
@@ -78,11 +92,11 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (ground.isValid()) painter->fillRect(option.rect, ground);
 
   const QString text = index.data(Qt::DisplayRole).toString();
-  if (column.tick) return drawTick(painter, option, text == u"1");
+  const bool highlighted = behind == view::Ground::currentInFocus;
+  if (column.tick) return drawTick(painter, option, text == u"1", highlighted);
   const QFont font = fontOf(option, index);
   painter->setFont(font);
   const QPalette::ColorGroup group = enabled ? QPalette::Active : QPalette::Disabled;
-  const bool highlighted = behind == view::Ground::currentInFocus;
   painter->setPen(palette.color(group, highlighted ? QPalette::HighlightedText : QPalette::Text));
   const QRect room = roomOf(option);
   const QFontMetrics measure(font);

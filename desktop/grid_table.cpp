@@ -47,13 +47,14 @@ void GridTable::measure() {
 }
 
 void GridTable::refresh() {
-  if (content_ != grid_.contentVersion()) {
+  const bool filled = content_ != grid_.contentVersion();
+  if (filled) {
     content_ = grid_.contentVersion();
     cells_->refresh();
   }
   arrangeColumns();
   showWholeRows();
-  showCurrent();
+  showCurrent(filled);
 }
 
 // A row is shown whole or not at all: what is left over stays outside the frame.
@@ -99,7 +100,7 @@ void GridTable::arrangeColumns() {
   viewport()->update();
 }
 
-void GridTable::showCurrent() {
+void GridTable::showCurrent(bool filled) {
   const int row = cells_->shownRow(grid_.current());
   if (row < 0) {
     selectionModel()->clear();
@@ -115,7 +116,18 @@ void GridTable::showCurrent() {
         index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   }
   if (!moved) return;
+  if (filled) return revealFromTop(index);
   reveal(index, jumped ? PositionAtTop : EnsureVisible);
+}
+
+// A list begins with its first row where that leaves room for the current one.
+void GridTable::revealFromTop(const QModelIndex& index) {
+  const int row = verticalHeader()->defaultSectionSize();
+  if ((index.row() + 1) * row <= viewport()->height()) {
+    verticalScrollBar()->setValue(0);
+  } else {
+    reveal(index, EnsureVisible);
+  }
 }
 
 void GridTable::reveal(int row) {
@@ -149,7 +161,7 @@ void GridTable::resizeEvent(QResizeEvent* event) {
         if (arrangedFor_ != viewport()->width()) arrangeColumns();
       },
       Qt::QueuedConnection);
-  if (currentIndex().isValid()) scrollTo(currentIndex());
+  if (currentIndex().isValid()) revealFromTop(currentIndex());
 }
 
 void GridTable::changeEvent(QEvent* event) {

@@ -35,9 +35,10 @@ class GridTable : public QTableView {
 
  private:
   void arrangeColumns();
-  void showCurrent();
+  void showCurrent(bool filled);
   void showWholeRows();
   void reveal(const QModelIndex& index, ScrollHint where);
+  void revealFromTop(const QModelIndex& index);
   void measure();
 
   Grid& grid_;

@@ -29,7 +29,8 @@ HelpTopic read(const QString& path) {
   const QString html = contentsOf(path);
   QTextDocument page;
   page.setHtml(html);
-  return {metaOf(html, QStringLiteral("topic")), metaOf(html, QStringLiteral("form")),
+  return {metaOf(html, QStringLiteral("topic")),
+          metaOf(html, QStringLiteral("form")).split(u' ', Qt::SkipEmptyParts),
           page.metaInformation(QTextDocument::DocumentTitle), path, page.toPlainText()};
 }
 
@@ -67,7 +68,7 @@ const HelpTopic* helpTopic(std::string_view id) {
 }
 
 const HelpTopic* helpOfForm(std::string_view form) {
-  return first([&](const HelpTopic& topic) { return topic.form == toQt(form); });
+  return first([&](const HelpTopic& topic) { return topic.forms.contains(toQt(form)); });
 }
 
 const HelpTopic* helpOfFile(const QString& name) {

@@ -3,14 +3,15 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <string_view>
 #include <vector>
 
 namespace quillet::desktop {
 
 struct HelpTopic {
-  QString id;    // "2-2"
-  QString form;  // the form whose help it is, "" for a page of general interest
+  QString id;         // "2-2"
+  QStringList forms;  // whose help it is; none of a page of general interest
   QString title;
   QString file;   // ":/help/2-2.html"
   QString words;  // the page's text, for searching

@@ -2,10 +2,13 @@
 
 #include <QCheckBox>
 #include <QFrame>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcutEvent>
+#include <QStylePainter>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "desktop/announce.h"
@@ -18,8 +21,37 @@ namespace quillet::desktop {
 
 // --- label --------------------------------------------------------------------------------------
 
+namespace {
+
+// A text that has no room ends with an ellipsis, and the mouse shows all of it.
+class CutLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (!isCut()) return QLabel::paintEvent(event);
+    QStylePainter painter(this);
+    const QRect room = contentsRect();
+    const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+    painter.drawItemText(room, static_cast<int>(alignment()) | Qt::TextSingleLine, palette(),
+                         isEnabled(), fitting, foregroundRole());
+  }
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip || !isCut()) return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()), this);
+    return true;
+  }
+
+ private:
+  bool isCut() const { return !text().contains(u'\n') && sizeHint().width() > width(); }
+};
+
+}  // namespace
+
 LabelView::LabelView(Label& label, view::ActionRunner& runner, QWidget* parent)
-    : ControlView(label, runner), label_(label), text_(new QLabel(parent)) {
+    : ControlView(label, runner), label_(label), text_(new CutLabel(parent)) {
   adopt(text_);
   text_->setTextFormat(Qt::PlainText);
   text_->setMinimumWidth(1);  // a long text is cut rather than widening the window

@@ -189,6 +189,17 @@ TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
   app.progressWaits();
   panel = window()->findChild<QWidget*>("busy");
   EXPECT_TRUE(panel && panel->isVisible()) << "other programs take their time";
+  // All of a text stands in the panel, and of one that is wider than the window both ends.
+  for (const auto& [name, whole] :
+       {std::pair(QString(60, u'n'), true), {QString(900, u'n'), false}}) {
+    app.progressText(("Writing " + name + ".xls").toStdString());
+    app.progressWaits();
+    const auto* label = panel->findChild<QLabel*>();
+    EXPECT_EQ(label->text().contains(name), whole);
+    EXPECT_TRUE(label->text().startsWith("Writing n") && label->text().contains("n.xls"));
+    EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width());
+    EXPECT_TRUE(window()->rect().contains(panel->geometry()));
+  }
   app.showProgress(false);
   EXPECT_EQ(form.txtamount.text(), "");
   EXPECT_EQ(window()->findChild<QWidget*>("busy"), nullptr);
@@ -228,7 +239,11 @@ TEST(HelpPages, AreWholeAndBelongToTheirForms) {
                                                        {"frmtbledmas", "ledgers"},
                                                        {"frmgrpRM", "binding"},
                                                        {"frmdelwhatinTB", "years"},
-                                                       {"frmstatements", "statements"}};
+                                                       {"frmstatements", "statements"},
+                                                       {"frmchanges", "changes"},
+                                                       {"frmasof", "changes"},
+                                                       {"frmlock", "years"},
+                                                       {"frmvchimport", "import"}};
   for (const auto& [form, topic] : forms) {
     ASSERT_TRUE(helpOfForm(form)) << form;
     EXPECT_EQ(helpOfForm(form)->id, topic);

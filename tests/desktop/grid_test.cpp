@@ -161,6 +161,29 @@ TEST_F(GridViews, ARowIsShownWholeOrNotAtAll) {
   }
 }
 
+// The rows may come before the size does, and others into a list that was scrolled.
+TEST_F(GridViews, AListBeginsWithItsFirstRowWhereTheCurrentOneFits) {
+  QWidget frame;
+  auto* small = new GridTable(form.vsf, &frame);
+  const auto fill = [&](int rows, int current) {
+    form.vsf.clearRows();
+    for (int row = 1; row <= rows; ++row) form.vsf.addRow({"", "Ledger " + std::to_string(row)});
+    form.vsf.setCurrent(current);
+    small->refresh();
+  };
+  fill(60, 6);
+  frame.resize(600, 400);
+  small->resize(600, 400);
+  frame.show();
+  settle();
+  EXPECT_EQ(small->rowAt(0), 0);
+  fill(50, 40);
+  EXPECT_GT(small->rowAt(0), 0);
+  EXPECT_TRUE(small->viewport()->rect().contains(small->visualRect(small->currentIndex())));
+  fill(55, 6);
+  EXPECT_EQ(small->rowAt(0), 0);
+}
+
 // Without screens to scale them the shapes beside the text grow with its font.
 TEST_F(GridViews, ShapesGrowWithTheFont) {
   QFont large = table()->font();
