@@ -101,6 +101,23 @@ home.mnubringfwd:click()
 picture("forward")
 quillet.form("frmbringfwd"):close()
 
+-- The heads of the statements, for the groups of the year.
+home.cmdgrpmas:click()
+local groups = quillet.form("frmgrpmas")
+groups.cmdMap:click()
+local function map(names, scheduleVI, incomeTax)
+  for _, group in ipairs(names) do groups.vsMap:tick(groups.vsMap:pick(group)) end
+  groups.cboSVI:choose(scheduleVI)
+  groups.cboIT:choose(incomeTax)
+end
+map({ "AUDIT FEES" }, "Other expenses", "Audit fees")
+groups.cmdMapSet:click()
+map({ "BANK BALANCES" }, "Cash and cash equivalents", "Balances with banks")
+groups.cmdMapSet:click()
+map({ "CASH IN HAND" }, "Cash and cash equivalents", "Cash in hand")
+picture("mapping")
+groups:close()
+
 -- The next year, with the figures carried forward, beside this one.
 quillet.answer("Yes", "Yes")
 support.create_year("A1", 2008)
