@@ -11,6 +11,7 @@
 #include "suite/backup/backup.h"
 #include "suite/check/books_check.h"
 #include "suite/client_register.h"
+#include "suite/history/written_table.h"
 
 namespace quillet::script {
 namespace {
@@ -95,7 +96,12 @@ std::vector<std::string> lowerCaseNames(const Recordset& rows) {
 
 int query(Call& call) {
   lua_State* state = call.state();
-  const RecordsetPtr rows = call.session().practice.database().query(call.text(1));
+  const std::string sql = call.text(1);
+  // A change sent this way would be no act: not logged, and not held against locked years.
+  if (!suite::writtenBy(sql).tables.empty()) {
+    throw Error("quillet.query only reads; quillet.exec changes the books");
+  }
+  const RecordsetPtr rows = call.session().practice.database().query(sql);
   const auto names = lowerCaseNames(*rows);
   lua_newtable(state);
   for (lua_Integer position = 1; !rows->EOF_(); rows->MoveNext(), ++position) {

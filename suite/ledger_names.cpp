@@ -12,7 +12,9 @@ namespace quillet::suite {
 
 void LedgerNames::statementSent(const std::string& sql) {
   // Taking back a part of an act takes back the ledgers that it made.
-  if (writtenTable(sql) == "mast_part" || equalIgnoringCase(sql, "rollback")) loaded_ = false;
+  if (writtenBy(sql).tables.contains("mast_part") || equalIgnoringCase(sql, "rollback")) {
+    loaded_ = false;
+  }
 }
 
 void LedgerNames::load() {

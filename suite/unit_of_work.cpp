@@ -153,7 +153,7 @@ void UnitOfWork::executeAlone(const std::string& sql) {
   if (equalIgnoringCase(sql, "rollback")) return undo();
   wrote_ = true;
   if (open_) return send(sql);
-  if (!isVersioned(writtenTable(sql))) return database_.execute(sql);
+  if (writtenBy(sql).tables.empty()) return database_.execute(sql);
   try {
     begin();
     wrote_ = true;

@@ -74,7 +74,11 @@ bool EntryFields::contains(const Control* control) const {
          control == &form_.txtdrcr;
 }
 
-void EntryFields::enable(bool enabled) {
+// A line that is altered may stand in another year than new ones do.
+void EntryFields::enable() {
+  const TwoYears& years = books_.years;
+  const bool enabled =
+      years.hasTable() && !books_.locked(altered_ ? altered_->year : years.yearInView());
   for (TextBox* box : {&form_.txtpart, &form_.txtgroup, &form_.txtamount, &form_.txtdrcr}) {
     box->setEnabled(enabled);
   }
@@ -85,6 +89,7 @@ void EntryFields::empty() {
     box->setText("");
   }
   altered_.reset();
+  enable();
   lookUp_.forget();
   form_.hint("");
 }
@@ -109,6 +114,7 @@ void EntryFields::restore(const Fields& fields) {
   form_.txtdrcr.setText(side);
   altered_ = fields.altered;
   alteredGroup_ = fields.alteredGroup;
+  enable();
   lookUp_.forget();
 }
 
@@ -119,6 +125,7 @@ void EntryFields::hideLists() {
 
 void EntryFields::alter(const Entry& entry, const YearLine& line) {
   altered_ = line;
+  enable();
   alteredGroup_ = entry.group;
   lookUp_.know(entry.particular);
   form_.txtpart.setText(entry.particular);

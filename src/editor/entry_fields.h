@@ -38,7 +38,8 @@ class EntryFields {
   bool untouched() const;
   // Shift+Tab out of an empty group takes a new ledger back; any other key is left.
   void takeBack(Key& key);
-  void enable(bool enabled);
+  // Whether the year that is written to takes changes.
+  void enable();
   void empty();
   // While it lives the entry is being given up: fields that are empty are no mistake.
   ScopedFlag leaving() { return ScopedFlag(leaving_); }

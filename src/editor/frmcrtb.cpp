@@ -218,7 +218,7 @@ void frmcrtb::SETBUTTON() {
     mnuprnvar.setEnabled(read && books_.years.view() == TwoYears::View::both);
     import_.setButton();
     history_.setButtons();
-    entry_.enable(table && !books_.locked(books_.years.yearInView()));
+    entry_.enable();
     groupPage_.setButtons();
   });
 }

@@ -33,7 +33,7 @@ void frmlock::INITDATA(const std::string& client, const std::string& clientName,
   lblsubject.setCaption(subjectOf(clientName, client, keys.first, keys.second));
   lbllock.setCaption(lock ? "Locked: " + lockText(*lock)
                           : "Nothing of a locked year can be entered, altered, imported or "
-                            "deleted. It can be read and printed.");
+                            "deleted.");
   cmdok.setCaption(unlocks_ ? "&Unlock" : "&Lock");
 }
 
@@ -44,7 +44,7 @@ LayoutItem frmlock::layout() {
 
 void frmlock::FORM_LOAD() {
   context_.host->resize_for_resolution(*this);
-  size.width = 0.5;
+  size.width = 0.6;
   size.height = 0.2;
   txtreason.setText("");
   focus(txtreason);

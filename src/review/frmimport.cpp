@@ -95,7 +95,7 @@ bool frmimport::mayImport() {
 
 void frmimport::CMDIMPORT_CLICK() {
   logErrors("CMDIMPORT_CLICK", [&] {
-    if (!mayImport()) return;
+    if (refusesImport() || !mayImport()) return;
     enter([this] {
       return LineImport(*context_.host, year_.books)
           .run(review_.toWrite(), review_.books().standing,

@@ -164,7 +164,7 @@ bool frmvchimport::mayImport() {
 void frmvchimport::CMDIMPORT_CLICK() {
   logErrors("CMDIMPORT_CLICK", [&] {
     showState({});
-    if (!mayImport()) return;
+    if (refusesImport() || !mayImport()) return;
     enter([this] {
       return VoucherImport(*context_.host, context_.unposted, year_.books,
                            shownDate(year_.keys.first), shownDate(year_.keys.second))

@@ -11,6 +11,7 @@
 #include "controls/choice.h"
 #include "controls/control_array.h"
 #include "host/context.h"
+#include "host/year_lock.h"
 #include "review/column_boxes.h"
 #include "review/import_review.h"
 #include "review/source_boxes.h"
@@ -75,6 +76,8 @@ class SourceForm : public Form {
   virtual void finish() = 0;
 
   void attachCommands(MenuEntry& help, MenuEntry& back, Button& backButton);
+  // True, and a person was told, when the year was locked meanwhile.
+  bool refusesImport() const { return refusedAsLocked(context_, year_.books.client, year_.keys); }
   // All or nothing; what is to be remembered is kept by `run`.
   void enter(const std::function<ImportEnd()>& run);
   // The text with what a person should look at before.

@@ -50,13 +50,17 @@ void ActLog::open() {
 
 void ActLog::sending(const std::string& sql) {
   if (!keeps_) return;
-  std::string table = writtenTable(sql);
+  Written written = writtenBy(sql);
   // A file that goes with the act is noted under its instant.
   if (instant_ == 0 && sql.starts_with("insert into SuiteRemoval")) begin();
-  if (!isVersioned(table)) return;
+  if (written.tables.empty()) return;
   if (instant_ == 0) begin();
-  if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || changesOthers(sql, table);
-  tables_.insert(std::move(table));
+  for (const std::string& table : written.tables) {
+    if (!yearSuffix(table).empty()) othersToo_ = othersToo_ || changesOthers(sql, table);
+  }
+  tables_.merge(written.tables);
+  endsRows_ = endsRows_ || written.endsRows;
+  movesRows_ = movesRows_ || written.movesRows;
   digest_.add(sql);
 }
 
@@ -80,6 +84,7 @@ void ActLog::begin() {
   }
   instant_ = std::max(clock, last_ + 1);
   tables_.clear();
+  endsRows_ = movesRows_ = false;
   digest_ = Digest();
   client_ = cause ? cause().client : std::string();
   database_.executeLater("set timestamp=" + timestampNumber(instant_));

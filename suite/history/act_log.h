@@ -64,9 +64,12 @@ class ActLog {
   Instant instant() const { return instant_; }
   // In small letters.
   const std::set<std::string>& tables() const { return tables_; }
+  // Whether rows may have ended.
+  bool endsRows() const { return endsRows_; }
+  // Whether rows may have come under another client or year, or again under an id.
+  bool movesRows() const { return movesRows_ || note_.takesBack != 0; }
   // What the transaction that is open, or the next one, is told by besides its cause.
   void note(ActRemark remark) { note_ = std::move(remark); }
-  bool takesBack() const { return note_.takesBack != 0; }
   // Writes the row, ahead of the commit.
   void write();
   // Whether the row that was written last is there.
@@ -107,6 +110,8 @@ class ActLog {
   std::string client_;      // in work when it began
   bool othersToo_ = false;  // it changed books of other clients than the one in work
   std::set<std::string> tables_;
+  bool endsRows_ = false;
+  bool movesRows_ = false;
   Digest digest_;
 };
 

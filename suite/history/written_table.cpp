@@ -6,14 +6,11 @@
 #include <set>
 #include <vector>
 
+#include "data/text.h"
 #include "suite/schema_tables.h"
 
 namespace quillet::suite {
 namespace {
-
-constexpr std::array<std::string_view, 15> commandWords{
-    "insert", "into", "update", "delete", "from",   "replace",      "truncate", "table",
-    "drop",   "if",   "exists", "alter",  "ignore", "low_priority", "quick"};
 
 std::string lower(std::string text) {
   std::ranges::transform(text, text.begin(),
@@ -41,26 +38,85 @@ const std::vector<std::string>& yearPrefixes() {
   return prefixes;
 }
 
+// They change no table's rows.
+constexpr std::array<std::string_view, 5> readers{"select", "show", "create", "explain",
+                                                  "describe"};
+// What follows are not the names of what is written.
+constexpr std::array<std::string_view, 4> rowsFollow{"values", "value", "select", "set"};
+// Columns that say whose a row is, and of which year.
+constexpr std::array<std::string_view, 6> places{"code_no", "s_yr", "fyear", "fyr", "yr", "rcount"};
+
+template <std::size_t Size>
+bool oneOf(const std::array<std::string_view, Size>& words, std::string_view word) {
+  return std::ranges::find(words, word) != words.end();
+}
+
+// The words of a statement, in small letters, one by one; those in quotes are passed over.
+class Words {
+ public:
+  explicit Words(std::string_view sql) : sql_(sql) {}
+
+  bool next() {
+    word_.clear();
+    for (; at_ < sql_.size(); ++at_) {
+      const char c = sql_[at_];
+      if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_') {
+        word_ += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        continue;
+      }
+      if (!word_.empty()) return true;
+      if (c == '(') ++depth_;
+      if (c == ')') --depth_;
+      if (!readsQuoted_ && (c == '\'' || c == '"')) at_ = endOfQuoted(c);
+    }
+    return !word_.empty();
+  }
+  const std::string& word() const { return word_; }
+  // In how many brackets it stands.
+  int depth() const { return depth_; }
+  void readQuoted() { readsQuoted_ = true; }
+
+ private:
+  std::size_t endOfQuoted(char quote) const {
+    std::size_t end = at_ + 1;
+    while (end < sql_.size() && sql_[end] != quote) end += sql_[end] == '\\' ? 2 : 1;
+    return end;
+  }
+
+  std::string_view sql_;
+  std::size_t at_ = 0;
+  std::string word_;
+  int depth_ = 0;
+  bool readsQuoted_ = false;
+};
+
 bool isNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 }  // namespace
 
-// A statement changes the table whose name is the first word after the command.
-std::string writtenTable(std::string_view sql) {
-  std::string word;
-  for (std::size_t i = 0; i <= sql.size(); ++i) {
-    const char c = i < sql.size() ? sql[i] : ' ';
-    if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_') {
-      word += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-      continue;
-    }
-    if (word.empty()) continue;
-    if (std::ranges::find(commandWords, word) == commandWords.end()) return word;
-    word.clear();
+Written writtenBy(std::string_view sql) {
+  Words words(sql);
+  Written written;
+  if (!words.next()) return written;
+  const std::string command = words.word();
+  if (oneOf(readers, command)) return written;
+  const bool inserts = command == "insert" || command == "replace";
+  const bool updates = command == "update";
+  written.endsRows = command != "insert";
+  // A command that is none of these says in quotes, too, what it does.
+  if (!inserts && !updates && command != "delete") words.readQuoted();
+  bool sets = false;
+  while (words.next()) {
+    const std::string& word = words.word();
+    if (inserts && oneOf(rowsFollow, word)) break;
+    if (words.depth() == 0 && word == "where" && (sets || command == "delete")) break;
+    if (updates && words.depth() == 0 && word == "set") sets = true;
+    written.movesRows = written.movesRows || word == rowIdColumn || (sets && oneOf(places, word));
+    if (!sets && isVersioned(word)) written.tables.insert(word);
   }
-  return {};
+  return written;
 }
 
 bool isVersioned(const std::string& table) {
@@ -69,8 +125,9 @@ bool isVersioned(const std::string& table) {
 
 std::string yearSuffix(const std::string& table) {
   for (const std::string& prefix : yearPrefixes()) {
-    if (!table.starts_with(prefix)) continue;
-    const std::string_view rest = std::string_view(table).substr(prefix.size());
+    const std::string_view name = table;
+    if (!equalIgnoringCase(name.substr(0, prefix.size()), prefix)) continue;
+    const std::string_view rest = name.substr(prefix.size());
     if (isNumber(rest)) return std::string(rest);
   }
   return {};

@@ -1,13 +1,23 @@
-// Which table a statement changes.
+// Which tables a statement changes.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
 namespace quillet::suite {
 
-// In small letters: "tab_1". Of a statement that changes none, a word that names no table.
-std::string writtenTable(std::string_view sql);
+struct Written {
+  // Those of which a history is kept, in small letters: "tab_1".
+  std::set<std::string> tables;
+  // Rows may end: it does not only insert.
+  bool endsRows = false;
+  // Rows may come under another client or year by it, or are given the ids they have.
+  bool movesRows = false;
+};
+
+// In doubt it names more than what is changed.
+Written writtenBy(std::string_view sql);
 
 // Whether the server keeps what is changed and deleted in the table of that name.
 bool isVersioned(const std::string& table);

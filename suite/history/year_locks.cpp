@@ -19,6 +19,7 @@ namespace {
 // Of the module's own kind: the server never sends it.
 constexpr long yearIsLocked = 20002;
 constexpr const char* lockTable = "suiteyearlock";
+constexpr const char* groupTable = "mast_allgrp";
 constexpr const char* withYears =
     " as l left join master as m on m.code_no=l.Code_No and m.s_yr=l.Yr";
 constexpr Instant day = 24LL * 3600 * 1'000'000;
@@ -127,7 +128,9 @@ std::vector<LockedYear> YearLockTable::lockedFor(const ActLog& act) {
 void YearLockTable::check(const ActLog& act) {
   std::optional<Sanction> sanction = std::exchange(sanction_, std::nullopt);
   if (sanction && sanction->act != this->act()) sanction.reset();
-  std::vector<LockedYear> locked = lockedFor(act);
+  std::vector<LockedYear> others;
+  const bool known = !sanction && !shared_ && !changesLocks(act);
+  if (!known) others = lockedFor(act);
   if (act.tables().contains(lockTable) && !(sanction && sanction->changesLocks)) {
     throw RunTimeError(yearIsLocked,
                        "The locks of years are changed only by \"Lock Year...\" and "
@@ -138,7 +141,7 @@ void YearLockTable::check(const ActLog& act) {
     log_.note({.reason = sanction->reason,
                .client = sanction->client,
                .secondDate = sanction->secondDate});
-    std::erase_if(locked, [&](const LockedYear& year) {
+    std::erase_if(others, [&](const LockedYear& year) {
       return std::ranges::any_of(sanction->years, [&](const LockedYear& permitted) {
         return sameYear(year, permitted.client, permitted.secondDate);
       });
@@ -146,16 +149,24 @@ void YearLockTable::check(const ActLog& act) {
   }
   if (shared_) {
     refuseDeadNames(database_, act);
-    std::ranges::move(presence_.others(), std::back_inserter(locked));
+    std::ranges::move(presence_.others(), std::back_inserter(others));
   }
+  const std::vector<LockedYear>& locked = known ? current() : others;
   if (locked.empty()) return;
+  const auto refuse = [this](const std::optional<LockedYear>& year) {
+    if (!year) return;
+    throw RunTimeError(yearIsLocked, lockedText(subject(*year), year->lock), "Year locks");
+  };
   for (const std::string& table : act.tables()) {
-    // What is taken back stands again under its old ids.
-    const auto year = act.takesBack()
-                          ? yearChanged(database_, table, act.instant(), locked)
-                          : yearChangedNow(database_, table, act.instant(), locked, shared_);
-    if (year)
-      throw RunTimeError(yearIsLocked, lockedText(subject(*year), year->lock), "Year locks");
+    if (act.movesRows()) {
+      refuse(yearChanged(database_, table, act.instant(), locked));
+    } else {
+      if (act.endsRows()) refuse(yearEnded(database_, table, act.instant(), locked));
+      refuse(yearBegun(database_, table, act.instant(), locked, shared_));
+    }
+  }
+  if (act.tables().contains(groupTable)) {
+    refuse(yearRegrouped(database_, act.instant(), locked));
   }
 }
 
@@ -176,9 +187,9 @@ std::string YearLockTable::against(const ActRow& act) {
   if (locked.empty()) return {};
   std::istringstream tables(act.tables);
   for (std::string table; std::getline(tables, table, ',');) {
-    if (const auto year = yearChanged(database_, table, act.at, locked)) {
-      return lockedSentence(subject(*year), year->lock);
-    }
+    const auto year = table == groupTable ? yearRegrouped(database_, act.at, locked)
+                                          : yearChanged(database_, table, act.at, locked);
+    if (year) return lockedSentence(subject(*year), year->lock);
   }
   return {};
 }

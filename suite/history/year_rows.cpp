@@ -41,12 +41,16 @@ const std::map<std::string, std::string>& yearColumns() {
 // How the table tells a year: by its suffix, or in a column beside the client.
 class YearsOfTable {
  public:
-  explicit YearsOfTable(const std::string& table) : suffix_(yearSuffix(table)) {
+  explicit YearsOfTable(const std::string& table)
+      : suffix_(yearSuffix(table)), trialBalance_("TAB_" + suffix_) {
     const auto found = yearColumns().find(table);
     if (suffix_.empty() && found != yearColumns().end()) column_ = found->second;
   }
 
   std::string columns() const { return suffix_.empty() ? "code_no," + column_ : "code_no"; }
+  bool holdsAny(const std::vector<LockedYear>& years) const {
+    return std::ranges::any_of(years, [this](const LockedYear& year) { return holds(year); });
+  }
   // Those of the years that it holds, as such columns; "" for none.
   std::string values(const Database& database, const std::vector<LockedYear>& years) const {
     std::string list;
@@ -69,7 +73,7 @@ class YearsOfTable {
 
  private:
   bool holds(const LockedYear& year) const {
-    return suffix_.empty() ? !column_.empty() : equalIgnoringCase(year.table, "TAB_" + suffix_);
+    return suffix_.empty() ? !column_.empty() : equalIgnoringCase(year.table, trialBalance_);
   }
   std::string valueOf(const LockedYear& year) const {
     if (column_ == "s_yr") return year.secondDate;
@@ -77,6 +81,7 @@ class YearsOfTable {
   }
 
   std::string suffix_;
+  std::string trialBalance_;
   std::string column_;  // "" where there is none
 };
 
@@ -96,27 +101,67 @@ std::optional<LockedYear> yearChanged(Database& database, const std::string& tab
   return changed->EOF_() ? std::nullopt : ofTable.yearOf(*changed, years);
 }
 
-std::optional<LockedYear> yearChangedNow(Database& database, const std::string& table, Instant at,
-                                         const std::vector<LockedYear>& years, bool shared) {
+std::optional<LockedYear> yearEnded(Database& database, const std::string& table, Instant at,
+                                    const std::vector<LockedYear>& years) {
   const YearsOfTable ofTable(table);
-  const std::string columns = ofTable.columns();
   const std::string values = ofTable.values(database, years);
   if (values.empty()) return std::nullopt;
+  const std::string columns = ofTable.columns();
   const std::string instant = '\'' + instantText(at) + '\'';
-  const std::string wanted = " where (" + columns + ") in (" + values + ')';
-  const RecordsetPtr ended =
-      database.query("select " + columns + " from `" + table + "` for system_time all" + wanted +
-                     " and row_till=" + instant + " and row_from<>" + instant + " limit 1");
-  if (!ended->EOF_()) return ofTable.yearOf(*ended, years);
-  // Where nothing ended, what began was inserted: it has the highest numbers. On a server others
-  // may have inserted between, though not since yesterday.
+  const RecordsetPtr ended = database.query(
+      "select " + columns + " from `" + table + "` for system_time all where (" + columns +
+      ") in (" + values + ") and row_till=" + instant + " and row_from<>" + instant + " limit 1");
+  return ended->EOF_() ? std::nullopt : ofTable.yearOf(*ended, years);
+}
+
+// The rows are found by their numbers alone: a list of hundreds of clients costs more than the rest
+// of a commit.
+std::optional<LockedYear> yearBegun(Database& database, const std::string& table, Instant at,
+                                    const std::vector<LockedYear>& years, bool shared) {
+  const YearsOfTable ofTable(table);
+  if (!ofTable.holdsAny(years)) return std::nullopt;
+  const std::string instant = '\'' + instantText(at) + '\'';
+  // On a server others may have inserted between, though not since yesterday.
   const std::string older =
       shared ? "row_from<'" + instantText(at - day) + '\'' : "row_from<>" + instant;
-  const RecordsetPtr begun = database.query(
-      "select " + columns + " from `" + table + '`' + wanted + " and row_from=" + instant +
-      " and row_id>(select coalesce((select row_id from `" + table + "` where " + older +
-      " order by row_id desc limit 1),0)) limit 1");
-  return begun->EOF_() ? std::nullopt : ofTable.yearOf(*begun, years);
+  const RecordsetPtr last = database.query("select row_id from `" + table + "` where " + older +
+                                           " order by row_id desc limit 1");
+  const RecordsetPtr begun =
+      database.query("select distinct " + ofTable.columns() + " from `" + table +
+                     "` force index(primary) where row_from=" + instant + " and row_id>" +
+                     (last->EOF_() ? "0" : last->text(0)));
+  for (; !begun->EOF_(); begun->MoveNext()) {
+    if (auto year = ofTable.yearOf(*begun, years)) return year;
+  }
+  return std::nullopt;
+}
+
+// --- groups -------------------------------------------------------------------------------------
+
+std::optional<LockedYear> yearRegrouped(Database& database, Instant at,
+                                        const std::vector<LockedYear>& years) {
+  const std::string instant = '\'' + instantText(at) + '\'';
+  const RecordsetPtr groups = database.query(
+      "select distinct b.ALLID from Mast_AllGrp for system_time all b join Mast_AllGrp for "
+      "system_time all e on e.ALLID=b.ALLID and e.GID<>b.GID and e.row_till=" +
+      instant + " and e.row_from<" + instant + " where b.row_from=" + instant);
+  std::string ids;
+  for (; !groups->EOF_(); groups->MoveNext()) ids += (ids.empty() ? "" : ",") + groups->text(0);
+  if (ids.empty()) return std::nullopt;
+  const std::string in = " in (" + ids + ')';
+  for (const LockedYear& year : years) {
+    const std::string suffix = yearSuffix(year.table);
+    if (suffix.empty()) continue;
+    const std::string whose = " where code_no='" + database.escape(year.client) + "' and (";
+    std::string carrying = "select 1 from RMGRP_" + suffix + whose;
+    for (const char* column : {"OsGrpId", "PurGrpId", "SalGrpId"}) carrying += column + in + " or ";
+    carrying += "CsGrpId" + in + ')';
+    for (const char* prefix : {"TAB_", "JRNL_", "TRADE_"}) {
+      carrying += " union all select 1 from " + (prefix + suffix) + whose + "AllId" + in + ')';
+    }
+    if (!database.query(carrying + " limit 1")->EOF_()) return year;
+  }
+  return std::nullopt;
 }
 
 }  // namespace quillet::suite

@@ -15,9 +15,14 @@ namespace quillet::suite {
 // by year and number, and those that tell the year in a column.
 std::optional<LockedYear> yearChanged(Database& database, const std::string& table, Instant at,
                                       const std::vector<LockedYear>& years);
-// The same for an act that is about to be committed, quickly: rows that it inserted have new ids.
-// `shared`: other stations write at the same time.
-std::optional<LockedYear> yearChangedNow(Database& database, const std::string& table, Instant at,
-                                         const std::vector<LockedYear>& years, bool shared);
+// The two halves of that for an act that is about to be committed, quickly: rows that it ended, and
+// rows that it inserted, which have new ids. `shared`: other stations write at the same time.
+std::optional<LockedYear> yearEnded(Database& database, const std::string& table, Instant at,
+                                    const std::vector<LockedYear>& years);
+std::optional<LockedYear> yearBegun(Database& database, const std::string& table, Instant at,
+                                    const std::vector<LockedYear>& years, bool shared);
+// The first of the years that carries a group to which an act gave another primary group.
+std::optional<LockedYear> yearRegrouped(Database& database, Instant at,
+                                        const std::vector<LockedYear>& years);
 
 }  // namespace quillet::suite

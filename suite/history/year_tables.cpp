@@ -13,7 +13,7 @@ std::vector<YearTables> tablesOver(UnitOfWork& unit, const ClientYear& year) {
                                        unit.escape(year.secondDate) + "' order by row_from");
   std::vector<YearTables> over;
   for (; !rows->EOF_(); rows->MoveNext()) {
-    std::string suffix = yearSuffix(writtenTable(rows->text(0)));
+    std::string suffix = yearSuffix(rows->text(0));
     if (suffix.empty()) continue;
     const YearTables tables{std::move(suffix), rows->integer(1), rows->integer(2)};
     // The row itself may have changed while the year stayed where it was.

@@ -1,5 +1,7 @@
 // The home form: years, commands, clean-up.
+#include "data/year.h"
 #include "forms/home_fixture.h"
+#include "suite/history/instant.h"
 
 namespace quillet::support {
 namespace {
@@ -8,6 +10,9 @@ TEST_F(HomeTest, AClientAndAYearOpenTheEditor) {
   addYear("C1", 2007, {{"Asha", "CAPITAL", -5}});
   addYear("C1", 2008, {{"Asha", "CAPITAL", -6}, {"Loan", "CAPITAL", 0.1}, {"Cash", "BANKS", 5.9}});
   exec("insert into JRNL_1 (code_no,VID,VDate) values ('C1',1,'2008-03-31'),('C1',2,'2007-05-01')");
+  const std::string changed = "2026-03-31 09:15:00.000001";
+  exec("insert into SuiteAct(At,Client,Yr) values('" + changed +
+       "','C1','31032008'),('2026-03-30','C1','31032008'),('2026-03-31 10:00','C2','31032009')");
   third& form = home();
   form.click(form.mnualter);
   EXPECT_EQ(form.mode(), "alter");
@@ -25,8 +30,10 @@ TEST_F(HomeTest, AClientAndAYearOpenTheEditor) {
                    "select * from master where code_no='C1' ORDER BY s_yr",
                    figures("0", "1") + " Union All " + figures("1", "2")}));
   EXPECT_EQ(shown(form.flexgrid2),
-            (Rows{{"01/04/2007", "31/03/2008", "1", "0.00", "5.00", "5.00 Credit", "31/03/2008"},
+            (Rows{{"01/04/2007", "31/03/2008", "1", "0.00", "5.00", "5.00 Credit",
+                   shownMoment(suite::localTime(suite::instantFrom(changed)))},
                   {"01/04/2008", "31/03/2009", "3", "6.00", "6.00", "Agrees", ""}}));
+  exec("delete from SuiteAct where Hash is null");
   EXPECT_EQ(form.active(), &form.flexgrid2);
   EXPECT_EQ(host().vLstSelClCode(), "C1");
   form.press(keys::Up);

@@ -51,6 +51,7 @@ equal(quillet.query("select 1 from master"), {})
 equal(quillet.query("select 999999999999.99 + 0e0 as Much")[1].much, 999999999999.99)
 fails("master_of_nothing", quillet.query, "select * from master_of_nothing")
 fails("master_of_nothing", quillet.exec, "delete from master_of_nothing")
+fails("only reads", quillet.query, "delete from master")
 
 -- The examination of the books: nothing is wrong, then a row that belongs to no year.
 equal(quillet.check(), {})

@@ -11,94 +11,11 @@
 namespace quillet::support {
 namespace {
 
-// Everything that a person can do to a year. None changes anything; each says whose year is locked,
-// and why.
-TEST_F(YearLocksTest, EachDeedOnALockedYearIsRefused) {
-  lock();
-  const Rows before = books();
-  const struct {
-    const char* deed;
-    std::function<void()> run;
-  } deeds[] = {
-      {"insert a line", [&] { editor().click(editor().mnuinsert); }},
-      {"alter a line", [&] { editor().doubleClick(editor().vsfm); }},
-      {"delete a line", [&] { editor().click(editor().mnudelete); }},
-      {"paste lines", [&] { editor().vsfm.PasteCells("Rent\t1\nCash\t2"); }},
-      {"import lines", [&] { editor().click(editor().mnuimport); }},
-      {"move a group",
-       [&] {
-         frmcrtb& form = editor();
-         form.click(form.mnugroup);
-         form.cbotgroup.choose(form.cbotgroup.find("STOCK"));
-         form.click(form.cmdupdate);
-       }},
-      {"new voucher", [&] { journal().cmdadd.Click(); }},
-      {"copy a voucher", [&] { journal().cmdcopy.Click(); }},
-      {"reverse a voucher", [&] { journal().cmdreverse.Click(); }},
-      {"delete a voucher", [&] { journal().Command1.Click(); }},
-      {"import vouchers", [&] { journal().mnuimport.Click(); }},
-      {"paste vouchers", [&] { journal().vsf.PasteCells("a\t1\nb\t2"); }},
-      {"alter stock", [&] { stock().vsf.DblClick(); }},
-      {"delete stock", [&] { stock().cmddelete.Click(); }},
-      {"add an item", [&] { binding().cmdaddM.Click(); }},
-      {"modify an item", [&] { binding().cmdmodifyM.Click(); }},
-      {"delete an item", [&] { binding().cmddeleteM.Click(); }},
-      {"sort the items", [&] { binding().cmdsortorder.Click(); }},
-      {"delete the year",
-       [&] {
-         third& form = choose(&third::mnudelete, "C1");
-         form.flexgrid2.setCurrent(1);
-         form.press(keys::Enter);
-       }},
-      {"create over it", [&] { typeYear(choose(&third::mnucreate, "C1"), "01/04/2008"); }},
-      {"merge into it", [&] { typeYear(choose(&third::mnumerge, "C1"), "01/04/2008"); }},
-  };
-  for (const auto& [deed, run] : deeds) {
-    messages();
-    run();
-    const Texts said = messages();
-    ASSERT_FALSE(said.empty()) << deed;
-    EXPECT_TRUE(names(said.back())) << deed << ": " << said.back();
-    EXPECT_EQ(books(), before) << deed;
-    EXPECT_EQ(log(), Texts()) << deed;
-    closeAll();
-  }
-  EXPECT_EQ(notices(), Texts()) << "nothing got as far as the database";
-}
-
-TEST_F(YearLocksTest, ALockedYearIsShownAndTakesNothing) {
-  lock();
-  frmcrtb& form = editor();
-  EXPECT_TRUE(form.lbllock.shown());
-  EXPECT_NE(form.lbllock.caption().find("Locked: Audited, by "), std::string::npos);
-  EXPECT_EQ(form.vsfm.rows(), 2);
-  EXPECT_FALSE(form.focus(form.txtpart));
-  EXPECT_TRUE(form.mnuPreview.enabled());
-
-  frmjrnl& vouchers = journal();
-  vouchers.doubleClick(vouchers.vsf);
-  EXPECT_TRUE(vouchers.Frame2.visible());
-  EXPECT_FALSE(vouchers.cmdupdate.enabled());
-  EXPECT_TRUE(vouchers.txtledger[0].locked());
-  for (const Key key : {keys::Down, keys::Enter, keys::Tab}) vouchers.press(key);
-  EXPECT_EQ(vouchers.txtledger.size(), 2) << "no line is added";
-  EXPECT_EQ(vouchers.txtledger[0].text(), "Cash");
-  vouchers.press(keys::Escape);
-  EXPECT_TRUE(vouchers.Frame1.visible()) << "there is no entry to be given up";
-  closeAll();
-
-  third& years = choose(&third::mnualter, "C1");
-  EXPECT_NE(shown(years.flexgrid2)[0].back().find("Audited, by "), std::string::npos);
-  EXPECT_EQ(shown(years.flexgrid2)[1].back(), "");
-  practice.restartModule();
-  EXPECT_EQ(locks().all().size(), 1U);
-  EXPECT_TRUE(editor().lbllock.shown());
-}
-
 // Whatever sends it: an act that reaches a locked year is taken back as a whole.
 TEST_F(YearLocksTest, NoStatementReachesALockedYear) {
   exec("insert into RmSchSetup(Code_No,FYr) values('C1',2009)");
   exec("insert into PRFA(Code_No,RCOUNT) values('C1',1)");
+  group("SPARE", 22);
   lock();
   const struct {
     const char* sql;
@@ -119,6 +36,19 @@ TEST_F(YearLocksTest, NoStatementReachesALockedYear) {
       {"update master set annex='x' where code_no='C1' and count=1", false},
       {"delete from master", false},
       {"delete from SuiteYearLock", false},
+      {"update TAB_1 set code_no='C1' where code_no='C2'", false},
+      {"update TAB_1 set amt=amt,code_no='c1'", false},
+      {"update master set code_no='C1',s_yr='31032009' where code_no='C2'", false},
+      {"insert into TAB_1(row_id,srno,code_no,partid,allid,amt,nid) values(-1,9,'C1',1,1,5,1)",
+       false},
+      {"update Mast_Part p join TAB_1 t on t.partid=p.PartId set t.amt=t.amt+1", false},
+      {"delete t from Mast_Part p join TAB_1 t on t.partid=p.PartId", false},
+      {"/* all */ delete from `TAB_1`", false},
+      {"execute immediate 'delete from TAB_1'", false},
+      {"update Mast_AllGrp set GID=2 where ALLGRP='RENT'", false},
+      {"update Mast_AllGrp set GID=2 where ALLGRP='STOCK'", false},
+      {"update Mast_AllGrp set GID=2 where ALLGRP='SPARE'", true},
+      {"update Mast_AllGrp set ALLGRP='Rents' where ALLGRP='RENT'", true},
       {"insert into TAB_1 values(9,'C2',1,1,5,1)", true},
       {"update TAB_1 set amt=amt+1 where code_no='C2'", true},
       {"insert into TAB_2 values(9,'C1',1,1,5,1)", true},
@@ -129,7 +59,8 @@ TEST_F(YearLocksTest, NoStatementReachesALockedYear) {
   for (const auto& [sql, passes] : acts) {
     const auto state = [&] {
       Rows all = books();
-      for (const char* table : {"RmSchSetup", "PRFA", "DeferTax_Bal", "SHARE_1", "SuiteYearLock"}) {
+      for (const char* table :
+           {"RmSchSetup", "PRFA", "DeferTax_Bal", "SHARE_1", "SuiteYearLock", "Mast_AllGrp"}) {
         for (auto& row : rows(std::string("select * from ") + table)) all.push_back(row);
       }
       return all;
@@ -272,13 +203,15 @@ TEST_F(YearLocksTest, NothingIsTakenBackInALockedYear) {
   const std::string id = value("select max(row_id) from TAB_1 where code_no='C1'");
   act("delete from TAB_1 where code_no='C1'");
   const suite::ActRow deletion = newest();
+  act("update Mast_AllGrp set GID=2 where ALLGRP='STOCK'");
+  const suite::ActRow move = newest();
   lock();
   EXPECT_EQ(takingBack.conflicts(takingBack.inverseOf(newest())), ownCommands);
   const Rows before = books();
-  {
+  for (const suite::ActRow& each : {deletion, move}) {
     const Act running(context().openForms.acts);
-    const Texts conflicts = takingBack.takeBack(takingBack.inverseOf(deletion));
-    ASSERT_EQ(conflicts.size(), 1U);
+    const Texts conflicts = takingBack.takeBack(takingBack.inverseOf(each));
+    ASSERT_EQ(conflicts.size(), 1U) << each.tables;
     EXPECT_TRUE(names(conflicts[0])) << conflicts[0];
   }
   EXPECT_EQ(notices(), Texts());
