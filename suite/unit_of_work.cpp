@@ -35,10 +35,13 @@ constexpr std::array takingBack{
     1030L,  // the storage engine gave an error
     1037L,  // out of memory
     1041L,  // out of resources
+    1047L,  // the node is not part of its cluster any more
     1114L,  // a table cannot grow
     1180L,  // the commit failed
     1205L,  // another station held a lock for too long
     1213L,  // deadlock
+    1290L,  // the server takes no changes
+    1836L,  // the same
     2006L,  // the connection is gone
     2013L,  // the connection was lost during the statement
     2055L,  // the same, with the system's reason
