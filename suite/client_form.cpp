@@ -258,6 +258,13 @@ void frmClient::store(const Client& client) {
   if (chkpassword.checked() ? !txtpassword.text().empty() : hadPassword_) {
     password = txtpassword.text();
   }
+  // Every field is written.
+  const std::optional<Client> stored = findClient(unit_, *altered_);
+  if (stored && *stored != shown_) {
+    throw ClientRefused(&Client::name,
+                        "Somebody else has altered this client meanwhile. Nothing was stored; "
+                        "please close the form, look, and alter it anew.");
+  }
   alterClient(unit_, *altered_, client, password, tableCount_());
 }
 

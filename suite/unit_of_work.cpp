@@ -182,6 +182,23 @@ void UnitOfWork::executeAside(const std::string& sql) {
   settled([&] { database_.execute(sql); });
 }
 
+// Where a transaction is open the turn is taken already.
+void UnitOfWork::inTurn(const std::function<void()>& work) {
+  if (open_ || !turns_) return work();
+  settled([&] {
+    database_.forgetLater();
+    database_.executeLater("start transaction");
+    try {
+      turns_->wait();
+      work();
+      database_.execute("commit");
+    } catch (...) {
+      database_.execute("rollback");
+      throw;
+    }
+  });
+}
+
 void UnitOfWork::begin() {
   if (open_) return;
   settled([&] { database_.executeLater("start transaction"); });

@@ -120,6 +120,10 @@ class Form {
     }
   }
 
+  // A procedure begins that has no event or log name of its own; the host may refuse it by an
+  // error.
+  void begins(std::string_view procedure) const;
+
   // Attaches a procedure to an event; its errors are logged under that name.
   template <class... Args, class Handler>
   static void on(Event<Args...>& event, const char* procedure, Handler handler) {
@@ -151,7 +155,6 @@ class Form {
   Control* nextFocusable(Control* from, bool backwards) const;
   friend void procedureBegins(const Form& form, const std::string& owner, const char* name);
   friend void procedureBegins(const Form& form, const char* procedure);
-  void begins(std::string_view procedure) const;
   void report(std::string_view procedure, const std::exception& error) const noexcept;
 
   OpenForms& openForms_;

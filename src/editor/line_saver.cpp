@@ -27,6 +27,7 @@ LineSaver::LineSaver(frmcrtb& form, OpenBooks& books, EntryFields& entry, LinesG
       replacement_(books.host(), books.groups) {}
 
 void LineSaver::save() {
+  form_.begins("SAVELINE");
   const auto typed = entry_.checked();
   if (!typed || !putBack()) return;
   remember();

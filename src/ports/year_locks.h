@@ -39,8 +39,8 @@ class YearLocks {
   virtual void enter(const std::string& client, const std::string& secondDate) = 0;
   // It has it no more, because another station took it over or it was silent for too long.
   virtual bool lost(const std::string& client, const std::string& secondDate) = 0;
-  // Has again what it lost, where the year is still in the table that it was in; what is stored is to
-  // be read after this.
+  // Has again what it lost, where the year is still in the table that it was in; what is stored is
+  // to be read after this.
   virtual void regain(const std::string& client, const std::string& secondDate) = 0;
   virtual void leave(const std::string& client, const std::string& secondDate) = 0;
   // The station that has it reads from now on.

@@ -17,10 +17,27 @@ bool namesLedgers(const std::string& table) {
          (table.starts_with("tab_") || table.starts_with("jrnl_") || table.starts_with("trade_"));
 }
 
+// A year whose client was deleted while it was made.
+void refuseDeadClient(Database& database, const ActLog& act) {
+  if (!act.tables().contains("master")) return;
+  const bool dead =
+      !database
+           .query("select 1 from master as m where m.row_from='" + instantText(act.instant()) +
+                  "' and not exists(select 1 from Main_Info1 as c where "
+                  "c.code_no=m.code_no) limit 1")
+           ->EOF_();
+  if (dead) {
+    throw RunTimeError(
+        changedMeanwhile,
+        "The client was deleted at another station meanwhile. The year was not made.", "Stations");
+  }
+}
+
 }  // namespace
 
 // What was inserted has higher numbers than what stood there a day ago; no more is looked at.
 void refuseDeadNames(Database& database, const ActLog& act) {
+  refuseDeadClient(database, act);
   for (const std::string& table : act.tables()) {
     if (!namesLedgers(table)) continue;
     const bool dead =

@@ -14,7 +14,7 @@ struct Procedure {
 };
 
 constexpr std::array procedures{
-    Procedure{"frmcrtb", "TXTDRCR_KEYPRESS"},
+    Procedure{"frmcrtb", "SAVELINE"},
     Procedure{"frmcrtb", "PUTBACK"},
     Procedure{"frmcrtb", "CMDUPDATE_CLICK"},
     Procedure{"frmcrtb", "MNUTAKEBACK_CLICK"},
@@ -36,7 +36,6 @@ constexpr std::array procedures{
     Procedure{"frmgrpRM", "CMDUPDATEM_CLICK"},
     Procedure{"frmgrpRM", "UPDATESORTNOS"},
     Procedure{"frmgrpRM", "IMPORTFROMPREVYR"},
-    Procedure{"frmTrade", "TXTAMOUNT_KEYPRESS"},
     Procedure{"frmClient", "CMDSAVE_CLICK"},
 };
 

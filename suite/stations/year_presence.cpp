@@ -87,14 +87,17 @@ void YearPresence::leave(const std::string& client, const std::string& secondDat
   held_.erase(held);
 }
 
+// What the other station has under way is stored before: the year is read after this.
 void YearPresence::takeOver(const std::string& client, const std::string& secondDate,
                             const std::string& person) {
   if (!shared_) return;
   person_ = person;
   const Year year{client, secondDate};
-  unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
-  if (held_.contains(year)) insert(year);
-  unit_.executeAside(Turn::stir);
+  unit_.inTurn([&] {
+    unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
+    if (held_.contains(year)) insert(year);
+    unit_.executeAside(Turn::stir);
+  });
 }
 
 // Those in which this station is present.

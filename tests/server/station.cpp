@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "suite/client_register.h"
 #include "suite/starter_data.h"
 
 namespace quillet::support {
@@ -40,6 +41,10 @@ void Station::addYear(const std::string& client, int firstYear) {
   const std::string first = std::to_string(firstYear);
   const std::string second = std::to_string(firstYear + 1);
   const std::string table = "TAB_" + std::to_string(firstYear - 2006);
+  suite::Client added;
+  added.code = client;
+  added.name = "Client " + client;
+  suite::addClient(practice_->database(), added);
   change("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
          client + "','01/04/" + first + "','31/03/" + second + "','" + table + "'," +
          std::to_string(firstYear - 2006) + ",'0104" + first + "','3103" + second + "')");

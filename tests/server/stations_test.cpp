@@ -194,6 +194,14 @@ TEST_F(StationsTest, WhoWasSilentForTooLongReadsAnew) {
   EXPECT_EQ(balance("A1", "Asleep"), "7");
 }
 
+TEST_F(StationsTest, AClientThatIsGoneGetsNoYear) {
+  anna().change(
+      "insert into master(code_no,tbl_nm,count,f_yr,s_yr) values('Z9','TAB_3',3,'01042009',"
+      "'31032010')");
+  EXPECT_EQ(anna().value("select count(*) from master where code_no='Z9'"), "0");
+  EXPECT_EQ(anna().notices().size(), 1U);
+}
+
 // --- lines to the server ------------------------------------------------------------------------
 
 TEST_F(StationsTest, ACommitWhoseAnswerIsLostIsToldAsWhatItWas) {
