@@ -259,8 +259,7 @@ void frmClient::store(const Client& client) {
     password = txtpassword.text();
   }
   // Every field is written.
-  const std::optional<Client> stored = findClient(unit_, *altered_);
-  if (stored && *stored != shown_) {
+  if (const auto stored = findClient(unit_, *altered_); stored && *stored != shown_) {
     throw ClientRefused(&Client::name,
                         "Somebody else has altered this client meanwhile. Nothing was stored; "
                         "please close the form, look, and alter it anew.");
