@@ -2,10 +2,13 @@
 // stored is stored, once.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <thread>
 
 #include "server/real_cluster.h"
 #include "server/station.h"
@@ -30,7 +33,7 @@ class Campaign {
       server.addAccount(account, account);
       // The first one makes the books.
       if (n == 1) Station{server, account};
-      folderOfStation(folder(n), server.port(), account);
+      folderOfStation(folder(n), "127.0.0.1:" + std::to_string(server.port()), account);
     }
   }
 
@@ -79,6 +82,59 @@ TEST(StationCampaign, OnACluster) {
   NEEDS_REAL_SERVERS();
   RealCluster cluster;
   Campaign(cluster.node(0)).play();
+}
+
+// The node in use dies in the middle of work, again and again. What was told to be stored is there,
+// and the station goes on at the next one.
+TEST(StationCampaign, NodesThatAreKilled) {
+  NEEDS_REAL_SERVERS();
+  RealCluster cluster;
+  std::string hosts;
+  for (std::size_t n = 0; n < RealCluster::size; ++n) {
+    hosts += (n == 0 ? "127.0.0.1:" : ",127.0.0.1:") + std::to_string(cluster.node(n).port());
+  }
+  cluster.node(0).addAccount("anna", "anna");
+  Station station(hosts, "anna");
+  station.addYear("A1", 2008);
+  station.open("A1", 2008);
+  station.enter("Cash", "BANK BALANCES", "1");
+  long stored = 1;
+  const int kills = std::stoi(number("QUILLET_CAMPAIGN_KILLS", "1"));
+  std::vector<double> seconds;
+  for (int round = 0; round < kills; ++round) {
+    const std::string port = station.value("select @@port");
+    std::size_t used = 0;
+    while (std::to_string(cluster.node(used).port()) != port) ++used;
+    std::thread killer([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(37 * (round % 10)));
+      cluster.kill(used);
+    });
+    // What is stored leaves the fields.
+    std::optional<std::chrono::steady_clock::time_point> lost;
+    for (int after = 0; after < 3;) {
+      const auto begun = std::chrono::steady_clock::now();
+      station.enter("Cash", "BANK BALANCES", "1");
+      const bool saved = station.editor().txtpart.text().empty();
+      const auto notices = station.notices();
+      for (const std::string& notice : notices) {
+        EXPECT_EQ(notice.find("It is not known"), std::string::npos) << notice;
+      }
+      if (!notices.empty() && !lost) lost = begun;
+      if (saved) ++stored;
+      if (!saved || !lost || ++after > 1) continue;
+      seconds.push_back(
+          std::chrono::duration<double>(std::chrono::steady_clock::now() - *lost).count());
+    }
+    killer.join();
+    cluster.join(used);
+  }
+  EXPECT_EQ(station.value("select amt from TAB_2 where code_no='A1'"), std::to_string(stored));
+  std::ranges::sort(seconds);
+  const double median = seconds.at(seconds.size() / 2);
+  std::cout << kills << " kills, on again after " << median << " s in the median, "
+            << seconds.back() << " s at most\n";
+  EXPECT_LT(median, 10);
+  station.leave();
 }
 
 }  // namespace

@@ -6,13 +6,12 @@
 #include "suite/starter_data.h"
 
 namespace quillet::support {
-suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned port,
+suite::DataFolder folderOfStation(const std::filesystem::path& path, const std::string& hosts,
                                   const std::string& account) {
   suite::DataFolder folder = suite::DataFolder::create(path);
   suite::Settings settings(folder.settings());
   settings.set("Suite", "TableCount", std::to_string(tableNumbers));
-  settings.set("Server", "Host", "127.0.0.1");
-  settings.set("Server", "Port", std::to_string(port));
+  settings.set("Server", "Host", hosts);
   settings.set("Server", "User", account);
   const std::filesystem::path password = path.string() + ".password";
   std::ofstream(password) << account;
@@ -22,9 +21,9 @@ suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned po
   return folder;
 }
 
-Station::Station(unsigned port, const std::string& account)
+Station::Station(const std::string& hosts, const std::string& account)
     : practice_(std::make_unique<suite::Practice>(
-          folderOfStation(folder_.path() / "practice", port, account), frontEnd_, clock_)) {
+          folderOfStation(folder_.path() / "practice", hosts, account), frontEnd_, clock_)) {
   suite::Database& database = practice_->database();
   if (database.query("select 1 from Mast_AllGrp limit 1")->EOF_()) {
     practice_->environment().actLog().alone("Starter groups",

@@ -13,9 +13,9 @@
 
 namespace quillet::support {
 
-// A data folder whose settings name the server on that port and the account, which is its own
-// password.
-suite::DataFolder folderOfStation(const std::filesystem::path& path, unsigned port,
+// A data folder whose settings name these hosts, "127.0.0.1:3307,127.0.0.1:3308", and the account,
+// which is its own password.
+suite::DataFolder folderOfStation(const std::filesystem::path& path, const std::string& hosts,
                                   const std::string& account);
 
 class Station {
@@ -23,7 +23,10 @@ class Station {
   // Opens the books on the server, which are made when there are none, as that account.
   Station(const RealServer& server, const std::string& account) : Station(server.port(), account) {}
   // The same through a line to it.
-  Station(unsigned port, const std::string& account);
+  Station(unsigned port, const std::string& account)
+      : Station("127.0.0.1:" + std::to_string(port), account) {}
+  // To the first one of these hosts that lives.
+  Station(const std::string& hosts, const std::string& account);
 
   suite::Practice& practice() { return *practice_; }
   Context& context() { return practice_->context(); }
