@@ -186,7 +186,6 @@ void UnitOfWork::executeAside(const std::string& sql) {
 void UnitOfWork::inTurn(const std::function<void()>& work) {
   if (open_ || !turns_) return work();
   settled([&] {
-    database_.forgetLater();
     database_.executeLater("start transaction");
     try {
       turns_->wait();

@@ -59,7 +59,8 @@ class UnitOfWork {
   // not matter to it.
   RecordsetPtr queryAside(const std::string& sql);
   void executeAside(const std::string& sql);
-  // Work of this kind after what another station has under way, and before what it begins.
+  // Runs such statements while this station has the turn: what another one was storing is stored by
+  // then, and nothing else is stored meanwhile.
   void inTurn(const std::function<void()>& work);
   // The number of the transaction that is open, 0 when none is. What is read in one stays true in
   // it but for its own changes.

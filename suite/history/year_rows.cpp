@@ -85,33 +85,33 @@ class YearsOfTable {
   std::string column_;  // "" where there is none
 };
 
+// The first of the years with a row, standing or former, that meets the condition.
+std::optional<LockedYear> yearWhere(Database& database, const std::string& table,
+                                    const std::vector<LockedYear>& years,
+                                    const std::string& condition) {
+  const YearsOfTable ofTable(table);
+  const std::string values = ofTable.values(database, years);
+  if (values.empty()) return std::nullopt;
+  const std::string columns = ofTable.columns();
+  const RecordsetPtr rows =
+      database.query("select " + columns + " from `" + table + "` for system_time all where (" +
+                     columns + ") in (" + values + ") and " + condition + " limit 1");
+  return rows->EOF_() ? std::nullopt : ofTable.yearOf(*rows, years);
+}
+
 }  // namespace
 
 std::optional<LockedYear> yearChanged(Database& database, const std::string& table, Instant at,
                                       const std::vector<LockedYear>& years) {
-  const YearsOfTable ofTable(table);
-  const std::string values = ofTable.values(database, years);
-  if (values.empty()) return std::nullopt;
-  const std::string columns = ofTable.columns();
   const std::string instant = '\'' + instantText(at) + '\'';
-  const RecordsetPtr changed =
-      database.query("select " + columns + " from `" + table + "` for system_time all where (" +
-                     columns + ") in (" + values + ") and (row_from=" + instant +
-                     " or row_till=" + instant + ") and row_from<>row_till limit 1");
-  return changed->EOF_() ? std::nullopt : ofTable.yearOf(*changed, years);
+  return yearWhere(database, table, years,
+                   "(row_from=" + instant + " or row_till=" + instant + ") and row_from<>row_till");
 }
 
 std::optional<LockedYear> yearEnded(Database& database, const std::string& table, Instant at,
                                     const std::vector<LockedYear>& years) {
-  const YearsOfTable ofTable(table);
-  const std::string values = ofTable.values(database, years);
-  if (values.empty()) return std::nullopt;
-  const std::string columns = ofTable.columns();
   const std::string instant = '\'' + instantText(at) + '\'';
-  const RecordsetPtr ended = database.query(
-      "select " + columns + " from `" + table + "` for system_time all where (" + columns +
-      ") in (" + values + ") and row_till=" + instant + " and row_from<>" + instant + " limit 1");
-  return ended->EOF_() ? std::nullopt : ofTable.yearOf(*ended, years);
+  return yearWhere(database, table, years, "row_till=" + instant + " and row_from<>" + instant);
 }
 
 // The rows are found by their numbers alone: a list of hundreds of clients costs more than the rest

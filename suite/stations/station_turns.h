@@ -27,7 +27,6 @@ class StationTurns {
   // --- while an act runs
   RecordsetPtr query(const std::string& sql);
   void wrote(const std::string& sql) { tape_.wrote(sql); }
-  bool hasWritten() const { return tape_.hasWritten(); }
   // Within a transaction that has just begun. Throws RunTimeError with changedMeanwhile.
   void take();
   // Takes it for what reads nothing of the books.

@@ -62,7 +62,7 @@ class YearPresence {
 
   UnitOfWork& unit_;
   const bool shared_;
-  const std::string station_;  // "DESK2:4711"
+  const std::string station_;  // "DESK2:4711.1"
   std::string person_;
   std::map<Year, Hold> held_;
   std::chrono::steady_clock::time_point heard_;
