@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -27,6 +28,7 @@ struct Present {
   std::set<std::string> columns;
   std::map<std::string, std::string> indexes;  // name to "column,column"
 };
+constexpr const char* primary = "PRIMARY";
 using PresentTables = std::map<std::string, Present>;
 
 PresentTables readPresent(Database& database) {
@@ -48,25 +50,46 @@ PresentTables readPresent(Database& database) {
 }
 
 bool hasIndex(const Present& present, const std::string& columns) {
-  return std::any_of(present.indexes.begin(), present.indexes.end(),
-                     [&](const auto& index) { return index.second == lower(columns); });
+  return std::ranges::any_of(present.indexes, [&](const auto& index) {
+    return index.first != primary && index.second == lower(columns);
+  });
 }
 
 std::string columnText(const ColumnDefinition& column) {
   return '`' + column.name + "` " + column.type;
 }
 
-const std::string rowId =
-    std::string(rowIdColumn) + " bigint not null auto_increment primary key invisible";
+const std::string rowId = std::string(rowIdColumn) + " bigint not null auto_increment invisible";
 
 constexpr const char* rowFrom = "row_from timestamp(6) generated always as row start invisible";
 constexpr const char* rowTill = "row_till timestamp(6) generated always as row end invisible";
 constexpr const char* period = "period for system_time(row_from,row_till)";
 
-// Each index of a versioned table holds the rows' end behind its first column: what stands is then
-// found as quickly however often it was changed.
+// Rows that lie by their end: those that stand are together, in the order in which they came, and
+// reading them passes no former version.
+bool byEnd(const TableDefinition& table) { return table.versioned && table.byEnd; }
+
+std::string primaryKey(const TableDefinition& table) {
+  return byEnd(table) ? std::string("row_till,") + rowIdColumn : rowIdColumn;
+}
+
+constexpr std::string_view endFirst = "row_till,";
+
+// The columns of an index but the rows' end.
+std::string withoutEnd(std::string index) {
+  if (index.starts_with(endFirst)) return index.substr(endFirst.size());
+  const std::size_t end = index.find(",row_till");
+  return end == std::string::npos ? index : index.erase(end, endFirst.size());
+}
+
+// A counted column must be the first of an index.
+std::string countingIndex() { return std::string("index (") + rowIdColumn + ')'; }
+
+// Each index of a versioned table holds the rows' end, behind its first column where the definition
+// does not say another place: what stands is then found as quickly however often it was changed.
 std::string indexed(const TableDefinition& table, const std::string& index) {
-  if (!table.versioned) return index;
+  if (!table.versioned) return withoutEnd(index);
+  if (index.starts_with(endFirst)) return index;
   const std::size_t first = std::min(index.find(','), index.size());
   return index.substr(0, first) + ",row_till" + index.substr(first);
 }
@@ -74,24 +97,47 @@ std::string indexed(const TableDefinition& table, const std::string& index) {
 std::string creation(const TableDefinition& table) {
   std::string sql = "create table if not exists `" + table.name + "` (";
   for (const ColumnDefinition& column : table.columns) sql += columnText(column) + ", ";
-  sql += rowId;
+  sql += rowId + ", primary key (" + primaryKey(table) + ')';
   if (table.versioned) sql += std::string(", ") + rowFrom + ", " + rowTill + ", " + period;
+  if (byEnd(table)) sql += ", " + countingIndex();
   for (const std::string& index : table.indexes) sql += ", index (" + indexed(table, index) + ')';
   sql += ") engine=InnoDB";
   return table.versioned ? sql + " with system versioning" : sql;
 }
 
-// A table of books that were kept without a history: each index is made anew with the rows' end.
-void addHistory(const TableDefinition& table, const Present& present,
-                std::vector<std::string>& changes) {
+// Indexes of books of an earlier time, without the rows' end or with it in another place.
+void dropOutdatedIndexes(const TableDefinition& table, const Present& present,
+                         std::vector<std::string>& changes) {
   for (const auto& [name, columns] : present.indexes) {
-    const bool ours = std::ranges::any_of(
-        table.indexes, [&](const std::string& index) { return lower(index) == columns; });
-    if (ours) changes.push_back("drop index `" + name + '`');
+    const bool wanted = std::ranges::any_of(table.indexes, [&](const std::string& index) {
+      return lower(indexed(table, index)) == columns;
+    });
+    const bool ours = std::ranges::any_of(table.indexes, [&](const std::string& index) {
+      return lower(withoutEnd(index)) == withoutEnd(columns);
+    });
+    if (ours && !wanted) changes.push_back("drop index `" + name + '`');
   }
+}
+
+// Books that were kept without a history.
+void addHistory(std::vector<std::string>& changes) {
   const std::string column = "add column ";
   changes.insert(changes.end(), {column + rowFrom, column + rowTill, std::string("add ") + period,
                                  "add system versioning"});
+}
+
+// Books of an earlier time have their rows by the counter alone.
+void setPrimaryKey(const TableDefinition& table, const Present& present,
+                   std::vector<std::string>& changes) {
+  const auto key = present.indexes.find(primary);
+  if (key != present.indexes.end()) {
+    if (!byEnd(table) || key->second == primaryKey(table)) return;
+    changes.emplace_back("drop primary key");
+  }
+  changes.push_back("add primary key (" + primaryKey(table) + ')');
+  if (byEnd(table) && !hasIndex(present, rowIdColumn)) {
+    changes.push_back("add " + countingIndex());
+  }
 }
 
 // "" when nothing is missing.
@@ -105,9 +151,9 @@ std::string repair(const TableDefinition& table, const Present& present) {
     place = "after `" + column.name + '`';
   }
   if (!present.columns.contains(rowIdColumn)) changes.push_back("add column " + rowId);
-  if (table.versioned && !present.columns.contains("row_from")) {
-    addHistory(table, present, changes);
-  }
+  if (table.versioned && !present.columns.contains("row_from")) addHistory(changes);
+  if (table.versioned) dropOutdatedIndexes(table, present, changes);
+  setPrimaryKey(table, present, changes);
   for (const std::string& index : table.indexes) {
     const std::string columns = indexed(table, index);
     if (!hasIndex(present, columns)) changes.push_back("add index (" + columns + ')');

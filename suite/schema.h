@@ -1,5 +1,5 @@
 // The tables of the database: made at the first start, checked and completed at every later one.
-// Rows are never touched and nothing is ever dropped.
+// Rows are never touched, and nothing is dropped but indexes that have a better form now.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace quillet::suite {
 
-// Makes what is missing: tables, columns, indexes. There is one set of per-year tables for each
+// Makes what is missing: tables, columns, keys, indexes. There is one set of per-year tables for each
 // number from 1 to `tableCount`. `progress` is told the steps done of all, when there is anything
 // to do. Returns how many statements it needed, 0 when all was there.
 long completeSchema(Database& database, long tableCount,

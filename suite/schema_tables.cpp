@@ -195,7 +195,8 @@ std::vector<TableDefinition> yearTables(const std::string& suffix) {
         {"AllId", number},
         {"Amount", amount},
         {"VNar", anyText}},
-       {"code_no,VDate", "VID", "PartId", "AllId"}},
+       // The highest number of a voucher is asked for each new one.
+       {"code_no,VDate", "row_till,VID", "PartId", "AllId"}},
       {"TRADE_" + suffix,
        {{"code_no", code}, {"partid", number}, {"allid", number}, {"amt", amount}},
        {"code_no,partid,allid", "partid", "allid"}},
@@ -210,6 +211,7 @@ std::vector<TableDefinition> yearTables(const std::string& suffix) {
         {"GrpOrder", number}},
        {"Code_No,SrNo", "GrpSr"}},
   };
+  for (std::size_t linesOrVouchers : {0, 1}) all[linesOrVouchers].byEnd = true;
   // Schedules of sibling components: this one only asks whether rows are there, and deletes them.
   for (const char* prefix :
        {"PROFIT_", "SHARE_", "CAPITAL_", "RESV_", "LOAN_ADV_", "SECUR_", "INVEST_", "SUNDEB_",

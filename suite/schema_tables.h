@@ -16,9 +16,11 @@ struct TableDefinition {
   std::vector<ColumnDefinition> columns;
   std::vector<std::string> indexes;  // the columns of each: "code_no,srno"
   bool versioned = true;             // the server keeps the rows that were changed or deleted
+  bool byEnd = false;                // whole years of it are read, past however many versions
 };
 
-// Every table carries it as its primary key; designed inserts and `select *` do not see it.
+// Every table counts its rows in it; designed inserts and `select *` do not see it. It is the
+// primary key, in tables `byEnd` behind the row's end.
 inline constexpr const char* rowIdColumn = "row_id";
 
 // The tables that all clients and years share.

@@ -62,27 +62,60 @@ TEST_F(SchemaTest, CompletesWhatIsMissingAndKeepsRows) {
   EXPECT_EQ(complete(), 0);
 }
 
-// Books of a time when nothing was kept of what was changed.
-TEST_F(SchemaTest, AddsTheHistoryToATableThatHasNone) {
+// Books of earlier times: nothing was kept of what was changed, then the rows lay by their counter.
+TEST_F(SchemaTest, BringsTablesOfEarlierTimesUpToDate) {
   const std::string indexes =
-      "select group_concat(distinct index_name,'.',seq_in_index,'.',column_name order by 1) from"
-      " information_schema.statistics where table_schema=database() and table_name='RMGRP_1'"
-      " and column_name<>'row_id' and index_name<>'PRIMARY'";
-  exec("insert into RMGRP_1 values('C1',1,2,3,4,5,6,7)");
-  const std::string before = value(indexes);
-  exec(
-      "alter table RMGRP_1 drop system versioning, drop period for system_time,"
+      "select distinct index_name='PRIMARY', seq_in_index, column_name from"
+      " information_schema.statistics where table_schema=database() and table_name='JRNL_1'"
+      " order by 1,2,3";
+  exec("insert into JRNL_1 values('C1',7,1,'2008-04-05',10,20,-5.25,'Being cash')");
+  const auto today = rows(indexes);
+  const std::string byCounter =
+      "alter table JRNL_1 drop primary key, drop index row_id, drop index row_till,"
+      " add primary key(row_id), add index(VID,row_till)";
+  const std::string withoutHistory =
+      "alter table JRNL_1 drop system versioning, drop period for system_time,"
+      " drop index VID, drop index code_no, drop index PartId, drop index AllId,"
       " drop column row_from, drop column row_till,"
-      " drop index Code_No, drop index GrpSr, add index(Code_No,SrNo), add index(GrpSr)");
-  EXPECT_EQ(complete(), 1);
-  EXPECT_EQ(value(indexes), before);
-  EXPECT_EQ(value("select GrpOrder from RMGRP_1"), "7");
-  exec("delete from RMGRP_1");
-  EXPECT_EQ(value("select count(*) from RMGRP_1 for system_time all"), "1");
-  exec("alter table RMGRP_1 add column more int");
-  EXPECT_EQ(value("select count(*) from RMGRP_1 for system_time all"), "1")
+      " add index(code_no,VDate), add index(VID), add index(PartId), add index(AllId)";
+  for (const auto& change : {byCounter, withoutHistory}) {
+    exec(byCounter);
+    if (change != byCounter) exec(change);
+    EXPECT_EQ(complete(), 1) << change;
+    EXPECT_EQ(rows(indexes), today) << change;
+    EXPECT_EQ(value("select VID from JRNL_1"), "7") << change;
+    EXPECT_EQ(complete(), 0) << change;
+  }
+  exec("delete from JRNL_1");
+  EXPECT_EQ(value("select count(*) from JRNL_1 for system_time all"), "1");
+  exec("alter table JRNL_1 add column more int");
+  EXPECT_EQ(value("select count(*) from JRNL_1 for system_time all"), "1")
       << "a further column leaves the history as it is";
-  exec("alter table RMGRP_1 drop column more");
+  exec("alter table JRNL_1 drop column more");
+}
+
+// However often the lines were changed, reading them passes those that stand, in their order.
+TEST_F(SchemaTest, ReadsNoFormerVersions) {
+  for (int line = 1; line <= 20; ++line) {
+    exec("insert into TAB_1 values(" + std::to_string(line) + ",'C1',1,1,1,1)");
+  }
+  for (int amount = 2; amount < 60; ++amount) {
+    exec("update TAB_1 set amt=" + std::to_string(amount));
+  }
+  exec("insert into JRNL_1 values('C1',7,1,'2008-04-05',10,20,-5.25,'')");
+  exec("update JRNL_1 set VID=8");
+  const auto rowsRead = [&](const std::string& select) {
+    exec("flush status");
+    rows(select);
+    return value(
+        "select sum(variable_value) from information_schema.session_status where"
+        " variable_name in ('Handler_read_rnd_next','Handler_read_next')");
+  };
+  EXPECT_EQ(rowsRead("Select * From TAB_1 where code_no='C1'"), "20");
+  EXPECT_EQ(rowsRead("select * from TAB_1"), "20");
+  EXPECT_EQ(rowsRead("Select max(VID) from JRNL_1"), "0");
+  EXPECT_EQ(value("select group_concat(srno) from (Select * From TAB_1 where code_no='C1') q"),
+            "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20");
 }
 
 TEST_F(SchemaTest, TheStatementsFiltersAreIndexed) {
