@@ -38,12 +38,11 @@ long LedgerNames::idOf(const std::string& name, bool create) {
   const std::string cleaned = cleanedName(name);
   if (cleaned.empty() || lengthOf(cleaned) > ledgerNameLength) return 0;
   try {
+    // Until the turn is taken other stations may add names, and take the next number.
+    if (create) unit_.beginWriting();
     const std::optional<NamedId> found = find(name, cleaned);
     if (found) return found->id;
-    if (!create) return 0;
-    // The number is nobody else's.
-    unit_.beginWriting();
-    return this->create(cleaned);
+    return create ? this->create(cleaned) : 0;
   } catch (const RunTimeError&) {
     return 0;
   }
