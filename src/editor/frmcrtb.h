@@ -218,7 +218,8 @@ class frmcrtb : public Form {
   // What could be read; the rest is read with the next refresh.
   bool ledgersRead_ = false;
   bool groupsRead_ = false;
-  bool takingBack_ = false;
+  // While another form works, or after an act was taken back.
+  bool asksNothing_ = false;
 
   LinesGrid lines_;
   EntryFields entry_;

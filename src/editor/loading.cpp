@@ -96,6 +96,7 @@ void frmcrtb::readRegisters() {
 
 // The home form or another station may have locked a year or unlocked it.
 void frmcrtb::activated() {
+  const ScopedFlag asking(asksNothing_);
   logErrors("FORM_ACTIVATE", [&] { books_.lookAtLocks(lbllock); });
   SETBUTTON();
   if (books_.mustBeReadAnew()) showStored();
@@ -139,7 +140,7 @@ void frmcrtb::LOADTRIALBAL() {
                shownDate(years.keys(current).second) + ofYears);
     SETBUTTONS();
     std::function<bool()> offerImport;
-    const bool mayImport = saver_.complete() && !takingBack_ && !books_.locked(current);
+    const bool mayImport = saver_.complete() && !asksNothing_ && !books_.locked(current);
     if (mayImport) offerImport = [this] { return importPreviousYear(); };
     TwoYears::Lines lines = years.read(offerImport);
     std::vector<Entry> entries = pairLines(lines[current], lines[previous]);
@@ -227,7 +228,7 @@ void frmcrtb::showStored(View view) {
 
 // Whatever was remembered of ledgers, groups and lines may have been taken back with the act.
 void frmcrtb::takenBack() {
-  const ScopedFlag asksNothing(takingBack_);
+  const ScopedFlag asking(asksNothing_);
   const auto saved = saver_.takenBack();
   ledgersRead_ = groupsRead_ = false;
   if (!visible()) return;
@@ -243,7 +244,9 @@ void frmcrtb::takenBack() {
   hint("The line was not saved. Enter tries again.");
 }
 
+// Whoever works in another form is not asked about this one.
 void frmcrtb::booksMoved(bool masters) {
+  const ScopedFlag asking(asksNothing_);
   if (masters) ledgersRead_ = groupsRead_ = false;
   if (!visible()) return;
   if (masters) {
