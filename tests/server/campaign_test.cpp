@@ -49,7 +49,9 @@ class Campaign {
     }
     std::vector<std::string> words{"verify"};
     for (int n = 1; n <= stations; ++n) words.push_back(log(n));
-    EXPECT_EQ(run(1, words), 0);
+    std::string told;
+    for (int n = 1; n <= stations; ++n) told += output(n);
+    EXPECT_EQ(run(1, words), 0) << told;
     std::cout << output(1);
   }
 

@@ -53,6 +53,9 @@ local function deed(name, changes, work, says)
   local done, problem = pcall(work)
   local at = last_act()
   if not done then count("error: " .. tostring(problem):sub(1, 200)) end
+  local notices, lines = quillet.notices(), quillet.log()
+  if #notices > 0 then print(name, before, at, notices[#notices], lines[#lines]) end
+  if not done then print(name, before, at, problem) end
   if at == before or (says and not says()) then return count(name .. " refused") end
   count(name)
   for _, change in ipairs(changes) do

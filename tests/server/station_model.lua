@@ -86,6 +86,12 @@ return function(paths)
     if finding.rule ~= "pair" then wrong = wrong + 1 end
     print("finding", finding.client, finding.rule, finding.what)
   end
+  if wrong > 0 then
+    for _, each in ipairs(deeds) do print("deed", table.concat(each, "\t")) end
+    for _, act in ipairs(quillet.query("select * from SuiteAct order by At")) do
+      print("act", act.at, act.person, act.form, act.command, act.client, act.yr, act.tables)
+    end
+  end
   print(#deeds .. " deeds, " .. all .. " balances, " .. wrong .. " wrong")
   assert(wrong == 0)
   -- What is always refused is never seen to be wrong. Merges are rare: somebody has a year open.
