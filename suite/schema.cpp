@@ -197,7 +197,7 @@ long completeSchema(Database& database, long tableCount,
   const std::vector<TableDefinition> tables = allTables(tableCount, database.keepsHistory());
   const std::string wanted = wantedText(tables);
   const std::string state = schema_state::current(database, wanted);
-  if (!state.empty() && state == schema_state::stored(database)) return 0;
+  if (state == schema_state::stored(database)) return 0;
 
   const PresentTables present = readPresent(database);
   const std::vector<std::string> statements = missingStatements(tables, present);

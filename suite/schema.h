@@ -10,9 +10,9 @@
 
 namespace quillet::suite {
 
-// Makes what is missing: tables, columns, keys, indexes. There is one set of per-year tables for each
-// number from 1 to `tableCount`. `progress` is told the steps done of all, when there is anything
-// to do. Returns how many statements it needed, 0 when all was there.
+// Makes what is missing: tables, columns, keys, indexes. There is one set of per-year tables for
+// each number from 1 to `tableCount`. `progress` is told the steps done of all, when there is
+// anything to do. Returns how many statements it needed, 0 when all was there.
 long completeSchema(Database& database, long tableCount,
                     const std::function<void(long done, long total)>& progress = {});
 

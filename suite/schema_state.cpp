@@ -40,12 +40,21 @@ std::string definitionFiles(const fs::path& folder) {
   return all;
 }
 
+std::string tableNames(Database& database) {
+  const RecordsetPtr names = database.query(
+      "select table_name from information_schema.tables where table_schema=database()"
+      " order by table_name");
+  std::string all;
+  for (; !names->EOF_(); names->MoveNext()) all += names->text(0) + '\n';
+  return all;
+}
+
 }  // namespace
 
-std::string current(const Database& database, const std::string& wanted) {
+std::string current(Database& database, const std::string& wanted) {
   const fs::path folder = database.schemaFolder();
-  if (folder.empty()) return {};
-  return std::to_string(digest(wanted)) + ' ' + std::to_string(digest(definitionFiles(folder)));
+  return std::to_string(digest(wanted)) + ' ' +
+         std::to_string(digest(folder.empty() ? tableNames(database) : definitionFiles(folder)));
 }
 
 std::string stored(Database& database) {
@@ -58,7 +67,6 @@ std::string stored(Database& database) {
 }
 
 void store(Database& database, const std::string& state) {
-  if (state.empty()) return;
   UnitOfWork unit(database);
   misc_values::set(unit, section, name, state, "", "");
 }

@@ -9,9 +9,9 @@
 
 namespace quillet::suite::schema_state {
 
-// A text that changes with the definitions wanted and with those present; "" on a server, whose
-// files we cannot see.
-std::string current(const Database& database, const std::string& wanted);
+// A text that changes with the definitions wanted and with those present. On a server, whose files
+// we cannot see, the names of the tables must do for those present.
+std::string current(Database& database, const std::string& wanted);
 
 // The text stored at the last start, "" when there is none.
 std::string stored(Database& database);
