@@ -1,5 +1,6 @@
 #include "controls/lookup_list.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/form.h"
@@ -15,7 +16,11 @@ LookupList::LookupList(Grid& grid) : grid_(grid) {
 
 void LookupList::fill(NameList names) {
   names_ = std::move(names);
-  showRows(names_.matching("").entries);
+  if (!visible()) return showRows(names_.matching("").entries);
+  // Somebody is choosing from it.
+  narrow(std::string(followed_));
+  const auto chosen = std::ranges::find(rows_, names_.find(box().text()));
+  if (chosen != rows_.end()) grid_.setCurrent(static_cast<int>(chosen - rows_.begin()) + 1);
 }
 
 void LookupList::add(const std::string& name, long id) {
@@ -35,6 +40,7 @@ void LookupList::follow(std::string_view text) {
 }
 
 void LookupList::narrow(std::string_view text) {
+  followed_ = text;
   if (text.empty() && rows_.size() == names_.entries().size()) {
     grid_.setCurrent(0);
     return;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,7 +22,7 @@ class LookupList {
   LookupList(const LookupList&) = delete;
   LookupList& operator=(const LookupList&) = delete;
 
-  // The names, ordered.
+  // The names, ordered. A list that is open goes on showing what matches what was typed.
   void fill(NameList names);
   void clear() { fill({}); }
   void add(const std::string& name, long id);
@@ -61,6 +62,7 @@ class LookupList {
   Grid& grid_;
   NameList names_;
   std::vector<const NameList::Entry*> rows_;  // what the grid shows, by row
+  std::string followed_;
   bool taking_ = false;
 };
 

@@ -57,6 +57,9 @@ TEST_F(EntryTest, TheListsFollowTheTyping) {
   EXPECT_EQ(form.txtpart.text(), "r") << "a new ledger may be called so";
   form.press(keys::Down);
   EXPECT_EQ(form.txtpart.text(), "Rent Received");
+  context().openForms.booksMoved(true);
+  EXPECT_EQ(form.vsfp.rows(), 2) << "the names that were read anew follow the typing too";
+  EXPECT_EQ(form.vsfp.cell(form.vsfp.current(), 0), "Rent Received") << "what is chosen stays";
   form.press(keys::Up);
   EXPECT_EQ(form.txtpart.text(), "Rent");
   form.press(keys::Tab);
