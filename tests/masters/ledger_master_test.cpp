@@ -94,7 +94,7 @@ TEST_F(LedgerMasterTest, AMissingTableIsNamedAndPassedOver) {
 }
 
 TEST_F(LedgerMasterTest, WhatWasNotSearchedToItsEndIsNotDeletedAsUnused) {
-  const Act incomplete[] = {[&] { host().stopWork(1); }, [&] { fail("TAB_2"); }};
+  const Act incomplete[] = {[&] { host().stopWork(2); }, [&] { fail("TAB_2"); }};
   const std::string counted = "5 of 5, not all that is in use is marked";
   for (const Act& act : incomplete) {
     act();
