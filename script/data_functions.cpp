@@ -121,11 +121,7 @@ int exec(Call& call) {
   const std::string sql = call.text(1);
   suite::Practice& practice = call.session().practice;
   // In the middle of an act it is a part of that act, however it ends.
-  if (practice.context().openForms.acts.running()) {
-    practice.database().execute(sql);
-  } else {
-    practice.environment().unit().execute(sql);
-  }
+  practice.environment().unit().execute(sql);
   practice.service().executedElsewhere(sql);
   return call.none();
 }

@@ -129,6 +129,7 @@ auto UnitOfWork::settled(Work work) {
 void UnitOfWork::execute(const std::string& sql) {
   refuseAfterTakingBack();
   if (isFlush(sql)) return;
+  if (log_ != nullptr) prepareDefinition(actRuns_() ? withinAct(sql) : sql);
   if (!actRuns_()) return executeAlone(sql);
   if (turns_ && !open_ && changesScratch(sql)) {
     return settled([&] { database_.execute(withinAct(sql)); });
@@ -138,6 +139,15 @@ void UnitOfWork::execute(const std::string& sql) {
   settled([&] { send(within); });
   wrote_ = true;
   if (turns_) turns_->wrote(within);
+}
+
+// The server commits what went before a definition, so that is logged and held to the locks first.
+void UnitOfWork::prepareDefinition(const std::string& sql) {
+  const Written written = writtenBy(sql);
+  if (written.defines && !written.tables.empty() && onDefining) {
+    askFor([&] { onDefining(written.tables); });
+  }
+  if (written.commits) commit();
 }
 
 void UnitOfWork::takeTurns() {
@@ -269,7 +279,7 @@ void UnitOfWork::refuseAfterTakingBack() const {
 
 void UnitOfWork::logAct() {
   if (log_ == nullptr || !log_->changed()) return;
-  askForCommit();
+  if (onCommitting) askFor([this] { onCommitting(*log_); });
   log_->write();
   wroteLog_ = true;
 }
@@ -281,10 +291,10 @@ bool UnitOfWork::changesMasters() const {
 }
 
 // The rest of an act that is refused is not sent any more.
-void UnitOfWork::askForCommit() {
-  if (!onCommitting) return;
+template <class Check>
+void UnitOfWork::askFor(Check check) {
   try {
-    onCommitting(*log_);
+    check();
   } catch (const std::exception& error) {
     const auto* const ofServer = dynamic_cast<const RunTimeError*>(&error);
     const bool gaveWay = ofServer != nullptr && ofServer->number() == deadlock;

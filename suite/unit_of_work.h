@@ -16,6 +16,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "suite/database.h"
@@ -39,6 +40,9 @@ class UnitOfWork {
   std::function<void()> onTakenBack;
   // Ahead of each commit of a logged act; what it throws takes the act back.
   std::function<void(const ActLog& act)> onCommitting;
+  // Ahead of a statement that changes these tables themselves, as to drop them; what it throws
+  // takes the act back.
+  std::function<void(const std::set<std::string>& tables)> onDefining;
   // The database is shared with other stations, which wait for what the transaction has locked.
   bool shared() const { return shared_; }
   // From now on acts take turns with those of other stations; the tables are there. Null on a
@@ -97,7 +101,9 @@ class UnitOfWork {
   bool changesMasters() const;
   void commit();
   void logAct();
-  void askForCommit();
+  template <class Check>
+  void askFor(Check check);
+  void prepareDefinition(const std::string& sql);
   void executeAlone(const std::string& sql);
   void undo() noexcept;
   void send(const std::string& sql);

@@ -39,8 +39,11 @@ const std::vector<std::string>& yearPrefixes() {
 }
 
 // They change no table's rows.
-constexpr std::array<std::string_view, 5> readers{"select", "show", "create", "explain",
-                                                  "describe"};
+constexpr std::array<std::string_view, 4> readers{"select", "show", "explain", "describe"};
+constexpr std::array<std::string_view, 5> definitions{"create", "drop", "alter", "truncate",
+                                                      "rename"};
+// They commit what went before as well.
+constexpr std::array<std::string_view, 4> committing{"begin", "lock", "grant", "revoke"};
 // What follows are not the names of what is written.
 constexpr std::array<std::string_view, 4> rowsFollow{"values", "value", "select", "set"};
 // Columns that say whose a row is, and of which year.
@@ -90,6 +93,17 @@ class Words {
   bool readsQuoted_ = false;
 };
 
+// A temporary table is this connection's alone, a new one takes no other one's place.
+void judgeDefinition(Written& written, const std::string& command, Words words) {
+  const bool defines = oneOf(definitions, command);
+  written.commits = defines || oneOf(committing, command);
+  if (!defines || !words.next()) return;
+  const bool replaces = words.word() == "or";
+  while (words.word() == "or" || words.word() == "replace") words.next();
+  if (words.word() == "temporary") written.commits = false;
+  written.defines = written.commits && (command != "create" || replaces);
+}
+
 bool isNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
@@ -102,11 +116,14 @@ Written writtenBy(std::string_view sql) {
   if (!words.next()) return written;
   const std::string command = words.word();
   if (oneOf(readers, command)) return written;
+  judgeDefinition(written, command, words);
+  if (command == "create" && !written.defines) return written;
   const bool inserts = command == "insert" || command == "replace";
   const bool updates = command == "update";
   written.endsRows = command != "insert";
   // A command that is none of these says in quotes, too, what it does.
-  if (!inserts && !updates && command != "delete") words.readQuoted();
+  const bool other = !inserts && !updates && command != "delete";
+  if (other) words.readQuoted();
   bool sets = false;
   while (words.next()) {
     const std::string& word = words.word();
@@ -115,6 +132,10 @@ Written writtenBy(std::string_view sql) {
     if (updates && words.depth() == 0 && word == "set") sets = true;
     written.movesRows = written.movesRows || word == rowIdColumn || (sets && oneOf(places, word));
     if (!sets && isVersioned(word)) written.tables.insert(word);
+    if (other && oneOf(definitions, word)) written.defines = written.commits = true;
+    if (command == "drop" && (word == "database" || word == "schema")) {
+      written.tables = sharedNames();
+    }
   }
   return written;
 }

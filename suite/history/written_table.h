@@ -14,6 +14,10 @@ struct Written {
   bool endsRows = false;
   // Rows may come under another client or year by it, or are given the ids they have.
   bool movesRows = false;
+  // The tables themselves change, which cannot be taken back.
+  bool defines = false;
+  // It commits what went before.
+  bool commits = false;
 };
 
 // In doubt it names more than what is changed.

@@ -10,6 +10,7 @@
 #include "data/text.h"
 #include "data/year.h"
 #include "suite/client_register.h"
+#include "suite/history/written_table.h"
 #include "suite/history/year_rows.h"
 #include "suite/stations/dead_names.h"
 
@@ -38,6 +39,7 @@ YearLockTable::YearLockTable(Database& database, UnitOfWork& unit, ActLog& log, 
       shared_(unit.shared()),
       presence_(unit) {
   unit_.onCommitting = [this](const ActLog& act) { check(act); };
+  unit_.onDefining = [this](const auto& tables) { checkDefinition(tables); };
 }
 
 // --- reading ------------------------------------------------------------------------------------
@@ -154,8 +156,7 @@ void YearLockTable::check(const ActLog& act) {
   const std::vector<LockedYear>& locked = known ? current() : others;
   if (locked.empty()) return;
   const auto refuse = [this](const std::optional<LockedYear>& year) {
-    if (!year) return;
-    throw RunTimeError(yearIsLocked, lockedText(subject(*year), year->lock), "Year locks");
+    if (year) this->refuse(*year);
   };
   for (const std::string& table : act.tables()) {
     if (act.movesRows()) {
@@ -168,6 +169,21 @@ void YearLockTable::check(const ActLog& act) {
   if (act.tables().contains(groupTable)) {
     refuse(yearRegrouped(database_, act.instant(), locked));
   }
+}
+
+// Without a table that all years share, none of them is what it was.
+void YearLockTable::checkDefinition(const std::set<std::string>& tables) {
+  for (const LockedYear& year : all()) {
+    const std::string suffix = yearSuffix(year.table);
+    for (const std::string& table : tables) {
+      const std::string changed = yearSuffix(table);
+      if (changed.empty() || changed == suffix) refuse(year);
+    }
+  }
+}
+
+void YearLockTable::refuse(const LockedYear& year) const {
+  throw RunTimeError(yearIsLocked, lockedText(subject(year), year.lock), "Year locks");
 }
 
 std::string YearLockTable::subject(const LockedYear& year) const {

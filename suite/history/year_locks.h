@@ -7,6 +7,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,10 @@ class YearLockTable : public YearLocks {
  public:
   // Watches the commits of the unit of work, which outlives this object.
   YearLockTable(Database& database, UnitOfWork& unit, ActLog& log, const Clock& clock);
-  ~YearLockTable() override { unit_.onCommitting = {}; }
+  ~YearLockTable() override {
+    unit_.onCommitting = {};
+    unit_.onDefining = {};
+  }
   YearLockTable(const YearLockTable&) = delete;
   YearLockTable& operator=(const YearLockTable&) = delete;
 
@@ -82,7 +86,9 @@ class YearLockTable : public YearLocks {
   std::vector<LockedYear> read(const std::string& which) const;
   const std::vector<LockedYear>& current();
   void check(const ActLog& act);
+  void checkDefinition(const std::set<std::string>& tables);
   std::vector<LockedYear> lockedFor(const ActLog& act);
+  void refuse(const LockedYear& year) const;
   std::string subject(const LockedYear& year) const;
 
   Database& database_;

@@ -53,7 +53,8 @@ class YearLocksTest : public YearsTest {
     try {
       practice.environment().unit().execute(sql);
     } catch (const RunTimeError& error) {
-      ADD_FAILURE() << sql << ": " << error.what();
+      // A definition is not sent at all.
+      if (!names(error.what())) ADD_FAILURE() << sql << ": " << error.what();
     }
   }
 

@@ -45,6 +45,16 @@ TEST_F(YearLocksTest, NoStatementReachesALockedYear) {
       {"delete t from Mast_Part p join TAB_1 t on t.partid=p.PartId", false},
       {"/* all */ delete from `TAB_1`", false},
       {"execute immediate 'delete from TAB_1'", false},
+      {"drop table TAB_1", false},
+      {"truncate table tab_1", false},
+      {"alter table `JRNL_1` drop column VNar", false},
+      {"rename table TRADE_2 to TRADE_3, TRADE_1 to TRADE_2", false},
+      {"create or replace table RMGRP_1(a int)", false},
+      {"drop table if exists Mast_Part", false},
+      {"drop database if exists none", false},
+      {"execute immediate 'drop table TAB_1'", false},
+      {"drop table if exists TAB_77", true},
+      {"create temporary table if not exists TAB_78(a int)", true},
       {"update Mast_AllGrp set GID=2 where ALLGRP='RENT'", false},
       {"update Mast_AllGrp set GID=2 where ALLGRP='STOCK'", false},
       {"update Mast_AllGrp set GID=2 where ALLGRP='SPARE'", true},
@@ -86,6 +96,14 @@ TEST_F(YearLocksTest, NoStatementReachesALockedYear) {
     unit.execute("delete from TAB_1 where code_no='C1' and srno=9");
   }
   EXPECT_EQ(notices(), Texts());
+  {
+    const Act running(context().openForms.acts);
+    suite::UnitOfWork& unit = practice.environment().unit();
+    unit.execute("delete from TAB_1 where code_no='C1'");
+    EXPECT_THROW(unit.execute("create table SomeTable(a int)"), RunTimeError) << "it would commit";
+  }
+  EXPECT_EQ(notices().size(), 1U);
+  EXPECT_NE(value("select count(*) from TAB_1 where code_no='C1'"), "0");
   {
     const Act running(context().openForms.acts);
     locks().unlock("C1", "31032009", "Late invoice");
