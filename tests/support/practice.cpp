@@ -59,8 +59,8 @@ void emptyTables(suite::Database& database) {
   static const std::vector<std::string> names = allTables();
   for (const std::string& name : names) database.execute("delete from " + name);
   if (!database.keepsHistory()) return;
-  // Ledgers are numbered from one again, and nobody has changed the log.
-  for (const char* name : {"Mast_Part", "SuiteAct"}) {
+  // Ledgers and groups are numbered from one again, and nobody has changed the log.
+  for (const char* name : {"Mast_Part", "Mast_AllGrp", "SuiteAct"}) {
     database.execute(std::string("delete history from ") + name);
   }
 }
@@ -154,6 +154,12 @@ PracticeTest::Rows PracticeTest::rows(const std::string& sql) {
 std::string PracticeTest::value(const std::string& sql) {
   const auto found = rows(sql);
   return found.empty() ? std::string() : found.front().front();
+}
+
+long PracticeTest::rowsRead() {
+  return std::stol(
+      value("select cast(sum(variable_value) as unsigned) from "
+            "information_schema.session_status where variable_name like 'Handler_read%'"));
 }
 
 PracticeTest::Rows PracticeTest::books() {

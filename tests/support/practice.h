@@ -82,6 +82,8 @@ class PracticeTest : public ::testing::Test {
   Rows rows(const std::string& sql);
   // The first cell of the first row, "" when there is no row.
   std::string value(const std::string& sql);
+  // Rows and keys that the database has looked at so far.
+  long rowsRead();
 
   void addClient(const std::string& code, const std::string& name);
   // The ids of a group (made under the primary group `gid` when new) and of a ledger.
