@@ -90,7 +90,8 @@ bool frmgrpmas::nameHolds(const AccountGroup& group) {
 
 void frmgrpmas::insertGroup(AccountGroup& group) {
   TableNames missing;
-  group.id = master_.nextId(missing);
+  BooksHistory* const history = context_.environment.history();
+  group.id = std::max(master_.nextId(missing), history ? history->highestGroupEver() + 1 : 0);
   tellMissing(missing);
   groupsChanged_ = true;
   master_.insert(group);

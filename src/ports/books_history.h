@@ -29,9 +29,13 @@ class BooksHistory {
   };
   virtual TakenBack takeBackLast(const YearOfClient& year) = 0;
 
-  // When the client's years were changed last, "2026-11-22 16:45:00" by the clock of this computer,
+  // When the client's years were changed last, "22/11/2026 16:45:00" by the clock of this computer,
   // by their second dates. A year that nothing changed since the history began is not there.
   virtual std::map<std::string, std::string> lastChanges(const std::string& client) = 0;
+
+  // The highest id that an account group ever had, 0 when there was none. The history means that
+  // group by it.
+  virtual long highestGroupEver() = 0;
 };
 
 }  // namespace quillet

@@ -24,6 +24,12 @@ class HistoryForms : public BooksHistory {
   std::map<std::string, std::string> lastChanges(const std::string& client) override {
     return suite::lastChanges(unit_, client);
   }
+  // The end of the index, which max() does not find among versions.
+  long highestGroupEver() override {
+    const RecordsetPtr highest = unit_.query(
+        "select ALLID from Mast_AllGrp for system_time all order by ALLID desc limit 1");
+    return highest->EOF_() ? 0 : highest->integer(0);
+  }
 
  private:
   UnitOfWork& unit_;

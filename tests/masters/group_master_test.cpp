@@ -211,7 +211,8 @@ TEST_F(GroupMasterTest, AMissingTableIsNamedAndPassedOver) {
 }
 
 TEST_F(GroupMasterTest, ANewIdIsAboveEveryIdInUse) {
-  for (const char* all : {"Mast_AllGrp", "TAB_1"}) exec("delete from " + std::string(all));
+  for (const char* all : {"from Mast_AllGrp", "history from Mast_AllGrp", "from TAB_1"})
+    exec("delete " + std::string(all));
   open();
   int id = 1;
   for (const std::string each :
@@ -226,6 +227,10 @@ TEST_F(GroupMasterTest, ANewIdIsAboveEveryIdInUse) {
         << each;
     id = id == 1 ? 31 : id + 10;
   }
+  press(form.cmddelete, {yes});
+  messages();
+  add("AFTER A DELETION");
+  EXPECT_EQ(stored().back()[0], "92") << "the history means the group that is gone by its number";
 }
 
 }  // namespace
