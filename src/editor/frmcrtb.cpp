@@ -193,7 +193,8 @@ void frmcrtb::focusList() {
 
 void frmcrtb::hint(const std::string& text) {
   const bool missing = text.empty() && books_.years.hasTable() && !books_.years.linesRead();
-  lblhint.setCaption(missing ? unread : text);
+  const bool failed = text.empty() && importFailed_;
+  lblhint.setCaption(missing ? unread : failed ? notImported : text);
 }
 
 void frmcrtb::SETBUTTON() {

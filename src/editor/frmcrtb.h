@@ -194,6 +194,8 @@ class frmcrtb : public Form {
 
  private:
   static constexpr const char* unread = "The lines could not be read. F5 tries again.";
+  static constexpr const char* notImported =
+      "The previous year could not be imported. F5 asks again.";
 
   void attachMenus();
   void attachLines();
@@ -220,6 +222,7 @@ class frmcrtb : public Form {
   bool groupsRead_ = false;
   // While another form works, or after an act was taken back.
   bool asksNothing_ = false;
+  bool importFailed_ = false;  // since the lines were read last
 
   LinesGrid lines_;
   EntryFields entry_;

@@ -57,6 +57,7 @@ void frmcrtb::emptyYear() {
   saver_.putBack();
   setCaption("Trial Balance");
   lblsaved.setCaption("");
+  importFailed_ = false;
   emptyLines();
   groupPage_.reset();
   summaryPage_.clear();
@@ -131,6 +132,7 @@ void frmcrtb::LOADGROUPS() {
 void frmcrtb::LOADTRIALBAL() {
   TwoYears& years = books_.years;
   bool read = false;
+  importFailed_ = false;
   logErrors("LOADTRIALBAL", [&] {
     const char* ofYears = years.view() == View::previous ? " (Previous Year)"
                           : years.view() == View::both   ? " (with Previous Year)"
@@ -147,11 +149,13 @@ void frmcrtb::LOADTRIALBAL() {
     fillNames(entries, books_.host(), books_.groups);
     sortEntries(entries, sort_);
     years.keep(std::move(lines));
+    importFailed_ = importFailed_ && years.lines(current).empty();
     lines_.show(std::move(entries), years);
     GETBALANCE();
     read = true;
   });
-  if (!read || lblhint.caption() == unread) hint(read ? "" : unread);
+  const std::string hinted = lblhint.caption();
+  if (!read || importFailed_ || hinted == unread || hinted == notImported) hint(read ? "" : unread);
   if (!read || !saver_.complete() || entry_.followAltered()) return;
   leaveEntry();
   hint("The line that was being altered is no longer there.");
@@ -162,10 +166,12 @@ bool frmcrtb::importPreviousYear() {
       books_.context.MsgBox("Do you want to Import \"Trail Balance\" from Previous F.Y. ?",
                             Buttons::YesNo, Icon::question, Answer::No);
   if (answer != Answer::Yes) return false;
+  importFailed_ = true;
   logErrors("LOADTRIALBAL", [&] {
     const TwoYears& years = books_.years;
     TrialBalance(books_.host(), years.books(current))
         .copyFrom(TrialBalance(books_.host(), years.books(previous)));
+    importFailed_ = false;
   });
   return true;
 }
@@ -232,10 +238,10 @@ void frmcrtb::takenBack() {
   const auto saved = saver_.takenBack();
   ledgersRead_ = groupsRead_ = false;
   if (!visible()) return;
+  lblsaved.setCaption("");
   showStored();
   const auto year = saved && saved->altered ? saved->altered->year : books_.years.yearInView();
   if (!saved || books_.locked(year)) return;
-  lblsaved.setCaption("");
   {
     const ScopedFlag leaving = entry_.leaving();
     focus(txtdrcr);

@@ -328,6 +328,19 @@ TEST_F(FailedSave, LinesThatCannotBeReadAfterASaveAreSaid) {
   form.click(form.mnurefresh);
   EXPECT_EQ(form.vsfm.rows(), 3);
   EXPECT_EQ(form.lblhint.caption(), "");
+
+  // So do they when the import fails that a save which leaves no line is followed by.
+  exec("delete from " + table);
+  put(table, "1", "Rent", "RENT", "3,1");
+  open("C1", 2008);
+  host().statements().failNext("Insert into " + table + " select");
+  yes();
+  enter(form, "Rent", "RENT", "3", "C");
+  EXPECT_EQ(form.lblhint.caption(), "The previous year could not be imported. F5 asks again.");
+  yes();
+  form.click(form.mnurefresh);
+  EXPECT_EQ(form.vsfm.rows(), 1);
+  EXPECT_EQ(form.lblhint.caption(), "");
 }
 
 }  // namespace

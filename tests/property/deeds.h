@@ -33,6 +33,7 @@ class Deeds : public Screen {
     const bool failed = sent.failed;
     World after = before, begun = before;  // with what was imported when the deed had failed
     deed.change(after);
+    const World done = after;
     std::vector<World> candidates{after};
     // A repetition is to leave what was imported before it too.
     if (imported_ && (!deed.repeats || after[where_].lines.empty())) {
@@ -54,6 +55,11 @@ class Deeds : public Screen {
     if (failed && deed.saves && !kept) draft_.reset();
     if (deed.unloaded) *deed.unloaded = failed;
     if (failed) failed_ = {deed, candidates[0]};
+    // All but the import was done, which the editor offers again.
+    if (failed && imported_ && world_ == done && !deed.unloaded) {
+      failed_->first.saves = false;
+      failed_->first.again = [this] { editor().click(editor().mnurefresh); };
+    }
     remember(stood, mayPutBack);
     look();
   }
