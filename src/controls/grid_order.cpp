@@ -22,20 +22,21 @@ double valueOf(const std::string& shown) {
   return negative ? -value : value;
 }
 
-// The moments of "1/4/2024", "01-04-2024" and "01/04/2024 16:45" in their order; what is no date
+// The moments of "1/4/2024", "01-04-2024" and "01/04/2024 16:45:30" in their order; what is no date
 // comes first.
-long momentOf(const std::string& shown) {
-  long parts[5] = {};
+long long momentOf(const std::string& shown) {
+  long long parts[6] = {};
   const char* at = shown.data();
   const char* end = at + shown.size();
   int read = 0;
-  for (; read < 5 && at != end; ++read) {
+  for (; read < 6 && at != end; ++read) {
     const auto [next, error] = std::from_chars(at, end, parts[read]);
     if (error != std::errc()) break;
     at = next == end ? end : next + 1;
   }
-  const auto& [day, month, year, hour, minute] = parts;
-  return read < 3 ? 0 : (((year * 100 + month) * 100 + day) * 100 + hour) * 100 + minute;
+  const auto& [day, month, year, hour, minute, second] = parts;
+  if (read < 3) return 0;
+  return ((((year * 100 + month) * 100 + day) * 100 + hour) * 100 + minute) * 100 + second;
 }
 
 template <class T>

@@ -43,7 +43,7 @@ std::string shownDate(std::string_view key) {
 }
 
 std::string shownMoment(const std::string& moment) {
-  if (moment.size() < 16) return moment;
+  if (moment.size() < 10) return moment;
   return moment.substr(8, 2) + '/' + moment.substr(5, 2) + '/' + moment.substr(0, 4) +
          moment.substr(10, 6);
 }

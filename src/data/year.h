@@ -21,7 +21,7 @@ std::string shortYearText(int firstYear);
 
 // "01042008" as "01/04/2008"; a text that is no key stays as it is.
 std::string shownDate(std::string_view key);
-// "2026-11-22 16:45:00" as "22/11/2026 16:45".
+// "2026-11-22 16:45:00" as "22/11/2026 16:45", "2026-11-22" as "22/11/2026".
 std::string shownMoment(const std::string& moment);
 // "01/04/2008" as "01042008": the parts of a cell joined again.
 std::string dateKey(std::string_view shown);

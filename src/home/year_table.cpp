@@ -85,7 +85,7 @@ YearNotes readYearNotes(Form& form, Context& context, const std::string& client,
     notes.changes.emplace();
     for (const YearKeys& year : years) {
       const auto time = times.find(year.second);
-      notes.changes->push_back(time == times.end() ? "" : shownMoment(time->second));
+      notes.changes->push_back(time == times.end() ? "" : time->second.substr(0, 16));
     }
   });
   return notes;

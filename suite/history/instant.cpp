@@ -54,14 +54,11 @@ std::string localTime(Instant instant) {
   std::tm local{};
   localtime_r(&time, &local);
   char text[24];
-  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+  std::strftime(text, sizeof text, "%d/%m/%Y %H:%M:%S", &local);
   return text;
 }
 
-std::string localDay(Instant instant) {
-  const std::string time = localTime(instant);
-  return time.substr(8, 2) + '/' + time.substr(5, 2) + '/' + time.substr(0, 4);
-}
+std::string localDay(Instant instant) { return localTime(instant).substr(0, 10); }
 
 Instant localInstant(Date day, int hour, int minute, int seconds) {
   std::tm local{};

@@ -15,7 +15,7 @@ using Instant = std::int64_t;
 std::string instantText(Instant instant);
 // 0 when the text is none.
 Instant instantFrom(const std::string& text);
-// As a person reads it, by the clock of this computer: "2026-03-31 14:45:00".
+// As a person reads it, by the clock of this computer: "31/03/2026 14:45:00".
 std::string localTime(Instant instant);
 // "31/03/2026", the day of it.
 std::string localDay(Instant instant);

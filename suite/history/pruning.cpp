@@ -6,6 +6,7 @@
 #include <tuple>
 #include <vector>
 
+#include "data/year.h"
 #include "suite/backup/part_file.h"
 
 namespace quillet::suite {
@@ -92,7 +93,8 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
   part.synchronise();
   part.finish();
   log.note({.reason = std::to_string(pruned.rows) + " rows and " + std::to_string(pruned.acts) +
-                      " acts before " + textOf(before) + " went to " + file.filename().string()});
+                      " acts before " + shownMoment(textOf(before)) + " went to " +
+                      file.filename().string()});
   log.alone(pruningCommand, [&] {
     for (const std::string& table : tables) {
       database.execute("delete history from " + table + " before system_time " + instant);

@@ -31,7 +31,7 @@ TEST_F(HomeTest, AClientAndAYearOpenTheEditor) {
                    figures("0", "1") + " Union All " + figures("1", "2")}));
   EXPECT_EQ(shown(form.flexgrid2),
             (Rows{{"01/04/2007", "31/03/2008", "1", "0.00", "5.00", "5.00 Credit",
-                   shownMoment(suite::localTime(suite::instantFrom(changed)))},
+                   suite::localTime(suite::instantFrom(changed)).substr(0, 16)},
                   {"01/04/2008", "31/03/2009", "3", "6.00", "6.00", "Agrees", ""}}));
   exec("delete from SuiteAct where Hash is null");
   EXPECT_EQ(form.active(), &form.flexgrid2);

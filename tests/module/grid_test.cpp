@@ -53,10 +53,11 @@ TEST_F(GridTest, AGridIsOrderedByValuesDaysAndVouchers) {
   EXPECT_EQ(order(2), "5.00 9.00 9.00 100.00 100.00 1,000.00 ");
   EXPECT_EQ(order(1), "9.00 9.00 100.00 100.00 5.00 1,000.00 ");
   grid.clearRows();
-  for (const char* moment : {"22/11/2026 16:45", "1/12/2026", "22/11/2026 09:05", ""}) {
+  for (const char* moment :
+       {"22/11/2026 16:45:30", "1/12/2026", "22/11/2026 16:45:04", "22/11/2026 09:05", ""}) {
     grid.addRow({moment, "", moment});
   }
-  EXPECT_EQ(order(0), " 22/11/2026 09:05 22/11/2026 16:45 1/12/2026 ");
+  EXPECT_EQ(order(0), " 22/11/2026 09:05 22/11/2026 16:45:04 22/11/2026 16:45:30 1/12/2026 ");
   grid.outline = true;
   fill();
   EXPECT_EQ(order(0), "9.00 100.00 1,000.00 100.00 5.00 9.00 ");
