@@ -35,12 +35,12 @@ std::vector<std::string> mappingCells(const StatutoryHeadList& heads, const Grou
 }
 
 void MappedGroups::setColumns() {
-  grid_.setColumns({{.heading = "Group", .width = 26, .stretch = true},
-                    {.heading = "Under Group", .width = 20},
-                    {.heading = "Schedule VI", .width = 24, .stretch = true},
-                    {.heading = "Income Tax", .width = 24, .stretch = true},
-                    {.heading = "Mapping", .align = Align::center, .width = 12},
-                    {.heading = "Tick", .align = Align::center, .width = 6, .tick = true}});
+  grid_.setColumns({{.heading = "Group", .width = 32, .stretch = true},
+                    {.heading = "Under Group", .width = 30},
+                    {.heading = "Schedule VI", .width = 20, .stretch = true},
+                    {.heading = "Income Tax", .width = 20, .stretch = true},
+                    {.heading = "Mapping", .align = Align::center, .width = 11},
+                    {.heading = "Tick", .align = Align::center, .width = 5, .tick = true}});
   show_.addItem("All groups", all);
   show_.addItem("Not mapped", unmapped);
   show_.addItem("Without Schedule VI", withoutSchedule6);

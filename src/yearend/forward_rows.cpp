@@ -22,7 +22,7 @@ ForwardRows::ForwardRows(frmbringfwd& form, ServiceObject& host, ForwardReview& 
     : form_(form), host_(host), review_(review) {
   form.vsfl.setColumns({{.heading = "Take", .width = 5, .tick = true},
                         {.heading = "Ledger", .width = 22, .stretch = true},
-                        {.heading = "Group", .width = 18},
+                        {.heading = "Group", .width = 18, .stretch = true},
                         balanceColumn("Old Year"),
                         balanceColumn("Brought Forward"),
                         balanceColumn("In the Year"),
@@ -34,7 +34,7 @@ ForwardRows::ForwardRows(frmbringfwd& form, ServiceObject& host, ForwardReview& 
     review_.take(placeOf(row), form_.vsfl.ticked(row));
     form_.reviewed();
   };
-  arrangeTotals(form.vsft, 16, 13);
+  arrangeTotals(form.vsft, 14, 13);
   for (const char* shown : {"All lines", "To be written", "Offered", "Left"}) {
     form.cboshow.addItem(shown);
   }

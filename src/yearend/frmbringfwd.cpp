@@ -234,16 +234,16 @@ void frmbringfwd::finish(const RegisteredYear& year) {
 
 LayoutItem frmbringfwd::layout() {
   const LayoutItem choices =
-      row({field("Sho&w", cboshow, 14), item(chkzero), field("&Stock goes to", cbostock, 24),
+      row({field("Sho&w", cboshow, 14), item(chkzero), field("&Stock goes to", cbostock, 32),
            field("Led&ger", txtstock, 18, 1), item(vsfp)});
   const LayoutItem other =
       row({field("Pe&r cent", txtpercent, 9), field("&Other ledger", txtcapital, 14, 1), item(vsfc),
-           named("Group of the other ledger", item(cbocapital, 0, 16)), item(cmdcapital)});
+           named("Group of the other ledger", item(cbocapital, 0, 24)), item(cmdcapital)});
   return column(
       {choices, named("Lines that are brought forward", item(vsfl, 1)), item(lblstate),
-       row({column({item(lblprofit), named("Shares of the profit", item(vsfs)), other}, 1),
+       row({column({item(lblprofit), named("Shares of the profit", item(vsfs)), other}, 8),
             column({named("Totals", item(vsft, 1)), row({gap(), item(cmdbring), item(cmdback)})},
-                   1)})});
+                   7)})});
 }
 
 }  // namespace quillet

@@ -47,7 +47,7 @@ frmasof::frmasof(Context& context, UnitOfWork& unit)
   setCaption("As It Stood");
   size = {0.8, 0.8, 1.0};
   vsf.setColumns({{.heading = "Ledger", .width = 34, .stretch = true},
-                  {.heading = "Group", .width = 28},
+                  {.heading = "Group", .width = 28, .stretch = true},
                   {.heading = "Then", .align = Align::right, .width = 18, .numeric = true},
                   {.heading = "Now", .align = Align::right, .width = 18, .numeric = true},
                   {.heading = "Difference", .width = 16}});

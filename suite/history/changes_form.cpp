@@ -36,11 +36,11 @@ frmchanges::frmchanges(Context& context, UnitOfWork& unit, ShowAsOf showAsOf)
       showAsOf_(std::move(showAsOf)) {
   setCaption("Changes");
   size = {0.9, 0.85, 1.0};
-  vsf.setColumns({{.heading = "When", .width = 19},
+  vsf.setColumns({{.heading = "When", .width = 19, .dated = true},
                   {.heading = "What", .width = 8},
                   {.heading = "Of", .width = 16},
                   {.heading = "Ledger", .width = 24, .stretch = true},
-                  {.heading = "Group", .width = 20},
+                  {.heading = "Group", .width = 24},
                   {.heading = "Old", .align = Align::right, .width = 15, .numeric = true},
                   {.heading = "New", .align = Align::right, .width = 15, .numeric = true},
                   {.heading = "Person", .width = 10},

@@ -24,14 +24,14 @@ std::string joined(const std::vector<std::string>& sentences) {
 frmTakeBack::frmTakeBack(OpenForms& openForms, TakingBack& takingBack, Dialogs& dialogs)
     : Form(openForms, "frmTakeBack"), takingBack_(takingBack), dialogs_(dialogs) {
   setCaption("Take Back");
-  vsf.setColumns({{.heading = "When", .width = 19},
-                  {.heading = "Command", .width = 30, .stretch = true},
+  vsf.setColumns({{.heading = "When", .width = 19, .dated = true},
+                  {.heading = "Command", .width = 28, .stretch = true},
                   {.heading = "Form", .width = 26, .stretch = true},
                   {.heading = "Client", .width = 10},
                   {.heading = "Year", .width = 8},
-                  {.heading = "Person", .width = 12},
-                  {.heading = "Station", .width = 12},
-                  {.heading = "State", .width = 14}});
+                  {.heading = "Person", .width = 10},
+                  {.heading = "Station", .width = 10},
+                  {.heading = "State", .width = 11}});
   vsf.setEmptyText("Nothing was changed since the history began.");
   vsf.sortable = false;  // what came later stands above
   vsf.RowColChange = [this] { showChosen(); };
@@ -59,7 +59,7 @@ void frmTakeBack::openFor(const std::string& client) {
 }
 
 void frmTakeBack::load() {
-  size = {0.8, 0.7, size.font};
+  size = {0.9, 0.7, size.font};
   changed_ = false;
   chkall.setChecked(client_.empty());
   chkall.setEnabled(!client_.empty());

@@ -101,8 +101,11 @@ BooksHistory::TakenBack TakingBack::takeBackLast(const std::string& client,
   const auto inverse = lastInverse(client, secondDate);
   if (!inverse) return {false, "There is nothing left in this year that could be taken back."};
   const std::string what = inverse->words();
-  std::string told = wordsFor(inverse->act());
   const std::vector<std::string> found = takeBack(*inverse);
+  // It has one line of the form that the act was done on.
+  ActRow act = inverse->act();
+  if (found.empty()) act.form.clear();
+  std::string told = wordsFor(act);
   if (found.empty()) return {true, "Taken back: " + told + ". " + what};
   told += " cannot be taken back:";
   for (const std::string& conflict : found) told += "\r\n" + conflict;
