@@ -31,10 +31,10 @@ ShareBoxes::ShareBoxes(frmbringfwd& form, Context& context, ForwardReview& revie
       review_(review),
       stockLedgers_(form.vsfp),
       capitalLedgers_(form.vsfc) {
-  form.vsfs.setColumns({{.heading = "Capital", .width = 18, .stretch = true},
+  form.vsfs.setColumns({{.heading = "Capital", .width = 17, .stretch = true},
                         {.heading = "Group", .width = 24, .stretch = true},
                         {.heading = "Per Cent", .align = Align::right, .width = 8},
-                        {.heading = "Share", .align = Align::right, .width = 14}});
+                        {.heading = "Share", .align = Align::right, .width = 13}});
   form.vsfs.setFixedRows(3);
   form.vsfs.sortable = false;
   form.txtpercent.setMaxLength(percentLength);
