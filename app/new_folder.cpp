@@ -98,6 +98,7 @@ void fillServer(const suite::ServerAddress& address, const std::string& password
   suite::Settings settings(folder.settings());
   suite::keepServer(settings, known);
   suite::StartPolicy policy;
+  policy.mayMakeBooks = true;
   policy.askPassword = [&](const std::string&) { return std::optional(password); };
   fill(folder, Contents::starterGroups, policy);
 }

@@ -13,6 +13,7 @@
 #include "suite/headless_front_end.h"
 #include "suite/history/pruning.h"
 #include "suite/queued_dialogs.h"
+#include "suite/stations/sole_use.h"
 #include "suite/text_report.h"
 
 namespace quillet::app {
@@ -98,6 +99,7 @@ int checkFolder(const Options& options) {
   bool unexamined = false;
   suite::Practice practice(suite::DataFolder::open(folderToCheck(options.data)), frontEnd, clock,
                            noting(unexamined));
+  if (options.mend) suite::refuseOtherStations(practice.database(), "Mending");
   check::Examination examination = examine(practice);
   std::cout << suite::textOf(check::reportOf(examination, practice.service()));
   if (options.mend && unexamined) {

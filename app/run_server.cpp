@@ -5,6 +5,7 @@
 
 #include "app/new_folder.h"
 #include "suite/copy/copy_practice.h"
+#include "suite/firm_name.h"
 #include "suite/server_login.h"
 #include "suite/server_password.h"
 #include "suite/server_setup.h"
@@ -53,12 +54,17 @@ std::string newPassword(const std::string& name, const std::filesystem::path& fi
   return *typed;
 }
 
+// The password of the account that is to be made, "" when it is there.
+std::string passwordOfNew(ClientConnection& connection, const Options& options) {
+  return suite::accountExists(connection, options.account)
+             ? std::string()
+             : newPassword(options.account, options.passwordFile);
+}
+
 void giveAccount(ClientConnection& connection, const ServerAddress& address,
-                 const Options& options) {
-  const std::string& name = options.account;
-  const bool isNew = !suite::accountExists(connection, name);
-  suite::makeAccount(connection, address.database, name,
-                     isNew ? newPassword(name, options.passwordFile) : std::string());
+                 const std::string& name, const std::string& password) {
+  const bool isNew = !password.empty();
+  suite::makeAccount(connection, address.database, name, password);
   ServerAddress station = address;
   station.user = name;
   std::cout << "The account " << name << (isNew ? " was made" : " keeps its password")
@@ -72,14 +78,13 @@ int runServerInit(const Options& options) {
   const ServerAddress address = patient(options.server);
   asAdministrator(address, [&](ClientConnection& connection, const std::string& password) {
     for (const std::string& line : suite::settingsTold(connection)) std::cout << line << '\n';
-    if (!options.account.empty() && !suite::accountExists(connection, options.account) &&
-        !options.passwordFile.empty()) {
-      suite::passwordIn(options.passwordFile.string());  // refused before anything is made
-    }
+    // What is wrong with it is told before anything is made.
+    const std::string ofAccount =
+        options.account.empty() ? std::string() : passwordOfNew(connection, options);
     suite::makeDatabase(connection, address.database);
     fillServer(address, password);
     std::cout << "The database " << address.database << " was made.\n";
-    if (!options.account.empty()) giveAccount(connection, address, options);
+    if (!options.account.empty()) giveAccount(connection, address, options.account, ofAccount);
   });
   return 0;
 }
@@ -87,7 +92,7 @@ int runServerInit(const Options& options) {
 int runServerAccount(const Options& options) {
   const ServerAddress address = patient(options.server);
   asAdministrator(address, [&](ClientConnection& connection, const std::string& /*password*/) {
-    giveAccount(connection, address, options);
+    giveAccount(connection, address, options.account, passwordOfNew(connection, options));
   });
   return 0;
 }
@@ -128,12 +133,23 @@ void keepSettings(const DataFolder& from, const DataFolder& to) {
   }
 }
 
+// The firm's name goes to the books, where they are complete; the station's settings do for others.
+void keepFirm(const DataFolder& folder, Database& server) {
+  suite::Settings settings(folder.settings());
+  if (server.query("show tables like 'SuiteAct'")->EOF_()) return;
+  suite::ActLog log(server);
+  suite::UnitOfWork unit(server);
+  log.open();
+  log.alone("Copy", [&] { suite::FirmName(settings, unit).set(settings.companyName()); });
+}
+
 void copyToServer(const Options& options) {
   const DataFolder folder = DataFolder::open(options.from);
   const auto from = openFolder(folder, false);
   suite::refuseHalfCopied(*from);
   const auto to = openServer(patient(options.to), true);
   tell(suite::copyBooks(*from, *to));
+  keepFirm(folder, *to);
   const DataFolder station = DataFolder::open(folderForServer(options.data, options.to));
   suite::copyFiles(folder, station);
   keepSettings(folder, station);
@@ -158,6 +174,9 @@ void copyToFolder(const Options& options) {
     suite::copyFiles(DataFolder::open(station), folder);
     keepSettings(DataFolder::open(station), folder);
   }
+  suite::Settings settings(folder.settings());
+  suite::UnitOfWork unit(*from);
+  settings.setCompanyName(suite::FirmName(settings, unit).get());
   markFinished(folder.root());
   std::cout << "Start Quillet with:\n  quillet --data " << folder.root().string() << '\n';
 }

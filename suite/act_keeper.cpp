@@ -72,12 +72,24 @@ void ActKeeper::leave() {
 void ActKeeper::begins(const std::string& form, const std::string& procedure) {
   if (!context_->openForms.acts.running() || !isWriting(form, procedure)) return;
   unit_.beginWriting();
+  readAnew();
   showMovement();
+}
+
+// After a time without a connection.
+void ActKeeper::readAnew() {
+  if (std::exchange(unread_, false)) context_->openForms.booksMoved(true);
 }
 
 void ActKeeper::showMovement() {
   const StationTurns::Movement movement = unit_.turns()->movement();
   if (movement.any) context_->openForms.booksMoved(movement.masters);
+  const std::string node = unit_.turns()->elsewhere();
+  if (node.empty()) return;
+  tell("Another station works on the node " + node +
+       " of the cluster, and this one on another. Nothing is lost by it, but what the one stores"
+       " the other may see late. Name the same servers in the same order at all stations, and start"
+       " Quillet anew.");
 }
 
 void ActKeeper::look() {
@@ -97,6 +109,7 @@ void ActKeeper::lookAgain(const std::string& reason) {
   try {
     unit_.renewConnection();
     unit_.turns()->look();
+    readAnew();
     tell("The connection to the database server was lost, and is open again.");
     lost_ = false;
   } catch (const std::exception& error) {
@@ -146,30 +159,33 @@ void ActKeeper::endAct() {
 
 void ActKeeper::endUnit() {
   const bool keptPart = keptPart_;
-  const auto takenBack = unit_.end();
+  auto takenBack = unit_.end();
   if (!takenBack) return;
-  const std::optional<bool> stored = connectAgain(*takenBack);
-  tellTakenBack(*takenBack, stored, keptPart);
+  context_->openForms.onError("suite\tACT_TAKEN_BACK", std::runtime_error(takenBack->reason));
+  std::optional<bool> stored = false;
+  bool connected = true;
+  try {
+    unit_.renewConnection();
+    if (takenBack->uncertain) stored = unit_.wasStored();
+  } catch (const std::exception& error) {
+    connected = false;
+    // What keeps us out says more than that the connection is lost.
+    takenBack->reason = sentence(error.what()) + " Whatever is done next tries to connect again.";
+    if (takenBack->uncertain) stored.reset();
+  }
+  tellTakenBack(takenBack->reason, stored, keptPart);
   // Nobody is to enter twice what may stand: nothing is shown again to be saved.
   if (stored.value_or(takenBack->uncertain)) context_->kept();
   context_->takenBack();
+  // Nothing could be read anew, and that was told.
+  if (!connected) trapped_.clear();
+  unread_ = !connected;
   unit_.end();
 }
 
-// Whether the act is stored all the same, when that is known.
-std::optional<bool> ActKeeper::connectAgain(const UnitOfWork::TakenBack& takenBack) {
-  try {
-    unit_.renewConnection();
-  } catch (const std::exception& error) {
-    tell(sentence(error.what()) + " Whatever is done next tries to connect again.");
-    return takenBack.uncertain ? std::nullopt : std::optional(false);
-  }
-  return takenBack.uncertain ? unit_.wasStored() : std::optional(false);
-}
-
-void ActKeeper::tellTakenBack(const UnitOfWork::TakenBack& takenBack, std::optional<bool> stored,
+// `stored`: whether the act is stored all the same, when that is known.
+void ActKeeper::tellTakenBack(const std::string& reason, std::optional<bool> stored,
                               bool keptPart) {
-  context_->openForms.onError("suite\tACT_TAKEN_BACK", std::runtime_error(takenBack.reason));
   // What the act's procedures trapped follows from this.
   trapped_.clear();
   tell((stored.value_or(false) ? "The last step was stored, though its answer was lost. "
@@ -179,7 +195,7 @@ void ActKeeper::tellTakenBack(const UnitOfWork::TakenBack& takenBack, std::optio
         : keptPart ? "What followed the last message or question was not stored; what came before "
                      "it stands. "
                    : "Nothing of the last step was stored; everything is as it was before. ") +
-       sentence(takenBack.reason) + inLog);
+       sentence(reason) + inLog);
 }
 
 void ActKeeper::removeFiles() {

@@ -36,12 +36,11 @@ class ActKeeper {
   void lookAgain(const std::string& reason);
   void begins(const std::string& form, const std::string& procedure);
   void showMovement();
+  void readAnew();
   void ended() noexcept;
   void endAct();
   void endUnit();
-  std::optional<bool> connectAgain(const UnitOfWork::TakenBack& takenBack);
-  void tellTakenBack(const UnitOfWork::TakenBack& takenBack, std::optional<bool> stored,
-                     bool keptPart);
+  void tellTakenBack(const std::string& reason, std::optional<bool> stored, bool keptPart);
   void removeFiles();
   void watchDisk();
   void tell(const std::string& text);
@@ -53,6 +52,7 @@ class ActKeeper {
   Notices& notices_;
   Clock& clock_;
   Context* context_ = nullptr;
+  bool unread_ = false;    // the forms show what they held when the connection was lost
   bool lost_ = false;      // the connection, and a person was told
   bool stored_ = true;     // something was since the disk was looked at
   bool keptPart_ = false;  // a part of the running act stands, told or asked about

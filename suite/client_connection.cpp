@@ -194,10 +194,7 @@ void ClientConnection::sendAfterLater(const std::string& sql) {
   all += sql;
   bool failed = library_->send(connection_, all.data(), all.size()) != 0;
   for (std::size_t i = 0; i < before.size(); ++i) {
-    if (failed) {
-      throw LaterFailed(static_cast<long>(library_->errorNumber(connection_)),
-                        library_->errorText(connection_), source);
-    }
+    if (failed) throw LaterFailed(statementError());
     library_->freeRows(library_->storeRows(connection_));
     failed = library_->nextRows(connection_) != 0;
   }
@@ -236,13 +233,15 @@ std::string ClientConnection::escape(const std::string& text) const {
 unsigned long ClientConnection::number() const { return library_->connectionNumber(connection_); }
 bool ClientConnection::answers() { return library_->ping(connection_) == 0; }
 
-void ClientConnection::failStatement() const {
+void ClientConnection::failStatement() const { throw statementError(); }
+
+RunTimeError ClientConnection::statementError() const {
   const auto number = static_cast<long>(library_->errorNumber(connection_));
   const std::string text = library_->errorText(connection_);
-  if (library_ == &embeddedClient()) throw RunTimeError(number, text, source);
+  if (library_ == &embeddedClient()) return {number, text, source};
   const bool lost = std::find(lostAsWell.begin(), lostAsWell.end(), number) != lostAsWell.end();
   const long meant = lost ? connectionLost : number;
-  throw RunTimeError(meant, explained(meant, text), source);
+  return {meant, explained(meant, text), source};
 }
 
 void ClientConnection::fail() const {

@@ -31,7 +31,7 @@ struct ServerEntrance {
 // A statement that was to be sent with the next one.
 class LaterFailed : public RunTimeError {
  public:
-  using RunTimeError::RunTimeError;
+  explicit LaterFailed(const RunTimeError& error) : RunTimeError(error) {}
 };
 
 class ClientConnection {
@@ -69,6 +69,7 @@ class ClientConnection {
   explicit ClientConnection(const ClientLibrary& library);
   [[noreturn]] void fail() const;
   [[noreturn]] void failStatement() const;
+  RunTimeError statementError() const;
   void sendAfterLater(const std::string& sql);
 
   const ClientLibrary* library_;

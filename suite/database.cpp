@@ -4,6 +4,7 @@
 #include <optional>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "data/errors.h"
 #include "suite/client_connection.h"
@@ -57,8 +58,8 @@ class Database::Impl {
   void holdSchema(const std::string& schema) {
     lock_ = "lower('quillet." + schema + "')";
     if (connection_.query("select get_lock(" + lock_ + ",60)")->integer(0) == 1) return;
-    throw std::runtime_error("Another station has been opening the database " + schema +
-                             " for more than a minute. Please try again.");
+    throw std::runtime_error("Another station is opening, copying or updating the database " +
+                             schema + " and has not ended. Please try again.");
   }
   void share() {
     if (!lock_.empty()) connection_.execute("do release_lock(" + lock_ + ')');
@@ -73,13 +74,16 @@ class Database::Impl {
         !connection_.query("show variables like 'system_versioning_alter_history'")->EOF_();
     if (keepsHistory_) connection_.execute("set session system_versioning_alter_history=keep");
   }
-  bool hasTables() {
+  bool hasTables(const std::string& which = {}) {
     return connection_
                .query(
                    "select exists(select 1 from information_schema.tables where "
-                   "table_schema=database())")
+                   "table_schema=database()" +
+                   which + ')')
                ->integer(0) == 1;
   }
+  // Those of a copy that has not come to its end too.
+  bool hasOurTables() { return hasTables(" and table_name in ('Mast_Part','suitecopy')"); }
 
   void connectWithin();
   void connectTo(const Server& server);
@@ -89,7 +93,7 @@ class Database::Impl {
     remote_ = server;
     remote_->mayBeNew = false;
   }
-  void renew();
+  void renew(Waiting waiting);
 
  private:
   // Without a server of our own there is one elsewhere.
@@ -131,10 +135,17 @@ void Database::Impl::connectWithin() {
 
 void Database::Impl::connectTo(const Server& server) {
   const ServerAddress& address = server.address;
-  connection_ = logIn(address, server.password);
-  holdSchema(address.database);
-  openBooks(server);
-  prepareHistory();
+  ClientConnection before = std::exchange(connection_, logIn(address, server.password));
+  try {
+    holdSchema(address.database);
+    openBooks(server);
+    prepareHistory();
+  } catch (...) {
+    // A connection without the books, and the lock that it may have, go.
+    connection_ = std::move(before);
+    lock_.clear();
+    throw;
+  }
 }
 
 void Database::Impl::openBooks(const Server& server) {
@@ -150,17 +161,25 @@ void Database::Impl::openBooks(const Server& server) {
   if (!missing.empty()) {
     throw std::runtime_error("The account " + address.user + " lacks rights on " + told + ": " +
                              listed(missing) +
-                             ". Whoever keeps the server gives them with: quillet server-account");
+                             ". Name another database, or have whoever keeps the server give the"
+                             " rights with: quillet server-account");
+  }
+  if (there && hasTables() && !hasOurTables()) {
+    throw std::runtime_error("In " + told +
+                             " another program has its tables, and there are no books. Name"
+                             " another database.");
   }
   if (!server.mayBeNew && (!there || !hasTables())) {
-    throw std::runtime_error("The books of the practice are gone: " + told +
-                             " has no tables. Restore it there, or correct the section [Server] of"
-                             " settings.ini.");
+    throw std::runtime_error("There are no books: " + told +
+                             (there ? " has no tables" : " is not there") +
+                             ". If they were there, restore them. If another one is meant, name it"
+                             " in the address or the section [Server] of settings.ini. New books"
+                             " are made with: quillet server-init");
   }
   useSchema(address.database);
 }
 
-void Database::Impl::renew() {
+void Database::Impl::renew(Waiting waiting) {
   if (!remote_) {
     if (connection_.answers()) return;
     connection_ = makeConnection();
@@ -168,13 +187,16 @@ void Database::Impl::renew() {
   }
   if (isReady(connection_)) return;
   // Another host takes some seconds to become the one that works.
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  const auto end =
+      std::chrono::steady_clock::now() + std::chrono::seconds(remote_->address.connectSeconds);
   while (true) {
     try {
       connectTo(*remote_);
       return share();
+    } catch (const WrongPassword&) {
+      throw;
     } catch (const std::runtime_error&) {
-      if (std::chrono::steady_clock::now() > end) throw;
+      if (waiting == Waiting::no || std::chrono::steady_clock::now() > end) throw;
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
   }
@@ -201,7 +223,7 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
 }
 
 void Database::share() { impl_->share(); }
-void Database::renewConnection() { impl_->renew(); }
+void Database::renewConnection(Waiting waiting) { impl_->renew(waiting); }
 bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
 void Database::executeLater(const std::string& sql) {

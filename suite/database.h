@@ -54,9 +54,10 @@ class Database : public Connection {
   void share();
 
   // Opens the connection again when it was lost, or when its server takes no changes any more: to
-  // the first host that does. What was not committed is gone. Waits a while for one. Throws
-  // std::runtime_error as connect() does.
-  void renewConnection();
+  // the first host that does. What was not committed is gone. Waits a while for one, if wanted.
+  // Throws std::runtime_error as connect() does.
+  enum class Waiting { no, yes };
+  void renewConnection(Waiting waiting = Waiting::yes);
 
   // Whether its tables can keep the rows that were changed or deleted.
   bool keepsHistory() const;

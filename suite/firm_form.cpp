@@ -1,35 +1,22 @@
 #include "suite/firm_form.h"
 
-#include "suite/firm_name.h"
-
 namespace quillet::suite {
 
-frmFirm::frmFirm(OpenForms& openForms, Settings& settings, Dialogs& dialogs)
-    : Form(openForms, "frmFirm"), settings_(settings), dialogs_(dialogs) {
-  setCaption("Your Firm");
+frmFirm::frmFirm(OpenForms& openForms, const FirmName& name, Dialogs& dialogs)
+    : PlainDialog(openForms, "frmFirm", "Your Firm", dialogs), name_(name) {
   lblhint.setQuiet(true);
-  cmdok.Click = [this] { keep(); };
-  cmdlater.Click = [this] { close(); };
-  KeyPress = [this](Key& key) {
-    if (key == keys::Escape) {
-      key = keys::none;
-      close();
-    } else if (key == keys::Enter && active() == &txtfirm) {
-      key = keys::none;
-      keep();
-    }
-  };
+  attach(cmdok, cmdlater);
 }
 
 void frmFirm::load() {
   size = {0.4, 0.15, size.font};
-  txtfirm.setText(settings_.companyName());
+  txtfirm.setText(name_.get());
   focus(txtfirm);
 }
 
 // Without a name the question comes again at the next start.
 void frmFirm::keep() {
-  if (keepFirmName(settings_, dialogs_, txtfirm)) close();
+  if (name_.keep(dialogs_, txtfirm)) close();
 }
 
 LayoutItem frmFirm::layout() {

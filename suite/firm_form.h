@@ -1,17 +1,15 @@
 // Asks for the name of the firm when a new practice is first opened.
 #pragma once
 
-#include "controls/basic_controls.h"
-#include "controls/form.h"
 #include "controls/text_box.h"
-#include "ports/ports.h"
-#include "suite/settings.h"
+#include "suite/firm_name.h"
+#include "suite/plain_dialog.h"
 
 namespace quillet::suite {
 
-class frmFirm : public Form {
+class frmFirm : public PlainDialog {
  public:
-  frmFirm(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
+  frmFirm(OpenForms& openForms, const FirmName& name, Dialogs& dialogs);
 
   Label lblwhy{*this, "lblwhy", "It stands at the head of every printed report."};
   TextBox txtfirm{*this, "txtfirm"};
@@ -23,12 +21,11 @@ class frmFirm : public Form {
 
  protected:
   void load() override;
+  void keep() override;
+  void entered() override { keep(); }
 
  private:
-  void keep();
-
-  Settings& settings_;
-  Dialogs& dialogs_;
+  FirmName name_;
 };
 
 }  // namespace quillet::suite

@@ -3,15 +3,30 @@
 #include "controls/form.h"
 #include "data/names.h"
 #include "data/text.h"
+#include "suite/misc_values.h"
 
 namespace quillet::suite {
 namespace {
 
 constexpr std::size_t most = 100;
+constexpr const char* section = "Suite";
+constexpr const char* key = "CompanyName";
 
 }  // namespace
 
-bool keepFirmName(Settings& settings, Dialogs& dialogs, TextBox& box) {
+// A station that has named the firm before the server did goes by that.
+std::string FirmName::get() const {
+  const std::string own = settings_.companyName();
+  return unit_.shared() ? misc_values::get(unit_, section, key, own) : own;
+}
+
+void FirmName::set(const std::string& name) const {
+  if (!unit_.shared()) return settings_.setCompanyName(name);
+  if (misc_values::get(unit_, section, key, "") == name) return;
+  misc_values::set(unit_, section, key, name, "", "");
+}
+
+bool FirmName::keep(Dialogs& dialogs, TextBox& box) const {
   const std::string name = cleanedName(box.text());
   if (const std::size_t length = lengthOf(name); length > most) {
     dialogs.MsgBox({"The name of the firm is longer than " + std::to_string(most) +
@@ -20,7 +35,7 @@ bool keepFirmName(Settings& settings, Dialogs& dialogs, TextBox& box) {
     box.form().focus(box);
     return false;
   }
-  settings.setCompanyName(name);
+  set(name);
   return true;
 }
 

@@ -32,7 +32,8 @@ PracticeCommands::PracticeCommands(Practice& practice)
       settings_(practice.context().openForms, practice.settings(), practice.environment().dialogs(),
                 practice.environment().unit(),
                 [&practice] { return practice.service().CheckPass(right::unlockYear); }),
-      firm_(practice.context().openForms, practice.settings(), practice.environment().dialogs()),
+      firm_(practice.context().openForms, {practice.settings(), practice.environment().unit()},
+            practice.environment().dialogs()),
       statements_(practice.context()),
       takeBack_(practice.context().openForms, practice.environment().takingBack(),
                 practice.environment().dialogs()) {
@@ -51,7 +52,7 @@ PracticeCommands::PracticeCommands(Practice& practice)
 }
 
 void PracticeCommands::askForFirm() {
-  if (!practice_.settings().companyName().empty()) return;
+  if (!FirmName(practice_.settings(), practice_.environment().unit()).get().empty()) return;
   practice_.service().resize_for_resolution(firm_);
   firm_.showModal();
 }

@@ -55,7 +55,7 @@ std::unique_ptr<Database> openPractice(const DataFolder& folder, FrontEnd& front
   if (const auto server = serverIn(settings)) {
     refusePassword(settings);
     const auto connect = [&](const std::string& password) {
-      database = Database::connect({*server, password, !kept.nameServer()});
+      database = Database::connect({*server, password, policy.mayMakeBooks});
     };
     withPassword(*server, policy.askPassword, connect, policy.mayKeepPassword);
   } else {

@@ -139,7 +139,9 @@ std::vector<TableDefinition> suitesOwn() {
         {"Hash", "char(64)"}},
        {"At", "Client,Yr,At"}},
       // Whose turn it is among the stations of a server, and which years they have open.
-      {"SuiteTurn", {{"Id", number}, {"Acts", number}, {"Masters", number}}, {"Id"}},
+      {"SuiteTurn",
+       {{"Id", number}, {"Acts", number}, {"Masters", number}, {"Node", anyText}},
+       {"Id"}},
       {"SuitePresence",
        {{"Code_No", code},
         {"Yr", yearKey},

@@ -31,6 +31,11 @@ constexpr Meaning meanings[] = {
     {1143, right},
     {1227, right},
     {1370, right},
+    {1036, readOnly},
+    {1317, "Whoever keeps the database server has ended it there."},
+    {1969,
+     "The database server had no time for it: look what it is busy with. Where that is its usual"
+     " pace, set AnswerSeconds in the section [Server] of settings.ini higher."},
     {1047,
      "This node of the cluster takes no statements: too few of its nodes can reach each other."},
     {1213, "Changed by somebody else at the same moment."},

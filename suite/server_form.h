@@ -1,19 +1,19 @@
 // The page of the settings that says on which database server the books are.
 #pragma once
 
-#include "controls/basic_controls.h"
-#include "controls/form.h"
 #include "controls/text_box.h"
-#include "ports/ports.h"
+#include "suite/plain_dialog.h"
+#include "suite/server_address.h"
 #include "suite/settings.h"
 
 namespace quillet::suite {
 
-class frmServer : public Form {
+class frmServer : public PlainDialog {
  public:
   frmServer(OpenForms& openForms, Settings& settings, Dialogs& dialogs);
 
   TextBox txthosts{*this, "txthosts"};
+  TextBox txtsocket{*this, "txtsocket"};
   TextBox txtuser{*this, "txtuser"};
   TextBox txtdatabase{*this, "txtdatabase"};
   TextBox txtauthority{*this, "txtauthority"};
@@ -25,12 +25,13 @@ class frmServer : public Form {
 
  protected:
   void load() override;
+  void keep() override;
 
  private:
-  void keep();
+  ServerAddress typed(ServerAddress kept) const;
+  bool mayKeep(const ServerAddress& server);
 
   Settings& settings_;
-  Dialogs& dialogs_;
 };
 
 }  // namespace quillet::suite

@@ -38,7 +38,12 @@ std::map<std::string, std::string> variables(ClientConnection& connection) {
   return pairs(connection,
                "show variables where variable_name in ('version','lower_case_table_names',"
                "'max_allowed_packet','read_only','secure_timestamp','character_set_client',"
-               "'system_versioning_insert_history','wsrep_on')");
+               "'system_versioning_insert_history','wsrep_on','innodb_read_only','log_bin',"
+               "'binlog_format')");
+}
+
+bool takesChanges(std::map<std::string, std::string>& set) {
+  return set["read_only"] == "OFF" && set["innodb_read_only"] == "OFF";
 }
 
 // "10.11.6-MariaDB-1" is 1011; 0 for another make.
@@ -62,10 +67,34 @@ std::string clusterFault(ClientConnection& connection) {
   return "this node of the cluster is not ready yet (" + status["wsrep_local_state_comment"] + ')';
 }
 
+// What a server that answers says to a connection, and what is to be done; null for anything else.
+const char* refusal(long number) {
+  switch (number) {
+    case 1040:  // too many connections
+    case 1203:  // ... of one account
+    case 1226:  // ... in an hour
+      return "it has as many connections as it allows. Close Quillet where it is not used, or set"
+             " max_connections higher there";
+    case 1129:  // after many errors
+    case 1130:
+      return "it lets nobody in from this computer. Whoever keeps the server allows it";
+    case 1820:
+    case 1862:
+      return "the password of the account has expired there. Whoever keeps the server gives it a "
+             "new"
+             " one";
+    case 4151:
+      return "the account is locked there. Whoever keeps the server unlocks it";
+    default:
+      return nullptr;
+  }
+}
+
 std::string openingFault(const ServerAddress& address, const Host& host,
                          const RunTimeError& error) {
   const std::string text = error.what();
   const auto has = [&](const char* part) { return text.find(part) != std::string::npos; };
+  if (const char* refused = refusal(error.number())) return refused + (" (" + text + ')');
   if (error.number() != 2026) {
     if (has("timed out") || has("timeout") || error.number() == 2013 || has("initial comm")) {
       return "it does not answer within " + std::to_string(address.connectSeconds) +
@@ -110,12 +139,22 @@ ServerEntrance entranceTo(const ServerAddress& address, const Host& host,
   return entrance;
 }
 
-void prepareSession(ClientConnection& connection) {
+// What the server proposes to its other users does not reach the books.
+void prepareSession(ClientConnection& connection, unsigned answerSeconds, bool isNode) {
+  // Ahead of the moment at which the station gives up: what was not done in time ends there too.
+  const std::string longest =
+      std::to_string(answerSeconds * 9 / 10) + '.' + std::to_string(answerSeconds * 9 % 10);
+  connection.executeLater("set session autocommit=1");
   connection.execute(
       "set session sql_mode='STRICT_ALL_TABLES,ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION',"
       "wait_timeout=2147483,"  // a practice stays open for days
       // Stations that wait for each other see what the other one has committed.
-      "tx_isolation='READ-COMMITTED',innodb_lock_wait_timeout=30");
+      "tx_isolation='READ-COMMITTED',innodb_lock_wait_timeout=30,tx_read_only=0,completion_type=0,"
+      "sql_safe_updates=0,sql_select_limit=default,system_versioning_asof=default,"
+      "max_statement_time=" +
+      longest +
+      // What was committed at another node is read at this one.
+      (isNode ? ",wsrep_sync_wait=1" : ""));
 }
 
 // Throws RunTimeError or std::runtime_error that tells what is wrong with the host.
@@ -124,14 +163,14 @@ ClientConnection enter(const ServerAddress& address, const Host& host,
   ClientConnection connection = ClientConnection::remote();
   try {
     connection.open(entranceTo(address, host, password));
+    const std::vector<std::string> wrong = wrongSettings(connection);
+    if (!wrong.empty()) throw std::runtime_error(listed(wrong, "; "));
+    prepareSession(connection, address.answerSeconds, variables(connection)["wsrep_on"] == "ON");
+    return connection;
   } catch (const RunTimeError& error) {
     if (isWrongPassword(error.number())) throw WrongPassword(error.what());
     throw std::runtime_error(openingFault(address, host, error));
   }
-  const std::vector<std::string> wrong = wrongSettings(connection);
-  if (!wrong.empty()) throw std::runtime_error(listed(wrong, "; "));
-  prepareSession(connection);
-  return connection;
 }
 
 }  // namespace
@@ -165,8 +204,7 @@ bool isReady(ClientConnection& connection) {
   try {
     if (!connection.answers()) return false;
     auto set = variables(connection);
-    return set["read_only"] == "OFF" &&
-           (set["wsrep_on"] != "ON" || clusterFault(connection).empty());
+    return takesChanges(set) && (set["wsrep_on"] != "ON" || clusterFault(connection).empty());
   } catch (const RunTimeError&) {
     return false;
   }
@@ -193,11 +231,17 @@ std::vector<std::string> wrongSettings(ClientConnection& connection) {
   if (set["secure_timestamp"] != "NO") {
     wrong.emplace_back("it keeps stations from dating their acts: set secure_timestamp=NO there");
   }
+  if (set["log_bin"] == "ON" && set["binlog_format"] == "STATEMENT") {
+    wrong.emplace_back(
+        "its log for replicas takes no changes of stations: set binlog_format=MIXED there");
+  }
   const std::string cluster = set["wsrep_on"] == "ON" ? clusterFault(connection) : "";
   if (!cluster.empty()) {
     wrong.push_back(cluster);
-  } else if (set["read_only"] != "OFF") {
-    wrong.emplace_back("it is read-only: name the server that takes changes, or set read_only=0");
+  } else if (!takesChanges(set)) {
+    wrong.emplace_back(
+        "it is read-only: name the server that takes changes, or set read_only=0 and"
+        " innodb_read_only=0 there");
   }
   return wrong;
 }

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <stdexcept>
 #include <vector>
 
@@ -65,6 +66,29 @@ class HiddenTyping {
   int terminal_;
   termios before_{};
   bool changed_ = false;
+};
+
+// A signal that ends the program ends a read first, and does its work when this is gone: the
+// terminal shows again what is typed.
+class LateSignals {
+ public:
+  LateSignals() {
+    struct sigaction late {};
+    late.sa_handler = [](int signal) { came_ = signal; };
+    came_ = 0;
+    for (std::size_t i = 0; i < signals.size(); ++i) sigaction(signals[i], &late, &before_[i]);
+  }
+  ~LateSignals() {
+    for (std::size_t i = 0; i < signals.size(); ++i) sigaction(signals[i], &before_[i], nullptr);
+    if (came_ != 0) raise(came_);
+  }
+  LateSignals(const LateSignals&) = delete;
+  LateSignals& operator=(const LateSignals&) = delete;
+
+ private:
+  static constexpr std::array signals{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+  static inline volatile std::sig_atomic_t came_ = 0;
+  std::array<struct sigaction, signals.size()> before_{};
 };
 
 // True when the server has taken it.
@@ -147,6 +171,7 @@ std::optional<std::string> askAtTerminal(const std::string& prompt) {
   const int terminal = open("/dev/tty", O_RDWR | O_CLOEXEC);
   if (terminal < 0) return std::nullopt;
   std::string typed;
+  const LateSignals late;
   if (const HiddenTyping hidden(terminal); hidden) {
     const std::string shown = prompt + ": ";
     std::array<char, 256> line{};

@@ -5,6 +5,7 @@
 
 #include "controls/form.h"
 #include "data/errors.h"
+#include "suite/firm_name.h"
 #include "suite/format.h"
 #include "suite/misc_values.h"
 #include "suite/schema.h"
@@ -76,7 +77,7 @@ long Service::GetMax_MastPartId(const std::string& name, bool create) {
 
 // --- folders and settings ------------------------------------------------------------------------
 
-std::string Service::COMPANY_NAME() const { return settings_.companyName(); }
+std::string Service::COMPANY_NAME() const { return FirmName(settings_, unit_).get(); }
 std::string Service::ExePath() const { return folder_.program().string(); }
 std::string Service::DocPath() const { return folder_.documents().string(); }
 

@@ -3,35 +3,22 @@
 #include <utility>
 
 #include "host/rights.h"
-#include "suite/firm_name.h"
 #include "suite/passwords.h"
 
 namespace quillet::suite {
 
 frmSettings::frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs,
                          UnitOfWork& unit, std::function<bool()> mayUnlock)
-    : Form(openForms, "frmSettings"),
+    : PlainDialog(openForms, "frmSettings", "Settings", dialogs),
       settings_(settings),
-      dialogs_(dialogs),
       unit_(unit),
+      firm_(settings, unit),
       mayUnlock_(std::move(mayUnlock)),
       server_(openForms, settings, dialogs) {
   cmdserver.Click = [this] { server_.showModal(); };
   for (TextBox* box : {&txtunlock, &txtagain}) box->setSecret(true);
   chkunlock.Click = [this] { showPasswordFields(); };
-  setCaption("Settings");
-  cmdok.Click = [this] { keep(); };
-  cmdcancel.Click = [this] { close(); };
-  KeyPress = [this](Key& key) {
-    if (key == keys::Escape) {
-      key = keys::none;
-      close();
-    } else if (key == keys::Enter && active() != &cmdok && active() != &cmdcancel &&
-               active() != &cmdserver) {
-      key = keys::none;
-      focusNext();
-    }
-  };
+  attach(cmdok, cmdcancel);
 }
 
 std::array<frmSettings::Choice, 3> frmSettings::choices() {
@@ -42,7 +29,7 @@ std::array<frmSettings::Choice, 3> frmSettings::choices() {
 
 void frmSettings::load() {
   size = {0.4, 0.2, size.font};
-  txtfirm.setText(settings_.companyName());
+  txtfirm.setText(firm_.get());
   for (const auto& [box, preference] : choices()) {
     box.clearItems();
     const std::string kept = preference.in(settings_);
@@ -58,7 +45,7 @@ void frmSettings::load() {
 }
 
 void frmSettings::keep() {
-  if (!keepPassword() || !keepFirmName(settings_, dialogs_, txtfirm)) return;
+  if (!keepPassword() || !firm_.keep(dialogs_, txtfirm)) return;
   for (const auto& [box, preference] : choices()) {
     preference.keep(settings_, preference.values[static_cast<std::size_t>(box.chosen() - 1)].kept);
   }
@@ -75,7 +62,7 @@ void frmSettings::showPasswordFields() {
 }
 
 bool frmSettings::refuse(const std::string& text) {
-  dialogs_.MsgBox({text, caption(), Buttons::OK, Icon::information, Answer::OK});
+  tell(text);
   focus(txtunlock);
   return false;
 }

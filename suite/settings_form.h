@@ -5,11 +5,10 @@
 #include <functional>
 #include <string>
 
-#include "controls/basic_controls.h"
 #include "controls/choice.h"
-#include "controls/form.h"
 #include "controls/text_box.h"
-#include "ports/ports.h"
+#include "suite/firm_name.h"
+#include "suite/plain_dialog.h"
 #include "suite/preferences.h"
 #include "suite/server_form.h"
 #include "suite/settings.h"
@@ -17,7 +16,7 @@
 
 namespace quillet::suite {
 
-class frmSettings : public Form {
+class frmSettings : public PlainDialog {
  public:
   // `mayUnlock` asks a person for the password that unlocks years.
   frmSettings(OpenForms& openForms, Settings& settings, Dialogs& dialogs, UnitOfWork& unit,
@@ -44,6 +43,7 @@ class frmSettings : public Form {
 
  protected:
   void load() override;
+  void keep() override;
 
  private:
   struct Choice {
@@ -51,14 +51,13 @@ class frmSettings : public Form {
     const Preference& preference;
   };
   std::array<Choice, 3> choices();
-  void keep();
   void showPasswordFields();
   bool keepPassword();
   bool refuse(const std::string& text);
 
   Settings& settings_;
-  Dialogs& dialogs_;
   UnitOfWork& unit_;
+  FirmName firm_;
   std::function<bool()> mayUnlock_;
   frmServer server_;
   bool hadPassword_ = false;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "suite/client_register.h"
+#include "suite/firm_name.h"
 #include "suite/history/history_forms.h"
 #include "suite/kept_settings.h"
 #include "suite/practice_commands.h"
@@ -58,7 +59,7 @@ std::unique_ptr<ServiceObject> StandaloneEnvironment::createServiceObject() {
 std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
   return std::make_unique<DocumentReporter>([this](const Document& document) {
     lastReport_ = document;
-    lastReport_->setFirm(settings_.companyName());
+    lastReport_->setFirm(FirmName(settings_, unit_).get());
     if (const Form* form = reportingForm_ ? reportingForm_() : nullptr) {
       lastReport_->setSubject(form->subject());
       lastReport_->setFileSubject(form->fileSubject());

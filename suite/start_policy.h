@@ -12,6 +12,8 @@ namespace quillet::suite {
 
 struct StartPolicy {
   ExaminationPolicy examination;
+  // Whether the books are made on a database server that has none.
+  bool mayMakeBooks = false;
   // The password of an account at a database server; nothing when there is nobody to ask.
   std::function<std::optional<std::string>(const std::string& prompt)> askPassword =
       [](const std::string&) { return std::nullopt; };

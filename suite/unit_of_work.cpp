@@ -8,6 +8,7 @@
 #include "data/text.h"
 #include "suite/client_connection.h"
 #include "suite/history/written_table.h"
+#include "suite/stations/sole_use.h"
 #include "suite/within_act.h"
 
 namespace quillet::suite {
@@ -32,15 +33,21 @@ constexpr std::array takingBack{
     1024L,  // a file cannot be read
     1026L,  // a file cannot be written
     1030L,  // the storage engine gave an error
+    1036L,  // a table takes no changes
     1037L,  // out of memory
     1041L,  // out of resources
+    1044L,  // the account lacks a right on the database
     1047L,  // the node is not part of its cluster any more
     1114L,  // a table cannot grow
+    1142L,  // the account lacks a right on a table
     1180L,  // the commit failed
     1205L,  // another station held a lock for too long
     1213L,  // deadlock
     1290L,  // the server takes no changes
+    1317L,  // the server was told to end the statement
+    1792L,  // the transaction takes no changes
     1836L,  // the same
+    1969L,  // the statement took too long
     2006L,  // the connection is gone
     2013L,  // the connection was lost during the statement
     2055L,  // the same, with the system's reason
@@ -55,13 +62,6 @@ bool losesConnection(long error) { return error == 2006 || error == 2013 || erro
 
 bool takesBack(long error) {
   return std::find(takingBack.begin(), takingBack.end(), error) != takingBack.end();
-}
-
-// What the server says of another station, for a person.
-std::string reasonOf(long error, const std::string& reason) {
-  if (error == waitedTooLong) return "Another station kept the books busy for too long.";
-  if (error == deadlock) return "The books were changed by somebody else at the same moment.";
-  return reason;
 }
 
 bool isFlush(const std::string& sql) { return equalIgnoringCase(sql, flushTables); }
@@ -81,13 +81,28 @@ auto UnitOfWork::settled(Work work) {
       return work();
     } catch (const RunTimeError& error) {
       if (error.number() == deadlock && tries < most && (nothingIsOpen() || again())) continue;
+      if (losesConnection(error.number()) && tries == 1 && reachesAgain()) continue;
       // What came after the statement is not sent: nothing of the act can stand.
       const bool later = dynamic_cast<const LaterFailed*>(&error) != nullptr;
-      failed(later && !takesBack(error.number()) ? laterFailed : error.number(),
-             reasonOf(error.number(), error.what()));
+      failed(later && !takesBack(error.number()) ? laterFailed : error.number(), reasonOf(error));
       throw;
     }
   }
+}
+
+// What the server says of another station, for a person.
+std::string UnitOfWork::reasonOf(const RunTimeError& error) noexcept {
+  if (error.number() == deadlock) {
+    return "The books were changed by somebody else at the same moment.";
+  }
+  if (error.number() != waitedTooLong) return error.what();
+  std::string who;
+  try {
+    if (turns_) who = whoHasSoleUse(database_);
+  } catch (const std::exception&) {
+    // It is not known.
+  }
+  return "Another station kept the books busy for too long. " + who;
 }
 
 void UnitOfWork::execute(const std::string& sql) {
@@ -188,6 +203,20 @@ void UnitOfWork::send(const std::string& sql) {
 
 // A statement by itself gave way.
 bool UnitOfWork::nothingIsOpen() const { return turns_ && !open_ && !takenBack_; }
+
+// The connection went while nobody was at work: an act that has neither read nor written yet begins
+// on a new one.
+bool UnitOfWork::reachesAgain() noexcept {
+  if (!turns_ || !actRuns_() || takenBack_ || committing_ || turns_->running()) return false;
+  try {
+    database_.forgetLater();
+    database_.renewConnection(Database::Waiting::no);
+    if (open_) database_.executeLater("start transaction");
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
 
 // Does again what the act has done so far. False when what it has read is not so any more.
 bool UnitOfWork::again() noexcept {

@@ -19,6 +19,7 @@
 #include <set>
 #include <string>
 
+#include "data/errors.h"
 #include "suite/database.h"
 #include "suite/history/act_log.h"
 #include "suite/stations/station_turns.h"
@@ -97,7 +98,9 @@ class UnitOfWork {
   template <class Work>
   auto settled(Work work);
   bool nothingIsOpen() const;
+  std::string reasonOf(const RunTimeError& error) noexcept;
   bool again() noexcept;
+  bool reachesAgain() noexcept;
   bool changesMasters() const;
   void commit();
   void logAct();

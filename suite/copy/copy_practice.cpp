@@ -7,6 +7,7 @@
 
 #include "data/text.h"
 #include "suite/private_files.h"
+#include "suite/stations/sole_use.h"
 
 namespace quillet::suite {
 namespace {
@@ -130,7 +131,8 @@ Copied copyBooks(Database& from, Database& to,
         " changed.");
   }
   from.execute("set session tx_isolation='REPEATABLE-READ'");
-  from.execute("start transaction with consistent snapshot");
+  SoleUse alone(from, "Copying");
+  if (!alone.begun()) from.execute("start transaction with consistent snapshot");
   const std::vector<Table> tables = tablesOf(from);
   Copied copied;
   to.bulkLoad([&] {
@@ -141,7 +143,7 @@ Copied copyBooks(Database& from, Database& to,
     compare(from, to, tables);
     to.execute(std::string("drop table ") + marker);
   });
-  from.execute("commit");
+  if (!alone.begun()) from.execute("commit");
   return copied;
 }
 

@@ -8,6 +8,7 @@
 
 #include "data/year.h"
 #include "suite/backup/part_file.h"
+#include "suite/stations/sole_use.h"
 
 namespace quillet::suite {
 namespace {
@@ -77,6 +78,7 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
     throw std::runtime_error(file.string() +
                              " exists already. Name another file for what is removed.");
   }
+  SoleUse alone(database, "Pruning");
   const std::string instant = "timestamp'" + instantText(localInstant(before)) + '\'';
   const std::vector<std::string> tables = versionedTables(database);
   Pruned pruned;
@@ -101,6 +103,7 @@ Pruned pruneHistory(Database& database, ActLog& log, Date today, Date before,
     }
     database.execute("delete from SuiteAct where At<" + instant);
   });
+  alone.commit();
   return pruned;
 }
 

@@ -27,6 +27,8 @@ class StationTurns {
   // --- while an act runs
   RecordsetPtr query(const std::string& sql);
   void wrote(const std::string& sql) { tape_.wrote(sql); }
+  // The act has read or written something.
+  bool running() const { return tape_.running(); }
   // Within a transaction that has just begun. Throws RunTimeError with changedMeanwhile.
   void take();
   // Takes it for what reads nothing of the books.
@@ -47,6 +49,8 @@ class StationTurns {
     bool masters = false;
   };
   Movement movement() { return std::exchange(movement_, {}); }
+  // Another node of the cluster on which other stations work, which are to be on one; once.
+  std::string elsewhere() { return turn_.elsewhere(); }
   // Looks for that.
   void look();
 

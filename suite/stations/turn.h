@@ -6,6 +6,9 @@
 // row counts what happened to the presence of stations, which waits for nobody either.
 #pragma once
 
+#include <string>
+#include <utility>
+
 #include "suite/database.h"
 
 namespace quillet::suite {
@@ -32,11 +35,17 @@ class Turn {
   static constexpr const char* stir = "update SuiteTurn set Acts=Acts+1 where Id=2";
   // Ahead of the commit.
   void pass(bool masters);
+  // Another node of the cluster on which other stations work, while this one is at its own; once.
+  std::string elsewhere() { return std::exchange(elsewhere_, {}); }
 
  private:
   TurnCount count(const char* lock);
+  void noteNode(const std::string& last, const std::string& own);
 
   Database& database_;
+  std::string own_;        // the node that serves this station
+  bool worked_ = false;    // stations have worked there since this one came
+  std::string elsewhere_;  // where another one works all the same
 };
 
 }  // namespace quillet::suite

@@ -130,7 +130,9 @@ TEST_F(Accessibility, EveryPageFitsAndNamesItsControlsAndTablesTellWhatIsShown) 
       std::make_unique<suite::frmTrade>(context().openForms, dialogs, clock),
       std::make_unique<suite::frmSettings>(context().openForms, practice.settings(), dialogs,
                                            practice.environment().unit(), [] { return true; }),
-      std::make_unique<suite::frmFirm>(context().openForms, practice.settings(), dialogs),
+      std::make_unique<suite::frmFirm>(
+          context().openForms, suite::FirmName(practice.settings(), practice.environment().unit()),
+          dialogs),
       std::make_unique<suite::frmClient>(context().openForms, practice.environment().unit(),
                                          dialogs, clock, [] { return 6L; }),
       std::make_unique<frmstatements>(context()),

@@ -84,7 +84,8 @@ TEST_F(AccessKeysTest, LeadToOneControlOfEveryPage) {
   suite::frmSettings settings(context().openForms, practice.settings(), dialogs,
                               practice.environment().unit(), [] { return true; });
   frmlock lock(context());
-  suite::frmFirm firm(context().openForms, practice.settings(), dialogs);
+  suite::frmFirm firm(context().openForms, {practice.settings(), practice.environment().unit()},
+                      dialogs);
   suite::frmchanges changes(context(), practice.environment().unit(), {});
   suite::frmasof asOf(context(), practice.environment().unit());
   for (Form* form : std::initializer_list<Form*>{&home, &editor, &journal, &groups, &ledgers,

@@ -1,6 +1,8 @@
 // The commands for whoever keeps a server, as they are typed.
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -31,6 +33,35 @@ class ServerCommands : public ::testing::Test {
     const std::string said = run(arguments);
     EXPECT_EQ(said.substr(0, said.find(' ')), std::to_string(status)) << arguments << '\n' << said;
     EXPECT_NE(said.find(text), std::string::npos) << arguments << '\n' << said;
+  }
+  // The same at a terminal, where each line is typed at a prompt; what it showed, and at the end
+  // whether it shows what is typed.
+  std::string typed(const std::string& arguments, std::vector<std::string> lines) {
+    const std::string line = environment() + "exec " QUILLET_PROGRAM " " + arguments;
+    int terminal = -1;
+    const pid_t process = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (process == 0) {
+      execl("/bin/sh", "sh", "-c", line.c_str(), static_cast<char*>(nullptr));
+      _exit(127);
+    }
+    termios state{};
+    std::string shown;
+    for (char c = 0; read(terminal, &c, 1) == 1;) {
+      shown += c;
+      tcgetattr(terminal, &state);
+      if (!shown.ends_with(": ") || lines.empty()) continue;
+      EXPECT_EQ(state.c_lflag & ECHO, 0U) << shown;
+      const std::string each = lines.front() + '\n';
+      EXPECT_GT(write(terminal, each.data(), each.size()), 0);
+      lines.erase(lines.begin());
+      if (each == "\x03\n") break;
+    }
+    int status = 0;
+    waitpid(process, &status, 0);
+    tcgetattr(terminal, &state);
+    close(terminal);
+    return shown + ((state.c_lflag & ECHO) != 0 ? "|shows" : "|hides") +
+           (WIFSIGNALED(status) ? " ended" : "");
   }
   std::string file(const std::string& name, const std::string& content) {
     const fs::path path = folder.path() / name;
@@ -78,6 +109,25 @@ TEST_F(ServerCommands, SetUpAPractice) {
   expectSaid("--server 'mariadb://a:secret@b/c' " + script, 1, "A password does not stand");
 }
 
+TEST_F(ServerCommands, ThePasswordIsTypedUnseen) {
+  RealServer server;
+  const std::string made =
+      typed("server-init " + keeper(server) + " --account kamal", {"different", "passwords"});
+  EXPECT_NE(made.find("The two passwords differ"), std::string::npos) << made;
+  expectSaid("server-init " + keeper(server), 0, "was made");
+  const std::string account = "server-account " + keeper(server) + " kamal";
+  EXPECT_NE(typed(account, {"right", "right"}).find("was made"), std::string::npos);
+  const std::string station =
+      "--data " + path("station") +
+      " --server 'mariadb://kamal@127.0.0.1:" + std::to_string(server.port()) + "/quillet' check";
+  const std::string shown = typed(station, {"wrong", "right"});
+  EXPECT_NE(shown.find("That was not it."), std::string::npos) << shown;
+  EXPECT_NE(shown.find("The books are sound"), std::string::npos) << shown;
+  EXPECT_EQ(shown.find("right"), std::string::npos) << shown;
+  const std::string left = typed(station, {"\x03"});
+  EXPECT_NE(left.find("|shows ended"), std::string::npos) << left;
+}
+
 TEST_F(ServerCommands, CopyAPracticeThereAndBack) {
   RealServer server;
   const std::string books = "--data " + path("books");
@@ -86,6 +136,7 @@ TEST_F(ServerCommands, CopyAPracticeThereAndBack) {
     quillet.exec("update Mast_AllGrp set ALLGRP=concat(ALLGRP,' \\'é') where ALLID<9")
     quillet.exec("delete from Mast_AllGrp where ALLID=9"))");
   expectSaid(books + " script " + change, 0, "");
+  suite::Settings(suite::DataFolder::open(path("books")).settings()).setCompanyName("Rao & Co");
   std::ofstream(path("books") + "/documents/letter.txt") << "Dear";
   const std::string said = run("copy " + path("books") + ' ' + keeper(server));
   const std::string tables = "0 " +
@@ -104,6 +155,8 @@ TEST_F(ServerCommands, CopyAPracticeThereAndBack) {
   expectSaid("copy " + keeper(server) + ' ' + path("back"), 0, "were copied and compared");
   expectSaid("--data " + path("back") + " check", 0, "The books are sound");
   EXPECT_TRUE(fs::exists(path("back") + "/documents/letter.txt"));
+  EXPECT_EQ(suite::Settings(suite::DataFolder::open(path("back")).settings()).companyName(),
+            "Rao & Co");
   expectSaid("copy " + path("back") + ' ' + keeper(server, "again"), 0, "were copied and compared");
   // Every version with its period.
   const auto versions = [&](const std::string& database) {

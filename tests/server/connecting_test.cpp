@@ -96,12 +96,36 @@ TEST_F(Connecting, ChecksTheCertificate) {
   }
 }
 
+// The program takes this address for another machine.
+TEST_F(Connecting, GoesToOtherMachinesEncryptedOnly) {
+  const Certificates& made = Certificates::shared();
+  const auto at = [](RealServer::Options options) {
+    options.emplace_back("--bind-address=127.0.0.1,127.0.0.2");
+    return options;
+  };
+  RealServer server(at({"--skip-ssl"}));
+  server.addAccount("kamal", "right", rights());
+  Database::Server entrance = server.entrance("kamal", "right");
+  EXPECT_EQ("", told(entrance)) << "this machine";
+  entrance.address.hosts[0].name = "127.0.0.2";
+  expectTold(entrance, {"does not encrypt", "another machine"});
+  server.stop();
+  server.start(at(RealServer::encrypted()));
+  expectTold(entrance, {"signed by nobody who is trusted here"});
+  entrance.address.authority = made.authority().string();
+  EXPECT_EQ("", told(entrance));
+  server.stop();
+  server.start(at(RealServer::encrypted(Certificates::Kind::otherName)));
+  expectTold(entrance, {"is not for the name 127.0.0.2"});
+}
+
 TEST_F(Connecting, GoesToTheNextHost) {
   RealServer first;
   RealServer second;
   for (RealServer* server : {&first, &second}) {
     server->addAccount("kamal", "right", rights());
     server->root().execute("create database quillet");
+    server->root().execute("create table quillet.Mast_Part (PartId int)");
     server->root().execute("create table quillet.which (port int)");
     server->root().execute("insert into quillet.which values (" + std::to_string(server->port()) +
                            ')');
@@ -183,7 +207,8 @@ TEST_F(Connecting, FindsThePassword) {
             answers.erase(answers.begin());
             return answer;
           },
-          [&](const std::string& password) { logIn(address, password); });
+          [&](const std::string& password) { logIn(address, password); },
+          [](const std::string&) { return true; });
       return asked + "open";
     } catch (const std::exception& error) {
       return asked + error.what();
@@ -193,6 +218,25 @@ TEST_F(Connecting, FindsThePassword) {
   EXPECT_EQ(0U, opened().find(prompt + "|The database server")) << opened();
   answers = {"wrong", "right"};
   EXPECT_EQ(prompt + "|That was not it. " + prompt + "|open", opened());
+
+  // A keyring keeps what was typed, until it is another one.
+  const std::string keyring = (folder.path() / "secret-tool").string();
+  std::ofstream(keyring) << "#!/bin/sh\ncase $1 in\n"
+                            "store) shift 2; cat >\"$0 $*\";;\n"
+                            "lookup) shift; cat \"$0 $*\";;\nesac\n";
+  std::filesystem::permissions(keyring, std::filesystem::perms(0700));
+  const std::string path = std::getenv("PATH");
+  setenv("PATH", (folder.path().string() + ':' + path).c_str(), 1);
+  answers = {"right"};
+  EXPECT_EQ(prompt + "|open", opened());
+  EXPECT_EQ("open", opened()) << "it is kept";
+  server.root().execute("alter user kamal identified by 'newer'");
+  answers = {"newer"};
+  EXPECT_EQ(prompt + "|open", opened());
+  EXPECT_EQ("open", opened());
+  server.root().execute("alter user kamal identified by 'right'");
+  setenv("PATH", path.c_str(), 1);
+
   std::ofstream(file) << "right\nmore\n";
   address.passwordFile = file;
   std::filesystem::permissions(file, std::filesystem::perms(0640));

@@ -137,7 +137,7 @@ Certificates::Certificates() {
              path("authority.key"), "-CAcreateserial", "-days", days, "-extfile", path("names"),
              "-out", of(kind).string()});
   };
-  sign(Kind::valid, "2", "IP:127.0.0.1,DNS:localhost");
+  sign(Kind::valid, "2", "IP:127.0.0.1,IP:127.0.0.2,DNS:localhost");
   sign(Kind::expired, "-1", "IP:127.0.0.1,DNS:localhost");
   sign(Kind::otherName, "2", "DNS:books.example");
 }

@@ -21,9 +21,26 @@ suite::DataFolder folderOfStation(const std::filesystem::path& path, const std::
   return folder;
 }
 
-Station::Station(const std::string& hosts, const std::string& account)
+namespace {
+
+suite::DataFolder prepared(const suite::DataFolder& folder, const Station::Preparing& prepare) {
+  suite::Settings settings(folder.settings());
+  if (prepare) prepare(settings);
+  return folder;
+}
+
+suite::StartPolicy making(bool books) {
+  suite::StartPolicy policy;
+  policy.mayMakeBooks = books;
+  return policy;
+}
+
+}  // namespace
+
+Station::Station(const std::string& hosts, const std::string& account, const Preparing& prepare)
     : practice_(std::make_unique<suite::Practice>(
-          folderOfStation(folder_.path() / "practice", hosts, account), frontEnd_, clock_)) {
+          prepared(folderOfStation(folder_.path() / "practice", hosts, account), prepare),
+          frontEnd_, clock_, making(!prepare))) {
   suite::Database& database = practice_->database();
   if (database.query("select 1 from Mast_AllGrp limit 1")->EOF_()) {
     practice_->environment().actLog().alone("Starter groups",

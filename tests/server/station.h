@@ -20,13 +20,15 @@ suite::DataFolder folderOfStation(const std::filesystem::path& path, const std::
 
 class Station {
  public:
+  using Preparing = std::function<void(suite::Settings& settings)>;
+
   // Opens the books on the server, which are made when there are none, as that account.
   Station(const RealServer& server, const std::string& account) : Station(server.port(), account) {}
   // The same through a line to it.
-  Station(unsigned port, const std::string& account)
-      : Station("127.0.0.1:" + std::to_string(port), account) {}
-  // To the first one of these hosts that lives.
-  Station(const std::string& hosts, const std::string& account);
+  Station(unsigned port, const std::string& account, const Preparing& prepare = {})
+      : Station("127.0.0.1:" + std::to_string(port), account, prepare) {}
+  // To the first one of these hosts that lives. One with settings of its own makes no books.
+  Station(const std::string& hosts, const std::string& account, const Preparing& prepare = {});
 
   suite::Practice& practice() { return *practice_; }
   Context& context() { return practice_->context(); }
