@@ -137,7 +137,7 @@ void withPassword(const ServerAddress& address, const AskPassword& ask,
   const auto kept = passwordInKeyring(address);
   if (kept && opens(*kept, open)) return;
   const std::string whose = "Password of " + address.user + " at " + address.place();
-  std::string prompt = whose;
+  std::string prompt = (kept ? "The one in the keyring was not it. " : "") + whose;
   for (int attempt = 0; attempt < mostAttempts; ++attempt) {
     const auto typed = ask(prompt);
     if (!typed) break;

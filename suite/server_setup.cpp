@@ -25,6 +25,8 @@ std::vector<std::string> settingsTold(ClientConnection& connection) {
       {"character_set_client", "utf8mb4"},
       {"secure_timestamp", "NO"},
       {"read_only", "0"},
+      {"innodb_read_only", "0"},
+      {"binlog_format", "MIXED or ROW where log_bin is on"},
       {"have_ssl", "YES where stations are on other machines"},
   };
   std::vector<std::string> lines;

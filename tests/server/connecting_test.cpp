@@ -232,7 +232,7 @@ TEST_F(Connecting, FindsThePassword) {
   EXPECT_EQ("open", opened()) << "it is kept";
   server.root().execute("alter user kamal identified by 'newer'");
   answers = {"newer"};
-  EXPECT_EQ(prompt + "|open", opened());
+  EXPECT_EQ("The one in the keyring was not it. " + prompt + "|open", opened());
   EXPECT_EQ("open", opened());
   server.root().execute("alter user kamal identified by 'right'");
   setenv("PATH", path.c_str(), 1);
