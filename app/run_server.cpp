@@ -10,6 +10,7 @@
 #include "suite/server_password.h"
 #include "suite/server_setup.h"
 #include "suite/settings.h"
+#include "suite/stations/sole_use.h"
 
 namespace quillet::app {
 namespace {
@@ -163,6 +164,7 @@ void copyToServer(const Options& options) {
 void copyToFolder(const Options& options) {
   const auto from = openServer(patient(options.from), false);
   suite::refuseHalfCopied(*from);
+  suite::refuseOtherStations(*from, "Copying");
   const DataFolder folder = DataFolder::create(options.to);
   markUnfinished(folder.root());
   {

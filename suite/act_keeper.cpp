@@ -99,6 +99,7 @@ void ActKeeper::look() {
   const Act act(acts);
   try {
     unit_.turns()->look();
+    readAnew();
     lost_ = false;
   } catch (const RunTimeError& error) {
     lookAgain(error.what());

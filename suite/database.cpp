@@ -115,6 +115,7 @@ class Database::Impl {
   ClientConnection connection_;
   std::string lock_;  // on the schema, "" when it is not held
   bool keepsHistory_ = false;
+  bool outOfReach_ = false;
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -186,17 +187,20 @@ void Database::Impl::renew(Waiting waiting) {
     return connectWithin();
   }
   if (isReady(connection_)) return;
-  // Another host takes some seconds to become the one that works.
+  // Another host takes some seconds to become the one that works. Once that was waited for in vain,
+  // nobody waits again with each step.
+  const bool waits = waiting == Waiting::yes && !std::exchange(outOfReach_, true);
   const auto end =
       std::chrono::steady_clock::now() + std::chrono::seconds(remote_->address.connectSeconds);
   while (true) {
     try {
       connectTo(*remote_);
+      outOfReach_ = false;
       return share();
     } catch (const WrongPassword&) {
       throw;
     } catch (const std::runtime_error&) {
-      if (waiting == Waiting::no || std::chrono::steady_clock::now() > end) throw;
+      if (!waits || std::chrono::steady_clock::now() > end) throw;
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
   }
