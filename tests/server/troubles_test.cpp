@@ -234,33 +234,6 @@ TEST_F(Troubles, NoOtherDatabaseIsTakenForTheBooks) {
             "1");
 }
 
-// What a server proposes to its other users does not reach the books.
-TEST_F(Troubles, OddSettingsChangeNothing) {
-  RealServer server(
-      {"--sql-mode=ANSI,PAD_CHAR_TO_FULL_LENGTH,NO_UNSIGNED_SUBTRACTION",
-       "--character-set-server=latin1", "--collation-server=latin1_bin", "--autocommit=0",
-       "--transaction-isolation=SERIALIZABLE", "--transaction-read-only=1",
-       "--completion-type=CHAIN", "--max-statement-time=0.001", "--innodb-lock-wait-timeout=1",
-       "--wait-timeout=1", "--default-storage-engine=MyISAM", "--default-time-zone=+05:30",
-       "--group-concat-max-len=4", "--lower-case-table-names=1"});
-  server.addAccount("anna", "anna");
-  server.root().execute("set global sql_select_limit=1, sql_safe_updates=1");
-  Station station(server, "anna");
-  station.dialogs.answering = [](const Message&) { return Answer::Yes; };
-  station.addYear("A1", 2008);
-  for (const Deed& deed : {aLine(), aVoucher(), aYear()}) {
-    deed.prepare(station);
-    deed.finish(station);
-    deed.leave(station);
-    EXPECT_EQ(station.value(deed.stored), "1") << deed.name;
-  }
-  EXPECT_EQ(station.notices(), std::vector<std::string>{});
-  EXPECT_EQ(station.value("select count(*) from information_schema.tables where "
-                          "table_schema='quillet' and (engine<>'InnoDB' or table_collation not "
-                          "like 'utf8mb4%')"),
-            "0");
-}
-
 // Whoever kept what does not work could not start the program any more.
 TEST_F(Troubles, TheSettingsPageTriesTheServerFirst) {
   RealServer server;
