@@ -1,7 +1,6 @@
 #include "suite/unit_of_work.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "data/errors.h"
