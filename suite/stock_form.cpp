@@ -20,6 +20,8 @@ namespace quillet::suite {
 namespace {
 
 constexpr int amountLength = 20;
+constexpr const char* changedElsewhere =
+    "Somebody else has changed this line meanwhile, or deleted it. The list shows what is stored.";
 
 }  // namespace
 
@@ -173,6 +175,7 @@ void frmTrade::alterLine() {
   if (vsf.current() == 0 || refusesChange()) return;
   const ClosingStock::Line& line = lines_[vsf.currentId() - 1];
   altered_ = line.pair;
+  alteredAmount_ = line.amount;
   txtpart.setText(vsf.cell(vsf.current(), 0));
   txtgroup.setText(line.group);
   txtamount.setText(plainAmount(*host_, line.amount));
@@ -194,7 +197,13 @@ const NameList::Entry* frmTrade::typedGroup() const {
 }
 
 void frmTrade::saveLine() {
+  const bool altering = altered_.has_value();
+  begins("SAVELINE");
   if (refusesChange()) return;
+  if (altering && !altered_) {
+    ask(changedElsewhere);
+    return;
+  }
   const std::string name = cleanedName(txtpart.text());
   const auto amount = typedAmount(txtamount.text());
   if (name.empty() || trimmed(txtgroup.text()).empty() || !amount || *amount <= Money()) {
@@ -250,21 +259,35 @@ void frmTrade::takenBack() {
   logErrors("TAKENBACK", [&] { showLock(); });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
   if (!txtamount.enabled()) return clearEntry();
-  if (lastSave_.act != openForms().acts.number()) return;
-  focus(txtamount);
-  txtpart.setText(lastSave_.ledger);
-  txtgroup.setText(lastSave_.group);
-  txtamount.setText(lastSave_.amount);
-  altered_ = lastSave_.altered;
-  lblhint.setCaption("The line was not saved. Enter tries again.");
+  if (lastSave_.act == openForms().acts.number()) {
+    focus(txtamount);
+    txtpart.setText(lastSave_.ledger);
+    txtgroup.setText(lastSave_.group);
+    txtamount.setText(lastSave_.amount);
+    altered_ = lastSave_.altered;
+    lblhint.setCaption("The line was not saved. Enter tries again.");
+  }
+  leaveMovedLine();
 }
 
 void frmTrade::booksMoved(bool masters) {
   logErrors("BOOKSMOVED", [&] {
     if (masters) ledgers_.fill(stockLedgers(*host_));
     showLock();
-    if (!entering()) showLines();
+    showLines();
   });
+  leaveMovedLine();
+}
+
+// Nothing is altered that is not stored as it was when a person chose it.
+void frmTrade::leaveMovedLine() {
+  if (!altered_) return;
+  const bool stands = std::ranges::any_of(lines_, [&](const ClosingStock::Line& line) {
+    return line.pair == *altered_ && line.amount == alteredAmount_;
+  });
+  if (stands) return;
+  clearEntry();
+  lblhint.setCaption(changedElsewhere);
 }
 
 Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {

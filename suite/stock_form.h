@@ -64,6 +64,7 @@ class frmTrade : public Form, public StockForm {
   // The group typed; the beginning of its name stands for the name. Null when there is none.
   const NameList::Entry* typedGroup() const;
   void clearEntry();
+  void leaveMovedLine();
   bool entering() const;
   void change(const std::function<void()>& statements);
   Answer ask(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::information);
@@ -81,6 +82,7 @@ class frmTrade : public Form, public StockForm {
   std::optional<ClosingStock> stock_;
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
   std::optional<LedgerGroup> altered_;
+  double alteredAmount_ = 0;  // as it was when it was chosen
   // The entry that was saved last, and the act that saved it.
   struct Save {
     unsigned long act = 0;

@@ -115,6 +115,30 @@ void frmgrpRM::reread() {
   }
 }
 
+// The year may be free by now, or somebody else's.
+void frmgrpRM::takenBack() {
+  logErrors("TAKENBACK", [&] { lock.read(); });
+  reread();
+}
+
+void frmgrpRM::booksMoved(bool) {
+  std::vector<long> order;
+  for (int row = 1; row <= vsfM.rows(); ++row) order.push_back(vsfM.rowId(row));
+  logErrors("BOOKSMOVED", [&] { lock.read(); });
+  showMoved();
+  if (state_ != State::sorting) return;
+  // The order that a person is giving them.
+  for (int to = 0; const long item : order) {
+    if (const int row = vsfM.findId(item); row > 0) vsfM.moveRow(row, ++to);
+  }
+}
+
+std::vector<std::string> frmgrpRM::atStake() const {
+  const Grid& grid = famG.visible() ? vsfG : vsfM;
+  const long id = state_ == State::adding ? 0 : grid.currentId();
+  return cellsOf(grid, id, static_cast<int>(grid.columns().size()));
+}
+
 void frmgrpRM::FORM_UNLOAD(bool& cancel) {
   cancel = !ask("Do you want to Exit?");
   if (!cancel) lock.close();

@@ -110,11 +110,17 @@ class frmgrpRM : public MasterForm {
   void CMDUPDATEG_CLICK();
   void CMDBACKG_CLICK();
 
+  void takenBack() override;
+  void booksMoved(bool masters) override;
+
  protected:
   void load() override { FORM_LOAD(); }
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
   void reread() override;
   bool entryBegun() const override { return state_ != State::browsing; }
+  bool modifying() const override { return state_ == State::modifying; }
+  std::vector<std::string> atStake() const override;
+  void showEntry() override { famG.visible() ? LOADDATAG() : LOADDATAM(); }
 
  private:
   enum class State { browsing, adding, modifying, sorting };

@@ -36,7 +36,7 @@ frmgrpmas::frmgrpmas(Context& context) : MasterForm(context, "frmgrpmas") {
   cmdback.Click = [this] { CMDBACK_CLICK(); };
   attachMappingPage();
   cmdShow.Click = [this] { CMDSHOW_CLICK(); };
-  vsCols.AfterEdit = [this](int, int) { VSCOLS_AFTEREDIT(); };
+  vsCols.AfterEdit = [this](int row, int) { VSCOLS_AFTEREDIT(row); };
   cmdShowBack.Click = [this] { CMDSHOWBACK_CLICK(); };
   // Where the host has no heads, there is nothing to map to and nothing of it to show.
   for (Button* page : {&cmdMap, &cmdShow}) page->setVisible(heads_ != nullptr);
@@ -142,6 +142,17 @@ void frmgrpmas::reread() {
   if (!editing_ || entryStands(vsf, adding_)) return;
   SETBUTTON(false);
   LOADDATA();
+}
+
+std::vector<std::string> frmgrpmas::atStake() const {
+  if (!famMap.visible()) return cellsOf(vsf, adding_ ? 0 : vsf.currentId(), userColumn);
+  std::vector<std::string> chosen{optMap[1].checked() ? "own" : "common"};
+  for (const long group : mapped_.chosen()) {
+    for (std::string& cell : cellsOf(vsMap, group, MappedGroups::tickColumn)) {
+      chosen.push_back(std::move(cell));
+    }
+  }
+  return chosen;
 }
 
 void frmgrpmas::LOADDATA() {

@@ -117,13 +117,18 @@ class frmgrpmas : public MasterForm {
   void CMDMAPBACK_CLICK();
   void LOADSETUP();
   void CMDSHOW_CLICK();
-  void VSCOLS_AFTEREDIT();
+  void VSCOLS_AFTEREDIT(int row);
   void CMDSHOWBACK_CLICK();
+
+  void booksMoved(bool masters) override;
 
  protected:
   void load() override { FORM_LOAD(); }
   void reread() override;
   bool entryBegun() const override { return editing_; }
+  bool modifying() const override { return editing_ && !adding_; }
+  std::vector<std::string> atStake() const override;
+  void showEntry() override { LOADDATA(); }
 
  private:
   // The merge page's grids have no column for the user.

@@ -145,7 +145,9 @@ void frmtbledmas::readRow(long partId) {
 
 void frmtbledmas::reread() {
   LOADGRID(0);
-  if (linking() && vsf.findId(rows_.target()) == 0) {
+  if (const int target = vsf.findId(rows_.target()); linking() && target > 0) {
+    nameTarget(vsf.cell(target, LedgerRows::nameColumn));
+  } else if (linking()) {
     setLinkView(false);
     SETBUTTON(false);
   }

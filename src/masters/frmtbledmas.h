@@ -97,6 +97,11 @@ class frmtbledmas : public MasterForm {
   void unload(bool& cancel) override { FORM_UNLOAD(cancel); }
   void reread() override;
   bool entryBegun() const override { return editing_ || !rows_.ticked().empty(); }
+  bool modifying() const override { return editing_ && !adding_; }
+  std::vector<std::string> atStake() const override {
+    return cellsOf(vsf, adding_ ? 0 : vsf.currentId(), 1);
+  }
+  void showEntry() override { LOADDATA(); }
 
  private:
   enum Option { notInUse, inUse, all };
@@ -130,6 +135,7 @@ class frmtbledmas : public MasterForm {
   // Linking.
   bool linking() const { return rows_.target() != 0; }
   void setLinkView(bool on);
+  void nameTarget(const std::string& name);
   void leaveLinkView();
   std::string linkQuestion() const;
   bool targetStands();

@@ -20,8 +20,21 @@ void frmgrpmas::CMDSHOW_CLICK() {
   focus(vsCols);
 }
 
-void frmgrpmas::VSCOLS_AFTEREDIT() {
-  command("VSCOLS_AFTEREDIT", [&] { columns_.take(*context_.host); });
+void frmgrpmas::VSCOLS_AFTEREDIT(int row) {
+  const bool shown = vsCols.ticked(row);
+  command("VSCOLS_AFTEREDIT", [&] {
+    // Another station's choice may have taken the place of what was listed.
+    vsCols.tick(row, shown);
+    columns_.take(*context_.host);
+  });
+}
+
+void frmgrpmas::booksMoved(bool masters) {
+  if (masters && heads_) {
+    LOADSETUP();
+    if (famCols.visible()) columns_.list();
+  }
+  MasterForm::booksMoved(masters);
 }
 
 void frmgrpmas::CMDSHOWBACK_CLICK() {

@@ -121,6 +121,7 @@ std::vector<long> frmgrpmas::groupsToMap() {
 
 void frmgrpmas::CMDMAPSET_CLICK() {
   command("CMDMAPSET_CLICK", [&] {
+    if (!asSeen()) return;
     const std::vector<long> groups = groupsToMap();
     if (groups.empty()) return;
     const ChosenHeads heads = mapped_.heads();
@@ -144,6 +145,7 @@ void frmgrpmas::CMDMAPTICK_CLICK() {
 
 void frmgrpmas::CMDMAPCLEAR_CLICK() {
   command("CMDMAPCLEAR_CLICK", [&] {
+    if (!asSeen()) return;
     std::vector<long> groups = groupsToMap();
     if (groups.empty()) return;
     const bool own = optMap[1].checked();
@@ -164,6 +166,7 @@ void frmgrpmas::CMDMAPCLEAR_CLICK() {
 
 void frmgrpmas::CMDMAPCOPY_CLICK() {
   command("CMDMAPCOPY_CLICK", [&] {
+    if (!asSeen()) return;
     std::vector<long> groups = mapped_.ticked();
     if (groups.empty()) {
       for (int row = 1; row <= vsMap.rows(); ++row) groups.push_back(vsMap.rowId(row));

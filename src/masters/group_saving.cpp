@@ -46,6 +46,7 @@ void frmgrpmas::CMDMODIFY_CLICK() {
 
 void frmgrpmas::CMDUPDATE_CLICK() {
   command("CMDUPDATE_CLICK", [&] {
+    if (!asSeen()) return;
     AccountGroup group = entered();
     if (!nameHolds(group)) return;
     const bool moves = !adding_ && primaryGroups_.at(group.id) != group.primaryGroup;

@@ -7,12 +7,17 @@ namespace quillet {
 
 void frmtbledmas::setLinkView(bool on) {
   rows_.setTarget(on ? vsf.currentId() : 0);
-  targetName_ = on ? selectedName() : std::string();
+  nameTarget(on ? selectedName() : std::string());
+  SETCOLWIDTH();
+}
+
+void frmtbledmas::nameTarget(const std::string& name) {
+  const bool on = linking();
+  targetName_ = name;
   lbllink.setCaption(on ? "Particulars selected below will be deleted & will be replaced with '" +
                               targetName_ + "'"
                         : "All the Linked");
   lbllink.setVisible(on);
-  SETCOLWIDTH();
 }
 
 void frmtbledmas::leaveLinkView() {

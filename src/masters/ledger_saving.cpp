@@ -12,6 +12,7 @@ void frmtbledmas::CMDUPDATE_CLICK() {
       LINKPARTICULARS();
       return;
     }
+    if (!asSeen()) return;
     const std::string name = cleanedName(VTxt1.text());
     if (name.empty()) {
       tell("Please Specify 'Particulars'.");

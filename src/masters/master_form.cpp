@@ -34,6 +34,35 @@ bool MasterForm::entryStands(Grid& grid, bool& adding) {
   return true;
 }
 
+// --- what is changed by somebody else meanwhile -------------------------------------------------
+
+std::vector<std::string> MasterForm::cellsOf(const Grid& grid, long id, int columns) {
+  std::vector<std::string> cells;
+  for (int row = 1; row <= grid.rows() && id != 0; ++row) {
+    if (grid.rowId(row) != id) continue;
+    for (int column = 0; column < columns; ++column) cells.push_back(grid.cell(row, column));
+  }
+  return cells;
+}
+
+void MasterForm::showMoved() {
+  const auto before = atStake();
+  reread();
+  if (atStake() != before) movedIn_ = openForms().acts.number();
+}
+
+// The fields of an entry hold what was there when it began; grids show what others have stored, if
+// not in this very act.
+bool MasterForm::asSeen() {
+  const auto now = atStake();
+  if (modifying() ? now == seen_ : movedIn_ != openForms().acts.number()) return true;
+  if (modifying()) showEntry();
+  tell(now.empty() ? "Somebody else has deleted this meanwhile. Nothing was stored."
+                   : "Somebody else has changed this meanwhile. It is shown as it is stored now; "
+                     "please look, and enter your change again.");
+  return false;
+}
+
 // --- telling and asking -------------------------------------------------------------------------
 
 void MasterForm::status(const std::string& text) {

@@ -28,7 +28,7 @@ class MasterForm : public Form {
   void FORM_UNLOAD(bool& cancel);
   void takenBack() override { reread(); }
   void booksMoved(bool masters) override {
-    if (masters) reread();
+    if (masters) showMoved();
   }
 
  protected:
@@ -50,10 +50,13 @@ class MasterForm : public Form {
   template <class Body>
   bool command(std::string_view procedure, Body&& body) {
     lblstatus.setCaption("");
-    if (attempt(procedure, body)) return true;
-    status("Not everything could be stored; the error log says why.");
-    reread();
-    return false;
+    const bool done = attempt(procedure, body);
+    if (!done) {
+      status("Not everything could be stored; the error log says why.");
+      reread();
+    }
+    seen_ = atStake();
+    return done;
   }
   // Fills grids from the tables. One that could not be read is empty: nothing is shown that may not
   // be there.
@@ -86,9 +89,25 @@ class MasterForm : public Form {
   // could not be read.
   bool showRows(std::string_view procedure, Grid& grid, long id, const ReadRows& read);
 
+  // Shows what others have stored.
+  void showMoved();
   // Reads what is on the screen anew. An entry goes on as far as the tables let it.
   virtual void reread() = 0;
   virtual bool entryBegun() const = 0;
+
+  // What another station may change before a command changes it: the row whose entry is open, the
+  // rows that are chosen, as the grids show them.
+  virtual std::vector<std::string> atStake() const = 0;
+  // The fields hold a row as it was when its entry began.
+  virtual bool modifying() const = 0;
+  // The fields show the row anew.
+  virtual void showEntry() = 0;
+  // Asked by what writes, before it does: false when that is not what the person has seen. It is
+  // shown by now, and told.
+  bool asSeen();
+  // The first cells of the rows of an id.
+  static std::vector<std::string> cellsOf(const Grid& grid, long id, int columns);
+
   // Of an entry, after the grid was read anew: false when the row that is modified is gone. A row
   // that was added before the failure is modified from now on, so that a repetition does not add it
   // once more.
@@ -133,6 +152,8 @@ class MasterForm : public Form {
 
  private:
   std::set<const Grid*> unread_;
+  std::vector<std::string> seen_;  // by a person, when the last command ended
+  unsigned long movedIn_ = 0;      // the act in which what was at stake was read otherwise
 };
 
 }  // namespace quillet

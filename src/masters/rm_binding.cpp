@@ -149,6 +149,7 @@ void frmgrpRM::CMDUPDATEM_CLICK() {
       UPDATESORTNOS();
       return;
     }
+    if (!asSeen()) return;
     BoundItem item = chosenItem();
     if (!choicesHold() || !groupsFree(item)) return;
     if (state_ == State::adding) {

@@ -134,6 +134,7 @@ void frmgrpRM::CMDBACKG_CLICK() {
 void frmgrpRM::CMDUPDATEG_CLICK() {
   // Logged under the name by which error logs have always known it.
   command("CMDUDPATEG_CLICK", [&] {
+    if (!asSeen()) return;
     RawMaterialHead head{state_ == State::modifying ? vsfG.currentId() : 0,
                          cleanedName(txthead.text()), cbotype.chosenData()};
     if (!headHolds(head)) return;

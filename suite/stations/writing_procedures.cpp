@@ -29,6 +29,8 @@ constexpr std::array procedures{
     Procedure{"frmgrpmas", "CMDUPDATE_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPSET_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPCLEAR_CLICK"},
+    Procedure{"frmgrpmas", "CMDMAPCOPY_CLICK"},
+    Procedure{"frmgrpmas", "VSCOLS_AFTEREDIT"},
     Procedure{"frmtbledmas", "CMDUPDATE_CLICK"},
     Procedure{"frmtbledmas", "LINKPARTICULARS"},
     Procedure{"frmtbledmas", "REPLACEANDDELETE"},
@@ -36,6 +38,7 @@ constexpr std::array procedures{
     Procedure{"frmgrpRM", "CMDUPDATEM_CLICK"},
     Procedure{"frmgrpRM", "UPDATESORTNOS"},
     Procedure{"frmgrpRM", "IMPORTFROMPREVYR"},
+    Procedure{"frmTrade", "SAVELINE"},
     Procedure{"frmClient", "CMDSAVE_CLICK"},
 };
 
