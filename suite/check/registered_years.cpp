@@ -45,6 +45,14 @@ RegisteredYears::RegisteredYears(Database& database, ServiceObject& host) : host
     }
     rows_.push_back(std::move(row));
   }
+  const RecordsetPtr strangers = database.query(
+      "select code_no,group_concat(distinct concat(right(f_yr,4),'-',right(s_yr,4)) order by "
+      "right(s_yr,4) separator ', ') from master m where not exists(select 1 from Main_Info1 c "
+      "where c.code_no=m.code_no) group by code_no");
+  for (; !strangers->EOF_(); strangers->MoveNext()) {
+    strangers_.push_back({strangers->text(0), '\'' + database.escape(strangers->text(0)) + '\'',
+                          strangers->text(1)});
+  }
   const RecordsetPtr tables = database.query("show tables");
   for (; !tables->EOF_(); tables->MoveNext()) tables_.insert(upperCase(tables->text(0)));
 }
@@ -90,6 +98,25 @@ std::size_t RegisteredYears::clients() const {
 void RegisteredYears::examine(Examined& examined) const {
   for (const Row& row : rows_) examineRow(row, examined);
   examineTwins(examined);
+  for (const Stranger& stranger : strangers_) examineStranger(stranger, examined);
+}
+
+// Its years are in no list, so they can be neither opened nor deleted.
+void RegisteredYears::examineStranger(const Stranger& stranger, Examined& examined) {
+  const Place entry{stranger.client, {}, registry};
+  const std::string what = "The registry has " + stranger.years + " of a client who is not there.";
+  if (stranger.client.empty()) {
+    examined.add(entry, "client", what, "A backup from before may tell whose it was.");
+    return;
+  }
+  examined.addMendable(entry, "client", what,
+                       "Mending registers a client of that code and name, who can be renamed, and "
+                       "deleted after those years.");
+  examined.changes.push_back("delete from TempClTbl where CodeNo=" + stranger.quoted);
+  for (const char* into : {"Main_Info1(code_no,nm)", "TempClTbl(CodeNo,Name)"}) {
+    examined.changes.push_back(std::string("insert into ") + into + " values(" + stranger.quoted +
+                               ',' + stranger.quoted + ')');
+  }
 }
 
 void RegisteredYears::examineRow(const Row& row, Examined& examined) const {

@@ -1,5 +1,5 @@
 // The registry of years as it stands in `master`, and what holds for it: a client's year stands
-// there once, has a table of its own that belongs to its number, and the tables are there.
+// there once, has a table of its own that belongs to its number, and client and tables are there.
 #pragma once
 
 #include <map>
@@ -39,12 +39,19 @@ class RegisteredYears {
     long number = 0;
     std::vector<std::string> fields;  // all of them
   };
+  struct Stranger {
+    std::string client;  // the code
+    std::string quoted;  // for a statement
+    std::string years;
+  };
+  static void examineStranger(const Stranger& stranger, Examined& examined);
   void examineRow(const Row& row, Examined& examined) const;
   void examineTwins(Examined& examined) const;
   static void examineTwin(const Row& row, const Row& first, Examined& examined);
 
   ServiceObject& host_;
-  std::vector<Row> rows_;         // in the order of their entry
+  std::vector<Row> rows_;  // in the order of their entry
+  std::vector<Stranger> strangers_;
   std::set<std::string> tables_;  // in capitals
 };
 

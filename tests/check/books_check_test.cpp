@@ -214,6 +214,14 @@ TEST_F(DamagedBooksTest, EachDamageIsFoundAndMended) {
        {"shared table", "table"},
        "with the table TAB_1, which is also that of 2008-2009.\n",
        {"shared table", "table"}},
+      {"delete from Main_Info1 where code_no='C1';delete from TempClTbl where CodeNo='C1'",
+       {"client+"},
+       "The registry has 2007-2008, 2008-2009 of a client who is not there.\n"},
+      {"insert into master(code_no,tbl_nm,count,f_yr,s_yr) values"
+       "('','TAB_3',3,'01042008','31032009')",
+       {"client"},
+       "A backup from before may tell whose it was.\n",
+       {"client"}},
       // --- the masters
       {"insert into Mast_Part values (1,'Cash'),(2,'Turnover'),(3,'sales')",
        {"equal rows+", "several rows", "equal names"},
