@@ -1,5 +1,6 @@
 #include "suite/standalone_environment.h"
 
+#include <chrono>
 #include <utility>
 
 #include "suite/client_register.h"
@@ -84,9 +85,12 @@ SourceReader* StandaloneEnvironment::sourceReader() {
 }
 
 void StandaloneEnvironment::lookAround() {
+  const StationTurns* const turns = unit_.turns();
+  const TurnCount before = turns != nullptr ? turns->known() : TurnCount();
   acts_.look();
   try {
-    locks_.presence().beat();
+    const bool undisturbed = turns != nullptr && turns->known() == before;
+    locks_.presence().beat(undisturbed, std::chrono::steady_clock::now());
   } catch (const std::exception&) {
     // The connection is lost; the next look opens it again.
   }

@@ -113,11 +113,17 @@ RecordsetPtr UnitOfWork::query(const std::string& sql) {
   });
 }
 
-RecordsetPtr UnitOfWork::queryAside(const std::string& sql) {
-  return settled([&] { return database_.query(sql); });
+RecordsetPtr UnitOfWork::queryAside(const std::string& sql,
+                                    const std::vector<std::string>& before) {
+  wroteAside_ = wroteAside_ || !before.empty();
+  return settled([&] {
+    for (const std::string& each : before) database_.executeLater(each);
+    return database_.query(sql);
+  });
 }
 
 void UnitOfWork::executeAside(const std::string& sql) {
+  wroteAside_ = true;
   settled([&] { database_.execute(sql); });
 }
 
@@ -141,7 +147,7 @@ void UnitOfWork::begin() {
   if (open_) return;
   settled([&] { database_.executeLater("start transaction"); });
   open_ = true;
-  wrote_ = wroteLog_ = false;
+  wrote_ = wroteLog_ = wroteAside_ = false;
   ++transactions_;
   if (turns_) settled([&] { turns_->take(); });
 }
@@ -250,8 +256,8 @@ void UnitOfWork::commit() {
   if (!open_) return;
   settled([&] {
     committing_ = false;
-    // An act that took its turn and changed nothing.
-    if (turns_ && !wrote_) return database_.execute("rollback");
+    // An act that took its turn and changed nothing of its own.
+    if (turns_ && !wrote_) return database_.execute(wroteAside_ ? "commit" : "rollback");
     logAct();
     if (turns_) turns_->pass(changesMasters());
     committing_ = true;

@@ -61,8 +61,8 @@ class UnitOfWork {
   RecordsetPtr query(const std::string& sql);
   std::string escape(const std::string& text) const { return database_.escape(text); }
   // The suite's own statements amid an act, of which they are no part: whether they still hold does
-  // not matter to it.
-  RecordsetPtr queryAside(const std::string& sql);
+  // not matter to it. What is to be sent before goes with a query as one request.
+  RecordsetPtr queryAside(const std::string& sql, const std::vector<std::string>& before = {});
   void executeAside(const std::string& sql);
   // Runs such statements while this station has the turn: what another one was storing is stored by
   // then, and nothing else is stored meanwhile.
@@ -118,6 +118,7 @@ class UnitOfWork {
   std::optional<StationTurns> turns_;
   bool wrote_ = false;     // the transaction that is open, or the last one
   bool wroteLog_ = false;  // its row in the log
+  bool wroteAside_ = false;
   std::function<bool()> actRuns_ = [] { return false; };
   bool committing_ = false;               // until the commit is known to be done
   bool uncertain_ = false;                // the connection went in the commit

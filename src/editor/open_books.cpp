@@ -19,7 +19,7 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
     locks[year] = entering && years.inView(year)
                       ? enterYear(holds_[year], context, years.client(), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
-    freed_ = freed_ || (!entering && before[year] && !locked(year));
+    freed_ = freed_ || (!entering && ((before[year] && !locked(year)) || holds_[year].stale()));
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") +
             std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);

@@ -23,6 +23,8 @@ class LockNote {
   void close() { hold_.leave(); }
   // As it was read last.
   bool locked() const { return lock_.has_value(); }
+  // It was lost before that: what was read of the year may not be stored any more.
+  bool regained() const { return hold_.regained(); }
   // True, and a person was told, when the year is locked by now.
   bool refuses() const;
 

@@ -14,8 +14,13 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
     client_ = client;
     secondDate_ = secondDate;
   }
-  if (held_ && locks->lost(client, secondDate)) locks->regain(client, secondDate);
-  auto lock = locks->find(client, secondDate);
+  auto lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate);
+  if (held_ && lock && lock->lost) {
+    locks->regain(client, secondDate);
+    lock = locks->find(client, secondDate);
+  }
+  regained_ = stale();
+  regains_ = locks->regained(client, secondDate);
   const bool elsewhere = lock && !lock->station.empty() && lock->reason.empty();
   if (elsewhere && !asked_) {
     asked_ = true;
@@ -26,21 +31,20 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                         "", Buttons::YesNo, Icon::question, Answer::No});
     if (answer == Answer::Yes) {
       locks->takeOver(client, secondDate);
-      lock.reset();
+      lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate);
     }
   }
-  if (lock || held_) return lock;
-  locks->enter(client, secondDate);
   // Who takes the year over later is told, not asked.
-  held_ = asked_ = true;
-  // Another station may have been quicker.
-  return locks->find(client, secondDate);
+  if (!lock) held_ = asked_ = true;
+  return lock;
 }
+
+bool YearHold::stale() const { return held_ && locks_->regained(client_, secondDate_) != regains_; }
 
 void YearHold::leave() {
   if (held_) locks_->leave(client_, secondDate_);
   locks_ = nullptr;
-  held_ = asked_ = false;
+  held_ = asked_ = regained_ = false;
 }
 
 }  // namespace quillet

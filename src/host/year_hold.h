@@ -26,12 +26,18 @@ class YearHold {
                                 const std::function<std::string()>& subject,
                                 const std::string& client, const std::string& secondDate);
   void leave();
+  // The year was lost before it was entered last: what was read of it may not be stored any more.
+  bool regained() const { return regained_; }
+  // It was since then, and another form has it again.
+  bool stale() const;
 
  private:
   YearLocks* locks_ = nullptr;  // null while no year is known
   std::string client_, secondDate_;
   bool held_ = false;
   bool asked_ = false;
+  bool regained_ = false;
+  unsigned regains_ = 0;  // of the year when it was entered last
 };
 
 }  // namespace quillet

@@ -23,6 +23,9 @@ inline constexpr const char* notDeleted =
 inline constexpr const char* halfPosted =
     "A voucher is half posted; the error log says why. What is missing is posted with the next "
     "voucher, or when the journal is left.";
+inline constexpr const char* staleVoucher =
+    "Another station had the year meanwhile, and may have changed the voucher. Nothing was stored; "
+    "the list shows what is. Please look, and modify it again.";
 inline constexpr const char* notPrinted =
     "The subsidiary trial balance could not be printed; the error log says why.";
 inline constexpr const char* notLoaded =

@@ -16,6 +16,8 @@ bool frmjrnl::complete() const { return !book_ || book_->posting().complete(); }
 // --- checks -------------------------------------------------------------------------------------
 
 void frmjrnl::CMDUPDATE_CLICK() {
+  // Given up as the procedure began.
+  if (!Frame2.visible()) return tell(context_, staleVoucher);
   if (lock.refuses()) return;
   if (!dateIsGood("Please specify a Valid Date.")) {
     focus(txtdt);
@@ -141,14 +143,20 @@ void frmjrnl::takenBack() {
 
 void frmjrnl::booksMoved(bool masters) {
   if (!book_) return;
-  if (masters) {
+  const bool reading = lock.locked();
+  logErrors("BOOKSMOVED", [&] { lock.read(); });
+  const bool stale = lock.regained() || (reading && !lock.locked());
+  const bool shows = Frame2.visible() && (reading || book_->id() != 0);
+  if (stale) book_.emplace(*context_.host, context_.unposted, ClientTable(book_->books()));
+  if (masters || stale) {
     readLists();
     lookups_.forgetUnknown();
   }
-  const bool reading = lock.locked();
-  if (masters || reading || Frame1.visible()) LOADGRID();
+  if (masters || reading || stale || Frame1.visible()) LOADGRID();
   // The voucher that is shown may not be the stored one.
-  if (reading && !lock.locked() && Frame2.visible()) showList();
+  if (!stale || !shows) return;
+  showList();
+  if (!reading) lblstatus.setCaption(staleVoucher);
 }
 
 // --- closing ------------------------------------------------------------------------------------

@@ -16,6 +16,9 @@ struct YearLock {
   std::string since;  // "2026-11-22 16:45:00", local time
   // The station that has the year open, without a reason then; "" for a lock.
   std::string station{};
+  // This station had the year, and has it no more: another one took it over, or it was silent for
+  // too long.
+  bool lost = false;
 };
 
 struct LockedYear {
@@ -35,13 +38,15 @@ class YearLocks {
                                        const std::string& secondDate) = 0;
   virtual std::vector<LockedYear> all() = 0;
 
-  // This station has the year open for writing; calls are counted.
-  virtual void enter(const std::string& client, const std::string& secondDate) = 0;
-  // It has it no more, because another station took it over or it was silent for too long.
-  virtual bool lost(const std::string& client, const std::string& secondDate) = 0;
+  // This station has the year open for writing from now on, or what is in the way. Calls without
+  // that are counted.
+  virtual std::optional<YearLock> enter(const std::string& client,
+                                        const std::string& secondDate) = 0;
   // Has again what it lost, where the year is still in the table that it was in; what is stored is
   // to be read after this.
   virtual void regain(const std::string& client, const std::string& secondDate) = 0;
+  // How often it has; whoever has read the year before has to read it anew.
+  virtual unsigned regained(const std::string& client, const std::string& secondDate) const = 0;
   virtual void leave(const std::string& client, const std::string& secondDate) = 0;
   // The station that has it reads from now on.
   virtual void takeOver(const std::string& client, const std::string& secondDate) = 0;

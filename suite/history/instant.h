@@ -10,6 +10,7 @@
 namespace quillet::suite {
 
 using Instant = std::int64_t;
+inline constexpr Instant oneDay = 24LL * 3600 * 1'000'000;
 
 // As the database reads it: "2026-03-31 09:15:00.000001".
 std::string instantText(Instant instant);

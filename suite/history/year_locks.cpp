@@ -23,7 +23,6 @@ constexpr const char* lockTable = "suiteyearlock";
 constexpr const char* groupTable = "mast_allgrp";
 constexpr const char* withYears =
     " as l left join master as m on m.code_no=l.Code_No and m.s_yr=l.Yr";
-constexpr Instant day = 24LL * 3600 * 1'000'000;
 
 bool sameYear(const LockedYear& year, const std::string& client, const std::string& secondDate) {
   return equalIgnoringCase(year.client, client) && year.secondDate == secondDate;
@@ -78,12 +77,28 @@ std::vector<LockedYear> YearLockTable::all() {
   return years;
 }
 
-std::optional<YearLock> YearLockTable::find(const std::string& client,
-                                            const std::string& secondDate) {
-  for (const LockedYear& year : shared_ ? all() : current()) {
+namespace {
+
+std::optional<YearLock> lockAmong(const std::vector<LockedYear>& years, const std::string& client,
+                                  const std::string& secondDate) {
+  for (const LockedYear& year : years) {
     if (sameYear(year, client, secondDate)) return year.lock;
   }
   return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<YearLock> YearLockTable::find(const std::string& client,
+                                            const std::string& secondDate) {
+  return lockAmong(shared_ ? all() : current(), client, secondDate);
+}
+
+std::optional<YearLock> YearLockTable::enter(const std::string& client,
+                                             const std::string& secondDate) {
+  const auto lock = lockAmong(current(), client, secondDate);
+  if (lock || !shared_) return lock;
+  return presence_.enter(client, secondDate, log_.person());
 }
 
 // --- changing -----------------------------------------------------------------------------------
@@ -123,7 +138,7 @@ std::vector<LockedYear> YearLockTable::lockedFor(const ActLog& act) {
   const std::string at = '\'' + instantText(act.instant()) + '\'';
   // A locking read sees what another station has stored since the transaction began.
   return read(" for system_time all" + std::string(withYears) + " where l.row_from<>" + at +
-              " and (l.row_till=" + at + " or l.row_till>'" + instantText(act.instant() + day) +
+              " and (l.row_till=" + at + " or l.row_till>'" + instantText(act.instant() + oneDay) +
               "')" + (shared_ ? " lock in share mode" : ""));
 }
 

@@ -41,14 +41,12 @@ class YearLockTable : public YearLocks {
 
   std::optional<YearLock> find(const std::string& client, const std::string& secondDate) override;
   std::vector<LockedYear> all() override;
-  void enter(const std::string& client, const std::string& secondDate) override {
-    presence_.enter(client, secondDate, log_.person());
-  }
-  bool lost(const std::string& client, const std::string& secondDate) override {
-    return shared_ && presence_.lost(client, secondDate);
-  }
+  std::optional<YearLock> enter(const std::string& client, const std::string& secondDate) override;
   void regain(const std::string& client, const std::string& secondDate) override {
     presence_.regain(client, secondDate);
+  }
+  unsigned regained(const std::string& client, const std::string& secondDate) const override {
+    return presence_.regained(client, secondDate);
   }
   void leave(const std::string& client, const std::string& secondDate) override {
     presence_.leave(client, secondDate);

@@ -6,13 +6,12 @@
 
 #include "data/text.h"
 #include "data/year.h"
+#include "suite/history/inserted_rows.h"
 #include "suite/history/written_table.h"
 #include "suite/schema_tables.h"
 
 namespace quillet::suite {
 namespace {
-
-constexpr Instant day = 24LL * 3600 * 1'000'000;
 
 std::string lower(std::string text) {
   std::ranges::transform(text, text.begin(),
@@ -120,16 +119,9 @@ std::optional<LockedYear> yearBegun(Database& database, const std::string& table
                                     const std::vector<LockedYear>& years, bool shared) {
   const YearsOfTable ofTable(table);
   if (!ofTable.holdsAny(years)) return std::nullopt;
-  const std::string instant = '\'' + instantText(at) + '\'';
-  // On a server others may have inserted between, though not since yesterday.
-  const std::string older =
-      shared ? "row_from<'" + instantText(at - day) + '\'' : "row_from<>" + instant;
-  const RecordsetPtr last = database.query("select row_id from `" + table + "` where " + older +
-                                           " order by row_id desc limit 1");
   const RecordsetPtr begun =
       database.query("select distinct " + ofTable.columns() + " from `" + table +
-                     "` force index(primary) where row_from=" + instant + " and row_id>" +
-                     (last->EOF_() ? "0" : last->text(0)));
+                     "` force index(primary) where " + insertedAt(table, at, shared));
   for (; !begun->EOF_(); begun->MoveNext()) {
     if (auto year = ofTable.yearOf(*begun, years)) return year;
   }

@@ -3,13 +3,12 @@
 #include <string>
 
 #include "data/errors.h"
+#include "suite/history/inserted_rows.h"
 #include "suite/history/written_table.h"
 #include "suite/stations/station_turns.h"
 
 namespace quillet::suite {
 namespace {
-
-constexpr Instant day = 24LL * 3600 * 1'000'000;
 
 // Of a year: what its rows name.
 bool namesLedgers(const std::string& table) {
@@ -35,18 +34,15 @@ void refuseDeadClient(Database& database, const ActLog& act) {
 
 }  // namespace
 
-// What was inserted has higher numbers than what stood there a day ago; no more is looked at.
 void refuseDeadNames(Database& database, const ActLog& act) {
   refuseDeadClient(database, act);
   for (const std::string& table : act.tables()) {
     if (!namesLedgers(table)) continue;
     const bool dead =
         !database
-             .query("select 1 from `" + table + "` as s where s.row_from='" +
-                    instantText(act.instant()) +
-                    "' and s.row_id>(select coalesce((select row_id from `" + table +
-                    "` where row_from<'" + instantText(act.instant() - day) +
-                    "' order by row_id desc limit 1),0)) and (not exists(select 1 from Mast_Part "
+             .query("select 1 from `" + table + "` as s where " +
+                    insertedAt(table, act.instant(), true) +
+                    " and (not exists(select 1 from Mast_Part "
                     "as p where p.PartId=s.PartId) or not exists(select 1 from Mast_AllGrp as g "
                     "where g.ALLID=s.AllId) or not exists(select 1 from master as m where "
                     "m.code_no=s.code_no and m.tbl_nm='TAB_" +

@@ -53,6 +53,8 @@ class StationTurns {
   std::string elsewhere() { return turn_.elsewhere(); }
   // Looks for that.
   void look();
+  // As it was seen last.
+  const TurnCount& known() const { return known_; }
 
  private:
   void note(const TurnCount& count);

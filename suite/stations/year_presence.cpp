@@ -38,12 +38,20 @@ std::string YearPresence::conditionOf(const Year& year) const {
 }
 
 // Whoever was not heard of for too long comes back to a year that is not theirs.
+std::string YearPresence::deletionOfSilent(const Year& year) const {
+  return "delete from SuitePresence where " + conditionOf(year) + " and not " + lately;
+}
+
+std::string YearPresence::insertion(const Year& year) const {
+  return "insert into SuitePresence(Code_No,Yr,Station,Person,Since,Heard) select '" +
+         unit_.escape(year.first) + "','" + unit_.escape(year.second) + "','" +
+         unit_.escape(station_) + "','" + unit_.escape(person_) +
+         "',sysdate(6),sysdate(6) from dual";
+}
+
 void YearPresence::insert(const Year& year) {
-  unit_.executeAside("delete from SuitePresence where " + conditionOf(year) + " and not " + lately);
-  unit_.executeAside("insert into SuitePresence(Code_No,Yr,Station,Person,Since,Heard) values('" +
-                     unit_.escape(year.first) + "','" + unit_.escape(year.second) + "','" +
-                     unit_.escape(station_) + "','" + unit_.escape(person_) +
-                     "',sysdate(6),sysdate(6))");
+  unit_.executeAside(deletionOfSilent(year));
+  unit_.executeAside(insertion(year));
 }
 
 void YearPresence::remove(const Year& year) noexcept {
@@ -63,21 +71,41 @@ YearPresence::Place YearPresence::placeOf(const Year& year) const {
   return row->EOF_() ? Place{} : Place{row->text(0), row->integer(1)};
 }
 
-void YearPresence::enter(const std::string& client, const std::string& secondDate,
-                         const std::string& person) {
-  if (!shared_) return;
+std::optional<YearLock> YearPresence::enter(const std::string& client,
+                                            const std::string& secondDate,
+                                            const std::string& person) {
   person_ = person;
   const Year year{client, secondDate};
   Hold& hold = held_[year];
-  if (++hold.count > 1) return;
-  hold.place = placeOf(year);
-  insert(year);
+  std::vector<std::string> before;
+  if (++hold.count == 1) {
+    before = {deletionOfSilent(year), insertion(year) +
+                                          " where not exists(select 1 from SuitePresence where " +
+                                          conditionOf(year) + ')'};
+  }
+  for (const LockedYear& other : others(before)) {
+    if (Year(other.client, other.secondDate) != year) continue;
+    // Another station may have been quicker by a moment.
+    if (--hold.count == 0) {
+      held_.erase(year);
+      if (present_.contains(year)) remove(year);
+    }
+    return other.lock;
+  }
+  return std::nullopt;
 }
 
 void YearPresence::regain(const std::string& client, const std::string& secondDate) {
   const Year year{client, secondDate};
   const auto held = held_.find(year);
-  if (held != held_.end() && placeOf(year) == held->second.place) insert(year);
+  if (held == held_.end() || placeOf(year) != held->second.place) return;
+  insert(year);
+  ++held->second.regained;
+}
+
+unsigned YearPresence::regained(const std::string& client, const std::string& secondDate) const {
+  const auto held = held_.find({client, secondDate});
+  return held == held_.end() ? 0 : held->second.regained;
 }
 
 void YearPresence::leave(const std::string& client, const std::string& secondDate) {
@@ -95,42 +123,35 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
   const Year year{client, secondDate};
   unit_.inTurn([&] {
     unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
-    if (held_.contains(year)) insert(year);
+    if (const auto held = held_.find(year); held != held_.end()) {
+      insert(year);
+      ++held->second.regained;
+    }
     unit_.executeAside(Turn::stir);
   });
 }
 
-// Those in which this station is present.
-std::set<YearPresence::Year> YearPresence::present() const {
-  std::set<Year> years;
-  const RecordsetPtr rows =
-      unit_.queryAside(std::string("select Code_No,Yr from SuitePresence where ") + lately +
-                       " and Station='" + unit_.escape(station_) + '\'');
-  for (; !rows->EOF_(); rows->MoveNext()) years.emplace(rows->text(0), rows->text(1));
-  return years;
-}
-
-bool YearPresence::lost(const std::string& client, const std::string& secondDate) const {
-  const Year year{client, secondDate};
-  return held_.contains(year) && !present().contains(year);
-}
-
-std::vector<LockedYear> YearPresence::others() const {
+std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& before) {
   std::vector<LockedYear> years;
   if (!shared_) return years;
   const RecordsetPtr rows = unit_.queryAside(
       "select p.Code_No,p.Yr,m.tbl_nm,m.count,p.Station,p.Person,date_format(p.Since,'%Y-%m-%d "
       "%H:%i:%s'),p.Station='" +
-      unit_.escape(station_) +
-      "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
-      "where p." +
-      lately + " order by p.row_id");
+          unit_.escape(station_) +
+          "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
+          "where p." +
+          lately + " order by p.row_id",
+      before);
   std::set<Year> seen;
-  std::set<Year> present;
+  present_.clear();
   for (; !rows->EOF_(); rows->MoveNext()) {
     const Year year{rows->text(0), rows->text(1)};
     const bool own = rows->integer(7) == 1;
-    if (own) present.insert(year);
+    const auto hold = held_.find(year);
+    if (own) present_.insert(year);
+    if (own && hold != held_.end() && hold->second.place.table.empty()) {
+      hold->second.place = {rows->text(2), rows->integer(3)};
+    }
     if (!seen.insert(year).second || own) continue;
     const std::string station = rows->text(4);
     years.push_back({year.first,
@@ -141,7 +162,11 @@ std::vector<LockedYear> YearPresence::others() const {
                      {"", rows->text(5), rows->text(6), station.substr(0, station.find(':'))}});
   }
   for (const auto& [year, hold] : held_) {
-    if (!present.contains(year) && !seen.contains(year)) years.push_back(hadMeanwhile(year, hold));
+    if (present_.contains(year)) continue;
+    if (!seen.contains(year)) years.push_back(hadMeanwhile(year, hold));
+    for (LockedYear& each : years) {
+      if (Year(each.client, each.secondDate) == year) each.lock.lost = true;
+    }
   }
   return years;
 }
@@ -157,12 +182,12 @@ LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
 }
 
 // One that was silent for too long may have lost the year and does not know it.
-void YearPresence::beat() {
-  const auto now = std::chrono::steady_clock::now();
+void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
-  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where " + std::string(lately) +
-                     " and Station='" + unit_.escape(station_) + '\'');
+  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where Station='" +
+                     unit_.escape(station_) + '\'' +
+                     (undisturbed ? std::string() : std::string(" and ") + lately));
 }
 
 }  // namespace quillet::suite

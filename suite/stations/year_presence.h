@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -24,26 +25,28 @@ class YearPresence {
   YearPresence(const YearPresence&) = delete;
   YearPresence& operator=(const YearPresence&) = delete;
 
-  // Calls are counted.
-  void enter(const std::string& client, const std::string& secondDate, const std::string& person);
+  // Another station has the year; else this one has it from now on. Calls without that are counted.
+  std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
+                                const std::string& person);
   void leave(const std::string& client, const std::string& secondDate);
   // What was lost, where the year is still in the same table.
   void regain(const std::string& client, const std::string& secondDate);
+  unsigned regained(const std::string& client, const std::string& secondDate) const;
   // Whoever had the year has it no more.
   void takeOver(const std::string& client, const std::string& secondDate,
                 const std::string& person);
 
-  // The years that this station must not change: others have them, or had them meanwhile.
-  std::vector<LockedYear> others() const;
-  // Whether this station has the year no more, though it did not leave it.
-  bool lost(const std::string& client, const std::string& secondDate) const;
+  // The years that this station must not change: others have them, or had them meanwhile. What is
+  // given is sent before, in the same request.
+  std::vector<LockedYear> others(const std::vector<std::string>& before = {});
 
-  // Tells the other stations that this one is still there, when it is time to.
-  void beat();
+  // Tells the other stations that this one is still there, when it is time to. `undisturbed`: none
+  // of them has done anything since this one looked last, so a silence has lost nothing.
+  void beat(bool undisturbed, std::chrono::steady_clock::time_point now);
 
  private:
   using Year = std::pair<std::string, std::string>;  // client, second date
-  // Where the registry had the year when it was entered.
+  // Where the registry had the year when it was entered, from when its row was first read.
   struct Place {
     std::string table;
     long number = 0;
@@ -51,12 +54,14 @@ class YearPresence {
   };
   struct Hold {
     int count = 0;
+    unsigned regained = 0;  // how often
     Place place;
   };
   Place placeOf(const Year& year) const;
   std::string conditionOf(const Year& year) const;
-  std::set<Year> present() const;
   static LockedYear hadMeanwhile(const Year& year, const Hold& hold);
+  std::string deletionOfSilent(const Year& year) const;
+  std::string insertion(const Year& year) const;
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 
@@ -65,6 +70,7 @@ class YearPresence {
   const std::string station_;  // "DESK2:4711.1"
   std::string person_;
   std::map<Year, Hold> held_;
+  std::set<Year> present_;  // those with a row of this station, as read last
   std::chrono::steady_clock::time_point heard_;
 };
 
