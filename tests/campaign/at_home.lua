@@ -1,6 +1,7 @@
 -- Years created, created over, merged and deleted.
 return function(kit)
   local act, begin, support = kit.act, kit.begin, kit.support
+  local choose, delete = support.choose, support.delete
   local scenarios = {}
 
   local function year_of(code, first, number, lines)
@@ -13,24 +14,10 @@ return function(kit)
     editor:close()
   end
 
-  local function choose(command, client)
-    local home = quillet.show("third")
-    home:press("Escape")
-    home[command]:click()
-    home.ClGrd1:pick(client)
-    home.ClGrd1:dblclick()
-    return home
-  end
   local function dates(home, from)
     home.MaskEdBox1:type(from)
     home.MaskEdBox1:press("Enter")
     home.MaskEdBox2:press("Enter")
-  end
-  local function delete(option, ...)
-    local form = assert(quillet.form("frmdelwhatinTB"), "the deletion form is not open")
-    form.optMain[option]:click()
-    quillet.answer(...)
-    form.cmddelete:click()
   end
   local function create(client, from)
     local home = choose("mnucreate", client)

@@ -44,14 +44,29 @@ function support.year(client, first, number)
   return name
 end
 
+-- Chooses the client for a command of the home form, "mnudelete"; returns the form.
+function support.choose(command, client)
+  local home = quillet.show("third")
+  home:press("Escape")
+  home[command]:click()
+  home.ClGrd1:pick(client)
+  home.ClGrd1:dblclick()
+  return home
+end
+
+-- Deletes with the form of deletions, which is open, by one of its main options; the answers are
+-- for what it asks.
+function support.delete(option, ...)
+  local form = assert(quillet.form("frmdelwhatinTB"), "the deletion form is not open")
+  form.optMain[option]:click()
+  quillet.answer(...)
+  form.cmddelete:click()
+end
+
 -- The client's year that begins on 1 April, as a person makes it. `between` is called when its first
 -- date was entered.
 function support.create_year(client, first, between)
-  local home = quillet.show("third")
-  home:press("Escape")
-  home.mnucreate:click()
-  home.ClGrd1:pick(client)
-  home.ClGrd1:dblclick()
+  local home = support.choose("mnucreate", client)
   home.MaskEdBox1:type("0104" .. first)
   home.MaskEdBox1:press("Enter")
   if between then between() end

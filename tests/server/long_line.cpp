@@ -105,7 +105,12 @@ void LongLine::serve(int client, int server) {
         continue;
       }
       ++requests_;
+      if (countdown_ > 0 && --countdown_ == 0) happens_();
       std::this_thread::sleep_for(delay_);
+      for (; isCommit(read) && holds_ && !ends_; holding_ = holds_.load()) {
+        holding_ = true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      }
       const bool breaks = isCommit(read) && break_ != Break::none;
       if (breaks && break_.exchange(Break::none) == Break::beforeCommit) {
         goesOn = false;

@@ -3,8 +3,10 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <list>
 #include <thread>
+#include <utility>
 
 namespace quillet::support {
 
@@ -23,6 +25,15 @@ class LongLine {
   // before the commit passes.
   enum class Break { none, afterCommit, beforeCommit };
   void breakAt(Break when) { break_ = when; }
+  // That happens before the line passes its nth request from now on; 0 for never.
+  void before(long nth, std::function<void()> happens = {}) {
+    happens_ = std::move(happens);
+    countdown_ = nth;
+  }
+  // The next commit stays on its way until it is let go.
+  void hold() { holds_ = true; }
+  bool holding() const { return holding_; }
+  void letGo() { holds_ = false; }
 
  private:
   void accept();
@@ -35,6 +46,10 @@ class LongLine {
   std::atomic<bool> ends_ = false;
   std::atomic<long> requests_ = 0;
   std::atomic<Break> break_ = Break::none;
+  std::function<void()> happens_;
+  std::atomic<long> countdown_ = 0;
+  std::atomic<bool> holds_ = false;
+  std::atomic<bool> holding_ = false;
   std::list<std::thread> serving_;
   std::thread accepting_;
 };

@@ -57,10 +57,12 @@ void Station::addYear(const std::string& client, int firstYear) {
   const std::string first = std::to_string(firstYear);
   const std::string second = std::to_string(firstYear + 1);
   const std::string table = "TAB_" + std::to_string(firstYear - 2006);
-  suite::Client added;
-  added.code = client;
-  added.name = "Client " + client;
-  suite::addClient(practice_->database(), added);
+  if (value("select code_no from Main_Info1 where code_no='" + client + '\'').empty()) {
+    suite::Client added;
+    added.code = client;
+    added.name = "Client " + client;
+    suite::addClient(practice_->database(), added);
+  }
   change("insert into master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values('" +
          client + "','01/04/" + first + "','31/03/" + second + "','" + table + "'," +
          std::to_string(firstYear - 2006) + ",'0104" + first + "','3103" + second + "')");
@@ -88,6 +90,26 @@ void Station::enter(const std::string& ledger, const std::string& group,
   type(editor_->txtgroup, group + '\r');
   type(editor_->txtamount, amount + '\r');
   type(editor_->txtdrcr, "D\r");
+}
+
+frmjrnl& Station::openJournal() {
+  editor_->click(editor_->mnujournal);
+  return dynamic_cast<frmjrnl&>(*context().openForms.find("frmjrnl"));
+}
+
+void Station::pass(frmjrnl& journal, int lines) {
+  dialogs.answering = [](const Message&) { return Answer::Yes; };
+  journal.click(journal.cmdadd);
+  for (int i = 0; i < lines; ++i) {
+    if (i > 0) journal.press(keys::Down);
+    journal.focus(journal.cboside[i]);
+    journal.press(i % 2 == 0 ? U'B' : U'T');
+    type(journal.txtledger[i], "Passed " + std::to_string(i));
+    journal.press(keys::Tab);
+    type(journal.txtgroup[i], "RENT");
+    journal.press(keys::Tab);
+    type(i % 2 == 0 ? journal.txtdramt[i] : journal.txtcramt[i], "100");
+  }
 }
 
 std::vector<std::string> Station::notices() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editor/frmcrtb.h"
+#include "journal/frmjrnl.h"
 #include "server/real_server.h"
 #include "support/practice.h"
 
@@ -46,12 +47,16 @@ class Station {
   std::string value(const std::string& sql);
 
   void addYear(const std::string& client, int firstYear);
-  // Shows the editor on that year.
   frmcrtb& editor() { return *editor_; }
   void leave() { editor_.reset(); }
+  // Shows the editor on that year.
   frmcrtb& open(const std::string& client, int firstYear);
   static void type(TextBox& box, const std::string& keys);
   void enter(const std::string& ledger, const std::string& group, const std::string& amount);
+  // The journal of the year in the editor, and a new voucher typed there: ledgers that are new, all
+  // questions answered with Yes. Update stores it.
+  frmjrnl& openJournal();
+  void pass(frmjrnl& journal, int lines);
   std::vector<std::string> notices();
 
  private:

@@ -139,18 +139,9 @@ local function voucher(editor, client, year)
   quillet.unanswered()
 end
 
-local function choose(command, client)
-  local home = quillet.show("third")
-  home:press("Escape")
-  home[command]:click()
-  home.ClGrd1:pick(client)
-  home.ClGrd1:dblclick()
-  return home
-end
-
 local function year_day(acts)
   local client, year = any(clients), any { 2007, 2008, 2008, 2009 }
-  local home = choose("mnualter", client)
+  local home = support.choose("mnualter", client)
   if not picks(home.flexgrid2, "01/04/" .. year) then return end
   -- An empty year asks whether to import the one before.
   quillet.answer(year < 2009 and math.random(10) == 1 and "Yes" or "No", "No")
@@ -225,7 +216,7 @@ local function of_groups() master("cmdgrpmas", "frmgrpmas", any { merge_in, add_
 
 local function create()
   local client = any(clients)
-  local home = choose("mnucreate", client)
+  local home = support.choose("mnucreate", client)
   deed("create", {}, function()
     quillet.answer("No", "No")
     home.MaskEdBox1:type("01042009")
@@ -236,15 +227,12 @@ end
 
 local function remove()
   local client = any(clients)
-  local home = choose("mnudelete", client)
+  local home = support.choose("mnudelete", client)
   if not picks(home.flexgrid2, "01/04/2009") then return end
   deed("remove", { { "remove", client, 2009 } }, function()
     quillet.answer("Yes")
     home.flexgrid2:dblclick()
-    local form = quillet.form("frmdelwhatinTB")
-    form.optMain[0]:click()
-    quillet.answer("Yes")
-    form.cmddelete:click()
+    support.delete(0, "Yes")
   end)
   local form = quillet.form("frmdelwhatinTB")
   if form and form.visible then form:close() end

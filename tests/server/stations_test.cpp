@@ -1,53 +1,13 @@
 // Two stations on the same books: one writes in a year, numbers are nobody else's, and what a
 // station has read holds when it writes.
-#include <gtest/gtest.h>
-
 #include <thread>
 
 #include "data/errors.h"
-#include "journal/frmjrnl.h"
-#include "server/long_line.h"
-#include "server/station.h"
+#include "server/stations_fixture.h"
+#include "suite/history/year_locks.h"
 
 namespace quillet::support {
 namespace {
-
-class StationsTest : public ::testing::Test {
- protected:
-  struct Books {
-    RealServer server;
-    std::unique_ptr<Station> first, second;
-    Books() {
-      server.addAccount("anna", "anna");
-      server.addAccount("ben", "ben");
-      first = std::make_unique<Station>(server, "anna");
-      second = std::make_unique<Station>(server, "ben");
-      for (const char* client : {"A1", "B1"}) first->addYear(client, 2008);
-    }
-  };
-  static Books& books() {
-    static Books only;
-    return only;
-  }
-  static Station& anna() { return *books().first; }
-  static Station& ben() { return *books().second; }
-
-  void SetUp() override { NEEDS_REAL_SERVERS(); }
-  void TearDown() override {
-    if (IsSkipped()) return;
-    for (Station* station : {&anna(), &ben()}) {
-      station->leave();
-      station->notices();
-      EXPECT_EQ(station->dialogs.takeFailure().value_or(""), "");
-    }
-  }
-  static std::string balance(const std::string& client, const std::string& ledger) {
-    return anna().value(
-        "select sum(if(t.nid=2,-t.amt,t.amt)) from TAB_2 as t join Mast_Part as p on "
-        "p.PartId=t.partid where t.code_no='" +
-        client + "' and p.Particular='" + ledger + '\'');
-  }
-};
 
 TEST_F(StationsTest, OneWritesInAYearAndTheOtherReads) {
   frmcrtb& writing = anna().open("A1", 2008);
@@ -184,14 +144,51 @@ TEST_F(StationsTest, AYearThatIsGoneTakesNoLines) {
 TEST_F(StationsTest, WhoWasSilentForTooLongReadsAnew) {
   anna().open("A1", 2008);
   anna().enter("Asleep", "RENT", "1");
-  anna().practice().database().execute(
-      "update SuitePresence set Heard=sysdate(6)-interval 200 second");
+  YearLocks& locks = *anna().practice().environment().yearLocks();
+  suite::YearPresence& presence = dynamic_cast<suite::YearLockTable&>(locks).presence();
+  auto later = std::chrono::steady_clock::now();
+  const auto sleep = [&](bool undisturbed) {
+    anna().practice().database().execute(
+        "update SuitePresence set Heard=sysdate(6)-interval 200 second");
+    presence.beat(undisturbed, later += std::chrono::minutes(5));
+  };
+  sleep(true);
+  EXPECT_FALSE(locks.find("A1", "31032009")) << "nobody has done anything";
+  sleep(false);
   ben().open("A1", 2008);
   ben().enter("Asleep", "RENT", "2");
   ben().leave();
-  EXPECT_TRUE(anna().practice().environment().yearLocks()->lost("A1", "31032009"));
+  EXPECT_TRUE(locks.find("A1", "31032009")->lost);
   anna().enter("Asleep", "RENT", "4");
   EXPECT_EQ(balance("A1", "Asleep"), "7");
+}
+
+TEST_F(StationsTest, AYearThatWasTakenOverAndDeletedTakesNoLines) {
+  for (const std::string client : {"E1", "E2"}) {
+    SCOPED_TRACE(client);
+    for (const int year : {2008, 2009}) anna().addYear(client, year);
+    anna().dialogs.queueAnswer(Answer::No);
+    frmcrtb& editor = anna().open(client, 2009);
+    anna().enter("Before", "RENT", "1");
+    Station::type(editor.txtpart, "Late\r");
+    Station::type(editor.txtgroup, "RENT\r");
+    Station::type(editor.txtamount, "33\r");
+    anna().dialogs.takeMessages();
+    const std::string of = " where code_no='" + client + "'";
+    takeOver(client, "31032010", [&] {
+      ben().change("delete from TAB_3" + of);
+      ben().change((client == "E1" ? "delete from master"
+                                   : "update master set f_yr='01042007',s_yr='31032008'") +
+                   of + " and s_yr='31032010'");
+    });
+    Station::type(editor.txtdrcr, "D\r");
+    EXPECT_NE(editor.lbllock.caption(), "");
+    EXPECT_FALSE(editor.txtpart.enabled());
+    EXPECT_TRUE(anna().dialogs.takeMessages().empty()) << "nothing is asked amid a save";
+    anna().practice().environment().lookAround();
+    EXPECT_FALSE(editor.txtpart.enabled());
+    EXPECT_EQ(anna().value("select count(*) from TAB_3" + of), "0");
+  }
 }
 
 TEST_F(StationsTest, AClientThatIsGoneGetsNoYear) {
@@ -200,63 +197,6 @@ TEST_F(StationsTest, AClientThatIsGoneGetsNoYear) {
       "'31032010')");
   EXPECT_EQ(anna().value("select count(*) from master where code_no='Z9'"), "0");
   EXPECT_EQ(anna().notices().size(), 1U);
-}
-
-// --- lines to the server ------------------------------------------------------------------------
-
-TEST_F(StationsTest, ACommitWhoseAnswerIsLostIsToldAsWhatItWas) {
-  for (const auto when : {LongLine::Break::afterCommit, LongLine::Break::beforeCommit}) {
-    LongLine line(books().server.port());
-    Station far(line.port(), "ben");
-    far.open("A1", 2008);
-    far.enter("Far", "RENT", "10");
-    const std::string before = balance("A1", "Far");
-    line.breakAt(when);
-    far.enter("Far", "RENT", "1");
-    const bool stored = when == LongLine::Break::afterCommit;
-    EXPECT_EQ(std::stoi(balance("A1", "Far")), std::stoi(before) + (stored ? 1 : 0));
-    const auto notices = far.notices();
-    ASSERT_EQ(notices.size(), 1U);
-    EXPECT_NE(notices[0].find(stored ? "The last step was stored" : "Nothing of the last step"),
-              std::string::npos)
-        << notices[0];
-    // What was typed is offered again where it was not stored.
-    EXPECT_EQ(far.editor().txtpart.text(), stored ? "" : "Far");
-    far.enter("Far", "RENT", "5");
-    EXPECT_EQ(std::stoi(balance("A1", "Far")), std::stoi(before) + (stored ? 6 : 5));
-  }
-}
-
-// At ten milliseconds a request each of these stays under half a second.
-TEST_F(StationsTest, FarAwayFewRequestsServeADeed) {
-  constexpr long most = 40;
-  LongLine line(books().server.port());
-  Station far(line.port(), "ben");
-  const auto requests = [&](const auto& work) {
-    const long before = line.requests();
-    work();
-    return line.requests() - before;
-  };
-  EXPECT_LT(requests([&] { far.open("A1", 2008); }), most);
-  EXPECT_LT(requests([&] { far.enter("Far", "RENT", "10"); }), most);
-  frmcrtb& editor = far.editor();
-  EXPECT_LT(requests([&] { editor.click(editor.mnujournal); }), most);
-  auto& journal = dynamic_cast<frmjrnl&>(*far.context().openForms.find("frmjrnl"));
-  far.dialogs.answering = [](const Message&) { return Answer::Yes; };
-  journal.click(journal.cmdadd);
-  for (int i = 0; i < 10; ++i) {
-    if (i > 0) journal.press(keys::Down);
-    journal.focus(journal.cboside[i]);
-    journal.press(i % 2 == 0 ? U'B' : U'T');
-    Station::type(journal.txtledger[i], "Of voucher " + std::to_string(i));
-    journal.press(keys::Tab);
-    Station::type(journal.txtgroup[i], "RENT");
-    journal.press(keys::Tab);
-    Station::type(i % 2 == 0 ? journal.txtdramt[i] : journal.txtcramt[i], "100");
-  }
-  EXPECT_LT(requests([&] { journal.click(journal.cmdupdate); }), most);
-  EXPECT_EQ(anna().value("select count(*) from JRNL_2 where code_no='A1'"), "10");
-  journal.close();
 }
 
 }  // namespace

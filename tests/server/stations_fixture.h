@@ -1,0 +1,71 @@
+// Two stations, Anna's and Ben's, on the same books: each has a client with a year, and the server
+// serves all tests of the program.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "server/station.h"
+
+namespace quillet::support {
+
+class StationsTest : public ::testing::Test {
+ protected:
+  struct Books {
+    RealServer server;
+    std::unique_ptr<Station> first, second;
+    Books() {
+      server.addAccount("anna", "anna");
+      server.addAccount("ben", "ben");
+      first = std::make_unique<Station>(server, "anna");
+      second = std::make_unique<Station>(server, "ben");
+      for (const char* client : {"A1", "B1"}) first->addYear(client, 2008);
+    }
+  };
+  StationsTest() = default;
+  // Tests with a client of their own.
+  explicit StationsTest(const std::string& client) {
+    if (RealServer::absent().empty() &&
+        anna().value("select code_no from master where code_no='" + client + '\'').empty()) {
+      anna().addYear(client, 2008);
+    }
+  }
+  static Books& books() {
+    static Books only;
+    return only;
+  }
+  static Station& anna() { return *books().first; }
+  static Station& ben() { return *books().second; }
+
+  void SetUp() override { NEEDS_REAL_SERVERS(); }
+  void TearDown() override {
+    if (IsSkipped()) return;
+    for (Station* station : {&anna(), &ben()}) {
+      station->leave();
+      station->notices();
+      EXPECT_EQ(station->dialogs.takeFailure().value_or(""), "");
+      station->dialogs.answering = {};
+      station->dialogs.clear();
+    }
+  }
+  // Ben takes the year over, does that, and leaves it.
+  static void takeOver(const std::string& client, const std::string& secondDate,
+                       const std::function<void()>& deeds) {
+    YearLocks& locks = *ben().practice().environment().yearLocks();
+    locks.enter(client, secondDate);
+    locks.takeOver(client, secondDate);
+    deeds();
+    locks.leave(client, secondDate);
+  }
+  static std::string balance(const std::string& client, const std::string& ledger) {
+    return anna().value(
+        "select sum(if(t.nid=2,-t.amt,t.amt)) from TAB_2 as t join Mast_Part as p on "
+        "p.PartId=t.partid where t.code_no='" +
+        client + "' and p.Particular='" + ledger + '\'');
+  }
+};
+
+}  // namespace quillet::support
