@@ -258,13 +258,11 @@ void frmClient::store(const Client& client) {
   if (chkpassword.checked() ? !txtpassword.text().empty() : hadPassword_) {
     password = txtpassword.text();
   }
-  // Every field is written.
   if (const auto stored = findClient(unit_, *altered_); stored && *stored != shown_) {
     shown_ = *stored;
     load();
     throw ClientRefused(&Client::name,
-                        "Somebody else has altered this client meanwhile. Nothing was stored. It "
-                        "is shown as it is stored now; please look, and alter it anew.");
+                        "Somebody else has altered this client meanwhile; it is shown as stored.");
   }
   alterClient(unit_, *altered_, client, password, tableCount_());
 }
