@@ -118,7 +118,8 @@ void third::FORM_ACTIVATE() {
   });
 }
 
-// Lists that were read during the act may show what is not there.
+// Lists that were read during the act may show what is not there; the row that it began with is
+// chosen again.
 void third::takenBack() {
   // What it says was done is not.
   if (openForms().active() == this) status("");
@@ -126,6 +127,8 @@ void third::takenBack() {
   logErrors("TAKENBACK", [&] {
     if (mergeList.shown()) {
       mergeList.show();
+    } else if (famyears.shown()) {
+      years.showAt(flexgrid2.current());
     } else {
       showAnew();
     }
@@ -143,7 +146,7 @@ void third::showAnew() {
   if (Frame3.visible()) {
     refreshClients();
   } else if (famyears.visible()) {
-    years.showAt(flexgrid2.current());
+    years.showAnew();
   } else {
     newYear.showYears();
   }

@@ -62,6 +62,8 @@ void YearList::showAt(int row) {
   form_.flexgrid2.setCurrent(std::min(row, form_.flexgrid2.rows()));
 }
 
+void YearList::showAnew() { showAt(chosen() ? *chosen() : YearKeys{}); }
+
 const YearKeys* YearList::chosen() const {
   const long id = form_.flexgrid2.currentId();
   return id == 0 ? nullptr : &years_[id - 1];

@@ -23,6 +23,8 @@ class YearList {
   // The same with that year or row chosen.
   void showAt(const YearKeys& year);
   void showAt(int row);
+  // The same with the chosen year, none when it is there no more.
+  void showAnew();
 
   // The chosen year; nothing is done when there is none.
   const YearKeys* chosen() const;

@@ -155,6 +155,11 @@ std::vector<std::string> frmgrpmas::atStake() const {
   return chosen;
 }
 
+void frmgrpmas::takenBack() {
+  if (choiceAct_ == openForms().acts.number()) choiceMade_ = false;
+  MasterForm::takenBack();
+}
+
 void frmgrpmas::LOADDATA() {
   logErrors("LOADDATA", [&] {
     if (vsf.current() == 0) {

@@ -121,6 +121,7 @@ class frmgrpmas : public MasterForm {
   void CMDSHOWBACK_CLICK();
 
   void booksMoved(bool masters) override;
+  void takenBack() override;
 
  protected:
   void load() override { FORM_LOAD(); }
@@ -169,6 +170,8 @@ class frmgrpmas : public MasterForm {
   std::optional<std::string> givenClient_;
   GroupMapper mapper_{*context_.host};
   StatutoryHeadList headList_;
+  bool choiceMade_ = false;             // common or own, on the mapping page
+  unsigned long choiceAct_ = 0;         // that stored it
   GroupMappings shownMappings_;         // of the column of the master, while it has them
   std::map<long, long> primaryGroups_;  // of the groups that were listed, by their ids
   bool primaryGroupsRead_ = false;

@@ -1,6 +1,7 @@
 // The group master's mapping page: groups are given the heads of statutory statements that they
 // stand under.
 #include <algorithm>
+#include <utility>
 
 #include "books/clients.h"
 #include "masters/frmgrpmas.h"
@@ -70,6 +71,7 @@ void frmgrpmas::CMDMAP_CLICK() {
     optMap[1].setEnabled(!mapper_.client().empty());
     cmdMapCopy.setEnabled(!mapper_.client().empty());
     showPage(famMap);
+    choiceMade_ = false;
     LOADMAPGRID();
     if (vsMap.rows() > 0) vsMap.setCurrent(1);
     focus(vsMap);
@@ -84,9 +86,10 @@ void frmgrpmas::LOADMAPGRID() {
   fillGrids("LOADMAPGRID", {&vsMap}, [&] {
     headList_ = heads_->read();
     mapped_.offer(headList_);
-    const bool common = mapper_.mapsCommon();
-    optMap[common ? 0 : 1].setChecked(true);
-    if (common) {
+    // All clients and stations share what is stored; a choice holds as long as the page is open.
+    const bool stored = mapper_.mapsCommon();
+    if (!std::exchange(choiceMade_, true)) optMap[stored ? 0 : 1].setChecked(true);
+    if (optMap[0].checked()) {
       mapped_.setMappings(mapper_.common(), mapper_.own());
     } else {
       mapped_.setMappings(mapper_.effective(), {});
@@ -103,7 +106,9 @@ void frmgrpmas::LOADMAPGRID() {
 }
 
 void frmgrpmas::OPTMAP_CLICK(bool own) {
+  choiceAct_ = openForms().acts.number();
   command("OPTMAP_CLICK", [&] {
+    choiceMade_ = false;
     mapper_.mapCommon(!own);
     LOADMAPGRID();
     focus(vsMap);

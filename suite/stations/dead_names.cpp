@@ -16,6 +16,25 @@ bool namesLedgers(const std::string& table) {
          (table.starts_with("tab_") || table.starts_with("jrnl_") || table.starts_with("trade_"));
 }
 
+// The heads and groups of a raw-material binding. One that was gone before that day is bound since
+// then.
+bool bindsDeadNames(Database& database, const std::string& table, Instant at) {
+  const std::string since = '\'' + instantText(at - oneDay) + '\'';
+  const auto gone = [&](const char* column, const std::string& master, const char* id) {
+    const std::string named = std::string(" as n where n.") + id + "=s." + column;
+    return "(not exists(select 1 from " + master + named + ") and exists(select 1 from " + master +
+           " for system_time all" + named + " and n.row_till>" + since + "))";
+  };
+  std::string dead = gone("GrpSr", "RawMatGrpM", "GrpId");
+  for (const char* group : {"OsGrpId", "PurGrpId", "CsGrpId"}) {
+    dead += " or " + gone(group, "Mast_AllGrp", "ALLID");
+  }
+  return !database
+              .query("select 1 from `" + table + "` as s where s.row_from='" + instantText(at) +
+                     "' and (" + dead + ") limit 1")
+              ->EOF_();
+}
+
 // A year whose client was deleted while it was made.
 void refuseDeadClient(Database& database, const ActLog& act) {
   if (!act.tables().contains("master")) return;
@@ -37,6 +56,12 @@ void refuseDeadClient(Database& database, const ActLog& act) {
 void refuseDeadNames(Database& database, const ActLog& act) {
   refuseDeadClient(database, act);
   for (const std::string& table : act.tables()) {
+    if (table.starts_with("rmgrp_") && bindsDeadNames(database, table, act.instant())) {
+      throw RunTimeError(changedMeanwhile,
+                         "The heading or a group of this item was deleted or merged at another "
+                         "station meanwhile. Please look at the lists, and bind it again.",
+                         "Stations");
+    }
     if (!namesLedgers(table)) continue;
     const bool dead =
         !database

@@ -7,8 +7,8 @@
 
 namespace quillet::suite {
 
-// Ahead of a commit: throws RunTimeError when what the act has entered names a year, a ledger
-// or a group that is not there.
+// Ahead of a commit: throws RunTimeError when what the act has entered names a year, a ledger,
+// a group or a heading of raw materials that is not there.
 void refuseDeadNames(Database& database, const ActLog& act);
 
 }  // namespace quillet::suite
