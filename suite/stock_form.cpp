@@ -23,6 +23,10 @@ constexpr int amountLength = 20;
 constexpr const char* changedElsewhere =
     "Somebody else has changed this line meanwhile, or deleted it. The list shows what is stored.";
 
+std::string trialBalanceOf(const std::string& stock) {
+  return trialBalanceTable(replacedAll(upperCase(stock), stockTable("TAB_"), ""));
+}
+
 }  // namespace
 
 frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks)
@@ -122,8 +126,7 @@ void frmTrade::showSubject() {
   subject_ = client;
   logErrors("SUBJECT", [&] {
     ClientYears names(*host_);
-    const std::string suffix = replacedAll(upperCase(table), stockTable("TAB_"), "");
-    const YearKeys& year = names.year(client, trialBalanceTable(suffix));
+    const YearKeys& year = names.year(client, trialBalanceOf(table));
     if (year.first.empty()) return;
     keys_ = year;
     subject_ = subjectOf(names.client(client), client, year.first, year.second);
@@ -133,7 +136,8 @@ void frmTrade::showSubject() {
 
 void frmTrade::showLock() {
   const auto lock = hold_.enter(
-      locks_, dialogs_, [this] { return subject_; }, books_.client, keys_.second);
+      locks_, dialogs_, [this] { return subject_; }, books_.client, keys_.second,
+      trialBalanceOf(books_.table));
   lbllock.setCaption(lock ? lockCaption(*lock) : "");
   lbllock.setVisible(lock.has_value());
   for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setEnabled(!lock);

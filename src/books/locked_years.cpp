@@ -18,6 +18,7 @@ std::string lockText(const YearLock& lock) {
 
 std::string lockCaption(const YearLock& lock) {
   if (lock.station.empty()) return "Locked: " + lockText(lock);
+  if (lock.gone) return lock.reason + ". Nothing can be entered here any more.";
   if (!lock.reason.empty()) return lock.reason + ". F5 shows what is stored now.";
   return 'O' + lockText(lock).substr(1) + "; here it can be read";
 }
@@ -28,6 +29,12 @@ std::string lockedSentence(const std::string& subject, const YearLock& lock) {
 }
 
 std::string lockedText(const std::string& subject, const YearLock& lock) {
+  if (lock.gone) {
+    return "The trial balance of " + subject +
+           " does not exist any more, or not as it was opened here: another station has deleted "
+           "it, "
+           "or made it anew. Nothing was changed here.";
+  }
   if (!lock.station.empty() && !lock.reason.empty()) {
     return "The trial balance of " + subject +
            ": another station has changed it meanwhile. What is "

@@ -18,6 +18,7 @@ void TwoYears::open(const ClientTable& books, const YearKeys& keys) {
   keys_ = keys;
   tables_[current] = books.table;
   tables_[previous].clear();
+  gone_ = {};
 }
 
 void TwoYears::readRegisters() {
@@ -51,7 +52,7 @@ TwoYears::Lines TwoYears::read(const std::function<bool()>& offerImport) const {
 }
 
 std::vector<Line> TwoYears::select(Year year) const {
-  return TrialBalance(host_, books(year)).lines();
+  return gone_[year] ? std::vector<Line>() : TrialBalance(host_, books(year)).lines();
 }
 
 void TwoYears::keep(Lines lines) {

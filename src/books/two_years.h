@@ -33,6 +33,10 @@ class TwoYears {
   const std::string& clientName() const { return clientName_; }
   bool hasTable() const { return !tables_[current].empty(); }
   bool has(Year year) const;
+  bool isGone(Year year) const { return gone_[year]; }
+  // Another station has deleted the year: its table may hold another one's lines, and none are
+  // read.
+  void setGone(Year year, bool gone) { gone_[year] = gone; }
   // "" while it is not known.
   const std::string& table(Year year) const { return tables_[year]; }
   ClientTable books(Year year) const { return {tables_[year], client_}; }
@@ -62,6 +66,7 @@ class TwoYears {
   std::string clientName_;
   YearKeys keys_;
   std::string tables_[2];
+  std::array<bool, 2> gone_{};
   View view_ = View::current;
   Lines lines_;
   bool linesRead_ = false;

@@ -17,9 +17,12 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
     if (!years.has(year)) continue;
     if (!years.inView(year)) holds_[year].leave();
     locks[year] = entering && years.inView(year)
-                      ? enterYear(holds_[year], context, years.client(), years.keys(year))
+                      ? enterYear(holds_[year], context, years.books(year), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
-    freed_ = freed_ || (!entering && ((before[year] && !locked(year)) || holds_[year].stale()));
+    const bool gone = locked(year) && locks[year]->gone;
+    freed_ = freed_ || (!entering && ((before[year] && !locked(year)) || holds_[year].stale() ||
+                                      gone != years.isGone(year)));
+    years.setGone(year, gone);
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") +
             std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);

@@ -23,8 +23,8 @@ struct OpenBooks {
   void leave();
   // The same without having them: what is shown was read before.
   void lookAtLocks(Label& shown) { showLocks(shown, false); }
-  // A year that was locked, or open elsewhere, is free by now: its lines may not be those that are
-  // shown.
+  // A year that was locked, or open elsewhere, is free by now, or gone: its lines may not be those
+  // that are shown.
   bool mustBeReadAnew() const { return freed_; }
   bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
   // True, and a person was told, when the year is locked by now.

@@ -152,7 +152,10 @@ void third::showAnew() {
   }
 }
 
-void third::FORM_UNLOAD() { ClGrd1.keepWidths(); }
+void third::FORM_UNLOAD() {
+  newYear.leave();
+  ClGrd1.keepWidths();
+}
 
 void third::FORM_KEYDOWN(Key& key) {
   if (key == keys::Find && focus(ClGrd1.txtsearch)) key = keys::none;
@@ -173,6 +176,7 @@ void third::choose(const Command& command) {
 }
 
 void third::showFirstStep() {
+  newYear.leave();
   Frame1.setVisible(false);
   Frame3.setVisible(true);
   ClGrd1.setVisible(true);

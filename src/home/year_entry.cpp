@@ -1,13 +1,10 @@
 #include "home/year_entry.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "books/posting.h"
 #include "books/year_rules.h"
 #include "data/dates.h"
 #include "data/year.h"
-#include "editor/frmcrtb.h"
 #include "home/third.h"
 #include "home/year_table.h"
 #include "host/rights.h"
@@ -28,6 +25,7 @@ YearEntry::YearEntry(third& form, Context& context)
 // --- the dates ----------------------------------------------------------------------------------
 
 void YearEntry::begin() {
+  leave();
   form_.flexgrid2.clearRows();
   form_.mergeList.clear();
   form_.MaskEdBox1.setText(emptyFirstDate);
@@ -160,6 +158,7 @@ int YearEntry::COMP_DT(const std::string& first, const std::string& second) {
 }
 
 void YearEntry::enter() {
+  leave();
   creation_.begin(form_.clientCode(), form_.MaskEdBox1.text(), form_.MaskEdBox2.text());
   const bool merging = form_.mode() == "merge";
   if (const auto existing = creation_.existing()) {
@@ -250,6 +249,7 @@ void YearEntry::registerYear(const Context::Year& before) {
     forgetYears();
     throw;
   }
+  hold_.take(context_.environment.yearLocks(), year().client, year().keys.second, year().table);
 }
 
 // Under a number of its own.
@@ -266,8 +266,9 @@ bool YearEntry::provideTable() {
   const auto existing = GETTABLE1(year().keys.first, year().keys.second);
   if (!existing) return false;
   if (existing->empty()) return registerNewYear();
-  if (!creation_.registered()) {
-    // Somebody else made it after the dates were typed: ask before it is overwritten.
+  if (!creation_.registered() || hold_.lost()) {
+    // Somebody else made it after the dates were typed, or has had it since: ask before it is
+    // overwritten.
     enter();
     return false;
   }
@@ -276,61 +277,15 @@ bool YearEntry::provideTable() {
   return true;
 }
 
-// --- what the year begins with ------------------------------------------------------------------
-
-void YearEntry::fill() {
-  if (form_.mode() == "merge") {
-    form_.mergeList.show();
-    return;
-  }
-  const std::string created = "Trial balance of " + year().keys.text() + " created";
-  const std::string partly = created + ", but the previous year was not taken over in full.";
-  form_.status(created + ".");
-  bool taken = false;
-  form_.statusOnFailure(partly, [&] { taken = offerPreviousYear(); });
-  if (!taken) {
-    form_.status(partly);
-    forgetYears();
-    return;
-  }
-  finish();
-  form_.statusFirst(created + ".");
-  if (auto file = std::exchange(source_, std::nullopt)) importLines(std::move(*file));
-}
-
-void YearEntry::importLines(SourceFile file) {
-  frmcrtb& editor = theEditor(context_);
-  editor.showYear(form_.clientName());
-  if (editor.visible()) editor.IMPORTFILE(std::move(file));
-}
-
 void YearEntry::takenBack() {
-  if (!year().keys.first.empty()) creation_.findRow();
+  if (year().keys.first.empty()) return;
+  creation_.findRow();
+  if (!creation_.registered()) leave();
 }
 
-void YearEntry::finish() { form_.years.showAt(year().keys); }
-
-bool YearEntry::offerPreviousYear() {
-  const auto previous = creation_.previous();
-  if (!previous) {
-    context_.MsgBox("No previous years available.", Buttons::OK, Icon::information);
-    return true;
-  }
-  const Answer answer = context_.MsgBox("Do you want to load previous year particulars.",
-                                        Buttons::YesNo, Icon::question, Answer::Yes);
-  return answer != Answer::Yes || DATA_TRANSFER(previous->table);
-}
-
-bool YearEntry::DATA_TRANSFER(const std::string& previousTable) {
-  bool done = false;
-  form_.logErrors("DATA_TRANSFER", [&] {
-    const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
-                                         Icon::question, Answer::No) == Answer::Yes;
-    postAllMissing(*context_.host, context_.unposted);
-    creation_.copyLines(previousTable, figures);
-    done = true;
-  });
-  return done;
+void YearEntry::finish() {
+  leave();
+  form_.years.showAt(year().keys);
 }
 
 }  // namespace quillet

@@ -10,6 +10,7 @@
 #include "books/year_figures.h"
 #include "controls/key.h"
 #include "host/context.h"
+#include "host/year_hold.h"
 #include "review/source_reading.h"
 
 namespace quillet {
@@ -29,10 +30,12 @@ class YearEntry {
   // Where merged lines go: the table of the client's year, which is registered if it is not yet.
   // False when there is none, or when the year is to be asked about first.
   bool provideTable();
-  // Shows the client's years with this one chosen.
+  // Nothing is asked about the year any more: shows the client's years with this one chosen.
   void finish();
   // Whether the year stands is asked anew.
   void takenBack();
+  // Nothing is made any more, and other stations may write in the year.
+  void leave() { hold_.leave(); }
 
   // Reads the years that the client has, and names the one that comes next.
   void showYears();
@@ -51,8 +54,8 @@ class YearEntry {
   std::optional<std::string> GETTABLE1(const std::string& firstKey, const std::string& secondKey);
   // Below 0 when the first of two dates is the earlier one.
   int COMP_DT(const std::string& first, const std::string& second);
-  // Copies the particulars of the table given into the new year's; false on failure.
-  bool DATA_TRANSFER(const std::string& previousTable);
+  // Copies the particulars of the year given into the new one; false on failure.
+  bool DATA_TRANSFER(const RegisteredYear& previous);
 
  private:
   void forgetYears();
@@ -67,11 +70,13 @@ class YearEntry {
   void select();
   void fill();
   bool offerPreviousYear();
+  bool mayTakeOver(const RegisteredYear& previous);
   void importLines(SourceFile file);
 
   third& form_;
   Context& context_;
   YearCreation creation_;
+  YearHold hold_;  // from the year's registration until nothing is asked about it any more
   std::optional<SourceFile> source_;  // what is created is filled from it
   std::string proposed_;              // the first date of the year that a key takes, "" for none
 };

@@ -5,8 +5,8 @@
 
 namespace quillet {
 
-void LockNote::open(const std::string& client, const YearKeys& keys) {
-  client_ = client;
+void LockNote::open(const ClientTable& books, const YearKeys& keys) {
+  books_ = books;
   keys_ = keys;
   lock_.reset();
   hold_.leave();
@@ -14,11 +14,11 @@ void LockNote::open(const std::string& client, const YearKeys& keys) {
 }
 
 void LockNote::read() {
-  lock_ = enterYear(hold_, context_, client_, keys_);
+  lock_ = enterYear(hold_, context_, books_, keys_);
   label_.setCaption(lock_ ? lockCaption(*lock_) : "");
   label_.setVisible(locked());
 }
 
-bool LockNote::refuses() const { return refusedAsLocked(context_, client_, keys_); }
+bool LockNote::refuses() const { return refusedAsLocked(context_, books_.client, keys_); }
 
 }  // namespace quillet

@@ -17,7 +17,7 @@ class LockNote {
   LockNote(Label& label, Context& context) : label_(label), context_(context) {}
 
   // Another year; nothing is known of its lock, and nothing held.
-  void open(const std::string& client, const YearKeys& keys);
+  void open(const ClientTable& books, const YearKeys& keys);
   // Asks whether the year is locked, and shows it. If not, this station has it until close().
   void read();
   void close() { hold_.leave(); }
@@ -31,7 +31,7 @@ class LockNote {
  private:
   Label& label_;
   Context& context_;
-  std::string client_;
+  ClientTable books_;
   YearKeys keys_;
   std::optional<YearLock> lock_;
   YearHold hold_;

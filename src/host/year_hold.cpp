@@ -6,15 +6,11 @@ namespace quillet {
 
 std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                                         const std::function<std::string()>& subject,
-                                        const std::string& client, const std::string& secondDate) {
+                                        const std::string& client, const std::string& secondDate,
+                                        const std::string& table) {
   if (locks == nullptr) return std::nullopt;
-  if (locks != locks_ || client != client_ || secondDate != secondDate_) {
-    leave();
-    locks_ = locks;
-    client_ = client;
-    secondDate_ = secondDate;
-  }
-  auto lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate);
+  open(locks, client, secondDate);
+  auto lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate, table);
   if (held_ && lock && lock->lost) {
     locks->regain(client, secondDate);
     lock = locks->find(client, secondDate);
@@ -31,12 +27,33 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                         "", Buttons::YesNo, Icon::question, Answer::No});
     if (answer == Answer::Yes) {
       locks->takeOver(client, secondDate);
-      lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate);
+      lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate, table);
     }
   }
   // Who takes the year over later is told, not asked.
-  if (!lock) held_ = asked_ = true;
+  if (!lock || lock->gone) held_ = asked_ = true;
   return lock;
+}
+
+void YearHold::take(YearLocks* locks, const std::string& client, const std::string& secondDate,
+                    const std::string& table) {
+  leave();
+  if (locks == nullptr || !locks->shared()) return;
+  open(locks, client, secondDate);
+  const auto lock = locks->enter(client, secondDate, table);
+  held_ = !lock || lock->gone;
+}
+
+bool YearHold::lost() const {
+  return locks_ != nullptr && (!held_ || locks_->find(client_, secondDate_));
+}
+
+void YearHold::open(YearLocks* locks, const std::string& client, const std::string& secondDate) {
+  if (locks == locks_ && client == client_ && secondDate == secondDate_) return;
+  leave();
+  locks_ = locks;
+  client_ = client;
+  secondDate_ = secondDate;
 }
 
 bool YearHold::stale() const { return held_ && locks_->regained(client_, secondDate_) != regains_; }

@@ -21,10 +21,17 @@ class YearHold {
 
   // Why nothing of the year can be changed: it is locked, or another station has it. Else this one
   // has it from now on, and what is stored is to be read after this. Once for each opening a person
-  // is asked whether to take it over; `subject` names client and year for that.
+  // is asked whether to take it over; `subject` names client and year for that. `table` is the
+  // trial balance's that the form works on.
   std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs,
                                 const std::function<std::string()>& subject,
-                                const std::string& client, const std::string& secondDate);
+                                const std::string& client, const std::string& secondDate,
+                                const std::string& table);
+  // This station is making the year: whoever opens it elsewhere is told so, until leave().
+  void take(YearLocks* locks, const std::string& client, const std::string& secondDate,
+            const std::string& table);
+  // Another station has the year that was taken by now, or had it, or has deleted it.
+  bool lost() const;
   void leave();
   // The year was lost before it was entered last: what was read of it may not be stored any more.
   bool regained() const { return regained_; }
@@ -32,6 +39,8 @@ class YearHold {
   bool stale() const;
 
  private:
+  void open(YearLocks* locks, const std::string& client, const std::string& secondDate);
+
   YearLocks* locks_ = nullptr;  // null while no year is known
   std::string client_, secondDate_;
   bool held_ = false;

@@ -12,14 +12,15 @@ std::optional<YearLock> lockOf(Context& context, const std::string& client,
   return locks ? locks->find(client, secondDate) : std::nullopt;
 }
 
-std::optional<YearLock> enterYear(YearHold& hold, Context& context, const std::string& client,
+std::optional<YearLock> enterYear(YearHold& hold, Context& context, const ClientTable& books,
                                   const YearKeys& keys) {
   YearLocks* const locks = context.environment.yearLocks();
   if (locks == nullptr) return std::nullopt;
   const auto subject = [&] {
-    return subjectOf(clientName(*context.host, client), client, keys.first, keys.second);
+    return subjectOf(clientName(*context.host, books.client), books.client, keys.first,
+                     keys.second);
   };
-  return hold.enter(locks, context.dialogs, subject, client, keys.second);
+  return hold.enter(locks, context.dialogs, subject, books.client, keys.second, books.table);
 }
 
 bool refusedAsLocked(Context& context, const std::string& client, const YearKeys& keys) {

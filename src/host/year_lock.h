@@ -14,8 +14,9 @@ namespace quillet {
 
 std::optional<YearLock> lockOf(Context& context, const std::string& client,
                                const std::string& secondDate);
-// The same for a form that is open on the year; when nothing is in the way, this station has it.
-std::optional<YearLock> enterYear(YearHold& hold, Context& context, const std::string& client,
+// The same for a form that is open on the year in that table; when nothing is in the way, this
+// station has it.
+std::optional<YearLock> enterYear(YearHold& hold, Context& context, const ClientTable& books,
                                   const YearKeys& keys);
 // True, and a person was told why and what to do, when the year is locked.
 bool refusedAsLocked(Context& context, const std::string& client, const YearKeys& keys);

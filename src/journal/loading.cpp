@@ -18,7 +18,8 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
     lblsubject.setCaption("");
     book_.emplace(*context_.host, context_.unposted, ClientTable{table, books.clientCode});
     year_.first = yearOf(books.firstDate) - (previousYear ? 1 : 0);
-    lock.open(books.clientCode, {firstDateKey(year_.first), secondDateKey(year_.first + 1)});
+    lock.open({table, books.clientCode},
+              {firstDateKey(year_.first), secondDateKey(year_.first + 1)});
     setPeriod(year_.from(), year_.to());
     setCaption("Adjustement Entries Passed of " + context_.host->COMPANY_NAME() +
                " for the Period from " + from_ + " to " + to_);

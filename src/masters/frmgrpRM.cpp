@@ -59,7 +59,7 @@ LayoutItem frmgrpRM::layout() {
 }
 
 void frmgrpRM::INITDATA(const BoundYear& year) {
-  lock.open(year.client, {year.firstDate, year.secondDate});
+  lock.open({year.table, year.client}, {year.firstDate, year.secondDate});
   logErrors("INITDATA", [&] {
     binding_.open(year.client, year.table, {year.firstDate, year.secondDate});
     setCaption("Group Binding (Manufacturing) of " + year.clientName + " for the Period from " +

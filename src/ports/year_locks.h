@@ -19,6 +19,8 @@ struct YearLock {
   // This station had the year, and has it no more: another one took it over, or it was silent for
   // too long.
   bool lost = false;
+  // Another station has deleted the year, or made it anew in another table.
+  bool gone = false;
 };
 
 struct LockedYear {
@@ -38,10 +40,15 @@ class YearLocks {
                                        const std::string& secondDate) = 0;
   virtual std::vector<LockedYear> all() = 0;
 
-  // This station has the year open for writing from now on, or what is in the way. Calls without
-  // that are counted.
-  virtual std::optional<YearLock> enter(const std::string& client,
-                                        const std::string& secondDate) = 0;
+  // Whether other stations work on the same books.
+  virtual bool shared() const = 0;
+  // Whether the year is in that table, as far as others may have changed that.
+  virtual bool stands(const std::string& client, const std::string& secondDate,
+                      const std::string& table) = 0;
+  // This station has the year open for writing in that table from now on, or what is in the way.
+  // Calls without that are counted, and those for a year that is gone, which is told until leave().
+  virtual std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
+                                        const std::string& table) = 0;
   // Has again what it lost, where the year is still in the table that it was in; what is stored is
   // to be read after this.
   virtual void regain(const std::string& client, const std::string& secondDate) = 0;

@@ -95,10 +95,11 @@ std::optional<YearLock> YearLockTable::find(const std::string& client,
 }
 
 std::optional<YearLock> YearLockTable::enter(const std::string& client,
-                                             const std::string& secondDate) {
+                                             const std::string& secondDate,
+                                             const std::string& table) {
   const auto lock = lockAmong(current(), client, secondDate);
   if (lock || !shared_) return lock;
-  return presence_.enter(client, secondDate, log_.person());
+  return presence_.enter(client, secondDate, table, log_.person());
 }
 
 // --- changing -----------------------------------------------------------------------------------

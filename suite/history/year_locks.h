@@ -41,7 +41,13 @@ class YearLockTable : public YearLocks {
 
   std::optional<YearLock> find(const std::string& client, const std::string& secondDate) override;
   std::vector<LockedYear> all() override;
-  std::optional<YearLock> enter(const std::string& client, const std::string& secondDate) override;
+  bool shared() const override { return shared_; }
+  bool stands(const std::string& client, const std::string& secondDate,
+              const std::string& table) override {
+    return !shared_ || presence_.stands(client, secondDate, table);
+  }
+  std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
+                                const std::string& table) override;
   void regain(const std::string& client, const std::string& secondDate) override {
     presence_.regain(client, secondDate);
   }

@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#include "data/table_names.h"
 #include "data/text.h"
 #include "data/year.h"
 #include "suite/history/act_log.h"
@@ -49,6 +50,11 @@ std::string YearPresence::insertion(const Year& year) const {
          "',sysdate(6),sysdate(6) from dual";
 }
 
+std::string YearPresence::deletion(const Year& year) const {
+  return "delete from SuitePresence where Station='" + unit_.escape(station_) + "' and " +
+         conditionOf(year);
+}
+
 void YearPresence::insert(const Year& year) {
   unit_.executeAside(deletionOfSilent(year));
   unit_.executeAside(insertion(year));
@@ -56,12 +62,18 @@ void YearPresence::insert(const Year& year) {
 
 void YearPresence::remove(const Year& year) noexcept {
   try {
-    unit_.executeAside("delete from SuitePresence where Station='" + unit_.escape(station_) +
-                       "' and " + conditionOf(year));
+    unit_.executeAside(deletion(year));
     unit_.executeAside(Turn::stir);
   } catch (const std::exception&) {
     // It is heard of no more, and so the year is free before long.
   }
+}
+
+// Old books may name the table by its number alone.
+bool YearPresence::Place::isAt(const std::string& wanted) const {
+  if (table.empty() && number == 0) return false;
+  return wanted.empty() || table.empty() || equalIgnoringCase(table, wanted) ||
+         equalIgnoringCase(trialBalanceTable(std::to_string(number)), wanted);
 }
 
 YearPresence::Place YearPresence::placeOf(const Year& year) const {
@@ -72,19 +84,24 @@ YearPresence::Place YearPresence::placeOf(const Year& year) const {
 }
 
 std::optional<YearLock> YearPresence::enter(const std::string& client,
-                                            const std::string& secondDate,
+                                            const std::string& secondDate, const std::string& table,
                                             const std::string& person) {
   person_ = person;
   const Year year{client, secondDate};
   Hold& hold = held_[year];
   std::vector<std::string> before;
   if (++hold.count == 1) {
+    hold.place.table = table;
     before = {deletionOfSilent(year), insertion(year) +
                                           " where not exists(select 1 from SuitePresence where " +
                                           conditionOf(year) + ')'};
   }
   for (const LockedYear& other : others(before)) {
     if (Year(other.client, other.secondDate) != year) continue;
+    if (hold.gone) {
+      if (present_.contains(year)) unit_.executeAside(deletion(year));
+      return other.lock;
+    }
     // Another station may have been quicker by a moment.
     if (--hold.count == 0) {
       held_.erase(year);
@@ -98,9 +115,19 @@ std::optional<YearLock> YearPresence::enter(const std::string& client,
 void YearPresence::regain(const std::string& client, const std::string& secondDate) {
   const Year year{client, secondDate};
   const auto held = held_.find(year);
-  if (held == held_.end() || placeOf(year) != held->second.place) return;
+  if (held == held_.end()) return;
+  Hold& hold = held->second;
+  const Place place = placeOf(year);
+  hold.gone = !place.isAt(hold.place.table);
+  if (hold.gone) return;
+  hold.place.number = place.number;
   insert(year);
-  ++held->second.regained;
+  ++hold.regained;
+}
+
+bool YearPresence::stands(const std::string& client, const std::string& secondDate,
+                          const std::string& table) const {
+  return placeOf({client, secondDate}).isAt(table);
 }
 
 unsigned YearPresence::regained(const std::string& client, const std::string& secondDate) const {
@@ -123,7 +150,7 @@ void YearPresence::takeOver(const std::string& client, const std::string& second
   const Year year{client, secondDate};
   unit_.inTurn([&] {
     unit_.executeAside("delete from SuitePresence where " + conditionOf(year));
-    if (const auto held = held_.find(year); held != held_.end()) {
+    if (const auto held = held_.find(year); held != held_.end() && !held->second.gone) {
       insert(year);
       ++held->second.regained;
     }
@@ -146,23 +173,28 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
   present_.clear();
   for (; !rows->EOF_(); rows->MoveNext()) {
     const Year year{rows->text(0), rows->text(1)};
+    const Place place{rows->text(2), rows->integer(3)};
     const bool own = rows->integer(7) == 1;
-    const auto hold = held_.find(year);
     if (own) present_.insert(year);
-    if (own && hold != held_.end() && hold->second.place.table.empty()) {
-      hold->second.place = {rows->text(2), rows->integer(3)};
+    if (const auto held = held_.find(year); held != held_.end()) {
+      Hold& hold = held->second;
+      hold.gone = !place.isAt(hold.place.table);
+      if (hold.place.table.empty()) hold.place.table = place.table;
+      if (!hold.gone) hold.place.number = place.number;
     }
     if (!seen.insert(year).second || own) continue;
     const std::string station = rows->text(4);
     years.push_back({year.first,
                      firstDateKey(yearOf(year.second) - 1),
                      year.second,
-                     rows->text(2),
-                     rows->integer(3),
+                     place.table,
+                     place.number,
                      {"", rows->text(5), rows->text(6), station.substr(0, station.find(':'))}});
   }
   for (const auto& [year, hold] : held_) {
-    if (present_.contains(year)) continue;
+    // Before who has it in another table by now.
+    if (hold.gone) years.insert(years.begin(), hadMeanwhile(year, hold));
+    if (hold.gone || present_.contains(year)) continue;
     if (!seen.contains(year)) years.push_back(hadMeanwhile(year, hold));
     for (LockedYear& each : years) {
       if (Year(each.client, each.secondDate) == year) each.lock.lost = true;
@@ -172,13 +204,12 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
 }
 
 LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
-  return {
-      year.first,
-      firstDateKey(yearOf(year.second) - 1),
-      year.second,
-      hold.place.table,
-      hold.place.number,
-      {"Another station has changed the year meanwhile, or deleted it", "", "", "another station"}};
+  const char* const reason = hold.gone
+                                 ? "Another station has deleted the year, or made it anew"
+                                 : "Another station has changed the year meanwhile, or deleted it";
+  return {year.first,        firstDateKey(yearOf(year.second) - 1),
+          year.second,       hold.place.table,
+          hold.place.number, {reason, "", "", "another station", hold.gone, hold.gone}};
 }
 
 // One that was silent for too long may have lost the year and does not know it.

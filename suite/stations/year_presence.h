@@ -25,9 +25,14 @@ class YearPresence {
   YearPresence(const YearPresence&) = delete;
   YearPresence& operator=(const YearPresence&) = delete;
 
-  // Another station has the year; else this one has it from now on. Calls without that are counted.
+  // Another station has the year; else this one has it from now on, in that table. Calls without
+  // that are counted. Those for a year that the registry has elsewhere, or not at all, are as well:
+  // it is gone, and this station is not present there.
   std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
-                                const std::string& person);
+                                const std::string& table, const std::string& person);
+  // Whether the registry has the year in that table.
+  bool stands(const std::string& client, const std::string& secondDate,
+              const std::string& table) const;
   void leave(const std::string& client, const std::string& secondDate);
   // What was lost, where the year is still in the same table.
   void regain(const std::string& client, const std::string& secondDate);
@@ -46,22 +51,24 @@ class YearPresence {
 
  private:
   using Year = std::pair<std::string, std::string>;  // client, second date
-  // Where the registry had the year when it was entered, from when its row was first read.
+  // Where the registry has a year; nothing of a year that it has not.
   struct Place {
     std::string table;
     long number = 0;
-    bool operator==(const Place&) const = default;
+    bool isAt(const std::string& wanted) const;
   };
   struct Hold {
     int count = 0;
     unsigned regained = 0;  // how often
-    Place place;
+    Place place;            // where it was entered; the number from when its row was first read
+    bool gone = false;      // from there
   };
   Place placeOf(const Year& year) const;
   std::string conditionOf(const Year& year) const;
   static LockedYear hadMeanwhile(const Year& year, const Hold& hold);
   std::string deletionOfSilent(const Year& year) const;
   std::string insertion(const Year& year) const;
+  std::string deletion(const Year& year) const;
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 

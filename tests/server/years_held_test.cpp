@@ -1,5 +1,7 @@
 // A year that one station makes, reads or lists while another one deletes it, makes it anew or
 // takes it over; and names that are gone.
+#include "data/text.h"
+#include "deletion/frmdelwhatinTB.h"
 #include "home/third.h"
 #include "masters/frmgrpmas.h"
 #include "server/stations_fixture.h"
@@ -19,7 +21,154 @@ class YearsHeldTest : public StationsTest {
     form.doubleClick(form.ClGrd1);
     return form;
   }
+  static void typeYear(third& form, int firstYear) {
+    form.focus(form.MaskEdBox1);
+    for (const char digit : "0104" + std::to_string(firstYear)) form.press(static_cast<Key>(digit));
+    form.press(keys::Enter);
+    form.press(keys::Enter);
+  }
+  // A year of 2008 with one line.
+  static void addFilled(const std::string& client) {
+    anna().addYear(client, 2008);
+    anna().open(client, 2008);
+    anna().enter("Before", "RENT", "8");
+    anna().leave();
+  }
+  static std::string held(const std::string& client) {
+    return anna().value("select group_concat(Yr) from SuitePresence where Code_No='" + client +
+                        '\'');
+  }
+  static std::string told(Station& station) {
+    std::string texts;
+    for (const auto& each : station.dialogs.takeMessages()) texts += each.message.text + '\n';
+    return texts;
+  }
+  // Ben opens the year, and enters a line if it can be had.
+  static void openedByBen(const std::string& client, int firstYear, Answer takeOver) {
+    ben().dialogs.queueAnswer(takeOver);
+    frmcrtb& editor = ben().open(client, firstYear);
+    EXPECT_NE(told(ben()).find("open at"), std::string::npos);
+    EXPECT_EQ(editor.txtpart.enabled(), takeOver == Answer::Yes);
+    if (takeOver == Answer::Yes) ben().enter("Of Ben", "RENT", "55");
+    ben().leave();
+  }
+  static std::string sumOf(const std::string& client, const std::string& table) {
+    return anna().value("select round(sum(amt)) from " + table + " where code_no='" + client +
+                        '\'');
+  }
 };
+
+TEST_F(YearsHeldTest, AYearThatIsMergedOver) {
+  addFilled("M1");
+  for (const Answer takesOver : {Answer::Yes, Answer::No}) {
+    const std::string client = takesOver == Answer::Yes ? "M2" : "M3";
+    SCOPED_TRACE(client);
+    anna().addYear(client, 2008);
+    third& form = choose(anna(), &third::mnumerge, client);
+    anna().dialogs.queueAnswer(Answer::Yes);
+    typeYear(form, 2008);
+    auto& deletion =
+        dynamic_cast<frmdelwhatinTB&>(*anna().context().openForms.find("frmdelwhatinTB"));
+    deletion.click(deletion.optMain[0]);
+    anna().dialogs.queueAnswer(Answer::Yes);
+    deletion.click(deletion.cmddelete);
+    ASSERT_TRUE(form.mergeList.shown());
+    EXPECT_EQ(held(client), "31032009");
+    openedByBen(client, 2008, takesOver);
+    told(anna());
+    form.flexgrid2.setCurrent(form.flexgrid2.find(1, "M1"));
+    anna().dialogs.queueAnswer(Answer::Yes);
+    // Whether to overwrite what Ben has entered.
+    if (takesOver == Answer::Yes) anna().dialogs.queueAnswer(Answer::No);
+    form.press(keys::Enter);
+    EXPECT_EQ(told(anna()).find("overwrite") != std::string::npos, takesOver == Answer::Yes);
+    EXPECT_EQ(sumOf(client, "TAB_1"), takesOver == Answer::Yes ? "55" : "8");
+    EXPECT_EQ(form.mergeList.shown(), takesOver == Answer::Yes);
+    form.press(keys::Escape);
+    EXPECT_EQ(held(client), "");
+  }
+  EXPECT_TRUE(anna().notices().empty());
+}
+
+// What Ben does while Anna is asked about the year that she makes.
+TEST_F(YearsHeldTest, AYearThatIsFilledFromTheOneBefore) {
+  const struct {
+    const char* question;
+    std::function<void(const std::string& client)> deed;
+    const char* sum;
+    const char* told;
+  } cases[] = {
+      {"load previous", [](auto& client) { openedByBen(client, 2009, Answer::No); }, "8", ""},
+      {"load previous", [](auto& client) { openedByBen(client, 2009, Answer::Yes); }, "55",
+       "Another station has had 2009-2010 meanwhile"},
+      {"Import Figures", [](auto& client) { openedByBen(client, 2009, Answer::Yes); }, "55",
+       "Another station has had 2009-2010 meanwhile"},
+      {"Import Figures",
+       [](auto& client) {
+         takeOver(client, "31032010", [&] {
+           ben().change("update master set f_yr='01042004',s_yr='31032005' where code_no='" +
+                        client + "' and s_yr='31032010'");
+         });
+       },
+       "", "Another station has had 2009-2010 meanwhile"},
+      {"Import Figures",
+       [](auto& client) {
+         ben().change("update master set f_yr='01042004',s_yr='31032005' where code_no='" + client +
+                      "' and s_yr='31032009'");
+       },
+       "", "Another station has deleted the previous year meanwhile"},
+  };
+  for (int number = 1; const auto& each : cases) {
+    const std::string client = "C" + std::to_string(number++);
+    SCOPED_TRACE(client);
+    addFilled(client);
+    third& form = choose(anna(), &third::mnucreate, client);
+    anna().dialogs.answering = [&](const Message& message) {
+      if (message.text.find(each.question) != std::string::npos) each.deed(client);
+      return Answer::Yes;
+    };
+    told(anna());
+    typeYear(form, 2009);
+    EXPECT_EQ(sumOf(client, "TAB_1"), each.sum);
+    const std::string texts = told(anna());
+    EXPECT_NE(texts.find(each.told), std::string::npos) << texts;
+    EXPECT_EQ(held(client), "");
+    EXPECT_TRUE(form.famyears.visible());
+    EXPECT_TRUE(anna().notices().empty());
+  }
+}
+
+TEST_F(YearsHeldTest, AYearThatIsReadAndDeleted) {
+  for (const std::string client : {"R1", "R2"}) {
+    SCOPED_TRACE(client);
+    anna().addYear(client, 2008);
+    anna().open(client, 2008);
+    anna().enter("Before", "RENT", "1");
+    ben().dialogs.queueAnswer(Answer::No);
+    frmcrtb& reading = ben().open(client, 2008);
+    EXPECT_EQ(reading.vsfm.rows(), 1);
+    anna().leave();
+    // The number of the table is given again to another year, or not.
+    const std::string of = " where code_no='" + client + '\'';
+    anna().change(client == "R1" ? "update master set f_yr='01042009',s_yr='31032010'" + of
+                                 : "delete from master" + of);
+    ben().practice().environment().lookAround();
+    EXPECT_NE(reading.lbllock.caption().find("has deleted the year"), std::string::npos);
+    EXPECT_FALSE(reading.txtpart.enabled());
+    EXPECT_EQ(reading.vsfm.rows(), 0) << "they may be another year's";
+    EXPECT_EQ(held(client), "");
+    ben().dialogs.takeMessages();
+    reading.click(reading.mnuinsert);
+    EXPECT_NE(told(ben()).find("does not exist any more"), std::string::npos);
+    if (client == "R1") {
+      // What passes the form is refused.
+      ben().change("insert into TAB_2 select 2,code_no,partid,allid,99,1 from TAB_2" + of);
+      EXPECT_EQ(sumOf(client, "TAB_2"), "1");
+      EXPECT_EQ(ben().notices().size(), 1U);
+    }
+    ben().leave();
+  }
+}
 
 TEST_F(YearsHeldTest, TheListKeepsTheYearThatIsChosen) {
   anna().addYear("L1", 2008);
