@@ -216,8 +216,14 @@ LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
 void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {
   if (held_.empty() || now - heard_ < interval) return;
   heard_ = now;
+  // A row that came back with an act that was taken back is heard of no more.
+  std::string years;
+  for (const auto& [year, hold] : held_) {
+    years += (years.empty() ? "('" : ",('") + unit_.escape(year.first) + "','" +
+             unit_.escape(year.second) + "')";
+  }
   unit_.executeAside("update SuitePresence set Heard=sysdate(6) where Station='" +
-                     unit_.escape(station_) + '\'' +
+                     unit_.escape(station_) + "' and (Code_No,Yr) in (" + years + ')' +
                      (undisturbed ? std::string() : std::string(" and ") + lately));
 }
 
