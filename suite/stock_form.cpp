@@ -262,16 +262,17 @@ void frmTrade::takenBack() {
   });
   logErrors("TAKENBACK", [&] { showLock(); });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
-  if (!txtamount.enabled()) return clearEntry();
+  const bool writing = txtamount.enabled();
   if (lastSave_.act == openForms().acts.number()) {
-    focus(txtamount);
+    if (writing) focus(txtamount);
     txtpart.setText(lastSave_.ledger);
     txtgroup.setText(lastSave_.group);
     txtamount.setText(lastSave_.amount);
     altered_ = lastSave_.altered;
-    lblhint.setCaption("The line was not saved. Enter tries again.");
+    lblhint.setCaption(writing ? "The line was not saved. Enter tries again."
+                               : "The line was not saved. It stays here to be read.");
   }
-  leaveMovedLine();
+  if (writing) leaveMovedLine();
 }
 
 void frmTrade::booksMoved(bool masters) {

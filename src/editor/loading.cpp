@@ -240,14 +240,15 @@ void frmcrtb::takenBack() {
   if (!visible()) return;
   lblsaved.setCaption("");
   showStored();
-  const auto year = saved && saved->altered ? saved->altered->year : books_.years.yearInView();
-  if (!saved || books_.locked(year)) return;
-  {
+  if (!saved) return;
+  const auto year = saved->altered ? saved->altered->year : books_.years.yearInView();
+  if (!books_.locked(year)) {
     const ScopedFlag leaving = entry_.leaving();
     focus(txtdrcr);
   }
   entry_.restore(*saved);
-  hint("The line was not saved. Enter tries again.");
+  hint(books_.locked(year) ? "The line was not saved. It stays here to be read."
+                           : "The line was not saved. Enter tries again.");
 }
 
 // Whoever works in another form is not asked about this one.
