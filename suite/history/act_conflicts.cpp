@@ -52,10 +52,11 @@ void ActInverse::addChangedLater(const Change& change, std::vector<std::string>&
   const std::string last = "(select max(if(x." + std::string(stands) +
                            ",x.row_from,x.row_till)) from " + change.table +
                            " for system_time all x where x.row_id=t.row_id)";
-  const RecordsetPtr rows =
-      unit_.query("select distinct " + name + ',' + last +
-                  ",(select concat(a.Command,', by ',a.Person) from SuiteAct a where a.At=" + last +
-                  ')' + begunRows(change) + " and not " + standsUnchanged(change) + some);
+  const RecordsetPtr rows = unit_.query(
+      "select distinct " + name + ',' + last +
+      ",(select concat(a.Command,', by ',substring_index(a.Person,'@',1)) from SuiteAct "
+      "a where a.At=" +
+      last + ')' + begunRows(change) + " and not " + standsUnchanged(change) + some);
   for (; !rows->EOF_(); rows->MoveNext()) {
     const std::string by = rows->text(2);
     found.push_back(sentence(rows->text(0) + " was changed since, at " +

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "suite/history/act_row.h"
+
 namespace quillet::suite {
 namespace {
 
@@ -26,8 +28,9 @@ void ActNotes::read(UnitOfWork& unit, const std::string& instants) {
       "select At,Station,Person,Form,Command,Reason,TakesBack from SuiteAct where At in (" +
       instants + ')');
   for (; !rows->EOF_(); rows->MoveNext()) {
-    notes_[instantFrom(rows->text(0))] = {rows->text(1), rows->text(2), rows->text(3),
-                                          rows->text(4), rows->text(5), instantFrom(rows->text(6))};
+    notes_[instantFrom(rows->text(0))] = {rows->text(1), shownPerson(rows->text(2)),
+                                          rows->text(3), rows->text(4),
+                                          rows->text(5), instantFrom(rows->text(6))};
   }
 }
 

@@ -11,6 +11,8 @@ std::string takenBackText(Instant instant) { return instant == 0 ? "" : instantT
 
 }  // namespace
 
+std::string shownPerson(const std::string& account) { return account.substr(0, account.find('@')); }
+
 ActRow ActRow::from(const Recordset& rows) {
   ActRow row;
   row.at = instantFrom(rows.text(0));

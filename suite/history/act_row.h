@@ -10,6 +10,9 @@
 
 namespace quillet::suite {
 
+// A person as others know them: "meera" for the account "meera@%" of a server.
+std::string shownPerson(const std::string& account);
+
 struct ActRow {
   Instant at = 0;
   std::string station;

@@ -76,7 +76,7 @@ void frmTakeBack::showActs() {
     const ActRow& row = act.row;
     const char* const state = act.takenBack ? "taken back" : row.takesBack != 0 ? "takes back" : "";
     vsf.addRow({localTime(row.at), row.command, row.form, row.client, yearIn(row.secondDate),
-                row.person, row.station, state},
+                shownPerson(row.person), row.station, state},
                ++id);
   }
   if (vsf.rows() > 0) vsf.setCurrent(1);

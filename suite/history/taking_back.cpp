@@ -24,7 +24,7 @@ bool changesYear(const ActRow& act, const std::string& table) {
 std::string wordsFor(const ActRow& act) {
   std::string text = act.command.empty() ? "A change outside of the forms" : act.command;
   if (!act.form.empty()) text += " (" + act.form + ')';
-  return text + ", " + localTime(act.at) + ", " + act.person;
+  return text + ", " + localTime(act.at) + ", " + shownPerson(act.person);
 }
 
 // Seen from the newest: what an act in effect takes back is not in effect.

@@ -55,7 +55,7 @@ std::vector<LockedYear> YearLockTable::read(const std::string& which) const {
                      secondDate,
                      rows->text(2),
                      rows->integer(3),
-                     {rows->text(4), rows->text(5), rows->text(6)}});
+                     {rows->text(4), shownPerson(rows->text(5)), rows->text(6)}});
   }
   return years;
 }

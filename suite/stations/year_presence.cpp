@@ -8,6 +8,7 @@
 #include "data/text.h"
 #include "data/year.h"
 #include "suite/history/act_log.h"
+#include "suite/history/act_row.h"
 
 namespace quillet::suite {
 namespace {
@@ -189,7 +190,8 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
                      year.second,
                      place.table,
                      place.number,
-                     {"", rows->text(5), rows->text(6), station.substr(0, station.find(':'))}});
+                     {"", shownPerson(rows->text(5)), localTime(instantFrom(rows->text(6))),
+                      station.substr(0, station.find(':'))}});
   }
   for (const auto& [year, hold] : held_) {
     // Before who has it in another table by now.

@@ -16,7 +16,7 @@ TEST_F(StationsTest, OneWritesInAYearAndTheOtherReads) {
 
   ben().dialogs.queueAnswer(Answer::No);
   frmcrtb& reading = ben().open("A1", 2008);
-  EXPECT_NE(reading.lbllock.caption().find("anna@"), std::string::npos);
+  EXPECT_NE(reading.lbllock.caption().find("by anna, "), std::string::npos);
   EXPECT_FALSE(reading.txtpart.enabled());
 
   // What is stored there is shown here, when a person comes back to the program.
@@ -43,14 +43,14 @@ TEST_F(StationsTest, WhoWasTakenOverDoesNotWriteOverWhatCameSince) {
   ben().dialogs.queueAnswer(Answer::Yes);
   frmcrtb& after = ben().open("B1", 2008);
   anna().practice().environment().lookAround();
-  EXPECT_NE(before.lbllock.caption().find("ben@"), std::string::npos);
+  EXPECT_NE(before.lbllock.caption().find("by ben, "), std::string::npos);
   ben().enter("Rent", "RENT", "30");
   // The line was altered from 100 meanwhile.
   before.txtamount.setText("150");
   before.focus(before.txtdrcr);
   before.press(keys::Enter);
   EXPECT_EQ(balance("B1", "Rent"), "130");
-  EXPECT_NE(before.lbllock.caption().find("ben@"), std::string::npos);
+  EXPECT_NE(before.lbllock.caption().find("by ben, "), std::string::npos);
   before.close();
   after.close();
 }
