@@ -42,7 +42,8 @@ void ActKeeper::follow(Context& context) {
     };
   }
   log_.cause = [this] { return cause(); };
-  log_.onClockBehind = [this](const std::string& text) { tell(text); };
+  log_.onWrongClock = [this](const std::string& text) { tell(text); };
+  log_.lookAtClocks();
 }
 
 ActCause ActKeeper::cause() const {
@@ -61,7 +62,7 @@ void ActKeeper::leave() {
   context_->openForms.acts.onEnded = {};
   context_->openForms.acts.onProcedure = {};
   log_.cause = {};
-  log_.onClockBehind = {};
+  log_.onWrongClock = {};
   context_ = nullptr;
   unit_.follow([] { return false; });
   unit_.onKept = {};

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "data/text.h"
@@ -14,7 +15,7 @@
 namespace quillet::suite {
 namespace {
 
-// A clock that is so far behind is wrong; less may be its daily correction.
+// A clock that is so far off is wrong; less may be its daily correction.
 constexpr Instant noticed = 60LL * 1'000'000;
 
 std::string accountName() {
@@ -75,14 +76,8 @@ bool ActLog::changesOthers(const std::string& sql, const std::string& table) con
 void ActLog::begin() {
   readLast();
   hash_.clear();
-  const Instant clock = now();
-  if (clock + noticed < last_ && !std::exchange(toldOfClock_, true) && onClockBehind) {
-    onClockBehind("The clock of this computer stands at " + localTime(clock) +
-                  ", before the last change of the books at " + localTime(last_) +
-                  ". Changes are logged in their right order, but with that time. Please set the"
-                  " clock.");
-  }
-  instant_ = std::max(clock, last_ + 1);
+  compareClocks();
+  instant_ = std::max(shared_ ? serverClock_ : now(), last_ + 1);
   tables_.clear();
   endsRows_ = movesRows_ = false;
   digest_ = Digest();
@@ -90,13 +85,37 @@ void ActLog::begin() {
   database_.executeLater("set timestamp=" + timestampNumber(instant_));
 }
 
-// Other stations of a server may have gone on.
+// On a server whoever's clock is wrong is told, and nobody else: acts have the server's.
+void ActLog::compareClocks() {
+  const Instant clock = now();
+  const bool wrong = shared_ ? std::abs(clock - serverClock_) > noticed : clock + noticed < last_;
+  if (!wrong || !onWrongClock || std::exchange(toldOfClock_, true)) return;
+  onWrongClock("The clock of this computer stands at " + localTime(clock) +
+               (shared_ ? ", that of the database server at " + localTime(serverClock_) +
+                              ". Changes are logged with the server's time. Please set the clock"
+                              " that is wrong."
+                        : ", before the last change of the books at " + localTime(last_) +
+                              ". Changes are logged in their right order, but with that time."
+                              " Please set the clock."));
+}
+
+void ActLog::lookAtClocks() {
+  if (!keeps_ || !shared_) return;
+  readLast();
+  compareClocks();
+}
+
+// Other stations of a server may have gone on. Its clock comes with the same request, whatever the
+// session's timestamp is set to.
 void ActLog::readLast() {
   if (last_ >= 0 && !shared_) return;
-  const RecordsetPtr row =
-      database_.query("select At, Hash from SuiteAct order by At desc limit 1");
-  last_ = row->EOF_() ? 0 : instantFrom(row->text(0));
-  lastHash_ = row->EOF_() ? std::string() : row->text(1);
+  const RecordsetPtr row = database_.query(
+      "select a.At,a.Hash,sysdate(6) from (select 1) as one left join (select At,Hash from "
+      "SuiteAct "
+      "order by At desc limit 1) as a on true");
+  last_ = row->field(0) ? instantFrom(row->text(0)) : 0;
+  lastHash_ = row->field(1) ? row->text(1) : std::string();
+  serverClock_ = instantFrom(row->text(2));
 }
 
 // What changes the books of several clients is nobody's in particular, what changes several years

@@ -3,8 +3,8 @@
 // hash over that and the row before. The rows that the act began or ended carry its instant, so
 // that the log says of every version who made it.
 //
-// Instants rise whatever the clock of the computer does: a row that began later than it ends would
-// leave no history.
+// On a server they all have its clock. Instants rise whatever the clock does: a row that began
+// later than it ends would leave no history.
 #pragma once
 
 #include <functional>
@@ -53,8 +53,11 @@ class ActLog {
 
   // Asked for each act. What the act changed decides which year it is.
   std::function<ActCause()> cause;
-  // Told once when the clock of the computer stands well before the last act.
-  std::function<void(const std::string& text)> onClockBehind;
+  // Told once when the clock of the computer stands well before the last act, or on a server when
+  // it differs from the server's.
+  std::function<void(const std::string& text)> onWrongClock;
+  // Looks for that ahead of the first act.
+  void lookAtClocks();
 
   // To be called ahead of each statement of a transaction; the first one that changes a versioned
   // table fixes the instant.
@@ -86,11 +89,12 @@ class ActLog {
   // is logged under that command, but cannot be taken back as one act.
   void alone(const std::string& command, const std::function<void()>& work);
 
-  // The time comes from here.
+  // The time of this computer comes from here.
   std::function<Instant()> now = instantNow;
 
  private:
   void begin();
+  void compareClocks();
   void readLast();
   bool changesOthers(const std::string& sql, const std::string& table) const;
   ActCause describe() const;
@@ -102,6 +106,7 @@ class ActLog {
   const bool shared_;
   Instant last_ = -1;           // of the last act, -1 when not read yet
   std::string lastHash_;        // and its hash
+  Instant serverClock_ = 0;     // as it stood when they were read
   mutable std::string person_;  // once it was asked of a server
   bool toldOfClock_ = false;
   Instant instant_ = 0;  // of the transaction that is open
