@@ -4,6 +4,7 @@
 #include "app/new_folder.h"
 #include "app/run_backup.h"
 #include "app/start_questions.h"
+#include "desktop/ending_signals.h"
 #include "desktop/practice_menu.h"
 #include "desktop/station_watch.h"
 #include "suite/calc_spreadsheet.h"
@@ -24,6 +25,7 @@ int runApplication(desktop::Application& application, const suite::DataFolder& f
   suite::Practice practice(folder, application, clock, askingPolicy(application.dialogs()));
   desktop::PracticeMenu menu(practice, application);
   const desktop::StationWatch watch(practice, application);
+  const desktop::EndingSignals ending;
   application.follow(practice.context().openForms);
   practice.forms().ObjThird()->show();
   if (!firstMessage.empty()) {

@@ -11,9 +11,11 @@
 #include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTimer>
+#include <csignal>
 #include <set>
 
 #include "desktop/desktop_test.h"
+#include "desktop/ending_signals.h"
 #include "desktop/help_topics.h"
 #include "desktop/help_window.h"
 #include "desktop/text.h"
@@ -51,6 +53,14 @@ TEST_F(DialogsTest, MessageBoxesAnswerToTheirKeys) {
         {"Confirm ?", "Delete", one.buttons, Icon::question, one.defaultAnswer});
     EXPECT_EQ(answer, one.answer) << "key " << one.key;
   }
+}
+
+TEST_F(DialogsTest, ARequestToEndClosesWhatIsAskedAndTheProgram) {
+  const EndingSignals ending;
+  whenAsked([] { std::raise(SIGTERM); });
+  const Message question{"Delete ?", "", Buttons::YesNo, Icon::question, Answer::Yes};
+  EXPECT_EQ(theApplication().dialogs().MsgBox(question), Answer::No);
+  EXPECT_EQ(QApplication::exec(), 0);
 }
 
 // Through the toolkit's own frames an exception would end the program.
