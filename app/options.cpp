@@ -69,6 +69,10 @@ Options parseOptions(int argc, const char* const* argv) {
   CLI::App* check = app.add_subcommand("check", "Examines the books of all clients and years");
   CLI::Option* mend = check->add_flag("--mend", options.mend, "Mends what can be mended");
   check->add_flag("--yes", options.yes, "Without asking first")->needs(mend);
+  check
+      ->add_flag("--backed-up", options.backedUp,
+                 "The books are on a server, and were backed up there")
+      ->needs(mend);
 
   CLI::App* backup =
       app.add_subcommand("backup", "Writes a backup of the data folder, also while it is open");

@@ -30,8 +30,9 @@ struct Options {
 
   bool open = false;  // restore: opens the window afterwards
 
-  bool mend = false;  // check: mends what can be mended
-  bool yes = false;   // check: without asking first
+  bool mend = false;      // check: mends what can be mended
+  bool backedUp = false;  // check: books on a server were backed up there
+  bool yes = false;       // check: without asking first
 
   std::string account;                 // server-init, server-account: the station's
   std::filesystem::path passwordFile;  // and the file with its password

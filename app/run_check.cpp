@@ -72,10 +72,11 @@ bool confirmed(const Options& options) {
   return answer == "y" || answer == "Y" || answer == "yes";
 }
 
-void mend(suite::Practice& practice) {
+void mend(suite::Practice& practice, bool backedUp) {
   const MovingLine line("Mending the books:");
   std::cout << check::summaryOf(check::mendBooks(
-                   practice, [&] { return check::backUpFirst(practice); }, std::cref(line)))
+                   practice, [&] { return check::backUpFirst(practice, backedUp); },
+                   std::cref(line)))
             << '\n';
 }
 
@@ -106,7 +107,7 @@ int checkFolder(const Options& options) {
     throw std::runtime_error("Nothing is mended in a database that was not examined to its end.");
   }
   if (options.mend && examination.mendable() > 0 && confirmed(options)) {
-    mend(practice);
+    mend(practice, options.backedUp);
     examination = examine(practice);
     std::cout << '\n' << suite::textOf(check::reportOf(examination, practice.service()));
   }

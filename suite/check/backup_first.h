@@ -7,8 +7,12 @@
 
 namespace quillet::suite::check {
 
-// Writes it where backups are kept and returns its file. Throws std::runtime_error with a message
-// for the user when it cannot be made.
-std::string backUpFirst(Practice& practice);
+// The books are on a database server, where whoever keeps it makes the backups.
+bool isBackedUpThere(Practice& practice);
+
+// Writes it where backups are kept and returns its file. Of books on a server nothing is written: a
+// person has said whether there is one (`madeThere`). Throws std::runtime_error with a message for
+// the user when there is none.
+std::string backUpFirst(Practice& practice, bool madeThere);
 
 }  // namespace quillet::suite::check

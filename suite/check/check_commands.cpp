@@ -64,8 +64,13 @@ void CheckCommands::offerMending() {
     return tell("To have the books mended, close every window but the first and check them again.",
                 Icon::information);
   }
-  Message question{"Do you want to mend what can be mended?\n\nA backup is made before.", title,
-                   Buttons::YesNo, Icon::question};
+  const std::string backup =
+      isBackedUpThere(practice_)
+          ? "The books are on a database server, and backups are made there. "
+            "Answer Yes only if they were backed up."
+          : "A backup is made before.";
+  Message question{"Do you want to mend what can be mended?\n\n" + backup, title, Buttons::YesNo,
+                   Icon::question};
   question.defaultAnswer = Answer::No;
   if (practice_.frontEnd().dialogs().MsgBox(question) == Answer::Yes) mend();
 }
@@ -76,7 +81,7 @@ void CheckCommands::mend() {
     {
       const ShownSteps steps(practice_.frontEnd(), "Mending the books....");
       mending = mendBooks(
-          practice_, [this] { return backUpFirst(practice_); }, std::cref(steps));
+          practice_, [this] { return backUpFirst(practice_, true); }, std::cref(steps));
     }
     tell(summaryOf(mending), mending.failed.empty() ? Icon::information : Icon::exclamation);
   } catch (const std::exception& error) {

@@ -105,6 +105,15 @@ TEST_F(ServerCommands, SetUpAPractice) {
   expectSaid(there + ' ' + script, 0, "");
   expectSaid("--data " + path("meera") + ' ' + script, 0, "");  // the settings name the server now
   expectSaid(there + " check", 0, "The books are sound");
+  // Only whoever keeps the server can back the books up.
+  for (const char* made : {"Mast_Part values(1,'Cash')", "TAB_2 values(1,'A1',1,1,-5,1)",
+                           "master(code_no,f_year_dt,s_year_dt,tbl_nm,count,f_yr,s_yr) values("
+                           "'A1','01/04/2008','31/03/2009','TAB_2',2,'01042008','31032009')"}) {
+    server.root().execute(std::string("insert into quillet.") + made);
+  }
+  expectSaid("--data " + path("meera") + " check --mend --yes", 2, "--mend --backed-up");
+  expectSaid("--data " + path("meera") + " check --mend --backed-up --yes", 1,
+             "The books of before");
   expectSaid("--server mariadb://a@b/c backup x.tar.zst", 2, "for data folders");
   expectSaid("--server 'mariadb://a:secret@b/c' " + script, 1, "A password does not stand");
 }
