@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "data/names.h"
 #include "suite/unit_of_work.h"
@@ -21,14 +22,19 @@ class LedgerNames {
   // neither, the ledger is created, if asked for, with the highest id that there ever was plus
   // one. 0 when that fails.
   long idOf(const std::string& name, bool create);
+  // Asks for all of these at once on a server, where the answers hold as long as this station has
+  // its turn. Nothing elsewhere.
+  void lookUp(const std::vector<std::string>& names);
   // To be called with every statement that the module executes.
   void statementSent(const std::string& sql);
   // The next look-up reads anew.
-  void forget() { loaded_ = false; }
+  void forget() { loaded_ = lookedUp_ = false; }
 
  private:
   std::optional<NamedId> find(const std::string& name, const std::string& cleaned);
   long create(const std::string& name);
+  long highestId();
+  bool hasTurn() const;
   void load();
   std::optional<NamedId> findAlike(const std::string& name);
 
@@ -38,6 +44,10 @@ class LedgerNames {
   std::unordered_map<long, std::string> names_;
   // The lowest id of each name; made when it is first asked for.
   std::unordered_map<std::string, long> byKey_;
+  bool lookedUp_ = false;
+  unsigned long lookedUpIn_ = 0;  // the transaction
+  std::unordered_map<std::string, std::optional<NamedId>> answers_;
+  long highest_ = 0;  // the last id that was given in it, 0 when it is not known
 };
 
 }  // namespace quillet::suite

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "ports/ledger_look_up.h"
 #include "suite/client_list_dialogs.h"
 #include "suite/data_folder.h"
 #include "suite/database.h"
@@ -18,7 +19,7 @@
 
 namespace quillet::suite {
 
-class Service : public ServiceObject {
+class Service : public ServiceObject, public LedgerLookUps {
  public:
   Service(const DataFolder& folder, Settings& settings, Database& database, UnitOfWork& unit,
           FrontEnd& frontEnd, Dialogs& dialogs);
@@ -96,6 +97,7 @@ class Service : public ServiceObject {
   std::string GetPart_MastPartId(long partId) override;
   long GetMax_MastPartId(const std::string& name) override;
   long GetMax_MastPartId(const std::string& name, bool create) override;
+  void lookUpLedgers(const std::vector<std::string>& names) override { ledgers_.lookUp(names); }
 
  private:
   const DataFolder& folder_;

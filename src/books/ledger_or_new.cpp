@@ -3,8 +3,14 @@
 #include <stdexcept>
 
 #include "data/names.h"
+#include "ports/ledger_look_up.h"
 
 namespace quillet {
+
+void lookUpLedgers(ServiceObject& host, const std::vector<std::string>& names) {
+  auto* const lookUps = dynamic_cast<LedgerLookUps*>(&host);
+  if (lookUps != nullptr && !names.empty()) lookUps->lookUpLedgers(names);
+}
 
 long ledgerOrNew(ServiceObject& host, const std::string& name) {
   const long id = host.GetMax_MastPartId(name);

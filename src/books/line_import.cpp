@@ -1,5 +1,6 @@
 #include "books/line_import.h"
 
+#include <algorithm>
 #include <set>
 #include <stdexcept>
 
@@ -33,7 +34,9 @@ bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
   PairBalances expected = balancesOf(standing_);
   std::set<LedgerGroup> entered;
   host_.objProgress().Max(static_cast<long>(lines.size()));
-  for (const ImportedLine& line : lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (i % ledgersAtOnce == 0) lookUpLedgers(lines, i);
+    const ImportedLine& line = lines[i];
     const LedgerGroup pair = pairOf(line);
     if (!entered.insert(pair).second) {
       throw std::runtime_error(line.ledger + " comes twice in one group.");
@@ -50,14 +53,23 @@ bool LineImport::enterAll(const std::vector<ImportedLine>& lines) {
   return true;
 }
 
+void LineImport::lookUpLedgers(const std::vector<ImportedLine>& lines, std::size_t from) {
+  std::vector<std::string> names;
+  for (std::size_t i = from; i < std::min(lines.size(), from + ledgersAtOnce); ++i) {
+    if (lines[i].partId == 0) names.push_back(lines[i].ledger);
+  }
+  quillet::lookUpLedgers(host_, names);
+}
+
 LedgerGroup LineImport::pairOf(const ImportedLine& line) {
   if (line.partId != 0) return {line.partId, line.allId};
   return {ledgerOrNew(host_, line.ledger), line.allId};
 }
 
 void LineImport::replace(LedgerGroup pair, const ImportedLine& line) {
-  for (const Line& standing : year_.linesOf(pair, TrialBalance::Spelling::editor)) {
-    year_.takeOut(standing, standing_);
+  // No other station changes them while the import has its turn.
+  for (const Line& standing : standing_) {
+    if (LedgerGroup{standing.partId, standing.allId} == pair) year_.takeOut(standing, standing_);
   }
   const Money balance = line.balance;
   if (balance.isZero() && line.zeroSide == 0) return;

@@ -44,6 +44,7 @@ class LineImport {
  private:
   bool enterAll(const std::vector<ImportedLine>& lines);
   void replace(LedgerGroup pair, const ImportedLine& line);
+  void lookUpLedgers(const std::vector<ImportedLine>& lines, std::size_t from);
   LedgerGroup pairOf(const ImportedLine& line);
 
   ServiceObject& host_;

@@ -58,12 +58,20 @@ ImportEnd VoucherImport::enterAll(const std::vector<VoucherToEnter>& vouchers,
 
 void VoucherImport::makeLedgers(const std::vector<VoucherToEnter>& vouchers) {
   made_.clear();
+  std::vector<std::string> names;
   for (const VoucherToEnter& each : vouchers) {
     for (std::size_t i = 0; i < each.voucher.lines.size(); ++i) {
       if (each.voucher.lines[i].pair.partId != 0) continue;
-      const auto [made, isNew] = made_.try_emplace(each.ledgers.at(i));
-      if (isNew) made->second = ledgerOrNew(host_, made->first);
+      if (made_.try_emplace(each.ledgers.at(i)).second) names.push_back(each.ledgers[i]);
     }
+  }
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (i % ledgersAtOnce == 0) {
+      const auto end = std::min(names.size(), i + ledgersAtOnce);
+      lookUpLedgers(host_, {names.begin() + static_cast<std::ptrdiff_t>(i),
+                            names.begin() + static_cast<std::ptrdiff_t>(end)});
+    }
+    made_[names[i]] = ledgerOrNew(host_, names[i]);
   }
 }
 

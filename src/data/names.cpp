@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "data/best_match.h"
 #include "data/text.h"
 
 namespace quillet {
@@ -139,16 +140,23 @@ bool sameName(std::string_view a, std::string_view b) { return nameKey(a) == nam
 
 std::optional<NamedId> bestMatch(Recordset& rows, std::string_view idField,
                                  std::string_view nameField, std::string_view name) {
-  std::optional<NamedId> best;
-  bool same = false;
+  std::vector<NamedId> found;
   for (; !rows.EOF_(); rows.MoveNext()) {
-    NamedId row{rows.integer(idField), rows.text(nameField)};
+    found.push_back({rows.integer(idField), rows.text(nameField)});
+  }
+  return bestMatch(found, name);
+}
+
+std::optional<NamedId> bestMatch(const std::vector<NamedId>& rows, std::string_view name) {
+  const NamedId* best = nullptr;
+  bool same = false;
+  for (const NamedId& row : rows) {
     if (row.name == name) return row;
     const bool isSame = !same && sameName(row.name, name);
-    if (!best || isSame) best = std::move(row);
+    if (best == nullptr || isSame) best = &row;
     same = same || isSame;
   }
-  return best;
+  return best == nullptr ? std::nullopt : std::optional(*best);
 }
 
 }  // namespace quillet
