@@ -109,7 +109,7 @@ void ActKeeper::look() {
 
 void ActKeeper::lookAgain(const std::string& reason) {
   try {
-    unit_.renewConnection();
+    unit_.renewConnection(Database::Waiting::no);
     unit_.turns()->look();
     readAnew();
     tell("The connection to the database server was lost, and is open again.");
@@ -117,6 +117,8 @@ void ActKeeper::lookAgain(const std::string& reason) {
   } catch (const std::exception& error) {
     if (std::exchange(lost_, true)) return;
     context_->openForms.onError("suite\tCONNECTION", std::runtime_error(reason));
+    // Nothing was asked for, so nothing was left undone.
+    trapped_.clear();
     tell("The connection to the database server is lost. " + sentence(error.what()) +
          " It is tried again by and by, and with whatever is done next.");
   }

@@ -51,6 +51,8 @@ constexpr Meaning meanings[] = {
 std::string explained(long number, const std::string& text) {
   const auto* found = std::ranges::find(meanings, number, &Meaning::number);
   if (found == std::end(meanings)) return text;
+  // What the library calls it tells a person nothing.
+  if (found->text == gone) return gone;
   return text + (text.ends_with('.') ? " " : ". ") + found->text;
 }
 

@@ -79,7 +79,9 @@ class UnitOfWork {
   void keep();
   // After an act that was taken back: the connection may have been lost by that. Throws
   // std::runtime_error when it cannot be opened again.
-  void renewConnection() { database_.renewConnection(); }
+  void renewConnection(Database::Waiting waiting = Database::Waiting::yes) {
+    database_.renewConnection(waiting);
+  }
   struct TakenBack {
     std::string reason;
     // The connection was lost in the commit, which a server may have done; wasStored() tells.
