@@ -23,6 +23,8 @@ class YearsHeldTest : public StationsTest {
   }
   static void typeYear(third& form, int firstYear) {
     form.focus(form.MaskEdBox1);
+    form.MaskEdBox1.clear();
+    form.MaskEdBox1.setCaret(0);
     for (const char digit : "0104" + std::to_string(firstYear)) form.press(static_cast<Key>(digit));
     form.press(keys::Enter);
     form.press(keys::Enter);
