@@ -179,7 +179,7 @@ void ClientConnection::send(const std::string& sql) {
 
 void ClientConnection::executeLater(const std::string& sql) {
   // What a server takes in one request is limited.
-  constexpr std::size_t most = 256 * 1024;
+  constexpr std::size_t most = 256UL * 1024;
   if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
   if (later_.empty()) laterSize_ = 0;
   later_.push_back(sql);

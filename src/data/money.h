@@ -23,9 +23,9 @@ class Money {
   // For the tables and for number formats: the nearest number, at any size.
   constexpr double rupees() const {
     constexpr std::int64_t exact = std::int64_t{1} << 53;
-    return -exact <= paise_ && paise_ <= exact
-               ? static_cast<double>(paise_) / 100
-               : static_cast<double>(paise_ / 100) + static_cast<double>(paise_ % 100) / 100;
+    if (-exact <= paise_ && paise_ <= exact) return static_cast<double>(paise_) / 100;
+    const std::int64_t whole = paise_ / 100;
+    return static_cast<double>(whole) + static_cast<double>(paise_ % 100) / 100;
   }
   constexpr bool isZero() const { return paise_ == 0; }
 
