@@ -24,6 +24,10 @@ ImportEnd LineImport::enter(const std::vector<ImportedLine>& lines, const std::v
   const ClientTable& books = year_.books();
   if (!Registry(host_).has(books.table, books.client)) return ImportEnd::yearGone;
   standing_ = year_.lines();
+  byPair_.clear();
+  for (const Line& line : standing_) {
+    byPair_.emplace(LedgerGroup{line.partId, line.allId}, line);
+  }
   if (standing_ != seen) return ImportEnd::booksOther;
   return enterAll(lines) ? ImportEnd::done : ImportEnd::stopped;
 }
@@ -68,9 +72,8 @@ LedgerGroup LineImport::pairOf(const ImportedLine& line) {
 
 void LineImport::replace(LedgerGroup pair, const ImportedLine& line) {
   // No other station changes them while the import has its turn.
-  for (const Line& standing : standing_) {
-    if (LedgerGroup{standing.partId, standing.allId} == pair) year_.takeOut(standing, standing_);
-  }
+  const auto [first, end] = byPair_.equal_range(pair);
+  for (auto each = first; each != end; ++each) year_.takeOut(each->second, standing_);
   const Money balance = line.balance;
   if (balance.isZero() && line.zeroSide == 0) return;
   year_.insert({.srno = serial_++,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,7 @@ class LineImport {
   ServiceObject& host_;
   TrialBalance year_;
   std::vector<Line> standing_;
+  std::multimap<LedgerGroup, Line> byPair_;  // the same
   long serial_ = 0;
 };
 
