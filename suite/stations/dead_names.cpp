@@ -16,22 +16,41 @@ bool namesLedgers(const std::string& table) {
          (table.starts_with("tab_") || table.starts_with("jrnl_") || table.starts_with("trade_"));
 }
 
-// The heads and groups of a raw-material binding. One that was gone before that day is bound since
-// then.
+// That the row `s` names what is not there, but was within a day before the act: what was gone
+// before that is named for long.
+std::string goneLately(const char* column, const std::string& master, const char* id, Instant at) {
+  const std::string named = std::string(" as n where n.") + id + "=s." + column;
+  return "(not exists(select 1 from " + master + named + ") and exists(select 1 from " + master +
+         " for system_time all" + named + " and n.row_till>'" + instantText(at - oneDay) + "'))";
+}
+
+// The heads and groups of a raw-material binding.
 bool bindsDeadNames(Database& database, const std::string& table, Instant at) {
-  const std::string since = '\'' + instantText(at - oneDay) + '\'';
-  const auto gone = [&](const char* column, const std::string& master, const char* id) {
-    const std::string named = std::string(" as n where n.") + id + "=s." + column;
-    return "(not exists(select 1 from " + master + named + ") and exists(select 1 from " + master +
-           " for system_time all" + named + " and n.row_till>" + since + "))";
-  };
-  std::string dead = gone("GrpSr", "RawMatGrpM", "GrpId");
+  std::string dead = goneLately("GrpSr", "RawMatGrpM", "GrpId", at);
   for (const char* group : {"OsGrpId", "PurGrpId", "CsGrpId"}) {
-    dead += " or " + gone(group, "Mast_AllGrp", "ALLID");
+    dead += " or " + goneLately(group, "Mast_AllGrp", "ALLID", at);
   }
   return !database
               .query("select 1 from `" + table + "` as s where s.row_from='" + instantText(at) +
                      "' and (" + dead + ") limit 1")
+              ->EOF_();
+}
+
+// Rows that came with the act, and rows that it moved to other ledgers and groups.
+bool entersDeadNames(Database& database, const std::string& table, Instant at) {
+  const std::string instant = '\'' + instantText(at) + '\'';
+  return !database
+              .query("(select 1 from `" + table + "` as s where " + insertedAt(table, at, true) +
+                     " and (not exists(select 1 from Mast_Part as p where p.PartId=s.PartId) or"
+                     " not exists(select 1 from Mast_AllGrp as g where g.ALLID=s.AllId) or"
+                     " not exists(select 1 from master as m where m.code_no=s.code_no and"
+                     " m.tbl_nm='TAB_" +
+                     yearSuffix(table) + "')) limit 1) union (select 1 from `" + table +
+                     "` for system_time all as e join `" + table +
+                     "` as s on s.row_id=e.row_id where e.row_till=" + instant +
+                     " and s.row_from=" + instant + " and (" +
+                     goneLately("PartId", "Mast_Part", "PartId", at) + " or " +
+                     goneLately("AllId", "Mast_AllGrp", "ALLID", at) + ") limit 1)")
               ->EOF_();
 }
 
@@ -62,18 +81,7 @@ void refuseDeadNames(Database& database, const ActLog& act) {
                          "station meanwhile. Please look at the lists, and bind it again.",
                          "Stations");
     }
-    if (!namesLedgers(table)) continue;
-    const bool dead =
-        !database
-             .query("select 1 from `" + table + "` as s where " +
-                    insertedAt(table, act.instant(), true) +
-                    " and (not exists(select 1 from Mast_Part "
-                    "as p where p.PartId=s.PartId) or not exists(select 1 from Mast_AllGrp as g "
-                    "where g.ALLID=s.AllId) or not exists(select 1 from master as m where "
-                    "m.code_no=s.code_no and m.tbl_nm='TAB_" +
-                    yearSuffix(table) + "')) limit 1")
-             ->EOF_();
-    if (dead) {
+    if (namesLedgers(table) && entersDeadNames(database, table, act.instant())) {
       throw RunTimeError(changedMeanwhile,
                          "The year, a ledger or a group of this entry was deleted or merged at "
                          "another station meanwhile. Please look at the lists, and enter it again.",

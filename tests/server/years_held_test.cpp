@@ -215,6 +215,28 @@ TEST_F(YearsHeldTest, WhatIsGoneIsNotBound) {
   EXPECT_TRUE(bind("7000,9700,0,0,0")) << "what old books have bound";
 }
 
+// Lines that stand there since days.
+TEST_F(YearsHeldTest, LinesAreNotMovedToWhatIsGone) {
+  anna().addYear("T1", 2008);
+  auto& root = books().server.root();
+  root.execute("set time_zone='+00:00', system_versioning_insert_history=1");
+  for (const char* line : {"1", "2"}) {
+    root.execute(std::string("insert into quillet.TAB_2(srno,code_no,partid,allid,amt,nid,row_from,"
+                             "row_till) select ") +
+                 line +
+                 ",'T1',min(PartId),971,5,1,now(6)-interval 2 day,'2038-01-19 03:14:07.999999' "
+                 "from quillet.Mast_Part");
+  }
+  ben().change("insert into Mast_AllGrp(ALLID,GID,ALLGRP,UserGrp) values(972,18,'Gone','Y')");
+  ben().change("delete from Mast_AllGrp where ALLID=972");
+  for (const char* change : {"amt=6", "allid=972", "partid=99999", "allid=27"}) {
+    anna().change(std::string("update TAB_2 set ") + change + " where code_no='T1' and srno=1");
+  }
+  EXPECT_EQ(anna().notices().size(), 1U) << "that of the group which is gone";
+  EXPECT_EQ(anna().value("select concat(amt,' ',allid) from TAB_2 where code_no='T1' and srno=1"),
+            "6 27");
+}
+
 TEST_F(YearsHeldTest, WhoseMappingIsEditedStaysAsItWasChosen) {
   frmgrpmas own(anna().context());
   own.INITDATA("A1");
