@@ -62,6 +62,13 @@ std::string passwordOfNew(ClientConnection& connection, const Options& options) 
              : newPassword(options.account, options.passwordFile);
 }
 
+// As a shell takes it for one word.
+std::string quoted(const std::string& text) {
+  std::string result = "'";
+  for (const char each : text) result += each == '\'' ? std::string("'\\''") : std::string(1, each);
+  return result + '\'';
+}
+
 void giveAccount(ClientConnection& connection, const ServerAddress& address,
                  const std::string& name, const std::string& password) {
   const bool isNew = !password.empty();
@@ -70,7 +77,7 @@ void giveAccount(ClientConnection& connection, const ServerAddress& address,
   station.user = name;
   std::cout << "The account " << name << (isNew ? " was made" : " keeps its password")
             << " and has the rights on the database " << address.database
-            << ". A station is started with:\n  quillet --server " << station.url() << '\n';
+            << ". A station is started with:\n  quillet --server " << quoted(station.url()) << '\n';
 }
 
 }  // namespace
@@ -156,9 +163,9 @@ void copyToServer(const Options& options) {
   keepSettings(folder, station);
   std::cout << "The documents went to " << station.root().string() << ". The folder "
             << folder.root().string()
-            << " is as it was; nobody is to work in it any more. Start Quillet with:\n  quillet"
-               " --data "
-            << station.root().string() << '\n';
+            << " is as it was; nobody is to work in it any more. Give each person an account:\n  "
+               "quillet server-account "
+            << quoted(options.to) << " NAME\n";
 }
 
 void copyToFolder(const Options& options) {

@@ -96,7 +96,7 @@ TEST_F(ServerCommands, SetUpAPractice) {
                               "grantee like '\\'kamal%' and privilege_type<>'USAGE'"));
   expectSaid("server-init " + keeper(server), 1, "tables already");
   expectSaid("server-account " + keeper(server) + " meera" + account, 0,
-             "--server mariadb://meera");
+             "--server 'mariadb://meera");
   expectSaid("server-account " + keeper(server) + " kamal", 0, "keeps its password");
   expectSaid("server-account " + keeper(server) + " nobody", 1, "needs a password");
 
