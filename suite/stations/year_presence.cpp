@@ -17,6 +17,13 @@ constexpr auto interval = std::chrono::seconds(30);
 // The clock of the server, whatever the session's timestamp is set to. Five beats may be missed.
 constexpr const char* lately = "Heard>sysdate(6)-interval 150 second";
 
+// As a lock tells since when it stands: "2026-11-22 16:45:00", local time.
+std::string localMoment(Instant instant) {
+  const std::string shown = localTime(instant);
+  return shown.substr(6, 4) + '-' + shown.substr(3, 2) + '-' + shown.substr(0, 2) +
+         shown.substr(10);
+}
+
 // Of one connection of one process.
 std::string ownName() {
   static std::atomic<int> connections = 0;
@@ -190,7 +197,7 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
                      year.second,
                      place.table,
                      place.number,
-                     {"", shownPerson(rows->text(5)), localTime(instantFrom(rows->text(6))),
+                     {"", shownPerson(rows->text(5)), localMoment(instantFrom(rows->text(6))),
                       station.substr(0, station.find(':'))}});
   }
   for (const auto& [year, hold] : held_) {

@@ -64,6 +64,20 @@ local function stored()
   return balances
 end
 
+-- Every version of the lines of a pair.
+local function versions(pair)
+  local client, year, name, group = pair:match("^(.-)\t(.-)\t(.-)\t(.*)$")
+  for _, of in ipairs(quillet.query("select tbl_nm as tab from master where code_no='" .. client ..
+    "' and f_yr='0104" .. year .. "'")) do
+    for _, row in ipairs(quillet.query("select t.srno,t.amt,t.nid,t.row_from as began,t.row_till " ..
+      "as till from " .. of.tab .. " for system_time all t join Mast_Part p on p.PartId=t.partid " ..
+      "join Mast_AllGrp g on g.ALLID=t.allid where t.code_no='" .. client ..
+      "' and p.Particular='" .. name .. "' and g.ALLGRP='" .. group .. "' order by began")) do
+      print("version", row.srno, row.amt, row.nid, row.began, row.till)
+    end
+  end
+end
+
 return function(paths)
   local deeds = deeds_of(paths)
   local expected, actual = play(deeds), stored()
@@ -73,6 +87,7 @@ return function(paths)
     if (actual[pair] or 0) ~= expected[pair] then
       wrong = wrong + 1
       print("wrong", pair, "expected", expected[pair], "stored", actual[pair])
+      versions(pair)
     end
   end
   for pair, amount in pairs(actual) do
