@@ -76,7 +76,13 @@ local function any_line(editor)
   return { row = row, ledger = ledger, group = group, paise = side == "CR" and -paise or paise }
 end
 
+-- What was refused stays in the fields, an alteration as one of its line.
+local function empty(editor)
+  if editor.txtpart.text ~= "" then editor:press("Escape") end
+end
+
 local function enter(editor, client, year)
+  empty(editor)
   local name, group, paise = ledger(), any(groups), math.random(100000)
   local side = any { "D", "C" }
   deed("enter", { { "add", client, year, name, group, side == "D" and paise or -paise } },
@@ -99,6 +105,7 @@ local function alter(editor, client, year)
 end
 
 local function delete(editor, client, year)
+  empty(editor)
   local line = any_line(editor)
   if not line then return end
   deed("delete", { { "add", client, year, line.ledger, line.group, -line.paise } }, function()
