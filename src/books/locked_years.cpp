@@ -31,9 +31,8 @@ std::string lockedSentence(const std::string& subject, const YearLock& lock) {
 std::string lockedText(const std::string& subject, const YearLock& lock) {
   if (lock.gone) {
     return "The trial balance of " + subject +
-           " does not exist any more, or not as it was opened here: another station has deleted "
-           "it, "
-           "or made it anew. Nothing was changed here.";
+           " does not exist any more, or not as it was opened here: another station has deleted"
+           " it, or made it anew. Nothing was changed here.";
   }
   if (!lock.station.empty() && !lock.reason.empty()) {
     return "The trial balance of " + subject +

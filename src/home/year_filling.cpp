@@ -72,11 +72,10 @@ bool YearEntry::DATA_TRANSFER(const RegisteredYear& previous) {
   form_.logErrors("DATA_TRANSFER", [&] {
     const bool figures = context_.MsgBox("Do you want to Import Figures also?", Buttons::YesNo,
                                          Icon::question, Answer::No) == Answer::Yes;
-    done = true;
-    if (!mayTakeOver(previous)) return;
-    done = false;
-    postAllMissing(*context_.host, context_.unposted);
-    creation_.copyLines(previous.table, figures);
+    if (mayTakeOver(previous)) {
+      postAllMissing(*context_.host, context_.unposted);
+      creation_.copyLines(previous.table, figures);
+    }
     done = true;
   });
   return done;

@@ -3,7 +3,9 @@
 #include <stdexcept>
 
 #include "suite/history/act_log.h"
+#include "suite/history/act_row.h"
 #include "suite/stations/turn.h"
+#include "suite/stations/year_presence.h"
 
 namespace quillet::suite {
 namespace {
@@ -29,13 +31,12 @@ bool knowsStations(Database& database) {
 void refuseOtherStations(Database& database, const std::string& purpose) {
   if (!knowsStations(database)) return;
   const RecordsetPtr rows = database.query(
-      "select distinct Person,substring_index(Station,':',1),Code_No,Yr from SuitePresence where "
-      "Heard>sysdate(6)-interval 150 second and not" +
-      std::string(ofSoleUse) + "order by Since");
+      "select distinct Person,substring_index(Station,':',1),Code_No,Yr from SuitePresence where " +
+      std::string(heardLately) + " and not" + ofSoleUse + "order by Since");
   std::string told;
   for (; !rows->EOF_(); rows->MoveNext()) {
-    told += (told.empty() ? "" : "; ") + rows->text(0) + " at " + rows->text(1) + " has " +
-            rows->text(2) + " open, the year that ends in " + rows->text(3).substr(4);
+    told += (told.empty() ? "" : "; ") + shownPerson(rows->text(0)) + " at " + rows->text(1) +
+            " has " + rows->text(2) + " open, the year that ends in " + rows->text(3).substr(4);
   }
   if (told.empty()) return;
   throw std::runtime_error("Others work on the books: " + told + ". " + purpose +

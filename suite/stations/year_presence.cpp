@@ -14,8 +14,7 @@ namespace quillet::suite {
 namespace {
 
 constexpr auto interval = std::chrono::seconds(30);
-// The clock of the server, whatever the session's timestamp is set to. Five beats may be missed.
-constexpr const char* lately = "Heard>sysdate(6)-interval 150 second";
+constexpr const char* lately = heardLately;
 
 // As a lock tells since when it stands: "2026-11-22 16:45:00", local time.
 std::string localMoment(Instant instant) {
