@@ -17,7 +17,7 @@ StationWatch::StationWatch(suite::Practice& practice, Application& application)
 }
 
 void StationWatch::look() {
-  if (application_.windows().performing()) return;
+  if (application_.windows().performing()) return practice_.environment().waitForPerson();
   practice_.environment().lookAround();
   application_.windows().refresh();
 }

@@ -58,6 +58,11 @@ class StandaloneEnvironment : public Environment {
   // To be called every few seconds, and when a person comes back to the program: shows what other
   // stations have stored, and tells them that this one is there.
   void lookAround();
+  // While a person thinks over a question in the midst of an act: others are told that this station
+  // is still there.
+  void waitForPerson() noexcept {
+    locks_.presence().beatOverQuestion(std::chrono::steady_clock::now());
+  }
   // Keeps the acts on the forms of that context from now on; null: none.
   void follow(Context* context);
   UnitOfWork& unit() { return unit_; }

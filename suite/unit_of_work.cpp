@@ -127,6 +127,15 @@ void UnitOfWork::executeAside(const std::string& sql) {
   settled([&] { database_.execute(sql); });
 }
 
+void UnitOfWork::executeIdle(const std::string& sql) {
+  if (shared_ && !open_) database_.execute(sql);
+}
+
+std::chrono::seconds UnitOfWork::turnTaken() const {
+  if (!open_) return {};
+  return std::chrono::ceil<std::chrono::seconds>(std::chrono::steady_clock::now() - begun_);
+}
+
 // Where a transaction is open the turn is taken already.
 void UnitOfWork::inTurn(const std::function<void()>& work) {
   if (open_ || !turns_) return work();
@@ -150,6 +159,7 @@ void UnitOfWork::begin() {
   wrote_ = wroteLog_ = wroteAside_ = false;
   ++transactions_;
   if (turns_) settled([&] { turns_->take(); });
+  begun_ = std::chrono::steady_clock::now();
 }
 
 void UnitOfWork::send(const std::string& sql) {

@@ -14,6 +14,7 @@
 // such statement, or each transaction that is sent as statements, is one by itself.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <set>
@@ -64,6 +65,11 @@ class UnitOfWork {
   // not matter to it. What is to be sent before goes with a query as one request.
   RecordsetPtr queryAside(const std::string& sql, const std::vector<std::string>& before = {});
   void executeAside(const std::string& sql);
+  // One of these while a person thinks over a question. An error of it does not concern the act; it
+  // is not sent while a transaction is open. Throws RunTimeError.
+  void executeIdle(const std::string& sql);
+  // How long the transaction that is open has had the turn; 0 when none is open.
+  std::chrono::seconds turnTaken() const;
   // Runs such statements while this station has the turn: what another one was storing is stored by
   // then, and nothing else is stored meanwhile.
   void inTurn(const std::function<void()>& work);
@@ -122,10 +128,11 @@ class UnitOfWork {
   bool wroteLog_ = false;  // its row in the log
   bool wroteAside_ = false;
   std::function<bool()> actRuns_ = [] { return false; };
-  bool committing_ = false;               // until the commit is known to be done
-  bool uncertain_ = false;                // the connection went in the commit
-  bool open_ = false;                     // a transaction is open
-  unsigned long transactions_ = 0;        // how many were begun
+  bool committing_ = false;         // until the commit is known to be done
+  bool uncertain_ = false;          // the connection went in the commit
+  bool open_ = false;               // a transaction is open
+  unsigned long transactions_ = 0;  // how many were begun
+  std::chrono::steady_clock::time_point begun_;
   std::optional<std::string> takenBack_;  // why, until the act is over
 };
 

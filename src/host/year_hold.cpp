@@ -3,6 +3,16 @@
 #include "books/locked_years.h"
 
 namespace quillet {
+namespace {
+
+bool wantsIt(Dialogs& dialogs, const std::string& subject, const YearLock& lock) {
+  return dialogs.MsgBox({lockedSentence(subject, lock) +
+                             "\r\n\r\nWhat is being entered there would not be stored "
+                             "any more.\r\n\r\nTake it over ? (No opens it to read.)",
+                         "", Buttons::YesNo, Icon::question, Answer::No}) == Answer::Yes;
+}
+
+}  // namespace
 
 std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                                         const std::function<std::string()>& subject,
@@ -20,19 +30,26 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
   const bool elsewhere = lock && !lock->station.empty() && lock->reason.empty();
   if (elsewhere && !asked_) {
     asked_ = true;
-    const Answer answer =
-        dialogs.MsgBox({lockedSentence(subject(), *lock) +
-                            "\r\n\r\nWhat is being entered there would not be stored "
-                            "any more.\r\n\r\nTake it over ? (No opens it to read.)",
-                        "", Buttons::YesNo, Icon::question, Answer::No});
-    if (answer == Answer::Yes) {
+    if (!locks->read.contains({client, secondDate}) && wantsIt(dialogs, subject(), *lock)) {
       locks->takeOver(client, secondDate);
       lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate, table);
     }
   }
   // Who takes the year over later is told, not asked.
   if (!lock || lock->gone) held_ = asked_ = true;
+  setReading(!held_ && lock && !lock->station.empty());
   return lock;
+}
+
+void YearHold::setReading(bool reading) {
+  if (reading == reading_) return;
+  reading_ = reading;
+  auto& years = locks_->read;
+  if (reading) {
+    years.emplace(client_, secondDate_);
+  } else {
+    years.erase(years.find({client_, secondDate_}));
+  }
 }
 
 void YearHold::take(YearLocks* locks, const std::string& client, const std::string& secondDate,
@@ -59,6 +76,7 @@ void YearHold::open(YearLocks* locks, const std::string& client, const std::stri
 bool YearHold::stale() const { return held_ && locks_->regained(client_, secondDate_) != regains_; }
 
 void YearHold::leave() {
+  setReading(false);
   if (held_) locks_->leave(client_, secondDate_);
   locks_ = nullptr;
   held_ = asked_ = regained_ = false;

@@ -21,8 +21,8 @@ class YearHold {
 
   // Why nothing of the year can be changed: it is locked, or another station has it. Else this one
   // has it from now on, and what is stored is to be read after this. Once for each opening a person
-  // is asked whether to take it over; `subject` names client and year for that. `table` is the
-  // trial balance's that the form works on.
+  // is asked whether to take it over, unless another form reads it already; `subject` names client
+  // and year for that. `table` is the trial balance's that the form works on.
   std::optional<YearLock> enter(YearLocks* locks, Dialogs& dialogs,
                                 const std::function<std::string()>& subject,
                                 const std::string& client, const std::string& secondDate,
@@ -40,11 +40,13 @@ class YearHold {
 
  private:
   void open(YearLocks* locks, const std::string& client, const std::string& secondDate);
+  void setReading(bool reading);
 
   YearLocks* locks_ = nullptr;  // null while no year is known
   std::string client_, secondDate_;
   bool held_ = false;
   bool asked_ = false;
+  bool reading_ = false;
   bool regained_ = false;
   unsigned regains_ = 0;  // of the year when it was entered last
 };

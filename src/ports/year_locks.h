@@ -5,7 +5,9 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillet {
@@ -67,6 +69,10 @@ class YearLocks {
   // What the running act changes of these years passes, and is logged with the reason. To be called
   // after the last question to a person.
   virtual void permit(const std::vector<LockedYear>& years, const std::string& reason) = 0;
+
+  // The years, client and second date, that a person reads at this station because another one has
+  // them, once for each form: the first of these has asked whether to take the year over.
+  std::multiset<std::pair<std::string, std::string>> read;
 };
 
 }  // namespace quillet

@@ -32,7 +32,7 @@ void refuseOtherStations(Database& database, const std::string& purpose) {
   if (!knowsStations(database)) return;
   const RecordsetPtr rows = database.query(
       "select distinct Person,substring_index(Station,':',1),Code_No,Yr from SuitePresence where " +
-      std::string(heardLately) + " and not" + ofSoleUse + "order by Since");
+      heardLately() + " and not" + ofSoleUse + "order by Since");
   std::string told;
   for (; !rows->EOF_(); rows->MoveNext()) {
     told += (told.empty() ? "" : "; ") + shownPerson(rows->text(0)) + " at " + rows->text(1) +

@@ -14,7 +14,6 @@ namespace quillet::suite {
 namespace {
 
 constexpr auto interval = std::chrono::seconds(30);
-constexpr const char* lately = heardLately;
 
 // As a lock tells since when it stands: "2026-11-22 16:45:00", local time.
 std::string localMoment(Instant instant) {
@@ -30,6 +29,10 @@ std::string ownName() {
 }
 
 }  // namespace
+
+std::string heardLately(std::chrono::seconds ofAct) {
+  return "Heard>sysdate(6)-interval " + std::to_string(150 + ofAct.count()) + " second";
+}
 
 YearPresence::YearPresence(UnitOfWork& unit)
     : unit_(unit),
@@ -47,7 +50,7 @@ std::string YearPresence::conditionOf(const Year& year) const {
 
 // Whoever was not heard of for too long comes back to a year that is not theirs.
 std::string YearPresence::deletionOfSilent(const Year& year) const {
-  return "delete from SuitePresence where " + conditionOf(year) + " and not " + lately;
+  return "delete from SuitePresence where " + conditionOf(year) + " and not " + heardLately();
 }
 
 std::string YearPresence::insertion(const Year& year) const {
@@ -174,7 +177,7 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
           unit_.escape(station_) +
           "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
           "where p." +
-          lately + " order by p.row_id",
+          heardLately(unit_.turnTaken()) + " order by p.row_id",
       before);
   std::set<Year> seen;
   present_.clear();
@@ -220,19 +223,33 @@ LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
           hold.place.number, {reason, "", "", "another station", hold.gone, hold.gone}};
 }
 
-// One that was silent for too long may have lost the year and does not know it.
-void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {
-  if (held_.empty() || now - heard_ < interval) return;
+// What tells of every year, also of those whose row came back with an act that was taken back; ""
+// while it is too early.
+std::string YearPresence::dueBeat(std::chrono::steady_clock::time_point now) {
+  if (held_.empty() || now - heard_ < interval) return {};
   heard_ = now;
-  // A row that came back with an act that was taken back is heard of no more.
   std::string years;
   for (const auto& [year, hold] : held_) {
     years += (years.empty() ? "('" : ",('") + unit_.escape(year.first) + "','" +
              unit_.escape(year.second) + "')";
   }
-  unit_.executeAside("update SuitePresence set Heard=sysdate(6) where Station='" +
-                     unit_.escape(station_) + "' and (Code_No,Yr) in (" + years + ')' +
-                     (undisturbed ? std::string() : std::string(" and ") + lately));
+  return "update SuitePresence set Heard=sysdate(6) where Station='" + unit_.escape(station_) +
+         "' and (Code_No,Yr) in (" + years + ')';
+}
+
+// One that was silent for too long may have lost the year and does not know it.
+void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {
+  const std::string sql = dueBeat(now);
+  if (!sql.empty()) unit_.executeAside(undisturbed ? sql : sql + " and " + heardLately());
+}
+
+void YearPresence::beatOverQuestion(std::chrono::steady_clock::time_point now) noexcept {
+  try {
+    const std::string sql = dueBeat(now);
+    if (!sql.empty()) unit_.executeIdle(sql + " and " + heardLately());
+  } catch (const std::exception&) {
+    // What the act does next finds out.
+  }
 }
 
 }  // namespace quillet::suite

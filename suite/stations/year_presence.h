@@ -18,8 +18,8 @@
 namespace quillet::suite {
 
 // Of a row that counts: by the clock of the server, whatever the session's timestamp is set to.
-// Five beats may be missed.
-inline constexpr const char* heardLately = "Heard>sysdate(6)-interval 150 second";
+// Five beats may be missed, and what an act takes from its turn on.
+std::string heardLately(std::chrono::seconds ofAct = {});
 
 class YearPresence {
  public:
@@ -52,6 +52,8 @@ class YearPresence {
   // Tells the other stations that this one is still there, when it is time to. `undisturbed`: none
   // of them has done anything since this one looked last, so a silence has lost nothing.
   void beat(bool undisturbed, std::chrono::steady_clock::time_point now);
+  // The same while a person thinks over a question in the midst of an act.
+  void beatOverQuestion(std::chrono::steady_clock::time_point now) noexcept;
 
  private:
   using Year = std::pair<std::string, std::string>;  // client, second date
@@ -73,6 +75,7 @@ class YearPresence {
   std::string deletionOfSilent(const Year& year) const;
   std::string insertion(const Year& year) const;
   std::string deletion(const Year& year) const;
+  std::string dueBeat(std::chrono::steady_clock::time_point now);
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 

@@ -4,7 +4,6 @@
 
 #include "data/errors.h"
 #include "server/stations_fixture.h"
-#include "suite/history/year_locks.h"
 
 namespace quillet::support {
 namespace {
@@ -139,28 +138,6 @@ TEST_F(StationsTest, AYearThatIsGoneTakesNoLines) {
   // The tables of the registry's schedules have other columns.
   anna().change("insert into Trade_Details(code_no) values('A1')");
   EXPECT_TRUE(anna().notices().empty());
-}
-
-TEST_F(StationsTest, WhoWasSilentForTooLongReadsAnew) {
-  anna().open("A1", 2008);
-  anna().enter("Asleep", "RENT", "1");
-  YearLocks& locks = *anna().practice().environment().yearLocks();
-  suite::YearPresence& presence = dynamic_cast<suite::YearLockTable&>(locks).presence();
-  auto later = std::chrono::steady_clock::now();
-  const auto sleep = [&](bool undisturbed) {
-    anna().practice().database().execute(
-        "update SuitePresence set Heard=sysdate(6)-interval 200 second");
-    presence.beat(undisturbed, later += std::chrono::minutes(5));
-  };
-  sleep(true);
-  EXPECT_FALSE(locks.find("A1", "31032009")) << "nobody has done anything";
-  sleep(false);
-  ben().open("A1", 2008);
-  ben().enter("Asleep", "RENT", "2");
-  ben().leave();
-  EXPECT_TRUE(locks.find("A1", "31032009")->lost);
-  anna().enter("Asleep", "RENT", "4");
-  EXPECT_EQ(balance("A1", "Asleep"), "7");
 }
 
 TEST_F(StationsTest, AYearThatWasTakenOverAndDeletedTakesNoLines) {

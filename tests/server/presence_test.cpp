@@ -1,0 +1,113 @@
+// How long a station has a year: it is heard of over questions too, and an act that takes long
+// loses nothing.
+#include <thread>
+
+#include "server/stations_fixture.h"
+#include "suite/history/year_locks.h"
+
+namespace quillet::support {
+namespace {
+
+using namespace std::chrono_literals;
+
+class PresenceTest : public StationsTest {
+ protected:
+  PresenceTest() : StationsTest("P1") {}
+  static YearLocks& locks() { return *anna().practice().environment().yearLocks(); }
+  static suite::YearPresence& presence() {
+    return dynamic_cast<suite::YearLockTable&>(locks()).presence();
+  }
+  // The time of Anna's watch, which goes on from test to test.
+  static std::chrono::steady_clock::time_point& later() {
+    static auto time = std::chrono::steady_clock::now();
+    return time;
+  }
+  // Every station was heard of last that many seconds ago.
+  static void setSilence(int seconds) {
+    ben().practice().database().execute("update SuitePresence set Heard=sysdate(6)-interval " +
+                                        std::to_string(seconds) + " second");
+  }
+  static int silence() {
+    return std::stoi(
+        ben().value("select max(timestampdiff(second,Heard,sysdate(6))) from "
+                    "SuitePresence where Code_No='P1'"));
+  }
+};
+
+TEST_F(PresenceTest, WhoWasSilentForTooLongReadsAnew) {
+  anna().open("P1", 2008);
+  anna().enter("Asleep", "RENT", "1");
+  const auto sleep = [&](bool undisturbed) {
+    setSilence(200);
+    presence().beat(undisturbed, later() += 5min);
+  };
+  sleep(true);
+  EXPECT_FALSE(locks().find("P1", "31032009")) << "nobody has done anything";
+  sleep(false);
+  ben().open("P1", 2008);
+  ben().enter("Asleep", "RENT", "2");
+  ben().leave();
+  EXPECT_TRUE(locks().find("P1", "31032009")->lost);
+  anna().enter("Asleep", "RENT", "4");
+  EXPECT_EQ(balance("P1", "Asleep"), "7");
+}
+
+TEST_F(PresenceTest, WhoThinksOverAQuestionIsThereAllTheTime) {
+  frmcrtb& editor = anna().open("P1", 2008);
+  anna().enter("Asked", "RENT", "1");
+  std::vector<int> silences;
+  anna().dialogs.answering = [&](const Message&) {
+    for (const int seconds : {140, 200}) {
+      setSilence(seconds);
+      presence().beatOverQuestion(later() += 31s);
+      silences.push_back(silence());
+    }
+    setSilence(0);
+    return Answer::Yes;
+  };
+  editor.vsfm.setCurrent(editor.vsfm.rows());
+  editor.click(editor.mnudelete);
+  ASSERT_EQ(silences.size(), 2U);
+  EXPECT_LT(silences[0], 100);
+  EXPECT_GE(silences[1], 200) << "another station may have had it meanwhile";
+  EXPECT_EQ(balance("P1", "Asked"), "");
+  EXPECT_TRUE(anna().notices().empty());
+}
+
+TEST_F(PresenceTest, AnActThatTakesLongLosesNothing) {
+  anna().open("P1", 2008);
+  for (const bool before : {false, true}) {
+    setSilence(before ? 151 : 149);
+    anna().act([&] {
+      anna().unit().execute("update TAB_2 set amt=amt where code_no='P1'");
+      anna().unit().execute("insert into TAB_2 select 900,'P1',min(PartId),1,5,1 from Mast_Part");
+      std::this_thread::sleep_for(2500ms);
+    });
+    EXPECT_EQ(anna().notices().size(), before ? 1U : 0U);
+    anna().leave();
+    anna().open("P1", 2008);
+  }
+  EXPECT_EQ(anna().value("select count(*) from TAB_2 where code_no='P1' and amt=5"), "1");
+}
+
+TEST_F(PresenceTest, WhoReadsAYearIsAskedOnceWhetherToTakeItOver) {
+  anna().open("P1", 2008);
+  const auto asked = [] {
+    long count = 0;
+    for (const auto& each : ben().dialogs.takeMessages()) {
+      count += each.message.text.find("Take it over ?") != std::string::npos ? 1 : 0;
+    }
+    return count;
+  };
+  for (int opening = 1; opening <= 2; ++opening) {
+    ben().dialogs.answering = [](const Message&) { return Answer::No; };
+    ben().open("P1", 2008);
+    EXPECT_EQ(asked(), 1) << opening;
+    ben().openJournal().close();
+    EXPECT_EQ(asked(), 0) << "the editor reads it";
+    ben().leave();
+  }
+}
+
+}  // namespace
+}  // namespace quillet::support
