@@ -89,6 +89,14 @@ void EntryFields::enable() {
   }
 }
 
+void EntryFields::goOnIn(Control& field) {
+  if (untouched()) return;
+  const std::string side = form_.txtdrcr.text();
+  const ScopedFlag unchecked = leaving();
+  form_.focus(field);
+  form_.txtdrcr.setText(side);
+}
+
 void EntryFields::empty() {
   for (TextBox* box : {&form_.txtpart, &form_.txtgroup, &form_.txtamount, &form_.txtdrcr}) {
     box->setText("");
@@ -108,7 +116,8 @@ EntryFields::Fields EntryFields::fields() const {
   return {
       {form_.txtpart.text(), form_.txtgroup.text(), form_.txtamount.text(), form_.txtdrcr.text()},
       altered_,
-      alteredGroup_};
+      alteredGroup_,
+      lookUp_.found(form_.txtpart.text())};
 }
 
 void EntryFields::restore(const Fields& fields) {
@@ -121,6 +130,7 @@ void EntryFields::restore(const Fields& fields) {
   alteredGroup_ = fields.alteredGroup;
   enable();
   lookUp_.forget();
+  if (fields.ledger != 0) lookUp_.know(part, fields.ledger);
 }
 
 void EntryFields::hideLists() {
@@ -132,7 +142,7 @@ void EntryFields::alter(const Entry& entry, const YearLine& line) {
   altered_ = line;
   enable();
   alteredGroup_ = entry.group;
-  lookUp_.know(entry.particular);
+  lookUp_.know(entry.particular, line.line.partId);
   form_.txtpart.setText(entry.particular);
   form_.txtgroup.setText(entry.group);
   form_.txtamount.setText(plainAmount(books_.host(), line.line.amount));
@@ -146,6 +156,38 @@ bool EntryFields::followAltered() {
                                   [&](const Line& line) { return isSame(line, altered_->line); });
   if (found != lines.end()) altered_->line = *found;
   return found != lines.end();
+}
+
+void EntryFields::followNames() {
+  if (untouched()) return;
+  say("");
+  followGroup();
+  followLedger();
+}
+
+void EntryFields::followLedger() {
+  const std::string before = form_.txtpart.text();
+  const long id = lookUp_.found(before);
+  if (id == 0) return;
+  const NameList::Entry* known = ledgers_.names().findId(id);
+  const std::string now = known ? known->name : books_.host().GetPart_MastPartId(id);
+  if (now == before) return;
+  if (now.empty()) {
+    lookUp_.forget();
+    lookLedgerUp();
+    return say("");
+  }
+  form_.txtpart.setText(now);
+  lookUp_.know(now, id);
+  say("The ledger \"" + before + "\" is called \"" + now + "\" now.");
+}
+
+// A line that is altered keeps its side in a group that is only called otherwise.
+void EntryFields::followGroup() {
+  if (!altered_ || !books_.groups.contains(altered_->line.allId)) return;
+  const std::string now = books_.groups.name(altered_->line.allId);
+  if (form_.txtgroup.text() == alteredGroup_) form_.txtgroup.setText(now);
+  alteredGroup_ = now;
 }
 
 // An altered line keeps its group whatever its ledger is called.
@@ -322,7 +364,7 @@ long EntryFields::ledgerId(const std::string& name) {
     form_.hint(chooseAnotherName);
     return 0;
   }
-  lookUp_.know({});
+  lookUp_.know({}, 0);
   const std::string known = books_.host().GetPart_MastPartId(id);
   if (!ledgers_.names().find(known)) ledgers_.add(known, id);
   return id;

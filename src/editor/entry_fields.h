@@ -31,6 +31,8 @@ class EntryFields {
   // The lists of names.
   void offerLedgers(NameList names) { ledgers_.fill(std::move(names)); }
   void offerGroups(const NameList& names) { groups_.fill(names); }
+  // The names were read anew: an entry whose ledger is called otherwise by now goes on with that.
+  void followNames();
   void hideLists();
 
   bool contains(const Control* control) const;
@@ -40,6 +42,8 @@ class EntryFields {
   void takeBack(Key& key);
   // Whether the year that is written to takes changes.
   void enable();
+  // Whoever was typing there goes on with what stands there.
+  void goOnIn(Control& field);
   void empty();
   // While it lives the entry is being given up: fields that are empty are no mistake.
   ScopedFlag leaving() { return ScopedFlag(leaving_); }
@@ -49,6 +53,7 @@ class EntryFields {
     std::array<std::string, 4> texts;
     std::optional<YearLine> altered;
     std::string alteredGroup;
+    long ledger = 0;  // that the name was found to be
   };
   Fields fields() const;
   void restore(const Fields& fields);
@@ -76,6 +81,8 @@ class EntryFields {
   void TXTDRCR_VALIDATE(bool& cancel);
   bool leftForGood() const;
   void lookLedgerUp();
+  void followLedger();
+  void followGroup();
   void say(const std::string& text);
   std::string standingHint() const;
   long ledgerId(const std::string& name);

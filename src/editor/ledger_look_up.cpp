@@ -7,7 +7,7 @@ namespace quillet {
 
 void LedgerLookUp::lookUp(const std::string& name, bool proposing) {
   if (name == name_) return;
-  know(name);
+  know(name, 0);
   std::string group;
   form_.logErrors("LOOKLEDGERUP", [&] { group = findGroup(proposing); });
   if (!proposing || (!form_.txtgroup.text().empty() && !proposes())) return;
@@ -17,14 +17,14 @@ void LedgerLookUp::lookUp(const std::string& name, bool proposing) {
 
 std::string LedgerLookUp::findGroup(bool proposing) {
   if (name_.empty()) return {};
-  const long id = ledgerNamed(books_.host(), name_);
-  isNew_ = id == 0;
+  id_ = ledgerNamed(books_.host(), name_);
+  isNew_ = id_ == 0;
   if (isNew_ || !proposing) return {};
-  return books_.groups.name(usualGroup(books_.host(), books_.years, books_.groups, id));
+  return books_.groups.name(usualGroup(books_.host(), books_.years, books_.groups, id_));
 }
 
 void LedgerLookUp::forget() {
-  know({});
+  know({}, 0);
   proposed_.clear();
 }
 

@@ -19,9 +19,11 @@ class LedgerLookUp {
   // proposes nothing.
   void lookUp(const std::string& name, bool proposing);
   // Takes the name for one that the master has.
-  void know(const std::string& name) { name_ = name, isNew_ = false; }
+  void know(const std::string& name, long id) { name_ = name, id_ = id, isNew_ = false; }
   void forget();
 
+  // The ledger that was looked up by that name, 0 when none was found.
+  long found(const std::string& name) const { return name == name_ ? id_ : 0; }
   // Whether that is the name looked up last, and the master has no such ledger.
   bool isNew(const std::string& name) const { return isNew_ && name == name_; }
   // The group field holds what was proposed.
@@ -33,6 +35,7 @@ class LedgerLookUp {
   frmcrtb& form_;
   OpenBooks& books_;
   std::string name_;
+  long id_ = 0;
   bool isNew_ = false;
   std::string proposed_;
 };

@@ -240,13 +240,14 @@ void frmcrtb::takenBack() {
   if (!visible()) return;
   lblsaved.setCaption("");
   showStored();
-  if (!saved) return;
+  if (!saved) return logErrors("TAKENBACK", [&] { entry_.followNames(); });
   const auto year = saved->altered ? saved->altered->year : books_.years.yearInView();
   if (!books_.locked(year)) {
     const ScopedFlag leaving = entry_.leaving();
     focus(txtdrcr);
   }
   entry_.restore(*saved);
+  logErrors("TAKENBACK", [&] { entry_.followNames(); });
   hint(books_.locked(year) ? "The line was not saved. It stays here to be read."
                            : "The line was not saved. Enter tries again.");
 }
@@ -260,11 +261,18 @@ void frmcrtb::booksMoved(bool masters) {
     LOADPARTICULARS();
     LOADGROUPS();
   }
+  Control* const typed = entry_.contains(active()) ? active() : nullptr;
   logErrors("BOOKSMOVED", [&] { books_.lookAtLocks(lbllock); });
   SETBUTTON();
   // Where nobody else may change the lines, only their names can have changed.
-  if (books_.mustBeReadAnew()) return showStored();
-  if (masters || books_.locked(books_.years.yearInView())) refreshShownLines();
+  if (books_.mustBeReadAnew()) {
+    showStored();
+  } else if (masters || books_.locked(books_.years.yearInView())) {
+    refreshShownLines();
+  }
+  if (masters) logErrors("BOOKSMOVED", [&] { entry_.followNames(); });
+  // A year that was lost may be had again by this: whoever was typing goes on.
+  if (typed != nullptr && typed != active() && typed->enabled()) entry_.goOnIn(*typed);
 }
 
 // --- views and settings -------------------------------------------------------------------------

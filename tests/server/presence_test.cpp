@@ -52,6 +52,27 @@ TEST_F(PresenceTest, WhoWasSilentForTooLongReadsAnew) {
   EXPECT_EQ(balance("P1", "Asleep"), "7");
 }
 
+TEST_F(PresenceTest, WhatWasTypedBeforeASilenceStays) {
+  frmcrtb& editor = anna().open("P1", 2008);
+  anna().enter("Lid", "RENT", "1");
+  for (const bool enters : {false, true}) {
+    Station::type(editor.txtpart, "Tea\r");
+    Station::type(editor.txtgroup, "RENT\r");
+    Station::type(editor.txtamount, "50\r");
+    setSilence(200);
+    ben().open("P1", 2008);
+    ben().enter("Lid", "RENT", "2");
+    ben().leave();
+    if (!enters) anna().practice().environment().lookAround();
+    EXPECT_EQ(editor.txtpart.text(), "Tea");
+    EXPECT_EQ(editor.txtamount.text(), "50.00");
+    EXPECT_EQ(editor.active(), &editor.txtdrcr);
+    Station::type(editor.txtdrcr, "D\r");
+    EXPECT_EQ(balance("P1", "Tea"), enters ? "100" : "50");
+  }
+  EXPECT_EQ(balance("P1", "Lid"), "5");
+}
+
 TEST_F(PresenceTest, WhoThinksOverAQuestionIsThereAllTheTime) {
   frmcrtb& editor = anna().open("P1", 2008);
   anna().enter("Asked", "RENT", "1");
@@ -80,14 +101,15 @@ TEST_F(PresenceTest, AnActThatTakesLongLosesNothing) {
     setSilence(before ? 151 : 149);
     anna().act([&] {
       anna().unit().execute("update TAB_2 set amt=amt where code_no='P1'");
-      anna().unit().execute("insert into TAB_2 select 900,'P1',min(PartId),1,5,1 from Mast_Part");
+      anna().unit().execute(
+          "insert into TAB_2 select 900,'P1',min(PartId),1,0.55,1 from Mast_Part");
       std::this_thread::sleep_for(2500ms);
     });
     EXPECT_EQ(anna().notices().size(), before ? 1U : 0U);
     anna().leave();
     anna().open("P1", 2008);
   }
-  EXPECT_EQ(anna().value("select count(*) from TAB_2 where code_no='P1' and amt=5"), "1");
+  EXPECT_EQ(anna().value("select count(*) from TAB_2 where code_no='P1' and amt=0.55"), "1");
 }
 
 TEST_F(PresenceTest, WhoReadsAYearIsAskedOnceWhetherToTakeItOver) {

@@ -1,0 +1,59 @@
+// Names that another station changes while they stand in the fields of an entry.
+#include "server/stations_fixture.h"
+
+namespace quillet::support {
+namespace {
+
+class RenamedTest : public StationsTest {
+ protected:
+  RenamedTest() : StationsTest("N1") {}
+  static void rename(const std::string& ledger, const std::string& name) {
+    ben().change("update Mast_Part set Particular='" + name + "' where Particular='" + ledger +
+                 '\'');
+  }
+  static void typeUpToSide(frmcrtb& editor, const char* ledger, const char* amount) {
+    if (ledger != nullptr) {
+      Station::type(editor.txtpart, std::string(ledger) + '\r');
+      Station::type(editor.txtgroup, "RENT\r");
+    }
+    Station::type(editor.txtamount, std::string(amount) + '\r');
+  }
+};
+
+TEST_F(RenamedTest, AnEntryGoesOnWithTheLedgerThatWasChosen) {
+  frmcrtb& editor = anna().open("N1", 2008);
+  anna().enter("First Name", "RENT", "100");
+  const auto lines = [] {
+    return anna().value(
+        "select group_concat(p.Particular,' ',t.amt order by p.Particular) from TAB_2 as t join "
+        "Mast_Part as p on p.PartId=t.partid where t.code_no='N1'");
+  };
+  // A new line.
+  typeUpToSide(editor, "First Name", "5");
+  rename("First Name", "Second Name");
+  anna().practice().environment().lookAround();
+  EXPECT_EQ(editor.txtpart.text(), "Second Name");
+  EXPECT_NE(editor.lblhint.caption().find("\"Second Name\" now"), std::string::npos);
+  Station::type(editor.txtdrcr, "D\r");
+  EXPECT_EQ(lines(), "Second Name 105");
+  // A line that is altered, and a name that is changed in the last moment.
+  editor.vsfm.setCurrent(1);
+  editor.doubleClick(editor.vsfm);
+  typeUpToSide(editor, nullptr, "300");
+  rename("Second Name", "Third Name");
+  ben().change("update Mast_AllGrp set ALLGRP='RENT PAID' where ALLGRP='RENT'");
+  Station::type(editor.txtdrcr, "D\r");
+  EXPECT_EQ(lines(), "Third Name 300");
+  EXPECT_TRUE(anna().notices().empty());
+  // One that is gone is new again.
+  ben().change("insert into Mast_Part values(950,'Short Lived')");
+  anna().practice().environment().lookAround();
+  Station::type(editor.txtpart, "Short Lived\r");
+  ben().change("delete from Mast_Part where PartId=950");
+  anna().practice().environment().lookAround();
+  EXPECT_NE(editor.lblhint.caption().find("New ledger \"Short Lived\""), std::string::npos);
+  ben().change("update Mast_AllGrp set ALLGRP='RENT' where ALLGRP='RENT PAID'");
+}
+
+}  // namespace
+}  // namespace quillet::support
