@@ -95,6 +95,27 @@ TEST_F(PresenceTest, WhoThinksOverAQuestionIsThereAllTheTime) {
   EXPECT_TRUE(anna().notices().empty());
 }
 
+TEST_F(PresenceTest, OnlyWhatWasAskedAboutIsDeleted) {
+  for (const bool stays : {false, true}) {
+    frmcrtb& editor = anna().open("P1", 2008);
+    anna().enter("Doomed", "RENT", "1");
+    editor.vsfm.setCurrent(editor.vsfm.rows());
+    anna().dialogs.answering = [&](const Message&) {
+      ben().dialogs.queueAnswer(Answer::Yes);
+      ben().open("P1", 2008);
+      ben().enter("Doomed", "RENT", "8");
+      if (!stays) ben().leave();
+      return Answer::Yes;
+    };
+    editor.click(editor.mnudelete);
+    anna().dialogs.answering = {};
+    EXPECT_EQ(balance("P1", "Doomed"), stays ? "18" : "9");
+    EXPECT_EQ(anna().dialogs.takeMessages().size(), 2U) << "the question, and what came of it";
+    ben().leave();
+    anna().leave();
+  }
+}
+
 TEST_F(PresenceTest, AnActThatTakesLongLosesNothing) {
   anna().open("P1", 2008);
   for (const bool before : {false, true}) {
