@@ -37,7 +37,7 @@ std::map<std::string, std::string> pairs(ClientConnection& connection, const std
 std::map<std::string, std::string> variables(ClientConnection& connection) {
   return pairs(connection,
                "show variables where variable_name in ('version','lower_case_table_names',"
-               "'max_allowed_packet','read_only','secure_timestamp','character_set_client',"
+               "'max_allowed_packet','read_only','secure_timestamp','enforce_storage_engine',"
                "'system_versioning_insert_history','wsrep_on','innodb_read_only','log_bin',"
                "'binlog_format')");
 }
@@ -136,6 +136,15 @@ ServerEntrance entranceTo(const ServerAddress& address, const Host& host,
   if (entrance.port == 0 && !equalIgnoringCase(host.name, "localhost")) entrance.port = usualPort;
   entrance.encrypted = !isThisMachine(host) || !address.authority.empty();
   entrance.authority = address.authority;
+// Ahead of the first question, so that it is answered wholly. Servers that are too old for the rest
+// take this as well.
+void beginSession(ClientConnection& connection) {
+  connection.executeLater("set names utf8mb4");
+  connection.executeLater(
+      "set session sql_select_limit=18446744073709551615,sql_big_selects=1"
+      "/*M!100100 ,max_statement_time=0*/");
+}
+
   return entrance;
 }
 
@@ -150,7 +159,10 @@ void prepareSession(ClientConnection& connection, unsigned answerSeconds, bool i
       "wait_timeout=2147483,"  // a practice stays open for days
       // Stations that wait for each other see what the other one has committed.
       "tx_isolation='READ-COMMITTED',innodb_lock_wait_timeout=30,tx_read_only=0,completion_type=0,"
-      "sql_safe_updates=0,sql_select_limit=default,system_versioning_asof=default,"
+      "idle_transaction_timeout=0,idle_write_transaction_timeout=0,"
+      "idle_readonly_transaction_timeout=0,lock_wait_timeout=86400,"
+      "sql_safe_updates=0,sql_auto_is_null=0,system_versioning_asof=default,"
+      "group_concat_max_len=1048576,max_sort_length=1024,div_precision_increment=4,"
       "max_statement_time=" +
       longest +
       // What was committed at another node is read at this one.
@@ -160,6 +172,7 @@ void prepareSession(ClientConnection& connection, unsigned answerSeconds, bool i
 // Throws RunTimeError or std::runtime_error that tells what is wrong with the host.
 ClientConnection enter(const ServerAddress& address, const Host& host,
                        const std::string& password) {
+    beginSession(connection);
   ClientConnection connection = ClientConnection::remote();
   try {
     connection.open(entranceTo(address, host, password));
@@ -224,9 +237,9 @@ std::vector<std::string> wrongSettings(ClientConnection& connection) {
   if (std::strtol(set["max_allowed_packet"].c_str(), nullptr, 10) < smallestPacket) {
     wrong.emplace_back("it takes short statements only: set max_allowed_packet=64M there");
   }
-  if (set["character_set_client"] != "utf8mb4") {
-    wrong.emplace_back(
-        "it does not take text as utf8mb4: remove skip-character-set-client-handshake there");
+  const std::string engine = lower(set["enforce_storage_engine"]);
+  if (!engine.empty() && engine != "innodb") {
+    wrong.emplace_back("it makes tables of another kind: remove enforce_storage_engine there");
   }
   if (set["secure_timestamp"] != "NO") {
     wrong.emplace_back("it keeps stations from dating their acts: set secure_timestamp=NO there");

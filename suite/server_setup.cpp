@@ -22,7 +22,7 @@ std::vector<std::string> settingsTold(ClientConnection& connection) {
       {"version", "10.11 or later"},
       {"lower_case_table_names", "1 or 2"},
       {"max_allowed_packet", "16M or more"},
-      {"character_set_client", "utf8mb4"},
+      {"enforce_storage_engine", "InnoDB or empty"},
       {"secure_timestamp", "NO"},
       {"read_only", "0"},
       {"innodb_read_only", "0"},

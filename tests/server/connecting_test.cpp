@@ -61,10 +61,9 @@ TEST_F(Connecting, TellsWhatIsWrongWithTheServer) {
   server.stop();
   expectTold(entrance, {"127.0.0.1", "Look whether the server runs"});
   server.start({"--lower-case-table-names=0", "--max-allowed-packet=1M", "--read-only=1",
-                "--skip-character-set-client-handshake", "--character-set-server=latin1",
-                "--secure-timestamp=YES"});
+                "--enforce-storage-engine=Aria", "--secure-timestamp=YES"});
   expectTold(entrance, {"lower_case_table_names=1", "max_allowed_packet=64M", "read-only",
-                        "skip-character-set-client-handshake", "secure_timestamp=NO"});
+                        "enforce_storage_engine", "secure_timestamp=NO"});
   server.stop();
   server.start({"--version=10.6.3-MariaDB"});
   expectTold(entrance, {"10.6.3-MariaDB", "10.11 or later"});
