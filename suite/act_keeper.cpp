@@ -93,34 +93,38 @@ void ActKeeper::showMovement() {
        " Quillet anew.");
 }
 
-void ActKeeper::look() {
-  if (context_ == nullptr || unit_.turns() == nullptr) return;
+bool ActKeeper::look() {
+  if (context_ == nullptr || unit_.turns() == nullptr) return true;
   Acts& acts = context_->openForms.acts;
-  if (acts.running()) return;
+  if (acts.running()) return true;
   const Act act(acts);
   try {
+    if (!unit_.answersSoon()) return false;
     unit_.turns()->look();
     readAnew();
     lost_ = false;
+    return true;
   } catch (const RunTimeError& error) {
-    lookAgain(error.what());
+    return lookAgain(error.what());
   }
 }
 
-void ActKeeper::lookAgain(const std::string& reason) {
+bool ActKeeper::lookAgain(const std::string& reason) {
   try {
-    unit_.renewConnection(Database::Waiting::no);
+    if (!unit_.renewConnectionSoon()) return false;
     unit_.turns()->look();
     readAnew();
     tell("The connection to the database server was lost, and is open again.");
     lost_ = false;
+    return true;
   } catch (const std::exception& error) {
-    if (std::exchange(lost_, true)) return;
+    if (std::exchange(lost_, true)) return false;
     context_->openForms.onError("suite\tCONNECTION", std::runtime_error(reason));
     // Nothing was asked for, so nothing was left undone.
     trapped_.clear();
     tell("The connection to the database server is lost. " + sentence(error.what()) +
          " It is tried again by and by, and with whatever is done next.");
+    return false;
   }
 }
 

@@ -26,14 +26,15 @@ class ActKeeper {
   void follow(Context& context);
   void leave();
   // Between acts, on a server: looks for what other stations have stored, and shows it. A
-  // connection that is lost is opened again.
-  void look();
+  // connection that is lost is opened again. Nobody asked for it, so nobody is kept waiting. False
+  // when the server cannot be reached, or has not answered yet.
+  bool look();
   // An error ended a procedure of the form that is called `where`.
   void trapped(const std::string& where, const std::exception& error);
 
  private:
   ActCause cause() const;
-  void lookAgain(const std::string& reason);
+  bool lookAgain(const std::string& reason);
   void begins(const std::string& form, const std::string& procedure);
   void showMovement();
   void readAnew();

@@ -1,5 +1,8 @@
 #include "suite/client_connection.h"
 
+#include <poll.h>
+#include <sys/socket.h>
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -124,11 +127,14 @@ ClientConnection::~ClientConnection() {
 }
 
 ClientConnection::ClientConnection(ClientConnection&& other) noexcept
-    : library_(other.library_), connection_(std::exchange(other.connection_, nullptr)) {}
+    : library_(other.library_),
+      connection_(std::exchange(other.connection_, nullptr)),
+      asked_(std::exchange(other.asked_, false)) {}
 
 ClientConnection& ClientConnection::operator=(ClientConnection&& other) noexcept {
   std::swap(library_, other.library_);
   std::swap(connection_, other.connection_);
+  std::swap(asked_, other.asked_);
   return *this;
 }
 
@@ -173,6 +179,7 @@ void ClientConnection::open(const ServerEntrance& entrance) {
 
 void ClientConnection::send(const std::string& sql) {
   if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+  if (asked_) takeAnswer();
   if (!later_.empty()) return sendAfterLater(sql);
   if (library_->send(connection_, sql.data(), sql.size()) != 0) failStatement();
 }
@@ -231,7 +238,35 @@ std::string ClientConnection::escape(const std::string& text) const {
 }
 
 unsigned long ClientConnection::number() const { return library_->connectionNumber(connection_); }
-bool ClientConnection::answers() { return library_->ping(connection_) == 0; }
+bool ClientConnection::answers() {
+  try {
+    if (asked_) takeAnswer();
+  } catch (const RunTimeError&) {
+    return false;
+  }
+  return library_->ping(connection_) == 0;
+}
+
+void ClientConnection::ask() {
+  constexpr std::string_view nothing = "do 0";
+  if (library_->begin(connection_, nothing.data(), nothing.size()) != 0) failStatement();
+  asked_ = true;
+}
+
+void ClientConnection::takeAnswer() {
+  asked_ = false;
+  if (library_->finish(connection_) != 0) failStatement();
+}
+
+bool ClientConnection::answered(std::chrono::milliseconds longest) {
+  if (!asked_) return true;
+  pollfd answer{library_->socket(connection_), POLLIN, 0};
+  if (poll(&answer, 1, static_cast<int>(longest.count())) == 0) return false;
+  takeAnswer();
+  return true;
+}
+
+void ClientConnection::giveUp() { shutdown(library_->socket(connection_), SHUT_RDWR); }
 
 void ClientConnection::failStatement() const { throw statementError(); }
 

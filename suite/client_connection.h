@@ -2,6 +2,7 @@
 // RunTimeError with the number and text of the server or of the client library.
 #pragma once
 
+#include <chrono>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -65,17 +66,27 @@ class ClientConnection {
   unsigned long number() const;
   bool answers();
 
+  // Asks a server elsewhere whether it is there. The answer is waited for by answered(), no longer
+  // than that, or by the next statement. Throw RunTimeError as a statement does.
+  void ask();
+  bool asked() const { return asked_; }
+  bool answered(std::chrono::milliseconds longest);
+  // Nothing waits for the other end any more: the connection is lost.
+  void giveUp();
+
  private:
   explicit ClientConnection(const ClientLibrary& library);
   [[noreturn]] void fail() const;
   [[noreturn]] void failStatement() const;
   RunTimeError statementError() const;
   void sendAfterLater(const std::string& sql);
+  void takeAnswer();
 
   const ClientLibrary* library_;
   st_mysql* connection_;
   std::vector<std::string> later_;
   std::size_t laterSize_ = 0;
+  bool asked_ = false;  // and the answer was not read yet
 };
 
 }  // namespace quillet::suite

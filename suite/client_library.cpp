@@ -54,6 +54,9 @@ ClientLibrary load() {
   loader.take(library.ping, "mysql_ping");
   loader.take(library.connectionNumber, "mysql_thread_id");
   loader.take(library.send, "mysql_real_query");
+  loader.take(library.begin, "mysql_send_query");
+  loader.take(library.finish, "mysql_read_query_result");
+  loader.take(library.socket, "mysql_get_socket");
   loader.take(library.storeRows, "mysql_store_result");
   loader.take(library.nextRows, "mysql_next_result");
   loader.take(library.freeRows, "mysql_free_result");
@@ -82,6 +85,9 @@ const ClientLibrary& embeddedClient() {
       mysql_ping,
       mysql_thread_id,
       mysql_real_query,
+      mysql_send_query,
+      mysql_read_query_result,
+      mysql_get_socket,
       mysql_store_result,
       mysql_next_result,
       mysql_free_result,

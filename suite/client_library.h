@@ -18,6 +18,9 @@ struct ClientLibrary {
   decltype(&mysql_ping) ping;
   decltype(&mysql_thread_id) connectionNumber;
   decltype(&mysql_real_query) send;
+  decltype(&mysql_send_query) begin;
+  decltype(&mysql_read_query_result) finish;
+  decltype(&mysql_get_socket) socket;
   decltype(&mysql_store_result) storeRows;
   decltype(&mysql_next_result) nextRows;
   decltype(&mysql_free_result) freeRows;

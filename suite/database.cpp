@@ -21,6 +21,8 @@ constexpr const char* charset = "utf8mb4";
 constexpr const char* withCollation = " character set utf8mb4 collate utf8mb4_uca1400_as_ci";
 constexpr long unknownDatabase = 1049;
 constexpr long accessDenied = 1044;
+// What nobody feels.
+constexpr std::chrono::milliseconds moment{300};
 
 // The server makes a table of a long list of values. That helps where rows are looked up by the
 // list; where each row is compared with it, the list as it stands is faster.
@@ -86,20 +88,23 @@ class Database::Impl {
   bool hasOurTables() { return hasTables(" and table_name in ('Mast_Part','suitecopy')"); }
 
   void connectWithin();
-  void connectTo(const Server& server);
+  void connectTo(const Server& server, const std::vector<SilentHost>& silent = {});
   void openBooks(const Server& server);
   // The server that connections go to; without one they go to the one within this process.
   void remember(const Server& server) {
     remote_ = server;
     remote_->mayBeNew = false;
   }
-  void renew(Waiting waiting);
+  void renew(Waiting waiting, const std::vector<SilentHost>& silent = {});
+  bool answersSoon();
+  bool renewSoon();
 
  private:
   // Without a server of our own there is one elsewhere.
   ClientConnection makeConnection() const {
     return server_ ? ClientConnection() : ClientConnection::remote();
   }
+  bool answered(std::chrono::milliseconds longest);
   bool isThere(const std::string& schema) {
     try {
       connection_.execute("use " + schema);
@@ -116,6 +121,10 @@ class Database::Impl {
   std::string lock_;  // on the schema, "" when it is not held
   bool keepsHistory_ = false;
   bool outOfReach_ = false;
+  std::chrono::steady_clock::time_point askedAt_;
+  HostProbe probe_;
+  bool anySilent_ = false;  // when hosts were looked for last
+  bool allAnswer_ = false;
 };
 
 Database::Database(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
@@ -134,9 +143,9 @@ void Database::Impl::connectWithin() {
   prepareHistory();
 }
 
-void Database::Impl::connectTo(const Server& server) {
+void Database::Impl::connectTo(const Server& server, const std::vector<SilentHost>& silent) {
   const ServerAddress& address = server.address;
-  ClientConnection before = std::exchange(connection_, logIn(address, server.password));
+  ClientConnection before = std::exchange(connection_, logIn(address, server.password, silent));
   try {
     holdSchema(address.database);
     openBooks(server);
@@ -180,7 +189,7 @@ void Database::Impl::openBooks(const Server& server) {
   useSchema(address.database);
 }
 
-void Database::Impl::renew(Waiting waiting) {
+void Database::Impl::renew(Waiting waiting, const std::vector<SilentHost>& silent) {
   if (!remote_) {
     if (connection_.answers()) return;
     connection_ = makeConnection();
@@ -194,7 +203,7 @@ void Database::Impl::renew(Waiting waiting) {
       std::chrono::steady_clock::now() + std::chrono::seconds(remote_->address.connectSeconds);
   while (true) {
     try {
-      connectTo(*remote_);
+      connectTo(*remote_, silent);
       outOfReach_ = false;
       return share();
     } catch (const WrongPassword&) {
@@ -204,6 +213,44 @@ void Database::Impl::renew(Waiting waiting) {
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
   }
+}
+
+bool Database::Impl::answersSoon() {
+  if (!remote_ || connection_.asked()) return !remote_ || answered(std::chrono::milliseconds(0));
+  connection_.ask();
+  askedAt_ = std::chrono::steady_clock::now();
+  return answered(moment);
+}
+
+bool Database::Impl::answered(std::chrono::milliseconds longest) {
+  const auto patience = std::chrono::seconds(remote_->address.answerSeconds);
+  if (connection_.answered(longest)) return true;
+  if (std::chrono::steady_clock::now() - askedAt_ < patience) return false;
+  connection_.giveUp();
+  return connection_.answered(longest);
+}
+
+// Where every host answered the last time, be it with a refusal, connecting keeps nobody waiting,
+// and asking first would be one aborted connection more.
+bool Database::Impl::renewSoon() {
+  std::vector<SilentHost> silent;
+  if (remote_ && !allAnswer_) {
+    const auto longest = anySilent_ ? std::chrono::milliseconds(0) : moment;
+    const auto known = probe_.silent(remote_->address, longest);
+    anySilent_ = !known || !known->empty();
+    if (!known) return false;
+    silent = *known;
+  }
+  allAnswer_ = false;
+  const auto begun = std::chrono::steady_clock::now();
+  try {
+    renew(Waiting::no, silent);
+  } catch (const std::exception&) {
+    allAnswer_ = silent.empty() && std::chrono::steady_clock::now() - begun < moment;
+    throw;
+  }
+  anySilent_ = false;
+  return true;
 }
 
 std::unique_ptr<Database> Database::openEmbedded(const std::filesystem::path& folder,
@@ -228,6 +275,8 @@ std::unique_ptr<Database> Database::connect(const Server& server) {
 
 void Database::share() { impl_->share(); }
 void Database::renewConnection(Waiting waiting) { impl_->renew(waiting); }
+bool Database::answersSoon() { return impl_->answersSoon(); }
+bool Database::renewConnectionSoon() { return impl_->renewSoon(); }
 bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
 void Database::executeLater(const std::string& sql) {

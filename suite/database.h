@@ -59,6 +59,13 @@ class Database : public Connection {
   enum class Waiting { no, yes };
   void renewConnection(Waiting waiting = Waiting::yes);
 
+  // Two for whoever does nothing meanwhile, on a server: neither waits for it longer than a moment.
+  // Whether it is there; false while it has not answered. Throws RunTimeError when it has not for
+  // as long as a statement may take, or when the connection is lost.
+  bool answersSoon();
+  // As renewConnection(); false while hosts may still answer.
+  bool renewConnectionSoon();
+
   // Whether its tables can keep the rows that were changed or deleted.
   bool keepsHistory() const;
 

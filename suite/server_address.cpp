@@ -168,6 +168,11 @@ bool isThisMachine(const ServerAddress::Host& host) {
                              [&](const char* name) { return equalIgnoringCase(host.name, name); });
 }
 
+unsigned portOf(const ServerAddress::Host& host) {
+  constexpr unsigned usual = 3306;
+  return host.port == 0 && !equalIgnoringCase(host.name, "localhost") ? usual : host.port;
+}
+
 std::string ServerAddress::place() const { return socket.empty() ? hostsText(hosts) : socket; }
 
 std::string ServerAddress::url() const {

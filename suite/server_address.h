@@ -44,6 +44,9 @@ std::string hostsText(const std::vector<ServerAddress::Host>& hosts);
 // Whether nothing that is sent there leaves this machine.
 bool isThisMachine(const ServerAddress::Host& host);
 
+// Where connections to it go; 0: to the server's socket on this machine.
+unsigned portOf(const ServerAddress::Host& host);
+
 // Throws as above when the database has a name that no statement may hold, or nobody is named.
 void validate(const ServerAddress& address);
 

@@ -16,7 +16,6 @@ namespace {
 
 using Host = ServerAddress::Host;
 
-constexpr unsigned usualPort = 3306;
 constexpr long smallestVersion = 1011;  // 10.11
 constexpr long smallestPacket = 16L << 20;
 constexpr long notReady = 1047;
@@ -97,8 +96,7 @@ std::string openingFault(const ServerAddress& address, const Host& host,
   if (const char* refused = refusal(error.number())) return refused + (" (" + text + ')');
   if (error.number() != 2026) {
     if (has("timed out") || has("timeout") || error.number() == 2013 || has("initial comm")) {
-      return "it does not answer within " + std::to_string(address.connectSeconds) +
-             " s. Look whether the server runs and can be reached (" + text + ')';
+      return noAnswerWithin(address.connectSeconds) + " (" + text + ')';
     }
     return text + ". Look whether the server runs and can be reached";
   }
@@ -132,10 +130,12 @@ ServerEntrance entranceTo(const ServerAddress& address, const Host& host,
     return entrance;
   }
   entrance.host = host.name;
-  entrance.port = host.port;
-  if (entrance.port == 0 && !equalIgnoringCase(host.name, "localhost")) entrance.port = usualPort;
+  entrance.port = portOf(host);
   entrance.encrypted = !isThisMachine(host) || !address.authority.empty();
   entrance.authority = address.authority;
+  return entrance;
+}
+
 // Ahead of the first question, so that it is answered wholly. Servers that are too old for the rest
 // take this as well.
 void beginSession(ClientConnection& connection) {
@@ -143,9 +143,6 @@ void beginSession(ClientConnection& connection) {
   connection.executeLater(
       "set session sql_select_limit=18446744073709551615,sql_big_selects=1"
       "/*M!100100 ,max_statement_time=0*/");
-}
-
-  return entrance;
 }
 
 // What the server proposes to its other users does not reach the books.
@@ -172,10 +169,10 @@ void prepareSession(ClientConnection& connection, unsigned answerSeconds, bool i
 // Throws RunTimeError or std::runtime_error that tells what is wrong with the host.
 ClientConnection enter(const ServerAddress& address, const Host& host,
                        const std::string& password) {
-    beginSession(connection);
   ClientConnection connection = ClientConnection::remote();
   try {
     connection.open(entranceTo(address, host, password));
+    beginSession(connection);
     const std::vector<std::string> wrong = wrongSettings(connection);
     if (!wrong.empty()) throw std::runtime_error(listed(wrong, "; "));
     prepareSession(connection, address.answerSeconds, variables(connection)["wsrep_on"] == "ON");
@@ -194,13 +191,19 @@ std::string listed(const std::vector<std::string>& texts, const char* between) {
   return text;
 }
 
-ClientConnection logIn(const ServerAddress& address, const std::string& password) {
+ClientConnection logIn(const ServerAddress& address, const std::string& password,
+                       const std::vector<SilentHost>& silent) {
   validate(address);
   std::vector<Host> hosts = address.hosts;
   if (!address.socket.empty()) hosts = {{.name = address.socket}};
   std::vector<std::string> faults;
   for (const Host& host : hosts) {
     const std::string told = "The database server " + hostsText({host});
+    if (const auto known = std::ranges::find(silent, host, &SilentHost::host);
+        known != silent.end()) {
+      faults.push_back(told + " cannot be used: " + known->fault + '.');
+      continue;
+    }
     try {
       return enter(address, host, password);
     } catch (const WrongPassword& error) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "suite/client_connection.h"
+#include "suite/host_probe.h"
 #include "suite/server_address.h"
 
 namespace quillet::suite {
@@ -19,8 +20,10 @@ class WrongPassword : public std::runtime_error {
 
 // A connection with the session set as the books need it; no database is in use yet. Connections
 // are encrypted and the server's certificate and name are checked, unless it is this machine.
-// Throws std::runtime_error that tells of each host what is to be done there.
-ClientConnection logIn(const ServerAddress& address, const std::string& password);
+// Throws std::runtime_error that tells of each host what is to be done there. Those that are known
+// to be silent are not tried.
+ClientConnection logIn(const ServerAddress& address, const std::string& password,
+                       const std::vector<SilentHost>& silent = {});
 
 // Whether the server at the other end still takes changes; false when the connection is lost.
 bool isReady(ClientConnection& connection);

@@ -87,7 +87,7 @@ SourceReader* StandaloneEnvironment::sourceReader() {
 void StandaloneEnvironment::lookAround() {
   const StationTurns* const turns = unit_.turns();
   const TurnCount before = turns != nullptr ? turns->known() : TurnCount();
-  acts_.look();
+  if (!acts_.look()) return;
   try {
     const bool undisturbed = turns != nullptr && turns->known() == before;
     locks_.presence().beat(undisturbed, std::chrono::steady_clock::now());

@@ -88,6 +88,9 @@ class UnitOfWork {
   void renewConnection(Database::Waiting waiting = Database::Waiting::yes) {
     database_.renewConnection(waiting);
   }
+  // Between acts, for whoever does nothing; as those of the database.
+  bool answersSoon() { return database_.answersSoon(); }
+  bool renewConnectionSoon() { return database_.renewConnectionSoon(); }
   struct TakenBack {
     std::string reason;
     // The connection was lost in the commit, which a server may have done; wasStored() tells.

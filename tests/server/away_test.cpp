@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <thread>
 
 #include "books/line_import.h"
 #include "server/long_line.h"
@@ -100,6 +101,66 @@ TEST_F(AwayTest, AServerThatIsAwayIsToldOnceAndKeepsNobodyWaiting) {
   Station::type(editor.txtdrcr, "D\r");
   EXPECT_TRUE(anna().notices().empty());
   EXPECT_EQ(anna().value("select count(*) from TAB_2 where amt=12"), "1");
+}
+
+// Its hosts drop what is sent to them. Whoever does nothing is kept waiting for no more than a
+// moment, and a station goes to the host that comes back.
+TEST_F(AwayTest, ASilentServerKeepsNobodyWaitingWhoDoesNothing) {
+  using Clock = std::chrono::steady_clock;
+  LongLine first(books().server.port());
+  LongLine second(books().server.port());
+  Station far(
+      "127.0.0.1:" + std::to_string(first.port()) + ",127.0.0.1:" + std::to_string(second.port()),
+      "ben", [](suite::Settings& settings) {
+        for (const char* limit : {"ConnectSeconds", "AnswerSeconds"}) {
+          settings.set("Server", limit, "1");
+        }
+      });
+  far.change("delete from TAB_2 where code_no='A1'");
+  frmcrtb& editor = far.open("A1", 2008);
+  // The texts that are told within that time, or up to the first one.
+  const auto looking = [&](std::chrono::seconds longest, bool toTheFirst) {
+    std::vector<std::string> told;
+    for (const auto end = Clock::now() + longest; Clock::now() < end;) {
+      const auto begun = Clock::now();
+      look(far);
+      EXPECT_LT(Clock::now() - begun, std::chrono::milliseconds(700));
+      for (std::string& each : far.notices()) told.push_back(std::move(each));
+      if (toTheFirst && !told.empty()) break;
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return told;
+  };
+  for (const int round : {1, 2}) {
+    typeHalf(far);
+    for (LongLine* line : {&first, &second}) line->fallSilent();
+    auto told = looking(std::chrono::seconds(4), false);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("does not answer within 1 s"), std::string::npos) << told[0];
+    (round == 1 ? second : first).fallSilent(false);
+    told = looking(std::chrono::seconds(10), true);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_NE(told[0].find("is open again"), std::string::npos) << told[0];
+    EXPECT_EQ(typed(editor), "Typed|RENT|12.00");
+    Station::type(editor.txtdrcr, "D\r");
+    EXPECT_TRUE(far.notices().empty());
+    EXPECT_EQ(far.value("select amt from TAB_2 as t join Mast_Part as p using(PartId) where "
+                        "p.Particular='Typed'"),
+              std::to_string(12 * round));
+  }
+  // What a person does while the answer to a look is awaited waits for it, and is told.
+  typeHalf(far);
+  for (LongLine* line : {&first, &second}) line->fallSilent();
+  look(far);
+  Station::type(editor.txtdrcr, "D\r");
+  const auto told = far.notices();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_NE(told[0].find("Nothing of the last step was stored"), std::string::npos) << told[0];
+  for (LongLine* line : {&first, &second}) line->fallSilent(false);
+  EXPECT_EQ(typed(editor), "Typed|RENT|12.00");
+  Station::type(editor.txtdrcr, "D\r");
+  EXPECT_TRUE(far.notices().empty());
+  far.leave();
 }
 
 TEST_F(AwayTest, ActsHaveTheServersTimeAndWhoeversClockIsWrongIsTold) {

@@ -1,5 +1,9 @@
 // The way in to a server, and what is told when there is none.
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -242,6 +246,41 @@ TEST_F(Connecting, FindsThePassword) {
   EXPECT_NE(std::string::npos, opened().find("not yours alone")) << opened();
   std::filesystem::permissions(file, std::filesystem::perms(0600));
   EXPECT_EQ("open", opened());
+}
+
+// One whose queue is full drops what would connect, one that listens and says nothing hangs.
+TEST(HostProbe, NamesTheHostsThatAreSilentAndKeepsNobodyWaiting) {
+  std::vector<int> sockets;
+  const auto made = [&] {
+    return sockets.emplace_back(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+  };
+  ServerAddress address;
+  address.connectSeconds = 1;
+  for (int i = 0; i < 2; ++i) {
+    sockaddr_in place{};
+    place.sin_family = AF_INET;
+    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof place;
+    auto* const plain = reinterpret_cast<sockaddr*>(&place);
+    const int listening = made();
+    ASSERT_EQ(bind(listening, plain, size) + listen(listening, i == 0 ? 0 : 16), 0);
+    getsockname(listening, plain, &size);
+    for (int client = 0; i == 0 && client < 4; ++client) connect(made(), plain, size);
+    address.hosts.push_back({"127.0.0.1", ntohs(place.sin_port)});
+  }
+  const std::vector<ServerAddress::Host> quiet = address.hosts;
+  address.hosts.push_back({"127.0.0.1", support::freePort()});  // refuses
+  HostProbe probe;
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(probe.silent(address, {}).has_value(), false);
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(200));
+  const auto silent = probe.silent(address, std::chrono::seconds(10));
+  ASSERT_TRUE(silent && silent->size() == 2);
+  for (std::size_t i = 0; i < 2; ++i) {
+    EXPECT_EQ((*silent)[i].host, quiet[i]);
+    EXPECT_EQ((*silent)[i].fault.find("it does not answer within 1 s"), 0U);
+  }
+  for (const int each : sockets) close(each);
 }
 
 TEST(ServerAddress, IsRefusedInWords) {

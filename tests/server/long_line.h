@@ -30,6 +30,8 @@ class LongLine {
     happens_ = std::move(happens);
     countdown_ = nth;
   }
+  // Nothing passes any more, nor comes back, and nobody is told; until it is told otherwise.
+  void fallSilent(bool silent = true) { silent_ = silent; }
   // The next commit stays on its way until it is let go.
   void hold() { holds_ = true; }
   bool holding() const { return holding_; }
@@ -48,6 +50,7 @@ class LongLine {
   std::atomic<Break> break_ = Break::none;
   std::function<void()> happens_;
   std::atomic<long> countdown_ = 0;
+  std::atomic<bool> silent_ = false;
   std::atomic<bool> holds_ = false;
   std::atomic<bool> holding_ = false;
   std::list<std::thread> serving_;

@@ -235,7 +235,10 @@ void RealServer::reap(int signal) {
 
 void RealServer::stop() { reap(SIGTERM); }
 void RealServer::kill() { reap(SIGKILL); }
-void RealServer::pause() { ::kill(process_, SIGSTOP); }
+void RealServer::pause() {
+  ::kill(process_, SIGSTOP);
+  waitpid(process_, nullptr, WUNTRACED);
+}
 void RealServer::resume() { ::kill(process_, SIGCONT); }
 
 std::string RealServer::log() const { return contents(folder_.path() / "log"); }
