@@ -1,5 +1,6 @@
 #include "app/run_script.h"
 
+#include <csignal>
 #include <iostream>
 
 #include "app/display.h"
@@ -20,7 +21,20 @@ constexpr int pauseMs = 200;
 
 QString toQt(const fs::path& path) { return desktop::toQt(path.string()); }
 
+// Asked to end, the program closes the books and leaves the years that it has open; asked again, it
+// ends at once.
+void endOnRequest() {
+  for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+    struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) continue;
+    action.sa_handler = script::Engine::endSoon;
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    sigaction(signal, &action, nullptr);
+  }
+}
+
 int play(script::Session& session, const Options& options) {
+  endOnRequest();
   const auto outcome = script::Engine(session).run(options.file, options.arguments);
   if (!outcome.message.empty()) std::cerr << outcome.message << '\n';
   return outcome.status;

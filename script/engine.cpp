@@ -1,5 +1,6 @@
 #include "script/engine.h"
 
+#include <csignal>
 #include <new>
 
 #include "script/call.h"
@@ -60,15 +61,26 @@ void endAgain(lua_State* state, lua_Debug*) {
 }
 
 // Ends the script and not the process, so that the database is closed properly.
-int exitScript(lua_State* state) {
-  const bool failed = lua_isboolean(state, 1) && lua_toboolean(state, 1) == 0;
-  lua_pushinteger(state, failed ? 1 : luaL_optinteger(state, 1, 0));
+int end(lua_State* state, lua_Integer status) {
+  lua_pushinteger(state, status);
   lua_setfield(state, LUA_REGISTRYINDEX, exitKey);
   lua_rawgeti(state, LUA_REGISTRYINDEX, LUA_RIDX_MAINTHREAD);
   lua_sethook(lua_tothread(state, -1), endAgain, LUA_MASKCOUNT, 1);
   lua_sethook(state, endAgain, LUA_MASKCOUNT, 1);
   lua_pushnil(state);
   return lua_error(state);
+}
+
+int exitScript(lua_State* state) {
+  const bool failed = lua_isboolean(state, 1) && lua_toboolean(state, 1) == 0;
+  return end(state, failed ? 1 : luaL_optinteger(state, 1, 0));
+}
+
+volatile std::sig_atomic_t endingSignal = 0;
+
+void endWhenAsked(lua_State* state, lua_Debug*) {
+  constexpr int ofSignals = 128;
+  if (endingSignal != 0) end(state, ofSignals + endingSignal);
 }
 
 void replaceExit(lua_State* state) {
@@ -110,6 +122,8 @@ std::string textOnTop(lua_State* state) {
 
 }  // namespace
 
+void Engine::endSoon(int signal) noexcept { endingSignal = signal; }
+
 void Engine::Closer::operator()(lua_State* state) const { lua_close(state); }
 
 Engine::Engine(Session& session) : state_(luaL_newstate()) {
@@ -132,6 +146,8 @@ Engine::Outcome Engine::run(const std::filesystem::path& file,
   lua_pushcfunction(state, addLine);
   if (luaL_loadfile(state, file.string().c_str()) != LUA_OK) return {1, textOnTop(state)};
   for (const std::string& argument : arguments) pushText(state, argument);
+  constexpr int often = 1'000;  // instructions
+  lua_sethook(state, endWhenAsked, LUA_MASKCOUNT, often);
   const int status = lua_pcall(state, static_cast<int>(arguments.size()), 0, 1);
   lua_sethook(state, nullptr, 0, 0);
   if (lua_getfield(state, LUA_REGISTRYINDEX, exitKey) == LUA_TNUMBER) {

@@ -23,6 +23,10 @@ class Engine {
   // `arguments` become the table `arg` and the script's `...`.
   Outcome run(const std::filesystem::path& file, const std::vector<std::string>& arguments);
 
+  // The handler of a signal that asks the program to end: the script ends as by os.exit, with 128
+  // and the signal as its status.
+  static void endSoon(int signal) noexcept;
+
  private:
   struct Closer {
     void operator()(lua_State* state) const;

@@ -128,7 +128,7 @@ void UnitOfWork::executeAside(const std::string& sql) {
 }
 
 void UnitOfWork::executeIdle(const std::string& sql) {
-  if (shared_ && !open_) database_.execute(sql);
+  if (shared_ && !open_ && database_.answersSoon()) database_.execute(sql);
 }
 
 std::chrono::seconds UnitOfWork::turnTaken() const {

@@ -148,10 +148,15 @@ TEST_F(AwayTest, ASilentServerKeepsNobodyWaitingWhoDoesNothing) {
                         "p.Particular='Typed'"),
               std::to_string(12 * round));
   }
-  // What a person does while the answer to a look is awaited waits for it, and is told.
+  // Neither does a question that stands wait; what a person does then waits for the answer, and is
+  // told.
   typeHalf(far);
   for (LongLine* line : {&first, &second}) line->fallSilent();
-  look(far);
+  const auto begun = Clock::now();
+  dynamic_cast<suite::YearLockTable&>(*far.practice().environment().yearLocks())
+      .presence()
+      .beatOverQuestion(begun + std::chrono::seconds(31));
+  EXPECT_LT(Clock::now() - begun, std::chrono::milliseconds(700));
   Station::type(editor.txtdrcr, "D\r");
   const auto told = far.notices();
   ASSERT_EQ(told.size(), 1U);
