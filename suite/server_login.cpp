@@ -101,8 +101,13 @@ std::string openingFault(const ServerAddress& address, const Host& host,
     return text + ". Look whether the server runs and can be reached";
   }
   if (has("expired")) {
-    return "its certificate has expired. Whoever keeps the server gives it a new one (" + text +
-           ')';
+    return "its certificate has expired. Whoever keeps the server gives it a new one, unless this"
+           " computer's clock is ahead (" +
+           text + ')';
+  }
+  if (has("not yet valid")) {
+    return "its certificate is not valid yet. Look whether this computer's clock is right (" +
+           text + ')';
   }
   if (has("not support") || has("not encrypted")) {
     return "it does not encrypt connections. Without that nothing is sent to another machine; set"

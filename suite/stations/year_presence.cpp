@@ -246,7 +246,7 @@ void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point 
 void YearPresence::beatOverQuestion(std::chrono::steady_clock::time_point now) noexcept {
   try {
     const std::string sql = dueBeat(now);
-    if (!sql.empty()) unit_.executeIdle(sql + " and " + heardLately());
+    if (!sql.empty() && unit_.answersSoon()) unit_.executeIdle(sql + " and " + heardLately());
   } catch (const std::exception&) {
     // What the act does next finds out.
   }

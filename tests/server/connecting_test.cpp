@@ -89,6 +89,7 @@ TEST_F(Connecting, ChecksTheCertificate) {
   };
   const Case cases[] = {
       {RealServer::encrypted(Certificates::Kind::expired), "has expired"},
+      {RealServer::encrypted(Certificates::Kind::future), "is not valid yet"},
       {RealServer::encrypted(Certificates::Kind::otherName), "is not for the name 127.0.0.1"},
       {{"--skip-ssl"}, "does not encrypt"},
   };

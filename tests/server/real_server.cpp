@@ -114,7 +114,7 @@ const Certificates& Certificates::shared() {
 }
 
 fs::path Certificates::of(Kind kind) const {
-  constexpr std::array names{"valid.pem", "expired.pem", "other-name.pem"};
+  constexpr std::array names{"valid.pem", "expired.pem", "future.pem", "other-name.pem"};
   return folder_.path() / names.at(static_cast<std::size_t>(kind));
 }
 
@@ -140,6 +140,16 @@ Certificates::Certificates() {
   sign(Kind::valid, "2", "IP:127.0.0.1,IP:127.0.0.2,DNS:localhost");
   sign(Kind::expired, "-1", "IP:127.0.0.1,DNS:localhost");
   sign(Kind::otherName, "2", "DNS:books.example");
+  // Only this command knows a beginning.
+  std::ofstream(path("index"));
+  std::ofstream(path("ca.conf")) << "[ca]\ndefault_ca=one\n[one]\ndefault_md=sha256\npolicy=any\n"
+                                    "rand_serial=yes\nx509_extensions=names\ndatabase="
+                                 << path("index") << "\nnew_certs_dir=" << folder_.path().string()
+                                 << "\n[any]\ncommonName=supplied\n"
+                                    "[names]\nsubjectAltName=IP:127.0.0.1\n";
+  openssl({"ca", "-batch", "-notext", "-config", path("ca.conf"), "-cert", authority().string(),
+           "-keyfile", path("authority.key"), "-in", path("request"), "-startdate",
+           "20900101000000Z", "-enddate", "20910101000000Z", "-out", of(Kind::future).string()});
 }
 
 // --- the server ---------------------------------------------------------------------------------

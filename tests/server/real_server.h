@@ -32,7 +32,7 @@ class Certificates {
   // Signed by nobody that the server's certificate goes by.
   std::filesystem::path stranger() const { return folder_.path() / "stranger.pem"; }
   std::filesystem::path key() const { return folder_.path() / "server.key"; }
-  enum class Kind { valid, expired, otherName };
+  enum class Kind { valid, expired, future, otherName };
   std::filesystem::path of(Kind kind) const;
 
  private:
