@@ -45,7 +45,7 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       unit_(database, &log_),
       locks_(database, unit_, log_, clock),
       takingBack_(unit_, log_, locks_),
-      dialogs_(unit_, frontEnd.dialogs()),
+      dialogs_(unit_, locks_.presence(), frontEnd.dialogs()),
       fileRemoval_(unit_, folder.documents(), folder.keptFiles()),
       disk_(database.schemaFolder().parent_path()),
       acts_(unit_, log_, fileRemoval_, disk_, frontEnd.notices(), clock),

@@ -80,6 +80,11 @@ class UnitOfWork {
   // A statement of the act failed: takes the act back if that follows from the error.
   void failed(long error, const std::string& reason) noexcept;
 
+  // Nothing of what the running act does from here on is stored.
+  void refuseRest(const std::string& reason) noexcept {
+    if (actRuns_() && !takenBack_) takeBack(reason);
+  }
+
   // Commits what there is so far, before a person is told that it is done. Throws when the act was
   // taken back by that.
   void keep();

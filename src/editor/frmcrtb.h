@@ -160,7 +160,6 @@ class frmcrtb : public Form {
   void MNUINSERT_CLICK();
   void MNUALTER_CLICK();
   void MNUDELETE_CLICK();
-  bool standsAsAsked(const Entry& entry);
   void TXTDRCR_KEYPRESS(Key& key);
 
   // --- other forms

@@ -41,8 +41,6 @@ void frmcrtb::MNUDELETE_CLICK() {
   const Answer answer = books_.context.MsgBox("Do you want to delete the selected record?",
                                               Buttons::YesNo, Icon::none, Answer::No, "Delete");
   if (answer != Answer::Yes) return;
-  begins("DELETELINE");
-  if (!standsAsAsked(entry)) return;
   leaveEntry();
   if (!saver_.mayChangeLines()) return;
   logErrors("MNUDELETE_CLICK", [&] {
@@ -54,22 +52,6 @@ void frmcrtb::MNUDELETE_CLICK() {
   });
   showStored();
   if (vsfm.current() == 0) vsfm.setCurrent(std::min(row, vsfm.rows()));
-}
-
-// Another station may have taken the year over the question, and changed the line.
-bool frmcrtb::standsAsAsked(const Entry& entry) {
-  for (const TwoYears::Year year : {TwoYears::current, TwoYears::previous}) {
-    if (!entry.line[year]) continue;
-    if (books_.refusesChange(year)) return false;
-    const std::vector<Line>& lines = books_.years.lines(year);
-    if (std::ranges::find(lines, *entry.line[year]) != lines.end()) continue;
-    books_.context.MsgBox(
-        "Somebody else has changed this line meanwhile, or deleted it. Nothing was deleted; the "
-        "list shows what is stored.",
-        Buttons::OK, Icon::information);
-    return false;
-  }
-  return true;
 }
 
 void frmcrtb::TXTDRCR_KEYPRESS(Key& key) {

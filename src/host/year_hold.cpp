@@ -20,7 +20,11 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                                         const std::string& table) {
   if (locks == nullptr) return std::nullopt;
   open(locks, client, secondDate);
-  auto lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate, table);
+  const auto look = [&] {
+    return held_ ? locks->find(client, secondDate)
+                 : locks->enter(client, secondDate, table, YearLocks::Purpose::show);
+  };
+  auto lock = look();
   if (held_ && lock && lock->lost) {
     locks->regain(client, secondDate);
     lock = locks->find(client, secondDate);
@@ -32,7 +36,7 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
     asked_ = true;
     if (!locks->read.contains({client, secondDate}) && wantsIt(dialogs, subject(), *lock)) {
       locks->takeOver(client, secondDate);
-      lock = held_ ? locks->find(client, secondDate) : locks->enter(client, secondDate, table);
+      lock = look();
     }
   }
   // Who takes the year over later is told, not asked.
@@ -57,7 +61,7 @@ void YearHold::take(YearLocks* locks, const std::string& client, const std::stri
   leave();
   if (locks == nullptr || !locks->shared()) return;
   open(locks, client, secondDate);
-  const auto lock = locks->enter(client, secondDate, table);
+  const auto lock = locks->enter(client, secondDate, table, YearLocks::Purpose::make);
   held_ = !lock || lock->gone;
 }
 

@@ -49,8 +49,11 @@ class YearLocks {
                       const std::string& table) = 0;
   // This station has the year open for writing in that table from now on, or what is in the way.
   // Calls without that are counted, and those for a year that is gone, which is told until leave().
+  // To show it: what a person answers is not acted upon when the year was lost over the question.
+  // Whoever makes a year sees to that.
+  enum class Purpose { show, make };
   virtual std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
-                                        const std::string& table) = 0;
+                                        const std::string& table, Purpose purpose) = 0;
   // Has again what it lost, where the year is still in the table that it was in; what is stored is
   // to be read after this.
   virtual void regain(const std::string& client, const std::string& secondDate) = 0;

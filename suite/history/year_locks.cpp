@@ -96,10 +96,10 @@ std::optional<YearLock> YearLockTable::find(const std::string& client,
 
 std::optional<YearLock> YearLockTable::enter(const std::string& client,
                                              const std::string& secondDate,
-                                             const std::string& table) {
+                                             const std::string& table, Purpose purpose) {
   const auto lock = lockAmong(current(), client, secondDate);
   if (lock || !shared_) return lock;
-  return presence_.enter(client, secondDate, table, log_.person());
+  return presence_.enter(client, secondDate, table, log_.person(), purpose);
 }
 
 // --- changing -----------------------------------------------------------------------------------

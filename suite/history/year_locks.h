@@ -47,7 +47,7 @@ class YearLockTable : public YearLocks {
     return !shared_ || presence_.stands(client, secondDate, table);
   }
   std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
-                                const std::string& table) override;
+                                const std::string& table, Purpose purpose) override;
   void regain(const std::string& client, const std::string& secondDate) override {
     presence_.regain(client, secondDate);
   }

@@ -15,7 +15,6 @@ struct Procedure {
 
 constexpr std::array procedures{
     Procedure{"frmcrtb", "SAVELINE"},
-    Procedure{"frmcrtb", "DELETELINE"},
     Procedure{"frmcrtb", "PUTBACK"},
     Procedure{"frmcrtb", "CMDUPDATE_CLICK"},
     Procedure{"frmcrtb", "MNUTAKEBACK_CLICK"},

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 
 #include "data/table_names.h"
@@ -95,10 +96,11 @@ YearPresence::Place YearPresence::placeOf(const Year& year) const {
 
 std::optional<YearLock> YearPresence::enter(const std::string& client,
                                             const std::string& secondDate, const std::string& table,
-                                            const std::string& person) {
+                                            const std::string& person, YearLocks::Purpose purpose) {
   person_ = person;
   const Year year{client, secondDate};
   Hold& hold = held_[year];
+  if (purpose == YearLocks::Purpose::show) hold.isShown = true;
   std::vector<std::string> before;
   if (++hold.count == 1) {
     hold.place.table = table;
@@ -223,11 +225,8 @@ LockedYear YearPresence::hadMeanwhile(const Year& year, const Hold& hold) {
           hold.place.number, {reason, "", "", "another station", hold.gone, hold.gone}};
 }
 
-// What tells of every year, also of those whose row came back with an act that was taken back; ""
-// while it is too early.
-std::string YearPresence::dueBeat(std::chrono::steady_clock::time_point now) {
-  if (held_.empty() || now - heard_ < interval) return {};
-  heard_ = now;
+// Of every year, also of those whose row came back with an act that was taken back.
+std::string YearPresence::beatOfAll() const {
   std::string years;
   for (const auto& [year, hold] : held_) {
     years += (years.empty() ? "('" : ",('") + unit_.escape(year.first) + "','" +
@@ -236,6 +235,28 @@ std::string YearPresence::dueBeat(std::chrono::steady_clock::time_point now) {
   return "update SuitePresence set Heard=sysdate(6) where Station='" + unit_.escape(station_) +
          "' and (Code_No,Yr) in (" + years + ')';
 }
+
+// "" while it is too early.
+std::string YearPresence::dueBeat(std::chrono::steady_clock::time_point now) {
+  if (held_.empty() || now - heard_ < interval) return {};
+  heard_ = now;
+  return beatOfAll();
+}
+
+bool YearPresence::any() const {
+  return std::ranges::any_of(held_, [](const auto& held) { return held.second.isShown; });
+}
+
+std::set<YearPresence::Year> YearPresence::kept() {
+  others();
+  std::set<Year> years;
+  for (const auto& [year, hold] : held_) {
+    if (hold.isShown && !hold.gone && present_.contains(year)) years.insert(year);
+  }
+  return years;
+}
+
+void YearPresence::revive() { unit_.executeAside(beatOfAll()); }
 
 // One that was silent for too long may have lost the year and does not know it.
 void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {

@@ -23,6 +23,8 @@ std::string heardLately(std::chrono::seconds ofAct = {});
 
 class YearPresence {
  public:
+  using Year = std::pair<std::string, std::string>;  // client, second date
+
   // Nobody is asked, and nothing is told, on a database of our own.
   explicit YearPresence(UnitOfWork& unit);
   ~YearPresence();
@@ -33,7 +35,8 @@ class YearPresence {
   // that are counted. Those for a year that the registry has elsewhere, or not at all, are as well:
   // it is gone, and this station is not present there.
   std::optional<YearLock> enter(const std::string& client, const std::string& secondDate,
-                                const std::string& table, const std::string& person);
+                                const std::string& table, const std::string& person,
+                                YearLocks::Purpose purpose);
   // Whether the registry has the year in that table.
   bool stands(const std::string& client, const std::string& secondDate,
               const std::string& table) const;
@@ -49,6 +52,12 @@ class YearPresence {
   // given is sent before, in the same request.
   std::vector<LockedYear> others(const std::vector<std::string>& before = {});
 
+  // Whether forms show any year that this station has, and those that it has still.
+  bool any() const;
+  std::set<Year> kept();
+  // Nobody has done anything since it was silent.
+  void revive();
+
   // Tells the other stations that this one is still there, when it is time to. `undisturbed`: none
   // of them has done anything since this one looked last, so a silence has lost nothing.
   void beat(bool undisturbed, std::chrono::steady_clock::time_point now);
@@ -56,7 +65,6 @@ class YearPresence {
   void beatOverQuestion(std::chrono::steady_clock::time_point now) noexcept;
 
  private:
-  using Year = std::pair<std::string, std::string>;  // client, second date
   // Where the registry has a year; nothing of a year that it has not.
   struct Place {
     std::string table;
@@ -65,6 +73,7 @@ class YearPresence {
   };
   struct Hold {
     int count = 0;
+    bool isShown = false;   // by a form
     unsigned regained = 0;  // how often
     Place place;            // where it was entered; the number from when its row was first read
     bool gone = false;      // from there
@@ -76,6 +85,7 @@ class YearPresence {
   std::string insertion(const Year& year) const;
   std::string deletion(const Year& year) const;
   std::string dueBeat(std::chrono::steady_clock::time_point now);
+  std::string beatOfAll() const;
   void insert(const Year& year);
   void remove(const Year& year) noexcept;
 

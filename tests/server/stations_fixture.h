@@ -55,7 +55,7 @@ class StationsTest : public ::testing::Test {
   static void takeOver(const std::string& client, const std::string& secondDate,
                        const std::function<void()>& deeds) {
     YearLocks& locks = *ben().practice().environment().yearLocks();
-    locks.enter(client, secondDate, "");
+    locks.enter(client, secondDate, "", YearLocks::Purpose::show);
     locks.takeOver(client, secondDate);
     deeds();
     locks.leave(client, secondDate);
