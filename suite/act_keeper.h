@@ -31,6 +31,8 @@ class ActKeeper {
   bool look();
   // An error ended a procedure of the form that is called `where`.
   void trapped(const std::string& where, const std::exception& error);
+  // By a notice.
+  void tell(const std::string& text);
 
  private:
   ActCause cause() const;
@@ -44,7 +46,6 @@ class ActKeeper {
   void tellTakenBack(const std::string& reason, std::optional<bool> stored, bool keptPart);
   void removeFiles();
   void watchDisk();
-  void tell(const std::string& text);
 
   UnitOfWork& unit_;
   ActLog& log_;

@@ -70,7 +70,8 @@ std::unique_ptr<Reporter> StandaloneEnvironment::createReporter() {
 }
 
 std::unique_ptr<StockForms> StandaloneEnvironment::createStockForms(OpenForms& openForms) {
-  return std::make_unique<StockComponent>(openForms, dialogs(), clock(), yearLocks());
+  return std::make_unique<StockComponent>(openForms, dialogs(), clock(), yearLocks(),
+                                          [this](const std::string& text) { notice(text); });
 }
 
 std::unique_ptr<Spreadsheet> StandaloneEnvironment::createSpreadsheet() {

@@ -50,6 +50,7 @@ class StandaloneEnvironment : public Environment {
   FileRemover& fileRemover() override { return fileRemoval_; }
   // On a server that keeps no history nothing could hold a station to them.
   YearLocks* yearLocks() override { return log_.keeps() ? &locks_ : nullptr; }
+  void notice(const std::string& text) override { acts_.tell(text); }
   void trapped(const std::string& where, const std::exception& error) override {
     acts_.trapped(where, error);
   }

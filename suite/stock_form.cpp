@@ -29,8 +29,13 @@ std::string trialBalanceOf(const std::string& stock) {
 
 }  // namespace
 
-frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks)
-    : Form(openForms, "frmTrade"), dialogs_(dialogs), clock_(clock), locks_(locks) {
+frmTrade::frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks,
+                   LossNote::Tell notice)
+    : Form(openForms, "frmTrade"),
+      dialogs_(dialogs),
+      clock_(clock),
+      locks_(locks),
+      notice_(std::move(notice)) {
   setCaption("Closing Stock");
   size = {0.6, 0.6, 1.0};
   vsf.setColumns({{.heading = "Particulars", .width = 32, .stretch = true},
@@ -111,13 +116,14 @@ void frmTrade::Show(int modal, std::function<void()> closed) {
 
 void frmTrade::load() {
   host_->resize_for_resolution(*this);
+  loss_.forget();
   showSubject();
   showLock();
   groups_.fill(stockGroups(*host_));
   ledgers_.fill(stockLedgers(*host_));
   showLines();
   clearEntry();
-  focus(vsf.rows() > 0 || !txtpart.enabled() ? static_cast<Control&>(vsf) : txtpart);
+  focus(vsf.rows() > 0 || lock_ ? static_cast<Control&>(vsf) : txtpart);
 }
 
 void frmTrade::showSubject() {
@@ -134,13 +140,19 @@ void frmTrade::showSubject() {
   lblsubject.setCaption(subject_);
 }
 
+// Whoever is typing when the year is lost goes on in the list.
 void frmTrade::showLock() {
-  const auto lock = hold_.enter(
+  lock_ = hold_.enter(
       locks_, dialogs_, [this] { return subject_; }, books_.client, keys_.second,
       trialBalanceOf(books_.table));
-  lbllock.setCaption(lock ? lockCaption(*lock) : "");
-  lbllock.setVisible(lock.has_value());
-  for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) box->setEnabled(!lock);
+  lbllock.setCaption(lock_ ? lockCaption(*lock_) : "");
+  lbllock.setVisible(lock_.has_value());
+  for (TextBox* box : {&txtpart, &txtgroup, &txtamount}) {
+    if (lock_ && active() == box) focus(vsf);
+    box->setEnabled(!lock_);
+  }
+  loss_.see(
+      lock_, locks_, *this, entering(), [this] { return subject_; }, notice_);
 }
 
 bool frmTrade::refusesChange() {
@@ -153,7 +165,8 @@ void frmTrade::showLines() {
   const int selected = vsf.current();
   vsf.clearRows();
   txttotal.setText("");
-  lines_ = stock_->lines();
+  // The tables of a year that is gone may be another one's.
+  lines_ = lock_ && lock_->gone ? std::vector<ClosingStock::Line>() : stock_->lines();
   double total = 0;
   for (int at = 0; at < std::ssize(lines_); ++at) {
     const ClosingStock::Line& line = lines_[at];
@@ -257,12 +270,12 @@ void frmTrade::change(const std::function<void()>& statements) {
 // What was typed is shown again, to be saved once more.
 void frmTrade::takenBack() {
   logErrors("TAKENBACK", [&] {
+    showLock();
     ledgers_.fill(stockLedgers(*host_));
     showLines();
   });
-  logErrors("TAKENBACK", [&] { showLock(); });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
-  const bool writing = txtamount.enabled();
+  const bool writing = !lock_;
   if (lastSave_.act == openForms().acts.number()) {
     if (writing) focus(txtamount);
     txtpart.setText(lastSave_.ledger);
@@ -272,7 +285,7 @@ void frmTrade::takenBack() {
     lblhint.setCaption(writing ? "The line was not saved. Enter tries again."
                                : "The line was not saved. It stays here to be read.");
   }
-  if (writing) leaveMovedLine();
+  leaveMovedLine();
 }
 
 void frmTrade::booksMoved(bool masters) {
@@ -284,15 +297,21 @@ void frmTrade::booksMoved(bool masters) {
   leaveMovedLine();
 }
 
-// Nothing is altered that is not stored as it was when a person chose it.
+std::string frmTrade::entry() const {
+  return txtpart.text() + ", " + txtgroup.text() + ", " + txtamount.text();
+}
+
+// Nothing is altered that is not stored as it was when a person chose it. While nothing can be
+// stored it stays to be read.
 void frmTrade::leaveMovedLine() {
-  if (!altered_) return;
+  if (!altered_ || lock_) return;
   const bool stands = std::ranges::any_of(lines_, [&](const ClosingStock::Line& line) {
     return line.pair == *altered_ && line.amount == alteredAmount_;
   });
   if (stands) return;
+  const std::string typed = entry();
   clearEntry();
-  lblhint.setCaption(changedElsewhere);
+  lblhint.setCaption(std::string(changedElsewhere) + " Not stored: " + typed + '.');
 }
 
 Answer frmTrade::ask(const std::string& text, Buttons buttons, Icon icon) {

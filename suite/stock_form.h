@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "books/closing_stock.h"
@@ -15,6 +16,7 @@
 #include "controls/grid.h"
 #include "controls/lookup_list.h"
 #include "controls/text_box.h"
+#include "host/loss_note.h"
 #include "host/year_hold.h"
 #include "ports/ports.h"
 #include "ports/year_locks.h"
@@ -23,8 +25,10 @@ namespace quillet::suite {
 
 class frmTrade : public Form, public StockForm {
  public:
-  // Without locks no year is locked.
-  frmTrade(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks = nullptr);
+  // Without locks no year is locked. `notice` tells by a line that stays until it is closed.
+  frmTrade(
+      OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks = nullptr,
+      LossNote::Tell notice = [](const std::string&) {});
 
   Label lblsubject{*this, "lblsubject"};
   Label lbllock{*this, "lbllock"};  // why the year takes no changes
@@ -65,6 +69,8 @@ class frmTrade : public Form, public StockForm {
   const NameList::Entry* typedGroup() const;
   void clearEntry();
   void leaveMovedLine();
+  // The entry as its fields show it, "Steel, STOCK, 150.00".
+  std::string entry() const;
   bool entering() const;
   void change(const std::function<void()>& statements);
   Answer ask(const std::string& text, Buttons buttons = Buttons::OK, Icon icon = Icon::information);
@@ -73,6 +79,9 @@ class frmTrade : public Form, public StockForm {
   const Clock& clock_;
   YearLocks* locks_;
   YearHold hold_;
+  LossNote loss_;
+  LossNote::Tell notice_;
+  std::optional<YearLock> lock_;  // as it was read last
   LookupList ledgers_{vsfp};
   LookupList groups_{vsfg};
   ServiceObject* host_ = nullptr;  // from LoadData on
@@ -96,8 +105,9 @@ class frmTrade : public Form, public StockForm {
 // The component through which the module comes by the form.
 class StockComponent : public StockForms {
  public:
-  StockComponent(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks)
-      : form_(openForms, dialogs, clock, locks) {}
+  StockComponent(OpenForms& openForms, Dialogs& dialogs, const Clock& clock, YearLocks* locks,
+                 LossNote::Tell notice)
+      : form_(openForms, dialogs, clock, locks, std::move(notice)) {}
   StockForm& ObjTrade() override { return form_; }
 
  private:

@@ -49,6 +49,35 @@ std::string lockedText(const std::string& subject, const YearLock& lock) {
          "form: choose the year there, then \"Unlock Year...\".";
 }
 
+namespace {
+
+// When what was typed can be stored.
+std::string storableAgain(const YearLock& lock) {
+  if (lock.gone) return "It stays in the fields to be read.";
+  const std::string stays = "It stays in the fields, and can be stored ";
+  if (lock.station.empty()) return stays + "when the year is unlocked.";
+  return stays + (lock.reason.empty() ? "when the year is closed there." : "after that.");
+}
+
+}  // namespace
+
+std::string lossText(const std::string& subject, const YearLock& lock, bool typed) {
+  const std::string year = "The trial balance of " + subject;
+  std::string text;
+  if (lock.gone) {
+    text = year +
+           " does not exist any more, or not as it was opened here: another station has"
+           " deleted it, or made it anew.";
+  } else if (!lock.station.empty() && !lock.reason.empty()) {
+    text = year +
+           " was changed at another station meanwhile, or deleted. F5 shows what is stored"
+           " now.";
+  } else {
+    text = lockedSentence(subject, lock) + " Here it can only be read.";
+  }
+  return typed ? text + " What was typed is not stored. " + storableAgain(lock) : text;
+}
+
 std::string subjectOf(ServiceObject& host, const LockedYear& year) {
   return subjectOf(clientName(host, year.client), year.client, year.firstDate, year.secondDate);
 }

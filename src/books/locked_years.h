@@ -18,6 +18,9 @@ std::string lockCaption(const YearLock& lock);
 std::string lockedSentence(const std::string& subject, const YearLock& lock);
 // The same, and what to do.
 std::string lockedText(const std::string& subject, const YearLock& lock);
+// It came while a form was open on the year. `typed`: something stands in the form's fields that is
+// not stored.
+std::string lossText(const std::string& subject, const YearLock& lock, bool typed);
 // "Asha Traders (C1), 01/04/2008 - 31/03/2009"
 std::string subjectOf(ServiceObject& host, const LockedYear& year);
 

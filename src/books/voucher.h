@@ -17,6 +17,7 @@ struct VoucherLine {
 
   // Debit positive.
   Money balance() const { return debit ? amount : -amount; }
+  bool operator==(const VoucherLine&) const = default;
 };
 
 struct VoucherTotals {
@@ -32,6 +33,8 @@ struct Voucher {
   std::string narration;
   std::vector<VoucherLine> lines;
   bool shared = false;  // another client has lines of the same number
+
+  bool operator==(const Voucher&) const = default;
 };
 
 VoucherTotals totalsOf(const std::vector<VoucherLine>& lines);

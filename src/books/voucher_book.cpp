@@ -21,14 +21,15 @@ Voucher VoucherBook::open(long vid) {
   return voucher;
 }
 
-void VoucherBook::resume(long vid) {
+Voucher VoucherBook::resume(long vid) {
   try {
-    open(vid);
+    Voucher voucher = open(vid);
+    id_ = vid;
+    return voucher;
   } catch (...) {
     id_ = vid;
     throw;
   }
-  id_ = vid;
 }
 
 // What a failure left to be posted counts as posted.

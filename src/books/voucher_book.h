@@ -39,7 +39,7 @@ class VoucherBook {
   // took their place.
   Voucher open(long vid);
   // The stored one of that number is in work again; it stays so when it cannot be read.
-  void resume(long vid);
+  Voucher resume(long vid);
   // Its number, 0 until its first line is stored.
   long id() const { return id_; }
   // Whether the journal holds any line of it.

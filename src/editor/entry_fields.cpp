@@ -74,12 +74,13 @@ bool EntryFields::contains(const Control* control) const {
          control == &form_.txtdrcr;
 }
 
-// A line that is altered may stand in another year than new ones do. Whoever is typing when another
-// station takes the year goes on in the list, where keys do no harm.
+TwoYears::Year EntryFields::year() const {
+  return altered_ ? altered_->year : books_.years.yearInView();
+}
+
+// Whoever is typing when another station takes the year goes on in the list, where keys do no harm.
 void EntryFields::enable() {
-  const TwoYears& years = books_.years;
-  const bool enabled =
-      years.hasTable() && !books_.locked(altered_ ? altered_->year : years.yearInView());
+  const bool enabled = books_.years.hasTable() && !books_.locked(year());
   if (!enabled && contains(form_.active())) {
     const ScopedFlag unchecked = leaving();
     form_.focus(form_.vsfm);

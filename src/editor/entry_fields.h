@@ -38,6 +38,8 @@ class EntryFields {
   bool contains(const Control* control) const;
   // Whether nothing is being entered or altered.
   bool untouched() const;
+  // The year that is written to; a line that is altered may stand in another one than new ones do.
+  TwoYears::Year year() const;
   // Shift+Tab out of an empty group takes a new ledger back; any other key is left.
   void takeBack(Key& key);
   // Whether the year that is written to takes changes.

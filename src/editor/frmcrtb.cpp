@@ -32,6 +32,9 @@ frmcrtb::frmcrtb(Context& context)
       export_(*this, books_, lines_),
       import_(*this, books_, saver_),
       history_(*this, books_, entry_) {
+  books_.typed = [this](TwoYears::Year year) {
+    return year == entry_.year() && !entry_.untouched();
+  };
   attachMenus();
   attachLines();
   attachTotals();

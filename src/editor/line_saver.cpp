@@ -27,14 +27,17 @@ LineSaver::LineSaver(frmcrtb& form, OpenBooks& books, EntryFields& entry, LinesG
       replacement_(books.host(), books.groups) {}
 
 void LineSaver::save() {
+  const bool had = !books_.locked(entry_.year());
   form_.begins("SAVELINE");
+  // Lost as the turn came, and told.
+  if (had && books_.locked(entry_.year())) return form_.lblsaved.setCaption("");
   const auto typed = entry_.checked();
   if (!typed || !putBack()) return;
   remember();
   before_.saved = entry_.fields();
   const auto& altered = entry_.altered();
   const TwoYears& years = books_.years;
-  const TwoYears::Year year = altered ? altered->year : years.yearInView();
+  const TwoYears::Year year = entry_.year();
   std::optional<YearLine> saved;
   form_.logErrors("TXTDRCR_KEYPRESS", [&] {
     const auto replaced = altered ? std::optional(altered->line) : std::nullopt;

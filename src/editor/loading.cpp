@@ -65,7 +65,7 @@ void frmcrtb::emptyYear() {
   entry_.offerLedgers({});
   entry_.offerGroups({});
   books_.groups.clear();
-  books_.locks = {};
+  books_.forgetLocks();
   mnuyropts.setEnabled(false);
   setView(View::current);
   showPage(famLines);
@@ -157,6 +157,8 @@ void frmcrtb::LOADTRIALBAL() {
   const std::string hinted = lblhint.caption();
   if (!read || importFailed_ || hinted == unread || hinted == notImported) hint(read ? "" : unread);
   if (!read || !saver_.complete() || entry_.followAltered()) return;
+  // What was typed over it can be read for as long as nothing can be stored.
+  if (books_.locked(entry_.year())) return;
   leaveEntry();
   hint("The line that was being altered is no longer there.");
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "books/clients.h"
 #include "books/locked_years.h"
 #include "host/year_lock.h"
 
@@ -15,7 +16,10 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
   std::string text;
   for (const TwoYears::Year year : {current, previous}) {
     if (!years.has(year)) continue;
-    if (!years.inView(year)) holds_[year].leave();
+    if (!years.inView(year)) {
+      holds_[year].leave();
+      losses_[year].forget();
+    }
     locks[year] = entering && years.inView(year)
                       ? enterYear(holds_[year], context, years.books(year), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
@@ -23,12 +27,29 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
     freed_ = freed_ || (!entering && ((before[year] && !locked(year)) || holds_[year].stale() ||
                                       gone != years.isGone(year)));
     years.setGone(year, gone);
+    // A year that is looked at and free is not ours for that.
+    if (years.inView(year) && (entering || locked(year))) tellLoss(year, shown.form());
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") +
             std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);
   }
   shown.setCaption(text);
   shown.setVisible(!text.empty());
+}
+
+void OpenBooks::tellLoss(TwoYears::Year year, const Form& form) {
+  losses_[year].see(
+      locks[year], context.environment.yearLocks(), form, typed(year),
+      [&] {
+        const YearKeys keys = years.keys(year);
+        return subjectOf(years.clientName(), years.client(), keys.first, keys.second);
+      },
+      [this](const std::string& text) { context.environment.notice(text); });
+}
+
+void OpenBooks::forgetLocks() {
+  locks = {};
+  for (LossNote& loss : losses_) loss.forget();
 }
 
 void OpenBooks::leave() {

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include "books/account_groups.h"
 #include "books/two_years.h"
 #include "controls/basic_controls.h"
 #include "host/context.h"
+#include "host/loss_note.h"
 #include "host/year_hold.h"
 #include "ports/year_locks.h"
 
@@ -16,7 +18,12 @@ namespace quillet {
 struct OpenBooks {
   explicit OpenBooks(Context& opened) : context(opened), years(*opened.host) {}
 
+  // Whether something is typed for that year that is not stored.
+  std::function<bool(TwoYears::Year year)> typed = [](TwoYears::Year) { return false; };
+
   ServiceObject& host() const { return *context.host; }
+  // Nothing is known of the locks of the years that are opened.
+  void forgetLocks();
   // Asks whether the years are locked, and says on the label which of those in view are. This
   // station has the others in view until leave().
   void readLocks(Label& shown) { showLocks(shown, true); }
@@ -37,8 +44,10 @@ struct OpenBooks {
 
  private:
   void showLocks(Label& shown, bool entering);
+  void tellLoss(TwoYears::Year year, const Form& form);
 
   std::array<YearHold, 2> holds_;
+  std::array<LossNote, 2> losses_;
   bool freed_ = false;
 };
 

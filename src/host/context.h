@@ -38,6 +38,9 @@ class Environment {
   // Null where the host locks no years.
   virtual YearLocks* yearLocks() { return nullptr; }
   virtual FileRemover& fileRemover() { return removeAtOnce_; }
+  // Tells a person something that no act of theirs has caused, quietly: by a line that stays until
+  // it is closed. A host without such lines tells nothing.
+  virtual void notice(const std::string& text) { (void)text; }
   // A procedure was ended by an error, which the error log has by now. `where` is what the form is
   // called.
   virtual void trapped(const std::string& where, const std::exception& error) {

@@ -28,17 +28,26 @@ void frmjrnl::showEntry() {
   Frame1.setVisible(false);
   Frame2.setVisible(true);
   import_.setEntry();
-  const bool locked = lock.locked();
-  lines_.setLocked(locked);
-  txtnarr.setLocked(locked);
-  for (Control* control : std::initializer_list<Control*>{&txtdt, &cmdupdate, &cmdremove}) {
-    control->setEnabled(!locked);
-  }
-  if (locked) {
+  lockEntry();
+  if (isOnlyRead()) {
     focus(txtledger[0]);
   } else {
     focus(txtdt);
   }
+}
+
+// Whoever is typing when the year is lost goes on in a box that takes nothing.
+void frmjrnl::lockEntry() {
+  const bool read = isOnlyRead();
+  lines_.setLocked(read);
+  txtnarr.setLocked(read);
+  for (Control* control : std::initializer_list<Control*>{&txtdt, &cmdremove}) {
+    control->setEnabled(!read);
+  }
+  // It says why what was typed cannot be stored; "Cancel" in its place would throw that away.
+  cmdupdate.setEnabled(!lock.locked() || typed());
+  if (read) lookups_.hide();
+  if (active() && !active()->focusable()) focus(txtledger[0]);
 }
 
 void frmjrnl::showList() {
@@ -53,6 +62,7 @@ void frmjrnl::CMDADD_CLICK() {
   if (lock.refuses() || !listsAreRead()) return;
   CLEARDATA();
   txtdt.setText(proposedDate());
+  opened_ = entryTexts();
   showEntry();
 }
 
@@ -80,6 +90,8 @@ void frmjrnl::enterSelected(const std::function<bool(long vid)>& fill) {
   if (!listsAreRead()) return;
   CLEARDATA();
   if (fill(vid)) {
+    // A voucher that is made from another one is stored nowhere yet.
+    if (book().id() != 0) opened_ = entryTexts();
     showEntry();
   } else {
     LOADGRID();
@@ -92,6 +104,7 @@ bool frmjrnl::LOADVCH(long vid) {
   logErrors("LOADVCH", [&] {
     const Voucher voucher = book().open(vid);
     if (voucher.lines.empty()) return;
+    seen_ = voucher;
     {
       const ScopedFlag ignoring = lines_.ignoreChanges();
       txtdt.setText(voucher.date);
@@ -115,7 +128,8 @@ bool frmjrnl::LOADVCH(long vid) {
 void frmjrnl::CMDCANCEL_CLICK() { cancelEntry(); }
 
 void frmjrnl::cancelEntry() {
-  if (lock.locked() || confirmed(context_, "Do you want to Cancel Entry?")) showList();
+  if ((lock.locked() && !typed()) || confirmed(context_, "Do you want to Cancel Entry?"))
+    showList();
 }
 
 void frmjrnl::CLEARDATA() {
@@ -123,6 +137,9 @@ void frmjrnl::CLEARDATA() {
     txtdt.clear();
     txtnarr.setText("");
     lines_.clear();
+    opened_.clear();
+    seen_ = {};
+    outdated_ = false;
     if (book_) book_->begin();
     hint("");
     SETTOP();

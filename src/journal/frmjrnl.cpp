@@ -14,6 +14,7 @@ frmjrnl::frmjrnl(Context& context)
   attachEntry();
   Frame2.setVisible(false);
   lblsubject.setQuiet(true);
+  lock.typed = [this] { return typed(); };
   KeyDown = [this](Key& key) { FORM_KEYDOWN(key); };
   KeyPress = [this](Key& key) { FORM_KEYPRESS(key); };
 }

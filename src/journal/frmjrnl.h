@@ -153,6 +153,8 @@ class frmjrnl : public Form {
   Context& context() const { return context_; }
   // Throws where no books were named that can be opened.
   VoucherBook& book();
+  // What stands on the entry frame can be read and copied, not altered.
+  bool isOnlyRead() const { return lock.locked() || outdated_; }
   // The books as a review of vouchers compares its source with them.
   ReviewedYear reviewedYear();
   void showReviewed(bool imported);
@@ -176,6 +178,8 @@ class frmjrnl : public Form {
   // Makes the period in view hold that day.
   void widenPeriod(const std::string& date);
   bool complete() const;
+  // `unbalanced`: the date of the first voucher in the list whose sides differ.
+  std::string statusOfList(const std::string& unbalanced) const;
 
   void escape();
 
@@ -185,12 +189,19 @@ class frmjrnl : public Form {
   bool fillAsNew(long vid, const std::function<void()>& change);
   std::string proposedDate() const;
   void showEntry();
+  void lockEntry();
   void showList();
   void cancelEntry();
   void tellFault(const VoucherFault& fault);
   void postMissingOnLeaving();
   std::string missingAmounts();
   bool dateIsGood(const char* refusal);
+
+  // What stands on the entry frame, and whether it is not what was there when it was opened.
+  std::vector<std::string> entryTexts() const;
+  bool typed() const;
+  void resume(long vid, bool lost);
+  void goOnTyping(bool lost, bool found);
 
   std::string headingOfPeriod(const std::string& what, const std::string& from,
                               const std::string& to) const;
@@ -206,6 +217,9 @@ class frmjrnl : public Form {
     long vid = 0;
   };
   Save lastSave_;
+  std::vector<std::string> opened_;  // the texts of the entry when it was opened
+  Voucher seen_;                     // as it was stored then; without lines for a new one
+  bool outdated_ = false;            // another station has changed it since
   BooksYear year_;
   std::string from_;  // the period in view, dd/mm/yyyy
   std::string to_;

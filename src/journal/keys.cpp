@@ -29,11 +29,11 @@ void frmjrnl::FORM_KEYPRESS(Key& key) {
   } else if (key == keys::Escape) {
     key = keys::none;
     escape();
-  } else if (key == keys::Tab && line >= 0 && !lock.locked()) {
+  } else if (key == keys::Tab && line >= 0 && !isOnlyRead()) {
     lineKeys_.tab(line, key);
   } else if (key == keys::Enter && isField(active())) {
     key = keys::none;
-    if (line >= 0 && !lock.locked()) {
+    if (line >= 0 && !isOnlyRead()) {
       lineKeys_.enter(line);
     } else {
       focusNext();
@@ -80,7 +80,7 @@ void frmjrnl::VSF_KEYDOWN(Key& key) {
 // --- dates --------------------------------------------------------------------------------------
 
 void frmjrnl::txtdt_VALIDATE(bool& cancel) {
-  if (!txtdt.shown()) return;
+  if (!txtdt.shown() || !txtdt.enabled()) return;
   cancel = !dateIsGood("Please Specify a Valid Date.");
   if (cancel) typeOver(txtdt);
 }

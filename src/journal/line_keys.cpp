@@ -68,7 +68,7 @@ void LineKeys::step(int line, Key& key) {
   if (!listOpen && key == keys::PageDown) step = VoucherLines::inView;
   if (step == 0) return;
   const bool addsLine =
-      key == keys::Down && line == lines_.last() && !lines_.isBlank(line) && !form_.lock.locked();
+      key == keys::Down && line == lines_.last() && !lines_.isBlank(line) && !form_.isOnlyRead();
   key = keys::none;
   if (addsLine) {
     goBelow(line);

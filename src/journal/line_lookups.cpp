@@ -118,7 +118,8 @@ void LineLookups::TXTLEDGER_LOSTFOCUS(int line) {
   ledgers_.hide();
   form_.txtledger[line].select(0, 0);
   const Control* const to = form_.active();
-  const bool givenUp = !form_.Frame2.visible() || to == &form_.cmdcancel || to == &form_.cmdremove;
+  const bool givenUp = !form_.Frame2.visible() || form_.txtledger[line].locked() ||
+                       to == &form_.cmdcancel || to == &form_.cmdremove;
   if (!givenUp) takeLedger(line);
 }
 
@@ -209,7 +210,7 @@ void LineLookups::TXTGROUP_LOSTFOCUS(int line) {
   hint("");
   groups_.hide();
   form_.txtgroup[line].select(0, 0);
-  if (form_.Frame2.visible()) takeGroup(line);
+  if (form_.Frame2.visible() && !form_.txtgroup[line].locked()) takeGroup(line);
 }
 
 void LineLookups::groupTaken(int line, long id) {

@@ -33,6 +33,7 @@ void frmjrnl::INITDATA(const std::string& table, bool previousYear, const Books&
 
 bool frmjrnl::readLists() {
   forgetLists();
+  if (lock.gone()) return false;
   logErrors("INITDATA", [&] {
     const Busy busy(*context_.host);
     JournalLists lists = readJournalLists(*context_.host, book().books());
@@ -88,21 +89,29 @@ void frmjrnl::LOADGRID() {
   logErrors("LOADGRID", [&] {
     lock.read();
     const Busy busy(*context_.host);
-    const std::string unbalanced = list_.show(book().journal(), from_, to_);
+    std::string unbalanced;
+    if (!lock.gone()) unbalanced = list_.show(book().journal(), from_, to_);
     if (!Check1.checked()) CHECK1_CLICK();
     list_.select(selected);
     GETROWS();
-    status = !listsRead_           ? notLoaded
-             : !complete()         ? halfPosted
-             : !unbalanced.empty() ? "Debit and credit of the voucher of " + unbalanced +
-                                         " differ; please complete or delete it."
-             : vsf.rows() > 0 ? ""
-             : lock.locked()  ? "No vouchers in this period."
-                              : "No vouchers in this period. New Voucher (Alt+N) passes one.";
+    status = statusOfList(unbalanced);
     loaded = true;
   });
   if (!loaded) vsf.clearRows();
   lblstatus.setCaption(status);
+}
+
+std::string frmjrnl::statusOfList(const std::string& unbalanced) const {
+  if (lock.gone()) return "";
+  if (!listsRead_) return notLoaded;
+  if (!complete()) return halfPosted;
+  if (!unbalanced.empty()) {
+    return "Debit and credit of the voucher of " + unbalanced +
+           " differ; please complete or delete it.";
+  }
+  if (vsf.rows() > 0) return "";
+  return lock.locked() ? "No vouchers in this period."
+                       : "No vouchers in this period. New Voucher (Alt+N) passes one.";
 }
 
 void frmjrnl::CHECK1_CLICK() {

@@ -26,6 +26,16 @@ inline constexpr const char* halfPosted =
 inline constexpr const char* staleVoucher =
     "Another station had the year meanwhile, and may have changed the voucher. Nothing was stored; "
     "the list shows what is. Please look, and modify it again.";
+inline constexpr const char* staleTyped =
+    "Another station had the year meanwhile, and has changed the voucher or deleted it. What was "
+    "typed here is not stored and stays to be read; \"Cancel\" leads to the list of what is "
+    "stored.";
+// What is said of a voucher that is being typed when the year is lost.
+inline constexpr const char* typedStays = "What was typed is not stored. It stays here to be read.";
+inline constexpr const char* typedAgain =
+    "Entries can be passed here again. \"Update\" stores what was typed.";
+inline constexpr const char* notSaved = "The voucher was not saved. Update tries again.";
+inline constexpr const char* notSavedRead = "The voucher was not saved. It stays here to be read.";
 inline constexpr const char* notPrinted =
     "The subsidiary trial balance could not be printed; the error log says why.";
 inline constexpr const char* notLoaded =

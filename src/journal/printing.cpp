@@ -41,6 +41,7 @@ void frmjrnl::CMDPRN_CLICK() {
 }
 
 void frmjrnl::CMDTB_CLICK() {
+  if (lock.gone() && lock.refuses()) return;
   // What the line at the foot says of the last failure holds no more.
   const bool toldOfFailure = !complete() || lblstatus.caption() == notPrinted;
   bool done = false;

@@ -1,5 +1,5 @@
-// The journal's saving and deleting: the checks, what is done after a failure, and the closing that
-// leaves no voucher half posted.
+// The journal's saving and deleting: the checks, and the closing that leaves no voucher half
+// posted.
 #include <algorithm>
 
 #include "books/amount.h"
@@ -19,6 +19,7 @@ void frmjrnl::CMDUPDATE_CLICK() {
   // Given up as the procedure began.
   if (!Frame2.visible()) return tell(context_, staleVoucher);
   if (lock.refuses()) return;
+  if (outdated_) return tell(context_, staleTyped);
   if (!dateIsGood("Please specify a Valid Date.")) {
     focus(txtdt);
     return;
@@ -117,46 +118,6 @@ void frmjrnl::COMMAND1_CLICK() {
     vsf.setCurrent(list_.headingOf(std::min(row, vsf.rows())));
     if (removal == Removal::failed && complete()) lblstatus.setCaption(notDeleted);
   }
-}
-
-// --- an act that was taken back -----------------------------------------------------------------
-
-// Of the voucher in work the journal holds what it held before the act; what was typed is shown
-// again, to be saved once more.
-void frmjrnl::takenBack() {
-  if (!book_) return;
-  const bool saving = lastSave_.act == openForms().acts.number();
-  const long vid = saving ? lastSave_.vid : book_->id();
-  logErrors("TAKENBACK", [&] {
-    book_.emplace(*context_.host, context_.unposted, ClientTable(book_->books()));
-    if (vid != 0) book_->resume(vid);
-  });
-  readLists();
-  lookups_.forgetUnknown();
-  LOADGRID();
-  if (!saving) return;
-  // Another station may have locked the year.
-  if (lock.locked()) return showList();
-  showEntry();
-  hint("The voucher was not saved. Update tries again.");
-}
-
-void frmjrnl::booksMoved(bool masters) {
-  if (!book_) return;
-  const bool reading = lock.locked();
-  logErrors("BOOKSMOVED", [&] { lock.read(); });
-  const bool stale = lock.regained() || (reading && !lock.locked());
-  const bool shows = Frame2.visible() && (reading || book_->id() != 0);
-  if (stale) book_.emplace(*context_.host, context_.unposted, ClientTable(book_->books()));
-  if (masters || stale) {
-    readLists();
-    lookups_.forgetUnknown();
-  }
-  if (masters || reading || stale || Frame1.visible()) LOADGRID();
-  // The voucher that is shown may not be the stored one.
-  if (!stale || !shows) return;
-  showList();
-  if (!reading) lblstatus.setCaption(staleVoucher);
 }
 
 // --- closing ------------------------------------------------------------------------------------

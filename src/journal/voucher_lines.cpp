@@ -90,7 +90,7 @@ void VoucherLines::attachAmount(int line, TextBox& box) {
   };
   box.Change = [this] { form_.GETCURBALS(); };
   box.Validate = [this, &box](bool& cancel) {
-    cancel = box.shown() && amountIn(box) < Money();
+    cancel = box.shown() && !box.locked() && amountIn(box) < Money();
     if (cancel) tell(form_.context(), negativeAmount);
   };
   box.LostFocus = [this, &box] { leaveAmount(box); };
@@ -172,6 +172,17 @@ std::vector<VoucherLine> VoucherLines::toSave() const {
   return all;
 }
 
+std::vector<std::string> VoucherLines::texts() const {
+  std::vector<std::string> texts;
+  for (int line = 0; line < count(); ++line) {
+    texts.push_back(form_.cboside[line].text());
+    for (const auto boxes : textBoxes) {
+      if (boxes != &frmjrnl::txtcurbal) texts.push_back((form_.*boxes)[line].text());
+    }
+  }
+  return texts;
+}
+
 bool VoucherLines::isBlank(int line) const {
   const TextBox& amount = amountBox(line);
   const bool noAmount = blank(amount) || typedAmount(amount.text()) == Money();
@@ -180,7 +191,7 @@ bool VoucherLines::isBlank(int line) const {
 
 // What the voucher lacks on the line's side, for typing to replace.
 void VoucherLines::proposeAmount(int line, TextBox& box) {
-  if (!blank(box) || blank(form_.txtledger[line])) return;
+  if (box.locked() || !blank(box) || blank(form_.txtledger[line])) return;
   const VoucherTotals totals = totalsOf(lines());
   const Money lacking = isDebit(line) ? totals.credit - totals.debit : totals.debit - totals.credit;
   if (lacking > Money()) box.setText(groupedAmount(*form_.context().host, lacking));

@@ -51,6 +51,8 @@ class VoucherLines {
   std::vector<VoucherLine> toSave() const;
   // The lines can be read and copied, not altered.
   void setLocked(bool locked);
+  // What stands in all of them, as it is typed.
+  std::vector<std::string> texts() const;
   // Neither names nor an amount.
   bool isBlank(int line) const;
 

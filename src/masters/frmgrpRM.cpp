@@ -11,6 +11,7 @@ constexpr const char* none = "(None)";
 }  // namespace
 
 frmgrpRM::frmgrpRM(Context& context) : MasterForm(context, "frmgrpRM") {
+  lock.typed = [this] { return famM.visible() && state_ != State::browsing; };
   vsfM.setColumns({{.heading = "Raw Material Group", .width = groupWidth, .stretch = true},
                    {.heading = lblgrp[0].caption(), .width = groupWidth, .stretch = true},
                    {.heading = lblgrp[1].caption(), .width = groupWidth, .stretch = true},
@@ -102,7 +103,8 @@ void frmgrpRM::reread() {
     if (!editing()) LOADLIST();
     LOADGRIDM(0);
   }
-  if (!editing()) return;
+  // An entry of a year that is gone can be read until it is given up.
+  if (!editing() || (!heads && lock.gone())) return;
   bool adding = state_ == State::adding;
   if (entryStands(heads ? vsfG : vsfM, adding)) {
     state_ = adding ? State::adding : State::modifying;
@@ -157,6 +159,7 @@ bool frmgrpRM::LOADLIST() {
   };
   clear();
   listsRead_ = attempt("LOADLIST", [&] {
+    if (lock.gone()) return;
     for (const RawMaterialHead& head : heads_.seeded()) cbohead.addItem(head.name, head.id);
     for (int i = 0; const auto& names : binding_.choices()) {
       ComboBox& box = cbogroup[i++];

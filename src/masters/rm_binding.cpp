@@ -44,7 +44,8 @@ MasterForm::ListedRow frmgrpRM::listed(const BoundItem& item) {
 
 bool frmgrpRM::LOADGRIDM(long srNo) {
   return showRows("LOADGRIDM", vsfM, srNo, [&](long id) {
-    const auto items = binding_.items(id);
+    // The tables of a year that is gone may be another one's.
+    const auto items = lock.gone() ? std::vector<BoundItem>() : binding_.items(id);
     if (id == 0) {
       // The order is the one that a person gave them.
       vsfM.clearSort();
