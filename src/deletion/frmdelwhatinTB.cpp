@@ -3,6 +3,7 @@
 #include "books/clients.h"
 #include "data/errors.h"
 #include "host/rights.h"
+#include "host/year_lock.h"
 
 namespace quillet {
 namespace {
@@ -175,10 +176,21 @@ bool frmdelwhatinTB::confirmed() {
 void frmdelwhatinTB::CMDDELETE_CLICK() {
   if (!optionsChosen() || !rightsGranted() || !confirmed()) return;
   problems_.clear();
+  begins("DELETECHOSEN");
+  if (lost()) {
+    close();
+    return;
+  }
   deleteChosen();
   deleted_ = true;
   if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
   close();
+}
+
+bool frmdelwhatinTB::lost() {
+  YearLocks* const locks = context_.environment.yearLocks();
+  const RegisteredYear& year = deletion_.year();
+  return locks && locks->shared() && refusedAsLocked(context_, year.client, year.keys);
 }
 
 void frmdelwhatinTB::deleteChosen() {
@@ -187,7 +199,10 @@ void frmdelwhatinTB::deleteChosen() {
   // inherit them.
   if (deletesSchedules()) deletion_.deleteSchedules(deletesChart() || removesYear());
   if (deletesMisc()) keepFilesLeft(deletion_.deleteMiscellaneous());
-  if (removesYear()) deletion_.deleteRegistryRow();
+  if (!removesYear()) return;
+  deletion_.deleteRegistryRow();
+  // In the same transaction: a year that is gone is nobody's.
+  hold.leave();
 }
 
 void frmdelwhatinTB::keepFilesLeft(const FilesLeft& left) {
@@ -211,7 +226,9 @@ void frmdelwhatinTB::keepFilesLeft(const FilesLeft& left) {
 void frmdelwhatinTB::takenBack() {
   logErrors("TAKENBACK", [&] {
     deleted_ = false;
-    deletion_.open(RegisteredYear(deletion_.year()));
+    const RegisteredYear year = deletion_.year();
+    deletion_.open(year);
+    hold.take(context_.environment.yearLocks(), year.client, year.keys.second, year.table);
   });
 }
 

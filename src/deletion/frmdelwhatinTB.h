@@ -9,6 +9,7 @@
 #include "controls/basic_controls.h"
 #include "controls/control_array.h"
 #include "host/context.h"
+#include "host/year_hold.h"
 
 namespace quillet {
 
@@ -20,6 +21,10 @@ class frmdelwhatinTB : public Form {
   // not to be shown then.
   bool INITDATA(const std::string& mode, const RegisteredYear& year,
                 const std::string& clientName = {});
+
+  // Keeps other stations from changing the year while a person is asked about it. Whoever asks the
+  // first question takes it, and leaves it when the last one is answered.
+  YearHold hold;
 
   // Whether anything was deleted, if only in a try that failed in the middle.
   bool touched() const { return deletion_.touched(); }
@@ -68,6 +73,8 @@ class frmdelwhatinTB : public Form {
   bool optionsChosen();
   bool rightsGranted();
   bool confirmed();
+  // True, and a person was told, when another station has had the year since it was taken.
+  bool lost();
 
   bool hasChart() const { return deletion_.hasChart(); }
   bool deletesSchedules() const { return optSchOthData[0].checked(); }

@@ -159,12 +159,15 @@ int YearEntry::COMP_DT(const std::string& first, const std::string& second) {
 
 void YearEntry::enter() {
   leave();
+  // The client went as the turn came.
+  if (form_.clientCode().empty()) return;
   creation_.begin(form_.clientCode(), form_.MaskEdBox1.text(), form_.MaskEdBox2.text());
   const bool merging = form_.mode() == "merge";
   if (const auto existing = creation_.existing()) {
-    if (refusedAsLocked(context_, existing->client, existing->keys) || !mayOverwrite()) return;
+    if (!form_.removal.take(existing->client, existing->keys)) return;
     // Nothing is deleted for a merge of which nothing would come.
-    if (!merging || form_.mergeList.anySource()) overwrite(*existing);
+    if (mayOverwrite() && (!merging || form_.mergeList.anySource())) return overwrite(*existing);
+    form_.removal.leave();
   } else if (merging) {
     form_.mergeList.show();
   } else if (form_.mode() == "create" && registerNewYear()) {
@@ -256,6 +259,10 @@ void YearEntry::registerYear(const Context::Year& before) {
 bool YearEntry::registerNewYear() {
   const Context::Year before = context_.year();
   if (!GETTABLE()) return false;
+  if (form_.clientCode() != year().client) {
+    context_.forgetYear();
+    return false;
+  }
   // An editor still open on that table shows a year that somebody deleted.
   closeEditorOf(context_, year().client, year().table);
   registerYear(before);

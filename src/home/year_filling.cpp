@@ -6,22 +6,13 @@
 #include "home/third.h"
 
 namespace quillet {
-namespace {
-
-// Also after a failure.
-struct Leaving {
-  YearHold& hold;
-  ~Leaving() { hold.leave(); }
-};
-
-}  // namespace
 
 void YearEntry::fill() {
   if (form_.mode() == "merge") {
     form_.mergeList.show();
     return;
   }
-  const Leaving leaving{hold_};
+  const HoldUntilEnd holding{hold_};
   const std::string created = "Trial balance of " + year().keys.text() + " created";
   const std::string partly = created + ", but the previous year was not taken over in full.";
   form_.status(created + ".");

@@ -112,16 +112,17 @@ void YearList::print() {
 }
 
 void YearList::remove() {
-  if (!chosen() || refusedAsLocked(context_, form_.clientCode(), *chosen())) return;
+  if (!chosen() || !form_.removal.take(form_.clientCode(), *chosen())) return;
   const std::string text = "Do you really want to Delete Trial Balance of '" + form_.clientName() +
                            "' for F.Y. " + chosen()->text() + " ?\r\n\r\nConfirm Delete ?";
-  if (context_.MsgBox(text, Buttons::YesNo, Icon::question, Answer::No) != Answer::Yes) return;
-  if (const auto year = findChosen()) {
-    form_.removal.open(*year, [this, text = year->keys.text()](const frmdelwhatinTB& deletion) {
-      // Also when the deletion failed in the middle: the list tells what is left.
-      form_.logErrors("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
-    });
-  }
+  const bool wanted =
+      context_.MsgBox(text, Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
+  const auto year = wanted ? findChosen() : std::nullopt;
+  if (!year) return form_.removal.leave();
+  form_.removal.open(*year, [this, text = year->keys.text()](const frmdelwhatinTB& deletion) {
+    // Also when the deletion failed in the middle: the list tells what is left.
+    form_.logErrors("FLEXGRID2_DBLCLICK", [&] { tellRemoved(deletion, text); });
+  });
 }
 
 void YearList::offerHistory(bool offered) {

@@ -17,6 +17,12 @@ class YearRemoval {
  public:
   YearRemoval(third& form, Context& context) : form_(form), context_(context), deletion_(context) {}
 
+  // Before the first question about the year: other stations only read it from now on, until
+  // leave(), or until the deletion form has closed and what follows from that is done. False, and a
+  // person was told, when it is locked, or another station has it.
+  bool take(const std::string& client, const YearKeys& year);
+  void leave() { deletion_.hold.leave(); }
+
   using Removed = std::function<void(const frmdelwhatinTB& deletion)>;
   // Opens the deletion form in the home form's mode. `removed` runs when it has closed and anything
   // was deleted, if only by a try that failed.
@@ -28,6 +34,12 @@ class YearRemoval {
   third& form_;
   Context& context_;
   frmdelwhatinTB deletion_;
+};
+
+// Whatever happens meanwhile.
+struct HoldUntilEnd {
+  YearHold& hold;
+  ~HoldUntilEnd() { hold.leave(); }
 };
 
 // An editor left open on the year would write its next line into what was removed.

@@ -26,6 +26,7 @@ constexpr std::array procedures{
     Procedure{"third", "GETTABLE"},
     Procedure{"third", "COMP_DT"},
     Procedure{"frmdelwhatinTB", "CMDDELETE_CLICK"},
+    Procedure{"frmdelwhatinTB", "DELETECHOSEN"},
     Procedure{"frmgrpmas", "CMDUPDATE_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPSET_CLICK"},
     Procedure{"frmgrpmas", "CMDMAPCLEAR_CLICK"},
