@@ -1,5 +1,6 @@
 #include "suite/client_register.h"
 
+#include "books/clients.h"
 #include "data/names.h"
 #include "data/text.h"
 #include "data/transaction.h"
@@ -144,8 +145,7 @@ void writeFields(UnitOfWork& unit, const Client& client) {
 
 void mustExist(UnitOfWork& unit, const std::string& code) {
   if (findClient(unit, code)) return;
-  refuse(&Client::code,
-         "There is no client with the code " + code + " any more; it was deleted meanwhile.");
+  refuse(&Client::code, goneClientText(code, codeSince(unit, code)));
 }
 
 void refuseWithBooks(UnitOfWork& unit, const std::string& code, const std::string& what,
@@ -181,6 +181,16 @@ std::optional<Client> findClient(UnitOfWork& unit, const std::string& code) {
     *text = row->text(column++);
   }
   return client;
+}
+
+// A row keeps its id whatever code it is given.
+std::string codeSince(UnitOfWork& unit, const std::string& formerCode) {
+  if (!unit.keepsHistory()) return {};
+  const RecordsetPtr row = unit.query(
+      "select ifnull(n.code_no,'') from Main_Info1 for system_time all as e left join Main_Info1 as"
+      " n on n.row_id=e.row_id where e.code_no=" +
+      quoted(unit, formerCode) + " order by e.row_till desc limit 1");
+  return row->EOF_() ? std::string() : row->text(0);
 }
 
 void addClient(UnitOfWork& unit, const Client& given) {

@@ -50,6 +50,10 @@ void addClient(Database& database, const Client& client);
 // The client with that code, without its password.
 std::optional<Client> findClient(UnitOfWork& unit, const std::string& code);
 
+// The code that a client of this former one has by now; "" where it is gone, or was never there,
+// or where no history is kept.
+std::string codeSince(UnitOfWork& unit, const std::string& formerCode);
+
 // What hangs on a client: the years registered, as "2008-2009", else the tables of the numbers up
 // to `tableCount` in which lines stand that no registered year has.
 struct ClientBooks {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "books/clients.h"
 #include "host/rights.h"
 #include "suite/standalone_environment.h"
 #include "suite/table_numbers.h"
@@ -150,7 +151,8 @@ std::optional<Client> PracticeCommands::clientToChange() {
   }
   std::optional<Client> client = findClient(practice_.environment().unit(), code);
   if (!client) {
-    home_.registerChanged({}, "Client " + code + " is not in the register any more.");
+    const std::string since = codeSince(practice_.environment().unit(), code);
+    home_.registerChanged(since, goneClientText(code, since));
     return std::nullopt;
   }
   if (!practice_.service().CheckClpass(client->code)) return std::nullopt;

@@ -26,6 +26,16 @@ std::string clientName(ServiceObject& host, const std::string& code) {
   return name.empty() ? personName(host, key) : name;
 }
 
+bool isClient(ServiceObject& host, const std::string& code) {
+  return !host.query("select code_no from main_info1 where code_no=" + host.quoted(code))->EOF_();
+}
+
+std::string goneClientText(const std::string& code, const std::string& codeSince) {
+  return "The client " + code +
+         (codeSince.empty() ? " was deleted meanwhile, or given another code."
+                            : " was given the code " + codeSince + " meanwhile.");
+}
+
 std::string subjectOf(const std::string& name, const std::string& code, const std::string& firstKey,
                       const std::string& secondKey) {
   return (name.empty() ? code : name + " (" + code + ")") + ", " + shownDate(firstKey) + " - " +

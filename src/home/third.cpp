@@ -125,7 +125,9 @@ void third::takenBack() {
   if (openForms().active() == this) status("");
   logErrors("TAKENBACK", [&] { newYear.takenBack(); });
   logErrors("TAKENBACK", [&] {
-    if (mergeList.shown()) {
+    if (clientIsGone()) {
+      leaveGoneClient();
+    } else if (mergeList.shown()) {
       mergeList.show();
     } else if (famyears.shown()) {
       years.showAt(flexgrid2.current());
@@ -138,7 +140,11 @@ void third::takenBack() {
 // What is ticked to be merged stays; the merge reads it once more.
 void third::booksMoved(bool) {
   logErrors("BOOKSMOVED", [&] {
-    if (!mergeList.shown()) showAnew();
+    if (clientIsGone()) {
+      leaveGoneClient();
+    } else if (!mergeList.shown()) {
+      showAnew();
+    }
   });
 }
 
@@ -154,6 +160,7 @@ void third::showAnew() {
 
 void third::FORM_UNLOAD() {
   newYear.leave();
+  removal.leave();
   ClGrd1.keepWidths();
 }
 
@@ -177,6 +184,7 @@ void third::choose(const Command& command) {
 
 void third::showFirstStep() {
   newYear.leave();
+  removal.leave();
   Frame1.setVisible(false);
   Frame3.setVisible(true);
   ClGrd1.setVisible(true);

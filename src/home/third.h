@@ -138,6 +138,8 @@ class third : public Form {
   void showClients();
   void refreshClients();
   void showAnew();
+  bool clientIsGone();
+  void leaveGoneClient();
   void focusList();
   void takeClient(const std::string& code, const std::string& name);
 

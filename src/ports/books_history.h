@@ -33,6 +33,9 @@ class BooksHistory {
   // by their second dates. A year that nothing changed since the history began is not there.
   virtual std::map<std::string, std::string> lastChanges(const std::string& client) = 0;
 
+  // The code that a client of this former one has by now; "" where it is gone, or was never there.
+  virtual std::string codeSince(const std::string& client) = 0;
+
   // The highest id that an account group ever had, 0 when there was none. The history means that
   // group by it.
   virtual long highestGroupEver() = 0;

@@ -1,6 +1,7 @@
 // The windows on the history of the books.
 #pragma once
 
+#include "suite/client_register.h"
 #include "suite/history/as_of_form.h"
 #include "suite/history/changes_form.h"
 #include "suite/history/taking_back.h"
@@ -23,6 +24,9 @@ class HistoryForms : public BooksHistory {
   }
   std::map<std::string, std::string> lastChanges(const std::string& client) override {
     return suite::lastChanges(unit_, client);
+  }
+  std::string codeSince(const std::string& client) override {
+    return suite::codeSince(unit_, client);
   }
   // The end of the index, which max() does not find among versions.
   long highestGroupEver() override {

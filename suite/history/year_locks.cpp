@@ -166,7 +166,7 @@ void YearLockTable::check(const ActLog& act) {
     });
   }
   if (shared_) {
-    refuseDeadNames(database_, act);
+    refuseDeadNames(unit_, database_, act);
     std::ranges::move(presence_.others(), std::back_inserter(others));
   }
   const std::vector<LockedYear>& locked = known ? current() : others;

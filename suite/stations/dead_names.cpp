@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "books/clients.h"
 #include "data/errors.h"
+#include "suite/client_register.h"
 #include "suite/history/inserted_rows.h"
 #include "suite/history/written_table.h"
 #include "suite/stations/station_turns.h"
@@ -54,26 +56,24 @@ bool entersDeadNames(Database& database, const std::string& table, Instant at) {
               ->EOF_();
 }
 
-// A year whose client was deleted while it was made.
-void refuseDeadClient(Database& database, const ActLog& act) {
+// A year whose client was deleted, or given another code, while it was made.
+void refuseDeadClient(UnitOfWork& unit, Database& database, const ActLog& act) {
   if (!act.tables().contains("master")) return;
-  const bool dead =
-      !database
-           .query("select 1 from master as m where m.row_from='" + instantText(act.instant()) +
-                  "' and not exists(select 1 from Main_Info1 as c where "
-                  "c.code_no=m.code_no) limit 1")
-           ->EOF_();
-  if (dead) {
-    throw RunTimeError(
-        changedMeanwhile,
-        "The client was deleted at another station meanwhile. The year was not made.", "Stations");
-  }
+  const RecordsetPtr dead = database.query("select m.code_no from master as m where m.row_from='" +
+                                           instantText(act.instant()) +
+                                           "' and not exists(select 1 from Main_Info1 as c where "
+                                           "c.code_no=m.code_no) limit 1");
+  if (dead->EOF_()) return;
+  const std::string code = dead->text(0);
+  throw RunTimeError(changedMeanwhile,
+                     goneClientText(code, codeSince(unit, code)) + " The year was not made.",
+                     "Stations");
 }
 
 }  // namespace
 
-void refuseDeadNames(Database& database, const ActLog& act) {
-  refuseDeadClient(database, act);
+void refuseDeadNames(UnitOfWork& unit, Database& database, const ActLog& act) {
+  refuseDeadClient(unit, database, act);
   for (const std::string& table : act.tables()) {
     if (table.starts_with("rmgrp_") && bindsDeadNames(database, table, act.instant())) {
       throw RunTimeError(changedMeanwhile,
