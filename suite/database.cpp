@@ -98,6 +98,7 @@ class Database::Impl {
   void renew(Waiting waiting, const std::vector<SilentHost>& silent = {});
   bool answersSoon();
   bool renewSoon();
+  void giveUpIfSilent() noexcept;
 
  private:
   // Without a server of our own there is one elsewhere.
@@ -230,6 +231,14 @@ bool Database::Impl::answered(std::chrono::milliseconds longest) {
   return connection_.answered(longest);
 }
 
+void Database::Impl::giveUpIfSilent() noexcept {
+  try {
+    if (!answersSoon() && !answered(std::chrono::seconds(3))) connection_.giveUp();
+  } catch (const std::exception&) {
+    // It is lost.
+  }
+}
+
 // Where every host answered the last time, be it with a refusal, connecting keeps nobody waiting,
 // and asking first would be one aborted connection more.
 bool Database::Impl::renewSoon() {
@@ -277,6 +286,7 @@ void Database::share() { impl_->share(); }
 void Database::renewConnection(Waiting waiting) { impl_->renew(waiting); }
 bool Database::answersSoon() { return impl_->answersSoon(); }
 bool Database::renewConnectionSoon() { return impl_->renewSoon(); }
+void Database::giveUpIfSilent() noexcept { impl_->giveUpIfSilent(); }
 bool Database::keepsHistory() const { return impl_->keepsHistory(); }
 
 void Database::executeLater(const std::string& sql) {

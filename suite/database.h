@@ -65,6 +65,9 @@ class Database : public Connection {
   bool answersSoon();
   // As renewConnection(); false while hosts may still answer.
   bool renewConnectionSoon();
+  // For the end of the program: a server that does not answer within some seconds is waited for no
+  // more, and everything that is sent there fails at once.
+  void giveUpIfSilent() noexcept;
 
   // Whether its tables can keep the rows that were changed or deleted.
   bool keepsHistory() const;

@@ -129,6 +129,8 @@ Practice::Practice(const DataFolder& folder, FrontEnd& frontEnd, Clock& clock,
     : Practice(folder, openPractice(folder, frontEnd, policy), frontEnd, clock, policy) {}
 
 Practice::~Practice() {
+  // The forms leave their years now.
+  database_->giveUpIfSilent();
   standalone_.follow(nullptr);
   frontEnd_.keepPlacesIn(nullptr);
   try {

@@ -4,8 +4,10 @@
 #include <chrono>
 #include <csignal>
 #include <fstream>
+#include <optional>
 #include <thread>
 
+#include "server/long_line.h"
 #include "server/station.h"
 
 namespace quillet::support {
@@ -50,6 +52,22 @@ idle()
     EXPECT_EQ(waitFor(process), status);
     EXPECT_EQ(present(), rows);
   }
+}
+
+TEST(Ending, WaitsForNoSilentServer) {
+  NEEDS_REAL_SERVERS();
+  RealServer server;
+  server.addAccount("anna", "anna");
+  Station(server, "anna").addYear("A1", 2008);
+  LongLine line(server.port());
+  std::optional<Station> far;
+  far.emplace(line.port(), "anna",
+              [](suite::Settings& settings) { settings.set("Server", "AnswerSeconds", "10"); });
+  far->practice().environment().yearLocks()->enter("A1", "31032009", "TAB_2");
+  line.fallSilent();
+  const auto begun = std::chrono::steady_clock::now();
+  far.reset();
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(6));
 }
 
 }  // namespace
