@@ -161,7 +161,8 @@ void prepareSession(ClientConnection& connection, unsigned answerSeconds, bool i
       "wait_timeout=2147483,"  // a practice stays open for days
       // Stations that wait for each other see what the other one has committed.
       "tx_isolation='READ-COMMITTED',innodb_lock_wait_timeout=30,tx_read_only=0,completion_type=0,"
-      "idle_transaction_timeout=0,idle_write_transaction_timeout=0,"
+      // One that fell asleep in the midst of an act gives its turn up before the next one gives up.
+      "idle_transaction_timeout=25,idle_write_transaction_timeout=25,"
       "idle_readonly_transaction_timeout=0,lock_wait_timeout=86400,"
       "sql_safe_updates=0,sql_auto_is_null=0,system_versioning_asof=default,"
       "group_concat_max_len=1048576,max_sort_length=1024,div_precision_increment=4,"

@@ -52,7 +52,7 @@ std::string UnitOfWork::reasonOf(const RunTimeError& error) noexcept {
   } catch (const std::exception&) {
     // It is not known.
   }
-  return "Another station kept the books busy for too long. " + who;
+  return "Another station kept the books busy for too long." + (who.empty() ? "" : ' ' + who);
 }
 
 void UnitOfWork::execute(const std::string& sql) {

@@ -131,6 +131,10 @@ Copied copyBooks(Database& from, Database& to,
         " changed.");
   }
   from.execute("set session tx_isolation='REPEATABLE-READ'");
+  // Each waits for the other.
+  for (Database* each : {&from, &to}) {
+    each->execute("set session idle_transaction_timeout=0,idle_write_transaction_timeout=0");
+  }
   SoleUse alone(from, "Copying");
   if (!alone.begun()) from.execute("start transaction with consistent snapshot");
   const std::vector<Table> tables = tablesOf(from);

@@ -54,6 +54,8 @@ SoleUse::SoleUse(Database& database, const std::string& purpose) : database_(dat
                    quoted(purpose.substr(0, 8)) + ',' + quoted(stationName()) +
                    ",substring_index(current_user(),'@',1),sysdate(6),sysdate(6))");
   Turn(database).open();
+  // It may read or write elsewhere for as long as it takes.
+  database.execute("set session idle_transaction_timeout=0,idle_write_transaction_timeout=0");
   database.execute("start transaction");
   open_ = true;
   try {
