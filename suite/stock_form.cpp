@@ -193,6 +193,7 @@ void frmTrade::alterLine() {
   const ClosingStock::Line& line = lines_[vsf.currentId() - 1];
   altered_ = line.pair;
   alteredAmount_ = line.amount;
+  alteredName_ = vsf.cell(vsf.current(), 0);
   txtpart.setText(vsf.cell(vsf.current(), 0));
   txtgroup.setText(line.group);
   txtamount.setText(plainAmount(*host_, line.amount));
@@ -290,11 +291,26 @@ void frmTrade::takenBack() {
 
 void frmTrade::booksMoved(bool masters) {
   logErrors("BOOKSMOVED", [&] {
-    if (masters) ledgers_.fill(stockLedgers(*host_));
+    if (masters) followLedger();
     showLock();
     showLines();
   });
   leaveMovedLine();
+}
+
+// A line goes on with a ledger that another station has renamed. The list knows names alone: in a
+// new line one that is gone is chosen again, or it would become a second ledger.
+void frmTrade::followLedger() {
+  const std::string typed = txtpart.text();
+  const bool wasKnown = ledgers_.names().find(typed) != nullptr;
+  ledgers_.fill(stockLedgers(*host_));
+  if (!wasKnown || ledgers_.names().find(typed)) return;
+  const bool own = altered_ && typed == alteredName_;
+  alteredName_ = own ? host_->GetPart_MastPartId(altered_->partId) : std::string();
+  txtpart.setText(alteredName_);
+  lblhint.setCaption("The ledger \"" + typed + "\" was renamed or deleted meanwhile" +
+                     (alteredName_.empty() ? ". Please choose it again."
+                                           : ": it is \"" + alteredName_ + "\" now."));
 }
 
 std::string frmTrade::entry() const {

@@ -68,6 +68,7 @@ class frmTrade : public Form, public StockForm {
   // The group typed; the beginning of its name stands for the name. Null when there is none.
   const NameList::Entry* typedGroup() const;
   void clearEntry();
+  void followLedger();
   void leaveMovedLine();
   // The entry as its fields show it, "Steel, STOCK, 150.00".
   std::string entry() const;
@@ -92,6 +93,7 @@ class frmTrade : public Form, public StockForm {
   std::vector<ClosingStock::Line> lines_;  // a row's id is the position of its line, from 1
   std::optional<LedgerGroup> altered_;
   double alteredAmount_ = 0;  // as it was when it was chosen
+  std::string alteredName_;
   // The entry that was saved last, and the act that saved it.
   struct Save {
     unsigned long act = 0;

@@ -150,47 +150,6 @@ void EntryFields::alter(const Entry& entry, const YearLine& line) {
   form_.txtdrcr.setText(line.line.side());
 }
 
-bool EntryFields::followAltered() {
-  if (!altered_) return true;
-  const std::vector<Line>& lines = books_.years.lines(altered_->year);
-  const auto found = std::find_if(lines.begin(), lines.end(),
-                                  [&](const Line& line) { return isSame(line, altered_->line); });
-  if (found != lines.end()) altered_->line = *found;
-  return found != lines.end();
-}
-
-void EntryFields::followNames() {
-  if (untouched()) return;
-  say("");
-  followGroup();
-  followLedger();
-}
-
-void EntryFields::followLedger() {
-  const std::string before = form_.txtpart.text();
-  const long id = lookUp_.found(before);
-  if (id == 0) return;
-  const NameList::Entry* known = ledgers_.names().findId(id);
-  const std::string now = known ? known->name : books_.host().GetPart_MastPartId(id);
-  if (now == before) return;
-  if (now.empty()) {
-    lookUp_.forget();
-    lookLedgerUp();
-    return say("");
-  }
-  form_.txtpart.setText(now);
-  lookUp_.know(now, id);
-  say("The ledger \"" + before + "\" is called \"" + now + "\" now.");
-}
-
-// A line that is altered keeps its side in a group that is only called otherwise.
-void EntryFields::followGroup() {
-  if (!altered_ || !books_.groups.contains(altered_->line.allId)) return;
-  const std::string now = books_.groups.name(altered_->line.allId);
-  if (form_.txtgroup.text() == alteredGroup_) form_.txtgroup.setText(now);
-  alteredGroup_ = now;
-}
-
 // An altered line keeps its group whatever its ledger is called.
 void EntryFields::lookLedgerUp() {
   lookUp_.lookUp(enteredName(ledgers_.names(), form_.txtpart.text()), !altered_);

@@ -65,8 +65,9 @@ class EntryFields {
   // Nothing while a new line is entered.
   const std::optional<YearLine>& altered() const { return altered_; }
   void endAltering() { altered_.reset(); }
-  // The altered line may have been changed meanwhile; false when it was taken away.
-  bool followAltered();
+  // Whether the line that is being altered still stands as it was shown; "" then, and else what
+  // became of it.
+  std::string lossOfAltered() const;
 
   // Checks what was typed, and says what is wrong with it. Makes a ledger that is new.
   std::optional<TypedLine> checked();

@@ -156,11 +156,13 @@ void frmcrtb::LOADTRIALBAL() {
   });
   const std::string hinted = lblhint.caption();
   if (!read || importFailed_ || hinted == unread || hinted == notImported) hint(read ? "" : unread);
-  if (!read || !saver_.complete() || entry_.followAltered()) return;
+  if (!read || !saver_.complete()) return;
+  const std::string loss = entry_.lossOfAltered();
+  if (loss.empty()) return;
   // What was typed over it can be read for as long as nothing can be stored.
   if (books_.locked(entry_.year())) return;
   leaveEntry();
-  hint("The line that was being altered is no longer there.");
+  hint(loss);
 }
 
 bool frmcrtb::importPreviousYear() {
@@ -207,7 +209,8 @@ void frmcrtb::REFRESHTB() {
 void frmcrtb::reload() {
   const Busy busy(books_.host());
   const bool table = books_.years.hasTable();
-  if (table && !books_.years.linesRead()) hint("");
+  // A question comes before they are read.
+  if (table && !books_.years.linesRead()) lblhint.setCaption("");
   readRegisters();
   if (!ledgersRead_) LOADPARTICULARS();
   if (!groupsRead_) LOADGROUPS();

@@ -95,6 +95,25 @@ TEST_F(PresenceTest, WhoThinksOverAQuestionIsThereAllTheTime) {
   EXPECT_TRUE(anna().notices().empty());
 }
 
+TEST_F(PresenceTest, ALineThatWasAlteredMeanwhileIsNotWrittenOver) {
+  frmcrtb& editor = anna().open("P1", 2008);
+  anna().enter("Twice", "RENT", "4");
+  for (const bool looks : {false, true}) {
+    editor.vsfm.setCurrent(editor.vsfm.rows());
+    editor.doubleClick(editor.vsfm);
+    Station::type(editor.txtamount, "7\r");
+    takeOver("P1", "31032009", [&] {
+      ben().open("P1", 2008);
+      ben().enter("Twice", "RENT", "5");
+      ben().leave();
+    });
+    if (looks) anna().practice().environment().lookAround();
+    Station::type(editor.txtdrcr, "D\r");
+    EXPECT_EQ(balance("P1", "Twice"), looks ? "14" : "9");
+    EXPECT_NE(editor.lblhint.caption().find("Not stored: 7"), std::string::npos);
+  }
+}
+
 TEST_F(PresenceTest, OnlyWhatWasAskedAboutIsDeleted) {
   for (const bool stays : {false, true}) {
     frmcrtb& editor = anna().open("P1", 2008);
@@ -110,7 +129,7 @@ TEST_F(PresenceTest, OnlyWhatWasAskedAboutIsDeleted) {
     editor.click(editor.mnudelete);
     anna().dialogs.answering = {};
     EXPECT_EQ(balance("P1", "Doomed"), stays ? "18" : "9");
-    EXPECT_EQ(anna().notices().size(), 1U);
+    EXPECT_FALSE(anna().notices().empty());
     ben().leave();
     anna().leave();
   }

@@ -1,5 +1,6 @@
 // Names that another station changes while they stand in the fields of an entry.
 #include "server/stations_fixture.h"
+#include "suite/stock_form.h"
 
 namespace quillet::support {
 namespace {
@@ -53,6 +54,43 @@ TEST_F(RenamedTest, AnEntryGoesOnWithTheLedgerThatWasChosen) {
   anna().practice().environment().lookAround();
   EXPECT_NE(editor.lblhint.caption().find("New ledger \"Short Lived\""), std::string::npos);
   ben().change("update Mast_AllGrp set ALLGRP='RENT' where ALLGRP='RENT PAID'");
+}
+
+TEST_F(RenamedTest, SoDoesTheClosingStock) {
+  anna().change("insert into Mast_Part values(960,'Raw Silk')");
+  suite::SystemClock clock;
+  suite::frmTrade stock(anna().context().openForms, anna().dialogs, clock,
+                        anna().practice().environment().yearLocks());
+  stock.LoadData(*anna().context().host, "N1", "TRADE_2");
+  stock.show();
+  const auto type = [&](const char* amount) {
+    Station::type(stock.txtpart, "Raw Silk\r");
+    Station::type(stock.txtgroup,
+                  anna().value("select ALLGRP from Mast_AllGrp where GID=7 limit 1") + '\r');
+    Station::type(stock.txtamount, amount);
+  };
+  const auto silks = [] {
+    return anna().value(
+        "select group_concat(PartId,' ',Particular) from Mast_Part where "
+        "Particular like '% Silk'");
+  };
+  type("70");
+  rename("Raw Silk", "Pure Silk");
+  stock.press(keys::Enter);
+  EXPECT_EQ(silks(), "960 Pure Silk");
+  EXPECT_EQ(stock.vsf.rows(), 0) << "it is to be chosen again";
+  Station::type(stock.txtpart, "Pure Silk\r");
+  stock.focus(stock.txtamount);
+  stock.press(keys::Enter);
+  ASSERT_EQ(stock.vsf.rows(), 1) << stock.lblhint.caption();
+  stock.vsf.setCurrent(1);
+  stock.doubleClick(stock.vsf);
+  stock.focus(stock.txtamount);
+  rename("Pure Silk", "Real Silk");
+  stock.press(keys::Enter);
+  EXPECT_EQ(silks(), "960 Real Silk");
+  EXPECT_EQ(stock.vsf.cell(1, 0), "Real Silk");
+  stock.close();
 }
 
 }  // namespace
