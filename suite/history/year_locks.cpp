@@ -167,7 +167,7 @@ void YearLockTable::check(const ActLog& act) {
   }
   if (shared_) {
     refuseDeadNames(unit_, database_, act);
-    std::ranges::move(presence_.others(), std::back_inserter(others));
+    std::ranges::move(presence_.othersAtCommit(), std::back_inserter(others));
   }
   const std::vector<LockedYear>& locked = known ? current() : others;
   if (locked.empty()) return;

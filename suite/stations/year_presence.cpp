@@ -176,18 +176,20 @@ std::vector<LockedYear> YearPresence::others(const std::vector<std::string>& bef
   const RecordsetPtr rows = unit_.queryAside(
       "select p.Code_No,p.Yr,m.tbl_nm,m.count,p.Station,p.Person,date_format(p.Since,'%Y-%m-%d "
       "%H:%i:%s'),p.Station='" +
-          unit_.escape(station_) +
-          "' from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
+          unit_.escape(station_) + "'," + heardLately() +
+          " from SuitePresence as p left join master as m on m.code_no=p.Code_No and m.s_yr=p.Yr "
           "where p." +
           heardLately(unit_.turnTaken()) + " order by p.row_id",
       before);
   std::set<Year> seen;
   present_.clear();
+  silent_ = false;
   for (; !rows->EOF_(); rows->MoveNext()) {
     const Year year{rows->text(0), rows->text(1)};
     const Place place{rows->text(2), rows->integer(3)};
     const bool own = rows->integer(7) == 1;
     if (own) present_.insert(year);
+    silent_ = silent_ || (own && rows->integer(8) == 0);
     if (const auto held = held_.find(year); held != held_.end()) {
       Hold& hold = held->second;
       hold.gone = !place.isAt(hold.place.table);
@@ -257,6 +259,12 @@ std::set<YearPresence::Year> YearPresence::kept() {
 }
 
 void YearPresence::revive() { unit_.executeAside(beatOfAll()); }
+
+std::vector<LockedYear> YearPresence::othersAtCommit() {
+  std::vector<LockedYear> years = others();
+  if (silent_) revive();
+  return years;
+}
 
 // One that was silent for too long may have lost the year and does not know it.
 void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {

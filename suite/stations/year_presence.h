@@ -52,6 +52,9 @@ class YearPresence {
   // given is sent before, in the same request.
   std::vector<LockedYear> others(const std::vector<std::string>& before = {});
 
+  // The same ahead of a commit, with which the station is heard of when the act took long.
+  std::vector<LockedYear> othersAtCommit();
+
   // Whether forms show any year that this station has, and those that it has still.
   bool any() const;
   std::set<Year> kept();
@@ -95,6 +98,7 @@ class YearPresence {
   std::string person_;
   std::map<Year, Hold> held_;
   std::set<Year> present_;  // those with a row of this station, as read last
+  bool silent_ = false;     // for too long, but for the act's length
   std::chrono::steady_clock::time_point heard_;
 };
 
