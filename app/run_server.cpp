@@ -98,6 +98,9 @@ int runServerInit(const Options& options) {
 }
 
 int runServerAccount(const Options& options) {
+  if (options.account.empty()) {
+    throw std::runtime_error("An account needs a name: quillet server-account URL NAME");
+  }
   const ServerAddress address = patient(options.server);
   asAdministrator(address, [&](ClientConnection& connection, const std::string& /*password*/) {
     giveAccount(connection, address, options.account, passwordOfNew(connection, options));

@@ -62,9 +62,13 @@ void frmlock::FORM_KEYPRESS(Key& key) {
 
 bool frmlock::stands() {
   const auto year = Registry(*context_.host).year(client_, keys_, YearSelect::home);
-  if (year && lockOf(context_, client_, keys_.second).has_value() == unlocks_) return true;
-  context_.MsgBox("The year was changed meanwhile. Please look at the list of years again.",
-                  Buttons::OK, Icon::information);
+  const auto lock = lockOf(context_, client_, keys_.second);
+  const bool elsewhere = lock && !lock->station.empty();
+  if (year && !elsewhere && lock.has_value() == unlocks_) return true;
+  if (!elsewhere || !refusedAsLocked(context_, client_, keys_)) {
+    context_.MsgBox("The year was changed meanwhile. Please look at the list of years again.",
+                    Buttons::OK, Icon::information);
+  }
   close();
   return false;
 }

@@ -11,7 +11,9 @@ std::string takenBackText(Instant instant) { return instant == 0 ? "" : instantT
 
 }  // namespace
 
-std::string shownPerson(const std::string& account) { return account.substr(0, account.find('@')); }
+std::string shownPerson(const std::string& account) {
+  return account.substr(0, account.rfind('@'));
+}
 
 ActRow ActRow::from(const Recordset& rows) {
   ActRow row;

@@ -63,7 +63,8 @@ TEST(Ending, WaitsForNoSilentServer) {
   std::optional<Station> far;
   far.emplace(line.port(), "anna",
               [](suite::Settings& settings) { settings.set("Server", "AnswerSeconds", "10"); });
-  far->practice().environment().yearLocks()->enter("A1", "31032009", "TAB_2");
+  far->practice().environment().yearLocks()->enter("A1", "31032009", "TAB_2",
+                                                   YearLocks::Purpose::show);
   line.fallSilent();
   const auto begun = std::chrono::steady_clock::now();
   far.reset();
