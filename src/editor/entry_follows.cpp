@@ -31,13 +31,14 @@ void EntryFields::followLedger() {
   const NameList::Entry* known = ledgers_.names().findId(id);
   const std::string now = known ? known->name : books_.host().GetPart_MastPartId(id);
   if (now == before) return;
-  if (now.empty()) {
-    lookUp_.forget();
-    lookLedgerUp();
-    return say("");
-  }
   form_.txtpart.setText(now);
   lookUp_.know(now, id);
+  // It would come back as a new one.
+  if (now.empty()) {
+    lookUp_.forget();
+    return say("The ledger \"" + before +
+               "\" was deleted or merged at another station meanwhile. Please choose one.");
+  }
   say("The ledger \"" + before + "\" is called \"" + now + "\" now.");
 }
 

@@ -46,13 +46,15 @@ TEST_F(RenamedTest, AnEntryGoesOnWithTheLedgerThatWasChosen) {
   Station::type(editor.txtdrcr, "D\r");
   EXPECT_EQ(lines(), "Third Name 300");
   EXPECT_TRUE(anna().notices().empty());
-  // One that is gone is new again.
+  // One that is gone does not come back as a new one.
   ben().change("insert into Mast_Part values(950,'Short Lived')");
   anna().practice().environment().lookAround();
-  Station::type(editor.txtpart, "Short Lived\r");
+  typeUpToSide(editor, "Short Lived", "6");
   ben().change("delete from Mast_Part where PartId=950");
-  anna().practice().environment().lookAround();
-  EXPECT_NE(editor.lblhint.caption().find("New ledger \"Short Lived\""), std::string::npos);
+  Station::type(editor.txtdrcr, "D\r");
+  EXPECT_NE(editor.lblhint.caption().find("deleted or merged"), std::string::npos);
+  EXPECT_EQ(editor.txtpart.text(), "");
+  EXPECT_EQ(lines(), "Third Name 300");
   ben().change("update Mast_AllGrp set ALLGRP='RENT' where ALLGRP='RENT PAID'");
 }
 
