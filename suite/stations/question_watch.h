@@ -3,7 +3,6 @@
 // gone by then, and its number another one's.
 #pragma once
 
-#include <chrono>
 #include <set>
 
 #include "suite/stations/turn.h"

@@ -55,10 +55,12 @@ class YearPresence {
   // The same ahead of a commit, with which the station is heard of when the act took long.
   std::vector<LockedYear> othersAtCommit();
 
-  // Whether forms show any year that this station has, and those that it has still.
+  // Whether a form is open on any year that this station has.
   bool any() const;
+  // Those of these years whose row here still counts; asked of the server.
   std::set<Year> kept();
-  // Nobody has done anything since it was silent.
+  // The station is heard of again with all its years. Only for a silence in which nobody stored
+  // anything.
   void revive();
 
   // Tells the other stations that this one is still there, when it is time to. `undisturbed`: none

@@ -7,25 +7,16 @@
 
 #include "books/line_import.h"
 #include "server/long_line.h"
-#include "server/station.h"
+#include "server/stations_fixture.h"
 
 namespace quillet::support {
 namespace {
 
 class AwayTest : public ::testing::Test {
  protected:
-  struct Books {
-    RealServer server;
-    std::unique_ptr<Station> first, second;
-    Books() {
-      for (const char* name : {"anna", "ben"}) server.addAccount(name, name);
-      first = std::make_unique<Station>(server, "anna");
-      second = std::make_unique<Station>(server, "ben");
-      first->addYear("A1", 2008);
-    }
-  };
-  static Books& books() {
-    static Books only;
+  // A server of their own, which they end.
+  static TwoStations& books() {
+    static TwoStations only({"A1"});
     return only;
   }
   static Station& anna() { return *books().first; }
@@ -33,12 +24,7 @@ class AwayTest : public ::testing::Test {
 
   void SetUp() override { NEEDS_REAL_SERVERS(); }
   void TearDown() override {
-    if (IsSkipped()) return;
-    for (Station* station : {&anna(), &ben()}) {
-      station->leave();
-      station->notices();
-      EXPECT_EQ(station->dialogs.takeFailure().value_or(""), "");
-    }
+    if (!IsSkipped()) books().tidy();
   }
   static void look(Station& station) { station.practice().environment().lookAround(); }
   // What stands in the fields.

@@ -7,24 +7,37 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "server/station.h"
 
 namespace quillet::support {
 
+// A server with both, and clients with the year 2008 each.
+struct TwoStations {
+  RealServer server;
+  std::unique_ptr<Station> first, second;
+
+  explicit TwoStations(const std::vector<const char*>& clients) {
+    for (const char* name : {"anna", "ben"}) server.addAccount(name, name);
+    first = std::make_unique<Station>(server, "anna");
+    second = std::make_unique<Station>(server, "ben");
+    for (const char* client : clients) first->addYear(client, 2008);
+  }
+  // As the next test finds them.
+  void tidy() {
+    for (Station* station : {first.get(), second.get()}) {
+      station->leave();
+      station->notices();
+      EXPECT_EQ(station->dialogs.takeFailure().value_or(""), "");
+      station->dialogs.answering = {};
+      station->dialogs.clear();
+    }
+  }
+};
+
 class StationsTest : public ::testing::Test {
  protected:
-  struct Books {
-    RealServer server;
-    std::unique_ptr<Station> first, second;
-    Books() {
-      server.addAccount("anna", "anna");
-      server.addAccount("ben", "ben");
-      first = std::make_unique<Station>(server, "anna");
-      second = std::make_unique<Station>(server, "ben");
-      for (const char* client : {"A1", "B1"}) first->addYear(client, 2008);
-    }
-  };
   StationsTest() = default;
   // Tests with a client of their own.
   explicit StationsTest(const std::string& client) {
@@ -33,8 +46,8 @@ class StationsTest : public ::testing::Test {
       anna().addYear(client, 2008);
     }
   }
-  static Books& books() {
-    static Books only;
+  static TwoStations& books() {
+    static TwoStations only({"A1", "B1"});
     return only;
   }
   static Station& anna() { return *books().first; }
@@ -42,14 +55,7 @@ class StationsTest : public ::testing::Test {
 
   void SetUp() override { NEEDS_REAL_SERVERS(); }
   void TearDown() override {
-    if (IsSkipped()) return;
-    for (Station* station : {&anna(), &ben()}) {
-      station->leave();
-      station->notices();
-      EXPECT_EQ(station->dialogs.takeFailure().value_or(""), "");
-      station->dialogs.answering = {};
-      station->dialogs.clear();
-    }
+    if (!IsSkipped()) books().tidy();
   }
   // Ben takes the year over, does that, and leaves it.
   static void takeOver(const std::string& client, const std::string& secondDate,
