@@ -234,6 +234,7 @@ void frmTrade::saveLine() {
     ask("Group does not exist.");
     return;
   }
+  const bool listed = ledgers_.names().find(name) != nullptr;
   const LedgerGroup pair{host_->GetMax_MastPartId(name), ids.front()};
   if (pair.partId == 0) {
     ask("Failed to Create Master [" + name + "].");
@@ -244,11 +245,11 @@ void frmTrade::saveLine() {
     lblhint.setCaption(chooseAnotherName);
     return;
   }
-  lastSave_ = {openForms().acts.number(), txtpart.text(), txtgroup.text(), txtamount.text(),
-               altered_};
+  lastSave_ = {openForms().acts.number(), txtpart.text(), txtgroup.text(),
+               txtamount.text(),          altered_,       listed};
   change([&] { stock_->save(pair, *amount, altered_); });
-  const NameList::Entry* listed = ledgers_.names().find(name);
-  if (!listed || listed->name != name) ledgers_.fill(stockLedgers(*host_));
+  const NameList::Entry* known = ledgers_.names().find(name);
+  if (!known || known->name != name) ledgers_.fill(stockLedgers(*host_));
   focus(txtpart);
   lblhint.setCaption(savedText(clock_));
 }
@@ -270,23 +271,27 @@ void frmTrade::change(const std::function<void()>& statements) {
 
 // What was typed is shown again, to be saved once more.
 void frmTrade::takenBack() {
+  logErrors("TAKENBACK", [&] { showLock(); });
+  const bool saved = lastSave_.act == openForms().acts.number();
+  if (saved) restoreEntry();
   logErrors("TAKENBACK", [&] {
-    showLock();
-    ledgers_.fill(stockLedgers(*host_));
+    // A ledger that the save had made is gone with it and will be made again.
+    if (saved && !lastSave_.listed) ledgers_.fill(stockLedgers(*host_));
+    followLedger();
     showLines();
   });
   vsf.setCurrent(std::min(changedRow_, vsf.rows()));
-  const bool writing = !lock_;
-  if (lastSave_.act == openForms().acts.number()) {
-    if (writing) focus(txtamount);
-    txtpart.setText(lastSave_.ledger);
-    txtgroup.setText(lastSave_.group);
-    txtamount.setText(lastSave_.amount);
-    altered_ = lastSave_.altered;
-    lblhint.setCaption(writing ? "The line was not saved. Enter tries again."
-                               : "The line was not saved. It stays here to be read.");
-  }
   leaveMovedLine();
+}
+
+void frmTrade::restoreEntry() {
+  if (!lock_) focus(txtamount);
+  txtpart.setText(lastSave_.ledger);
+  txtgroup.setText(lastSave_.group);
+  txtamount.setText(lastSave_.amount);
+  altered_ = lastSave_.altered;
+  lblhint.setCaption(lock_ ? "The line was not saved. It stays here to be read."
+                           : "The line was not saved. Enter tries again.");
 }
 
 void frmTrade::booksMoved(bool masters) {

@@ -68,6 +68,7 @@ class frmTrade : public Form, public StockForm {
   // The group typed; the beginning of its name stands for the name. Null when there is none.
   const NameList::Entry* typedGroup() const;
   void clearEntry();
+  void restoreEntry();
   void followLedger();
   void leaveMovedLine();
   // The entry as its fields show it, "Steel, STOCK, 150.00".
@@ -99,6 +100,7 @@ class frmTrade : public Form, public StockForm {
     unsigned long act = 0;
     std::string ledger, group, amount;
     std::optional<LedgerGroup> altered;
+    bool listed = false;  // the ledger, before the save
   };
   Save lastSave_;
   int changedRow_ = 0;  // the current one when the lines were changed last

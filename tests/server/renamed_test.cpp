@@ -1,4 +1,7 @@
 // Names that another station changes while they stand in the fields of an entry.
+#include <thread>
+
+#include "server/long_line.h"
 #include "server/stations_fixture.h"
 #include "suite/stock_form.h"
 
@@ -18,6 +21,11 @@ class RenamedTest : public StationsTest {
       Station::type(editor.txtgroup, "RENT\r");
     }
     Station::type(editor.txtamount, std::string(amount) + '\r');
+  }
+  static void typeRest(suite::frmTrade& stock, const char* amount) {
+    Station::type(stock.txtgroup,
+                  anna().value("select ALLGRP from Mast_AllGrp where GID=7 limit 1") + '\r');
+    Station::type(stock.txtamount, amount);
   }
 };
 
@@ -65,18 +73,13 @@ TEST_F(RenamedTest, SoDoesTheClosingStock) {
                         anna().practice().environment().yearLocks());
   stock.LoadData(*anna().context().host, "N1", "TRADE_2");
   stock.show();
-  const auto type = [&](const char* amount) {
-    Station::type(stock.txtpart, "Raw Silk\r");
-    Station::type(stock.txtgroup,
-                  anna().value("select ALLGRP from Mast_AllGrp where GID=7 limit 1") + '\r');
-    Station::type(stock.txtamount, amount);
-  };
   const auto silks = [] {
     return anna().value(
         "select group_concat(PartId,' ',Particular) from Mast_Part where "
         "Particular like '% Silk'");
   };
-  type("70");
+  Station::type(stock.txtpart, "Raw Silk\r");
+  typeRest(stock, "70");
   rename("Raw Silk", "Pure Silk");
   stock.press(keys::Enter);
   EXPECT_EQ(silks(), "960 Pure Silk");
@@ -92,6 +95,42 @@ TEST_F(RenamedTest, SoDoesTheClosingStock) {
   stock.press(keys::Enter);
   EXPECT_EQ(silks(), "960 Real Silk");
   EXPECT_EQ(stock.vsf.cell(1, 0), "Real Silk");
+  stock.close();
+}
+
+// A save that is taken back restores what was typed: a ledger that was renamed while it was on its
+// way is chosen again, one that the save itself had made stays to be made again.
+TEST_F(RenamedTest, SoDoesAClosingStockThatWasTakenBack) {
+  anna().change("insert into Mast_Part values(970,'Raw Jute')");
+  LongLine line(books().server.port());
+  Station far(line.port(), "ben");
+  suite::SystemClock clock;
+  suite::frmTrade stock(far.context().openForms, far.dialogs, clock,
+                        far.practice().environment().yearLocks());
+  stock.LoadData(*far.context().host, "N1", "TRADE_2");
+  stock.show();
+  for (const bool listed : {true, false}) {
+    Station::type(stock.txtpart, listed ? "Raw Jute\r" : "New Jute\r");
+    typeRest(stock, "80");
+    line.hold();
+    std::thread saving([&] { stock.press(keys::Enter); });
+    while (!line.holding()) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    books().server.root().execute(
+        "update quillet.Mast_Part set Particular='Old Jute' where PartId=970");
+    line.breakAt(LongLine::Break::beforeCommit);
+    line.letGo();
+    saving.join();
+    EXPECT_EQ(far.notices().size(), 1U);
+    EXPECT_EQ(stock.txtpart.text(), listed ? "" : "New Jute") << stock.lblhint.caption();
+    EXPECT_EQ(stock.txtamount.text(), "80");
+    Station::type(stock.txtpart, listed ? "Old Jute\r" : "New Jute\r");
+    stock.focus(stock.txtamount);
+    stock.press(keys::Enter);
+    EXPECT_GT(stock.vsf.find(0, listed ? "Old Jute" : "New Jute"), 0) << stock.lblhint.caption();
+  }
+  EXPECT_EQ(far.value("select group_concat(Particular order by Particular) from Mast_Part where "
+                      "Particular like '% Jute'"),
+            "New Jute,Old Jute");
   stock.close();
 }
 
