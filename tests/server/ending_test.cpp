@@ -62,13 +62,13 @@ TEST(Ending, WaitsForNoSilentServer) {
   LongLine line(server.port());
   std::optional<Station> far;
   far.emplace(line.port(), "anna",
-              [](suite::Settings& settings) { settings.set("Server", "AnswerSeconds", "10"); });
+              [](suite::Settings& settings) { settings.set("Server", "AnswerSeconds", "30"); });
   far->practice().environment().yearLocks()->enter("A1", "31032009", "TAB_2",
                                                    YearLocks::Purpose::show);
   line.fallSilent();
   const auto begun = std::chrono::steady_clock::now();
   far.reset();
-  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(6));
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(15));
 }
 
 }  // namespace
