@@ -84,6 +84,16 @@ void BackupCommands::tell(const std::string& text, Icon icon) {
   practice_.frontEnd().dialogs().MsgBox({text, "Quillet", Buttons::OK, icon});
 }
 
+bool BackupCommands::onServer(const std::string& instead) {
+  try {
+    refuseServer(practice_.folder().settings(), instead);
+    return false;
+  } catch (const std::exception& error) {
+    tell(error.what(), Icon::critical);
+    return true;
+  }
+}
+
 bool BackupCommands::replaces(const fs::path& file) {
   Message question{"There is a file " + file.string() + " already.\nDo you want to replace it?",
                    "Back Up", Buttons::YesNo, Icon::question};
@@ -94,6 +104,7 @@ bool BackupCommands::replaces(const fs::path& file) {
 void BackupCommands::backUp() {
   if (busy()) return;
   const Working working(atWork_);
+  if (onServer("Back them up there.")) return;
   FrontEnd& frontEnd = practice_.frontEnd();
   const std::string time = practice_.environment().clock().now();
   const auto named =
@@ -128,12 +139,8 @@ void BackupCommands::restore() {
   fs::path file;
   {
     const Working working(atWork_);
+    if (onServer("Restore them there.")) return;
     FrontEnd& frontEnd = practice_.frontEnd();
-    try {
-      refuseServer(practice_.folder().settings(), "Restore them there.");
-    } catch (const std::exception& error) {
-      return tell(error.what(), Icon::critical);
-    }
     const auto named = frontEnd.openFile(filter, BackupPlace(practice_.folder()).folder().string());
     if (!named) return;
     file = *named;

@@ -26,6 +26,8 @@ class BackupCommands {
   bool busy() const { return atWork_ || practice_.context().openForms.acts.running(); }
 
  private:
+  // True, and a person was told, for books that are on a server.
+  bool onServer(const std::string& instead);
   bool replaces(const std::filesystem::path& file);
   bool closeForms();
   void tell(const std::string& text, Icon icon);

@@ -53,8 +53,12 @@ TEST_F(CommandsTest, RestoreAsksFirstAndClosesTheForms) {
   backUpTo(file);
   messages();
   Settings(practice.folder().settings()).set("Server", "Host", "server");
-  commands.restore();
-  EXPECT_NE(messages().at(0).find("database server"), std::string::npos);
+  dialogs.takePrompts();
+  for (const bool back : {true, false}) {
+    back ? commands.backUp() : commands.restore();
+    EXPECT_NE(messages().at(0).find("database server"), std::string::npos);
+    EXPECT_TRUE(dialogs.takePrompts().empty()) << "no file is asked for";
+  }
   Settings(practice.folder().settings()).set("Server", "Host", "");
   std::ofstream(temporary.path() / "letter.tar.zst") << "Dear";
   practice.forms().ObjThird()->show();
