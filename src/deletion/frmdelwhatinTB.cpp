@@ -183,8 +183,10 @@ void frmdelwhatinTB::CMDDELETE_CLICK() {
   }
   deleteChosen();
   deleted_ = true;
-  if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
+  // With this form the editor of the year is closed, which is not there any more; a message stores
+  // what was done so far.
   close();
+  if (!problems_.empty()) context_.MsgBox(problems_, Buttons::OK, Icon::exclamation);
 }
 
 bool frmdelwhatinTB::lost() {

@@ -1,6 +1,9 @@
 // What another station does while a person is asked about a year that is to be deleted or
 // overwritten.
+#include <filesystem>
+
 #include "deletion/frmdelwhatinTB.h"
+#include "editor/frmcrtb.h"
 #include "server/station_years_fixture.h"
 
 namespace quillet::support {
@@ -81,6 +84,29 @@ TEST_F(YearAskedTest, NobodyEntersWhatIsAboutToBeDeleted) {
     EXPECT_TRUE(anna().notices().empty());
     theHome(anna().context()).close();
   }
+}
+
+// The message of the files comes when the editor of the year is closed already.
+TEST_F(YearAskedTest, AYearIsDeletedWhoseEditorIsOpenAndWhoseFilesStay) {
+  addFilled("YF1");
+  const auto inTheWay =
+      anna().practice().folder().documents() / "files/C-YF1/08-09-sap.txt/in the way";
+  std::filesystem::create_directories(inTheWay);
+  anna().context().setYear({"YF1", "TAB_2", "01042008", "31032009"});
+  theEditor(anna().context()).show();
+  third& form = choose(anna(), &third::mnudelete, "YF1");
+  anna().dialogs.answering = [](const Message&) { return Answer::Yes; };
+  form.flexgrid2.setCurrent(form.flexgrid2.rows());
+  form.press(keys::Enter);
+  deletion()->click(deletion()->optMain[0]);
+  deletion()->click(deletion()->cmddelete);
+  anna().dialogs.answering = {};
+  EXPECT_NE(told(anna()).find("08-09-sap.txt"), std::string::npos);
+  EXPECT_EQ(years("YF1"), "31032008");
+  EXPECT_EQ(sumOf("YF1", "TAB_2"), "");
+  EXPECT_EQ(held("YF1"), "");
+  anna().notices();
+  form.close();
 }
 
 }  // namespace
