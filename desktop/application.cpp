@@ -149,6 +149,14 @@ void Application::progressText(const std::string& text) { busy_.setText(toQt(tex
 
 void Application::progressBar(long done, long total) { busy_.setBar(done, total); }
 
+void Application::serverWaits(bool waits) {
+  if (waits) {
+    busy_.hold(windows_.front(), QObject::tr("Waiting for the database server ..."));
+  } else {
+    busy_.goOn();
+  }
+}
+
 void Application::showClient(const std::string& code, const std::string& name) {
   windows_.setFootnote(code.empty() ? QString() : toQt(code + "  " + name));
 }

@@ -77,6 +77,7 @@ class Application : public suite::FrontEnd {
   void progressText(const std::string& text) override;
   void progressBar(long done, long total) override;
   void progressWaits() override { busy_.wait(); }
+  void serverWaits(bool waits) override;
   bool progressStopped() override { return busy_.stopped(); }
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;

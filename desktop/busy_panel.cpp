@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/theme.h"
 
@@ -81,6 +82,22 @@ void BusyPanel::wait() {
   if (busy_) draw();
 }
 
+void BusyPanel::hold(QWidget* over, const QString& text) {
+  if (!busy_ && over == nullptr) return;
+  if (!busy_) {
+    begin(over);
+    held_ = true;
+  }
+  const bool waitedFor = std::exchange(waiting_, true);
+  arrange(text);
+  waiting_ = waitedFor;
+  panel_->repaint();
+}
+
+void BusyPanel::goOn() {
+  if (std::exchange(held_, false)) end();
+}
+
 bool BusyPanel::stopped() {
   stoppable_ = true;
   return stopped_;
@@ -93,16 +110,20 @@ void BusyPanel::step() {
 }
 
 void BusyPanel::draw() {
-  if (!panel_) build();
   const QString text = text_.isEmpty() ? tr("Please wait ...") : text_;
-  setProgress();
-  place(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
-  panel_->show();
-  panel_->raise();
+  arrange(stoppable_ ? tr("%1  Esc stops").arg(text) : text);
   shield(true);
   QCoreApplication::processEvents();
   shield(false);
   painted_.start();
+}
+
+void BusyPanel::arrange(const QString& text) {
+  if (!panel_) build();
+  setProgress();
+  place(text);
+  panel_->show();
+  panel_->raise();
 }
 
 // The bar counts in thousandths: rows may be more than it can count. While nobody knows how long it

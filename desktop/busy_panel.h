@@ -27,6 +27,10 @@ class BusyPanel : public QObject {
   void setBar(long done, long total);
   // Shows at once that something is waited for: the bar moves with each call.
   void wait();
+  // The same in the midst of something that no event may disturb, also while nothing is busy; until
+  // goOn(). The text of work that is busy comes back with its next step.
+  void hold(QWidget* over, const QString& text);
+  void goOn();
   // Whether a person pressed Escape. Asked by work that can stop; the panel says then that it can.
   bool stopped();
 
@@ -51,6 +55,7 @@ class BusyPanel : public QObject {
  private:
   void step();
   void draw();
+  void arrange(const QString& text);
   void setProgress();
   void build();
   void place(const QString& text);
@@ -61,6 +66,7 @@ class BusyPanel : public QObject {
   bool stoppable_ = false;
   bool stopped_ = false;
   bool waiting_ = false;
+  bool held_ = false;  // and not busy otherwise
   QElapsedTimer since_, painted_;
   QString text_;
   long done_ = 0, total_ = 0;

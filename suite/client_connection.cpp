@@ -129,12 +129,18 @@ ClientConnection::~ClientConnection() {
 ClientConnection::ClientConnection(ClientConnection&& other) noexcept
     : library_(other.library_),
       connection_(std::exchange(other.connection_, nullptr)),
-      asked_(std::exchange(other.asked_, false)) {}
+      asked_(std::exchange(other.asked_, false)),
+      gaveUp_(other.gaveUp_),
+      answerSeconds_(other.answerSeconds_),
+      waiting_(std::move(other.waiting_)) {}
 
 ClientConnection& ClientConnection::operator=(ClientConnection&& other) noexcept {
   std::swap(library_, other.library_);
   std::swap(connection_, other.connection_);
   std::swap(asked_, other.asked_);
+  std::swap(gaveUp_, other.gaveUp_);
+  std::swap(answerSeconds_, other.answerSeconds_);
+  std::swap(waiting_, other.waiting_);
   return *this;
 }
 
@@ -154,6 +160,7 @@ void ClientConnection::open(const ServerEntrance& entrance) {
   // A new connection would be without the transaction that was open.
   set(MYSQL_OPT_RECONNECT, no);
   if (entrance.connectSeconds > 0) set(MYSQL_OPT_CONNECT_TIMEOUT, entrance.connectSeconds);
+  answerSeconds_ = entrance.answerSeconds;
   if (entrance.answerSeconds > 0) {
     set(MYSQL_OPT_READ_TIMEOUT, entrance.answerSeconds);
     set(MYSQL_OPT_WRITE_TIMEOUT, entrance.answerSeconds);
@@ -181,7 +188,32 @@ void ClientConnection::send(const std::string& sql) {
   if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
   if (asked_) takeAnswer();
   if (!later_.empty()) return sendAfterLater(sql);
-  if (library_->send(connection_, sql.data(), sql.size()) != 0) failStatement();
+  if (!sent(sql)) failStatement();
+}
+
+bool ClientConnection::sent(const std::string& sql) {
+  if (!waiting_) return library_->send(connection_, sql.data(), sql.size()) == 0;
+  if (library_->begin(connection_, sql.data(), sql.size()) != 0) return false;
+  awaitAnswer();
+  return library_->finish(connection_) == 0;
+}
+
+// The library's own limit begins when it reads: past it the connection is lost.
+void ClientConnection::awaitAnswer() {
+  using std::chrono::steady_clock;
+  constexpr int first = 1000;
+  constexpr int again = 200;
+  const auto end = steady_clock::now() + std::chrono::seconds(answerSeconds_);
+  pollfd answer{library_->socket(connection_), POLLIN, 0};
+  bool told = false;
+  for (int wait = first; poll(&answer, 1, wait) == 0; wait = again) {
+    if (answerSeconds_ > 0 && steady_clock::now() > end) {
+      giveUp();
+      break;
+    }
+    waiting_(told = true);
+  }
+  if (told) waiting_(false);
 }
 
 void ClientConnection::executeLater(const std::string& sql) {
@@ -199,7 +231,7 @@ void ClientConnection::sendAfterLater(const std::string& sql) {
   std::string all;
   for (const std::string& each : before) all += each + ';';
   all += sql;
-  bool failed = library_->send(connection_, all.data(), all.size()) != 0;
+  bool failed = !sent(all);
   for (std::size_t i = 0; i < before.size(); ++i) {
     if (failed) throw LaterFailed(statementError());
     library_->freeRows(library_->storeRows(connection_));
@@ -266,7 +298,10 @@ bool ClientConnection::answered(std::chrono::milliseconds longest) {
   return true;
 }
 
-void ClientConnection::giveUp() { shutdown(library_->socket(connection_), SHUT_RDWR); }
+void ClientConnection::giveUp() {
+  gaveUp_ = true;
+  shutdown(library_->socket(connection_), SHUT_RDWR);
+}
 
 void ClientConnection::failStatement() const { throw statementError(); }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -47,6 +48,11 @@ class ClientConnection {
   void open();
   void open(const ServerEntrance& entrance);
 
+  // While a statement waits for a server elsewhere: true after a second, and again and again; false
+  // once it goes on. Nothing may be sent meanwhile.
+  using Waiting = std::function<void(bool)>;
+  void tellWaiting(Waiting waiting) { waiting_ = std::move(waiting); }
+
   // Text that is not UTF-8 is refused before it becomes SQL.
   void send(const std::string& sql);
   RecordsetPtr rows();
@@ -73,12 +79,15 @@ class ClientConnection {
   bool answered(std::chrono::milliseconds longest);
   // Nothing waits for the other end any more: the connection is lost.
   void giveUp();
+  bool gaveUp() const { return gaveUp_; }
 
  private:
   explicit ClientConnection(const ClientLibrary& library);
   [[noreturn]] void fail() const;
   [[noreturn]] void failStatement() const;
   RunTimeError statementError() const;
+  bool sent(const std::string& sql);
+  void awaitAnswer();
   void sendAfterLater(const std::string& sql);
   void takeAnswer();
 
@@ -87,6 +96,9 @@ class ClientConnection {
   std::vector<std::string> later_;
   std::size_t laterSize_ = 0;
   bool asked_ = false;  // and the answer was not read yet
+  bool gaveUp_ = false;
+  unsigned answerSeconds_ = 0;
+  Waiting waiting_;
 };
 
 }  // namespace quillet::suite

@@ -53,6 +53,10 @@ class Database : public Connection {
   // The books are complete: other stations may open them from now on. Nothing for an embedded one.
   void share();
 
+  // What is told while a statement waits for a server, or a connection is opened again that an act
+  // needs; see ClientConnection.
+  void tellWaiting(std::function<void(bool)> waiting);
+
   // Opens the connection again when it was lost, or when its server takes no changes any more: to
   // the first host that does. What was not committed is gone. Waits a while for one, if wanted.
   // Throws std::runtime_error as connect() does.

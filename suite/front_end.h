@@ -31,6 +31,9 @@ class FrontEnd {
   // The work waits for another program: the indicator shows at once, and it moves. Called again and
   // again.
   virtual void progressWaits() {}
+  // The database server is waited for in the midst of a statement: true again and again, false in
+  // the end. Nothing else can run meanwhile, so no event may be handled.
+  virtual void serverWaits(bool /*waits*/) {}
   // Whether a person wants the work to stop; asked while work runs that can.
   virtual bool progressStopped() { return false; }
   virtual void showClient(const std::string& code, const std::string& name) = 0;

@@ -24,6 +24,7 @@ class HeadlessFrontEnd : public FrontEnd {
   std::string progress;             // the last text
   long done = 0, total = 0;         // the last state of the bar
   long waits = 0;                   // how often the work said that it waits
+  long serverWaited = 0;            // how often it was said that the server is waited for
   long updates = 0;                 // how often text or bar changed
   std::string client;               // code of the client shown last
   std::vector<std::string> menu;    // entries of the popup menu shown last
@@ -35,6 +36,7 @@ class HeadlessFrontEnd : public FrontEnd {
   void progressText(const std::string& text) override;
   void progressBar(long doneSteps, long totalSteps) override;
   void progressWaits() override { ++waits; }
+  void serverWaits(bool still) override { serverWaited += still ? 1 : 0; }
   void showClient(const std::string& code, const std::string& name) override;
   int popup(const std::vector<std::string>& entries) override;
   void help(const std::string& topic) override { topics.push_back(topic); }

@@ -49,9 +49,11 @@ StandaloneEnvironment::StandaloneEnvironment(const DataFolder& folder, Settings&
       fileRemoval_(unit_, folder.documents(), folder.keptFiles()),
       disk_(database.schemaFolder().parent_path()),
       acts_(unit_, log_, fileRemoval_, disk_, frontEnd.notices(), clock),
-      statutoryHeads_(folder.statutoryHeads()) {}
+      statutoryHeads_(folder.statutoryHeads()) {
+  database.tellWaiting([&frontEnd](bool waits) { frontEnd.serverWaits(waits); });
+}
 
-StandaloneEnvironment::~StandaloneEnvironment() = default;
+StandaloneEnvironment::~StandaloneEnvironment() { database_.tellWaiting({}); }
 
 std::unique_ptr<ServiceObject> StandaloneEnvironment::createServiceObject() {
   return std::make_unique<Service>(folder_, settings_, database_, unit_, frontEnd_, dialogs_);

@@ -159,6 +159,35 @@ TEST_F(DialogsTest, DialogsCanBeExchanged) {
   EXPECT_NE(&theApplication().dialogs(), &queue);
 }
 
+// No event may come in between: a timer, say, would use the connection that is waited for.
+TEST_F(DialogsTest, AServerIsWaitedForWithoutEvents) {
+  Application& app = theApplication();
+  int events = 0;
+  const auto post = [&] { QTimer::singleShot(0, window(), [&] { ++events; }); };
+  const auto shown = [&] {
+    const QImage image = window()->grab().toImage();
+    const auto* const panel = window()->findChild<QWidget*>("busy");
+    return panel && panel->isVisible() && image.rect().contains(panel->geometry());
+  };
+  for (const bool busy : {false, true}) {
+    if (busy) app.showProgress(true);
+    post();
+    app.serverWaits(true);
+    app.serverWaits(true);
+    EXPECT_TRUE(shown());
+    EXPECT_EQ(window()->findChild<QWidget*>("busy")->findChild<QLabel*>()->text(),
+              "Waiting for the database server ...");
+    app.serverWaits(false);
+    EXPECT_EQ(events, 0);
+    if (busy) app.progressText("Reading");
+    EXPECT_EQ(shown(), busy);
+    if (busy) app.showProgress(false);
+    settle();
+    EXPECT_EQ(std::exchange(events, 0), 1);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+  }
+}
+
 TEST_F(DialogsTest, ProgressShowsOnlyWhenItLasts) {
   Application& app = theApplication();
   app.showProgress(true);

@@ -82,6 +82,36 @@ TEST_F(LongLineTest, KeysSendNothing) {
   stock.close();
 }
 
+// A person sees that the server is waited for, not that the program has stopped.
+TEST_F(LongLineTest, WaitingIsTold) {
+  LongLine line(books().server.port());
+  Station far(line.port(), "ben", [](suite::Settings& settings) {
+    for (const char* limit : {"ConnectSeconds", "AnswerSeconds"}) {
+      settings.set("Server", limit, "2");
+    }
+  });
+  far.open("F1", 2008);
+  far.enter("Slow", "RENT", "10");
+  EXPECT_EQ(far.waited(), 0);
+  line.before(1, [] { std::this_thread::sleep_for(std::chrono::milliseconds(1500)); });
+  far.enter("Slow", "RENT", "1");
+  EXPECT_GT(far.waited(), 0);
+  EXPECT_EQ(balance("F1", "Slow"), "11");
+  // One that says nothing any more is waited for once, not with each key.
+  line.before(0);
+  line.fallSilent();
+  far.enter("Slow", "RENT", "5");
+  EXPECT_NE(far.notices().at(0).find("does not answer within 2 s"), std::string::npos);
+  const auto begun = std::chrono::steady_clock::now();
+  Station::type(far.editor().txtdrcr, "D\r");
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(2));
+  line.fallSilent(false);
+  std::this_thread::sleep_for(std::chrono::seconds(3));
+  far.enter("Slow", "RENT", "5");
+  EXPECT_EQ(balance("F1", "Slow"), "16");
+  far.leave();
+}
+
 TEST_F(LongLineTest, ATakingOverWaitsForACommitOnItsWay) {
   LongLine line(books().server.port());
   Station far(line.port(), "anna");

@@ -58,6 +58,8 @@ class Station {
   frmjrnl& openJournal();
   void pass(frmjrnl& journal, int lines);
   std::vector<std::string> notices();
+  // How often it was said that the server is waited for.
+  long waited() const { return frontEnd_.serverWaited; }
 
  private:
   TemporaryFolder folder_;
