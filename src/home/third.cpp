@@ -110,7 +110,9 @@ void third::FORM_LOAD() {
 
 void third::FORM_ACTIVATE() {
   logErrors("FORM_ACTIVATE", [&] {
-    if (std::exchange(justLoaded_, false) || !Frame3.visible()) return;
+    if (std::exchange(justLoaded_, false) || removal.runs()) return;
+    if (famyears.shown() && !mergeList.shown()) return years.refresh();
+    if (!Frame3.visible()) return;
     refreshClients();
     if (!ClGrd1.notice().empty() || lblstatus.caption() == clientsUnread) {
       status(ClGrd1.notice());

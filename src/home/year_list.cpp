@@ -12,6 +12,12 @@
 #include "host/year_lock.h"
 
 namespace quillet {
+namespace {
+
+constexpr const char* yearsUnread = "The years could not be read.";
+constexpr const char* figuresUnread = "What the years hold could not be read.";
+
+}  // namespace
 
 YearList::YearList(third& form, Context& context) : form_(form), context_(context) {
   third::on(form.cmdchanges.Click, "CMDCHANGES_CLICK",
@@ -27,13 +33,13 @@ void YearList::load() {
   grid.setEmptyText("\"Create Trial Balance\" makes a year for the client.");
   form_.mergeList.clear();
   form_.status("");
-  form_.statusOnFailure("The years could not be read.",
+  form_.statusOnFailure(yearsUnread,
                         [&] { years_ = Registry(*context_.host).keysOf(form_.clientCode()); });
   std::vector<YearFigures> figures;
   if (!years_.empty()) {
     form_.logErrors("YEARFIGURES",
                     [&] { figures = yearFigures(*context_.host, form_.clientCode()); });
-    if (figures.empty()) form_.status("What the years hold could not be read.");
+    if (figures.empty()) form_.status(figuresUnread);
   }
   fillYearTable(grid, *context_.host, years_, figures,
                 readYearNotes(form_, context_, form_.clientCode(), years_));
@@ -60,6 +66,15 @@ void YearList::showAt(const YearKeys& year) {
 void YearList::showAt(int row) {
   load();
   form_.flexgrid2.setCurrent(std::min(row, form_.flexgrid2.rows()));
+}
+
+void YearList::refresh() {
+  const std::string told = form_.lblstatus.caption();
+  Control* const active = form_.active();
+  showAnew();
+  if (active) form_.focus(*active);
+  const bool failure = told == yearsUnread || told == figuresUnread;
+  if (form_.lblstatus.caption().empty() && !failure) form_.status(told);
 }
 
 void YearList::showAnew() { showAt(chosen() ? *chosen() : YearKeys{}); }

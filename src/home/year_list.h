@@ -25,6 +25,8 @@ class YearList {
   void showAt(int row);
   // The same with the chosen year, none when it is there no more.
   void showAnew();
+  // The same while somebody is at work in the form.
+  void refresh();
 
   // The chosen year; nothing is done when there is none.
   const YearKeys* chosen() const;

@@ -29,7 +29,9 @@ void YearRemoval::open(const RegisteredYear& year, Removed removed) {
     form_.status("The trial balance of " + year.keys.text() + " could not be looked into.");
     return;
   }
+  runs_ = true;
   deletion_.showModal([this, year, removed = std::move(removed)] {
+    runs_ = false;
     const HoldUntilEnd holding{deletion_.hold};
     if (!deletion_.touched()) return;
     takeOutOfWork(year);

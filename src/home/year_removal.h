@@ -27,6 +27,8 @@ class YearRemoval {
   // Opens the deletion form in the home form's mode. `removed` runs when it has closed and anything
   // was deleted, if only by a try that failed.
   void open(const RegisteredYear& year, Removed removed);
+  // The deletion form is open, or closing: what follows shows the years anew.
+  bool runs() const { return runs_; }
 
  private:
   void takeOutOfWork(const RegisteredYear& year);
@@ -34,6 +36,7 @@ class YearRemoval {
   third& form_;
   Context& context_;
   frmdelwhatinTB deletion_;
+  bool runs_ = false;
 };
 
 // Whatever happens meanwhile.

@@ -48,6 +48,16 @@ TEST_F(HomeTest, AClientAndAYearOpenTheEditor) {
   form.doubleClick(form.flexgrid2);
   EXPECT_EQ(editor.vsfm.cell(1, 2), "6.00");
   EXPECT_TRUE(editor.visible());
+  // Back in the list it tells what was done meanwhile, and a person goes on where they were.
+  form.status("Said before.");
+  form.focus(form.cmdchanges);
+  editor.show();
+  enter(editor, "Cash", "BANKS", "50", "D");
+  editor.close();
+  EXPECT_EQ(form.flexgrid2.cell(2, 5), "50.00 Debit");
+  EXPECT_EQ(form.flexgrid2.current(), 2);
+  EXPECT_EQ(form.active(), &form.cmdchanges);
+  EXPECT_EQ(form.lblstatus.caption(), "Said before.");
 }
 
 // The context's client and year, and the form's message.
