@@ -28,9 +28,11 @@ LineSaver::LineSaver(frmcrtb& form, OpenBooks& books, EntryFields& entry, LinesG
 
 void LineSaver::save() {
   const bool had = !books_.locked(entry_.year());
+  const bool named = !form_.txtpart.text().empty();
   form_.begins("SAVELINE");
   // Lost as the turn came, and told.
   if (had && books_.locked(entry_.year())) return form_.lblsaved.setCaption("");
+  if (named && form_.txtpart.text().empty()) return tellMoved();
   const auto typed = entry_.checked();
   if (!typed || !putBack()) return;
   remember();
@@ -51,6 +53,13 @@ void LineSaver::save() {
   } else {
     showFailure(year);
   }
+}
+
+// Another station has altered or deleted the line or the ledger that was meant, as the hint says.
+void LineSaver::tellMoved() {
+  form_.lblsaved.setCaption("");
+  books_.context.MsgBox(form_.lblhint.caption(), Buttons::OK, Icon::information);
+  if (!entry_.untouched()) form_.focus(form_.txtpart);
 }
 
 void LineSaver::showSaved(const YearLine& saved) {

@@ -31,6 +31,7 @@ class LineSaver {
 
  private:
   void remember();
+  void tellMoved();
   void showSaved(const YearLine& saved);
   void showFailure(TwoYears::Year year);
   bool writeBack();

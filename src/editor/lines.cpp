@@ -14,8 +14,9 @@ void frmcrtb::leaveEntry() {
 }
 
 void frmcrtb::MNUINSERT_CLICK() {
-  leaveEntry();
+  // What is typed for a year that cannot be written in stays to be read.
   if (books_.refusesChange(books_.years.yearInView())) return;
+  leaveEntry();
   focus(txtpart);
 }
 
@@ -25,8 +26,8 @@ void frmcrtb::MNUALTER_CLICK() {
   // Leaving an entry may read the lines anew.
   const Entry entry = *selected;
   const YearLine line = *lines_.selectedLine();
-  leaveEntry();
   if (books_.refusesChange(line.year)) return;
+  leaveEntry();
   entry_.alter(entry, line);
   focus(txtpart);
 }

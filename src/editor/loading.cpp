@@ -272,7 +272,7 @@ void frmcrtb::booksMoved(bool masters) {
   // Where nobody else may change the lines, only their names can have changed.
   if (books_.mustBeReadAnew()) {
     showStored();
-  } else if (masters || books_.locked(books_.years.yearInView())) {
+  } else if (masters || books_.anyLocked()) {
     refreshShownLines();
   }
   if (masters) logErrors("BOOKSMOVED", [&] { entry_.followNames(); });

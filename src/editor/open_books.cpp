@@ -1,5 +1,6 @@
 #include "editor/open_books.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "books/clients.h"
@@ -9,6 +10,12 @@
 namespace quillet {
 
 using enum TwoYears::Year;
+
+namespace {
+
+bool isFree(const YearLock& lock) { return lock.lost && !lock.gone && !lock.reason.empty(); }
+
+}  // namespace
 
 void OpenBooks::showLocks(Label& shown, bool entering) {
   const auto before = std::exchange(locks, {});
@@ -24,17 +31,26 @@ void OpenBooks::showLocks(Label& shown, bool entering) {
                       ? enterYear(holds_[year], context, years.books(year), years.keys(year))
                       : lockOf(context, years.client(), years.keys(year).second);
     const bool gone = locked(year) && locks[year]->gone;
-    freed_ = freed_ || (!entering && ((before[year] && !locked(year)) || holds_[year].stale() ||
-                                      gone != years.isGone(year)));
+    // Lost, and nobody has it any more: it is had again when it is read.
+    const bool free = !entering && years.inView(year) && locked(year) && isFree(*locks[year]);
+    freed_ = freed_ || free ||
+             (!entering && ((before[year] && !locked(year)) || holds_[year].stale() ||
+                            gone != years.isGone(year)));
     years.setGone(year, gone);
     // A year that is looked at and free is not ours for that.
-    if (years.inView(year) && (entering || locked(year))) tellLoss(year, shown.form());
+    if (years.inView(year) && !free && (entering || locked(year))) tellLoss(year, shown.form());
     if (!locked(year) || !years.inView(year)) continue;
     text += (text.empty() ? "" : ". ") +
             std::string(year == previous ? "The previous year: " : "") + lockCaption(*locks[year]);
   }
   shown.setCaption(text);
   shown.setVisible(!text.empty());
+}
+
+bool OpenBooks::anyLocked() const {
+  return std::ranges::any_of(std::array{current, previous}, [this](TwoYears::Year year) {
+    return years.inView(year) && locked(year);
+  });
 }
 
 void OpenBooks::tellLoss(TwoYears::Year year, const Form& form) {

@@ -34,6 +34,8 @@ struct OpenBooks {
   // that are shown.
   bool mustBeReadAnew() const { return freed_; }
   bool locked(TwoYears::Year year) const { return locks[year].has_value(); }
+  // Of the years in view.
+  bool anyLocked() const;
   // True, and a person was told, when the year is locked by now.
   bool refusesChange(TwoYears::Year year) const;
 

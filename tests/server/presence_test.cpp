@@ -71,6 +71,7 @@ TEST_F(PresenceTest, WhatWasTypedBeforeASilenceStays) {
     EXPECT_EQ(balance("P1", "Tea"), enters ? "100" : "50");
   }
   EXPECT_EQ(balance("P1", "Lid"), "5");
+  EXPECT_TRUE(anna().notices().empty()) << "all of it was stored";
 }
 
 TEST_F(PresenceTest, WhoThinksOverAQuestionIsThereAllTheTime) {
@@ -108,9 +109,15 @@ TEST_F(PresenceTest, ALineThatWasAlteredMeanwhileIsNotWrittenOver) {
       ben().leave();
     });
     if (looks) anna().practice().environment().lookAround();
+    anna().dialogs.takeMessages();
     Station::type(editor.txtdrcr, "D\r");
     EXPECT_EQ(balance("P1", "Twice"), looks ? "14" : "9");
     EXPECT_NE(editor.lblhint.caption().find("Not stored: 7"), std::string::npos);
+    const auto boxes = anna().dialogs.takeMessages();
+    if (looks) continue;
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_NE(boxes[0].message.text.find("Not stored: 7"), std::string::npos);
+    EXPECT_TRUE(anna().notices().empty());
   }
 }
 

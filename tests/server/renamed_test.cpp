@@ -59,8 +59,12 @@ TEST_F(RenamedTest, AnEntryGoesOnWithTheLedgerThatWasChosen) {
   anna().practice().environment().lookAround();
   typeUpToSide(editor, "Short Lived", "6");
   ben().change("delete from Mast_Part where PartId=950");
+  anna().dialogs.takeMessages();
   Station::type(editor.txtdrcr, "D\r");
-  EXPECT_NE(editor.lblhint.caption().find("deleted or merged"), std::string::npos);
+  const auto boxes = anna().dialogs.takeMessages();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_NE(boxes[0].message.text.find("deleted or merged"), std::string::npos);
+  EXPECT_EQ(editor.active(), &editor.txtpart);
   EXPECT_EQ(editor.txtpart.text(), "");
   EXPECT_EQ(lines(), "Third Name 300");
   ben().change("update Mast_AllGrp set ALLGRP='RENT' where ALLGRP='RENT PAID'");
