@@ -163,6 +163,12 @@ TEST_F(LostYearTest, WhoIsTypingInTheEditorIsToldOnce) {
       EXPECT_EQ(tells(notice, "What was typed is not stored. It stays"), typed) << notice;
       for (int i = 0; i < 3; ++i) look();
       EXPECT_TRUE(anna().notices().empty());
+      // Enter would go on in the list, whose lines cannot be altered.
+      anna().dialogs.takeMessages();
+      editor.vsfm.setCurrent(1);
+      editor.press(keys::Enter);
+      EXPECT_EQ(anna().dialogs.takeMessages().size(), 1U);
+      EXPECT_EQ(editor.txtpart.text(), typed ? "Typed" : "");
       ben().leave();
       look();
       EXPECT_TRUE(anna().notices().empty());
