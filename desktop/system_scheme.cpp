@@ -16,7 +16,7 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 
 // A portal that is there answers at once; one that is not must not hold up the start.
-constexpr int patienceMs = 250;
+constexpr int answerWithinMs = 250;
 
 }  // namespace
 
@@ -25,7 +25,7 @@ bool systemPrefersDark() {
   if (!bus.isConnected()) return false;
   QDBusMessage ask = QDBusMessage::createMethodCall(service, path, interface, "Read");
   ask << SchemeListener::space() << SchemeListener::key();
-  const QDBusMessage answer = bus.call(ask, QDBus::Block, patienceMs);
+  const QDBusMessage answer = bus.call(ask, QDBus::Block, answerWithinMs);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return false;
   return SchemeListener::meansDark(answer.arguments().constFirst());
 }

@@ -214,7 +214,7 @@ int indexArray(Call& call, const Handle& handle) {
   return 1;
 }
 
-int index(Call& call) {
+int indexControl(Call& call) {
   const Handle handle = handleAt(call, 1, controlType);
   if (call.isNumber(2)) return indexArray(call, handle);
   const Control& control = controlOf(call.session(), handle);
@@ -225,16 +225,16 @@ int index(Call& call) {
   return 1;
 }
 
-int newIndex(Call& call) {
+int setInControl(Call& call) {
   throw Error("'" + call.text(2) + "' of a control cannot be set; a script acts as a person does");
 }
 
-int equal(Call& call) {
+int equalControls(Call& call) {
   const Control& a = controlOf(call.session(), handleAt(call, 1, controlType));
   return call.give(&a == &controlOf(call.session(), handleAt(call, 2, controlType)));
 }
 
-int toText(Call& call) {
+int controlText(Call& call) {
   const Handle handle = handleAt(call, 1, controlType);
   return call.give(std::string(handle.name) + " of " + handle.formName);
 }
@@ -252,10 +252,10 @@ void focusOn(Session& session, Control& control) {
 
 void registerControls(lua_State* state) {
   registerType(state, controlType,
-               {{"__index", entry<index>},
-                {"__newindex", entry<newIndex>},
-                {"__eq", entry<equal>},
-                {"__tostring", entry<toText>}});
+               {{"__index", entry<indexControl>},
+                {"__newindex", entry<setInControl>},
+                {"__eq", entry<equalControls>},
+                {"__tostring", entry<controlText>}});
 }
 
 }  // namespace quillet::script

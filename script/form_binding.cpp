@@ -32,7 +32,7 @@ int pushActive(const Call& call, const Form& form) {
   return form.active() ? call.give(form.active()->name()) : call.nil();
 }
 
-int index(Call& call) {
+int indexForm(Call& call) {
   const Handle handle = handleAt(call, 1, formType);
   const std::string name = call.text(2);
   // What can be asked of a closed form, too.
@@ -50,17 +50,17 @@ int index(Call& call) {
   return 1;
 }
 
-int newIndex(Call& call) {
+int setInForm(Call& call) {
   throw Error("'" + call.text(2) + "' of a form cannot be set; a script acts as a person does");
 }
 
-int equal(Call& call) {
+int equalForms(Call& call) {
   const Handle a = handleAt(call, 1, formType);
   const Handle b = handleAt(call, 2, formType);
   return call.give(a.form == b.form && std::string_view(a.formName) == b.formName);
 }
 
-int toText(Call& call) {
+int formText(Call& call) {
   return call.give("form " + std::string(handleAt(call, 1, formType).formName));
 }
 
@@ -68,10 +68,10 @@ int toText(Call& call) {
 
 void registerForms(lua_State* state) {
   registerType(state, formType,
-               {{"__index", entry<index>},
-                {"__newindex", entry<newIndex>},
-                {"__eq", entry<equal>},
-                {"__tostring", entry<toText>}});
+               {{"__index", entry<indexForm>},
+                {"__newindex", entry<setInForm>},
+                {"__eq", entry<equalForms>},
+                {"__tostring", entry<formText>}});
 }
 
 }  // namespace quillet::script

@@ -18,7 +18,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* source = "MariaDB";
+constexpr const char* databaseSource = "MariaDB";
 constexpr const char* charset = "utf8mb4";
 constexpr long connectionLost = 2013;
 
@@ -61,7 +61,7 @@ class StoredRows : public Recordset {
   std::optional<std::string_view> field(int column) const override {
     checkColumn(column);
     if (row_ == nullptr) {
-      throw RunTimeError(3021, "There is no current record.", source);
+      throw RunTimeError(3021, "There is no current record.", databaseSource);
     }
     if (row_[column] == nullptr) return std::nullopt;
     return std::string_view(row_[column], lengths_[column]);
@@ -96,7 +96,8 @@ class StoredRows : public Recordset {
   }
   void checkColumn(int column) const {
     if (column < 0 || column >= fieldCount_) {
-      throw RunTimeError(3265, "There is no column " + std::to_string(column) + ".", source);
+      throw RunTimeError(3265, "There is no column " + std::to_string(column) + ".",
+                         databaseSource);
     }
   }
 
@@ -180,12 +181,12 @@ void ClientConnection::open(const ServerEntrance& entrance) {
     fail();
   }
   if (entrance.encrypted && library_->cipher(connection_) == nullptr) {
-    throw RunTimeError(2026, "The connection is not encrypted.", source);
+    throw RunTimeError(2026, "The connection is not encrypted.", databaseSource);
   }
 }
 
 void ClientConnection::send(const std::string& sql) {
-  if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+  if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", databaseSource);
   if (asked_) takeAnswer();
   if (!later_.empty()) return sendAfterLater(sql);
   if (!sent(sql)) failStatement();
@@ -219,7 +220,7 @@ void ClientConnection::awaitAnswer() {
 void ClientConnection::executeLater(const std::string& sql) {
   // What a server takes in one request is limited.
   constexpr std::size_t most = 256UL * 1024;
-  if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", source);
+  if (!isUtf8(sql)) throw RunTimeError(1300, "The text is not valid UTF-8.", databaseSource);
   if (later_.empty()) laterSize_ = 0;
   later_.push_back(sql);
   laterSize_ += sql.size();
@@ -308,15 +309,15 @@ void ClientConnection::failStatement() const { throw statementError(); }
 RunTimeError ClientConnection::statementError() const {
   const auto number = static_cast<long>(library_->errorNumber(connection_));
   const std::string text = library_->errorText(connection_);
-  if (library_ == &embeddedClient()) return {number, text, source};
+  if (library_ == &embeddedClient()) return {number, text, databaseSource};
   const bool lost = std::find(lostAsWell.begin(), lostAsWell.end(), number) != lostAsWell.end();
   const long meant = lost ? connectionLost : number;
-  return {meant, explained(meant, text), source};
+  return {meant, explained(meant, text), databaseSource};
 }
 
 void ClientConnection::fail() const {
   throw RunTimeError(static_cast<long>(library_->errorNumber(connection_)),
-                     library_->errorText(connection_), source);
+                     library_->errorText(connection_), databaseSource);
 }
 
 }  // namespace quillet::suite

@@ -8,8 +8,6 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* ownSchema = "quillet";
-
 // The server makes a table of a long list of values. That helps where rows are looked up by the
 // list; where each row is compared with it, the list as it stands is faster.
 std::string comparingLists(const std::string& sql) {

@@ -15,6 +15,9 @@
 
 namespace quillet::suite {
 
+// Of the server of our own.
+inline constexpr const char* ownSchema = "quillet";
+
 class Database::Impl {
  public:
   explicit Impl(std::unique_ptr<EmbeddedServer> server)

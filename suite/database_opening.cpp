@@ -9,8 +9,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* ownSchema = "quillet";
-constexpr const char* charset = "utf8mb4";
+constexpr const char* booksCharset = "utf8mb4";
 // Names are the same that differ in case or in blanks at the end; accents, the signs of Indian
 // scripts and emoji tell them apart, as they do in the module.
 constexpr const char* withCollation = " character set utf8mb4 collate utf8mb4_uca1400_as_ci";
@@ -84,7 +83,7 @@ void Database::Impl::useSchema(const std::string& schema) {
     connection_.execute("create database if not exists " + schema + withCollation);
     connection_.execute("use " + schema);
   }
-  if (connection_.query("select @@character_set_database")->text(0) != charset) {
+  if (connection_.query("select @@character_set_database")->text(0) != booksCharset) {
     connection_.execute("alter database " + schema + withCollation);
   }
 }

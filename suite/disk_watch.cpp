@@ -14,7 +14,7 @@ std::uintmax_t freeSpace(const fs::path& folder) {
 }
 
 // The definitions of the tables, in a folder below, are small beside it.
-std::uintmax_t sizeOf(const fs::path& folder) {
+std::uintmax_t sizeOfFiles(const fs::path& folder) {
   std::uintmax_t size = 0;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
@@ -25,7 +25,7 @@ std::uintmax_t sizeOf(const fs::path& folder) {
   return size;
 }
 
-std::string megabytes(std::uintmax_t bytes) { return std::to_string(bytes / 1'000'000) + " MB"; }
+std::string inMegabytes(std::uintmax_t bytes) { return std::to_string(bytes / 1'000'000) + " MB"; }
 
 }  // namespace
 
@@ -34,15 +34,15 @@ DiskWatch::DiskWatch(fs::path databaseFolder, Free free)
 
 std::optional<std::string> DiskWatch::warning() {
   if (folder_.empty()) return std::nullopt;
-  const std::uintmax_t size = sizeOf(folder_);
+  const std::uintmax_t size = sizeOfFiles(folder_);
   const std::uintmax_t room = free_(folder_);
   const bool tight = room / 2 < size;
   if (!tight || std::exchange(warned_, tight)) {
     warned_ = tight;
     return std::nullopt;
   }
-  return "The disk is nearly full: " + megabytes(room) + " are free, and the database of " +
-         folder_.string() + " has " + megabytes(size) +
+  return "The disk is nearly full: " + inMegabytes(room) + " are free, and the database of " +
+         folder_.string() + " has " + inMegabytes(size) +
          ". Please make room before lines can no longer be stored.";
 }
 

@@ -16,7 +16,7 @@ constexpr const char* emphasisOff = "\x1B\x46";
 constexpr const char* newLine = "\r\n";
 constexpr const char* newPage = "\r\f";
 constexpr std::size_t pageLines = 60;  // of 66, six stay free at the perforation
-constexpr std::size_t gap = 2;
+constexpr std::size_t gapInPrint = 2;
 constexpr std::size_t leastWidth = 6;
 constexpr char32_t rupee = 0x20B9;
 
@@ -106,7 +106,7 @@ class Pages {
   // Takes from the widest text column, one character at a time.
   void shorten(const std::vector<bool>& words) {
     const auto total = [&] {
-      return std::accumulate(widths_.begin(), widths_.end(), (widths_.size() - 1) * gap);
+      return std::accumulate(widths_.begin(), widths_.end(), (widths_.size() - 1) * gapInPrint);
     };
     while (!widths_.empty() && total() > width_) {
       std::size_t widest = widths_.size();
@@ -124,9 +124,9 @@ class Pages {
       std::string composed;
       for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const Document::Span span = document_.spanOf(row, i);
-        std::size_t width = (span.count - 1) * gap;
+        std::size_t width = (span.count - 1) * gapInPrint;
         for (std::size_t c = 0; c < span.count; ++c) width += widths_[span.first + c];
-        composed += std::string(i > 0 ? gap : 0, ' ') + draw(row.cells[i], width);
+        composed += std::string(i > 0 ? gapInPrint : 0, ' ') + draw(row.cells[i], width);
       }
       return composed;
     };

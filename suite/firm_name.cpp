@@ -8,28 +8,28 @@
 namespace quillet::suite {
 namespace {
 
-constexpr std::size_t most = 100;
-constexpr const char* section = "Suite";
-constexpr const char* key = "CompanyName";
+constexpr std::size_t longestFirm = 100;
+constexpr const char* firmSection = "Suite";
+constexpr const char* firmKey = "CompanyName";
 
 }  // namespace
 
 // A station that has named the firm before the server did goes by that.
 std::string FirmName::get() const {
   const std::string own = settings_.companyName();
-  return unit_.shared() ? misc_values::get(unit_, section, key, own) : own;
+  return unit_.shared() ? misc_values::get(unit_, firmSection, firmKey, own) : own;
 }
 
 void FirmName::set(const std::string& name) const {
   if (!unit_.shared()) return settings_.setCompanyName(name);
-  if (misc_values::get(unit_, section, key, "") == name) return;
-  misc_values::set(unit_, section, key, name, "", "");
+  if (misc_values::get(unit_, firmSection, firmKey, "") == name) return;
+  misc_values::set(unit_, firmSection, firmKey, name, "", "");
 }
 
 bool FirmName::keep(Dialogs& dialogs, TextBox& box) const {
   const std::string name = cleanedName(box.text());
-  if (const std::size_t length = lengthOf(name); length > most) {
-    dialogs.MsgBox({"The name of the firm is longer than " + std::to_string(most) +
+  if (const std::size_t length = lengthOf(name); length > longestFirm) {
+    dialogs.MsgBox({"The name of the firm is longer than " + std::to_string(longestFirm) +
                         " characters: it has " + std::to_string(length) + ". Please shorten it.",
                     box.form().caption(), Buttons::OK, Icon::information});
     box.form().focus(box);

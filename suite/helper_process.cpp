@@ -23,7 +23,9 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds tickTime = 40ms;
 
-[[noreturn]] void gone() { throw std::runtime_error("The spreadsheet program ended unexpectedly"); }
+[[noreturn]] void endedUnexpectedly() {
+  throw std::runtime_error("The spreadsheet program ended unexpectedly");
+}
 
 // The child's ends: the socket for input and output, nothing else of what we have open.
 class ChildFiles {
@@ -154,7 +156,7 @@ void HelperProcess::send(std::string_view lines) {
     waitFor(POLLOUT, end);
     const ssize_t sent = ::send(socket_, lines.data(), lines.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (sent < 0 && (errno == EAGAIN || errno == EINTR)) continue;
-    if (sent < 0) gone();
+    if (sent < 0) endedUnexpectedly();
     lines.remove_prefix(sent);
   }
 }
@@ -171,7 +173,7 @@ std::string HelperProcess::receiveLine() {
     char bytes[4096];
     const ssize_t got = recv(socket_, bytes, sizeof bytes, MSG_DONTWAIT);
     if (got < 0 && (errno == EAGAIN || errno == EINTR)) continue;
-    if (got <= 0) gone();
+    if (got <= 0) endedUnexpectedly();
     received_.append(bytes, got);
   }
 }

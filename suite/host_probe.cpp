@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* lookThere = ". Look whether the server runs and can be reached";
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 using Host = ServerAddress::Host;
 
 class Socket {
@@ -39,9 +39,9 @@ class Socket {
 };
 
 // 0, or the error that it ended with.
-int waitFor(int socket, short what, Clock::time_point end) {
+int waitFor(int socket, short what, Steady::time_point end) {
   pollfd waiting{socket, what, 0};
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Steady::now());
   const int ready = poll(&waiting, 1, static_cast<int>(std::max<long>(0, left.count())));
   if (ready == 0) return ETIMEDOUT;
   if (ready < 0) return errno;
@@ -52,7 +52,7 @@ int waitFor(int socket, short what, Clock::time_point end) {
 }
 
 // A server greets whoever connects.
-int greeted(const sockaddr* address, socklen_t size, Clock::time_point end) {
+int greeted(const sockaddr* address, socklen_t size, Steady::time_point end) {
   const Socket made(address->sa_family);
   if (made.number() < 0) return errno;
   if (connect(made.number(), address, size) != 0) {
@@ -75,7 +75,7 @@ std::string faultOfSocket(const std::string& path, unsigned seconds) {
   if (path.size() >= sizeof address.sun_path) return {};
   std::ranges::copy(path, address.sun_path);
   return faultOf(greeted(reinterpret_cast<const sockaddr*>(&address), sizeof address,
-                         Clock::now() + std::chrono::seconds(seconds)),
+                         Steady::now() + std::chrono::seconds(seconds)),
                  seconds);
 }
 
@@ -83,7 +83,7 @@ std::string faultOfHost(const Host& host, unsigned seconds) {
   const unsigned port = portOf(host);
   // The client library knows where the socket of this machine is.
   if (port == 0) return {};
-  const auto end = Clock::now() + std::chrono::seconds(seconds);
+  const auto end = Steady::now() + std::chrono::seconds(seconds);
   addrinfo wanted{};
   wanted.ai_socktype = SOCK_STREAM;
   addrinfo* found = nullptr;

@@ -10,7 +10,7 @@ namespace {
 constexpr const char* masters[] = {"MASTER", "MAST_PART", "MAST_ALLGRP", "MAST_GUNDER"};
 constexpr const char* prefixes[] = {"TAB_", "JRNL_", "TRADE_", "RMGRP_"};
 
-std::vector<std::string> column(Database& database, const std::string& sql) {
+std::vector<std::string> firstColumn(Database& database, const std::string& sql) {
   std::vector<std::string> cells;
   const RecordsetPtr rows = database.query(sql);
   for (; !rows->EOF_(); rows->MoveNext()) cells.push_back(upperCase(rows->text(0)));
@@ -25,7 +25,7 @@ void addMissing(std::vector<std::string>& lost, const std::set<std::string>& pre
 }  // namespace
 
 std::vector<std::string> lostTables(Database& database) {
-  const auto tables = column(
+  const auto tables = firstColumn(
       database, "select table_name from information_schema.tables where table_schema=database()");
   const std::set<std::string> present(tables.begin(), tables.end());
   std::vector<std::string> lost;
@@ -33,7 +33,7 @@ std::vector<std::string> lostTables(Database& database) {
   for (const char* table : masters) addMissing(lost, present, table);
   if (!lost.empty()) return lost;
   for (const std::string& table :
-       column(database, "select distinct tbl_nm from master where tbl_nm like 'TAB\\_%'")) {
+       firstColumn(database, "select distinct tbl_nm from master where tbl_nm like 'TAB\\_%'")) {
     for (const char* prefix : prefixes) addMissing(lost, present, prefix + table.substr(4));
   }
   return lost;

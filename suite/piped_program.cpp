@@ -15,7 +15,7 @@
 namespace quillet::suite {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 
 // Its ends of the socket, and nothing else that we have open.
 std::optional<pid_t> start(const std::vector<std::string>& words, int socket) {
@@ -37,11 +37,11 @@ std::optional<pid_t> start(const std::vector<std::string>& words, int socket) {
 
 // Until it closes its end or the time is over.
 std::string receive(int socket) {
-  const auto end = Clock::now() + std::chrono::minutes(1);
+  const auto end = Steady::now() + std::chrono::minutes(1);
   std::string text;
   std::array<char, 1024> part{};
   while (true) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Steady::now());
     pollfd waiting{socket, POLLIN, 0};
     if (left.count() <= 0 || poll(&waiting, 1, static_cast<int>(left.count())) <= 0) return text;
     const ssize_t size = read(socket, part.data(), part.size());

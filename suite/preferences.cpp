@@ -7,7 +7,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* section = "Settings";
+constexpr const char* preferencesSection = "Settings";
 
 constexpr Preference::Value groupings[] = {{"written", "As it is"},
                                            {"none", "None: 1234567.50"},
@@ -21,14 +21,14 @@ constexpr Preference::Value orientations[] = {
 }  // namespace
 
 std::string Preference::in(const Settings& settings) const {
-  const std::string kept = settings.get(section, key);
+  const std::string kept = settings.get(preferencesSection, key);
   const auto found = std::ranges::find_if(
       values, [&](const Value& value) { return equalIgnoringCase(value.kept, kept); });
   return found == values.end() ? values.front().kept : found->kept;
 }
 
 void Preference::keep(Settings& settings, const std::string& value) const {
-  settings.set(section, key, value);
+  settings.set(preferencesSection, key, value);
 }
 
 namespace preferences {

@@ -3,8 +3,8 @@
 namespace quillet::suite {
 namespace {
 constexpr char escape = '\x1B';
-constexpr char emphasisOn = 'E';
-constexpr char emphasisOff = 'F';
+constexpr char emphasisCode = 'E';
+constexpr char plainCode = 'F';
 }  // namespace
 
 PrintedText withoutPrinterCodes(std::string_view text, bool& emphasis) {
@@ -13,8 +13,8 @@ PrintedText withoutPrinterCodes(std::string_view text, bool& emphasis) {
     const char c = text[i];
     if (c == escape) {
       const char command = ++i < text.size() ? text[i] : '\0';
-      if (command == emphasisOn) emphasis = true;
-      if (command == emphasisOff) emphasis = false;
+      if (command == emphasisCode) emphasis = true;
+      if (command == plainCode) emphasis = false;
     } else if (static_cast<unsigned char>(c) >= 0x20 || c == '\n') {
       printed.text += c;
       printed.emphasised = printed.emphasised || emphasis;

@@ -28,7 +28,7 @@ struct Present {
   std::set<std::string> columns;
   std::map<std::string, std::string> indexes;  // name to "column,column"
 };
-constexpr const char* primary = "PRIMARY";
+constexpr const char* primaryIndex = "PRIMARY";
 using PresentTables = std::map<std::string, Present>;
 
 PresentTables readPresent(Database& database) {
@@ -51,7 +51,7 @@ PresentTables readPresent(Database& database) {
 
 bool hasIndex(const Present& present, const std::string& columns) {
   return std::ranges::any_of(present.indexes, [&](const auto& index) {
-    return index.first != primary && index.second == lower(columns);
+    return index.first != primaryIndex && index.second == lower(columns);
   });
 }
 
@@ -129,7 +129,7 @@ void addHistory(std::vector<std::string>& changes) {
 // Books of an earlier time have their rows by the counter alone.
 void setPrimaryKey(const TableDefinition& table, const Present& present,
                    std::vector<std::string>& changes) {
-  const auto key = present.indexes.find(primary);
+  const auto key = present.indexes.find(primaryIndex);
   if (key != present.indexes.end()) {
     if (!byEnd(table) || key->second == primaryKey(table)) return;
     changes.emplace_back("drop primary key");

@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* section = "Suite";
-constexpr const char* name = "SchemaState";
+constexpr const char* stateSection = "Suite";
+constexpr const char* stateName = "SchemaState";
 
 // FNV-1a: the same on every machine and at every start.
 std::uint64_t digest(std::string_view text) {
@@ -60,7 +60,7 @@ std::string current(Database& database, const std::string& wanted) {
 std::string stored(Database& database) {
   try {
     UnitOfWork unit(database);
-    return misc_values::get(unit, section, name, "");
+    return misc_values::get(unit, stateSection, stateName, "");
   } catch (const RunTimeError&) {
     return {};  // its table is among those to be made
   }
@@ -68,7 +68,7 @@ std::string stored(Database& database) {
 
 void store(Database& database, const std::string& state) {
   UnitOfWork unit(database);
-  misc_values::set(unit, section, name, state, "", "");
+  misc_values::set(unit, stateSection, stateName, state, "", "");
 }
 
 }  // namespace quillet::suite::schema_state

@@ -6,11 +6,11 @@ namespace quillet::suite {
 namespace {
 
 constexpr const char* code = "varchar(20) not null default ''";
-constexpr const char* name = "varchar(100)";
+constexpr const char* nameText = "varchar(100)";
 constexpr const char* longText = "varchar(250)";
 constexpr const char* dateText = "varchar(20)";
 constexpr const char* yearKey = "varchar(8)";
-constexpr const char* number = "int";
+constexpr const char* wholeNumber = "int";
 constexpr const char* amount = "double";
 constexpr const char* date = "date";
 constexpr const char* anyText = "text";
@@ -22,30 +22,35 @@ std::vector<TableDefinition> registryAndMasters() {
         {"f_year_dt", dateText},
         {"s_year_dt", dateText},
         {"tbl_nm", "varchar(30)"},
-        {"count", number},
+        {"count", wholeNumber},
         {"f_yr", yearKey},
         {"s_yr", yearKey},
         {"d_of_s", dateText},
         {"annex", longText}},
        {"code_no,s_yr", "tbl_nm"}},
       // Old data holds several names for one id; the clean-up removes them.
-      {"Mast_Part", {{"PartId", number}, {"Particular", name}}, {"PartId", "Particular"}},
+      {"Mast_Part", {{"PartId", wholeNumber}, {"Particular", nameText}}, {"PartId", "Particular"}},
       {"Mast_AllGrp",
-       {{"ALLID", number}, {"GID", number}, {"ALLGRP", name}, {"UserGrp", "varchar(1)"}},
+       {{"ALLID", wholeNumber},
+        {"GID", wholeNumber},
+        {"ALLGRP", nameText},
+        {"UserGrp", "varchar(1)"}},
        {"ALLID", "GID", "ALLGRP"}},
-      {"Mast_Gunder", {{"GId", number}, {"Gunder", name}, {"ggid", number}}, {"GId"}},
+      {"Mast_Gunder", {{"GId", wholeNumber}, {"Gunder", nameText}, {"ggid", wholeNumber}}, {"GId"}},
       {"AllGrp_Map",
        {{"Code_No", code},
-        {"AllId", number},
-        {"SVIMapId", number},
-        {"SVIMapName", name},
-        {"ITMapId", number},
-        {"ITMapName", name}},
+        {"AllId", wholeNumber},
+        {"SVIMapId", wholeNumber},
+        {"SVIMapName", nameText},
+        {"ITMapId", wholeNumber},
+        {"ITMapName", nameText}},
        {"Code_No,AllId"}},
-      {"RawMatGrpM", {{"GrpId", number}, {"GrpHead", name}, {"GrpType", number}}, {"GrpId"}},
+      {"RawMatGrpM",
+       {{"GrpId", wholeNumber}, {"GrpHead", nameText}, {"GrpType", wholeNumber}},
+       {"GrpId"}},
       {"RmSchSetup",
        {{"Code_No", code},
-        {"FYr", number},
+        {"FYr", wholeNumber},
         {"Head", longText},
         {"RmGroup", longText},
         {"OsGroup", longText},
@@ -60,26 +65,28 @@ std::vector<TableDefinition> clientRegister() {
   return {
       {"Main_Info1",
        {{"code_no", code},
-        {"nm", name},
-        {"status", name},
-        {"father", name},
+        {"nm", nameText},
+        {"status", nameText},
+        {"father", nameText},
         {"born", date},
         {"address", longText},
         {"group_code", code},
-        {"group_name", name},
-        {"company", name}},
+        {"group_name", nameText},
+        {"company", nameText}},
        {"code_no"}},
-      {"owner1", {{"code", code}, {"f_nm", name}, {"m_nm", name}, {"l_nm", name}}, {"code"}},
+      {"owner1",
+       {{"code", code}, {"f_nm", nameText}, {"m_nm", nameText}, {"l_nm", nameText}},
+       {"code"}},
       {"TempClTbl",
        {{"CodeNo", code},
         {"Name", "varchar(302)"},
-        {"Status", name},
-        {"Father", name},
+        {"Status", nameText},
+        {"Father", nameText},
         {"Born", dateText},
         {"Address", longText},
         {"GroupCode", code},
-        {"GroupName", name},
-        {"Company", name}},
+        {"GroupName", nameText},
+        {"Company", nameText}},
        {"CodeNo"},
        false},
   };
@@ -90,7 +97,7 @@ std::vector<TableDefinition> tablesByYear() {
   std::vector<TableDefinition> tables;
   const auto add = [&](const char* table, const char* year) {
     tables.push_back({table,
-                      {{"CODE_NO", code}, {year, number}, {"details", anyText}},
+                      {{"CODE_NO", code}, {year, wholeNumber}, {"details", anyText}},
                       {std::string("CODE_NO,") + year}});
   };
   for (const char* table : {"DeferTax_Liab", "DeferTax_Bal"}) add(table, "FYear");
@@ -100,8 +107,9 @@ std::vector<TableDefinition> tablesByYear() {
     add(table, "FYr");
   }
   for (const char* table : {"PRFA", "PRFA_OTH"}) {
-    tables.push_back(
-        {table, {{"RCOUNT", number}, {"CODE_NO", code}, {"details", anyText}}, {"CODE_NO,RCOUNT"}});
+    tables.push_back({table,
+                      {{"RCOUNT", wholeNumber}, {"CODE_NO", code}, {"details", anyText}},
+                      {"CODE_NO,RCOUNT"}});
   }
   return tables;
 }
@@ -112,13 +120,17 @@ std::vector<TableDefinition> suitesOwn() {
        {{"Kind", "varchar(10)"}, {"Code", "varchar(50)"}, {"Hash", "varchar(128)"}},
        {"Kind,Code"}},
       {"SuiteMisc",
-       {{"Section", name}, {"Name", name}, {"Value", anyText}, {"Client", code}, {"Yr", dateText}},
+       {{"Section", nameText},
+        {"Name", nameText},
+        {"Value", anyText},
+        {"Client", code},
+        {"Yr", dateText}},
        {"Section,Name"}},
       // Files of deleted years: to be moved (''), "kept", to come "back", or "here" again. `At` is
       // when the act happened.
       {"SuiteRemoval",
        {{"File", anyText},
-        {"Identity", name},
+        {"Identity", nameText},
         {"At", "timestamp(6) not null default current_timestamp(6)"},
         {"State", "varchar(4) not null default ''"}},
        {"At"}},
@@ -140,12 +152,12 @@ std::vector<TableDefinition> suitesOwn() {
        {"At", "Client,Yr,At"}},
       // Whose turn it is among the stations of a server, and which years they have open.
       {"SuiteTurn",
-       {{"Id", number}, {"Acts", number}, {"Masters", number}, {"Node", anyText}},
+       {{"Id", wholeNumber}, {"Acts", wholeNumber}, {"Masters", wholeNumber}, {"Node", anyText}},
        {"Id"}},
       {"SuitePresence",
        {{"Code_No", code},
         {"Yr", yearKey},
-        {"Station", name},
+        {"Station", nameText},
         {"Person", anyText},
         {"Since", "timestamp(6) not null default current_timestamp(6)"},
         {"Heard", "timestamp(6) not null default current_timestamp(6)"}},
@@ -180,37 +192,37 @@ std::vector<TableDefinition> sharedTables() {
 std::vector<TableDefinition> yearTables(const std::string& suffix) {
   std::vector<TableDefinition> all = {
       {"TAB_" + suffix,
-       {{"srno", number},
+       {{"srno", wholeNumber},
         {"code_no", code},
-        {"partid", number},
-        {"allid", number},
+        {"partid", wholeNumber},
+        {"allid", wholeNumber},
         {"amt", amount},
-        {"nid", number}},
+        {"nid", wholeNumber}},
        // The last one holds all that the summary figures read.
        {"code_no,srno", "code_no,partid,allid", "partid", "allid", "code_no,allid,nid,amt"}},
       {"JRNL_" + suffix,
        {{"code_no", code},
-        {"VID", number},
-        {"LSrNo", number},
+        {"VID", wholeNumber},
+        {"LSrNo", wholeNumber},
         {"VDate", date},
-        {"PartId", number},
-        {"AllId", number},
+        {"PartId", wholeNumber},
+        {"AllId", wholeNumber},
         {"Amount", amount},
         {"VNar", anyText}},
        // The highest number of a voucher is asked for each new one.
        {"code_no,VDate", "row_till,VID", "PartId", "AllId"}},
       {"TRADE_" + suffix,
-       {{"code_no", code}, {"partid", number}, {"allid", number}, {"amt", amount}},
+       {{"code_no", code}, {"partid", wholeNumber}, {"allid", wholeNumber}, {"amt", amount}},
        {"code_no,partid,allid", "partid", "allid"}},
       {"RMGRP_" + suffix,
        {{"Code_No", code},
-        {"SrNo", number},
-        {"GrpSr", number},
-        {"OsGrpId", number},
-        {"PurGrpId", number},
-        {"SalGrpId", number},
-        {"CsGrpId", number},
-        {"GrpOrder", number}},
+        {"SrNo", wholeNumber},
+        {"GrpSr", wholeNumber},
+        {"OsGrpId", wholeNumber},
+        {"PurGrpId", wholeNumber},
+        {"SalGrpId", wholeNumber},
+        {"CsGrpId", wholeNumber},
+        {"GrpOrder", wholeNumber}},
        {"Code_No,SrNo", "GrpSr"}},
   };
   for (std::size_t linesOrVouchers : {0, 1}) all[linesOrVouchers].byEnd = true;

@@ -18,7 +18,7 @@ constexpr const char* form = "mariadb://user@host:port/database";
   throw std::runtime_error(reason + " A server is named as " + form + '.');
 }
 
-unsigned number(std::string_view text, const std::string& what, unsigned most) {
+unsigned numberFrom(std::string_view text, const std::string& what, unsigned most) {
   unsigned value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || end != text.data() + text.size() || value == 0 || value > most) {
@@ -82,7 +82,7 @@ ServerAddress::Host parseHost(std::string_view text) {
     port = text.substr(end);
   }
   if (!port.empty() && port.front() != ':') refuse("\"" + std::string(text) + "\" is no host.");
-  if (!port.empty()) host.port = number(port.substr(1), "port", 65'535);
+  if (!port.empty()) host.port = numberFrom(port.substr(1), "port", 65'535);
   const bool plain = std::ranges::all_of(host.name, [](char c) {
     return std::string_view(" \t\"'/\\@?#").find(c) == std::string_view::npos;
   });
@@ -100,9 +100,9 @@ void takeParameter(ServerAddress& address, std::string_view text) {
   } else if (name == "socket") {
     address.socket = value;
   } else if (name == "connect-seconds") {
-    address.connectSeconds = number(value, "number of seconds", 3'600);
+    address.connectSeconds = numberFrom(value, "number of seconds", 3'600);
   } else if (name == "answer-seconds") {
-    address.answerSeconds = number(value, "number of seconds", 86'400);
+    address.answerSeconds = numberFrom(value, "number of seconds", 86'400);
   } else {
     refuse("A server's address has no \"" + name + "\".");
   }

@@ -16,7 +16,7 @@ constexpr const char* readOnly =
 constexpr const char* right =
     "Your account lacks a right there. Whoever keeps the server gives it with: quillet"
     " server-account";
-constexpr const char* gone = "The connection to the database server is lost.";
+constexpr const char* lostText = "The connection to the database server is lost.";
 
 constexpr Meaning meanings[] = {
     {1021, full},
@@ -41,9 +41,9 @@ constexpr Meaning meanings[] = {
     {1213, "Changed by somebody else at the same moment."},
     {1205, "Somebody else works on the same and has not ended."},
     {1153, "Set max_allowed_packet to at least 16M at the database server."},
-    {2006, gone},
-    {2013, gone},
-    {2055, gone},
+    {2006, lostText},
+    {2013, lostText},
+    {2055, lostText},
 };
 
 }  // namespace
@@ -52,7 +52,7 @@ std::string explained(long number, const std::string& text) {
   const auto* found = std::ranges::find(meanings, number, &Meaning::number);
   if (found == std::end(meanings)) return text;
   // What the library calls it tells a person nothing.
-  if (found->text == gone) return gone;
+  if (found->text == lostText) return lostText;
   return text + (text.ends_with('.') ? " " : ". ") + found->text;
 }
 

@@ -7,12 +7,12 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* section = "Server";
+constexpr const char* serverSection = "Server";
 
 }  // namespace
 
 std::optional<ServerAddress> serverIn(const Settings& settings) {
-  const auto get = [&](const char* key) { return settings.get(section, key); };
+  const auto get = [&](const char* key) { return settings.get(serverSection, key); };
   const auto numberOr = [&](const char* key, unsigned usual) {
     const auto number = static_cast<unsigned>(std::strtoul(get(key).c_str(), nullptr, 10));
     return number == 0 ? usual : number;
@@ -22,7 +22,7 @@ std::optional<ServerAddress> serverIn(const Settings& settings) {
   server.hosts = parseHosts(get("Host"), numberOr("Port", 0));
   if (server.hosts.empty() && server.socket.empty()) return std::nullopt;
   server.user = get("User");
-  server.database = settings.get(section, "Database", server.database);
+  server.database = settings.get(serverSection, "Database", server.database);
   server.authority = get("Authority");
   server.passwordFile = get("PasswordFile");
   server.connectSeconds = numberOr("ConnectSeconds", server.connectSeconds);
@@ -31,7 +31,7 @@ std::optional<ServerAddress> serverIn(const Settings& settings) {
 }
 
 void refusePassword(const Settings& settings) {
-  if (settings.get(section, "Password").empty()) return;
+  if (settings.get(serverSection, "Password").empty()) return;
   throw std::runtime_error(
       "The section [Server] of settings.ini holds a password, which everybody can read who gets "
       "hold of a copy. Take the line out, to be asked for it, or write it to a file that only you "
@@ -41,7 +41,7 @@ void refusePassword(const Settings& settings) {
 
 void keepServer(Settings& settings, const ServerAddress& address) {
   const auto set = [&](const char* key, const std::string& value) {
-    if (settings.get(section, key) != value) settings.set(section, key, value);
+    if (settings.get(serverSection, key) != value) settings.set(serverSection, key, value);
   };
   set("Host", hostsText(address.hosts));
   set("Port", "");

@@ -15,7 +15,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr const char* source = "Service";
+constexpr const char* serviceSource = "Service";
 constexpr const char* ownSection = "Suite";
 constexpr const char* lastClientKey = "LastClient";
 constexpr long invalidCall = 5;
@@ -60,7 +60,7 @@ void Service::ConQuery(const Sql& sql) {
 RecordsetPtr Service::RecordsetQuery(const Sql& sql, Connection& connection, CursorType, LockType,
                                      int) {
   if (&connection != &database_) {
-    throw RunTimeError(invalidCall, "The recordset is asked of another connection.", source);
+    throw RunTimeError(invalidCall, "The recordset is asked of another connection.", serviceSource);
   }
   return statements_.query(sql.text());
 }

@@ -14,8 +14,8 @@
 namespace quillet::suite {
 namespace {
 
-constexpr std::string_view columns[] = {"scheme",  "id",   "kind", "section",
-                                        "heading", "name", "note", "role"};
+constexpr std::string_view headColumns[] = {"scheme",  "id",   "kind", "section",
+                                            "heading", "name", "note", "role"};
 constexpr std::pair<std::string_view, Scheme> schemeNames[] = {{"Schedule VI", Scheme::schedule6},
                                                                {"Income Tax", Scheme::incomeTax}};
 constexpr std::pair<std::string_view, HeadKind> kindNames[] = {{"liability", HeadKind::liability},
@@ -40,7 +40,7 @@ bool blank(const DataReader& row, std::string_view column) {
   return cleanedName(row.text(column)).empty();
 }
 
-long number(const DataReader& row, std::string_view column) {
+long numberIn(const DataReader& row, std::string_view column) {
   const long number = row.number(column);
   if (number <= 0 || number > std::numeric_limits<int>::max()) row.refuse(column);
   return number;
@@ -52,7 +52,7 @@ void readInto(StatutoryHead& head, const DataReader& row) {
   if (!blank(row, "section")) head.section = cleanedName(row.text("section"));
   if (!blank(row, "heading")) head.heading = cleanedName(row.text("heading"));
   if (!blank(row, "name")) head.name = cleanedName(row.text("name"));
-  if (!blank(row, "note")) head.note = static_cast<int>(number(row, "note"));
+  if (!blank(row, "note")) head.note = static_cast<int>(numberIn(row, "note"));
   if (!blank(row, "role")) head.role = row.choice("role", roleNames);
 }
 
@@ -80,7 +80,7 @@ Heads::iterator find(Heads& heads, const StatutoryHead& head) {
 
 StatutoryHead headOf(const DataReader& row, Heads& heads) {
   StatutoryHead head;
-  head.id = number(row, "id");
+  head.id = numberIn(row, "id");
   head.scheme = row.choice("scheme", schemeNames);
   const auto before = find(heads, head);
   if (before != heads.end()) {
@@ -138,8 +138,8 @@ std::string plain(const std::string& text) {
     if (line.ends_with('\r')) line.pop_back();
     if (line.find_first_not_of("\t ") == std::string::npos) line = "#";
     const auto tabs = static_cast<std::size_t>(std::count(line.begin(), line.end(), '\t'));
-    if (!line.starts_with('#') && tabs + 1 < std::size(columns)) {
-      line.append(std::size(columns) - 1 - tabs, '\t');
+    if (!line.starts_with('#') && tabs + 1 < std::size(headColumns)) {
+      line.append(std::size(headColumns) - 1 - tabs, '\t');
     }
     lines += line + '\n';
   }
@@ -164,7 +164,7 @@ void extendHeads(StatutoryHeadList& list, std::string_view file, std::string tex
   }
   text = plain(text);
   DataReader row(file, text);
-  for (const std::string_view column : columns) {
+  for (const std::string_view column : headColumns) {
     if (row.has(column)) continue;
     list.refused.push_back(name + ": its first row does not name the column \"" +
                            std::string(column) + "\".");

@@ -9,7 +9,7 @@
 namespace quillet::suite {
 namespace {
 
-constexpr std::size_t gap = 2;
+constexpr std::size_t gapInText = 2;
 
 std::vector<std::size_t> widthsOf(const Document& document, int table) {
   const std::size_t columns = document.columns(table);
@@ -60,9 +60,9 @@ class TextTable {
     std::string text;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       const Document::Span span = document_.spanOf(row, i);
-      std::size_t width = (span.count - 1) * gap;
+      std::size_t width = (span.count - 1) * gapInText;
       for (std::size_t c = 0; c < span.count; ++c) width += widths_[span.first + c];
-      if (i > 0) text += std::string(gap, ' ');
+      if (i > 0) text += std::string(gapInText, ' ');
       text += draw(row.cells[i], width);
     }
     return withoutTrailingBlanks(text);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "data/text.h"
+
 namespace quillet::view {
 namespace {
-
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // The place of the digits before the point, with their commas.
 struct Whole {

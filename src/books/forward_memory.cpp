@@ -10,8 +10,8 @@
 namespace quillet {
 namespace {
 
-constexpr const char* section = "BringForward";
-constexpr const char* head = "Year";
+constexpr const char* forwardSection = "BringForward";
+constexpr const char* headKey = "Year";
 // So many lines go into one value of the host.
 constexpr std::size_t linesInPart = 1500;
 
@@ -57,7 +57,7 @@ std::string ForwardMemory::keyOf(const std::string& what) const {
 }
 
 std::optional<BroughtForward> ForwardMemory::read() const {
-  const KeptTexts kept(host_.GetMiscOthInf(section, keyOf(head), ""));
+  const KeptTexts kept(host_.GetMiscOthInf(forwardSection, keyOf(headKey), ""));
   const auto when = kept.find("when");
   if (!when) return std::nullopt;
   const KnownPairs known(host_);
@@ -80,7 +80,8 @@ std::optional<BroughtForward> ForwardMemory::read() const {
   }
   const auto parts = numberIn(kept.find("parts").value_or(""));
   for (std::int64_t part = 1; part <= parts; ++part) {
-    const KeptTexts lines(host_.GetMiscOthInf(section, keyOf("Lines " + std::to_string(part)), ""));
+    const KeptTexts lines(
+        host_.GetMiscOthInf(forwardSection, keyOf("Lines " + std::to_string(part)), ""));
     for (const auto& [key, text] : lines.all()) {
       const LedgerGroup pair = known(key);
       if (pair.partId != 0) brought.amounts[pair] += Money::ofPaise(numberIn(text));
@@ -103,15 +104,16 @@ void ForwardMemory::keep(const BroughtForward& brought) {
     for (std::size_t in = 0; in < linesInPart && line != brought.amounts.end(); ++in, ++line) {
       lines += textOf(line->first) + '\t' + std::to_string(line->second.paise()) + '\n';
     }
-    host_.SetMiscOthInf(section, keyOf("Lines " + std::to_string(++part)), lines, client_, year_);
+    host_.SetMiscOthInf(forwardSection, keyOf("Lines " + std::to_string(++part)), lines, client_,
+                        year_);
   }
   kept.keep("parts", std::to_string(part));
-  host_.SetMiscOthInf(section, keyOf(head), kept.stored(), client_, year_);
+  host_.SetMiscOthInf(forwardSection, keyOf(headKey), kept.stored(), client_, year_);
 }
 
 void ForwardMemory::forget() {
-  if (host_.GetMiscOthInf(section, keyOf(head), "").empty()) return;
-  host_.SetMiscOthInf(section, keyOf(head), "", client_, year_);
+  if (host_.GetMiscOthInf(forwardSection, keyOf(headKey), "").empty()) return;
+  host_.SetMiscOthInf(forwardSection, keyOf(headKey), "", client_, year_);
 }
 
 }  // namespace quillet

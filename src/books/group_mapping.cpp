@@ -5,7 +5,7 @@
 namespace quillet {
 namespace {
 
-constexpr const char* section = "AllGrp";
+constexpr const char* mappingSection = "AllGrp";
 constexpr const char* mapAll = "GRP_MAP_ALL";
 constexpr char commonCode[] = "#?#COMMON#?#";
 constexpr char flushed[] = "Flush Tables";
@@ -16,11 +16,11 @@ GroupMapper::GroupMapper(ServiceObject& host, std::string client)
     : host_(host), client_(std::move(client)) {}
 
 bool GroupMapper::mapsCommon() const {
-  return client_.empty() || host_.GetMiscOthInf(section, mapAll, "Y") != "N";
+  return client_.empty() || host_.GetMiscOthInf(mappingSection, mapAll, "Y") != "N";
 }
 
 void GroupMapper::mapCommon(bool common) {
-  host_.SetMiscOthInf(section, mapAll, common ? "Y" : "N", "", "");
+  host_.SetMiscOthInf(mappingSection, mapAll, common ? "Y" : "N", "", "");
 }
 
 GroupMappings GroupMapper::effective() const { return read(true, true); }

@@ -8,7 +8,7 @@
 namespace quillet {
 namespace {
 
-constexpr char ofId[] = "Select * From Mast_AllGrp Where AllId=";
+constexpr char groupOfId[] = "Select * From Mast_AllGrp Where AllId=";
 
 }  // namespace
 
@@ -32,7 +32,7 @@ std::vector<AccountGroup> GroupMaster::read(const Sql& select) const {
 }
 
 std::vector<AccountGroup> GroupMaster::groups(long id) const {
-  return read(id == 0 ? "Select * From Mast_AllGrp" : ofId + sqlNumber(id));
+  return read(id == 0 ? "Select * From Mast_AllGrp" : groupOfId + sqlNumber(id));
 }
 
 std::vector<AccountGroup> GroupMaster::groupsByName() const {
@@ -49,7 +49,7 @@ std::optional<NamedId> GroupMaster::taken(const AccountGroup& group,
                                           const std::vector<long>& alike) const {
   Sql select = "Select * from Mast_AllGrp Where ALLGRP=" + host_.quoted(group.name);
   if (group.id != 0) select += " and ALLID<>" + sqlNumber(group.id);
-  return takenName(host_, group.name, select, alike, {ofId, "ALLID", "ALLGRP"});
+  return takenName(host_, group.name, select, alike, {groupOfId, "ALLID", "ALLGRP"});
 }
 
 long GroupMaster::nextId(TableNames& missing) const {

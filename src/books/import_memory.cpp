@@ -9,8 +9,8 @@
 namespace quillet {
 namespace {
 
-constexpr const char* section = "Import";
-constexpr const char* mappings = "Mappings";
+constexpr const char* importSection = "Import";
+constexpr const char* mappingsKey = "Mappings";
 constexpr const char* chosenGroups = "Groups";
 constexpr const char* meantLedgers = "Ledgers";
 
@@ -80,15 +80,15 @@ std::string ImportMemory::keyOf(const char* what) const {
 std::string ImportMemory::filesKey() const { return keyOf("Files") + ' ' + year_.first; }
 
 KeptTexts ImportMemory::read(const std::string& key) const {
-  return KeptTexts(host_.GetMiscOthInf(section, key, ""));
+  return KeptTexts(host_.GetMiscOthInf(importSection, key, ""));
 }
 
 void ImportMemory::write(const std::string& key, const KeptTexts& texts, const std::string& year) {
-  host_.SetMiscOthInf(section, key, texts.stored(), client_, year);
+  host_.SetMiscOthInf(importSection, key, texts.stored(), client_, year);
 }
 
 std::string ImportMemory::mapping(const std::string& headings) const {
-  return read(keyOf(mappings)).find(headings).value_or("");
+  return read(keyOf(mappingsKey)).find(headings).value_or("");
 }
 
 std::unordered_map<std::string, long> ImportMemory::groups() const {
@@ -117,9 +117,9 @@ void ImportMemory::keepIds(const char* what, const std::vector<std::pair<std::st
 }
 
 void ImportMemory::keep(const Additions& additions) {
-  KeptTexts known = read(keyOf(mappings));
+  KeptTexts known = read(keyOf(mappingsKey));
   known.keep(additions.headings, additions.mapping);
-  write(keyOf(mappings), known);
+  write(keyOf(mappingsKey), known);
   keepIds(chosenGroups, additions.groups);
   keepIds(meantLedgers, additions.ledgers);
   if (additions.file.empty()) return;

@@ -8,7 +8,7 @@
 namespace quillet {
 namespace {
 
-constexpr char select[] = "Select Distinct Particular From Mast_Part";
+constexpr char selectNames[] = "Select Distinct Particular From Mast_Part";
 
 }  // namespace
 
@@ -20,7 +20,7 @@ NameList namesIn(Recordset& rows) {
   return names;
 }
 
-NameList allLedgers(ServiceObject& host) { return namesIn(*host.query(select)); }
+NameList allLedgers(ServiceObject& host) { return namesIn(*host.query(selectNames)); }
 
 NameList ledgersOf(ServiceObject& host, const std::string& client) {
   std::unordered_set<long> known;
@@ -35,7 +35,7 @@ NameList ledgersOf(ServiceObject& host, const std::string& client) {
     }
   }
   if (ids.empty()) return {};
-  return namesIn(*host.query(select + (" Where PartId In (" + ids.sql() + ")")));
+  return namesIn(*host.query(selectNames + (" Where PartId In (" + ids.sql() + ")")));
 }
 
 }  // namespace quillet

@@ -5,12 +5,12 @@
 namespace quillet {
 namespace {
 
-constexpr char ofId[] = "Select * From Mast_Part Where PartId=";
+constexpr char ledgerOfId[] = "Select * From Mast_Part Where PartId=";
 
 }  // namespace
 
 std::vector<NamedId> LedgerMaster::ledgers(long id) const {
-  const auto rows = host_.query(id == 0 ? "Select * From Mast_Part" : ofId + sqlNumber(id));
+  const auto rows = host_.query(id == 0 ? "Select * From Mast_Part" : ledgerOfId + sqlNumber(id));
   const int partId = rows->column("PartId");
   const int name = rows->column("Particular");
   std::vector<NamedId> ledgers;
@@ -29,7 +29,7 @@ std::optional<NamedId> LedgerMaster::taken(const std::string& name, long except,
                                            const std::vector<long>& alike) const {
   Sql select = "Select * From Mast_Part Where Particular=" + host_.quoted(name);
   if (except != 0) select += " and PartId<>" + sqlNumber(except);
-  return takenName(host_, name, select, alike, {ofId, "PartId", "Particular"});
+  return takenName(host_, name, select, alike, {ledgerOfId, "PartId", "Particular"});
 }
 
 long LedgerMaster::insert(const std::string& name) { return host_.GetMax_MastPartId(name); }

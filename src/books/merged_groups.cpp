@@ -6,13 +6,13 @@ namespace quillet {
 namespace {
 
 // Kept as "5>3 7>3".
-constexpr const char* section = "AllGrp";
-constexpr const char* key = "Merged";
+constexpr const char* mergedSection = "AllGrp";
+constexpr const char* mergedKey = "Merged";
 
 }  // namespace
 
 MergedGroups::MergedGroups(ServiceObject& host) : host_(host) {
-  std::istringstream kept(host.GetMiscOthInf(section, key, ""));
+  std::istringstream kept(host.GetMiscOthInf(mergedSection, mergedKey, ""));
   IdList ids;
   long target = 0;
   char arrow = 0;
@@ -30,7 +30,7 @@ void MergedGroups::keep(const std::vector<long>& ids, long target) {
   for (const long id : ids) into_[id] = target;
   std::ostringstream text;
   for (const auto& [id, into] : into_) text << id << '>' << into << ' ';
-  host_.SetMiscOthInf(section, key, text.str(), "", "");
+  host_.SetMiscOthInf(mergedSection, mergedKey, text.str(), "", "");
 }
 
 long MergedGroups::successor(long id) const {

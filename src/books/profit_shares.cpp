@@ -15,7 +15,7 @@ bool areDigits(std::string_view text) {
                      [](unsigned char c) { return std::isdigit(c) != 0; });
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view bareNumber(std::string_view text) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && (text.back() == ' ' || text.back() == '%')) text.remove_suffix(1);
   return text;
@@ -24,7 +24,7 @@ std::string_view trimmed(std::string_view text) {
 }  // namespace
 
 std::optional<long> typedPercent(std::string_view text) {
-  text = trimmed(text);
+  text = bareNumber(text);
   const std::size_t point = std::min(text.find('.'), text.size());
   const std::string_view whole = text.substr(0, point);
   const std::string_view part = text.substr(std::min(point + 1, text.size()));

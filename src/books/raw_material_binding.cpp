@@ -13,7 +13,7 @@ constexpr char flush[] = "Flush Tables";
 
 // Where the binding keeps the groups, and the primary group that each belongs to.
 constexpr const char* groupFields[] = {"OsGrpId", "PurGrpId", "CsGrpId"};
-constexpr int primaryGroups[] = {18, 19, 7};
+constexpr int primaryGroupOf[] = {18, 19, 7};
 
 void addIds(ServiceObject& host, IdList& list, const Sql& select) {
   for (const auto rows = host.query(select); !rows->EOF_(); rows->MoveNext()) {
@@ -120,7 +120,7 @@ PerStockGroup<IdList> RawMaterialBinding::groupsInUse() const {
   for (const int place : {0, 1}) {
     addIds(host_, lists[place],
            "Select Distinct " + table + ".allid from " + table + ",mast_allgrp Where " + table +
-               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + sqlNumber(primaryGroups[place]) +
+               ".allid=mast_allgrp.allid and mast_allgrp.gid=" + sqlNumber(primaryGroupOf[place]) +
                " and " + table + ".Code_No='" + client_ + "'");
   }
   const Sql stock = sqlName(siblingTable(trialBalance_, "TRADE_"));
@@ -135,7 +135,7 @@ PerStockGroup<std::vector<NamedId>> RawMaterialBinding::choices() const {
   for (int place = 0; auto& names : choices) {
     IdList& ids = wanted[place];
     for (const BoundItem& item : bound) ids.add(item.groups[place]);
-    names = namesOf(host_, primaryGroups[place], ids);
+    names = namesOf(host_, primaryGroupOf[place], ids);
     for (const BoundItem& item : bound) {
       const long id = item.groups[place];
       const bool offered = id == 0 || std::any_of(names.begin(), names.end(),

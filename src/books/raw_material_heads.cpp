@@ -5,7 +5,7 @@
 namespace quillet {
 namespace {
 
-constexpr char ofId[] = "Select * from RawMatGrpM Where GrpId=";
+constexpr char headOfId[] = "Select * from RawMatGrpM Where GrpId=";
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void RawMaterialHeads::seed() {
 }
 
 std::vector<RawMaterialHead> RawMaterialHeads::heads(long id) const {
-  return read(id == 0 ? "Select * from RawMatGrpM" : ofId + sqlNumber(id));
+  return read(id == 0 ? "Select * from RawMatGrpM" : headOfId + sqlNumber(id));
 }
 
 std::optional<NamedId> RawMaterialHeads::taken(const RawMaterialHead& head,
@@ -42,7 +42,7 @@ std::optional<NamedId> RawMaterialHeads::taken(const RawMaterialHead& head,
   Sql select = "Select * from RawMatGrpM Where GrpHead=" + host_.quoted(head.name) +
                " and GrpType=" + sqlNumber(head.type);
   if (head.id != 0) select += " and GrpId<>" + sqlNumber(head.id);
-  return takenName(host_, head.name, select, alike, {ofId, "GrpId", "GrpHead"});
+  return takenName(host_, head.name, select, alike, {headOfId, "GrpId", "GrpHead"});
 }
 
 bool RawMaterialHeads::bound(long id, TableNames& missing) const {

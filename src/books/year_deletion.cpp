@@ -28,7 +28,7 @@ constexpr SqlPattern chartSelects[] = {
     "SELECT * FROM NewFATRa{S} WHERE CODE_NO='{c}'",
 };
 
-constexpr DeletionStatement trialBalance[] = {
+constexpr DeletionStatement trialBalanceLines[] = {
     {"DELETE FROM TAB_{S} WHERE CODE_NO='{c}'", lower},
 };
 
@@ -111,7 +111,7 @@ void YearDeletion::send(std::span<const DeletionStatement> statements, bool& sen
 }
 
 void YearDeletion::deleteTrialBalance() {
-  send(trialBalance, touched_);
+  send(trialBalanceLines, touched_);
   ForwardMemory(host_, year_.client, year_.keys).forget();
 }
 

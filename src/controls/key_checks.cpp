@@ -11,12 +11,8 @@ namespace {
 
 constexpr std::string_view separators = "-./";
 
-bool isDigit(char32_t key) { return key >= U'0' && key <= U'9'; }
-bool isLetter(char32_t key) { return (key >= U'A' && key <= U'Z') || (key >= U'a' && key <= U'z'); }
 bool isSeparator(char c) { return separators.find(c) != std::string_view::npos; }
-bool allDigits(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
+bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
 
 // The number in the place of the month, 0 for none.
 int monthOf(std::string_view text) {

@@ -1,9 +1,9 @@
 #include "controls/row_text.h"
 
+#include "data/text.h"
+
 namespace quillet {
 namespace {
-
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::string quoted(const std::string& text) {
   if (text.find_first_of("\t\r\n\"") == std::string::npos) return text;

@@ -10,12 +10,9 @@
 namespace quillet {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
 // "1st Apr., 2008" into "1", "Apr", "2008": runs of digits and of letters. Nothing when another
 // character than a separator stands between.
-std::optional<std::vector<std::string>> partsOf(std::string_view text) {
+std::optional<std::vector<std::string>> partsWithin(std::string_view text) {
   std::vector<std::string> parts;
   for (std::size_t i = 0; i < text.size();) {
     if (!isDigit(text[i]) && !isLetter(text[i])) {
@@ -92,7 +89,7 @@ std::optional<Date> fromThree(const std::string& a, const std::string& b, const 
 }  // namespace
 
 std::optional<Date> readDate(std::string_view text) {
-  std::optional<std::vector<std::string>> parts = partsOf(trimmed(withoutTime(trimmed(text))));
+  std::optional<std::vector<std::string>> parts = partsWithin(trimmed(withoutTime(trimmed(text))));
   if (!parts) return std::nullopt;
   if (parts->size() == 1 && allDigits(parts->front())) return fromRun(parts->front());
   // The letters after a number, as in "1st".

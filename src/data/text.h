@@ -19,6 +19,10 @@ std::size_t lengthOf(std::string_view text);
 std::size_t offsetOf(std::string_view text, std::size_t n);
 std::u32string charactersOf(std::string_view text);
 
+// The ten digits and the letters from A to Z alone, as files and keys write them.
+constexpr bool isDigit(char32_t c) { return c >= U'0' && c <= U'9'; }
+constexpr bool isLetter(char32_t c) { return (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z'); }
+
 char32_t upperCase(char32_t character);
 char32_t lowerCase(char32_t character);
 std::string upperCase(std::string_view text);

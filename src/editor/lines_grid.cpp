@@ -11,7 +11,7 @@ namespace {
 using enum TwoYears::Year;
 
 constexpr const char* absent = "-";
-constexpr int amountWidth = 18;
+constexpr int amountColumnWidth = 18;
 
 }  // namespace
 
@@ -49,7 +49,7 @@ void LinesGrid::setColumns() {
                           : year == current  ? "Amount (Curr)"
                                              : "Amount (Prev)";
     columns.push_back(
-        {.heading = heading, .align = Align::right, .width = amountWidth, .numeric = true});
+        {.heading = heading, .align = Align::right, .width = amountColumnWidth, .numeric = true});
     columns.push_back({.heading = "Dr/Cr", .align = Align::center, .width = 6});
   }
   grid_.setColumns(std::move(columns));

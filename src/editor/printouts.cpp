@@ -10,7 +10,7 @@
 namespace quillet {
 namespace {
 
-constexpr const char* absent = "-";
+constexpr const char* noYear = "-";
 
 // An amount of both years, debit positive and credit negative.
 struct Compared {
@@ -110,8 +110,8 @@ void EditorPrintouts::PrintVariance() {
     const Line* before = lines_.lineBefore(row);
     std::vector<std::string> cells{std::to_string(row), particular, group};
     for (const Line* year : {line, before}) {
-      cells.push_back(year ? plainAmount(host, year->amount) : absent);
-      cells.emplace_back(year ? year->side() : absent);
+      cells.push_back(year ? plainAmount(host, year->amount) : noYear);
+      cells.emplace_back(year ? year->side() : noYear);
     }
     Compared compared;
     compared.add(line, before);

@@ -7,7 +7,7 @@
 namespace quillet {
 namespace {
 
-constexpr std::array<std::string_view, 4> kindNames{"New", "Changed", "Same", "Gone"};
+constexpr std::array<std::string_view, 4> differenceNames{"New", "Changed", "Same", "Gone"};
 
 std::string nameIn(const std::unordered_map<long, std::string>& names, long id) {
   const auto found = names.find(id);
@@ -16,7 +16,9 @@ std::string nameIn(const std::unordered_map<long, std::string>& names, long id) 
 
 }  // namespace
 
-std::string_view nameOf(Difference::Kind kind) { return kindNames[static_cast<std::size_t>(kind)]; }
+std::string_view nameOf(Difference::Kind kind) {
+  return differenceNames[static_cast<std::size_t>(kind)];
+}
 
 std::vector<Difference> compareWithYear(const Proposals& proposals, const KnownBooks& books) {
   using Kind = Difference::Kind;

@@ -9,10 +9,7 @@
 namespace quillet {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
-bool isBlank(char32_t c) {
+bool isBlankCharacter(char32_t c) {
   return c == U' ' || (c >= 0x9 && c <= 0xD) || c == 0xA0 || (c >= 0x2000 && c <= 0x200B) ||
          c == 0x202F || c == 0x205F || c == 0x3000 || c == 0xFEFF;
 }
@@ -23,8 +20,8 @@ bool isMinus(char32_t c) {
 }
 
 // The first of the ten digits of scripts in use in India, and the wide ones.
-constexpr std::array<char32_t, 11> zeros{U'0',  0x966, 0x9E6, 0xA66, 0xAE6, 0xB66,
-                                         0xBE6, 0xC66, 0xCE6, 0xD66, 0xFF10};
+constexpr std::array<char32_t, 11> scriptZeros{U'0',  0x966, 0x9E6, 0xA66, 0xAE6, 0xB66,
+                                               0xBE6, 0xC66, 0xCE6, 0xD66, 0xFF10};
 
 void takeSign(FigureParts& parts) {
   parts.signTwice = parts.signTwice || parts.negative;
@@ -75,11 +72,12 @@ std::string plainFigure(std::string_view text) {
   std::string plain;
   for (std::size_t at = 0; at < text.size();) {
     const char32_t c = nextCharacter(text, at);
-    const auto* const zero = std::find_if(
-        zeros.begin(), zeros.end(), [c](char32_t first) { return first <= c && c < first + 10; });
-    if (zero != zeros.end()) {
+    const auto* const zero =
+        std::find_if(scriptZeros.begin(), scriptZeros.end(),
+                     [c](char32_t first) { return first <= c && c < first + 10; });
+    if (zero != scriptZeros.end()) {
       plain += static_cast<char>('0' + (c - *zero));
-    } else if (isBlank(c)) {
+    } else if (isBlankCharacter(c)) {
       plain += ' ';
     } else if (isMinus(c)) {
       plain += '-';

@@ -13,8 +13,6 @@ namespace {
 // Of the digits before the point: what a table keeps to the paisa.
 constexpr std::size_t mostDigits = 13;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 struct Digits {
   std::string whole;
   std::string fraction;

@@ -102,11 +102,6 @@ constexpr std::array<std::string_view, 7> amountWords{"AMOUNT",   "AMT", "BALANC
 constexpr std::array<std::string_view, 13> fillers{"RS",  "INR", "IN", "OF", "AS",     "ON",  "AT",
                                                    "THE", "FOR", "TO", "RE", "RUPEES", "YEAR"};
 
-template <std::size_t count>
-bool holds(const std::array<std::string_view, count>& words, std::string_view word) {
-  return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 bool isNumber(std::string_view word) {
   return word.find_first_not_of("0123456789") == std::string_view::npos;
 }

@@ -1,6 +1,8 @@
 // What a cell above a column says of it, in the words that programs and people use.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -20,6 +22,12 @@ struct HeadingWords {
 };
 
 HeadingWords headingWords(std::string_view cell);
+
+// Whether it is one of the words.
+template <std::size_t count>
+bool holds(const std::array<std::string_view, count>& words, std::string_view word) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
 
 // The words in capitals, single blanks between them; what is neither letter nor digit is a blank.
 std::string plainWords(std::string_view text);

@@ -33,8 +33,6 @@ std::vector<std::string_view> sectionsOf(std::string_view code) {
   return sections;
 }
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
 // A section taken apart: the letters that are shown as they stand, and the places of a date.
 struct Parts {
   std::string shown;   // anything between the letters is one blank or more
@@ -96,7 +94,7 @@ NumberFormat::Shows shownBy(const Parts& parts) {
   return has("m") ? Shows::date : Shows::number;
 }
 
-bool holds(double number, const std::string& comparison, double limit) {
+bool meets(double number, const std::string& comparison, double limit) {
   if (comparison == "<") return number < limit;
   if (comparison == "<=") return number <= limit;
   if (comparison == ">") return number > limit;
@@ -130,7 +128,7 @@ std::size_t NumberFormat::indexOf(double number) const {
   const std::size_t count = std::min<std::size_t>(sections_.size(), 3);  // the fourth is of texts
   const auto applies = [&](std::size_t i) {
     const Section& section = sections_[i];
-    if (!section.comparison.empty()) return holds(number, section.comparison, section.limit);
+    if (!section.comparison.empty()) return meets(number, section.comparison, section.limit);
     if (i == 0) return count == 2 ? number >= 0 : number > 0;
     return number < 0;
   };

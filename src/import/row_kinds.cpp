@@ -30,11 +30,6 @@ std::vector<std::string> wordsIn(const std::string& words) {
   return list;
 }
 
-template <std::size_t count>
-bool holds(const std::array<std::string_view, count>& words, std::string_view word) {
-  return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 Name totalNamed(const std::string& name) {
   const std::string words = plainWords(name);
   if (words.empty() || holds(totalWords, words)) return Name::total;

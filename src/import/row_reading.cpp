@@ -47,10 +47,10 @@ const SourceCell& RowReader::cell(const SourceRow& row, ColumnRole role) const {
 }
 
 void RowReader::look(const SourceRow& row) {
-  const Figure credit = readFigure(cell(row, ColumnRole::credits), mapping_.figures);
-  if (credit.isAmount() && !credit.amount.isZero()) {
+  const Figure credited = readFigure(cell(row, ColumnRole::credits), mapping_.figures);
+  if (credited.isAmount() && !credited.amount.isZero()) {
     ++creditFigures_;
-    negativeCredits_ = negativeCredits_ && credit.amount < Money();
+    negativeCredits_ = negativeCredits_ && credited.amount < Money();
   }
   const Figure amount = readFigure(cell(row, ColumnRole::amount), mapping_.figures);
   if (!amount.isAmount() || amount.amount.isZero()) return;
@@ -103,15 +103,15 @@ bool RowReader::hasMoreFields(const SourceRow& row) const {
 void RowReader::readSides(const SourceRow& source, ImportRow& row, ReadRow& read) const {
   const SourceCell& debitCell = cell(source, ColumnRole::debits);
   const SourceCell& creditCell = cell(source, ColumnRole::credits);
-  const Figure debit = readFigure(debitCell, mapping_.figures);
-  const Figure credit = readFigure(creditCell, mapping_.figures);
-  read.problem = firstProblem(read.problem, firstProblem(debit.problem, credit.problem));
-  if (debit.side == 'C' || credit.side == 'D') {
+  const Figure debited = readFigure(debitCell, mapping_.figures);
+  const Figure credited = readFigure(creditCell, mapping_.figures);
+  read.problem = firstProblem(read.problem, firstProblem(debited.problem, credited.problem));
+  if (debited.side == 'C' || credited.side == 'D') {
     read.problem = firstProblem(read.problem, "The amount names the other side than its column");
   }
   read.hasFigure = !trimmed(debitCell.text).empty() || !trimmed(creditCell.text).empty();
-  row.debit = debit.amount;
-  row.credit = negativeCredits_ ? -credit.amount : credit.amount;
+  row.debit = debited.amount;
+  row.credit = negativeCredits_ ? -credited.amount : credited.amount;
   row.bothSides = !row.debit.isZero() && !row.credit.isZero();
 }
 

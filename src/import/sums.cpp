@@ -13,7 +13,7 @@ namespace {
 using Name = SumRow::Name;
 using Parents = SumTree::Parents;
 
-constexpr std::array<std::string_view, 7> kindNames{
+constexpr std::array<std::string_view, 7> rowKindNames{
     "Ledger", "Heading", "Sum of rows below", "Total", "Blank", "Skipped", "Error"};
 
 // The last row with an amount, when it has a total's name or none; what a ledger could be called
@@ -217,11 +217,11 @@ class Explanation {
 
 }  // namespace
 
-std::string_view nameOf(RowKind kind) { return kindNames[static_cast<std::size_t>(kind)]; }
+std::string_view nameOf(RowKind kind) { return rowKindNames[static_cast<std::size_t>(kind)]; }
 
 std::optional<RowKind> rowKindNamed(std::string_view name) {
-  for (std::size_t i = 0; i < kindNames.size(); ++i) {
-    if (equalIgnoringCase(kindNames[i], trimmed(name))) return static_cast<RowKind>(i);
+  for (std::size_t i = 0; i < rowKindNames.size(); ++i) {
+    if (equalIgnoringCase(rowKindNames[i], trimmed(name))) return static_cast<RowKind>(i);
   }
   return std::nullopt;
 }

@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* socketName = "socket";
-constexpr std::string_view begun = "begun", done = "done";
+constexpr std::string_view begun = "begun", ended = "done";
 
 class Descriptor {
  public:
@@ -115,7 +115,7 @@ void RequestSocket::answer(const std::function<void(const fs::path& file)>& work
   if (!tell(asker, begun)) return;  // gave up
   try {
     work(*file);
-    tell(asker, done);
+    tell(asker, ended);
   } catch (const std::exception& error) {
     tell(asker, error.what());
   }
@@ -136,7 +136,7 @@ bool requestBackup(const fs::path& dataFolder, const fs::path& file, const Patie
     waitAtMost(running, patience.toEnd);
     reply = receive(running);
   }
-  if (reply == done) return true;
+  if (reply == ended) return true;
   throw std::runtime_error(!reply ? "The running Quillet does not answer. A question may"
                                     " be open in it; answer it and try again."
                            : reply->empty()

@@ -9,11 +9,12 @@
 namespace quillet::suite::check {
 namespace {
 
-constexpr const char* remedy = "Compare it with a backup. The books themselves are not concerned.";
+constexpr const char* logRemedy =
+    "Compare it with a backup. The books themselves are not concerned.";
 
 void add(std::string what, Examined& examined) {
   examined.add({"", {}, "SuiteAct"}, "log",
-               "The log of acts was changed from outside: " + std::move(what), remedy);
+               "The log of acts was changed from outside: " + std::move(what), logRemedy);
 }
 
 // Acts come and stay: a version that ended was altered, or taken out, but for what was pruned.

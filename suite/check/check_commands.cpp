@@ -10,7 +10,7 @@
 namespace quillet::suite::check {
 namespace {
 
-constexpr const char* title = "Check the Books";
+constexpr const char* checkTitle = "Check the Books";
 
 class ShownSteps {
  public:
@@ -69,8 +69,8 @@ void CheckCommands::offerMending() {
           ? "The books are on a database server, and backups are made there. "
             "Answer Yes only if they were backed up."
           : "A backup is made before.";
-  Message question{"Do you want to mend what can be mended?\n\n" + backup, title, Buttons::YesNo,
-                   Icon::question};
+  Message question{"Do you want to mend what can be mended?\n\n" + backup, checkTitle,
+                   Buttons::YesNo, Icon::question};
   question.defaultAnswer = Answer::No;
   if (practice_.frontEnd().dialogs().MsgBox(question) == Answer::Yes) mend();
 }
@@ -91,7 +91,7 @@ void CheckCommands::mend() {
 }
 
 void CheckCommands::tell(const std::string& text, Icon icon) {
-  practice_.frontEnd().dialogs().MsgBox({text, title, Buttons::OK, icon});
+  practice_.frontEnd().dialogs().MsgBox({text, checkTitle, Buttons::OK, icon});
 }
 
 }  // namespace quillet::suite::check

@@ -18,9 +18,10 @@ namespace {
 
 // Each rule reports and changes the rows in memory; the difference to what stood there is what
 // mends.
-class Lines {
+class LineExaminer {
  public:
-  Lines(const Masters& masters, const Place& place, std::vector<LineRow> rows, Examined& examined)
+  LineExaminer(const Masters& masters, const Place& place, std::vector<LineRow> rows,
+               Examined& examined)
       : masters_(masters), place_(place), rows_(std::move(rows)), examined_(examined) {
     std::ranges::sort(rows_, {}, [](const LineRow& row) {
       return std::pair(row.srno.value_or(LONG_MAX), row.rowId);
@@ -180,7 +181,7 @@ class Lines {
 
 void examineLines(const Masters& masters, const Place& place, std::vector<LineRow> rows,
                   Examined& examined) {
-  Lines(masters, place, std::move(rows), examined).examine();
+  LineExaminer(masters, place, std::move(rows), examined).examine();
 }
 
 }  // namespace quillet::suite::check

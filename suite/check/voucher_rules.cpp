@@ -17,7 +17,7 @@
 namespace quillet::suite::check {
 namespace {
 
-using Lines = std::span<const VoucherRow>;
+using VoucherLines = std::span<const VoucherRow>;
 
 std::string change(const std::string& table, const std::string& column, long value,
                    const VoucherRow& row) {
@@ -37,7 +37,7 @@ class Vouchers {
   Vouchers(const Masters& masters, const Place& place, Examined& examined)
       : masters_(masters), place_(place), examined_(examined) {}
 
-  void examine(Lines lines) {
+  void examine(VoucherLines lines) {
     for (const VoucherRow& row : lines) checkRow(row);
     checkSides(lines);
     checkDate(lines);
@@ -64,7 +64,7 @@ class Vouchers {
     }
   }
 
-  void checkSides(Lines lines) {
+  void checkSides(VoucherLines lines) {
     Money debits;
     Money credits;
     for (const VoucherRow& row : lines) {
@@ -79,7 +79,7 @@ class Vouchers {
            "Complete or delete it in the journal.");
   }
 
-  void checkDate(Lines lines) {
+  void checkDate(VoucherLines lines) {
     const VoucherRow& first = lines.front();
     const auto same = [&](const VoucherRow& row) {
       return row.date == first.date && row.narration == first.narration;
@@ -97,7 +97,7 @@ class Vouchers {
     }
   }
 
-  void checkLineNumbers(Lines lines) {
+  void checkLineNumbers(VoucherLines lines) {
     std::set<long> numbers;
     for (const VoucherRow& row : lines) numbers.insert(row.lineNumber.value_or(0));
     if (numbers.size() == lines.size() && *numbers.begin() > 0) return;
@@ -137,7 +137,7 @@ void examineVouchers(const Masters& masters, const Place& place, std::vector<Vou
     const auto to =
         std::find_if(from, rows.end(), [&](const VoucherRow& row) { return row.vid != from->vid; });
     if (from->vid) {
-      vouchers.examine(Lines(from, to));
+      vouchers.examine(VoucherLines(from, to));
     } else {
       examined.add(place, "number", "The journal holds lines without a voucher number.",
                    "A backup from before may tell what they were.");

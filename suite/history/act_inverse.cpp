@@ -14,7 +14,7 @@ namespace {
 using row_kinds::Kind;
 using row_kinds::kindOf;
 
-std::string joined(const std::vector<std::string>& parts) {
+std::string listed(const std::vector<std::string>& parts) {
   std::string text;
   for (const std::string& part : parts) text += (text.empty() ? "" : ",") + part;
   return text;
@@ -162,8 +162,8 @@ void ActInverse::restore(const Change& change) const {
   if (change.into == change.table) columns.push_back(rowIdColumn);
   std::vector<std::string> values;
   for (const std::string& column : columns) values.push_back(restoredColumn(change, column));
-  unit_.execute("insert into " + change.into + '(' + joined(columns) + ") select " +
-                joined(values) + endedRows(change) +
+  unit_.execute("insert into " + change.into + '(' + listed(columns) + ") select " +
+                listed(values) + endedRows(change) +
                 (row_kinds::isValue(change.table)
                      ? " and not exists(select 1 from " + change.into + " s where " +
                            row_kinds::sameKeys(*kindOf(change.table)) + ')'

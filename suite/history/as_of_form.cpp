@@ -15,8 +15,6 @@
 namespace quillet::suite {
 namespace {
 
-constexpr Instant second = 1'000'000;
-
 // Hours, minutes and, where they are told, seconds; nothing when the text is no time of a day.
 struct TimeOfDay {
   int hour = 0;
@@ -145,7 +143,7 @@ std::optional<Instant> frmasof::typedMoment() {
     return refuse("\"" + text + "\" is no time of a day. Please type it as 14:45 or 14:45:07.",
                   txttime);
   }
-  return localInstant(day, time->hour, time->minute, time->second) + second - 1;
+  return localInstant(day, time->hour, time->minute, time->second) + oneSecond - 1;
 }
 
 void frmasof::showMoment() {

@@ -31,7 +31,7 @@ const char* nameOf(Of of) {
   return "";
 }
 
-std::string subjectOf(const Change& change) {
+std::string subjectOfChange(const Change& change) {
   const BookRow& row = change.any();
   if (change.of == Of::voucher) {
     return "Voucher " + std::to_string(row.voucher) + " of " + row.date;
@@ -79,7 +79,7 @@ ChangeTexts textsOf(const ServiceObject& host, Changes& changes, const Change& c
   texts.command = act.command;
   texts.form = act.form;
   texts.what = change.what();
-  texts.of = subjectOf(change);
+  texts.of = subjectOfChange(change);
   if (row.partId != 0) texts.ledger = changes.names.ledger(row.partId, change.at);
   if (row.allId != 0) texts.group = changes.names.group(row.allId, change.at);
   if (before && after && before->allId != after->allId) {

@@ -10,8 +10,6 @@ namespace {
 using std::chrono::microseconds;
 using Time = std::chrono::sys_time<microseconds>;
 
-constexpr Instant second = 1'000'000;
-
 }  // namespace
 
 std::string instantText(Instant instant) {
@@ -50,7 +48,7 @@ Instant instantFrom(const std::string& text) {
 }
 
 std::string localTime(Instant instant) {
-  const std::time_t time = instant / second;
+  const std::time_t time = instant / oneSecond;
   std::tm local{};
   localtime_r(&time, &local);
   char text[24];
@@ -69,7 +67,7 @@ Instant localInstant(Date day, int hour, int minute, int seconds) {
   local.tm_min = minute;
   local.tm_sec = seconds;
   local.tm_isdst = -1;
-  return static_cast<Instant>(std::mktime(&local)) * second;
+  return static_cast<Instant>(std::mktime(&local)) * oneSecond;
 }
 
 Instant dayAfter(Date day) { return localInstant({day.year, day.month, day.day + 1}); }

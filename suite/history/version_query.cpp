@@ -5,7 +5,7 @@
 namespace quillet::suite {
 namespace {
 
-std::string microseconds(const std::string& column) {
+std::string inMicroseconds(const std::string& column) {
   return "cast(unix_timestamp(" + column + ")*1000000 as signed)";
 }
 
@@ -17,8 +17,8 @@ std::string within(const std::string& column, const Period& period) {
 }  // namespace
 
 std::string versionsOf(std::string_view columnsAndTable) {
-  std::string select = replacedAll(std::string(columnsAndTable), "%f", microseconds("row_from"));
-  select = replacedAll(select, "%t", microseconds("row_till"));
+  std::string select = replacedAll(std::string(columnsAndTable), "%f", inMicroseconds("row_from"));
+  select = replacedAll(select, "%t", inMicroseconds("row_till"));
   return "select " + select + " for system_time all where row_from<>row_till";
 }
 

@@ -12,17 +12,11 @@
 namespace quillet::suite {
 namespace {
 
-std::string lower(std::string text) {
-  std::ranges::transform(text, text.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
 const std::set<std::string>& sharedNames() {
   static const std::set<std::string> names = [] {
     std::set<std::string> made;
     for (const TableDefinition& table : sharedTables()) {
-      if (table.versioned) made.insert(lower(table.name));
+      if (table.versioned) made.insert(lowered(table.name));
     }
     return made;
   }();
@@ -32,7 +26,7 @@ const std::set<std::string>& sharedNames() {
 const std::vector<std::string>& yearPrefixes() {
   static const std::vector<std::string> prefixes = [] {
     std::vector<std::string> made;
-    for (const TableDefinition& table : yearTables("")) made.push_back(lower(table.name));
+    for (const TableDefinition& table : yearTables("")) made.push_back(lowered(table.name));
     return made;
   }();
   return prefixes;
@@ -109,6 +103,12 @@ bool isNumber(std::string_view text) {
 }
 
 }  // namespace
+
+std::string lowered(std::string name) {
+  std::ranges::transform(name, name.begin(),
+                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return name;
+}
 
 Written writtenBy(std::string_view sql) {
   Words words(sql);

@@ -20,6 +20,9 @@ struct Written {
   bool commits = false;
 };
 
+// The name of a table or column in small letters.
+std::string lowered(std::string name);
+
 // In doubt it names more than what is changed.
 Written writtenBy(std::string_view sql);
 

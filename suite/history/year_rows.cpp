@@ -1,7 +1,6 @@
 #include "suite/history/year_rows.h"
 
 #include <algorithm>
-#include <cctype>
 #include <map>
 
 #include "data/text.h"
@@ -13,12 +12,6 @@
 namespace quillet::suite {
 namespace {
 
-std::string lower(std::string text) {
-  std::ranges::transform(text, text.begin(),
-                         [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
 // The columns by which the shared tables tell the year: the second one of their first index.
 const std::map<std::string, std::string>& yearColumns() {
   static const std::map<std::string, std::string> columns = [] {
@@ -26,9 +19,9 @@ const std::map<std::string, std::string>& yearColumns() {
     for (const TableDefinition& table : sharedTables()) {
       if (!table.versioned || table.indexes.empty()) continue;
       const std::string& index = table.indexes.front();
-      const std::string column = lower(index.substr(std::min(index.find(',') + 1, index.size())));
+      const std::string column = lowered(index.substr(std::min(index.find(',') + 1, index.size())));
       for (const char* year : {"s_yr", "fyear", "fyr", "yr", "rcount"}) {
-        if (column == year) made[lower(table.name)] = column;
+        if (column == year) made[lowered(table.name)] = column;
       }
     }
     made.erase("suiteyearlock");

@@ -59,19 +59,19 @@ OfficeKind officeKind(ContentKind kind) {
   }
 }
 
-void write(const fs::path& path, std::string_view bytes) {
+void writeFile(const fs::path& path, std::string_view bytes) {
   std::ofstream file(path, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
   if (!file) throw SourceError("cannot be converted: the disk for temporary files is full.");
 }
 
-std::string read(const fs::path& path) {
+std::string readFile(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-[[noreturn]] void refuse(const std::string& why) {
+[[noreturn]] void refuseConversion(const std::string& why) {
   throw SourceError("cannot be converted to a workbook of today: " + why +
                     ". Open it in a spreadsheet program, save it as .xlsx and import that.");
 }
@@ -92,7 +92,7 @@ bool awaitAnswer(HelperProcess& helper, const CalcOptions& options, const GoesOn
     const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(
         std::chrono::steady_clock::now() - begin);
     if (!goesOn(static_cast<int>(100 * passed / (passed + usual)))) return false;
-    if (passed > options.limit) refuse("LibreOffice takes too long");
+    if (passed > options.limit) refuseConversion("LibreOffice takes too long");
   }
   return true;
 }
@@ -107,7 +107,7 @@ std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, Conte
   const fs::path from = folder.path() / (std::string("book") + how.ending);
   const fs::path to = folder.path() / "converted.xlsx";
   const fs::path stored = how.stores ? folder.path() / "stored.xlsx" : fs::path();
-  write(from, how.stores ? std::string(bytes) : withStoredValues(bytes, kind));
+  writeFile(from, how.stores ? std::string(bytes) : withStoredValues(bytes, kind));
   if (access(options.program.c_str(), X_OK) != 0) {
     helperIsMissing(options.program.string() + " is missing");
   }
@@ -123,13 +123,13 @@ std::optional<ConvertedWorkbook> convertedWorkbook(std::string_view bytes, Conte
   } catch (const std::runtime_error& error) {
     helperIsMissing(error.what());
   }
-  if (answer.front() == "ok") return ConvertedWorkbook{read(to), read(stored)};
+  if (answer.front() == "ok") return ConvertedWorkbook{readFile(to), readFile(stored)};
   if (CompoundFile(bytes).saysEncrypted()) {
     throw SourceError(
         "is locked by a password. Open it in a spreadsheet program, save it without a password and "
         "import that.");
   }
-  refuse(answer.size() > 1 ? answer[1] : "LibreOffice failed");
+  refuseConversion(answer.size() > 1 ? answer[1] : "LibreOffice failed");
 }
 
 }  // namespace quillet::suite

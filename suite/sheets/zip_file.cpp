@@ -18,7 +18,7 @@ namespace {
 // It ends a file that was made to fill the memory, as the sizes of its parts do.
 constexpr int mostParts = 20'000;
 
-[[noreturn]] void damaged() {
+[[noreturn]] void cutOff() {
   throw SourceError(
       "is damaged or cut off: it cannot be unpacked. Get it anew from where it comes from, or open "
       "it in a spreadsheet program and save it again.");
@@ -34,7 +34,7 @@ using Archive = std::unique_ptr<archive, decltype(&archive_read_free)>;
 Archive opened(std::string_view bytes) {
   Archive zip(archive_read_new(), &archive_read_free);
   archive_read_support_format_zip_seekable(zip.get());
-  if (archive_read_open_memory(zip.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) damaged();
+  if (archive_read_open_memory(zip.get(), bytes.data(), bytes.size()) != ARCHIVE_OK) cutOff();
   return zip;
 }
 
@@ -43,7 +43,7 @@ archive_entry* nextEntry(archive* zip) {
   archive_entry* entry = nullptr;
   const int result = archive_read_next_header(zip, &entry);
   if (result == ARCHIVE_EOF) return nullptr;
-  if (result != ARCHIVE_OK && result != ARCHIVE_WARN) damaged();
+  if (result != ARCHIVE_OK && result != ARCHIVE_WARN) cutOff();
   return entry;
 }
 
@@ -77,7 +77,7 @@ void readEntry(archive* zip, archive_entry* entry, const ZipFile::Take& take, st
     std::int64_t offset = 0;
     const int result = archive_read_data_block(zip, &piece, &size, &offset);
     if (result == ARCHIVE_EOF) return;
-    if (result != ARCHIVE_OK) damaged();
+    if (result != ARCHIVE_OK) cutOff();
     total += size;
     if (total > most) tooLarge();
     if (!take({static_cast<const char*>(piece), size}, whole)) return;

@@ -74,7 +74,7 @@ Variant listItem(ControlObject& o, const Call& call) {
   return Variant(items[static_cast<std::size_t>(at)]);
 }
 
-constexpr Member<ControlObject> members[] = {
+constexpr Member<ControlObject> controlMembers[] = {
     {"Value", 0, 0, value, setValue},
     {"Name", 0, 0, [](ControlObject& o, const Call&) { return Variant(o.control().name()); }},
     {"Index", 0, 0, [](ControlObject& o, const Call&) { return Variant(o.control().index()); }},
@@ -173,12 +173,12 @@ FontObject& ControlObject::font() {
 }
 
 std::optional<DISPID> ControlObject::idOf(const std::string& name) {
-  return memberId<ControlObject>(members, *this, name);
+  return memberId<ControlObject>(controlMembers, *this, name);
 }
 
 Variant ControlObject::invoke(DISPID id, const Call& call) {
   // The first member is what the control's name alone means.
-  return callMember<ControlObject>(members, *this, id == DISPID_VALUE ? 1 : id, call);
+  return callMember<ControlObject>(controlMembers, *this, id == DISPID_VALUE ? 1 : id, call);
 }
 
 }  // namespace quillet::windows

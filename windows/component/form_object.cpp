@@ -24,7 +24,7 @@ constexpr Member<FormObject> placeMember(const char* name) {
           [](FormObject& o, const Call& c) { o.setPlace(side, realArgument(c.value())); }};
 }
 
-constexpr Member<FormObject> members[] = {
+constexpr Member<FormObject> formMembers[] = {
     {"Controls", 0, 1, [](FormObject& o, const Call& c) { return Variant(o.controls(c)); }},
     {"Show", 0, 1,
      [](FormObject& o, const Call& c) {
@@ -95,7 +95,7 @@ FontObject& FormObject::font() {
 void FormObject::forgetWishes() { font_.reset(); }
 
 std::optional<DISPID> FormObject::idOf(const std::string& name) {
-  if (const auto own = memberId<FormObject>(members, *this, name)) return own;
+  if (const auto own = memberId<FormObject>(formMembers, *this, name)) return own;
   const Form& known = form();
   if (!known.find(name) && !known.isArray(name)) return std::nullopt;
   const auto asked = std::find_if(names_.begin(), names_.end(), [&](const std::string& before) {
@@ -108,7 +108,7 @@ std::optional<DISPID> FormObject::idOf(const std::string& name) {
 
 Variant FormObject::invoke(DISPID id, const Call& call) {
   if (id == DISPID_VALUE) return Variant(controls(call));
-  if (id < firstControl) return callMember<FormObject>(members, *this, id, call);
+  if (id < firstControl) return callMember<FormObject>(formMembers, *this, id, call);
   const auto at = static_cast<std::size_t>(id - firstControl);
   if (at >= names_.size()) throw errorOf(DISP_E_MEMBERNOTFOUND, "PrjQuillet");
   return callControl(names_[at], call);

@@ -1,17 +1,13 @@
 #include "windows/vtxt/appearance.h"
 
-#include "data/errors.h"
+#include "windows/vtxt/invalid_value.h"
 
 namespace quillet::windows {
 namespace {
 
-constexpr long invalidValue = 380;
-
 COLORREF pixelsOf(OLE_COLOR colour) {
   COLORREF translated = 0;
-  if (FAILED(OleTranslateColor(colour, nullptr, &translated))) {
-    throw RunTimeError(invalidValue, "Invalid property value", "VTxt");
-  }
+  if (FAILED(OleTranslateColor(colour, nullptr, &translated))) throw invalidValue();
   return translated;
 }
 

@@ -8,7 +8,7 @@ namespace quillet::windows {
 namespace {
 
 // A CY counts ten-thousandths, here of points.
-constexpr int unitsOfInch = 72 * 10000;
+constexpr int sizeUnitsOfInch = 72 * 10000;
 
 }  // namespace
 
@@ -66,7 +66,7 @@ HFONT FontChoice::create(UINT dpi) {
   font->get_Name(&name);
 
   LOGFONTW wanted{};
-  wanted.lfHeight = -MulDiv(static_cast<int>(size.int64), static_cast<int>(dpi), unitsOfInch);
+  wanted.lfHeight = -MulDiv(static_cast<int>(size.int64), static_cast<int>(dpi), sizeUnitsOfInch);
   wanted.lfWeight = weight;
   wanted.lfCharSet = static_cast<BYTE>(charset);
   wanted.lfItalic = italic != FALSE;

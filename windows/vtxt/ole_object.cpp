@@ -10,7 +10,7 @@
 namespace quillet::windows {
 namespace {
 
-constexpr int unitsOfInch = 2540;
+constexpr int extentUnitsOfInch = 2540;
 
 }  // namespace
 
@@ -121,7 +121,8 @@ STDMETHODIMP OleObject::GetExtent(DWORD aspect, SIZEL* size) noexcept {
 
 void OleObject::setPixels(SIZE size, UINT dpi) {
   const int resolution = static_cast<int>(dpi);
-  extent_ = {MulDiv(size.cx, unitsOfInch, resolution), MulDiv(size.cy, unitsOfInch, resolution)};
+  extent_ = {MulDiv(size.cx, extentUnitsOfInch, resolution),
+             MulDiv(size.cy, extentUnitsOfInch, resolution)};
 }
 
 // --- who wants to know when it is saved and closed ----------------------------------------------

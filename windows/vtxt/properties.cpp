@@ -2,11 +2,11 @@
 
 #include <olectl.h>
 
-#include "data/errors.h"
 #include "data/text.h"
 #include "windows/com/text.h"
 #include "windows/component/type_info.h"
 #include "windows/ui/message_scope.h"
+#include "windows/vtxt/invalid_value.h"
 #include "windows/vtxt/registration_data.h"
 #include "windows/vtxt/vtxt_control.h"
 
@@ -25,10 +25,8 @@ enum Member : DISPID {
   toolTipText
 };
 
-constexpr long invalidValue = 380;
-
 std::size_t position(long number) {
-  if (number < 0) throw RunTimeError(invalidValue, "Invalid property value", "VTxt");
+  if (number < 0) throw invalidValue();
   return static_cast<std::size_t>(number);
 }
 
