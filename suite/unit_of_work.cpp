@@ -217,6 +217,7 @@ void UnitOfWork::takeBack(const std::string& reason) noexcept {
 }
 
 void UnitOfWork::undo() noexcept {
+  ++takenBackSoFar_;
   open_ = false;
   if (turns_) turns_->ended();
   database_.forgetLater();

@@ -76,6 +76,8 @@ class UnitOfWork {
   // The number of the transaction that is open, 0 when none is. What is read in one stays true in
   // it but for its own changes.
   unsigned long transaction() const { return open_ ? transactions_ : 0; }
+  // How many acts were taken back so far.
+  unsigned long takenBackSoFar() const { return takenBackSoFar_; }
 
   // A statement of the act failed: takes the act back if that follows from the error.
   void failed(long error, const std::string& reason) noexcept;
@@ -141,6 +143,7 @@ class UnitOfWork {
   bool open_ = false;               // a transaction is open
   unsigned long transactions_ = 0;  // how many were begun
   std::chrono::steady_clock::time_point begun_;
+  unsigned long takenBackSoFar_ = 0;
   std::optional<std::string> takenBack_;  // why, until the act is over
 };
 

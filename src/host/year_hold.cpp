@@ -25,7 +25,8 @@ std::optional<YearLock> YearHold::enter(YearLocks* locks, Dialogs& dialogs,
                  : locks->enter(client, secondDate, table, YearLocks::Purpose::show);
   };
   auto lock = look();
-  if (held_ && lock && lock->lost) {
+  // Not while another station has it: two would be recorded.
+  if (held_ && lock && lock->lost && !lock->reason.empty()) {
     locks->regain(client, secondDate);
     lock = locks->find(client, secondDate);
   }

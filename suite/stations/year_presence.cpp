@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 #include "data/table_names.h"
 #include "data/text.h"
@@ -61,6 +62,11 @@ std::string YearPresence::insertion(const Year& year) const {
          "',sysdate(6),sysdate(6) from dual";
 }
 
+std::string YearPresence::insertionWhereFree(const Year& year) const {
+  return insertion(year) + " where not exists(select 1 from SuitePresence where " +
+         conditionOf(year) + ')';
+}
+
 std::string YearPresence::deletion(const Year& year) const {
   return "delete from SuitePresence where Station='" + unit_.escape(station_) + "' and " +
          conditionOf(year);
@@ -104,9 +110,7 @@ std::optional<YearLock> YearPresence::enter(const std::string& client,
   std::vector<std::string> before;
   if (++hold.count == 1) {
     hold.place.table = table;
-    before = {deletionOfSilent(year), insertion(year) +
-                                          " where not exists(select 1 from SuitePresence where " +
-                                          conditionOf(year) + ')'};
+    before = {deletionOfSilent(year), insertionWhereFree(year)};
   }
   for (const LockedYear& other : others(before)) {
     if (Year(other.client, other.secondDate) != year) continue;
@@ -133,7 +137,8 @@ void YearPresence::regain(const std::string& client, const std::string& secondDa
   hold.gone = !place.isAt(hold.place.table);
   if (hold.gone) return;
   hold.place.number = place.number;
-  insert(year);
+  unit_.executeAside(deletionOfSilent(year));
+  unit_.executeAside(insertionWhereFree(year));
   ++hold.regained;
 }
 
@@ -151,6 +156,7 @@ void YearPresence::leave(const std::string& client, const std::string& secondDat
   const auto held = held_.find({client, secondDate});
   if (held == held_.end() || --held->second.count > 0) return;
   remove(held->first);
+  left_.insert(held->first);
   held_.erase(held);
 }
 
@@ -268,8 +274,19 @@ std::vector<LockedYear> YearPresence::othersAtCommit() {
 
 // One that was silent for too long may have lost the year and does not know it.
 void YearPresence::beat(bool undisturbed, std::chrono::steady_clock::time_point now) {
+  removeLeft();
   const std::string sql = dueBeat(now);
   if (!sql.empty()) unit_.executeAside(undisturbed ? sql : sql + " and " + heardLately());
+}
+
+// The row of a year that was left comes back with an act that was taken back.
+void YearPresence::removeLeft() {
+  const std::set<Year> left = std::exchange(left_, {});
+  const unsigned long before = std::exchange(takenBack_, unit_.takenBackSoFar());
+  if (before == takenBack_) return;
+  for (const Year& year : left) {
+    if (!held_.contains(year)) remove(year);
+  }
 }
 
 void YearPresence::beatOverQuestion(std::chrono::steady_clock::time_point now) noexcept {

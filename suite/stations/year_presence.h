@@ -88,10 +88,12 @@ class YearPresence {
   static LockedYear hadMeanwhile(const Year& year, const Hold& hold);
   std::string deletionOfSilent(const Year& year) const;
   std::string insertion(const Year& year) const;
+  std::string insertionWhereFree(const Year& year) const;
   std::string deletion(const Year& year) const;
   std::string dueBeat(std::chrono::steady_clock::time_point now);
   std::string beatOfAll() const;
   void insert(const Year& year);
+  void removeLeft();
   void remove(const Year& year) noexcept;
 
   UnitOfWork& unit_;
@@ -99,8 +101,10 @@ class YearPresence {
   const std::string station_;  // "DESK2:4711.1"
   std::string person_;
   std::map<Year, Hold> held_;
-  std::set<Year> present_;  // those with a row of this station, as read last
-  bool silent_ = false;     // for too long, but for the act's length
+  std::set<Year> present_;       // those with a row of this station, as read last
+  std::set<Year> left_;          // since the last beat
+  unsigned long takenBack_ = 0;  // how many acts were then
+  bool silent_ = false;          // for too long, but for the act's length
   std::chrono::steady_clock::time_point heard_;
 };
 

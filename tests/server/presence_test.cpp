@@ -121,6 +121,36 @@ TEST_F(PresenceTest, ALineThatWasAlteredMeanwhileIsNotWrittenOver) {
   }
 }
 
+// One row a year, and none of a year that nobody has open.
+TEST_F(PresenceTest, AYearIsRecordedOnce) {
+  const auto rows = [] {
+    return anna().value(
+        "select group_concat(Person order by row_id) from SuitePresence where Code_No='P1'");
+  };
+  frmcrtb& editor = anna().open("P1", 2008);
+  ben().dialogs.queueAnswer(Answer::Yes);
+  ben().open("P1", 2008);
+  for (int i = 0; i < 2; ++i) {
+    anna().practice().environment().lookAround();
+    editor.click(editor.mnurefresh);
+    EXPECT_EQ(rows().find("anna"), std::string::npos) << rows();
+  }
+  // An act that leaves the year and is taken back.
+  ben().act([] {
+    ben().unit().execute("update TAB_2 set amt=amt where code_no='P1'");
+    ben().leave();
+    EXPECT_EQ(ben().unit().query("select count(*) from SuitePresence")->integer(0), 0);
+    const std::string own =
+        std::to_string(ben().unit().query("select connection_id()")->integer(0));
+    anna().practice().database().execute("kill " + own);
+  });
+  EXPECT_EQ(ben().notices().size(), 1U);
+  ben().practice().environment().lookAround();
+  anna().practice().environment().lookAround();
+  EXPECT_NE(rows().find("anna"), std::string::npos) << rows();
+  EXPECT_TRUE(editor.txtpart.enabled());
+}
+
 TEST_F(PresenceTest, OnlyWhatWasAskedAboutIsDeleted) {
   for (const bool stays : {false, true}) {
     frmcrtb& editor = anna().open("P1", 2008);
