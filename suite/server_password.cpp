@@ -125,6 +125,17 @@ std::string passwordIn(const std::string& file) {
   return firstLine(text);
 }
 
+namespace {
+
+WrongPassword neededPassword(const ServerAddress& address) {
+  return WrongPassword("The database server " + address.place() + " needs the password of " +
+                       address.user +
+                       ". Type it when you are asked, or name a file that only you can read as"
+                       " PasswordFile in the section [Server] of settings.ini.");
+}
+
+}  // namespace
+
 void withPassword(const ServerAddress& address, const AskPassword& ask,
                   const std::function<void(const std::string& password)>& open,
                   const MayKeepPassword& mayKeep) {
@@ -140,7 +151,7 @@ void withPassword(const ServerAddress& address, const AskPassword& ask,
   std::string prompt = (kept ? "The one in the keyring was not it. " : "") + whose;
   for (int attempt = 0; attempt < mostAttempts; ++attempt) {
     const auto typed = ask(prompt);
-    if (!typed) break;
+    if (!typed) throw neededPassword(address);
     if (opens(*typed, open)) {
       if (mayKeep && outputOf({keyring, "search", "application", "quillet"}, {}) &&
           mayKeep(address.user + " at " + address.place())) {
@@ -150,10 +161,9 @@ void withPassword(const ServerAddress& address, const AskPassword& ask,
     }
     prompt = "That was not it. " + whose;
   }
-  throw WrongPassword("The database server " + address.place() + " needs the password of " +
-                      address.user +
-                      ". Type it when you are asked, or name a file that only you can read as"
-                      " PasswordFile in the section [Server] of settings.ini.");
+  throw WrongPassword("The database server " + address.place() +
+                      " does not take what was typed as the password of " + address.user +
+                      ". Try again, or have whoever keeps the server give the account a new one.");
 }
 
 std::optional<std::string> passwordInKeyring(const ServerAddress& address) {

@@ -74,16 +74,18 @@ void GroupPage::LOADGROUPSEXISTS() {
   form_.logErrors("LOADGROUPSEXISTS", [&] { choose(form_.cbogroup.chosenData()); });
 }
 
-// Shows this group, or the first when it has no lines.
+// Shows this group, or the first when it has no lines: nothing is to be moved out of that one then.
 void GroupPage::choose(long id) {
-  const long target = form_.cbotgroup.chosenData();
+  long target = form_.cbotgroup.chosenData();
   clear();
   const TwoYears& years = books_.years;
   for (const NamedId& group :
        TrialBalance(books_.host(), years.books(years.yearInView())).groups()) {
     form_.cbogroup.addItem(group.name, group.id);
   }
-  form_.cbogroup.setChosen(std::max(1, form_.cbogroup.findData(id)));
+  const int found = form_.cbogroup.findData(id);
+  form_.cbogroup.setChosen(std::max(1, found));
+  if (id != 0 && found == 0) target = 0;
   for (const auto& group : books_.groups.names().entries()) {
     form_.cbotgroup.addItem(group.name, group.id);
   }

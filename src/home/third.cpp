@@ -154,7 +154,7 @@ void third::showAnew() {
   if (Frame3.visible()) {
     refreshClients();
   } else if (famyears.visible()) {
-    years.showAnew();
+    years.refresh();
   } else {
     newYear.showYears();
   }

@@ -71,13 +71,11 @@ void YearList::showAt(int row) {
 void YearList::refresh() {
   const std::string told = form_.lblstatus.caption();
   Control* const active = form_.active();
-  showAnew();
+  showAt(chosen() ? *chosen() : YearKeys{});
   if (active) form_.focus(*active);
   const bool failure = told == yearsUnread || told == figuresUnread;
   if (form_.lblstatus.caption().empty() && !failure) form_.status(told);
 }
-
-void YearList::showAnew() { showAt(chosen() ? *chosen() : YearKeys{}); }
 
 const YearKeys* YearList::chosen() const {
   const long id = form_.flexgrid2.currentId();

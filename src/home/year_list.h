@@ -23,9 +23,8 @@ class YearList {
   // The same with that year or row chosen.
   void showAt(const YearKeys& year);
   void showAt(int row);
-  // The same with the chosen year, none when it is there no more.
-  void showAnew();
-  // The same while somebody is at work in the form.
+  // The same with the chosen year, none when it is there no more. Whoever is at work in the form
+  // goes on where they were, and what is said there stays.
   void refresh();
 
   // The chosen year; nothing is done when there is none.

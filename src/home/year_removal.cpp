@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "books/clients.h"
+#include "books/locked_years.h"
 #include "editor/frmcrtb.h"
 #include "home/third.h"
 #include "host/year_lock.h"
@@ -14,10 +16,27 @@ void closeEditorOf(Context& context, const std::string& client, const std::strin
   if (editor.shows(client, table)) editor.close();
 }
 
+// Another station that has the year, perhaps with nobody at it, would have it again as soon as it
+// was taken over and closed here.
 bool YearRemoval::take(const std::string& client, const YearKeys& year) {
-  if (refusedAsLocked(context_, client, year)) return false;
+  const auto lock = lockOf(context_, client, year.second);
+  if (lock && !lock->station.empty() && lock->reason.empty()) {
+    if (!wantsToTakeOver(client, year, *lock)) return false;
+    context_.environment.yearLocks()->takeOver(client, year.second);
+  } else if (refusedAsLocked(context_, client, year)) {
+    return false;
+  }
   deletion_.hold.take(context_.environment.yearLocks(), client, year.second, "");
   return true;
+}
+
+bool YearRemoval::wantsToTakeOver(const std::string& client, const YearKeys& year,
+                                  const YearLock& lock) {
+  const std::string name = clientName(*context_.host, client);
+  return context_.MsgBox(lockedSentence(subjectOf(name, client, year.first, year.second), lock) +
+                             "\r\n\r\nWhat is being entered there would not be stored any more."
+                             "\r\n\r\nTake it over ?",
+                         Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
 }
 
 void YearRemoval::open(const RegisteredYear& year, Removed removed) {

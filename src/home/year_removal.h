@@ -18,8 +18,9 @@ class YearRemoval {
   YearRemoval(third& form, Context& context) : form_(form), context_(context), deletion_(context) {}
 
   // Before the first question about the year: other stations only read it from now on, until
-  // leave(), or until the deletion form has closed and what follows from that is done. False, and a
-  // person was told, when it is locked, or another station has it.
+  // leave(), or until the deletion form has closed and what follows from that is done. A person is
+  // asked whether to take it over from one that has it. False when not, and, after they were told,
+  // when it is locked.
   bool take(const std::string& client, const YearKeys& year);
   void leave() { deletion_.hold.leave(); }
 
@@ -31,6 +32,7 @@ class YearRemoval {
   bool runs() const { return runs_; }
 
  private:
+  bool wantsToTakeOver(const std::string& client, const YearKeys& year, const YearLock& lock);
   void takeOutOfWork(const RegisteredYear& year);
 
   third& form_;

@@ -86,6 +86,34 @@ TEST_F(YearAskedTest, NobodyEntersWhatIsAboutToBeDeleted) {
   }
 }
 
+TEST_F(YearAskedTest, AYearThatIsOpenElsewhereCanBeTakenOverToDeleteIt) {
+  addFilled("YT1");
+  const frmcrtb& reading = ben().open("YT1", 2008);
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    third& form = choose(anna(), &third::mnudelete, "YT1");
+    anna().dialogs.answering = [&](const Message& message) {
+      return message.text.find("Take it over ?") != std::string::npos ? answer : Answer::Yes;
+    };
+    form.flexgrid2.setCurrent(form.flexgrid2.rows());
+    form.press(keys::Enter);
+    ASSERT_EQ(deletion() != nullptr, answer == Answer::Yes);
+    EXPECT_EQ(held("YT1"), "31032009");
+  }
+  deletion()->click(deletion()->optMain[0]);
+  deletion()->click(deletion()->cmddelete);
+  anna().dialogs.answering = {};
+  EXPECT_EQ(years("YT1"), "31032008");
+  EXPECT_EQ(held("YT1"), "");
+  EXPECT_TRUE(anna().notices().empty());
+  ben().practice().environment().lookAround();
+  EXPECT_FALSE(reading.txtpart.enabled());
+  EXPECT_EQ(reading.vsfm.rows(), 0);
+  EXPECT_EQ(ben().notices().size(), 1U);
+  ben().leave();
+  told(anna());
+  theHome(anna().context()).close();
+}
+
 // The message of the files comes when the editor of the year is closed already.
 TEST_F(YearAskedTest, AYearIsDeletedWhoseEditorIsOpenAndWhoseFilesStay) {
   addFilled("YF1");

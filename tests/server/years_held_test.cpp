@@ -134,8 +134,10 @@ TEST_F(YearsHeldTest, TheListKeepsTheYearThatIsChosen) {
     return row == 0 ? std::string() : form.flexgrid2.cell(row, 0);
   };
   form.flexgrid2.setCurrent(1);
+  form.status("Said before.");
   ben().addYear("L1", 2007);
   EXPECT_EQ(chosen(), "01/04/2008");
+  EXPECT_EQ(form.lblstatus.caption(), "Said before.");
   ben().change("delete from master where code_no='L1' and s_yr='31032008'");
   EXPECT_EQ(chosen(), "01/04/2008");
   ben().change("delete from master where code_no='L1' and s_yr='31032009'");
