@@ -12,7 +12,7 @@ using namespace std::string_literals;
 
 bool toTheEnd(int) { return true; }
 
-struct Case {
+struct TextCase {
   const char* name;
   std::string bytes;
   std::string cells;  // "a|b" for each row, one a line
@@ -31,7 +31,7 @@ std::string wide(const std::string& text, bool little) {
   return bytes;
 }
 
-const Case cases[] = {
+const TextCase textCases[] = {
     {"plain", "Particulars,Debit,Credit\nCash,100,\nCapital,,100\n",
      "Particulars|Debit|Credit\nCash|100\nCapital||100\n"},
     {"texts stay", "007,1E5,=1+1\n 1/4/2026,-,TRUE\n", "007|1E5|=1+1\n 1/4/2026|-|TRUE\n"},
@@ -64,7 +64,7 @@ const Case cases[] = {
 };
 
 TEST(DelimitedText, IsReadAsItWasWritten) {
-  for (const Case& file : cases) {
+  for (const TextCase& file : textCases) {
     SCOPED_TRACE(file.name);
     const SourceBook book = delimitedBook(file.bytes, file.options, toTheEnd);
     ASSERT_EQ(book.sheets.size(), 1U);

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
-#include <random>
 
+#include "import/chance.h"
 #include "import/made_cells.h"
 #include "import/made_sections.h"
 #include "import/odd_book.h"
@@ -40,7 +40,7 @@ class Maker {
   }
 
  private:
-  int below(int limit) { return static_cast<int>(chance_() % static_cast<unsigned>(limit)); }
+  int below(int limit) { return support::below(chance_, limit); }
 
   // --- rows
 
@@ -275,7 +275,7 @@ class Maker {
   }
 
   int shape_;
-  std::mt19937 chance_;
+  Chance chance_;
   int rows_;
   int odd_ = 0;
   bool net_ = false;
@@ -301,7 +301,7 @@ MadeBook madeBook(int shape, std::uint32_t seed, int rows) {
     for (auto other = seed + another; made.spoilt; other += another) {
       made = madeBook(shapeBefore(shape - shapes), other, rows);
     }
-    std::mt19937 chance(seed);
+    Chance chance(seed);
     makeOdd(shape - shapes, made, chance);
     return made;
   }

@@ -6,33 +6,29 @@
 namespace quillet::support {
 namespace {
 
-constexpr std::array<const char*, 16> groups{"CAPITAL ACCOUNT",
-                                             "TERM LOANS",
-                                             "SUNDRY CREDITORS",
-                                             "STATUTORY DUES",
-                                             "PLANT AND MACHINERY",
-                                             "FIXED DEPOSITS",
-                                             "SUNDRY DEBTORS",
-                                             "CASH IN HAND",
-                                             "BANK BALANCES",
-                                             "DEPOSITS",
-                                             "SALES",
-                                             "PURCHASES",
-                                             "FREIGHT",
-                                             "SALARIES",
-                                             "RENT",
-                                             "PRINTING"};
+constexpr std::array<const char*, 16> groupNames{"CAPITAL ACCOUNT",
+                                                 "TERM LOANS",
+                                                 "SUNDRY CREDITORS",
+                                                 "STATUTORY DUES",
+                                                 "PLANT AND MACHINERY",
+                                                 "FIXED DEPOSITS",
+                                                 "SUNDRY DEBTORS",
+                                                 "CASH IN HAND",
+                                                 "BANK BALANCES",
+                                                 "DEPOSITS",
+                                                 "SALES",
+                                                 "PURCHASES",
+                                                 "FREIGHT",
+                                                 "SALARIES",
+                                                 "RENT",
+                                                 "PRINTING"};
 constexpr std::array<const char*, 12> firstNames{"Amit",  "Bharat",  "Chandra", "Deepak",
                                                  "Eswar", "Falguni", "Ganesh",  "Harsh",
                                                  "Indra", "Jyoti",   "Kamal",   "Lalit"};
 constexpr std::array<const char*, 8> trades{"Traders", "& Co.",      "Textiles", "Agencies",
                                             "Motors",  "Industries", "Sales",    "Foods"};
 
-int below(std::mt19937& chance, int limit) {
-  return static_cast<int>(chance() % static_cast<unsigned>(limit));
-}
-
-std::int64_t amount(std::mt19937& chance, AmountStyle style) {
+std::int64_t amount(Chance& chance, AmountStyle style) {
   constexpr std::int64_t rupee = 100;
   switch (style) {
     case AmountStyle::few:
@@ -44,7 +40,7 @@ std::int64_t amount(std::mt19937& chance, AmountStyle style) {
   }
 }
 
-std::string ledgerName(std::mt19937& chance, int index) {
+std::string ledgerName(Chance& chance, int index) {
   if (index == 3) return "Total Quality Services";
   const auto first = static_cast<std::size_t>(below(chance, 12));
   const auto trade = static_cast<std::size_t>(below(chance, 8));
@@ -52,23 +48,23 @@ std::string ledgerName(std::mt19937& chance, int index) {
 }
 
 // Liabilities and sales are mostly in credit, the others in debit.
-bool inCredit(std::mt19937& chance, std::size_t section) {
+bool inCredit(Chance& chance, std::size_t section) {
   const bool liability = section < 4 || section == 10;
   return (below(chance, 10) == 0) != liability;
 }
 
 }  // namespace
 
-std::vector<MadeSection> madeSections(std::mt19937& chance, AmountStyle style, int ledgers) {
+std::vector<MadeSection> madeSections(Chance& chance, AmountStyle style, int ledgers) {
   std::vector<MadeSection> sections;
   std::int64_t sum = 0;
   int index = 0;
-  for (std::size_t i = 0; i < groups.size() && index < ledgers; ++i) {
+  for (std::size_t i = 0; i < groupNames.size() && index < ledgers; ++i) {
     MadeSection& section = sections.emplace_back();
-    section.group = groups[i];
+    section.group = groupNames[i];
     const int left = ledgers - index;
-    const int wanted = below(chance, 2 * ledgers / static_cast<int>(groups.size())) + 1;
-    const int count = i + 1 == groups.size() ? left : std::min(left, wanted);
+    const int wanted = below(chance, 2 * ledgers / static_cast<int>(groupNames.size())) + 1;
+    const int count = i + 1 == groupNames.size() ? left : std::min(left, wanted);
     for (int n = 0; n < count; ++n) {
       const std::int64_t size = amount(chance, style);
       section.ledgers.push_back({ledgerName(chance, index++), inCredit(chance, i) ? -size : size});

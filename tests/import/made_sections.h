@@ -2,9 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
+
+#include "import/chance.h"
 
 namespace quillet::support {
 
@@ -20,6 +21,6 @@ struct MadeSection {
 // Few different amounts, so that sums and equal amounts come by chance; whole rupees; any amount.
 enum class AmountStyle { few, rupees, any };
 
-std::vector<MadeSection> madeSections(std::mt19937& chance, AmountStyle style, int ledgers);
+std::vector<MadeSection> madeSections(Chance& chance, AmountStyle style, int ledgers);
 
 }  // namespace quillet::support

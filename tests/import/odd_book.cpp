@@ -9,12 +9,6 @@
 namespace quillet::support {
 namespace {
 
-using Chance = std::mt19937;
-
-int below(Chance& chance, int limit) {
-  return static_cast<int>(chance() % static_cast<unsigned>(limit));
-}
-
 std::vector<SourceRow>& rowsOf(MadeBook& made) { return made.book.sheets.front().rows; }
 SourceRow& rowOf(MadeBook& made, int number) {
   return rowsOf(made)[static_cast<std::size_t>(number - 1)];
@@ -159,21 +153,21 @@ struct Oddity {
   int shape;
   void (*make)(MadeBook& made, Chance& chance);
 };
-constexpr int plain = 0;
-constexpr int totals = 11;
-constexpr int groups = 12;
+constexpr int plainShape = 0;
+constexpr int totalsShape = 11;
+constexpr int groupsShape = 12;
 constexpr std::array<Oddity, oddities> all{
-    {{"another decimal mark before", plain, otherMarkBefore},
-     {"memory without headings", plain, memoryWithoutHeadings},
-     {"unquoted commas", plain, unquotedCommas},
-     {"unknown group", groups, unknownGroup},
-     {"wrong subtotal", totals, wrongSubtotal},
-     {"three columns of figures", plain, threeColumns},
-     {"both sides twice", plain, sidesTwice},
-     {"nil", plain, nothingNamed},
-     {"shares", plain, shares},
-     {"an amount of percent", plain, amountOfPercent},
-     {"merged amounts", plain, mergedAmount}}};
+    {{"another decimal mark before", plainShape, otherMarkBefore},
+     {"memory without headings", plainShape, memoryWithoutHeadings},
+     {"unquoted commas", plainShape, unquotedCommas},
+     {"unknown group", groupsShape, unknownGroup},
+     {"wrong subtotal", totalsShape, wrongSubtotal},
+     {"three columns of figures", plainShape, threeColumns},
+     {"both sides twice", plainShape, sidesTwice},
+     {"nil", plainShape, nothingNamed},
+     {"shares", plainShape, shares},
+     {"an amount of percent", plainShape, amountOfPercent},
+     {"merged amounts", plainShape, mergedAmount}}};
 
 const Oddity& at(int oddity) { return all[static_cast<std::size_t>(oddity)]; }
 

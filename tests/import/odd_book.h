@@ -2,8 +2,7 @@
 // is.
 #pragma once
 
-#include <random>
-
+#include "import/chance.h"
 #include "import/made_book.h"
 
 namespace quillet::support {
@@ -13,6 +12,6 @@ inline constexpr int oddities = 11;
 const char* nameOfOddity(int oddity);
 // The shape of the book that it is done to.
 int shapeBefore(int oddity);
-void makeOdd(int oddity, MadeBook& made, std::mt19937& chance);
+void makeOdd(int oddity, MadeBook& made, Chance& chance);
 
 }  // namespace quillet::support

@@ -12,10 +12,8 @@
 #include "import/refusals.h"
 #include "import/voucher_rows.h"
 
-namespace quillet {
+namespace quillet::support {
 namespace {
-
-using namespace support;
 
 KnownBooks booksOf(const MadeBook& made, bool groupsKnown) {
   std::vector<NamedId> ledgers;
@@ -174,4 +172,4 @@ TEST(RecognitionCampaignOfDates, NoneIsWrongInSilence) {
 INSTANTIATE_TEST_SUITE_P(Shapes, RecognitionCampaign, testing::Range(0, shapes + oddities));
 
 }  // namespace
-}  // namespace quillet
+}  // namespace quillet::support

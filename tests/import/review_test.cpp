@@ -66,7 +66,7 @@ class ReviewTest : public EntryTest {
   TemporaryFolder folder_;
 };
 
-const char* const book =
+const char* const pastedBook =
     "Particulars\tGroup\tDebit\tCredit\n"
     "Cash\tBANKS\t1,00,000.50\t\n"
     "Amit \\ \"O'Neil\" \xF0\x9F\x98\x80\tCAPITAL\t\t70000\n"
@@ -74,7 +74,7 @@ const char* const book =
     "Total\t\t100000.50\t100000.50\n";
 
 TEST_F(ReviewTest, PastedCellsBecomeLines) {
-  frmimport& page = paste(book);
+  frmimport& page = paste(pastedBook);
   EXPECT_EQ(list(page), (Rows{{"", "1", "Skipped", "", "", "", "", "The headings"},
                               {"1", "2", "Ledger", "Cash", "New ledger", "BANKS", "", ""},
                               {"1", "3", "Ledger", "Amit \\ \"O'Neil\" \xF0\x9F\x98\x80",
@@ -166,7 +166,7 @@ TEST_F(ReviewTest, SelectedRowsAreChangedTogether) {
 }
 
 TEST_F(ReviewTest, AgainShowsWhatDiffersAndKeepsVouchersOnTop) {
-  paste(book);
+  paste(pastedBook);
   shownPage()->click(shownPage()->cmdimport);
   post("Cash", "BANKS", 25);
   put(table, "9", "Gone", "RENT", "3,1");
@@ -292,7 +292,7 @@ TEST_F(ReviewTest, AFailureLeavesTheBooksAndThePage) {
 }
 
 TEST_F(ReviewTest, OtherEndsAreSaid) {
-  frmimport& page = paste(book);
+  frmimport& page = paste(pastedBook);
   setGroup(page, "2", "RENT");
   const Rows before = books();
   host().stopWork(2);
@@ -322,7 +322,7 @@ TEST_F(ReviewTest, ThePreviousYearTakesNone) {
   open("C1", 2008);
   messages();
   form.click(form.mnuyrs[1]);
-  EXPECT_TRUE(pasteCells(form.txtpart, book));
+  EXPECT_TRUE(pasteCells(form.txtpart, pastedBook));
   EXPECT_EQ(messages().size(), 1U);
   EXPECT_EQ(shownPage(), nullptr);
 }

@@ -49,13 +49,13 @@ const std::string styles = R"(<numFmts count="4">
 <xf numFmtId="10"/></cellXfs>
 <dxfs><dxf><font><b/></font></dxf></dxfs>)";
 
-struct Case {
+struct WorkbookCase {
   const char* name;
   WorkbookXml xml;
   const char* cells;
 };
 
-const Case cases[] = {
+const WorkbookCase workbookCases[] = {
     {"texts",
      {.rows = R"(<row r="1"><c r="A1" t="s"><v>0</v></c><c r="B1" t="s"><v>1</v></c>
               <c r="C1" t="inlineStr"><is><r><rPr><b/></rPr><t>in</t></r><r><t>line</t></r></is></c>
@@ -109,7 +109,7 @@ const Case cases[] = {
 };
 
 TEST(Workbooks, AreReadAsTheyWereStored) {
-  for (const Case& book : cases) {
+  for (const WorkbookCase& book : workbookCases) {
     SCOPED_TRACE(book.name);
     EXPECT_EQ(cellsOf(workbookOf(book.xml)), book.cells);
   }
@@ -238,7 +238,7 @@ TEST(Workbooks, ATrialBalanceOfManyRowsIsReadAtOnceAndCanBeEnded) {
 // Whatever a file holds, it is read or refused.
 TEST(Workbooks, BrokenOnesAreReadOrRefused) {
   std::mt19937 dice(7);
-  const Case& rich = cases[4];
+  const WorkbookCase& rich = workbookCases[4];
   const std::string whole = workbookOf(rich.xml);
   for (int i = 0; i < 300; ++i) {
     std::string bytes = whole;

@@ -49,7 +49,8 @@ endfunction()
 # The suite beside a program under Wine: its real service object and database, over a port of this
 # machine.
 file(GLOB sources CONFIGURE_DEPENDS ${windows_tests}/server/*.cpp ${windows_tests}/wire/*.cpp)
-add_executable(suite_server ${sources})
+quillet_grouped(files ${sources})
+add_executable(suite_server ${files})
 target_include_directories(suite_server PRIVATE ${windows_tests})
 target_link_libraries(suite_server PRIVATE quillet_suite)
 

@@ -4,7 +4,7 @@
 namespace quillet::support {
 namespace {
 
-constexpr const char* what = "Confirm Deletion of 'Trial Balance' ?";
+constexpr const char* confirmation = "Confirm Deletion of 'Trial Balance' ?";
 constexpr const char* schedules = "\r\n - Schedules/Other Data relevant to Trial Balance";
 constexpr const char* chart = "\r\n - Depreciation Chart (Fixed Assets)";
 constexpr const char* misc =
@@ -121,7 +121,7 @@ TEST_F(DeletionTest, DeletesWhatTheQuestionNames) {
     if (c.mis >= 0) box.click(box.optMiscDet[c.mis]);
     answer({Answer::Cancel, Answer::Yes});
     box.click(box.cmddelete);
-    EXPECT_EQ(asked(), (Rows{{what + c.text, "YesNoCancel", "critical", "Cancel"}}));
+    EXPECT_EQ(asked(), (Rows{{confirmation + c.text, "YesNoCancel", "critical", "Cancel"}}));
     EXPECT_TRUE(statements().empty());
     box.click(box.cmddelete);
     EXPECT_FALSE(deletionOpen());
@@ -177,7 +177,7 @@ TEST_F(DeletionTest, RightsAreAskedForInTheirOrder) {
     for (const auto& typed : c.typed) dialogs.queuePassword(typed);
     if (c.goesOn) answer({Answer::No});
     box.click(box.cmddelete);
-    EXPECT_EQ(messages(), c.goesOn ? Texts{what} : Texts{});
+    EXPECT_EQ(messages(), c.goesOn ? Texts{confirmation} : Texts{});
     EXPECT_TRUE(statements().empty());
     EXPECT_TRUE(box.visible());
   }
