@@ -182,7 +182,8 @@ TEST_F(Connecting, TellsOfALostQuorum) {
                        std::to_string(support::freePort()) +
                        ";gcache.size=1M;pc.announce_timeout=PT0.5S;pc.wait_prim_timeout=PT1S"});
   node.addAccount("kamal", "right", rights());
-  const Database::Server entrance = node.entrance("kamal", "right");
+  Database::Server entrance = node.entrance("kamal", "right");
+  entrance.address.connectSeconds = 2;  // so long a renewal looks for a node
   const auto database = Database::connect(entrance);
   database->execute("create table t (n int primary key) engine=innodb");
   node.root().execute("set global wsrep_cluster_address='gcomm://127.0.0.1:1'");
