@@ -62,6 +62,11 @@ void Database::Impl::renew(Waiting waiting) {
 void Database::Impl::lookForSilent(Clock::time_point end,
                                    const ClientConnection::Waiting& waiting) {
   auto known = probe_.silent(remote_->address, moment);
+  if (known && !known->empty()) {
+    // That may be an answer from before.
+    silent_ = std::move(*known);
+    known = probe_.silent(remote_->address, moment);
+  }
   while (!known && Clock::now() < end) {
     if (waiting) waiting(true);
     known = probe_.silent(remote_->address, moment);
