@@ -180,7 +180,9 @@ class Troubles : public ::testing::Test {
     ASSERT_EQ(notices.size(), 1U) << ::testing::PrintToString(notices);
     EXPECT_NE(notices[0].find("Nothing of the last step was stored"), std::string::npos);
     EXPECT_NE(notices[0].find(trouble.told), std::string::npos) << notices[0];
-    const std::string atStart = toldAtStart(server);
+    std::string atStart = toldAtStart(server);
+    // A busy machine may not answer within the second.
+    if (atStart.find("does not answer") != std::string::npos) atStart = toldAtStart(server);
     EXPECT_EQ(atStart.find(trouble.told) != std::string::npos, trouble.atStart) << atStart;
 
     trouble.ends(server);
