@@ -127,12 +127,12 @@ void frmTrade::load() {
 }
 
 void frmTrade::showSubject() {
-  const auto& [table, client] = books_;
+  const std::string& client = books_.client;
   keys_ = {};
   subject_ = client;
   logErrors("SUBJECT", [&] {
     ClientYears names(*host_);
-    const YearKeys& year = names.year(client, trialBalanceOf(table));
+    const YearKeys& year = names.year(client, trialBalanceOf(books_.table));
     if (year.first.empty()) return;
     keys_ = year;
     subject_ = subjectOf(names.client(client), client, year.first, year.second);

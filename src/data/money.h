@@ -36,7 +36,8 @@ class Money {
   // The range of amounts lies evenly around zero.
   friend constexpr Money operator-(Money money) { return ofPaise(-money.paise_); }
   friend constexpr Money abs(Money money) { return money.paise_ < 0 ? -money : money; }
-  friend constexpr auto operator<=>(Money, Money) = default;
+  // The linter takes a zero of the compiler for a pointer.
+  friend constexpr auto operator<=>(Money, Money) = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   std::int64_t paise_ = 0;

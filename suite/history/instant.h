@@ -11,7 +11,7 @@ namespace quillet::suite {
 
 using Instant = std::int64_t;
 inline constexpr Instant oneSecond = 1'000'000;
-inline constexpr Instant oneDay = 24 * 3600 * oneSecond;
+inline constexpr Instant oneDay = 24L * 3600 * oneSecond;
 
 // As the database reads it: "2026-03-31 09:15:00.000001".
 std::string instantText(Instant instant);
