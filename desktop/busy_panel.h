@@ -66,7 +66,7 @@ class BusyPanel : public QObject {
   bool stoppable_ = false;
   bool stopped_ = false;
   bool waiting_ = false;
-  bool held_ = false;  // and not busy otherwise
+  bool held_ = false;  // by hold() alone: no work had begun it
   QElapsedTimer since_, painted_;
   QString text_;
   long done_ = 0, total_ = 0;

@@ -75,7 +75,7 @@ class Database::Impl {
   HostProbe probe_;
   bool anySilent_ = false;          // there may be hosts that keep whoever connects waiting
   std::vector<SilentHost> silent_;  // as far as they are known
-  bool allAnswer_ = false;
+  bool allAnswer_ = false;          // each did when it was asked last, be it with a refusal
 };
 
 }  // namespace quillet::suite

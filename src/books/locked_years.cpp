@@ -28,6 +28,12 @@ std::string lockedSentence(const std::string& subject, const YearLock& lock) {
          lockText(lock) + '.';
 }
 
+std::string takeOverText(const std::string& subject, const YearLock& lock) {
+  return lockedSentence(subject, lock) +
+         "\r\n\r\nWhat is being entered there would not be stored any more."
+         "\r\n\r\nTake it over ?";
+}
+
 std::string lockedText(const std::string& subject, const YearLock& lock) {
   if (lock.gone) {
     return "The trial balance of " + subject +

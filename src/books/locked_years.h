@@ -16,7 +16,9 @@ std::string lockText(const YearLock& lock);
 std::string lockCaption(const YearLock& lock);
 // Why nothing of the year can be changed. The subject names client and year.
 std::string lockedSentence(const std::string& subject, const YearLock& lock);
-// The same, and what to do.
+// Whether a year that is open elsewhere is to be taken over.
+std::string takeOverText(const std::string& subject, const YearLock& lock);
+// Why nothing of the year can be changed, and what to do.
 std::string lockedText(const std::string& subject, const YearLock& lock);
 // It came while a form was open on the year. `typed`: something stands in the form's fields that is
 // not stored.

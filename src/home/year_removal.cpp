@@ -33,9 +33,7 @@ bool YearRemoval::take(const std::string& client, const YearKeys& year) {
 bool YearRemoval::wantsToTakeOver(const std::string& client, const YearKeys& year,
                                   const YearLock& lock) {
   const std::string name = clientName(*context_.host, client);
-  return context_.MsgBox(lockedSentence(subjectOf(name, client, year.first, year.second), lock) +
-                             "\r\n\r\nWhat is being entered there would not be stored any more."
-                             "\r\n\r\nTake it over ?",
+  return context_.MsgBox(takeOverText(subjectOf(name, client, year.first, year.second), lock),
                          Buttons::YesNo, Icon::question, Answer::No) == Answer::Yes;
 }
 

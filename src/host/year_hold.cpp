@@ -6,10 +6,8 @@ namespace quillet {
 namespace {
 
 bool wantsIt(Dialogs& dialogs, const std::string& subject, const YearLock& lock) {
-  return dialogs.MsgBox({lockedSentence(subject, lock) +
-                             "\r\n\r\nWhat is being entered there would not be stored "
-                             "any more.\r\n\r\nTake it over ? (No opens it to read.)",
-                         "", Buttons::YesNo, Icon::question, Answer::No}) == Answer::Yes;
+  return dialogs.MsgBox({takeOverText(subject, lock) + " (No opens it to read.)", "",
+                         Buttons::YesNo, Icon::question, Answer::No}) == Answer::Yes;
 }
 
 }  // namespace

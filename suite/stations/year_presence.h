@@ -102,8 +102,8 @@ class YearPresence {
   std::string person_;
   std::map<Year, Hold> held_;
   std::set<Year> present_;       // those with a row of this station, as read last
-  std::set<Year> left_;          // since the last beat
-  unsigned long takenBack_ = 0;  // how many acts were then
+  std::set<Year> left_;          // by the last form here since the last beat
+  unsigned long takenBack_ = 0;  // how many acts had been by then
   bool silent_ = false;          // for too long, but for the act's length
   std::chrono::steady_clock::time_point heard_;
 };
